@@ -1,0 +1,20 @@
+# What every target of the project is built with.
+add_library(ko_options INTERFACE)
+target_include_directories(ko_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(ko_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual)
+if(KO_WARNINGS_AS_ERRORS)
+  target_compile_options(ko_options INTERFACE -Werror)
+endif()
+if(KO_SANITIZE)
+  target_compile_options(ko_options INTERFACE -fsanitize=${KO_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  target_link_options(ko_options INTERFACE -fsanitize=${KO_SANITIZE})
+endif()
+
+# ko_folder(NAME SOURCES... LINKS targets...): one folder of src/ as a static library.
+function(ko_folder name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_library(ko_${name} STATIC ${arg_SOURCES})
+  target_link_libraries(ko_${name} PUBLIC ko_options ${arg_LINKS})
+endfunction()

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "interfaces/Values.h"
+#include "platform/Locale.h"
+
+#include <string>
+#include <string_view>
+
+namespace ko {
+
+/// Calendar arithmetic on local wall-clock times; nothing shifts at a change of summer time. Valid dates are those
+/// of the years 100 to 9999 (proleptic Gregorian). The fraction of a day number before day 0 still counts upwards:
+/// -1.25 is 29 December 1899, 06:00. Everything here counts in whole seconds: a time is first taken to the nearest
+/// one, so that the last half second of a day belongs to the next.
+
+struct DateParts {
+    int year = 1899, month = 12, day = 30;
+    int hour = 0, minute = 0, second = 0;
+
+    bool operator==(const DateParts&) const = default;
+};
+
+/// The parts to the nearest second. Failure 5 outside the valid years or for a value that is not a number.
+DateParts dateParts(DateTime time);
+
+/// The date at midnight. Months and days outside their range carry over (day 0 is the last day of the month
+/// before). Failure 5 outside the valid years.
+DateTime dateSerial(int year, int month, int day);
+
+/// The time of day as fraction of a day; parts outside their range carry over, in the end into the days from day 0.
+/// Failure 5 when that leaves the valid years.
+DateTime timeSerial(int hour, int minute, int second);
+
+/// The date part (a whole day number) and the time-of-day part (0 to below 1) of a date-time. Failure 5 as for
+/// `dateParts`.
+DateTime datePart(DateTime time);
+DateTime timePart(DateTime time);
+
+/// The seconds of one unit: 's' 1, 'n' (minutes) 60, 'h' 3600, 'd' 86400. Failure 5 for any other letter.
+double secondsPerUnit(char unit);
+
+/// `time` plus `amount` units. Fractional amounts count exactly, to the nearest second (halves away from 0).
+/// Failure 5 when the result leaves the valid years, the amount is not a number or the unit is unknown.
+DateTime dateAdd(char unit, double amount, DateTime time);
+
+/// Whole seconds from `from` to `to`, negative when `to` is earlier. Failure 5 as for `dateParts`.
+double dateDiffSeconds(DateTime from, DateTime to);
+
+/// The "General Date" text: the short date and the time; the date alone at midnight, the time alone on day 0; 0 is
+/// "12:00:00 AM". Dates before day 0 are shown. The locale's two pictures alone decide how it looks; a two-digit year
+/// is shown with four digits outside 1930 to 2029. Failure 5 outside the valid years.
+std::string generalDate(DateTime time, const Locale& locale);
+
+/// Reads a date, a time, or a date and a time behind blanks; blanks may stand around. Failure 13 for any other text.
+///
+/// A date follows the locale's picture, or its order of year, month and day with / - or . between them; ISO dates
+/// (2026-11-21) are read in every locale. Years of one or two digits are those of 1930 to 2029. A time follows the
+/// locale's picture, or is hours, minutes and perhaps seconds with the locale's separator or colons, in 24 hours or
+/// with a designator (the locale's or AM and PM, in either case) before or behind. Text that reads as a time and as a
+/// date, as in locales that write both with points, is a time.
+DateTime toDateTime(std::string_view text, const Locale& locale);
+
+} // namespace ko

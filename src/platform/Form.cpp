@@ -1,0 +1,82 @@
+#include "platform/Form.h"
+
+#include "platform/Scoped.h"
+
+#include <algorithm>
+
+namespace ko {
+
+Form::Form(std::string name) : name_(std::move(name)) {}
+
+void Form::setCaption(const std::string& caption)
+{
+    if (caption_ == caption)
+        return;
+    caption_ = caption;
+    tellView();
+}
+
+Control* Form::find(std::string_view name) const
+{
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(), [&](const Control* c) { return c->name() == name; });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+bool Form::moveFocus(Control* control)
+{
+    if (control == activeControl_)
+        return true;
+    if (control && (!control->takesFocus() || !control->isUsable()))
+        return false;
+    // A validate handler that shows a message box may make the toolkit move the focus again.
+    if (validating_)
+        return false;
+    if (activeControl_ && activeControl_->validate) {
+        const Scoped guard(validating_, true);
+        if (!activeControl_->validate()) {
+            tellView();
+            return false;
+        }
+    }
+    dropFocus();
+    if (control && !control->isUsable())
+        return false;
+    activeControl_ = control;
+    tellView();
+    if (control)
+        raise(control->gotFocus);
+    return true;
+}
+
+void Form::dropFocus()
+{
+    if (!activeControl_)
+        return;
+    const Control* left = activeControl_;
+    activeControl_ = nullptr;
+    tellView();
+    raise(left->lostFocus);
+}
+
+void Form::usabilityChanged()
+{
+    if (activeControl_ && !activeControl_->isUsable())
+        dropFocus();
+}
+
+void Form::move(std::int32_t left, std::int32_t top)
+{
+    bounds_.left = left;
+    bounds_.top = top;
+    tellView();
+}
+
+void Form::resize(std::int32_t width, std::int32_t height)
+{
+    bounds_.width = width;
+    bounds_.height = height;
+    tellView();
+}
+
+} // namespace ko

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace ko {
+
+/// The user's regional settings, as the system tells them. Format pictures use d dd M MM yyyy h hh H HH mm ss and
+/// tt (the AM/PM designator). The default is English (United States).
+struct Locale {
+    std::string decimalSeparator = ".";
+    std::string shortDateFormat = "M/d/yyyy";
+    std::string timeFormat = "h:mm:ss tt";
+    std::string timeIs24Hour = "0";    ///< "1": 24-hour clock
+    std::string timeLeadingZero = "0"; ///< "1": hours have two digits
+    std::string timeSeparator = ":";
+    std::string amDesignator = "AM";
+    std::string pmDesignator = "PM";
+
+    bool operator==(const Locale&) const = default;
+};
+
+} // namespace ko

@@ -1,0 +1,18 @@
+#pragma once
+
+namespace ko {
+
+/// Gives a variable another value for the life of a scope.
+template <class T> class Scoped {
+public:
+    Scoped(T& variable, T value) : variable_(variable), previous_(variable) { variable = value; }
+    ~Scoped() { variable_ = previous_; }
+    Scoped(const Scoped&) = delete;
+    Scoped& operator=(const Scoped&) = delete;
+
+private:
+    T& variable_;
+    T previous_;
+};
+
+} // namespace ko

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/Control.h"
+
+namespace ko {
+
+/// A one-line text box. Text is UTF-8; selection positions count characters.
+class TextBox : public Control {
+public:
+    using Control::Control;
+
+    [[nodiscard]] std::string_view typeName() const override { return "TextBox"; }
+    [[nodiscard]] bool takesFocus() const override { return true; }
+
+    [[nodiscard]] const std::string& text() const { return text_; }
+    /// A text that differs raises `change`; the cursor goes to the start.
+    void setText(const std::string& text);
+
+    /// A locked box can be selected and copied but not typed in.
+    [[nodiscard]] bool locked() const { return locked_; }
+    void setLocked(bool locked);
+
+    /// An entry that is marked as not acceptable; only the look of the box.
+    [[nodiscard]] bool marked() const { return marked_; }
+    void setMarked(bool marked);
+
+    [[nodiscard]] std::size_t selStart() const { return selStart_; }
+    [[nodiscard]] std::size_t selLength() const { return selLength_; }
+    /// Positions beyond the text are drawn back to its end.
+    void select(std::size_t start, std::size_t length);
+    [[nodiscard]] std::string selText() const;
+    /// Replaces the selection, or inserts at the cursor; the cursor goes behind what was put in.
+    void setSelText(const std::string& text);
+
+    /// The user puts `text` in place of the selection, in one change.
+    Outcome userTyped(const std::string& text);
+    /// The user's input left the box with this text and selection, in one change. Does not move the focus.
+    Outcome userReplaced(const std::string& text, std::size_t start, std::size_t length);
+    Outcome userSelected(std::size_t start, std::size_t length);
+    Outcome userDoubleClicked();
+    /// The user gives up what was typed.
+    Outcome userUndid();
+
+    std::function<void()> change;
+    std::function<void()> doubleClick;
+    std::function<void()> undo;
+
+private:
+    void put(const std::string& text, std::size_t start, std::size_t length);
+
+    std::string text_;
+    std::size_t selStart_ = 0;
+    std::size_t selLength_ = 0;
+    bool locked_ = false;
+    bool marked_ = false;
+};
+
+} // namespace ko

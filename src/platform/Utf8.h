@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace ko {
+
+/// How many characters a UTF-8 text has. A byte that begins no valid sequence counts as one character.
+std::size_t utf8Length(std::string_view text);
+
+/// `length` characters from character `start` on, as far as the text has them.
+std::string_view utf8Part(std::string_view text, std::size_t start, std::size_t length);
+
+} // namespace ko

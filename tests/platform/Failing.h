@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Failure.h"
+
+namespace ko::test {
+
+/// The number of the failure that a call ends with, 0 when it succeeds.
+template <class Call> std::int32_t failureOf(Call call)
+{
+    try {
+        static_cast<void>(call());
+    } catch (const Failure& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+} // namespace ko::test
