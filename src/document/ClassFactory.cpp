@@ -1,0 +1,36 @@
+#include "document/ClassFactory.h"
+
+#include "document/TimebaseEditor.h"
+
+namespace ko {
+
+namespace {
+
+class KoTimebaseEditor final : public Component {
+public:
+    KoTimebaseEditor(const Platform& platform, const std::string& language) : shared_(platform, language) {}
+
+    std::unique_ptr<Document> createDocument(PropertyNotifySink& sink) override
+    {
+        return std::make_unique<TimebaseEditor>(shared_, sink);
+    }
+
+    std::string text(int number) override { return shared_.support.text(number); }
+
+    std::vector<Form*> dialogs() override
+    {
+        return {&shared_.dialogs.advancedTrig(), &shared_.dialogs.setDateTime(), &shared_.dialogs.selectChannel()};
+    }
+
+private:
+    Shared shared_;
+};
+
+} // namespace
+
+} // namespace ko
+
+ko::Component* createKoTimebaseEditor(const ko::Platform& platform, const std::string& language)
+{
+    return std::make_unique<ko::KoTimebaseEditor>(platform, language).release();
+}

@@ -1,0 +1,12 @@
+#include "document/Dialogs.h"
+
+namespace ko {
+
+void Dialogs::setHelp(const std::shared_ptr<HelpSite>& help)
+{
+    advancedTrig().IHelp = help;
+    setDateTime().IHelp = help;
+    selectChannel().IHelp = help;
+}
+
+} // namespace ko

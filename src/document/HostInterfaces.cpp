@@ -1,0 +1,154 @@
+#include "document/TimebaseEditor.h"
+#include "interfaces/TriggerLines.h"
+#include "platform/Scoped.h"
+
+#include <algorithm>
+
+namespace ko {
+
+namespace {
+
+/// Runs a statement whose failure nobody is to hear of.
+template <class Statement> void quietly(Statement&& statement)
+{
+    try {
+        statement();
+    } catch (...) {
+        return;
+    }
+}
+
+} // namespace
+
+void TimebaseEditor::setNumberOfDrivers(std::int32_t count)
+{
+    page_.numDrivers = count;
+}
+
+bool TimebaseEditor::HasProcessedDriverChanges()
+{
+    return !page_.driverChangesPending;
+}
+
+void TimebaseEditor::setDrivers(const DriverList& handedOver)
+{
+    const Steps step(support_.errors, "IKopDrivers_Drivers");
+    page_.hasStaticDrivers = false;
+    page_.hasDynamicDrivers = false;
+    page_.drivers.clear();
+    step([&] {
+        if (page_.numDrivers < 0)
+            fail(failure::subscriptOutOfRange);
+        page_.drivers.reserve(std::min(static_cast<std::size_t>(page_.numDrivers), handedOver.size()));
+    });
+    for (std::int32_t i = 0; i < page_.numDrivers; ++i)
+        takeOver(handedOver, static_cast<std::size_t>(i), step);
+    page_.driverChangesPending = true;
+    if (page_.isShown) {
+        clearTriggerLines();
+        UserDocument_Show();
+        UserDocument_Resize();
+    }
+}
+
+/// An element that is missing stays out of the page's list, which counts as an empty entry.
+void TimebaseEditor::takeOver(const DriverList& handedOver, std::size_t index, const Steps& step)
+{
+    if (!step([&] {
+            if (index >= handedOver.size())
+                fail(failure::subscriptOutOfRange);
+            page_.drivers.push_back(handedOver[index]);
+            required(handedOver[index].get());
+        }))
+        return;
+    Driver& driver = *page_.drivers.back();
+    if (!page_.hasStaticDrivers)
+        page_.hasStaticDrivers = step.value([&] { return !isDynamicDriver(driver); });
+    if (!page_.hasDynamicDrivers)
+        page_.hasDynamicDrivers = step.value([&] { return isDynamicDriver(driver); });
+}
+
+void TimebaseEditor::clearTriggerLines()
+{
+    for (const auto& driver : page_.currentDrivers()) {
+        TriggerLines* lines = nullptr;
+        quietly([&] { lines = driver ? driver->queryTriggerLines() : nullptr; });
+        if (!lines)
+            continue;
+        quietly([&] { lines->setScanTriggerLine(-1); });
+        quietly([&] { lines->setStartTriggerLine(-1); });
+    }
+}
+
+void TimebaseEditor::DriversHaveChanged()
+{
+    captureStartStop();
+}
+
+void TimebaseEditor::setReadOnly(bool flag)
+{
+    page_.readOnly = flag;
+    if (!page_.isShown || page_.numDrivers <= 0)
+        return;
+    const Scoped loading(page_.isLoading, true);
+    initializeDocument();
+}
+
+void TimebaseEditor::setClientSite(const std::shared_ptr<ClientSite>& site)
+{
+    const Steps step(support_.errors, "IKopMode_ClientSite");
+    const auto offered = [](auto view) {
+        if (!view)
+            fail(failure::typeMismatch);
+        return view;
+    };
+    step([&] { page_.statusSite = site ? offered(site->queryStatusSite()) : nullptr; });
+    step([&] { page_.helpSite = site ? offered(site->queryHelpSite()) : nullptr; });
+    step([&] { shared_.dialogs.setHelp(page_.helpSite); });
+    step([&] { shared_.dialogs.selectChannel().helpContextId = helpTopic::selectChannel; });
+}
+
+void TimebaseEditor::setPrintMode(std::int32_t mode)
+{
+    page_.printMode = mode;
+}
+
+std::int32_t TimebaseEditor::PrintMode()
+{
+    return page_.printMode;
+}
+
+void TimebaseEditor::GetPrintModeDescription(std::string& description)
+{
+    const Steps step(support_.errors, "IKopPrint_GetPrintModeDescription");
+    description = step.value([&] { return support_.text(1154); });
+}
+
+void TimebaseEditor::DefaultPrint(const std::string& printerName, const DeviceMode& settings)
+{
+    const Steps step(support_.errors, "IKopPrint_DefaultPrint");
+    Printers& printers = support_.platform.printers;
+    const std::int32_t count = step.value([&] { return printers.count(); });
+    for (std::int32_t i = 0; i < count; ++i) {
+        if (step.value([&] { return printers.deviceName(i) == printerName; })) {
+            step([&] { printers.makeCurrent(i); });
+            break;
+        }
+    }
+    step([&] { printers.setCopies(settings.copies); });
+    step([&] { printers.setColorMode(settings.color); });
+    step([&] { printers.setDuplex(settings.duplex); });
+    step([&] { printers.setOrientation(settings.orientation); });
+    step([&] { printers.setPaperSize(settings.paperSize); });
+    step([&] { printers.setPrintQuality(settings.printQuality); });
+    step([&] { printers.printForm(page_); });
+    step([&] { printers.endDocument(); });
+}
+
+void TimebaseEditor::OKToLeave(bool& allowed)
+{
+    const Steps step(support_.errors, "IKopState_OKToLeave");
+    allowed = step.value([&] { return validateActiveControl(false); });
+}
+
+} // namespace ko

@@ -1,0 +1,86 @@
+#include "document/TimebaseEditor.h"
+#include "interfaces/Timebase.h"
+#include "support/Steps.h"
+
+#include <cmath>
+
+namespace ko {
+
+void TimebaseEditor::initializeDocument()
+{
+    const Steps step(support_.errors, "initializeDocument");
+    page_.dynamicDriverIndex = -1;
+    page_.staticDriverIndex = -1;
+    page_.isDurationKnown = false;
+    for (Label* count : {&page_.lblNumSamplesValue, &page_.lblNumScansValue, &page_.lblNumDynamicBytesValue,
+                         &page_.lblNumStaticBytesValue})
+        count->setCaption(page_.notApplicableText);
+    initializeTriggering(step);
+    page_.frmDynamic.setVisible(page_.hasDynamicDrivers);
+    page_.frmStatic.setVisible(page_.hasStaticDrivers);
+    if (page_.frmDynamic.visible())
+        loadDynamicEditors(step);
+    if (page_.frmStatic.visible())
+        loadStaticEditors(step);
+    // Settings that no driver has given are never written: without a timebase to capture there are none.
+    if (!page_.triggerVars)
+        captureStartStop();
+    shared_.triggering.applyStartStop(page_.currentDrivers(), page_.dynamicDriverIndex, page_.staticDriverIndex,
+                                      page_.triggerVars, page_.readOnly);
+    schedule_.loadStartStop(step);
+    followReadOnly();
+    updateDiskSpace();
+    page_.driverChangesPending = false;
+}
+
+/// Which driver is start and which is scan master, and on which lines they drive the others.
+void TimebaseEditor::initializeTriggering(const Steps&)
+{
+    page_.mnuTimebaseTriggerLines.setEnabled(false);
+}
+
+std::int32_t TimebaseEditor::firstDriver(const Steps& step, bool dynamic) const
+{
+    const Drivers drivers = page_.currentDrivers();
+    for (std::size_t i = 0; i < drivers.size(); ++i)
+        if (drivers[i] && step.value([&] { return isDynamicDriver(*drivers[i]) == dynamic; }))
+            return static_cast<std::int32_t>(i);
+    return -1;
+}
+
+void TimebaseEditor::loadDynamicEditors(const Steps& step)
+{
+    if (page_.dynamicDriverIndex < 0)
+        page_.dynamicDriverIndex = firstDriver(step, true);
+    std::optional<double> samplePeriod;
+    std::optional<double> blockSize;
+    if (Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); })) {
+        step([&] { samplePeriod = timebase->SamplePeriod(); });
+        step([&] { blockSize = timebase->BlockSize(); });
+    }
+    dynamicEditors_.initBlockSizeEditors(blockSize);
+    dynamicEditors_.initSampleRateEditors(samplePeriod);
+}
+
+void TimebaseEditor::loadStaticEditors(const Steps& step)
+{
+    if (page_.staticDriverIndex < 0)
+        page_.staticDriverIndex = firstDriver(step, false);
+    std::optional<double> scanPeriod;
+    if (Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.staticDriverIndex); }))
+        step([&] { scanPeriod = timebase->ScanPeriod(); });
+    staticEditors_.initScanRateEditors(scanPeriod);
+    if (scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
+        staticEditors_.setDriversScanRate(*scanPeriod);
+}
+
+void TimebaseEditor::followReadOnly()
+{
+    const bool editable = !page_.readOnly;
+    for (Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
+        frame->setEnabled(editable);
+    for (OptionButton* option : {&page_.optStartTime, &page_.optImmediate, &page_.optAfter})
+        option->setEnabled(editable);
+}
+
+} // namespace ko

@@ -1,0 +1,132 @@
+#include "document/TimebaseEditor.h"
+#include "platform/NumberText.h"
+#include "platform/Scoped.h"
+#include "support/ResourceUtils.h"
+
+namespace ko {
+
+namespace {
+
+constexpr int textBase = 1100;
+constexpr int noInstrumentPicture = 101;
+
+} // namespace
+
+void TimebaseEditor::UserDocument_Initialize()
+{
+    const Steps step(support_.errors, "UserDocument_Initialize");
+    page_.isShown = false;
+    step([&] { support_.localeSettings = readLocaleSettings(support_.locale()); });
+    step([&] { page_.setFont(support_.platform.screen.formFont()); });
+    loadFormStrings(step, support_.strings, page_, page_.font(), textBase);
+    step([&] { setIntervalSeconds(); });
+    page_.hertzText = step.value([&] { return support_.text(1116); });
+    page_.notApplicableText = step.value([&] { return support_.text(1152); });
+    page_.imgNoInst.setPicture(noInstrumentPicture);
+    page_.imgNoInst.setVisible(false);
+    moveToolTipsToTags(page_);
+    step([&] { prepareGrid(); });
+    page_.readOnly = false;
+    page_.mnuTimebaseTriggerLines.setEnabled(false);
+    page_.TriggerSlot = -1;
+    page_.TriggerChannel = -1;
+}
+
+/// The loader finds the units' texts by their item data; from then on it holds each unit's length.
+void TimebaseEditor::setIntervalSeconds()
+{
+    constexpr std::int32_t seconds[] = {1, 60, 3600, 86400};
+    auto items = page_.cmbInterval.items();
+    for (std::size_t i = 0; i < items.size(); ++i)
+        items[i].itemData = seconds[i];
+    page_.cmbInterval.setItems(std::move(items));
+}
+
+void TimebaseEditor::prepareGrid()
+{
+    Grid& grid = page_.grdParam;
+    CellStyle style = grid.standardStyle();
+    style.font = page_.font();
+    grid.setStandardStyle(style);
+    CellStyle header = grid.colHeaderStyle();
+    header.enabled = false;
+    header.interior = SystemColor::buttonFace;
+    header.wrapText = false;
+    grid.setCell(0, 0, {support_.text(1150), header});
+    grid.setCell(0, 1, {support_.text(1151), header});
+    const std::int32_t width = grid.innerWidth();
+    grid.setColumnWidth(0, width / 2);
+    grid.setColumnWidth(1, width - width / 2);
+    grid.setColumnWidth(2, 0);
+}
+
+void TimebaseEditor::UserDocument_Show()
+{
+    const Steps step(support_.errors, "UserDocument_Show");
+    // Lowered whatever fails below.
+    page_.isLoading = false;
+    const Scoped loading(page_.isLoading, true);
+    page_.isShown = true;
+    showFrames();
+    if (page_.numDrivers <= 0) {
+        page_.mnuTimebaseTriggerLines.setEnabled(false);
+        return;
+    }
+    initializeDocument();
+    UserDocument_Resize();
+    if (page_.readOnly)
+        return;
+    step([&] {
+        OptionButton* const options[] = {&page_.optImmediate, &page_.optStartTime};
+        for (OptionButton* option : options)
+            if (option->value()) {
+                page_.moveFocus(option);
+                return;
+            }
+        page_.moveFocus(&page_.optOnTrigger);
+    });
+}
+
+void TimebaseEditor::showFrames()
+{
+    const bool any = page_.numDrivers > 0;
+    page_.frmStart.setVisible(any);
+    page_.frmStop.setVisible(any);
+    page_.frmDynamic.setVisible(any && page_.hasDynamicDrivers);
+    page_.frmStatic.setVisible(any && page_.hasStaticDrivers);
+    page_.imgNoInst.setVisible(!any);
+}
+
+void TimebaseEditor::UserDocument_Hide()
+{
+    page_.dropFocus();
+    page_.isShown = false;
+}
+
+void TimebaseEditor::UserDocument_Resize()
+{
+    // The view arranges the controls by itself.
+}
+
+void TimebaseEditor::UserDocument_KeyDown(KeyPress& press)
+{
+    if (press.keyCode != key::f1 || press.shift != 0)
+        return;
+    OnCommand(command::help);
+    press.keyCode = 0;
+}
+
+void TimebaseEditor::UserDocument_Terminate()
+{
+    shared_.dialogs.setHelp(nullptr);
+}
+
+void TimebaseEditor::imgNoInst_Click()
+{
+    const Steps step(support_.errors, "imgNoInst_Click");
+    step([&] {
+        support_.platform.messageBox.show(support_.text(1153), support_.text(1154), messageStyle::information);
+    });
+}
+
+} // namespace ko

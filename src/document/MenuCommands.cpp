@@ -1,0 +1,98 @@
+#include "document/TimebaseEditor.h"
+
+namespace ko {
+
+namespace {
+
+/// The text box that the edit commands work on: failure 91 when no control has the focus, 13 when it has no text.
+TextBox& focusedBox(const Page& page)
+{
+    Control& focused = required(page.activeControl());
+    auto* box = dynamic_cast<TextBox*>(&focused);
+    if (!box)
+        fail(failure::typeMismatch);
+    return *box;
+}
+
+void copySelection(const Page& page, Clipboard& clipboard)
+{
+    clipboard.clear();
+    clipboard.setText(focusedBox(page).selText());
+}
+
+void cutSelection(const Page& page, Clipboard& clipboard)
+{
+    copySelection(page, clipboard);
+    focusedBox(page).setSelText("");
+}
+
+void deleteSelection(const Page& page)
+{
+    focusedBox(page).setSelText("");
+}
+
+void pasteClipboard(const Page& page, Clipboard& clipboard)
+{
+    focusedBox(page).setSelText(clipboard.text());
+}
+
+bool hasSelection(const Page& page)
+{
+    return (page.editFlags & editFlag::copy) != 0 && focusedBox(page).selLength() > 0;
+}
+
+bool canPaste(const Page& page, Clipboard& clipboard)
+{
+    std::string text;
+    try {
+        text = clipboard.text();
+    } catch (...) {
+        return false;
+    }
+    return !text.empty() && (page.editFlags & editFlag::paste) != 0;
+}
+
+} // namespace
+
+void TimebaseEditor::OnCommand(std::int32_t commandId)
+{
+    const Steps step(support_.errors, "IKopMenu_OnCommand");
+    Clipboard& clipboard = support_.platform.clipboard;
+    switch (commandId) {
+    case command::copy: step([&] { copySelection(page_, clipboard); }); break;
+    case command::cut: step([&] { cutSelection(page_, clipboard); }); break;
+    case command::erase: step([&] { deleteSelection(page_); }); break;
+    case command::paste: step([&] { pasteClipboard(page_, clipboard); }); break;
+    case command::help:
+        if (page_.helpSite)
+            step([&] { page_.helpSite->ShowHelpTopic(page_.readOnly ? helpTopic::readOnlyPage : helpTopic::page); });
+        break;
+    case command::acceptEntry: {
+        bool allowed = false;
+        if (page_.editFlags > 0)
+            OKToLeave(allowed);
+        if (allowed)
+            step([&] { validateActiveControl(true); });
+        break;
+    }
+    default: break;
+    }
+}
+
+void TimebaseEditor::OnUpdateCommandUI(std::int32_t commandId, std::int32_t& enable)
+{
+    const Steps step(support_.errors, "IKopMenu_OnUpdateCommandUI");
+    const auto enabled = [&] {
+        switch (commandId) {
+        case command::copy:
+        case command::cut:
+        case command::erase: return hasSelection(page_);
+        case command::paste: return canPaste(page_, support_.platform.clipboard);
+        case command::help: return true;
+        default: return false;
+        }
+    };
+    enable = step.value(enabled) ? 1 : 0;
+}
+
+} // namespace ko

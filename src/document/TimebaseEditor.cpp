@@ -1,0 +1,47 @@
+#include "document/TimebaseEditor.h"
+
+#include "page/NumberEntry.h"
+
+namespace ko {
+
+TimebaseEditor::TimebaseEditor(Shared& shared, PropertyNotifySink& sink)
+    : shared_(shared), support_(shared.support), sink_(sink), dynamicEditors_(page_, support_, *this),
+      staticEditors_(page_, support_, *this), schedule_(page_, support_, *this)
+{
+    page_.imgNoInst.click = [this] { imgNoInst_Click(); };
+    page_.keyDown = [this](KeyPress& press) { UserDocument_KeyDown(press); };
+    UserDocument_Initialize();
+}
+
+TimebaseEditor::~TimebaseEditor()
+{
+    UserDocument_Terminate();
+}
+
+void TimebaseEditor::markChanged()
+{
+    if (!page_.isLoading)
+        sink_.OnChanged();
+}
+
+std::int32_t TimebaseEditor::updateDiskSpace()
+{
+    return schedule_.updateDiskSpace();
+}
+
+void TimebaseEditor::captureStartStop()
+{
+    if (!page_.readOnly)
+        shared_.triggering.captureStartStop(page_.currentDrivers(), page_.triggerVars);
+}
+
+bool TimebaseEditor::validateActiveControl(bool apply)
+{
+    for (const auto* entries : {&dynamicEditors_.entries(), &staticEditors_.entries()})
+        for (const auto& entry : *entries)
+            if (entry->box().hasFocus())
+                return entry->check(true) && (!apply || entry->leave());
+    return true;
+}
+
+} // namespace ko

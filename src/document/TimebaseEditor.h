@@ -1,0 +1,103 @@
+#pragma once
+
+#include "document/ClassFactory.h"
+#include "document/Dialogs.h"
+#include "page/Actions.h"
+#include "schedule/Schedule.h"
+#include "timebase/DynamicEditors.h"
+#include "timebase/StaticEditors.h"
+#include "triggering/Triggering.h"
+
+namespace ko {
+
+/// What the documents of a component share.
+struct Shared {
+    Shared(const Platform& platform, std::string_view language) : support(platform, language) {}
+
+    Support support;
+    Dialogs dialogs{support};
+    Triggering triggering{support};
+};
+
+/// The document: owns the page and its sections, and is what the host drives.
+class TimebaseEditor final : public Document,
+                             private IKopDrivers,
+                             private IKopMenu,
+                             private IKopMode,
+                             private IKopPrint,
+                             private IKopState,
+                             private Actions {
+public:
+    /// `shared` and `sink` outlive the document.
+    TimebaseEditor(Shared& shared, PropertyNotifySink& sink);
+    ~TimebaseEditor() override;
+
+    IKopDrivers& drivers() override { return *this; }
+    IKopMenu& menu() override { return *this; }
+    IKopMode& mode() override { return *this; }
+    IKopPrint& print() override { return *this; }
+    IKopState& state() override { return *this; }
+    Page& page() override { return page_; }
+
+    void UserDocument_Show() override;
+    void UserDocument_Hide() override;
+
+private:
+    // IKopDrivers
+    void setNumberOfDrivers(std::int32_t count) override;
+    bool HasProcessedDriverChanges() override;
+    void setDrivers(const DriverList& drivers) override;
+    void DriversHaveChanged() override;
+    // IKopMenu
+    void OnCommand(std::int32_t commandId) override;
+    void OnUpdateCommandUI(std::int32_t commandId, std::int32_t& enable) override;
+    // IKopMode
+    void setReadOnly(bool flag) override;
+    void setClientSite(const std::shared_ptr<ClientSite>& site) override;
+    // IKopPrint
+    void setPrintMode(std::int32_t mode) override;
+    std::int32_t PrintMode() override;
+    void GetPrintModeDescription(std::string& description) override;
+    void DefaultPrint(const std::string& printerName, const DeviceMode& settings) override;
+    // IKopState
+    void OKToLeave(bool& allowed) override;
+    void RecordedFilesHaveChanged() override {}
+    // Actions
+    void markChanged() override;
+    std::int32_t updateDiskSpace() override;
+    void captureStartStop() override;
+
+    // Life cycle
+    void UserDocument_Initialize();
+    void UserDocument_Resize();
+    void UserDocument_KeyDown(KeyPress& press);
+    void UserDocument_Terminate();
+    void showFrames();
+    void prepareGrid();
+    void setIntervalSeconds();
+    void imgNoInst_Click();
+
+    // Start-up from the driver list
+    void initializeDocument();
+    void initializeTriggering(const Steps& step);
+    void loadDynamicEditors(const Steps& step);
+    void loadStaticEditors(const Steps& step);
+    void followReadOnly();
+    [[nodiscard]] std::int32_t firstDriver(const Steps& step, bool dynamic) const;
+
+    // Editing
+    /// Checks the entry field that has the focus; when `apply` is true and the check passes, applies its value.
+    bool validateActiveControl(bool apply);
+    void takeOver(const DriverList& handedOver, std::size_t index, const Steps& step);
+    void clearTriggerLines();
+
+    Shared& shared_;
+    Support& support_;
+    PropertyNotifySink& sink_;
+    Page page_;
+    DynamicEditors dynamicEditors_;
+    StaticEditors staticEditors_;
+    Schedule schedule_;
+};
+
+} // namespace ko

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "interfaces/Driver.h"
+#include "platform/Locale.h"
+#include "support/StringTable.h"
+
+#include <memory>
+#include <span>
+#include <string>
+
+namespace ko {
+
+/// A view of a driver list; entries may be empty and are skipped.
+using Drivers = std::span<const std::shared_ptr<Driver>>;
+
+/// True exactly when the driver's measurement mode and sampling mode are both 1; any other driver is a static one.
+/// Failures reach the caller.
+bool isDynamicDriver(Driver& driver);
+
+/// How many channels of all groups are enabled. Failures reach the caller.
+std::int32_t countEnabledChannels(Driver& driver);
+
+/// Whether the value of a channel's enabled attribute means enabled: anything but integer 0.
+bool isEnabledValue(const Value& value);
+
+/// The bytes of a static driver's recording: (4 x scans + 230) x enabled channels + 416, in 32 bits. Failure 6 when
+/// that overflows; other failures reach the caller.
+double staticDriverBytes(Driver& driver);
+
+/// The bytes of a dynamic driver's recording. Failures reach the caller.
+double dynamicDriverBytes(Driver& driver);
+
+/// The totals of both kinds of drivers. A driver whose figure fails is left out, without a report.
+struct ByteTotals {
+    double staticBytes = 0.0;
+    double dynamicBytes = 0.0;
+};
+ByteTotals sumDriverBytes(Drivers drivers);
+
+/// The text of a value; empty for the empty value, "True" or "False" for a boolean.
+std::string valueText(const Value& value, const Locale& locale);
+
+/// Names a trigger device (group below 0), group (channel below 0) or channel for the page. A channel without a
+/// name of its own is named by its address, spelt out unless `raw`. No driver: the empty text. Failures reach the
+/// caller.
+std::string describeChannel(Driver* driver, std::int32_t group, std::int32_t channel, bool raw,
+                            const StringTable& strings, const Locale& locale);
+
+} // namespace ko

@@ -1,0 +1,24 @@
+#include "page/Hints.h"
+
+#include "platform/NumberText.h"
+#include "platform/Utf8.h"
+
+namespace ko {
+
+void setToolTip(const Page& page, const Support& support, double min, double max)
+{
+    if (page.readOnly || page.numDrivers <= 0 || !page.statusSite)
+        return;
+    std::string hint;
+    if (min != max)
+        hint = "  " + support.text(1149) + numberText(min, support.locale()) + support.text(1146) +
+               numberText(max, support.locale()) + support.text(1147);
+    page.statusSite->ShowHint(hint, page.statusSite->Caption());
+}
+
+void selectAllText(TextBox& box)
+{
+    box.select(0, utf8Length(box.text()));
+}
+
+} // namespace ko

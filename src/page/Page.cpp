@@ -1,0 +1,109 @@
+#include "page/Page.h"
+
+#include <algorithm>
+
+namespace ko {
+
+namespace {
+
+/// A design-time number: the offset of a text in the page's block of the string table.
+void caption(CaptionControl& control, int offset)
+{
+    control.setTag(std::to_string(offset));
+}
+
+void toolTip(Control& control, int offset)
+{
+    control.setToolTipText(std::to_string(offset));
+}
+
+void numberCaptions(Page& page)
+{
+    caption(page.mnuTimebase, 26);
+    caption(page.mnuTimebaseTriggerLines, 27);
+    caption(page.frmDynamic, 3);
+    caption(page.lblSampleRate, 18);
+    caption(page.lblSamplePeriod, 19);
+    caption(page.lblBlockSize, 20);
+    caption(page.lblSpan, 21);
+    caption(page.lblNumSamples, 22);
+    caption(page.lblNumDynamicBytes, 63);
+    caption(page.frmStatic, 4);
+    caption(page.lblScanRate, 23);
+    caption(page.lblScanPeriod, 24);
+    caption(page.lblNumScans, 25);
+    caption(page.lblNumStaticBytes, 63);
+    caption(page.frmStart, 55);
+    caption(page.optImmediate, 5);
+    caption(page.optOnTrigger, 6);
+    caption(page.lblChannel, 13);
+    caption(page.optStartTime, 7);
+    caption(page.frmStop, 2);
+    caption(page.optAfter, 8);
+    caption(page.optStopTime, 7);
+    caption(page.lblDuration, 68);
+    caption(page.lblStopTime, 69);
+}
+
+void numberToolTips(Page& page)
+{
+    toolTip(page.cmbSampleRate, 38);
+    toolTip(page.txtSampleRate, 38);
+    toolTip(page.cmbSamplePeriod, 39);
+    toolTip(page.txtSamplePeriod, 39);
+    toolTip(page.cmbBlockSize, 40);
+    toolTip(page.txtBlockSize, 40);
+    toolTip(page.cmbScanRate, 41);
+    toolTip(page.txtScanRate, 41);
+    toolTip(page.cmbScanPeriod, 42);
+    toolTip(page.txtScanPeriod, 42);
+    toolTip(page.optImmediate, 28);
+    toolTip(page.optOnTrigger, 30);
+    toolTip(page.txtChannel, 34);
+    toolTip(page.cmdChannel, 34);
+    toolTip(page.grdParam, 35);
+    toolTip(page.optStartTime, 29);
+    toolTip(page.txtStartTime, 29);
+    toolTip(page.cmdStartTime, 29);
+    toolTip(page.optAfter, 31);
+    toolTip(page.txtDuration, 36);
+    toolTip(page.cmbInterval, 37);
+    toolTip(page.optStopTime, 32);
+    toolTip(page.txtStopTime, 32);
+    toolTip(page.cmdStopTime, 32);
+}
+
+} // namespace
+
+Page::Page() : Form("TimebaseEditor")
+{
+    numberCaptions(*this);
+    numberToolTips(*this);
+    cmbInterval.setItems({{"", 9}, {"", 10}, {"", 11}, {"", 12}});
+    for (CommandButton* button : {&cmdChannel, &cmdStartTime, &cmdStopTime})
+        button->setCaption("...");
+    for (TextBox* box : {&txtChannel, &txtStartTime, &txtStopTime})
+        box->setLocked(true);
+}
+
+Drivers Page::currentDrivers() const
+{
+    const auto announced = static_cast<std::size_t>(std::max(numDrivers, 0));
+    return Drivers(drivers).first(std::min(announced, drivers.size()));
+}
+
+Driver* Page::driverAt(std::int32_t index) const
+{
+    const Drivers current = currentDrivers();
+    if (index < 0 || static_cast<std::size_t>(index) >= current.size())
+        return nullptr;
+    return current[static_cast<std::size_t>(index)].get();
+}
+
+Timebase* Page::timebaseAt(std::int32_t index) const
+{
+    Driver* driver = driverAt(index);
+    return driver ? driver->queryTimebase() : nullptr;
+}
+
+} // namespace ko

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "interfaces/ClientSite.h"
+#include "interfaces/IKopDrivers.h"
+#include "page/Drivers.h"
+#include "page/TriggerVars.h"
+#include "platform/CaptionControls.h"
+#include "platform/ComboBox.h"
+#include "platform/Form.h"
+#include "platform/Grid.h"
+#include "platform/TextBox.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+
+namespace ko {
+
+/// Which of the 8 trigger lines may be chosen.
+using LineMask = std::array<bool, 8>;
+
+/// Bits of `Page::editFlags`.
+namespace editFlag {
+inline constexpr std::int16_t none = 0;
+inline constexpr std::int16_t copy = 1;  ///< the focused control's text can be selected and copied
+inline constexpr std::int16_t paste = 2; ///< it accepts pasted and deleted text
+} // namespace editFlag
+
+/// The timebase page as data: its controls by name, in tab order, and the document's fields. Captions and hints
+/// stand in the controls as offsets into the string table until they are loaded.
+class Page : public Form {
+public:
+    Page();
+
+    Menu mnuTimebase{*this, "mnuTimebase"};
+    Menu mnuTimebaseTriggerLines{*this, "mnuTimebaseTriggerLines", &mnuTimebase};
+    Image imgNoInst{*this, "imgNoInst"};
+
+    Frame frmDynamic{*this, "frmDynamic"};
+    Label lblSampleRate{*this, "lblSampleRate", &frmDynamic};
+    ComboBox cmbSampleRate{*this, "cmbSampleRate", &frmDynamic};
+    TextBox txtSampleRate{*this, "txtSampleRate", &frmDynamic};
+    Label lblSamplePeriod{*this, "lblSamplePeriod", &frmDynamic};
+    ComboBox cmbSamplePeriod{*this, "cmbSamplePeriod", &frmDynamic};
+    TextBox txtSamplePeriod{*this, "txtSamplePeriod", &frmDynamic};
+    Label lblBlockSize{*this, "lblBlockSize", &frmDynamic};
+    ComboBox cmbBlockSize{*this, "cmbBlockSize", &frmDynamic};
+    TextBox txtBlockSize{*this, "txtBlockSize", &frmDynamic};
+    Label lblSpan{*this, "lblSpan", &frmDynamic};
+    Label lblSpanValue{*this, "lblSpanValue", &frmDynamic};
+    Label lblNumSamples{*this, "lblNumSamples", &frmDynamic};
+    Label lblNumSamplesValue{*this, "lblNumSamplesValue", &frmDynamic};
+    Label lblNumDynamicBytes{*this, "lblNumDynamicBytes", &frmDynamic};
+    Label lblNumDynamicBytesValue{*this, "lblNumDynamicBytesValue", &frmDynamic};
+
+    Frame frmStatic{*this, "frmStatic"};
+    Label lblScanRate{*this, "lblScanRate", &frmStatic};
+    ComboBox cmbScanRate{*this, "cmbScanRate", &frmStatic};
+    TextBox txtScanRate{*this, "txtScanRate", &frmStatic};
+    Label lblScanPeriod{*this, "lblScanPeriod", &frmStatic};
+    ComboBox cmbScanPeriod{*this, "cmbScanPeriod", &frmStatic};
+    TextBox txtScanPeriod{*this, "txtScanPeriod", &frmStatic};
+    Label lblNumScans{*this, "lblNumScans", &frmStatic};
+    Label lblNumScansValue{*this, "lblNumScansValue", &frmStatic};
+    Label lblNumStaticBytes{*this, "lblNumStaticBytes", &frmStatic};
+    Label lblNumStaticBytesValue{*this, "lblNumStaticBytesValue", &frmStatic};
+
+    Frame frmStart{*this, "frmStart"};
+    OptionButton optImmediate{*this, "optImmediate", &frmStart};
+    OptionButton optOnTrigger{*this, "optOnTrigger", &frmStart};
+    Label lblChannel{*this, "lblChannel", &frmStart};
+    TextBox txtChannel{*this, "txtChannel", &frmStart};
+    CommandButton cmdChannel{*this, "cmdChannel", &frmStart};
+    Grid grdParam{*this, "grdParam", &frmStart};
+    OptionButton optStartTime{*this, "optStartTime", &frmStart};
+    TextBox txtStartTime{*this, "txtStartTime", &frmStart};
+    CommandButton cmdStartTime{*this, "cmdStartTime", &frmStart};
+
+    Frame frmStop{*this, "frmStop"};
+    OptionButton optAfter{*this, "optAfter", &frmStop};
+    TextBox txtDuration{*this, "txtDuration", &frmStop};
+    ComboBox cmbInterval{*this, "cmbInterval", &frmStop};
+    OptionButton optStopTime{*this, "optStopTime", &frmStop};
+    TextBox txtStopTime{*this, "txtStopTime", &frmStop};
+    CommandButton cmdStopTime{*this, "cmdStopTime", &frmStop};
+    Label lblDuration{*this, "lblDuration", &frmStop};
+    Label lblDurationValue{*this, "lblDurationValue", &frmStop};
+    Label lblStopTime{*this, "lblStopTime", &frmStop};
+    Label lblStopTimeValue{*this, "lblStopTimeValue", &frmStop};
+
+    // What the host handed over.
+    std::int32_t numDrivers = 0;
+    DriverList drivers; ///< entries may be empty
+    std::shared_ptr<StatusSite> statusSite;
+    std::shared_ptr<HelpSite> helpSite;
+    std::int32_t printMode = 0;
+    bool readOnly = false;
+
+    // What the document knows of the list.
+    bool hasStaticDrivers = false;
+    bool hasDynamicDrivers = false;
+    bool driverChangesPending = false;
+    std::int32_t dynamicDriverIndex = -1; ///< driver of the dynamic editors and start master; -1 none
+    std::int32_t staticDriverIndex = -1;  ///< driver of the static editors and scan master; -1 none
+
+    bool isShown = false;
+    bool isLoading = false;    ///< the document fills its controls itself: no handler acts
+    bool isDurationKnown = false; ///< false while a page is built, until the start and stop settings are loaded
+    bool isDialogOpen = false; ///< a dialog of the document is shown
+    bool isUpdating = false;   ///< one editor changes another: no re-entry
+    std::int16_t editFlags = editFlag::none;
+
+    // What all drivers have in common; 0 and 0: nothing kept.
+    Range samplePeriodRange; ///< seconds
+    Range blockSizeRange;    ///< samples
+    Range scanPeriodRange;   ///< seconds
+
+    std::optional<TriggerVars> triggerVars;
+    std::int32_t TriggerSlot = -1;
+    std::int32_t TriggerChannel = -1;
+    std::int32_t startTriggerLine = -1;
+    std::int32_t scanTriggerLine = -1;
+    LineMask availStartLines{};
+    LineMask availScanLines{};
+
+    std::string hertzText;
+    std::string notApplicableText;
+
+    /// The drivers that the host announced, as far as it handed them over.
+    [[nodiscard]] Drivers currentDrivers() const;
+    /// The driver of this index; null for -1, an index outside the list or an empty entry.
+    [[nodiscard]] Driver* driverAt(std::int32_t index) const;
+    /// Its timebase; null where there is no driver or it offers none.
+    [[nodiscard]] Timebase* timebaseAt(std::int32_t index) const;
+};
+
+} // namespace ko

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace ko {
+
+/// The content of the built-in English string file.
+std::string_view englishStrings();
+
+/// The component's texts by number.
+///
+/// A string file has an entry a line: its number, a blank, and the text between the first and the last double quote
+/// of the line, taken as it stands. Empty lines and lines that begin with # are skipped.
+class StringTable {
+public:
+    /// The English table. `language` is the content of another string file whose entries take the place of the
+    /// English ones; what it lacks stays English. A line that cannot be understood is failure 5 with a description
+    /// that names the line.
+    explicit StringTable(std::string_view language = {});
+
+    /// Failure 326 for a number that has no text.
+    [[nodiscard]] const std::string& text(int number) const;
+
+private:
+    void load(std::string_view content);
+
+    std::map<int, std::string> texts_;
+};
+
+} // namespace ko

@@ -1,0 +1,83 @@
+#include "support/Validation.h"
+
+#include "platform/NumberText.h"
+
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+bool isWhole(NumberType type)
+{
+    return type == NumberType::Long || type == NumberType::Integer;
+}
+
+/// The text for what is no number. A trigger parameter of type Float is asked for an integer, too.
+const std::string& notANumber(const Support& support, NumberType type)
+{
+    return support.text(type == NumberType::Double ? 1148 : 1144);
+}
+
+std::string outOfRange(const Support& support, NumberType type, const NumberBounds& bounds)
+{
+    if (!bounds.minimum || !bounds.maximum)
+        return support.text(isWhole(type) ? 1144 : 1148);
+    const auto bound = [&](double value) { return numberText(value, support.locale()); };
+    return support.text(isWhole(type) ? 1145 : 1149) + bound(*bounds.minimum) + support.text(1146) +
+           bound(*bounds.maximum) + support.text(1147);
+}
+
+std::optional<double> converted(std::string_view text, NumberType type, const Locale& locale)
+{
+    try {
+        const double number = toDouble(text, locale);
+        return isWhole(type) ? toLong(number) : number;
+    } catch (const Failure&) {
+        return std::nullopt;
+    }
+}
+
+/// Whether `value` is what the bound looks like on the screen.
+bool readsAs(double bound, double value, const Locale& locale)
+{
+    return numberText(bound, locale) == numberText(value, locale);
+}
+
+bool isInside(double value, const NumberBounds& bounds, const Locale& locale)
+{
+    if (!std::isfinite(value) || (bounds.positive && value <= 0.0) || !bounds.acceptsAnything())
+        return false;
+    if (bounds.minimum && *bounds.minimum - value > rangeTolerance && !readsAs(*bounds.minimum, value, locale))
+        return false;
+    return !(bounds.maximum && value - *bounds.maximum > rangeTolerance && !readsAs(*bounds.maximum, value, locale));
+}
+
+} // namespace
+
+std::optional<double> readNumber(const Support& support, std::string_view text, NumberType type,
+                                 const NumberBounds& bounds, bool showMessage)
+{
+    const bool numeric = isNumeric(text, support.locale());
+    if (numeric) {
+        const std::optional<double> number = converted(text, type, support.locale());
+        if (number && isInside(*number, bounds, support.locale()))
+            return number;
+    }
+    if (showMessage)
+        support.platform.messageBox.show(numeric ? outOfRange(support, type, bounds) : notANumber(support, type),
+                                         support.text(1143), messageStyle::exclamation);
+    return std::nullopt;
+}
+
+bool validateNumber(const Support& support, std::string_view text, NumberType type, const NumberBounds& bounds,
+                    bool showMessage) noexcept
+{
+    try {
+        return readNumber(support, text, type, bounds, showMessage).has_value();
+    } catch (...) {
+        return false;
+    }
+}
+
+} // namespace ko

@@ -1,0 +1,118 @@
+#include "timebase/StaticEditors.h"
+
+#include "page/Messages.h"
+#include "platform/NumberText.h"
+#include "support/Numbers.h"
+#include "timebase/StaticEntries.h"
+
+namespace ko {
+
+namespace {
+
+constexpr OfferMembers scanPeriods{&Timebase::ScanChoiceList, &Timebase::ChoiceRange, true};
+
+std::optional<double> readScanPeriod(const Steps& step, Timebase& timebase)
+{
+    return step.value([&] { return std::optional(timebase.ScanPeriod()); });
+}
+
+} // namespace
+
+StaticEditors::StaticEditors(Page& page, Support& support, Actions& actions)
+    : page_(page), support_(support), actions_(actions),
+      pair_(support, page.cmbScanRate, page.cmbScanPeriod, page.txtScanRate, page.txtScanPeriod)
+{
+    entries_.push_back(std::make_unique<ScanRateEntry>(page, support, *this));
+    entries_.push_back(std::make_unique<ScanPeriodEntry>(page, support, *this));
+    page.cmbScanRate.click = [this] { cmbScanRate_Click(); };
+    page.cmbScanPeriod.click = [this] { cmbScanPeriod_Click(); };
+    for (ComboBox* list : {&page.cmbScanRate, &page.cmbScanPeriod}) {
+        list->gotFocus = [this] { page_.editFlags = editFlag::none; };
+        list->lostFocus = list->gotFocus;
+    }
+}
+
+StaticEditors::~StaticEditors() = default;
+
+void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
+{
+    const Steps step(support_.errors, "initScanRateEditors");
+    page_.scanPeriodRange = {};
+    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), scanPeriods);
+    page_.scanPeriodRange = offers.range();
+    step([&] { pair_.build(step, offers, scanPeriod); });
+}
+
+template <class Visit> void StaticEditors::forEachTimebase(const Steps& step, Visit visit)
+{
+    const Drivers drivers = page_.currentDrivers();
+    for (std::size_t i = 0; i < drivers.size(); ++i) {
+        if (!drivers[i])
+            continue;
+        if (Timebase* timebase = step.value([&] { return drivers[i]->queryTimebase(); }))
+            visit(*timebase, i);
+    }
+}
+
+StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod)
+{
+    const Steps step(support_.errors, "setDriversScanRate");
+    step([&] { actions_.markChanged(); });
+    before_.assign(page_.currentDrivers().size(), std::nullopt);
+    ScanPeriod result;
+    forEachTimebase(step, [&](Timebase& timebase, std::size_t i) {
+        before_[i] = readScanPeriod(step, timebase);
+        step([&] { timebase.setScanPeriod(newScanPeriod); });
+        result.inForce = readScanPeriod(step, timebase);
+    });
+    const std::int32_t code = actions_.updateDiskSpace();
+    if (code == 0)
+        return result;
+    step([&] { showLimitMessage(support_, code); });
+    result.rejected = true;
+    forEachTimebase(step, [&](Timebase& timebase, std::size_t i) {
+        if (before_[i])
+            step([&] { timebase.setScanPeriod(*before_[i]); });
+        result.inForce = readScanPeriod(step, timebase);
+    });
+    return result;
+}
+
+StaticEditors::ScanPeriod StaticEditors::pushTyped(const Steps& step, double seconds, const TextBox& typedIn)
+{
+    const ScanPeriod result = setDriversScanRate(seconds);
+    if (result.inForce)
+        pair_.showInBoxes(step, *result.inForce, &typedIn);
+    return result;
+}
+
+void StaticEditors::cmbScanRate_Click()
+{
+    if (page_.isLoading || !page_.hasStaticDrivers)
+        return;
+    const Steps step(support_.errors, "cmbScanRate_Click");
+    const auto period =
+        step.value([&] { return std::optional(reciprocal(toDouble(page_.cmbScanRate.text(), support_.locale()))); });
+    choose(step, period, page_.cmbScanRate, page_.cmbScanPeriod);
+}
+
+void StaticEditors::cmbScanPeriod_Click()
+{
+    if (page_.isLoading || !page_.hasStaticDrivers)
+        return;
+    const Steps step(support_.errors, "cmbScanPeriod_Click");
+    const auto period =
+        step.value([&] { return std::optional(toDouble(page_.cmbScanPeriod.text(), support_.locale())); });
+    choose(step, period, page_.cmbScanPeriod, page_.cmbScanRate);
+}
+
+void StaticEditors::choose(const Steps& step, std::optional<double> period, const ComboBox& chosen, ComboBox& partner)
+{
+    const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
+    // After a rejection both lists stay on the refused entry while the drivers keep their period.
+    step([&] { partner.select(chosen.index()); });
+    if (!result.rejected && result.inForce)
+        step([&] { pair_.selectPeriod(*result.inForce, chosen.index()); });
+}
+
+} // namespace ko

@@ -1,0 +1,108 @@
+#include "fakes/DocumentTest.h"
+
+namespace ko::test {
+namespace {
+
+class LifeCycle : public DocumentTest {};
+
+TEST_F(LifeCycle, CreationLoadsTextsHintsAndTheGridsHeader)
+{
+    EXPECT_EQ(page().frmStart.caption(), "After the \"Record\" button is pressed, start recording:");
+    EXPECT_EQ(page().optOnTrigger.caption(), "On T&rigger");
+    EXPECT_EQ(page().mnuTimebaseTriggerLines.caption(), "&Trigger Lines...");
+    EXPECT_EQ(page().lblSpan.tag(), "21");
+    EXPECT_EQ(page().txtScanRate.tag(), "Enter the desired scan rate");
+    EXPECT_EQ(page().txtScanRate.toolTipText(), "");
+    EXPECT_EQ(page().cmbInterval.items(),
+              (std::vector<ComboBox::Item>{{"seconds", 1}, {"minutes", 60}, {"hours", 3600}, {"days", 86400}}));
+    EXPECT_EQ(page().grdParam.cell(0, 0).value, "Parameter Name");
+    EXPECT_EQ(page().grdParam.cell(0, 1).value, "Parameter Value");
+    EXPECT_EQ(page().grdParam.columnWidth(2), 0);
+    EXPECT_EQ(page().hertzText, "Hz");
+    EXPECT_FALSE(page().mnuTimebaseTriggerLines.enabled());
+    EXPECT_EQ(page().lblChannel.font().name, "Sans");
+}
+
+TEST_F(LifeCycle, AnEmptyListShowsTheNoInstrumentScreenAndAListTheFrames)
+{
+    open();
+    EXPECT_TRUE(page().imgNoInst.visible());
+    for (const Frame* frame : {&page().frmStart, &page().frmStop, &page().frmDynamic, &page().frmStatic})
+        EXPECT_FALSE(frame->visible());
+    page().imgNoInst.userClicked();
+    EXPECT_EQ(host.takeMessages(), Texts{"Timebase Editor: This is an information screen. Please follow instructions "
+                                         "given in the screen. (64)"});
+
+    addDriver();
+    handOver();
+    EXPECT_FALSE(page().imgNoInst.visible());
+    EXPECT_TRUE(page().frmDynamic.visible());
+    EXPECT_FALSE(page().frmStatic.visible());
+    EXPECT_EQ(page().activeControl(), &page().optImmediate);
+    EXPECT_FALSE(page().isLoading);
+
+    fakes.clear();
+    handOver();
+    EXPECT_TRUE(page().imgNoInst.visible());
+    EXPECT_FALSE(page().frmStart.visible());
+    EXPECT_EQ(page().activeControl(), nullptr);
+}
+
+TEST_F(LifeCycle, HidingTakesTheFocusAwayAndKeepsTheContents)
+{
+    addDriver().sampleRange = {0.001, 1};
+    open();
+    ASSERT_TRUE(page().moveFocus(&page().txtSampleRate));
+    EXPECT_EQ(page().editFlags, 3);
+    EXPECT_EQ(page().txtSampleRate.selLength(), 4U);
+    document->UserDocument_Hide();
+    EXPECT_EQ(page().activeControl(), nullptr);
+    EXPECT_EQ(page().editFlags, 0);
+    EXPECT_FALSE(page().isShown);
+    EXPECT_EQ(page().txtSampleRate.text(), "1000");
+}
+
+TEST_F(LifeCycle, OnlyF1AloneOpensHelpAndIsSwallowed)
+{
+    document->mode().setClientSite(host.site());
+    for (const std::int16_t shift : std::initializer_list<std::int16_t>{0, 1, 2, 4}) {
+        KeyPress press{key::f1, shift};
+        page().keyDown(press);
+        EXPECT_EQ(press.keyCode, shift == 0 ? 0 : 112);
+    }
+    document->mode().setReadOnly(true);
+    document->menu().OnCommand(command::help);
+    EXPECT_EQ(host.topics, (std::vector<std::int32_t>{1007, 507}));
+}
+
+TEST_F(LifeCycle, EveryDocumentsEndTakesTheHelpFromTheDialogs)
+{
+    document->mode().setClientSite(host.site());
+    EXPECT_TRUE(shared.dialogs.setDateTime().IHelp);
+    EXPECT_EQ(shared.dialogs.selectChannel().helpContextId, 1004);
+    KeyPress press{key::f1, 0};
+    shared.dialogs.setDateTime().keyDown(press);
+    EXPECT_EQ(host.topics, std::vector<std::int32_t>{1005});
+    document.reset();
+    EXPECT_FALSE(shared.dialogs.advancedTrig().IHelp);
+    EXPECT_FALSE(shared.dialogs.selectChannel().IHelp);
+}
+
+TEST_F(LifeCycle, LoadingEndsWhateverFails)
+{
+    FakeDriver& driver = addDriver();
+    driver.failing = {"*"};
+    open();
+    EXPECT_FALSE(page().isLoading);
+    EXPECT_FALSE(page().driverChangesPending);
+    EXPECT_EQ(page().txtDuration.text(), "10");
+    EXPECT_EQ(driver.writes, Texts());
+    for (const std::string& report : host.takeReports())
+        EXPECT_TRUE(report.starts_with("KoTimebaseEditor:")) << report;
+    driver.failing.clear();
+    handOver();
+    EXPECT_TRUE(page().frmDynamic.visible());
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "document/TimebaseEditor.h"
+#include "fakes/FakeDriver.h"
+#include "fakes/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace ko::test {
+
+using Texts = std::vector<std::string>;
+
+/// A fresh component with one document. A test that ends with a message box or a report that it did not take fails.
+class DocumentTest : public testing::Test {
+protected:
+    FakePlatform host;
+    Shared shared{host.platform, {}};
+    std::unique_ptr<Document> document = std::make_unique<TimebaseEditor>(shared, host);
+    std::vector<std::shared_ptr<FakeDriver>> fakes;
+
+    Page& page() { return document->page(); }
+
+    /// A new driver at the end of the list that `handOver` hands over; `samplingMode` 2 makes it a static one.
+    FakeDriver& addDriver(std::int32_t samplingMode = 1)
+    {
+        fakes.push_back(std::make_shared<FakeDriver>());
+        fakes.back()->samplingMode = samplingMode;
+        return *fakes.back();
+    }
+    void handOver()
+    {
+        document->drivers().setNumberOfDrivers(static_cast<std::int32_t>(fakes.size()));
+        document->drivers().setDrivers(DriverList(fakes.begin(), fakes.end()));
+        document->drivers().DriversHaveChanged();
+    }
+    void open()
+    {
+        handOver();
+        document->UserDocument_Show();
+    }
+    /// The user puts the focus on the box and replaces its text by typing it, one change a character.
+    void type(TextBox& box, const std::string& text)
+    {
+        ASSERT_TRUE(page().moveFocus(&box)) << box.name();
+        for (const char c : text)
+            box.userTyped(std::string(1, c));
+    }
+    void TearDown() override
+    {
+        EXPECT_EQ(host.messages, Texts());
+        EXPECT_EQ(host.reports, Texts());
+    }
+};
+
+} // namespace ko::test
