@@ -74,13 +74,14 @@ bool NumberEntry::leave()
 
 void NumberEntry::apply(const Steps& step, double value)
 {
-    // A text that reads as the value in force stands for exactly that value: nothing is to be written.
-    const bool holds =
-        step.value([&] { return numberText(inForce(), support_.locale()) == numberText(value, support_.locale()); });
-    if (holds)
-        return;
     const Scoped guard(page_.isUpdating, true);
-    accept(step, value);
+    const auto holds = step.value([&] { return std::optional(inForce()); });
+    const auto text = [&](double number) { return numberText(number, support_.locale()); };
+    // A text that reads as the value in force stands for exactly that value: nothing is to be written.
+    if (holds && text(*holds) == text(value))
+        step([&] { show(*holds); });
+    else
+        accept(step, value);
 }
 
 void NumberEntry::putBack(const Steps& step)

@@ -1,0 +1,165 @@
+#include "fakes/DocumentTest.h"
+
+namespace ko::test {
+namespace {
+
+class HostInterfaces : public DocumentTest {
+protected:
+    std::int32_t enabled(std::int32_t commandId)
+    {
+        std::int32_t enable = -5;
+        document->menu().OnUpdateCommandUI(commandId, enable);
+        return enable;
+    }
+};
+
+TEST_F(HostInterfaces, AListIsTakenOverInTheAnnouncedNumber)
+{
+    addDriver();
+    addDriver(2);
+    addDriver();
+    EXPECT_TRUE(document->drivers().HasProcessedDriverChanges());
+    document->drivers().setNumberOfDrivers(1);
+    document->drivers().setDrivers(DriverList(fakes.begin(), fakes.end()));
+    EXPECT_EQ(page().currentDrivers().size(), 1U);
+    EXPECT_TRUE(page().hasDynamicDrivers);
+    EXPECT_FALSE(page().hasStaticDrivers);
+    EXPECT_FALSE(document->drivers().HasProcessedDriverChanges());
+    document->UserDocument_Show();
+    EXPECT_TRUE(document->drivers().HasProcessedDriverChanges());
+    handOver();
+    EXPECT_TRUE(page().hasStaticDrivers);
+    EXPECT_EQ(fakes[0]->calls["MeasurementMode"] > 0, true);
+}
+
+TEST_F(HostInterfaces, EachMissingElementIsOneReportAndTheRestIsTaken)
+{
+    addDriver(2);
+    document->drivers().setNumberOfDrivers(3);
+    document->drivers().setDrivers({fakes[0], nullptr});
+    EXPECT_EQ(host.takeReports(), (Texts{"KoTimebaseEditor:IKopDrivers_Drivers 91: Object variable not set",
+                                         "KoTimebaseEditor:IKopDrivers_Drivers 9: Subscript out of range"}));
+    EXPECT_TRUE(page().hasStaticDrivers);
+    EXPECT_FALSE(document->drivers().HasProcessedDriverChanges());
+    document->UserDocument_Show();
+    EXPECT_EQ(page().staticDriverIndex, 0);
+    document->drivers().setNumberOfDrivers(-2);
+    document->drivers().setDrivers({});
+    EXPECT_EQ(host.takeReports().size(), 1U);
+    EXPECT_TRUE(page().imgNoInst.visible());
+}
+
+TEST_F(HostInterfaces, AListForAShownPageClearsTheWiringWithoutReports)
+{
+    addDriver().hasLines = false;
+    open();
+    FakeDriver& wired = addDriver();
+    wired.startLine = 3;
+    wired.scanLine = 4;
+    wired.failing = {"setScanTriggerLine"};
+    handOver();
+    EXPECT_EQ(wired.startLine, -1);
+    EXPECT_EQ(wired.scanLine, 4);
+    document->UserDocument_Hide();
+    wired.startLine = 3;
+    document->drivers().setDrivers(DriverList(fakes.begin(), fakes.end()));
+    EXPECT_EQ(wired.startLine, 3) << "a hidden page waits for its next showing";
+}
+
+TEST_F(HostInterfaces, EditCommandsWorkOnTheFocusedBox)
+{
+    addDriver().sampleRange = {1e-6, 1};
+    open();
+    for (const std::int32_t id :
+         {command::copy, command::cut, command::erase, command::paste, command::acceptEntry, 99})
+        EXPECT_EQ(enabled(id), 0) << id;
+    EXPECT_EQ(enabled(command::help), 1);
+    document->menu().OnCommand(command::copy);
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:IKopMenu_OnCommand 13: Type mismatch"});
+
+    TextBox& box = page().txtSampleRate;
+    ASSERT_TRUE(page().moveFocus(&box));
+    EXPECT_EQ(enabled(command::copy), 1);
+    EXPECT_EQ(enabled(command::paste), 0) << "nothing on the clipboard";
+    document->menu().OnCommand(command::copy);
+    EXPECT_EQ(host.clipboardText, "1000");
+    EXPECT_EQ(enabled(command::paste), 1);
+    host.clipboardFails = true;
+    EXPECT_EQ(enabled(command::paste), 0);
+    host.clipboardFails = false;
+    box.select(1, 3);
+    document->menu().OnCommand(command::cut);
+    EXPECT_EQ(box.text(), "1");
+    EXPECT_EQ(enabled(command::copy), 0);
+    document->menu().OnCommand(command::paste);
+    EXPECT_EQ(box.text(), "1000");
+    box.select(0, 1);
+    document->menu().OnCommand(command::erase);
+    EXPECT_EQ(box.text(), "000");
+    EXPECT_FALSE(page().moveFocus(nullptr));
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    page().editFlags = editFlag::copy;
+    EXPECT_EQ(enabled(command::paste), 0) << "a box to copy from only";
+}
+
+TEST_F(HostInterfaces, TheClientSiteGivesItsViewsAndKeepsWhatItCannotReplace)
+{
+    document->menu().OnCommand(command::help);
+    EXPECT_TRUE(host.topics.empty());
+    document->mode().setClientSite(host.site());
+    host.offersStatus = false;
+    document->mode().setClientSite(host.site());
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:IKopMode_ClientSite 13: Type mismatch"});
+    EXPECT_TRUE(page().statusSite);
+    document->mode().setClientSite(nullptr);
+    EXPECT_FALSE(page().statusSite);
+    EXPECT_FALSE(shared.dialogs.setDateTime().IHelp);
+}
+
+TEST_F(HostInterfaces, ReadOnlyFollowsAtOnceWhileShownAndWritesNothing)
+{
+    FakeDriver& driver = addDriver();
+    document->mode().setReadOnly(true);
+    EXPECT_TRUE(page().frmStart.enabled()) << "an empty page only stores the flag";
+    document->mode().setReadOnly(false);
+    open();
+    driver.writes.clear();
+    const int changes = host.changes;
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    document->mode().setReadOnly(true);
+    for (const Control* control : {static_cast<Control*>(&page().frmStart), static_cast<Control*>(&page().frmStop),
+                                   static_cast<Control*>(&page().frmStatic), static_cast<Control*>(&page().frmDynamic),
+                                   static_cast<Control*>(&page().optImmediate), static_cast<Control*>(&page().optAfter),
+                                   static_cast<Control*>(&page().optStartTime)})
+        EXPECT_FALSE(control->enabled()) << control->name();
+    EXPECT_EQ(page().activeControl(), nullptr);
+    EXPECT_EQ(page().editFlags, 0);
+    EXPECT_EQ(host.changes, changes);
+    document->UserDocument_Hide();
+    document->UserDocument_Show();
+    EXPECT_EQ(page().activeControl(), nullptr) << "a read-only page does not take the focus";
+    document->mode().setReadOnly(false);
+    EXPECT_TRUE(page().frmStart.enabled());
+    EXPECT_FALSE(page().isLoading);
+}
+
+TEST_F(HostInterfaces, PrintingUsesTheNamedPrinterAndItsSixSettings)
+{
+    const DeviceMode mode{2, 1, 3, 2, 1, 600};
+    document->print().DefaultPrint("Second", mode);
+    EXPECT_EQ(host.printing, (Texts{"current 1", "copies 2", "color 1", "duplex 3", "orientation 2", "paper 1",
+                                    "quality 600", "print TimebaseEditor", "end"}));
+    host.printing.clear();
+    host.printerFails = true;
+    document->print().DefaultPrint("second", mode);
+    EXPECT_EQ(host.printing, (Texts{"print TimebaseEditor", "end"})) << "names are compared exactly";
+    EXPECT_EQ(host.takeReports().size(), 6U);
+    document->print().setPrintMode(7);
+    EXPECT_EQ(document->print().PrintMode(), 7);
+    std::string description;
+    document->print().GetPrintModeDescription(description);
+    EXPECT_EQ(description, "Timebase Editor");
+}
+
+} // namespace
+} // namespace ko::test

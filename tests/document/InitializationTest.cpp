@@ -1,0 +1,187 @@
+#include "fakes/DocumentTest.h"
+
+#include <limits>
+
+namespace ko::test {
+namespace {
+
+class Initialization : public DocumentTest {
+protected:
+    static void setSchedule(FakeDriver& driver, std::int32_t start, double time, std::int32_t stop, float duration)
+    {
+        driver.startMode = start;
+        driver.startTime = {time};
+        driver.stopMode = stop;
+        driver.duration = duration;
+    }
+    Texts writesOf(FakeDriver& driver) { return std::exchange(driver.writes, {}); }
+};
+
+TEST_F(Initialization, TheFirstDriverOfEachKindIsShown)
+{
+    addDriver(2).hasTimebase = false;
+    FakeDriver& still = addDriver(2);
+    addDriver().samplePeriod = 0.004;
+    FakeDriver& other = addDriver();
+    other.measurementMode = 2;
+    still.scanPeriod = 0.5;
+    open();
+    EXPECT_EQ(page().dynamicDriverIndex, 2);
+    EXPECT_EQ(page().staticDriverIndex, 0) << "also one without a timebase";
+    EXPECT_EQ(page().txtSampleRate.text(), "250");
+    EXPECT_EQ(page().txtScanPeriod.text(), "");
+    EXPECT_EQ(other.scanPeriod, 0.1) << "nothing read, nothing pushed";
+}
+
+TEST_F(Initialization, ModesTimesAndTheLargestUnitAreShown)
+{
+    struct Case {
+        std::int32_t start, stop;
+        float duration;
+        const OptionButton Page::*startOption;
+        const OptionButton Page::*stopOption;
+        std::string text, unit, startText, stopText;
+    };
+    const std::string at = "11/21/2026 9:30:00 AM";
+    const Case cases[] = {
+        {0, 0, 90.0F, &Page::optImmediate, &Page::optAfter, "1.5", "minutes", "", ""},
+        {0, 0, 0.1F, &Page::optImmediate, &Page::optAfter, "0.1", "seconds", "", ""},
+        {2, 0, 86400.0F, &Page::optOnTrigger, &Page::optAfter, "1", "days", "", ""},
+        {1, 0, 3600.0F, &Page::optStartTime, &Page::optAfter, "1", "hours", at, ""},
+        {1, 1, 100.0F, &Page::optStartTime, &Page::optStopTime, "1.66666666666667", "minutes", at,
+         "11/21/2026 9:31:40 AM"},
+    };
+    for (const Case& it : cases) {
+        fakes.clear();
+        setSchedule(addDriver(), it.start, 46347 + 9.5 / 24, it.stop, it.duration);
+        document->UserDocument_Hide();
+        open();
+        EXPECT_TRUE((page().*it.startOption).value()) << it.start;
+        EXPECT_TRUE((page().*it.stopOption).value()) << it.start;
+        EXPECT_EQ(page().txtDuration.text(), it.text);
+        EXPECT_EQ(page().cmbInterval.text(), it.unit);
+        EXPECT_EQ(page().txtStartTime.text(), it.startText);
+        EXPECT_EQ(page().txtStopTime.text(), it.stopText);
+        EXPECT_TRUE(page().activeControl()->name().starts_with("opt"));
+    }
+}
+
+TEST_F(Initialization, AListUnderAShownPageKeepsThePagesSettingsAndANewFileBringsItsOwn)
+{
+    setSchedule(addDriver(), 0, 0, 0, 30);
+    open();
+    fakes.clear();
+    setSchedule(addDriver(), 1, 0.5, 0, 50);
+    handOver();
+    EXPECT_EQ(fakes[0]->duration, 30);
+    EXPECT_EQ(fakes[0]->startMode, 0);
+    document->UserDocument_Hide();
+    fakes.clear();
+    setSchedule(addDriver(), 1, 0.5, 0, 70);
+    open();
+    EXPECT_EQ(fakes[0]->duration, 70);
+    EXPECT_EQ(page().txtStartTime.text(), "12:00:00 PM");
+}
+
+TEST_F(Initialization, SettingsThatWereNeverReadAreNeverWritten)
+{
+    // A host that never says that drivers have changed, a page that opens read-only, and a list after an empty one.
+    setSchedule(addDriver(), 1, 0.25, 1, 45);
+    document->mode().setReadOnly(true);
+    document->drivers().setNumberOfDrivers(1);
+    document->drivers().setDrivers({fakes[0]});
+    document->UserDocument_Show();
+    EXPECT_EQ(fakes[0]->duration, 45);
+    document->mode().setReadOnly(false);
+    EXPECT_EQ(fakes[0]->duration, 45);
+    EXPECT_EQ(fakes[0]->startMode, 1);
+
+    document = std::make_unique<TimebaseEditor>(shared, host);
+    document->UserDocument_Show();
+    document->drivers().DriversHaveChanged();
+    EXPECT_FALSE(page().triggerVars);
+    document->drivers().setNumberOfDrivers(1);
+    document->drivers().setDrivers({fakes[0]});
+    EXPECT_EQ(fakes[0]->duration, 45);
+    EXPECT_TRUE(page().triggerVars);
+}
+
+TEST_F(Initialization, SettingsAreCapturedWholeFromOneDriver)
+{
+    setSchedule(addDriver(), 0, 0, 0, 11);
+    setSchedule(addDriver(), 1, 0.25, 0, 22);
+    fakes[0]->failing = {"Duration"};
+    open();
+    host.takeReports();
+    EXPECT_EQ(page().triggerVars, (TriggerVars{1, {0.25}, 0, 22}));
+    EXPECT_EQ(writesOf(*fakes[0]), (Texts{"setStartMode 1", "setStartTime 0.25", "setStopMode 0", "setDuration 22.0"}))
+        << "in this order";
+}
+
+TEST_F(Initialization, AStaticListNeverStartsOnATrigger)
+{
+    setSchedule(addDriver(2), 2, 0, 0, 10);
+    open();
+    EXPECT_EQ(fakes[0]->startMode, 0);
+    EXPECT_TRUE(page().optImmediate.value());
+    EXPECT_FALSE(page().frmDynamic.visible());
+}
+
+TEST_F(Initialization, FailuresAreReportedUnderTheProcedureAndTheRestIsLoaded)
+{
+    FakeDriver& driver = addDriver();
+    driver.failing = {"SamplePeriod", "StopMode"};
+    driver.blockRange = {16, 4096};
+    open();
+    EXPECT_EQ(page().txtSampleRate.text(), "");
+    EXPECT_EQ(page().lblSpanValue.caption(), "");
+    EXPECT_EQ(page().txtBlockSize.text(), "1024");
+    EXPECT_EQ(page().txtDuration.text(), "10");
+    EXPECT_TRUE(document->drivers().HasProcessedDriverChanges());
+    EXPECT_EQ(host.takeReports(), (Texts{"KoTimebaseEditor:initializeDocument 1000: SamplePeriod failed",
+                                         "KoTimebaseEditor:applyStartStop 1000: StopMode failed",
+                                         "KoTimebaseEditor:initializeDocument 1000: StopMode failed"}));
+}
+
+TEST_F(Initialization, BytesAreSummedPerKindAndWhatFailsIsLeftOut)
+{
+    FakeDriver& still = addDriver(2);
+    still.groups = {{"A", {{}, {}, {}, {}}}, {"B", {{}}}};
+    still.groups[0].channels[3].enabled = 0;
+    still.groups[1].channels[0].enabled = false;
+    still.numberOfScans = 1000;
+    EXPECT_EQ(staticDriverBytes(still), 13106);
+    addDriver(2).numberOfScans = std::numeric_limits<std::int32_t>::max();
+    addDriver(2);
+    addDriver().dynamicBytes = 1e10;
+    addDriver().failing = {"DynamicBytes"};
+    const DriverList list(fakes.begin(), fakes.end());
+    const ByteTotals totals = sumDriverBytes(list);
+    EXPECT_EQ(totals.staticBytes, 13106 + 416);
+    EXPECT_EQ(totals.dynamicBytes, 1e10);
+    still.groups[1].channels[0].enabled = Value();
+    EXPECT_EQ(countEnabledChannels(still), 4) << "an empty value is not integer 0";
+}
+
+TEST_F(Initialization, ChannelsAreDescribedByNameOrAddress)
+{
+    FakeDriver& driver = addDriver();
+    driver.name = "Digitizer";
+    driver.groups = {{"Inputs", {{"1:2:3", "Crank"}, {"1:2:3", ""}, {"2:3", ""}, {"odd", ""}}}};
+    const auto describe = [&](std::int32_t group, std::int32_t channel, bool raw = false) {
+        return describeChannel(&driver, group, channel, raw, shared.support.strings, {});
+    };
+    EXPECT_EQ(describeChannel(nullptr, 0, 0, false, shared.support.strings, {}), "");
+    EXPECT_EQ(describe(-1, -1), "Digitizer");
+    EXPECT_EQ(describe(0, -1), "Digitizer - Inputs");
+    EXPECT_EQ(describe(0, 0), "Crank");
+    EXPECT_EQ(describe(0, 1), "Mainframe: 1 Slot: 2 Channel: 3");
+    EXPECT_EQ(describe(0, 2), "Slot: 2 Channel: 3");
+    EXPECT_EQ(describe(0, 1, true), "1:2:3");
+    EXPECT_EQ(describe(0, 3), "odd");
+    driver.failing = {"GroupName"};
+    EXPECT_EQ(describe(0, -1), "Digitizer - trigger Inputs");
+}
+
+} // namespace
+} // namespace ko::test

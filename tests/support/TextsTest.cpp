@@ -1,0 +1,131 @@
+#include "fakes/FakePlatform.h"
+#include "platform/CaptionControls.h"
+#include "platform/ComboBox.h"
+#include "platform/Grid.h"
+#include "platform/TextBox.h"
+#include "support/LocaleSettings.h"
+#include "support/ResourceUtils.h"
+
+#include <gtest/gtest.h>
+
+namespace ko::test {
+namespace {
+
+std::int32_t failureOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const Failure& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+TEST(StringTableTest, KeepsBlanksAndQuotesAndLacksWhatIsNotThere)
+{
+    const StringTable english;
+    EXPECT_EQ(english.text(1146), " to ");
+    EXPECT_EQ(english.text(1129),
+              "Start recording at the specified time/date (press the \"...\" button to set the time/date)");
+    EXPECT_EQ(english.text(1351), english.text(1101));
+    for (const int missing : {1117, 1099, 1173, 0, -1})
+        EXPECT_EQ(failureOf([&] { (void)english.text(missing); }), failure::resourceNotFound) << missing;
+}
+
+TEST(StringTableTest, AnotherLanguageLiesOverTheEnglishTexts)
+{
+    const StringTable german("# Deutsch\n\n1109 \"Sekunden\"\r\n1146 \" bis \"");
+    EXPECT_EQ(german.text(1109), "Sekunden");
+    EXPECT_EQ(german.text(1146), " bis ");
+    EXPECT_EQ(german.text(1110), "minutes");
+    EXPECT_EQ(failureOf([&] { (void)german.text(1117); }), failure::resourceNotFound);
+}
+
+TEST(StringTableTest, ALineThatCannotBeUnderstoodIsNamed)
+{
+    for (const char* line : {"seconds", "1109 seconds", "1109 \"", "1109\"x\"", "1109  \"x\"", "-5 \"x\"",
+                             "1109 \"x\" y", "99999999999 \"x\"", " 1109 \"x\""}) {
+        try {
+            const StringTable table(std::string("1109 \"ok\"\n") + line);
+            ADD_FAILURE() << line;
+        } catch (const Failure& failure) {
+            EXPECT_NE(std::string(failure.what()).find("line 2"), std::string::npos) << failure.what();
+        }
+    }
+}
+
+/// One control of every kind that the component's forms use.
+struct AnyForm : Form {
+    AnyForm() : Form("Any") {}
+    Frame frame{*this, "frame"};
+    Label label{*this, "label", &frame};
+    Label plain{*this, "plain"};
+    OptionButton option{*this, "option", &frame};
+    CommandButton button{*this, "button"};
+    Menu menu{*this, "menu"};
+    ComboBox list{*this, "list"};
+    TextBox box{*this, "box"};
+    Grid grid{*this, "grid"};
+    Image image{*this, "image"};
+};
+
+TEST(ResourceUtilsTest, TextsFontsAndHintsReachEveryKindOfControl)
+{
+    FakePlatform host;
+    const StringTable strings;
+    Errors errors(strings, host.platform.createErrorReporter);
+    const Steps step(errors, "Form_Load");
+    AnyForm form;
+    form.setCaption("54");
+    form.setFont({.name = "Face", .size = 8, .bold = true, .weight = 600});
+    form.frame.setTag("2");
+    form.label.setTag("13");
+    form.plain.setTag("0");
+    form.plain.setCaption("as designed");
+    form.option.setTag("8");
+    form.button.setTag("17");
+    form.menu.setTag("26");
+    form.list.setItems({{"own", 0}, {"", 9}, {"", 17}});
+    form.list.select(1);
+    form.list.setToolTipText("37");
+    form.box.setToolTipText("no number");
+    form.grid.setToolTipText("35");
+
+    loadFormCaption(step, strings, form, 1100);
+
+    EXPECT_EQ(form.caption(), "Timebase Editor");
+    EXPECT_EQ(form.frame.caption(), "Stop Recording:");
+    EXPECT_EQ(form.label.caption(), "Trigger Channel");
+    EXPECT_EQ(form.plain.caption(), "as designed");
+    EXPECT_EQ(form.option.caption(), "&After");
+    EXPECT_EQ(form.menu.caption(), "&Timebase");
+    EXPECT_EQ(form.list.items(), (std::vector<ComboBox::Item>{{"own", 0}, {"seconds", 9}, {"", 17}}));
+    EXPECT_EQ(form.list.index(), 1);
+    EXPECT_EQ(form.box.toolTipText(), "no number");
+    EXPECT_EQ(form.box.font().name, "Face");
+    EXPECT_EQ(form.box.font().weight, 600);
+    EXPECT_FALSE(form.box.font().bold);
+    EXPECT_EQ(form.menu.font().name, "");
+    EXPECT_TRUE(form.grid.colHeaderStyle().font.bold);
+    EXPECT_FALSE(form.grid.standardStyle().font.bold);
+    EXPECT_EQ(form.grid.standardStyle().font.name, "Face");
+    // The button and the list's third entry ask for 1117, which does not exist; all others were loaded.
+    EXPECT_EQ(host.takeReports().size(), 2U);
+
+    moveToolTipsToTags(form);
+    EXPECT_EQ(form.list.tag(), "Select the interval associated with the elapsed recording time");
+    EXPECT_EQ(form.list.toolTipText(), "");
+    EXPECT_EQ(form.grid.tag(), "Set the desired trigger condition(s)");
+    EXPECT_EQ(form.frame.tag(), "");
+    EXPECT_EQ(form.label.tag(), "13");
+    EXPECT_EQ(form.menu.tag(), "26");
+}
+
+TEST(LocaleSettingsTest, AreReadAndSettingsThatAreNoNumbersCountAsZero)
+{
+    EXPECT_EQ(readLocaleSettings({.timeFormat = "HH:mm:ss", .timeIs24Hour = "1", .timeLeadingZero = "x"}),
+              (LocaleSettings{"HH:mm:ss", 1, 0, ":", "AM", "PM"}));
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,302 @@
+#include "fakes/DocumentTest.h"
+
+#include <cmath>
+
+namespace ko::test {
+namespace {
+
+const std::string dynamicLimit =
+    "Error: Total required disk space for dynamic measurements can never exceed the maximum file size of 2 Gb "
+    "regardless of available disk space. Reduce the duration or sample rate. (48)";
+const std::string staticLimit =
+    "Error: Total required disk space for static measurements can never exceed the maximum file size of 2 Gb "
+    "regardless of available disk space. Reduce the duration or scan rate. (48)";
+
+Texts texts(const ComboBox& list)
+{
+    Texts texts;
+    for (const auto& item : list.items())
+        texts.push_back(item.text);
+    return texts;
+}
+
+class Editors : public DocumentTest {
+protected:
+    /// A driver with lists for all three quantities.
+    FakeDriver& addLists()
+    {
+        FakeDriver& driver = addDriver();
+        driver.sampleChoices = {0.001, 0.002, 1.0 / 51200};
+        driver.blockChoices = {512, 1024, 2048};
+        driver.scanChoices = {0.1, 0.2, 1.0 / 3};
+        return driver;
+    }
+    FakeDriver& addRanges()
+    {
+        FakeDriver& driver = addDriver();
+        driver.sampleRange = {1e-6, 1};
+        driver.blockRange = {16, 4096};
+        driver.scanRange = {0.01, 100};
+        return driver;
+    }
+    /// Makes the driver's recording too large below this sample period, as if it lasted long.
+    static void limitPeriod(FakeDriver& driver, double seconds)
+    {
+        driver.bytes = [seconds](const FakeDriver& it) { return it.samplePeriod < seconds ? 3e9 : 1000.0; };
+    }
+    void refused(TextBox& box, const std::string& text, const std::string& message, const std::string& inForce)
+    {
+        ASSERT_TRUE(page().moveFocus(&box));
+        box.userReplaced(text, 0, 0);
+        EXPECT_TRUE(box.marked()) << text;
+        EXPECT_FALSE(page().moveFocus(&page().optImmediate)) << text;
+        EXPECT_EQ(host.takeMessages(), Texts{"Invalid input: " + message + " (48)"}) << text;
+        EXPECT_EQ(box.text(), inForce) << text;
+        EXPECT_EQ(box.selLength(), inForce.size()) << text;
+        EXPECT_FALSE(box.marked());
+        EXPECT_TRUE(page().moveFocus(&page().optImmediate)) << text;
+    }
+};
+
+TEST_F(Editors, ListsAreShownWithTheEntryInForceSelected)
+{
+    addLists();
+    addDriver(2).scanChoices = {0.2, 0.1};
+    open();
+    EXPECT_TRUE(page().cmbSampleRate.visible());
+    EXPECT_FALSE(page().txtSampleRate.visible());
+    EXPECT_EQ(texts(page().cmbSampleRate), (Texts{"1000", "500", "51200"}));
+    EXPECT_EQ(texts(page().cmbSamplePeriod), (Texts{"0.001", "0.002", "1.953125E-05"}));
+    EXPECT_EQ(page().cmbSampleRate.index(), 0);
+    EXPECT_EQ(page().cmbBlockSize.text(), "1024");
+    EXPECT_EQ(texts(page().cmbScanRate), (Texts{"10", "5"}));
+    EXPECT_EQ(page().cmbScanPeriod.text(), "0.1");
+    EXPECT_EQ(page().lblSpanValue.caption(), "390.625 Hz");
+}
+
+TEST_F(Editors, BoxesAreShownWithoutListsAndWhereNothingCanBeAcceptedTheyAreDisabled)
+{
+    FakeDriver& driver = addRanges();
+    driver.samplePeriod = 1.0 / 25600;
+    driver.blockSize = 8;
+    open();
+    EXPECT_EQ(page().txtSampleRate.text(), "25600");
+    EXPECT_EQ(page().txtSamplePeriod.text(), "3.90625E-05");
+    EXPECT_EQ(page().lblSpanValue.caption(), "10000 Hz");
+    EXPECT_EQ(page().txtBlockSize.text(), "16") << "clamped into the range";
+    EXPECT_TRUE(page().txtBlockSize.enabled());
+    driver.blockRange = {};
+    driver.sampleRange = {2, 1};
+    handOver();
+    EXPECT_EQ(page().txtBlockSize.text(), "0");
+    EXPECT_FALSE(page().txtBlockSize.enabled());
+    EXPECT_FALSE(page().txtSampleRate.enabled());
+    EXPECT_EQ(driver.blockSize, 8);
+}
+
+TEST_F(Editors, AChoiceIsWrittenToTheCurrentDriverAndBothListsFollow)
+{
+    FakeDriver& first = addLists();
+    FakeDriver& second = addLists();
+    open();
+    const int changes = host.changes;
+    page().cmbSampleRate.userChose(1);
+    EXPECT_EQ(first.samplePeriod, 0.002);
+    EXPECT_EQ(second.samplePeriod, 0.001);
+    EXPECT_EQ(page().cmbSamplePeriod.index(), 1);
+    EXPECT_EQ(page().lblSpanValue.caption(), "195.3125 Hz");
+    EXPECT_EQ(host.changes, changes + 1);
+    page().cmbSamplePeriod.userChose(2);
+    EXPECT_NEAR(first.samplePeriod, 1.0 / 51200, 1e-18);
+    EXPECT_EQ(page().cmbSampleRate.text(), "51200");
+    page().cmbBlockSize.userChose(2);
+    EXPECT_EQ(first.blockSize, 2048);
+    page().cmbScanPeriod.userChose(2);
+    EXPECT_EQ(page().hasStaticDrivers, false);
+    EXPECT_EQ(first.scanPeriod, 0.1) << "the scan lists act only with static drivers";
+}
+
+TEST_F(Editors, WhatADriverMakesOfAChoiceIsWhatTheListsShow)
+{
+    FakeDriver& driver = addLists();
+    open();
+    driver.keeps = [](double) { return 0.002; };
+    page().cmbSampleRate.userChose(2);
+    EXPECT_EQ(page().cmbSampleRate.text(), "500") << "rounded";
+    page().cmbSampleRate.userChose(0);
+    EXPECT_EQ(page().cmbSampleRate.text(), "500") << "refused: nothing changed";
+    driver.keeps = [](double) { return 0.1234; };
+    page().cmbSampleRate.userChose(0);
+    EXPECT_EQ(page().cmbSampleRate.index(), 0) << "no entry of its own: stays where chosen";
+    driver.keeps = [](double) { return 512; };
+    page().cmbBlockSize.userChose(2);
+    EXPECT_EQ(page().cmbBlockSize.text(), "512");
+    driver.failing = {"setSamplePeriod"};
+    page().cmbSampleRate.userChose(1);
+    EXPECT_EQ(page().cmbSampleRate.index(), 0);
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:cmbSampleRate_Click 1000: setSamplePeriod failed"});
+}
+
+TEST_F(Editors, AScanPeriodReachesEveryDriver)
+{
+    FakeDriver& dynamic = addLists();
+    FakeDriver& still = addDriver(2);
+    FakeDriver& without = addDriver(2);
+    without.hasTimebase = false;
+    open();
+    page().cmbScanRate.userChose(1);
+    EXPECT_EQ(dynamic.scanPeriod, 0.2);
+    EXPECT_EQ(still.scanPeriod, 0.2);
+    EXPECT_EQ(page().cmbScanPeriod.text(), "0.2");
+    page().cmbScanPeriod.userChose(2);
+    EXPECT_EQ(page().cmbScanRate.text(), "3");
+    EXPECT_EQ(without.writes, Texts());
+}
+
+TEST_F(Editors, TypingWritesEachValidTextAndTheOtherBoxFollows)
+{
+    FakeDriver& driver = addRanges();
+    addDriver(2).scanRange = {0.01, 100};
+    open();
+    type(page().txtSamplePeriod, "0.01");
+    EXPECT_EQ(driver.samplePeriod, 0.01);
+    EXPECT_EQ(page().txtSampleRate.text(), "100");
+    EXPECT_EQ(page().txtSamplePeriod.text(), "0.01");
+    type(page().txtScanRate, "1.5");
+    EXPECT_EQ(page().txtScanRate.text(), "1.5") << "the way over \"1.\" is open";
+    EXPECT_EQ(fakes[1]->scanPeriod, 1 / 1.5);
+    EXPECT_EQ(driver.scanPeriod, 1 / 1.5);
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.666666666666667");
+    type(page().txtBlockSize, "64.5");
+    EXPECT_EQ(driver.blockSize, 64) << "halves to even";
+    EXPECT_EQ(page().txtBlockSize.text(), "64") << "typed 64.5, the driver holds 64";
+}
+
+TEST_F(Editors, ARefusedTextKeepsTheFocusAndShowsTheValueInForce)
+{
+    FakeDriver& driver = addRanges();
+    addDriver(2).scanRange = {0.01, 100};
+    open();
+    refused(page().txtSampleRate, "9e9", "A valid real number in the range 1 to 1000000 is required.", "1000");
+    refused(page().txtSamplePeriod, "abc", "A valid real number is required.", "0.001");
+    refused(page().txtBlockSize, "15", "A valid integer in the range 16 to 4096 is required.", "1024");
+    refused(page().txtScanRate, "-1", "A valid real number in the range 0.01 to 100 is required.", "10");
+    refused(page().txtScanPeriod, "", "A valid real number is required.", "0.1");
+    EXPECT_EQ(driver.samplePeriod, 0.001);
+    bool allowed = true;
+    type(page().txtBlockSize, "x");
+    document->state().OKToLeave(allowed);
+    EXPECT_FALSE(allowed);
+    document->menu().OnCommand(command::acceptEntry);
+    EXPECT_EQ(host.takeMessages().size(), 2U);
+    page().txtBlockSize.userUndid();
+    EXPECT_EQ(page().txtBlockSize.text(), "1024");
+    document->state().OKToLeave(allowed);
+    EXPECT_TRUE(allowed);
+}
+
+TEST_F(Editors, WalkingThroughTheBoxesChangesNothing)
+{
+    FakeDriver& driver = addRanges();
+    addDriver(2).scanPeriod = 1.0 / 7;
+    driver.samplePeriod = 1.0 / 3;
+    open();
+    driver.writes.clear();
+    const int changes = host.changes;
+    for (TextBox* box : {&page().txtSampleRate, &page().txtSamplePeriod, &page().txtBlockSize, &page().txtScanRate,
+                         &page().txtScanPeriod})
+        ASSERT_TRUE(page().moveFocus(box));
+    page().moveFocus(nullptr);
+    EXPECT_EQ(driver.writes, Texts());
+    EXPECT_EQ(driver.samplePeriod, 1.0 / 3);
+    EXPECT_EQ(host.changes, changes);
+}
+
+TEST_F(Editors, TheLimitTakesBackWhatItRefusesWithOneMessage)
+{
+    FakeDriver& driver = addRanges();
+    FakeDriver& still = addDriver(2);
+    open();
+    limitPeriod(driver, 0.0005);
+    type(page().txtSampleRate, "5000");
+    EXPECT_EQ(host.takeMessages(), Texts{dynamicLimit});
+    EXPECT_EQ(driver.samplePeriod, 0.002) << "500 was accepted on the way";
+    EXPECT_EQ(page().txtSampleRate.text(), "500");
+    EXPECT_EQ(page().txtSampleRate.selLength(), 3U);
+    driver.bytes = [](const FakeDriver& it) { return it.blockSize > 2000 ? 3e9 : 1000.0; };
+    page().txtBlockSize.userReplaced("2048", 0, 0);
+    EXPECT_EQ(host.takeMessages(), Texts{dynamicLimit});
+    EXPECT_EQ(driver.blockSize, 1024);
+    EXPECT_EQ(page().txtBlockSize.text(), "1024");
+    driver.bytes = nullptr;
+    still.groups = {{"Inputs", {{}}}};
+    still.numberOfScans = 536870912;
+    type(page().txtScanPeriod, "5");
+    EXPECT_EQ(host.takeMessages(), Texts{staticLimit});
+    EXPECT_EQ(driver.scanPeriod, 0.1);
+    EXPECT_EQ(still.scanPeriod, 0.1);
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.1");
+    EXPECT_EQ(page().txtScanRate.text(), "10");
+}
+
+TEST_F(Editors, RefusedChoicesArePutBackExceptInTheScanLists)
+{
+    FakeDriver& driver = addLists();
+    FakeDriver& still = addDriver(2);
+    still.scanPeriod = 0.1;
+    open();
+    limitPeriod(driver, 0.0005);
+    page().cmbSampleRate.userChose(2);
+    EXPECT_EQ(host.takeMessages(), Texts{dynamicLimit});
+    EXPECT_EQ(driver.samplePeriod, 0.001);
+    EXPECT_EQ(page().cmbSampleRate.index(), 0);
+    driver.bytes = [](const FakeDriver& it) { return it.blockSize > 2000 ? 3e9 : 1000.0; };
+    page().cmbBlockSize.userChose(2);
+    EXPECT_EQ(host.takeMessages(), Texts{dynamicLimit});
+    EXPECT_EQ(page().cmbBlockSize.text(), "1024");
+    driver.bytes = nullptr;
+    still.groups = {{"Inputs", {{}}}};
+    still.numberOfScans = 536870912;
+    page().cmbScanRate.userChose(1);
+    EXPECT_EQ(host.takeMessages(), Texts{staticLimit});
+    EXPECT_EQ(still.scanPeriod, 0.1);
+    EXPECT_EQ(page().cmbScanPeriod.text(), "0.2") << "both scan lists stay on the refused entry";
+    // Already over the limit: what brings it back under is accepted.
+    still.numberOfScans = 10;
+    limitPeriod(driver, 0.0015);
+    page().cmbSampleRate.userChose(1);
+    EXPECT_EQ(driver.samplePeriod, 0.002);
+}
+
+TEST_F(Editors, AFailingDriverIsReportedAndTheOthersAreServed)
+{
+    addDriver(2).failing = {"setScanPeriod", "ScanPeriod"};
+    FakeDriver& still = addDriver(2);
+    still.scanRange = {0.01, 100};
+    open();
+    host.takeReports();
+    type(page().txtScanPeriod, "5");
+    EXPECT_EQ(still.scanPeriod, 5);
+    const Texts reports = host.takeReports();
+    EXPECT_FALSE(reports.empty());
+    for (const std::string& report : reports)
+        EXPECT_TRUE(report.starts_with("KoTimebaseEditor:setDriversScanRate 1000") ||
+                    report.starts_with("KoTimebaseEditor:txtScanPeriod_Change 1000"))
+            << report;
+}
+
+TEST_F(Editors, HintsWithRangesAreGivenForTheStaticBoxesOnly)
+{
+    addRanges();
+    addDriver(2).scanRange = {0.01, 50};
+    open();
+    document->mode().setClientSite(host.site());
+    for (TextBox* box : {&page().txtSampleRate, &page().txtSamplePeriod, &page().txtBlockSize, &page().txtDuration,
+                         &page().txtScanRate, &page().txtScanPeriod})
+        ASSERT_TRUE(page().moveFocus(box));
+    EXPECT_EQ(host.hints, (Texts{"", "", "", "", "  A valid real number in the range 0.02 to 100 is required.",
+                                 "  A valid real number in the range 0.01 to 50 is required."}));
+}
+
+} // namespace
+} // namespace ko::test
