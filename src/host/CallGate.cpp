@@ -1,0 +1,97 @@
+#include "host/CallGate.h"
+
+#include "host/SetupWriter.h"
+#include "platform/Failure.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace ko {
+
+namespace {
+
+std::optional<std::int32_t> callNumber(std::string_view operation)
+{
+    std::int32_t number = 0;
+    const char* const end = operation.data() + operation.size();
+    if (operation.size() < 2 || operation.front() != '#')
+        return std::nullopt;
+    const auto [stop, error] = std::from_chars(operation.data() + 1, end, number);
+    if (error != std::errc{} || stop != end || number < 1)
+        return std::nullopt;
+    return number;
+}
+
+} // namespace
+
+bool CallGate::fail(const SimulatedFailure& failure)
+{
+    const auto operation = findOperation(failure.operation);
+    const auto number = callNumber(failure.operation);
+    if (operation)
+        heal(failure.operation);
+    else if (!number)
+        return false;
+    planned_.push_back({failure, operation, calls_ + number.value_or(0)});
+    return true;
+}
+
+bool CallGate::heal(std::string_view operation)
+{
+    const auto wanted = findOperation(operation);
+    if (!wanted && !callNumber(operation))
+        return false;
+    std::erase_if(planned_, [&](const Planned& p) {
+        return wanted ? p.operation == wanted : !p.operation && p.failure.operation == operation;
+    });
+    return true;
+}
+
+void CallGate::healAll()
+{
+    planned_.clear();
+}
+
+std::vector<SimulatedFailure> CallGate::failing() const
+{
+    std::vector<SimulatedFailure> result;
+    for (const Planned& planned : planned_) {
+        result.push_back(planned.failure);
+        result.back().operation =
+            planned.operation ? failingName(*planned.operation) : "#" + std::to_string(planned.call - calls_);
+    }
+    return result;
+}
+
+void CallGate::failIfPlanned(Operation operation)
+{
+    const auto found = std::find_if(planned_.begin(), planned_.end(), [&](const Planned& p) {
+        return p.operation ? *p.operation == operation : p.call == calls_;
+    });
+    if (found == planned_.end())
+        return;
+    const SimulatedFailure failure = found->failure;
+    if (!found->operation)
+        planned_.erase(found);
+    throw Failure(failure.number, failure.description);
+}
+
+template <class T> void CallGate::tell(Operation operation, Arguments arguments, const T& value) const
+{
+    const nlohmann::ordered_json json = toJson(value);
+    observer_->called({operation, arguments, json});
+}
+
+template void CallGate::tell(Operation, Arguments, const bool&) const;
+template void CallGate::tell(Operation, Arguments, const std::int32_t&) const;
+template void CallGate::tell(Operation, Arguments, const float&) const;
+template void CallGate::tell(Operation, Arguments, const double&) const;
+template void CallGate::tell(Operation, Arguments, const std::string&) const;
+template void CallGate::tell(Operation, Arguments, const DateTime&) const;
+template void CallGate::tell(Operation, Arguments, const Range&) const;
+template void CallGate::tell(Operation, Arguments, const Value&) const;
+template void CallGate::tell(Operation, Arguments, const std::vector<double>&) const;
+template void CallGate::tell(Operation, Arguments, const std::vector<std::int32_t>&) const;
+template void CallGate::tell(Operation, Arguments, const std::vector<std::string>&) const;
+
+} // namespace ko

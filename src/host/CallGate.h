@@ -1,0 +1,93 @@
+#pragma once
+
+#include "host/InstrumentSettings.h"
+#include "host/Operations.h"
+
+#include <initializer_list>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace ko {
+
+/// A call to a simulated driver that did not fail. What it refers to lives until `called` returns.
+struct DriverCall {
+    Operation operation = Operation::GroupCount;
+    std::initializer_list<std::int32_t> arguments;
+    const nlohmann::ordered_json& value; ///< answered by a read, requested by a write
+};
+
+/// Hears the calls to a simulated driver.
+class CallObserver {
+public:
+    virtual ~CallObserver() = default;
+
+    /// Asked before a call's value is made ready.
+    virtual bool hears(Operation operation) = 0;
+    virtual void called(const DriverCall& call) = 0;
+};
+
+/// The way into a simulated driver: every call is counted here, fails here when it is to fail, and is told to the
+/// observer.
+class CallGate {
+public:
+    using Arguments = std::initializer_list<std::int32_t>;
+
+    /// `observer` outlives the gate; null takes the one there was away.
+    void observe(CallObserver* observer) { observer_ = observer; }
+    [[nodiscard]] std::int64_t callCount() const { return calls_; }
+
+    /// False when the failure's operation is neither an operation's name nor "#N" with N from 1. The failure of
+    /// an operation replaces an earlier one.
+    bool fail(const SimulatedFailure& failure);
+    /// Lets the operation ("#N" as it was asked for) work again. False when the name is none, see `fail`.
+    bool heal(std::string_view operation);
+    void healAll();
+    /// What is to fail, calls by their number from now on.
+    [[nodiscard]] std::vector<SimulatedFailure> failing() const;
+
+    /// Answers what `answer` gives, unless the operation is to fail.
+    template <class Answer> auto read(Operation operation, Arguments arguments, const Answer& answer)
+    {
+        enter(operation);
+        auto value = answer();
+        if (isHeard(operation))
+            tell(operation, arguments, value);
+        return value;
+    }
+
+    /// Runs `change`, unless the operation is to fail.
+    template <class T, class Change>
+    void write(Operation operation, Arguments arguments, const T& value, const Change& change)
+    {
+        enter(operation);
+        change();
+        if (isHeard(operation))
+            tell(operation, arguments, value);
+    }
+
+private:
+    struct Planned {
+        SimulatedFailure failure;
+        std::optional<Operation> operation; ///< none: the call of the number `call`
+        std::int64_t call = 0;
+    };
+
+    [[nodiscard]] bool isHeard(Operation operation) const { return observer_ && observer_->hears(operation); }
+    void enter(Operation operation)
+    {
+        ++calls_;
+        if (!planned_.empty())
+            failIfPlanned(operation);
+    }
+    void failIfPlanned(Operation operation);
+
+    template <class T> void tell(Operation operation, Arguments arguments, const T& value) const;
+
+    CallObserver* observer_ = nullptr;
+    std::int64_t calls_ = 0;
+    std::vector<Planned> planned_;
+};
+
+} // namespace ko

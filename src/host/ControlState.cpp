@@ -1,0 +1,116 @@
+#include "host/ControlState.h"
+
+#include "host/Commands.h"
+
+namespace ko {
+
+namespace {
+
+Json textsOf(const std::vector<ComboBox::Item>& items)
+{
+    Json texts = Json::array();
+    for (const ComboBox::Item& item : items)
+        texts.push_back(item.text);
+    return texts;
+}
+
+const char* cellControlName(CellStyle::Control control)
+{
+    switch (control) {
+    case CellStyle::Control::check: return "check";
+    case CellStyle::Control::list: return "list";
+    case CellStyle::Control::edit: break;
+    }
+    return "edit";
+}
+
+Json rowState(const Grid& grid, std::int32_t row)
+{
+    const Grid::Cell& value = grid.cell(row, 1);
+    const std::string& id = grid.cell(row, 2).value;
+    const auto number = integerIn(id);
+    return {{"name", grid.cell(row, 0).value},         {"value", value.value},
+            {"id", number ? Json(*number) : Json(id)}, {"control", cellControlName(value.style.control)},
+            {"choices", value.style.choices},          {"editable", value.style.enabled && !value.style.readOnly}};
+}
+
+Json rowsOf(const Grid& grid)
+{
+    Json rows = Json::array();
+    for (std::int32_t row = 1; row <= grid.rowCount(); ++row)
+        rows.push_back(rowState(grid, row));
+    return rows;
+}
+
+void addContent(Json& state, const TextBox& box)
+{
+    state["text"] = box.text();
+    state["locked"] = box.locked();
+    state["selStart"] = box.selStart();
+    state["selLength"] = box.selLength();
+}
+
+void addContent(Json& state, const ComboBox& box)
+{
+    state["items"] = textsOf(box.items());
+    state["index"] = box.index();
+    state["text"] = box.text();
+}
+
+void addContent(Json& state, const CaptionControl& control)
+{
+    if (const auto* image = dynamic_cast<const Image*>(&control))
+        state["picture"] = image->picture();
+    else
+        state["caption"] = control.caption();
+    if (const auto* option = dynamic_cast<const OptionButton*>(&control))
+        state["value"] = option->value();
+}
+
+} // namespace
+
+Json controlState(const Control& control)
+{
+    Json state{{"type", control.typeName()},
+               {"enabled", control.enabled()},
+               {"visible", control.visible()},
+               {"tag", control.tag()}};
+    if (const auto* text = dynamic_cast<const TextBox*>(&control))
+        addContent(state, *text);
+    else if (const auto* combo = dynamic_cast<const ComboBox*>(&control))
+        addContent(state, *combo);
+    else if (const auto* caption = dynamic_cast<const CaptionControl*>(&control))
+        addContent(state, *caption);
+    else if (const auto* grid = dynamic_cast<const Grid*>(&control))
+        state["rows"] = rowsOf(*grid);
+    return state;
+}
+
+Json formState(const Form& form)
+{
+    return {{"type", "Form"}, {"caption", form.caption()}};
+}
+
+Json pageState(const Page& page)
+{
+    return {{"editFlags", page.editFlags},
+            {"readOnly", page.readOnly},
+            {"isShown", page.isShown},
+            {"isLoading", page.isLoading},
+            {"dynamicDriver", page.dynamicDriverIndex},
+            {"staticDriver", page.staticDriverIndex},
+            {"trigger", {{"slot", page.TriggerSlot}, {"channel", page.TriggerChannel}}},
+            {"lines",
+             {{"start", page.startTriggerLine},
+              {"sync", page.scanTriggerLine},
+              {"availableStart", page.availStartLines},
+              {"availableSync", page.availScanLines}}}};
+}
+
+std::string propertyText(const Json& property)
+{
+    return property.is_string() ? property.get<std::string>()
+                                : property.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+} // namespace ko

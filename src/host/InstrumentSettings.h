@@ -1,0 +1,118 @@
+#pragma once
+
+#include "interfaces/Values.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ko {
+
+/// What a simulated driver makes of a requested value. A value that is not finite is never kept.
+enum class Keeps {
+    Nearest, ///< the nearest choice, of two equally near ones the first; without choices as `Any`
+    Clamp,   ///< drawn into the range; without a range as `Any`
+    Any,     ///< the value as it is
+    Nothing  ///< the value it had
+};
+
+/// The rule's name in set-up files.
+std::string_view keepsName(Keeps keeps);
+
+/// A timebase quantity: a period in seconds or a block size in samples.
+struct QuantitySettings {
+    double value = 0.0;
+    std::vector<double> choices;
+    Range range; ///< 0 and 0: none
+    std::optional<Keeps> keeps;
+
+    bool operator==(const QuantitySettings&) const = default;
+
+    /// `keeps`, or what follows from the choices and the range.
+    [[nodiscard]] Keeps rule() const;
+    /// Takes what the rule makes of a requested value.
+    void request(double requested);
+};
+
+struct TimebaseSettings {
+    QuantitySettings samplePeriod{.value = 0.001, .choices = {}, .range = {}, .keeps = {}};
+    QuantitySettings blockSize{.value = 1024.0, .choices = {}, .range = {}, .keeps = {}};
+    QuantitySettings scanPeriod{.value = 0.1, .choices = {}, .range = {}, .keeps = {}};
+    DateTime startTime;
+    float duration = 10.0F; ///< seconds
+    std::int32_t stopMode = 0;
+    std::int32_t startMode = 0;
+
+    bool operator==(const TimebaseSettings&) const = default;
+};
+
+struct TriggerLineSettings {
+    std::int32_t startMasterRank = -1;
+    std::int32_t startTriggerLine = -1;
+    std::int32_t startTriggerInput = -1;
+    std::int32_t scanMasterRank = -1;
+    std::int32_t scanTriggerLine = -1;
+    std::int32_t scanTriggerInput = -1;
+    LineList startLinesAsMaster, startLinesAsListener;
+    LineList scanLinesAsMaster, scanLinesAsListener;
+
+    bool operator==(const TriggerLineSettings&) const = default;
+};
+
+struct ParameterSettings {
+    std::int32_t id = 0;
+    std::string name;
+    std::string type;
+    std::optional<double> minimum, maximum;
+    std::vector<std::string> choices;
+    Value value;
+
+    bool operator==(const ParameterSettings&) const = default;
+};
+
+struct ChannelSettings {
+    std::string address; ///< "mainframe:slot:channel" or "slot:channel"
+    std::string name;
+    Value enabled = std::int32_t{1};
+    bool canTrigger = true;
+    bool triggerSource = false;
+    std::vector<ParameterSettings> triggerParameters;
+
+    bool operator==(const ChannelSettings&) const = default;
+};
+
+struct GroupSettings {
+    std::string name;
+    std::vector<ChannelSettings> channels;
+
+    bool operator==(const GroupSettings&) const = default;
+};
+
+/// A failure that an operation is to raise.
+struct SimulatedFailure {
+    /// The operation's name ("SamplePeriod set"), or "#N" for the N-th call from now on.
+    std::string operation;
+    std::int32_t number = -2147467259;
+    std::string description = "simulated failure";
+
+    bool operator==(const SimulatedFailure&) const = default;
+};
+
+/// A simulated instrument, whole.
+struct InstrumentSettings {
+    std::string name;
+    std::int32_t measurementMode = 1;
+    std::int32_t samplingMode = 1;
+    std::vector<GroupSettings> groups;
+    bool hasTriggerParameters = true;
+    std::optional<TimebaseSettings> timebase;
+    std::optional<TriggerLineSettings> triggerLines;
+    std::optional<double> dynamicBytes; ///< fixes the figure
+    std::optional<std::int32_t> numberOfScans;
+    std::vector<SimulatedFailure> failing;
+
+    bool operator==(const InstrumentSettings&) const = default;
+};
+
+} // namespace ko

@@ -1,0 +1,199 @@
+#include "host/Scenario.h"
+
+#include "host/Commands.h"
+#include "host/InputError.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace ko {
+
+/// Tells the log of the calls to one driver.
+class Scenario::Listener final : public CallObserver {
+public:
+    Listener(Scenario& scenario, std::size_t driver) : scenario_(scenario), driver_(driver) {}
+
+    bool hears(Operation operation) override { return !scenario_.quiet && (scenario_.showReads || isWrite(operation)); }
+
+    void called(const DriverCall& call) override
+    {
+        Json members{{"driver", driver_}, {"operation", operationName(call.operation)}};
+        if (call.arguments.size() > 0)
+            members["arguments"] = call.arguments;
+        members["value"] = call.value;
+        scenario_.log.event(isWrite(call.operation) ? "write" : "read", members);
+    }
+
+private:
+    Scenario& scenario_;
+    std::size_t driver_;
+};
+
+Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
+    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), folder_(options.folder)
+{
+    takeSetup(options.setup);
+    platform_ =
+        std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,
+                                            [this] { return std::make_shared<LoggedErrors>(log); }});
+    component_.reset(createKoTimebaseEditor(*platform_, options.language));
+    makeDocument();
+}
+
+Scenario::~Scenario()
+{
+    log.mute();
+    document_.reset();
+}
+
+void Scenario::takeSetup(const Setup& setup)
+{
+    for (const auto& driver : drivers_)
+        driver->calls().observe(nullptr);
+    drivers_ = makeDrivers(setup);
+    listeners_.clear();
+    for (std::size_t i = 0; i < drivers_.size(); ++i) {
+        listeners_.push_back(std::make_unique<Listener>(*this, i));
+        drivers_[i]->calls().observe(listeners_[i].get());
+    }
+    title_ = setup.title;
+    if (setup.clock)
+        clock.time = setup.clock;
+}
+
+void Scenario::loadSetup(const std::string& file)
+{
+    takeSetup(ko::loadSetup((std::filesystem::path(folder_) / file).string()));
+}
+
+DriverList Scenario::driverList(std::size_t count) const
+{
+    const auto end = drivers_.begin() + static_cast<std::ptrdiff_t>(std::min(count, drivers_.size()));
+    return {drivers_.begin(), end};
+}
+
+SimulatedDriver& Scenario::driver(const std::string& word) const
+{
+    const auto index = integerIn(word);
+    if (index && *index >= 0 && static_cast<std::size_t>(*index) < drivers_.size())
+        return *drivers_[static_cast<std::size_t>(*index)];
+    const auto named = std::find_if(drivers_.begin(), drivers_.end(), [&](const auto& d) { return d->name() == word; });
+    if (named == drivers_.end())
+        refuse("there is no driver \"" + word + "\"");
+    return **named;
+}
+
+Document& Scenario::document() const
+{
+    if (!document_)
+        refuse("there is no document");
+    return *document_;
+}
+
+void Scenario::makeDocument()
+{
+    document_.reset();
+    document_ = component_->createDocument(changes_);
+}
+
+void Scenario::terminate()
+{
+    static_cast<void>(document()); // a fault where there is none
+    document_.reset();
+}
+
+Form& Scenario::form() const
+{
+    if (Form* const shown = dialogs.form())
+        return *shown;
+    return document().page();
+}
+
+bool Scenario::isFormShown() const
+{
+    return dialogs.form() ? dialogs.isOpen() : document().page().isShown;
+}
+
+Control& Scenario::control(const std::string& name) const
+{
+    Control* const found = form().find(name);
+    if (!found)
+        refuse("there is no control \"" + name + "\"");
+    return *found;
+}
+
+void Scenario::refuse(const std::string& what) const
+{
+    throw ScriptFault(log.line(), what);
+}
+
+bool Scenario::run(std::istream& script)
+{
+    ScriptReader reader(script);
+    reader_ = &reader;
+    while (const auto line = reader.next()) {
+        log.setLine(line->number);
+        execute(*line);
+        if (faultInDialog_)
+            throw ScriptFault(*faultInDialog_);
+    }
+    return !expectationFailed;
+}
+
+void Scenario::execute(const ScriptLine& line)
+{
+    const Command& command = understood(line, dialogs.form() != nullptr);
+    try {
+        command.run(*this, Arguments(*this, line));
+    } catch (const ScriptFault&) {
+        throw;
+    } catch (const InputError& error) {
+        throw ScriptFault(line.number, error.what());
+    } catch (const Failure& failure) {
+        // A handler of the page that leaves its failures to its caller.
+        LoggedErrors(log).ReportError(failure.number(), "korvell-host", failure.what(), 0, "", true);
+    } catch (const std::exception& error) {
+        LoggedErrors(log).ReportError(failure::unspecified, "korvell-host", error.what(), 0, "", true);
+    }
+}
+
+const Command& Scenario::understood(const ScriptLine& line, bool inDialog) const
+{
+    const std::string& name = line.words.front();
+    const auto faulty = [&](const std::string& what) { throw ScriptFault(line.number, what); };
+    const Command* const command = findCommand(name);
+    if (!command)
+        faulty("unknown command \"" + name + "\"");
+    if (command->run == notAvailable)
+        faulty("the command \"" + name + "\" is not available yet");
+    if (inDialog && command->giver == Giver::Host)
+        faulty("the command \"" + name + "\" has no place in a dialog block");
+    const std::size_t count = line.words.size() - 1;
+    if (count < command->least)
+        faulty("too few words behind \"" + name + "\"");
+    if (count > command->most)
+        faulty("too many words behind \"" + name + "\"");
+    return *command;
+}
+
+std::vector<ScriptLine> Scenario::readBlock()
+{
+    std::vector<ScriptLine> block = reader_->block(log.line());
+    std::for_each(block.begin(), block.end() - 1, [&](const ScriptLine& line) { understood(line, true); });
+    return block;
+}
+
+bool Scenario::playLine(const ScriptLine& line)
+{
+    try {
+        execute(line);
+        return !faultInDialog_;
+    } catch (const ScriptFault& fault) {
+        // The handler that shows the form would report the fault as a failure of its own.
+        faultInDialog_ = fault;
+        log.mute();
+        return false;
+    }
+}
+
+} // namespace ko

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "document/ClassFactory.h"
+#include "host/DialogPlayer.h"
+#include "host/HeadlessPlatform.h"
+#include "host/SetupFile.h"
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+namespace ko {
+
+struct Command;
+
+/// What a scenario starts from.
+struct ScenarioOptions {
+    Setup setup;
+    std::string folder;   ///< what the script's set-up files are relative to
+    Locale locale;        ///< English (United States) unless given
+    std::string language; ///< content of a string file, or empty
+};
+
+/// A run of a script: the component with a machine and a host around it that exist only as events, and the state that
+/// commands work on. Everything the page does on the way is written to the log.
+class Scenario {
+public:
+    /// `output` outlives the scenario. A language that cannot be understood fails (an exception).
+    Scenario(const ScenarioOptions& options, std::ostream& output);
+    ~Scenario();
+
+    /// Runs the script to its end; false when an expectation failed. A line that cannot be understood ends the run
+    /// with a `ScriptFault`.
+    bool run(std::istream& script);
+
+    // What commands use from here on. A fault of the line being run:
+    [[noreturn]] void refuse(const std::string& what) const;
+
+    EventLog log;
+    DialogPlayer dialogs;
+    LoggedMessageBox messageBox{log};
+    PlainClipboard clipboard;
+    SimulatedPrinters printers{log};
+    SimulatedScreen screen;
+    StandingClock clock;
+
+    /// Reads and writes are told unless the script wants quiet; reads only where it asks for them.
+    bool quiet = false;
+    bool showReads = false;
+    bool expectationFailed = false;
+
+    [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
+    [[nodiscard]] DriverList driverList(std::size_t count) const;
+    /// The driver of this index or name; a fault when there is none.
+    [[nodiscard]] SimulatedDriver& driver(const std::string& word) const;
+    [[nodiscard]] const std::string& title() const { return title_; }
+    /// Takes another set-up file's instruments, title and clock.
+    void loadSetup(const std::string& file);
+
+    /// The document; a fault when it has been terminated.
+    [[nodiscard]] Document& document() const;
+    void makeDocument();
+    void terminate();
+
+    /// The form that the user sees in front: the open dialog, else the page.
+    [[nodiscard]] Form& form() const;
+    /// False when the page is hidden or the dialog closed: the user cannot reach its controls.
+    [[nodiscard]] bool isFormShown() const;
+    /// The control of that form; a fault when there is none.
+    [[nodiscard]] Control& control(const std::string& name) const;
+
+    /// The lines up to `end`, each checked as far as it can be before it is run.
+    std::vector<ScriptLine> readBlock();
+
+private:
+    class Listener;
+
+    void takeSetup(const Setup& setup);
+    void execute(const ScriptLine& line);
+    const Command& understood(const ScriptLine& line, bool inDialog) const;
+    bool playLine(const ScriptLine& line);
+
+    std::string folder_;
+    std::string title_;
+    LoggedChanges changes_{log};
+    std::vector<std::unique_ptr<Listener>> listeners_;
+    SimulatedDrivers drivers_;
+    std::unique_ptr<Platform> platform_;
+    std::unique_ptr<Component> component_;
+    std::unique_ptr<Document> document_;
+    ScriptReader* reader_ = nullptr;
+    std::optional<ScriptFault> faultInDialog_;
+};
+
+} // namespace ko

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/InstrumentSettings.h"
+
+#include <nlohmann/json.hpp>
+
+namespace ko {
+
+/// An instrument in the shape of a set-up file; reading it gives the same instrument.
+nlohmann::ordered_json toJson(const InstrumentSettings& instrument);
+
+/// Values as events show them: times as day numbers, a range as its two bounds, the empty value as null. Doubles bring
+/// back the same double; numbers that are not finite become null.
+nlohmann::ordered_json toJson(const Value& value);
+nlohmann::ordered_json toJson(const Range& range);
+nlohmann::ordered_json toJson(const DateTime& time);
+
+/// Everything that JSON has of its own.
+template <class T> nlohmann::ordered_json toJson(const T& value)
+{
+    return value;
+}
+
+} // namespace ko

@@ -1,0 +1,184 @@
+#include "host/Commands.h"
+
+#include "platform/CaptionControls.h"
+#include "platform/ComboBox.h"
+#include "platform/Form.h"
+#include "platform/TextBox.h"
+#include "platform/Utf8.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ko {
+
+namespace {
+
+void tellInert(Scenario& scenario, const Control* control)
+{
+    scenario.log.event("inert", {{"control", control ? Json(control->name()) : Json()}});
+}
+
+/// Gives the user's input to a control, unless its form is out of the user's reach.
+template <class Input> void give(Scenario& scenario, const Control& control, const Input& input)
+{
+    if (!scenario.isFormShown() || input() == Outcome::Inert)
+        tellInert(scenario, &control);
+}
+
+/// The control as one of this type; a fault when it is another.
+template <class T> T& controlAs(const Scenario& scenario, const std::string& name, const char* use)
+{
+    auto* const control = dynamic_cast<T*>(&scenario.control(name));
+    if (!control)
+        scenario.refuse("the control \"" + name + "\" cannot be " + use);
+    return *control;
+}
+
+void focus(Scenario& scenario, const Arguments& words)
+{
+    Control& control = scenario.control(words.text(0));
+    give(scenario, control, [&] {
+        if (!control.takesFocus() || !control.isUsable())
+            return Outcome::Inert;
+        return scenario.form().moveFocus(&control) ? Outcome::Done : Outcome::Refused;
+    });
+}
+
+void leave(Scenario& scenario, const Arguments&)
+{
+    scenario.form().moveFocus(nullptr);
+}
+
+void type(Scenario& scenario, const Arguments& words)
+{
+    auto* const box = dynamic_cast<TextBox*>(scenario.form().activeControl());
+    if (!box || !scenario.isFormShown())
+        return tellInert(scenario, scenario.form().activeControl());
+    const std::string& text = words.text(0);
+    for (std::size_t at = 0, length = utf8Length(text); at < length; ++at)
+        if (box->userTyped(std::string(utf8Part(text, at, 1))) == Outcome::Inert)
+            return tellInert(scenario, box);
+}
+
+void text(Scenario& scenario, const Arguments& words)
+{
+    constexpr std::array<std::string_view, 2> pickers{"calDate", "dtpTimeSelector"};
+    if (std::find(pickers.begin(), pickers.end(), words.text(0)) != pickers.end())
+        scenario.refuse("the control \"" + words.text(0) + "\" is not available yet");
+    auto& box = controlAs<TextBox>(scenario, words.text(0), "written in");
+    give(scenario, box, [&] { return box.userReplaced(words.text(1), utf8Length(words.text(1)), 0); });
+}
+
+void select(Scenario& scenario, const Arguments& words)
+{
+    auto& box = controlAs<TextBox>(scenario, words.text(0), "selected in");
+    const std::int32_t start = words.integer(1), length = words.integer(2);
+    if (start < 0 || length < 0)
+        scenario.refuse("a selection begins at 0 and has no length below 0");
+    give(scenario, box,
+         [&] { return box.userSelected(static_cast<std::size_t>(start), static_cast<std::size_t>(length)); });
+}
+
+/// The entry of this text or, for `#3`, of this index; -1 when there is none.
+std::int32_t entryOf(const ComboBox& box, const std::string& entry)
+{
+    const auto& items = box.items();
+    const auto found = std::find_if(items.begin(), items.end(), [&](const auto& item) { return item.text == entry; });
+    if (found != items.end())
+        return static_cast<std::int32_t>(found - items.begin());
+    return entry.rfind('#', 0) == 0 ? integerIn(std::string_view(entry).substr(1)).value_or(-1) : -1;
+}
+
+void choose(Scenario& scenario, const Arguments& words)
+{
+    auto& box = controlAs<ComboBox>(scenario, words.text(0), "chosen from");
+    give(scenario, box, [&] { return box.userChose(entryOf(box, words.text(1))); });
+}
+
+void click(Scenario& scenario, const Arguments& words)
+{
+    auto& control = controlAs<PressControl>(scenario, words.text(0), "clicked");
+    give(scenario, control, [&] { return control.userClicked(); });
+}
+
+void doubleClick(Scenario& scenario, const Arguments& words)
+{
+    auto& box = controlAs<TextBox>(scenario, words.text(0), "double-clicked");
+    give(scenario, box, [&] { return box.userDoubleClicked(); });
+}
+
+struct KeyName {
+    std::string_view name;
+    std::int16_t value;
+};
+
+constexpr std::array shiftKeys{KeyName{"Shift+", 1}, KeyName{"Ctrl+", 2}, KeyName{"Alt+", 4}};
+
+KeyPress keyOf(const Scenario& scenario, const std::string& word)
+{
+    KeyPress press;
+    std::string_view rest = word;
+    for (bool found = true; found;) {
+        const auto shift = std::find_if(shiftKeys.begin(), shiftKeys.end(),
+                                        [&](const KeyName& s) { return rest.substr(0, s.name.size()) == s.name; });
+        found = shift != shiftKeys.end();
+        if (found) {
+            press.shift = static_cast<std::int16_t>(press.shift | shift->value);
+            rest.remove_prefix(shift->name.size());
+        }
+    }
+    const auto number = rest.substr(0, 1) == "F" ? integerIn(rest.substr(1)) : std::nullopt;
+    if (!number || *number < 1 || *number > 12)
+        scenario.refuse("\"" + word + "\" is no key such as F1 or Shift+F1");
+    press.keyCode = static_cast<std::int16_t>(key::f1 + *number - 1);
+    return press;
+}
+
+void keyCommand(Scenario& scenario, const Arguments& words)
+{
+    KeyPress press = keyOf(scenario, words.text(0));
+    const Form& form = scenario.form();
+    if (!scenario.isFormShown())
+        tellInert(scenario, nullptr);
+    else if (form.keyDown)
+        form.keyDown(press);
+}
+
+void dialog(Scenario& scenario, const Arguments& words)
+{
+    constexpr std::array<std::string_view, 3> forms{"SelectChannel", "AdvancedTrig", "SetDateTime"};
+    if (std::find(forms.begin(), forms.end(), words.text(0)) == forms.end())
+        scenario.refuse("there is no form \"" + words.text(0) + "\"");
+    scenario.dialogs.queue(words.text(0), scenario.readBlock());
+}
+
+void strayEnd(Scenario& scenario, const Arguments&)
+{
+    scenario.refuse("end without dialog");
+}
+
+constexpr Command commands[]{
+    {"focus", Giver::User, 1, 1, focus},
+    {"leave", Giver::User, 0, 0, leave},
+    {"type", Giver::User, 1, 1, type},
+    {"text", Giver::User, 2, 2, text},
+    {"select", Giver::User, 3, 3, select},
+    {"choose", Giver::User, 2, 2, choose},
+    {"click", Giver::User, 1, 1, click},
+    {"double-click", Giver::User, 1, 1, doubleClick},
+    {"cell", Giver::User, 2, 2, notAvailable},
+    {"key", Giver::User, 1, 1, keyCommand},
+    {"dialog", Giver::Host, 1, 1, dialog},
+    {"end", Giver::Host, 0, 0, strayEnd},
+    {"pick", Giver::User, 1, anyNumber, notAvailable},
+    {"activate", Giver::User, 2, 2, notAvailable},
+};
+
+} // namespace
+
+std::span<const Command> userCommands()
+{
+    return commands;
+}
+
+} // namespace ko

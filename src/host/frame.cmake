@@ -1,0 +1,9 @@
+# The frame window, with the page in it.
+ko_folder(frame SOURCES
+  FrameMenus.cpp
+  FrameSite.cpp
+  FrameWindow.cpp
+  Reports.cpp
+  WindowMain.cpp
+  LINKS KoTimebaseEditor ko_instruments ko_widgets
+)

@@ -1,0 +1,128 @@
+#include "host/InputError.h"
+#include "host/Scenario.h"
+#include "host/SystemLocale.h"
+#include "host/WindowMain.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+namespace {
+
+constexpr int expectationFailed = 1;
+constexpr int inputRefused = 2;
+
+struct CommandLine {
+    bool headless = false;
+    std::string locale;
+    std::string language;
+    std::string picture;
+    std::string setup;
+    std::string script = "-";
+};
+
+void declare(CLI::App& app, CommandLine& line)
+{
+    app.set_version_flag("--version", "korvell-host " KO_VERSION);
+    auto* const headless = app.add_flag("--headless", line.headless, "Run a script without a window");
+    app.add_option("--locale", line.locale,
+                   "\"system\": the user's regional settings instead of English (United States)")
+        ->check(CLI::IsMember({"system"}))
+        ->needs(headless);
+    app.add_option("--language", line.language, "String file, or language code (\"de\" for strings/de.txt)");
+    app.add_option("--picture", line.picture, "Paint the page into this file and leave")->excludes(headless);
+    app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments");
+    app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")->needs(headless);
+}
+
+/// The content of the string file that `language` names: a file, or a code for a file in one of the folders where
+/// string files are kept.
+std::string languageContent(const std::string& language, const std::filesystem::path& programFolder)
+{
+    namespace fs = std::filesystem;
+    if (language.empty() || language == "en")
+        return {};
+    for (const fs::path& file : {fs::path(language), fs::path("strings") / (language + ".txt"),
+                                 programFolder / "../share/KoTimebaseEditor/strings" / (language + ".txt")})
+        if (fs::is_regular_file(file))
+            return ko::readFile(file.string());
+    throw ko::InputError(language + ": neither a string file nor a language that there are strings for");
+}
+
+/// Opened once only: a script may come through a pipe.
+std::ifstream openScript(const std::string& file)
+{
+    std::ifstream script(file, std::ios::binary);
+    if (!script || std::filesystem::is_directory(file))
+        throw ko::InputError(file + ": cannot be opened");
+    return script;
+}
+
+std::unique_ptr<ko::Scenario> makeScenario(const ko::ScenarioOptions& options, const std::string& language)
+{
+    try {
+        return std::make_unique<ko::Scenario>(options, std::cout);
+    } catch (const std::exception& error) {
+        throw ko::InputError(language + ": " + error.what());
+    }
+}
+
+int runScript(ko::Scenario& scenario, std::istream& script, const std::string& name)
+{
+    try {
+        return scenario.run(script) ? 0 : expectationFailed;
+    } catch (const ko::ScriptFault& fault) {
+        throw ko::InputError(name, fault.line(), fault.what());
+    }
+}
+
+int runHeadless(const CommandLine& line, const std::string& language)
+{
+    ko::ScenarioOptions options;
+    options.setup = ko::loadSetup(line.setup);
+    options.language = language;
+    if (line.locale == "system")
+        options.locale = ko::systemLocale();
+    if (line.script == "-")
+        return runScript(*makeScenario(options, line.language), std::cin, "standard input");
+    options.folder = std::filesystem::path(line.script).parent_path().string();
+    std::ifstream script = openScript(line.script);
+    return runScript(*makeScenario(options, line.language), script, line.script);
+}
+
+int run(const CommandLine& line, int& argc, char** argv)
+{
+    const std::string language = languageContent(line.language, std::filesystem::path(argv[0]).parent_path());
+    if (!line.headless)
+        return ko::runWindow(argc, argv, {.setup = line.setup, .language = language, .picture = line.picture});
+    if (line.setup.empty())
+        throw ko::InputError("--headless needs a set-up file");
+    return runHeadless(line, language);
+}
+
+int launch(int& argc, char** argv)
+{
+    CLI::App app("Shows the timebase editor page on simulated instruments", "korvell-host");
+    CommandLine line;
+    declare(app, line);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : inputRefused;
+    }
+    return run(line, argc, argv);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return launch(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return inputRefused;
+    }
+}

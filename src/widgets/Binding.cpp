@@ -1,0 +1,56 @@
+#include "widgets/Binding.h"
+
+#include "widgets/FormView.h"
+
+#include <QWidget>
+
+namespace ko {
+
+Binding::Binding(FormView& view, Control& control, QWidget& widget) : view_(view), control_(control), widget_(widget)
+{
+    widget.setObjectName(toQt(control.name()));
+    control.view = [this](Aspect aspect) { refresh(aspect); };
+}
+
+Binding::~Binding()
+{
+    control_.view = nullptr;
+}
+
+void Binding::refreshAll()
+{
+    for (const Aspect aspect :
+         {Aspect::Font, Aspect::Items, Aspect::Text, Aspect::Selection, Aspect::Hint, Aspect::Mark, Aspect::Usability})
+        refresh(aspect);
+}
+
+void Binding::refresh(Aspect aspect)
+{
+    switch (aspect) {
+    case Aspect::Usability: refreshUsability(); break;
+    case Aspect::Hint: refreshHint(); break;
+    case Aspect::Font:
+        if (control_.hasFont())
+            applyFont(widget_, control_.font(), control_.form().font());
+        break;
+    default: break;
+    }
+}
+
+void Binding::refreshHint()
+{
+    const QString hint = toQt(control_.tag());
+    widget_.setStatusTip(hint);
+    widget_.setAccessibleDescription(hint);
+}
+
+void Binding::refreshUsability()
+{
+    // A widget that goes hands the toolkit's focus to a neighbour of its own choice.
+    const FocusKeeper::Hold hold(view_.focus());
+    widget_.setEnabled(control_.enabled());
+    widget_.setVisible(control_.visible());
+    view_.focus().followLater();
+}
+
+} // namespace ko

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/CaptionControls.h"
+#include "platform/ComboBox.h"
+#include "platform/Grid.h"
+#include "platform/TextBox.h"
+#include "widgets/Binding.h"
+#include "widgets/FocusKeeper.h"
+
+#include <QWidget>
+#include <map>
+#include <memory>
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPushButton;
+class QRadioButton;
+class QTableWidget;
+
+namespace ko {
+
+/// The surface on which a form is shown: makes the widgets of its controls, bound to them, and keeps the focus with
+/// the form. Whoever lays the form out puts the widgets where they belong; the surface owns them.
+///
+/// The form outlives its view, and has one view at a time.
+class FormView : public QWidget {
+public:
+    FormView(Form& form, Texts texts, QWidget* parent = nullptr);
+    ~FormView() override;
+
+    [[nodiscard]] Form& form() const { return form_; }
+    [[nodiscard]] FocusKeeper& focus() { return focus_; }
+    [[nodiscard]] QString text(int number) const { return texts_(number); }
+
+    QLineEdit& textBox(TextBox& control);
+    /// A text box for numbers, which stand at the right.
+    QLineEdit& numberBox(TextBox& control);
+    QComboBox& comboBox(ComboBox& control);
+    /// A list of numbers, which stand at the right.
+    QComboBox& numberList(ComboBox& control);
+    QRadioButton& option(OptionButton& control);
+    QPushButton& button(CommandButton& control);
+    /// `fields` are what the label names, made before it: its mnemonic leads to the one that is shown, and they take
+    /// their accessible names from it.
+    QLabel& label(Label& control, const std::vector<Control*>& fields = {});
+    /// A value that the form shows, named by `title`.
+    QLabel& value(Label& control, Label& title);
+    QGroupBox& frame(Frame& control);
+    QTableWidget& grid(Grid& control);
+    /// Shows an image in `picture`, a widget of the caller's making; a click on it clicks the image.
+    void image(Image& control, QWidget& picture);
+    /// A menu with the items that stand in it.
+    QMenu& menu(Menu& control, const std::vector<Menu*>& items);
+
+    /// The widget of a control, null when it has none.
+    [[nodiscard]] QWidget* widget(const Control& control) const;
+
+    /// The form's caption, its place, the control that has the focus, or a control's mark has changed.
+    std::function<void()> formChanged;
+
+protected:
+    bool focusNextPrevChild(bool next) override { return focus_.step(next); }
+
+private:
+    template <class B, class C, class W, class... More> W& bind(C& control, W* widget, More&&... more);
+
+    Form& form_;
+    Texts texts_;
+    FocusKeeper focus_;
+    std::map<const Control*, std::unique_ptr<QObject>> bindings_;
+    std::map<const Control*, QWidget*> widgets_;
+};
+
+} // namespace ko

@@ -1,0 +1,86 @@
+#include "widgets/LabelBinding.h"
+
+#include "widgets/FormView.h"
+
+#include <QEvent>
+
+namespace ko {
+
+LabelBinding::LabelBinding(FormView& view, Label& control, QLabel& label, std::vector<Field> fields)
+    : Binding(view, control, label), caption_(control), label_(label), fields_(std::move(fields))
+{
+    label.setTextFormat(Qt::PlainText);
+    label.installEventFilter(this);
+    for (const Field& field : fields_)
+        field.widget->installEventFilter(this);
+    refreshAll();
+}
+
+const LabelBinding::Field* LabelBinding::shownField() const
+{
+    for (const Field& field : fields_)
+        if (field.control->visible())
+            return &field;
+    return fields_.empty() ? nullptr : &fields_.front();
+}
+
+void LabelBinding::refresh(Aspect aspect)
+{
+    if (aspect == Aspect::Text)
+        showCaption();
+    else
+        Binding::refresh(aspect);
+}
+
+void LabelBinding::showCaption()
+{
+    const QString caption = toQt(caption_.caption());
+    const Field* shown = shownField();
+    label_.setText(shown ? caption : withoutMnemonic(caption));
+    label_.setBuddy(shown ? shown->widget.data() : nullptr);
+    for (const Field& field : fields_)
+        field.widget->setAccessibleName(withoutMnemonic(caption));
+}
+
+void LabelBinding::refreshHint()
+{
+    // A label's tag is the number of its caption; its hint is that of the field it names.
+    if (const Field* shown = shownField())
+        label_.setStatusTip(toQt(shown->control->tag()));
+}
+
+bool LabelBinding::eventFilter(QObject* object, QEvent* event)
+{
+    const Field* shown = shownField();
+    if (object == &label_ && event->type() == QEvent::Shortcut && shown) {
+        view_.focus().request(*shown->control);
+        return true;
+    }
+    if (object != &label_ && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)) {
+        showCaption();
+        refreshHint();
+    }
+    return false;
+}
+
+ValueBinding::ValueBinding(FormView& view, Label& control, QLabel& label, Label& title)
+    : Binding(view, control, label), value_(control), label_(label), title_(title)
+{
+    label.setTextFormat(Qt::PlainText);
+    label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label.setFocusPolicy(Qt::NoFocus);
+    refreshAll();
+}
+
+void ValueBinding::refresh(Aspect aspect)
+{
+    if (aspect != Aspect::Text) {
+        Binding::refresh(aspect);
+        return;
+    }
+    const QString value = toQt(value_.caption());
+    label_.setText(value);
+    label_.setAccessibleName(withoutMnemonic(toQt(title_.caption())) + QStringLiteral(": ") + value);
+}
+
+} // namespace ko

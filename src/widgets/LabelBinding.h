@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/CaptionControls.h"
+#include "widgets/Binding.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <vector>
+
+namespace ko {
+
+/// A label that names fields: it is the buddy of the field that is shown at the time.
+class LabelBinding : public Binding {
+public:
+    struct Field {
+        Control* control;
+        QPointer<QWidget> widget;
+    };
+
+    LabelBinding(FormView& view, Label& control, QLabel& label, std::vector<Field> fields);
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+protected:
+    void refresh(Aspect aspect) override;
+    void refreshHint() override;
+
+private:
+    [[nodiscard]] const Field* shownField() const;
+    void showCaption();
+
+    Label& caption_;
+    QLabel& label_;
+    std::vector<Field> fields_;
+};
+
+/// A label whose caption is a value: it is read out together with the caption of the label that names it.
+class ValueBinding : public Binding {
+public:
+    ValueBinding(FormView& view, Label& control, QLabel& label, Label& title);
+
+protected:
+    void refresh(Aspect aspect) override;
+    void refreshHint() override {}
+
+private:
+    Label& value_;
+    QLabel& label_;
+    Label& title_;
+};
+
+} // namespace ko

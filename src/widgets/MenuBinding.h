@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/CaptionControls.h"
+
+#include <QAction>
+
+namespace ko {
+
+/// A menu, by the action that stands for it, or one of its items.
+class MenuBinding : public QObject {
+public:
+    MenuBinding(Menu& control, QAction& action);
+    ~MenuBinding() override;
+
+private:
+    void refresh();
+
+    Menu& menu_;
+    QAction& action_;
+};
+
+} // namespace ko

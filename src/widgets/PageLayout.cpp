@@ -1,0 +1,191 @@
+#include "widgets/NoInstrumentPicture.h"
+#include "widgets/PageTexts.h"
+#include "widgets/PageWidget.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+
+namespace ko {
+
+namespace {
+
+enum Column { labels, fields, buttons };
+
+} // namespace
+
+QWidget& PageWidget::kept(QWidget& widget)
+{
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
+    return widget;
+}
+
+QGridLayout& PageWidget::framed(Frame& frame)
+{
+    auto* grid = new QGridLayout(&view_->frame(frame));
+    grid->setColumnStretch(fields, 1);
+    return *grid;
+}
+
+void PageWidget::addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box)
+{
+    const int row = grid.rowCount();
+    // Both stand on one spot, where the one that is not shown keeps its place.
+    grid.addWidget(&kept(view_->numberList(list)), row, fields, 1, 2);
+    grid.addWidget(&kept(view_->numberBox(box)), row, fields, 1, 2);
+    grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
+}
+
+void PageWidget::addValue(QGridLayout& grid, Label& label, Label& value)
+{
+    const int row = grid.rowCount();
+    grid.addWidget(&kept(view_->label(label)), row, labels);
+    QLabel& shown = view_->value(value, label);
+    shown.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    grid.addWidget(&kept(shown), row, fields, 1, 2);
+}
+
+void PageWidget::addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText)
+{
+    const int row = grid.rowCount();
+    QLineEdit& time = view_->textBox(box);
+    time.setAccessibleName(withoutMnemonic(toQt(option.caption())));
+    QPushButton& more = view_->button(button);
+    more.setAccessibleName(view_->text(buttonText));
+    grid.addWidget(&view_->option(option), row, labels);
+    grid.addWidget(&time, row, fields);
+    grid.addWidget(&more, row, buttons);
+}
+
+void PageWidget::layDynamic()
+{
+    QGridLayout& grid = framed(page_.frmDynamic);
+    addPair(grid, page_.lblSampleRate, page_.cmbSampleRate, page_.txtSampleRate);
+    addPair(grid, page_.lblSamplePeriod, page_.cmbSamplePeriod, page_.txtSamplePeriod);
+    addPair(grid, page_.lblBlockSize, page_.cmbBlockSize, page_.txtBlockSize);
+    addValue(grid, page_.lblSpan, page_.lblSpanValue);
+    addValue(grid, page_.lblNumSamples, page_.lblNumSamplesValue);
+    addValue(grid, page_.lblNumDynamicBytes, page_.lblNumDynamicBytesValue);
+    measurements_.push_back(&grid);
+}
+
+void PageWidget::layStatic()
+{
+    QGridLayout& grid = framed(page_.frmStatic);
+    addPair(grid, page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate);
+    addPair(grid, page_.lblScanPeriod, page_.cmbScanPeriod, page_.txtScanPeriod);
+    addValue(grid, page_.lblNumScans, page_.lblNumScansValue);
+    addValue(grid, page_.lblNumStaticBytes, page_.lblNumStaticBytesValue);
+    measurements_.push_back(&grid);
+}
+
+void PageWidget::layStart()
+{
+    QGridLayout& grid = framed(page_.frmStart);
+    grid.addWidget(&view_->option(page_.optImmediate), grid.rowCount(), labels, 1, 3);
+    grid.addWidget(&view_->option(page_.optOnTrigger), grid.rowCount(), labels, 1, 3);
+    layTrigger(grid);
+    addTime(grid, page_.optStartTime, page_.txtStartTime, page_.cmdStartTime, pageText::startTimeButton);
+    schedule_.push_back(&grid);
+}
+
+void PageWidget::layTrigger(QGridLayout& grid)
+{
+    const int row = grid.rowCount();
+    const int indent = view_->fontMetrics().height() * 3 / 2;
+    QPushButton& more = view_->button(page_.cmdChannel);
+    grid.addWidget(&kept(view_->textBox(page_.txtChannel)), row, fields);
+    grid.addWidget(&kept(more), row, buttons);
+    QLabel& label = view_->label(page_.lblChannel, {&page_.txtChannel});
+    more.setAccessibleName(label.text());
+    label.setContentsMargins(indent, 0, 0, 0);
+    grid.addWidget(&kept(label), row, labels);
+    QTableWidget& table = view_->grid(page_.grdParam);
+    table.setAccessibleName(view_->text(pageText::parameters));
+    auto* indented = new QHBoxLayout;
+    indented->addSpacing(indent);
+    indented->addWidget(&kept(table));
+    grid.addLayout(indented, row + 1, labels, 1, 3);
+    grid.setRowStretch(row + 1, 1);
+}
+
+void PageWidget::layStop()
+{
+    QGridLayout& grid = framed(page_.frmStop);
+    const int row = grid.rowCount();
+    auto* duration = new QHBoxLayout;
+    QLineEdit& box = view_->numberBox(page_.txtDuration);
+    box.setAccessibleName(withoutMnemonic(toQt(page_.optAfter.caption())));
+    QComboBox& unit = view_->comboBox(page_.cmbInterval);
+    unit.setAccessibleName(view_->text(pageText::durationUnit));
+    duration->addWidget(&box, 1);
+    duration->addWidget(&unit);
+    grid.addWidget(&view_->option(page_.optAfter), row, labels);
+    grid.addLayout(duration, row, fields, 1, 2);
+    addTime(grid, page_.optStopTime, page_.txtStopTime, page_.cmdStopTime, pageText::stopTimeButton);
+    addValue(grid, page_.lblDuration, page_.lblDurationValue);
+    addValue(grid, page_.lblStopTime, page_.lblStopTimeValue);
+    schedule_.push_back(&grid);
+}
+
+void PageWidget::layColumns()
+{
+    content_ = new QWidget(view_);
+    columns_ = new QBoxLayout(QBoxLayout::LeftToRight, content_);
+    columns_->setContentsMargins(0, 0, 0, 0);
+    auto* left = new QVBoxLayout;
+    left->addWidget(view_->widget(page_.frmDynamic));
+    left->addWidget(view_->widget(page_.frmStatic));
+    left->addStretch(1);
+    auto* right = new QVBoxLayout;
+    right->addWidget(view_->widget(page_.frmStart), 1);
+    right->addWidget(view_->widget(page_.frmStop));
+    columns_->addLayout(left, 1);
+    columns_->addLayout(right, 1);
+    auto* centred = new QHBoxLayout;
+    centred->addStretch(1);
+    centred->addWidget(content_, 1000);
+    centred->addStretch(1);
+    auto* limited = new QVBoxLayout;
+    limited->addLayout(centred, 1000);
+    limited->addStretch(1);
+    // The picture covers the place of the frames: one or the other is shown.
+    auto* whole = new QGridLayout(view_);
+    whole->addLayout(limited, 0, 0);
+    whole->addWidget(picture_, 0, 0);
+    picture_->raise();
+}
+
+void PageWidget::alignLabels(const std::vector<QGridLayout*>& grids)
+{
+    int widest = 0;
+    for (const QGridLayout* grid : grids)
+        for (int row = 0; row < grid->rowCount(); ++row)
+            if (const QLayoutItem* item = grid->itemAtPosition(row, labels))
+                if (item != grid->itemAtPosition(row, fields))
+                    widest = std::max(widest, item->sizeHint().width());
+    for (QGridLayout* grid : grids)
+        grid->setColumnMinimumWidth(labels, widest);
+}
+
+void PageWidget::applyMetrics()
+{
+    const QFontMetrics metrics = view_->fontMetrics();
+    content_->setMaximumSize(metrics.averageCharWidth() * 180, metrics.height() * 50);
+    for (const CommandButton* button : {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime})
+        view_->widget(*button)->setFixedWidth(metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height());
+    auto* unit = static_cast<QComboBox*>(view_->widget(page_.cmbInterval));
+    unit->setMinimumContentsLength(8);
+    view_->widget(page_.grdParam)->setMinimumHeight(metrics.height() * 8);
+    alignLabels(measurements_);
+    alignLabels(schedule_);
+}
+
+} // namespace ko

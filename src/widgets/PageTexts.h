@@ -1,0 +1,18 @@
+#pragma once
+
+namespace ko {
+
+/// Texts that only the toolkit's views show, by their numbers in the string table.
+namespace pageText {
+inline constexpr int componentTitle = 1154;
+inline constexpr int parameters = 1114;
+inline constexpr int noInstruments = 3001;
+inline constexpr int noInstrumentsReason = 3002;
+inline constexpr int firstStep = 3003; ///< three steps, one number each
+inline constexpr int startTimeButton = 3006;
+inline constexpr int stopTimeButton = 3007;
+inline constexpr int durationUnit = 3008;
+inline constexpr int invalidEntry = 3009;
+} // namespace pageText
+
+} // namespace ko

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Services.h"
+
+namespace ko {
+
+/// The desktop's clipboard; its text is empty while it holds something else.
+class QtClipboard : public Clipboard {
+public:
+    void clear() override;
+    void setText(const std::string& text) override;
+    std::string text() override;
+};
+
+} // namespace ko

@@ -1,0 +1,31 @@
+#include "widgets/QtMessageBox.h"
+
+#include "widgets/Convert.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace ko {
+
+namespace {
+
+QMessageBox::Icon iconOf(int style)
+{
+    switch (style) {
+    case messageStyle::exclamation: return QMessageBox::Warning;
+    case messageStyle::information: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
+    }
+}
+
+} // namespace
+
+void QtMessageBox::show(const std::string& text, const std::string& title, int style)
+{
+    QWidget* top = QApplication::activeModalWidget();
+    QMessageBox box(iconOf(style), toQt(title), toQt(text), QMessageBox::Ok, top ? top : owner_.data());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+} // namespace ko

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Services.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace ko {
+
+/// Message boxes of the toolkit, modal to the window on top.
+class QtMessageBox : public MessageBox {
+public:
+    void show(const std::string& text, const std::string& title, int style) override;
+    /// The window that boxes belong to while no other window is active.
+    void setOwner(QWidget* owner) { owner_ = owner; }
+
+private:
+    QPointer<QWidget> owner_;
+};
+
+} // namespace ko

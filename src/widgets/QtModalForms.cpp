@@ -1,0 +1,74 @@
+#include "widgets/QtModalForms.h"
+
+#include "platform/CaptionControls.h"
+#include "platform/Failure.h"
+#include "widgets/Convert.h"
+#include "widgets/FormView.h"
+#include "widgets/Guarded.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QVBoxLayout>
+
+namespace ko {
+
+namespace {
+
+class FormDialog : public QDialog {
+public:
+    FormDialog(Form& form, const QtModalForms::Kind& kind, QWidget* parent) : QDialog(parent), form_(form), kind_(kind)
+    {
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(kind.build(form));
+        follow();
+        adjustSize();
+    }
+
+    /// Caption and place as the form has them now.
+    void follow()
+    {
+        setWindowTitle(withoutMnemonic(toQt(form_.caption())));
+        move(toPixels(*this, form_.bounds().left), toPixels(*this, form_.bounds().top));
+    }
+
+    void accept() override { press(kind_.okButton); }
+    void reject() override { press(kind_.cancelButton); }
+
+private:
+    void press(const std::string& button)
+    {
+        if (auto* control = dynamic_cast<PressControl*>(form_.find(button)))
+            guarded([&] { control->userClicked(); });
+        else
+            done(Rejected);
+    }
+
+    Form& form_;
+    const QtModalForms::Kind& kind_;
+};
+
+} // namespace
+
+void QtModalForms::showModal(Form& form)
+{
+    const auto kind = kinds_.find(form.name());
+    if (kind == kinds_.end())
+        fail(failure::invalidCall);
+    QWidget* top = QApplication::activeModalWidget();
+    FormDialog dialog(form, kind->second, top ? top : owner_.data());
+    if (auto* view = dynamic_cast<FormView*>(dialog.findChild<QWidget*>(toQt(form.name()))))
+        view->formChanged = [&dialog] { dialog.follow(); };
+    open_[&form] = &dialog;
+    dialog.exec();
+    open_.erase(&form);
+}
+
+void QtModalForms::hide(Form& form)
+{
+    const auto dialog = open_.find(&form);
+    if (dialog != open_.end())
+        dialog->second->done(QDialog::Accepted);
+}
+
+} // namespace ko

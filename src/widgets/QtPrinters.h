@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/Services.h"
+
+#include <QPrinter>
+#include <QString>
+#include <memory>
+#include <optional>
+
+class QPainter;
+class QWidget;
+
+namespace ko {
+
+/// The system's printers and, after them, a printer that writes a PDF file.
+class QtPrinters : public Printers {
+public:
+    static constexpr const char* pdfName = "PDF file";
+
+    /// Finds the widget that shows a form; null when it is shown nowhere.
+    using Surfaces = std::function<QWidget*(const Form&)>;
+
+    explicit QtPrinters(Surfaces surfaces);
+    ~QtPrinters() override;
+
+    /// Where the PDF printer writes to.
+    void setPdfFile(const QString& path) { pdfFile_ = path; }
+
+    std::int32_t count() override;
+    std::string deviceName(std::int32_t index) override;
+    void makeCurrent(std::int32_t index) override;
+
+    void setCopies(std::int32_t copies) override { settings_.copies = copies; }
+    void setColorMode(std::int32_t color) override { settings_.color = color; }
+    void setDuplex(std::int32_t duplex) override { settings_.duplex = duplex; }
+    void setOrientation(std::int32_t orientation) override { settings_.orientation = orientation; }
+    void setPaperSize(std::int32_t paperSize) override { settings_.paperSize = paperSize; }
+    void setPrintQuality(std::int32_t quality) override { settings_.printQuality = quality; }
+
+    /// Failure 482 when the printer takes no job, failure 5 for a form that is shown nowhere.
+    void printForm(const Form& form) override;
+    void endDocument() override;
+
+private:
+    void begin();
+
+    Surfaces surfaces_;
+    QString pdfFile_;
+    QString current_;
+    DeviceMode settings_;
+    std::unique_ptr<QPrinter> printer_;
+    std::unique_ptr<QPainter> painter_;
+};
+
+/// Draws a widget's surface as large as it fits on a sheet of this size, from the top left corner on.
+void drawScaled(QPainter& painter, QWidget& widget, const QSize& sheet);
+
+/// The six settings as they stand in the toolkit's printer, and the other way round.
+DeviceMode settingsOf(const QPrinter& printer);
+void applySettings(QPrinter& printer, const DeviceMode& settings);
+
+} // namespace ko

@@ -1,0 +1,128 @@
+#include "widgets/TextBoxBinding.h"
+
+#include "platform/Scoped.h"
+#include "widgets/FormView.h"
+#include "widgets/Guarded.h"
+#include "widgets/PageTexts.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QStyle>
+
+namespace ko {
+
+namespace {
+
+/// The clipboard keys belong to the window's edit commands, where it has them; a box without them takes the keys
+/// that nobody else wants.
+bool isEditCommand(const QKeyEvent& key, bool hasSelection)
+{
+    return key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
+           (hasSelection && key.matches(QKeySequence::Delete));
+}
+
+} // namespace
+
+TextBoxBinding::TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit)
+    : Binding(view, control, edit), box_(control), edit_(edit)
+{
+    edit.installEventFilter(this);
+    connect(&edit, &QLineEdit::textEdited, this, [this] { edited(); });
+    connect(&edit, &QLineEdit::selectionChanged, this, [this] { selected(); });
+    connect(&edit, &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
+    refreshAll();
+}
+
+void TextBoxBinding::edited()
+{
+    if (showing_)
+        return;
+    const QString text = edit_.text();
+    const std::size_t cursor = charactersOf(text, edit_.cursorPosition());
+    guarded([&] { box_.userReplaced(fromQt(text), cursor, 0); });
+    showText();
+}
+
+void TextBoxBinding::selected()
+{
+    const QString text = edit_.text();
+    // While a text is being edited its selection comes with it.
+    if (showing_ || text != toQt(box_.text()))
+        return;
+    const bool some = edit_.hasSelectedText();
+    const qsizetype from = some ? edit_.selectionStart() : edit_.cursorPosition();
+    const qsizetype to = some ? edit_.selectionEnd() : from;
+    const std::size_t start = charactersOf(text, from);
+    guarded([&] { box_.userSelected(start, charactersOf(text, to) - start); });
+}
+
+void TextBoxBinding::refresh(Aspect aspect)
+{
+    switch (aspect) {
+    case Aspect::Text: showText(); break;
+    case Aspect::Selection: showSelection(); break;
+    case Aspect::Mark: showMark(); break;
+    case Aspect::Usability:
+        edit_.setReadOnly(box_.locked());
+        Binding::refresh(aspect);
+        break;
+    default: Binding::refresh(aspect);
+    }
+}
+
+void TextBoxBinding::showText()
+{
+    const QString text = toQt(box_.text());
+    if (edit_.text() != text) {
+        const Scoped guard(showing_, true);
+        edit_.setText(text);
+    }
+    showSelection();
+}
+
+void TextBoxBinding::showSelection()
+{
+    const QString text = edit_.text();
+    const int start = unitsOf(text, box_.selStart());
+    const int length = unitsOf(text, box_.selStart() + box_.selLength()) - start;
+    const Scoped guard(showing_, true);
+    if (length == 0) {
+        if (edit_.hasSelectedText())
+            edit_.deselect();
+        if (edit_.cursorPosition() != start)
+            edit_.setCursorPosition(start);
+    } else if (edit_.selectionStart() != start || edit_.selectionLength() != length) {
+        edit_.setSelection(start, length);
+    }
+}
+
+void TextBoxBinding::showMark()
+{
+    if (!mark_) {
+        mark_ = edit_.addAction(edit_.style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+        mark_->setToolTip(view_.text(pageText::invalidEntry));
+    }
+    mark_->setVisible(box_.marked());
+    refreshHint();
+    ko::raise(view_.formChanged);
+}
+
+void TextBoxBinding::refreshHint()
+{
+    Binding::refreshHint();
+    if (!box_.marked())
+        return;
+    edit_.setAccessibleDescription(view_.text(pageText::invalidEntry) + QStringLiteral(". ") + toQt(box_.tag()));
+}
+
+bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride)
+        return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
+    if (event->type() != QEvent::MouseButtonDblClick || !box_.doubleClick)
+        return false;
+    guarded([&] { box_.userDoubleClicked(); });
+    return true;
+}
+
+} // namespace ko

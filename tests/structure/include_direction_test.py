@@ -1,0 +1,57 @@
+"""The include check refuses what it is there to refuse, and only that."""
+import tempfile
+import unittest
+from pathlib import Path
+
+from include_direction import check
+
+# What one file of a tree includes, and what the complaint about it says; None where it is fine.
+CASES = [
+    ("widgets/View.cpp", '#include "page/Page.h"\n#include <QWidget>', None),
+    ("document/Editor.cpp", '#include "timebase/Editors.h"\n#include <string_view>', None),
+    ("widgets/View.cpp", '#include "View.moc"', None),
+    ("page/Page.cpp", '#include "widgets/View.h"', "may not know widgets"),
+    ("timebase/Editors.cpp", '  #  include "schedule/Plan.h"', "may not know schedule"),
+    ("platform/Control.cpp", '#include "../widgets/View.h"', "names no file"),
+    ("platform/Control.cpp", '#include "Control.h"', "names no file"),
+    ("platform/Control.cpp", '#include "platform/Missing.h"', "names no file"),
+    ("platform/Control.cpp", '#include "platform/../widgets/View.h"', "names no file"),
+    ("document/Editor.cpp", "#include <QString>", "no header of the standard library"),
+    ("document/Editor.cpp", "#include <nlohmann/json.hpp>", "no header of the standard library"),
+    ("support/Errors.cpp", "#include <unistd.h>", "no header of the standard library"),
+    ("support/Errors.cpp", "#include ERRORS_HEADER", "not a plain include"),
+    ("extras/More.cpp", "#include <string>", "none of the known folders"),
+]
+HEADERS = ["page/Page.h", "timebase/Editors.h", "schedule/Plan.h", "platform/Control.h", "widgets/View.h"]
+
+
+class IncludeDirection(unittest.TestCase):
+    def complaints(self, files):
+        with tempfile.TemporaryDirectory() as folder:
+            for name, content in files.items():
+                path = Path(folder, name)
+                path.parent.mkdir(parents=True, exist_ok=True)
+                path.write_text(content, encoding="utf-8")
+            return check(Path(folder))[0]
+
+    def test_every_wrong_include_is_refused_and_no_right_one(self):
+        for name, content, expected in CASES:
+            with self.subTest(file=name, content=content):
+                files = {header: "#include <string>\n" for header in HEADERS}
+                found = self.complaints({**files, name: content})
+                if expected is None:
+                    self.assertEqual(found, [])
+                else:
+                    self.assertEqual(len(found), 1, found)
+                    self.assertIn(expected, found[0])
+
+    def test_a_tree_without_sources_is_refused(self):
+        self.assertEqual(len(self.complaints({"page/notes.txt": "nothing to see"})), 1)
+
+    def test_the_line_of_a_wrong_include_is_named(self):
+        found = self.complaints({"page/Page.h": '#pragma once\n\n#include <Qt>\n'})
+        self.assertTrue(found[0].startswith("page/Page.h:3:"), found)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,179 @@
+#include "ViewTest.h"
+
+#include <QElapsedTimer>
+#include <QInputMethodEvent>
+
+namespace ko::test {
+namespace {
+
+using Bindings = ViewTest;
+
+TEST_F(Bindings, WhatIsTypedReachesTheControlCharacterByCharacterAndWhatTheControlMakesOfItIsShown)
+{
+    std::vector<std::string> seen;
+    form.box.change = [&] {
+        seen.push_back(form.box.text());
+        if (form.box.text() == "abc")
+            form.box.setText("rounded");
+    };
+    click(box);
+    QTest::keyClicks(&box, "abc");
+    EXPECT_EQ(seen, (std::vector<std::string>{"a", "ab", "abc", "rounded"}));
+    EXPECT_EQ(box.text(), "rounded");
+    EXPECT_EQ(box.cursorPosition(), 0);
+}
+
+TEST_F(Bindings, SelectionsCountCharactersOnBothSidesWhateverTheirWidth)
+{
+    click(box);
+    QInputMethodEvent input;
+    input.setCommitString(QStringLiteral("a\U0001F600\u00e9z"));
+    QApplication::sendEvent(&box, &input);
+    ASSERT_EQ(form.box.text(), "a\U0001F600\u00e9z");
+    EXPECT_EQ(form.box.selStart(), 4U);
+
+    QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
+    QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(form.box.selText(), "\u00e9z");
+    EXPECT_EQ(form.box.selStart(), 2U);
+
+    form.box.select(1, 1);
+    EXPECT_EQ(box.selectedText(), QStringLiteral("\U0001F600"));
+    QTest::keyClick(&box, Qt::Key_X);
+    EXPECT_EQ(form.box.text(), "ax\u00e9z");
+    EXPECT_EQ(form.box.selStart(), 2U);
+}
+
+TEST_F(Bindings, ALockedBoxCanBeSelectedAndCopiedButNotTypedIn)
+{
+    form.box.setText("locked");
+    form.box.setLocked(true);
+    click(box);
+    QTest::keyClicks(&box, "x");
+    EXPECT_EQ(form.box.text(), "locked");
+    box.selectAll();
+    EXPECT_EQ(form.box.selText(), "locked");
+}
+
+TEST_F(Bindings, AMarkedBoxSaysSoToEveryone)
+{
+    form.box.setTag("A number");
+    form.box.setMarked(true);
+    EXPECT_TRUE(box.actions().constFirst()->isVisible());
+    EXPECT_EQ(box.accessibleDescription(), "3009. A number");
+    form.box.setMarked(false);
+    EXPECT_FALSE(box.actions().constFirst()->isVisible());
+    EXPECT_EQ(box.accessibleDescription(), "A number");
+}
+
+TEST_F(Bindings, OnlyAChoiceOfTheUserClicksAListAndARefusedOneIsTakenBack)
+{
+    std::vector<std::int32_t> clicks;
+    form.list.click = [&] {
+        clicks.push_back(form.list.index());
+        if (form.list.index() == 1)
+            form.list.select(0);
+    };
+    form.list.select(2);
+    EXPECT_EQ(list.currentText(), "30");
+    EXPECT_TRUE(clicks.empty());
+    click(list);
+    list.hidePopup();
+    QTest::keyClick(&list, Qt::Key_Up);
+    EXPECT_EQ(clicks, std::vector<std::int32_t>{1});
+    EXPECT_EQ(list.currentText(), "10");
+
+    form.list.setItems({{"7", 0}});
+    EXPECT_EQ(list.count(), 1);
+    EXPECT_EQ(list.currentIndex(), -1);
+}
+
+TEST_F(Bindings, AListOfAHundredThousandEntriesFillsAndOpensAtOnce)
+{
+    std::vector<ComboBox::Item> items(100000);
+    for (std::size_t i = 0; i < items.size(); ++i)
+        items[i].text = std::to_string(i);
+    QElapsedTimer timer;
+    timer.start();
+    form.list.setItems(std::move(items));
+    form.list.select(99999);
+    list.sizeHint();
+    list.showPopup();
+    QApplication::processEvents();
+    EXPECT_LT(timer.elapsed(), 1500);
+    EXPECT_EQ(list.currentText(), "99999");
+    list.hidePopup();
+}
+
+TEST_F(Bindings, OptionsFollowTheControlsAndTheArrowKeysSelectTheNextOneThatCanBeUsed)
+{
+    int clicks = 0;
+    form.two.click = [&] { ++clicks; };
+    click(one);
+    EXPECT_TRUE(form.one.value() && one.isChecked());
+    click(one);
+    EXPECT_TRUE(form.one.value() && one.isChecked());
+    QTest::keyClick(&one, Qt::Key_Down);
+    EXPECT_TRUE(form.two.value() && two.isChecked() && !one.isChecked() && two.hasFocus());
+    EXPECT_EQ(clicks, 1);
+    form.one.setEnabled(false);
+    QTest::keyClick(&two, Qt::Key_Down);
+    EXPECT_TRUE(form.two.value());
+    form.one.showSelected();
+    EXPECT_TRUE(one.isChecked() && !two.isChecked());
+}
+
+TEST_F(Bindings, WhatAHandlerThrowsStaysOutOfTheEventLoop)
+{
+    int clicks = 0;
+    form.go.click = [&] {
+        ++clicks;
+        throw std::runtime_error("thrown by a handler");
+    };
+    form.box.change = [] { throw 1; };
+    click(go);
+    QTest::keyClick(&go, Qt::Key_Space);
+    click(box);
+    QTest::keyClicks(&box, "a");
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(form.box.text(), "a");
+}
+
+TEST_F(Bindings, AFramesSwitchesReachWhatStandsInIt)
+{
+    form.frame.setEnabled(false);
+    EXPECT_FALSE(box.isEnabled());
+    form.frame.setEnabled(true);
+    form.box.setVisible(false);
+    EXPECT_TRUE(box.isEnabled() && second.isVisible() && !box.isVisible());
+    form.frame.setVisible(false);
+    EXPECT_FALSE(second.isVisible());
+}
+
+TEST_F(Bindings, AGridShowsNamesAndValuesUnderTheirHeaders)
+{
+    form.grid.setCell(0, 1, {"Value", {}});
+    form.grid.lockDrawing(true);
+    form.grid.setRowCount(1);
+    form.grid.setCell(1, 0, {"Level", {}});
+    form.grid.setCell(1, 1, {"0.5", {}});
+    EXPECT_EQ(grid.rowCount(), 0);
+    form.grid.lockDrawing(false);
+    EXPECT_EQ(grid.horizontalHeaderItem(1)->text(), "Value");
+    EXPECT_EQ(grid.item(0, 0)->text() + grid.item(0, 1)->text(), "Level0.5");
+}
+
+TEST_F(Bindings, OnlyWhatDiffersFromTheFormsFontIsApplied)
+{
+    const QFont before = go.font();
+    form.setFont({.name = "Serif", .size = 30});
+    form.go.setFont({.name = "Serif", .size = 30});
+    EXPECT_EQ(go.font(), before);
+    form.go.setFont({.name = "Serif", .size = 20, .bold = true});
+    EXPECT_EQ(go.font().pointSizeF(), 20);
+    EXPECT_TRUE(go.font().bold());
+    EXPECT_EQ(go.font().family(), before.family());
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,158 @@
+#include "ViewTest.h"
+
+#include <QMenu>
+
+namespace ko::test {
+namespace {
+
+class Focus : public ViewTest {
+protected:
+    int validations = 0;
+    int clicks = 0;
+    bool accepted = false;
+
+    void SetUp() override
+    {
+        ViewTest::SetUp();
+        form.box.validate = [this] {
+            ++validations;
+            return accepted;
+        };
+        form.go.click = form.one.click = form.list.click = [this] { ++clicks; };
+        ASSERT_TRUE(form.moveFocus(&form.box));
+    }
+    void settle() { QApplication::processEvents(); }
+};
+
+class LeavingARefusedBox : public Focus, public testing::WithParamInterface<int> {
+public:
+    /// What a user can do to leave the box.
+    void leave(int way)
+    {
+        switch (way) {
+        case 0: QTest::keyClick(&box, Qt::Key_Tab); break;
+        case 1: QTest::keyClick(&box, Qt::Key_Tab, Qt::ShiftModifier); break;
+        case 2: click(go); break;
+        case 3: click(one); break;
+        case 4: click(second); break;
+        case 5: click(list); break;
+        case 6: click(*grid.viewport()); break;
+        case 7: QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier); break;
+        case 8: QTest::keyClick(&window, Qt::Key_O, Qt::AltModifier); break;
+        case 9: QTest::keyClick(&window, Qt::Key_G, Qt::AltModifier); break;
+        default: second.setFocus(); break;
+        }
+        settle();
+    }
+};
+
+TEST_P(LeavingARefusedBox, ValidatesOnceKeepsTheFocusAndClicksNothing)
+{
+    leave(GetParam());
+    EXPECT_EQ(validations, 1);
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(form.activeControl(), &form.box);
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_FALSE(form.one.value() || one.isChecked() || go.isDown());
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_P(LeavingARefusedBox, ValidatesOnceToo_WhenTheBoxIsAccepted)
+{
+    accepted = true;
+    leave(GetParam());
+    EXPECT_EQ(validations, 1);
+    ASSERT_NE(form.activeControl(), nullptr);
+    EXPECT_NE(form.activeControl(), &form.box);
+    EXPECT_EQ(window.focusWidget(), view.widget(*form.activeControl()));
+    list.hidePopup();
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryWay, LeavingARefusedBox, testing::Range(0, 11));
+
+TEST_F(Focus, MenusPopupsAndOtherWindowsLeaveTheFormsFocusAlone)
+{
+    QMenu menu(&window);
+    menu.addAction("Entry");
+    menu.popup(window.mapToGlobal(QPoint(0, 0)));
+    settle();
+    menu.close();
+    QWidget other;
+    QLineEdit otherBox(&other);
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    otherBox.setFocus();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(validations, 0);
+    EXPECT_EQ(form.activeControl(), &form.box);
+    EXPECT_TRUE(box.hasFocus());
+}
+
+TEST_F(Focus, TheWidgetsFollowTheForm)
+{
+    accepted = true;
+    form.moveFocus(&form.two);
+    EXPECT_TRUE(two.hasFocus());
+    form.dropFocus();
+    settle();
+    EXPECT_TRUE(view.hasFocus());
+    QTest::keyClick(&view, Qt::Key_Tab);
+    EXPECT_EQ(form.activeControl(), &form.box);
+}
+
+TEST_F(Focus, AControlThatCannotBeUsedAnyMoreLosesTheFocusWithoutValidationAndWithoutASuccessor)
+{
+    for (Control* gone : std::initializer_list<Control*>{&form.box, &form.frame})
+        for (const bool hide : {false, true}) {
+            ASSERT_TRUE(form.moveFocus(&form.box));
+            hide ? gone->setVisible(false) : gone->setEnabled(false);
+            settle();
+            EXPECT_EQ(form.activeControl(), nullptr) << gone->name() << hide;
+            EXPECT_TRUE(view.hasFocus()) << gone->name() << hide;
+            hide ? gone->setVisible(true) : gone->setEnabled(true);
+        }
+    EXPECT_EQ(validations, 0);
+}
+
+TEST_F(Focus, ABoxKeepsTheSelectionThatItMakesWhenItIsClicked)
+{
+    accepted = true;
+    form.second.setText("12.5");
+    form.second.gotFocus = [this] { form.second.select(0, 4); };
+    click(second);
+    EXPECT_EQ(second.selectedText(), "12.5");
+    QTest::keyClicks(&second, "7");
+    EXPECT_EQ(form.second.text(), "7");
+}
+
+TEST_F(Focus, TabStopsOnceInAGroupOfOptionsAndComesRound)
+{
+    accepted = true;
+    form.two.showSelected();
+    std::vector<std::string> visited;
+    for (int i = 0; i < 6; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        visited.push_back(form.activeControl()->name());
+    }
+    EXPECT_EQ(visited, (std::vector<std::string>{"second", "list", "two", "go", "grid", "box"}));
+}
+
+TEST_F(Focus, TheFormSeesEachKeyFirstAndCanSwallowIt)
+{
+    std::vector<std::pair<int, int>> keys;
+    form.keyDown = [&](KeyPress& press) {
+        keys.emplace_back(press.keyCode, press.shift);
+        if (press.keyCode == key::f1)
+            press.keyCode = 0;
+    };
+    QTest::keyClick(&box, Qt::Key_F1);
+    QTest::keyClick(&box, Qt::Key_F1, Qt::ShiftModifier | Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_A);
+    EXPECT_EQ(keys, (std::vector<std::pair<int, int>>{{112, 0}, {112, 3}, {65, 0}}));
+    EXPECT_EQ(form.box.text(), "a");
+}
+
+} // namespace
+} // namespace ko::test

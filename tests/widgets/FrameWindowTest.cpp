@@ -1,0 +1,195 @@
+#include "host/FrameWindow.h"
+#include "host/HostTexts.h"
+#include "host/InputError.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace ko::test {
+namespace {
+
+const std::string demo = KO_DEMO_FOLDER "/engine-bench-demo.json";
+
+class FrameWindowTest : public testing::Test {
+protected:
+    FrameWindow window{""};
+    QTemporaryDir folder;
+
+    Page& page() { return window.document().page(); }
+    QWidget& at(const Control& control) { return *window.page().view().widget(control); }
+    QAction& action(int menu, int text)
+    {
+        for (QAction* bar : window.menuBar()->actions())
+            if (bar->text() == window.text(menu))
+                for (QAction* entry : bar->menu()->actions())
+                    if (entry->text() == window.text(text))
+                        return *entry;
+        throw std::out_of_range("no such menu entry");
+    }
+    std::string file(const char* name, const char* content)
+    {
+        QFile out(folder.filePath(name));
+        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(content);
+        return fromQt(out.fileName());
+    }
+    void show()
+    {
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    /// Puts the focus into the duration, with this text selected.
+    QLineEdit& enterDuration(const char* text)
+    {
+        auto& box = static_cast<QLineEdit&>(at(page().txtDuration));
+        QTest::mouseClick(&box, Qt::LeftButton);
+        QTest::keyClicks(&box, text);
+        box.selectAll();
+        return box;
+    }
+    /// Answers the message box that comes next and keeps its texts.
+    void answer(QString& texts)
+    {
+        QTimer::singleShot(0, [&texts] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            texts = box->text() + u'\n' + box->informativeText();
+            box->accept();
+        });
+    }
+};
+
+TEST_F(FrameWindowTest, ASetupIsShownWithItsNameAndThePageMarksTheWindowAsChanged)
+{
+    window.open(demo);
+    show();
+    EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json[*]"));
+    EXPECT_FALSE(window.isWindowModified());
+    QTest::mouseClick(&at(page().cmbSampleRate), Qt::LeftButton);
+    static_cast<QComboBox&>(at(page().cmbSampleRate)).hidePopup();
+    QTest::keyClick(&at(page().cmbSampleRate), Qt::Key_Down);
+    EXPECT_TRUE(window.isWindowModified());
+    window.open(demo);
+    EXPECT_FALSE(window.isWindowModified());
+}
+
+TEST_F(FrameWindowTest, AFileThatCannotBeOpenedIsRefusedWithItsPlaceAndTheOldSetupStays)
+{
+    window.open(demo);
+    show();
+    const DriverList before = page().drivers;
+    for (const std::string& bad : {file("broken.json", "{"), file("key.json", "{\"drivers\": [{\"nme\": 1}]}"),
+                                   folder.filePath("missing.json").toStdString()}) {
+        QString told;
+        answer(told);
+        window.openAsking(toQt(bad));
+        EXPECT_TRUE(told.contains(toQt(bad))) << told.toStdString();
+        EXPECT_EQ(page().drivers, before);
+        EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json"));
+    }
+}
+
+TEST_F(FrameWindowTest, AnEntryThatIsNotValidKeepsThePageFromBeingLeft)
+{
+    window.open(demo);
+    show();
+    const DriverList before = page().drivers;
+    page().moveFocus(&page().txtScanPeriod);
+    page().txtScanPeriod.setVisible(true);
+    page().cmbScanPeriod.setVisible(false);
+    ASSERT_TRUE(page().moveFocus(&page().txtScanPeriod));
+    page().txtScanPeriod.userReplaced("bad", 3, 0);
+    QString told;
+    answer(told);
+    window.openAsking(toQt(demo));
+    EXPECT_EQ(page().drivers, before);
+    answer(told);
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(told.trimmed(), window.text(1148));
+}
+
+TEST_F(FrameWindowTest, TheEditCommandsWorkByTheirKeysWhereThePageAllowsThem)
+{
+    window.open(demo);
+    show();
+    QLineEdit& box = enterDuration("12.5");
+    QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "12.5");
+    QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(page().txtDuration.text(), "");
+    QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(page().txtDuration.text(), "12.5");
+    QTest::keyClick(&box, Qt::Key_Home);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(page().txtDuration.text(), "2.5") << "without a selection the key deletes a character";
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(page().txtDuration.text(), "");
+}
+
+TEST_F(FrameWindowTest, TheEditMenuShowsWhatThePageAllows)
+{
+    window.open(demo);
+    show();
+    QAction& copy = action(hostText::editMenu, hostText::copy);
+    QMenu* menu = qobject_cast<QMenu*>(copy.associatedObjects().constFirst());
+    ASSERT_NE(menu, nullptr);
+    emit menu->aboutToShow();
+    EXPECT_FALSE(copy.isEnabled());
+    emit menu->aboutToHide();
+    enterDuration("12.5");
+    emit menu->aboutToShow();
+    EXPECT_TRUE(copy.isEnabled());
+}
+
+TEST_F(FrameWindowTest, ReadOnlyAndHelpReachThePage)
+{
+    window.open(demo);
+    show();
+    action(hostText::viewMenu, hostText::readOnly).trigger();
+    EXPECT_TRUE(page().readOnly);
+    EXPECT_FALSE(at(page().frmStart).isEnabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    const auto* help = window.findChild<QMessageBox*>("help");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->text(), window.text(hostText::helpTopic).arg(507));
+}
+
+TEST_F(FrameWindowTest, AFailingInstrumentIsListedAndNothingPopsUp)
+{
+    auto* count = window.findChild<QToolButton*>("reportCount");
+    show();
+    EXPECT_FALSE(count->isVisible());
+    window.open(
+        file("failing.json", R"({"drivers": [{"name": "A", "timebase": {}, "failing": ["SamplePeriod get"]}]})"));
+    EXPECT_TRUE(count->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(FrameWindowTest, TheStatusLineShowsTheHintOfTheFocusAndItsRange)
+{
+    window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
+        "timebase": {"scanPeriod": {"value": 1, "range": [0.5, 2]}}}]})"));
+    show();
+    QTest::mouseClick(&at(page().txtScanPeriod), Qt::LeftButton);
+    const auto* hint = window.findChild<QLabel*>("hint");
+    EXPECT_TRUE(hint->text().startsWith(window.text(1142)));
+    EXPECT_TRUE(hint->text().contains(window.text(1149) + "0.5")) << hint->text().toStdString();
+    QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_EQ(hint->text(), window.text(1128));
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,181 @@
+#include "widgets/PageWidget.h"
+#include "fakes/DocumentTest.h"
+#include "widgets/NoInstrumentPicture.h"
+#include "widgets/QtPrinters.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace ko::test {
+namespace {
+
+class PageWidgetTest : public DocumentTest {
+protected:
+    PageWidget widget{page(), [](int number) { return QStringLiteral("text %1").arg(number); }};
+
+    void SetUp() override
+    {
+        FakeDriver& dynamic = addDriver();
+        dynamic.sampleChoices = {0.001, 0.002};
+        dynamic.blockRange = {16, 4096};
+        FakeDriver& scanning = addDriver(2);
+        scanning.scanRange = {0.01, 10};
+        widget.resize(800, 600);
+    }
+    void openAndShow()
+    {
+        open();
+        widget.show();
+        widget.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+    }
+    QWidget& at(const Control& control) { return *widget.view().widget(control); }
+};
+
+TEST_F(PageWidgetTest, EveryControlHasAWidgetAndSaysWhatItIs)
+{
+    openAndShow();
+    for (const Control* control : page().controls()) {
+        const QWidget* shown = widget.view().widget(*control);
+        if (control->typeName() == "Menu")
+            continue;
+        ASSERT_NE(shown, nullptr) << control->name();
+        EXPECT_EQ(shown->isVisible(), control->isShown()) << control->name();
+        if (!control->takesFocus())
+            continue;
+        EXPECT_FALSE(shown->accessibleName().isEmpty()) << control->name();
+        EXPECT_EQ(shown->accessibleDescription().toStdString(), control->tag()) << control->name();
+        EXPECT_EQ(shown->statusTip().toStdString(), control->tag()) << control->name();
+    }
+}
+
+TEST_F(PageWidgetTest, APairOfListAndBoxStandsOnOneSpotAndKeepsTheLayoutWhenItChanges)
+{
+    openAndShow();
+    EXPECT_TRUE(at(page().cmbSampleRate).isVisible() && !at(page().txtSampleRate).isVisible());
+    const QRect frame = at(page().frmDynamic).geometry();
+    const QRect below = at(page().cmbSamplePeriod).geometry();
+    page().cmbSampleRate.setVisible(false);
+    page().txtSampleRate.setVisible(true);
+    QApplication::processEvents();
+    EXPECT_EQ(at(page().frmDynamic).geometry(), frame);
+    EXPECT_EQ(at(page().cmbSamplePeriod).geometry(), below);
+    page().txtSampleRate.setVisible(false);
+    QApplication::processEvents();
+    EXPECT_EQ(at(page().frmDynamic).geometry(), frame);
+}
+
+TEST_F(PageWidgetTest, ShowingThePageFocusesTheOptionOfTheStartMode)
+{
+    fakes[0]->startMode = startMode::immediately;
+    openAndShow();
+    widget.view().focus().follow();
+    EXPECT_TRUE(at(page().optImmediate).hasFocus());
+}
+
+TEST_F(PageWidgetTest, AnEntryIsTypedCheckedAndKeptByRealKeys)
+{
+    openAndShow();
+    QWidget& box = at(page().txtScanPeriod);
+    QTest::mouseClick(&box, Qt::LeftButton);
+    QTest::keyClicks(&box, "20");
+    QTest::keyClick(&box, Qt::Key_Tab);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_TRUE(box.hasFocus());
+    QTest::keyClicks(&box, "0.5");
+    EXPECT_EQ(fakes[1]->scanPeriod, 0.5);
+    QTest::keyClick(&box, Qt::Key_Tab);
+    EXPECT_FALSE(box.hasFocus());
+}
+
+TEST_F(PageWidgetTest, WithoutInstrumentsOnlyThePictureIsShownAndAClickOnItExplains)
+{
+    fakes.clear();
+    openAndShow();
+    for (const Frame* frame : {&page().frmDynamic, &page().frmStatic, &page().frmStart, &page().frmStop})
+        EXPECT_FALSE(at(*frame).isVisible());
+    QWidget& picture = at(page().imgNoInst);
+    EXPECT_EQ(picture.property("picture").toInt(), NoInstrumentPicture::resource);
+    const QImage painted = picture.grab().toImage().scaled(200, 200);
+    std::set<QRgb> colors;
+    for (int i = 0; i < 200 * 200; ++i)
+        colors.insert(painted.pixel(i % 200, i / 200));
+    EXPECT_GT(colors.size(), 10U);
+    QTest::mouseClick(&picture, Qt::LeftButton);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+}
+
+TEST_F(PageWidgetTest, ANarrowWindowStacksTheFramesAndScrollsToTheFocus)
+{
+    openAndShow();
+    EXPECT_EQ(at(page().frmDynamic).mapTo(&widget, QPoint()).y(), at(page().frmStart).mapTo(&widget, QPoint()).y());
+    widget.resize(480, 300);
+    QApplication::processEvents();
+    EXPECT_GT(at(page().frmStart).mapTo(&widget, QPoint()).y(), at(page().frmStatic).mapTo(&widget, QPoint()).y());
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    EXPECT_TRUE(widget.rect().contains(at(page().txtDuration).mapTo(&widget, QPoint())));
+}
+
+/// The drawing commands of a PDF file's page, which is its only compressed stream with nothing but a length.
+QByteArray drawing(const QByteArray& pdf)
+{
+    const qsizetype object = pdf.indexOf("obj\n<<\n/Length ");
+    const qsizetype start = pdf.indexOf("stream\n", object) + 7;
+    return qUncompress(QByteArray("\x10\0\0\0", 4) + pdf.mid(start, pdf.indexOf("endstream", start) - start));
+}
+
+TEST_F(PageWidgetTest, PrintingToAPdfFileDrawsThePageOnOneSheetOfTheChosenPaper)
+{
+    openAndShow();
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("page.pdf");
+    QtPrinters printers([this](const Form& form) { return &form == &page() ? &widget.view() : nullptr; });
+    EXPECT_THROW(printers.printForm(page()), Failure) << "no file to print to";
+    printers.setPdfFile(path);
+    printers.makeCurrent(printers.count() - 1);
+    ASSERT_EQ(printers.deviceName(printers.count() - 1), QtPrinters::pdfName);
+    printers.setPaperSize(1);
+    printers.setOrientation(2);
+    printers.printForm(page());
+    printers.endDocument();
+
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray pdf = file.readAll();
+    EXPECT_EQ(pdf.count("/Type /Page\n"), 1);
+    EXPECT_TRUE(pdf.contains("/MediaBox [0 0 792")) << "landscape Letter";
+    EXPECT_GT(drawing(pdf).count("Tj"), 10) << "the captions are drawn as text";
+}
+
+TEST_F(PageWidgetTest, APrintedPageLooksLikeThePageOnTheScreenAtAnyResolution)
+{
+    openAndShow();
+    QWidget& surface = widget.view();
+    for (const int dotsPerMeter : {3780, 23622}) {
+        QImage sheet(surface.size() * 2, QImage::Format_RGB32);
+        sheet.setDotsPerMeterX(dotsPerMeter);
+        sheet.setDotsPerMeterY(dotsPerMeter);
+        sheet.fill(surface.palette().color(QPalette::Window));
+        QPainter painter(&sheet);
+        drawScaled(painter, surface, sheet.size());
+        painter.end();
+        const QSize coarse(80, 60);
+        const QImage printed = sheet.scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        const QImage shown = surface.grab().toImage().scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        int different = 0;
+        for (int i = 0; i < coarse.width() * coarse.height(); ++i) {
+            const QPoint at(i % coarse.width(), i / coarse.width());
+            different += std::abs(qGray(printed.pixel(at)) - qGray(shown.pixel(at))) > 40 ? 1 : 0;
+        }
+        EXPECT_LT(different, 25) << dotsPerMeter;
+    }
+}
+
+} // namespace
+} // namespace ko::test
