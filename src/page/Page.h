@@ -104,10 +104,10 @@ public:
     std::int32_t staticDriverIndex = -1;  ///< driver of the static editors and scan master; -1 none
 
     bool isShown = false;
-    bool isLoading = false;    ///< the document fills its controls itself: no handler acts
+    bool isLoading = false;       ///< the document fills its controls itself: no handler acts
     bool isDurationKnown = false; ///< false while a page is built, until the start and stop settings are loaded
-    bool isDialogOpen = false; ///< a dialog of the document is shown
-    bool isUpdating = false;   ///< one editor changes another: no re-entry
+    bool isDialogOpen = false;    ///< a dialog of the document is shown
+    bool isUpdating = false;      ///< one editor changes another: no re-entry
     std::int16_t editFlags = editFlag::none;
 
     // What all drivers have in common; 0 and 0: nothing kept.
