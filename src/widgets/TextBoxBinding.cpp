@@ -119,6 +119,10 @@ bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {
+        guarded([&] { box_.userUndid(); });
+        return true;
+    }
     if (event->type() != QEvent::MouseButtonDblClick || !box_.doubleClick)
         return false;
     guarded([&] { box_.userDoubleClicked(); });

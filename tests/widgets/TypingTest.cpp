@@ -1,0 +1,114 @@
+#include "fakes/DocumentTest.h"
+#include "widgets/PageWidget.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+
+namespace ko::test {
+namespace {
+
+struct TypedBox {
+    TextBox Page::*box;
+    const char* text;
+    double FakeDriver::*kept;
+    double value;
+    const char* refused;
+    const char* message;
+};
+
+/// The page with ranges for all quantities, typed into with real keys.
+class KeysOnThePage : public DocumentTest {
+protected:
+    PageWidget widget{page(), [](int number) { return QString::number(number); }};
+
+    void SetUp() override
+    {
+        for (const std::int32_t samplingMode : {1, 2}) {
+            FakeDriver& driver = addDriver(samplingMode);
+            driver.sampleRange = {1e-6, 1};
+            driver.blockRange = {16, 4096};
+            driver.scanRange = {0.01, 100};
+        }
+        open();
+        widget.resize(900, 700);
+        widget.show();
+        widget.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+    }
+    QWidget& at(const Control& control) { return *widget.view().widget(control); }
+    /// Puts the focus into the box with the mouse and replaces its text.
+    void typeInto(QWidget& box, const char* text)
+    {
+        QTest::mouseClick(&box, Qt::LeftButton);
+        QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&box, text);
+    }
+};
+
+class Typing : public KeysOnThePage, public testing::WithParamInterface<TypedBox> {};
+
+TEST_P(Typing, WritesAsIsTypedAndHoldsBackWhatCannotBeAccepted)
+{
+    const TypedBox& it = GetParam();
+    TextBox& control = page().*it.box;
+    QWidget& box = at(control);
+    typeInto(box, it.text);
+    EXPECT_DOUBLE_EQ((*fakes[0]).*it.kept, it.value);
+    QTest::keyClick(&box, Qt::Key_Tab);
+    EXPECT_FALSE(box.hasFocus());
+    const std::string inForce = control.text();
+
+    const std::function<void()> ways[] = {
+        [&] { QTest::keyClick(&box, Qt::Key_Tab); },
+        [&] { QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8)); },
+        [&] { document->menu().OnCommand(command::acceptEntry); },
+    };
+    for (const auto& leave : ways) {
+        typeInto(box, it.refused);
+        EXPECT_TRUE(control.marked());
+        EXPECT_EQ(host.messages, Texts()) << "nothing is said before the box is left";
+        leave();
+        EXPECT_EQ(host.takeMessages(), Texts{std::string("Invalid input: ") + it.message + " (48)"});
+        EXPECT_TRUE(box.hasFocus());
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_EQ(control.text(), inForce);
+        EXPECT_FALSE(control.marked());
+    }
+    QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_FALSE(box.hasFocus());
+    EXPECT_DOUBLE_EQ((*fakes[0]).*it.kept, it.value);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryBox, Typing,
+                         testing::Values(TypedBox{&Page::txtSampleRate, "400", &FakeDriver::samplePeriod, 0.0025, "0",
+                                                  "A valid real number in the range 1 to 1000000 is required."},
+                                         TypedBox{&Page::txtSamplePeriod, "0.25", &FakeDriver::samplePeriod, 0.25,
+                                                  "abc", "A valid real number is required."},
+                                         TypedBox{&Page::txtBlockSize, "64", &FakeDriver::blockSize, 64, "15",
+                                                  "A valid integer in the range 16 to 4096 is required."},
+                                         TypedBox{&Page::txtScanRate, "50", &FakeDriver::scanPeriod, 0.02, "-",
+                                                  "A valid real number is required."},
+                                         TypedBox{&Page::txtScanPeriod, "0.5", &FakeDriver::scanPeriod, 0.5, "0.001",
+                                                  "A valid real number in the range 0.01 to 100 is required."}),
+                         [](const auto& box) { return "Box" + std::to_string(box.index); });
+
+TEST_F(KeysOnThePage, PageUpAndPageDownStepAList)
+{
+    for (const auto& driver : fakes)
+        driver->sampleChoices = {0.001, 0.002, 0.004};
+    handOver();
+    QWidget& list = at(page().cmbSampleRate);
+    QTest::mouseClick(&list, Qt::LeftButton);
+    QTest::keyClick(QApplication::activePopupWidget() ? QApplication::activePopupWidget() : &list, Qt::Key_Escape);
+    ASSERT_EQ(page().activeControl(), &page().cmbSampleRate);
+    QTest::keyClick(&list, Qt::Key_PageDown);
+    EXPECT_EQ(fakes[0]->samplePeriod, 0.002);
+    EXPECT_EQ(page().cmbSamplePeriod.index(), 1);
+    QTest::keyClick(&list, Qt::Key_PageUp);
+    EXPECT_EQ(fakes[0]->samplePeriod, 0.001);
+}
+
+} // namespace
+} // namespace ko::test
