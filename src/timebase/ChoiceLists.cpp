@@ -18,7 +18,11 @@ bool isKept(Range range)
 
 std::vector<double> commonValues(const std::vector<double>& a, std::vector<double> b)
 {
-    std::sort(b.begin(), b.end());
+    // Drivers mostly deliver their values in order.
+    if (std::is_sorted(b.rbegin(), b.rend()))
+        std::reverse(b.begin(), b.end());
+    else if (!std::is_sorted(b.begin(), b.end()))
+        std::sort(b.begin(), b.end());
     std::vector<double> common;
     std::copy_if(a.begin(), a.end(), std::back_inserter(common),
                  [&](double value) { return std::binary_search(b.begin(), b.end(), value); });
