@@ -46,7 +46,7 @@ private:
     // IKopDrivers
     void setNumberOfDrivers(std::int32_t count) override;
     bool HasProcessedDriverChanges() override;
-    void setDrivers(const DriverList& drivers) override;
+    void setDrivers(const DriverList& handedOver) override;
     void DriversHaveChanged() override;
     // IKopMenu
     void OnCommand(std::int32_t commandId) override;

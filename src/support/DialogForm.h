@@ -12,7 +12,7 @@ namespace ko {
 class DialogForm : public Form {
 public:
     /// `caption` is the offset of the form's caption in its block of the string table.
-    DialogForm(Support& support, std::string name, int caption, std::int32_t helpContextId);
+    DialogForm(Support& support, std::string name, int caption, std::int32_t topic);
 
     /// The host's help; may be empty.
     std::shared_ptr<HelpSite> IHelp;

@@ -15,6 +15,8 @@ namespace ko {
 FocusKeeper::FocusKeeper(Form& form, QWidget& surface) : form_(form), surface_(surface)
 {
     surface.installEventFilter(this);
+    later_.setSingleShot(true);
+    connect(&later_, &QTimer::timeout, this, [this] { form_.activeControl() ? follow() : park(); });
 }
 
 void FocusKeeper::watch(Control& control, QWidget& widget, QWidget& pressed)
@@ -72,8 +74,7 @@ void FocusKeeper::follow()
 
 void FocusKeeper::followLater()
 {
-    QMetaObject::invokeMethod(
-        this, [this] { form_.activeControl() ? follow() : park(); }, Qt::QueuedConnection);
+    later_.start();
 }
 
 void FocusKeeper::park()
@@ -157,7 +158,7 @@ bool FocusKeeper::focusCame(QObject* object, QEvent* event)
     }
 }
 
-bool FocusKeeper::keyPressed(QKeyEvent& event)
+bool FocusKeeper::keyPressed(const QKeyEvent& event) const
 {
     KeyPress press{keyCodeOf(event), shiftStateOf(event)};
     if (press.keyCode == 0 || !form_.keyDown)
@@ -178,7 +179,7 @@ bool FocusKeeper::eventFilter(QObject* object, QEvent* event)
     case QEvent::KeyPress:
         // A key that a control leaves alone comes to the surface a second time.
         if (static_cast<QWidget*>(object)->hasFocus())
-            return keyPressed(*static_cast<QKeyEvent*>(event));
+            return keyPressed(*static_cast<const QKeyEvent*>(event));
         return false;
     default: return false;
     }

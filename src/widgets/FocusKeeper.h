@@ -3,7 +3,7 @@
 #include "platform/Form.h"
 
 #include <QObject>
-#include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <vector>
 
@@ -43,6 +43,7 @@ public:
     bool step(bool forward);
     /// Brings the toolkit's focus to where the form's is.
     void follow();
+    /// The same once the toolkit has done what it is about to do.
     void followLater();
 
     /// Told of each widget that gets the focus, so that it can be scrolled into sight.
@@ -60,7 +61,7 @@ private:
     [[nodiscard]] Control* controlOf(const QObject* object) const;
     bool pressed(Control& control);
     bool focusCame(QObject* object, QEvent* event);
-    bool keyPressed(QKeyEvent& event);
+    [[nodiscard]] bool keyPressed(const QKeyEvent& event) const;
     [[nodiscard]] std::vector<Control*> tabStops() const;
     bool stepOutside(bool forward);
     void park();
@@ -68,6 +69,7 @@ private:
     Form& form_;
     QWidget& surface_;
     std::vector<Watched> watched_;
+    QTimer later_;
     int held_ = 0;
 };
 

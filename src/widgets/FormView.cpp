@@ -83,6 +83,7 @@ QPushButton& FormView::button(CommandButton& control)
 QLabel& FormView::label(Label& control, const std::vector<Control*>& fields)
 {
     std::vector<LabelBinding::Field> named;
+    named.reserve(fields.size());
     for (Control* field : fields)
         named.push_back({field, widget(*field)});
     return bind<LabelBinding>(control, new QLabel(this), std::move(named));

@@ -13,7 +13,7 @@ namespace ko {
 class LabelBinding : public Binding {
 public:
     struct Field {
-        Control* control;
+        Control* control = nullptr;
         QPointer<QWidget> widget;
     };
 

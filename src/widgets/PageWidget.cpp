@@ -8,7 +8,7 @@
 
 namespace ko {
 
-PageWidget::PageWidget(Page& page, Texts texts, QWidget* parent)
+PageWidget::PageWidget(Page& page, const Texts& texts, QWidget* parent)
     : QScrollArea(parent), page_(page), view_(new FormView(page, texts)),
       picture_(new NoInstrumentPicture(texts, view_)),
       menu_(&view_->menu(page.mnuTimebase, {&page.mnuTimebaseTriggerLines}))

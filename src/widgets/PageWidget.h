@@ -19,7 +19,7 @@ class NoInstrumentPicture;
 /// The page outlives the widget.
 class PageWidget : public QScrollArea {
 public:
-    PageWidget(Page& page, Texts texts, QWidget* parent = nullptr);
+    PageWidget(Page& page, const Texts& texts, QWidget* parent = nullptr);
     ~PageWidget() override;
 
     [[nodiscard]] FormView& view() { return *view_; }

@@ -1,4 +1,5 @@
 #include "host/FrameWindow.h"
+#include "Soon.h"
 #include "host/HostTexts.h"
 #include "host/InputError.h"
 
@@ -12,7 +13,6 @@
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -62,13 +62,16 @@ protected:
     /// Answers the message box that comes next and keeps its texts.
     void answer(QString& texts)
     {
-        QTimer::singleShot(0, [&texts] {
+        answer_.emplace([&texts] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             texts = box->text() + u'\n' + box->informativeText();
             box->accept();
         });
     }
+
+private:
+    std::optional<Soon> answer_;
 };
 
 TEST_F(FrameWindowTest, ASetupIsShownWithItsNameAndThePageMarksTheWindowAsChanged)

@@ -1,3 +1,4 @@
+#include "Soon.h"
 #include "platform/CaptionControls.h"
 #include "platform/Failure.h"
 #include "widgets/FormView.h"
@@ -7,7 +8,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
@@ -54,7 +54,7 @@ TEST(QtMessageBox, ShowsTextTitleAndIconAndWaitsForTheAnswer)
                                       std::pair(messageStyle::information, QMessageBox::Information),
                                       std::pair(messageStyle::plain, QMessageBox::NoIcon)}) {
         bool seen = false;
-        QTimer::singleShot(0, [&, wanted = icon] {
+        const Soon soon([&, wanted = icon] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             seen = box->icon() == wanted && box->text() == "<b>1 < 2</b>" && box->textFormat() == Qt::PlainText;
@@ -84,7 +84,7 @@ TEST(QtModalForms, AFormIsShownUntilItIsHiddenAndEscapePressesItsCancelButton)
         ++clicks;
         forms.hide(form);
     };
-    QTimer::singleShot(0, [&] {
+    const Soon soon([&] {
         QWidget* dialog = QApplication::activeModalWidget();
         ASSERT_NE(dialog, nullptr);
         EXPECT_EQ(dialog->windowTitle(), "Title");

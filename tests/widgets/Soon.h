@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QTimer>
+
+namespace ko::test {
+
+/// Does something as soon as an event loop runs, such as that of a message box.
+class Soon {
+public:
+    template <class Action> explicit Soon(Action action)
+    {
+        QObject::connect(&timer_, &QTimer::timeout, action);
+        timer_.setSingleShot(true);
+        timer_.start(0);
+    }
+
+private:
+    QTimer timer_;
+};
+
+} // namespace ko::test
