@@ -12,9 +12,7 @@ void TimebaseEditor::initializeDocument()
     page_.dynamicDriverIndex = -1;
     page_.staticDriverIndex = -1;
     page_.isDurationKnown = false;
-    for (Label* count : {&page_.lblNumSamplesValue, &page_.lblNumScansValue, &page_.lblNumDynamicBytesValue,
-                         &page_.lblNumStaticBytesValue})
-        count->setCaption(page_.notApplicableText);
+    schedule_.estimate().clear();
     initializeTriggering(step);
     page_.frmDynamic.setVisible(page_.hasDynamicDrivers);
     page_.frmStatic.setVisible(page_.hasStaticDrivers);
@@ -29,6 +27,7 @@ void TimebaseEditor::initializeDocument()
                                       page_.triggerVars, page_.readOnly);
     schedule_.loadStartStop(step);
     followReadOnly();
+    schedule_.loaded();
     updateDiskSpace();
     page_.driverChangesPending = false;
 }
@@ -79,6 +78,8 @@ void TimebaseEditor::followReadOnly()
     const bool editable = !page_.readOnly;
     for (Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
         frame->setEnabled(editable);
+    schedule_.startStop().enableStartControls();
+    schedule_.startStop().enableStopControls();
     for (OptionButton* option : {&page_.optStartTime, &page_.optImmediate, &page_.optAfter})
         option->setEnabled(editable);
 }

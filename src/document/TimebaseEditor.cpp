@@ -6,7 +6,8 @@ namespace ko {
 
 TimebaseEditor::TimebaseEditor(Shared& shared, PropertyNotifySink& sink)
     : shared_(shared), support_(shared.support), sink_(sink), dynamicEditors_(page_, support_, *this),
-      staticEditors_(page_, support_, *this), schedule_(page_, support_, *this)
+      staticEditors_(page_, support_, *this),
+      schedule_(page_, support_, *this, [&shared]() -> SetDateTime& { return shared.dialogs.setDateTime(); })
 {
     page_.imgNoInst.click = [this] { imgNoInst_Click(); };
     page_.keyDown = [this](KeyPress& press) { UserDocument_KeyDown(press); };
@@ -26,7 +27,12 @@ void TimebaseEditor::markChanged()
 
 std::int32_t TimebaseEditor::updateDiskSpace()
 {
-    return schedule_.updateDiskSpace();
+    return schedule_.estimate().updateDiskSpace();
+}
+
+void TimebaseEditor::refreshEstimate()
+{
+    schedule_.estimate().updateDiskSpace();
 }
 
 void TimebaseEditor::captureStartStop()
@@ -37,11 +43,12 @@ void TimebaseEditor::captureStartStop()
 
 bool TimebaseEditor::validateActiveControl(bool apply)
 {
+    const auto passes = [apply](NumberEntry& entry) { return entry.check(true) && (!apply || entry.leave()); };
     for (const auto* entries : {&dynamicEditors_.entries(), &staticEditors_.entries()})
         for (const auto& entry : *entries)
             if (entry->box().hasFocus())
-                return entry->check(true) && (!apply || entry->leave());
-    return true;
+                return passes(*entry);
+    return !schedule_.duration().box().hasFocus() || passes(schedule_.duration());
 }
 
 } // namespace ko

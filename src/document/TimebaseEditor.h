@@ -65,7 +65,11 @@ private:
     // Actions
     void markChanged() override;
     std::int32_t updateDiskSpace() override;
+    void refreshEstimate() override;
     void captureStartStop() override;
+    void enableTriggering(bool) override {}
+    void disableTriggering(bool) override {}
+    void setTriggerSource(bool) override {}
 
     // Life cycle
     void UserDocument_Initialize();

@@ -15,9 +15,22 @@ public:
     /// that, added to 1100, is the message's. Reports its own failures.
     virtual std::int32_t updateDiskSpace() = 0;
 
+    /// Brings the derived labels up to date after old values were put back. Whatever the limit says is not asked
+    /// about again. Reports its own failures.
+    virtual void refreshEstimate() = 0;
+
     /// Notes the start and stop settings that the drivers hold in the page's `triggerVars`, unless the page is
     /// read-only. Reports its own failures.
     virtual void captureStartStop() = 0;
+
+    /// Switches the trigger controls on when the recording starts on a trigger, off when it does not; `onTrigger` is
+    /// the state of that start option. Report their own failures.
+    virtual void enableTriggering(bool onTrigger) = 0;
+    virtual void disableTriggering(bool onTrigger) = 0;
+
+    /// Tells the start master whether the stored trigger channel is its trigger source; nothing when no channel is
+    /// stored. Reports its own failures.
+    virtual void setTriggerSource(bool enabled) = 0;
 
 protected:
     ~Actions() = default;

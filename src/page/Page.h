@@ -51,7 +51,7 @@ public:
     Label lblNumSamples{*this, "lblNumSamples", &frmDynamic};
     Label lblNumSamplesValue{*this, "lblNumSamplesValue", &frmDynamic};
     Label lblNumDynamicBytes{*this, "lblNumDynamicBytes", &frmDynamic};
-    Label lblNumDynamicBytesValue{*this, "lblNumDynamicBytesValue", &frmDynamic};
+    LimitedLabel lblNumDynamicBytesValue{*this, "lblNumDynamicBytesValue", &frmDynamic};
 
     Frame frmStatic{*this, "frmStatic"};
     Label lblScanRate{*this, "lblScanRate", &frmStatic};
@@ -63,7 +63,7 @@ public:
     Label lblNumScans{*this, "lblNumScans", &frmStatic};
     Label lblNumScansValue{*this, "lblNumScansValue", &frmStatic};
     Label lblNumStaticBytes{*this, "lblNumStaticBytes", &frmStatic};
-    Label lblNumStaticBytesValue{*this, "lblNumStaticBytesValue", &frmStatic};
+    LimitedLabel lblNumStaticBytesValue{*this, "lblNumStaticBytesValue", &frmStatic};
 
     Frame frmStart{*this, "frmStart"};
     OptionButton optImmediate{*this, "optImmediate", &frmStart};

@@ -12,6 +12,14 @@ void CaptionControl::setCaption(const std::string& caption)
     tellView(Aspect::Text);
 }
 
+void LimitedLabel::setShare(double share)
+{
+    if (share_ == share)
+        return;
+    share_ = share;
+    tellView(Aspect::Text);
+}
+
 Outcome PressControl::userClicked()
 {
     const Outcome entered = enter();

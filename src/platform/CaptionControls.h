@@ -22,6 +22,19 @@ public:
     [[nodiscard]] std::string_view typeName() const override { return "Label"; }
 };
 
+/// A label whose figure has a limit.
+class LimitedLabel : public Label {
+public:
+    using Label::Label;
+
+    /// How much of its limit the figure takes, 0 to 1; 0 while the figure is not known.
+    [[nodiscard]] double share() const { return share_; }
+    void setShare(double share);
+
+private:
+    double share_ = 0.0;
+};
+
 class Frame : public CaptionControl {
 public:
     using CaptionControl::CaptionControl;

@@ -1,5 +1,9 @@
 #include "schedule/DiskSpace.h"
 
+#include "platform/NumberText.h"
+
+#include <cmath>
+
 namespace ko {
 
 namespace {
@@ -18,6 +22,32 @@ std::int32_t checkDiskSpace(const ByteTotals& totals, bool hasDynamicDrivers, bo
     if (!fitsLimit(totals.staticBytes, hasStaticDrivers))
         return diskSpace::staticTooLarge;
     return diskSpace::fits;
+}
+
+double wholeBlocks(double samples, std::int32_t blockSize)
+{
+    const std::int32_t rounded = toLong(samples);
+    if (blockSize < 1 || (samples >= blockSize && rounded % blockSize == 0))
+        return samples;
+    return samples - rounded % blockSize + blockSize;
+}
+
+double toHundredths(double value)
+{
+    const double hundredths = value * 100.0;
+    return (hundredths - std::remainder(hundredths, 1.0)) / 100.0;
+}
+
+std::string formatByteCount(const Support& support, double bytes)
+{
+    constexpr struct {
+        double bytes;
+        int text;
+    } units[] = {{1073741824.0, 1167}, {1048576.0, 1166}, {1024.0, 1165}};
+    for (const auto& unit : units)
+        if (bytes > unit.bytes)
+            return numberText(toHundredths(bytes / unit.bytes), support.locale()) + support.text(unit.text);
+    return numberText(bytes, support.locale()) + support.text(1164);
 }
 
 } // namespace ko

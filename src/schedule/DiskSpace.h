@@ -1,6 +1,7 @@
 #pragma once
 
 #include "page/Drivers.h"
+#include "support/Support.h"
 
 namespace ko {
 
@@ -17,5 +18,15 @@ inline constexpr std::int32_t staticTooLarge = 72;
 /// Compares the totals with the limit, the dynamic one first. A total that is not positive although there are
 /// drivers of its kind, or that is not a number, counts as too large: it signals an overflow.
 std::int32_t checkDiskSpace(const ByteTotals& totals, bool hasDynamicDrivers, bool hasStaticDrivers);
+
+/// A number of samples raised to whole blocks of `blockSize` samples, at least one; a fraction stays. A block size
+/// below 1 leaves it as it is. Failure 6 when the number does not fit into 32 bits.
+double wholeBlocks(double samples, std::int32_t blockSize);
+
+/// Rounded to two decimals, halves to even.
+double toHundredths(double value);
+
+/// A byte count in bytes, KB, MB or GB, the larger units with at most two decimals.
+std::string formatByteCount(const Support& support, double bytes);
 
 } // namespace ko

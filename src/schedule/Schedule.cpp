@@ -1,159 +1,81 @@
 #include "schedule/Schedule.h"
 
 #include "interfaces/Timebase.h"
-#include "page/Hints.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
-#include "schedule/DiskSpace.h"
+
+#include <utility>
 
 namespace ko {
 
-namespace {
-
-constexpr double defaultDuration = 10.0;
-
-} // namespace
-
-Schedule::Schedule(Page& page, Support& support, Actions& actions) : page_(page), support_(support), actions_(actions)
+Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog)
+    : page_(page), support_(support), actions_(actions), recording_(page, support, actions),
+      startStop_(page, support, actions, recording_), duration_(page, support, recording_),
+      times_(page, support, recording_, std::move(dialog)), estimate_(page, support, recording_)
 {
-    connectFocusEvents();
 }
 
-void Schedule::connectFocusEvents()
+Schedule::Settings Schedule::read(const Steps& step) const
 {
-    const auto leave = [this] { page_.editFlags = editFlag::none; };
-    page_.txtDuration.gotFocus = [this] { txtDuration_GotFocus(); };
-    page_.txtDuration.lostFocus = leave;
-    page_.cmbInterval.gotFocus = [this] { cmbInterval_GotFocus(); };
-    page_.cmbInterval.lostFocus = leave;
-    page_.txtStartTime.gotFocus = [this] { timeBoxGotFocus(page_.txtStartTime, "txtStartTime_GotFocus"); };
-    page_.txtStartTime.lostFocus = leave;
-    page_.txtStopTime.gotFocus = [this] { timeBoxGotFocus(page_.txtStopTime, "txtStopTime_GotFocus"); };
-    page_.txtStopTime.lostFocus = leave;
-    page_.optImmediate.gotFocus = [this] { optionGotFocus("optImmediate_GotFocus"); };
-    page_.optOnTrigger.gotFocus = [this] { optionGotFocus("optOnTrigger_GotFocus"); };
-    page_.optStartTime.gotFocus = [this] { optionGotFocus("optStartTime_GotFocus"); };
-    page_.optAfter.gotFocus = [this] { optionGotFocus("optAfter_GotFocus"); };
-    page_.optStopTime.gotFocus = [this] { optionGotFocus("optStopTime_GotFocus"); };
-}
-
-void Schedule::clearHint(const Steps& step)
-{
-    step([&] { setToolTip(page_, support_, noRange, noRange); });
-}
-
-void Schedule::txtDuration_GotFocus()
-{
-    const Steps step(support_.errors, "txtDuration_GotFocus");
-    page_.editFlags = editFlag::copy | editFlag::paste;
-    clearHint(step);
-    step([&] { selectAllText(page_.txtDuration); });
-}
-
-void Schedule::cmbInterval_GotFocus()
-{
-    const Steps step(support_.errors, "cmbInterval_GotFocus");
-    page_.editFlags = editFlag::none;
-    clearHint(step);
-    intervalAtFocus_ = page_.cmbInterval.index();
-}
-
-void Schedule::timeBoxGotFocus(TextBox& box, std::string_view procedure)
-{
-    const Steps step(support_.errors, procedure);
-    page_.editFlags = editFlag::copy;
-    clearHint(step);
-    step([&] { selectAllText(box); });
-}
-
-void Schedule::optionGotFocus(std::string_view procedure)
-{
-    clearHint(Steps(support_.errors, procedure));
-}
-
-void Schedule::loadStartStop(const Steps& step)
-{
-    std::int32_t start = startMode::immediately;
-    std::int32_t stop = stopMode::afterDuration;
-    DateTime time;
-    double seconds = defaultDuration;
+    Settings read;
     for (const auto& driver : page_.currentDrivers()) {
         Timebase* timebase = driver ? step.value([&] { return driver->queryTimebase(); }) : nullptr;
         if (!timebase)
             continue;
-        step([&] { start = timebase->StartMode(); });
-        step([&] { time = timebase->StartTime(); });
-        step([&] { stop = timebase->StopMode(); });
-        step([&] { seconds = widen(timebase->Duration()); });
+        step([&] { read.start = timebase->StartMode(); });
+        step([&] { read.time = timebase->StartTime(); });
+        step([&] { read.stop = timebase->StopMode(); });
+        step([&] { read.seconds = widen(timebase->Duration()); });
         break;
     }
+    return read;
+}
+
+void Schedule::loadStartStop(const Steps& step)
+{
+    const Settings settings = read(step);
     step([&] { page_.cmbInterval.select(0); });
-    showStartMode(step, start, stop, time, seconds);
-    step([&] { showDuration(seconds); });
+    show(step, settings);
+    step([&] { duration_.showDuration(settings.seconds); });
+    if (settings.start != startMode::atTime && settings.stop != stopMode::afterDuration)
+        stopAfterDuration(step);
+    loadedSeconds_ = settings.seconds;
     page_.isDurationKnown = true;
 }
 
-void Schedule::showStartMode(const Steps& step, std::int32_t start, std::int32_t stop, DateTime time, double seconds)
+void Schedule::loaded()
+{
+    recording_.accept(loadedSeconds_);
+}
+
+void Schedule::show(const Steps& step, const Settings& settings)
 {
     if (page_.driverChangesPending) {
         page_.txtStartTime.setText("");
         page_.txtStopTime.setText("");
     }
-    if (start != startMode::atTime) {
-        (start == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate).showSelected();
+    if (settings.start != startMode::atTime) {
+        (settings.start == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate).showSelected();
         page_.optAfter.showSelected();
         return;
     }
     page_.optStartTime.showSelected();
-    step([&] { page_.txtStartTime.setText(generalDate(time, support_.locale())); });
-    if (stop != stopMode::atTime) {
+    step([&] { page_.txtStartTime.setText(generalDate(settings.time, support_.locale())); });
+    if (settings.stop != stopMode::atTime) {
         page_.optAfter.showSelected();
         return;
     }
-    step([&] { page_.txtStopTime.setText(computeStopTime('s', seconds, time)); });
+    step([&] { page_.txtStopTime.setText(recording_.computeStopTime('s', settings.seconds, settings.time)); });
     page_.optStopTime.showSelected();
 }
 
-void Schedule::showDuration(double seconds)
+/// Without a start at a time the page offers no stop at one, so no driver may keep it.
+void Schedule::stopAfterDuration(const Steps& step)
 {
-    constexpr double unitSeconds[] = {1.0, 60.0, 3600.0, 86400.0};
-    std::int32_t unit = 3;
-    while (unit > 0 && !(seconds >= unitSeconds[unit]))
-        --unit;
-    page_.cmbInterval.select(unit);
-    page_.txtDuration.setText(numberText(seconds / unitSeconds[unit], support_.locale()));
-}
-
-std::string Schedule::computeStopTime(char unit, double amount, DateTime start) const
-{
-    return generalDate(dateAdd(unit, amount, start), support_.locale());
-}
-
-DateTime Schedule::timeIn(const TextBox& box) const
-{
-    return toDateTime(box.text(), support_.locale());
-}
-
-double Schedule::getDurationSeconds() const
-{
-    if (page_.optAfter.value())
-        return toDouble(page_.txtDuration.text(), support_.locale()) * page_.cmbInterval.itemData();
-    DateTime start = timeIn(page_.txtStartTime);
-    DateTime stop = timeIn(page_.txtStopTime);
-    const double today = datePart(support_.platform.clock.now()).days;
-    if (start.days < 1.0 && stop.days > 1.0)
-        start.days += today;
-    else if (start.days > 1.0 && stop.days < 1.0)
-        stop.days += today;
-    return dateDiffSeconds(start, stop);
-}
-
-std::int32_t Schedule::updateDiskSpace()
-{
-    if (!page_.isDurationKnown)
-        return diskSpace::fits;
-    const ByteTotals totals = sumDriverBytes(page_.currentDrivers());
-    return checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
+    ScheduleChange change;
+    change.stopMode = stopMode::afterDuration;
+    ScheduleWriter().write(step, page_.currentDrivers(), change);
+    actions_.captureStartStop();
 }
 
 } // namespace ko

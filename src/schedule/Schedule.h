@@ -1,50 +1,54 @@
 #pragma once
 
-#include "page/Actions.h"
-#include "page/Page.h"
-#include "support/Steps.h"
-#include "support/Support.h"
+#include "schedule/DurationEntry.h"
+#include "schedule/Estimate.h"
+#include "schedule/StartStop.h"
+#include "schedule/TimeEntries.h"
 
 namespace ko {
 
 /// Start and stop of the recording, its duration and the disk space that it takes.
 class Schedule {
 public:
-    /// Takes over the events of its controls. Everything passed in outlives the schedule.
-    Schedule(Page& page, Support& support, Actions& actions);
+    /// Takes over the events of its controls. Everything passed in outlives the schedule; `dialog` answers the
+    /// component's date-and-time dialog.
+    Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog);
 
     /// Shows the start and stop settings of the first driver that offers a timebase; without one: immediately,
-    /// after 10 seconds. The page is being loaded.
+    /// after 10 seconds. A stop at a time that the start does not allow is taken back in the drivers, too. The page
+    /// is being loaded.
     void loadStartStop(const Steps& step);
 
-    /// Shows a duration in seconds in the largest unit that fits.
-    void showDuration(double seconds);
+    /// What the page shows after it was loaded is what a later refusal returns to.
+    void loaded();
 
-    /// `start` plus `amount` units ('s', 'n', 'h', 'd') as General Date text. Failures reach the caller.
-    [[nodiscard]] std::string computeStopTime(char unit, double amount, DateTime start) const;
-
-    /// The duration entered on the page, in seconds; may be 0 or negative when stopping at a time. Failures reach
-    /// the caller.
-    [[nodiscard]] double getDurationSeconds() const;
-
-    /// See `Actions::updateDiskSpace`.
-    std::int32_t updateDiskSpace();
+    [[nodiscard]] StartStop& startStop() { return startStop_; }
+    [[nodiscard]] Estimate& estimate() { return estimate_; }
+    /// `txtDuration`.
+    [[nodiscard]] NumberEntry& duration() { return duration_; }
 
 private:
-    void connectFocusEvents();
-    void showStartMode(const Steps& step, std::int32_t start, std::int32_t stop, DateTime time, double seconds);
-    void clearHint(const Steps& step);
-    [[nodiscard]] DateTime timeIn(const TextBox& box) const;
+    /// The start and stop settings as a driver holds them.
+    struct Settings {
+        std::int32_t start = startMode::immediately;
+        std::int32_t stop = stopMode::afterDuration;
+        DateTime time;
+        double seconds = 10.0;
+    };
 
-    void txtDuration_GotFocus();
-    void cmbInterval_GotFocus();
-    void timeBoxGotFocus(TextBox& box, std::string_view procedure);
-    void optionGotFocus(std::string_view procedure);
+    [[nodiscard]] Settings read(const Steps& step) const;
+    void show(const Steps& step, const Settings& settings);
+    void stopAfterDuration(const Steps& step);
 
     Page& page_;
     Support& support_;
     Actions& actions_;
-    std::int32_t intervalAtFocus_ = -1;
+    Recording recording_;
+    StartStop startStop_;
+    DurationEntry duration_;
+    TimeEntries times_;
+    Estimate estimate_;
+    double loadedSeconds_ = 0.0;
 };
 
 } // namespace ko

@@ -1,5 +1,8 @@
 #include "schedule/SetDateTime.h"
 
+#include "schedule/ClockFace.h"
+#include "support/Geometry.h"
+
 namespace ko {
 
 namespace {
@@ -13,8 +16,88 @@ SetDateTime::SetDateTime(Support& support) : DialogForm(support, "SetDateTime", 
     btnOK.setTag("2");
     btnCancel.setTag("3");
     btnHelp.setTag("4");
+    frmDate.setTag("5");
+    frmTime.setTag("6");
+    optCurrentDay.setTag("7");
+    optSpecifiedDay.setTag("8");
+    resize(7800, 5400);
     load(textBase);
+    optCurrentDay.click = [this] { optCurrentDay_Click(); };
+    optSpecifiedDay.click = [this] { optSpecifiedDay_Click(); };
+    calDate.change = [this] { rememberedDay_ = calDate.day(); };
+    dtpTimeSelector.change = [this] { dtpTimeSelector_Change(); };
+    picClock.paint = [this](double width, double height) { return clockFace(width, height, clockTime_); };
+    btnOK.click = [this] { btnOK_Click(); };
+    btnCancel.click = [this] { btnCancel_Click(); };
     btnHelp.click = [this] { showHelp("btnHelp_Click"); };
+}
+
+std::optional<DateTime> SetDateTime::Display(DateTime currentValue, bool anyDayOnly, bool oneDayOnly)
+{
+    const Steps step(support().errors, "Display");
+    newval_.reset();
+    if (!anyDayOnly || !oneDayOnly) {
+        optSpecifiedDay.setEnabled(!anyDayOnly);
+        optCurrentDay.setEnabled(!oneDayOnly);
+    }
+    showDay(step, currentValue);
+    step([&] {
+        const DateParts time = dateParts(currentValue);
+        dtpTimeSelector.setTime(time.hour, time.minute, time.second);
+    });
+    step([&] { placeAtCursor(*this, support().platform.screen); });
+    step([&] { support().platform.modalForms.showModal(*this); });
+    return newval_;
+}
+
+void SetDateTime::showDay(const Steps& step, DateTime currentValue)
+{
+    step([&] {
+        const DateParts day = dateParts(currentValue.hasDate() ? currentValue : support().platform.clock.now());
+        calDate.setDate(day.year, day.month, day.day);
+    });
+    rememberedDay_ = calDate.day();
+    (currentValue.hasDate() ? optSpecifiedDay : optCurrentDay).showSelected();
+    calDate.setEnabled(optSpecifiedDay.value() && optSpecifiedDay.enabled());
+}
+
+void SetDateTime::optCurrentDay_Click()
+{
+    rememberedDay_ = calDate.day();
+    calDate.setEnabled(false);
+}
+
+void SetDateTime::optSpecifiedDay_Click()
+{
+    const Steps step(support().errors, "optSpecifiedDay_Click");
+    calDate.setEnabled(true);
+    step([&] { calDate.setDate(calDate.year(), calDate.month(), rememberedDay_); });
+}
+
+void SetDateTime::dtpTimeSelector_Change()
+{
+    const Steps step(support().errors, "dtpTimeSelector_Change");
+    step([&] { clockTime_ = timeSerial(dtpTimeSelector.hour(), dtpTimeSelector.minute(), dtpTimeSelector.second()); });
+    picClock.redraw();
+}
+
+void SetDateTime::btnOK_Click()
+{
+    const Steps step(support().errors, "btnOK_Click");
+    step([&] {
+        const int hour = dtpTimeSelector.hour();
+        const DateTime time = timeSerial(hour, dtpTimeSelector.minute(), dtpTimeSelector.second());
+        const DateTime date =
+            optSpecifiedDay.value() ? dateSerial(calDate.year(), calDate.month(), calDate.day()) : DateTime{};
+        newval_ = DateTime{date.days + time.days};
+    });
+    step([&] { support().platform.modalForms.hide(*this); });
+}
+
+void SetDateTime::btnCancel_Click()
+{
+    const Steps step(support().errors, "btnCancel_Click");
+    step([&] { support().platform.modalForms.hide(*this); });
 }
 
 } // namespace ko

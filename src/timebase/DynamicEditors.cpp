@@ -93,6 +93,7 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, Get get, Set se
         step([&] { showLimitMessage(support_, code); });
         if (before)
             step([&] { (timebase->*set)(*before); });
+        actions_.refreshEstimate();
         return {Written::Fate::Refused, read()};
     }
     step([&] { actions_.markChanged(); });

@@ -75,6 +75,7 @@ StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod
             step([&] { timebase.setScanPeriod(*before_[i]); });
         result.inForce = readScanPeriod(step, timebase);
     });
+    actions_.refreshEstimate();
     return result;
 }
 

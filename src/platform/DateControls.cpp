@@ -1,0 +1,72 @@
+#include "platform/DateControls.h"
+
+#include "platform/Failure.h"
+
+#include <chrono>
+
+namespace ko {
+
+namespace {
+
+constexpr int firstYearToPick = 1900;
+
+bool isDate(int year, int month, int day)
+{
+    using namespace std::chrono;
+    if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31)
+        return false;
+    return year_month_day(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
+                          std::chrono::day(static_cast<unsigned>(day)))
+        .ok();
+}
+
+bool isTime(int hour, int minute, int second)
+{
+    return hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
+}
+
+} // namespace
+
+void Calendar::setDate(int year, int month, int day)
+{
+    if (!isDate(year, month, day))
+        fail(failure::invalidCall);
+    if (year_ == year && month_ == month && day_ == day)
+        return;
+    year_ = year;
+    month_ = month;
+    day_ = day;
+    tellView(Aspect::Text);
+    raise(change);
+}
+
+Outcome Calendar::userChose(int year, int month, int day)
+{
+    if (!isUsable() || year < firstYearToPick || !isDate(year, month, day))
+        return Outcome::Inert;
+    setDate(year, month, day);
+    return Outcome::Done;
+}
+
+void TimePicker::setTime(int hour, int minute, int second)
+{
+    if (!isTime(hour, minute, second))
+        fail(failure::invalidCall);
+    if (hour_ == hour && minute_ == minute && second_ == second)
+        return;
+    hour_ = hour;
+    minute_ = minute;
+    second_ = second;
+    tellView(Aspect::Text);
+    raise(change);
+}
+
+Outcome TimePicker::userChose(int hour, int minute, int second)
+{
+    if (!isUsable() || !isTime(hour, minute, second))
+        return Outcome::Inert;
+    setTime(hour, minute, second);
+    return Outcome::Done;
+}
+
+} // namespace ko

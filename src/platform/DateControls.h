@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/Control.h"
+#include "platform/DateTimes.h"
+
+namespace ko {
+
+/// A month calendar. A date that the program sets counts as a change, too.
+class Calendar : public Control {
+public:
+    using Control::Control;
+
+    [[nodiscard]] std::string_view typeName() const override { return "MonthView"; }
+    [[nodiscard]] bool takesFocus() const override { return true; }
+
+    [[nodiscard]] int year() const { return year_; }
+    [[nodiscard]] int month() const { return month_; }
+    [[nodiscard]] int day() const { return day_; }
+    /// Takes the date as a whole. Failure 5 for a date that is none.
+    void setDate(int year, int month, int day);
+
+    /// The user picks a date; one that is none is inert, and so is one before 1 January 1900: its day number could
+    /// not be told from a time of day.
+    Outcome userChose(int year, int month, int day);
+
+    std::function<void()> change;
+
+private:
+    int year_ = 1900;
+    int month_ = 1;
+    int day_ = 1;
+};
+
+/// A selector for a time of day.
+class TimePicker : public Control {
+public:
+    using Control::Control;
+
+    [[nodiscard]] std::string_view typeName() const override { return "DTPicker"; }
+    [[nodiscard]] bool takesFocus() const override { return true; }
+
+    [[nodiscard]] int hour() const { return hour_; }
+    [[nodiscard]] int minute() const { return minute_; }
+    [[nodiscard]] int second() const { return second_; }
+    /// Failure 5 for a time of day that is none.
+    void setTime(int hour, int minute, int second);
+
+    /// The user picks a time; one that is none is inert.
+    Outcome userChose(int hour, int minute, int second);
+
+    std::function<void()> change;
+
+private:
+    int hour_ = 0;
+    int minute_ = 0;
+    int second_ = 0;
+};
+
+} // namespace ko

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Control.h"
+
+#include <vector>
+
+namespace ko {
+
+/// What a picture shows, in its own units from its upper left corner, x to the right and y down.
+struct Drawing {
+    struct Position {
+        double x = 0.0, y = 0.0;
+    };
+    struct Circle {
+        Position centre;
+        double radius = 0.0;
+    };
+    struct Line {
+        Position from, to;
+        int width = 1;
+    };
+
+    std::vector<Circle> circles;
+    std::vector<Line> lines;
+};
+
+/// A surface that its form draws on.
+class PictureBox : public Control {
+public:
+    using Control::Control;
+
+    [[nodiscard]] std::string_view typeName() const override { return "PictureBox"; }
+
+    /// Asked by the view whenever it paints a picture of this size.
+    std::function<Drawing(double width, double height)> paint;
+    /// The picture has changed: the view paints it again.
+    void redraw() { tellView(Aspect::Text); }
+};
+
+} // namespace ko

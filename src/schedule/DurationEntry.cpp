@@ -1,0 +1,85 @@
+#include "schedule/DurationEntry.h"
+
+#include "page/Hints.h"
+#include "platform/NumberText.h"
+#include "platform/Scoped.h"
+
+#include <limits>
+
+namespace ko {
+
+DurationEntry::DurationEntry(Page& page, Support& support, Recording& recording)
+    : NumberEntry(page, support, page.txtDuration, NumberType::Double,
+                  {"txtDuration_GotFocus", "txtDuration_LostFocus", "txtDuration_Change", "txtDuration_Validate"}),
+      recording_(recording)
+{
+    page.cmbInterval.click = [this] { cmbInterval_click(); };
+    page.cmbInterval.gotFocus = [this] { cmbInterval_GotFocus(); };
+    page.cmbInterval.lostFocus = [&page] { page.editFlags = editFlag::none; };
+}
+
+void DurationEntry::showDuration(double seconds)
+{
+    ComboBox& units = page().cmbInterval;
+    std::int32_t unit = static_cast<std::int32_t>(units.items().size()) - 1;
+    while (unit > 0 && !(seconds >= units.items()[static_cast<std::size_t>(unit)].itemData))
+        --unit;
+    units.select(unit);
+    recording_.show(page().txtDuration, numberText(seconds / units.itemData(), support().locale()));
+}
+
+NumberBounds DurationEntry::bounds()
+{
+    return {0.0, double{std::numeric_limits<float>::max()} / page().cmbInterval.itemData()};
+}
+
+double DurationEntry::inForce()
+{
+    return recording_.durationInForce() / page().cmbInterval.itemData();
+}
+
+void DurationEntry::accept(const Steps& step, double value)
+{
+    write(step, value, [this] { showSelected(inForce()); });
+}
+
+bool DurationEntry::write(const Steps& step, double value, const std::function<void()>& putBack)
+{
+    ScheduleChange change;
+    return step([&] { change.duration = toSingle(value * page().cmbInterval.itemData()); }) &&
+           recording_.commit(step, change, putBack);
+}
+
+void DurationEntry::cmbInterval_GotFocus()
+{
+    const Steps step(support().errors, "cmbInterval_GotFocus");
+    page().editFlags = editFlag::none;
+    step([&] { setToolTip(page(), support(), noRange, noRange); });
+    intervalAtFocus_ = page().cmbInterval.index();
+}
+
+void DurationEntry::cmbInterval_click()
+{
+    if (page().isLoading || page().isUpdating || !isActive())
+        return;
+    const Steps step(support().errors, "cmbInterval_click");
+    const std::string& text = page().txtDuration.text();
+    const auto value = step.value([&] { return readNumber(support(), text, NumberType::Double, bounds(), true); });
+    if (!value) {
+        step([&] { unitRefused(); });
+        return;
+    }
+    const bool holds =
+        step.value([&] { return numberText(inForce(), support().locale()) == numberText(*value, support().locale()); });
+    if (!holds)
+        write(step, *value, [this] { unitRefused(); });
+}
+
+void DurationEntry::unitRefused()
+{
+    page().cmbInterval.select(intervalAtFocus_);
+    const Scoped guard(page().isUpdating, true);
+    showSelected(inForce());
+}
+
+} // namespace ko

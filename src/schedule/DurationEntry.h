@@ -1,0 +1,32 @@
+#pragma once
+
+#include "page/NumberEntry.h"
+#include "schedule/Recording.h"
+
+namespace ko {
+
+/// `txtDuration` and the list of its units, `cmbInterval`.
+class DurationEntry : public NumberEntry {
+public:
+    DurationEntry(Page& page, Support& support, Recording& recording);
+
+    /// Shows a duration in seconds in the largest unit that fits. Failures reach the caller.
+    void showDuration(double seconds);
+
+protected:
+    NumberBounds bounds() override;
+    double inForce() override;
+    void accept(const Steps& step, double value) override;
+    bool isActive() override { return page().optAfter.value(); }
+
+private:
+    void cmbInterval_click();
+    void cmbInterval_GotFocus();
+    void unitRefused();
+    bool write(const Steps& step, double value, const std::function<void()>& putBack);
+
+    Recording& recording_;
+    std::int32_t intervalAtFocus_ = 0;
+};
+
+} // namespace ko

@@ -1,0 +1,68 @@
+#include "schedule/ScheduleWriter.h"
+
+#include "interfaces/Timebase.h"
+
+namespace ko {
+
+namespace {
+
+ScheduleChange readBefore(const Steps& step, Timebase& timebase, const ScheduleChange& change)
+{
+    ScheduleChange before;
+    if (change.duration)
+        step([&] { before.duration = timebase.Duration(); });
+    if (change.startTime)
+        step([&] { before.startTime = timebase.StartTime(); });
+    if (change.startMode)
+        step([&] { before.startMode = timebase.StartMode(); });
+    if (change.stopMode)
+        step([&] { before.stopMode = timebase.StopMode(); });
+    return before;
+}
+
+void put(const Steps& step, Timebase& timebase, const ScheduleChange& change)
+{
+    if (change.duration)
+        step([&] { timebase.setDuration(*change.duration); });
+    if (change.startTime)
+        step([&] { timebase.setStartTime(*change.startTime); });
+    if (change.startMode)
+        step([&] { timebase.setStartMode(*change.startMode); });
+    if (change.stopMode)
+        step([&] { timebase.setStopMode(*change.stopMode); });
+}
+
+} // namespace
+
+void ScheduleWriter::write(const Steps& step, Drivers drivers, const ScheduleChange& change)
+{
+    written_.clear();
+    for (const auto& driver : drivers) {
+        Timebase* timebase = driver ? step.value([&] { return driver->queryTimebase(); }) : nullptr;
+        if (!timebase)
+            continue;
+        written_.push_back({timebase, readBefore(step, *timebase, change)});
+        put(step, *timebase, change);
+    }
+}
+
+void ScheduleWriter::undo(const Steps& step)
+{
+    for (const Written& written : written_)
+        put(step, *written.timebase, written.before);
+}
+
+Timebase* firstTimebase(Drivers drivers)
+{
+    for (const auto& driver : drivers) {
+        try {
+            if (Timebase* timebase = driver ? driver->queryTimebase() : nullptr)
+                return timebase;
+        } catch (...) {
+            continue;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace ko

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "page/Drivers.h"
+#include "support/Steps.h"
+
+#include <optional>
+#include <vector>
+
+namespace ko {
+
+/// What is written to every driver in one go; what is not set stays as it is.
+struct ScheduleChange {
+    std::optional<float> duration; ///< seconds
+    std::optional<DateTime> startTime;
+    std::optional<std::int32_t> startMode;
+    std::optional<std::int32_t> stopMode;
+};
+
+/// Writes a change to the timebases of all drivers and can take it back.
+class ScheduleWriter {
+public:
+    /// Each driver's old values are read and kept first. Failures are reported to `step`.
+    void write(const Steps& step, Drivers drivers, const ScheduleChange& change);
+
+    /// Gives each driver its own old values back; one whose reading failed is not written.
+    void undo(const Steps& step);
+
+private:
+    struct Written {
+        Timebase* timebase;
+        ScheduleChange before;
+    };
+
+    std::vector<Written> written_;
+};
+
+/// The first timebase of the list, whose settings stand for all; null when no driver offers one. A driver whose
+/// query fails is passed over.
+Timebase* firstTimebase(Drivers drivers);
+
+} // namespace ko

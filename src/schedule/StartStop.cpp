@@ -1,0 +1,124 @@
+#include "schedule/StartStop.h"
+
+#include "page/Hints.h"
+#include "platform/NumberText.h"
+
+namespace ko {
+
+StartStop::StartStop(Page& page, Support& support, Actions& actions, Recording& recording)
+    : page_(page), support_(support), actions_(actions), recording_(recording)
+{
+    page.optImmediate.click = [this] { startClicked("optImmediate_Click", startMode::immediately); };
+    page.optOnTrigger.click = [this] { startClicked("optOnTrigger_Click", startMode::onTrigger); };
+    page.optStartTime.click = [this] { startClicked("optStartTime_Click", startMode::atTime); };
+    page.optAfter.click = [this] { stopClicked("optAfter_Click", stopMode::afterDuration); };
+    page.optStopTime.click = [this] { stopClicked("optStopTime_Click", stopMode::atTime); };
+    page.optImmediate.gotFocus = [this] { optionGotFocus("optImmediate_GotFocus"); };
+    page.optOnTrigger.gotFocus = [this] { optionGotFocus("optOnTrigger_GotFocus"); };
+    page.optStartTime.gotFocus = [this] { optionGotFocus("optStartTime_GotFocus"); };
+    page.optAfter.gotFocus = [this] { optionGotFocus("optAfter_GotFocus"); };
+    page.optStopTime.gotFocus = [this] { optionGotFocus("optStopTime_GotFocus"); };
+}
+
+void StartStop::optionGotFocus(std::string_view procedure)
+{
+    const Steps step(support_.errors, procedure);
+    step([&] { setToolTip(page_, support_, noRange, noRange); });
+}
+
+bool StartStop::forceStopAfter()
+{
+    if (page_.optStartTime.value() || page_.optAfter.value())
+        return false;
+    page_.optAfter.showSelected();
+    return true;
+}
+
+void StartStop::startClicked(std::string_view procedure, std::int32_t mode)
+{
+    if (page_.isLoading)
+        return;
+    const Steps step(support_.errors, procedure);
+    ScheduleChange change;
+    change.startMode = mode;
+    const bool forced = forceStopAfter();
+    if (forced)
+        change.stopMode = stopMode::afterDuration;
+    const bool ready = mode != startMode::atTime || step([&] {
+                           recording_.fillStartTime();
+                           change.startTime = recording_.timeIn(page_.txtStartTime);
+                       });
+    if (!ready) {
+        recording_.putBack();
+        return;
+    }
+    // A refusal must find the trigger untouched, so the limit comes first.
+    if (!write(step, change))
+        return;
+    enableStartControls();
+    if (forced)
+        enableStopControls();
+}
+
+void StartStop::stopClicked(std::string_view procedure, std::int32_t mode)
+{
+    if (page_.isLoading)
+        return;
+    const Steps step(support_.errors, procedure);
+    if (mode == stopMode::atTime && !step([&] { recording_.fillStopTime(); })) {
+        recording_.putBack();
+        return;
+    }
+    ScheduleChange change;
+    change.stopMode = mode;
+    if (write(step, change))
+        enableStopControls();
+}
+
+/// Writes the mode with the duration that goes with it; where that cannot be told the options go back unwritten.
+bool StartStop::write(const Steps& step, ScheduleChange change)
+{
+    const bool known = step([&] {
+        const double seconds = recording_.getDurationSeconds();
+        if (seconds >= 0.0)
+            change.duration = toSingle(seconds);
+    });
+    if (!known) {
+        recording_.putBack();
+        return false;
+    }
+    return recording_.commit(step, change, [this] { recording_.putBack(); });
+}
+
+void StartStop::enableStartControls()
+{
+    const Steps step(support_.errors, "enableStartControls");
+    const bool onTrigger = page_.optOnTrigger.value();
+    if (onTrigger)
+        actions_.enableTriggering(onTrigger);
+    else
+        actions_.disableTriggering(onTrigger);
+    forceStopAfter();
+    const bool editable = page_.optStartTime.value() && !page_.readOnly;
+    page_.txtStartTime.setEnabled(editable);
+    page_.cmdStartTime.setEnabled(editable);
+    page_.optStopTime.setEnabled(editable);
+    if (page_.optStartTime.value())
+        step([&] { recording_.fillStartTime(); });
+    if (!page_.readOnly)
+        actions_.setTriggerSource(onTrigger);
+}
+
+void StartStop::enableStopControls()
+{
+    const Steps step(support_.errors, "enableStopControls");
+    const bool after = page_.optAfter.value();
+    page_.txtDuration.setEnabled(after && !page_.readOnly);
+    page_.cmbInterval.setEnabled(after && !page_.readOnly);
+    page_.txtStopTime.setEnabled(!after && !page_.readOnly);
+    page_.cmdStopTime.setEnabled(!after && !page_.readOnly);
+    if (!after)
+        step([&] { recording_.fillStopTime(); });
+}
+
+} // namespace ko

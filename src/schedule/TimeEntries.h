@@ -1,0 +1,34 @@
+#pragma once
+
+#include "schedule/Recording.h"
+#include "schedule/SetDateTime.h"
+
+namespace ko {
+
+/// `txtStartTime`, `txtStopTime` and their "..." buttons.
+class TimeEntries {
+public:
+    /// Answers the one dialog of the component.
+    using Dialog = std::function<SetDateTime&()>;
+
+    /// Takes over the controls' events.
+    TimeEntries(Page& page, Support& support, Recording& recording, Dialog dialog);
+
+private:
+    void connect(TextBox& box, std::string_view gotFocus);
+    void txtStartTime_Change();
+    void txtStopTime_Change();
+    void cmdStartTime_Click();
+    void cmdStopTime_Click();
+    void boxGotFocus(TextBox& box, std::string_view procedure);
+    void editDateTime(const Steps& step, TextBox& box, bool oneDayOnly);
+    void putBackTimes();
+    void showStopTimeInForce();
+
+    Page& page_;
+    Support& support_;
+    Recording& recording_;
+    Dialog dialog_;
+};
+
+} // namespace ko

@@ -1,0 +1,136 @@
+#include "ScheduleFixture.h"
+
+namespace ko::test {
+namespace {
+
+TEST_F(ScheduleTest, EveryFigureFollowsAnAcceptedChangeAndAnUndoneOneLeavesThemTrue)
+{
+    addDriver(2).numberOfScans = 31;
+    fakes[0]->groups = {{"Inputs", {{}, {}}}};
+    FakeDriver& dynamic = addDriver();
+    dynamic.samplePeriod = 0.5;
+    dynamic.blockSize = 8;
+    dynamic.sampleRange = {0.001, 10};
+    dynamic.bytes = [](const FakeDriver& it) { return it.duration / it.samplePeriod > 1000 ? 3e9 : 1536.0; };
+    open();
+    EXPECT_EQ(page().lblNumSamplesValue.caption(), "24");
+    EXPECT_EQ(page().lblNumDynamicBytesValue.caption(), "1.5 KB");
+    EXPECT_EQ(page().lblNumScansValue.caption(), "31");
+    EXPECT_EQ(page().lblNumStaticBytesValue.caption(), "1.1 KB");
+    EXPECT_EQ(page().lblDurationValue.caption(), "11.5 seconds");
+    EXPECT_FALSE(page().lblStopTime.visible());
+
+    type(page().txtSamplePeriod, "0.25");
+    EXPECT_EQ(page().lblNumSamplesValue.caption(), "40");
+    EXPECT_EQ(page().lblDurationValue.caption(), "9.75 seconds");
+    page().txtSamplePeriod.userReplaced("0.001", 0, 0);
+    EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
+    EXPECT_EQ(page().txtSamplePeriod.text(), "0.25");
+    EXPECT_EQ(page().lblDurationValue.caption(), "9.75 seconds");
+
+    start(1).userClicked();
+    stop(1).userClicked();
+    EXPECT_EQ(page().lblStopTimeValue.caption(), "9:30:10 AM");
+    dynamic.samplePeriod = 1e-9; // more samples than 32 bits count
+    EXPECT_GT(page().lblNumDynamicBytesValue.share(), 0.0);
+    dynamic.bytes = nullptr;
+    stop(0).userClicked();
+    EXPECT_EQ(page().lblNumSamplesValue.caption(), "N/A");
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:updateDiskSpace 6: Overflow"});
+}
+
+TEST_F(ScheduleTest, WhatPassesTheLimitIsRefusedWithOneMessageAndUndoneInAllDrivers)
+{
+    openTwo();
+    fakes[1]->duration = 20; // each driver gets its own value back
+    const auto expectRefused = [&](const Texts& before) {
+        EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
+        EXPECT_EQ(held(), before);
+        EXPECT_EQ(page().triggerVars->duration, 10);
+        EXPECT_EQ(page().lblDurationValue.caption().substr(0, 5), "10.24");
+    };
+    Texts before = held();
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    page().txtDuration.userReplaced("1500", 0, 0);
+    expectRefused(before);
+    EXPECT_EQ(page().txtDuration.text(), "10");
+    page().cmbInterval.userChose(2);
+    expectRefused(before);
+    EXPECT_EQ(page().cmbInterval.index(), 0);
+    EXPECT_EQ(page().txtDuration.text(), "10");
+
+    start(1).userClicked();
+    stop(1).userClicked();
+    host.changes = 0;
+    fakes[1]->duration = 20;
+    before = held();
+    pickTime(page().cmdStopTime, {2026, 11, 21, 11, 0, 0});
+    expectRefused(before);
+    pickTime(page().cmdStartTime, {0, 0, 0, 8, 0, 0}, false);
+    expectRefused(before);
+    EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
+    EXPECT_EQ(page().txtStopTime.text(), "9:30:10 AM");
+    EXPECT_EQ(host.changes, 0);
+}
+
+TEST_F(ScheduleTest, ARefusedOptionComesBackWithEverythingThatWentWithIt)
+{
+    openTwo(1, 1);
+    page().txtDuration.setText("3000"); // what a stop after a duration would take; the box does not listen
+    EXPECT_EQ(fakes[0]->duration, 10);
+    for (OptionButton* option : {&start(0), &start(2), &stop(0)}) {
+        option->userClicked();
+        EXPECT_EQ(host.takeMessages(), Texts{tooLarge}) << option->name();
+        expectEverywhere("1 1 8:00:00 AM 10");
+        EXPECT_TRUE(page().txtStopTime.enabled());
+    }
+}
+
+TEST_F(ScheduleTest, ASetUpBeyondTheLimitOpensSilentlyAndCanBeBroughtBack)
+{
+    openTwo(0, 0, "8:00:00 AM", 5000);
+    EXPECT_EQ(page().lblNumSamplesValue.caption(), "N/A");
+    page().cmbInterval.userChose(1);
+    EXPECT_EQ(host.takeMessages(), Texts{});
+    page().cmbInterval.userChose(0);
+    EXPECT_EQ(held()[1], "0 0 8:00:00 AM 1.3888888");
+    type(page().txtDuration, "500");
+    EXPECT_EQ(fakes[1]->duration, 500);
+    EXPECT_EQ(page().lblNumSamplesValue.caption(), "500736");
+}
+
+TEST_F(ScheduleTest, AnOldValueThatCouldNotBeReadIsNeverWritten)
+{
+    openTwo();
+    fakes[1]->failing = {"Duration"};
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    page().txtDuration.userReplaced("2000", 0, 0);
+    EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
+    EXPECT_EQ(fakes[0]->writes, (Texts{"setDuration 2000.0", "setDuration 10.0"}));
+    EXPECT_EQ(fakes[1]->writes, Texts{"setDuration 2000.0"});
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:txtDuration_Change 1000: Duration failed"});
+    EXPECT_EQ(page().txtDuration.text(), "10");
+}
+
+TEST_F(ScheduleTest, WithoutATimebaseAnUndoReturnsToWhatWasLastAccepted)
+{
+    openTwo();
+    for (const auto& driver : fakes)
+        driver->hasTimebase = false;
+    document->UserDocument_Hide();
+    document->UserDocument_Show();
+    type(page().txtDuration, "12");
+    start(1).userClicked();
+    fakes[0]->bytes = [](const FakeDriver&) { return 3e9; };
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    page().txtDuration.userReplaced("1e3", 0, 0);
+    pickTime(page().cmdStartTime, {2026, 11, 22, 0, 0, 0});
+    EXPECT_EQ(host.takeMessages(), (Texts{tooLarge, tooLarge}));
+    EXPECT_EQ(page().txtDuration.text(), "12");
+    EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
+    for (const auto& driver : fakes)
+        EXPECT_EQ(driver->writes, Texts{});
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,174 @@
+#include "ScheduleFixture.h"
+
+namespace ko::test {
+namespace {
+
+TEST_F(ScheduleTest, EveryStepFromOneStartAndStopToAnotherReachesAllDrivers)
+{
+    openTwo();
+    const std::pair<int, int> modes[] = {{0, 0}, {1, 0}, {1, 1}, {2, 0}};
+    for (const auto& [fromStart, fromStop] : modes) {
+        for (int toStart = 0; toStart < 3; ++toStart) {
+            start(1).userClicked();
+            stop(fromStop).userClicked();
+            start(fromStart).userClicked();
+            start(toStart).userClicked();
+            const int shownStop = toStart == 1 && fromStart == 1 ? fromStop : 0;
+            expectEverywhere(std::to_string(toStart) + " " + std::to_string(shownStop) + " 9:30:00 AM 10");
+            const bool atTime = toStart == 1;
+            EXPECT_EQ(page().txtStartTime.enabled(), atTime);
+            EXPECT_EQ(page().cmdStartTime.enabled(), atTime);
+            EXPECT_EQ(page().optStopTime.enabled(), atTime);
+            EXPECT_EQ(page().txtDuration.enabled(), shownStop == 0);
+            EXPECT_EQ(page().cmbInterval.enabled(), shownStop == 0);
+            EXPECT_EQ(page().txtStopTime.enabled(), shownStop == 1);
+            EXPECT_EQ(page().cmdStopTime.enabled(), shownStop == 1);
+            EXPECT_EQ(page().lblStopTimeValue.visible(), shownStop == 1);
+        }
+    }
+    EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
+    EXPECT_EQ(page().txtStopTime.text(), "9:30:10 AM");
+}
+
+TEST_F(ScheduleTest, AStopTimeThatTheStartDoesNotAllowIsTakenFromTheDriversOnOpening)
+{
+    openTwo(0, 1);
+    expectEverywhere("0 0 8:00:00 AM 10");
+    EXPECT_TRUE(page().txtDuration.enabled());
+    document->UserDocument_Hide();
+    document->mode().setReadOnly(true);
+    document->UserDocument_Show();
+    for (const Control* control : std::initializer_list<Control*>{&page().txtDuration, &page().cmbInterval,
+                                                                  &page().optStopTime, &page().cmdStartTime})
+        EXPECT_FALSE(control->enabled()) << control->name();
+    start(1).select();
+    EXPECT_EQ(fakes[1]->startMode, 1);
+    EXPECT_FALSE(page().txtStartTime.enabled());
+    EXPECT_EQ(page().triggerVars->startMode, 0);
+}
+
+TEST_F(ScheduleTest, TheStopMustBeLaterThanTheStart)
+{
+    openTwo(1, 1, "11/21/2026 10:00:00 AM", 60);
+    EXPECT_EQ(page().txtStopTime.text(), "11/21/2026 10:01:00 AM");
+    for (const int hour : {9, 10}) {
+        pickTime(page().cmdStopTime, {2026, 11, 21, hour, 0, 0});
+        EXPECT_EQ(host.takeMessages(), Texts{"Error: Stop time must be later than start time. (48)"});
+        EXPECT_EQ(page().txtStopTime.text(), "11/21/2026 10:01:00 AM");
+        EXPECT_EQ(fakes[0]->writes, Texts{});
+    }
+    pickTime(page().cmdStartTime, {2026, 11, 21, 11, 0, 0});
+    EXPECT_EQ(page().txtStopTime.text(), "11/21/2026 11:01:00 AM");
+    expectEverywhere("1 1 11/21/2026 11:00:00 AM 60");
+    pickTime(page().cmdStopTime, {2026, 11, 21, 11, 10, 0});
+    expectEverywhere("1 1 11/21/2026 11:00:00 AM 600");
+    EXPECT_EQ(page().lblStopTimeValue.caption(), "11/21/2026 11:10:00 AM");
+}
+
+TEST_F(ScheduleTest, AnUndatedStartThatRunsOverMidnightIsTakenToday)
+{
+    openTwo(1, 1, "11:50:00 PM", 900);
+    EXPECT_EQ(page().txtStopTime.text(), "11/22/2026 12:05:00 AM");
+    EXPECT_EQ(page().lblStopTimeValue.caption(), "11/22/2026 12:05:00 AM");
+    pickTime(page().cmdStartTime, {0, 0, 0, 11, 55, 0}, false);
+    host.takeMessages();
+    pickTime(page().cmdStartTime, {0, 0, 0, 23, 55, 0}, false);
+    EXPECT_EQ(held()[1], "1 1 11:55:00 PM 600");
+}
+
+TEST_F(ScheduleTest, ATextThatIsNoDateIsReportedOnceAndWritesNothing)
+{
+    openTwo(1, 1);
+    for (TextBox* box : {&page().txtStartTime, &page().txtStopTime}) {
+        const std::string text = box->text();
+        ASSERT_TRUE(page().moveFocus(box));
+        EXPECT_EQ(box->userTyped("x"), Outcome::Inert);
+        document->menu().OnCommand(command::cut);
+        EXPECT_EQ(host.clipboardText, text);
+        EXPECT_EQ(box->text(), text);
+        EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:" + box->name() + "_Change 13: Type mismatch"});
+    }
+    EXPECT_EQ(fakes[0]->writes, Texts{});
+    host.time = toDateTime("12/31/9999 11:59:59 PM", {});
+    pickTime(page().cmdStartTime, {9999, 12, 31, 23, 59, 59});
+    EXPECT_EQ(page().txtStartTime.text(), "8:00:00 AM");
+    EXPECT_EQ(host.takeReports().size(), 1U);
+    EXPECT_EQ(fakes[0]->writes, Texts{});
+}
+
+TEST_F(ScheduleTest, ADurationIsTypedInEveryUnitAndOutlivesAHiddenPage)
+{
+    openTwo();
+    type(page().txtDuration, "0.1");
+    expectEverywhere("0 0 8:00:00 AM 0.1");
+    page().cmbInterval.userChose(1);
+    expectEverywhere("0 0 8:00:00 AM 6");
+    EXPECT_EQ(page().lblDurationValue.caption(), "0.1 minutes");
+    fakes[0]->duration = 1; // what the page has accepted holds
+    document->UserDocument_Hide();
+    document->UserDocument_Show();
+    expectEverywhere("0 0 8:00:00 AM 6");
+    EXPECT_EQ(page().txtDuration.text() + page().cmbInterval.text(), "6seconds");
+
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    for (const auto& [text, message] :
+         {std::pair{"-1", "in the range 0 to 3.40282346638529E+38 is "},
+          std::pair{"1e39", "in the range 0 to 3.40282346638529E+38 is "}, std::pair{"soon", "is "}}) {
+        page().txtDuration.userReplaced(text, 0, 0);
+        bool allowed = true;
+        document->state().OKToLeave(allowed);
+        EXPECT_FALSE(allowed);
+        EXPECT_FALSE(page().moveFocus(&page().optAfter));
+        EXPECT_EQ(page().txtDuration.text(), "6");
+        const std::string shown = std::string("Invalid input: A valid real number ") + message + "required. (48)";
+        EXPECT_EQ(host.takeMessages(), (Texts{shown, shown}));
+    }
+    fakes[0]->bytes = fakes[1]->bytes = nullptr;
+    page().txtDuration.userReplaced("1e37", 0, 0);
+    page().cmbInterval.userChose(3); // as days it is more than a single holds
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_EQ(page().cmbInterval.index(), 0);
+    EXPECT_EQ(page().txtDuration.text(), "1E+37");
+    EXPECT_EQ(fakes[1]->duration, 1e37F);
+    host.takeReports();
+}
+
+TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
+{
+    openTwo(1, 1, "12:00:00 PM", 10);
+    page().txtStartTime.userDoubleClicked(); // cancelled
+    EXPECT_EQ(fakes[0]->writes, Texts{});
+    host.cursor = {100, 50};
+    pick([&](SetDateTime& dialog) {
+        EXPECT_TRUE(page().isDialogOpen);
+        EXPECT_EQ(dialog.bounds().left, 1500);
+        EXPECT_EQ(dialog.bounds().top, 750);
+        EXPECT_TRUE(dialog.optCurrentDay.value());
+        EXPECT_TRUE(dialog.optCurrentDay.enabled() && dialog.optSpecifiedDay.enabled());
+        EXPECT_FALSE(dialog.calDate.enabled());
+        EXPECT_EQ(dialog.calDate.day(), 21);
+        EXPECT_EQ(dialog.dtpTimeSelector.hour(), 12);
+        EXPECT_EQ(dialog.calDate.userChose(2026, 11, 30), Outcome::Inert);
+        dialog.optSpecifiedDay.userClicked();
+        EXPECT_EQ(dialog.calDate.userChose(2026, 2, 29), Outcome::Inert);
+        EXPECT_EQ(dialog.calDate.userChose(1899, 12, 31), Outcome::Inert);
+        dialog.calDate.userChose(2026, 11, 30);
+        dialog.optCurrentDay.userClicked();
+        dialog.optSpecifiedDay.userClicked();
+        EXPECT_EQ(dialog.calDate.day(), 30);
+        dialog.btnOK.userClicked();
+    });
+    page().txtStartTime.userDoubleClicked();
+    EXPECT_FALSE(page().isDialogOpen);
+    expectEverywhere("1 1 11/30/2026 12:00:00 PM 10");
+    pick([&](SetDateTime& dialog) {
+        EXPECT_FALSE(dialog.optCurrentDay.enabled());
+        EXPECT_TRUE(dialog.optSpecifiedDay.value() && dialog.calDate.enabled());
+        EXPECT_EQ(dialog.dtpTimeSelector.second(), 10);
+        dialog.btnCancel.userClicked();
+    });
+    page().txtStopTime.userDoubleClicked();
+}
+
+} // namespace
+} // namespace ko::test
