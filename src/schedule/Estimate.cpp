@@ -80,18 +80,21 @@ double Estimate::countIn(const Label& label) const
     return isNumeric(label.caption(), support_.locale()) ? toDouble(label.caption(), support_.locale()) : 0.0;
 }
 
+/// `intervals` periods of a driver, in seconds; 0 where there is nothing to multiply.
+double Estimate::lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*period)()) const
+{
+    return step.value([&] {
+        Timebase* timebase = intervals > 0.0 ? page_.timebaseAt(driver) : nullptr;
+        return timebase ? intervals * (timebase->*period)() : 0.0;
+    });
+}
+
 double Estimate::actualSeconds(const Steps& step) const
 {
-    const auto period = [&](std::int32_t driver, double (Timebase::*get)()) {
-        return step.value([&] {
-            Timebase* timebase = page_.timebaseAt(driver);
-            return timebase ? (timebase->*get)() : 0.0;
-        });
-    };
     const double samples = countIn(page_.lblNumSamplesValue);
     const double scans = countIn(page_.lblNumScansValue);
-    return largerOf((samples - 1.0) * period(page_.dynamicDriverIndex, &Timebase::SamplePeriod),
-                    scans * period(page_.staticDriverIndex, &Timebase::ScanPeriod));
+    return largerOf(lasting(step, samples - 1.0, page_.dynamicDriverIndex, &Timebase::SamplePeriod),
+                    lasting(step, scans, page_.staticDriverIndex, &Timebase::ScanPeriod));
 }
 
 void Estimate::updateActualDuration()

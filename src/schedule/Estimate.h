@@ -23,6 +23,8 @@ private:
     void showStatic(const Steps& step, double bytes);
     void updateActualDuration();
     void showBytes(const Steps& step, LimitedLabel& label, double bytes);
+    [[nodiscard]] double lasting(const Steps& step, double intervals, std::int32_t driver,
+                                 double (Timebase::*period)()) const;
     [[nodiscard]] double actualSeconds(const Steps& step) const;
     [[nodiscard]] double countIn(const Label& label) const;
     /// The number as text; the text for what is not available when it fails or does not fit into 32 bits.

@@ -140,7 +140,8 @@ TEST_F(Initialization, FailuresAreReportedUnderTheProcedureAndTheRestIsLoaded)
     EXPECT_TRUE(document->drivers().HasProcessedDriverChanges());
     EXPECT_EQ(host.takeReports(), (Texts{"KoTimebaseEditor:initializeDocument 1000: SamplePeriod failed",
                                          "KoTimebaseEditor:applyStartStop 1000: StopMode failed",
-                                         "KoTimebaseEditor:initializeDocument 1000: StopMode failed"}));
+                                         "KoTimebaseEditor:initializeDocument 1000: StopMode failed",
+                                         "KoTimebaseEditor:updateDiskSpace 1000: SamplePeriod failed"}));
 }
 
 TEST_F(Initialization, BytesAreSummedPerKindAndWhatFailsIsLeftOut)
