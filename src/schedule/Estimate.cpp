@@ -12,7 +12,7 @@ namespace ko {
 
 void Estimate::clear()
 {
-    for (Label* count : {&page_.lblNumSamplesValue, &page_.lblNumScansValue})
+    for (Label* count : {&page_.lblNumSamplesValue, &page_.lblNumScansValue, &page_.lblDurationValue})
         count->setCaption(page_.notApplicableText);
     for (LimitedLabel* bytes : {&page_.lblNumDynamicBytesValue, &page_.lblNumStaticBytesValue}) {
         bytes->setCaption(page_.notApplicableText);

@@ -5,6 +5,7 @@
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
+#include "platform/Utf8.h"
 
 namespace ko {
 
@@ -76,9 +77,36 @@ void Recording::fillStopTime()
     show(page_.txtStopTime, computeStopTime(unit, amount, timeIn(page_.txtStartTime)));
 }
 
+/// A driver may keep another value than the one written: that is the one to show.
+void Recording::showKept(const Steps& step, const ScheduleChange& change)
+{
+    Timebase* timebase = firstTimebase(page_.currentDrivers());
+    if (!timebase)
+        return;
+    if (change.startTime)
+        step([&] { show(page_.txtStartTime, generalDate(timebase->StartTime(), support_.locale())); });
+    if (change.duration)
+        step([&] {
+            if (const float kept = timebase->Duration(); kept != *change.duration)
+                showKeptDuration(widen(kept));
+        });
+}
+
+void Recording::showKeptDuration(double seconds)
+{
+    if (page_.optStopTime.value()) {
+        show(page_.txtStopTime, computeStopTime('s', seconds, timeIn(page_.txtStartTime)));
+        return;
+    }
+    TextBox& box = page_.txtDuration;
+    show(box, numberText(seconds / page_.cmbInterval.itemData(), support_.locale()));
+    box.select(utf8Length(box.text()), 0);
+}
+
 bool Recording::commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack)
 {
     writer_.write(step, page_.currentDrivers(), change);
+    showKept(step, change);
     if (const std::int32_t code = actions_.updateDiskSpace(); code != 0) {
         step([&] { showLimitMessage(support_, code); });
         writer_.undo(step);

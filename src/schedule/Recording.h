@@ -36,9 +36,9 @@ public:
     /// Sets the text of a time box without the handlers of a change.
     void show(TextBox& box, const std::string& text);
 
-    /// Writes a change to the drivers and asks the limit once. Within it the change is notified and captured, and
-    /// what the page shows counts as accepted. Beyond it the user is told, each driver gets its own values back,
-    /// `putBack` restores what the page showed, and the derived labels follow; false then.
+    /// Writes a change to the drivers, shows what they keep of it and asks the limit once. Within it the change is
+    /// notified and captured, and what the page shows counts as accepted. Beyond it the user is told, each driver gets
+    /// its own values back, `putBack` restores what the page showed, and the derived labels follow; false then.
     bool commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack);
 
     /// The page shows what the drivers hold, `seconds` of duration among it: what a later refusal returns to.
@@ -54,6 +54,8 @@ private:
     [[nodiscard]] DateTime after(char unit, double amount, DateTime start) const;
     [[nodiscard]] DateTime onToday(DateTime time) const;
     [[nodiscard]] bool lacksStopTime() const;
+    void showKept(const Steps& step, const ScheduleChange& change);
+    void showKeptDuration(double seconds);
 
     /// What the page shows and the drivers hold.
     struct Accepted {

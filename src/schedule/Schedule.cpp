@@ -37,7 +37,7 @@ void Schedule::loadStartStop(const Steps& step)
     step([&] { page_.cmbInterval.select(0); });
     show(step, settings);
     step([&] { duration_.showDuration(settings.seconds); });
-    if (settings.start != startMode::atTime && settings.stop != stopMode::afterDuration)
+    if (page_.optAfter.value() && settings.stop != stopMode::afterDuration)
         stopAfterDuration(step);
     loadedSeconds_ = settings.seconds;
     page_.isDurationKnown = true;
@@ -69,7 +69,7 @@ void Schedule::show(const Steps& step, const Settings& settings)
     page_.optStopTime.showSelected();
 }
 
-/// Without a start at a time the page offers no stop at one, so no driver may keep it.
+/// The page shows a stop after the duration where the start allows no other, so no driver may keep another.
 void Schedule::stopAfterDuration(const Steps& step)
 {
     ScheduleChange change;

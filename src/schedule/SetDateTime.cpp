@@ -45,6 +45,8 @@ std::optional<DateTime> SetDateTime::Display(DateTime currentValue, bool anyDayO
         const DateParts time = dateParts(currentValue);
         dtpTimeSelector.setTime(time.hour, time.minute, time.second);
     });
+    dropFocus();
+    moveFocus(optSpecifiedDay.value() ? &optSpecifiedDay : &optCurrentDay);
     step([&] { placeAtCursor(*this, support().platform.screen); });
     step([&] { support().platform.modalForms.showModal(*this); });
     return newval_;

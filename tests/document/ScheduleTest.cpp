@@ -133,6 +133,20 @@ TEST_F(ScheduleTest, ADurationIsTypedInEveryUnitAndOutlivesAHiddenPage)
     host.takeReports();
 }
 
+TEST_F(ScheduleTest, WhatADriverKeepsIsWhatIsShown)
+{
+    openTwo(1);
+    for (const auto& driver : fakes)
+        driver->keepsDuration = [](float seconds) { return std::min(seconds, 15.0F); };
+    type(page().txtDuration, "60");
+    expectEverywhere("1 0 8:00:00 AM 15");
+    EXPECT_EQ(page().txtDuration.text(), "15");
+    EXPECT_EQ(page().lblDurationValue.caption(), "15.36 seconds");
+    stop(1).userClicked();
+    pickTime(page().cmdStopTime, {0, 0, 0, 9, 0, 0}, false);
+    EXPECT_EQ(page().txtStopTime.text(), "8:00:15 AM");
+}
+
 TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
 {
     openTwo(1, 1, "12:00:00 PM", 10);

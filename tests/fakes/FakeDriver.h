@@ -62,6 +62,7 @@ public:
     std::vector<Parameter> parameters;
     /// What the driver makes of a requested sample period, block size, scan period.
     std::function<double(double)> keeps = [](double value) { return value; };
+    std::function<float(float)> keepsDuration = [](float seconds) { return seconds; };
 
     std::set<std::string> failing;
     std::vector<std::string> writes;
@@ -115,7 +116,7 @@ public:
     DateTime StartTime() override { return answer("StartTime", startTime); }
     void setStartTime(DateTime v) override { write("setStartTime", startTime, v, v.days); }
     float Duration() override { return answer("Duration", duration); }
-    void setDuration(float v) override { write("setDuration", duration, v, double{v}); }
+    void setDuration(float v) override { write("setDuration", duration, keepsDuration(v), double{v}); }
     std::int32_t StopMode() override { return answer("StopMode", stopMode); }
     void setStopMode(std::int32_t v) override { write("setStopMode", stopMode, v, v); }
     std::int32_t StartMode() override { return answer("StartMode", startMode); }
