@@ -1,6 +1,10 @@
 #include "host/ControlState.h"
 
 #include "host/Commands.h"
+#include "platform/DateControls.h"
+
+#include <array>
+#include <cstdio>
 
 namespace ko {
 
@@ -57,6 +61,24 @@ void addContent(Json& state, const ComboBox& box)
     state["text"] = box.text();
 }
 
+/// Three numbers as the command `text` takes them.
+std::string joined(const char* format, int first, int second, int third)
+{
+    std::array<char, 48> text{};
+    std::snprintf(text.data(), text.size(), format, first, second, third);
+    return text.data();
+}
+
+void addContent(Json& state, const Calendar& calendar)
+{
+    state["text"] = joined("%04d-%02d-%02d", calendar.year(), calendar.month(), calendar.day());
+}
+
+void addContent(Json& state, const TimePicker& picker)
+{
+    state["text"] = joined("%02d:%02d:%02d", picker.hour(), picker.minute(), picker.second());
+}
+
 void addContent(Json& state, const CaptionControl& control)
 {
     if (const auto* image = dynamic_cast<const Image*>(&control))
@@ -81,6 +103,10 @@ Json controlState(const Control& control)
         addContent(state, *combo);
     else if (const auto* caption = dynamic_cast<const CaptionControl*>(&control))
         addContent(state, *caption);
+    else if (const auto* calendar = dynamic_cast<const Calendar*>(&control))
+        addContent(state, *calendar);
+    else if (const auto* picker = dynamic_cast<const TimePicker*>(&control))
+        addContent(state, *picker);
     else if (const auto* grid = dynamic_cast<const Grid*>(&control))
         state["rows"] = rowsOf(*grid);
     return state;

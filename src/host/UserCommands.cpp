@@ -2,6 +2,7 @@
 
 #include "platform/CaptionControls.h"
 #include "platform/ComboBox.h"
+#include "platform/DateControls.h"
 #include "platform/Form.h"
 #include "platform/TextBox.h"
 #include "platform/Utf8.h"
@@ -60,13 +61,36 @@ void type(Scenario& scenario, const Arguments& words)
             return tellInert(scenario, box);
 }
 
+/// The three numbers of a date such as 2026-11-24 or a time such as 15:04:05.
+std::array<std::int32_t, 3> partsOf(const Scenario& scenario, const std::string& word, char separator)
+{
+    std::array<std::int32_t, 3> parts{};
+    std::string_view rest = word;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const std::size_t end = i + 1 < parts.size() ? rest.find(separator) : rest.size();
+        const auto number = end == std::string_view::npos ? std::nullopt : integerIn(rest.substr(0, end));
+        if (!number || *number < 0)
+            scenario.refuse("\"" + word + "\" is no " +
+                            (separator == '-' ? "date such as 2026-11-24" : "time such as 15:04:05"));
+        parts[i] = *number;
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return parts;
+}
+
 void text(Scenario& scenario, const Arguments& words)
 {
-    constexpr std::array<std::string_view, 2> pickers{"calDate", "dtpTimeSelector"};
-    if (std::find(pickers.begin(), pickers.end(), words.text(0)) != pickers.end())
-        scenario.refuse("the control \"" + words.text(0) + "\" is not available yet");
-    auto& box = controlAs<TextBox>(scenario, words.text(0), "written in");
-    give(scenario, box, [&] { return box.userReplaced(words.text(1), utf8Length(words.text(1)), 0); });
+    Control& control = scenario.control(words.text(0));
+    if (auto* const calendar = dynamic_cast<Calendar*>(&control)) {
+        const auto [year, month, day] = partsOf(scenario, words.text(1), '-');
+        give(scenario, control, [&, y = year, m = month, d = day] { return calendar->userChose(y, m, d); });
+    } else if (auto* const picker = dynamic_cast<TimePicker*>(&control)) {
+        const auto [hour, minute, second] = partsOf(scenario, words.text(1), ':');
+        give(scenario, control, [&, h = hour, m = minute, s = second] { return picker->userChose(h, m, s); });
+    } else {
+        auto& box = controlAs<TextBox>(scenario, words.text(0), "written in");
+        give(scenario, box, [&] { return box.userReplaced(words.text(1), utf8Length(words.text(1)), 0); });
+    }
 }
 
 void select(Scenario& scenario, const Arguments& words)

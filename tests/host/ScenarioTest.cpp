@@ -1,4 +1,4 @@
-#include "host/Scenario.h"
+#include "PlayedScenario.h"
 
 #include <filesystem>
 #include <fstream>
@@ -9,49 +9,16 @@
 namespace ko {
 namespace {
 
+using test::Played;
+
 const char* const bench = R"({"title": "Bench", "clock": "2026-11-21 09:30:00", "drivers": [
   {"name": "Digitizer", "groups": [{"name": "g", "channels": [{"address": "1:1"}]}],
    "timebase": {"samplePeriod": {"value": 0.001, "choices": [0.001, 0.002]}}},
   {"name": "Scanner", "measurementMode": 2, "timebase": {}}]})";
 
-/// What a script prints, and how it ends.
-struct Played {
-    std::vector<Json> events;
-    bool expectationsMet = false;
-    std::string fault; ///< "LINE: what"
-
-    /// The events of these names only, one a line.
-    [[nodiscard]] std::string only(const std::vector<std::string>& names) const
-    {
-        std::string result;
-        for (const Json& event : events)
-            if (std::find(names.begin(), names.end(), event["event"]) != names.end())
-                result += event.dump() + "\n";
-        return result;
-    }
-    /// The last event, which is of this name.
-    [[nodiscard]] Json last(const std::string& name) const
-    {
-        EXPECT_TRUE(!events.empty() && events.back()["event"] == name) << (events.empty() ? "" : events.back().dump());
-        return events.empty() ? Json() : events.back();
-    }
-};
-
 Played play(const std::string& script, const std::string& setup = bench, const std::string& folder = {})
 {
-    std::ostringstream output;
-    std::istringstream input(script);
-    Played run;
-    Scenario scenario({parseSetup(setup, "bench.json"), folder, {}, {}}, output);
-    try {
-        run.expectationsMet = scenario.run(input);
-    } catch (const ScriptFault& fault) {
-        run.fault = std::to_string(fault.line()) + ": " + fault.what();
-    }
-    std::istringstream lines(output.str());
-    for (std::string line; std::getline(lines, line);)
-        run.events.push_back(Json::parse(line));
-    return run;
+    return test::play(script, setup, folder);
 }
 
 TEST(ScenarioTest, HostCommandsReachThePageAndTheirAnswersAreEvents)
@@ -230,7 +197,7 @@ constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"dialog About\nend", "there is no form \"About\""},
     {"dialog SetDateTime\nleave", "the dialog block has no end"},
     {"end", "end without dialog"},
-    {"text calDate 2026-11-24", "the control \"calDate\" is not available yet"},
+    {"text calDate 2026-11-24", "there is no control \"calDate\""},
     {"cell 1 5", "the command \"cell\" is not available yet"},
     {"pick none", "the command \"pick\" is not available yet"},
     {"activate 0 0", "the command \"activate\" is not available yet"},
