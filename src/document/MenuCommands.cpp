@@ -4,41 +4,40 @@ namespace ko {
 
 namespace {
 
-/// The text box that the edit commands work on: failure 91 when no control has the focus, 13 when it has no text.
-TextBox& focusedBox(const Page& page)
+/// The text that the edit commands work on: failure 91 when no control has the focus, 13 when none is edited there.
+TextEditing& focusedText(const Page& page)
 {
-    Control& focused = required(page.activeControl());
-    auto* box = dynamic_cast<TextBox*>(&focused);
-    if (!box)
+    TextEditing* text = required(page.activeControl()).textEditing();
+    if (!text)
         fail(failure::typeMismatch);
-    return *box;
+    return *text;
 }
 
 void copySelection(const Page& page, Clipboard& clipboard)
 {
     clipboard.clear();
-    clipboard.setText(focusedBox(page).selText());
+    clipboard.setText(focusedText(page).selText());
 }
 
 void cutSelection(const Page& page, Clipboard& clipboard)
 {
     copySelection(page, clipboard);
-    focusedBox(page).setSelText("");
+    focusedText(page).setSelText("");
 }
 
 void deleteSelection(const Page& page)
 {
-    focusedBox(page).setSelText("");
+    focusedText(page).setSelText("");
 }
 
 void pasteClipboard(const Page& page, Clipboard& clipboard)
 {
-    focusedBox(page).setSelText(clipboard.text());
+    focusedText(page).setSelText(clipboard.text());
 }
 
 bool hasSelection(const Page& page)
 {
-    return (page.editFlags & editFlag::copy) != 0 && focusedBox(page).selLength() > 0;
+    return (page.editFlags & editFlag::copy) != 0 && focusedText(page).selLength() > 0;
 }
 
 bool canPaste(const Page& page, Clipboard& clipboard)

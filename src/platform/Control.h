@@ -10,6 +10,7 @@
 namespace ko {
 
 class Form;
+class TextEditing;
 
 /// What of a control has changed; a view refreshes just that.
 enum class Aspect { Usability, Text, Selection, Items, Font, Hint, Bounds, Mark };
@@ -45,6 +46,8 @@ public:
     [[nodiscard]] virtual bool takesFocus() const { return false; }
     [[nodiscard]] virtual bool hasFont() const { return true; }
     [[nodiscard]] virtual bool hasToolTip() const { return true; }
+    /// The text that is being edited in the control, for the edit commands; null when there is none.
+    [[nodiscard]] virtual TextEditing* textEditing() { return nullptr; }
 
     [[nodiscard]] const std::string& name() const { return name_; }
     [[nodiscard]] Form& form() const { return form_; }

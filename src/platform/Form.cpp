@@ -74,8 +74,11 @@ void Form::move(std::int32_t left, std::int32_t top)
 
 void Form::resize(std::int32_t width, std::int32_t height)
 {
+    if (bounds_.width == width && bounds_.height == height)
+        return;
     bounds_.width = width;
     bounds_.height = height;
+    raise(resized);
     tellView();
 }
 

@@ -46,10 +46,13 @@ public:
     /// Position and size in twips; dialogs are placed by them.
     [[nodiscard]] const Bounds& bounds() const { return bounds_; }
     void move(std::int32_t left, std::int32_t top);
+    /// Sets the size of the inner area and raises `resized` when it is another one.
     void resize(std::int32_t width, std::int32_t height);
 
     /// Every key that reaches the form before its controls see it.
     std::function<void(KeyPress&)> keyDown;
+    /// The inner area has another size; the form lays its controls out.
+    std::function<void()> resized;
     /// Set by the view: the focus moved, the caption or the bounds changed.
     std::function<void()> view;
 

@@ -17,8 +17,15 @@ template <class Array> auto& at(Array& array, std::int32_t index)
 
 } // namespace
 
+Grid::Grid(Form& form, std::string name, Control* container) : Control(form, std::move(name), container)
+{
+    validate = [this] { return endEdit(); };
+    lostFocus = [this] { dropEdit(); };
+}
+
 void Grid::setRowCount(std::int32_t count)
 {
+    dropEdit();
     rows_.resize(static_cast<std::size_t>(std::max(count, 0)) + 1);
     changed();
 }
@@ -31,6 +38,14 @@ const Grid::Cell& Grid::cell(std::int32_t row, std::int32_t column) const
 void Grid::setCell(std::int32_t row, std::int32_t column, Cell cell)
 {
     at(at(rows_, row), column) = std::move(cell);
+    if (editor_ && !isEditable(editor_->row))
+        dropEdit();
+    changed();
+}
+
+void Grid::setValue(std::int32_t row, const std::string& value)
+{
+    at(at(rows_, row), valueColumn).value = value;
     changed();
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/Control.h"
+#include "platform/EditText.h"
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace ko {
@@ -28,10 +30,26 @@ struct CellStyle {
     bool operator==(const CellStyle&) const = default;
 };
 
+/// An edited cell that is about to be left, or whose edit ends. A handler refuses by setting `Value` to false.
+struct CellEvent {
+    std::int32_t row = 0, column = 0;
+    std::string text;
+    bool Value = true;
+};
+
+/// What a check cell's text says: "True" or "False" in any case, 0, 1 or -1; none for every other text.
+std::optional<bool> checkState(std::string_view text);
+
 /// A grid of names and values: column 0 holds each row's name, column 1 its value, column 2 its id, which is not
 /// shown. Rows count from 1, row 0 is the header.
-class Grid : public Control {
+///
+/// The user edits value cells, one at a time, in an editor that opens with the cell's text. An edit ends with the
+/// check and then the edit-end event; refused by either, it stays open with the user's text and keeps the focus. An
+/// edit that changed nothing ends without events. The grid's own `validate` and `lostFocus` handlers end and drop it.
+class Grid : public Control, public TextEditing {
 public:
+    enum Column : std::int32_t { nameColumn, valueColumn, idColumn };
+
     struct Cell {
         std::string value;
         CellStyle style;
@@ -40,16 +58,20 @@ public:
     };
     using Row = std::array<Cell, 3>;
 
-    using Control::Control;
+    Grid(Form& form, std::string name, Control* container = nullptr);
 
     [[nodiscard]] std::string_view typeName() const override { return "Gridocx"; }
     [[nodiscard]] bool takesFocus() const override { return true; }
+    /// The open editor's text; null while none is open.
+    [[nodiscard]] TextEditing* textEditing() override { return editor_ ? this : nullptr; }
 
     [[nodiscard]] std::int32_t rowCount() const { return static_cast<std::int32_t>(rows_.size()) - 1; }
+    /// Drops an open edit: the rows are about to be others.
     void setRowCount(std::int32_t count);
     /// Failure 9 outside the grid.
     [[nodiscard]] const Cell& cell(std::int32_t row, std::int32_t column) const;
     void setCell(std::int32_t row, std::int32_t column, Cell cell);
+    void setValue(std::int32_t row, const std::string& value);
 
     /// The style of the cells, of the header row and of the name column.
     [[nodiscard]] const CellStyle& standardStyle() const { return standardStyle_; }
@@ -62,22 +84,67 @@ public:
     /// Twips. A hidden column is 0 wide.
     [[nodiscard]] std::int32_t columnWidth(std::int32_t column) const;
     void setColumnWidth(std::int32_t column, std::int32_t width);
-    /// Inner width in twips, told by the view.
+    /// Inner width in twips, a vertical scroll bar included, and how many rows it shows at once; told by the view.
     [[nodiscard]] std::int32_t innerWidth() const { return innerWidth_; }
+    [[nodiscard]] std::int32_t visibleRows() const { return visibleRows_; }
     void setInnerWidth(std::int32_t width) { innerWidth_ = width; }
+    void setVisibleRows(std::int32_t rows) { visibleRows_ = rows; }
 
     /// While drawing is locked the view hears nothing; unlocking tells it once.
     void lockDrawing(bool locked);
 
+    /// Whether the user can edit the value cell of this row.
+    [[nodiscard]] bool isEditable(std::int32_t row) const;
+    /// The row whose value cell is open in an editor; 0 for none.
+    [[nodiscard]] std::int32_t editedRow() const { return editor_ ? editor_->row : 0; }
+    /// The open editor's text and selection; the view hears of them as of a text box's.
+    [[nodiscard]] const EditText& editor() const;
+    [[nodiscard]] std::size_t selLength() const override { return editor().selLength(); }
+    [[nodiscard]] std::string selText() const override { return editor().selText(); }
+    void setSelText(const std::string& text) override;
+    /// Ends an open edit; false when it is refused.
+    bool endEdit();
+    /// Closes an open editor; the cell keeps its value.
+    void dropEdit();
+
+    /// The user opens the value cell of a row, its whole text selected. An edit open in another row ends first, and
+    /// may refuse.
+    Outcome userOpenedCell(std::int32_t row);
+    /// The user's input left the open editor with this text and selection.
+    Outcome userTypedInCell(const std::string& text, std::size_t start, std::size_t length);
+    Outcome userSelectedInCell(std::size_t start, std::size_t length);
+    /// The user gives a value cell another value and ends the edit: a text, an entry of the list, a check. Inert
+    /// where there is no such cell, entry or check.
+    Outcome userEditedCell(std::int32_t row, const std::string& text);
+
+    /// The check, before an edit ends.
+    std::function<void(CellEvent&)> OnValidateCell;
+    /// The edit ends.
+    std::function<void(CellEvent&)> cellEdited;
+    /// An editor was opened or closed.
+    std::function<void()> editorChanged;
+
 private:
+    struct Editor {
+        std::int32_t row = 0;
+        EditText text;
+        bool modified = false;
+    };
+
     void changed();
     void setStyle(CellStyle& mine, const CellStyle& style);
+    [[nodiscard]] bool takes(std::int32_t row, const std::string& text) const;
+    bool accepts(const std::function<void(CellEvent&)>& event, const Editor& edit) const;
+    void put(const EditText& text);
 
     std::vector<Row> rows_{1};
     CellStyle standardStyle_, colHeaderStyle_, rowHeaderStyle_;
     std::array<std::int32_t, 3> columnWidths_{};
     std::int32_t innerWidth_ = 4800;
+    std::int32_t visibleRows_ = 8;
     bool drawingLocked_ = false;
+    std::optional<Editor> editor_;
+    bool ending_ = false;
 };
 
 } // namespace ko

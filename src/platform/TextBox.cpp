@@ -1,24 +1,16 @@
 #include "platform/TextBox.h"
 
-#include "platform/Utf8.h"
-
-#include <algorithm>
-
 namespace ko {
 
 void TextBox::setText(const std::string& text)
 {
-    if (text_ != text)
+    if (edit_.text() != text)
         put(text, 0, 0);
 }
 
 void TextBox::put(const std::string& text, std::size_t start, std::size_t length)
 {
-    const bool differs = text_ != text;
-    text_ = text;
-    const std::size_t end = utf8Length(text_);
-    selStart_ = std::min(start, end);
-    selLength_ = std::min(length, end - selStart_);
+    const bool differs = edit_.put(text, start, length);
     tellView(differs ? Aspect::Text : Aspect::Selection);
     if (differs)
         raise(change);
@@ -42,26 +34,14 @@ void TextBox::setMarked(bool marked)
 
 void TextBox::select(std::size_t start, std::size_t length)
 {
-    const std::size_t end = utf8Length(text_);
-    start = std::min(start, end);
-    length = std::min(length, end - start);
-    if (selStart_ == start && selLength_ == length)
-        return;
-    selStart_ = start;
-    selLength_ = length;
-    tellView(Aspect::Selection);
-}
-
-std::string TextBox::selText() const
-{
-    return std::string(utf8Part(text_, selStart_, selLength_));
+    if (edit_.select(start, length))
+        tellView(Aspect::Selection);
 }
 
 void TextBox::setSelText(const std::string& text)
 {
-    const std::string before(utf8Part(text_, 0, selStart_));
-    const std::string after(utf8Part(text_, selStart_ + selLength_, std::string::npos));
-    put(before + text + after, selStart_ + utf8Length(text), 0);
+    const EditText result = edit_.replaced(text);
+    put(result.text(), result.selStart(), 0);
 }
 
 Outcome TextBox::userTyped(const std::string& text)

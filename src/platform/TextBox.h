@@ -1,18 +1,20 @@
 #pragma once
 
 #include "platform/Control.h"
+#include "platform/EditText.h"
 
 namespace ko {
 
 /// A one-line text box. Text is UTF-8; selection positions count characters.
-class TextBox : public Control {
+class TextBox : public Control, public TextEditing {
 public:
     using Control::Control;
 
     [[nodiscard]] std::string_view typeName() const override { return "TextBox"; }
     [[nodiscard]] bool takesFocus() const override { return true; }
+    [[nodiscard]] TextEditing* textEditing() override { return this; }
 
-    [[nodiscard]] const std::string& text() const { return text_; }
+    [[nodiscard]] const std::string& text() const { return edit_.text(); }
     /// A text that differs raises `change`; the cursor goes to the start.
     void setText(const std::string& text);
 
@@ -24,13 +26,12 @@ public:
     [[nodiscard]] bool marked() const { return marked_; }
     void setMarked(bool marked);
 
-    [[nodiscard]] std::size_t selStart() const { return selStart_; }
-    [[nodiscard]] std::size_t selLength() const { return selLength_; }
+    [[nodiscard]] std::size_t selStart() const { return edit_.selStart(); }
+    [[nodiscard]] std::size_t selLength() const override { return edit_.selLength(); }
     /// Positions beyond the text are drawn back to its end.
     void select(std::size_t start, std::size_t length);
-    [[nodiscard]] std::string selText() const;
-    /// Replaces the selection, or inserts at the cursor; the cursor goes behind what was put in.
-    void setSelText(const std::string& text);
+    [[nodiscard]] std::string selText() const override { return edit_.selText(); }
+    void setSelText(const std::string& text) override;
 
     /// The user puts `text` in place of the selection, in one change.
     Outcome userTyped(const std::string& text);
@@ -48,9 +49,7 @@ public:
 private:
     void put(const std::string& text, std::size_t start, std::size_t length);
 
-    std::string text_;
-    std::size_t selStart_ = 0;
-    std::size_t selLength_ = 0;
+    EditText edit_;
     bool locked_ = false;
     bool marked_ = false;
 };

@@ -4,6 +4,7 @@
 #include "platform/ComboBox.h"
 #include "platform/Grid.h"
 #include "platform/NumberText.h"
+#include "platform/TabControl.h"
 
 namespace ko {
 
@@ -56,6 +57,19 @@ void loadCaption(Control& control, const StringTable& strings, int base)
         captioned->setCaption(strings.text(base + offset));
 }
 
+/// A tab carries the offset of its caption in the caption itself.
+void loadTabs(const Steps& step, Control& control, const StringTable& strings, int base)
+{
+    auto* tabControl = dynamic_cast<TabControl*>(&control);
+    if (!tabControl)
+        return;
+    for (std::size_t i = 0; i < tabControl->tabs().size(); ++i)
+        step([&] {
+            if (const int offset = offsetIn(tabControl->tabs()[i].caption); offset > 0)
+                tabControl->setTabCaption(static_cast<std::int32_t>(i), strings.text(base + offset));
+        });
+}
+
 void loadEntries(const Steps& step, Control& control, const StringTable& strings, int base)
 {
     auto* list = dynamic_cast<ComboBox*>(&control);
@@ -84,6 +98,7 @@ void loadFormStrings(const Steps& step, const StringTable& strings, Form& form, 
         step([&] { loadFont(*control, font); });
     for (Control* control : form.controls()) {
         step([&] { loadCaption(*control, strings, base); });
+        loadTabs(step, *control, strings, base);
         loadEntries(step, *control, strings, base);
         step([&] { loadToolTip(*control, strings, base); });
     }

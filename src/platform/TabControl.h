@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Control.h"
+
+#include <vector>
+
+namespace ko {
+
+/// A row of tabs, each before a frame of its own of which one is in front. The frames are no less usable behind the
+/// others: whoever gives input to a control brings its tab to the front first.
+class TabControl : public Control {
+public:
+    struct Tab {
+        std::string caption;
+        bool enabled = true;
+    };
+
+    TabControl(Form& form, std::string name, std::vector<Control*> frames);
+
+    [[nodiscard]] std::string_view typeName() const override { return "SSTab"; }
+    [[nodiscard]] bool takesFocus() const override { return true; }
+
+    [[nodiscard]] const std::vector<Tab>& tabs() const { return tabs_; }
+    /// What stands behind a tab. Failure 9 where there is no such tab, here and below.
+    [[nodiscard]] Control& frame(std::int32_t index) const;
+    void setTabCaption(std::int32_t index, const std::string& caption);
+    /// A disabled tab disables its frame and cannot be chosen; it may be in front all the same.
+    void setTabEnabled(std::int32_t index, bool enabled);
+
+    /// The tab in front.
+    [[nodiscard]] std::int32_t tab() const { return tab_; }
+    void setTab(std::int32_t index);
+    /// Inert where there is no such tab or it is disabled.
+    Outcome userChoseTab(std::int32_t index);
+
+private:
+    Tab& at(std::int32_t index);
+
+    std::vector<Control*> frames_;
+    std::vector<Tab> tabs_;
+    std::int32_t tab_ = 0;
+};
+
+} // namespace ko
