@@ -1,17 +1,59 @@
 #pragma once
 
+#include "page/Page.h"
+#include "platform/TabControl.h"
 #include "support/DialogForm.h"
+
+#include <array>
+#include <memory>
 
 namespace ko {
 
-/// The dialog "Trigger Lines".
+/// What the dialog tells of the drivers behind the lines.
+struct LineDrivers {
+    bool hasStartMaster = true;
+    bool hasScanMaster = true;
+    std::array<std::string, 8> hints{}; ///< who drives each line; "" where nobody is known to
+};
+
+/// The dialog "Trigger Lines": a column of options for each of the two triggers, on a tab each. It keeps the two
+/// triggers off each other's line.
 class AdvancedTrig : public DialogForm {
 public:
     explicit AdvancedTrig(Support& support);
 
+    using Options = std::array<std::unique_ptr<OptionButton>, 8>; ///< a line each
+    enum Tab : std::int32_t { startTab, scanTab };
+
+    Frame frmStartTrig{*this, "frmStartTrig"};
+    Frame frmScanTrig{*this, "frmScanTrig"};
+    TabControl tabTrigger{*this, "tabTrigger", {&frmStartTrig, &frmScanTrig}};
+    Options optStartTrig{makeOptions("optStartTrig", frmStartTrig, startTab)};
+    Label lblNoStartLine{*this, "lblNoStartLine", &frmStartTrig};
+    Options optScanTrig{makeOptions("optScanTrig", frmScanTrig, scanTab)};
+    Label lblNoScanLine{*this, "lblNoScanLine", &frmScanTrig};
     CommandButton btnOK{*this, "btnOK"};
     CommandButton btnCancel{*this, "btnCancel"};
     CommandButton btnHelp{*this, "btnHelp"};
+
+    /// Shows the dialog with the lines that may be chosen and the two chosen ones (-1: none) until the user ends it.
+    /// When the user has chosen other lines and pressed OK, they and the lines then left stand in the arguments.
+    /// Reports its own failures.
+    void Display(LineMask& availStartLines, LineMask& availScanLines, std::int32_t& startLine, std::int32_t& scanLine,
+                 const LineDrivers& lineDrivers = {});
+
+private:
+    Options makeOptions(const std::string& name, Frame& frame, Tab tab);
+    void showColumn(const Options& options, const LineMask& available, std::int32_t line, Label& noLine,
+                    const LineDrivers& lineDrivers);
+    void optStartTrig_Click(std::int32_t line);
+    void optScanTrig_Click(std::int32_t line);
+    void btnOK_Click();
+    void btnCancel_Click();
+
+    std::int32_t chosenStart_ = -1;
+    std::int32_t chosenScan_ = -1;
+    bool changed_ = false;
 };
 
 } // namespace ko

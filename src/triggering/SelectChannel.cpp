@@ -1,10 +1,15 @@
 #include "triggering/SelectChannel.h"
 
+#include "support/Geometry.h"
+#include "support/Steps.h"
+
 namespace ko {
 
 namespace {
 
 constexpr int textBase = 2400;
+/// Twips, around the controls and between them.
+constexpr std::int32_t margin = 120;
 
 } // namespace
 
@@ -14,7 +19,93 @@ SelectChannel::SelectChannel(Support& support) : DialogForm(support, "SelectChan
     cmdCancel.setTag("3");
     cmdHelp.setTag("4");
     load(textBase);
+    for (CommandButton* button : {&cmdOK, &cmdCancel, &cmdHelp})
+        button->move({0, 0, 1215, 375});
+    cmdOK.click = [this] { cmdOK_Click("cmdOK_Click"); };
+    cmdCancel.click = [this] { cmdCancel_Click(); };
     cmdHelp.click = [this] { showHelp("cmdHelp_Click"); };
+    chsNavigate.activated = [this] { cmdOK_Click("chsNavigate_Activate"); };
+    resized = [this] { Form_Resize(); };
+    resize(5400, 5400);
+}
+
+void SelectChannel::MaxSelections(std::int32_t count)
+{
+    chsNavigate.setMultipleSelection(count > 1);
+    if (count > 1)
+        chsNavigate.setSelectionLimit(count);
+}
+
+void SelectChannel::UpdateDrivers(const DriverList& drivers, std::int32_t count)
+{
+    chsNavigate.failed = [this] { support().errors.reportCurrent(errorSource::page, "UpdateDrivers"); };
+    chsNavigate.driverList().setNumberOfDrivers(count);
+    chsNavigate.driverList().setDrivers(drivers);
+}
+
+bool SelectChannel::Display(std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel)
+{
+    if (!show({{driver}, {slot}, {channel}}))
+        return false;
+    const bool any = SelCount >= 1;
+    driver = any ? Sel.drivers[1] : nullptr;
+    slot = any ? Sel.groups[1] : -1;
+    channel = any ? Sel.channels[1] : -1;
+    return true;
+}
+
+bool SelectChannel::Display(ChannelSelections& channels)
+{
+    if (!show(channels))
+        return false;
+    channels = SelCount >= 1 ? Sel : ChannelSelections{{nullptr}, {-1}, {-1}};
+    return true;
+}
+
+bool SelectChannel::show(const ChannelSelections& channels)
+{
+    const Steps step(support().errors, "Display");
+    Accepted = false;
+    step([&] { chsNavigate.reset(); });
+    step([&] { chsNavigate.preselect(channels); });
+    step([&] { placeCentredUnderCursor(*this, support().platform.screen); });
+    moveFocus(&chsNavigate);
+    step([&] { support().platform.modalForms.showModal(*this); });
+    dropFocus();
+    return Accepted;
+}
+
+void SelectChannel::cmdOK_Click(std::string_view procedure)
+{
+    const Steps step(support().errors, procedure);
+    step([&] { support().platform.modalForms.hide(*this); });
+    Accepted = true;
+    SelCount = step.value([&] { return chsNavigate.getSelections(Sel); });
+}
+
+void SelectChannel::cmdCancel_Click()
+{
+    const Steps step(support().errors, "cmdCancel_Click");
+    step([&] { support().platform.modalForms.hide(*this); });
+    Accepted = false;
+}
+
+/// The buttons stand in a row at the lower right, the selector fills what is left.
+void SelectChannel::Form_Resize()
+{
+    const Bounds& inner = bounds();
+    Bounds button = cmdHelp.bounds();
+    button.left = inner.width - margin - button.width;
+    button.top = inner.height - margin - button.height;
+    cmdHelp.move(button);
+    for (CommandButton* next : {&cmdCancel, &cmdOK}) {
+        const std::int32_t right = button.left - margin;
+        button.width = next->bounds().width;
+        button.left = right - button.width;
+        button.height = next->bounds().height;
+        next->move(button);
+    }
+    chsNavigate.move({margin, margin, inner.width - 2 * margin, inner.height - cmdHelp.bounds().height - 3 * margin});
 }
 
 } // namespace ko

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ChannelSelector.h"
 #include "support/DialogForm.h"
 
 namespace ko {
@@ -9,9 +10,39 @@ class SelectChannel : public DialogForm {
 public:
     explicit SelectChannel(Support& support);
 
+    ChannelSelector chsNavigate{*this, "chsNavigate"};
     CommandButton cmdOK{*this, "cmdOK"};
     CommandButton cmdCancel{*this, "cmdCancel"};
     CommandButton cmdHelp{*this, "cmdHelp"};
+
+    /// Shows the dialog on one channel (slot and channel -1: none) until the user ends it. True after OK, with the
+    /// selection in the arguments: no driver, -1 and -1 when nothing is selected, else the first one selected. After
+    /// Cancel they are as they were. Reports its own failures.
+    bool Display(std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel);
+    /// The same with any number of channels; an empty selection is one element of no driver, -1 and -1.
+    bool Display(ChannelSelections& channels);
+
+    // The selector's filters.
+    void DriverType(std::int32_t type) { chsNavigate.setDriverType(type); }
+    void FilterCanTrigger(bool only) { chsNavigate.setCanTrigger(only); }
+    void FilterDirection(std::int32_t direction) { chsNavigate.setDirection(direction); }
+    void FilterSingleValue(bool only) { chsNavigate.setSingleValue(only); }
+    void FilterMultiValue(bool only) { chsNavigate.setMultiValue(only); }
+    /// More than one: several channels can be selected, up to this many.
+    void MaxSelections(std::int32_t count);
+
+    /// The drivers whose channels are offered.
+    void UpdateDrivers(const DriverList& drivers, std::int32_t count);
+
+private:
+    void cmdOK_Click(std::string_view procedure);
+    void cmdCancel_Click();
+    void Form_Resize();
+    bool show(const ChannelSelections& channels);
+
+    bool Accepted = false;
+    ChannelSelections Sel; ///< what was selected when the dialog was accepted
+    std::int32_t SelCount = 0;
 };
 
 } // namespace ko
