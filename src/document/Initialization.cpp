@@ -20,6 +20,7 @@ void TimebaseEditor::initializeDocument()
         loadDynamicEditors(step);
     if (page_.frmStatic.visible())
         loadStaticEditors(step);
+    triggerChannel_.followStartMaster();
     // Settings that no driver has given are never written: without a timebase to capture there are none.
     if (!page_.triggerVars)
         captureStartStop();
@@ -33,9 +34,31 @@ void TimebaseEditor::initializeDocument()
 }
 
 /// Which driver is start and which is scan master, and on which lines they drive the others.
-void TimebaseEditor::initializeTriggering(const Steps&)
+void TimebaseEditor::initializeTriggering(const Steps& step)
 {
-    page_.mnuTimebaseTriggerLines.setEnabled(false);
+    triggerChannel_.beginBuild();
+    const TriggerMasters masters = shared_.triggering.findTriggerMasters(page_.currentDrivers());
+    page_.dynamicDriverIndex = masters.start;
+    page_.staticDriverIndex = masters.scan;
+    if (page_.dynamicDriverIndex >= 0) {
+        triggerChannel_.followStartMaster();
+        enableTriggering(startsOnTrigger(step));
+    } else {
+        disableTriggering(true);
+    }
+    triggerLines_.build(masters.found());
+}
+
+/// Whether the page that is being built will show that the recording starts on a trigger: the options still show the
+/// page before it.
+bool TimebaseEditor::startsOnTrigger(const Steps& step) const
+{
+    if (!page_.hasDynamicDrivers)
+        return false;
+    if (page_.triggerVars && !page_.readOnly)
+        return page_.triggerVars->startMode == startMode::onTrigger;
+    Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); });
+    return timebase && step.value([&] { return timebase->StartMode() == startMode::onTrigger; });
 }
 
 std::int32_t TimebaseEditor::firstDriver(const Steps& step, bool dynamic) const

@@ -30,6 +30,10 @@ void TimebaseEditor::UserDocument_Initialize()
     page_.mnuTimebaseTriggerLines.setEnabled(false);
     page_.TriggerSlot = -1;
     page_.TriggerChannel = -1;
+    step([&] {
+        shared_.dialogs.selectChannel().FilterCanTrigger(true);
+        shared_.dialogs.selectChannel().FilterDirection(ChannelSelector::inputs);
+    });
 }
 
 /// The loader finds the units' texts by their item data; from then on it holds each unit's length.

@@ -7,7 +7,10 @@ namespace ko {
 TimebaseEditor::TimebaseEditor(Shared& shared, PropertyNotifySink& sink)
     : shared_(shared), support_(shared.support), sink_(sink), dynamicEditors_(page_, support_, *this),
       staticEditors_(page_, support_, *this),
-      schedule_(page_, support_, *this, [&shared]() -> SetDateTime& { return shared.dialogs.setDateTime(); })
+      schedule_(page_, support_, *this, [&shared]() -> SetDateTime& { return shared.dialogs.setDateTime(); }),
+      triggerChannel_(page_, support_, *this, [&shared]() -> SelectChannel& { return shared.dialogs.selectChannel(); }),
+      triggerLines_(page_, support_, *this, shared.triggering,
+                    [&shared]() -> AdvancedTrig& { return shared.dialogs.advancedTrig(); })
 {
     page_.imgNoInst.click = [this] { imgNoInst_Click(); };
     page_.keyDown = [this](KeyPress& press) { UserDocument_KeyDown(press); };
@@ -41,6 +44,21 @@ void TimebaseEditor::captureStartStop()
         shared_.triggering.captureStartStop(page_.currentDrivers(), page_.triggerVars);
 }
 
+void TimebaseEditor::enableTriggering(bool onTrigger)
+{
+    triggerChannel_.enableTriggering(onTrigger);
+}
+
+void TimebaseEditor::disableTriggering(bool onTrigger)
+{
+    triggerChannel_.disableTriggering(onTrigger);
+}
+
+void TimebaseEditor::setTriggerSource(bool enabled)
+{
+    triggerChannel_.setTriggerSource(enabled);
+}
+
 bool TimebaseEditor::validateActiveControl(bool apply)
 {
     const auto passes = [apply](NumberEntry& entry) { return entry.check(true) && (!apply || entry.leave()); };
@@ -48,6 +66,8 @@ bool TimebaseEditor::validateActiveControl(bool apply)
         for (const auto& entry : *entries)
             if (entry->box().hasFocus())
                 return passes(*entry);
+    if (page_.grdParam.hasFocus())
+        return apply ? page_.grdParam.endEdit() : triggerChannel_.grid().check();
     return !schedule_.duration().box().hasFocus() || passes(schedule_.duration());
 }
 

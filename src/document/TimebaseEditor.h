@@ -6,6 +6,8 @@
 #include "schedule/Schedule.h"
 #include "timebase/DynamicEditors.h"
 #include "timebase/StaticEditors.h"
+#include "triggering/TriggerChannel.h"
+#include "triggering/TriggerLineChoice.h"
 #include "triggering/Triggering.h"
 
 namespace ko {
@@ -67,9 +69,9 @@ private:
     std::int32_t updateDiskSpace() override;
     void refreshEstimate() override;
     void captureStartStop() override;
-    void enableTriggering(bool) override {}
-    void disableTriggering(bool) override {}
-    void setTriggerSource(bool) override {}
+    void enableTriggering(bool onTrigger) override;
+    void disableTriggering(bool onTrigger) override;
+    void setTriggerSource(bool enabled) override;
 
     // Life cycle
     void UserDocument_Initialize();
@@ -84,6 +86,7 @@ private:
     // Start-up from the driver list
     void initializeDocument();
     void initializeTriggering(const Steps& step);
+    [[nodiscard]] bool startsOnTrigger(const Steps& step) const;
     void loadDynamicEditors(const Steps& step);
     void loadStaticEditors(const Steps& step);
     void followReadOnly();
@@ -102,6 +105,8 @@ private:
     DynamicEditors dynamicEditors_;
     StaticEditors staticEditors_;
     Schedule schedule_;
+    TriggerChannel triggerChannel_;
+    TriggerLineChoice triggerLines_;
 };
 
 } // namespace ko

@@ -79,6 +79,7 @@ Page::Page() : Form("TimebaseEditor")
 {
     numberCaptions(*this);
     numberToolTips(*this);
+    lblNoTriggerLine.setVisible(false);
     cmbInterval.setItems({{"", 9}, {"", 10}, {"", 11}, {"", 12}});
     for (CommandButton* button : {&cmdChannel, &cmdStartTime, &cmdStopTime})
         button->setCaption("...");

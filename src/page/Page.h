@@ -72,6 +72,7 @@ public:
     TextBox txtChannel{*this, "txtChannel", &frmStart};
     CommandButton cmdChannel{*this, "cmdChannel", &frmStart};
     Grid grdParam{*this, "grdParam", &frmStart};
+    Label lblNoTriggerLine{*this, "lblNoTriggerLine", &frmStart};
     OptionButton optStartTime{*this, "optStartTime", &frmStart};
     TextBox txtStartTime{*this, "txtStartTime", &frmStart};
     CommandButton cmdStartTime{*this, "cmdStartTime", &frmStart};

@@ -60,6 +60,8 @@ TEST_F(HostInterfaces, AListForAShownPageClearsTheWiringWithoutReports)
     handOver();
     EXPECT_EQ(wired.startLine, -1);
     EXPECT_EQ(wired.scanLine, 4);
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:setScanTriggerLine 1000: setScanTriggerLine failed"})
+        << "only of the new page, which keeps the line";
     document->UserDocument_Hide();
     wired.startLine = 3;
     document->drivers().setDrivers(DriverList(fakes.begin(), fakes.end()));

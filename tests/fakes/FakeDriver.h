@@ -26,14 +26,14 @@ class FakeDriver : public Driver,
 public:
     struct Channel {
         std::string address = "0:1:0";
-        std::string name;
+        std::string name{};
         Value enabled = 1;
         bool triggerSource = false;
         bool canTrigger = true;
     };
     struct Group {
         std::string name = "Inputs";
-        std::vector<Channel> channels;
+        std::vector<Channel> channels{};
     };
     struct Parameter {
         std::int32_t id = 2;
@@ -42,7 +42,7 @@ public:
         Value value = 0.5;
         double min = -10;
         double max = 10;
-        std::vector<std::string> choices;
+        std::vector<std::string> choices{};
     };
 
     std::string name = "Fake";
@@ -63,6 +63,8 @@ public:
     /// What the driver makes of a requested sample period, block size, scan period.
     std::function<double(double)> keeps = [](double value) { return value; };
     std::function<float(float)> keepsDuration = [](float seconds) { return seconds; };
+    /// What the driver does after a trigger parameter has been written.
+    std::function<void(FakeDriver&)> afterParameter;
 
     std::set<std::string> failing;
     std::vector<std::string> writes;
@@ -179,6 +181,8 @@ public:
         called("SetTriggerParamValue");
         writes.push_back("SetTriggerParamValue " + std::to_string(id));
         parameter(id).value = value;
+        if (afterParameter)
+            afterParameter(*this);
     }
     bool TriggerEnabled(std::int32_t g, std::int32_t c) override
     {

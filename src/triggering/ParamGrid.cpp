@@ -1,0 +1,206 @@
+#include "triggering/ParamGrid.h"
+
+#include "interfaces/TriggerParameters.h"
+#include "platform/NumberText.h"
+#include "triggering/TriggerParameter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+constexpr int unrecognizedType = 3022;
+/// Parameters that are the driver's own business.
+constexpr std::int32_t hiddenIds[] = {1, 3};
+
+bool isHidden(std::int32_t id)
+{
+    return id == hiddenIds[0] || id == hiddenIds[1];
+}
+
+/// Draws the grid once, however many cells change.
+class DrawingLock {
+public:
+    explicit DrawingLock(Grid& grid) : grid_(grid) { grid_.lockDrawing(true); }
+    ~DrawingLock() { grid_.lockDrawing(false); }
+    DrawingLock(const DrawingLock&) = delete;
+    DrawingLock& operator=(const DrawingLock&) = delete;
+
+private:
+    Grid& grid_;
+};
+
+std::optional<double> bound(double value)
+{
+    return std::isnan(value) ? std::nullopt : std::optional(value);
+}
+
+} // namespace
+
+ParamGrid::ParamGrid(Page& page, Support& support, Actions& actions)
+    : page_(page), support_(support), actions_(actions), grid_(page.grdParam)
+{
+    grid_.OnValidateCell = [this](CellEvent& event) { grdParam_OnValidateCell(event); };
+    grid_.cellEdited = [this](CellEvent& event) { grdParam_CellEdited(event); };
+    grid_.editorChanged = [this] { followEditor(); };
+}
+
+void ParamGrid::clear()
+{
+    grid_.setRowCount(0);
+    grid_.setEnabled(false);
+}
+
+void ParamGrid::SetupParamGrid(Driver* driver, std::int32_t slot, std::int32_t channel)
+{
+    const Steps step(support_.errors, "SetupParamGrid");
+    slot_ = slot;
+    channel_ = channel;
+    TriggerParameters* parameters =
+        driver && channel >= 0 ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
+    const std::int32_t count =
+        parameters ? step.value([&] { return parameters->GetTriggerParamCount(slot, channel); }) : 0;
+    const DrawingLock lock(grid_);
+    grid_.setRowCount(0);
+    std::int32_t row = 1;
+    for (std::int32_t index = 0; index < count; ++index)
+        if (fillRow(step, *parameters, index, row))
+            ++row;
+    step([&] { grid_.setRowCount(row - 1); });
+    grid_.setEnabled(grid_.rowCount() > 0);
+    step([&] { makeEditable(); });
+    step([&] { sizeColumns(); });
+}
+
+/// False when the parameter is not shown.
+bool ParamGrid::fillRow(const Steps& step, TriggerParameters& parameters, std::int32_t index, std::int32_t row)
+{
+    std::int32_t id = 0;
+    if (!step([&] { id = parameters.GetTriggerParamId(slot_, channel_, index); }) || isHidden(id))
+        return false;
+    grid_.setRowCount(row);
+    CellStyle fixed = parameterStyle({});
+    fixed.font = grid_.standardStyle().font;
+    grid_.setCell(row, Grid::nameColumn,
+                  {step.value([&] { return parameters.GetTriggerParamName(slot_, channel_, id); }), fixed});
+    grid_.setCell(row, Grid::idColumn, {std::to_string(id), fixed});
+    std::string type;
+    const bool typeKnown = step([&] { type = parameters.GetTriggerParamType(slot_, channel_, id); });
+    CellStyle style = parameterStyle(type);
+    style.font = fixed.font;
+    if (type == "Enum")
+        style.choices = step.value([&] { return parameters.GetTriggerParamChoices(slot_, channel_, id); });
+    if (typeKnown && !isKnownType(type))
+        step([&] {
+            support_.platform.messageBox.show(support_.text(unrecognizedType) + type, "", messageStyle::plain);
+        });
+    const Value value = step.value([&] { return parameters.GetTriggerParamValue(slot_, channel_, id); });
+    grid_.setCell(row, Grid::valueColumn, {parameterText(type, value, support_.locale()), style});
+    return true;
+}
+
+void ParamGrid::makeEditable()
+{
+    if (page_.readOnly || !page_.optOnTrigger.value())
+        return;
+    for (std::int32_t row = 1; row <= grid_.rowCount(); ++row) {
+        Grid::Cell cell = grid_.cell(row, Grid::valueColumn);
+        cell.style.enabled = true;
+        cell.style.interior = SystemColor::windowBackground;
+        grid_.setCell(row, Grid::valueColumn, cell);
+    }
+}
+
+void ParamGrid::sizeColumns()
+{
+    const bool scrolls = grid_.rowCount() > grid_.visibleRows();
+    const std::int32_t width = std::max(grid_.innerWidth() - (scrolls ? support_.scrollBarWidth() : 0), 0);
+    grid_.setColumnWidth(Grid::nameColumn, width / 2);
+    grid_.setColumnWidth(Grid::valueColumn, width - width / 2);
+    grid_.setColumnWidth(Grid::idColumn, 0);
+}
+
+TriggerParameters& ParamGrid::parametersOfMaster() const
+{
+    return required(required(page_.driverAt(page_.dynamicDriverIndex)).queryTriggerParameters());
+}
+
+std::int32_t ParamGrid::idAt(std::int32_t row) const
+{
+    return toLong(grid_.cell(row, Grid::idColumn).value, support_.locale());
+}
+
+/// The text fields of an open cell can be copied from and pasted into.
+void ParamGrid::followEditor()
+{
+    page_.editFlags = grid_.editedRow() > 0 ? editFlag::copy | editFlag::paste : editFlag::none;
+}
+
+bool ParamGrid::accepts(const Steps& step, std::int32_t row, const std::string& text)
+{
+    TriggerParameters* parameters = nullptr;
+    std::int32_t id = 0;
+    std::optional<NumberType> type;
+    if (!step([&] {
+            parameters = &parametersOfMaster();
+            id = idAt(row);
+            type = checkedAs(parameters->GetTriggerParamType(slot_, channel_, id));
+        }))
+        return false;
+    if (!type)
+        return true;
+    NumberBounds bounds;
+    step([&] { bounds.minimum = bound(parameters->GetTriggerParamMin(slot_, channel_, id)); });
+    step([&] { bounds.maximum = bound(parameters->GetTriggerParamMax(slot_, channel_, id)); });
+    return validateNumber(support_, text, *type, bounds, true);
+}
+
+void ParamGrid::grdParam_OnValidateCell(CellEvent& event)
+{
+    const Steps step(support_.errors, "grdParam_OnValidateCell");
+    event.Value = accepts(step, event.row, event.text);
+}
+
+bool ParamGrid::check()
+{
+    const Steps step(support_.errors, "grdParam_OnValidateCell");
+    return grid_.editedRow() == 0 || accepts(step, grid_.editedRow(), grid_.editor().text());
+}
+
+void ParamGrid::grdParam_CellEdited(CellEvent& event)
+{
+    const Steps step(support_.errors, "grdParam_CellEdited");
+    TriggerParameters* parameters = step.value([&] { return &parametersOfMaster(); });
+    std::int32_t id = 0;
+    std::optional<Value> value;
+    if (parameters)
+        step([&] {
+            id = idAt(event.row);
+            const std::string type = parameters->GetTriggerParamType(slot_, channel_, id);
+            value = parameterValue(type, event.text, support_.locale());
+        });
+    event.Value = value.has_value();
+    if (!value)
+        return;
+    const bool written = step([&] { parameters->SetTriggerParamValue(slot_, channel_, id, *value); });
+    readAgain(step, *parameters);
+    if (written)
+        step([&] { actions_.markChanged(); });
+}
+
+/// Parameters may depend on each other: every row follows.
+void ParamGrid::readAgain(const Steps& step, TriggerParameters& parameters)
+{
+    const DrawingLock lock(grid_);
+    for (std::int32_t row = 1; row <= grid_.rowCount(); ++row)
+        step([&] {
+            const std::int32_t id = idAt(row);
+            const std::string type = parameters.GetTriggerParamType(slot_, channel_, id);
+            const Value value = parameters.GetTriggerParamValue(slot_, channel_, id);
+            grid_.setValue(row, parameterText(type, value, support_.locale()));
+        });
+}
+
+} // namespace ko

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "page/Actions.h"
+#include "page/Page.h"
+#include "support/Steps.h"
+#include "support/Support.h"
+
+namespace ko {
+
+class TriggerParameters;
+
+/// The grid `grdParam`: a view on the trigger parameters of the chosen channel. Every accepted edit is written to the
+/// driver at once, and all rows then show what the driver has made of it.
+class ParamGrid {
+public:
+    /// Takes over the grid's events. Everything passed in outlives the section.
+    ParamGrid(Page& page, Support& support, Actions& actions);
+
+    /// Fills the grid from a channel of a driver; a driver without trigger parameters, or a channel that has none to
+    /// be shown, leaves it empty and disabled. Reports its own failures.
+    void SetupParamGrid(Driver* driver, std::int32_t slot, std::int32_t channel);
+    /// No rows, disabled.
+    void clear();
+
+    /// The open cell would be accepted; tells the user why when it would not. True when none is open.
+    bool check();
+
+private:
+    void grdParam_CellEdited(CellEvent& event);
+    void grdParam_OnValidateCell(CellEvent& event);
+    void followEditor();
+    bool fillRow(const Steps& step, TriggerParameters& parameters, std::int32_t index, std::int32_t row);
+    void makeEditable();
+    void sizeColumns();
+    void readAgain(const Steps& step, TriggerParameters& parameters);
+    [[nodiscard]] TriggerParameters& parametersOfMaster() const;
+    [[nodiscard]] std::int32_t idAt(std::int32_t row) const;
+    [[nodiscard]] bool accepts(const Steps& step, std::int32_t row, const std::string& text);
+
+    Page& page_;
+    Support& support_;
+    Actions& actions_;
+    Grid& grid_;
+    std::int32_t slot_ = -1; ///< the channel that the rows belong to
+    std::int32_t channel_ = -1;
+};
+
+} // namespace ko

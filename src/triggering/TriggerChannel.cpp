@@ -1,0 +1,202 @@
+#include "triggering/TriggerChannel.h"
+
+#include "interfaces/TriggerParameters.h"
+#include "platform/Scoped.h"
+#include "triggering/SelectChannel.h"
+
+namespace ko {
+
+namespace {
+
+/// The first channel that the driver marks as its trigger source.
+void findMarkedChannel(const Steps& step, Driver& driver, std::int32_t& slot, std::int32_t& channel)
+{
+    TriggerParameters* parameters = step.value([&] { return driver.queryTriggerParameters(); });
+    const std::int32_t groups = parameters ? step.value([&] { return driver.GroupCount(); }) : 0;
+    for (std::int32_t g = 0; g < groups; ++g) {
+        const std::int32_t channels = step.value([&] { return driver.ChannelCount(g); });
+        for (std::int32_t c = 0; c < channels; ++c) {
+            if (!step.value([&] { return parameters->TriggerEnabled(g, c); }))
+                continue;
+            slot = g;
+            channel = c;
+            return;
+        }
+    }
+}
+
+} // namespace
+
+TriggerChannel::TriggerChannel(Page& page, Support& support, Actions& actions, Dialog dialog)
+    : page_(page), support_(support), actions_(actions), dialog_(std::move(dialog)), grid_(page, support, actions)
+{
+    page.cmdChannel.click = [this] { cmdChannel_Click(); };
+}
+
+std::shared_ptr<Driver> TriggerChannel::master() const
+{
+    return page_.driverAt(page_.dynamicDriverIndex)
+               ? page_.currentDrivers()[static_cast<std::size_t>(page_.dynamicDriverIndex)]
+               : nullptr;
+}
+
+void TriggerChannel::followStartMaster()
+{
+    const Steps step(support_.errors, "initializeDocument");
+    const std::shared_ptr<Driver> driver = master();
+    bool lacksIt = !driver;
+    if (driver && isStored())
+        step([&] {
+            lacksIt = page_.TriggerSlot >= driver->GroupCount() ||
+                      page_.TriggerChannel >= driver->ChannelCount(page_.TriggerSlot);
+        });
+    if (lacksIt) {
+        page_.TriggerSlot = -1;
+        page_.TriggerChannel = -1;
+        page_.txtChannel.setText("");
+    }
+    if (lacksIt || shownFrom_.lock() != driver)
+        grid_.clear();
+    followUsability();
+}
+
+/// Starting on a trigger needs a start master and a dynamic driver.
+void TriggerChannel::followUsability()
+{
+    page_.optOnTrigger.setEnabled(page_.dynamicDriverIndex >= 0 && page_.hasDynamicDrivers && !page_.readOnly);
+}
+
+void TriggerChannel::showArea(bool on)
+{
+    for (Control* control : std::initializer_list<Control*>{&page_.cmdChannel, &page_.txtChannel, &page_.lblChannel}) {
+        control->setEnabled(on);
+        control->setVisible(on);
+    }
+    page_.grdParam.setVisible(on);
+}
+
+void TriggerChannel::disableTriggering(bool onTrigger)
+{
+    followUsability();
+    if (onTrigger)
+        return;
+    const Steps step(support_.errors, "disableTriggering");
+    isOn_ = false;
+    step([&] { page_.optOnTrigger.deselect(); });
+    step([&] { showArea(false); });
+    if (page_.TriggerChannel < 0)
+        step([&] { page_.txtChannel.setText(""); });
+    step([&] { page_.grdParam.setEnabled(false); });
+}
+
+void TriggerChannel::enableTriggering(bool onTrigger)
+{
+    followUsability();
+    if (!onTrigger)
+        return;
+    const Steps step(support_.errors, "enableTriggering");
+    step([&] { page_.optOnTrigger.showSelected(); });
+    step([&] { showArea(true); });
+    if (page_.isLoading && !isStored())
+        takeOverMarkedChannel(step);
+    if (!isOn_)
+        warnOfDisabledChannel(step);
+    isOn_ = true;
+    showChannel(step);
+    switchSource(step, true);
+}
+
+void TriggerChannel::takeOverMarkedChannel(const Steps& step)
+{
+    if (const std::shared_ptr<Driver> driver = master())
+        findMarkedChannel(step, *driver, page_.TriggerSlot, page_.TriggerChannel);
+}
+
+void TriggerChannel::warnOfDisabledChannel(const Steps& step)
+{
+    const std::shared_ptr<Driver> driver = master();
+    if (!driver || !isStored())
+        return;
+    bool isEnabled = true;
+    step([&] {
+        isEnabled =
+            isEnabledValue(driver->ChannelAttribute(page_.TriggerSlot, page_.TriggerChannel, attribute::enabled));
+    });
+    if (!isEnabled)
+        step([&] {
+            support_.platform.messageBox.show(support_.text(1161), support_.text(1162), messageStyle::information);
+        });
+}
+
+void TriggerChannel::showChannel(const Steps& step)
+{
+    const std::shared_ptr<Driver> driver = master();
+    page_.txtChannel.setText(step.value([&] {
+        return describeChannel(driver.get(), page_.TriggerSlot, page_.TriggerChannel, false, support_.strings,
+                               support_.locale());
+    }));
+    shownFrom_ = driver;
+    grid_.SetupParamGrid(driver.get(), page_.TriggerSlot, page_.TriggerChannel);
+}
+
+void TriggerChannel::switchSource(const Steps& step, bool enabled)
+{
+    const std::shared_ptr<Driver> driver = isStored() ? master() : nullptr;
+    if (TriggerParameters* parameters = driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr)
+        step([&] { parameters->setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, enabled); });
+}
+
+void TriggerChannel::setTriggerSource(bool enabled)
+{
+    switchSource(Steps(support_.errors, "setTriggerSource"), enabled);
+}
+
+void TriggerChannel::cmdChannel_Click()
+{
+    const std::shared_ptr<Driver> offered = master();
+    if (page_.isLoading || page_.isDialogOpen || !offered)
+        return;
+    const Steps step(support_.errors, "cmdChannel_Click");
+    const Scoped open(page_.isDialogOpen, true);
+    step([&] { dialog_().UpdateDrivers({offered}, 1); });
+    std::shared_ptr<Driver> driver;
+    std::int32_t slot = -1;
+    std::int32_t channel = -1;
+    // While the dialog was open the host may have handed over another list.
+    if (!choose(step, driver, slot, channel) || offered != master())
+        return;
+    store(step, slot, channel);
+    showChannel(step);
+    step([&] { actions_.markChanged(); });
+}
+
+/// Asks until a channel is chosen; false when the user cancels.
+bool TriggerChannel::choose(const Steps& step, std::shared_ptr<Driver>& driver, std::int32_t& slot,
+                            std::int32_t& channel)
+{
+    for (;;) {
+        driver = master();
+        slot = page_.TriggerSlot;
+        channel = page_.TriggerChannel;
+        if (!step.value([&] { return dialog_().Display(driver, slot, channel); }))
+            return false;
+        if (driver)
+            return true;
+        step([&] {
+            support_.platform.messageBox.show(support_.text(1159), support_.text(1160), messageStyle::information);
+        });
+    }
+}
+
+/// Moves the driver's switch along.
+void TriggerChannel::store(const Steps& step, std::int32_t slot, std::int32_t channel)
+{
+    if (page_.TriggerSlot == slot && page_.TriggerChannel == channel)
+        return;
+    switchSource(step, false);
+    page_.TriggerSlot = slot;
+    page_.TriggerChannel = channel;
+    switchSource(step, true);
+}
+
+} // namespace ko

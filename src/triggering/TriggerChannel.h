@@ -1,0 +1,55 @@
+#pragma once
+
+#include "triggering/ParamGrid.h"
+
+#include <functional>
+
+namespace ko {
+
+class SelectChannel;
+
+/// The trigger area: the channel of the start master that starts the recording, its caption, and its parameters.
+class TriggerChannel {
+public:
+    /// Makes the component's dialog on first use.
+    using Dialog = std::function<SelectChannel&()>;
+
+    /// Takes over the events of its controls. Everything passed in outlives the section.
+    TriggerChannel(Page& page, Support& support, Actions& actions, Dialog dialog);
+
+    /// A page is being built: triggering counts as switched on anew.
+    void beginBuild() { isOn_ = false; }
+    /// Another driver may be start master, or it may have other channels: a stored channel that it lacks is forgotten,
+    /// and the rows of another driver go. Reports its own failures.
+    void followStartMaster();
+
+    /// See `Actions`. A disabled channel is told of once for each time triggering is switched on.
+    void enableTriggering(bool onTrigger);
+    void disableTriggering(bool onTrigger);
+    void setTriggerSource(bool enabled);
+
+    [[nodiscard]] ParamGrid& grid() { return grid_; }
+
+private:
+    void cmdChannel_Click();
+    bool choose(const Steps& step, std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel);
+    void store(const Steps& step, std::int32_t slot, std::int32_t channel);
+    void switchSource(const Steps& step, bool enabled);
+    void showChannel(const Steps& step);
+    void showArea(bool on);
+    void followUsability();
+    void takeOverMarkedChannel(const Steps& step);
+    void warnOfDisabledChannel(const Steps& step);
+    [[nodiscard]] std::shared_ptr<Driver> master() const;
+    [[nodiscard]] bool isStored() const { return page_.TriggerSlot >= 0 && page_.TriggerChannel >= 0; }
+
+    Page& page_;
+    Support& support_;
+    Actions& actions_;
+    Dialog dialog_;
+    ParamGrid grid_;
+    std::weak_ptr<Driver> shownFrom_; ///< the driver that the grid's rows belong to
+    bool isOn_ = false;
+};
+
+} // namespace ko

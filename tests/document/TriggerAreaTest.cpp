@@ -1,0 +1,97 @@
+#include "fakes/DocumentTest.h"
+
+namespace ko::test {
+namespace {
+
+class TriggerArea : public DocumentTest {
+protected:
+    FakeDriver& addTriggered()
+    {
+        FakeDriver& driver = addDriver();
+        driver.groups = {{"Inputs", {{.name = "Crank", .enabled = 0, .triggerSource = true}}}};
+        driver.parameters = {{}};
+        driver.startMode = startMode::onTrigger;
+        return driver;
+    }
+};
+
+TEST_F(TriggerArea, APageBuiltOnTriggerShowsTheMarkedChannelAndWarnsOnce)
+{
+    FakeDriver& driver = addTriggered();
+    driver.startRank = 5;
+    open();
+    EXPECT_EQ(page().txtChannel.text(), "Crank");
+    EXPECT_EQ(page().grdParam.rowCount(), 1);
+    EXPECT_TRUE(page().grdParam.isEditable(1));
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    document->mode().setReadOnly(true);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_FALSE(page().grdParam.isEditable(1));
+    EXPECT_FALSE(page().optOnTrigger.enabled());
+    document->mode().setReadOnly(false);
+    host.takeMessages();
+    fakes.clear();
+    addDriver().startRank = 5;
+    handOver();
+    EXPECT_EQ(page().TriggerChannel, -1);
+    EXPECT_EQ(page().grdParam.rowCount(), 0);
+}
+
+TEST_F(TriggerArea, MastersAndLinesAreFoundBeforeTheEditorsAreFilled)
+{
+    addDriver(2);
+    FakeDriver& slow = addDriver();
+    FakeDriver& fast = addDriver();
+    slow.samplePeriod = 0.5;
+    fast.samplePeriod = 0.25;
+    fast.startRank = 10;
+    slow.startRank = 9;
+    fakes[0]->scanRank = 1;
+    open();
+    EXPECT_EQ(page().dynamicDriverIndex, 2);
+    EXPECT_EQ(page().txtSamplePeriod.text(), "0.25");
+    EXPECT_EQ(fast.startLine, 0);
+    EXPECT_EQ(slow.startInput, 0);
+    EXPECT_EQ(fakes[0]->scanLine, 1);
+    EXPECT_TRUE(page().mnuTimebaseTriggerLines.enabled());
+    document->mode().setReadOnly(true);
+    EXPECT_FALSE(page().mnuTimebaseTriggerLines.enabled());
+}
+
+TEST_F(TriggerArea, EditCommandsAndTheLeaveCheckWorkInAnOpenCell)
+{
+    FakeDriver& driver = addTriggered();
+    driver.startRank = 5;
+    driver.groups[0].channels[0].enabled = 1;
+    open();
+    Grid& grid = page().grdParam;
+    const auto enabled = [&](std::int32_t id) {
+        std::int32_t enable = -1;
+        document->menu().OnUpdateCommandUI(id, enable);
+        return enable;
+    };
+    ASSERT_TRUE(page().moveFocus(&grid));
+    EXPECT_EQ(enabled(command::copy), 0) << "no cell is open";
+    grid.userOpenedCell(1);
+    EXPECT_EQ(enabled(command::copy), 1);
+    document->menu().OnCommand(command::cut);
+    EXPECT_EQ(host.clipboardText, "0.5");
+    EXPECT_EQ(grid.editor().text(), "");
+    bool allowed = true;
+    document->state().OKToLeave(allowed);
+    EXPECT_FALSE(allowed);
+    EXPECT_EQ(host.takeMessages(), Texts{"Invalid input: A valid integer is required. (48)"});
+    host.clipboardText = "7";
+    document->menu().OnCommand(command::paste);
+    document->state().OKToLeave(allowed);
+    EXPECT_TRUE(allowed);
+    EXPECT_EQ(driver.parameters[0].value, Value(0.5)) << "only checked";
+    const int changes = host.changes;
+    document->menu().OnCommand(command::acceptEntry);
+    EXPECT_EQ(driver.parameters[0].value, Value(7.0));
+    EXPECT_EQ(host.changes, changes + 1);
+    EXPECT_EQ(grid.editedRow(), 0);
+}
+
+} // namespace
+} // namespace ko::test
