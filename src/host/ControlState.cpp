@@ -1,8 +1,11 @@
 #include "host/ControlState.h"
 
 #include "host/Commands.h"
+#include "platform/ChannelSelector.h"
 #include "platform/DateControls.h"
+#include "platform/TabControl.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -89,6 +92,36 @@ void addContent(Json& state, const CaptionControl& control)
         state["value"] = option->value();
 }
 
+void addContent(Json& state, const Grid& grid)
+{
+    state["rows"] = rowsOf(grid);
+    if (grid.editedRow() > 0)
+        state["editor"] = {{"row", grid.editedRow()}, {"text", grid.editor().text()}};
+}
+
+void addContent(Json& state, const TabControl& control)
+{
+    state["items"] = Json::array();
+    state["enabledItems"] = Json::array();
+    for (const TabControl::Tab& tab : control.tabs()) {
+        state["items"].push_back(tab.caption);
+        state["enabledItems"].push_back(tab.enabled);
+    }
+    state["index"] = control.tab();
+}
+
+void addContent(Json& state, const ChannelSelector& selector)
+{
+    const auto& selected = selector.selected();
+    state["entries"] = Json::array();
+    for (std::size_t line = 0; line < selector.entries().size(); ++line) {
+        const ChannelSelector::Entry& entry = selector.entries()[line];
+        const bool isSelected = std::find(selected.begin(), selected.end(), line) != selected.end();
+        state["entries"].push_back(
+            {{"slot", entry.slot}, {"channel", entry.channel}, {"text", entry.text}, {"selected", isSelected}});
+    }
+}
+
 } // namespace
 
 Json controlState(const Control& control)
@@ -108,7 +141,11 @@ Json controlState(const Control& control)
     else if (const auto* picker = dynamic_cast<const TimePicker*>(&control))
         addContent(state, *picker);
     else if (const auto* grid = dynamic_cast<const Grid*>(&control))
-        state["rows"] = rowsOf(*grid);
+        addContent(state, *grid);
+    else if (const auto* tabs = dynamic_cast<const TabControl*>(&control))
+        addContent(state, *tabs);
+    else if (const auto* selector = dynamic_cast<const ChannelSelector*>(&control))
+        addContent(state, *selector);
     return state;
 }
 

@@ -1,9 +1,12 @@
 #include "host/Commands.h"
 
 #include "platform/CaptionControls.h"
+#include "platform/ChannelSelector.h"
 #include "platform/ComboBox.h"
 #include "platform/DateControls.h"
 #include "platform/Form.h"
+#include "platform/Grid.h"
+#include "platform/TabControl.h"
 #include "platform/TextBox.h"
 #include "platform/Utf8.h"
 
@@ -113,8 +116,20 @@ std::int32_t entryOf(const ComboBox& box, const std::string& entry)
     return entry.rfind('#', 0) == 0 ? integerIn(std::string_view(entry).substr(1)).value_or(-1) : -1;
 }
 
+/// The tab of this caption or, for `#1`, of this index; -1 when there is none.
+std::int32_t tabOf(const TabControl& control, const std::string& entry)
+{
+    const auto& tabs = control.tabs();
+    const auto found = std::find_if(tabs.begin(), tabs.end(), [&](const auto& tab) { return tab.caption == entry; });
+    if (found != tabs.end())
+        return static_cast<std::int32_t>(found - tabs.begin());
+    return entry.rfind('#', 0) == 0 ? integerIn(std::string_view(entry).substr(1)).value_or(-1) : -1;
+}
+
 void choose(Scenario& scenario, const Arguments& words)
 {
+    if (auto* const tabs = dynamic_cast<TabControl*>(&scenario.control(words.text(0))))
+        return give(scenario, *tabs, [&] { return tabs->userChoseTab(tabOf(*tabs, words.text(1))); });
     auto& box = controlAs<ComboBox>(scenario, words.text(0), "chosen from");
     give(scenario, box, [&] { return box.userChose(entryOf(box, words.text(1))); });
 }
@@ -129,6 +144,38 @@ void doubleClick(Scenario& scenario, const Arguments& words)
 {
     auto& box = controlAs<TextBox>(scenario, words.text(0), "double-clicked");
     give(scenario, box, [&] { return box.userDoubleClicked(); });
+}
+
+void cell(Scenario& scenario, const Arguments& words)
+{
+    const std::int32_t row = words.integer(0);
+    auto& grid = controlAs<Grid>(scenario, "grdParam", "edited");
+    give(scenario, grid, [&] { return grid.userEditedCell(row, words.text(1)); });
+}
+
+/// The line of the selector that two words name; beyond the last line when there is none.
+std::size_t lineOf(const ChannelSelector& selector, const Arguments& words, std::size_t at)
+{
+    return selector.lineOf(nullptr, words.integer(at), words.integer(at + 1)).value_or(selector.entries().size());
+}
+
+void pick(Scenario& scenario, const Arguments& words)
+{
+    auto& selector = controlAs<ChannelSelector>(scenario, "chsNavigate", "picked from");
+    const bool none = words.count() == 1 && words.text(0) == "none";
+    if (!none && words.count() % 2 != 0)
+        scenario.refuse("channels are picked by slot and channel");
+    ChannelSelector::Lines lines;
+    for (std::size_t at = 0; !none && at < words.count(); at += 2)
+        lines.push_back(lineOf(selector, words, at));
+    give(scenario, selector, [&] { return selector.userPicked(lines); });
+}
+
+void activate(Scenario& scenario, const Arguments& words)
+{
+    auto& selector = controlAs<ChannelSelector>(scenario, "chsNavigate", "activated in");
+    const std::size_t line = lineOf(selector, words, 0);
+    give(scenario, selector, [&] { return selector.userActivated(line); });
 }
 
 struct KeyName {
@@ -182,20 +229,13 @@ void strayEnd(Scenario& scenario, const Arguments&)
 }
 
 constexpr Command commands[]{
-    {"focus", Giver::User, 1, 1, focus},
-    {"leave", Giver::User, 0, 0, leave},
-    {"type", Giver::User, 1, 1, type},
-    {"text", Giver::User, 2, 2, text},
-    {"select", Giver::User, 3, 3, select},
-    {"choose", Giver::User, 2, 2, choose},
-    {"click", Giver::User, 1, 1, click},
-    {"double-click", Giver::User, 1, 1, doubleClick},
-    {"cell", Giver::User, 2, 2, notAvailable},
-    {"key", Giver::User, 1, 1, keyCommand},
-    {"dialog", Giver::Host, 1, 1, dialog},
-    {"end", Giver::Host, 0, 0, strayEnd},
-    {"pick", Giver::User, 1, anyNumber, notAvailable},
-    {"activate", Giver::User, 2, 2, notAvailable},
+    {"focus", Giver::User, 1, 1, focus},       {"leave", Giver::User, 0, 0, leave},
+    {"type", Giver::User, 1, 1, type},         {"text", Giver::User, 2, 2, text},
+    {"select", Giver::User, 3, 3, select},     {"choose", Giver::User, 2, 2, choose},
+    {"click", Giver::User, 1, 1, click},       {"double-click", Giver::User, 1, 1, doubleClick},
+    {"cell", Giver::User, 2, 2, cell},         {"key", Giver::User, 1, 1, keyCommand},
+    {"dialog", Giver::Host, 1, 1, dialog},     {"end", Giver::Host, 0, 0, strayEnd},
+    {"pick", Giver::User, 1, anyNumber, pick}, {"activate", Giver::User, 2, 2, activate},
 };
 
 } // namespace

@@ -198,9 +198,8 @@ constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"dialog SetDateTime\nleave", "the dialog block has no end"},
     {"end", "end without dialog"},
     {"text calDate 2026-11-24", "there is no control \"calDate\""},
-    {"cell 1 5", "the command \"cell\" is not available yet"},
-    {"pick none", "the command \"pick\" is not available yet"},
-    {"activate 0 0", "the command \"activate\" is not available yet"},
+    {"cell first 5", "\"first\" is no whole number"},
+    {"pick none", "there is no control \"chsNavigate\""},
     {"setup nowhere.json", "nowhere.json: cannot be opened"},
 };
 
