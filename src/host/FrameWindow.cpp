@@ -5,6 +5,7 @@
 #include "host/Reports.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
+#include "widgets/TriggerDialogs.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -28,6 +29,7 @@ FrameWindow::FrameWindow(const std::string& language)
     services_.modalForms.setOwner(this);
     component_.reset(createKoTimebaseEditor(platform_, language));
     const Texts texts = [this](int number) { return text(number); };
+    addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
     reports_ = new Reports(texts, this);
     addDockWidget(Qt::BottomDockWidgetArea, reports_);
     document_ = component_->createDocument(*this);

@@ -39,7 +39,14 @@ void Binding::refresh(Aspect aspect)
 
 void Binding::refreshHint()
 {
-    const QString hint = toQt(control_.tag());
+    const QString toolTip = control_.hasToolTip() ? toQt(control_.toolTipText()) : QString();
+    widget_.setToolTip(toolTip);
+    QString hint = toolTip.isEmpty() ? toQt(control_.tag()) : toolTip;
+    // A number is where the loader has found the control's text.
+    bool isNumber = false;
+    hint.toInt(&isNumber);
+    if (isNumber)
+        hint.clear();
     widget_.setStatusTip(hint);
     widget_.setAccessibleDescription(hint);
 }

@@ -91,6 +91,9 @@ std::vector<Control*> FocusKeeper::tabStops() const
         const bool active = control == form_.activeControl();
         if (!control->takesFocus() || !widgetOf(control) || (!control->isUsable() && !active))
             continue;
+        // What stands behind another tab is reached by its tab.
+        if (!active && !widgetOf(control)->isVisibleTo(&surface_))
+            continue;
         // Of a frame's options the selected one stands for all.
         const auto* option = dynamic_cast<OptionButton*>(control);
         if (!option || option->value() || active)

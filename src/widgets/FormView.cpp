@@ -1,11 +1,13 @@
 #include "widgets/FormView.h"
 
 #include "widgets/ButtonBindings.h"
+#include "widgets/ChannelBrowser.h"
 #include "widgets/ComboBoxBinding.h"
 #include "widgets/GridBinding.h"
 #include "widgets/LabelBinding.h"
 #include "widgets/MenuBinding.h"
 #include "widgets/NumberList.h"
+#include "widgets/TabControlBinding.h"
 #include "widgets/TextBoxBinding.h"
 
 #include <QAbstractScrollArea>
@@ -102,6 +104,16 @@ QGroupBox& FormView::frame(Frame& control)
 QTableWidget& FormView::grid(Grid& control)
 {
     return bind<GridBinding>(control, new QTableWidget(this));
+}
+
+QTabWidget& FormView::tabs(TabControl& control)
+{
+    return bind<TabControlBinding>(control, new QTabWidget(this));
+}
+
+ChannelBrowser& FormView::channelBrowser(ChannelSelector& control)
+{
+    return bind<ChannelSelectorBinding>(control, new ChannelBrowser(this));
 }
 
 void FormView::image(Image& control, QWidget& picture)

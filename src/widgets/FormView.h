@@ -18,9 +18,14 @@ class QLineEdit;
 class QMenu;
 class QPushButton;
 class QRadioButton;
+class QTabWidget;
 class QTableWidget;
 
 namespace ko {
+
+class ChannelBrowser;
+class ChannelSelector;
+class TabControl;
 
 /// The surface on which a form is shown: makes the widgets of its controls, bound to them, and keeps the focus with
 /// the form. Whoever lays the form out puts the widgets where they belong; the surface owns them.
@@ -50,6 +55,9 @@ public:
     QLabel& value(Label& control, Label& title);
     QGroupBox& frame(Frame& control);
     QTableWidget& grid(Grid& control);
+    /// The tabs' frames are made before it.
+    QTabWidget& tabs(TabControl& control);
+    ChannelBrowser& channelBrowser(ChannelSelector& control);
     /// Shows an image in `picture`, a widget of the caller's making; a click on it clicks the image.
     void image(Image& control, QWidget& picture);
     /// A menu with the items that stand in it.

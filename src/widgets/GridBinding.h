@@ -2,12 +2,15 @@
 
 #include "platform/Grid.h"
 #include "widgets/Binding.h"
+#include "widgets/CellEditor.h"
 
 #include <QTableWidget>
 
 namespace ko {
 
-/// A grid of names and values in a table; the column of ids stays hidden.
+/// A grid of names and values in a table; the column of ids stays hidden. Value cells are check boxes, drop-down
+/// lists and texts; a click, F2, Enter or typing opens a text, and the space bar presses the other two. The table
+/// keeps its selection and its place when values change.
 class GridBinding : public Binding {
 public:
     GridBinding(FormView& view, Grid& control, QTableWidget& table);
@@ -21,10 +24,19 @@ private:
     void showRows();
     void showHeader(int column);
     void showCell(int row, int column);
+    void showCheck(int row);
+    void showList(int row);
+    void showText(int row);
     void showWidths();
+    void tellSize();
+    template <class W> W* cellWidget(int row);
+    void edited(int row, const QString& text);
+    void open(int row);
+    bool keyPressed(const QKeyEvent& key);
 
     Grid& grid_;
     QTableWidget& table_;
+    CellEditor editor_;
 };
 
 } // namespace ko

@@ -114,6 +114,9 @@ void PageWidget::layTrigger(QGridLayout& grid)
     indented->addWidget(&kept(table));
     grid.addLayout(indented, row + 1, labels, 1, 3);
     grid.setRowStretch(row + 1, 1);
+    QLabel& noLine = view_->label(page_.lblNoTriggerLine);
+    noLine.setWordWrap(true);
+    grid.addWidget(&noLine, row + 2, labels, 1, 3);
 }
 
 void PageWidget::layStop()

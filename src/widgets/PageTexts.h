@@ -13,6 +13,8 @@ inline constexpr int startTimeButton = 3006;
 inline constexpr int stopTimeButton = 3007;
 inline constexpr int durationUnit = 3008;
 inline constexpr int invalidEntry = 3009;
+inline constexpr int channels = 3023;
+inline constexpr int filterChannels = 3024;
 } // namespace pageText
 
 } // namespace ko

@@ -8,7 +8,9 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QPushButton>
 #include <QVBoxLayout>
+#include <optional>
 
 namespace ko {
 
@@ -21,6 +23,9 @@ public:
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(kind.build(form));
+        // Enter presses it wherever the focus is, but on another button.
+        if (auto* ok = findChild<QPushButton*>(toQt(kind.okButton)))
+            ok->setDefault(true);
         follow();
         adjustSize();
     }
@@ -29,7 +34,11 @@ public:
     void follow()
     {
         setWindowTitle(withoutMnemonic(toQt(form_.caption())));
-        move(toPixels(*this, form_.bounds().left), toPixels(*this, form_.bounds().top));
+        const QPoint place(toPixels(*this, form_.bounds().left), toPixels(*this, form_.bounds().top));
+        // Where the user has moved the dialog to is none of the form's business.
+        if (place_ != place)
+            move(place);
+        place_ = place;
     }
 
     void accept() override { press(kind_.okButton); }
@@ -46,6 +55,7 @@ private:
 
     Form& form_;
     const QtModalForms::Kind& kind_;
+    std::optional<QPoint> place_;
 };
 
 } // namespace
@@ -57,8 +67,10 @@ void QtModalForms::showModal(Form& form)
         fail(failure::invalidCall);
     QWidget* top = QApplication::activeModalWidget();
     FormDialog dialog(form, kind->second, top ? top : owner_.data());
-    if (auto* view = dynamic_cast<FormView*>(dialog.findChild<QWidget*>(toQt(form.name()))))
+    if (auto* view = dynamic_cast<FormView*>(dialog.findChild<QWidget*>(toQt(form.name())))) {
         view->formChanged = [&dialog] { dialog.follow(); };
+        view->focus().follow();
+    }
     open_[&form] = &dialog;
     dialog.exec();
     open_.erase(&form);

@@ -1,0 +1,136 @@
+#include "widgets/TriggerDialogs.h"
+
+#include "platform/ChannelSelector.h"
+#include "platform/TabControl.h"
+#include "widgets/ChannelBrowser.h"
+#include "widgets/FormView.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace ko {
+
+namespace {
+
+template <class C> C& controlOf(Form& form, const std::string& name)
+{
+    return dynamic_cast<C&>(*form.find(name));
+}
+
+/// One of a dialog's three buttons; Enter presses the one that has the focus, else the first.
+QPushButton& dialogButton(FormView& view, const std::string& name)
+{
+    QPushButton& button = view.button(controlOf<CommandButton>(view.form(), name));
+    button.setAutoDefault(true);
+    return button;
+}
+
+void tellSize(FormView& view, const QSize& size)
+{
+    view.form().resize(toTwips(view, size.width()), toTwips(view, size.height()));
+}
+
+/// The form lays itself out; the view gives the buttons their size and shows everything where the form puts it.
+class SelectChannelView : public FormView {
+public:
+    SelectChannelView(Form& form, const Texts& texts) : FormView(form, texts)
+    {
+        channelBrowser(controlOf<ChannelSelector>(form, "chsNavigate"));
+        dialogButton(*this, "cmdOK");
+        dialogButton(*this, "cmdCancel");
+        dialogButton(*this, "cmdHelp");
+        QSize buttons;
+        for (const char* name : {"cmdOK", "cmdCancel", "cmdHelp"}) {
+            const QSize hint = widget(*form.find(name))->sizeHint();
+            form.find(name)->move({0, 0, toTwips(*this, hint.width()), toTwips(*this, hint.height())});
+            buttons = QSize(buttons.width() + hint.width(), hint.height());
+        }
+        const int margins = 4 * toPixels(*this, 120);
+        setMinimumSize(buttons.width() + margins, buttons.height() * 6 + margins);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        const Bounds& bounds = form().bounds();
+        return QSize(toPixels(*this, bounds.width), toPixels(*this, bounds.height)).expandedTo(minimumSize());
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        FormView::resizeEvent(event);
+        tellSize(*this, size());
+        // Also for another size of the buttons.
+        ko::raise(form().resized);
+        for (const Control* control : form().controls()) {
+            const Bounds& bounds = control->bounds();
+            widget(*control)->setGeometry(toPixels(*this, bounds.left), toPixels(*this, bounds.top),
+                                          toPixels(*this, bounds.width), toPixels(*this, bounds.height));
+        }
+    }
+};
+
+class AdvancedTrigView : public FormView {
+public:
+    AdvancedTrigView(Form& form, const Texts& texts) : FormView(form, texts)
+    {
+        layColumn("frmStartTrig", "optStartTrig", "lblNoStartLine");
+        layColumn("frmScanTrig", "optScanTrig", "lblNoScanLine");
+        auto* buttons = new QHBoxLayout;
+        buttons->addStretch(1);
+        auto* whole = new QVBoxLayout(this);
+        whole->addWidget(&tabs(controlOf<TabControl>(form, "tabTrigger")));
+        whole->addLayout(buttons);
+        for (const char* name : {"btnOK", "btnCancel", "btnHelp"})
+            buttons->addWidget(&dialogButton(*this, name));
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        FormView::resizeEvent(event);
+        tellSize(*this, size());
+    }
+
+private:
+    void layColumn(const std::string& frameName, const std::string& options, const std::string& noLine)
+    {
+        QGroupBox& box = frame(controlOf<Frame>(form(), frameName));
+        box.setFlat(true);
+        auto* column = new QVBoxLayout(&box);
+        for (int line = 0; line < 8; ++line)
+            column->addWidget(&option(controlOf<OptionButton>(form(), options + "(" + std::to_string(line) + ")")));
+        QLabel& none = label(controlOf<Label>(form(), noLine));
+        none.setWordWrap(true);
+        column->addWidget(&none);
+        column->addStretch(1);
+    }
+};
+
+template <class View>
+void add(QtModalForms& modalForms, Form& form, const Texts& texts, const std::string& ok, const std::string& cancel)
+{
+    modalForms.add(form.name(), {[texts](Form& shown) { return new View(shown, texts); }, ok, cancel});
+    View view(form, texts);
+    view.ensurePolished();
+    tellSize(view, view.sizeHint());
+}
+
+} // namespace
+
+void addTriggerDialogs(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts)
+{
+    for (Form* form : dialogs) {
+        if (form->name() == "SelectChannel")
+            add<SelectChannelView>(modalForms, *form, texts, "cmdOK", "cmdCancel");
+        if (form->name() == "AdvancedTrig")
+            add<AdvancedTrigView>(modalForms, *form, texts, "btnOK", "btnCancel");
+    }
+}
+
+} // namespace ko
