@@ -31,6 +31,7 @@ protected:
     }
     void markChanged() override { ++marks; }
     std::int32_t updateDiskSpace() override { return 0; }
+    void refreshEstimate() override {}
     void captureStartStop() override {}
     void enableTriggering(bool) override {}
     void disableTriggering(bool) override {}
