@@ -112,10 +112,10 @@ Outcome Grid::userOpenedCell(std::int32_t row)
     // Leaving the other control or cell may have changed the rows.
     if (!isEditable(row))
         return Outcome::Inert;
-    editor_.emplace();
-    editor_->row = row;
+    Editor opened{row, {}, false};
     const std::string& value = cell(row, valueColumn).value;
-    editor_->text.put(value, 0, utf8Length(value));
+    opened.text.put(value, 0, utf8Length(value));
+    editor_ = opened;
     tellView(Aspect::Text);
     raise(editorChanged);
     return Outcome::Done;

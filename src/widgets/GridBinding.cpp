@@ -125,7 +125,9 @@ void GridBinding::showCell(int row, int column)
         table_.setItem(row - 1, column, item);
     }
     item->setText(toQt(cell.value));
-    item->setBackground(table_.palette().brush(roleOf(cell.style.interior)));
+    // What can only be read does not look like a field.
+    const SystemColor interior = cell.style.readOnly ? SystemColor::inactiveBorder : cell.style.interior;
+    item->setBackground(table_.palette().brush(roleOf(interior)));
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     if (column != Grid::valueColumn)
         return;

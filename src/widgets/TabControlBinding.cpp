@@ -10,6 +10,8 @@ namespace ko {
 TabControlBinding::TabControlBinding(FormView& view, TabControl& control, QTabWidget& tabs)
     : Binding(view, control, tabs), control_(control), tabs_(tabs)
 {
+    // Few tabs, all of them to be seen.
+    tabs.setUsesScrollButtons(false);
     for (std::size_t i = 0; i < control.tabs().size(); ++i) {
         auto* page = new QWidget;
         auto* layout = new QVBoxLayout(page);
