@@ -3,6 +3,7 @@
 #include "host/HostTexts.h"
 #include "host/InputError.h"
 #include "host/Reports.h"
+#include "widgets/DateDialog.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
 #include "widgets/TriggerDialogs.h"
@@ -30,6 +31,7 @@ FrameWindow::FrameWindow(const std::string& language)
     component_.reset(createKoTimebaseEditor(platform_, language));
     const Texts texts = [this](int number) { return text(number); };
     addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
+    addDateDialog(services_.modalForms, component_->dialogs(), texts, platform_.locale);
     reports_ = new Reports(texts, this);
     addDockWidget(Qt::BottomDockWidgetArea, reports_);
     document_ = component_->createDocument(*this);

@@ -8,8 +8,6 @@ namespace ko {
 
 namespace {
 
-constexpr int firstYearToPick = 1900;
-
 bool isDate(int year, int month, int day)
 {
     using namespace std::chrono;
@@ -42,7 +40,7 @@ void Calendar::setDate(int year, int month, int day)
 
 Outcome Calendar::userChose(int year, int month, int day)
 {
-    if (!isUsable() || year < firstYearToPick || !isDate(year, month, day))
+    if (!isUsable() || !isDate(year, month, day) || !dateSerial(year, month, day).hasDate())
         return Outcome::Inert;
     setDate(year, month, day);
     return Outcome::Done;

@@ -19,8 +19,8 @@ public:
     /// Takes the date as a whole. Failure 5 for a date that is none.
     void setDate(int year, int month, int day);
 
-    /// The user picks a date; one that is none is inert, and so is one before 1 January 1900: its day number could
-    /// not be told from a time of day.
+    /// The user picks a date; one that is none is inert, and so is one before 31 December 1899, whose day number
+    /// would be that of a time of day.
     Outcome userChose(int year, int month, int day);
 
     std::function<void()> change;

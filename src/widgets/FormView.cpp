@@ -3,10 +3,12 @@
 #include "widgets/ButtonBindings.h"
 #include "widgets/ChannelBrowser.h"
 #include "widgets/ComboBoxBinding.h"
+#include "widgets/DateBindings.h"
 #include "widgets/GridBinding.h"
 #include "widgets/LabelBinding.h"
 #include "widgets/MenuBinding.h"
 #include "widgets/NumberList.h"
+#include "widgets/PictureBinding.h"
 #include "widgets/TabControlBinding.h"
 #include "widgets/TextBoxBinding.h"
 
@@ -38,14 +40,30 @@ QWidget* FormView::widget(const Control& control) const
     return found == widgets_.end() ? nullptr : found->second;
 }
 
+namespace {
+
+/// The part of a control's widget that takes the keys, and the one that takes the presses.
+std::pair<QWidget*, QWidget*> inputParts(QWidget* widget)
+{
+    if (dynamic_cast<QCalendarWidget*>(widget))
+        widget = widget->focusProxy();
+    if (auto* area = dynamic_cast<QAbstractScrollArea*>(widget))
+        return {area, area->viewport()};
+    if (dynamic_cast<QAbstractSpinBox*>(widget))
+        return {widget, widget->findChild<QLineEdit*>()};
+    return {widget, widget};
+}
+
+} // namespace
+
 template <class B, class C, class W, class... More> W& FormView::bind(C& control, W* widget, More&&... more)
 {
     widgets_[&control] = widget;
     bindings_[&control] = std::make_unique<B>(*this, control, *widget, std::forward<More>(more)...);
     // After the binding, so that the form sees each event before the control does.
     if (control.takesFocus()) {
-        auto* area = dynamic_cast<QAbstractScrollArea*>(static_cast<QWidget*>(widget));
-        focus_.watch(control, *widget, area ? *area->viewport() : *widget);
+        const auto [keys, presses] = inputParts(widget);
+        focus_.watch(control, *keys, *presses);
     }
     return *widget;
 }
@@ -96,6 +114,11 @@ QLabel& FormView::value(Label& control, Label& title)
     return bind<ValueBinding>(control, new QLabel(this), title);
 }
 
+QLabel& FormView::limitedValue(LimitedLabel& control, Label& title, QProgressBar& bar)
+{
+    return bind<LimitedValueBinding>(control, new QLabel(this), title, bar);
+}
+
 QGroupBox& FormView::frame(Frame& control)
 {
     return bind<FrameBinding>(control, new QGroupBox(this));
@@ -114,6 +137,23 @@ QTabWidget& FormView::tabs(TabControl& control)
 ChannelBrowser& FormView::channelBrowser(ChannelSelector& control)
 {
     return bind<ChannelSelectorBinding>(control, new ChannelBrowser(this));
+}
+
+QCalendarWidget& FormView::calendar(Calendar& control)
+{
+    return bind<CalendarBinding>(control, new QCalendarWidget(this));
+}
+
+QTimeEdit& FormView::timePicker(TimePicker& control, const Locale& locale)
+{
+    auto* widget = new TimeWidget(this);
+    widget->setDisplayFormat(timeDisplayFormat(locale));
+    return bind<TimePickerBinding>(control, static_cast<QTimeEdit*>(widget));
+}
+
+QWidget& FormView::picture(PictureBox& control)
+{
+    return bind<PictureBinding>(control, new PictureWidget(control, this));
 }
 
 void FormView::image(Image& control, QWidget& picture)

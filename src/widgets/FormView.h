@@ -11,21 +11,28 @@
 #include <map>
 #include <memory>
 
+class QCalendarWidget;
 class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QProgressBar;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
 class QTableWidget;
+class QTimeEdit;
 
 namespace ko {
 
+class Calendar;
 class ChannelBrowser;
 class ChannelSelector;
+class PictureBox;
 class TabControl;
+class TimePicker;
+struct Locale;
 
 /// The surface on which a form is shown: makes the widgets of its controls, bound to them, and keeps the focus with
 /// the form. Whoever lays the form out puts the widgets where they belong; the surface owns them.
@@ -53,11 +60,17 @@ public:
     QLabel& label(Label& control, const std::vector<Control*>& fields = {});
     /// A value that the form shows, named by `title`.
     QLabel& value(Label& control, Label& title);
+    /// The same with a bar, of the caller's making, for how much of its limit the value takes.
+    QLabel& limitedValue(LimitedLabel& control, Label& title, QProgressBar& bar);
     QGroupBox& frame(Frame& control);
     QTableWidget& grid(Grid& control);
     /// The tabs' frames are made before it.
     QTabWidget& tabs(TabControl& control);
     ChannelBrowser& channelBrowser(ChannelSelector& control);
+    QCalendarWidget& calendar(Calendar& control);
+    /// Shows the time in the format of `locale`.
+    QTimeEdit& timePicker(TimePicker& control, const Locale& locale);
+    QWidget& picture(PictureBox& control);
     /// Shows an image in `picture`, a widget of the caller's making; a click on it clicks the image.
     void image(Image& control, QWidget& picture);
     /// A menu with the items that stand in it.

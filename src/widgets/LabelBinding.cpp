@@ -1,8 +1,10 @@
 #include "widgets/LabelBinding.h"
 
 #include "widgets/FormView.h"
+#include "widgets/PageTexts.h"
 
 #include <QEvent>
+#include <QLocale>
 
 namespace ko {
 
@@ -81,6 +83,35 @@ void ValueBinding::refresh(Aspect aspect)
     const QString value = toQt(value_.caption());
     label_.setText(value);
     label_.setAccessibleName(withoutMnemonic(toQt(title_.caption())) + QStringLiteral(": ") + value);
+}
+
+LimitedValueBinding::LimitedValueBinding(FormView& view, LimitedLabel& control, QLabel& label, Label& title,
+                                         QProgressBar& bar)
+    : ValueBinding(view, control, label, title), limited_(control), bar_(bar)
+{
+    constexpr int steps = 1000;
+    bar.setObjectName(toQt(control.name()) + QStringLiteral("Share"));
+    bar.setRange(0, steps);
+    bar.setTextVisible(false);
+    bar.setAccessibleName(withoutMnemonic(toQt(title.caption())) + QStringLiteral(": ") +
+                          view.text(pageText::shareOfLimit));
+    showShare();
+}
+
+void LimitedValueBinding::refresh(Aspect aspect)
+{
+    ValueBinding::refresh(aspect);
+    if (aspect == Aspect::Text)
+        showShare();
+}
+
+void LimitedValueBinding::showShare()
+{
+    const double share = limited_.share();
+    bar_.setValue(qRound(share * bar_.maximum()));
+    const QString percent = bar_.locale().toString(share * 100.0, 'f', 1) + QStringLiteral(" %");
+    bar_.setToolTip(view_.text(pageText::shareOfLimit) + QStringLiteral(": ") + percent);
+    bar_.setAccessibleDescription(percent);
 }
 
 } // namespace ko

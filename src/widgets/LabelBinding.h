@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QPointer>
+#include <QProgressBar>
 #include <vector>
 
 namespace ko {
@@ -47,6 +48,21 @@ private:
     Label& value_;
     QLabel& label_;
     Label& title_;
+};
+
+/// A value with a limit, and a bar for how much of the limit it takes.
+class LimitedValueBinding : public ValueBinding {
+public:
+    LimitedValueBinding(FormView& view, LimitedLabel& control, QLabel& label, Label& title, QProgressBar& bar);
+
+protected:
+    void refresh(Aspect aspect) override;
+
+private:
+    void showShare();
+
+    LimitedLabel& limited_;
+    QProgressBar& bar_;
 };
 
 } // namespace ko

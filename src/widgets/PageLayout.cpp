@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
@@ -52,6 +53,22 @@ void PageWidget::addValue(QGridLayout& grid, Label& label, Label& value)
     grid.addWidget(&kept(shown), row, fields, 1, 2);
 }
 
+void PageWidget::addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value)
+{
+    const int row = grid.rowCount();
+    grid.addWidget(&view_->label(label), row, labels);
+    auto* bar = new QProgressBar(view_);
+    QLabel& shown = view_->limitedValue(value, label, *bar);
+    bar->setFixedHeight(view_->fontMetrics().height() / 2);
+    bar->setMinimumWidth(view_->fontMetrics().averageCharWidth() * 8);
+    shown.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    shown.setMinimumWidth(view_->fontMetrics().horizontalAdvance(QStringLiteral("1023.99 MB")));
+    auto* both = new QHBoxLayout;
+    both->addWidget(bar, 1);
+    both->addWidget(&shown);
+    grid.addLayout(both, row, fields, 1, 2);
+}
+
 void PageWidget::addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText)
 {
     const int row = grid.rowCount();
@@ -72,7 +89,7 @@ void PageWidget::layDynamic()
     addPair(grid, page_.lblBlockSize, page_.cmbBlockSize, page_.txtBlockSize);
     addValue(grid, page_.lblSpan, page_.lblSpanValue);
     addValue(grid, page_.lblNumSamples, page_.lblNumSamplesValue);
-    addValue(grid, page_.lblNumDynamicBytes, page_.lblNumDynamicBytesValue);
+    addLimitedValue(grid, page_.lblNumDynamicBytes, page_.lblNumDynamicBytesValue);
     measurements_.push_back(&grid);
 }
 
@@ -82,7 +99,7 @@ void PageWidget::layStatic()
     addPair(grid, page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate);
     addPair(grid, page_.lblScanPeriod, page_.cmbScanPeriod, page_.txtScanPeriod);
     addValue(grid, page_.lblNumScans, page_.lblNumScansValue);
-    addValue(grid, page_.lblNumStaticBytes, page_.lblNumStaticBytesValue);
+    addLimitedValue(grid, page_.lblNumStaticBytes, page_.lblNumStaticBytesValue);
     measurements_.push_back(&grid);
 }
 

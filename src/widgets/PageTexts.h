@@ -15,6 +15,8 @@ inline constexpr int durationUnit = 3008;
 inline constexpr int invalidEntry = 3009;
 inline constexpr int channels = 3023;
 inline constexpr int filterChannels = 3024;
+inline constexpr int shareOfLimit = 3030;
+inline constexpr int clock = 3031;
 } // namespace pageText
 
 } // namespace ko

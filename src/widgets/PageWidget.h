@@ -38,6 +38,7 @@ private:
     QGridLayout& framed(Frame& frame);
     void addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box);
     void addValue(QGridLayout& grid, Label& label, Label& value);
+    void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
     void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);
     QWidget& kept(QWidget& widget);
 

@@ -165,7 +165,7 @@ TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
         EXPECT_EQ(dialog.calDate.userChose(2026, 11, 30), Outcome::Inert);
         dialog.optSpecifiedDay.userClicked();
         EXPECT_EQ(dialog.calDate.userChose(2026, 2, 29), Outcome::Inert);
-        EXPECT_EQ(dialog.calDate.userChose(1899, 12, 31), Outcome::Inert);
+        EXPECT_EQ(dialog.calDate.userChose(1899, 12, 30), Outcome::Inert);
         dialog.calDate.userChose(2026, 11, 30);
         dialog.optCurrentDay.userClicked();
         dialog.optSpecifiedDay.userClicked();

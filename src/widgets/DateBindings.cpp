@@ -1,0 +1,163 @@
+#include "widgets/DateBindings.h"
+
+#include "platform/DatePictures.h"
+#include "platform/Scoped.h"
+#include "widgets/FormView.h"
+#include "widgets/Guarded.h"
+
+#include <QKeyEvent>
+#include <QSpinBox>
+#include <utility>
+
+namespace ko {
+
+namespace {
+
+/// The toolkit's letters for one place of a picture.
+QString displayLetters(const PictureItem& item)
+{
+    using Field = PictureItem::Field;
+    const auto letters = [&](char letter) { return QString(item.width > 1 ? 2 : 1, QChar::fromLatin1(letter)); };
+    switch (item.field) {
+    case Field::hour12: return letters('h');
+    case Field::hour24: return letters('H');
+    case Field::minute: return letters('m');
+    case Field::second: return letters('s');
+    case Field::designator: return QStringLiteral("AP");
+    case Field::literal: return u'\'' + toQt(item.text).replace(u'\'', QStringLiteral("''")) + u'\'';
+    default: return {};
+    }
+}
+
+bool isEnter(const QEvent& event)
+{
+    const int key = event.type() == QEvent::KeyPress ? static_cast<const QKeyEvent&>(event).key() : 0;
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
+QString timeDisplayFormat(const Locale& locale)
+{
+    QString format;
+    for (const PictureItem& item : parsePicture(locale.timeFormat))
+        format += displayLetters(item);
+    return format;
+}
+
+CalendarBinding::CalendarBinding(FormView& view, Calendar& control, QCalendarWidget& widget)
+    : Binding(view, control, widget), calendar_(control), widget_(widget)
+{
+    widget.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    widget.setDateEditEnabled(false);
+    widget.setMinimumDate(QDate(1899, 12, 31));
+    for (QWidget* part : widget.findChildren<QWidget*>())
+        part->installEventFilter(this);
+    connect(&widget, &QCalendarWidget::selectionChanged, this, [this] { picked(); });
+    refreshAll();
+}
+
+void CalendarBinding::picked()
+{
+    if (showing_)
+        return;
+    const QDate date = widget_.selectedDate();
+    guarded([&] { calendar_.userChose(date.year(), date.month(), date.day()); });
+    showDate();
+}
+
+void CalendarBinding::showDate()
+{
+    const Scoped guard(showing_, true);
+    widget_.setSelectedDate(QDate(calendar_.year(), calendar_.month(), calendar_.day()));
+}
+
+void CalendarBinding::refresh(Aspect aspect)
+{
+    if (aspect == Aspect::Text)
+        showDate();
+    else
+        Binding::refresh(aspect);
+}
+
+bool CalendarBinding::eventFilter(QObject* object, QEvent* event)
+{
+    if (!isEnter(*event))
+        return false;
+    if (object == widget_.focusProxy()) {
+        // Enter belongs to the dialog's default button.
+        event->ignore();
+        return true;
+    }
+    if (!qobject_cast<QSpinBox*>(object))
+        return false;
+    // It ends the typing of a year and nothing more.
+    widget_.setFocus();
+    return true;
+}
+
+bool TimeWidget::event(QEvent* event)
+{
+    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (key != Qt::Key_Tab && key != Qt::Key_Backtab)
+        return QTimeEdit::event(event);
+    return QWidget::focusNextPrevChild(key == Qt::Key_Tab);
+}
+
+void TimeWidget::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Shift || event->key() == Qt::Key_AltGr)
+        return;
+    const QChar typed = event->text().isEmpty() ? QChar() : event->text().front();
+    // The separator behind a part that was left by itself leads no further.
+    if (std::exchange(hasAdvanced_, false) && typed.isPunct())
+        return;
+    const Section before = currentSection();
+    QTimeEdit::keyPressEvent(event);
+    hasAdvanced_ = typed.isDigit() && currentSection() != before;
+}
+
+TimePickerBinding::TimePickerBinding(FormView& view, TimePicker& control, QTimeEdit& widget)
+    : Binding(view, control, widget), picker_(control), widget_(widget)
+{
+    widget.installEventFilter(this);
+    connect(&widget, &QTimeEdit::timeChanged, this, [this] { picked(); });
+    refreshAll();
+}
+
+void TimePickerBinding::picked()
+{
+    if (showing_)
+        return;
+    const QTime time = widget_.time();
+    guarded([&] { picker_.userChose(time.hour(), time.minute(), time.second()); });
+    showTime();
+}
+
+void TimePickerBinding::showTime()
+{
+    const QTime time(picker_.hour(), picker_.minute(), picker_.second());
+    const Scoped guard(showing_, true);
+    // What is being typed stays as it is.
+    if (widget_.time() != time)
+        widget_.setTime(time);
+}
+
+void TimePickerBinding::refresh(Aspect aspect)
+{
+    if (aspect == Aspect::Text)
+        showTime();
+    else
+        Binding::refresh(aspect);
+}
+
+bool TimePickerBinding::eventFilter(QObject*, QEvent* event)
+{
+    // The wheel turns the time only where the user is.
+    if (event->type() != QEvent::Wheel || widget_.hasFocus())
+        return false;
+    event->ignore();
+    return true;
+}
+
+} // namespace ko

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/DateControls.h"
+#include "platform/Locale.h"
+#include "widgets/Binding.h"
+
+#include <QCalendarWidget>
+#include <QTimeEdit>
+
+namespace ko {
+
+/// A calendar. Leafing through the months picks nothing.
+class CalendarBinding : public Binding {
+public:
+    CalendarBinding(FormView& view, Calendar& control, QCalendarWidget& widget);
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+protected:
+    void refresh(Aspect aspect) override;
+
+private:
+    void picked();
+    void showDate();
+
+    Calendar& calendar_;
+    QCalendarWidget& widget_;
+    bool showing_ = false;
+};
+
+/// A time edit that tabbing goes to and leaves as a whole; the arrow keys and the separators lead through its parts.
+class TimeWidget : public QTimeEdit {
+public:
+    using QTimeEdit::QTimeEdit;
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    bool hasAdvanced_ = false; ///< the last digit has completed a part and led on to the next
+};
+
+/// A selector for a time of day, which the control hears of while it is being typed.
+class TimePickerBinding : public Binding {
+public:
+    TimePickerBinding(FormView& view, TimePicker& control, QTimeEdit& widget);
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+protected:
+    void refresh(Aspect aspect) override;
+
+private:
+    void picked();
+    void showTime();
+
+    TimePicker& picker_;
+    QTimeEdit& widget_;
+    bool showing_ = false;
+};
+
+/// The user's time format in the toolkit's letters.
+QString timeDisplayFormat(const Locale& locale);
+
+} // namespace ko

@@ -1,0 +1,208 @@
+#include "widgets/DateDialog.h"
+
+#include "fakes/DocumentTest.h"
+#include "platform/DateTimes.h"
+#include "widgets/FormView.h"
+#include "widgets/PageWidget.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QDialog>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimeEdit>
+#include <QTimer>
+
+namespace ko::test {
+namespace {
+
+const ko::Texts texts = [](int number) { return QString::number(number); };
+
+/// The real dialog on the page of a document, driven by keys and the mouse.
+class DateDialogTest : public testing::Test {
+protected:
+    FakePlatform host;
+    QtModalForms modalForms;
+    Platform platform{host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter};
+    Support support{platform, {}};
+    SetDateTime dialog{support};
+
+    explicit DateDialogTest(const Locale& locale = {})
+    {
+        host.time = toDateTime("11/21/2026 9:30:00 AM", {});
+        addDateDialog(modalForms, {&dialog}, texts, locale);
+    }
+    void TearDown() override { EXPECT_EQ(host.reports, std::vector<std::string>()); }
+
+    /// What the dialog answers when the user does this in it.
+    template <class User> std::optional<DateTime> ask(const char* current, User user)
+    {
+        QTimer::singleShot(0, [&] {
+            QWidget* window = QApplication::activeModalWidget();
+            ASSERT_NE(window, nullptr);
+            EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+            user();
+            if (QApplication::activeModalWidget() == window) {
+                ADD_FAILURE() << "the dialog is still open";
+                static_cast<QDialog*>(window)->done(0);
+            }
+        });
+        return dialog.Display(toDateTime(current, {}), false, false);
+    }
+    template <class W> static W& part(const char* name)
+    {
+        W* found = QApplication::activeModalWidget()->findChild<W*>(QString::fromLatin1(name));
+        if (!found)
+            throw std::out_of_range(name);
+        return *found;
+    }
+    static void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, held);
+    }
+    static QString text(std::optional<DateTime> time)
+    {
+        return time ? toQt(generalDate(*time, {})) : QStringLiteral("cancelled");
+    }
+};
+
+TEST_F(DateDialogTest, ADateAndATimeArePickedByKeysAlone)
+{
+    const auto chosen = ask("12:00:00 PM", [&] {
+        EXPECT_FALSE(part<QCalendarWidget>("calDate").isEnabled());
+        EXPECT_TRUE(part<QRadioButton>("optCurrentDay").hasFocus());
+        key(Qt::Key_S, Qt::AltModifier);
+        auto& calendar = part<QCalendarWidget>("calDate");
+        EXPECT_TRUE(calendar.isEnabled());
+        key(Qt::Key_Tab);
+        EXPECT_EQ(dialog.activeControl(), &dialog.calDate);
+        key(Qt::Key_Down);
+        key(Qt::Key_Right);
+        EXPECT_EQ(calendar.selectedDate(), QDate(2026, 11, 29));
+        key(Qt::Key_Tab);
+        for (const char typed : std::string_view("3:24:05")) {
+            if (typed == ':')
+                key(Qt::Key_Shift);
+            QTest::keyClick(&part<QTimeEdit>("dtpTimeSelector"), typed);
+        }
+        EXPECT_EQ(dialog.dtpTimeSelector.minute(), 24);
+        for (Control* next : std::initializer_list<Control*>{&dialog.btnOK, &dialog.btnCancel, &dialog.btnHelp}) {
+            key(Qt::Key_Tab);
+            EXPECT_EQ(dialog.activeControl(), next);
+        }
+        key(Qt::Key_Backtab, Qt::ShiftModifier);
+        key(Qt::Key_Backtab, Qt::ShiftModifier);
+        key(Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(dialog.activeControl(), &dialog.dtpTimeSelector);
+        key(Qt::Key_Return);
+    });
+    EXPECT_EQ(text(chosen), "11/29/2026 3:24:05 PM");
+}
+
+TEST_F(DateDialogTest, EnterIsOkAndEscapeAndTheCloseButtonAreCancel)
+{
+    const auto inCalendar = [&] { part<QCalendarWidget>("calDate").setFocus(); };
+    EXPECT_EQ(text(ask("12/31/1999 6:00:00 AM",
+                       [&] {
+                           inCalendar();
+                           key(Qt::Key_Return);
+                       })),
+              "12/31/1999 6:00:00 AM");
+    EXPECT_EQ(text(ask("6:00:00 AM", [&] { key(Qt::Key_Enter); })), "6:00:00 AM");
+    EXPECT_EQ(text(ask("12/31/1999 6:00:00 AM",
+                       [&] {
+                           inCalendar();
+                           key(Qt::Key_Escape);
+                       })),
+              "cancelled");
+    EXPECT_EQ(text(ask("6:00:00 AM", [&] { QApplication::activeModalWidget()->close(); })), "cancelled");
+    EXPECT_EQ(text(ask("6:00:00 AM", [&] { QTest::mouseClick(&part<QPushButton>("btnCancel"), Qt::LeftButton); })),
+              "cancelled");
+}
+
+TEST_F(DateDialogTest, HelpOpensByF1AndItsButtonAndTheDialogStays)
+{
+    dialog.IHelp = host.site()->queryHelpSite();
+    ask("11/24/2026", [&] {
+        QTest::mouseClick(&part<QPushButton>("btnHelp"), Qt::LeftButton);
+        part<QCalendarWidget>("calDate").setFocus();
+        key(Qt::Key_F1);
+        part<QTimeEdit>("dtpTimeSelector").setFocus();
+        key(Qt::Key_F1);
+        key(Qt::Key_F1, Qt::ShiftModifier);
+        key(Qt::Key_Escape);
+    });
+    EXPECT_EQ(host.topics, (std::vector<std::int32_t>{1005, 1005, 1005}));
+}
+
+TEST_F(DateDialogTest, TheClockFollowsWhileTheTimeIsEdited)
+{
+    ask("6:00:00 AM", [&] {
+        auto& clock = part<QWidget>("picClock");
+        // The tip of the hour hand: down at six, to the right at three.
+        const auto isInk = [&](QPoint offset) {
+            const QImage face = clock.grab().toImage();
+            const QPoint centre(clock.width() / 2, clock.height() / 2);
+            return face.pixelColor(centre + offset).lightness() < 128;
+        };
+        const int hand = clock.width() / 2 * 5 / 6 * 7 / 8 * 2 / 3 - 3;
+        EXPECT_TRUE(isInk({0, hand}));
+        EXPECT_FALSE(isInk({hand, 0}));
+        auto& edit = part<QTimeEdit>("dtpTimeSelector");
+        edit.setFocus();
+        edit.setSelectedSection(QDateTimeEdit::HourSection);
+        for (int i = 0; i < 3; ++i)
+            key(Qt::Key_Down);
+        EXPECT_FALSE(isInk({0, hand}));
+        EXPECT_TRUE(isInk({hand, 0}));
+        key(Qt::Key_Escape);
+    });
+}
+
+TEST_F(DateDialogTest, TheDialogOpensAtTheCursorInsideTheWorkArea)
+{
+    host.cursor = {1270, 7};
+    ask("6:00:00 AM", [&] {
+        const QRect frame(QApplication::activeModalWidget()->pos(), QApplication::activeModalWidget()->size());
+        EXPECT_EQ(frame.top(), 7 * 15 * QApplication::activeModalWidget()->logicalDpiY() / 1440);
+        const int right = toTwips(*QApplication::activeModalWidget(), frame.left() + frame.width());
+        EXPECT_LE(right, 1280 * 15);
+        EXPECT_GT(right, 1270 * 15);
+        key(Qt::Key_Escape);
+    });
+}
+
+class TwentyFourHours : public DateDialogTest {
+protected:
+    TwentyFourHours() : DateDialogTest(Locale{.timeFormat = "HH'h'mm.ss", .timeIs24Hour = "1"}) {}
+};
+
+TEST_F(TwentyFourHours, TheTimeIsShownInTheUsersFormat)
+{
+    ask("3:04:05 PM", [&] {
+        EXPECT_EQ(part<QTimeEdit>("dtpTimeSelector").text(), "15h04.05");
+        key(Qt::Key_Escape);
+    });
+}
+
+class ByteBarTest : public DocumentTest {};
+
+TEST_F(ByteBarTest, BesideAFigureABarSaysHowMuchOfTheLimitItTakes)
+{
+    addDriver().dynamicBytes = 1073741823.5;
+    PageWidget widget(page(), texts);
+    open();
+    auto* bar = widget.findChild<QProgressBar*>(QStringLiteral("lblNumDynamicBytesValueShare"));
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->value() * 2, bar->maximum());
+    EXPECT_EQ(bar->accessibleDescription(), "50.0 %");
+    fakes.clear();
+    addDriver().bytes = [](const FakeDriver&) { return 3e9; };
+    handOver();
+    EXPECT_EQ(bar->value(), 0);
+}
+
+} // namespace
+} // namespace ko::test
