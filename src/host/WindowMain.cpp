@@ -2,6 +2,7 @@
 
 #include "host/FrameWindow.h"
 #include "host/InputError.h"
+#include "host/SetupFile.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -54,9 +55,43 @@ int run(const WindowOptions& options)
         refusal = error.what();
     }
     window.resize(startSize(window));
-    if (options.picture.empty())
-        return stayOpen(window, refusal);
-    return refusal.empty() ? paintInto(window, options.picture) : complain(refusal);
+    // Where nobody sees a message box nobody answers it.
+    const bool isSeen = options.picture.empty() && QGuiApplication::platformName() != QStringLiteral("offscreen");
+    if (!isSeen && !refusal.empty())
+        return complain(refusal);
+    return options.picture.empty() ? stayOpen(window, refusal) : paintInto(window, options.picture);
+}
+
+} // namespace
+
+namespace {
+
+bool isSet(const char* variable)
+{
+    return !qEnvironmentVariableIsEmpty(variable);
+}
+
+/// A platform that is asked for by name needs no display.
+bool hasDisplay()
+{
+#if defined(Q_OS_LINUX)
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+#else
+    return true;
+#endif
+}
+
+/// What is wrong with the set-up is worth more than that it cannot be shown.
+int refuseWithoutDisplay(const WindowOptions& options)
+{
+    try {
+        if (!options.setup.empty())
+            loadSetup(options.setup);
+    } catch (const InputError& error) {
+        return complain(error.what());
+    }
+    return complain(
+        "no display: neither DISPLAY nor WAYLAND_DISPLAY is set; --headless runs a script without a window");
 }
 
 } // namespace
@@ -66,6 +101,8 @@ int runWindow(int& argc, char** argv, const WindowOptions& options)
     // A picture needs no display.
     if (!options.picture.empty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!hasDisplay())
+        return refuseWithoutDisplay(options);
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("korvell-host"));
     try {

@@ -44,8 +44,9 @@ std::string languageContent(const std::string& language, const std::filesystem::
     namespace fs = std::filesystem;
     if (language.empty() || language == "en")
         return {};
-    for (const fs::path& file : {fs::path(language), fs::path("strings") / (language + ".txt"),
-                                 programFolder / "../share/KoTimebaseEditor/strings" / (language + ".txt")})
+    const std::string name = language + ".txt";
+    for (const fs::path& file :
+         {fs::path(language), fs::path("strings") / name, programFolder / "../share/KoTimebaseEditor/strings" / name})
         if (fs::is_regular_file(file))
             return ko::readFile(file.string());
     throw ko::InputError(language + ": neither a string file nor a language that there are strings for");
