@@ -93,7 +93,7 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
         step([&] { scanPeriod = timebase->ScanPeriod(); });
     staticEditors_.initScanRateEditors(scanPeriod);
     if (scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
-        staticEditors_.setDriversScanRate(*scanPeriod);
+        staticEditors_.pushLoaded(*scanPeriod);
 }
 
 void TimebaseEditor::followReadOnly()

@@ -38,20 +38,29 @@ void NumberEntry::lostFocus()
     page_.editFlags = editFlag::none;
 }
 
+std::string NumberEntry::text(double value) const
+{
+    return numberText(value, support_.locale());
+}
+
 bool NumberEntry::check(bool showMessage)
 {
-    return validateNumber(support_, box_.text(), type_, bounds(), showMessage);
+    return !isPending_ || validateNumber(support_, box_.text(), type_, bounds(), showMessage);
 }
 
 void NumberEntry::change()
 {
+    isPending_ = false;
     if (page_.isLoading || page_.isUpdating || !isActive())
         return;
     const Steps step(support_.errors, names_.change);
+    const auto held = step.value([&] { return std::optional(inForce()); });
+    const bool standsForIt = held && box_.text() == text(*held);
     const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), false); });
-    box_.setMarked(!number);
+    isPending_ = !number && !standsForIt;
+    box_.setMarked(isPending_);
     if (number)
-        apply(step, *number);
+        apply(step, held, *number);
 }
 
 bool NumberEntry::leave()
@@ -59,27 +68,29 @@ bool NumberEntry::leave()
     if (page_.isLoading || !isActive())
         return true;
     const Steps step(support_.errors, names_.validate);
-    const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), true); });
-    if (!number) {
-        putBack(step);
-        return false;
+    if (isPending_) {
+        const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), true); });
+        if (!number) {
+            putBack(step);
+            return false;
+        }
+        apply(step, step.value([&] { return std::optional(inForce()); }), *number);
     }
-    apply(step, *number);
+    // "1." was on the way to "1.5".
     step([&] {
         const Scoped guard(page_.isUpdating, true);
-        box_.setText(numberText(inForce(), support_.locale()));
+        if (isNumeric(box_.text(), support_.locale()))
+            box_.setText(text(toDouble(box_.text(), support_.locale())));
     });
     return true;
 }
 
-void NumberEntry::apply(const Steps& step, double value)
+void NumberEntry::apply(const Steps& step, std::optional<double> held, double value)
 {
     const Scoped guard(page_.isUpdating, true);
-    const auto holds = step.value([&] { return std::optional(inForce()); });
-    const auto text = [&](double number) { return numberText(number, support_.locale()); };
     // A text that reads as the value in force stands for exactly that value: nothing is to be written.
-    if (holds && text(*holds) == text(value))
-        step([&] { show(*holds); });
+    if (held && text(*held) == text(value))
+        step([&] { show(*held); });
     else
         accept(step, value);
 }
@@ -88,24 +99,24 @@ void NumberEntry::putBack(const Steps& step)
 {
     step([&] {
         const Scoped guard(page_.isUpdating, true);
-        showSelected(inForce());
+        showSelected(afterRefusal());
     });
 }
 
 void NumberEntry::show(double value)
 {
-    const std::string text = numberText(value, support_.locale());
-    if (isNumeric(box_.text(), support_.locale()) &&
-        numberText(toDouble(box_.text(), support_.locale()), support_.locale()) == text)
+    const std::string shown = text(value);
+    if (isNumeric(box_.text(), support_.locale()) && text(toDouble(box_.text(), support_.locale())) == shown)
         return;
-    box_.setText(text);
-    box_.select(utf8Length(text), 0);
+    box_.setText(shown);
+    box_.select(utf8Length(shown), 0);
 }
 
 void NumberEntry::showSelected(double value)
 {
-    box_.setText(numberText(value, support_.locale()));
+    box_.setText(text(value));
     box_.setMarked(false);
+    isPending_ = false;
     selectAllText(box_);
 }
 

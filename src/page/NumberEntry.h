@@ -23,10 +23,12 @@ public:
 
     [[nodiscard]] const TextBox& box() const { return box_; }
 
-    /// Whether the text is acceptable; when it is not and `showMessage` is true, the user is told why.
+    /// Whether the text is acceptable; when it is not and `showMessage` is true, the user is told why. What the page
+    /// itself shows in the box is acceptable, also where no user may enter it.
     bool check(bool showMessage);
 
-    /// The box is about to be left: applies a valid text; shows the value in force and answers false for another.
+    /// The box is about to be left: applies a valid text that is not applied yet; shows the value in force and answers
+    /// false for an invalid one.
     bool leave();
 
 protected:
@@ -34,6 +36,8 @@ protected:
     virtual NumberBounds bounds() = 0;
     /// The number that the box should show: what the driver holds. Failures reach the caller.
     virtual double inForce() = 0;
+    /// The number that takes the place of a refused text. Failures reach the caller.
+    virtual double afterRefusal() { return inForce(); }
     /// Writes an accepted number and shows what came of it, with `show`. `step` is the handler's.
     virtual void accept(const Steps& step, double value) = 0;
     /// Both ends of the range that the hint names; `noRange` in both for none.
@@ -53,14 +57,16 @@ private:
     void gotFocus();
     void lostFocus();
     void change();
-    void apply(const Steps& step, double value);
+    void apply(const Steps& step, std::optional<double> held, double value);
     void putBack(const Steps& step);
+    [[nodiscard]] std::string text(double value) const;
 
     Page& page_;
     Support& support_;
     TextBox& box_;
     NumberType type_;
     Names names_;
+    bool isPending_ = false; ///< the user has put a text into the box that is not applied
 };
 
 } // namespace ko

@@ -46,7 +46,10 @@ bool readsAs(double bound, double value, const Locale& locale)
 
 bool isInside(double value, const NumberBounds& bounds, const Locale& locale)
 {
-    if (!std::isfinite(value) || (bounds.positive && value <= 0.0) || !bounds.acceptsAnything())
+    if (!std::isfinite(value) || !bounds.acceptsAnything())
+        return false;
+    // A rate has a period, a period a rate.
+    if (bounds.positive && !(value > 0.0 && std::isfinite(1.0 / value)))
         return false;
     if (bounds.minimum && *bounds.minimum - value > rangeTolerance && !readsAs(*bounds.minimum, value, locale))
         return false;

@@ -16,7 +16,7 @@ enum class NumberType { Long, Double, Integer, Float };
 struct NumberBounds {
     std::optional<double> minimum;
     std::optional<double> maximum;
-    /// Only numbers above 0, whatever the bounds.
+    /// Only numbers above 0 that have a finite reciprocal, whatever the bounds.
     bool positive = false;
 
     /// False when no number can keep to them: the minimum is above the maximum.

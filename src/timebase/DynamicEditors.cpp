@@ -15,8 +15,8 @@ namespace {
 /// Sample rate per hertz of usable bandwidth.
 constexpr double samplesPerSpan = 2.56;
 
-constexpr OfferMembers samplePeriods{&Timebase::SampleChoiceList, &Timebase::ChoiceRange, true};
-constexpr OfferMembers blockSizes{&Timebase::BlockSizeChoiceList, &Timebase::BlockSizeRange, false};
+constexpr OfferMembers samplePeriods{&Timebase::SampleChoiceList, &Timebase::ChoiceRange};
+constexpr OfferMembers blockSizes{&Timebase::BlockSizeChoiceList, &Timebase::BlockSizeRange};
 
 } // namespace
 
@@ -45,9 +45,7 @@ void DynamicEditors::initSampleRateEditors(std::optional<double> samplePeriod)
     const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), samplePeriods);
     page_.samplePeriodRange = offers.range();
     step([&] { pair_.build(step, offers, samplePeriod); });
-    page_.lblSpanValue.setCaption("");
-    if (samplePeriod)
-        showSpan(step, *samplePeriod);
+    showSpan(step, samplePeriod);
 }
 
 std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double> blockSize)
@@ -114,33 +112,27 @@ void DynamicEditors::cmbSampleRate_Click()
 {
     if (page_.isLoading || page_.isUpdating)
         return;
-    const Steps step(support_.errors, "cmbSampleRate_Click");
-    const auto period =
-        step.value([&] { return std::optional(reciprocal(toDouble(page_.cmbSampleRate.text(), support_.locale()))); });
-    choose(step, period, page_.cmbSampleRate, page_.cmbSamplePeriod);
+    choose(Steps(support_.errors, "cmbSampleRate_Click"), page_.cmbSampleRate, page_.cmbSamplePeriod);
 }
 
 void DynamicEditors::cmbSamplePeriod_Click()
 {
     if (page_.isLoading || page_.isUpdating)
         return;
-    const Steps step(support_.errors, "cmbSamplePeriod_Click");
-    const auto period =
-        step.value([&] { return std::optional(toDouble(page_.cmbSamplePeriod.text(), support_.locale())); });
-    choose(step, period, page_.cmbSamplePeriod, page_.cmbSampleRate);
+    choose(Steps(support_.errors, "cmbSamplePeriod_Click"), page_.cmbSamplePeriod, page_.cmbSampleRate);
 }
 
-void DynamicEditors::choose(const Steps& step, std::optional<double> period, ComboBox& chosen, const ComboBox& partner)
+void DynamicEditors::choose(const Steps& step, ComboBox& chosen, const ComboBox& partner)
 {
     const Scoped guard(page_.isUpdating, true);
+    const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
     const Written written = period ? writeSamplePeriod(step, *period) : Written{};
     if (written.fate != Written::Fate::Accepted) {
         step([&] { chosen.select(partner.index()); });
         return;
     }
     step([&] { pair_.selectPeriod(written.inForce.value_or(*period), chosen.index()); });
-    if (written.inForce)
-        showSpan(step, *written.inForce);
+    showSpan(step, written.inForce);
 }
 
 void DynamicEditors::cmbBlockSize_Click()
@@ -162,18 +154,21 @@ void DynamicEditors::selectBlockSize(double samples)
         page_.cmbBlockSize.select(static_cast<std::int32_t>(found - blockSizes_.begin()));
 }
 
-void DynamicEditors::showWritten(const Steps& step, const Written& written, const TextBox& typedIn)
+void DynamicEditors::showWritten(const Steps& step, const Written& written, double requested, const TextBox& typedIn)
 {
-    if (!written.inForce)
+    if (written.fate == Written::Fate::NoDriver)
         return;
-    pair_.showInBoxes(step, *written.inForce, &typedIn);
-    showSpan(step, *written.inForce);
+    pair_.showInBoxes(step, written.inForce.value_or(requested), &typedIn);
+    showSpan(step, written.inForce);
 }
 
-void DynamicEditors::showSpan(const Steps& step, double samplePeriod)
+void DynamicEditors::showSpan(const Steps& step, std::optional<double> samplePeriod)
 {
+    page_.lblSpanValue.setCaption("");
+    if (!samplePeriod)
+        return;
     step([&] {
-        const double span = reciprocal(samplePeriod) / samplesPerSpan;
+        const double span = reciprocal(*samplePeriod) / samplesPerSpan;
         page_.lblSpanValue.setCaption(numberText(span, support_.locale()) + " " + page_.hertzText);
     });
 }

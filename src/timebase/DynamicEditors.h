@@ -38,8 +38,9 @@ public:
     Written writeSamplePeriod(const Steps& step, double seconds);
     Written writeBlockSize(const Steps& step, double samples);
 
-    /// Shows what became of a sample period typed into one of the boxes.
-    void showWritten(const Steps& step, const Written& written, const TextBox& typedIn);
+    /// Shows what became of a requested sample period typed into one of the boxes; where it could not be read back
+    /// the other box shows what was requested.
+    void showWritten(const Steps& step, const Written& written, double requested, const TextBox& typedIn);
 
 private:
     class SampleRateEntry;
@@ -53,9 +54,9 @@ private:
     void cmbBlockSize_Click();
 
     Written write(const Steps& step, Get get, Set set, double value);
-    void choose(const Steps& step, std::optional<double> period, ComboBox& chosen, const ComboBox& partner);
+    void choose(const Steps& step, ComboBox& chosen, const ComboBox& partner);
     void selectBlockSize(double samples);
-    void showSpan(const Steps& step, double samplePeriod);
+    void showSpan(const Steps& step, std::optional<double> samplePeriod);
 
     Page& page_;
     Support& support_;

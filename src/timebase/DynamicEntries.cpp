@@ -11,7 +11,7 @@ void DynamicEntry::acceptPeriod(const Steps& step, double seconds, double (*show
     if (!std::isfinite(seconds))
         return;
     const DynamicEditors::Written written = editors_.writeSamplePeriod(step, seconds);
-    editors_.showWritten(step, written, box());
+    editors_.showWritten(step, written, seconds, box());
     if (!written.inForce)
         return;
     step([&] {

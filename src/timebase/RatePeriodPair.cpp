@@ -34,8 +34,7 @@ MergedChoices mergeOffers(const Steps& step, Drivers drivers, const OfferMembers
         if (!timebase)
             continue;
         auto choices = step.value([&] { return (timebase->*members.choices)(); });
-        if (members.positive)
-            std::erase_if(choices, [](double value) { return value <= 0.0; });
+        std::erase_if(choices, [](double value) { return value <= 0.0; });
         if (!merged.addList(std::move(choices)))
             merged.addRange(step.value([&] { return (timebase->*members.range)(); }));
     }
@@ -44,6 +43,9 @@ MergedChoices mergeOffers(const Steps& step, Drivers drivers, const OfferMembers
 
 NumberBounds periodBounds(Range periods)
 {
+    // No period is below 0: such a range is reversed.
+    if (periods.maximum < 0.0)
+        return {periods.minimum, periods.maximum, true};
     return {bound(periods.minimum), bound(periods.maximum), true};
 }
 
@@ -97,6 +99,13 @@ void RatePeriodPair::fillLists(const std::vector<double>& values, std::optional<
     periods_.setItems(std::move(periods));
     rates_.select(selected);
     periods_.select(selected);
+}
+
+double RatePeriodPair::periodAt(std::int32_t index) const
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= values_.size())
+        fail(failure::subscriptOutOfRange);
+    return values_[static_cast<std::size_t>(index)];
 }
 
 void RatePeriodPair::selectPeriod(double seconds, std::int32_t otherwise)

@@ -15,11 +15,10 @@ namespace ko {
 struct OfferMembers {
     std::vector<double> (Timebase::*choices)();
     Range (Timebase::*range)();
-    /// Values of 0 or less are no choices.
-    bool positive;
 };
 
-/// Merges what all drivers with a timebase offer. A driver's range is asked for only when it offers no list.
+/// Merges what all drivers with a timebase offer. Choices of 0 or less are left out. A driver's range is asked for only
+/// when it offers no list.
 MergedChoices mergeOffers(const Steps& step, Drivers drivers, const OfferMembers& members);
 
 /// The bounds of a period in seconds, of a rate in 1/s, from a range of periods; 0 is no bound.
@@ -34,6 +33,9 @@ public:
     /// Shows the lists when there are values, else the boxes, disabled when the range lets nothing through. The
     /// entry of `inForce` (seconds; none: not known) is selected, or the boxes filled from it.
     void build(const Steps& step, const MergedChoices& offers, std::optional<double> inForce);
+
+    /// The period of an entry in seconds, which its text shows to 15 digits. Failure 9 for no entry.
+    [[nodiscard]] double periodAt(std::int32_t index) const;
 
     /// Selects the entry of a period in both lists: the equal one, else one that differs by less than 1e-12 or reads
     /// the same. Where there is none both take `otherwise`.

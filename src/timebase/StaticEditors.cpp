@@ -9,7 +9,7 @@ namespace ko {
 
 namespace {
 
-constexpr OfferMembers scanPeriods{&Timebase::ScanChoiceList, &Timebase::ChoiceRange, true};
+constexpr OfferMembers scanPeriods{&Timebase::ScanChoiceList, &Timebase::ChoiceRange};
 
 std::optional<double> readScanPeriod(const Steps& step, Timebase& timebase)
 {
@@ -82,8 +82,7 @@ StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod
 StaticEditors::ScanPeriod StaticEditors::pushTyped(const Steps& step, double seconds, const TextBox& typedIn)
 {
     const ScanPeriod result = setDriversScanRate(seconds);
-    if (result.inForce)
-        pair_.showInBoxes(step, *result.inForce, &typedIn);
+    pair_.showInBoxes(step, result.inForce.value_or(seconds), &typedIn);
     return result;
 }
 
@@ -91,29 +90,36 @@ void StaticEditors::cmbScanRate_Click()
 {
     if (page_.isLoading || !page_.hasStaticDrivers)
         return;
-    const Steps step(support_.errors, "cmbScanRate_Click");
-    const auto period =
-        step.value([&] { return std::optional(reciprocal(toDouble(page_.cmbScanRate.text(), support_.locale()))); });
-    choose(step, period, page_.cmbScanRate, page_.cmbScanPeriod);
+    choose(Steps(support_.errors, "cmbScanRate_Click"), page_.cmbScanRate, page_.cmbScanPeriod);
 }
 
 void StaticEditors::cmbScanPeriod_Click()
 {
     if (page_.isLoading || !page_.hasStaticDrivers)
         return;
-    const Steps step(support_.errors, "cmbScanPeriod_Click");
-    const auto period =
-        step.value([&] { return std::optional(toDouble(page_.cmbScanPeriod.text(), support_.locale())); });
-    choose(step, period, page_.cmbScanPeriod, page_.cmbScanRate);
+    choose(Steps(support_.errors, "cmbScanPeriod_Click"), page_.cmbScanPeriod, page_.cmbScanRate);
 }
 
-void StaticEditors::choose(const Steps& step, std::optional<double> period, const ComboBox& chosen, ComboBox& partner)
+void StaticEditors::choose(const Steps& step, const ComboBox& chosen, ComboBox& partner)
 {
+    const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
     const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
     // After a rejection both lists stay on the refused entry while the drivers keep their period.
     step([&] { partner.select(chosen.index()); });
     if (!result.rejected && result.inForce)
         step([&] { pair_.selectPeriod(*result.inForce, chosen.index()); });
+}
+
+void StaticEditors::pushLoaded(double seconds)
+{
+    const Steps step(support_.errors, "initScanRateEditors");
+    const ScanPeriod result = setDriversScanRate(seconds);
+    if (!result.inForce || *result.inForce == seconds)
+        return;
+    if (page_.cmbScanPeriod.visible())
+        step([&] { pair_.selectPeriod(*result.inForce, -1); });
+    else
+        pair_.showInBoxes(step, *result.inForce, nullptr);
 }
 
 } // namespace ko

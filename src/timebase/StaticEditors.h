@@ -28,6 +28,9 @@ public:
     /// Writes one scan period to every driver that offers a timebase. Reports its own failures.
     ScanPeriod setDriversScanRate(double newScanPeriod);
 
+    /// Pushes the scan period that the editors were built for, and shows what the drivers made of it.
+    void pushLoaded(double seconds);
+
     /// Pushes a typed period to the drivers and shows in both boxes what came of it, but not in `typedIn`.
     ScanPeriod pushTyped(const Steps& step, double seconds, const TextBox& typedIn);
 
@@ -40,7 +43,7 @@ private:
 
     void cmbScanRate_Click();
     void cmbScanPeriod_Click();
-    void choose(const Steps& step, std::optional<double> period, const ComboBox& chosen, ComboBox& partner);
+    void choose(const Steps& step, const ComboBox& chosen, ComboBox& partner);
     /// Calls `visit(timebase, index)` for each driver with a timebase.
     template <class Visit> void forEachTimebase(const Steps& step, Visit visit);
 

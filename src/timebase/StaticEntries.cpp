@@ -14,6 +14,15 @@ Range StaticEntry::hintOf(const NumberBounds& bounds)
     return {*bounds.minimum, *bounds.maximum};
 }
 
+double StaticEntry::scanPeriod()
+{
+    const Drivers drivers = page().currentDrivers();
+    for (auto driver = drivers.rbegin(); driver != drivers.rend(); ++driver)
+        if (Timebase* timebase = *driver ? (*driver)->queryTimebase() : nullptr)
+            return timebase->ScanPeriod();
+    fail(failure::noObject);
+}
+
 void StaticEntry::acceptPeriod(const Steps& step, double seconds, double (*shown)(double))
 {
     if (!std::isfinite(seconds))
@@ -46,6 +55,11 @@ double StaticEditors::ScanRateEntry::inForce()
     return reciprocal(scanPeriod());
 }
 
+double StaticEditors::ScanRateEntry::afterRefusal()
+{
+    return reciprocal(scanPeriodOfCurrent());
+}
+
 void StaticEditors::ScanRateEntry::accept(const Steps& step, double value)
 {
     acceptPeriod(step, 1.0 / value, reciprocal);
@@ -72,6 +86,11 @@ NumberBounds StaticEditors::ScanPeriodEntry::bounds()
 double StaticEditors::ScanPeriodEntry::inForce()
 {
     return scanPeriod();
+}
+
+double StaticEditors::ScanPeriodEntry::afterRefusal()
+{
+    return scanPeriodOfCurrent();
 }
 
 void StaticEditors::ScanPeriodEntry::accept(const Steps& step, double value)

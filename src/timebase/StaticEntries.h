@@ -15,8 +15,10 @@ public:
 
 protected:
     bool isActive() override { return page().hasStaticDrivers; }
-    /// The scan period of the current static driver.
-    double scanPeriod() { return required(page().timebaseAt(page().staticDriverIndex)).ScanPeriod(); }
+    /// The scan period that the page shows: that of the last driver with a timebase.
+    double scanPeriod();
+    /// The scan period of the current static driver, which takes the place of a refused text.
+    double scanPeriodOfCurrent() { return required(page().timebaseAt(page().staticDriverIndex)).ScanPeriod(); }
     /// The range that the hint names, none unless both ends of `bounds` are known.
     static Range hintOf(const NumberBounds& bounds);
     /// Pushes a scan period and shows what came of it, in this box as `shown(period)`.
@@ -33,6 +35,7 @@ public:
 protected:
     NumberBounds bounds() override;
     double inForce() override;
+    double afterRefusal() override;
     void accept(const Steps& step, double value) override;
     Range hintRange() override;
 };
@@ -44,6 +47,7 @@ public:
 protected:
     NumberBounds bounds() override;
     double inForce() override;
+    double afterRefusal() override;
     void accept(const Steps& step, double value) override;
     Range hintRange() override;
 };
