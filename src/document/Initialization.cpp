@@ -13,7 +13,7 @@ void TimebaseEditor::initializeDocument()
     page_.staticDriverIndex = -1;
     page_.isDurationKnown = false;
     schedule_.estimate().clear();
-    initializeTriggering(step);
+    initializeTriggering();
     page_.frmDynamic.setVisible(page_.hasDynamicDrivers);
     page_.frmStatic.setVisible(page_.hasStaticDrivers);
     if (page_.frmDynamic.visible())
@@ -34,7 +34,7 @@ void TimebaseEditor::initializeDocument()
 }
 
 /// Which driver is start and which is scan master, and on which lines they drive the others.
-void TimebaseEditor::initializeTriggering(const Steps& step)
+void TimebaseEditor::initializeTriggering()
 {
     triggerChannel_.beginBuild();
     const TriggerMasters masters = shared_.triggering.findTriggerMasters(page_.currentDrivers());
@@ -42,23 +42,12 @@ void TimebaseEditor::initializeTriggering(const Steps& step)
     page_.staticDriverIndex = masters.scan;
     if (page_.dynamicDriverIndex >= 0) {
         triggerChannel_.followStartMaster();
-        enableTriggering(startsOnTrigger(step));
+        // The options still show the page before; they switch triggering on once they are loaded.
+        enableTriggering(false);
     } else {
         disableTriggering(true);
     }
     triggerLines_.build(masters.found());
-}
-
-/// Whether the page that is being built will show that the recording starts on a trigger: the options still show the
-/// page before it.
-bool TimebaseEditor::startsOnTrigger(const Steps& step) const
-{
-    if (!page_.hasDynamicDrivers)
-        return false;
-    if (page_.triggerVars && !page_.readOnly)
-        return page_.triggerVars->startMode == startMode::onTrigger;
-    Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); });
-    return timebase && step.value([&] { return timebase->StartMode() == startMode::onTrigger; });
 }
 
 std::int32_t TimebaseEditor::firstDriver(const Steps& step, bool dynamic) const

@@ -85,8 +85,7 @@ private:
 
     // Start-up from the driver list
     void initializeDocument();
-    void initializeTriggering(const Steps& step);
-    [[nodiscard]] bool startsOnTrigger(const Steps& step) const;
+    void initializeTriggering();
     void loadDynamicEditors(const Steps& step);
     void loadStaticEditors(const Steps& step);
     void followReadOnly();

@@ -71,7 +71,9 @@ void DurationEntry::cmbInterval_click()
     }
     const bool holds =
         step.value([&] { return numberText(inForce(), support().locale()) == numberText(*value, support().locale()); });
-    if (!holds)
+    if (holds)
+        recording_.refreshLabels();
+    else
         write(step, *value, [this] { unitRefused(); });
 }
 

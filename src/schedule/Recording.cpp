@@ -77,12 +77,24 @@ void Recording::fillStopTime()
     show(page_.txtStopTime, computeStopTime(unit, amount, timeIn(page_.txtStartTime)));
 }
 
+void Recording::showModes(std::int32_t start, std::int32_t stop)
+{
+    OptionButton& other = start == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate;
+    (start == startMode::atTime ? page_.optStartTime : other).showSelected();
+    (stop == stopMode::atTime ? page_.optStopTime : page_.optAfter).showSelected();
+}
+
 /// A driver may keep another value than the one written: that is the one to show.
 void Recording::showKept(const Steps& step, const ScheduleChange& change)
 {
     Timebase* timebase = firstTimebase(page_.currentDrivers());
     if (!timebase)
         return;
+    if (change.startMode || change.stopMode)
+        step([&] {
+            const std::int32_t start = timebase->StartMode();
+            showModes(start, start == startMode::atTime ? timebase->StopMode() : stopMode::afterDuration);
+        });
     if (change.startTime)
         step([&] { show(page_.txtStartTime, generalDate(timebase->StartTime(), support_.locale())); });
     if (change.duration)

@@ -41,6 +41,9 @@ public:
     /// its own values back, `putBack` restores what the page showed, and the derived labels follow; false then.
     bool commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack);
 
+    /// Brings the derived labels up to date where nothing is written.
+    void refreshLabels() { actions_.refreshEstimate(); }
+
     /// The page shows what the drivers hold, `seconds` of duration among it: what a later refusal returns to.
     void accept(double seconds);
 
@@ -54,6 +57,7 @@ private:
     [[nodiscard]] DateTime after(char unit, double amount, DateTime start) const;
     [[nodiscard]] DateTime onToday(DateTime time) const;
     [[nodiscard]] bool lacksStopTime() const;
+    void showModes(std::int32_t start, std::int32_t stop);
     void showKept(const Steps& step, const ScheduleChange& change);
     void showKeptDuration(double seconds);
 

@@ -79,6 +79,7 @@ void TimeEntries::txtStopTime_Change()
     if (seconds <= 0.0) {
         step([&] { showError(support_, stopNotLater); });
         step([&] { showStopTimeInForce(); });
+        recording_.refreshLabels();
         return;
     }
     change.stopMode = stopMode::atTime;

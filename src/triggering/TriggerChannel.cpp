@@ -8,20 +8,15 @@ namespace ko {
 
 namespace {
 
-/// The first channel that the driver marks as its trigger source.
-void findMarkedChannel(const Steps& step, Driver& driver, std::int32_t& slot, std::int32_t& channel)
+/// Calls `visit(slot, channel)` for each channel that the driver marks as its trigger source, until that answers false.
+template <class Visit> void forEachSource(const Steps& step, Driver& driver, TriggerParameters& parameters, Visit visit)
 {
-    TriggerParameters* parameters = step.value([&] { return driver.queryTriggerParameters(); });
-    const std::int32_t groups = parameters ? step.value([&] { return driver.GroupCount(); }) : 0;
+    const std::int32_t groups = step.value([&] { return driver.GroupCount(); });
     for (std::int32_t g = 0; g < groups; ++g) {
         const std::int32_t channels = step.value([&] { return driver.ChannelCount(g); });
-        for (std::int32_t c = 0; c < channels; ++c) {
-            if (!step.value([&] { return parameters->TriggerEnabled(g, c); }))
-                continue;
-            slot = g;
-            channel = c;
-            return;
-        }
+        for (std::int32_t c = 0; c < channels; ++c)
+            if (step.value([&] { return parameters.TriggerEnabled(g, c); }) && !visit(g, c))
+                return;
     }
 }
 
@@ -45,10 +40,10 @@ void TriggerChannel::followStartMaster()
     const Steps step(support_.errors, "initializeDocument");
     const std::shared_ptr<Driver> driver = master();
     bool lacksIt = !driver;
-    if (driver && isStored())
+    if (driver && page_.TriggerSlot >= 0)
         step([&] {
             lacksIt = page_.TriggerSlot >= driver->GroupCount() ||
-                      page_.TriggerChannel >= driver->ChannelCount(page_.TriggerSlot);
+                      (page_.TriggerChannel >= 0 && page_.TriggerChannel >= driver->ChannelCount(page_.TriggerSlot));
         });
     if (lacksIt) {
         page_.TriggerSlot = -1;
@@ -108,8 +103,15 @@ void TriggerChannel::enableTriggering(bool onTrigger)
 
 void TriggerChannel::takeOverMarkedChannel(const Steps& step)
 {
-    if (const std::shared_ptr<Driver> driver = master())
-        findMarkedChannel(step, *driver, page_.TriggerSlot, page_.TriggerChannel);
+    const std::shared_ptr<Driver> driver = master();
+    TriggerParameters* parameters = driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
+    if (!parameters)
+        return;
+    forEachSource(step, *driver, *parameters, [&](std::int32_t slot, std::int32_t channel) {
+        page_.TriggerSlot = slot;
+        page_.TriggerChannel = channel;
+        return false;
+    });
 }
 
 void TriggerChannel::warnOfDisabledChannel(const Steps& step)
@@ -142,8 +144,20 @@ void TriggerChannel::showChannel(const Steps& step)
 void TriggerChannel::switchSource(const Steps& step, bool enabled)
 {
     const std::shared_ptr<Driver> driver = isStored() ? master() : nullptr;
-    if (TriggerParameters* parameters = driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr)
-        step([&] { parameters->setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, enabled); });
+    TriggerParameters* parameters = driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
+    if (!parameters)
+        return;
+    const auto isStoredChannel = [&](std::int32_t slot, std::int32_t channel) {
+        return slot == page_.TriggerSlot && channel == page_.TriggerChannel;
+    };
+    // A driver has one trigger source.
+    if (enabled)
+        forEachSource(step, *driver, *parameters, [&](std::int32_t slot, std::int32_t channel) {
+            if (!isStoredChannel(slot, channel))
+                step([&] { parameters->setTriggerEnabled(slot, channel, false); });
+            return true;
+        });
+    step([&] { parameters->setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, enabled); });
 }
 
 void TriggerChannel::setTriggerSource(bool enabled)

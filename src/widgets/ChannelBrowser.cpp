@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace ko {
 
@@ -112,6 +113,23 @@ void ChannelSelectorBinding::applyFilter()
 {
     for (int i = 0; i < browser_.tree->topLevelItemCount(); ++i)
         filterItem(*browser_.tree->topLevelItem(i), browser_.filter->text().trimmed(), false);
+    if (!showing_)
+        followFilter();
+}
+
+/// What the filter hides cannot stay selected: the first channel left takes its place.
+void ChannelSelectorBinding::followFilter()
+{
+    const QList<QTreeWidgetItem*> selected = browser_.tree->selectedItems();
+    if (std::none_of(selected.begin(), selected.end(), [](const QTreeWidgetItem* item) { return item->isHidden(); }))
+        return;
+    const auto first = std::find_if(items_.begin(), items_.end(), [](const QTreeWidgetItem* item) {
+        return item->childCount() == 0 && !item->isHidden();
+    });
+    if (first == items_.end())
+        browser_.tree->clearSelection();
+    else
+        browser_.tree->setCurrentItem(*first);
 }
 
 std::size_t ChannelSelectorBinding::lineOf(const QTreeWidgetItem* item) const

@@ -37,6 +37,7 @@ private:
     void picked();
     void activated(const QTreeWidgetItem& item);
     void applyFilter();
+    void followFilter();
     [[nodiscard]] std::size_t lineOf(const QTreeWidgetItem* item) const;
 
     ChannelSelector& selector_;

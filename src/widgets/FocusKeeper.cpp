@@ -116,8 +116,11 @@ bool FocusKeeper::step(bool forward)
             return true;
         next = stops.begin();
     }
-    if (next != stops.end() && next != here)
+    if (next != stops.end() && next != here) {
+        // The style draws the focus of buttons only for the keyboard.
+        surface_.window()->setAttribute(Qt::WA_KeyboardFocusChange);
         request(**next);
+    }
     return true;
 }
 

@@ -33,7 +33,7 @@ public:
     /// Caption and place as the form has them now.
     void follow()
     {
-        setWindowTitle(withoutMnemonic(toQt(form_.caption())));
+        setWindowTitle(toQt(form_.caption()));
         const QPoint place(toPixels(*this, form_.bounds().left), toPixels(*this, form_.bounds().top));
         // Where the user has moved the dialog to is none of the form's business.
         if (place_ != place)

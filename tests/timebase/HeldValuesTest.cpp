@@ -1,0 +1,112 @@
+#include "fakes/DocumentTest.h"
+
+#include <cmath>
+
+namespace ko::test {
+namespace {
+
+/// What the page shows stands for what the drivers hold, however they round.
+class HeldValues : public DocumentTest {
+protected:
+    static std::function<double(double)> nearest(double a, double b)
+    {
+        return [a, b](double value) { return std::abs(value - a) <= std::abs(value - b) ? a : b; };
+    }
+    void walk(std::initializer_list<TextBox*> boxes)
+    {
+        for (TextBox* box : boxes)
+            EXPECT_TRUE(page().moveFocus(box)) << box->name();
+        EXPECT_TRUE(page().moveFocus(nullptr));
+    }
+};
+
+TEST_F(HeldValues, WhatDriversMakeOfTheLoadedScanPeriodIsShown)
+{
+    FakeDriver& driver = addDriver(2);
+    driver.scanPeriod = 0.15;
+    driver.scanRange = {0.2, 2};
+    driver.keeps = nearest(0.2, 2);
+    open();
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.2");
+    EXPECT_EQ(page().txtScanRate.text(), "5");
+    driver.scanChoices = {0.2, 2};
+    driver.scanPeriod = 1.9;
+    handOver();
+    EXPECT_EQ(page().cmbScanPeriod.index(), 1);
+}
+
+TEST_F(HeldValues, DriversThatRoundDifferentlyAreLeftAloneByAWalk)
+{
+    addDriver(2).keeps = nearest(0.1, 0.2);
+    addDriver(2).keeps = nearest(0.3, 0.4);
+    open();
+    ASSERT_TRUE(page().moveFocus(&page().txtScanPeriod));
+    page().txtScanPeriod.userReplaced("0.25", 0, 0);
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.3");
+    EXPECT_EQ(page().txtScanRate.text(), "3.33333333333333");
+    for (const auto& driver : fakes)
+        driver->writes.clear();
+    const int changes = host.changes;
+    walk({&page().txtScanRate, &page().txtScanPeriod});
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.3");
+    EXPECT_EQ(page().txtScanRate.text(), "3.33333333333333");
+    EXPECT_EQ(fakes[0]->writes, Texts());
+    EXPECT_EQ(fakes[1]->writes, Texts());
+    EXPECT_EQ(host.changes, changes);
+}
+
+TEST_F(HeldValues, ABoxShownOutOfBoundsCatchesNobodyAndWritesNothing)
+{
+    FakeDriver& driver = addDriver();
+    driver.blockRange = {4, 64};
+    driver.blockSize = 8;
+    driver.sampleRange = {0.001, 1};
+    FakeDriver& other = addDriver();
+    other.blockRange = {16, 64};
+    other.sampleRange = {0.01, 1};
+    open();
+    EXPECT_EQ(page().txtBlockSize.text(), "16");
+    walk({&page().txtSamplePeriod, &page().txtSampleRate, &page().txtBlockSize});
+    EXPECT_EQ(driver.blockSize, 8);
+    EXPECT_EQ(driver.samplePeriod, 0.001);
+    ASSERT_TRUE(page().moveFocus(&page().txtSamplePeriod));
+    page().txtSamplePeriod.userReplaced("0.5", 0, 0);
+    page().txtSamplePeriod.userReplaced("1.", 0, 0);
+    walk({&page().txtBlockSize});
+    EXPECT_EQ(page().txtSamplePeriod.text(), "1");
+}
+
+TEST_F(HeldValues, AChoiceStandsForItsExactPeriod)
+{
+    for (const std::int32_t samplingMode : {1, 2}) {
+        FakeDriver& driver = addDriver(samplingMode);
+        driver.samplePeriod = driver.scanPeriod = 1.0 / 3;
+        driver.sampleChoices = driver.scanChoices = {1.0 / 3, 0.5};
+        driver.blockChoices = {0, 512};
+    }
+    open();
+    EXPECT_EQ(page().cmbBlockSize.items().size(), 1U) << "a block size of 0 is no choice";
+    const int changes = host.changes;
+    page().cmbSamplePeriod.userChose(0);
+    page().cmbSampleRate.userChose(0);
+    EXPECT_EQ(host.changes, changes);
+    page().cmbScanRate.userChose(0);
+    EXPECT_EQ(fakes[0]->samplePeriod, 1.0 / 3);
+    EXPECT_EQ(fakes[1]->scanPeriod, 1.0 / 3);
+}
+
+TEST_F(HeldValues, WhatCannotBeReadBackIsNotShownAsIfItWere)
+{
+    FakeDriver& driver = addDriver();
+    driver.sampleRange = {1e-6, 1};
+    open();
+    ASSERT_TRUE(page().moveFocus(&page().txtSamplePeriod));
+    driver.failing = {"SamplePeriod"};
+    page().txtSamplePeriod.userReplaced("0.5", 0, 0);
+    EXPECT_EQ(page().txtSampleRate.text(), "2");
+    EXPECT_EQ(page().lblSpanValue.caption(), "");
+    EXPECT_FALSE(host.takeReports().empty());
+}
+
+} // namespace
+} // namespace ko::test
