@@ -27,7 +27,7 @@ public:
 
 private:
     struct Written {
-        Timebase* timebase;
+        Timebase* timebase = nullptr;
         ScheduleChange before;
     };
 

@@ -96,14 +96,6 @@ bool CalendarBinding::eventFilter(QObject* object, QEvent* event)
     return true;
 }
 
-bool TimeWidget::event(QEvent* event)
-{
-    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
-    if (key != Qt::Key_Tab && key != Qt::Key_Backtab)
-        return QTimeEdit::event(event);
-    return QWidget::focusNextPrevChild(key == Qt::Key_Tab);
-}
-
 void TimeWidget::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Shift || event->key() == Qt::Key_AltGr)
@@ -153,6 +145,9 @@ void TimePickerBinding::refresh(Aspect aspect)
 
 bool TimePickerBinding::eventFilter(QObject*, QEvent* event)
 {
+    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+        return view_.focus().step(key == Qt::Key_Tab);
     // The wheel turns the time only where the user is.
     if (event->type() != QEvent::Wheel || widget_.hasFocus())
         return false;

@@ -28,20 +28,20 @@ private:
     bool showing_ = false;
 };
 
-/// A time edit that tabbing goes to and leaves as a whole; the arrow keys and the separators lead through its parts.
+/// A time edit that can be typed in with its separators, although a finished part leads on to the next by itself.
 class TimeWidget : public QTimeEdit {
 public:
     using QTimeEdit::QTimeEdit;
 
 protected:
-    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     bool hasAdvanced_ = false; ///< the last digit has completed a part and led on to the next
 };
 
-/// A selector for a time of day, which the control hears of while it is being typed.
+/// A selector for a time of day, which the control hears of while it is being typed. Tabbing goes to it and leaves it
+/// as a whole; the arrow keys lead through its parts.
 class TimePickerBinding : public Binding {
 public:
     TimePickerBinding(FormView& view, TimePicker& control, QTimeEdit& widget);

@@ -58,7 +58,7 @@ protected:
                   (TriggerVars{fakes[0]->startMode, fakes[0]->startTime, fakes[0]->stopMode, fakes[0]->duration}));
     }
     /// What the user picks in the dialog when it opens next.
-    void pick(std::function<void(SetDateTime&)> actions)
+    void pick(const std::function<void(SetDateTime&)>& actions)
     {
         host.inModalForm = [actions](Form& form) { actions(dynamic_cast<SetDateTime&>(form)); };
     }

@@ -8,7 +8,7 @@ namespace ko::test {
 namespace {
 
 struct Tips {
-    int hour, minute, second;
+    int hour = 0, minute = 0, second = 0;
     Drawing::Position secondHand, minuteHand, hourHand;
 };
 

@@ -1,31 +1,14 @@
 #include "schedule/Recording.h"
 
-#include "fakes/FakePlatform.h"
+#include "fakes/SectionTest.h"
 #include "platform/DateTimes.h"
-
-#include <gtest/gtest.h>
 
 namespace ko::test {
 namespace {
 
-class NoActions final : public Actions {
-public:
-    void markChanged() override {}
-    std::int32_t updateDiskSpace() override { return 0; }
-    void refreshEstimate() override {}
-    void captureStartStop() override {}
-    void enableTriggering(bool) override {}
-    void disableTriggering(bool) override {}
-    void setTriggerSource(bool) override {}
-};
-
-class RecordingTest : public testing::Test {
+class RecordingTest : public SectionTest {
 protected:
-    FakePlatform host;
-    Support support{host.platform, {}};
-    NoActions actions;
-    Page page;
-    Recording recording{page, support, actions};
+    Recording recording{page, support, *this};
 
     RecordingTest() { page.cmbInterval.setItems({{"s", 1}, {"n", 60}, {"h", 3600}, {"d", 86400}}); }
 };

@@ -14,9 +14,9 @@ public:
 };
 
 struct Placement {
-    const char* what;
+    const char* what = "";
     Point cursor;
-    std::int32_t width;
+    std::int32_t width = 0;
     std::optional<Rectangle> workArea;
     Point atCursor, centred;
 };
