@@ -17,7 +17,7 @@ using Value = std::variant<std::monostate, bool, std::int32_t, double, std::stri
 struct DateTime {
     double days = 0.0;
 
-    auto operator<=>(const DateTime&) const = default;
+    auto operator<=>(const DateTime&) const = default; // NOLINT(modernize-use-nullptr): a comparison with 0
     [[nodiscard]] bool hasDate() const { return days >= 1.0; }
 };
 

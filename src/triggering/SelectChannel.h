@@ -40,9 +40,11 @@ private:
     void Form_Resize();
     bool show(const ChannelSelections& channels);
 
+    // NOLINTBEGIN(readability-identifier-naming): the names that hosts know
     bool Accepted = false;
     ChannelSelections Sel; ///< what was selected when the dialog was accepted
     std::int32_t SelCount = 0;
+    // NOLINTEND(readability-identifier-naming)
 };
 
 } // namespace ko
