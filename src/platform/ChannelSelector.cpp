@@ -65,7 +65,8 @@ void ChannelSelector::listGroup(const std::shared_ptr<Driver>& driver, std::int3
         };
         const std::string name = attributeText(attribute::name);
         const std::string address = attributeText(attribute::address);
-        entries_.push_back({driver, slot, channel, name.empty() ? address : name + " (" + address + ")"});
+        entries_.push_back({driver, slot, channel,
+                            name.empty() ? address : std::string(name).append(" (").append(address).append(")")});
     }
     if (entries_.size() == groupLine)
         return;
