@@ -17,8 +17,8 @@ Range StaticEntry::hintOf(const NumberBounds& bounds)
 double StaticEntry::scanPeriod()
 {
     const Drivers drivers = page().currentDrivers();
-    for (auto driver = drivers.rbegin(); driver != drivers.rend(); ++driver)
-        if (Timebase* timebase = *driver ? (*driver)->queryTimebase() : nullptr)
+    for (std::size_t i = drivers.size(); i > 0; --i)
+        if (Timebase* timebase = drivers[i - 1] ? drivers[i - 1]->queryTimebase() : nullptr)
             return timebase->ScanPeriod();
     fail(failure::noObject);
 }
