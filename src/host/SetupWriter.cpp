@@ -1,5 +1,10 @@
 #include "host/SetupWriter.h"
 
+#include "host/SetupFile.h"
+#include "platform/DateTimes.h"
+
+#include <cstdio>
+
 namespace ko {
 
 namespace {
@@ -83,7 +88,48 @@ Json failingJson(const SimulatedFailure& failure)
     return {{"operation", failure.operation}, {"number", failure.number}, {"description", failure.description}};
 }
 
+/// The form that `readClockTime` reads.
+std::string clockText(DateTime time)
+{
+    const DateParts parts = dateParts(time);
+    char text[40];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.day, parts.hour,
+                  parts.minute, parts.second);
+    return text;
+}
+
+constexpr std::size_t lineWidth = 110;
+
+/// What fits into the rest of its line stands in it; anything longer has a line for each member.
+std::string layOut(const Json& json, std::size_t indent)
+{
+    std::string whole = json.dump();
+    if (!json.is_structured() || indent + whole.size() <= lineWidth)
+        return whole;
+    const std::string margin(indent + 2, ' ');
+    std::string result;
+    for (const auto& member : json.items()) {
+        result += (result.empty() ? "\n" : ",\n") + margin;
+        if (json.is_object())
+            result += Json(member.key()).dump() + ": ";
+        result += layOut(member.value(), indent + 2);
+    }
+    const std::string end = "\n" + std::string(indent, ' ');
+    return json.is_object() ? "{" + result + end + "}" : "[" + result + end + "]";
+}
+
 } // namespace
+
+std::string setupText(const Setup& setup)
+{
+    Json json{{"title", setup.title}};
+    if (setup.clock)
+        json["clock"] = clockText(*setup.clock);
+    json["drivers"] = Json::array();
+    for (const InstrumentSettings& instrument : setup.instruments)
+        json["drivers"].push_back(toJson(instrument));
+    return layOut(json, 0) + "\n";
+}
 
 Json toJson(const Value& value)
 {

@@ -3,8 +3,15 @@
 #include "host/InstrumentSettings.h"
 
 #include <nlohmann/json.hpp>
+#include <string>
 
 namespace ko {
+
+struct Setup;
+
+/// The content of a set-up file, laid out to be read by people; reading it gives the same set-up. Failure (an
+/// `nlohmann::json::exception`) for text that is not UTF-8.
+std::string setupText(const Setup& setup);
 
 /// An instrument in the shape of a set-up file; reading it gives the same instrument.
 nlohmann::ordered_json toJson(const InstrumentSettings& instrument);

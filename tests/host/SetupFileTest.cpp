@@ -1,8 +1,11 @@
 #include "host/SetupFile.h"
 #include "host/InputError.h"
+#include "host/SetupSaving.h"
 #include "host/SetupWriter.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace ko {
 namespace {
@@ -82,14 +85,40 @@ TEST(SetupFileTest, AFileWithEveryKeyIsReadAndWhatIsMissingTakesItsDefault)
     EXPECT_EQ(timebase->duration, 10.0F);
 }
 
-TEST(SetupFileTest, WhatIsWrittenReadsBackAsTheSameInstruments)
+TEST(SetupFileTest, WhatIsWrittenReadsBackAsTheSameSetup)
 {
-    const auto setup = parseSetup(everything, "bench.json");
-    nlohmann::ordered_json drivers = nlohmann::ordered_json::array();
-    for (const auto& driver : makeDrivers(setup))
-        drivers.push_back(toJson(driver->settings()));
-    const std::string written = nlohmann::ordered_json{{"drivers", drivers}}.dump();
-    EXPECT_EQ(parseSetup(written, "written.json").instruments, setup.instruments) << written;
+    const ko::Setup setup = parseSetup(everything, "bench.json");
+    const std::string written = setupText(withPresentValues(setup, makeDrivers(setup)));
+    EXPECT_EQ(parseSetup(written, "written.json"), setup) << written;
+    EXPECT_EQ(setupText(ko::Setup{}), "{\"title\":\"Timebase Editor\",\"drivers\":[]}\n");
+}
+
+TEST(SetupFileTest, AFileIsSavedWholeOrNotAtAll)
+{
+    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "AFileIsSavedWholeOrNotAtAll";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directory(folder);
+    const std::string file = (folder / "bench.json").string();
+    const std::string link = (folder / "link.json").string();
+    std::filesystem::create_symlink("bench.json", link);
+    ko::Setup setup = parseSetup(everything, "bench.json");
+    saveSetup(file, setup);
+    setup.title = "Changed";
+    saveSetup(link, setup);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(loadSetup(file), setup);
+
+    ko::Setup unwritable = setup;
+    unwritable.title = "\xff";
+    EXPECT_THROW(saveSetup(file, unwritable), InputError);
+    EXPECT_EQ(loadSetup(file), setup);
+    EXPECT_THROW(saveSetup((folder / "missing" / "bench.json").string(), setup), InputError);
+    const std::string pipe = (folder / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_THROW(saveSetup(pipe, setup), InputError);
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3);
+    std::filesystem::remove_all(folder);
 }
 
 struct Refused {
