@@ -1,0 +1,81 @@
+"""string_files.py FOLDER: every translation in FOLDER has just the entries of en.txt, each in the shape that the
+program relies on."""
+import re
+import sys
+from pathlib import Path
+
+# The texts whose mnemonics are pressed in the same place.
+TOGETHER = {
+    "page and menu bar": [1105, 1106, 1107, 1108, 1126, 3101, 3105, 3110, 3112],
+    "date dialog": [1207, 1208],
+    "menu File": [3102, 3103, 3104],
+    "menu Edit": [3106, 3107, 3108, 3109],
+    "menu Help": [3113, 3114],
+}
+# English texts that are given as they are.
+GIVEN = {(1107, 1126)}
+
+
+def entries(path):
+    """The texts of a string file by their numbers."""
+    texts = {}
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+        if not line or line.startswith("#"):
+            continue
+        entry = re.fullmatch(r'([1-9]\d*) "(.*)"', line)
+        if not entry:
+            sys.exit(f"{path}:{number}: no entry")
+        if int(entry[1]) in texts:
+            sys.exit(f"{path}:{number}: a second {entry[1]}")
+        texts[int(entry[1])] = entry[2]
+    return texts
+
+
+def shape(text):
+    """What a translation has to keep: blanks at the ends, place holders, whether there is a mnemonic, dots."""
+    return {
+        "leading blanks": len(text) - len(text.lstrip()),
+        "trailing blanks": len(text) - len(text.rstrip()),
+        "place holders": sorted(re.findall(r"%\w", text)),
+        "mnemonics": len(re.findall(r"&[^&\s]", text)),
+        "dots at the end": text.endswith("..."),
+        "emptiness": not text.strip(),
+    }
+
+
+def unlike(name, english, texts):
+    for number in sorted(english.keys() | texts.keys()):
+        if number not in texts:
+            yield f"{name}: {number} is missing: {english[number]}"
+        elif number not in english:
+            yield f"{name}: {number} is not in en.txt"
+        else:
+            for what, expected in shape(english[number]).items():
+                if shape(texts[number])[what] != expected:
+                    yield f"{name}: {number}: {what}: {texts[number]!r} for {english[number]!r}"
+
+
+def ambiguous(name, texts, given):
+    for place, numbers in TOGETHER.items():
+        keys = {}
+        for number in numbers:
+            for key in re.findall(r"&([^&\s])", texts.get(number, "")):
+                other = keys.setdefault(key.lower(), number)
+                if other != number and (other, number) not in given:
+                    yield f"{name}: {place}: {other} and {number} share the mnemonic {key}"
+
+
+def main(folder):
+    files = {path.stem: entries(path) for path in sorted(folder.glob("*.txt"))}
+    english = files.pop("en")
+    if not files:
+        sys.exit(f"{folder}: no translation")
+    wrong = list(ambiguous("en", english, GIVEN))
+    for name, texts in files.items():
+        wrong += [*unlike(name, english, texts), *ambiguous(name, texts, set())]
+    print("\n".join(wrong))
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(Path(sys.argv[1])))
