@@ -5,5 +5,5 @@ ko_folder(frame SOURCES
   FrameWindow.cpp
   Reports.cpp
   WindowMain.cpp
-  LINKS KoTimebaseEditor ko_instruments ko_widgets
+  LINKS KoTimebaseEditor ko_data ko_instruments ko_widgets
 )

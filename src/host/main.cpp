@@ -1,4 +1,5 @@
 #include "host/InputError.h"
+#include "host/Language.h"
 #include "host/Scenario.h"
 #include "host/SystemLocale.h"
 #include "host/WindowMain.h"
@@ -31,25 +32,11 @@ void declare(CLI::App& app, CommandLine& line)
                    "\"system\": the user's regional settings instead of English (United States)")
         ->check(CLI::IsMember({"system"}))
         ->needs(headless);
-    app.add_option("--language", line.language, "String file, or language code (\"de\" for strings/de.txt)");
+    app.add_option("--language", line.language,
+                   "String file or language code; a window without it follows the system's language");
     app.add_option("--picture", line.picture, "Paint the page into this file and leave")->excludes(headless);
     app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments");
     app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")->needs(headless);
-}
-
-/// The content of the string file that `language` names: a file, or a code for a file in one of the folders where
-/// string files are kept.
-std::string languageContent(const std::string& language, const std::filesystem::path& programFolder)
-{
-    namespace fs = std::filesystem;
-    if (language.empty() || language == "en")
-        return {};
-    const std::string name = language + ".txt";
-    for (const fs::path& file :
-         {fs::path(language), fs::path("strings") / name, programFolder / "../share/KoTimebaseEditor/strings" / name})
-        if (fs::is_regular_file(file))
-            return ko::readFile(file.string());
-    throw ko::InputError(language + ": neither a string file nor a language that there are strings for");
 }
 
 /// Opened once only: a script may come through a pipe.
@@ -95,7 +82,8 @@ int runHeadless(const CommandLine& line, const std::string& language)
 
 int run(const CommandLine& line, int& argc, char** argv)
 {
-    const std::string language = languageContent(line.language, std::filesystem::path(argv[0]).parent_path());
+    const bool followsSystem = line.language.empty() && !line.headless;
+    const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
     if (!line.headless)
         return ko::runWindow(argc, argv, {.setup = line.setup, .language = language, .picture = line.picture});
     if (line.setup.empty())

@@ -7,15 +7,15 @@ import tempfile
 import unittest
 from pathlib import Path
 
-PROGRAM, DEMO = sys.argv[1], Path(sys.argv[2])
+PROGRAM, DEMO = (Path(argument).resolve() for argument in sys.argv[1:3])
 SETUP = DEMO / "engine-bench-demo.json"
 
 
-def run(*arguments, script="", **environment):
+def run(*arguments, script="", cwd=None, **environment):
     kept = {name: value for name, value in os.environ.items()
             if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
     return subprocess.run([PROGRAM, *map(str, arguments)], input=script, text=True, capture_output=True, timeout=60,
-                          env={**kept, **environment}, check=False)
+                          env={**kept, **environment}, cwd=cwd, check=False)
 
 
 class Program(unittest.TestCase):
@@ -47,6 +47,17 @@ class Program(unittest.TestCase):
             picture = Path(folder) / "page.png"
             self.assertEqual(run("--picture", picture, SETUP).returncode, 0)
             self.assertTrue(picture.read_bytes().startswith(b"\x89PNG"))
+
+    def test_languages_are_found_from_any_folder_and_a_territory_stands_for_its_language(self):
+        with tempfile.TemporaryDirectory() as folder:
+            (Path(folder) / "own.txt").write_text('1112 "Tage"\n', encoding="utf-8")
+            script = "setup\nshow\nexpect cmbInterval items "
+            english, own = ('["seconds","minutes","hours",%s]' % day for day in ('"days"', '"Tage"'))
+            for language, items, status in (("en", english, 0), ("en_AU", english, 0), ("own.txt", own, 0),
+                                            ("own.txt", english, 1), ("xx", english, 2)):
+                done = run("--headless", "--language", language, SETUP, cwd=folder,
+                           script=script + json.dumps(items) + "\n")
+                self.assertEqual(done.returncode, status, (language, done.stdout, done.stderr))
 
 
 if __name__ == "__main__":
