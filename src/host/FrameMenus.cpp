@@ -1,4 +1,5 @@
 #include "host/FrameWindow.h"
+#include "host/HelpWindow.h"
 #include "host/HostTexts.h"
 #include "host/Reports.h"
 #include "widgets/Guarded.h"
@@ -104,16 +105,7 @@ void FrameWindow::print()
 
 void FrameWindow::showHelp(std::int32_t topic)
 {
-    auto* window = findChild<QMessageBox*>(QStringLiteral("help"));
-    if (!window) {
-        window = new QMessageBox(QMessageBox::NoIcon, QString(), QString(), QMessageBox::Close, this);
-        window->setObjectName(QStringLiteral("help"));
-        window->setModal(false);
-    }
-    window->setWindowTitle(withoutMnemonic(text(hostText::helpMenu)));
-    window->setText(text(hostText::helpTopic).arg(topic));
-    window->show();
-    window->raise();
+    ko::showHelp([this](int number) { return text(number); }, *this, topic);
 }
 
 void FrameWindow::showAbout()

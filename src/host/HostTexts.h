@@ -26,9 +26,13 @@ inline constexpr int notOpened = 3118;
 inline constexpr int noSetup = 3119;
 inline constexpr int reports = 3120;
 inline constexpr int reportCount = 3121;
-inline constexpr int helpTopic = 3122;
 inline constexpr int aboutText = 3123;
 inline constexpr int reportsHint = 3124;
+inline constexpr int languageCode = 3220; ///< the folder of the help pages
+inline constexpr int back = 3221;
+inline constexpr int forward = 3222;
+inline constexpr int closeHelp = 3223;
+inline constexpr int helpMissing = 3224;
 } // namespace hostText
 
 } // namespace ko

@@ -13,6 +13,7 @@
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -165,9 +166,10 @@ TEST_F(FrameWindowTest, ReadOnlyAndHelpReachThePage)
     EXPECT_TRUE(page().readOnly);
     EXPECT_FALSE(at(page().frmStart).isEnabled());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
-    const auto* help = window.findChild<QMessageBox*>("help");
+    const auto* help = window.findChild<QDialog*>("help");
     ASSERT_NE(help, nullptr);
-    EXPECT_EQ(help->text(), window.text(hostText::helpTopic).arg(507));
+    EXPECT_EQ(help->findChild<QTextBrowser*>()->source().fileName(), "read-only.html");
+    EXPECT_TRUE(help->isVisible());
 }
 
 TEST_F(FrameWindowTest, AFailingInstrumentIsListedAndNothingPopsUp)

@@ -1,0 +1,107 @@
+#include "host/HelpWindow.h"
+
+#include "host/DataFolders.h"
+#include "host/HostTexts.h"
+#include "interfaces/ClientSite.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+namespace ko {
+
+namespace {
+
+QString pageOf(std::int32_t topic)
+{
+    switch (topic) {
+    case helpTopic::page: return QStringLiteral("page.html");
+    case helpTopic::readOnlyPage: return QStringLiteral("read-only.html");
+    case helpTopic::selectChannel: return QStringLiteral("select-channel.html");
+    case helpTopic::setDateTime: return QStringLiteral("date-time.html");
+    case helpTopic::advancedTrig: return QStringLiteral("trigger-lines.html");
+    default: return QStringLiteral("index.html");
+    }
+}
+
+} // namespace
+
+HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* parent)
+    : QDialog(parent), folder_(folder), missingText_(texts(hostText::helpMissing)), browser_(new QTextBrowser(this))
+{
+    setObjectName(QStringLiteral("help"));
+    setWindowTitle(withoutMnemonic(texts(hostText::helpMenu)));
+    browser_->setAccessibleName(windowTitle());
+    auto* buttons = new QDialogButtonBox(this);
+    auto& contents = *buttons->addButton(texts(hostText::contents), QDialogButtonBox::ActionRole);
+    auto& back = *buttons->addButton(texts(hostText::back), QDialogButtonBox::ActionRole);
+    auto& forward = *buttons->addButton(texts(hostText::forward), QDialogButtonBox::ActionRole);
+    auto& close = *buttons->addButton(texts(hostText::closeHelp), QDialogButtonBox::RejectRole);
+    close.setDefault(true);
+    connectButtons(contents, back, forward);
+    connect(&close, &QPushButton::clicked, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(browser_);
+    layout->addWidget(buttons);
+    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 40);
+    browser_->setFocus();
+}
+
+void HelpWindow::connectButtons(QPushButton& contents, QPushButton& back, QPushButton& forward)
+{
+    back.setEnabled(false);
+    forward.setEnabled(false);
+    connect(&contents, &QPushButton::clicked, this, [this] { showPage(pageOf(0)); });
+    connect(&back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
+    connect(&forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
+    connect(browser_, &QTextBrowser::backwardAvailable, &back, &QPushButton::setEnabled);
+    connect(browser_, &QTextBrowser::forwardAvailable, &forward, &QPushButton::setEnabled);
+    connect(browser_, &QTextBrowser::sourceChanged, this, [this] { setWindowTitle(browser_->documentTitle()); });
+}
+
+void HelpWindow::turnTo(std::int32_t topic)
+{
+    showPage(pageOf(topic));
+}
+
+void HelpWindow::showPage(const QString& name)
+{
+    const QString file = folder_ + QLatin1Char('/') + name;
+    if (QFileInfo::exists(file))
+        browser_->setSource(QUrl::fromLocalFile(file));
+    else
+        browser_->setPlainText(missingText_.arg(file));
+}
+
+namespace {
+
+QString helpFolder(const Texts& texts)
+{
+    for (const QString& language : {texts(hostText::languageCode), QStringLiteral("en")})
+        if (const auto contents = findDataFile(fromQt(QStringLiteral("help/%1/index.html").arg(language))))
+            return toQt(contents->parent_path().string());
+    return QStringLiteral("help");
+}
+
+} // namespace
+
+void showHelp(const Texts& texts, QWidget& frame, std::int32_t topic)
+{
+    auto* window = dynamic_cast<HelpWindow*>(frame.findChild<QDialog*>(QStringLiteral("help")));
+    if (!window)
+        window = new HelpWindow(texts, helpFolder(texts), &frame);
+    // Only a window of its own stays usable beside a modal dialog.
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* owner = modal ? modal : &frame;
+    if (window->parentWidget() != owner)
+        window->setParent(owner, window->windowFlags());
+    window->turnTo(topic);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+} // namespace ko

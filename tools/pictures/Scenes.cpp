@@ -1,0 +1,148 @@
+#include "Scenes.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMetaEnum>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+namespace ko::pictures {
+
+namespace {
+
+Page& page(FrameWindow& window)
+{
+    return window.document().page();
+}
+
+QPixmap whole(FrameWindow& window)
+{
+    QApplication::processEvents();
+    return window.grab();
+}
+
+/// Runs `open`, which shows a modal dialog, and paints the dialog once it is there.
+template <class Open> QPixmap dialogOf(const Open& open)
+{
+    QPixmap picture;
+    QTimer::singleShot(300, [&picture] {
+        if (QWidget* dialog = QApplication::activeModalWidget()) {
+            picture = dialog->grab();
+            dialog->close();
+        }
+    });
+    open();
+    return picture;
+}
+
+/// Starts on a trigger of the first channel that has trigger parameters.
+void onTrigger(FrameWindow& window)
+{
+    page(window).optOnTrigger.userClicked();
+    QTimer::singleShot(300, [] {
+        auto* tree = QApplication::activeModalWidget()->findChild<QTreeWidget*>();
+        QTreeWidgetItem* item = tree->topLevelItem(0);
+        while (item->childCount() > 0)
+            item = item->child(0);
+        tree->setCurrentItem(item);
+        QTest::keyClick(tree, Qt::Key_Return);
+    });
+    page(window).cmdChannel.userClicked();
+}
+
+QPixmap trigger(FrameWindow& window)
+{
+    onTrigger(window);
+    return whole(window);
+}
+
+QPixmap selectChannel(FrameWindow& window)
+{
+    onTrigger(window);
+    return dialogOf([&] { page(window).cmdChannel.userClicked(); });
+}
+
+QPixmap dateTime(FrameWindow& window)
+{
+    page(window).optStartTime.userClicked();
+    return dialogOf([&] { page(window).cmdStartTime.userClicked(); });
+}
+
+QPixmap triggerLines(FrameWindow& window)
+{
+    onTrigger(window);
+    return dialogOf([&] { page(window).mnuTimebaseTriggerLines.userClicked(); });
+}
+
+/// Typed with the keyboard alone, and not a number.
+QPixmap invalid(FrameWindow& window)
+{
+    QWidget* box = window.page().view().widget(page(window).txtDuration);
+    QTest::mouseClick(box, Qt::LeftButton);
+    QTest::keyClicks(box, QStringLiteral("12.5x"));
+    return whole(window);
+}
+
+/// The focus as the keyboard leads to it.
+QPixmap keyboard(FrameWindow& window)
+{
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &window, Qt::Key_Tab);
+    return whole(window);
+}
+
+/// What is told of a widget to those who do not see it, a line for each.
+void describe(QAccessibleInterface& element, int depth, QStringList& lines)
+{
+    static const QMetaEnum roles = QMetaEnum::fromType<QAccessible::Role>();
+    const QString name = element.text(QAccessible::Name);
+    const QString value = element.text(QAccessible::Value);
+    const QString hint = element.text(QAccessible::Description);
+    if (!name.isEmpty()) {
+        QString line =
+            QString(depth * 2, QLatin1Char(' ')) + name + QStringLiteral(" [%1]").arg(roles.valueToKey(element.role()));
+        if (!value.isEmpty())
+            line += QStringLiteral(" = ") + value;
+        lines << (hint.isEmpty() ? line : line + QStringLiteral("  (%1)").arg(hint));
+    }
+    for (int i = 0; i < element.childCount(); ++i)
+        if (QAccessibleInterface* child = element.child(i))
+            if (!child->state().invisible)
+                describe(*child, name.isEmpty() ? depth : depth + 1, lines);
+}
+
+QPixmap screenReader(FrameWindow& window)
+{
+    onTrigger(window);
+    QApplication::processEvents();
+    QStringList lines;
+    describe(*QAccessible::queryAccessibleInterface(&window.page().view()), 0, lines);
+    QPlainTextEdit text;
+    text.setPlainText(lines.join(QLatin1Char('\n')));
+    text.resize(1000, text.fontMetrics().lineSpacing() * (int(lines.size()) + 3));
+    return text.grab();
+}
+
+constexpr Scene all[]{
+    {"page", whole},
+    {"trigger", trigger},
+    {"select-channel", selectChannel},
+    {"date-time", dateTime},
+    {"trigger-lines", triggerLines},
+    {"invalid", invalid},
+    {"keyboard", keyboard},
+    {"screen-reader", screenReader},
+};
+
+} // namespace
+
+std::span<const Scene> scenes()
+{
+    return all;
+}
+
+} // namespace ko::pictures
