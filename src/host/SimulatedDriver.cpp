@@ -70,6 +70,11 @@ InstrumentSettings SimulatedDriver::settings() const
     return present;
 }
 
+void SimulatedDriver::enableChannel(std::int32_t group, std::int32_t channel, bool enabled)
+{
+    elementAt(elementAt(settings_.groups, group).channels, channel).enabled = std::int32_t{enabled};
+}
+
 std::int32_t SimulatedDriver::GroupCount()
 {
     return calls_.read(Operation::GroupCount, {}, [&] { return static_cast<std::int32_t>(settings_.groups.size()); });

@@ -19,6 +19,8 @@ public:
     /// The settings with the present values.
     [[nodiscard]] InstrumentSettings settings() const;
     [[nodiscard]] const std::string& name() const { return settings_.name; }
+    /// What the owner of the instrument does, behind the page's back. Failure 9 for a channel that there is not.
+    void enableChannel(std::int32_t group, std::int32_t channel, bool enabled);
     /// Where calls are counted, observed and made to fail.
     [[nodiscard]] CallGate& calls() { return calls_; }
 
