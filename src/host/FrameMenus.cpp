@@ -1,17 +1,29 @@
+#include "host/DriverLog.h"
 #include "host/FrameWindow.h"
 #include "host/HelpWindow.h"
 #include "host/HostTexts.h"
+#include "host/InstrumentsView.h"
 #include "host/Reports.h"
 #include "widgets/Guarded.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPrintDialog>
 
 namespace ko {
+
+namespace {
+
+/// A file's name as a menu shows it, reached by its number.
+QString entryOf(int number, const QString& file)
+{
+    const QFileInfo info(file);
+    QString text = QStringLiteral("%1 (%2)").arg(info.fileName(), info.path());
+    return QStringLiteral("&%1  %2").arg(number).arg(text.replace(u'&', QStringLiteral("&&")));
+}
+
+} // namespace
 
 void FrameWindow::makeMenus()
 {
@@ -22,22 +34,53 @@ void FrameWindow::makeMenus()
     makeHelpMenu();
 }
 
+QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act)
+{
+    QAction* entry = menu.addAction(text(label));
+    entry->setShortcut(key);
+    connect(entry, &QAction::triggered, this, [act = std::move(act)] { guarded(act); });
+    return *entry;
+}
+
 void FrameWindow::makeFileMenu()
 {
-    QMenu* menu = menuBar()->addMenu(text(hostText::fileMenu));
-    QAction* openSetup = menu->addAction(text(hostText::openSetup));
-    openSetup->setShortcut(QKeySequence::Open);
-    connect(openSetup, &QAction::triggered, this, [this] { guarded([this] { chooseSetup(); }); });
-    menu->addSeparator();
-    QAction* printPage = menu->addAction(text(hostText::print));
-    printPage->setShortcut(QKeySequence::Print);
-    connect(printPage, &QAction::triggered, this, [this] { guarded([this] { print(); }); });
-    menu->addSeparator();
-    menu->addAction(&recording_->action());
-    menu->addSeparator();
-    QAction* quit = menu->addAction(text(hostText::quit));
-    quit->setShortcut(QKeySequence::Quit);
-    connect(quit, &QAction::triggered, this, &QWidget::close);
+    QMenu& menu = *menuBar()->addMenu(text(hostText::fileMenu));
+    addEntry(menu, hostText::openSetup, QKeySequence::Open, [this] { chooseSetup(); });
+    makeRecentMenu(menu);
+    menu.addSeparator();
+    addEntry(menu, hostText::save, QKeySequence::Save, [this] { save(); });
+    // Not every desktop has a standard key for it.
+    addEntry(menu, hostText::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveAs(); });
+    menu.addSeparator();
+    addEntry(menu, hostText::print, QKeySequence::Print, [this] { print(); });
+    addEntry(menu, hostText::printPreview, {}, [this] { previewPrint(); });
+    menu.addSeparator();
+    menu.addAction(&recording_->action());
+    menu.addSeparator();
+    addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
+}
+
+void FrameWindow::makeRecentMenu(QMenu& menu)
+{
+    QMenu* recent = menu.addMenu(text(hostText::recentFiles));
+    recent->setObjectName(QStringLiteral("recentFiles"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(*recent); });
+}
+
+void FrameWindow::fillRecentMenu(QMenu& menu)
+{
+    menu.clear();
+    if (recent_.files().isEmpty()) {
+        menu.addAction(text(hostText::noRecentFiles))->setEnabled(false);
+        return;
+    }
+    int number = 0;
+    for (const QString& file : recent_.files()) {
+        const QAction* entry = menu.addAction(entryOf(++number, file));
+        connect(entry, &QAction::triggered, this, [this, file] { guarded([&] { openRecent(file); }); });
+    }
+    menu.addSeparator();
+    addEntry(menu, hostText::clearRecent, {}, [this] { recent_.clear(); });
 }
 
 void FrameWindow::makeEditMenu()
@@ -64,48 +107,37 @@ void FrameWindow::makeEditMenu()
 
 void FrameWindow::makeViewMenu()
 {
-    QMenu* menu = menuBar()->addMenu(text(hostText::viewMenu));
-    QAction* readOnly = menu->addAction(text(hostText::readOnly));
+    QMenu& menu = *menuBar()->addMenu(text(hostText::viewMenu));
+    QAction* readOnly = menu.addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
     connect(readOnly, &QAction::toggled, this, [this](bool on) {
         recording_->host({"read-only", on ? "on" : "off"});
         document_->mode().setReadOnly(on);
     });
-    menu->addAction(reports_->toggleViewAction());
+    menu.addSeparator();
+    addDock(menu, *instruments_, hostText::instruments);
+    addDock(menu, *log_, hostText::driverLog);
+    addDock(menu, *reports_, hostText::reportsEntry);
+}
+
+void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)
+{
+    QAction* toggle = dock.toggleViewAction();
+    toggle->setText(text(label));
+    menu.addAction(toggle);
+    connect(toggle, &QAction::triggered, this, [&dock](bool shown) {
+        if (shown)
+            dock.setFocus(Qt::OtherFocusReason);
+    });
 }
 
 void FrameWindow::makeHelpMenu()
 {
-    QMenu* menu = menuBar()->addMenu(text(hostText::helpMenu));
+    QMenu& menu = *menuBar()->addMenu(text(hostText::helpMenu));
     // F1 is the page's key first; the text behind the tabulator only shows it.
-    QAction* contents = menu->addAction(text(hostText::contents) + QStringLiteral("\tF1"));
-    connect(contents, &QAction::triggered, this, [this] { runCommand(command::help); });
-    QAction* about = menu->addAction(text(hostText::about));
-    connect(about, &QAction::triggered, this, [this] { guarded([this] { showAbout(); }); });
-}
-
-void FrameWindow::chooseSetup()
-{
-    if (!okToLeave())
-        return;
-    const QString filter =
-        QStringLiteral("%1 (*.json);;%2 (*)").arg(text(hostText::setupFiles), text(hostText::allFiles));
-    const QString file = QFileDialog::getOpenFileName(this, text(hostText::openTitle), QFileInfo(file_).path(), filter);
-    if (!file.isEmpty())
-        openAsking(file);
-}
-
-void FrameWindow::print()
-{
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
-    if (toFile)
-        services_.printers.setPdfFile(printer.outputFileName());
-    const std::string name = toFile ? QtPrinters::pdfName : fromQt(printer.printerName());
-    document_->print().DefaultPrint(name, settingsOf(printer));
+    QAction& contents = addEntry(menu, hostText::contents, {}, [this] { runCommand(command::help); });
+    contents.setText(contents.text() + QStringLiteral("\tF1"));
+    addEntry(menu, hostText::about, {}, [this] { showAbout(); });
 }
 
 void FrameWindow::showHelp(std::int32_t topic)

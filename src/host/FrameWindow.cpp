@@ -1,31 +1,29 @@
 #include "host/FrameWindow.h"
 
+#include "host/DriverLog.h"
 #include "host/HostTexts.h"
-#include "host/InputError.h"
+#include "host/InstrumentsView.h"
 #include "host/Reports.h"
-#include "host/SetupSaving.h"
 #include "widgets/DateDialog.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
 #include "widgets/TriggerDialogs.h"
 
-#include <QCloseEvent>
-#include <QFileInfo>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMenuBar>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <QToolButton>
+#include <algorithm>
 
 namespace ko {
 
-FrameWindow::FrameWindow(const std::string& language)
-    : services_([this](const Form& form) -> QWidget* {
+FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings> settings)
+    : settings_(std::move(settings)), services_([this](const Form& form) -> QWidget* {
           const bool shown = document_ && &form == &document_->page();
           return shown && page_ ? &page_->view() : nullptr;
       }),
-      platform_(services_.platform([this] { return makeReporter(*reports_); }))
+      platform_(services_.platform([this] { return makeReporter(*reports_); })), recent_(settings_.get())
 {
     services_.messageBox.setOwner(this);
     services_.modalForms.setOwner(this);
@@ -33,37 +31,65 @@ FrameWindow::FrameWindow(const std::string& language)
     const Texts texts = [this](int number) { return text(number); };
     addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
     addDateDialog(services_.modalForms, component_->dialogs(), texts, platform_.locale);
-    reports_ = new Reports(texts, this);
-    addDockWidget(Qt::BottomDockWidgetArea, reports_);
+    makeDocks();
     document_ = component_->createDocument(*this);
     page_ = new PageWidget(document_->page(), texts, this);
     setCentralWidget(page_);
     makeStatusBar();
     page_->view().formChanged = [this] { showHint(); };
+    makeSession();
     makeRecording();
     makeMenus();
     makeSite();
-    showTitle(text(hostText::noSetup));
+    setAcceptDrops(true);
     document_->mode().setClientSite(site_);
-    handOver({});
+    handOver();
+    showTitle();
 }
 
 FrameWindow::~FrameWindow()
 {
     recording_.reset();
     site_->close();
+    watch_.watch({});
     page_->view().formChanged = nullptr;
+    // They take their texts from the component until they are gone.
     delete page_;
+    delete instruments_;
+    delete log_;
     document_->UserDocument_Hide();
     document_.reset();
     component_.reset();
 }
 
-QString FrameWindow::text(int number) const
+void FrameWindow::makeDocks()
 {
-    QString text;
-    guarded([&] { text = toQt(component_->text(number)); });
-    return text;
+    const Texts texts = [this](int number) { return text(number); };
+    reports_ = new Reports(texts, this);
+    log_ = new DriverLog(texts, this);
+    instruments_ = new InstrumentsView(texts, platform_.locale, this);
+    addDockWidget(Qt::BottomDockWidgetArea, reports_);
+    addDockWidget(Qt::BottomDockWidgetArea, log_);
+    addDockWidget(Qt::RightDockWidgetArea, instruments_);
+    watch_.written = [this](const SimulatedDriver& driver, const DriverCall& call) {
+        log_->model().add(driver, call);
+        instruments_->refresh();
+    };
+    watch_.failed = [this](const SimulatedDriver& driver, const FailedCall& call) {
+        log_->model().add(driver, call);
+        instruments_->refresh();
+    };
+    instruments_->model().enable = [this](SimulatedDriver& driver, int group, int channel, bool on) {
+        return enableChannel(driver, group, channel, on);
+    };
+    instruments_->faultsChanged = [this](const SimulatedDriver& driver) {
+        session_.setChanged(true);
+        recordFaults(driver);
+    };
+    instruments_->handOver = [this] {
+        if (okToLeave())
+            handOverAgain();
+    };
 }
 
 void FrameWindow::makeSite()
@@ -80,10 +106,10 @@ void FrameWindow::makeSite()
 
 void FrameWindow::makeRecording()
 {
-    const auto present = [this] { return withPresentValues({"", services_.clock.standing(), {}}, drivers_); };
-    recording_ = std::make_unique<FrameRecording>(RecordingFrame{
-        *this, [this](int number) { return text(number); }, services_, platform_, *component_, *document_,
-        [this] { return okToLeave(); }, present, [this] { handOver(SimulatedDrivers(drivers_)); }});
+    const auto present = [this] { return session_.present(); };
+    recording_ = std::make_unique<FrameRecording>(
+        RecordingFrame{*this, [this](int number) { return text(number); }, services_, platform_, *component_,
+                       *document_, [this] { return okToLeave(); }, present, [this] { handOver(); }});
 }
 
 void FrameWindow::makeStatusBar()
@@ -98,50 +124,65 @@ void FrameWindow::makeStatusBar()
     statusBar()->addPermanentWidget(&reports_->button());
 }
 
-void FrameWindow::open(const std::string& file)
-{
-    const Setup setup = loadSetup(file);
-    services_.clock.standAt(setup.clock);
-    file_ = toQt(file);
-    showTitle(QFileInfo(file_).fileName());
-    recording_->setup(file);
-    handOver(makeDrivers(setup));
-}
-
-void FrameWindow::openAsking(const QString& file)
-{
-    if (!okToLeave())
-        return;
-    try {
-        open(fromQt(file));
-    } catch (const InputError& error) {
-        refuse(error.what());
-    }
-}
-
-void FrameWindow::refuse(const std::string& reason)
-{
-    QMessageBox box(QMessageBox::Warning, text(hostText::openTitle), text(hostText::notOpened), QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(toQt(reason));
-    box.exec();
-}
-
-void FrameWindow::handOver(const SimulatedDrivers& drivers)
+void FrameWindow::handOver()
 {
     document_->UserDocument_Hide();
-    drivers_ = drivers;
-    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers_.size()));
-    document_->drivers().setDrivers(DriverList(drivers_.begin(), drivers_.end()));
+    watch_.watch(session_.drivers());
+    instruments_->show(session_.drivers());
+    const SimulatedDrivers& drivers = session_.drivers();
+    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
+    document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
     document_->drivers().DriversHaveChanged();
     document_->UserDocument_Show();
-    setWindowModified(false);
     page_->view().focus().follow();
 }
 
-void FrameWindow::showTitle(const QString& name)
+void FrameWindow::handOverAgain()
 {
-    setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, text(hostText::product)));
+    QWidget* const focused = QApplication::focusWidget();
+    recording_->host({"setup"});
+    const SimulatedDrivers& drivers = session_.drivers();
+    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
+    document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
+    document_->drivers().DriversHaveChanged();
+    instruments_->refresh();
+    // The page's own focus does not call the user away from the instruments.
+    if (isInDock(focused))
+        focused->setFocus();
+}
+
+bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
+{
+    if (!okToLeave())
+        return false;
+    recording_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
+    driver.enableChannel(group, channel, on);
+    session_.setChanged(true);
+    handOverAgain();
+    return true;
+}
+
+std::string FrameWindow::numberOf(const SimulatedDriver& driver) const
+{
+    const SimulatedDrivers& drivers = session_.drivers();
+    const auto found =
+        std::find_if(drivers.begin(), drivers.end(), [&driver](const auto& each) { return each.get() == &driver; });
+    return std::to_string(found - drivers.begin());
+}
+
+void FrameWindow::recordFaults(const SimulatedDriver& driver)
+{
+    const std::string number = numberOf(driver);
+    recording_->host({"heal", number});
+    for (const SimulatedFailure& failure : driver.calls().failing())
+        recording_->host({"fail", number, failure.operation, std::to_string(failure.number), failure.description});
+}
+
+QString FrameWindow::text(int number) const
+{
+    QString text;
+    guarded([&] { text = toQt(component_->text(number)); });
+    return text;
 }
 
 std::string FrameWindow::focusHint()
@@ -165,11 +206,23 @@ bool FrameWindow::okToLeave()
     bool allowed = false;
     recording_->host({"ok-to-leave"});
     document_->state().OKToLeave(allowed);
+    if (allowed) {
+        recording_->command(command::acceptEntry);
+        document_->menu().OnCommand(command::acceptEntry);
+    }
     return allowed;
+}
+
+bool FrameWindow::isInDock(const QWidget* widget) const
+{
+    return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget);
 }
 
 bool FrameWindow::isAvailable(std::int32_t command)
 {
+    const QWidget* const focused = focusWidget();
+    if (command != command::help && isInDock(focused))
+        return command == command::copy && log_->isAncestorOf(focused);
     std::int32_t enable = 0;
     document_->menu().OnUpdateCommandUI(command, enable);
     return enable == 1;
@@ -179,13 +232,12 @@ void FrameWindow::runCommand(std::int32_t command)
 {
     if (!isAvailable(command))
         return;
+    if (command != command::help && log_->isAncestorOf(focusWidget())) {
+        log_->copy();
+        return;
+    }
     recording_->command(command);
     document_->menu().OnCommand(command);
-}
-
-void FrameWindow::closeEvent(QCloseEvent* event)
-{
-    event->setAccepted(okToLeave());
 }
 
 void FrameWindow::keyPressEvent(QKeyEvent* event)
@@ -193,6 +245,8 @@ void FrameWindow::keyPressEvent(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        if (isInDock(focusWidget()))
+            break;
         recording_->command(command::acceptEntry);
         document_->menu().OnCommand(command::acceptEntry);
         break;

@@ -1,83 +1,133 @@
 #pragma once
 
 #include "document/ClassFactory.h"
+#include "host/DriverWatch.h"
 #include "host/FrameRecording.h"
 #include "host/FrameSite.h"
-#include "host/SetupFile.h"
+#include "host/RecentFiles.h"
+#include "host/SetupSession.h"
+#include "host/UserQuestions.h"
 #include "widgets/PageWidget.h"
 #include "widgets/QtServices.h"
 
 #include <QMainWindow>
+#include <QSettings>
 
+class QDockWidget;
 class QLabel;
 
 namespace ko {
 
+class DriverLog;
+class InstrumentsView;
 class Reports;
 
-/// The reference host's frame: the component's page in a window with menus, status line and help. It owns the
-/// component, its one document and the instruments of the set-up that is open.
+/// The reference host's frame: the component's page in a window with menus, docks, status line and help. It owns the
+/// component, its one document and the set-up that is open.
 class FrameWindow : public QMainWindow, private PropertyNotifySink {
 public:
-    /// `language` as the component takes it; what the component throws at it reaches the caller.
-    explicit FrameWindow(const std::string& language);
+    /// `language` as the component takes it; what the component throws at it reaches the caller. The window's place,
+    /// its docks and the recent files are kept in `settings`; without any they are forgotten.
+    explicit FrameWindow(const std::string& language, std::unique_ptr<QSettings> settings = nullptr);
     ~FrameWindow() override;
 
-    /// Opens a set-up in place of the one that is open. Fails with an `InputError`, which leaves everything as it is.
+    /// Opens a set-up in place of the one that is open, without asking. Fails with an `InputError`, which leaves
+    /// everything as it is.
     void open(const std::string& file);
 
-    /// The same after asking the page, with a message box for a file that is refused.
+    /// The same after asking the page and the user; a file that is refused is told of.
     void openAsking(const QString& file);
-    void refuse(const std::string& reason);
+
+    /// Asks the user this way from now on.
+    void setQuestions(std::unique_ptr<UserQuestions> questions) { questions_ = std::move(questions); }
+    [[nodiscard]] UserQuestions& questions() { return *questions_; }
 
     [[nodiscard]] Document& document() { return *document_; }
     [[nodiscard]] PageWidget& page() { return *page_; }
     [[nodiscard]] FrameRecording& recording() { return *recording_; }
     [[nodiscard]] QtServices& services() { return services_; }
+    [[nodiscard]] SetupSession& session() { return session_; }
+    [[nodiscard]] InstrumentsView& instruments() { return *instruments_; }
+    [[nodiscard]] DriverLog& driverLog() { return *log_; }
     [[nodiscard]] QString text(int number) const;
+    /// Prints the page on a printer that the toolkit has made ready, such as that of a preview.
+    void printOn(QPrinter& printer);
+    /// The window and its docks go where they were the last time; false when that is not known.
+    bool restorePlace();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
-    void OnChanged() override { setWindowModified(true); }
+    void OnChanged() override;
 
     void makeSite();
-    void makeMenus();
-    void makeFileMenu();
-    void makeEditMenu();
-    void makeViewMenu();
-    void makeHelpMenu();
+    void makeDocks();
+    void makeSession();
+    void makeRecording();
     void makeStatusBar();
 
-    void makeRecording();
-    void handOver(const SimulatedDrivers& drivers);
-    void showTitle(const QString& name);
+    void makeMenus();
+    void makeFileMenu();
+    void makeRecentMenu(QMenu& menu);
+    void fillRecentMenu(QMenu& menu);
+    void makeEditMenu();
+    void makeViewMenu();
+    void addDock(QMenu& menu, QDockWidget& dock, int text);
+    void makeHelpMenu();
+    QAction& addEntry(QMenu& menu, int text, const QKeySequence& key, std::function<void()> act);
+
+    /// Shows the instruments of the file that has just been loaded.
+    void showLoaded();
+    /// Which instrument it is, as scenarios name it.
+    [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
+    void recordFaults(const SimulatedDriver& driver);
+    /// Shows the session's instruments on the page anew.
+    void handOver();
+    /// Hands the same instruments over again, whose settings somebody else has changed.
+    void handOverAgain();
+    bool enableChannel(SimulatedDriver& driver, int group, int channel, bool on);
+    void showTitle();
     /// The hint of the control that has the focus, behind it what the page says of its range.
     void showHint();
     [[nodiscard]] std::string focusHint();
+    /// Asks the page whether it may be left, and has it take a valid entry that is still being typed.
     [[nodiscard]] bool okToLeave();
+    [[nodiscard]] bool isInDock(const QWidget* widget) const;
     [[nodiscard]] bool isAvailable(std::int32_t command);
     void runCommand(std::int32_t command);
     void chooseSetup();
+    void openRecent(const QString& file);
+    void save();
+    void saveAs();
+    void rememberFile();
+    void rememberPlace();
     void print();
+    void previewPrint();
     void showHelp(std::int32_t topic);
     void showAbout();
 
+    std::unique_ptr<QSettings> settings_;
     QtServices services_;
     Platform platform_;
     std::unique_ptr<Component> component_;
     std::unique_ptr<Document> document_;
     std::shared_ptr<FrameSite> site_;
-    SimulatedDrivers drivers_;
+    SetupSession session_;
+    DriverWatch watch_;
+    RecentFiles recent_;
+    std::unique_ptr<UserQuestions> questions_;
     PageWidget* page_ = nullptr;
     std::unique_ptr<FrameRecording> recording_;
     Reports* reports_ = nullptr;
+    InstrumentsView* instruments_ = nullptr;
+    DriverLog* log_ = nullptr;
     QLabel* hint_ = nullptr;
     const Control* hinted_ = nullptr; ///< the control that `rangeHint_` is about
     std::string rangeHint_;
-    QString file_;
 };
 
 } // namespace ko

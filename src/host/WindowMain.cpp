@@ -1,11 +1,14 @@
 #include "host/WindowMain.h"
 
 #include "host/FrameWindow.h"
+#include "host/HostTexts.h"
 #include "host/InputError.h"
 #include "host/SetupFile.h"
+#include "host/ToolkitTexts.h"
 
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
 #include <cstdio>
 
 namespace ko {
@@ -39,14 +42,18 @@ int paintInto(FrameWindow& window, const std::string& picture)
 int stayOpen(FrameWindow& window, const std::string& refusal)
 {
     window.show();
+    // The box stands in front of a window that is there.
     if (!refusal.empty())
-        window.refuse(refusal);
+        QTimer::singleShot(0, &window, [&] { window.questions().tellNotOpened(refusal); });
     return QApplication::exec();
 }
 
 int run(const WindowOptions& options)
 {
-    FrameWindow window(options.language);
+    const bool isPicture = !options.picture.empty();
+    // A picture looks the same whoever makes it.
+    FrameWindow window(options.language, isPicture ? nullptr : std::make_unique<QSettings>());
+    loadToolkitTexts(window.text(hostText::languageCode));
     if (!options.record.empty())
         window.recording().start(options.record, options.setup);
     std::string refusal;
@@ -56,12 +63,13 @@ int run(const WindowOptions& options)
     } catch (const InputError& error) {
         refusal = error.what();
     }
-    window.resize(startSize(window));
+    if (!window.restorePlace())
+        window.resize(startSize(window));
     // Where nobody sees a message box nobody answers it.
-    const bool isSeen = options.picture.empty() && QGuiApplication::platformName() != QStringLiteral("offscreen");
+    const bool isSeen = !isPicture && QGuiApplication::platformName() != QStringLiteral("offscreen");
     if (!isSeen && !refusal.empty())
         return complain(refusal);
-    return options.picture.empty() ? stayOpen(window, refusal) : paintInto(window, options.picture);
+    return isPicture ? paintInto(window, options.picture) : stayOpen(window, refusal);
 }
 
 } // namespace
@@ -106,6 +114,7 @@ int runWindow(int& argc, char** argv, const WindowOptions& options)
     if (!hasDisplay())
         return refuseWithoutDisplay(options);
     const QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Korvell"));
     QApplication::setApplicationName(QStringLiteral("korvell-host"));
     try {
         return run(options);

@@ -1,10 +1,23 @@
 # The frame window, with the page in it.
 ko_folder(frame SOURCES
+  DriverLog.cpp
+  DriverLogModel.cpp
+  DriverWatch.cpp
+  FaultDialog.cpp
+  FrameFiles.cpp
   FrameMenus.cpp
+  FramePrinting.cpp
   FrameSite.cpp
   FrameWindow.cpp
   HelpWindow.cpp
+  InstrumentRow.cpp
+  InstrumentTexts.cpp
+  InstrumentsModel.cpp
+  InstrumentsView.cpp
+  RecentFiles.cpp
   Reports.cpp
+  ToolkitTexts.cpp
+  UserQuestions.cpp
   WindowMain.cpp
   LINKS KoTimebaseEditor ko_data ko_instruments ko_widgets
 )

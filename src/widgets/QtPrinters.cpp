@@ -143,7 +143,7 @@ void QtPrinters::makeCurrent(std::int32_t index)
     current_ = toQt(deviceName(index));
 }
 
-void QtPrinters::begin()
+std::unique_ptr<QPrinter> QtPrinters::makePrinter() const
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     if (current_.isEmpty() || current_ == QLatin1String(pdfName)) {
@@ -153,10 +153,19 @@ void QtPrinters::begin()
         printer->setPrinterName(current_);
     }
     applySettings(*printer, settings_);
+    return printer;
+}
+
+void QtPrinters::begin()
+{
+    auto own = lent_ ? nullptr : makePrinter();
+    QPrinter* const printer = lent_ ? lent_ : own.get();
+    const bool isNowhere = own && own->outputFormat() == QPrinter::PdfFormat && pdfFile_.isEmpty();
     auto painter = std::make_unique<QPainter>();
-    if ((printer->outputFormat() == QPrinter::PdfFormat && pdfFile_.isEmpty()) || !painter->begin(printer.get()))
+    if (isNowhere || !painter->begin(printer))
         throw Failure(printerError, "Printer error");
-    printer_ = std::move(printer);
+    own_ = std::move(own);
+    printer_ = printer;
     painter_ = std::move(painter);
 }
 
@@ -176,7 +185,8 @@ void QtPrinters::endDocument()
 {
     const bool drawn = !painter_ || painter_->end();
     painter_.reset();
-    printer_.reset();
+    printer_ = nullptr;
+    own_.reset();
     if (!drawn)
         throw Failure(printerError, "Printer error");
 }

@@ -20,6 +20,18 @@ public:
     /// Finds the widget that shows a form; null when it is shown nowhere.
     using Surfaces = std::function<QWidget*(const Form&)>;
 
+    /// While it lives, every job goes to a printer of the caller's, with the settings that this has.
+    class Lent {
+    public:
+        Lent(QtPrinters& printers, QPrinter& printer) : printers_(printers) { printers_.lent_ = &printer; }
+        ~Lent() { printers_.lent_ = nullptr; }
+        Lent(const Lent&) = delete;
+        Lent& operator=(const Lent&) = delete;
+
+    private:
+        QtPrinters& printers_;
+    };
+
     explicit QtPrinters(Surfaces surfaces);
     ~QtPrinters() override;
 
@@ -42,13 +54,16 @@ public:
     void endDocument() override;
 
 private:
+    [[nodiscard]] std::unique_ptr<QPrinter> makePrinter() const;
     void begin();
 
     Surfaces surfaces_;
     QString pdfFile_;
     QString current_;
     DeviceMode settings_;
-    std::unique_ptr<QPrinter> printer_;
+    QPrinter* lent_ = nullptr;
+    std::unique_ptr<QPrinter> own_;
+    QPrinter* printer_ = nullptr; ///< of the job that is running
     std::unique_ptr<QPainter> painter_;
 };
 

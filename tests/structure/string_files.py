@@ -8,8 +8,9 @@ from pathlib import Path
 TOGETHER = {
     "page and menu bar": [1105, 1106, 1107, 1108, 1126, 3101, 3105, 3110, 3112],
     "date dialog": [1207, 1208],
-    "menu File": [3102, 3103, 3104],
+    "menu File": [3102, 3103, 3104, 3130, 3132, 3133, 3134, 3200],
     "menu Edit": [3106, 3107, 3108, 3109],
+    "menu View": [3111, 3139, 3140, 3141],
     "menu Help": [3113, 3114],
     "help window": [3113, 3221, 3222, 3223],
 }

@@ -1,56 +1,18 @@
-#include "host/FrameWindow.h"
-#include "Soon.h"
-#include "host/HostTexts.h"
+#include "FrameTest.h"
 #include "host/InputError.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFile>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTextBrowser>
-#include <QToolButton>
-#include <gtest/gtest.h>
 
 namespace ko::test {
 namespace {
 
 const std::string demo = KO_DEMO_FOLDER "/engine-bench-demo.json";
 
-class FrameWindowTest : public testing::Test {
+class FrameWindowTest : public FrameTest {
 protected:
-    FrameWindow window{""};
-    QTemporaryDir folder;
-
-    Page& page() { return window.document().page(); }
-    QWidget& at(const Control& control) { return *window.page().view().widget(control); }
-    QAction& action(int menu, int text)
-    {
-        for (QAction* bar : window.menuBar()->actions())
-            if (bar->text() == window.text(menu))
-                for (QAction* entry : bar->menu()->actions())
-                    if (entry->text() == window.text(text))
-                        return *entry;
-        throw std::out_of_range("no such menu entry");
-    }
-    std::string file(const char* name, const char* content)
-    {
-        QFile out(folder.filePath(name));
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(content);
-        return fromQt(out.fileName());
-    }
-    void show()
-    {
-        window.show();
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
     /// Puts the focus into the duration, with this text selected.
     QLineEdit& enterDuration(const char* text)
     {
@@ -60,19 +22,6 @@ protected:
         box.selectAll();
         return box;
     }
-    /// Answers the message box that comes next and keeps its texts.
-    void answer(QString& texts)
-    {
-        answer_.emplace([&texts] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            texts = box->text() + u'\n' + box->informativeText();
-            box->accept();
-        });
-    }
-
-private:
-    std::optional<Soon> answer_;
 };
 
 TEST_F(FrameWindowTest, ASetupIsShownWithItsNameAndThePageMarksTheWindowAsChanged)
@@ -96,10 +45,8 @@ TEST_F(FrameWindowTest, AFileThatCannotBeOpenedIsRefusedWithItsPlaceAndTheOldSet
     const DriverList before = page().drivers;
     for (const std::string& bad : {file("broken.json", "{"), file("key.json", "{\"drivers\": [{\"nme\": 1}]}"),
                                    folder.filePath("missing.json").toStdString()}) {
-        QString told;
-        answer(told);
         window.openAsking(toQt(bad));
-        EXPECT_TRUE(told.contains(toQt(bad))) << told.toStdString();
+        EXPECT_NE(user.told.find(bad), std::string::npos) << user.told;
         EXPECT_EQ(page().drivers, before);
         EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json"));
     }

@@ -1,0 +1,95 @@
+#include "host/FaultDialog.h"
+
+#include "host/HostTexts.h"
+
+#include <QBoxLayout>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <algorithm>
+
+namespace ko {
+
+namespace {
+
+/// Operations of a view that the instrument does not offer are never called.
+bool isOffered(Operation operation, const InstrumentSettings& driver)
+{
+    const auto isFrom = [&](Operation first, Operation last) { return operation >= first && operation <= last; };
+    if (isFrom(Operation::SamplePeriodSet, Operation::StartModeSet))
+        return driver.timebase.has_value();
+    if (isFrom(Operation::GetTriggerParamCount, Operation::GetTriggerGroupName))
+        return driver.hasTriggerParameters;
+    if (isFrom(Operation::StartMasterRank, Operation::StartLinesAsListener))
+        return driver.triggerLines.has_value();
+    return true;
+}
+
+bool isTicked(const QListWidgetItem& item)
+{
+    return item.checkState() == Qt::Checked;
+}
+
+} // namespace
+
+FaultDialog::FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* parent)
+    : QDialog(parent), driver_(driver), list_(new QListWidget(this))
+{
+    setWindowTitle(texts(hostText::faultsOf).arg(toQt(driver.name())));
+    auto* label = new QLabel(texts(hostText::failingOperations), this);
+    label->setBuddy(list_);
+    list_->setAccessibleName(withoutMnemonic(label->text()));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    auto* heal = buttons->addButton(texts(hostText::healAll), QDialogButtonBox::ResetRole);
+    heal->setObjectName(QStringLiteral("healAll"));
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(label);
+    column->addWidget(list_);
+    column->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(heal, &QPushButton::clicked, this, [this] {
+        healsAll_ = true;
+        for (int i = 0; i < list_->count(); ++i)
+            list_->item(i)->setCheckState(Qt::Unchecked);
+    });
+    fillList();
+    resize(fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 24);
+}
+
+void FaultDialog::fillList()
+{
+    const std::vector<SimulatedFailure> failing = driver_.calls().failing();
+    for (int i = 0; i <= static_cast<int>(Operation::DynamicBytes); ++i) {
+        const auto operation = static_cast<Operation>(i);
+        const std::string name = failingName(operation);
+        if (!isOffered(operation, driver_.held()))
+            continue;
+        const bool fails =
+            std::any_of(failing.begin(), failing.end(), [&](const SimulatedFailure& f) { return f.operation == name; });
+        auto* item = new QListWidgetItem(toQt(name), list_);
+        item->setCheckState(fails ? Qt::Checked : Qt::Unchecked);
+        item->setData(Qt::UserRole, fails);
+    }
+    list_->setCurrentRow(0);
+}
+
+void FaultDialog::accept()
+{
+    if (healsAll_)
+        driver_.calls().healAll();
+    for (int i = 0; i < list_->count(); ++i) {
+        const QListWidgetItem& item = *list_->item(i);
+        const bool wasTicked = !healsAll_ && item.data(Qt::UserRole).toBool();
+        if (isTicked(item) && !wasTicked)
+            driver_.calls().fail({.operation = fromQt(item.text())});
+        else if (!isTicked(item) && wasTicked)
+            driver_.calls().heal(fromQt(item.text()));
+    }
+    QDialog::accept();
+    if (changed)
+        changed();
+}
+
+} // namespace ko

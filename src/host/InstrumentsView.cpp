@@ -1,0 +1,115 @@
+#include "host/InstrumentsView.h"
+
+#include "host/FaultDialog.h"
+#include "host/HostTexts.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace ko {
+
+namespace {
+
+class Tree : public QTreeView {
+public:
+    using QTreeView::QTreeView;
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return {fontMetrics().averageCharWidth() * 52, fontMetrics().height() * 16};
+    }
+};
+
+} // namespace
+
+InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidget* parent)
+    : QDockWidget(withoutMnemonic(texts(hostText::instruments)), parent), texts_(texts),
+      model_(new InstrumentsModel(texts, locale, this)), view_(new Tree(this))
+{
+    setObjectName(QStringLiteral("instruments"));
+    view_->setModel(model_);
+    view_->setAccessibleName(windowTitle());
+    view_->setUniformRowHeights(true);
+    view_->setTabKeyNavigation(false);
+    view_->setAllColumnsShowFocus(true);
+    view_->header()->resizeSection(InstrumentsModel::Name, view_->sizeHint().width() * 5 / 8);
+    makeActions();
+    makeLayout();
+    hide();
+}
+
+void InstrumentsView::makeActions()
+{
+    const auto add = [this](int text, const char* name, const QKeySequence& key) {
+        auto* action = new QAction(texts_(text), view_);
+        action->setObjectName(QLatin1String(name));
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        view_->addAction(action);
+        return action;
+    };
+    faults_ = add(hostText::faults, "faults", QKeySequence(Qt::CTRL | Qt::Key_F));
+    faults_->setToolTip(texts_(hostText::faultsHint));
+    faults_->setEnabled(false);
+    connect(faults_, &QAction::triggered, this, &InstrumentsView::askForFaults);
+    handOver_ = add(hostText::handOver, "handOver", QKeySequence(QKeySequence::Refresh));
+    handOver_->setToolTip(texts_(hostText::handOverHint));
+    connect(handOver_, &QAction::triggered, this, [this] { handOver ? handOver() : void(); });
+    view_->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) { faults_->setEnabled(current.isValid()); });
+    connect(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
+}
+
+void InstrumentsView::makeLayout()
+{
+    auto* content = new QWidget(this);
+    auto* column = new QVBoxLayout(content);
+    auto* buttons = new QHBoxLayout;
+    const int gap = fontMetrics().height() / 3;
+    column->setContentsMargins(gap, 0, gap, gap);
+    column->addWidget(view_);
+    column->addLayout(buttons);
+    buttons->addStretch();
+    for (QAction* action : {faults_, handOver_}) {
+        auto* button = new QPushButton(action->text(), content);
+        button->setObjectName(action->objectName());
+        button->setToolTip(action->toolTip());
+        button->setEnabled(action->isEnabled());
+        connect(button, &QPushButton::clicked, action, &QAction::trigger);
+        connect(action, &QAction::enabledChanged, button, &QWidget::setEnabled);
+        buttons->addWidget(button);
+    }
+    setWidget(content);
+    setFocusProxy(view_);
+}
+
+void InstrumentsView::show(const SimulatedDrivers& drivers)
+{
+    model_->show(drivers);
+}
+
+void InstrumentsView::refresh()
+{
+    view_->viewport()->update();
+}
+
+void InstrumentsView::askForFaults()
+{
+    const InstrumentRow* row = model_->row(view_->currentIndex());
+    if (!row)
+        return;
+    auto* dialog = new FaultDialog(texts_, row->driver(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->changed = [this, &driver = row->driver()] {
+        refresh();
+        if (faultsChanged)
+            faultsChanged(driver);
+    };
+    dialog->open();
+}
+
+} // namespace ko

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "host/SetupFile.h"
+
+#include <functional>
+#include <string>
+
+namespace ko {
+
+/// What becomes of changes that were not saved.
+enum class Unsaved { Save, Discard, Cancel };
+
+/// What a session asks of the user.
+class SessionQuestions {
+public:
+    virtual ~SessionQuestions() = default;
+
+    virtual Unsaved keepChanges() = 0;
+    /// The file to save as; empty when the user wants none.
+    virtual std::string fileToSave() = 0;
+    virtual void tellNotSaved(const std::string& reason) = 0;
+    virtual void tellNotOpened(const std::string& reason) = 0;
+};
+
+/// The set-up that is open: its file, its instruments, and whether anything has changed since it was saved. It knows
+/// neither windows nor the page.
+class SetupSession {
+public:
+    /// Opens a file in place of what is open, without asking. Fails with an `InputError`, which leaves everything as
+    /// it is.
+    void load(const std::string& file);
+
+    /// The same after asking: false when the user stays with what is open or the file is refused, of which the user
+    /// has been told.
+    bool open(const std::string& file, SessionQuestions& questions);
+    /// Saves to the set-up's own file, or, where it has none, to one that is asked for. False when nothing was saved;
+    /// file and changed mark are then as they were.
+    bool save(SessionQuestions& questions);
+    bool saveAs(SessionQuestions& questions);
+    /// Whether the set-up may be put away; its changes are saved first where the user wants that.
+    bool mayLeave(SessionQuestions& questions);
+
+    [[nodiscard]] const std::string& file() const { return file_; }
+    /// The file's name without its folder.
+    [[nodiscard]] std::string name() const;
+    [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
+    /// The set-up with its instruments' present values.
+    [[nodiscard]] Setup present() const;
+    /// The time at which the set-up's clock stands, if it does.
+    [[nodiscard]] std::optional<DateTime> clock() const { return setup_.clock; }
+    [[nodiscard]] bool isOpen() const { return !file_.empty(); }
+
+    [[nodiscard]] bool isChanged() const { return changed_; }
+    void setChanged(bool changed);
+
+    /// Whether the page that shows the instruments may be left as it stands; when it may not, it has said why.
+    std::function<bool()> mayLeavePage;
+    /// Told when the file's name or the changed mark may have become another.
+    std::function<void()> titleChanged;
+
+private:
+    [[nodiscard]] bool pageAllows() const { return !mayLeavePage || mayLeavePage(); }
+    bool write(const std::string& file, SessionQuestions& questions);
+
+    std::string file_;
+    Setup setup_;
+    SimulatedDrivers drivers_;
+    bool changed_ = false;
+};
+
+} // namespace ko

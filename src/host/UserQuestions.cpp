@@ -1,0 +1,71 @@
+#include "host/UserQuestions.h"
+
+#include "host/HostTexts.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace ko {
+
+BoxQuestions::BoxQuestions(QWidget& window, const SetupSession& session, Texts texts)
+    : window_(window), session_(session), texts_(std::move(texts))
+{
+}
+
+Unsaved BoxQuestions::keepChanges()
+{
+    QMessageBox box(QMessageBox::Question, texts_(hostText::product),
+                    texts_(hostText::keepChanges).arg(toQt(session_.name())),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(texts_(hostText::changesGetLost));
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+    case QMessageBox::Save: return Unsaved::Save;
+    case QMessageBox::Discard: return Unsaved::Discard;
+    default: return Unsaved::Cancel;
+    }
+}
+
+std::string BoxQuestions::fileToOpen()
+{
+    const QString folder = QFileInfo(toQt(session_.file())).path();
+    return fromQt(QFileDialog::getOpenFileName(&window_, texts_(hostText::openTitle), folder, filter()));
+}
+
+std::string BoxQuestions::fileToSave()
+{
+    QFileDialog dialog(&window_, texts_(hostText::saveTitle), QFileInfo(toQt(session_.file())).path(), filter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("json"));
+    dialog.selectFile(toQt(session_.name()));
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return fromQt(dialog.selectedFiles().value(0));
+}
+
+QString BoxQuestions::filter() const
+{
+    return QStringLiteral("%1 (*.json);;%2 (*)").arg(texts_(hostText::setupFiles), texts_(hostText::allFiles));
+}
+
+void BoxQuestions::tellNotSaved(const std::string& reason)
+{
+    refuse(hostText::saveTitle, hostText::notSaved, reason);
+}
+
+void BoxQuestions::tellNotOpened(const std::string& reason)
+{
+    refuse(hostText::openTitle, hostText::notOpened, reason);
+}
+
+void BoxQuestions::refuse(int title, int text, const std::string& reason)
+{
+    QMessageBox box(QMessageBox::Warning, texts_(title), texts_(text), QMessageBox::Ok, &window_);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(toQt(reason));
+    box.exec();
+}
+
+} // namespace ko

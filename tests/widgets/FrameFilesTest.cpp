@@ -1,0 +1,187 @@
+#include "FrameTest.h"
+#include "host/RecentFiles.h"
+#include "interfaces/Timebase.h"
+
+#include <QDropEvent>
+#include <QMessageBox>
+#include <QMimeData>
+
+namespace ko::test {
+namespace {
+
+class FrameFilesTest : public FrameTest {
+protected:
+    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    const std::string other = file("other.json", R"({"drivers": [{"name": "B", "timebase": {}}]})");
+
+    void change() { (page().optImmediate.value() ? page().optStartTime : page().optImmediate).userClicked(); }
+    /// The entries of the list of recent files, as far as they are files.
+    QStringList recent()
+    {
+        QStringList names;
+        for (const QAction* entry : recentEntries())
+            if (entry->text().startsWith('&') && entry->text().contains("  "))
+                names << entry->text().section("  ", 1).section(" (", 0, 0);
+        return names;
+    }
+    QList<QAction*> recentEntries()
+    {
+        auto* menu = window.findChild<QMenu*>("recentFiles");
+        emit menu->aboutToShow();
+        return menu->actions();
+    }
+};
+
+TEST_F(FrameFilesTest, TheTitleCarriesTheNameAndTheMarkThatSavingClears)
+{
+    EXPECT_TRUE(window.windowTitle().startsWith(window.text(hostText::noSetup)));
+    window.open(bench);
+    EXPECT_FALSE(window.isWindowModified());
+    change();
+    EXPECT_TRUE(window.isWindowModified());
+    action(hostText::fileMenu, hostText::save).trigger();
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(loadSetup(bench).instruments.at(0).timebase->startMode, startMode::atTime);
+    user.saveAs = folder.filePath("copy.json").toStdString();
+    change();
+    action(hostText::fileMenu, hostText::saveAs).trigger();
+    EXPECT_TRUE(window.windowTitle().startsWith("copy.json[*]"));
+    EXPECT_EQ(recent(), QStringList({"copy.json", "bench.json"}));
+    user.saveAs = folder.filePath("nowhere/copy.json").toStdString();
+    action(hostText::fileMenu, hostText::saveAs).trigger();
+    EXPECT_NE(user.told.find("nowhere"), std::string::npos);
+    EXPECT_TRUE(window.windowTitle().startsWith("copy.json[*]"));
+}
+
+TEST_F(FrameFilesTest, ClosingAndOpeningOfferToSaveWhatHasChanged)
+{
+    window.open(bench);
+    show();
+    change();
+    EXPECT_FALSE(window.close());
+    window.openAsking(toQt(other));
+    EXPECT_EQ(user.asked, 2);
+    EXPECT_EQ(window.session().name(), "bench.json");
+    user.unsaved = Unsaved::Save;
+    window.openAsking(toQt(other));
+    EXPECT_EQ(window.session().name(), "other.json");
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(loadSetup(bench).instruments.at(0).timebase->startMode, startMode::atTime);
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(user.asked, 3);
+}
+
+TEST_F(FrameFilesTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsTheFile)
+{
+    window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
+        "timebase": {"scanPeriod": {"value": 1, "range": [0.5, 2]}}}]})"));
+    show();
+    auto& box = static_cast<QLineEdit&>(at(page().txtScanPeriod));
+    QTest::mouseClick(&box, Qt::LeftButton);
+    box.selectAll();
+    QTest::keyClicks(&box, "1.5");
+    QTest::keyClick(&box, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(loadSetup(window.session().file()).instruments.at(0).timebase->scanPeriod.value, 1.5);
+    QTest::keyClicks(&box, "x");
+    QString told;
+    answer(told);
+    QTest::keyClick(&box, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(told.trimmed(), window.text(1148));
+    EXPECT_EQ(loadSetup(window.session().file()).instruments.at(0).timebase->scanPeriod.value, 1.5);
+}
+
+TEST_F(FrameFilesTest, AFileThatIsDroppedIsOpened)
+{
+    show();
+    const auto drop = [&](const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &event);
+        QCoreApplication::processEvents();
+        return true;
+    };
+    EXPECT_FALSE(drop({}));
+    EXPECT_FALSE(drop({QUrl("mailto:a@b")}));
+    EXPECT_FALSE(drop({QUrl::fromLocalFile(toQt(bench)), QUrl::fromLocalFile(toQt(other))}));
+    EXPECT_TRUE(drop({QUrl::fromLocalFile(toQt(bench))}));
+    EXPECT_EQ(window.session().name(), "bench.json");
+}
+
+TEST_F(FrameFilesTest, RecentFilesAreOpenedForgottenWhenMissingAndCleared)
+{
+    EXPECT_EQ(recent(), QStringList());
+    EXPECT_FALSE(recentEntries().constFirst()->isEnabled());
+    window.open(bench);
+    window.open(other);
+    window.open(bench);
+    EXPECT_EQ(recent(), QStringList({"bench.json", "other.json"}));
+    recentEntries().at(1)->trigger();
+    EXPECT_EQ(window.session().name(), "other.json");
+    QFile::remove(toQt(bench));
+    recentEntries().at(1)->trigger();
+    EXPECT_NE(user.told.find(bench), std::string::npos);
+    EXPECT_EQ(recent(), QStringList({"other.json"}));
+    recentEntries().constLast()->trigger();
+    EXPECT_EQ(recent(), QStringList());
+}
+
+TEST_F(FrameFilesTest, SettingsKeepEightFilesAndThePlaceOfTheDocks)
+{
+    const QString ini = folder.filePath("settings.ini");
+    const auto settings = [&] { return std::make_unique<QSettings>(ini, QSettings::IniFormat); };
+    {
+        FrameWindow first("", settings());
+        EXPECT_FALSE(first.restorePlace());
+        for (int i = 0; i < 10; ++i)
+            first.open(file(qPrintable(QString("%1.json").arg(i)), R"({"drivers": []})"));
+        first.show();
+        first.findChild<QDockWidget*>("driverLog")->show();
+        EXPECT_TRUE(first.close());
+    }
+    const QStringList kept = RecentFiles(settings().get()).files();
+    ASSERT_EQ(kept.size(), RecentFiles::most);
+    EXPECT_EQ(kept.constFirst(), folder.filePath("9.json"));
+    FrameWindow second("", settings());
+    EXPECT_TRUE(second.restorePlace());
+    second.show();
+    EXPECT_TRUE(second.findChild<QDockWidget*>("driverLog")->isVisible());
+    EXPECT_FALSE(second.findChild<QDockWidget*>("instruments")->isVisible());
+}
+
+TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
+{
+    window.open(bench);
+    show();
+    BoxQuestions boxes(window, window.session(), [this](int number) { return window.text(number); });
+    for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
+                                         {QMessageBox::Discard, Unsaved::Discard},
+                                         {QMessageBox::Cancel, Unsaved::Cancel}}) {
+        const Soon press([b = button] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->text().contains("bench.json"));
+            box->button(b)->click();
+        });
+        EXPECT_EQ(boxes.keepChanges(), result);
+    }
+}
+
+TEST_F(FrameFilesTest, ThePreviewShowsThePageAsItIsPrinted)
+{
+    window.open(bench);
+    show();
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath("preview.pdf"));
+    window.printOn(printer);
+    EXPECT_GT(QFileInfo(folder.filePath("preview.pdf")).size(), 1000);
+    EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
+}
+
+} // namespace
+} // namespace ko::test
