@@ -78,18 +78,31 @@ void FaultDialog::fillList()
 void FaultDialog::accept()
 {
     if (healsAll_)
-        driver_.calls().healAll();
+        heal({});
     for (int i = 0; i < list_->count(); ++i) {
         const QListWidgetItem& item = *list_->item(i);
         const bool wasTicked = !healsAll_ && item.data(Qt::UserRole).toBool();
         if (isTicked(item) && !wasTicked)
-            driver_.calls().fail({.operation = fromQt(item.text())});
+            fail(fromQt(item.text()));
         else if (!isTicked(item) && wasTicked)
-            driver_.calls().heal(fromQt(item.text()));
+            heal(fromQt(item.text()));
     }
     QDialog::accept();
+}
+
+void FaultDialog::heal(const std::string& operation)
+{
+    CallGate& calls = driver_.calls();
+    operation.empty() ? calls.healAll() : static_cast<void>(calls.heal(operation));
     if (changed)
-        changed();
+        changed(operation, false);
+}
+
+void FaultDialog::fail(const std::string& operation)
+{
+    driver_.calls().fail({.operation = operation});
+    if (changed)
+        changed(operation, true);
 }
 
 } // namespace ko

@@ -9,18 +9,21 @@ class QListWidget;
 
 namespace ko {
 
-/// Which operations of an instrument are to fail: a list to tick. OK makes and heals the failures, and tells
-/// `changed`. The instrument outlives the dialog.
+/// Which operations of an instrument are to fail: a list to tick. OK makes and heals the failures. The
+/// instrument outlives the dialog.
 class FaultDialog : public QDialog {
 public:
     FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* parent);
 
-    std::function<void()> changed;
+    /// Told of each change; no operation stands for all.
+    std::function<void(const std::string& operation, bool fails)> changed;
 
     void accept() override;
 
 private:
     void fillList();
+    void heal(const std::string& operation);
+    void fail(const std::string& operation);
 
     SimulatedDriver& driver_;
     QListWidget* list_;

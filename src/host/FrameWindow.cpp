@@ -4,6 +4,7 @@
 #include "host/HostTexts.h"
 #include "host/InstrumentsView.h"
 #include "host/Reports.h"
+#include "host/SetupSaving.h"
 #include "widgets/DateDialog.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
@@ -82,9 +83,8 @@ void FrameWindow::makeDocks()
     instruments_->model().enable = [this](SimulatedDriver& driver, int group, int channel, bool on) {
         return enableChannel(driver, group, channel, on);
     };
-    instruments_->faultsChanged = [this](const SimulatedDriver& driver) {
-        session_.setChanged(true);
-        recordFaults(driver);
+    instruments_->faultChanged = [this](const SimulatedDriver& driver, const std::string& operation, bool fails) {
+        faultChanged(driver, operation, fails);
     };
     instruments_->handOver = [this] {
         if (okToLeave())
@@ -106,7 +106,7 @@ void FrameWindow::makeSite()
 
 void FrameWindow::makeRecording()
 {
-    const auto present = [this] { return session_.present(); };
+    const auto present = [this] { return withPresentValues({"", services_.clock.standing(), {}}, session_.drivers()); };
     recording_ = std::make_unique<FrameRecording>(
         RecordingFrame{*this, [this](int number) { return text(number); }, services_, platform_, *component_,
                        *document_, [this] { return okToLeave(); }, present, [this] { handOver(); }});
@@ -151,6 +151,22 @@ void FrameWindow::handOverAgain()
         focused->setFocus();
 }
 
+std::string FrameWindow::numberOf(const SimulatedDriver& driver) const
+{
+    const SimulatedDrivers& drivers = session_.drivers();
+    const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const auto& d) { return d.get() == &driver; });
+    return std::to_string(found - drivers.begin());
+}
+
+void FrameWindow::faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails)
+{
+    ScenarioWriter::Words words{fails ? "fail" : "heal", numberOf(driver)};
+    if (!operation.empty())
+        words.push_back(operation);
+    recording_->host(words);
+    session_.setChanged(true);
+}
+
 bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
 {
     if (!okToLeave())
@@ -160,22 +176,6 @@ bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel,
     session_.setChanged(true);
     handOverAgain();
     return true;
-}
-
-std::string FrameWindow::numberOf(const SimulatedDriver& driver) const
-{
-    const SimulatedDrivers& drivers = session_.drivers();
-    const auto found =
-        std::find_if(drivers.begin(), drivers.end(), [&driver](const auto& each) { return each.get() == &driver; });
-    return std::to_string(found - drivers.begin());
-}
-
-void FrameWindow::recordFaults(const SimulatedDriver& driver)
-{
-    const std::string number = numberOf(driver);
-    recording_->host({"heal", number});
-    for (const SimulatedFailure& failure : driver.calls().failing())
-        recording_->host({"fail", number, failure.operation, std::to_string(failure.number), failure.description});
 }
 
 QString FrameWindow::text(int number) const
@@ -206,10 +206,8 @@ bool FrameWindow::okToLeave()
     bool allowed = false;
     recording_->host({"ok-to-leave"});
     document_->state().OKToLeave(allowed);
-    if (allowed) {
-        recording_->command(command::acceptEntry);
-        document_->menu().OnCommand(command::acceptEntry);
-    }
+    if (allowed)
+        sendCommand(command::acceptEntry);
     return allowed;
 }
 
@@ -228,16 +226,20 @@ bool FrameWindow::isAvailable(std::int32_t command)
     return enable == 1;
 }
 
+void FrameWindow::sendCommand(std::int32_t command)
+{
+    recording_->command(command);
+    document_->menu().OnCommand(command);
+}
+
 void FrameWindow::runCommand(std::int32_t command)
 {
     if (!isAvailable(command))
         return;
-    if (command != command::help && log_->isAncestorOf(focusWidget())) {
+    if (command != command::help && log_->isAncestorOf(focusWidget()))
         log_->copy();
-        return;
-    }
-    recording_->command(command);
-    document_->menu().OnCommand(command);
+    else
+        sendCommand(command);
 }
 
 void FrameWindow::keyPressEvent(QKeyEvent* event)
@@ -245,10 +247,8 @@ void FrameWindow::keyPressEvent(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (isInDock(focusWidget()))
-            break;
-        recording_->command(command::acceptEntry);
-        document_->menu().OnCommand(command::acceptEntry);
+        if (!isInDock(focusWidget()))
+            sendCommand(command::acceptEntry);
         break;
     case Qt::Key_F1: runCommand(command::help); break;
     default: QMainWindow::keyPressEvent(event);

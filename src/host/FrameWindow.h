@@ -67,9 +67,9 @@ private:
     void makeSite();
     void makeDocks();
     void makeSession();
-    void makeRecording();
     void makeStatusBar();
 
+    void makeRecording();
     void makeMenus();
     void makeFileMenu();
     void makeRecentMenu(QMenu& menu);
@@ -82,14 +82,13 @@ private:
 
     /// Shows the instruments of the file that has just been loaded.
     void showLoaded();
-    /// Which instrument it is, as scenarios name it.
-    [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
-    void recordFaults(const SimulatedDriver& driver);
     /// Shows the session's instruments on the page anew.
     void handOver();
     /// Hands the same instruments over again, whose settings somebody else has changed.
     void handOverAgain();
     bool enableChannel(SimulatedDriver& driver, int group, int channel, bool on);
+    [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
+    void faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails);
     void showTitle();
     /// The hint of the control that has the focus, behind it what the page says of its range.
     void showHint();
@@ -98,6 +97,7 @@ private:
     [[nodiscard]] bool okToLeave();
     [[nodiscard]] bool isInDock(const QWidget* widget) const;
     [[nodiscard]] bool isAvailable(std::int32_t command);
+    void sendCommand(std::int32_t command);
     void runCommand(std::int32_t command);
     void chooseSetup();
     void openRecent(const QString& file);

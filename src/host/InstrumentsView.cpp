@@ -104,10 +104,10 @@ void InstrumentsView::askForFaults()
         return;
     auto* dialog = new FaultDialog(texts_, row->driver(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->changed = [this, &driver = row->driver()] {
+    dialog->changed = [this, &driver = row->driver()](const std::string& operation, bool fails) {
         refresh();
-        if (faultsChanged)
-            faultsChanged(driver);
+        if (faultChanged)
+            faultChanged(driver, operation, fails);
     };
     dialog->open();
 }

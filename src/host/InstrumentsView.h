@@ -22,8 +22,8 @@ public:
 
     [[nodiscard]] InstrumentsModel& model() { return *model_; }
 
-    /// An instrument fails at other operations than before.
-    std::function<void(const SimulatedDriver& driver)> faultsChanged;
+    /// An operation of an instrument has been made to fail, or healed; no operation stands for all.
+    std::function<void(const SimulatedDriver& driver, const std::string& operation, bool fails)> faultChanged;
     /// The user wants the instruments handed over to the page again.
     std::function<void()> handOver;
 

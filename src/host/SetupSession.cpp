@@ -58,11 +58,6 @@ bool SetupSession::mayLeave(SessionQuestions& questions)
     return false;
 }
 
-Setup SetupSession::present() const
-{
-    return withPresentValues(setup_, drivers_);
-}
-
 std::string SetupSession::name() const
 {
     return std::filesystem::path(file_).filename().string();
@@ -78,7 +73,7 @@ void SetupSession::setChanged(bool changed)
 bool SetupSession::write(const std::string& file, SessionQuestions& questions)
 {
     try {
-        saveSetup(file, present());
+        saveSetup(file, withPresentValues(setup_, drivers_));
     } catch (const InputError& error) {
         questions.tellNotSaved(error.what());
         return false;

@@ -44,8 +44,6 @@ public:
     /// The file's name without its folder.
     [[nodiscard]] std::string name() const;
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
-    /// The set-up with its instruments' present values.
-    [[nodiscard]] Setup present() const;
     /// The time at which the set-up's clock stands, if it does.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_.clock; }
     [[nodiscard]] bool isOpen() const { return !file_.empty(); }
