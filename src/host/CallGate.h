@@ -2,6 +2,7 @@
 
 #include "host/InstrumentSettings.h"
 #include "host/Operations.h"
+#include "platform/Failure.h"
 
 #include <initializer_list>
 #include <nlohmann/json_fwd.hpp>
@@ -15,7 +16,16 @@ namespace ko {
 struct DriverCall {
     Operation operation = Operation::GroupCount;
     std::initializer_list<std::int32_t> arguments;
-    const nlohmann::ordered_json& value; ///< answered by a read, requested by a write
+    const nlohmann::ordered_json& value;          ///< answered by a read, requested by a write
+    const nlohmann::ordered_json* kept = nullptr; ///< what a write left in the driver, where that is another value
+};
+
+/// A call that failed. What it refers to lives until `failed` returns.
+struct FailedCall {
+    Operation operation = Operation::GroupCount;
+    std::initializer_list<std::int32_t> arguments;
+    const nlohmann::ordered_json* value = nullptr; ///< requested by a write; none for a read
+    const Failure& failure;
 };
 
 /// Hears the calls to a simulated driver.
@@ -26,6 +36,8 @@ public:
     /// Asked before a call's value is made ready.
     virtual bool hears(Operation operation) = 0;
     virtual void called(const DriverCall& call) = 0;
+    /// Told of every operation.
+    virtual void failed(const FailedCall&) {}
 };
 
 /// The way into a simulated driver: every call is counted here, fails here when it is to fail, and is told to the
@@ -50,21 +62,20 @@ public:
     /// Answers what `answer` gives, unless the operation is to fail.
     template <class Answer> auto read(Operation operation, Arguments arguments, const Answer& answer)
     {
-        enter(operation);
-        auto value = answer();
+        auto value = attempt(operation, answer, [&](const Failure& failure) { tell(operation, arguments, failure); });
         if (isHeard(operation))
             tell(operation, arguments, value);
         return value;
     }
 
-    /// Runs `change`, unless the operation is to fail.
+    /// Runs `change`, which answers the value that the driver then holds, unless the operation is to fail.
     template <class T, class Change>
     void write(Operation operation, Arguments arguments, const T& value, const Change& change)
     {
-        enter(operation);
-        change();
+        const T kept =
+            attempt(operation, change, [&](const Failure& failure) { tell(operation, arguments, value, failure); });
         if (isHeard(operation))
-            tell(operation, arguments, value);
+            tell(operation, arguments, value, kept);
     }
 
 private:
@@ -83,7 +94,24 @@ private:
     }
     void failIfPlanned(Operation operation);
 
+    /// What `act` answers; a failure is handed to `complain` on its way to the caller.
+    template <class Act, class Complain> auto attempt(Operation operation, const Act& act, const Complain& complain)
+    {
+        try {
+            enter(operation);
+            return act();
+        } catch (const Failure& failure) {
+            if (observer_)
+                complain(failure);
+            throw;
+        }
+    }
+
     template <class T> void tell(Operation operation, Arguments arguments, const T& value) const;
+    template <class T> void tell(Operation operation, Arguments arguments, const T& value, const T& kept) const;
+    template <class T>
+    void tell(Operation operation, Arguments arguments, const T& value, const Failure& failure) const;
+    void tell(Operation operation, Arguments arguments, const Failure& failure) const;
 
     CallObserver* observer_ = nullptr;
     std::int64_t calls_ = 0;

@@ -33,6 +33,8 @@ void FrameWindow::makeFileMenu()
     printPage->setShortcut(QKeySequence::Print);
     connect(printPage, &QAction::triggered, this, [this] { guarded([this] { print(); }); });
     menu->addSeparator();
+    menu->addAction(&recording_->action());
+    menu->addSeparator();
     QAction* quit = menu->addAction(text(hostText::quit));
     quit->setShortcut(QKeySequence::Quit);
     connect(quit, &QAction::triggered, this, &QWidget::close);
@@ -65,7 +67,10 @@ void FrameWindow::makeViewMenu()
     QMenu* menu = menuBar()->addMenu(text(hostText::viewMenu));
     QAction* readOnly = menu->addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
-    connect(readOnly, &QAction::toggled, this, [this](bool on) { document_->mode().setReadOnly(on); });
+    connect(readOnly, &QAction::toggled, this, [this](bool on) {
+        recording_->host({"read-only", on ? "on" : "off"});
+        document_->mode().setReadOnly(on);
+    });
     menu->addAction(reports_->toggleViewAction());
 }
 

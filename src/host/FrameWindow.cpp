@@ -3,6 +3,7 @@
 #include "host/HostTexts.h"
 #include "host/InputError.h"
 #include "host/Reports.h"
+#include "host/SetupSaving.h"
 #include "widgets/DateDialog.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
@@ -39,6 +40,7 @@ FrameWindow::FrameWindow(const std::string& language)
     setCentralWidget(page_);
     makeStatusBar();
     page_->view().formChanged = [this] { showHint(); };
+    makeRecording();
     makeMenus();
     makeSite();
     showTitle(text(hostText::noSetup));
@@ -48,6 +50,7 @@ FrameWindow::FrameWindow(const std::string& language)
 
 FrameWindow::~FrameWindow()
 {
+    recording_.reset();
     site_->close();
     page_->view().formChanged = nullptr;
     delete page_;
@@ -75,6 +78,14 @@ void FrameWindow::makeSite()
     site_->showHelp = [this](std::int32_t topic) { showHelp(topic); };
 }
 
+void FrameWindow::makeRecording()
+{
+    const auto present = [this] { return withPresentValues({"", services_.clock.standing(), {}}, drivers_); };
+    recording_ = std::make_unique<FrameRecording>(RecordingFrame{
+        *this, [this](int number) { return text(number); }, services_, platform_, *component_, *document_,
+        [this] { return okToLeave(); }, present, [this] { handOver(SimulatedDrivers(drivers_)); }});
+}
+
 void FrameWindow::makeStatusBar()
 {
     hint_ = new QLabel(this);
@@ -93,6 +104,7 @@ void FrameWindow::open(const std::string& file)
     services_.clock.standAt(setup.clock);
     file_ = toQt(file);
     showTitle(QFileInfo(file_).fileName());
+    recording_->setup(file);
     handOver(makeDrivers(setup));
 }
 
@@ -151,6 +163,7 @@ void FrameWindow::showHint()
 bool FrameWindow::okToLeave()
 {
     bool allowed = false;
+    recording_->host({"ok-to-leave"});
     document_->state().OKToLeave(allowed);
     return allowed;
 }
@@ -164,8 +177,10 @@ bool FrameWindow::isAvailable(std::int32_t command)
 
 void FrameWindow::runCommand(std::int32_t command)
 {
-    if (isAvailable(command))
-        document_->menu().OnCommand(command);
+    if (!isAvailable(command))
+        return;
+    recording_->command(command);
+    document_->menu().OnCommand(command);
 }
 
 void FrameWindow::closeEvent(QCloseEvent* event)
@@ -177,7 +192,10 @@ void FrameWindow::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: document_->menu().OnCommand(command::acceptEntry); break;
+    case Qt::Key_Enter:
+        recording_->command(command::acceptEntry);
+        document_->menu().OnCommand(command::acceptEntry);
+        break;
     case Qt::Key_F1: runCommand(command::help); break;
     default: QMainWindow::keyPressEvent(event);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ClassFactory.h"
+#include "host/FrameRecording.h"
 #include "host/FrameSite.h"
 #include "host/SetupFile.h"
 #include "widgets/PageWidget.h"
@@ -31,6 +32,7 @@ public:
 
     [[nodiscard]] Document& document() { return *document_; }
     [[nodiscard]] PageWidget& page() { return *page_; }
+    [[nodiscard]] FrameRecording& recording() { return *recording_; }
     [[nodiscard]] QtServices& services() { return services_; }
     [[nodiscard]] QString text(int number) const;
 
@@ -49,6 +51,7 @@ private:
     void makeHelpMenu();
     void makeStatusBar();
 
+    void makeRecording();
     void handOver(const SimulatedDrivers& drivers);
     void showTitle(const QString& name);
     /// The hint of the control that has the focus, behind it what the page says of its range.
@@ -69,6 +72,7 @@ private:
     std::shared_ptr<FrameSite> site_;
     SimulatedDrivers drivers_;
     PageWidget* page_ = nullptr;
+    std::unique_ptr<FrameRecording> recording_;
     Reports* reports_ = nullptr;
     QLabel* hint_ = nullptr;
     const Control* hinted_ = nullptr; ///< the control that `rangeHint_` is about

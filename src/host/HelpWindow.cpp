@@ -35,6 +35,7 @@ HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* paren
     setObjectName(QStringLiteral("help"));
     setWindowTitle(withoutMnemonic(texts(hostText::helpMenu)));
     browser_->setAccessibleName(windowTitle());
+    browser_->document()->setDocumentMargin(fontMetrics().height());
     auto* buttons = new QDialogButtonBox(this);
     auto& contents = *buttons->addButton(texts(hostText::contents), QDialogButtonBox::ActionRole);
     auto& back = *buttons->addButton(texts(hostText::back), QDialogButtonBox::ActionRole);

@@ -36,16 +36,17 @@ Keeps QuantitySettings::rule() const
     return wanted;
 }
 
-void QuantitySettings::request(double requested)
+double QuantitySettings::request(double requested)
 {
     if (!std::isfinite(requested))
-        return;
+        return value;
     switch (rule()) {
     case Keeps::Nearest: value = nearest(requested, choices); break;
     case Keeps::Clamp: value = std::max(range.minimum, std::min(requested, range.maximum)); break;
     case Keeps::Any: value = requested; break;
     case Keeps::Nothing: break;
     }
+    return value;
 }
 
 } // namespace ko

@@ -31,8 +31,8 @@ struct QuantitySettings {
 
     /// `keeps`, or what follows from the choices and the range.
     [[nodiscard]] Keeps rule() const;
-    /// Takes what the rule makes of a requested value.
-    void request(double requested);
+    /// Takes what the rule makes of a requested value, and answers it.
+    double request(double requested);
 };
 
 struct TimebaseSettings {
@@ -80,6 +80,8 @@ struct ChannelSettings {
     std::vector<ParameterSettings> triggerParameters;
 
     bool operator==(const ChannelSettings&) const = default;
+
+    [[nodiscard]] bool isEnabled() const { return enabled != Value{std::int32_t{0}}; }
 };
 
 struct GroupSettings {

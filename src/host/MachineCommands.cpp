@@ -1,4 +1,6 @@
 #include "host/Commands.h"
+#include "host/LocaleWords.h"
+#include "platform/Failure.h"
 
 namespace ko {
 
@@ -34,6 +36,19 @@ void heal(Scenario& scenario, const Arguments& words)
         scenario.refuse("\"" + words.text(1) + "\" is no operation that can fail");
 }
 
+void enable(Scenario& scenario, const Arguments& words)
+{
+    SimulatedDriver& driver = scenario.driver(words.text(0));
+    const std::int32_t on = words.integer(3);
+    if (on != 0 && on != 1)
+        scenario.refuse("a channel is enabled with 1 and disabled with 0");
+    try {
+        driver.enableChannel(words.integer(1), words.integer(2), on == 1);
+    } catch (const Failure&) {
+        scenario.refuse("there is no such channel");
+    }
+}
+
 void clock(Scenario& scenario, const Arguments& words)
 {
     const auto time = readClockTime(words.text(0));
@@ -50,10 +65,20 @@ void clipboard(Scenario& scenario, const Arguments& words)
         scenario.log.event("clipboard", {{"value", scenario.clipboard.text()}});
 }
 
+void locale(Scenario& scenario, const Arguments& words)
+{
+    Locale settings;
+    for (std::size_t i = 0; i < words.count(); ++i)
+        if (!takeLocaleWord(settings, words.text(i)))
+            scenario.refuse("\"" + words.text(i) + "\" is no setting such as decimalSeparator=,");
+    scenario.setLocale(settings);
+}
+
 constexpr Command commands[]{
     {"cursor", Giver::Machine, 2, 2, cursor},    {"work-area", Giver::Machine, 4, 4, workArea},
     {"fail", Giver::Machine, 2, 4, failCommand}, {"heal", Giver::Machine, 1, 2, heal},
     {"clock", Giver::Machine, 1, 1, clock},      {"clipboard", Giver::Machine, 0, 1, clipboard},
+    {"enable", Giver::Machine, 4, 4, enable},    {"locale", Giver::Host, 1, anyNumber, locale},
 };
 
 } // namespace

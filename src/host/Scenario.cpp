@@ -96,6 +96,12 @@ void Scenario::makeDocument()
     document_ = component_->createDocument(changes_);
 }
 
+void Scenario::setLocale(const Locale& locale)
+{
+    platform_->locale = locale;
+    makeDocument();
+}
+
 void Scenario::terminate()
 {
     static_cast<void>(document()); // a fault where there is none

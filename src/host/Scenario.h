@@ -61,6 +61,8 @@ public:
     [[nodiscard]] Document& document() const;
     void makeDocument();
     void terminate();
+    /// Gives the machine other regional settings, and makes a document that follows them.
+    void setLocale(const Locale& locale);
 
     /// The form that the user sees in front: the open dialog, else the page.
     [[nodiscard]] Form& form() const;

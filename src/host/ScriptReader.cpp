@@ -65,6 +65,17 @@ private:
     int number_;
 };
 
+std::string quoted(std::string_view word)
+{
+    std::string result = "\"";
+    for (const char letter : word) {
+        if (letter == '"' || letter == '\\')
+            result += '\\';
+        letter == '\n' ? result += "\\n" : result += letter;
+    }
+    return result + '"';
+}
+
 } // namespace
 
 std::vector<std::string> splitWords(const std::string& line, int number)
@@ -74,6 +85,16 @@ std::vector<std::string> splitWords(const std::string& line, int number)
     while (auto word = cutter.next())
         words.push_back(std::move(*word));
     return words;
+}
+
+std::string joinWords(const std::vector<std::string>& words)
+{
+    std::string line;
+    for (const std::string& word : words) {
+        const bool plain = !word.empty() && word.front() != '"' && word.find_first_of(" \t\r\n") == std::string::npos;
+        line += (line.empty() ? "" : " ") + (plain ? word : quoted(word));
+    }
+    return line;
 }
 
 std::optional<ScriptLine> ScriptReader::next()

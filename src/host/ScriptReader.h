@@ -31,6 +31,9 @@ struct ScriptLine {
 /// not begin a word stands for itself. Fails with a `ScriptFault` of this line number.
 std::vector<std::string> splitWords(const std::string& line, int number);
 
+/// The line that `splitWords` takes apart into these words.
+std::string joinWords(const std::vector<std::string>& words);
+
 /// Reads a script line by line, as far as it is run, so that a script may come through a pipe.
 class ScriptReader {
 public:

@@ -8,16 +8,12 @@ namespace ko {
 
 namespace {
 
-bool isEnabled(const ChannelSettings& channel)
-{
-    return channel.enabled != Value{std::int32_t{0}};
-}
-
 double countEnabled(const std::vector<GroupSettings>& groups)
 {
     std::ptrdiff_t count = 0;
     for (const GroupSettings& group : groups)
-        count += std::count_if(group.channels.begin(), group.channels.end(), isEnabled);
+        count += std::count_if(group.channels.begin(), group.channels.end(),
+                               [](const ChannelSettings& channel) { return channel.isEnabled(); });
     return static_cast<double>(count);
 }
 
@@ -68,6 +64,11 @@ InstrumentSettings SimulatedDriver::settings() const
     InstrumentSettings present = settings_;
     present.failing = calls_.failing();
     return present;
+}
+
+void SimulatedDriver::enableChannel(std::int32_t group, std::int32_t channel, bool enabled)
+{
+    elementAt(elementAt(settings_.groups, group).channels, channel).enabled = std::int32_t{enabled};
 }
 
 std::int32_t SimulatedDriver::GroupCount()

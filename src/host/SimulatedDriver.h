@@ -19,8 +19,13 @@ public:
     /// The settings with the present values.
     [[nodiscard]] InstrumentSettings settings() const;
     [[nodiscard]] const std::string& name() const { return settings_.name; }
+    /// What it holds, seen without a call: nothing is counted, told or made to fail. `failing` is as it was at first.
+    [[nodiscard]] const InstrumentSettings& held() const { return settings_; }
+    /// What the owner of the instrument does, behind the page's back. Failure 9 for a channel that there is not.
+    void enableChannel(std::int32_t group, std::int32_t channel, bool enabled);
     /// Where calls are counted, observed and made to fail.
     [[nodiscard]] CallGate& calls() { return calls_; }
+    [[nodiscard]] const CallGate& calls() const { return calls_; }
 
     std::int32_t GroupCount() override;
     std::int32_t ChannelCount(std::int32_t group) override;

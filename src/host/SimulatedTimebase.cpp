@@ -6,7 +6,7 @@ namespace ko {
 
 void SimulatedTimebase::setSamplePeriod(double seconds)
 {
-    calls_.write(Operation::SamplePeriodSet, {}, seconds, [&] { settings_.samplePeriod.request(seconds); });
+    calls_.write(Operation::SamplePeriodSet, {}, seconds, [&] { return settings_.samplePeriod.request(seconds); });
 }
 
 double SimulatedTimebase::SamplePeriod()
@@ -16,7 +16,7 @@ double SimulatedTimebase::SamplePeriod()
 
 void SimulatedTimebase::setBlockSize(double samples)
 {
-    calls_.write(Operation::BlockSizeSet, {}, samples, [&] { settings_.blockSize.request(samples); });
+    calls_.write(Operation::BlockSizeSet, {}, samples, [&] { return settings_.blockSize.request(samples); });
 }
 
 double SimulatedTimebase::BlockSize()
@@ -26,7 +26,7 @@ double SimulatedTimebase::BlockSize()
 
 void SimulatedTimebase::setScanPeriod(double seconds)
 {
-    calls_.write(Operation::ScanPeriodSet, {}, seconds, [&] { settings_.scanPeriod.request(seconds); });
+    calls_.write(Operation::ScanPeriodSet, {}, seconds, [&] { return settings_.scanPeriod.request(seconds); });
 }
 
 double SimulatedTimebase::ScanPeriod()
@@ -71,6 +71,7 @@ void SimulatedTimebase::setStartTime(DateTime time)
     calls_.write(Operation::StartTimeSet, {}, time, [&] {
         if (std::isfinite(time.days))
             settings_.startTime = time;
+        return settings_.startTime;
     });
 }
 
@@ -84,6 +85,7 @@ void SimulatedTimebase::setDuration(float seconds)
     calls_.write(Operation::DurationSet, {}, seconds, [&] {
         if (std::isfinite(seconds))
             settings_.duration = seconds;
+        return settings_.duration;
     });
 }
 
@@ -94,7 +96,7 @@ std::int32_t SimulatedTimebase::StopMode()
 
 void SimulatedTimebase::setStopMode(std::int32_t mode)
 {
-    calls_.write(Operation::StopModeSet, {}, mode, [&] { settings_.stopMode = mode; });
+    calls_.write(Operation::StopModeSet, {}, mode, [&] { return settings_.stopMode = mode; });
 }
 
 std::int32_t SimulatedTimebase::StartMode()
@@ -104,7 +106,7 @@ std::int32_t SimulatedTimebase::StartMode()
 
 void SimulatedTimebase::setStartMode(std::int32_t mode)
 {
-    calls_.write(Operation::StartModeSet, {}, mode, [&] { settings_.startMode = mode; });
+    calls_.write(Operation::StartModeSet, {}, mode, [&] { return settings_.startMode = mode; });
 }
 
 } // namespace ko

@@ -100,7 +100,7 @@ void SimulatedTriggerParameters::SetTriggerParamValue(std::int32_t slot, std::in
         const std::optional<Value> kept = fitted(value, asked.type);
         if (!kept)
             fail(failure::typeMismatch);
-        asked.value = *kept;
+        return asked.value = *kept;
     });
 }
 
@@ -113,7 +113,7 @@ bool SimulatedTriggerParameters::TriggerEnabled(std::int32_t slot, std::int32_t 
 void SimulatedTriggerParameters::setTriggerEnabled(std::int32_t slot, std::int32_t channel, bool enabled)
 {
     calls_.write(Operation::TriggerEnabledSet, {slot, channel}, enabled,
-                 [&] { channelAt(slot, channel).triggerSource = enabled; });
+                 [&] { return channelAt(slot, channel).triggerSource = enabled; });
 }
 
 bool SimulatedTriggerParameters::CanTrigger(std::int32_t slot, std::int32_t channel)

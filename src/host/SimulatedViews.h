@@ -97,7 +97,7 @@ private:
     }
     void set(Operation operation, std::int32_t& setting, std::int32_t line)
     {
-        calls_.write(operation, {}, line, [&] { setting = line; });
+        calls_.write(operation, {}, line, [&] { return setting = line; });
     }
 
     CallGate& calls_;

@@ -44,13 +44,13 @@ void focus(Scenario& scenario, const Arguments& words)
     give(scenario, control, [&] {
         if (!control.takesFocus() || !control.isUsable())
             return Outcome::Inert;
-        return scenario.form().moveFocus(&control) ? Outcome::Done : Outcome::Refused;
+        return scenario.form().userMovedFocus(&control) ? Outcome::Done : Outcome::Refused;
     });
 }
 
 void leave(Scenario& scenario, const Arguments&)
 {
-    scenario.form().moveFocus(nullptr);
+    scenario.form().userMovedFocus(nullptr);
 }
 
 void type(Scenario& scenario, const Arguments& words)
@@ -81,6 +81,26 @@ std::array<std::int32_t, 3> partsOf(const Scenario& scenario, const std::string&
     return parts;
 }
 
+struct Selected {
+    std::size_t start = 0, length = 0;
+};
+
+Selected selectedAt(const Scenario& scenario, const Arguments& words, std::size_t at)
+{
+    const std::int32_t start = words.integer(at), length = words.integer(at + 1);
+    if (start < 0 || length < 0)
+        scenario.refuse("a selection begins at 0 and has no length below 0");
+    return {static_cast<std::size_t>(start), static_cast<std::size_t>(length)};
+}
+
+/// What a new text leaves selected: what stands behind it, else nothing, the cursor at its end.
+Selected selectedAfter(const Scenario& scenario, const Arguments& words)
+{
+    if (words.count() == 3)
+        scenario.refuse("a selection has a start and a length");
+    return words.count() == 4 ? selectedAt(scenario, words, 2) : Selected{utf8Length(words.text(1)), 0};
+}
+
 void text(Scenario& scenario, const Arguments& words)
 {
     Control& control = scenario.control(words.text(0));
@@ -90,20 +110,29 @@ void text(Scenario& scenario, const Arguments& words)
     } else if (auto* const picker = dynamic_cast<TimePicker*>(&control)) {
         const auto [hour, minute, second] = partsOf(scenario, words.text(1), ':');
         give(scenario, control, [&, h = hour, m = minute, s = second] { return picker->userChose(h, m, s); });
+    } else if (auto* const grid = dynamic_cast<Grid*>(&control)) {
+        const Selected left = selectedAfter(scenario, words);
+        give(scenario, control, [&] { return grid->userTypedInCell(words.text(1), left.start, left.length); });
     } else {
         auto& box = controlAs<TextBox>(scenario, words.text(0), "written in");
-        give(scenario, box, [&] { return box.userReplaced(words.text(1), utf8Length(words.text(1)), 0); });
+        const Selected left = selectedAfter(scenario, words);
+        give(scenario, box, [&] { return box.userReplaced(words.text(1), left.start, left.length); });
     }
 }
 
 void select(Scenario& scenario, const Arguments& words)
 {
+    const Selected part = selectedAt(scenario, words, 1);
+    if (auto* const grid = dynamic_cast<Grid*>(&scenario.control(words.text(0))))
+        return give(scenario, *grid, [&] { return grid->userSelectedInCell(part.start, part.length); });
     auto& box = controlAs<TextBox>(scenario, words.text(0), "selected in");
-    const std::int32_t start = words.integer(1), length = words.integer(2);
-    if (start < 0 || length < 0)
-        scenario.refuse("a selection begins at 0 and has no length below 0");
-    give(scenario, box,
-         [&] { return box.userSelected(static_cast<std::size_t>(start), static_cast<std::size_t>(length)); });
+    give(scenario, box, [&] { return box.userSelected(part.start, part.length); });
+}
+
+void undo(Scenario& scenario, const Arguments& words)
+{
+    auto& box = controlAs<TextBox>(scenario, words.text(0), "undone");
+    give(scenario, box, [&] { return box.userUndid(); });
 }
 
 /// The entry of this text or, for `#3`, of this index; -1 when there is none.
@@ -146,11 +175,35 @@ void doubleClick(Scenario& scenario, const Arguments& words)
     give(scenario, box, [&] { return box.userDoubleClicked(); });
 }
 
+Grid& theGrid(const Scenario& scenario)
+{
+    return controlAs<Grid>(scenario, "grdParam", "edited");
+}
+
 void cell(Scenario& scenario, const Arguments& words)
 {
     const std::int32_t row = words.integer(0);
-    auto& grid = controlAs<Grid>(scenario, "grdParam", "edited");
+    Grid& grid = theGrid(scenario);
     give(scenario, grid, [&] { return grid.userEditedCell(row, words.text(1)); });
+}
+
+void openCell(Scenario& scenario, const Arguments& words)
+{
+    Grid& grid = theGrid(scenario);
+    const std::int32_t row = words.integer(0);
+    give(scenario, grid, [&] { return grid.userOpenedCell(row); });
+}
+
+void endCell(Scenario& scenario, const Arguments&)
+{
+    Grid& grid = theGrid(scenario);
+    give(scenario, grid, [&] { return grid.userEndedEdit(); });
+}
+
+void dropCell(Scenario& scenario, const Arguments&)
+{
+    Grid& grid = theGrid(scenario);
+    give(scenario, grid, [&] { return grid.userDroppedEdit(); });
 }
 
 /// The line of the selector that two words name; beyond the last line when there is none.
@@ -208,11 +261,10 @@ KeyPress keyOf(const Scenario& scenario, const std::string& word)
 void keyCommand(Scenario& scenario, const Arguments& words)
 {
     KeyPress press = keyOf(scenario, words.text(0));
-    const Form& form = scenario.form();
-    if (!scenario.isFormShown())
+    if (scenario.isFormShown())
+        scenario.form().userPressedKey(press);
+    else
         tellInert(scenario, nullptr);
-    else if (form.keyDown)
-        form.keyDown(press);
 }
 
 void dialog(Scenario& scenario, const Arguments& words)
@@ -230,12 +282,14 @@ void strayEnd(Scenario& scenario, const Arguments&)
 
 constexpr Command commands[]{
     {"focus", Giver::User, 1, 1, focus},       {"leave", Giver::User, 0, 0, leave},
-    {"type", Giver::User, 1, 1, type},         {"text", Giver::User, 2, 2, text},
+    {"type", Giver::User, 1, 1, type},         {"text", Giver::User, 2, 4, text},
     {"select", Giver::User, 3, 3, select},     {"choose", Giver::User, 2, 2, choose},
     {"click", Giver::User, 1, 1, click},       {"double-click", Giver::User, 1, 1, doubleClick},
     {"cell", Giver::User, 2, 2, cell},         {"key", Giver::User, 1, 1, keyCommand},
     {"dialog", Giver::Host, 1, 1, dialog},     {"end", Giver::Host, 0, 0, strayEnd},
     {"pick", Giver::User, 1, anyNumber, pick}, {"activate", Giver::User, 2, 2, activate},
+    {"undo", Giver::User, 1, 1, undo},         {"open-cell", Giver::User, 1, 1, openCell},
+    {"end-cell", Giver::User, 0, 0, endCell},  {"drop-cell", Giver::User, 0, 0, dropCell},
 };
 
 } // namespace

@@ -47,6 +47,8 @@ int stayOpen(FrameWindow& window, const std::string& refusal)
 int run(const WindowOptions& options)
 {
     FrameWindow window(options.language);
+    if (!options.record.empty())
+        window.recording().start(options.record, options.setup);
     std::string refusal;
     try {
         if (!options.setup.empty())

@@ -20,6 +20,7 @@ struct CommandLine {
     std::string locale;
     std::string language;
     std::string picture;
+    std::string record;
     std::string setup;
     std::string script = "-";
 };
@@ -35,6 +36,8 @@ void declare(CLI::App& app, CommandLine& line)
     app.add_option("--language", line.language,
                    "String file or language code; a window without it follows the system's language");
     app.add_option("--picture", line.picture, "Paint the page into this file and leave")->excludes(headless);
+    app.add_option("--record", line.record, "Write what is done in the window as a script into this file")
+        ->excludes(headless);
     app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments");
     app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")->needs(headless);
 }
@@ -85,7 +88,8 @@ int run(const CommandLine& line, int& argc, char** argv)
     const bool followsSystem = line.language.empty() && !line.headless;
     const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
     if (!line.headless)
-        return ko::runWindow(argc, argv, {.setup = line.setup, .language = language, .picture = line.picture});
+        return ko::runWindow(
+            argc, argv, {.setup = line.setup, .language = language, .record = line.record, .picture = line.picture});
     if (line.setup.empty())
         throw ko::InputError("--headless needs a set-up file");
     return runHeadless(line, language);

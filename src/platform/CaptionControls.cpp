@@ -22,6 +22,7 @@ void LimitedLabel::setShare(double share)
 
 Outcome PressControl::userClicked()
 {
+    form().tellUserActs("click", name());
     const Outcome entered = enter();
     if (entered == Outcome::Done)
         raise(click);
@@ -71,6 +72,7 @@ void OptionButton::deselect()
 
 Outcome OptionButton::userClicked()
 {
+    form().tellUserActs("click", name());
     const Outcome entered = enter();
     if (entered == Outcome::Done)
         select();

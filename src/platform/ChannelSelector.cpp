@@ -1,6 +1,7 @@
 #include "platform/ChannelSelector.h"
 
 #include "interfaces/TriggerParameters.h"
+#include "platform/Form.h"
 
 #include <algorithm>
 
@@ -148,10 +149,29 @@ std::optional<std::size_t> ChannelSelector::lineOf(const Driver* driver, std::in
     return found == entries_.end() ? std::nullopt : std::optional(static_cast<std::size_t>(found - entries_.begin()));
 }
 
+void ChannelSelector::tellLines(const char* verb, const Lines& lines) const
+{
+    std::vector<std::string> words{verb};
+    for (const std::size_t line : lines) {
+        words.push_back(std::to_string(entries_[line].slot));
+        words.push_back(std::to_string(entries_[line].channel));
+    }
+    if (lines.empty())
+        words.emplace_back("none");
+    form().userActs(words);
+}
+
 Outcome ChannelSelector::userPicked(Lines lines)
 {
     if (std::any_of(lines.begin(), lines.end(), [&](std::size_t line) { return line >= entries_.size(); }))
         return Outcome::Inert;
+    if (form().userActs)
+        tellLines("pick", lines);
+    return pick(std::move(lines));
+}
+
+Outcome ChannelSelector::pick(Lines lines)
+{
     const Outcome entered = enter();
     if (entered == Outcome::Done)
         select(std::move(lines));
@@ -160,7 +180,11 @@ Outcome ChannelSelector::userPicked(Lines lines)
 
 Outcome ChannelSelector::userActivated(std::size_t line)
 {
-    const Outcome picked = userPicked({line});
+    if (line >= entries_.size())
+        return Outcome::Inert;
+    if (form().userActs)
+        tellLines("activate", {line});
+    const Outcome picked = pick({line});
     if (picked == Outcome::Done)
         raise(activated);
     return picked;

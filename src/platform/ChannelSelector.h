@@ -99,6 +99,8 @@ private:
         list();
     }
     void list();
+    Outcome pick(Lines lines);
+    void tellLines(const char* verb, const Lines& lines) const;
     void listDriver(const std::shared_ptr<Driver>& driver);
     void listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot);
     [[nodiscard]] bool letsThrough(Driver& driver) const;

@@ -1,6 +1,7 @@
 #include "platform/ComboBox.h"
 
 #include "platform/Failure.h"
+#include "platform/Form.h"
 
 namespace ko {
 
@@ -51,6 +52,7 @@ Outcome ComboBox::userChose(std::int32_t index)
 {
     if (!isEntry(index))
         return Outcome::Inert;
+    form().tellUserActs("choose", name(), "#" + std::to_string(index));
     const Outcome entered = enter();
     if (entered != Outcome::Done)
         return entered;

@@ -1,6 +1,7 @@
 #include "platform/DateControls.h"
 
 #include "platform/Failure.h"
+#include "platform/Form.h"
 
 #include <chrono>
 
@@ -23,6 +24,13 @@ bool isTime(int hour, int minute, int second)
     return hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
 }
 
+/// "2026-11-24" or "15:04:05"
+std::string joined(int first, int second, int third, char separator)
+{
+    const auto twoDigits = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
+    return twoDigits(first) + separator + twoDigits(second) + separator + twoDigits(third);
+}
+
 } // namespace
 
 void Calendar::setDate(int year, int month, int day)
@@ -42,6 +50,7 @@ Outcome Calendar::userChose(int year, int month, int day)
 {
     if (!isUsable() || !isDate(year, month, day) || !dateSerial(year, month, day).hasDate())
         return Outcome::Inert;
+    form().tellUserActs("text", name(), joined(year, month, day, '-'));
     setDate(year, month, day);
     return Outcome::Done;
 }
@@ -63,6 +72,7 @@ Outcome TimePicker::userChose(int hour, int minute, int second)
 {
     if (!isUsable() || !isTime(hour, minute, second))
         return Outcome::Inert;
+    form().tellUserActs("text", name(), joined(hour, minute, second, ':'));
     setTime(hour, minute, second);
     return Outcome::Done;
 }

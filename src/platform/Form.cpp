@@ -49,6 +49,36 @@ bool Form::moveFocus(Control* control)
     return true;
 }
 
+bool Form::userMovedFocus(Control* control)
+{
+    if (control && control != activeControl_)
+        tellUserActs("focus", control->name());
+    else if (!control && activeControl_)
+        tellUserActs("leave");
+    return moveFocus(control);
+}
+
+namespace {
+
+std::string keyName(const KeyPress& press)
+{
+    std::string name;
+    for (const auto& [flag, held] : {std::pair{1, "Shift+"}, std::pair{2, "Ctrl+"}, std::pair{4, "Alt+"}})
+        if ((press.shift & flag) != 0)
+            name += held;
+    return name + "F" + std::to_string(press.keyCode - key::f1 + 1);
+}
+
+} // namespace
+
+void Form::userPressedKey(KeyPress& press)
+{
+    if (userActs && press.keyCode >= key::f1 && press.keyCode <= key::f12)
+        userActs({"key", keyName(press)});
+    if (keyDown)
+        keyDown(press);
+}
+
 void Form::dropFocus()
 {
     if (!activeControl_)

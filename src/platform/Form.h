@@ -2,6 +2,7 @@
 
 #include "platform/Control.h"
 
+#include <concepts>
 #include <vector>
 
 namespace ko {
@@ -14,6 +15,7 @@ struct KeyPress {
 
 namespace key {
 inline constexpr std::int16_t f1 = 112;
+inline constexpr std::int16_t f12 = 123;
 } // namespace key
 
 /// A page or a dialog: its controls in the order in which they were made, its caption, its font, and which of its
@@ -40,6 +42,10 @@ public:
     /// Moves the focus to `control` (null: to no control). The control left is asked first and may keep the focus;
     /// false then. A control that is disabled, hidden or takes no focus leaves everything as it is: false, too.
     bool moveFocus(Control* control);
+    /// The user moves the focus; as `moveFocus`.
+    bool userMovedFocus(Control* control);
+    /// The user presses a key; raises `keyDown`.
+    void userPressedKey(KeyPress& press);
     /// Takes the focus away without asking; the control left runs its lost-focus event.
     void dropFocus();
 
@@ -55,8 +61,21 @@ public:
     std::function<void()> resized;
     /// Set by the view: the focus moved, the caption or the bounds changed.
     std::function<void()> view;
+    /// Set by whoever records the user's input: each input that enters the form, in the words of a scenario ("choose",
+    /// "cmbSampleRate", "#3"), before it takes effect and whatever becomes of it.
+    std::function<void(const std::vector<std::string>& words)> userActs;
+
+    /// Raises `userActs` with these words, texts and whole numbers; without a listener no word is made.
+    template <class... Words> void tellUserActs(const Words&... words) const
+    {
+        if (userActs)
+            userActs({word(words)...});
+    }
 
 private:
+    static std::string word(std::string_view text) { return std::string(text); }
+    static std::string word(std::integral auto number) { return std::to_string(number); }
+
     friend class Control;
     void add(Control& control) { controls_.push_back(&control); }
     void usabilityChanged();

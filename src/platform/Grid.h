@@ -116,6 +116,9 @@ public:
     /// The user gives a value cell another value and ends the edit: a text, an entry of the list, a check. Inert
     /// where there is no such cell, entry or check.
     Outcome userEditedCell(std::int32_t row, const std::string& text);
+    /// The user ends an open edit, or gives it up. Inert where none is open.
+    Outcome userEndedEdit();
+    Outcome userDroppedEdit();
 
     /// The check, before an edit ends.
     std::function<void(CellEvent&)> OnValidateCell;
@@ -132,6 +135,7 @@ private:
     };
 
     void changed();
+    Outcome openCell(std::int32_t row);
     void setStyle(CellStyle& mine, const CellStyle& style);
     [[nodiscard]] bool takes(std::int32_t row, const std::string& text) const;
     bool accepts(const std::function<void(CellEvent&)>& event, const Editor& edit) const;

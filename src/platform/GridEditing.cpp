@@ -1,4 +1,5 @@
 #include "platform/Failure.h"
+#include "platform/Form.h"
 #include "platform/Grid.h"
 #include "platform/Scoped.h"
 #include "platform/Utf8.h"
@@ -102,6 +103,12 @@ void Grid::dropEdit()
 
 Outcome Grid::userOpenedCell(std::int32_t row)
 {
+    form().tellUserActs("open-cell", row);
+    return openCell(row);
+}
+
+Outcome Grid::openCell(std::int32_t row)
+{
     if (!isEditable(row))
         return Outcome::Inert;
     const Outcome entered = enter();
@@ -125,6 +132,7 @@ Outcome Grid::userTypedInCell(const std::string& text, std::size_t start, std::s
 {
     if (!editor_ || !isUsable())
         return Outcome::Inert;
+    form().tellUserActs("text", name(), text, start, length);
     EditText typed;
     typed.put(text, start, length);
     put(typed);
@@ -135,6 +143,8 @@ Outcome Grid::userSelectedInCell(std::size_t start, std::size_t length)
 {
     if (!editor_ || !isUsable())
         return Outcome::Inert;
+    if (start != editor_->text.selStart() || length != editor_->text.selLength())
+        form().tellUserActs("select", name(), start, length);
     if (editor_->text.select(start, length))
         tellView(Aspect::Selection);
     return Outcome::Done;
@@ -142,9 +152,10 @@ Outcome Grid::userSelectedInCell(std::size_t start, std::size_t length)
 
 Outcome Grid::userEditedCell(std::int32_t row, const std::string& text)
 {
+    form().tellUserActs("cell", row, text);
     if (!isEditable(row) || !takes(row, text))
         return Outcome::Inert;
-    const Outcome opened = userOpenedCell(row);
+    const Outcome opened = openCell(row);
     if (opened != Outcome::Done)
         return opened;
     EditText typed;
@@ -152,6 +163,23 @@ Outcome Grid::userEditedCell(std::int32_t row, const std::string& text)
     put(typed);
     editor_->modified = true;
     return endEdit() ? Outcome::Done : Outcome::Refused;
+}
+
+Outcome Grid::userEndedEdit()
+{
+    if (!editor_)
+        return Outcome::Inert;
+    form().tellUserActs("end-cell");
+    return endEdit() ? Outcome::Done : Outcome::Refused;
+}
+
+Outcome Grid::userDroppedEdit()
+{
+    if (!editor_)
+        return Outcome::Inert;
+    form().tellUserActs("drop-cell");
+    dropEdit();
+    return Outcome::Done;
 }
 
 } // namespace ko

@@ -1,6 +1,7 @@
 #include "platform/TabControl.h"
 
 #include "platform/Failure.h"
+#include "platform/Form.h"
 
 namespace ko {
 
@@ -49,6 +50,7 @@ Outcome TabControl::userChoseTab(std::int32_t index)
 {
     if (index < 0 || static_cast<std::size_t>(index) >= tabs_.size() || !at(index).enabled)
         return Outcome::Inert;
+    form().tellUserActs("choose", name(), "#" + std::to_string(index));
     const Outcome entered = enter();
     if (entered == Outcome::Done)
         setTab(index);

@@ -1,5 +1,8 @@
 #include "platform/TextBox.h"
 
+#include "platform/Form.h"
+#include "platform/Utf8.h"
+
 namespace ko {
 
 void TextBox::setText(const std::string& text)
@@ -46,14 +49,30 @@ void TextBox::setSelText(const std::string& text)
 
 Outcome TextBox::userTyped(const std::string& text)
 {
+    form().tellUserActs("type", text);
     if (!isUsable() || locked_)
         return Outcome::Inert;
     setSelText(text);
     return Outcome::Done;
 }
 
+/// A character that was put in place of the selection reads as typed, which needs no other text to be known.
+void TextBox::tellReplaced(const std::string& text, std::size_t start, std::size_t length) const
+{
+    const std::string typed(start > 0 ? utf8Part(text, start - 1, 1) : std::string_view{});
+    const EditText result = edit_.replaced(typed);
+    if (hasFocus() && !typed.empty() && length == 0 && result.selStart() == start && result.text() == text)
+        form().tellUserActs("type", typed);
+    else if (start == utf8Length(text))
+        form().tellUserActs("text", name(), text);
+    else
+        form().tellUserActs("text", name(), text, start, length);
+}
+
 Outcome TextBox::userReplaced(const std::string& text, std::size_t start, std::size_t length)
 {
+    if (form().userActs)
+        tellReplaced(text, start, length);
     if (!isUsable() || locked_)
         return Outcome::Inert;
     put(text, start, length);
@@ -64,12 +83,16 @@ Outcome TextBox::userSelected(std::size_t start, std::size_t length)
 {
     if (!isUsable())
         return Outcome::Inert;
+    // Views tell again what the box has told them.
+    if (start != selStart() || length != selLength())
+        form().tellUserActs("select", name(), start, length);
     select(start, length);
     return Outcome::Done;
 }
 
 Outcome TextBox::userUndid()
 {
+    form().tellUserActs("undo", name());
     if (!isUsable() || locked_)
         return Outcome::Inert;
     raise(undo);
@@ -78,6 +101,7 @@ Outcome TextBox::userUndid()
 
 Outcome TextBox::userDoubleClicked()
 {
+    form().tellUserActs("double-click", name());
     const Outcome entered = enter();
     if (entered == Outcome::Done)
         raise(doubleClick);

@@ -47,6 +47,7 @@ public:
     std::function<void()> undo;
 
 private:
+    void tellReplaced(const std::string& text, std::size_t start, std::size_t length) const;
     void put(const std::string& text, std::size_t start, std::size_t length);
 
     EditText edit_;

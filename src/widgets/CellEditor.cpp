@@ -98,10 +98,10 @@ bool CellEditor::eventFilter(QObject*, QEvent* event)
     case Qt::Key_Enter: {
         // A message box of the check takes the focus and gives it back.
         const FocusKeeper::Hold hold(view_.focus());
-        guarded([&] { grid_.endEdit(); });
+        guarded([&] { grid_.userEndedEdit(); });
         return true;
     }
-    case Qt::Key_Escape: guarded([&] { grid_.dropEdit(); }); return true;
+    case Qt::Key_Escape: guarded([&] { grid_.userDroppedEdit(); }); return true;
     default: return false;
     }
 }

@@ -51,7 +51,7 @@ bool FocusKeeper::request(Control& control)
     {
         // A message box that the control left shows makes the toolkit's focus come and go.
         const Hold hold(*this);
-        guarded([&] { came = form_.moveFocus(&control); });
+        guarded([&] { came = form_.userMovedFocus(&control); });
     }
     follow();
     return came;
@@ -169,7 +169,7 @@ bool FocusKeeper::keyPressed(const QKeyEvent& event) const
     KeyPress press{keyCodeOf(event), shiftStateOf(event)};
     if (press.keyCode == 0 || !form_.keyDown)
         return false;
-    guarded([&] { form_.keyDown(press); });
+    guarded([&] { form_.userPressedKey(press); });
     return press.keyCode == 0;
 }
 

@@ -85,7 +85,11 @@ void QtModalForms::showModal(Form& form)
         view->focus().follow();
     }
     open_[&form] = &dialog;
+    if (opened)
+        opened(form);
     dialog.exec();
+    if (closed)
+        closed();
     open_.erase(&form);
 }
 

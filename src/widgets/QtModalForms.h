@@ -30,6 +30,10 @@ public:
     void showModal(Form& form) override;
     void hide(Form& form) override;
 
+    /// A dialog is about to be shown; it has been left, in the reverse order.
+    std::function<void(const Form& form)> opened;
+    std::function<void()> closed;
+
 private:
     std::map<std::string, Kind> kinds_;
     std::map<const Form*, QDialog*> open_;

@@ -68,13 +68,20 @@ std::int32_t QtScreen::verticalScrollBarWidth()
 
 DateTime QtClock::now()
 {
-    if (standing_)
-        return *standing_;
+    if (standing_ || ticked_)
+        return standing_ ? *standing_ : *ticked_;
     const QDateTime now = QDateTime::currentDateTime();
     const QDate date = now.date();
     const QTime time = now.time();
     return {dateSerial(date.year(), date.month(), date.day()).days +
             timeSerial(time.hour(), time.minute(), time.second()).days};
+}
+
+DateTime QtClock::tick()
+{
+    ticked_.reset();
+    ticked_ = now();
+    return *ticked_;
 }
 
 } // namespace ko

@@ -163,10 +163,16 @@ public:
     bool hears(Operation) override { return true; }
     void called(const DriverCall& call) override
     {
-        heard += std::string(operationName(call.operation)) + call.value.dump() + " ";
+        heard += std::string(operationName(call.operation)) + call.value.dump();
+        heard += call.kept ? "->" + call.kept->dump() + " " : " ";
+    }
+    void failed(const FailedCall& call) override
+    {
+        failures += std::string(operationName(call.operation)) + (call.value ? call.value->dump() : "");
+        failures += "!" + std::to_string(call.failure.number()) + " ";
     }
 
-    std::string heard;
+    std::string heard, failures;
 };
 
 TEST(SimulatedDriverTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
@@ -192,7 +198,33 @@ TEST(SimulatedDriverTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
     calls.healAll();
     EXPECT_EQ(driver->DriverName(0), "d");
     EXPECT_EQ(tape.heard, "BlockSize1024.0 BlockSize7.0 Duration10.0 DriverName\"d\" ");
+    EXPECT_EQ(tape.failures, "BlockSize7.0!-2147467259 DriverName!6 Duration!77 ");
     EXPECT_EQ(calls.callCount(), 7);
+}
+
+TEST(SimulatedDriverTest, AnObserverHearsWhatADriverKeepsInsteadAndWhatItRefusesItself)
+{
+    const auto driver = driverOf(R"(, "timebase": {"samplePeriod": {"value": 2, "choices": [1, 2, 8]},
+        "scanPeriod": {"value": 5, "keeps": "nothing"}}, "groups": [{"name": "g", "channels": [{"address": "0:1",
+        "enabled": "yes", "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1}]}]}])");
+    Tape tape;
+    driver->calls().observe(&tape);
+    Timebase& timebase = *driver->queryTimebase();
+    timebase.setSamplePeriod(8);
+    timebase.setSamplePeriod(7);
+    timebase.setScanPeriod(6);
+    timebase.setStopMode(1);
+    TriggerParameters& parameters = *driver->queryTriggerParameters();
+    parameters.SetTriggerParamValue(0, 0, 2, 0.5);
+    EXPECT_EQ(failureOf([&] { parameters.SetTriggerParamValue(0, 0, 2, std::string("x")); }), failure::typeMismatch);
+    EXPECT_EQ(failureOf([&] { parameters.TriggerEnabled(1, 0); }), failure::subscriptOutOfRange);
+    EXPECT_EQ(tape.heard, "SamplePeriod8.0 SamplePeriod7.0->8.0 ScanPeriod6.0->5.0 StopMode1 SetTriggerParamValue0.5 ");
+    EXPECT_EQ(tape.failures, "SetTriggerParamValue\"x\"!13 TriggerEnabled!9 ");
+
+    driver->enableChannel(0, 0, false);
+    EXPECT_EQ(driver->ChannelAttribute(0, 0, attribute::enabled), Value{std::int32_t{0}});
+    driver->enableChannel(0, 0, true);
+    EXPECT_TRUE(driver->held().groups[0].channels[0].isEnabled());
 }
 
 } // namespace

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "document/ClassFactory.h"
+#include "host/Recorder.h"
+#include "host/SetupFile.h"
+#include "widgets/Convert.h"
+#include "widgets/QtServices.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <memory>
+
+namespace ko {
+
+/// What a recording needs of the window in which it happens.
+struct RecordingFrame {
+    QMainWindow& window;
+    Texts texts;
+    QtServices& services;
+    const Platform& platform;
+    Component& component;
+    Document& document;
+    std::function<bool()> mayLeave;  ///< whether the page may be left; the user has been told when it may not
+    std::function<Setup()> present;  ///< the instruments with their present values
+    std::function<void()> showAgain; ///< takes the page off the screen, hands the instruments over and shows it
+};
+
+/// Records what happens in a frame window: its menu entry, its sign in the status line, and the file that is being
+/// written, if any. A file that cannot be written ends the recording with a message and nothing else.
+class FrameRecording : public QObject {
+public:
+    explicit FrameRecording(RecordingFrame frame);
+    ~FrameRecording() override;
+
+    /// The checkable entry "Record Scenario..."
+    [[nodiscard]] QAction& action() { return action_; }
+
+    /// Records from here on, with a page that has just been made and was shown without instruments. `setup` is the file
+    /// that a replay is going to start with. Fails with an `InputError`.
+    void start(const std::string& file, const std::string& setup);
+    /// The same at any time, from the present state on: it is saved as a set-up beside the scenario, and the page is
+    /// shown anew with it.
+    void startFromHere(const std::string& file);
+    void stop();
+
+    // What the host is about to do; nothing while nothing is recorded.
+    /// A command in the words of a scenario, such as `fail`, `heal`, `enable`, `read-only` or `ok-to-leave`.
+    void host(const ScenarioWriter::Words& words);
+    /// A menu command for the page; pasting takes the clipboard's text along.
+    void command(std::int32_t id);
+    /// The instruments in `file`, read anew, are about to be shown in place of others.
+    void setup(const std::string& file);
+
+private:
+    void chooseFile();
+    void showState();
+    void failed();
+    void warn(const QString& reason);
+
+    RecordingFrame frame_;
+    std::unique_ptr<Recorder> recorder_;
+    std::string startSetup_; ///< until it has been shown
+    QAction action_;
+    QLabel sign_;
+};
+
+} // namespace ko

@@ -1,0 +1,117 @@
+#include "host/Recorder.h"
+
+#include "host/InputError.h"
+#include "host/LocaleWords.h"
+#include "platform/DateTimes.h"
+
+#include <cstdio>
+#include <filesystem>
+
+namespace ko {
+
+namespace {
+
+std::string clockText(DateTime time)
+{
+    const DateParts parts = dateParts(time);
+    char text[64];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.day, parts.hour,
+                  parts.minute, parts.second);
+    return text;
+}
+
+/// `file` as a scenario names it that stands in the folder of `scenario`.
+std::string seenFrom(const std::string& scenario, const std::string& file)
+{
+    namespace fs = std::filesystem;
+    const fs::path whole = fs::absolute(file).lexically_normal();
+    const fs::path relative = whole.lexically_relative(fs::absolute(scenario).lexically_normal().parent_path());
+    return (relative.empty() ? whole : relative).string();
+}
+
+} // namespace
+
+Recorder::Recorder(const std::string& file, const Recorded& recorded)
+    : file_(file), recorded_(recorded), output_(file, std::ios::binary | std::ios::trunc)
+{
+    begin();
+    if (!writer_.good())
+        throw InputError(file + ": cannot be written");
+    recorded_.page.userActs = [this](const auto& words) { acts(recorded_.page, words); };
+    for (Form* dialog : recorded_.dialogs)
+        dialog->userActs = [this, dialog](const auto& words) { acts(*dialog, words); };
+}
+
+Recorder::~Recorder()
+{
+    recorded_.page.userActs = nullptr;
+    for (Form* dialog : recorded_.dialogs)
+        dialog->userActs = nullptr;
+}
+
+void Recorder::begin()
+{
+    writer_.comment("A recorded session; korvell-host --headless SETUP SCENARIO replays it");
+    ScenarioWriter::Words settings = localeWords(recorded_.locale);
+    if (!settings.empty()) {
+        settings.insert(settings.begin(), "locale");
+        writer_.line(settings);
+    }
+    const std::vector<ScenarioWriter::Words> emptyPage{
+        {"site", "help", "status"}, {"announce", "0"}, {"hand-over", "0"}, {"drivers-changed"}, {"show"}};
+    for (const ScenarioWriter::Words& words : emptyPage)
+        line(words);
+}
+
+void Recorder::host(const ScenarioWriter::Words& words)
+{
+    if (hasFailed_)
+        return;
+    line(words);
+    check();
+}
+
+void Recorder::setup(const std::string& file)
+{
+    host({"hide"});
+    host(file.empty() ? ScenarioWriter::Words{"setup"} : ScenarioWriter::Words{"setup", seenFrom(file_, file)});
+    host({"show"});
+}
+
+void Recorder::dialogOpened(const Form& form)
+{
+    writer_.dialogOpened(form.name());
+    check();
+}
+
+void Recorder::dialogClosed()
+{
+    writer_.dialogClosed();
+}
+
+/// What does not come from the form in front is the toolkit's doing while a dialog opens or closes.
+void Recorder::acts(const Form& form, const ScenarioWriter::Words& words)
+{
+    const std::string front = writer_.dialog();
+    if (front.empty() ? &form == &recorded_.page : form.name() == front)
+        host(words);
+}
+
+void Recorder::line(const ScenarioWriter::Words& words)
+{
+    const DateTime time = recorded_.tick();
+    if (!time_ || time_->days != time.days)
+        writer_.line({"clock", clockText(time)});
+    time_ = time;
+    writer_.line(words);
+}
+
+void Recorder::check()
+{
+    if (hasFailed_ || writer_.good())
+        return;
+    hasFailed_ = true;
+    raise(failed);
+}
+
+} // namespace ko
