@@ -138,18 +138,26 @@ bool ImageBinding::eventFilter(QObject*, QEvent* event)
     return false;
 }
 
-FrameBinding::FrameBinding(FormView& view, Frame& control, QGroupBox& box)
-    : Binding(view, control, box), frame_(control), box_(box)
+FrameBinding::FrameBinding(FormView& view, Frame& control, QGroupBox& box, QLabel* heading)
+    : Binding(view, control, box), frame_(control), box_(box), heading_(heading)
 {
+    if (heading)
+        heading->setTextFormat(Qt::PlainText);
     refreshAll();
 }
 
 void FrameBinding::refresh(Aspect aspect)
 {
-    if (aspect == Aspect::Text)
-        box_.setTitle(toQt(frame_.caption()));
-    else
+    if (aspect != Aspect::Text) {
         Binding::refresh(aspect);
+        return;
+    }
+    const QString caption = toQt(frame_.caption());
+    box_.setAccessibleName(withoutMnemonic(caption));
+    if (heading_)
+        heading_->setText(withoutMnemonic(caption));
+    else
+        box_.setTitle(caption);
 }
 
 } // namespace ko

@@ -4,6 +4,7 @@
 #include "widgets/Binding.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -73,10 +74,10 @@ private:
     Image& image_;
 };
 
-/// A frame in a group box.
+/// A frame in a group box, with its caption as title or in a label of its own.
 class FrameBinding : public Binding {
 public:
-    FrameBinding(FormView& view, Frame& control, QGroupBox& box);
+    FrameBinding(FormView& view, Frame& control, QGroupBox& box, QLabel* heading);
 
 protected:
     void refresh(Aspect aspect) override;
@@ -84,6 +85,7 @@ protected:
 private:
     Frame& frame_;
     QGroupBox& box_;
+    QLabel* heading_;
 };
 
 } // namespace ko

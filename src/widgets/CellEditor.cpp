@@ -28,6 +28,7 @@ void CellEditor::open()
     box_ = new QLineEdit;
     box_->setFrame(false);
     box_->setAccessibleName(toQt(grid_.cell(row_, Grid::nameColumn).value));
+    box_->setAccessibleDescription(toQt(grid_.tag()));
     box_->installEventFilter(this);
     connect(box_, &QLineEdit::textEdited, this, [this] { typed(); });
     connect(box_, &QLineEdit::selectionChanged, this, [this] { selected(); });

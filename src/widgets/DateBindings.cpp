@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QSpinBox>
+#include <QTextCharFormat>
 #include <utility>
 
 namespace ko {
@@ -51,6 +52,9 @@ CalendarBinding::CalendarBinding(FormView& view, Calendar& control, QCalendarWid
     widget.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     widget.setDateEditEnabled(false);
     widget.setMinimumDate(QDate(1899, 12, 31));
+    // The toolkit's red is not of the palette, and stays where the calendar cannot be used.
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        widget.setWeekdayTextFormat(day, QTextCharFormat());
     for (QWidget* part : widget.findChildren<QWidget*>())
         part->installEventFilter(this);
     connect(&widget, &QCalendarWidget::selectionChanged, this, [this] { picked(); });

@@ -44,7 +44,9 @@ private:
         column->addWidget(&option(control<OptionButton>("optCurrentDay")));
         column->addWidget(&option(control<OptionButton>("optSpecifiedDay")));
         QWidget& calendar = this->calendar(control<Calendar>("calDate"));
-        calendar.setAccessibleName(withoutMnemonic(box.title()));
+        // The table of days is what has the focus.
+        for (QWidget* part : {&calendar, calendar.focusProxy()})
+            part->setAccessibleName(withoutMnemonic(box.title()));
         column->addWidget(&calendar, 1);
         return box;
     }

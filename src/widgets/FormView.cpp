@@ -1,5 +1,6 @@
 #include "widgets/FormView.h"
 
+#include "widgets/Accessibility.h"
 #include "widgets/ButtonBindings.h"
 #include "widgets/ChannelBrowser.h"
 #include "widgets/ComboBoxBinding.h"
@@ -21,6 +22,7 @@ namespace ko {
 FormView::FormView(Form& form, Texts texts, QWidget* parent)
     : QWidget(parent), form_(form), texts_(std::move(texts)), focus_(form, *this)
 {
+    describeOwnWidgets();
     setObjectName(toQt(form.name()));
     applyFont(*this, form.font(), Font());
     form.view = [this] {
@@ -32,6 +34,13 @@ FormView::FormView(Form& form, Texts texts, QWidget* parent)
 FormView::~FormView()
 {
     form_.view = nullptr;
+}
+
+QString FormView::withMnemonic(const QString& caption)
+{
+    if (!mnemonics_)
+        mnemonics_.emplace(form_);
+    return mnemonics_->marked(caption);
 }
 
 QWidget* FormView::widget(const Control& control) const
@@ -119,9 +128,9 @@ QLabel& FormView::limitedValue(LimitedLabel& control, Label& title, QProgressBar
     return bind<LimitedValueBinding>(control, new QLabel(this), title, bar);
 }
 
-QGroupBox& FormView::frame(Frame& control)
+QGroupBox& FormView::frame(Frame& control, QLabel* heading)
 {
-    return bind<FrameBinding>(control, new QGroupBox(this));
+    return bind<FrameBinding>(control, new QGroupBox(this), heading);
 }
 
 QTableWidget& FormView::grid(Grid& control)

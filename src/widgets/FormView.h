@@ -6,10 +6,12 @@
 #include "platform/TextBox.h"
 #include "widgets/Binding.h"
 #include "widgets/FocusKeeper.h"
+#include "widgets/Mnemonics.h"
 
 #include <QWidget>
 #include <map>
 #include <memory>
+#include <optional>
 
 class QCalendarWidget;
 class QComboBox;
@@ -62,7 +64,8 @@ public:
     QLabel& value(Label& control, Label& title);
     /// The same with a bar, of the caller's making, for how much of its limit the value takes.
     QLabel& limitedValue(LimitedLabel& control, Label& title, QProgressBar& bar);
-    QGroupBox& frame(Frame& control);
+    /// The caption is the box's title, or stands in `heading`, where it can take several lines.
+    QGroupBox& frame(Frame& control, QLabel* heading = nullptr);
     QTableWidget& grid(Grid& control);
     /// The tabs' frames are made before it.
     QTabWidget& tabs(TabControl& control);
@@ -75,6 +78,9 @@ public:
     void image(Image& control, QWidget& picture);
     /// A menu with the items that stand in it.
     QMenu& menu(Menu& control, const std::vector<Menu*>& items);
+
+    /// A caption with the mnemonic that leads to what it names. The form has its captions by then.
+    QString withMnemonic(const QString& caption);
 
     /// The widget of a control, null when it has none.
     [[nodiscard]] QWidget* widget(const Control& control) const;
@@ -91,6 +97,7 @@ private:
     Form& form_;
     Texts texts_;
     FocusKeeper focus_;
+    std::optional<Mnemonics> mnemonics_;
     std::map<const Control*, std::unique_ptr<QObject>> bindings_;
     std::map<const Control*, QWidget*> widgets_;
 };

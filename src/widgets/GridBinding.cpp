@@ -245,10 +245,26 @@ bool GridBinding::keyPressed(const QKeyEvent& key)
     return true;
 }
 
+/// The current cell is shown as selected only while the user is in the table; popups and other windows do not count.
+void GridBinding::focusChanged(const QFocusEvent& event)
+{
+    if (event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason)
+        return;
+    if (!event.gotFocus())
+        table_.clearSelection();
+    else if (table_.currentRow() < 0)
+        table_.setCurrentCell(0, Grid::valueColumn);
+    else
+        table_.setCurrentCell(table_.currentRow(), table_.currentColumn());
+}
+
 bool GridBinding::eventFilter(QObject* object, QEvent* event)
 {
-    if (object == &table_)
+    if (object == &table_) {
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+            focusChanged(*static_cast<QFocusEvent*>(event));
         return event->type() == QEvent::KeyPress && keyPressed(*static_cast<QKeyEvent*>(event));
+    }
     if (event->type() == QEvent::Resize) {
         tellSize();
         showWidths();

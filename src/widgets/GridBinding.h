@@ -33,6 +33,7 @@ private:
     void edited(int row, const QString& text);
     void open(int row);
     bool keyPressed(const QKeyEvent& key);
+    void focusChanged(const QFocusEvent& event);
 
     Grid& grid_;
     QTableWidget& table_;

@@ -28,20 +28,22 @@ const LabelBinding::Field* LabelBinding::shownField() const
 
 void LabelBinding::refresh(Aspect aspect)
 {
-    if (aspect == Aspect::Text)
-        showCaption();
-    else
+    if (aspect != Aspect::Text) {
         Binding::refresh(aspect);
-}
-
-void LabelBinding::showCaption()
-{
+        return;
+    }
     const QString caption = toQt(caption_.caption());
-    const Field* shown = shownField();
-    label_.setText(shown ? caption : withoutMnemonic(caption));
-    label_.setBuddy(shown ? shown->widget.data() : nullptr);
+    label_.setText(fields_.empty() ? withoutMnemonic(caption) : view_.withMnemonic(caption));
     for (const Field& field : fields_)
         field.widget->setAccessibleName(withoutMnemonic(caption));
+    showBuddy();
+}
+
+void LabelBinding::showBuddy()
+{
+    const Field* shown = shownField();
+    label_.setBuddy(shown ? shown->widget.data() : nullptr);
+    label_.setAccessibleName(withoutMnemonic(toQt(caption_.caption())));
 }
 
 void LabelBinding::refreshHint()
@@ -59,7 +61,7 @@ bool LabelBinding::eventFilter(QObject* object, QEvent* event)
         return true;
     }
     if (object != &label_ && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)) {
-        showCaption();
+        showBuddy();
         refreshHint();
     }
     return false;
@@ -82,14 +84,20 @@ void ValueBinding::refresh(Aspect aspect)
     }
     const QString value = toQt(value_.caption());
     label_.setText(value);
-    label_.setAccessibleName(withoutMnemonic(toQt(title_.caption())) + QStringLiteral(": ") + value);
+    const QString spoken = isKnown() ? value : view_.text(pageText::notAvailable);
+    label_.setAccessibleName(withoutMnemonic(toQt(title_.caption())) + QStringLiteral(": ") + spoken);
+}
+
+bool ValueBinding::isKnown() const
+{
+    return toQt(value_.caption()) != view_.text(pageText::notApplicable);
 }
 
 LimitedValueBinding::LimitedValueBinding(FormView& view, LimitedLabel& control, QLabel& label, Label& title,
                                          QProgressBar& bar)
     : ValueBinding(view, control, label, title), limited_(control), bar_(bar)
 {
-    constexpr int steps = 1000;
+    constexpr int steps = 100;
     bar.setObjectName(toQt(control.name()) + QStringLiteral("Share"));
     bar.setRange(0, steps);
     bar.setTextVisible(false);
@@ -109,7 +117,8 @@ void LimitedValueBinding::showShare()
 {
     const double share = limited_.share();
     bar_.setValue(qRound(share * bar_.maximum()));
-    const QString percent = bar_.locale().toString(share * 100.0, 'f', 1) + QStringLiteral(" %");
+    const QString percent = isKnown() ? bar_.locale().toString(share * 100.0, 'f', 1) + QStringLiteral(" %")
+                                      : view_.text(pageText::notAvailable);
     bar_.setToolTip(view_.text(pageText::shareOfLimit) + QStringLiteral(": ") + percent);
     bar_.setAccessibleDescription(percent);
 }

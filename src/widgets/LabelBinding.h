@@ -10,7 +10,7 @@
 
 namespace ko {
 
-/// A label that names fields: it is the buddy of the field that is shown at the time.
+/// A label that names fields: it is the buddy of the field that is shown at the time, and has a mnemonic for it.
 class LabelBinding : public Binding {
 public:
     struct Field {
@@ -28,7 +28,7 @@ protected:
 
 private:
     [[nodiscard]] const Field* shownField() const;
-    void showCaption();
+    void showBuddy();
 
     Label& caption_;
     QLabel& label_;
@@ -43,6 +43,8 @@ public:
 protected:
     void refresh(Aspect aspect) override;
     void refreshHint() override {}
+    /// The caption is a value, not the text that stands for none.
+    [[nodiscard]] bool isKnown() const;
 
 private:
     Label& value_;

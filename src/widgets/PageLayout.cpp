@@ -30,8 +30,14 @@ QWidget& PageWidget::kept(QWidget& widget)
 
 QGridLayout& PageWidget::framed(Frame& frame)
 {
-    auto* grid = new QGridLayout(&view_->frame(frame));
+    auto* heading = new QLabel(view_);
+    QFont bold;
+    bold.setBold(true);
+    heading->setFont(bold);
+    heading->setWordWrap(true);
+    auto* grid = new QGridLayout(&view_->frame(frame, heading));
     grid->setColumnStretch(fields, 1);
+    grid->addWidget(heading, 0, labels, 1, buttons + 1);
     return *grid;
 }
 
@@ -47,10 +53,10 @@ void PageWidget::addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBo
 void PageWidget::addValue(QGridLayout& grid, Label& label, Label& value)
 {
     const int row = grid.rowCount();
-    grid.addWidget(&kept(view_->label(label)), row, labels);
+    grid.addWidget(&view_->label(label), row, labels);
     QLabel& shown = view_->value(value, label);
     shown.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    grid.addWidget(&kept(shown), row, fields, 1, 2);
+    grid.addWidget(&shown, row, fields, 1, 2);
 }
 
 void PageWidget::addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value)
@@ -107,9 +113,10 @@ void PageWidget::layStart()
 {
     QGridLayout& grid = framed(page_.frmStart);
     grid.addWidget(&view_->option(page_.optImmediate), grid.rowCount(), labels, 1, 3);
+    addTime(grid, page_.optStartTime, page_.txtStartTime, page_.cmdStartTime, pageText::startTimeButton);
+    // What comes and goes with its option stands below all options, which so keep their places.
     grid.addWidget(&view_->option(page_.optOnTrigger), grid.rowCount(), labels, 1, 3);
     layTrigger(grid);
-    addTime(grid, page_.optStartTime, page_.txtStartTime, page_.cmdStartTime, pageText::startTimeButton);
     schedule_.push_back(&grid);
 }
 
@@ -118,19 +125,15 @@ void PageWidget::layTrigger(QGridLayout& grid)
     const int row = grid.rowCount();
     const int indent = view_->fontMetrics().height() * 3 / 2;
     QPushButton& more = view_->button(page_.cmdChannel);
-    grid.addWidget(&kept(view_->textBox(page_.txtChannel)), row, fields);
-    grid.addWidget(&kept(more), row, buttons);
+    grid.addWidget(&view_->textBox(page_.txtChannel), row, fields);
+    grid.addWidget(&more, row, buttons);
     QLabel& label = view_->label(page_.lblChannel, {&page_.txtChannel});
     more.setAccessibleName(label.text());
     label.setContentsMargins(indent, 0, 0, 0);
-    grid.addWidget(&kept(label), row, labels);
+    grid.addWidget(&label, row, labels);
     QTableWidget& table = view_->grid(page_.grdParam);
     table.setAccessibleName(view_->text(pageText::parameters));
-    auto* indented = new QHBoxLayout;
-    indented->addSpacing(indent);
-    indented->addWidget(&kept(table));
-    grid.addLayout(indented, row + 1, labels, 1, 3);
-    grid.setRowStretch(row + 1, 1);
+    grid.addWidget(&table, row + 1, labels, 1, 3);
     QLabel& noLine = view_->label(page_.lblNoTriggerLine);
     noLine.setWordWrap(true);
     grid.addWidget(&noLine, row + 2, labels, 1, 3);
@@ -164,11 +167,12 @@ void PageWidget::layColumns()
     left->addWidget(view_->widget(page_.frmDynamic));
     left->addWidget(view_->widget(page_.frmStatic));
     left->addStretch(1);
-    auto* right = new QVBoxLayout;
-    right->addWidget(view_->widget(page_.frmStart), 1);
-    right->addWidget(view_->widget(page_.frmStop));
+    schedules_ = new QVBoxLayout;
+    schedules_->addWidget(view_->widget(page_.frmStart));
+    schedules_->addWidget(view_->widget(page_.frmStop));
+    schedules_->addStretch();
     columns_->addLayout(left, 1);
-    columns_->addLayout(right, 1);
+    columns_->addLayout(schedules_, 1);
     auto* centred = new QHBoxLayout;
     centred->addStretch(1);
     centred->addWidget(content_, 1000);
@@ -181,6 +185,18 @@ void PageWidget::layColumns()
     whole->addLayout(limited, 0, 0);
     whole->addWidget(picture_, 0, 0);
     picture_->raise();
+}
+
+/// Room that is left over goes to the trigger parameters; without them it stays free below the frames.
+void PageWidget::stretch(bool stacked)
+{
+    const int toStart = view_->widget(page_.grdParam)->isVisibleTo(view_) ? 1 : 0;
+    if (schedules_->stretch(0) != toStart) {
+        schedules_->setStretch(0, toStart);
+        schedules_->setStretch(schedules_->count() - 1, 1 - toStart);
+    }
+    if (columns_->stretch(0) != (stacked ? 0 : 1))
+        columns_->setStretch(0, stacked ? 0 : 1);
 }
 
 void PageWidget::alignLabels(const std::vector<QGridLayout*>& grids)

@@ -33,7 +33,7 @@ PageWidget::~PageWidget() = default;
 QSize PageWidget::sizeHint() const
 {
     const QFontMetrics metrics = view_->fontMetrics();
-    return view_->sizeHint().expandedTo({metrics.averageCharWidth() * 115, metrics.height() * 34});
+    return view_->sizeHint().expandedTo({metrics.averageCharWidth() * 115, metrics.height() * 38});
 }
 
 void PageWidget::arrange()
@@ -42,7 +42,9 @@ void PageWidget::arrange()
     int wanted = margins.left() + margins.right() + columns_->spacing();
     for (int i = 0; i < columns_->count(); ++i)
         wanted += columns_->itemAt(i)->minimumSize().width();
-    columns_->setDirection(wanted > viewport()->width() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    const bool stacked = wanted > viewport()->width();
+    columns_->setDirection(stacked ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    stretch(stacked);
 }
 
 bool PageWidget::eventFilter(QObject* object, QEvent* event)

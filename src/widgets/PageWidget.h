@@ -50,6 +50,7 @@ private:
     void layColumns();
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
+    void stretch(bool stacked);
     void applyMetrics();
 
     Page& page_;
@@ -58,6 +59,7 @@ private:
     QMenu* menu_;
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
+    QBoxLayout* schedules_ = nullptr;
     std::vector<QGridLayout*> measurements_, schedule_;
 };
 

@@ -9,7 +9,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <optional>
 
 namespace ko {
@@ -26,8 +28,8 @@ public:
         // Enter presses it wherever the focus is, but on another button.
         if (auto* ok = findChild<QPushButton*>(toQt(kind.okButton)))
             ok->setDefault(true);
-        follow();
         adjustSize();
+        follow();
     }
 
     /// Caption and place as the form has them now.
@@ -37,7 +39,7 @@ public:
         const QPoint place(toPixels(*this, form_.bounds().left), toPixels(*this, form_.bounds().top));
         // Where the user has moved the dialog to is none of the form's business.
         if (place_ != place)
-            move(place);
+            move(insideWorkArea(place));
         place_ = place;
     }
 
@@ -45,6 +47,17 @@ public:
     void reject() override { press(kind_.cancelButton); }
 
 private:
+    /// The form knows nothing of a window's frame, which is taken to be as thick as that of the window below.
+    [[nodiscard]] QPoint insideWorkArea(const QPoint& place) const
+    {
+        const QScreen* there = QGuiApplication::screenAt(place);
+        const QRect area = (there ? there : screen())->availableGeometry();
+        const QWidget* below = parentWidget() ? parentWidget()->window() : this;
+        const QSize outer = size() + below->frameGeometry().size() - below->size();
+        return {std::max(area.left(), std::min(place.x(), area.left() + area.width() - outer.width())),
+                std::max(area.top(), std::min(place.y(), area.top() + area.height() - outer.height()))};
+    }
+
     void press(const std::string& button)
     {
         if (auto* control = dynamic_cast<PressControl*>(form_.find(button)))

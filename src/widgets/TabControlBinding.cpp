@@ -3,6 +3,7 @@
 #include "widgets/FormView.h"
 #include "widgets/Guarded.h"
 
+#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace ko {
@@ -38,7 +39,9 @@ void TabControlBinding::showTabs()
         const TabControl::Tab& tab = control_.tabs()[static_cast<std::size_t>(i)];
         tabs_.setTabText(i, toQt(tab.caption));
         tabs_.setTabEnabled(i, tab.enabled);
+        view_.widget(control_.frame(i))->setAccessibleName(withoutMnemonic(toQt(tab.caption)));
     }
+    tabs_.tabBar()->setAccessibleName(toQt(control_.form().caption()));
     tabs_.setCurrentIndex(control_.tab());
 }
 

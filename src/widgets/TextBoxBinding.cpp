@@ -1,13 +1,12 @@
 #include "widgets/TextBoxBinding.h"
 
 #include "platform/Scoped.h"
+#include "widgets/EntryMark.h"
 #include "widgets/FormView.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
 
-#include <QAction>
 #include <QKeyEvent>
-#include <QStyle>
 
 namespace ko {
 
@@ -98,11 +97,14 @@ void TextBoxBinding::showSelection()
 
 void TextBoxBinding::showMark()
 {
+    if (!mark_ && !box_.marked())
+        return;
     if (!mark_) {
-        mark_ = edit_.addAction(edit_.style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
-        mark_->setToolTip(view_.text(pageText::invalidEntry));
+        mark_ = new EntryMark(edit_, view_.text(pageText::notValid));
+        connect(&edit_, &QLineEdit::textChanged, this, [this] { mark_->place(); });
     }
     mark_->setVisible(box_.marked());
+    mark_->place();
     refreshHint();
     ko::raise(view_.formChanged);
 }
@@ -112,11 +114,17 @@ void TextBoxBinding::refreshHint()
     Binding::refreshHint();
     if (!box_.marked())
         return;
-    edit_.setAccessibleDescription(view_.text(pageText::invalidEntry) + QStringLiteral(". ") + toQt(box_.tag()));
+    const QString invalid = view_.text(pageText::invalidEntry);
+    const QString both = invalid + QStringLiteral(". ") + toQt(box_.tag());
+    edit_.setToolTip(invalid);
+    edit_.setStatusTip(both);
+    edit_.setAccessibleDescription(both);
 }
 
 bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
 {
+    if (event->type() == QEvent::Resize && mark_)
+        mark_->place();
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {

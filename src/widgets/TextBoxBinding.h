@@ -7,6 +7,8 @@
 
 namespace ko {
 
+class EntryMark;
+
 /// A text box in a line edit.
 class TextBoxBinding : public Binding {
 public:
@@ -27,7 +29,7 @@ private:
 
     TextBox& box_;
     QLineEdit& edit_;
-    QAction* mark_ = nullptr;
+    EntryMark* mark_ = nullptr; ///< made for the first invalid entry
     bool showing_ = false;
 };
 

@@ -1,4 +1,5 @@
 #include "ViewTest.h"
+#include "widgets/EntryMark.h"
 
 #include <QElapsedTimer>
 #include <QInputMethodEvent>
@@ -59,11 +60,32 @@ TEST_F(Bindings, AMarkedBoxSaysSoToEveryone)
 {
     form.box.setTag("A number");
     form.box.setMarked(true);
-    EXPECT_TRUE(box.actions().constFirst()->isVisible());
+    const QWidget* mark = box.findChild<EntryMark*>();
+    ASSERT_NE(mark, nullptr);
+    EXPECT_TRUE(mark->isVisible());
     EXPECT_EQ(box.accessibleDescription(), "3009. A number");
+    EXPECT_EQ(box.statusTip(), box.accessibleDescription());
     form.box.setMarked(false);
-    EXPECT_FALSE(box.actions().constFirst()->isVisible());
+    EXPECT_FALSE(mark->isVisible());
     EXPECT_EQ(box.accessibleDescription(), "A number");
+    EXPECT_EQ(box.textMargins(), QMargins());
+}
+
+TEST_F(Bindings, AMarkKeepsClearOfTheTextAndSaysItInAWordWhereThereIsRoom)
+{
+    int widths[2]{};
+    for (const bool wide : {false, true}) {
+        second.setFixedWidth(wide ? 300 : 60);
+        form.second.setText("12");
+        form.second.setMarked(true);
+        QApplication::processEvents();
+        const QWidget& mark = *second.findChild<EntryMark*>();
+        widths[wide ? 1 : 0] = mark.width();
+        EXPECT_TRUE(second.rect().contains(mark.geometry())) << wide;
+        const QRect cursor = second.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+        EXPECT_GT(cursor.center().x(), mark.geometry().right()) << wide;
+    }
+    EXPECT_GT(widths[1], widths[0]);
 }
 
 TEST_F(Bindings, OnlyAChoiceOfTheUserClicksAListAndARefusedOneIsTakenBack)

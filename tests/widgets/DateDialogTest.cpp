@@ -11,6 +11,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimeEdit>
 #include <QTimer>
@@ -163,13 +164,15 @@ TEST_F(DateDialogTest, TheClockFollowsWhileTheTimeIsEdited)
 
 TEST_F(DateDialogTest, TheDialogOpensAtTheCursorInsideTheWorkArea)
 {
-    host.cursor = {1270, 7};
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    host.area = {0, 0, screen.width(), screen.height()};
+    host.cursor = {screen.width() - 10, 7};
     ask("6:00:00 AM", [&] {
         const QRect frame(QApplication::activeModalWidget()->pos(), QApplication::activeModalWidget()->size());
         EXPECT_EQ(frame.top(), 7 * 15 * QApplication::activeModalWidget()->logicalDpiY() / 1440);
         const int right = toTwips(*QApplication::activeModalWidget(), frame.left() + frame.width());
-        EXPECT_LE(right, 1280 * 15);
-        EXPECT_GT(right, 1270 * 15);
+        EXPECT_LE(right, screen.width() * 15);
+        EXPECT_GT(right, (screen.width() - 10) * 15);
         key(Qt::Key_Escape);
     });
 }
