@@ -61,11 +61,10 @@ void TimebaseEditor::takeOver(const DriverList& handedOver, std::size_t index, c
             required(handedOver[index].get());
         }))
         return;
-    Driver& driver = *page_.drivers.back();
-    if (!page_.hasStaticDrivers)
-        page_.hasStaticDrivers = step.value([&] { return !isDynamicDriver(driver); });
-    if (!page_.hasDynamicDrivers)
-        page_.hasDynamicDrivers = step.value([&] { return isDynamicDriver(driver); });
+    if (!page_.hasStaticDrivers || !page_.hasDynamicDrivers)
+        step([&] {
+            (isDynamicDriver(*page_.drivers.back()) ? page_.hasDynamicDrivers : page_.hasStaticDrivers) = true;
+        });
 }
 
 void TimebaseEditor::clearTriggerLines()

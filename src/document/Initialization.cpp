@@ -41,7 +41,6 @@ void TimebaseEditor::initializeTriggering()
     page_.dynamicDriverIndex = masters.start;
     page_.staticDriverIndex = masters.scan;
     if (page_.dynamicDriverIndex >= 0) {
-        triggerChannel_.followStartMaster();
         // The options still show the page before; they switch triggering on once they are loaded.
         enableTriggering(false);
     } else {

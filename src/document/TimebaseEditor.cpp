@@ -54,9 +54,9 @@ void TimebaseEditor::disableTriggering(bool onTrigger)
     triggerChannel_.disableTriggering(onTrigger);
 }
 
-void TimebaseEditor::setTriggerSource(bool enabled)
+void TimebaseEditor::clearTriggerSource()
 {
-    triggerChannel_.setTriggerSource(enabled);
+    triggerChannel_.clearTriggerSource();
 }
 
 bool TimebaseEditor::validateActiveControl(bool apply)

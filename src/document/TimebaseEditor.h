@@ -71,7 +71,7 @@ private:
     void captureStartStop() override;
     void enableTriggering(bool onTrigger) override;
     void disableTriggering(bool onTrigger) override;
-    void setTriggerSource(bool enabled) override;
+    void clearTriggerSource() override;
 
     // Life cycle
     void UserDocument_Initialize();

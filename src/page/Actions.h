@@ -28,9 +28,9 @@ public:
     virtual void enableTriggering(bool onTrigger) = 0;
     virtual void disableTriggering(bool onTrigger) = 0;
 
-    /// Tells the start master whether the stored trigger channel is its trigger source; nothing when no channel is
-    /// stored. Reports its own failures.
-    virtual void setTriggerSource(bool enabled) = 0;
+    /// Tells the start master that the stored trigger channel is no longer its trigger source; nothing when no channel
+    /// is stored. Reports its own failures.
+    virtual void clearTriggerSource() = 0;
 
 protected:
     ~Actions() = default;

@@ -50,6 +50,28 @@ std::string describeAddress(const std::string& address, const StringTable& strin
     return text + strings.text(1157) + fields[slot] + " " + strings.text(1158) + fields[slot + 1];
 }
 
+/// A driver that does not tell counts as static.
+bool isDynamic(Driver& driver)
+{
+    try {
+        return isDynamicDriver(driver);
+    } catch (...) {
+        return false;
+    }
+}
+
+std::int32_t numberOfScans(Driver& driver)
+{
+    return required(driver.queryStaticMeasurement()).NumberOfScans();
+}
+
+double bytesOf(std::int32_t scans, Driver& driver)
+{
+    const std::int32_t bytesPerChannel = narrowed(std::int64_t{narrowed(4 * std::int64_t{scans})} + 230);
+    const std::int32_t channelBytes = narrowed(std::int64_t{bytesPerChannel} * countEnabledChannels(driver));
+    return narrowed(std::int64_t{channelBytes} + 416);
+}
+
 } // namespace
 
 bool isDynamicDriver(Driver& driver)
@@ -80,10 +102,7 @@ std::int32_t countEnabledChannels(Driver& driver)
 
 double staticDriverBytes(Driver& driver)
 {
-    const std::int64_t scans = required(driver.queryStaticMeasurement()).NumberOfScans();
-    const std::int32_t bytesPerChannel = narrowed(std::int64_t{narrowed(4 * scans)} + 230);
-    const std::int32_t channelBytes = narrowed(std::int64_t{bytesPerChannel} * countEnabledChannels(driver));
-    return narrowed(std::int64_t{channelBytes} + 416);
+    return bytesOf(numberOfScans(driver), driver);
 }
 
 double dynamicDriverBytes(Driver& driver)
@@ -91,30 +110,24 @@ double dynamicDriverBytes(Driver& driver)
     return required(driver.queryDynamicMeasurement()).DynamicBytes();
 }
 
-ByteTotals sumDriverBytes(Drivers drivers)
+ByteTotals sumDriverBytes(Drivers drivers, const Driver* scanned)
 {
-    const auto isDynamic = [](Driver& driver) {
-        try {
-            return isDynamicDriver(driver);
-        } catch (...) {
-            return false;
-        }
-    };
-    const auto figure = [](double (*bytesOf)(Driver&), Driver& driver) {
-        try {
-            return bytesOf(driver);
-        } catch (...) {
-            return 0.0;
-        }
-    };
     ByteTotals totals;
     for (const auto& driver : drivers) {
         if (!driver)
             continue;
-        if (isDynamic(*driver))
-            totals.dynamicBytes += figure(dynamicDriverBytes, *driver);
-        else
-            totals.staticBytes += figure(staticDriverBytes, *driver);
+        try {
+            if (isDynamic(*driver)) {
+                totals.dynamicBytes += dynamicDriverBytes(*driver);
+                continue;
+            }
+            const std::int32_t scans = numberOfScans(*driver);
+            if (driver.get() == scanned)
+                totals.scans = scans;
+            totals.staticBytes += bytesOf(scans, *driver);
+        } catch (...) {
+            continue;
+        }
     }
     return totals;
 }

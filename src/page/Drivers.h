@@ -5,6 +5,7 @@
 #include "support/StringTable.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -34,8 +35,10 @@ double dynamicDriverBytes(Driver& driver);
 struct ByteTotals {
     double staticBytes = 0.0;
     double dynamicBytes = 0.0;
+    std::optional<std::int32_t> scans{}; ///< of the static driver asked about; none when they failed
 };
-ByteTotals sumDriverBytes(Drivers drivers);
+/// `scanned` is the driver, if any, whose scans are to be told, too.
+ByteTotals sumDriverBytes(Drivers drivers, const Driver* scanned = nullptr);
 
 /// The text of a value; empty for the empty value, "True" or "False" for a boolean.
 std::string valueText(const Value& value, const Locale& locale);

@@ -54,13 +54,13 @@ void NumberEntry::change()
     if (page_.isLoading || page_.isUpdating || !isActive())
         return;
     const Steps step(support_.errors, names_.change);
-    const auto held = step.value([&] { return std::optional(inForce()); });
-    const bool standsForIt = held && box_.text() == text(*held);
+    const auto before = step.value([&] { return std::optional(inForce()); });
+    const bool standsForIt = before && box_.text() == before->text;
     const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), false); });
     isPending_ = !number && !standsForIt;
     box_.setMarked(isPending_);
     if (number)
-        apply(step, held, *number);
+        apply(step, before, *number);
 }
 
 bool NumberEntry::leave()
@@ -85,36 +85,47 @@ bool NumberEntry::leave()
     return true;
 }
 
-void NumberEntry::apply(const Steps& step, std::optional<double> held, double value)
+NumberEntry::InForce NumberEntry::inForce()
+{
+    const Held now = held();
+    return {now, textOf(now.value)};
+}
+
+void NumberEntry::apply(const Steps& step, const std::optional<InForce>& before, double value)
 {
     const Scoped guard(page_.isUpdating, true);
     // A text that reads as the value in force stands for exactly that value: nothing is to be written.
-    if (held && text(*held) == text(value))
-        step([&] { show(*held); });
+    if (before && before->text == text(value))
+        step([&] { show(before->held.value); });
     else
-        accept(step, value);
+        accept(step, value, before ? std::optional(before->held) : std::nullopt);
 }
 
 void NumberEntry::putBack(const Steps& step)
 {
     step([&] {
         const Scoped guard(page_.isUpdating, true);
-        showSelected(afterRefusal());
+        showSelected(heldAfterRefusal());
     });
 }
 
-void NumberEntry::show(double value)
+std::string NumberEntry::textOf(double held) const
 {
-    const std::string shown = text(value);
-    if (isNumeric(box_.text(), support_.locale()) && text(toDouble(box_.text(), support_.locale())) == shown)
-        return;
-    box_.setText(shown);
-    box_.select(utf8Length(shown), 0);
+    return text(shown(held));
 }
 
-void NumberEntry::showSelected(double value)
+void NumberEntry::show(double held)
 {
-    box_.setText(text(value));
+    const std::string wanted = textOf(held);
+    if (isNumeric(box_.text(), support_.locale()) && text(toDouble(box_.text(), support_.locale())) == wanted)
+        return;
+    box_.setText(wanted);
+    box_.select(utf8Length(wanted), 0);
+}
+
+void NumberEntry::showSelected(double held)
+{
+    box_.setText(textOf(held));
     box_.setMarked(false);
     isPending_ = false;
     selectAllText(box_);

@@ -4,7 +4,15 @@
 #include "support/Steps.h"
 #include "support/Validation.h"
 
+#include <optional>
+
 namespace ko {
+
+/// A number as a driver holds it, and the timebase that holds it; none where no driver has one.
+struct Held {
+    double value = 0.0;
+    const Timebase* of = nullptr;
+};
 
 /// A numeric text box of the page and its three moments: getting the focus, every change of the text, and being
 /// left. A valid text is written as it is typed; an invalid one is written never, and the box is not left with it.
@@ -34,30 +42,42 @@ public:
 protected:
     /// What the box accepts now.
     virtual NumberBounds bounds() = 0;
-    /// The number that the box should show: what the driver holds. Failures reach the caller.
-    virtual double inForce() = 0;
+    /// The number in force. Failures reach the caller.
+    virtual Held held() = 0;
     /// The number that takes the place of a refused text. Failures reach the caller.
-    virtual double afterRefusal() { return inForce(); }
-    /// Writes an accepted number and shows what came of it, with `show`. `step` is the handler's.
-    virtual void accept(const Steps& step, double value) = 0;
+    virtual double heldAfterRefusal() { return held().value; }
+    /// The number that the box shows for one that a driver holds.
+    [[nodiscard]] virtual double shown(double held) const = 0;
+    /// Writes an accepted number, as the box shows it, and shows what came of it with `show`. `before` is what was in
+    /// force, none when it could not be read. `step` is the handler's.
+    virtual void accept(const Steps& step, double value, const std::optional<Held>& before) = 0;
     /// Both ends of the range that the hint names; `noRange` in both for none.
     virtual Range hintRange();
     /// Whether the box's handlers act at all.
     virtual bool isActive() { return true; }
 
-    /// Shows a value in this box, which the user is typing in: the text stays as long as it reads as that value.
-    void show(double value);
-    /// Shows a value in this box with the whole text selected.
-    void showSelected(double value);
+    /// Shows a number that a driver holds in this box, which the user is typing in: the text stays as long as it
+    /// reads as that number.
+    void show(double held);
+    /// Shows a number that a driver holds in this box with the whole text selected.
+    void showSelected(double held);
+    /// The text that stands for a number that a driver holds.
+    [[nodiscard]] std::string textOf(double held) const;
 
-    Page& page() { return page_; }
+    [[nodiscard]] Page& page() const { return page_; }
     Support& support() { return support_; }
 
 private:
+    struct InForce {
+        Held held;
+        std::string text; ///< what stands for it in the box
+    };
+
     void gotFocus();
     void lostFocus();
     void change();
-    void apply(const Steps& step, std::optional<double> held, double value);
+    [[nodiscard]] InForce inForce();
+    void apply(const Steps& step, const std::optional<InForce>& before, double value);
     void putBack(const Steps& step);
     [[nodiscard]] std::string text(double value) const;
 

@@ -50,16 +50,21 @@ void ChannelSelector::listDriver(const std::shared_ptr<Driver>& driver)
 {
     entries_.push_back({driver, -1, -1, asked([&] { return driver->DriverName(0); })});
     const std::int32_t groups = asked([&] { return driver->GroupCount(); });
-    for (std::int32_t slot = 0; slot < groups; ++slot)
-        listGroup(driver, slot);
+    TriggerParameters* trigger = nullptr;
+    const bool isOffered = !canTrigger_ || asked([&] {
+        trigger = driver->queryTriggerParameters();
+        return true;
+    });
+    for (std::int32_t slot = 0; isOffered && slot < groups; ++slot)
+        listGroup(driver, slot, trigger);
 }
 
-void ChannelSelector::listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot)
+void ChannelSelector::listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot, TriggerParameters* trigger)
 {
     const std::int32_t channels = asked([&] { return driver->ChannelCount(slot); });
     const std::size_t groupLine = entries_.size();
     for (std::int32_t channel = 0; channel < channels; ++channel) {
-        if (!asked([&] { return letsThrough(*driver, slot, channel); }))
+        if (trigger && !asked([&] { return trigger->CanTrigger(slot, channel); }))
             continue;
         const auto attributeText = [&](std::int32_t number) {
             return asked([&] { return textOf(driver->ChannelAttribute(slot, channel, number)); });
@@ -86,14 +91,6 @@ bool ChannelSelector::letsThrough(Driver& driver) const
     if (driverType_ != everyDriver && dynamic != (driverType_ == dynamicDrivers))
         return false;
     return singleValue_ == multiValue_ || dynamic == multiValue_;
-}
-
-bool ChannelSelector::letsThrough(Driver& driver, std::int32_t slot, std::int32_t channel) const
-{
-    if (!canTrigger_)
-        return true;
-    TriggerParameters* trigger = driver.queryTriggerParameters();
-    return !trigger || trigger->CanTrigger(slot, channel);
 }
 
 std::size_t ChannelSelector::mostSelections() const

@@ -102,9 +102,9 @@ private:
     Outcome pick(Lines lines);
     void tellLines(const char* verb, const Lines& lines) const;
     void listDriver(const std::shared_ptr<Driver>& driver);
-    void listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot);
+    /// `trigger` answers whether a channel can be a trigger source; without it all are listed.
+    void listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot, TriggerParameters* trigger);
     [[nodiscard]] bool letsThrough(Driver& driver) const;
-    [[nodiscard]] bool letsThrough(Driver& driver, std::int32_t slot, std::int32_t channel) const;
     void select(Lines lines);
     template <class Question> auto asked(Question&& question) const;
 

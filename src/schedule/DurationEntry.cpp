@@ -30,24 +30,25 @@ void DurationEntry::showDuration(double seconds)
 
 NumberBounds DurationEntry::bounds()
 {
-    return {0.0, double{std::numeric_limits<float>::max()} / page().cmbInterval.itemData()};
+    return {0.0, double{std::numeric_limits<float>::max()} / unit()};
 }
 
-double DurationEntry::inForce()
+Held DurationEntry::held()
 {
-    return recording_.durationInForce() / page().cmbInterval.itemData();
+    return recording_.durationInForce();
 }
 
-void DurationEntry::accept(const Steps& step, double value)
+void DurationEntry::accept(const Steps& step, double value, const std::optional<Held>& before)
 {
-    write(step, value, [this] { showSelected(inForce()); });
+    write(step, value, before, [this] { showSelected(held().value); });
 }
 
-bool DurationEntry::write(const Steps& step, double value, const std::function<void()>& putBack)
+bool DurationEntry::write(const Steps& step, double value, const std::optional<Held>& before,
+                          const std::function<void()>& putBack)
 {
     ScheduleChange change;
-    return step([&] { change.duration = toSingle(value * page().cmbInterval.itemData()); }) &&
-           recording_.commit(step, change, putBack);
+    return step([&] { change.duration = toSingle(value * unit()); }) &&
+           recording_.commit(step, change, putBack, before);
 }
 
 void DurationEntry::cmbInterval_GotFocus()
@@ -69,19 +70,22 @@ void DurationEntry::cmbInterval_click()
         step([&] { unitRefused(); });
         return;
     }
-    const bool holds =
-        step.value([&] { return numberText(inForce(), support().locale()) == numberText(*value, support().locale()); });
+    std::optional<Held> before;
+    const bool holds = step.value([&] {
+        before = held();
+        return textOf(before->value) == numberText(*value, support().locale());
+    });
     if (holds)
         recording_.refreshLabels();
     else
-        write(step, *value, [this] { unitRefused(); });
+        write(step, *value, before, [this] { unitRefused(); });
 }
 
 void DurationEntry::unitRefused()
 {
     page().cmbInterval.select(intervalAtFocus_);
     const Scoped guard(page().isUpdating, true);
-    showSelected(inForce());
+    showSelected(held().value);
 }
 
 } // namespace ko

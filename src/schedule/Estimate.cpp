@@ -28,14 +28,16 @@ std::int32_t Estimate::updateDiskSpace()
     const auto seconds = step.value([&] { return std::optional(recording_.getDurationSeconds()); });
     if (!seconds)
         return diskSpace::fits;
-    const ByteTotals totals = sumDriverBytes(page_.currentDrivers());
+    Driver* scanned = page_.driverAt(page_.staticDriverIndex);
+    const ByteTotals totals = sumDriverBytes(page_.currentDrivers(), scanned);
     const std::int32_t code = checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
+    std::optional<double> samplePeriod;
     if (code == diskSpace::fits) {
         if (page_.hasDynamicDrivers)
-            showDynamic(step, *seconds, totals.dynamicBytes);
-        showStatic(step, totals.staticBytes);
+            samplePeriod = showDynamic(step, *seconds, totals.dynamicBytes);
+        showStatic(step, scanned, totals);
     }
-    updateActualDuration();
+    updateActualDuration(samplePeriod);
     return code;
 }
 
@@ -52,27 +54,30 @@ void Estimate::showBytes(const Steps& step, LimitedLabel& label, double bytes)
     label.setShare(std::clamp(bytes / fileSizeLimit, 0.0, 1.0));
 }
 
-void Estimate::showDynamic(const Steps& step, double seconds, double bytes)
+/// The sample period, where it was asked for.
+std::optional<double> Estimate::showDynamic(const Steps& step, double seconds, double bytes)
 {
     Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); });
+    std::optional<double> period;
     const auto samples = [&] {
-        const double unrounded = seconds / nonZero(timebase->SamplePeriod());
-        return wholeBlocks(unrounded, toLong(timebase->BlockSize()));
+        period = timebase->SamplePeriod();
+        return wholeBlocks(seconds / nonZero(*period), toLong(timebase->BlockSize()));
     };
     const bool known = timebase && seconds >= 0.0;
     page_.lblNumSamplesValue.setCaption(known ? wholeNumber(step, samples) : page_.notApplicableText);
     showBytes(step, page_.lblNumDynamicBytesValue, bytes);
+    return period;
 }
 
-void Estimate::showStatic(const Steps& step, double bytes)
+void Estimate::showStatic(const Steps& step, Driver* driver, const ByteTotals& totals)
 {
-    StaticMeasurement* measurement = step.value([&] {
-        Driver* driver = page_.driverAt(page_.staticDriverIndex);
-        return driver ? driver->queryStaticMeasurement() : nullptr;
-    });
-    const auto scans = [&] { return static_cast<double>(measurement->NumberOfScans()); };
-    page_.lblNumScansValue.setCaption(measurement ? wholeNumber(step, scans) : page_.notApplicableText);
-    showBytes(step, page_.lblNumStaticBytesValue, bytes);
+    StaticMeasurement* measurement = nullptr;
+    if (driver && !totals.scans)
+        measurement = step.value([&] { return driver->queryStaticMeasurement(); });
+    const auto scans = [&] { return static_cast<double>(totals.scans ? *totals.scans : measurement->NumberOfScans()); };
+    const bool known = totals.scans || measurement;
+    page_.lblNumScansValue.setCaption(known ? wholeNumber(step, scans) : page_.notApplicableText);
+    showBytes(step, page_.lblNumStaticBytesValue, totals.staticBytes);
 }
 
 double Estimate::countIn(const Label& label) const
@@ -89,18 +94,19 @@ double Estimate::lasting(const Steps& step, double intervals, std::int32_t drive
     });
 }
 
-double Estimate::actualSeconds(const Steps& step) const
+double Estimate::actualSeconds(const Steps& step, std::optional<double> samplePeriod) const
 {
-    const double samples = countIn(page_.lblNumSamplesValue);
+    const double intervals = countIn(page_.lblNumSamplesValue) - 1.0;
     const double scans = countIn(page_.lblNumScansValue);
-    return largerOf(lasting(step, samples - 1.0, page_.dynamicDriverIndex, &Timebase::SamplePeriod),
-                    lasting(step, scans, page_.staticDriverIndex, &Timebase::ScanPeriod));
+    const double sampling = samplePeriod ? std::max(intervals, 0.0) * *samplePeriod
+                                         : lasting(step, intervals, page_.dynamicDriverIndex, &Timebase::SamplePeriod);
+    return largerOf(sampling, lasting(step, scans, page_.staticDriverIndex, &Timebase::ScanPeriod));
 }
 
-void Estimate::updateActualDuration()
+void Estimate::updateActualDuration(std::optional<double> samplePeriod)
 {
     const Steps step(support_.errors, "updateActualDuration");
-    double seconds = actualSeconds(step);
+    double seconds = actualSeconds(step, samplePeriod);
     if (!(seconds > 0.0))
         seconds = step.value([&] { return recording_.getDurationSeconds(); });
     const ComboBox& unit = page_.cmbInterval;

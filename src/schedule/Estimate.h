@@ -19,13 +19,13 @@ public:
     void clear();
 
 private:
-    void showDynamic(const Steps& step, double seconds, double bytes);
-    void showStatic(const Steps& step, double bytes);
-    void updateActualDuration();
+    std::optional<double> showDynamic(const Steps& step, double seconds, double bytes);
+    void showStatic(const Steps& step, Driver* driver, const ByteTotals& totals);
+    void updateActualDuration(std::optional<double> samplePeriod);
     void showBytes(const Steps& step, LimitedLabel& label, double bytes);
     [[nodiscard]] double lasting(const Steps& step, double intervals, std::int32_t driver,
                                  double (Timebase::*period)()) const;
-    [[nodiscard]] double actualSeconds(const Steps& step) const;
+    [[nodiscard]] double actualSeconds(const Steps& step, std::optional<double> samplePeriod) const;
     [[nodiscard]] double countIn(const Label& label) const;
     /// The number as text; the text for what is not available when it fails or does not fit into 32 bits.
     [[nodiscard]] std::string wholeNumber(const Steps& step, const std::function<double()>& number) const;

@@ -43,10 +43,10 @@ std::string Recording::computeStopTime(char unit, double amount, DateTime start)
     return generalDate(after(unit, amount, start), support_.locale());
 }
 
-double Recording::durationInForce() const
+Held Recording::durationInForce() const
 {
     Timebase* timebase = firstTimebase(page_.currentDrivers());
-    return timebase ? widen(timebase->Duration()) : accepted_.seconds;
+    return {timebase ? widen(timebase->Duration()) : accepted_.seconds, timebase};
 }
 
 void Recording::show(TextBox& box, const std::string& text)
@@ -115,9 +115,10 @@ void Recording::showKeptDuration(double seconds)
     box.select(utf8Length(box.text()), 0);
 }
 
-bool Recording::commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack)
+bool Recording::commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack,
+                       const std::optional<Held>& duration)
 {
-    writer_.write(step, page_.currentDrivers(), change);
+    writer_.write(step, page_.currentDrivers(), change, duration);
     showKept(step, change);
     if (const std::int32_t code = actions_.updateDiskSpace(); code != 0) {
         step([&] { showLimitMessage(support_, code); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "page/Actions.h"
+#include "page/NumberEntry.h"
 #include "page/Page.h"
 #include "schedule/ScheduleWriter.h"
 #include "support/Support.h"
@@ -25,7 +26,7 @@ public:
     [[nodiscard]] std::string computeStopTime(char unit, double amount, DateTime start) const;
 
     /// The duration that the drivers hold, in seconds; without a timebase the one last accepted.
-    [[nodiscard]] double durationInForce() const;
+    [[nodiscard]] Held durationInForce() const;
 
     /// An empty start time becomes the time of day.
     void fillStartTime();
@@ -39,7 +40,9 @@ public:
     /// Writes a change to the drivers, shows what they keep of it and asks the limit once. Within it the change is
     /// notified and captured, and what the page shows counts as accepted. Beyond it the user is told, each driver gets
     /// its own values back, `putBack` restores what the page showed, and the derived labels follow; false then.
-    bool commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack);
+    /// `duration` is what one of them is known to hold: it is not asked again.
+    bool commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack,
+                const std::optional<Held>& duration = {});
 
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }

@@ -1,16 +1,21 @@
 #include "schedule/ScheduleWriter.h"
 
 #include "interfaces/Timebase.h"
+#include "platform/NumberText.h"
 
 namespace ko {
 
 namespace {
 
-ScheduleChange readBefore(const Steps& step, Timebase& timebase, const ScheduleChange& change)
+ScheduleChange readBefore(const Steps& step, Timebase& timebase, const ScheduleChange& change,
+                          const std::optional<Held>& duration)
 {
     ScheduleChange before;
     if (change.duration)
-        step([&] { before.duration = timebase.Duration(); });
+        step([&] {
+            const bool isKnown = duration && duration->of == &timebase;
+            before.duration = isKnown ? toSingle(duration->value) : timebase.Duration();
+        });
     if (change.startTime)
         step([&] { before.startTime = timebase.StartTime(); });
     if (change.startMode)
@@ -34,14 +39,15 @@ void put(const Steps& step, Timebase& timebase, const ScheduleChange& change)
 
 } // namespace
 
-void ScheduleWriter::write(const Steps& step, Drivers drivers, const ScheduleChange& change)
+void ScheduleWriter::write(const Steps& step, Drivers drivers, const ScheduleChange& change,
+                           const std::optional<Held>& duration)
 {
     written_.clear();
     for (const auto& driver : drivers) {
         Timebase* timebase = driver ? step.value([&] { return driver->queryTimebase(); }) : nullptr;
         if (!timebase)
             continue;
-        written_.push_back({timebase, readBefore(step, *timebase, change)});
+        written_.push_back({timebase, readBefore(step, *timebase, change, duration)});
         put(step, *timebase, change);
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "page/Drivers.h"
+#include "page/NumberEntry.h"
 #include "support/Steps.h"
 
 #include <optional>
@@ -19,8 +19,10 @@ struct ScheduleChange {
 /// Writes a change to the timebases of all drivers and can take it back.
 class ScheduleWriter {
 public:
-    /// Each driver's old values are read and kept first. Failures are reported to `step`.
-    void write(const Steps& step, Drivers drivers, const ScheduleChange& change);
+    /// Each driver's old values are read and kept first, but for a duration that is known to be held. Failures are
+    /// reported to `step`.
+    void write(const Steps& step, Drivers drivers, const ScheduleChange& change,
+               const std::optional<Held>& duration = {});
 
     /// Gives each driver its own old values back; one whose reading failed is not written.
     void undo(const Steps& step);

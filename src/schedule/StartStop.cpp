@@ -105,8 +105,8 @@ void StartStop::enableStartControls()
     page_.optStopTime.setEnabled(editable);
     if (page_.optStartTime.value())
         step([&] { recording_.fillStartTime(); });
-    if (!page_.readOnly)
-        actions_.setTriggerSource(onTrigger);
+    if (!onTrigger && !page_.readOnly)
+        actions_.clearTriggerSource();
 }
 
 void StartStop::enableStopControls()

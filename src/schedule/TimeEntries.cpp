@@ -96,7 +96,7 @@ void TimeEntries::showStopTimeInForce()
 {
     recording_.putBackStopTime();
     const DateTime start = recording_.timeIn(page_.txtStartTime);
-    recording_.show(page_.txtStopTime, recording_.computeStopTime('s', recording_.durationInForce(), start));
+    recording_.show(page_.txtStopTime, recording_.computeStopTime('s', recording_.durationInForce().value, start));
 }
 
 void TimeEntries::cmdStartTime_Click()

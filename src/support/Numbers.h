@@ -23,6 +23,11 @@ inline double nonZero(double value)
     return value;
 }
 
+inline double itself(double value)
+{
+    return value;
+}
+
 /// 1 / value, or failure 11 when the value is 0.
 inline double reciprocal(double value)
 {

@@ -15,8 +15,8 @@ namespace {
 /// Sample rate per hertz of usable bandwidth.
 constexpr double samplesPerSpan = 2.56;
 
-constexpr OfferMembers samplePeriods{&Timebase::SampleChoiceList, &Timebase::ChoiceRange};
-constexpr OfferMembers blockSizes{&Timebase::BlockSizeChoiceList, &Timebase::BlockSizeRange};
+constexpr OfferMembers offeredPeriods{&Timebase::SampleChoiceList, &Timebase::ChoiceRange};
+constexpr OfferMembers offeredSizes{&Timebase::BlockSizeChoiceList, &Timebase::BlockSizeRange};
 
 } // namespace
 
@@ -24,9 +24,12 @@ DynamicEditors::DynamicEditors(Page& page, Support& support, Actions& actions)
     : page_(page), support_(support), actions_(actions),
       pair_(support, page.cmbSampleRate, page.cmbSamplePeriod, page.txtSampleRate, page.txtSamplePeriod)
 {
-    entries_.push_back(std::make_unique<SampleRateEntry>(page, support, *this));
-    entries_.push_back(std::make_unique<SamplePeriodEntry>(page, support, *this));
-    entries_.push_back(std::make_unique<BlockSizeEntry>(page, support, *this));
+    const auto add = [&](TextBox& box, const DynamicEntry::Kind& kind) {
+        entries_.push_back(std::make_unique<DynamicEntry>(page, support, box, kind, *this));
+    };
+    add(page.txtSampleRate, DynamicEntry::sampleRate);
+    add(page.txtSamplePeriod, DynamicEntry::samplePeriod);
+    add(page.txtBlockSize, DynamicEntry::blockSize);
     page.cmbSampleRate.click = [this] { cmbSampleRate_Click(); };
     page.cmbSamplePeriod.click = [this] { cmbSamplePeriod_Click(); };
     page.cmbBlockSize.click = [this] { cmbBlockSize_Click(); };
@@ -38,21 +41,21 @@ DynamicEditors::DynamicEditors(Page& page, Support& support, Actions& actions)
 
 DynamicEditors::~DynamicEditors() = default;
 
-void DynamicEditors::initSampleRateEditors(std::optional<double> samplePeriod)
+void DynamicEditors::initSampleRateEditors(std::optional<double> period)
 {
     const Steps step(support_.errors, "initSampleRateEditors");
     page_.samplePeriodRange = {};
-    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), samplePeriods);
+    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), offeredPeriods);
     page_.samplePeriodRange = offers.range();
-    step([&] { pair_.build(step, offers, samplePeriod); });
-    showSpan(step, samplePeriod);
+    step([&] { pair_.build(step, offers, period); });
+    showSpan(step, period);
 }
 
-std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double> blockSize)
+std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double> size)
 {
     const Steps step(support_.errors, "initBlockSizeEditors");
     page_.blockSizeRange = {};
-    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), blockSizes);
+    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), offeredSizes);
     const Range range = page_.blockSizeRange = offers.range();
     blockSizes_ = offers.values();
     page_.cmbBlockSize.setVisible(!blockSizes_.empty());
@@ -65,32 +68,33 @@ std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double>
     for (const double value : blockSizes_)
         items.push_back({numberText(value, support_.locale())});
     page_.cmbBlockSize.setItems(std::move(items));
-    if (!blockSize)
-        return blockSize;
+    if (!size)
+        return size;
     if (blockSizes_.empty()) {
-        blockSize = smallerOf(largerOf(*blockSize, range.minimum), range.maximum);
-        page_.txtBlockSize.setText(numberText(*blockSize, support_.locale()));
+        size = smallerOf(largerOf(*size, range.minimum), range.maximum);
+        page_.txtBlockSize.setText(numberText(*size, support_.locale()));
     } else {
-        selectBlockSize(*blockSize);
+        selectBlockSize(*size);
     }
-    return blockSize;
+    return size;
 }
 
-DynamicEditors::Written DynamicEditors::write(const Steps& step, Get get, Set set, double value)
+DynamicEditors::Written DynamicEditors::write(const Steps& step, const Quantity& quantity, double value,
+                                              const std::optional<Held>& known)
 {
     Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); });
     if (!timebase)
         return {};
-    const auto read = [&] { return step.value([&] { return std::optional((timebase->*get)()); }); };
-    const std::optional<double> before = read();
-    step([&] { (timebase->*set)(value); });
+    const auto read = [&] { return step.value([&] { return std::optional((timebase->*quantity.get)()); }); };
+    const std::optional<double> before = known && known->of == timebase ? known->value : read();
+    step([&] { (timebase->*quantity.set)(value); });
     const std::optional<double> now = read();
     if (now && now == before)
         return {Written::Fate::Kept, now};
     if (const std::int32_t code = actions_.updateDiskSpace(); code != 0) {
         step([&] { showLimitMessage(support_, code); });
         if (before)
-            step([&] { (timebase->*set)(*before); });
+            step([&] { (timebase->*quantity.set)(*before); });
         actions_.refreshEstimate();
         return {Written::Fate::Refused, read()};
     }
@@ -98,14 +102,15 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, Get get, Set se
     return {Written::Fate::Accepted, now};
 }
 
-DynamicEditors::Written DynamicEditors::writeSamplePeriod(const Steps& step, double seconds)
+DynamicEditors::Written DynamicEditors::writeTyped(const Steps& step, const Quantity& quantity, double value,
+                                                   const std::optional<Held>& before, const TextBox& typedIn)
 {
-    return write(step, &Timebase::SamplePeriod, &Timebase::setSamplePeriod, seconds);
-}
-
-DynamicEditors::Written DynamicEditors::writeBlockSize(const Steps& step, double samples)
-{
-    return write(step, &Timebase::BlockSize, &Timebase::setBlockSize, samples);
+    const Written written = write(step, quantity, value, before);
+    if (quantity.hasPartner && written.fate != Written::Fate::NoDriver) {
+        pair_.showInBoxes(step, written.inForce.value_or(value), &typedIn);
+        showSpan(step, written.inForce);
+    }
+    return written;
 }
 
 void DynamicEditors::cmbSampleRate_Click()
@@ -126,7 +131,7 @@ void DynamicEditors::choose(const Steps& step, ComboBox& chosen, const ComboBox&
 {
     const Scoped guard(page_.isUpdating, true);
     const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
-    const Written written = period ? writeSamplePeriod(step, *period) : Written{};
+    const Written written = period ? write(step, samplePeriod, *period) : Written{};
     if (written.fate != Written::Fate::Accepted) {
         step([&] { chosen.select(partner.index()); });
         return;
@@ -142,7 +147,7 @@ void DynamicEditors::cmbBlockSize_Click()
     const Steps step(support_.errors, "cmbBlockSize_Click");
     const auto samples =
         step.value([&] { return std::optional(toDouble(page_.cmbBlockSize.text(), support_.locale())); });
-    const Written written = samples ? writeBlockSize(step, *samples) : Written{};
+    const Written written = samples ? write(step, blockSize, *samples) : Written{};
     if (written.inForce)
         step([&] { selectBlockSize(*written.inForce); });
 }
@@ -154,21 +159,13 @@ void DynamicEditors::selectBlockSize(double samples)
         page_.cmbBlockSize.select(static_cast<std::int32_t>(found - blockSizes_.begin()));
 }
 
-void DynamicEditors::showWritten(const Steps& step, const Written& written, double requested, const TextBox& typedIn)
-{
-    if (written.fate == Written::Fate::NoDriver)
-        return;
-    pair_.showInBoxes(step, written.inForce.value_or(requested), &typedIn);
-    showSpan(step, written.inForce);
-}
-
-void DynamicEditors::showSpan(const Steps& step, std::optional<double> samplePeriod)
+void DynamicEditors::showSpan(const Steps& step, std::optional<double> period)
 {
     page_.lblSpanValue.setCaption("");
-    if (!samplePeriod)
+    if (!period)
         return;
     step([&] {
-        const double span = reciprocal(*samplePeriod) / samplesPerSpan;
+        const double span = reciprocal(*period) / samplesPerSpan;
         page_.lblSpanValue.setCaption(numberText(span, support_.locale()) + " " + page_.hertzText);
     });
 }

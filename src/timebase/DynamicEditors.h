@@ -1,13 +1,12 @@
 #pragma once
 
 #include "page/Actions.h"
+#include "page/NumberEntry.h"
 #include "timebase/RatePeriodPair.h"
 
 #include <memory>
 
 namespace ko {
-
-class NumberEntry;
 
 /// Sample rate, sample period and block size of the driver at `dynamicDriverIndex`, and the span.
 class DynamicEditors {
@@ -17,10 +16,10 @@ public:
     ~DynamicEditors();
 
     /// Builds the rate and period editors for the period in force in seconds (none: not known) and writes the span.
-    void initSampleRateEditors(std::optional<double> samplePeriod);
+    void initSampleRateEditors(std::optional<double> period);
 
     /// Builds the block-size editors for a block size in samples (none: not known); the block size that is shown.
-    std::optional<double> initBlockSizeEditors(std::optional<double> blockSize);
+    std::optional<double> initBlockSizeEditors(std::optional<double> size);
 
     /// What became of a value written to the driver.
     struct Written {
@@ -34,29 +33,30 @@ public:
         std::optional<double> inForce; ///< none when it could not be read
     };
 
-    /// Writes a sample period in seconds, a block size in samples, to the driver, reads back, checks the limit.
-    Written writeSamplePeriod(const Steps& step, double seconds);
-    Written writeBlockSize(const Steps& step, double samples);
+    /// What is written to the driver: the sample period in seconds or the block size in samples.
+    struct Quantity {
+        double (Timebase::*get)();
+        void (Timebase::*set)(double);
+        bool hasPartner; ///< another box shows the same in another form
+    };
+    static constexpr Quantity samplePeriod{&Timebase::SamplePeriod, &Timebase::setSamplePeriod, true};
+    static constexpr Quantity blockSize{&Timebase::BlockSize, &Timebase::setBlockSize, false};
 
-    /// Shows what became of a requested sample period typed into one of the boxes; where it could not be read back
-    /// the other box shows what was requested.
-    void showWritten(const Steps& step, const Written& written, double requested, const TextBox& typedIn);
+    /// Writes a typed value to the driver, reads back, checks the limit, and shows what became of it everywhere but in
+    /// `typedIn`; where it could not be read back the partner shows what was requested. `before` is the value known to
+    /// be in force, which is not read again.
+    Written writeTyped(const Steps& step, const Quantity& quantity, double value, const std::optional<Held>& before,
+                       const TextBox& typedIn);
 
 private:
-    class SampleRateEntry;
-    class SamplePeriodEntry;
-    class BlockSizeEntry;
-    using Get = double (Timebase::*)();
-    using Set = void (Timebase::*)(double);
-
     void cmbSampleRate_Click();
     void cmbSamplePeriod_Click();
     void cmbBlockSize_Click();
 
-    Written write(const Steps& step, Get get, Set set, double value);
+    Written write(const Steps& step, const Quantity& quantity, double value, const std::optional<Held>& known = {});
     void choose(const Steps& step, ComboBox& chosen, const ComboBox& partner);
     void selectBlockSize(double samples);
-    void showSpan(const Steps& step, std::optional<double> samplePeriod);
+    void showSpan(const Steps& step, std::optional<double> period);
 
     Page& page_;
     Support& support_;

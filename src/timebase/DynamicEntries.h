@@ -8,49 +8,32 @@ namespace ko {
 /// A text box whose number the current dynamic driver holds.
 class DynamicEntry : public NumberEntry {
 public:
-    DynamicEntry(Page& page, Support& support, TextBox& box, NumberType type, Names names, DynamicEditors& editors)
-        : NumberEntry(page, support, box, type, names), editors_(editors)
+    /// What tells one of these boxes from the others.
+    struct Kind {
+        NumberType type;
+        Names names;
+        DynamicEditors::Quantity quantity;
+        NumberBounds (*bounds)(const Page& page);
+        /// From what the driver holds to what the box shows; its own inverse.
+        double (*converted)(double value);
+    };
+
+    DynamicEntry(Page& page, Support& support, TextBox& box, const Kind& kind, DynamicEditors& editors)
+        : NumberEntry(page, support, box, kind.type, kind.names), kind_(kind), editors_(editors)
     {
     }
 
+    static const Kind sampleRate, samplePeriod, blockSize;
+
 protected:
-    DynamicEditors& editors() { return editors_; }
-    Timebase& timebase() { return required(page().timebaseAt(page().dynamicDriverIndex)); }
-    /// Writes a sample period and shows what came of it, in this box as `shown(period)`.
-    void acceptPeriod(const Steps& step, double seconds, double (*shown)(double));
+    NumberBounds bounds() override { return kind_.bounds(page()); }
+    Held held() override;
+    double shown(double held) const override { return kind_.converted(held); }
+    void accept(const Steps& step, double value, const std::optional<Held>& before) override;
 
 private:
+    const Kind& kind_;
     DynamicEditors& editors_;
-};
-
-class DynamicEditors::SampleRateEntry : public DynamicEntry {
-public:
-    SampleRateEntry(Page& page, Support& support, DynamicEditors& editors);
-
-protected:
-    NumberBounds bounds() override;
-    double inForce() override;
-    void accept(const Steps& step, double value) override;
-};
-
-class DynamicEditors::SamplePeriodEntry : public DynamicEntry {
-public:
-    SamplePeriodEntry(Page& page, Support& support, DynamicEditors& editors);
-
-protected:
-    NumberBounds bounds() override;
-    double inForce() override;
-    void accept(const Steps& step, double value) override;
-};
-
-class DynamicEditors::BlockSizeEntry : public DynamicEntry {
-public:
-    BlockSizeEntry(Page& page, Support& support, DynamicEditors& editors);
-
-protected:
-    NumberBounds bounds() override;
-    double inForce() override;
-    void accept(const Steps& step, double value) override;
 };
 
 } // namespace ko

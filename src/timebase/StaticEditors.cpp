@@ -22,8 +22,9 @@ StaticEditors::StaticEditors(Page& page, Support& support, Actions& actions)
     : page_(page), support_(support), actions_(actions),
       pair_(support, page.cmbScanRate, page.cmbScanPeriod, page.txtScanRate, page.txtScanPeriod)
 {
-    entries_.push_back(std::make_unique<ScanRateEntry>(page, support, *this));
-    entries_.push_back(std::make_unique<ScanPeriodEntry>(page, support, *this));
+    entries_.push_back(std::make_unique<StaticEntry>(page, support, page.txtScanRate, StaticEntry::scanRate, *this));
+    entries_.push_back(
+        std::make_unique<StaticEntry>(page, support, page.txtScanPeriod, StaticEntry::scanPeriod, *this));
     page.cmbScanRate.click = [this] { cmbScanRate_Click(); };
     page.cmbScanPeriod.click = [this] { cmbScanPeriod_Click(); };
     for (ComboBox* list : {&page.cmbScanRate, &page.cmbScanPeriod}) {
@@ -54,14 +55,14 @@ template <class Visit> void StaticEditors::forEachTimebase(const Steps& step, Vi
     }
 }
 
-StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod)
+StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod, const std::optional<Held>& known)
 {
     const Steps step(support_.errors, "setDriversScanRate");
     step([&] { actions_.markChanged(); });
     before_.assign(page_.currentDrivers().size(), std::nullopt);
     ScanPeriod result;
     forEachTimebase(step, [&](Timebase& timebase, std::size_t i) {
-        before_[i] = readScanPeriod(step, timebase);
+        before_[i] = known && known->of == &timebase ? known->value : readScanPeriod(step, timebase);
         step([&] { timebase.setScanPeriod(newScanPeriod); });
         result.inForce = readScanPeriod(step, timebase);
     });
@@ -79,9 +80,10 @@ StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod
     return result;
 }
 
-StaticEditors::ScanPeriod StaticEditors::pushTyped(const Steps& step, double seconds, const TextBox& typedIn)
+StaticEditors::ScanPeriod StaticEditors::pushTyped(const Steps& step, double seconds, const std::optional<Held>& before,
+                                                   const TextBox& typedIn)
 {
-    const ScanPeriod result = setDriversScanRate(seconds);
+    const ScanPeriod result = setDriversScanRate(seconds, before);
     pair_.showInBoxes(step, result.inForce.value_or(seconds), &typedIn);
     return result;
 }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "page/Actions.h"
+#include "page/NumberEntry.h"
 #include "timebase/RatePeriodPair.h"
 
 #include <memory>
 
 namespace ko {
-
-class NumberEntry;
 
 /// Scan rate and scan period, one setting that all drivers share.
 class StaticEditors {
@@ -25,22 +24,20 @@ public:
         bool rejected = false;         ///< beyond the limit: the user was told, every driver has its old period
     };
 
-    /// Writes one scan period to every driver that offers a timebase. Reports its own failures.
-    ScanPeriod setDriversScanRate(double newScanPeriod);
+    /// Writes one scan period to every driver that offers a timebase. Reports its own failures. A period that is known
+    /// to be held is not read again.
+    ScanPeriod setDriversScanRate(double newScanPeriod, const std::optional<Held>& known = {});
 
     /// Pushes the scan period that the editors were built for, and shows what the drivers made of it.
     void pushLoaded(double seconds);
 
     /// Pushes a typed period to the drivers and shows in both boxes what came of it, but not in `typedIn`.
-    ScanPeriod pushTyped(const Steps& step, double seconds, const TextBox& typedIn);
+    ScanPeriod pushTyped(const Steps& step, double seconds, const std::optional<Held>& before, const TextBox& typedIn);
 
     /// The editors' text boxes.
     [[nodiscard]] const std::vector<std::unique_ptr<NumberEntry>>& entries() const { return entries_; }
 
 private:
-    class ScanRateEntry;
-    class ScanPeriodEntry;
-
     void cmbScanRate_Click();
     void cmbScanPeriod_Click();
     void choose(const Steps& step, const ComboBox& chosen, ComboBox& partner);

@@ -8,48 +8,35 @@ namespace ko {
 /// A text box whose number all drivers share.
 class StaticEntry : public NumberEntry {
 public:
-    StaticEntry(Page& page, Support& support, TextBox& box, Names names, StaticEditors& editors)
-        : NumberEntry(page, support, box, NumberType::Double, names), editors_(editors)
+    /// What tells one of these boxes from the other.
+    struct Kind {
+        Names names;
+        NumberBounds (*bounds)(Range periods);
+        /// From a scan period to what the box shows; its own inverse.
+        double (*converted)(double value);
+    };
+
+    StaticEntry(Page& page, Support& support, TextBox& box, const Kind& kind, StaticEditors& editors)
+        : NumberEntry(page, support, box, NumberType::Double, kind.names), kind_(kind), editors_(editors)
     {
     }
 
+    static const Kind scanRate, scanPeriod;
+
 protected:
     bool isActive() override { return page().hasStaticDrivers; }
+    NumberBounds bounds() override { return kind_.bounds(page().scanPeriodRange); }
     /// The scan period that the page shows: that of the last driver with a timebase.
-    double scanPeriod();
-    /// The scan period of the current static driver, which takes the place of a refused text.
-    double scanPeriodOfCurrent() { return required(page().timebaseAt(page().staticDriverIndex)).ScanPeriod(); }
-    /// The range that the hint names, none unless both ends of `bounds` are known.
-    static Range hintOf(const NumberBounds& bounds);
-    /// Pushes a scan period and shows what came of it, in this box as `shown(period)`.
-    void acceptPeriod(const Steps& step, double seconds, double (*shown)(double));
+    Held held() override;
+    /// That of the current static driver.
+    double heldAfterRefusal() override { return required(page().timebaseAt(page().staticDriverIndex)).ScanPeriod(); }
+    double shown(double seconds) const override { return kind_.converted(seconds); }
+    void accept(const Steps& step, double value, const std::optional<Held>& before) override;
+    Range hintRange() override;
 
 private:
+    const Kind& kind_;
     StaticEditors& editors_;
-};
-
-class StaticEditors::ScanRateEntry : public StaticEntry {
-public:
-    ScanRateEntry(Page& page, Support& support, StaticEditors& editors);
-
-protected:
-    NumberBounds bounds() override;
-    double inForce() override;
-    double afterRefusal() override;
-    void accept(const Steps& step, double value) override;
-    Range hintRange() override;
-};
-
-class StaticEditors::ScanPeriodEntry : public StaticEntry {
-public:
-    ScanPeriodEntry(Page& page, Support& support, StaticEditors& editors);
-
-protected:
-    NumberBounds bounds() override;
-    double inForce() override;
-    double afterRefusal() override;
-    void accept(const Steps& step, double value) override;
-    Range hintRange() override;
 };
 
 } // namespace ko

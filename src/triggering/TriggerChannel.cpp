@@ -8,15 +8,14 @@ namespace ko {
 
 namespace {
 
-/// Calls `visit(slot, channel)` for each channel that the driver marks as its trigger source, until that answers false.
-template <class Visit> void forEachSource(const Steps& step, Driver& driver, TriggerParameters& parameters, Visit visit)
+/// Calls `visit(slot, channel)` for each channel of the driver.
+template <class Visit> void forEachChannel(const Steps& step, Driver& driver, Visit visit)
 {
     const std::int32_t groups = step.value([&] { return driver.GroupCount(); });
     for (std::int32_t g = 0; g < groups; ++g) {
         const std::int32_t channels = step.value([&] { return driver.ChannelCount(g); });
         for (std::int32_t c = 0; c < channels; ++c)
-            if (step.value([&] { return parameters.TriggerEnabled(g, c); }) && !visit(g, c))
-                return;
+            visit(g, c);
     }
 }
 
@@ -92,26 +91,43 @@ void TriggerChannel::enableTriggering(bool onTrigger)
     const Steps step(support_.errors, "enableTriggering");
     step([&] { page_.optOnTrigger.showSelected(); });
     step([&] { showArea(true); });
-    if (page_.isLoading && !isStored())
-        takeOverMarkedChannel(step);
+    TriggerParameters* parameters = isStored() || page_.isLoading ? parametersOfMaster(step) : nullptr;
+    std::optional<Channels> sources;
+    if (parameters && !isStored())
+        sources = takeOverMarkedChannel(step, *parameters);
     if (!isOn_)
         warnOfDisabledChannel(step);
     isOn_ = true;
     showChannel(step);
-    switchSource(step, true);
+    if (parameters && isStored())
+        switchOn(step, *parameters, sources ? *sources : otherSources(step, *parameters));
 }
 
-void TriggerChannel::takeOverMarkedChannel(const Steps& step)
+TriggerParameters* TriggerChannel::parametersOfMaster(const Steps& step) const
 {
     const std::shared_ptr<Driver> driver = master();
-    TriggerParameters* parameters = driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
-    if (!parameters)
-        return;
-    forEachSource(step, *driver, *parameters, [&](std::int32_t slot, std::int32_t channel) {
-        page_.TriggerSlot = slot;
-        page_.TriggerChannel = channel;
-        return false;
+    return driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
+}
+
+/// The channels that the driver marks as its trigger source. The stored one is not asked about: it becomes one anyway.
+TriggerChannel::Channels TriggerChannel::otherSources(const Steps& step, TriggerParameters& parameters) const
+{
+    Channels marked;
+    forEachChannel(step, *master(), [&](std::int32_t slot, std::int32_t channel) {
+        if (!isStored(slot, channel) && step.value([&] { return parameters.TriggerEnabled(slot, channel); }))
+            marked.push_back({slot, channel});
     });
+    return marked;
+}
+
+TriggerChannel::Channels TriggerChannel::takeOverMarkedChannel(const Steps& step, TriggerParameters& parameters)
+{
+    Channels marked = otherSources(step, parameters);
+    if (!marked.empty()) {
+        page_.TriggerSlot = marked.front().slot;
+        page_.TriggerChannel = marked.front().channel;
+    }
+    return marked;
 }
 
 void TriggerChannel::warnOfDisabledChannel(const Steps& step)
@@ -141,28 +157,25 @@ void TriggerChannel::showChannel(const Steps& step)
     grid_.SetupParamGrid(driver.get(), page_.TriggerSlot, page_.TriggerChannel);
 }
 
-void TriggerChannel::switchSource(const Steps& step, bool enabled)
+/// A driver has one trigger source.
+void TriggerChannel::switchOn(const Steps& step, TriggerParameters& parameters, const Channels& sources)
 {
-    const std::shared_ptr<Driver> driver = isStored() ? master() : nullptr;
-    TriggerParameters* parameters = driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
-    if (!parameters)
-        return;
-    const auto isStoredChannel = [&](std::int32_t slot, std::int32_t channel) {
-        return slot == page_.TriggerSlot && channel == page_.TriggerChannel;
-    };
-    // A driver has one trigger source.
-    if (enabled)
-        forEachSource(step, *driver, *parameters, [&](std::int32_t slot, std::int32_t channel) {
-            if (!isStoredChannel(slot, channel))
-                step([&] { parameters->setTriggerEnabled(slot, channel, false); });
-            return true;
-        });
-    step([&] { parameters->setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, enabled); });
+    for (const Channel& source : sources)
+        if (!isStored(source.slot, source.channel))
+            step([&] { parameters.setTriggerEnabled(source.slot, source.channel, false); });
+    step([&] { parameters.setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, true); });
 }
 
-void TriggerChannel::setTriggerSource(bool enabled)
+void TriggerChannel::switchOff(const Steps& step, TriggerParameters& parameters)
 {
-    switchSource(Steps(support_.errors, "setTriggerSource"), enabled);
+    step([&] { parameters.setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, false); });
+}
+
+void TriggerChannel::clearTriggerSource()
+{
+    const Steps step(support_.errors, "clearTriggerSource");
+    if (TriggerParameters* parameters = isStored() ? parametersOfMaster(step) : nullptr)
+        switchOff(step, *parameters);
 }
 
 void TriggerChannel::cmdChannel_Click()
@@ -207,10 +220,13 @@ void TriggerChannel::store(const Steps& step, std::int32_t slot, std::int32_t ch
 {
     if (page_.TriggerSlot == slot && page_.TriggerChannel == channel)
         return;
-    switchSource(step, false);
+    TriggerParameters* parameters = parametersOfMaster(step);
+    if (parameters && isStored())
+        switchOff(step, *parameters);
     page_.TriggerSlot = slot;
     page_.TriggerChannel = channel;
-    switchSource(step, true);
+    if (parameters && isStored())
+        switchOn(step, *parameters, otherSources(step, *parameters));
 }
 
 } // namespace ko

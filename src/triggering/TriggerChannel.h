@@ -3,10 +3,12 @@
 #include "triggering/ParamGrid.h"
 
 #include <functional>
+#include <vector>
 
 namespace ko {
 
 class SelectChannel;
+class TriggerParameters;
 
 /// The trigger area: the channel of the start master that starts the recording, its caption, and its parameters.
 class TriggerChannel {
@@ -26,22 +28,34 @@ public:
     /// See `Actions`. A disabled channel is told of once for each time triggering is switched on.
     void enableTriggering(bool onTrigger);
     void disableTriggering(bool onTrigger);
-    void setTriggerSource(bool enabled);
+    void clearTriggerSource();
 
     [[nodiscard]] ParamGrid& grid() { return grid_; }
 
 private:
+    struct Channel {
+        std::int32_t slot, channel;
+    };
+    using Channels = std::vector<Channel>;
+
     void cmdChannel_Click();
     bool choose(const Steps& step, std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel);
     void store(const Steps& step, std::int32_t slot, std::int32_t channel);
-    void switchSource(const Steps& step, bool enabled);
+    [[nodiscard]] TriggerParameters* parametersOfMaster(const Steps& step) const;
+    [[nodiscard]] Channels otherSources(const Steps& step, TriggerParameters& parameters) const;
+    void switchOn(const Steps& step, TriggerParameters& parameters, const Channels& sources);
+    void switchOff(const Steps& step, TriggerParameters& parameters);
     void showChannel(const Steps& step);
     void showArea(bool on);
     void followUsability();
-    void takeOverMarkedChannel(const Steps& step);
+    Channels takeOverMarkedChannel(const Steps& step, TriggerParameters& parameters);
     void warnOfDisabledChannel(const Steps& step);
     [[nodiscard]] std::shared_ptr<Driver> master() const;
     [[nodiscard]] bool isStored() const { return page_.TriggerSlot >= 0 && page_.TriggerChannel >= 0; }
+    [[nodiscard]] bool isStored(std::int32_t slot, std::int32_t channel) const
+    {
+        return slot == page_.TriggerSlot && channel == page_.TriggerChannel;
+    }
 
     Page& page_;
     Support& support_;

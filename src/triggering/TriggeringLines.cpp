@@ -4,6 +4,8 @@
 #include "triggering/Triggering.h"
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace ko {
 
@@ -25,11 +27,6 @@ constexpr TriggerRole startRole{&TriggerLines::StartLinesAsMaster, &TriggerLines
 constexpr TriggerRole scanRole{&TriggerLines::ScanLinesAsMaster, &TriggerLines::ScanLinesAsListener,
                                &TriggerLines::setScanTriggerLine, &TriggerLines::setScanTriggerInput};
 
-/// What the survey knows of a driver; as it is made, a driver that takes no part.
-struct Wiring {
-    std::int32_t startLine = -1, startRank = -1, scanLine = -1, scanRank = -1;
-};
-
 std::int32_t wiredLine(std::int32_t line)
 {
     if (line >= lineCount)
@@ -37,35 +34,69 @@ std::int32_t wiredLine(std::int32_t line)
     return line;
 }
 
-Wiring wiringOf(const std::shared_ptr<Driver>& driver)
-{
-    TriggerLines* lines = driver ? driver->queryTriggerLines() : nullptr;
-    if (!lines)
-        return {};
-    const std::int32_t startLine = wiredLine(lines->StartTriggerLine());
-    const std::int32_t startRank = lines->StartMasterRank();
-    const std::int32_t scanLine = wiredLine(lines->ScanTriggerLine());
-    return {startLine, startRank, scanLine, lines->ScanMasterRank()};
-}
-
-template <class Condition> std::int32_t firstOf(const std::vector<Wiring>& survey, Condition condition)
-{
-    const auto found = std::find_if(survey.begin(), survey.end(), condition);
-    return found == survey.end() ? -1 : static_cast<std::int32_t>(found - survey.begin());
-}
-
-std::int32_t bestOf(const std::vector<Wiring>& survey, std::int32_t Wiring::*rank)
-{
-    std::int32_t found = -1;
-    std::int32_t best = 0;
-    for (std::size_t i = 0; i < survey.size() && best < bestRank; ++i) {
-        if (survey[i].*rank <= best)
-            continue;
-        best = survey[i].*rank;
-        found = static_cast<std::int32_t>(i);
+/// Asks the drivers no more than it takes to find the masters, and nothing twice.
+class Survey {
+public:
+    Survey(const Steps& step, Drivers drivers) : step_(step), asked_(drivers.size())
+    {
+        for (std::size_t i = 0; i < drivers.size(); ++i)
+            asked_[i].lines = step.value([&] { return drivers[i] ? drivers[i]->queryTriggerLines() : nullptr; });
     }
-    return found;
-}
+
+    /// Below 0 for a driver that takes no part.
+    std::int32_t startLine(std::size_t i) { return ask(i, asked_[i].startLine, &TriggerLines::StartTriggerLine); }
+    std::int32_t startRank(std::size_t i) { return ask(i, asked_[i].startRank, &TriggerLines::StartMasterRank); }
+    std::int32_t scanLine(std::size_t i) { return ask(i, asked_[i].scanLine, &TriggerLines::ScanTriggerLine); }
+    std::int32_t scanRank(std::size_t i) { return ask(i, asked_[i].scanRank, &TriggerLines::ScanMasterRank); }
+
+    /// False for -1 and for a driver that has failed.
+    [[nodiscard]] bool takesPart(std::int32_t i) const { return i >= 0 && asked_[static_cast<std::size_t>(i)].lines; }
+
+    template <class Condition> std::int32_t first(Condition condition)
+    {
+        for (std::size_t i = 0; i < asked_.size(); ++i)
+            if (condition(i))
+                return static_cast<std::int32_t>(i);
+        return -1;
+    }
+
+    std::int32_t best(std::int32_t (Survey::*rank)(std::size_t))
+    {
+        std::int32_t found = -1;
+        std::int32_t highest = 0;
+        for (std::size_t i = 0; i < asked_.size() && highest < bestRank; ++i) {
+            if (const std::int32_t own = (this->*rank)(i); own > highest) {
+                highest = own;
+                found = static_cast<std::int32_t>(i);
+            }
+        }
+        return found;
+    }
+
+private:
+    using Answer = std::optional<std::int32_t>;
+    struct Asked {
+        TriggerLines* lines = nullptr;
+        Answer startLine, startRank, scanLine, scanRank;
+    };
+
+    std::int32_t ask(std::size_t i, Answer& answer, std::int32_t (TriggerLines::*question)())
+    {
+        Asked& driver = asked_[i];
+        if (!driver.lines)
+            return -1;
+        const bool isLine = question == &TriggerLines::StartTriggerLine || question == &TriggerLines::ScanTriggerLine;
+        if (!answer && !step_([&] {
+                const std::int32_t told = (driver.lines->*question)();
+                answer = isLine ? wiredLine(told) : told;
+            }))
+            driver.lines = nullptr;
+        return answer.value_or(-1);
+    }
+
+    const Steps& step_;
+    std::vector<Asked> asked_;
+};
 
 TriggerLines* linesOf(Drivers drivers, std::size_t index)
 {
@@ -160,22 +191,22 @@ std::int32_t firstStartMaster(Drivers drivers)
 TriggerMasters Triggering::findTriggerMasters(Drivers drivers)
 {
     const Steps step(support_.errors, "findTriggerMasters", errorSource::triggering);
-    masterStartLine_ = -1;
-    masterScanLine_ = -1;
-    std::vector<Wiring> survey;
-    for (const auto& driver : drivers)
-        survey.push_back(step.value([&] { return wiringOf(driver); }));
+    Survey survey(step, drivers);
     TriggerMasters masters;
-    masters.start = firstOf(survey, [](const Wiring& w) { return w.startLine >= 0 && w.startRank > 0; });
-    masters.scan = firstOf(survey, [](const Wiring& w) { return w.scanLine >= 0; });
-    if (masters.start >= 0)
-        masterStartLine_ = survey[static_cast<std::size_t>(masters.start)].startLine;
-    else
-        masters.start = bestOf(survey, &Wiring::startRank);
-    if (masters.scan >= 0)
-        masterScanLine_ = survey[static_cast<std::size_t>(masters.scan)].scanLine;
-    else
-        masters.scan = bestOf(survey, &Wiring::scanRank);
+    // A driver that fails takes no part, also when it was to be a master already.
+    do {
+        masters.start = survey.first([&](auto i) { return survey.startLine(i) >= 0 && survey.startRank(i) > 0; });
+        masters.scan = survey.first([&](auto i) { return survey.scanLine(i) >= 0; });
+        const bool startIsWired = masters.start >= 0;
+        const bool scanIsWired = masters.scan >= 0;
+        masterStartLine_ = startIsWired ? survey.startLine(static_cast<std::size_t>(masters.start)) : -1;
+        masterScanLine_ = scanIsWired ? survey.scanLine(static_cast<std::size_t>(masters.scan)) : -1;
+        if (!startIsWired)
+            masters.start = survey.best(&Survey::startRank);
+        if (!scanIsWired)
+            masters.scan = survey.best(&Survey::scanRank);
+    } while ((masters.start >= 0 && !survey.takesPart(masters.start)) ||
+             (masters.scan >= 0 && !survey.takesPart(masters.scan)));
     return masters;
 }
 

@@ -87,13 +87,22 @@ public:
     std::string DriverName(std::int32_t) override { return answer("DriverName", name); }
     std::string GroupName(std::int32_t g) override { return answer("GroupName", group(g).name); }
     Timebase* queryTimebase() override { return answer<Timebase*>("queryTimebase", hasTimebase ? this : nullptr); }
-    TriggerParameters* queryTriggerParameters() override { return hasParameters ? this : nullptr; }
+    TriggerParameters* queryTriggerParameters() override
+    {
+        return answer<TriggerParameters*>("queryTriggerParameters", hasParameters ? this : nullptr);
+    }
     TriggerLines* queryTriggerLines() override
     {
         return answer<TriggerLines*>("queryTriggerLines", hasLines ? this : nullptr);
     }
-    StaticMeasurement* queryStaticMeasurement() override { return this; }
-    DynamicMeasurement* queryDynamicMeasurement() override { return this; }
+    StaticMeasurement* queryStaticMeasurement() override
+    {
+        return answer<StaticMeasurement*>("queryStaticMeasurement", this);
+    }
+    DynamicMeasurement* queryDynamicMeasurement() override
+    {
+        return answer<DynamicMeasurement*>("queryDynamicMeasurement", this);
+    }
 
     // Timebase
     void setSamplePeriod(double v) override { write("setSamplePeriod", samplePeriod, keeps(v), v); }

@@ -35,7 +35,7 @@ protected:
     void captureStartStop() override {}
     void enableTriggering(bool) override {}
     void disableTriggering(bool) override {}
-    void setTriggerSource(bool) override {}
+    void clearTriggerSource() override {}
     void TearDown() override
     {
         EXPECT_EQ(host.messages, Texts());

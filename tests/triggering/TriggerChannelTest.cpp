@@ -210,7 +210,7 @@ TEST_F(TriggerArea, WithoutAStoredChannelTheDriverIsNotAskedForOne)
 {
     driver.parameters = {{}};
     area.enableTriggering(true);
-    area.setTriggerSource(true);
+    area.clearTriggerSource();
     EXPECT_EQ(page.txtChannel.text(), "Digitizer");
     EXPECT_EQ(grid.rowCount(), 0);
     EXPECT_FALSE(grid.enabled());
