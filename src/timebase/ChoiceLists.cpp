@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace ko {
 
@@ -14,19 +16,34 @@ bool isKept(Range range)
     return range.minimum > 0.0 || range.maximum > 0.0;
 }
 
+/// Leaves in `a` what also stands in `[b, end)`, both in the order of `before`.
+template <class Iterator, class Before> void keepCommon(std::vector<double>& a, Iterator b, Iterator end, Before before)
+{
+    std::erase_if(a, [&](double value) {
+        while (b != end && before(*b, value))
+            ++b;
+        return b == end || *b != value;
+    });
+}
+
 } // namespace
 
-std::vector<double> commonValues(const std::vector<double>& a, std::vector<double> b)
+std::vector<double> commonValues(std::vector<double> a, std::vector<double> b)
 {
-    // Drivers mostly deliver their values in order.
+    // Drivers of one make deliver one list, and all mostly in order.
+    if (a == b)
+        return a;
     if (std::is_sorted(b.rbegin(), b.rend()))
         std::reverse(b.begin(), b.end());
     else if (!std::is_sorted(b.begin(), b.end()))
         std::sort(b.begin(), b.end());
-    std::vector<double> common;
-    std::copy_if(a.begin(), a.end(), std::back_inserter(common),
-                 [&](double value) { return std::binary_search(b.begin(), b.end(), value); });
-    return common;
+    if (std::is_sorted(a.begin(), a.end()))
+        keepCommon(a, b.begin(), b.end(), std::less<>());
+    else if (std::is_sorted(a.rbegin(), a.rend()))
+        keepCommon(a, b.rbegin(), b.rend(), std::greater<>());
+    else
+        std::erase_if(a, [&](double value) { return !std::binary_search(b.begin(), b.end(), value); });
+    return a;
 }
 
 std::vector<double> valuesInRange(const std::vector<double>& list, Range range)
@@ -39,11 +56,11 @@ std::vector<double> valuesInRange(const std::vector<double>& list, Range range)
 
 bool MergedChoices::addList(std::vector<double> choices)
 {
-    std::erase_if(choices, [](double value) { return !std::isfinite(value); });
+    std::erase_if(choices, [](double value) { return !(value > 0.0 && std::isfinite(value)); });
     if (choices.empty())
         return false;
     if (!values_.empty())
-        values_ = commonValues(values_, std::move(choices));
+        values_ = commonValues(std::move(values_), std::move(choices));
     else if (isKept(range_))
         values_ = valuesInRange(choices, range_);
     else

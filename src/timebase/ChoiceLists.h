@@ -7,8 +7,9 @@
 namespace ko {
 
 /// The values of `a` that also occur in `b`, in the order of `a`, duplicates of `a` included; compared for exact
-/// equality. Takes time in proportion to n log n of both lengths together.
-std::vector<double> commonValues(const std::vector<double>& a, std::vector<double> b);
+/// equality. Takes time in proportion to both lengths together where both are in order, rising or falling, else to
+/// n log n of them.
+std::vector<double> commonValues(std::vector<double> a, std::vector<double> b);
 
 /// The values within the range, bounds included, without tolerance, in their order.
 std::vector<double> valuesInRange(const std::vector<double>& list, Range range);
@@ -17,12 +18,13 @@ std::vector<double> valuesInRange(const std::vector<double>& list, Range range);
 /// list remains the range that they share.
 ///
 /// A list that becomes empty because two drivers share no value counts as empty again: the next driver with a list
-/// starts it afresh. Values and ranges that are not finite are left out. A range whose minimum is above its maximum
+/// starts it afresh. Values that are not above 0 and finite are left out, and
+/// ranges that are not finite. A range whose minimum is above its maximum
 /// lets nothing through.
 class MergedChoices {
 public:
-    /// A driver that offers these values, at least one. Empty after leaving out what is not finite: false, and
-    /// nothing is merged.
+    /// A driver that offers these values, at least one. Empty after leaving out what cannot be a choice: false,
+    /// and nothing is merged.
     bool addList(std::vector<double> choices);
     /// A driver that offers no list but this range; 0 or less in both bounds: it offers nothing.
     void addRange(Range range);

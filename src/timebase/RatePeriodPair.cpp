@@ -33,9 +33,7 @@ MergedChoices mergeOffers(const Steps& step, Drivers drivers, const OfferMembers
         Timebase* timebase = step.value([&] { return driver->queryTimebase(); });
         if (!timebase)
             continue;
-        auto choices = step.value([&] { return (timebase->*members.choices)(); });
-        std::erase_if(choices, [](double value) { return value <= 0.0; });
-        if (!merged.addList(std::move(choices)))
+        if (!merged.addList(step.value([&] { return (timebase->*members.choices)(); })))
             merged.addRange(step.value([&] { return (timebase->*members.range)(); }));
     }
     return merged;
