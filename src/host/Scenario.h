@@ -57,6 +57,9 @@ public:
     /// Takes another set-up file's instruments, title and clock.
     void loadSetup(const std::string& file);
 
+    /// A text of the component in its language.
+    [[nodiscard]] std::string text(int number) const { return component_->text(number); }
+
     /// The document; a fault when it has been terminated.
     [[nodiscard]] Document& document() const;
     void makeDocument();

@@ -1,6 +1,8 @@
 #include "host/InputError.h"
 #include "host/Language.h"
 #include "host/Scenario.h"
+#include "host/Settings.h"
+#include "host/SettingsCommand.h"
 #include "host/SystemLocale.h"
 #include "host/WindowMain.h"
 
@@ -13,6 +15,7 @@
 namespace {
 
 constexpr int expectationFailed = 1;
+constexpr int valueRefused = 1;
 constexpr int inputRefused = 2;
 
 struct CommandLine {
@@ -23,23 +26,33 @@ struct CommandLine {
     std::string record;
     std::string setup;
     std::string script = "-";
+    ko::SettingsCommand settings;
 };
 
 void declare(CLI::App& app, CommandLine& line)
 {
     app.set_version_flag("--version", "korvell-host " KO_VERSION);
     auto* const headless = app.add_flag("--headless", line.headless, "Run a script without a window");
+    headless->option_text(" ");
     app.add_option("--locale", line.locale,
-                   "\"system\": the user's regional settings instead of English (United States)")
+                   "\"system\": the user's regional settings instead of English (United States), for --headless")
         ->check(CLI::IsMember({"system"}))
-        ->needs(headless);
+        ->needs(headless)
+        ->option_text("system");
     app.add_option("--language", line.language,
-                   "String file or language code; a window without it follows the system's language");
-    app.add_option("--picture", line.picture, "Paint the page into this file and leave")->excludes(headless);
+                   "String file or language code; a window without it follows the system's language")
+        ->option_text("FILE|CODE");
+    app.add_option("--picture", line.picture, "Paint the page into this file and leave")
+        ->excludes(headless)
+        ->option_text("FILE");
     app.add_option("--record", line.record, "Write what is done in the window as a script into this file")
-        ->excludes(headless);
-    app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments");
-    app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")->needs(headless);
+        ->excludes(headless)
+        ->option_text("FILE");
+    declareSettings(app, line.settings);
+    app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments")->option_text(" ");
+    app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")
+        ->needs(headless)
+        ->option_text(" ");
 }
 
 /// Opened once only: a script may come through a pipe.
@@ -51,12 +64,14 @@ std::ifstream openScript(const std::string& file)
     return script;
 }
 
-std::unique_ptr<ko::Scenario> makeScenario(const ko::ScenarioOptions& options, const std::string& language)
+/// Makes what needs the component's texts: a string file that cannot be understood is named.
+template <class Made, class... Arguments>
+std::unique_ptr<Made> make(const CommandLine& line, const ko::ScenarioOptions& options, Arguments&... arguments)
 {
     try {
-        return std::make_unique<ko::Scenario>(options, std::cout);
+        return std::make_unique<Made>(options, arguments...);
     } catch (const std::exception& error) {
-        throw ko::InputError(language + ": " + error.what());
+        throw ko::InputError(line.language + ": " + error.what());
     }
 }
 
@@ -77,22 +92,32 @@ int runHeadless(const CommandLine& line, const std::string& language)
     if (line.locale == "system")
         options.locale = ko::systemLocale();
     if (line.script == "-")
-        return runScript(*makeScenario(options, line.language), std::cin, "standard input");
+        return runScript(*make<ko::Scenario>(line, options, std::cout), std::cin, "standard input");
     options.folder = std::filesystem::path(line.script).parent_path().string();
     std::ifstream script = openScript(line.script);
-    return runScript(*makeScenario(options, line.language), script, line.script);
+    return runScript(*make<ko::Scenario>(line, options, std::cout), script, line.script);
+}
+
+int useSettings(const CommandLine& line, const std::string& language)
+{
+    ko::ScenarioOptions options;
+    options.setup = ko::loadSetup(line.setup);
+    options.language = language;
+    ko::runSettings(line.settings, options.setup, *make<ko::PlayedPage>(line, options));
+    return 0;
 }
 
 int run(const CommandLine& line, int& argc, char** argv)
 {
-    const bool followsSystem = line.language.empty() && !line.headless;
+    const bool inWindow = !line.headless && !line.settings.isGiven();
+    const bool followsSystem = line.language.empty() && inWindow;
     const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
-    if (!line.headless)
+    if (inWindow)
         return ko::runWindow(
             argc, argv, {.setup = line.setup, .language = language, .record = line.record, .picture = line.picture});
     if (line.setup.empty())
-        throw ko::InputError("--headless needs a set-up file");
-    return runHeadless(line, language);
+        throw ko::InputError("without a window a set-up file is needed");
+    return line.headless ? runHeadless(line, language) : useSettings(line, language);
 }
 
 int launch(int& argc, char** argv)
@@ -114,6 +139,9 @@ int main(int argc, char** argv)
 {
     try {
         return launch(argc, argv);
+    } catch (const ko::Refusal& refusal) {
+        std::fprintf(stderr, "%s\n", refusal.what());
+        return valueRefused;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return inputRefused;

@@ -59,6 +59,43 @@ class Program(unittest.TestCase):
                            script=script + json.dumps(items) + "\n")
                 self.assertEqual(done.returncode, status, (language, done.stdout, done.stderr))
 
+    def test_settings_are_set_read_and_saved_without_a_display_or_refused_as_a_whole(self):
+        with tempfile.TemporaryDirectory() as folder:
+            bench, saved = Path(folder) / "bench.json", Path(folder) / "saved.json"
+            original = SETUP.read_bytes()
+            bench.write_bytes(original)
+            for arguments, status, out, complaint in (
+                    (("--get", "sample-rate", "--get", "duration"), 0, "10000\n30\n", ""),
+                    (("--set", "duration=5 min", "--set", "scan-period=1", "--save", saved, "--get", "duration"), 0,
+                     "300\n", ""),
+                    (("--set", "duration=60", "--set", "sample-rate=7", "--save", bench), 1, "", "not offered"),
+                    (("--set", "duration=60", "--get", "start-time", "--save", bench), 1, "", "no value"),
+                    (("--set", "duration=60", "--set", "sample-rat=1", "--save", bench), 2, "", "sample-rate?"),
+                    (("--set", "duration", "--save", bench), 2, "", "NAME=VALUE"),
+                    (("--set", "duration=60", "--save", Path(folder) / "none" / "x"), 2, "", "cannot be saved"),
+                    (("--list", "--headless"), 2, "", "excludes")):
+                done = run(bench, *arguments, LC_ALL="de_DE.UTF-8")
+                self.assertEqual((done.returncode, done.stdout), (status, out), (arguments, done.stderr))
+                self.assertIn(complaint, done.stderr)
+                self.assertEqual(bool(complaint), bool(done.stderr), done.stderr)
+                self.assertEqual(bench.read_bytes(), original)
+            self.assertEqual(run(saved, "--get", "scan-rate", "--get", "duration").stdout, "1\n300\n")
+            self.assertEqual(run(saved, "--set", "duration=45", "--save", saved).returncode, 0)
+            self.assertEqual(run(saved, "--get", "duration").stdout, "45\n")
+
+    def test_a_refusal_speaks_english_unless_another_language_is_asked_for(self):
+        for language, speaks_english in (((), True), (("--language", "en"), True), (("--language", "de"), False)):
+            done = run(SETUP, "--set", "duration=90 d", *language, LC_ALL="de_DE.UTF-8")
+            self.assertEqual(done.returncode, 1)
+            self.assertEqual("Reduce the duration" in done.stderr, speaks_english, done.stderr)
+
+    def test_the_help_names_every_option_and_lists_can_be_read_by_programs(self):
+        text = run("--help").stdout
+        for word in ("--get", "--set", "--save", "--list", "--headless", "--language", "Examples:", "Exit status:"):
+            self.assertIn(word, text)
+        settings = json.loads(run(SETUP, "--list", "--json").stdout)
+        self.assertEqual([one["name"] for one in settings], run(SETUP, "--list", "--names").stdout.split())
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1])

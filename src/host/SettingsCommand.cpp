@@ -1,0 +1,102 @@
+#include "host/SettingsCommand.h"
+
+#include "host/InputError.h"
+#include "host/Settings.h"
+#include "host/SettingsList.h"
+#include "host/SetupSaving.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <iostream>
+
+namespace ko {
+
+namespace {
+
+constexpr const char* examples =
+    "Examples:\n"
+    "  korvell-host bench.json                         open a window on the set-up\n"
+    "  korvell-host bench.json --list                  what can be set, and to what\n"
+    "  korvell-host bench.json --get sample-rate       print a value\n"
+    "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
+    "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
+    "  korvell-host --headless bench.json walk.scenario\n"
+    "\n"
+    "Nothing is saved unless every setting was accepted. A value that the instruments keep otherwise is noted.\n"
+    "\n"
+    "Exit status: 0 done; 1 the page refused a value or does not offer the setting now, or an expectation of the\n"
+    "script failed; 2 the command line, a file or a script cannot be understood, read or written.";
+
+void tell(const std::vector<std::string>& notes)
+{
+    for (const std::string& note : notes)
+        std::fprintf(stderr, "note: %s\n", note.c_str());
+}
+
+void setOne(PlayedPage& played, const std::string& assignment)
+{
+    const std::size_t sign = assignment.find('=');
+    if (sign == std::string::npos)
+        throw InputError(assignment + ": --set takes NAME=VALUE");
+    tell(set(settingNamed(played, assignment.substr(0, sign)), played, assignment.substr(sign + 1)));
+}
+
+std::string listed(const SettingsCommand& command, const PlayedPage& played)
+{
+    if (command.json)
+        return settingsJson(played).dump(2) + '\n';
+    return command.names ? settingNames(played) : settingsTable(played);
+}
+
+std::string output(const SettingsCommand& command, const PlayedPage& played)
+{
+    std::string text;
+    for (const std::string& name : command.get)
+        text += settingText(valueOf(settingNamed(played, name), played)) + '\n';
+    if (command.list)
+        text += listed(command, played);
+    if (!command.choices.empty())
+        text += settingChoices(played, command.choices);
+    return text;
+}
+
+constexpr const char* group = "Settings of the page, without a window";
+
+/// `text` stands behind the option in the help.
+void present(CLI::Option* option, const char* text)
+{
+    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture");
+}
+
+} // namespace
+
+void declareSettings(CLI::App& app, SettingsCommand& command)
+{
+    present(app.add_option("--set", command.set, "Set a setting as the page's user does; several in this order")
+                ->allow_extra_args(false),
+            "NAME=VALUE");
+    present(app.add_option("--get", command.get, "Print the value of a setting; of several a line each")
+                ->allow_extra_args(false),
+            "NAME");
+    present(app.add_option("--save", command.save, "Write the set-up with the values as they are then"), "FILE");
+    auto* const list = app.add_flag("--list", command.list, "Print the settings and what they can be set to");
+    present(list, " ");
+    auto* const json = app.add_flag("--json", command.json, "The list as JSON")->needs(list);
+    present(json, " ");
+    present(app.add_flag("--names", command.names, "The list's names alone")->needs(list)->excludes(json), " ");
+    present(app.add_option("--choices", command.choices, "Print the choices of a setting, a line each"), "NAME");
+    app.footer(examples);
+}
+
+void runSettings(const SettingsCommand& command, const Setup& setup, PlayedPage& played)
+{
+    tell(played.toldAtStart());
+    for (const std::string& assignment : command.set)
+        setOne(played, assignment);
+    const std::string text = output(command, played);
+    if (!command.save.empty())
+        saveSetup(command.save, withPresentValues(setup, played.drivers()));
+    std::cout << text << std::flush;
+}
+
+} // namespace ko
