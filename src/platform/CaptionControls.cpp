@@ -22,10 +22,11 @@ void LimitedLabel::setShare(double share)
 
 Outcome PressControl::userClicked()
 {
-    form().tellUserActs("click", name());
     const Outcome entered = enter();
-    if (entered == Outcome::Done)
-        raise(click);
+    if (entered != Outcome::Done)
+        return entered;
+    form().tellUserActs("click", name());
+    raise(click);
     return entered;
 }
 
@@ -72,10 +73,11 @@ void OptionButton::deselect()
 
 Outcome OptionButton::userClicked()
 {
-    form().tellUserActs("click", name());
     const Outcome entered = enter();
-    if (entered == Outcome::Done)
-        select();
+    if (entered != Outcome::Done)
+        return entered;
+    form().tellUserActs("click", name());
+    select();
     return entered;
 }
 

@@ -162,16 +162,17 @@ Outcome ChannelSelector::userPicked(Lines lines)
 {
     if (std::any_of(lines.begin(), lines.end(), [&](std::size_t line) { return line >= entries_.size(); }))
         return Outcome::Inert;
-    if (form().userActs)
-        tellLines("pick", lines);
-    return pick(std::move(lines));
+    return pick("pick", std::move(lines));
 }
 
-Outcome ChannelSelector::pick(Lines lines)
+Outcome ChannelSelector::pick(const char* verb, Lines lines)
 {
     const Outcome entered = enter();
-    if (entered == Outcome::Done)
-        select(std::move(lines));
+    if (entered != Outcome::Done)
+        return entered;
+    if (form().userActs)
+        tellLines(verb, lines);
+    select(std::move(lines));
     return entered;
 }
 
@@ -179,9 +180,7 @@ Outcome ChannelSelector::userActivated(std::size_t line)
 {
     if (line >= entries_.size())
         return Outcome::Inert;
-    if (form().userActs)
-        tellLines("activate", {line});
-    const Outcome picked = pick({line});
+    const Outcome picked = pick("activate", {line});
     if (picked == Outcome::Done)
         raise(activated);
     return picked;

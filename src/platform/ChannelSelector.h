@@ -99,7 +99,7 @@ private:
         list();
     }
     void list();
-    Outcome pick(Lines lines);
+    Outcome pick(const char* verb, Lines lines);
     void tellLines(const char* verb, const Lines& lines) const;
     void listDriver(const std::shared_ptr<Driver>& driver);
     /// `trigger` answers whether a channel can be a trigger source; without it all are listed.

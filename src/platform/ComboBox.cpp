@@ -52,13 +52,13 @@ Outcome ComboBox::userChose(std::int32_t index)
 {
     if (!isEntry(index))
         return Outcome::Inert;
-    form().tellUserActs("choose", name(), "#" + std::to_string(index));
     const Outcome entered = enter();
     if (entered != Outcome::Done)
         return entered;
     // Leaving the other control may have filled the list anew.
     if (!isEntry(index))
         return Outcome::Inert;
+    form().tellUserActs("choose", name(), "#" + std::to_string(index));
     select(index);
     raise(click);
     return Outcome::Done;

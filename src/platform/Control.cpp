@@ -101,7 +101,7 @@ Outcome Control::enter()
 {
     if (!isUsable())
         return Outcome::Inert;
-    if (takesFocus() && !form_.moveFocus(this))
+    if (takesFocus() && !form_.userMovedFocus(this))
         return Outcome::Refused;
     return isUsable() ? Outcome::Done : Outcome::Inert;
 }

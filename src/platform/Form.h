@@ -61,8 +61,8 @@ public:
     std::function<void()> resized;
     /// Set by the view: the focus moved, the caption or the bounds changed.
     std::function<void()> view;
-    /// Set by whoever records the user's input: each input that enters the form, in the words of a scenario ("choose",
-    /// "cmbSampleRate", "#3"), before it takes effect and whatever becomes of it.
+    /// Set by whoever records the user's input: each step of an input, in the words of a scenario ("choose",
+    /// "cmbSampleRate", "#3"), before it takes effect. Moving the focus to the control is a step of its own.
     std::function<void(const std::vector<std::string>& words)> userActs;
 
     /// Raises `userActs` with these words, texts and whole numbers; without a listener no word is made.

@@ -103,17 +103,19 @@ void Grid::dropEdit()
 
 Outcome Grid::userOpenedCell(std::int32_t row)
 {
+    if (!isEditable(row))
+        return Outcome::Inert;
+    const Outcome entered = enter();
+    if (entered != Outcome::Done || editedRow() == row)
+        return entered;
     form().tellUserActs("open-cell", row);
     return openCell(row);
 }
 
 Outcome Grid::openCell(std::int32_t row)
 {
-    if (!isEditable(row))
-        return Outcome::Inert;
-    const Outcome entered = enter();
-    if (entered != Outcome::Done || editedRow() == row)
-        return entered;
+    if (editedRow() == row)
+        return Outcome::Done;
     if (!endEdit())
         return Outcome::Refused;
     // Leaving the other control or cell may have changed the rows.
@@ -152,9 +154,12 @@ Outcome Grid::userSelectedInCell(std::size_t start, std::size_t length)
 
 Outcome Grid::userEditedCell(std::int32_t row, const std::string& text)
 {
-    form().tellUserActs("cell", row, text);
     if (!isEditable(row) || !takes(row, text))
         return Outcome::Inert;
+    const Outcome entered = enter();
+    if (entered != Outcome::Done)
+        return entered;
+    form().tellUserActs("cell", row, text);
     const Outcome opened = openCell(row);
     if (opened != Outcome::Done)
         return opened;

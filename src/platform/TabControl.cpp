@@ -50,10 +50,11 @@ Outcome TabControl::userChoseTab(std::int32_t index)
 {
     if (index < 0 || static_cast<std::size_t>(index) >= tabs_.size() || !at(index).enabled)
         return Outcome::Inert;
-    form().tellUserActs("choose", name(), "#" + std::to_string(index));
     const Outcome entered = enter();
-    if (entered == Outcome::Done)
-        setTab(index);
+    if (entered != Outcome::Done)
+        return entered;
+    form().tellUserActs("choose", name(), "#" + std::to_string(index));
+    setTab(index);
     return entered;
 }
 

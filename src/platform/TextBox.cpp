@@ -101,10 +101,11 @@ Outcome TextBox::userUndid()
 
 Outcome TextBox::userDoubleClicked()
 {
-    form().tellUserActs("double-click", name());
     const Outcome entered = enter();
-    if (entered == Outcome::Done)
-        raise(doubleClick);
+    if (entered != Outcome::Done)
+        return entered;
+    form().tellUserActs("double-click", name());
+    raise(doubleClick);
     return entered;
 }
 

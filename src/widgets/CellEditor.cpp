@@ -26,6 +26,7 @@ void CellEditor::open()
     const FocusKeeper::Hold hold(view_.focus());
     row_ = grid_.editedRow();
     box_ = new QLineEdit;
+    isAway_ = false;
     box_->setFrame(false);
     box_->setAccessibleName(toQt(grid_.cell(row_, Grid::nameColumn).value));
     box_->setAccessibleDescription(toQt(grid_.tag()));
@@ -79,7 +80,7 @@ void CellEditor::typed()
 
 void CellEditor::selected()
 {
-    if (showing_ || grid_.editedRow() == 0 || box_->text() != toQt(grid_.editor().text()))
+    if (showing_ || isAway_ || grid_.editedRow() == 0 || box_->text() != toQt(grid_.editor().text()))
         return;
     const QString text = box_->text();
     const bool some = box_->hasSelectedText();
@@ -91,6 +92,12 @@ void CellEditor::selected()
 
 bool CellEditor::eventFilter(QObject*, QEvent* event)
 {
+    // A box that loses the focus stops showing its selection, and has it all the same.
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        isAway_ = event->type() == QEvent::FocusOut;
+        if (!isAway_ && grid_.editedRow() > 0)
+            showText();
+    }
     if (event->type() != QEvent::KeyPress)
         return false;
     switch (static_cast<QKeyEvent*>(event)->key()) {

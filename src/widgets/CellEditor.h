@@ -38,6 +38,7 @@ private:
     QPointer<QLineEdit> box_;
     int row_ = 0; ///< the row that the box stands in, as the grid counts
     bool showing_ = false;
+    bool isAway_ = false; ///< the focus was in the box and has left
 };
 
 } // namespace ko

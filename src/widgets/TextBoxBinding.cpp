@@ -46,7 +46,7 @@ void TextBoxBinding::selected()
 {
     const QString text = edit_.text();
     // While a text is being edited its selection comes with it.
-    if (showing_ || text != toQt(box_.text()))
+    if (showing_ || isAway_ || text != toQt(box_.text()))
         return;
     const bool some = edit_.hasSelectedText();
     const qsizetype from = some ? edit_.selectionStart() : edit_.cursorPosition();
@@ -121,10 +121,20 @@ void TextBoxBinding::refreshHint()
     edit_.setAccessibleDescription(both);
 }
 
+/// A box that loses the focus stops showing its selection, and has it all the same.
+void TextBoxBinding::followFocus(bool came)
+{
+    isAway_ = !came;
+    if (came)
+        showSelection();
+}
+
 bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::Resize && mark_)
         mark_->place();
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        followFocus(event->type() == QEvent::FocusIn);
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {

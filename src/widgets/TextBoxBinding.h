@@ -26,11 +26,13 @@ private:
     void showText();
     void showSelection();
     void showMark();
+    void followFocus(bool came);
 
     TextBox& box_;
     QLineEdit& edit_;
     EntryMark* mark_ = nullptr; ///< made for the first invalid entry
     bool showing_ = false;
+    bool isAway_ = false; ///< the focus was here and has left
 };
 
 } // namespace ko
