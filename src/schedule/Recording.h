@@ -47,6 +47,9 @@ public:
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
 
+    /// The page has other drivers now.
+    void followDrivers() { writer_.makeRoom(page_.currentDrivers().size()); }
+
     /// The page shows what the drivers hold, `seconds` of duration among it: what a later refusal returns to.
     void accept(double seconds);
 

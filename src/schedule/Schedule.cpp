@@ -45,6 +45,7 @@ void Schedule::loadStartStop(const Steps& step)
 
 void Schedule::loaded()
 {
+    recording_.followDrivers();
     recording_.accept(loadedSeconds_);
 }
 

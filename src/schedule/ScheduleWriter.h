@@ -24,6 +24,9 @@ public:
     void write(const Steps& step, Drivers drivers, const ScheduleChange& change,
                const std::optional<Held>& duration = {});
 
+    /// Makes room for what so many drivers hold, so that no write has to.
+    void makeRoom(std::size_t drivers) { written_.reserve(drivers); }
+
     /// Gives each driver its own old values back; one whose reading failed is not written.
     void undo(const Steps& step);
 

@@ -16,14 +16,32 @@ bool isKept(Range range)
     return range.minimum > 0.0 || range.maximum > 0.0;
 }
 
+bool canBeChosen(double value)
+{
+    return value > 0.0 && std::isfinite(value);
+}
+
+bool isRising(const std::vector<double>& list)
+{
+    bool rises = true;
+    for (std::size_t i = 1; i < list.size(); ++i)
+        rises &= list[i - 1] <= list[i];
+    return rises;
+}
+
 /// Leaves in `a` what also stands in `[b, end)`, both in the order of `before`.
 template <class Iterator, class Before> void keepCommon(std::vector<double>& a, Iterator b, Iterator end, Before before)
 {
-    std::erase_if(a, [&](double value) {
-        while (b != end && before(*b, value))
+    auto kept = a.begin();
+    for (auto next = a.begin(); next != a.end() && b != end;) {
+        if (before(*b, *next))
             ++b;
-        return b == end || *b != value;
-    });
+        else if (*b == *next)
+            *kept++ = *next++;
+        else
+            ++next;
+    }
+    a.erase(kept, a.end());
 }
 
 } // namespace
@@ -33,11 +51,12 @@ std::vector<double> commonValues(std::vector<double> a, std::vector<double> b)
     // Drivers of one make deliver one list, and all mostly in order.
     if (a == b)
         return a;
-    if (std::is_sorted(b.rbegin(), b.rend()))
+    if (!isRising(b)) {
         std::reverse(b.begin(), b.end());
-    else if (!std::is_sorted(b.begin(), b.end()))
-        std::sort(b.begin(), b.end());
-    if (std::is_sorted(a.begin(), a.end()))
+        if (!isRising(b))
+            std::sort(b.begin(), b.end());
+    }
+    if (isRising(a))
         keepCommon(a, b.begin(), b.end(), std::less<>());
     else if (std::is_sorted(a.rbegin(), a.rend()))
         keepCommon(a, b.rbegin(), b.rend(), std::greater<>());
@@ -56,7 +75,11 @@ std::vector<double> valuesInRange(const std::vector<double>& list, Range range)
 
 bool MergedChoices::addList(std::vector<double> choices)
 {
-    std::erase_if(choices, [](double value) { return !(value > 0.0 && std::isfinite(value)); });
+    // A rising list holds nothing but choices when both of its ends are.
+    const bool areAll =
+        !choices.empty() && isRising(choices) && canBeChosen(choices.front()) && canBeChosen(choices.back());
+    if (!areAll)
+        std::erase_if(choices, [](double value) { return !canBeChosen(value); });
     if (choices.empty())
         return false;
     if (!values_.empty())

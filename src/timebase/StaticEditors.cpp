@@ -38,6 +38,7 @@ StaticEditors::~StaticEditors() = default;
 void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
 {
     const Steps step(support_.errors, "initScanRateEditors");
+    before_.reserve(page_.currentDrivers().size());
     page_.scanPeriodRange = {};
     const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), scanPeriods);
     page_.scanPeriodRange = offers.range();

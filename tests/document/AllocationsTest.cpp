@@ -1,0 +1,70 @@
+#include "document/TimebaseEditor.h"
+#include "fakes/BareDriver.h"
+#include "fakes/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::size_t allocations = 0;
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    ++allocations;
+    if (void* memory = std::malloc(size > 0 ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace ko::test {
+namespace {
+
+/// How often memory is asked for by the first key typed into each box of a page with so many drivers.
+std::vector<std::size_t> allocationsByKey(int drivers)
+{
+    FakePlatform host;
+    Shared shared{host.platform, {}};
+    TimebaseEditor editor{shared, host};
+    Document& document = editor;
+    DriverList list;
+    for (int i = 0; i < drivers; ++i)
+        list.push_back(std::make_shared<BareDriver>(i % 2 == 0, 4, std::make_shared<const std::vector<double>>()));
+    document.drivers().setNumberOfDrivers(drivers);
+    document.drivers().setDrivers(list);
+    document.UserDocument_Show();
+    Page& page = document.page();
+    std::vector<std::size_t> counts;
+    for (TextBox* box : {&page.txtSampleRate, &page.txtSamplePeriod, &page.txtBlockSize, &page.txtScanRate,
+                         &page.txtScanPeriod, &page.txtDuration}) {
+        EXPECT_TRUE(page.moveFocus(box));
+        const int changes = host.changes;
+        const std::size_t before = allocations;
+        box->userTyped("64");
+        counts.push_back(allocations - before);
+        EXPECT_EQ(host.changes, changes + 1) << box->name();
+    }
+    return counts;
+}
+
+TEST(AllocationsTest, AKeyTypedTakesNoMoreMemoryWithMoreDrivers)
+{
+    EXPECT_EQ(allocationsByKey(500), allocationsByKey(5));
+}
+
+} // namespace
+} // namespace ko::test
