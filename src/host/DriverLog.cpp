@@ -1,6 +1,7 @@
 #include "host/DriverLog.h"
 
 #include "host/HostTexts.h"
+#include "host/Later.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -69,7 +70,7 @@ void DriverLog::followTheEnd()
     connect(model_, &QAbstractItemModel::rowsInserted, this, [this] {
         const QScrollBar& bar = *view_->verticalScrollBar();
         if (bar.value() == bar.maximum())
-            QMetaObject::invokeMethod(view_, &QTreeView::scrollToBottom, Qt::QueuedConnection);
+            later(*view_, [this] { view_->scrollToBottom(); });
     });
 }
 

@@ -1,5 +1,6 @@
 #include "host/FrameWindow.h"
 #include "host/HostTexts.h"
+#include "host/Later.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -112,8 +113,7 @@ void FrameWindow::dropEvent(QDropEvent* event)
     const QString file = draggedFile(*event);
     event->acceptProposedAction();
     // Whoever drags waits for the drop to end, a message box or not.
-    QMetaObject::invokeMethod(
-        this, [this, file] { openAsking(file); }, Qt::QueuedConnection);
+    later(*this, [this, file] { openAsking(file); });
 }
 
 bool FrameWindow::restorePlace()

@@ -22,6 +22,7 @@ void FrameWindow::previewPrint()
 {
     QPrinter printer(QPrinter::HighResolution);
     QPrintPreviewDialog dialog(&printer, this);
+    dialog.resize(size().expandedTo(dialog.sizeHint()));
     connect(&dialog, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* asked) { printOn(*asked); });
     dialog.exec();
 }

@@ -76,9 +76,9 @@ private:
     void fillRecentMenu(QMenu& menu);
     void makeEditMenu();
     void makeViewMenu();
-    void addDock(QMenu& menu, QDockWidget& dock, int text);
+    void addDock(QMenu& menu, QDockWidget& dock, int label);
     void makeHelpMenu();
-    QAction& addEntry(QMenu& menu, int text, const QKeySequence& key, std::function<void()> act);
+    QAction& addEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
 
     /// Shows the instruments of the file that has just been loaded.
     void showLoaded();

@@ -36,10 +36,10 @@ struct Shown {
     }
 
 private:
-    [[nodiscard]] static QString any(std::monostate) { return {}; }
-    [[nodiscard]] static QString any(const std::string& text) { return toQt(text); }
+    [[nodiscard]] QString any(std::monostate) const { return {}; }
+    [[nodiscard]] QString any(const std::string& text) const { return toQt(text); }
     [[nodiscard]] QString any(bool value) const { return yesOrNo(value); }
-    [[nodiscard]] static QString any(std::int32_t value) { return QString::number(value); }
+    [[nodiscard]] QString any(std::int32_t value) const { return QString::number(value); }
     [[nodiscard]] QString any(double value) const { return number(value); }
 };
 

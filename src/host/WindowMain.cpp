@@ -3,13 +3,15 @@
 #include "host/FrameWindow.h"
 #include "host/HostTexts.h"
 #include "host/InputError.h"
+#include "host/Later.h"
 #include "host/SetupFile.h"
 #include "host/ToolkitTexts.h"
 
 #include <QApplication>
 #include <QScreen>
-#include <QTimer>
+#include <QWindow>
 #include <cstdio>
+#include <functional>
 
 namespace ko {
 
@@ -39,12 +41,33 @@ int paintInto(FrameWindow& window, const std::string& picture)
     return complain(picture + ": the picture cannot be written");
 }
 
+/// Does something once a window is on the screen.
+class OnceExposed : public QObject {
+public:
+    OnceExposed(QWindow& window, std::function<void()> act) : act_(std::move(act)) { window.installEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() == QEvent::Expose && static_cast<QWindow*>(object)->isExposed()) {
+            object->removeEventFilter(this);
+            later(*this, act_);
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> act_;
+};
+
 int stayOpen(FrameWindow& window, const std::string& refusal)
 {
+    // A message stands in front of the window that it is about.
+    window.winId();
+    const OnceExposed tell(*window.windowHandle(), [&] {
+        if (!refusal.empty())
+            window.questions().tellNotOpened(refusal);
+    });
     window.show();
-    // The box stands in front of a window that is there.
-    if (!refusal.empty())
-        QTimer::singleShot(0, &window, [&] { window.questions().tellNotOpened(refusal); });
     return QApplication::exec();
 }
 
