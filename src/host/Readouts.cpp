@@ -11,12 +11,12 @@ struct Readout {
     const char* name;
     Label Page::*label;
     Control& (*value)(Page&);
-    Json (*read)(const Page&, std::string);
+    Json (*read)(const Page&, const std::string&);
     const char* unit = "";
 };
 
 /// A number where the page shows one, else the text; none for what is not available.
-Json figure(const Page& page, std::string text)
+Json figure(const Page& page, const std::string& text)
 {
     if (text.empty() || text == page.notApplicableText)
         return {};
@@ -24,13 +24,13 @@ Json figure(const Page& page, std::string text)
     return number ? Json(*number) : Json(text);
 }
 
-Json hertz(const Page& page, std::string text)
+Json hertz(const Page& page, const std::string& text)
 {
     const std::size_t unit = text.rfind(" " + page.hertzText);
     return figure(page, text.substr(0, unit));
 }
 
-Json time(const Page& page, std::string text)
+Json time(const Page& page, const std::string& text)
 {
     const auto shown = timeIn(text);
     return shown ? Json(isoText(*shown)) : figure(page, text);

@@ -43,9 +43,10 @@ void setOne(PlayedPage& played, const std::string& assignment)
 
 std::string listed(const SettingsCommand& command, const PlayedPage& played)
 {
+    const Settings settings = command.settable ? settableOnes(played) : settingsOf(played);
     if (command.json)
-        return settingsJson(played).dump(2) + '\n';
-    return command.names ? settingNames(played) : settingsTable(played);
+        return settingsJson(settings, played).dump(2) + '\n';
+    return command.names ? settingNames(settings) : settingsTable(settings, played);
 }
 
 std::string output(const SettingsCommand& command, const PlayedPage& played)
@@ -65,7 +66,7 @@ constexpr const char* group = "Settings of the page, without a window";
 /// `text` stands behind the option in the help.
 void present(CLI::Option* option, const char* text)
 {
-    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture");
+    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--record");
 }
 
 } // namespace
@@ -84,6 +85,7 @@ void declareSettings(CLI::App& app, SettingsCommand& command)
     auto* const json = app.add_flag("--json", command.json, "The list as JSON")->needs(list);
     present(json, " ");
     present(app.add_flag("--names", command.names, "The list's names alone")->needs(list)->excludes(json), " ");
+    present(app.add_flag("--settable", command.settable, "Of the list only what can be set now")->needs(list), " ");
     present(app.add_option("--choices", command.choices, "Print the choices of a setting, a line each"), "NAME");
     app.footer(examples);
 }

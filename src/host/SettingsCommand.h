@@ -2,7 +2,7 @@
 
 #include "host/PlayedPage.h"
 
-namespace CLI {
+namespace CLI { // NOLINT(readability-identifier-naming)
 class App;
 }
 
@@ -17,6 +17,7 @@ struct SettingsCommand {
     bool list = false;
     bool names = false;
     bool json = false;
+    bool settable = false; ///< only what can be set now
 
     [[nodiscard]] bool isGiven() const
     {
@@ -24,7 +25,8 @@ struct SettingsCommand {
     }
 };
 
-/// Adds the options and the examples to the program's help. `--headless` and `--picture` are there already.
+/// Adds the options and the examples to the program's help. `--headless`, `--picture` and `--record` are there
+/// already.
 void declareSettings(CLI::App& app, SettingsCommand& command);
 
 /// Sets, reads, saves, in this order, and prints what was asked for once all of it has succeeded. Nothing is saved

@@ -130,10 +130,17 @@ Json settingJson(const Setting& setting, const PlayedPage& played)
 
 } // namespace
 
-std::string settingsTable(const PlayedPage& played)
+Settings settableOnes(const PlayedPage& played)
+{
+    Settings settings = settingsOf(played);
+    std::erase_if(settings, [&](const Setting& setting) { return !canBeSet(setting, played); });
+    return settings;
+}
+
+std::string settingsTable(const Settings& settings, const PlayedPage& played)
 {
     std::vector<Row> rows{{"NAME", "VALUE", "UNIT", "CAN BE SET TO"}};
-    for (const Setting& setting : settingsOf(played)) {
+    for (const Setting& setting : settings) {
         const Json value = presentValue(setting, played);
         rows.push_back(
             {setting.name, value.is_null() ? "-" : settingText(value), setting.unit, offerText(setting, played)});
@@ -141,18 +148,18 @@ std::string settingsTable(const PlayedPage& played)
     return table(rows);
 }
 
-Json settingsJson(const PlayedPage& played)
+Json settingsJson(const Settings& settings, const PlayedPage& played)
 {
     Json list = Json::array();
-    for (const Setting& setting : settingsOf(played))
+    for (const Setting& setting : settings)
         list.push_back(settingJson(setting, played));
     return list;
 }
 
-std::string settingNames(const PlayedPage& played)
+std::string settingNames(const Settings& settings)
 {
     std::string names;
-    for (const Setting& setting : settingsOf(played))
+    for (const Setting& setting : settings)
         names += setting.name + '\n';
     return names;
 }
