@@ -97,8 +97,8 @@ public:
     virtual void hide(Form& form) = 0;
 };
 
-/// What the component asks of the machine it runs on. The host provides it; everything in it outlives the
-/// component.
+/// What the component asks of the machine it runs on. The host provides it; everything it refers to outlives
+/// the component.
 struct Platform {
     MessageBox& messageBox;
     Clipboard& clipboard;

@@ -17,7 +17,7 @@ public:
     {
     }
 
-    const Platform& platform;
+    const Platform platform;
     const StringTable strings;
     Errors errors;
     LocaleSettings localeSettings;
