@@ -14,6 +14,7 @@ constexpr std::int32_t channels = 64;
 BareDriver::Choices choices(int entries, int variant)
 {
     std::vector<double> values;
+    values.reserve(static_cast<std::size_t>(entries));
     for (int i = 0; i < entries; ++i)
         if (i % 16 != 3 + variant)
             values.push_back(1e-6 * (i + 1));
@@ -68,8 +69,10 @@ void chooseChannel(Setup& setup, std::int32_t channel)
 Setup::Setup(int drivers, int entries)
 {
     std::vector<BareDriver::Choices> lists;
+    lists.reserve(7);
     for (int variant = 0; variant < 7; ++variant)
         lists.push_back(choices(entries, variant));
+    drivers_.reserve(static_cast<std::size_t>(drivers));
     for (int i = 0; i < drivers; ++i)
         drivers_.push_back(std::make_shared<BareDriver>(i % 2 == 0, channels, lists[static_cast<std::size_t>(i) % 7]));
     open();

@@ -20,14 +20,14 @@ public:
     /// Hands the drivers over and shows the page.
     void open();
     /// What the user does in the next dialogs.
-    void inDialog(const std::function<void(Form&)>& user) { host.inModalForm = user; }
+    void inDialog(const std::function<void(Form&)>& user) { host_.inModalForm = user; }
 
 private:
-    test::FakePlatform host;
-    Shared shared{host.platform, {}};
+    test::FakePlatform host_;
+    Shared shared_{host_.platform, {}};
 
 public:
-    TimebaseEditor editor{shared, host};
+    TimebaseEditor editor{shared_, host_};
     Document& document = editor;
 
 private:

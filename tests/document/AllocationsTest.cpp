@@ -13,6 +13,8 @@ std::size_t allocations = 0;
 
 } // namespace
 
+// NOLINTBEGIN(cppcoreguidelines-no-malloc): what stands for new cannot use it
+
 void* operator new(std::size_t size)
 {
     ++allocations;
@@ -30,6 +32,8 @@ void operator delete(void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }
+
+// NOLINTEND(cppcoreguidelines-no-malloc)
 
 namespace ko::test {
 namespace {
