@@ -53,7 +53,7 @@ public:
 
 } // namespace ko
 
-/// The component's one exported entry. The component keeps a copy of `platform`. `language` is the content of a string
-/// file whose entries take the place of the English ones, or empty; a file that cannot be understood is a failure
-/// (an exception) that names the line.
+/// The component's one exported entry; the caller deletes what it gets. The component keeps a copy of `platform`.
+/// `language` is the content of a string file whose entries take the place of the English ones, or empty; a file that
+/// cannot be understood is a failure (an exception) that names the line.
 extern "C" KO_VISIBLE ko::Component* createKoTimebaseEditor(const ko::Platform& platform, const std::string& language);

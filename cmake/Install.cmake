@@ -1,0 +1,26 @@
+# What `cmake --install` puts where. Components: lib (the component), dev (what building a host needs).
+include(CMakePackageConfigHelpers)
+
+set(headers_folder ${CMAKE_INSTALL_INCLUDEDIR}/${PROJECT_NAME})
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})
+
+# The component, with what a host includes: the interfaces, the class factory, the page's data and the control models.
+install(TARGETS KoTimebaseEditor ko_platform EXPORT ${PROJECT_NAME}Targets
+  LIBRARY COMPONENT lib NAMELINK_COMPONENT dev
+  ARCHIVE COMPONENT dev
+  INCLUDES DESTINATION ${headers_folder})
+install(DIRECTORY src/interfaces src/platform DESTINATION ${headers_folder} COMPONENT dev FILES_MATCHING PATTERN *.h)
+foreach(header document/ClassFactory.h page/Drivers.h page/Page.h page/TriggerVars.h support/StringTable.h)
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES src/${header} DESTINATION ${headers_folder}/${folder} COMPONENT dev)
+endforeach()
+
+# find_package(KoTimebaseEditor)
+write_basic_package_version_file(${PROJECT_NAME}ConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(EXPORT ${PROJECT_NAME}Targets NAMESPACE ${PROJECT_NAME}:: FILE ${PROJECT_NAME}Config.cmake
+  DESTINATION ${package_folder} COMPONENT dev)
+install(FILES ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake DESTINATION ${package_folder} COMPONENT dev)
+
+install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT lib)
+install(FILES README.md docs/ARCHITECTURE.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
