@@ -1,4 +1,5 @@
-# What `cmake --install` puts where. Components: lib (the component), dev (what building a host needs).
+# What `cmake --install` puts where. Components: lib (the component), dev (what building a host needs), host
+# (the program).
 include(CMakePackageConfigHelpers)
 
 set(headers_folder ${CMAKE_INSTALL_INCLUDEDIR}/${PROJECT_NAME})
@@ -24,3 +25,7 @@ install(FILES ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake DESTINATI
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT lib)
 install(FILES README.md docs/ARCHITECTURE.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+
+if(KO_QT)
+  include(packaging/Host.cmake)
+endif()

@@ -36,7 +36,7 @@ std::size_t distance(const std::string& one, const std::string& other)
 /// The names like this one; all of them where there is none.
 std::string suggestion(const Settings& settings, const std::string& name)
 {
-    constexpr std::size_t alike = 3;
+    const std::size_t alike = std::min<std::size_t>(3, name.size() / 2);
     std::vector<std::string> near, all;
     for (const Setting& setting : settings) {
         all.push_back(setting.name);

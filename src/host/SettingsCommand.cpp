@@ -18,14 +18,18 @@ constexpr const char* examples =
     "  korvell-host bench.json                         open a window on the set-up\n"
     "  korvell-host bench.json --list                  what can be set, and to what\n"
     "  korvell-host bench.json --get sample-rate       print a value\n"
+    "  korvell-host bench.json --choices sample-rate   print what it can be, a line each\n"
     "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
     "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
     "  korvell-host --headless bench.json walk.scenario\n"
     "\n"
     "Nothing is saved unless every setting was accepted. A value that the instruments keep otherwise is noted.\n"
     "\n"
-    "Exit status: 0 done; 1 the page refused a value or does not offer the setting now, or an expectation of the\n"
-    "script failed; 2 the command line, a file or a script cannot be understood, read or written.";
+    "Exit status:\n"
+    "  0  everything was done\n"
+    "  1  the page refused a value or does not offer the setting now, or an expectation of the script failed\n"
+    "  2  the command line, a file or a script cannot be understood, read or written, or there is no display for\n"
+    "     the window";
 
 void tell(const std::vector<std::string>& notes)
 {

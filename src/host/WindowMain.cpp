@@ -8,6 +8,7 @@
 #include "host/ToolkitTexts.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QScreen>
 #include <QWindow>
 #include <cstdio>
@@ -139,6 +140,9 @@ int runWindow(int& argc, char** argv, const WindowOptions& options)
     const QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvell"));
     QApplication::setApplicationName(QStringLiteral("korvell-host"));
+    // Where desktops find the window's icon and name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.korvell.Host"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
     try {
         return run(options);
     } catch (const std::exception& error) {

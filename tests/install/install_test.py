@@ -1,6 +1,7 @@
 """install_test.py CMAKE BUILD SOURCE CONFIG COMPILER sanitize=SANITIZERS: the installed tree, used by another project and
 by a user. The tree is moved after its installation, so that nothing can lean on where it was."""
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -11,12 +12,16 @@ CMAKE, BUILD, SOURCE, CONFIG, COMPILER = sys.argv[1:6]
 SANITIZERS = sys.argv[6].removeprefix("sanitize=")
 WORK = Path(BUILD) / "tests" / "install" / "work"
 TREE = WORK / "moved"
+SHARE = TREE / "share"
+DATA = SHARE / "KoTimebaseEditor"
+PROGRAM = TREE / "bin" / "korvell-host"
+SETUP = DATA / "demo" / "engine-bench-demo.json"
 
 
-def run(*command, status=0, **environment):
+def run(*command, status=0, warnings_allowed=True, **environment):
     done = subprocess.run([*map(str, command)], capture_output=True, text=True, timeout=240, cwd=WORK, check=False,
                           env={**os.environ, "LC_ALL": "C", "QT_QPA_PLATFORM": "offscreen", **environment})
-    if done.returncode != status:
+    if done.returncode != status or (done.stderr and not warnings_allowed):
         raise AssertionError(f"{command}: {done.returncode}\n{done.stdout}{done.stderr}")
     return done.stdout
 
@@ -39,7 +44,7 @@ def setUpModule():
 
 class InstalledComponent(unittest.TestCase):
     def test_a_host_of_twenty_lines_is_built_against_it(self):
-        example = TREE / "share" / "doc" / "KoTimebaseEditor" / "examples" / "minimal-host"
+        example = SHARE / "doc" / "KoTimebaseEditor" / "examples" / "minimal-host"
         output = build_project(example, "minimal-host")
         self.assertEqual(output, "changed\nSpan 1953.125 Hz\nsample period 0.0002\n")
 
@@ -64,6 +69,49 @@ class InstalledComponent(unittest.TestCase):
             text = path.read_text(encoding="utf-8")
             for folder in (BUILD, SOURCE, str(WORK)):
                 self.assertNotIn(folder, text, path)
+
+
+@unittest.skipUnless((Path(BUILD) / "src" / "host" / "korvell-host").exists(), "built without the program")
+class InstalledProgram(unittest.TestCase):
+    def test_it_lists_runs_the_demo_and_speaks_german_with_what_is_installed_beside_it(self):
+        self.assertRegex(run(PROGRAM, "--version"), r"^korvell-host \d+\.\d+\.\d+\n$")
+        english = run(PROGRAM, SETUP, "--list", "--json")
+        self.assertIn("sample-rate", english)
+        self.assertNotEqual(run(PROGRAM, SETUP, "--list", "--json", "--language", "de_AT"), english)
+        run(PROGRAM, "--headless", SETUP, DATA / "demo" / "demo.scenario")
+
+    def test_it_uses_no_file_of_the_source_tree_or_the_build(self):
+        library = re.search(r"libKoTimebaseEditor\S* => (\S+)", run("ldd", PROGRAM))[1]
+        self.assertTrue(Path(library).resolve().is_relative_to(TREE), library)
+        # Data that is not in the tree is found nowhere, whether the source tree is there or not.
+        (DATA / "strings").rename(DATA / "hidden")
+        try:
+            run(PROGRAM, SETUP, "--list", "--language", "de", status=2)
+        finally:
+            (DATA / "hidden").rename(DATA / "strings")
+
+    def test_a_window_follows_the_systems_language(self):
+        pictures = {}
+        for language in ("C", "en_GB.UTF-8", "de_AT.UTF-8", "xx_YY.UTF-8"):
+            picture = WORK / f"{language}.png"
+            run(PROGRAM, "--picture", picture, SETUP, LC_ALL="", LC_MESSAGES="", LANG=language)
+            pictures[language] = picture.read_bytes()
+        self.assertEqual(len(set(pictures.values())), 2)
+        self.assertNotEqual(pictures["C"], pictures["de_AT.UTF-8"])
+        run(PROGRAM, "--picture", WORK / "first.png", SETUP, LC_ALL="de_DE.UTF-8", LC_MESSAGES="C", LANG="C")
+        self.assertEqual((WORK / "first.png").read_bytes(), pictures["de_AT.UTF-8"])
+
+    def test_the_desktop_and_the_shells_find_what_they_look_for(self):
+        for name in ("icons/hicolor/scalable/apps/org.korvell.Host.svg", "icons/hicolor/128x128/apps/org.korvell.Host.png",
+                     "bash-completion/completions/korvell-host", "zsh/site-functions/_korvell-host",
+                     "doc/KoTimebaseEditor/LICENSE", "doc/KoTimebaseEditor/CHANGELOG.md",
+                     "KoTimebaseEditor/help/en/index.html", "KoTimebaseEditor/help/ja/index.html"):
+            self.assertTrue((SHARE / name).is_file(), name)
+
+    def test_desktop_entry_appstream_data_and_man_page_are_valid(self):
+        run("desktop-file-validate", SHARE / "applications/org.korvell.Host.desktop")
+        run("appstreamcli", "validate", "--no-net", SHARE / "metainfo/org.korvell.Host.metainfo.xml")
+        run("groff", "-ww", "-man", "-z", "-Tutf8", SHARE / "man/man1/korvell-host.1", warnings_allowed=False)
 
 
 if __name__ == "__main__":
