@@ -113,6 +113,23 @@ class InstalledProgram(unittest.TestCase):
         run("appstreamcli", "validate", "--no-net", SHARE / "metainfo/org.korvell.Host.metainfo.xml")
         run("groff", "-ww", "-man", "-z", "-Tutf8", SHARE / "man/man1/korvell-host.1", warnings_allowed=False)
 
+    def test_the_debian_packages_hold_a_program_that_runs_and_depend_on_each_other(self):
+        packages, root = WORK / "packages", WORK / "root"
+        run(Path(CMAKE).with_name("cpack"), "-G", "DEB", "-C", CONFIG, "--config", Path(BUILD) / "CPackConfig.cmake",
+            "-B", packages)
+        dependencies = {}
+        for package in packages.glob("*.deb"):
+            run("dpkg-deb", "-x", package, root)
+            name, version, dependencies[name] = run("dpkg-deb", "-W", "--showformat=${Package}\\n${Version}\\n${Depends}",
+                                                    package).split("\n")
+        library = f"libkotimebaseeditor0 (= {version})"
+        self.assertEqual(set(dependencies), {"korvell-host", "libkotimebaseeditor-dev", "libkotimebaseeditor0"})
+        self.assertEqual(dependencies["libkotimebaseeditor-dev"], library)
+        self.assertIn(library, dependencies["korvell-host"])
+        self.assertRegex(dependencies["korvell-host"], "libqt6widgets6")
+        run(root / "usr/bin/korvell-host", root / "usr/share/KoTimebaseEditor/demo/engine-bench-demo.json",
+            "--language", "ja", "--list")
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1])
