@@ -14,10 +14,11 @@ constexpr int noInstrumentPicture = 101;
 
 void TimebaseEditor::UserDocument_Initialize()
 {
+    // What follows is the component's own: nothing that fails in the host may keep it away.
+    Steps(support_.errors, "UserDocument_Initialize")([&] { page_.setFont(support_.platform.screen.formFont()); });
     const Steps step(support_.errors, "UserDocument_Initialize");
     page_.isShown = false;
     step([&] { support_.localeSettings = readLocaleSettings(support_.locale()); });
-    step([&] { page_.setFont(support_.platform.screen.formFont()); });
     loadFormStrings(step, support_.strings, page_, page_.font(), textBase);
     step([&] { setIntervalSeconds(); });
     page_.hertzText = step.value([&] { return support_.text(1116); });

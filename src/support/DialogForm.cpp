@@ -14,9 +14,9 @@ DialogForm::DialogForm(Support& support, std::string name, int caption, std::int
 
 void DialogForm::load(int base)
 {
-    const Steps step(support_.errors, "Form_Load");
-    step([&] { setFont(support_.platform.screen.formFont()); });
-    loadFormCaption(step, support_.strings, *this, base);
+    // The texts are the component's own: nothing that fails in the host may keep them away.
+    Steps(support_.errors, "Form_Load")([&] { setFont(support_.platform.screen.formFont()); });
+    loadFormCaption(Steps(support_.errors, "Form_Load"), support_.strings, *this, base);
 }
 
 void DialogForm::showHelp(std::string_view procedure)

@@ -45,7 +45,7 @@ void DynamicEditors::initSampleRateEditors(std::optional<double> period)
 {
     const Steps step(support_.errors, "initSampleRateEditors");
     page_.samplePeriodRange = {};
-    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), offeredPeriods);
+    const MergedChoices offers = mergeOffers(support_, "initSampleRateEditors", page_.currentDrivers(), offeredPeriods);
     page_.samplePeriodRange = offers.range();
     step([&] { pair_.build(step, offers, period); });
     showSpan(step, period);
@@ -53,9 +53,8 @@ void DynamicEditors::initSampleRateEditors(std::optional<double> period)
 
 std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double> size)
 {
-    const Steps step(support_.errors, "initBlockSizeEditors");
     page_.blockSizeRange = {};
-    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), offeredSizes);
+    const MergedChoices offers = mergeOffers(support_, "initBlockSizeEditors", page_.currentDrivers(), offeredSizes);
     const Range range = page_.blockSizeRange = offers.range();
     blockSizes_ = offers.values();
     page_.cmbBlockSize.setVisible(!blockSizes_.empty());
@@ -133,10 +132,10 @@ void DynamicEditors::choose(const Steps& step, ComboBox& chosen, const ComboBox&
     const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
     const Written written = period ? write(step, samplePeriod, *period) : Written{};
     if (written.fate != Written::Fate::Accepted) {
-        step([&] { chosen.select(partner.index()); });
+        chosen.select(partner.index());
         return;
     }
-    step([&] { pair_.selectPeriod(written.inForce.value_or(*period), chosen.index()); });
+    pair_.selectPeriod(written.inForce.value_or(*period), chosen.index());
     showSpan(step, written.inForce);
 }
 

@@ -24,8 +24,9 @@ std::optional<double> reciprocalBound(double value)
 
 } // namespace
 
-MergedChoices mergeOffers(const Steps& step, Drivers drivers, const OfferMembers& members)
+MergedChoices mergeOffers(Support& support, std::string_view procedure, Drivers drivers, const OfferMembers& members)
 {
+    const Steps step(support.errors, procedure);
     MergedChoices merged;
     for (const auto& driver : drivers) {
         if (!driver)

@@ -18,8 +18,9 @@ struct OfferMembers {
 };
 
 /// Merges what all drivers with a timebase offer. Choices of 0 or less are left out. A driver's range is asked for only
-/// when it offers no list.
-MergedChoices mergeOffers(const Steps& step, Drivers drivers, const OfferMembers& members);
+/// when it offers no list. Reports failures under `procedure`, of which it is a handler of its own: a failing reporter
+/// ends the reading alone.
+MergedChoices mergeOffers(Support& support, std::string_view procedure, Drivers drivers, const OfferMembers& members);
 
 /// The bounds of a period in seconds, of a rate in 1/s, from a range of periods; 0 is no bound.
 NumberBounds periodBounds(Range periods);

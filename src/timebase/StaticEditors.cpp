@@ -40,7 +40,7 @@ void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
     const Steps step(support_.errors, "initScanRateEditors");
     before_.reserve(page_.currentDrivers().size());
     page_.scanPeriodRange = {};
-    const MergedChoices offers = mergeOffers(step, page_.currentDrivers(), scanPeriods);
+    const MergedChoices offers = mergeOffers(support_, "initScanRateEditors", page_.currentDrivers(), scanPeriods);
     page_.scanPeriodRange = offers.range();
     step([&] { pair_.build(step, offers, scanPeriod); });
 }
@@ -108,9 +108,9 @@ void StaticEditors::choose(const Steps& step, const ComboBox& chosen, ComboBox& 
     const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
     const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
     // After a rejection both lists stay on the refused entry while the drivers keep their period.
-    step([&] { partner.select(chosen.index()); });
+    partner.select(chosen.index());
     if (!result.rejected && result.inForce)
-        step([&] { pair_.selectPeriod(*result.inForce, chosen.index()); });
+        pair_.selectPeriod(*result.inForce, chosen.index());
 }
 
 void StaticEditors::pushLoaded(double seconds)
@@ -120,7 +120,7 @@ void StaticEditors::pushLoaded(double seconds)
     if (!result.inForce || *result.inForce == seconds)
         return;
     if (page_.cmbScanPeriod.visible())
-        step([&] { pair_.selectPeriod(*result.inForce, -1); });
+        pair_.selectPeriod(*result.inForce, -1);
     else
         pair_.showInBoxes(step, *result.inForce, nullptr);
 }

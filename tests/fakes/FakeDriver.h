@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/FaultGate.h"
 #include "interfaces/Driver.h"
 #include "interfaces/Timebase.h"
 #include "interfaces/TriggerLines.h"
@@ -63,12 +64,14 @@ public:
     /// What the driver makes of a requested sample period, block size, scan period.
     std::function<double(double)> keeps = [](double value) { return value; };
     std::function<float(float)> keepsDuration = [](float seconds) { return seconds; };
+    bool refuses = false; ///< what is written stays as it was
     /// What the driver does after a trigger parameter has been written.
     std::function<void(FakeDriver&)> afterParameter;
 
     std::set<std::string> failing;
     std::vector<std::string> writes;
     std::map<std::string, int> calls;
+    FaultGate* gate = nullptr; ///< where set, every call passes it
 
     // Driver
     std::int32_t GroupCount() override { return answer("GroupCount", static_cast<std::int32_t>(groups.size())); }
@@ -134,9 +137,10 @@ public:
     void setStartMode(std::int32_t v) override { write("setStartMode", startMode, v, v); }
 
     // Measurements
-    std::int32_t NumberOfScans() override { return answer("NumberOfScans", numberOfScans); }
+    std::int32_t NumberOfScans() override { return answer("NumberOfScans", scans ? scans(*this) : numberOfScans); }
     double DynamicBytes() override { return answer("DynamicBytes", bytes ? bytes(*this) : dynamicBytes); }
-    std::function<double(const FakeDriver&)> bytes; ///< computes `DynamicBytes` when set
+    std::function<double(const FakeDriver&)> bytes;       ///< computes `DynamicBytes` when set
+    std::function<std::int32_t(const FakeDriver&)> scans; ///< computes `NumberOfScans` when set
 
     // TriggerLines
     std::int32_t StartMasterRank() override { return answer("StartMasterRank", startRank); }
@@ -214,7 +218,9 @@ private:
     void called(const std::string& operation)
     {
         ++calls[operation];
-        if (failing.contains(operation) || failing.contains("*"))
+        if (gate)
+            gate->pass(operation.c_str());
+        if (!failing.empty() && (failing.contains(operation) || failing.contains("*")))
             throw Failure(1000, operation + " failed");
     }
     template <class T> T answer(const std::string& operation, const T& value)
@@ -229,7 +235,8 @@ private:
         if (text.find('.') != std::string::npos)
             text.erase(std::max(text.find_last_not_of('0'), text.find('.') + 1) + 1);
         writes.push_back(operation + " " + text);
-        kept = value;
+        if (!refuses)
+            kept = value;
     }
     Group& group(std::int32_t g) { return groups.at(static_cast<std::size_t>(g)); }
     Channel& channel(std::int32_t g, std::int32_t c) { return group(g).channels.at(static_cast<std::size_t>(c)); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/FaultGate.h"
 #include "interfaces/ClientSite.h"
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
@@ -13,7 +14,7 @@
 
 namespace ko::test {
 
-/// A whole platform in memory that notes what is asked of it. What is named in `failing` fails.
+/// A whole platform in memory that notes what is asked of it. Every call passes `gate`.
 class FakePlatform : public MessageBox,
                      public Clipboard,
                      public Printers,
@@ -35,6 +36,7 @@ public:
     std::vector<std::string> printing;
     bool offersHelp = true, offersStatus = true;
     bool reporterFails = false, clipboardFails = false, printerFails = false;
+    FaultGate gate;
     Point cursor;
     std::optional<Rectangle> area = Rectangle{0, 0, 1280, 1024};
     DateTime time{46347.0};
@@ -44,37 +46,41 @@ public:
 
     void show(const std::string& text, const std::string& title, int style) override
     {
-        messages.push_back(title + ": " + text + " (" + std::to_string(style) + ")");
+        add("show", messages, title + ": " + text + " (" + std::to_string(style) + ")");
     }
-    void clear() override { clipboardText.clear(); }
-    void setText(const std::string& text) override { clipboardText = text; }
+    void clear() override { note("clear", clipboardText, ""); }
+    void setText(const std::string& text) override { note("setText", clipboardText, text); }
     std::string text() override
     {
         if (clipboardFails)
             fail(failure::invalidCall);
-        return clipboardText;
+        return answer("text", clipboardText);
     }
-    std::int32_t count() override { return 2; }
-    std::string deviceName(std::int32_t index) override { return index == 0 ? "First" : "Second"; }
-    void makeCurrent(std::int32_t index) override { printing.push_back("current " + std::to_string(index)); }
+    std::int32_t count() override { return answer("count", 2); }
+    std::string deviceName(std::int32_t index) override
+    {
+        return answer("deviceName", index == 0 ? "First" : "Second");
+    }
+    void makeCurrent(std::int32_t index) override { add("makeCurrent", printing, "current " + std::to_string(index)); }
     void setCopies(std::int32_t v) override { setting("copies", v); }
     void setColorMode(std::int32_t v) override { setting("color", v); }
     void setDuplex(std::int32_t v) override { setting("duplex", v); }
     void setOrientation(std::int32_t v) override { setting("orientation", v); }
     void setPaperSize(std::int32_t v) override { setting("paper", v); }
     void setPrintQuality(std::int32_t v) override { setting("quality", v); }
-    void printForm(const Form& form) override { printing.push_back("print " + form.name()); }
-    void endDocument() override { printing.emplace_back("end"); }
-    Point cursorPosition() override { return cursor; }
-    std::optional<Rectangle> workArea() override { return area; }
-    Point size() override { return {1280 * 15, 1024 * 15}; }
-    double twipsPerPixelX() override { return 15; }
-    double twipsPerPixelY() override { return 15; }
-    std::int32_t verticalScrollBarWidth() override { return 17; }
-    Font formFont() override { return {.name = "Sans", .size = 9}; }
-    DateTime now() override { return time; }
+    void printForm(const Form& form) override { add("printForm", printing, "print " + form.name()); }
+    void endDocument() override { add("endDocument", printing, "end"); }
+    Point cursorPosition() override { return answer("cursorPosition", cursor); }
+    std::optional<Rectangle> workArea() override { return answer("workArea", area); }
+    Point size() override { return answer("size", Point{1280 * 15, 1024 * 15}); }
+    double twipsPerPixelX() override { return answer("twipsPerPixelX", 15); }
+    double twipsPerPixelY() override { return answer("twipsPerPixelY", 15); }
+    std::int32_t verticalScrollBarWidth() override { return answer("verticalScrollBarWidth", 17); }
+    Font formFont() override { return answer("formFont", Font{.name = "Sans", .size = 9}); }
+    DateTime now() override { return answer("now", time); }
     void showModal(Form& form) override
     {
+        gate.pass("showModal");
         if (inModalForm)
             inModalForm(form);
     }
@@ -84,14 +90,20 @@ public:
     {
         if (reporterFails)
             fail(failure::invalidCall);
-        reports.push_back(source + " " + std::to_string(number) + ": " + description);
+        add("ReportError", reports, source + " " + std::to_string(number) + ": " + description);
     }
-    std::string Caption() override { return "caption"; }
-    void ShowHint(const std::string& hint, const std::string&) override { hints.push_back(hint); }
-    void ShowHelpTopic(std::int32_t topic) override { topics.push_back(topic); }
-    std::shared_ptr<StatusSite> queryStatusSite() override { return unowned<StatusSite>(offersStatus); }
-    std::shared_ptr<HelpSite> queryHelpSite() override { return unowned<HelpSite>(offersHelp); }
-    void OnChanged() override { ++changes; }
+    std::string Caption() override { return answer("Caption", "caption"); }
+    void ShowHint(const std::string& hint, const std::string&) override { add("ShowHint", hints, hint); }
+    void ShowHelpTopic(std::int32_t topic) override { add("ShowHelpTopic", topics, topic); }
+    std::shared_ptr<StatusSite> queryStatusSite() override
+    {
+        return answer("queryStatusSite", unowned<StatusSite>(offersStatus));
+    }
+    std::shared_ptr<HelpSite> queryHelpSite() override
+    {
+        return answer("queryHelpSite", unowned<HelpSite>(offersHelp));
+    }
+    void OnChanged() override { note("OnChanged", changes, changes + 1); }
 
     /// The lists' contents so far, which they then forget.
     std::vector<std::string> takeMessages() { return std::exchange(messages, {}); }
@@ -104,12 +116,27 @@ private:
     {
         return offered ? std::shared_ptr<T>(std::shared_ptr<void>(), this) : nullptr;
     }
-    std::shared_ptr<ErrorReporter> createReporter() { return unowned<ErrorReporter>(true); }
-    void setting(const std::string& name, std::int32_t value)
+    template <class T> T answer(const char* call, T value)
+    {
+        gate.pass(call);
+        return value;
+    }
+    template <class T, class Given> void note(const char* call, T& noted, const Given& value)
+    {
+        gate.pass(call);
+        noted = value;
+    }
+    template <class List, class Given> void add(const char* call, List& list, const Given& value)
+    {
+        gate.pass(call);
+        list.push_back(value);
+    }
+    std::shared_ptr<ErrorReporter> createReporter() { return answer("createReporter", unowned<ErrorReporter>(true)); }
+    void setting(const char* name, std::int32_t value)
     {
         if (printerFails)
             fail(failure::invalidCall);
-        printing.push_back(name + " " + std::to_string(value));
+        add(name, printing, std::string(name) + " " + std::to_string(value));
     }
 };
 

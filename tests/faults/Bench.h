@@ -1,0 +1,57 @@
+#pragma once
+
+#include "document/TimebaseEditor.h"
+#include "fakes/FakeDriver.h"
+#include "fakes/FakePlatform.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ko::test {
+
+using Texts = std::vector<std::string>;
+
+/// A component with a document, the host around it and the host's instruments. What a host and a user do goes through
+/// `act`, which lets nothing escape.
+class Bench {
+public:
+    FakePlatform host;
+    std::vector<std::shared_ptr<FakeDriver>> fakes; ///< what is handed over
+    Texts escaped;                                  ///< actions that ended in an exception
+
+    Bench() { restart(); }
+
+    [[nodiscard]] Document& document() const { return *document_; }
+    [[nodiscard]] Page& page() const { return document_->page(); }
+    /// The page and the dialogs.
+    [[nodiscard]] std::vector<const Form*> forms();
+
+    void act(const std::string& name, const std::function<void()>& action);
+
+    // The host.
+    void restart();
+    FakeDriver& addDriver(std::int32_t samplingMode);
+    void handOver();
+    void show();
+    void command(std::int32_t id);
+
+    // The user, on the page.
+    void focus(Control& control);
+    void leave();
+    void type(TextBox& box, const std::string& text); ///< one change a character, the old text replaced
+    void replace(TextBox& box, const std::string& text);
+    void choose(ComboBox& box, std::int32_t index);
+    void click(PressControl& control);
+    void editCell(std::int32_t row, const std::string& text);
+
+private:
+    Shared shared_{host.platform, {}};
+    std::unique_ptr<Document> document_;
+};
+
+/// Everything that a user could see of the forms and a host could read from the drivers, a line each.
+Texts stateOf(Bench& bench);
+
+} // namespace ko::test

@@ -1,0 +1,213 @@
+#include "faults/Rules.h"
+
+#include "platform/DateTimes.h"
+#include "platform/NumberText.h"
+#include "triggering/TriggerParameter.h"
+
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+namespace ko::test {
+
+namespace {
+
+class Rules {
+public:
+    explicit Rules(const Page& page) : page_(page) {}
+
+    Texts always()
+    {
+        require(!page_.isLoading, "isLoading is down");
+        require(!page_.isUpdating, "isUpdating is down");
+        require(!page_.isDialogOpen, "no dialog counts as open");
+        require(page_.startTriggerLine < 0 || page_.startTriggerLine != page_.scanTriggerLine,
+                "start and sync line differ");
+        pair(page_.cmbSampleRate, page_.cmbSamplePeriod, page_.txtSampleRate, page_.txtSamplePeriod);
+        pair(page_.cmbScanRate, page_.cmbScanPeriod, page_.txtScanRate, page_.txtScanPeriod);
+        require(!page_.frmDynamic.visible() || page_.cmbBlockSize.visible() != page_.txtBlockSize.visible(),
+                "one block size editor is shown");
+        if (!isUpToDate())
+            return broken_;
+        require(page_.optImmediate.value() + page_.optStartTime.value() + page_.optOnTrigger.value() == 1,
+                "one start option is selected");
+        require(page_.optAfter.value() + page_.optStopTime.value() == 1, "one stop option is selected");
+        require(page_.optAfter.value() || page_.optStartTime.value(), "only a start at a time has a stop at a time");
+        for (const Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
+            require(frame->enabled() != page_.readOnly, frame->name() + " follows read-only");
+        return broken_;
+    }
+
+    Texts shown()
+    {
+        if (!isUpToDate())
+            return {};
+        if (const FakeDriver* driver = timebase(page_.dynamicDriverIndex); driver && page_.frmDynamic.visible())
+            dynamic(*driver);
+        if (page_.frmStatic.visible())
+            scanning();
+        schedule();
+        for (std::int32_t row = 1; row <= page_.grdParam.rowCount() && page_.dynamicDriverIndex >= 0; ++row)
+            parameter(row);
+        return broken_;
+    }
+
+private:
+    void require(bool holds, const std::string& rule)
+    {
+        if (!holds)
+            broken_.push_back("not so: " + rule);
+    }
+    void same(const std::string& what, const std::string& shown, const std::string& held)
+    {
+        if (shown != held)
+            broken_.push_back(what + " shows '" + shown + "', held is '" + held + "'");
+    }
+    [[nodiscard]] bool isUpToDate() const
+    {
+        return page_.isShown && page_.numDrivers > 0 && !page_.driverChangesPending;
+    }
+    [[nodiscard]] const FakeDriver* timebase(std::int32_t index) const
+    {
+        const auto* driver = dynamic_cast<const FakeDriver*>(page_.driverAt(index));
+        return driver && driver->hasTimebase ? driver : nullptr;
+    }
+
+    void pair(const ComboBox& rates, const ComboBox& periods, const TextBox& rate, const TextBox& period)
+    {
+        require(rates.items().size() == periods.items().size(), rates.name() + " and its partner are as long");
+        require(rates.index() == periods.index(), rates.name() + " and its partner stand at the same entry");
+        require(!rates.container()->visible() ||
+                    (rates.visible() == periods.visible() && rate.visible() == period.visible() &&
+                     rate.visible() != rates.visible()),
+                rates.name() + " or " + rate.name() + " is shown with its partner");
+    }
+
+    /// A text that is being typed may be on its way to a number.
+    void number(const TextBox& box, double held)
+    {
+        if (box.isShown() && !box.marked() && !(box.hasFocus() && numberOf(box.text()) == text(held)))
+            same(box.name(), box.text(), text(held));
+    }
+    void entry(const ComboBox& box, double held)
+    {
+        if (!box.isShown())
+            return;
+        bool hasIt = false;
+        for (const ComboBox::Item& item : box.items())
+            hasIt = hasIt || item.text == text(held);
+        if (hasIt)
+            same(box.name(), box.text(), text(held));
+    }
+    void dynamic(const FakeDriver& driver)
+    {
+        number(page_.txtSamplePeriod, driver.samplePeriod);
+        number(page_.txtSampleRate, 1.0 / driver.samplePeriod);
+        entry(page_.cmbSamplePeriod, driver.samplePeriod);
+        entry(page_.cmbBlockSize, driver.blockSize);
+        if (driver.blockSize >= page_.blockSizeRange.minimum && driver.blockSize <= page_.blockSizeRange.maximum)
+            number(page_.txtBlockSize, driver.blockSize);
+        same("span", page_.lblSpanValue.caption(), text(1.0 / driver.samplePeriod / 2.56) + " Hz");
+    }
+
+    void scanning()
+    {
+        const FakeDriver* last = nullptr;
+        bool agree = true;
+        for (std::int32_t i = 0; i < page_.numDrivers; ++i) {
+            const FakeDriver* driver = timebase(i);
+            agree = agree && !(driver && !driver->refuses && last && last->scanPeriod != driver->scanPeriod);
+            last = driver ? driver : last;
+        }
+        if (!last)
+            return;
+        number(page_.txtScanPeriod, last->scanPeriod);
+        number(page_.txtScanRate, 1.0 / last->scanPeriod);
+    }
+
+    void schedule()
+    {
+        const FakeDriver* first = nullptr;
+        for (std::int32_t i = 0; i < page_.numDrivers && !first; ++i)
+            first = timebase(i);
+        if (!first)
+            return;
+        const std::int32_t shownMode = page_.optImmediate.value() ? 0 : page_.optStartTime.value() ? 1 : 2;
+        require(shownMode == first->startMode, "the start option is the driver's start mode");
+        require(page_.optStopTime.value() == (first->startMode == 1 && first->stopMode == 1),
+                "the stop option is the driver's stop mode");
+        if (page_.optAfter.value())
+            number(page_.txtDuration, widen(first->duration) / page_.cmbInterval.itemData());
+        if (page_.optStartTime.value())
+            same("txtStartTime", page_.txtStartTime.text(), generalDate(first->startTime, {}));
+        if (page_.optStopTime.value())
+            stopTime(*first);
+    }
+    void stopTime(const FakeDriver& driver)
+    {
+        const DateTime start = toDateTime(page_.txtStartTime.text(), {});
+        const DateTime stop = toDateTime(page_.txtStopTime.text(), {});
+        if (start.hasDate() != stop.hasDate())
+            return;
+        const double seconds = dateDiffSeconds(start, stop);
+        require(std::abs(seconds - driver.duration) <= 1.0 + seconds * 1e-7, "the stop time is the duration's end");
+    }
+
+    void parameter(std::int32_t row)
+    {
+        const auto* driver = dynamic_cast<const FakeDriver*>(page_.driverAt(page_.dynamicDriverIndex));
+        const std::string id = page_.grdParam.cell(row, Grid::idColumn).value;
+        if (!driver || row == page_.grdParam.editedRow())
+            return;
+        for (const FakeDriver::Parameter& held : driver->parameters)
+            if (std::to_string(held.id) == id)
+                same("row of " + held.name, page_.grdParam.cell(row, Grid::valueColumn).value,
+                     parameterText(held.type, held.value, {}));
+    }
+
+    static std::string text(double value) { return numberText(value, {}); }
+    static std::string numberOf(const std::string& typed)
+    {
+        return isNumeric(typed, {}) ? text(toDouble(typed, {})) : typed;
+    }
+
+    const Page& page_;
+    Texts broken_;
+};
+
+} // namespace
+
+Texts brokenAlways(const Bench& bench)
+{
+    return Rules(bench.page()).always();
+}
+
+Texts shownWrongly(const Bench& bench)
+{
+    return Rules(bench.page()).shown();
+}
+
+double totalBytes(const Bench& bench)
+{
+    double dynamicBytes = 0.0;
+    double staticBytes = 0.0;
+    for (const auto& driver : bench.fakes) {
+        if (driver->measurementMode == 1 && driver->samplingMode == 1) {
+            dynamicBytes += driver->bytes ? driver->bytes(*driver) : driver->dynamicBytes;
+            continue;
+        }
+        double channels = 0.0;
+        for (const FakeDriver::Group& group : driver->groups)
+            for (const FakeDriver::Channel& channel : group.channels)
+                channels += channel.enabled != Value(0) && channel.enabled != Value(false) ? 1.0 : 0.0;
+        const double scans = driver->scans ? driver->scans(*driver) : driver->numberOfScans;
+        const double bytes = (4.0 * scans + 230.0) * channels + 416.0;
+        // A figure that does not fit 32 bits is left out.
+        if (4.0 * scans + 230.0 <= std::numeric_limits<std::int32_t>::max() &&
+            bytes <= std::numeric_limits<std::int32_t>::max())
+            staticBytes += bytes;
+    }
+    return std::max(dynamicBytes, staticBytes);
+}
+
+} // namespace ko::test
