@@ -54,7 +54,7 @@ void FrameRecording::start(const std::string& file, const std::string& setup)
 {
     stop();
     QtClock& clock = frame_.services.clock;
-    const Recorded recorded{frame_.document.page(), frame_.component.dialogs(), [&clock] { return clock.tick(); },
+    const Recorded recorded{frame_.document().page(), frame_.component.dialogs(), [&clock] { return clock.tick(); },
                             frame_.platform.locale};
     recorder_ = std::make_unique<Recorder>(file, recorded);
     // Whoever finds that a line cannot be written is in the middle of the user's input.
@@ -67,8 +67,10 @@ void FrameRecording::startFromHere(const std::string& file)
 {
     const std::string beside = file + ".setup.json";
     saveSetup(beside, frame_.present());
+    stop();
+    frame_.renewPage();
     start(file, {});
-    if (frame_.document.page().readOnly)
+    if (frame_.document().page().readOnly)
         host({"read-only", "on"});
     recorder_->setup(beside);
     frame_.showAgain();

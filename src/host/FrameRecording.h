@@ -20,9 +20,10 @@ struct RecordingFrame {
     QtServices& services;
     const Platform& platform;
     Component& component;
-    Document& document;
+    std::function<Document&()> document;
     std::function<bool()> mayLeave;  ///< whether the page may be left; the user has been told when it may not
     std::function<Setup()> present;  ///< the instruments with their present values
+    std::function<void()> renewPage; ///< makes another document, which has no instruments and is shown
     std::function<void()> showAgain; ///< takes the page off the screen, hands the instruments over and shows it
 };
 
@@ -39,8 +40,8 @@ public:
     /// Records from here on, with a page that has just been made and was shown without instruments. `setup` is the file
     /// that a replay is going to start with. Fails with an `InputError`.
     void start(const std::string& file, const std::string& setup);
-    /// The same at any time, from the present state on: it is saved as a set-up beside the scenario, and the page is
-    /// shown anew with it.
+    /// The same at any time, from the instruments' present state on: it is saved as a set-up beside the scenario, and a
+    /// new page shows them.
     void startFromHere(const std::string& file);
     void stop();
 

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QStatusBar>
 #include <QToolButton>
 #include <algorithm>
@@ -33,11 +34,8 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
     addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
     addDateDialog(services_.modalForms, component_->dialogs(), texts, platform_.locale);
     makeDocks();
-    document_ = component_->createDocument(*this);
-    page_ = new PageWidget(document_->page(), texts, this);
-    setCentralWidget(page_);
     makeStatusBar();
-    page_->view().formChanged = [this] { showHint(); };
+    makePage();
     makeSession();
     makeRecording();
     makeMenus();
@@ -104,12 +102,44 @@ void FrameWindow::makeSite()
     site_->showHelp = [this](std::int32_t topic) { showHelp(topic); };
 }
 
+void FrameWindow::makePage()
+{
+    document_ = component_->createDocument(*this);
+    page_ = new PageWidget(
+        document_->page(), [this](int number) { return text(number); }, this);
+    setCentralWidget(page_);
+    page_->view().formChanged = [this] { showHint(); };
+}
+
+/// The page as it was when the window was made, but for what the menus keep.
+void FrameWindow::renewPage()
+{
+    const bool readOnly = document_->page().readOnly;
+    hinted_ = nullptr;
+    page_->view().formChanged = nullptr;
+    delete page_;
+    document_.reset();
+    makePage();
+    menuBar()->insertMenu(menuBar()->actions().constLast(), &page_->menu());
+    document_->mode().setClientSite(site_);
+    showOnPage({});
+    document_->mode().setReadOnly(readOnly);
+}
+
 void FrameWindow::makeRecording()
 {
-    const auto present = [this] { return withPresentValues({"", services_.clock.standing(), {}}, session_.drivers()); };
-    recording_ = std::make_unique<FrameRecording>(
-        RecordingFrame{*this, [this](int number) { return text(number); }, services_, platform_, *component_,
-                       *document_, [this] { return okToLeave(); }, present, [this] { handOver(); }});
+    RecordingFrame frame{
+        *this, [this](int number) { return text(number); }, services_, platform_, *component_, {}, {}, {}, {}, {}};
+    frame.document = [this]() -> Document& { return *document_; };
+    frame.mayLeave = [this] { return okToLeave(); };
+    frame.present = [this] { return withPresentValues({"", services_.clock.standing(), {}}, session_.drivers()); };
+    frame.renewPage = [this] { renewPage(); };
+    frame.showAgain = [this] {
+        const bool changed = session_.isChanged();
+        handOver();
+        session_.setChanged(changed);
+    };
+    recording_ = std::make_unique<FrameRecording>(std::move(frame));
 }
 
 void FrameWindow::makeStatusBar()
@@ -126,15 +156,19 @@ void FrameWindow::makeStatusBar()
 
 void FrameWindow::handOver()
 {
-    document_->UserDocument_Hide();
     watch_.watch(session_.drivers());
     instruments_->show(session_.drivers());
-    const SimulatedDrivers& drivers = session_.drivers();
+    showOnPage(session_.drivers());
+    page_->view().focus().follow();
+}
+
+void FrameWindow::showOnPage(const SimulatedDrivers& drivers)
+{
+    document_->UserDocument_Hide();
     document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
     document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
     document_->drivers().DriversHaveChanged();
     document_->UserDocument_Show();
-    page_->view().focus().follow();
 }
 
 void FrameWindow::handOverAgain()

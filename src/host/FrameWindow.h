@@ -69,6 +69,8 @@ private:
     void makeSession();
     void makeStatusBar();
 
+    void makePage();
+    void renewPage();
     void makeRecording();
     void makeMenus();
     void makeFileMenu();
@@ -84,6 +86,7 @@ private:
     void showLoaded();
     /// Shows the session's instruments on the page anew.
     void handOver();
+    void showOnPage(const SimulatedDrivers& drivers);
     /// Hands the same instruments over again, whose settings somebody else has changed.
     void handOverAgain();
     bool enableChannel(SimulatedDriver& driver, int group, int channel, bool on);

@@ -30,14 +30,14 @@ private:
 };
 
 Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
-    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), folder_(options.folder)
+    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), folder_(options.folder),
+      language_(options.language)
 {
     takeSetup(options.setup);
     platform_ =
         std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,
                                             [this] { return std::make_shared<LoggedErrors>(log); }});
-    component_.reset(createKoTimebaseEditor(*platform_, options.language));
-    makeDocument();
+    makeComponent();
 }
 
 Scenario::~Scenario()
@@ -90,6 +90,13 @@ Document& Scenario::document() const
     return *document_;
 }
 
+void Scenario::makeComponent()
+{
+    document_.reset();
+    component_.reset(createKoTimebaseEditor(*platform_, language_));
+    makeDocument();
+}
+
 void Scenario::makeDocument()
 {
     document_.reset();
@@ -99,7 +106,7 @@ void Scenario::makeDocument()
 void Scenario::setLocale(const Locale& locale)
 {
     platform_->locale = locale;
-    makeDocument();
+    makeComponent();
 }
 
 void Scenario::terminate()

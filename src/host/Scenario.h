@@ -81,11 +81,13 @@ private:
     class Listener;
 
     void takeSetup(const Setup& setup);
+    void makeComponent();
     void execute(const ScriptLine& line);
     const Command& understood(const ScriptLine& line, bool inDialog) const;
     bool playLine(const ScriptLine& line);
 
     std::string folder_;
+    std::string language_;
     std::string title_;
     LoggedChanges changes_{log};
     std::vector<std::unique_ptr<Listener>> listeners_;

@@ -76,8 +76,10 @@ void RandomUser::attend()
 void RandomUser::useModal(QWidget& modal)
 {
     auto* dialog = qobject_cast<QDialog*>(&modal);
-    if (qobject_cast<QMessageBox*>(&modal))
+    if (const auto* box = qobject_cast<QMessageBox*>(&modal)) {
+        told_ = box->text();
         return dialog->accept();
+    }
     if (modal_ != &modal)
         patience_ = upTo(12);
     modal_ = &modal;

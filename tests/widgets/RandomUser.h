@@ -18,6 +18,8 @@ public:
     /// Has something else done, and does the same about it.
     void have(const std::function<void()>& done);
 
+    /// The text of the message box that was answered last.
+    [[nodiscard]] const QString& told() const { return told_; }
     /// A number from 0 to `count` - 1.
     int upTo(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
@@ -34,6 +36,7 @@ private:
 
     QWidget& window_;
     std::minstd_rand random_;
+    QString told_;
     QPointer<QWidget> modal_; ///< the dialog that is used
     int patience_ = 0;        ///< how often it will be used
     bool isActing_ = false;

@@ -13,9 +13,11 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
+#include <sys/resource.h>
 
 namespace ko::test {
 namespace {
@@ -42,7 +44,6 @@ class RecordingTest : public testing::Test {
 protected:
     QTemporaryDir folder;
     FrameWindow window{""};
-    Page& page = window.document().page();
 
     void SetUp() override
     {
@@ -51,13 +52,14 @@ protected:
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
+    [[nodiscard]] Page& page() { return window.document().page(); }
     [[nodiscard]] std::string path(const char* name) const { return fromQt(folder.filePath(name)); }
     void write(const char* name, const char* content) const { std::ofstream(path(name)) << content; }
     [[nodiscard]] std::string recorded(const char* name = "session.scenario") const { return readFile(path(name)); }
 
-    [[nodiscard]] SimulatedDriver& driver(std::size_t index) const
+    [[nodiscard]] SimulatedDriver& driver(std::size_t index)
     {
-        return dynamic_cast<SimulatedDriver&>(*page.drivers.at(index));
+        return dynamic_cast<SimulatedDriver&>(*page().drivers.at(index));
     }
     static std::string driversOf(const Page& shown)
     {
@@ -87,8 +89,8 @@ protected:
             FAIL() << "line " << fault.line() << ": " << fault.what() << "\n" << recorded(name);
         }
         const Page& replayed = replay.document().page();
-        EXPECT_EQ(driversOf(replayed), driversOf(page)) << recorded(name);
-        EXPECT_EQ(controlsOf(replayed), controlsOf(page)) << recorded(name);
+        EXPECT_EQ(driversOf(replayed), driversOf(page())) << recorded(name);
+        EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << recorded(name);
     }
 };
 
@@ -143,6 +145,58 @@ TEST_P(RandomSession, ReplaysToTheSameDriversAndTheSamePage)
         act();
     user.act();
     expectSameReplay(setup);
+}
+
+TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
+{
+    window.open(path("bench.json"));
+    for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
+        act();
+    user.have([this] { window.recording().startFromHere(path("session.scenario")); });
+    for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
+        act();
+    expectSameReplay(demo);
+}
+
+/// Lets no file grow beyond this size while it lives.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &usual_);
+        const rlimit full{size, usual_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &usual_);
+        static_cast<void>(std::signal(SIGXFSZ, handler_));
+    }
+
+private:
+    rlimit usual_{};
+    void (*handler_)(int);
+};
+
+TEST_F(RecordingTest, AFullDiskEndsTheRecordingWithAMessageAndThePageGoesOn)
+{
+    window.recording().start(path("session.scenario"), {});
+    window.open(path("bench.json"));
+    QAction& entry = window.recording().action();
+    EXPECT_TRUE(entry.isChecked());
+    const std::string before = recorded();
+    QString told;
+    {
+        const FullDisk full(before.size() + 3);
+        RandomUser user(window, 1);
+        user.have([&] { QTest::mouseClick(window.page().view().widget(page().optAfter), Qt::LeftButton); });
+        user.have([&] { QTest::mouseClick(window.page().view().widget(page().txtDuration), Qt::LeftButton); });
+        told = user.told();
+    }
+    EXPECT_EQ(page().activeControl(), &page().txtDuration);
+    EXPECT_EQ(told, window.text(3203));
+    EXPECT_FALSE(entry.isChecked());
+    EXPECT_EQ(recorded().substr(0, before.size()), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomSession, testing::Range(0, wanted("KO_SESSIONS", 6)));
