@@ -1,6 +1,7 @@
 #include "host/FrameRecording.h"
 
 #include "host/InputError.h"
+#include "host/Later.h"
 #include "host/SetupSaving.h"
 #include "widgets/Guarded.h"
 
@@ -8,7 +9,6 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QStatusBar>
-#include <QTimer>
 
 namespace ko {
 
@@ -58,7 +58,7 @@ void FrameRecording::start(const std::string& file, const std::string& setup)
                             frame_.platform.locale};
     recorder_ = std::make_unique<Recorder>(file, recorded);
     // Whoever finds that a line cannot be written is in the middle of the user's input.
-    recorder_->failed = [this] { QTimer::singleShot(0, this, [this] { failed(); }); };
+    recorder_->failed = [this] { later(*this, [this] { failed(); }); };
     startSetup_ = setup;
     showState();
 }

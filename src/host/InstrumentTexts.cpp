@@ -32,7 +32,7 @@ struct Shown {
     }
     [[nodiscard]] QString value(const Value& value) const
     {
-        return std::visit([this](const auto& held) { return any(held); }, value);
+        return std::visit([this](const auto& held) { return this->any(held); }, value);
     }
 
 private:

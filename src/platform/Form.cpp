@@ -71,7 +71,7 @@ std::string keyName(const KeyPress& press)
 
 } // namespace
 
-void Form::userPressedKey(KeyPress& press)
+void Form::userPressedKey(KeyPress& press) const
 {
     if (userActs && press.keyCode >= key::f1 && press.keyCode <= key::f12)
         userActs({"key", keyName(press)});

@@ -45,7 +45,7 @@ public:
     /// The user moves the focus; as `moveFocus`.
     bool userMovedFocus(Control* control);
     /// The user presses a key; raises `keyDown`.
-    void userPressedKey(KeyPress& press);
+    void userPressedKey(KeyPress& press) const;
     /// Takes the focus away without asking; the control left runs its lost-focus event.
     void dropFocus();
 

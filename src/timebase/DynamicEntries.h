@@ -10,12 +10,12 @@ class DynamicEntry : public NumberEntry {
 public:
     /// What tells one of these boxes from the others.
     struct Kind {
-        NumberType type;
+        NumberType type{};
         Names names;
-        DynamicEditors::Quantity quantity;
-        NumberBounds (*bounds)(const Page& page);
+        DynamicEditors::Quantity quantity{};
+        NumberBounds (*bounds)(const Page& page) = nullptr;
         /// From what the driver holds to what the box shows; its own inverse.
-        double (*converted)(double value);
+        double (*converted)(double value) = nullptr;
     };
 
     DynamicEntry(Page& page, Support& support, TextBox& box, const Kind& kind, DynamicEditors& editors)

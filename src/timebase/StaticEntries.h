@@ -11,9 +11,9 @@ public:
     /// What tells one of these boxes from the other.
     struct Kind {
         Names names;
-        NumberBounds (*bounds)(Range periods);
+        NumberBounds (*bounds)(Range periods) = nullptr;
         /// From a scan period to what the box shows; its own inverse.
-        double (*converted)(double value);
+        double (*converted)(double value) = nullptr;
     };
 
     StaticEntry(Page& page, Support& support, TextBox& box, const Kind& kind, StaticEditors& editors)

@@ -166,7 +166,7 @@ void TriggerChannel::switchOn(const Steps& step, TriggerParameters& parameters, 
     step([&] { parameters.setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, true); });
 }
 
-void TriggerChannel::switchOff(const Steps& step, TriggerParameters& parameters)
+void TriggerChannel::switchOff(const Steps& step, TriggerParameters& parameters) const
 {
     step([&] { parameters.setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, false); });
 }

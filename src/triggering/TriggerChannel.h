@@ -44,7 +44,7 @@ private:
     [[nodiscard]] TriggerParameters* parametersOfMaster(const Steps& step) const;
     [[nodiscard]] Channels otherSources(const Steps& step, TriggerParameters& parameters) const;
     void switchOn(const Steps& step, TriggerParameters& parameters, const Channels& sources);
-    void switchOff(const Steps& step, TriggerParameters& parameters);
+    void switchOff(const Steps& step, TriggerParameters& parameters) const;
     void showChannel(const Steps& step);
     void showArea(bool on);
     void followUsability();
