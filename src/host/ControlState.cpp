@@ -4,6 +4,7 @@
 #include "platform/ChannelSelector.h"
 #include "platform/DateControls.h"
 #include "platform/TabControl.h"
+#include "platform/Table.h"
 
 #include <algorithm>
 #include <array>
@@ -110,6 +111,18 @@ void addContent(Json& state, const TabControl& control)
     state["index"] = control.tab();
 }
 
+void addContent(Json& state, const Table& table)
+{
+    state["columns"] = table.columns();
+    state["rows"] = Json::array();
+    for (const Table::Row& row : table.rows()) {
+        Json cells = Json::array();
+        for (const Table::Cell& cell : row.cells)
+            cells.push_back(cell.text);
+        state["rows"].push_back({{"name", row.header}, {"cells", std::move(cells)}});
+    }
+}
+
 void addContent(Json& state, const ChannelSelector& selector)
 {
     const auto& selected = selector.selected();
@@ -144,6 +157,8 @@ Json controlState(const Control& control)
         addContent(state, *grid);
     else if (const auto* tabs = dynamic_cast<const TabControl*>(&control))
         addContent(state, *tabs);
+    else if (const auto* table = dynamic_cast<const Table*>(&control))
+        addContent(state, *table);
     else if (const auto* selector = dynamic_cast<const ChannelSelector*>(&control))
         addContent(state, *selector);
     return state;

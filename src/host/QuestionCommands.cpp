@@ -1,6 +1,9 @@
 #include "host/Commands.h"
 #include "host/ControlState.h"
 #include "host/SetupWriter.h"
+#include "platform/Table.h"
+
+#include <algorithm>
 
 namespace ko {
 
@@ -59,6 +62,39 @@ void expect(Scenario& scenario, const Arguments& words)
         {{"control", words.text(0)}, {"property", words.text(1)}, {"expected", words.text(2)}, {"actual", actual}});
 }
 
+/// The place of a row or column by its header, or by `#INDEX`.
+std::size_t placeOf(const Scenario& scenario, const std::vector<std::string>& headers, const std::string& word)
+{
+    const auto index = word.starts_with('#') ? integerIn(std::string_view(word).substr(1)) : std::nullopt;
+    const auto named = std::find(headers.begin(), headers.end(), word);
+    const auto place =
+        index && *index >= 0 ? static_cast<std::size_t>(*index) : static_cast<std::size_t>(named - headers.begin());
+    if (place >= headers.size())
+        scenario.refuse("there is no row or column \"" + word + "\"");
+    return place;
+}
+
+void expectCell(Scenario& scenario, const Arguments& words)
+{
+    const auto* const table = dynamic_cast<const Table*>(&scenario.control(words.text(0)));
+    if (!table)
+        scenario.refuse("\"" + words.text(0) + "\" is no table");
+    std::vector<std::string> rows;
+    for (const Table::Row& row : table->rows())
+        rows.push_back(row.header);
+    const std::size_t row = placeOf(scenario, rows, words.text(1));
+    const std::size_t column = placeOf(scenario, table->columns(), words.text(2));
+    const std::string& actual = table->rows()[row].cells[column].text;
+    if (actual == words.text(3))
+        return;
+    scenario.expectationFailed = true;
+    scenario.log.event("expectation", {{"control", words.text(0)},
+                                       {"row", words.text(1)},
+                                       {"column", words.text(2)},
+                                       {"expected", words.text(3)},
+                                       {"actual", actual}});
+}
+
 void quiet(Scenario& scenario, const Arguments& words)
 {
     scenario.quiet = words.onOff(0);
@@ -72,7 +108,7 @@ void reads(Scenario& scenario, const Arguments& words)
 constexpr Command commands[]{
     {"state", Giver::Question, 0, anyNumber, state}, {"drivers", Giver::Question, 0, 0, drivers},
     {"expect", Giver::Question, 3, 3, expect},       {"quiet", Giver::Question, 1, 1, quiet},
-    {"reads", Giver::Question, 1, 1, reads},
+    {"reads", Giver::Question, 1, 1, reads},         {"expect-cell", Giver::Question, 4, 4, expectCell},
 };
 
 } // namespace

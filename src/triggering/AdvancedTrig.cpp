@@ -13,6 +13,7 @@ constexpr int textBase = 1300;
 constexpr int lineText = 3010;
 constexpr int noStartLineText = 3018;
 constexpr int noScanLineText = 3019;
+constexpr int mapText = 3280;
 
 /// The option of a line; null for no line.
 OptionButton* optionOf(const AdvancedTrig::Options& options, std::int32_t line)
@@ -46,6 +47,10 @@ AdvancedTrig::AdvancedTrig(Support& support) : DialogForm(support, "AdvancedTrig
     btnHelp.setTag("6");
     lblNoStartLine.setTag(std::to_string(noStartLineText - textBase));
     lblNoScanLine.setTag(std::to_string(noScanLineText - textBase));
+    for (Label* label : {&lblStartMap, &lblScanMap})
+        label->setTag(std::to_string(mapText - textBase));
+    tblStartMap.gotFocus = [this] { tabTrigger.setTab(startTab); };
+    tblScanMap.gotFocus = [this] { tabTrigger.setTab(scanTab); };
     load(textBase);
     btnOK.click = [this] { btnOK_Click(); };
     btnCancel.click = [this] { btnCancel_Click(); };
@@ -80,12 +85,20 @@ void AdvancedTrig::showColumn(const Options& options, const LineMask& available,
     noLine.setVisible(line < 0 && !anyLeft);
 }
 
+void AdvancedTrig::showMaps()
+{
+    showLineMap(tblStartMap, support(), drivers_, LineTrigger::start, {chosenStart_, chosenScan_});
+    showLineMap(tblScanMap, support(), drivers_, LineTrigger::scan, {chosenScan_, chosenStart_});
+}
+
 void AdvancedTrig::Display(LineMask& availStartLines, LineMask& availScanLines, std::int32_t& startLine,
                            std::int32_t& scanLine, const LineDrivers& lineDrivers)
 {
     const Steps step(support().errors, "Display", errorSource::triggering);
     chosenStart_ = startLine;
     chosenScan_ = scanLine;
+    drivers_ = lineDrivers.drivers;
+    step([&] { showMaps(); });
     showColumn(optStartTrig, availStartLines, startLine, lblNoStartLine, lineDrivers);
     showColumn(optScanTrig, availScanLines, scanLine, lblNoScanLine, lineDrivers);
     tabTrigger.setTabEnabled(startTab, lineDrivers.hasStartMaster);
@@ -111,6 +124,7 @@ void AdvancedTrig::optStartTrig_Click(std::int32_t line)
     setEnabled(optScanTrig, line, false);
     chosenStart_ = line;
     changed_ = true;
+    Steps(support().errors, "optStartTrig_Click")([&] { showMaps(); });
 }
 
 void AdvancedTrig::optScanTrig_Click(std::int32_t line)
@@ -119,6 +133,7 @@ void AdvancedTrig::optScanTrig_Click(std::int32_t line)
     setEnabled(optStartTrig, line, false);
     chosenScan_ = line;
     changed_ = true;
+    Steps(support().errors, "optScanTrig_Click")([&] { showMaps(); });
 }
 
 void AdvancedTrig::btnOK_Click()

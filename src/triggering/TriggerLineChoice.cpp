@@ -40,6 +40,11 @@ void addHint(LineDrivers& lineDrivers, std::int32_t line, std::string text, cons
     hint += (hint.empty() ? "" : "\n") + text;
 }
 
+LineOffer offerAt(const LineOffers& offers, std::size_t driver)
+{
+    return driver < offers.size() ? offers[driver] : LineOffer();
+}
+
 } // namespace
 
 TriggerLineChoice::TriggerLineChoice(Page& page, Support& support, Actions& actions, Triggering& triggering,
@@ -55,6 +60,8 @@ void TriggerLineChoice::build(bool found)
     page_.scanTriggerLine = -1;
     page_.availStartLines = {};
     page_.availScanLines = {};
+    startOffers_.clear();
+    scanOffers_.clear();
     if (found)
         buildLists();
     const bool both = page_.dynamicDriverIndex >= 0 && page_.staticDriverIndex >= 0;
@@ -71,6 +78,8 @@ void TriggerLineChoice::buildLists()
     const Drivers drivers = page_.currentDrivers();
     page_.availStartLines = triggering_.buildStartTriggerList(drivers, page_.dynamicDriverIndex, page_.scanTriggerLine);
     page_.availScanLines = triggering_.buildScanTriggerList(drivers, page_.staticDriverIndex, page_.startTriggerLine);
+    startOffers_ = triggering_.startOffers();
+    scanOffers_ = triggering_.scanOffers();
     if (page_.scanTriggerLine == page_.startTriggerLine)
         page_.scanTriggerLine = -1;
     leaveOutEachOther();
@@ -110,14 +119,20 @@ LineDrivers TriggerLineChoice::lineDrivers(const Steps& step) const
     LineDrivers result;
     result.hasStartMaster = page_.dynamicDriverIndex >= 0;
     result.hasScanMaster = page_.staticDriverIndex >= 0;
-    for (const auto& driver : page_.currentDrivers())
+    const Drivers drivers = page_.currentDrivers();
+    for (std::size_t i = 0; i < drivers.size(); ++i)
         step([&] {
-            TriggerLines* lines = driver ? driver->queryTriggerLines() : nullptr;
+            TriggerLines* lines = drivers[i] ? drivers[i]->queryTriggerLines() : nullptr;
             if (!lines)
                 return;
-            const std::string name = driver->DriverName(0);
-            addHint(result, lines->StartTriggerLine(), support_.text(drivesStartText), name);
-            addHint(result, lines->ScanTriggerLine(), support_.text(drivesScanText), name);
+            LineDriver& driver = result.drivers.emplace_back();
+            driver.start = offerAt(startOffers_, i);
+            driver.scan = offerAt(scanOffers_, i);
+            driver.name = drivers[i]->DriverName(0);
+            driver.drivesStart = lines->StartTriggerLine();
+            addHint(result, driver.drivesStart, support_.text(drivesStartText), driver.name);
+            driver.drivesScan = lines->ScanTriggerLine();
+            addHint(result, driver.drivesScan, support_.text(drivesScanText), driver.name);
         });
     return result;
 }

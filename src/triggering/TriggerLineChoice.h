@@ -4,6 +4,7 @@
 #include "page/Page.h"
 #include "support/Steps.h"
 #include "support/Support.h"
+#include "triggering/LineUse.h"
 
 #include <functional>
 
@@ -42,6 +43,7 @@ private:
     Actions& actions_;
     Triggering& triggering_;
     Dialog dialog_;
+    LineOffers startOffers_, scanOffers_; ///< of the page's drivers, from the survey for the lists
 };
 
 } // namespace ko

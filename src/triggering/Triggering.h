@@ -4,6 +4,7 @@
 #include "page/Page.h"
 #include "page/TriggerVars.h"
 #include "support/Support.h"
+#include "triggering/LineUse.h"
 
 #include <optional>
 
@@ -45,6 +46,10 @@ public:
     /// The same with the roles of start and sync exchanged.
     LineMask buildScanTriggerList(Drivers drivers, std::int32_t scanMaster, std::int32_t& startLine);
 
+    /// What the drivers offered when the two lists were built last.
+    [[nodiscard]] const LineOffers& startOffers() const { return startOffers_; }
+    [[nodiscard]] const LineOffers& scanOffers() const { return scanOffers_; }
+
     /// Lets the master drive the line and every other driver listen to it; -1 for none. Without a master (-1) the
     /// first driver that can be start master is taken; a driver that fails while it is looked for is passed over.
     void setStartTriggerLine(Drivers drivers, std::int32_t master, std::int32_t line);
@@ -55,6 +60,8 @@ private:
     Support& support_;
     std::int32_t masterStartLine_ = -1; ///< what the masters were found to drive
     std::int32_t masterScanLine_ = -1;
+    LineOffers startOffers_;
+    LineOffers scanOffers_;
 };
 
 } // namespace ko

@@ -119,29 +119,44 @@ LineMask maskOf(const Steps& step, const LineList& list)
     return mask;
 }
 
-void restrict(const Steps& step, LineMask& available, const LineList& list)
+/// None where the driver fails.
+std::optional<LineMask> offeredLines(const Steps& step, TriggerLines& lines, LineList (TriggerLines::*question)())
 {
-    if (list.empty())
-        return;
-    const LineMask mask = maskOf(step, list);
-    for (std::size_t line = 0; line < available.size(); ++line)
-        available[line] = available[line] && mask[line];
+    LineList list;
+    if (!step([&] { list = (lines.*question)(); }))
+        return std::nullopt;
+    LineMask all;
+    all.fill(true);
+    return list.empty() ? all : maskOf(step, list);
 }
 
-LineMask commonLines(const Steps& step, Drivers drivers, std::int32_t master, const TriggerRole& role)
+/// Asks the master first. Without one that has trigger lines nobody is asked.
+LineOffers askForLines(const Steps& step, Drivers drivers, std::int32_t master, const TriggerRole& role)
 {
-    LineMask available;
-    available.fill(true);
+    LineOffers offers(drivers.size());
     const auto masterAt = static_cast<std::size_t>(master);
+    if (masterAt < offers.size())
+        offers[masterAt].isMaster = true;
     TriggerLines* masterLines = master < 0 ? nullptr : step.value([&] { return linesOf(drivers, masterAt); });
     if (!masterLines)
-        return available;
-    restrict(step, available, step.value([&] { return (masterLines->*role.linesAsMaster)(); }));
+        return offers;
+    offers[masterAt].lines = offeredLines(step, *masterLines, role.linesAsMaster);
     for (std::size_t i = 0; i < drivers.size(); ++i) {
         TriggerLines* lines = i == masterAt ? nullptr : step.value([&] { return linesOf(drivers, i); });
         if (lines)
-            restrict(step, available, step.value([&] { return (lines->*role.linesAsListener)(); }));
+            offers[i].lines = offeredLines(step, *lines, role.linesAsListener);
     }
+    return offers;
+}
+
+/// Who has not told its lines narrows nothing down.
+LineMask commonLines(const LineOffers& offers)
+{
+    LineMask available;
+    available.fill(true);
+    for (const LineOffer& offer : offers)
+        for (std::size_t line = 0; line < available.size() && offer.lines; ++line)
+            available[line] = available[line] && (*offer.lines)[line];
     return available;
 }
 
@@ -213,7 +228,8 @@ TriggerMasters Triggering::findTriggerMasters(Drivers drivers)
 LineMask Triggering::buildStartTriggerList(Drivers drivers, std::int32_t startMaster, std::int32_t& scanLine)
 {
     const Steps step(support_.errors, "buildStartTriggerList", errorSource::triggering);
-    LineMask available = commonLines(step, drivers, startMaster, startRole);
+    startOffers_ = askForLines(step, drivers, startMaster, startRole);
+    LineMask available = commonLines(startOffers_);
     leaveOut(step, available, scanLine, masterScanLine_);
     return available;
 }
@@ -221,7 +237,8 @@ LineMask Triggering::buildStartTriggerList(Drivers drivers, std::int32_t startMa
 LineMask Triggering::buildScanTriggerList(Drivers drivers, std::int32_t scanMaster, std::int32_t& startLine)
 {
     const Steps step(support_.errors, "buildScanTriggerList", errorSource::triggering);
-    LineMask available = commonLines(step, drivers, scanMaster, scanRole);
+    scanOffers_ = askForLines(step, drivers, scanMaster, scanRole);
+    LineMask available = commonLines(scanOffers_);
     leaveOut(step, available, startLine, masterStartLine_);
     return available;
 }

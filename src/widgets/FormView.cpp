@@ -11,6 +11,7 @@
 #include "widgets/NumberList.h"
 #include "widgets/PictureBinding.h"
 #include "widgets/TabControlBinding.h"
+#include "widgets/TableBinding.h"
 #include "widgets/TextBoxBinding.h"
 
 #include <QAbstractScrollArea>
@@ -136,6 +137,11 @@ QGroupBox& FormView::frame(Frame& control, QLabel* heading)
 QTableWidget& FormView::grid(Grid& control)
 {
     return bind<GridBinding>(control, new QTableWidget(this));
+}
+
+QTableWidget& FormView::table(Table& control)
+{
+    return bind<TableBinding>(control, new TableWidget(this));
 }
 
 QTabWidget& FormView::tabs(TabControl& control)

@@ -33,6 +33,7 @@ class ChannelBrowser;
 class ChannelSelector;
 class PictureBox;
 class TabControl;
+class Table;
 class TimePicker;
 struct Locale;
 
@@ -67,6 +68,7 @@ public:
     /// The caption is the box's title, or stands in `heading`, where it can take several lines.
     QGroupBox& frame(Frame& control, QLabel* heading = nullptr);
     QTableWidget& grid(Grid& control);
+    QTableWidget& table(Table& control);
     /// The tabs' frames are made before it.
     QTabWidget& tabs(TabControl& control);
     ChannelBrowser& channelBrowser(ChannelSelector& control);

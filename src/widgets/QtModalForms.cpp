@@ -28,7 +28,8 @@ public:
         // Enter presses it wherever the focus is, but on another button.
         if (auto* ok = findChild<QPushButton*>(toQt(kind.okButton)))
             ok->setDefault(true);
-        adjustSize();
+        // The toolkit itself leaves a third of the screen unused.
+        resize(sizeHint().boundedTo(screen()->availableSize() * 9 / 10));
         follow();
     }
 

@@ -2,6 +2,7 @@
 
 #include "platform/ChannelSelector.h"
 #include "platform/TabControl.h"
+#include "platform/Table.h"
 #include "widgets/ChannelBrowser.h"
 #include "widgets/FormView.h"
 
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QVBoxLayout>
 
 namespace ko {
@@ -79,8 +81,8 @@ class AdvancedTrigView : public FormView {
 public:
     AdvancedTrigView(Form& form, const Texts& texts) : FormView(form, texts)
     {
-        layColumn("frmStartTrig", "optStartTrig", "lblNoStartLine");
-        layColumn("frmScanTrig", "optScanTrig", "lblNoScanLine");
+        layTab("frmStartTrig", column("optStartTrig", "lblNoStartLine"), map("lblStartMap", "tblStartMap"));
+        layTab("frmScanTrig", column("optScanTrig", "lblNoScanLine"), map("lblScanMap", "tblScanMap"));
         auto* buttons = new QHBoxLayout;
         buttons->addStretch(1);
         auto* whole = new QVBoxLayout(this);
@@ -98,17 +100,35 @@ protected:
     }
 
 private:
-    void layColumn(const std::string& frameName, const std::string& options, const std::string& noLine)
+    QLayout* column(const std::string& options, const std::string& noLine)
     {
-        QGroupBox& box = frame(controlOf<Frame>(form(), frameName));
-        box.setFlat(true);
-        auto* column = new QVBoxLayout(&box);
+        auto* column = new QVBoxLayout;
         for (int line = 0; line < 8; ++line)
             column->addWidget(&option(controlOf<OptionButton>(form(), options + "(" + std::to_string(line) + ")")));
         QLabel& none = label(controlOf<Label>(form(), noLine));
         none.setWordWrap(true);
         column->addWidget(&none);
         column->addStretch(1);
+        return column;
+    }
+
+    QLayout* map(const std::string& title, const std::string& tableName)
+    {
+        auto& control = controlOf<Table>(form(), tableName);
+        QTableWidget& shown = table(control);
+        auto* map = new QVBoxLayout;
+        map->addWidget(&label(controlOf<Label>(form(), title), {&control}));
+        map->addWidget(&shown, 1);
+        return map;
+    }
+
+    void layTab(const std::string& frameName, QLayout* options, QLayout* map)
+    {
+        QGroupBox& box = frame(controlOf<Frame>(form(), frameName));
+        box.setFlat(true);
+        auto* sides = new QHBoxLayout(&box);
+        sides->addLayout(options);
+        sides->addLayout(map, 1);
     }
 };
 

@@ -1,7 +1,4 @@
-#include "host/Scenario.h"
-
-#include <gtest/gtest.h>
-#include <sstream>
+#include "PlayedScenario.h"
 
 namespace ko {
 namespace {
@@ -88,6 +85,46 @@ click mnuTimebaseTriggerLines
 {"line":24,"event":"write","driver":0,"operation":"ScanTriggerInput","value":3}
 {"line":24,"event":"changed"}
 )-");
+}
+
+TEST(TriggerScenarioTest, TheMapOfTheLinesIsCheckedCellByCell)
+{
+    EXPECT_EQ(played(R"(quiet on
+dialog AdvancedTrig
+focus tblScanMap
+expect tabTrigger index 1
+click optStartTrig(3)
+expect-cell tblStartMap Digitizer "Line 3" drives
+expect-cell tblStartMap #1 #3 listens
+expect-cell tblScanMap Scanner "Line 3" taken
+click btnCancel
+end
+click mnuTimebaseTriggerLines
+)"),
+              R"({"line":15,"event":"dialog","form":"AdvancedTrig","action":"opened","left":0,"top":0}
+{"line":13,"event":"dialog","form":"AdvancedTrig","action":"closed","left":0,"top":0}
+)");
+}
+
+TEST(TriggerScenarioTest, ACellThatIsOtherwiseOrIsNotThereIsTold)
+{
+    const auto opened = [](const std::string& question) {
+        return test::play("quiet on\nsetup\nshow\ndialog AdvancedTrig\n" + question +
+                              "\nend\nclick mnuTimebaseTriggerLines\n",
+                          bench);
+    };
+    const test::Played other = opened("expect-cell tblStartMap Digitizer \"Line 0\" listens");
+    EXPECT_FALSE(other.expectationsMet);
+    EXPECT_EQ(
+        other.only({"expectation"}),
+        R"({"line":5,"event":"expectation","control":"tblStartMap","row":"Digitizer","column":"Line 0","expected":"listens","actual":"drives"})"
+        "\n");
+    for (const char* wrong : {"tblStartMap Nobody #0 x", "tblStartMap #2 #0 x", "tblStartMap #0 #8 x",
+                              "tblStartMap #-1 #0 x", "tabTrigger #0 #0 x"})
+        EXPECT_FALSE(opened(std::string("expect-cell ") + wrong).fault.empty()) << wrong;
+    const test::Played state = opened("state tblStartMap");
+    EXPECT_NE(state.only({"state"}).find(R"("rows":[{"name":"Digitizer","cells":["drives","taken",)"),
+              std::string::npos);
 }
 
 } // namespace

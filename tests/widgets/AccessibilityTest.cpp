@@ -33,6 +33,7 @@ const std::map<std::string_view, QAccessible::Role> roles{
     {"DTPicker", QAccessible::SpinBox},
     {"ChannelSelector", QAccessible::Grouping},
     {"SSTab", QAccessible::PageTabList},
+    {"Table", QAccessible::Table},
 };
 
 /// What a screen reader is told by the demo's page and its dialogs.

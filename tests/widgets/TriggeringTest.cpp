@@ -2,6 +2,7 @@
 #include "platform/ChannelSelector.h"
 #include "widgets/ChannelBrowser.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,6 +11,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -241,6 +244,65 @@ TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
         [&] { page.mnuTimebaseTriggerLines.userClicked(); });
     EXPECT_EQ(page.startTriggerLine, 2);
     EXPECT_EQ(page.scanTriggerLine, 0);
+}
+
+TEST_F(TriggeringTest, TheMapOfTheLinesIsATableThatFollowsTheOptions)
+{
+    inDialog(
+        [](QDialog& dialog) {
+            auto* map = dialog.findChild<QTableWidget*>("tblStartMap");
+            ASSERT_NE(map, nullptr);
+            ASSERT_EQ(map->rowCount(), 2);
+            ASSERT_EQ(map->columnCount(), 8);
+            press(Qt::Key_Tab);
+            press(Qt::Key_Tab);
+            EXPECT_TRUE(map->hasFocus()) << "behind the tabs and the options";
+            for (int i = 0; i < 3; ++i)
+                press(Qt::Key_Right);
+            press(Qt::Key_Down);
+            QTest::mouseClick(dialog.findChild<QRadioButton*>("optStartTrig(3)"), Qt::LeftButton, {}, QPoint(8, 8));
+            EXPECT_EQ(map->item(0, 3)->text(), "drives");
+            EXPECT_EQ(map->currentItem(), map->item(1, 3)) << "the user's place";
+            QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(map);
+            EXPECT_EQ(seen->role(), QAccessible::Table);
+            EXPECT_EQ(seen->text(QAccessible::Name), "Instruments and lines:");
+            const QAccessibleTableInterface* cells = seen->tableInterface();
+            QAccessibleInterface* cell = cells->cellAt(1, 3);
+            EXPECT_EQ(cell->text(QAccessible::Name), "listens");
+            EXPECT_EQ(cell->text(QAccessible::Description), "Line 3: Scanner listens for this trigger.");
+            EXPECT_EQ(cell->tableCellInterface()->rowHeaderCells().at(0)->text(QAccessible::Name), "Scanner");
+            EXPECT_EQ(cell->tableCellInterface()->columnHeaderCells().at(0)->text(QAccessible::Name), "Line 3");
+            press(Qt::Key_Escape);
+        },
+        [&] { page.mnuTimebaseTriggerLines.userClicked(); });
+    EXPECT_EQ(page.startTriggerLine, 0);
+}
+
+TEST_F(TriggeringTest, ManyInstrumentsScrollInsteadOfOutgrowingTheScreen)
+{
+    std::string drivers(bench);
+    std::string more;
+    for (int i = 0; i < 60; ++i)
+        more += R"(, {"name": "Another instrument of a long name", "timebase": {}, "triggerLines": {}})";
+    drivers.insert(drivers.rfind(']'), more);
+    QFile file(folder.filePath("many.json"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(drivers.c_str());
+    file.close();
+    window.open(fromQt(file.fileName()));
+    inDialog(
+        [](QDialog& dialog) {
+            auto* map = dialog.findChild<QTableWidget*>("tblStartMap");
+            EXPECT_EQ(map->rowCount(), 62);
+            EXPECT_TRUE(map->verticalScrollBar()->isVisible());
+            const QSize screen = dialog.screen()->availableSize();
+            EXPECT_LE(dialog.width(), screen.width());
+            EXPECT_LE(dialog.height(), screen.height());
+            EXPECT_LE(dialog.minimumSizeHint().height(), 400);
+            EXPECT_LE(dialog.minimumSizeHint().width(), 500);
+            dialog.reject();
+        },
+        [&] { page.mnuTimebaseTriggerLines.userClicked(); });
 }
 
 } // namespace

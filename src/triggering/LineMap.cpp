@@ -1,0 +1,87 @@
+#include "triggering/LineMap.h"
+
+#include <utility>
+
+namespace ko {
+
+namespace {
+
+constexpr std::int32_t lineCount = 8;
+constexpr int lineText = 3010;
+constexpr int wordText = 3281;    ///< and those of the other uses, in their order
+constexpr int meaningText = 3290; ///< likewise
+constexpr int takenByStartText = 3299;
+constexpr int unnamedText = 3300;
+
+std::string filled(std::string text, const char* place, const std::string& with)
+{
+    const std::size_t at = text.find(place);
+    return at == std::string::npos ? text : text.replace(at, 2, with);
+}
+
+Table::Emphasis emphasisOf(LineUse use)
+{
+    switch (use) {
+    case LineUse::listens:
+    case LineUse::drives:
+    case LineUse::mustListen:
+    case LineUse::mustDrive: return Table::Emphasis::strong;
+    case LineUse::unknown:
+    case LineUse::unusable:
+    case LineUse::taken: return Table::Emphasis::weak;
+    case LineUse::canListen:
+    case LineUse::canDrive: break;
+    }
+    return Table::Emphasis::none;
+}
+
+/// The cells of one trigger's map.
+class CellWriter {
+public:
+    CellWriter(const Support& support, LineTrigger trigger) : support_(support), trigger_(trigger) {}
+
+    [[nodiscard]] Table::Cell cell(LineUse use, std::int32_t line, const std::string& driver) const
+    {
+        const int at = static_cast<int>(use);
+        const bool byStart = use == LineUse::taken && trigger_ == LineTrigger::scan;
+        const std::string meaning = support_.text(byStart ? takenByStartText : meaningText + at);
+        return {support_.text(wordText + at),
+                filled(filled(meaning, "%2", support_.text(lineText + line)), "%1", driver), emphasisOf(use)};
+    }
+
+    [[nodiscard]] Table::Row row(const LineDriver& driver, std::string name, const ChosenLines& chosen) const
+    {
+        const bool isStart = trigger_ == LineTrigger::start;
+        Table::Row row{std::move(name), {}};
+        for (std::int32_t line = 0; line < lineCount; ++line) {
+            const LineUse use = lineUse(isStart ? driver.start : driver.scan,
+                                        isStart ? driver.drivesStart : driver.drivesScan, line, chosen);
+            row.cells.push_back(cell(use, line, row.header));
+        }
+        return row;
+    }
+
+private:
+    const Support& support_;
+    LineTrigger trigger_;
+};
+
+} // namespace
+
+void showLineMap(Table& table, const Support& support, std::span<const LineDriver> drivers, LineTrigger trigger,
+                 const ChosenLines& chosen)
+{
+    const CellWriter writer(support, trigger);
+    std::vector<std::string> columns;
+    for (std::int32_t line = 0; line < lineCount; ++line)
+        columns.push_back(support.text(lineText + line));
+    std::vector<Table::Row> rows;
+    for (const LineDriver& driver : drivers) {
+        const std::string number = std::to_string(rows.size() + 1);
+        rows.push_back(writer.row(
+            driver, driver.name.empty() ? filled(support.text(unnamedText), "%1", number) : driver.name, chosen));
+    }
+    table.setContent(std::move(columns), std::move(rows));
+}
+
+} // namespace ko
