@@ -3,9 +3,10 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
+#include <ctime>
 #include <limits>
 #include <memory>
+#include <sys/resource.h>
 
 namespace ko::bench {
 
@@ -17,11 +18,32 @@ using test::MadeCall;
 
 constexpr double never = std::numeric_limits<double>::infinity();
 
+double secondsOn(clockid_t clock)
+{
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+/// How often this thread had to make room for others.
+long interruptions()
+{
+    rusage usage{};
+    getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_nivcsw;
+}
+
+/// What else runs on the machine does not count: where the work was interrupted its processor time is taken, which is
+/// too coarse for short work.
 template <class Work> double seconds(Work&& work)
 {
-    const auto start = std::chrono::steady_clock::now();
+    const long before = interruptions();
+    const double processorStart = secondsOn(CLOCK_THREAD_CPUTIME_ID);
+    const double start = secondsOn(CLOCK_MONOTONIC);
     work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    const double taken = secondsOn(CLOCK_MONOTONIC) - start;
+    const double processorTime = secondsOn(CLOCK_THREAD_CPUTIME_ID) - processorStart;
+    return interruptions() == before ? taken : processorTime;
 }
 
 /// How many rounds of a call's work take so many nanoseconds.
