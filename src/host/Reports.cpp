@@ -42,7 +42,6 @@ Reports::Reports(const Texts& texts, QWidget* parent)
     button_->setAutoRaise(true);
     button_->setFocusPolicy(Qt::NoFocus);
     button_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button_->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     button_->setStatusTip(texts(hostText::reportsHint));
     button_->hide();
     QObject::connect(button_, &QToolButton::clicked, this, [this] { setVisible(!isVisible()); });
@@ -55,6 +54,8 @@ void Reports::add(std::int32_t number, const QString& source, const QString& des
     if (list_->count() > kept)
         delete list_->takeItem(0);
     list_->scrollToBottom();
+    if (button_->icon().isNull())
+        button_->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     button_->setText(countText_.arg(++count_));
     button_->show();
 }

@@ -55,6 +55,8 @@ public:
     /// Sets the size of the inner area and raises `resized` when it is another one.
     void resize(std::int32_t width, std::int32_t height);
 
+    /// Set by whoever shows the form as a dialog, raised before the form is placed: resizes it to what its view needs.
+    std::function<void()> measure;
     /// Every key that reaches the form before its controls see it.
     std::function<void(KeyPress&)> keyDown;
     /// The inner area has another size; the form lays its controls out.

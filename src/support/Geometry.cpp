@@ -48,12 +48,14 @@ Bounds clampedTo(const Rectangle& area, Bounds bounds)
 
 void placeAtCursor(Form& form, Screen& screen)
 {
+    raise(form.measure);
     const Point cursor = screen.cursorPosition();
     moveInside(form, screen, toLong(cursor.x * screen.twipsPerPixelX()), toLong(cursor.y * screen.twipsPerPixelY()));
 }
 
 void placeCentredUnderCursor(Form& form, Screen& screen)
 {
+    raise(form.measure);
     const Point cursor = screen.cursorPosition();
     const double scale = screen.twipsPerPixelX();
     const double middle = toLong(cursor.x * scale);

@@ -5,8 +5,8 @@
 
 namespace ko {
 
-/// Placement of dialogs at the mouse cursor. Both rules move the form, whose size in twips must be known, and keep it
-/// inside the desktop's work area. Failures of the screen reach the caller.
+/// Placement of dialogs at the mouse cursor. Both rules have the form measured and move it, and keep it inside the
+/// desktop's work area. Failures of the screen reach the caller.
 
 /// The form's top left corner at the cursor.
 void placeAtCursor(Form& form, Screen& screen);

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QRadioButton>
+#include <utility>
 
 namespace ko {
 
@@ -79,9 +80,13 @@ void addDateDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, 
             continue;
         const auto build = [texts, locale](Form& shown) { return new DateDialogView(shown, texts, locale); };
         modalForms.add(form->name(), {build, okButton, cancelButton});
-        DateDialogView view(*form, texts, locale);
-        view.ensurePolished();
-        form->resize(toTwips(view, view.sizeHint().width()), toTwips(view, view.sizeHint().height()));
+        form->measure = [form, texts, locale, measured = false]() mutable {
+            if (std::exchange(measured, true))
+                return;
+            DateDialogView view(*form, texts, locale);
+            view.ensurePolished();
+            form->resize(toTwips(view, view.sizeHint().width()), toTwips(view, view.sizeHint().height()));
+        };
     }
 }
 

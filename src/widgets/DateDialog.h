@@ -8,8 +8,8 @@
 
 namespace ko {
 
-/// Registers the view of the date-and-time dialog among the component's dialogs, and tells the dialog how large its
-/// view is, for it to be placed by. Times are in the format of `locale`. The forms outlive `modalForms`.
+/// Registers the view of the date-and-time dialog among the component's dialogs. How large it is it finds out when the
+/// dialog is first placed. Times are in the format of `locale`. The forms outlive `modalForms`.
 void addDateDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts,
                    const Locale& locale);
 

@@ -119,9 +119,7 @@ void applySettings(QPrinter& printer, const DeviceMode& settings)
     printer.setResolution(resolutionOf(settings.printQuality));
 }
 
-QtPrinters::QtPrinters(Surfaces surfaces) : surfaces_(std::move(surfaces)), current_(QPrinterInfo::defaultPrinterName())
-{
-}
+QtPrinters::QtPrinters(Surfaces surfaces) : surfaces_(std::move(surfaces)) {}
 
 QtPrinters::~QtPrinters() = default;
 
@@ -146,11 +144,12 @@ void QtPrinters::makeCurrent(std::int32_t index)
 std::unique_ptr<QPrinter> QtPrinters::makePrinter() const
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    if (current_.isEmpty() || current_ == QLatin1String(pdfName)) {
+    const QString name = current_ ? *current_ : QPrinterInfo::defaultPrinterName();
+    if (name.isEmpty() || name == QLatin1String(pdfName)) {
         printer->setOutputFormat(QPrinter::PdfFormat);
         printer->setOutputFileName(pdfFile_);
     } else {
-        printer->setPrinterName(current_);
+        printer->setPrinterName(name);
     }
     applySettings(*printer, settings_);
     return printer;

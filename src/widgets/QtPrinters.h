@@ -59,7 +59,7 @@ private:
 
     Surfaces surfaces_;
     QString pdfFile_;
-    QString current_;
+    std::optional<QString> current_; ///< none: the system's default
     DeviceMode settings_;
     QPrinter* lent_ = nullptr;
     std::unique_ptr<QPrinter> own_;

@@ -14,6 +14,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace ko {
 
@@ -136,9 +137,13 @@ template <class View>
 void add(QtModalForms& modalForms, Form& form, const Texts& texts, const std::string& ok, const std::string& cancel)
 {
     modalForms.add(form.name(), {[texts](Form& shown) { return new View(shown, texts); }, ok, cancel});
-    View view(form, texts);
-    view.ensurePolished();
-    tellSize(view, view.sizeHint());
+    form.measure = [&form, texts, measured = false]() mutable {
+        if (std::exchange(measured, true))
+            return;
+        View view(form, texts);
+        view.ensurePolished();
+        tellSize(view, view.sizeHint());
+    };
 }
 
 } // namespace

@@ -7,8 +7,8 @@
 
 namespace ko {
 
-/// Registers the views of the trigger dialogs among the component's dialogs, and tells each dialog how large its view
-/// is, for it to be placed by. `texts` and the forms outlive `modalForms`.
+/// Registers the views of the trigger dialogs among the component's dialogs. How large a dialog's view is it finds out
+/// when the dialog is first placed. `texts` and the forms outlive `modalForms`.
 void addTriggerDialogs(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts);
 
 } // namespace ko

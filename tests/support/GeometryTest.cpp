@@ -47,6 +47,19 @@ TEST(Geometry, PlacesDialogsAtTheCursorAndInsideTheWorkArea)
     }
 }
 
+TEST(Geometry, AFormIsMeasuredBeforeItIsPlaced)
+{
+    for (const auto place : {placeAtCursor, placeCentredUnderCursor}) {
+        FakePlatform screen;
+        screen.cursor = {990, 690};
+        screen.area = area;
+        Form form("Dialog");
+        form.measure = [&form] { form.resize(3000, 1500); };
+        place(form, screen);
+        EXPECT_EQ(form.bounds(), (Bounds{12000, 9000, 3000, 1500}));
+    }
+}
+
 TEST(Geometry, ALargeFormKeepsTheLeftAndTopEdges)
 {
     EXPECT_EQ(clampedTo({100, 200, 300, 400}, {150, 250, 5000, 5000}), (Bounds{100, 200, 5000, 5000}));
