@@ -34,9 +34,30 @@ public:
         auto* layout = new QHBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(box, 0, Qt::AlignCenter);
+        showFrame();
     }
 
     QCheckBox* box;
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        QWidget::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange)
+            showFrame();
+    }
+
+private:
+    /// A style may take the frame from the window's colour, which a dark field does not show.
+    void showFrame()
+    {
+        QPalette seen = palette();
+        const QColor field = seen.color(QPalette::Base);
+        if (field.lightness() >= 128)
+            return box->setPalette({});
+        seen.setColor(QPalette::Window, seen.color(QPalette::Text));
+        box->setPalette(seen);
+    }
 };
 
 class ListCell : public QComboBox {
