@@ -7,9 +7,12 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileInfo>
+#include <QImage>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTextBrowser>
 #include <QVBoxLayout>
+#include <QtMath>
 
 namespace ko {
 
@@ -27,10 +30,29 @@ QString pageOf(std::int32_t topic)
     }
 }
 
+/// Shows a picture that is wider than the page as wide as the page.
+class HelpBrowser : public QTextBrowser {
+public:
+    using QTextBrowser::QTextBrowser;
+
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        const QVariant resource = QTextBrowser::loadResource(type, name);
+        if (type != QTextDocument::ImageResource)
+            return resource;
+        const QImage picture = QImage::fromData(resource.toByteArray());
+        const int bar = verticalScrollBar()->isVisible() ? 0 : verticalScrollBar()->sizeHint().width();
+        const int room = viewport()->width() - bar - 2 * qCeil(document()->documentMargin());
+        if (picture.width() <= room || room <= 0)
+            return resource;
+        return picture.scaledToWidth(room, Qt::SmoothTransformation);
+    }
+};
+
 } // namespace
 
 HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* parent)
-    : QDialog(parent), folder_(folder), missingText_(texts(hostText::helpMissing)), browser_(new QTextBrowser(this))
+    : QDialog(parent), folder_(folder), missingText_(texts(hostText::helpMissing)), browser_(new HelpBrowser(this))
 {
     setObjectName(QStringLiteral("help"));
     setWindowTitle(withoutMnemonic(texts(hostText::helpMenu)));
@@ -48,6 +70,8 @@ HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* paren
     layout->addWidget(browser_);
     layout->addWidget(buttons);
     resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 40);
+    // A page is turned to before the window is shown.
+    layout->activate();
     browser_->setFocus();
 }
 
