@@ -73,6 +73,7 @@ void showLineMap(Table& table, const Support& support, std::span<const LineDrive
 {
     const CellWriter writer(support, trigger);
     std::vector<std::string> columns;
+    columns.reserve(lineCount);
     for (std::int32_t line = 0; line < lineCount; ++line)
         columns.push_back(support.text(lineText + line));
     std::vector<Table::Row> rows;

@@ -69,7 +69,7 @@ protected:
     Locale locale;
     int seconds = 0;
 
-    ~RecorderTest() override { fs::remove(file); }
+    void TearDown() override { fs::remove(file); }
     void use(const std::string& commands)
     {
         std::istringstream script(commands);

@@ -15,9 +15,9 @@ TEST(LineUseOf, ADriverIsToldByWhatItOffersAndByTheLinesThatAreChosen)
     const ChosenLines onEven{2, 4}, onOdd{3, 5}, none;
     const struct {
         LineOffer offer;
-        std::int32_t driven, line;
+        std::int32_t driven = 0, line = 0;
         ChosenLines chosen;
-        LineUse use;
+        LineUse use = LineUse::unusable;
     } cases[] = {
         {master, 2, 0, onEven, LineUse::canDrive},
         {master, 2, 1, onEven, LineUse::unusable},
