@@ -103,8 +103,8 @@ void describe(QAccessibleInterface& element, int depth, QStringList& lines)
     const QString value = element.text(QAccessible::Value);
     const QString hint = element.text(QAccessible::Description);
     if (!name.isEmpty()) {
-        QString line =
-            QString(depth * 2, QLatin1Char(' ')) + name + QStringLiteral(" [%1]").arg(roles.valueToKey(element.role()));
+        QString line = QString(qsizetype{2} * depth, QLatin1Char(' ')) + name +
+                       QStringLiteral(" [%1]").arg(roles.valueToKey(element.role()));
         if (!value.isEmpty())
             line += QStringLiteral(" = ") + value;
         lines << (hint.isEmpty() ? line : line + QStringLiteral("  (%1)").arg(hint));
