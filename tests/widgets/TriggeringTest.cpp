@@ -246,6 +246,15 @@ TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
     EXPECT_EQ(page.scanTriggerLine, 0);
 }
 
+/// The name of a cell's header, which the toolkit makes anew for whoever asks.
+QString nameOf(const QList<QAccessibleInterface*>& headers)
+{
+    const QString name = headers.at(0)->text(QAccessible::Name);
+    for (QAccessibleInterface* header : headers)
+        QAccessible::deleteAccessibleInterface(QAccessible::registerAccessibleInterface(header));
+    return name;
+}
+
 TEST_F(TriggeringTest, TheMapOfTheLinesIsATableThatFollowsTheOptions)
 {
     inDialog(
@@ -270,8 +279,8 @@ TEST_F(TriggeringTest, TheMapOfTheLinesIsATableThatFollowsTheOptions)
             QAccessibleInterface* cell = cells->cellAt(1, 3);
             EXPECT_EQ(cell->text(QAccessible::Name), "listens");
             EXPECT_EQ(cell->text(QAccessible::Description), "Line 3: Scanner listens for this trigger.");
-            EXPECT_EQ(cell->tableCellInterface()->rowHeaderCells().at(0)->text(QAccessible::Name), "Scanner");
-            EXPECT_EQ(cell->tableCellInterface()->columnHeaderCells().at(0)->text(QAccessible::Name), "Line 3");
+            EXPECT_EQ(nameOf(cell->tableCellInterface()->rowHeaderCells()), "Scanner");
+            EXPECT_EQ(nameOf(cell->tableCellInterface()->columnHeaderCells()), "Line 3");
             press(Qt::Key_Escape);
         },
         [&] { page.mnuTimebaseTriggerLines.userClicked(); });
