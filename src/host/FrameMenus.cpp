@@ -112,7 +112,7 @@ void FrameWindow::makeViewMenu()
     readOnly->setCheckable(true);
     connect(readOnly, &QAction::toggled, this, [this](bool on) {
         recording_->host({"read-only", on ? "on" : "off"});
-        document_->mode().setReadOnly(on);
+        watch_.health().rebuild([&] { document_->mode().setReadOnly(on); });
     });
     menu.addSeparator();
     addDock(menu, *instruments_, hostText::instruments);

@@ -1,6 +1,7 @@
 #include "host/FrameWindow.h"
 
 #include "host/DriverLog.h"
+#include "host/FailureStrip.h"
 #include "host/HostTexts.h"
 #include "host/InstrumentsView.h"
 #include "host/Reports.h"
@@ -10,13 +11,12 @@
 #include "widgets/PageTexts.h"
 #include "widgets/TriggerDialogs.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QToolButton>
-#include <algorithm>
+#include <QVBoxLayout>
 
 namespace ko {
 
@@ -34,6 +34,7 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
     addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
     addDateDialog(services_.modalForms, component_->dialogs(), texts, platform_.locale);
     makeDocks();
+    makeCentre();
     makeStatusBar();
     makePage();
     makeSession();
@@ -50,6 +51,7 @@ FrameWindow::~FrameWindow()
 {
     recording_.reset();
     site_->close();
+    watch_.health().changed = nullptr;
     watch_.watch({});
     page_->view().formChanged = nullptr;
     // They take their texts from the component until they are gone.
@@ -59,6 +61,29 @@ FrameWindow::~FrameWindow()
     document_->UserDocument_Hide();
     document_.reset();
     component_.reset();
+}
+
+void FrameWindow::makeCentre()
+{
+    failures_ = new FailureStrip([this](int number) { return text(number); }, this);
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(failures_);
+    setCentralWidget(centre);
+    watch_.health().changed = [this] { failures_->refreshLater(); };
+    failures_->failing = [this] { return watch_.health().failing(); };
+    failures_->tryAgain = [this] {
+        if (okToLeave())
+            handOverAgain();
+    };
+    failures_->grown = [this] {
+        QWidget* const focused = focusWidget();
+        if (focused && page_->view().isAncestorOf(focused))
+            page_->ensureWidgetVisible(focused);
+    };
+    failures_->leaving = [this] { page_->view().focus().follow(); };
 }
 
 void FrameWindow::makeDocks()
@@ -107,7 +132,7 @@ void FrameWindow::makePage()
     document_ = component_->createDocument(*this);
     page_ = new PageWidget(
         document_->page(), [this](int number) { return text(number); }, this);
-    setCentralWidget(page_);
+    static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, page_, 1);
     page_->view().formChanged = [this] { showHint(); };
 }
 
@@ -154,64 +179,6 @@ void FrameWindow::makeStatusBar()
     statusBar()->addPermanentWidget(&reports_->button());
 }
 
-void FrameWindow::handOver()
-{
-    watch_.watch(session_.drivers());
-    instruments_->show(session_.drivers());
-    showOnPage(session_.drivers());
-    page_->view().focus().follow();
-}
-
-void FrameWindow::showOnPage(const SimulatedDrivers& drivers)
-{
-    document_->UserDocument_Hide();
-    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
-    document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
-    document_->drivers().DriversHaveChanged();
-    document_->UserDocument_Show();
-}
-
-void FrameWindow::handOverAgain()
-{
-    QWidget* const focused = QApplication::focusWidget();
-    recording_->host({"setup"});
-    const SimulatedDrivers& drivers = session_.drivers();
-    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
-    document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
-    document_->drivers().DriversHaveChanged();
-    instruments_->refresh();
-    // The page's own focus does not call the user away from the instruments.
-    if (isInDock(focused))
-        focused->setFocus();
-}
-
-std::string FrameWindow::numberOf(const SimulatedDriver& driver) const
-{
-    const SimulatedDrivers& drivers = session_.drivers();
-    const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const auto& d) { return d.get() == &driver; });
-    return std::to_string(found - drivers.begin());
-}
-
-void FrameWindow::faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails)
-{
-    ScenarioWriter::Words words{fails ? "fail" : "heal", numberOf(driver)};
-    if (!operation.empty())
-        words.push_back(operation);
-    recording_->host(words);
-    session_.setChanged(true);
-}
-
-bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
-{
-    if (!okToLeave())
-        return false;
-    recording_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
-    driver.enableChannel(group, channel, on);
-    session_.setChanged(true);
-    handOverAgain();
-    return true;
-}
-
 QString FrameWindow::text(int number) const
 {
     QString text;
@@ -247,7 +214,8 @@ bool FrameWindow::okToLeave()
 
 bool FrameWindow::isInDock(const QWidget* widget) const
 {
-    return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget);
+    return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget) ||
+           failures_->isAncestorOf(widget);
 }
 
 bool FrameWindow::isAvailable(std::int32_t command)

@@ -19,6 +19,7 @@ class QLabel;
 namespace ko {
 
 class DriverLog;
+class FailureStrip;
 class InstrumentsView;
 class Reports;
 
@@ -49,6 +50,7 @@ public:
     [[nodiscard]] SetupSession& session() { return session_; }
     [[nodiscard]] InstrumentsView& instruments() { return *instruments_; }
     [[nodiscard]] DriverLog& driverLog() { return *log_; }
+    [[nodiscard]] DriverHealth& health() { return watch_.health(); }
     [[nodiscard]] QString text(int number) const;
     /// Prints the page on a printer that the toolkit has made ready, such as that of a preview.
     void printOn(QPrinter& printer);
@@ -66,6 +68,7 @@ private:
 
     void makeSite();
     void makeDocks();
+    void makeCentre();
     void makeSession();
     void makeStatusBar();
 
@@ -98,6 +101,7 @@ private:
     [[nodiscard]] std::string focusHint();
     /// Asks the page whether it may be left, and has it take a valid entry that is still being typed.
     [[nodiscard]] bool okToLeave();
+    /// In a dock, or in the strip below the page.
     [[nodiscard]] bool isInDock(const QWidget* widget) const;
     [[nodiscard]] bool isAvailable(std::int32_t command);
     void sendCommand(std::int32_t command);
@@ -120,11 +124,12 @@ private:
     std::unique_ptr<Document> document_;
     std::shared_ptr<FrameSite> site_;
     SetupSession session_;
-    DriverWatch watch_;
+    DriverWatch watch_{[] { return QtClock().now(); }};
     RecentFiles recent_;
     std::unique_ptr<UserQuestions> questions_;
     PageWidget* page_ = nullptr;
     std::unique_ptr<FrameRecording> recording_;
+    FailureStrip* failures_ = nullptr;
     Reports* reports_ = nullptr;
     InstrumentsView* instruments_ = nullptr;
     DriverLog* log_ = nullptr;

@@ -8,7 +8,7 @@ namespace {
 
 void handOver(Scenario& scenario, std::size_t count)
 {
-    scenario.document().drivers().setDrivers(scenario.driverList(count));
+    scenario.rebuild([&] { scenario.document().drivers().setDrivers(scenario.driverList(count)); });
 }
 
 void setup(Scenario& scenario, const Arguments& words)
@@ -60,12 +60,14 @@ void site(Scenario& scenario, const Arguments& words)
 
 void readOnly(Scenario& scenario, const Arguments& words)
 {
-    scenario.document().mode().setReadOnly(words.onOff(0));
+    const bool on = words.onOff(0);
+    scenario.rebuild([&] { scenario.document().mode().setReadOnly(on); });
 }
 
 void show(Scenario& scenario, const Arguments&)
 {
-    scenario.document().UserDocument_Show();
+    Document& document = scenario.document();
+    scenario.health.rebuild([&] { document.UserDocument_Show(); });
 }
 
 void hide(Scenario& scenario, const Arguments&)

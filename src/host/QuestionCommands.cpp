@@ -95,6 +95,38 @@ void expectCell(Scenario& scenario, const Arguments& words)
                                        {"actual", actual}});
 }
 
+Json toJson(const DriverFailure& failure)
+{
+    Json members{{"driver", failure.driver}, {"name", failure.name}, {"operation", failingName(failure.operation)}};
+    if (!failure.arguments.empty())
+        members["arguments"] = failure.arguments;
+    members.update({{"number", failure.number}, {"reason", failure.reason}, {"time", ko::toJson(failure.time)}});
+    return members;
+}
+
+void failing(Scenario& scenario, const Arguments&)
+{
+    Json list = Json::array();
+    for (const DriverFailure& failure : scenario.health.failing())
+        list.push_back(toJson(failure));
+    scenario.log.event("failing", {{"drivers", std::move(list)}});
+}
+
+void expectFailing(Scenario& scenario, const Arguments& words)
+{
+    const SimulatedDriver* const driver = &scenario.driver(words.text(0));
+    std::string actual = "none";
+    for (const DriverFailure& failure : scenario.health.failing())
+        if (scenario.drivers()[failure.driver].get() == driver)
+            actual = failingName(failure.operation);
+    if (words.text(1) != "none" && !findOperation(words.text(1)))
+        scenario.refuse("\"" + words.text(1) + "\" is no operation that can fail");
+    if (actual == words.text(1))
+        return;
+    scenario.expectationFailed = true;
+    scenario.log.event("expectation", {{"driver", words.text(0)}, {"expected", words.text(1)}, {"actual", actual}});
+}
+
 void quiet(Scenario& scenario, const Arguments& words)
 {
     scenario.quiet = words.onOff(0);
@@ -109,6 +141,7 @@ constexpr Command commands[]{
     {"state", Giver::Question, 0, anyNumber, state}, {"drivers", Giver::Question, 0, 0, drivers},
     {"expect", Giver::Question, 3, 3, expect},       {"quiet", Giver::Question, 1, 1, quiet},
     {"reads", Giver::Question, 1, 1, reads},         {"expect-cell", Giver::Question, 4, 4, expectCell},
+    {"failing", Giver::Question, 0, 0, failing},     {"expect-failing", Giver::Question, 2, 2, expectFailing},
 };
 
 } // namespace

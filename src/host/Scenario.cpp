@@ -13,10 +13,16 @@ class Scenario::Listener final : public CallObserver {
 public:
     Listener(Scenario& scenario, std::size_t driver) : scenario_(scenario), driver_(driver) {}
 
-    bool hears(Operation operation) override { return !scenario_.quiet && (scenario_.showReads || isWrite(operation)); }
+    bool hears(Operation operation) override
+    {
+        return isTold(operation) || scenario_.health.awaits(driver(), operation);
+    }
 
     void called(const DriverCall& call) override
     {
+        scenario_.health.answered(driver(), call);
+        if (!isTold(call.operation))
+            return;
         Json members{{"driver", driver_}, {"operation", operationName(call.operation)}};
         if (call.arguments.size() > 0)
             members["arguments"] = call.arguments;
@@ -24,7 +30,15 @@ public:
         scenario_.log.event(isWrite(call.operation) ? "write" : "read", members);
     }
 
+    void failed(const FailedCall& call) override { scenario_.health.failed(driver(), call); }
+
 private:
+    [[nodiscard]] bool isTold(Operation operation) const
+    {
+        return !scenario_.quiet && (scenario_.showReads || isWrite(operation));
+    }
+    [[nodiscard]] const SimulatedDriver& driver() const { return *scenario_.drivers_[driver_]; }
+
     Scenario& scenario_;
     std::size_t driver_;
 };
@@ -56,6 +70,7 @@ void Scenario::takeSetup(const Setup& setup)
         listeners_.push_back(std::make_unique<Listener>(*this, i));
         drivers_[i]->calls().observe(listeners_[i].get());
     }
+    health.watch(drivers_);
     title_ = setup.title;
     if (setup.clock)
         clock.time = setup.clock;
@@ -133,6 +148,15 @@ Control& Scenario::control(const std::string& name) const
     if (!found)
         refuse("there is no control \"" + name + "\"");
     return *found;
+}
+
+void Scenario::rebuild(const std::function<void()>& call)
+{
+    // The few calls that a hidden page makes say nothing of a driver.
+    if (document().page().isShown)
+        health.rebuild(call);
+    else
+        call();
 }
 
 void Scenario::refuse(const std::string& what) const

@@ -2,6 +2,7 @@
 
 #include "document/ClassFactory.h"
 #include "host/DialogPlayer.h"
+#include "host/DriverHealth.h"
 #include "host/HeadlessPlatform.h"
 #include "host/SetupFile.h"
 
@@ -43,11 +44,15 @@ public:
     SimulatedPrinters printers{log};
     SimulatedScreen screen;
     StandingClock clock;
+    DriverHealth health{[this] { return clock.now(); }};
 
     /// Reads and writes are told unless the script wants quiet; reads only where it asks for them.
     bool quiet = false;
     bool showReads = false;
     bool expectationFailed = false;
+
+    /// Runs a host's call that may rebuild the page; see `DriverHealth::rebuild`.
+    void rebuild(const std::function<void()>& call);
 
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
     [[nodiscard]] DriverList driverList(std::size_t count) const;

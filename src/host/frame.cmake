@@ -3,8 +3,10 @@ ko_folder(frame SOURCES
   DriverLog.cpp
   DriverLogModel.cpp
   DriverWatch.cpp
+  FailureStrip.cpp
   FaultDialog.cpp
   FrameFiles.cpp
+  FrameInstruments.cpp
   FrameMenus.cpp
   FramePrinting.cpp
   FrameSite.cpp

@@ -1,5 +1,7 @@
 #include "Scenes.h"
 
+#include "host/InstrumentsView.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
@@ -78,6 +80,19 @@ QPixmap triggerLines(FrameWindow& window)
     return dialogOf([&] { page(window).mnuTimebaseTriggerLines.userClicked(); });
 }
 
+/// Three instruments that fail, each at another call.
+QPixmap failingInstruments(FrameWindow& window)
+{
+    window.health().now = [&window] { return window.services().clock.now(); };
+    const SimulatedDrivers& drivers = window.session().drivers();
+    drivers[0]->calls().fail({"SampleChoiceList", 13, "Type mismatch"});
+    drivers[1]->calls().fail({"GroupCount"});
+    drivers[3]->calls().fail({"StopMode set", 70, "Permission denied"});
+    page(window).optStopTime.userClicked();
+    window.instruments().handOver();
+    return whole(window);
+}
+
 /// Typed with the keyboard alone, and not a number.
 QPixmap invalid(FrameWindow& window)
 {
@@ -133,6 +148,7 @@ constexpr Scene all[]{
     {"select-channel", selectChannel},
     {"date-time", dateTime},
     {"trigger-lines", triggerLines},
+    {"failing-instruments", failingInstruments},
     {"invalid", invalid},
     {"keyboard", keyboard},
     {"screen-reader", screenReader},
