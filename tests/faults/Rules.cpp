@@ -177,9 +177,9 @@ private:
 
 } // namespace
 
-Texts brokenAlways(const Bench& bench)
+Texts brokenAlways(const Page& page)
 {
-    return Rules(bench.page()).always();
+    return Rules(page).always();
 }
 
 Texts shownWrongly(const Bench& bench)

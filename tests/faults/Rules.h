@@ -5,7 +5,7 @@
 namespace ko::test {
 
 /// What does not hold of the page although it always must, whatever fails; a sentence each.
-Texts brokenAlways(const Bench& bench);
+Texts brokenAlways(const Page& page);
 
 /// What the page shows otherwise than the drivers hold it; for benches where nothing fails.
 Texts shownWrongly(const Bench& bench);

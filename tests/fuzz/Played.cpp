@@ -1,0 +1,84 @@
+#include "fuzz/Played.h"
+
+#include "faults/Rules.h"
+#include "fuzz/Targets.h"
+#include "host/SetupSaving.h"
+#include "host/SetupWriter.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace ko::fuzz {
+
+namespace {
+
+/// A report of the host that is no failure of a driver or the page: something escaped from a handler that should not
+/// even have been thrown.
+bool isEscape(const Json& event)
+{
+    return event["event"] == "report" && event["source"] == "korvell-host" && event["number"] == failure::unspecified &&
+           event["description"] != SimulatedFailure{}.description;
+}
+
+void checkEvents(const std::string& output, const std::string& script)
+{
+    const bool fails = script.find("fail") != std::string::npos;
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);) {
+        const Json event = Json::parse(line);
+        require(event["line"].is_number() && event["event"].is_string(), "an event has its line and name", line);
+        require(fails || !isEscape(event), "only failures leave a handler", line);
+    }
+}
+
+/// A page that was never shown is as it was designed.
+void checkPage(const Page& page)
+{
+    if (!page.isShown)
+        return;
+    for (const std::string& broken : test::brokenAlways(page))
+        require(false, broken, "the page after the script");
+}
+
+void checkFault(const ScriptFault& fault, const std::string& script)
+{
+    const auto lines = 1 + std::count(script.begin(), script.end(), '\n');
+    require(fault.line() >= 1 && fault.line() <= lines, "a fault names a line of the script", fault.what());
+    require(*fault.what() != '\0', "a fault says what is wrong", script);
+}
+
+} // namespace
+
+void checkSaved(const Setup& setup)
+{
+    std::string text;
+    try {
+        text = setupText(setup);
+    } catch (const nlohmann::json::exception&) {
+        return; // a text that is not UTF-8, which a script may bring in
+    }
+    require(parseSetup(text, "saved") == setup, "what is saved is read again", text);
+}
+
+void play(const std::string& script, const ScenarioOptions& options)
+{
+    std::ostringstream output;
+    std::istringstream input(script);
+    Scenario scenario(options, output);
+    try {
+        scenario.run(input);
+        checkPage(scenario.document().page());
+    } catch (const ScriptFault& fault) {
+        checkFault(fault, script);
+    }
+    checkEvents(output.str(), script);
+    checkSaved(withPresentValues(options.setup, scenario.drivers()));
+}
+
+const Setup& demoSetup()
+{
+    static const Setup setup = loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json");
+    return setup;
+}
+
+} // namespace ko::fuzz

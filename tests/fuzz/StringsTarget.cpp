@@ -1,0 +1,66 @@
+#include "fuzz/Played.h"
+#include "fuzz/Targets.h"
+#include "support/StringTable.h"
+
+#include <regex>
+
+namespace ko::fuzz {
+
+namespace {
+
+constexpr int lastNumber = 3000;
+
+const char* const tour = R"(site help status
+setup
+show
+state
+dialog AdvancedTrig
+state
+end
+click mnuTimebaseTriggerLines
+dialog SetDateTime
+state
+end
+click optStartTime
+double-click txtStartTime
+focus txtDuration
+type x
+hide
+)";
+
+std::string fileOf(const StringTable& table)
+{
+    std::string file;
+    for (int number = 1; number <= lastNumber; ++number) {
+        try {
+            file += std::to_string(number) + " \"" + table.text(number) + "\"\n";
+        } catch (const Failure& failure) {
+            require(failure.number() == failure::resourceNotFound, "a number without a text is not found", file);
+        }
+    }
+    return file;
+}
+
+void checkRefusal(const Failure& failure)
+{
+    static const std::regex refusal("string file, line [1-9][0-9]*: .+");
+    require(failure.number() == failure::invalidCall, "a file is refused as an invalid call", failure.what());
+    require(std::regex_match(failure.what(), refusal), "the refusal names the line", failure.what());
+}
+
+void run(std::string_view input)
+{
+    try {
+        const std::string file = fileOf(StringTable(input));
+        require(fileOf(StringTable(file)) == file, "what is written is read again", file);
+    } catch (const Failure& failure) {
+        return checkRefusal(failure);
+    }
+    play(tour, {.setup = demoSetup(), .folder = {}, .locale = {}, .language = std::string(input)});
+}
+
+} // namespace
+
+const Target strings{"strings", run};
+
+} // namespace ko::fuzz
