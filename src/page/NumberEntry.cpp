@@ -14,7 +14,7 @@ NumberEntry::NumberEntry(Page& page, Support& support, TextBox& box, NumberType 
     box.lostFocus = [this] { lostFocus(); };
     box.change = [this] { change(); };
     box.validate = [this] { return leave(); };
-    box.undo = [this] { putBack(Steps(support_.errors, names_.change)); };
+    box.undo = [this] { undo(); };
 }
 
 Range NumberEntry::hintRange()
@@ -54,7 +54,7 @@ void NumberEntry::change()
     if (page_.isLoading || page_.isUpdating || !isActive())
         return;
     const Steps step(support_.errors, names_.change);
-    const auto before = step.value([&] { return std::optional(inForce()); });
+    const auto before = step.value([&] { return inForce(); });
     const bool standsForIt = before && box_.text() == before->text;
     const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), false); });
     isPending_ = !number && !standsForIt;
@@ -71,10 +71,10 @@ bool NumberEntry::leave()
     if (isPending_) {
         const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), true); });
         if (!number) {
-            putBack(step);
+            step([&] { putBack(heldAfterRefusal()); });
             return false;
         }
-        apply(step, step.value([&] { return std::optional(inForce()); }), *number);
+        apply(step, step.value([&] { return inForce(); }), *number);
     }
     // "1." was on the way to "1.5".
     step([&] {
@@ -85,10 +85,16 @@ bool NumberEntry::leave()
     return true;
 }
 
-NumberEntry::InForce NumberEntry::inForce()
+std::optional<double> NumberEntry::heldAfterRefusal()
 {
-    const Held now = held();
-    return {now, textOf(now.value)};
+    const std::optional<Held> now = held();
+    return now ? std::optional(now->value) : std::nullopt;
+}
+
+std::optional<NumberEntry::InForce> NumberEntry::inForce()
+{
+    const std::optional<Held> now = held();
+    return now ? std::optional(InForce{*now, textOf(now->value)}) : std::nullopt;
 }
 
 void NumberEntry::apply(const Steps& step, const std::optional<InForce>& before, double value)
@@ -101,12 +107,19 @@ void NumberEntry::apply(const Steps& step, const std::optional<InForce>& before,
         accept(step, value, before ? std::optional(before->held) : std::nullopt);
 }
 
-void NumberEntry::putBack(const Steps& step)
+void NumberEntry::undo()
 {
+    const Steps step(support_.errors, names_.change);
     step([&] {
-        const Scoped guard(page_.isUpdating, true);
-        showSelected(heldAfterRefusal());
+        const std::optional<Held> now = held();
+        putBack(now ? std::optional(now->value) : std::nullopt);
     });
+}
+
+void NumberEntry::putBack(std::optional<double> value)
+{
+    const Scoped guard(page_.isUpdating, true);
+    showSelected(value);
 }
 
 std::string NumberEntry::textOf(double held) const
@@ -123,9 +136,9 @@ void NumberEntry::show(double held)
     box_.select(utf8Length(wanted), 0);
 }
 
-void NumberEntry::showSelected(double held)
+void NumberEntry::showSelected(std::optional<double> held)
 {
-    box_.setText(textOf(held));
+    box_.setText(held ? textOf(*held) : "");
     box_.setMarked(false);
     isPending_ = false;
     selectAllText(box_);

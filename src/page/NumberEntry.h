@@ -8,7 +8,7 @@
 
 namespace ko {
 
-/// A number as a driver holds it, and the timebase that holds it; none where no driver has one.
+/// A number as a driver holds it, and the timebase that holds it; none for a number that the page keeps itself.
 struct Held {
     double value = 0.0;
     const Timebase* of = nullptr;
@@ -42,10 +42,10 @@ public:
 protected:
     /// What the box accepts now.
     virtual NumberBounds bounds() = 0;
-    /// The number in force. Failures reach the caller.
-    virtual Held held() = 0;
-    /// The number that takes the place of a refused text. Failures reach the caller.
-    virtual double heldAfterRefusal() { return held().value; }
+    /// The number in force; none where no driver has a timebase. Failures reach the caller.
+    virtual std::optional<Held> held() = 0;
+    /// The number that takes the place of a refused text; none: an empty text does. Failures reach the caller.
+    virtual std::optional<double> heldAfterRefusal();
     /// The number that the box shows for one that a driver holds.
     [[nodiscard]] virtual double shown(double held) const = 0;
     /// Writes an accepted number, as the box shows it, and shows what came of it with `show`. `before` is what was in
@@ -59,8 +59,8 @@ protected:
     /// Shows a number that a driver holds in this box, which the user is typing in: the text stays as long as it
     /// reads as that number.
     void show(double held);
-    /// Shows a number that a driver holds in this box with the whole text selected.
-    void showSelected(double held);
+    /// Shows a number that a driver holds (none: nothing) in this box with the whole text selected.
+    void showSelected(std::optional<double> held);
     /// The text that stands for a number that a driver holds.
     [[nodiscard]] std::string textOf(double held) const;
 
@@ -76,9 +76,10 @@ private:
     void gotFocus();
     void lostFocus();
     void change();
-    [[nodiscard]] InForce inForce();
+    [[nodiscard]] std::optional<InForce> inForce();
     void apply(const Steps& step, const std::optional<InForce>& before, double value);
-    void putBack(const Steps& step);
+    void undo();
+    void putBack(std::optional<double> value);
     [[nodiscard]] std::string text(double value) const;
 
     Page& page_;

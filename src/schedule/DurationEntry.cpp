@@ -33,14 +33,14 @@ NumberBounds DurationEntry::bounds()
     return {0.0, double{std::numeric_limits<float>::max()} / unit()};
 }
 
-Held DurationEntry::held()
+std::optional<Held> DurationEntry::held()
 {
     return recording_.durationInForce();
 }
 
 void DurationEntry::accept(const Steps& step, double value, const std::optional<Held>& before)
 {
-    write(step, value, before, [this] { showSelected(held().value); });
+    write(step, value, before, [this] { showSelected(recording_.durationInForce().value); });
 }
 
 bool DurationEntry::write(const Steps& step, double value, const std::optional<Held>& before,
@@ -72,7 +72,7 @@ void DurationEntry::cmbInterval_click()
     }
     std::optional<Held> before;
     const bool holds = step.value([&] {
-        before = held();
+        before = recording_.durationInForce();
         return textOf(before->value) == numberText(*value, support().locale());
     });
     if (holds)
@@ -85,7 +85,7 @@ void DurationEntry::unitRefused()
 {
     page().cmbInterval.select(intervalAtFocus_);
     const Scoped guard(page().isUpdating, true);
-    showSelected(held().value);
+    showSelected(recording_.durationInForce().value);
 }
 
 } // namespace ko

@@ -15,7 +15,7 @@ public:
 
 protected:
     NumberBounds bounds() override;
-    Held held() override;
+    std::optional<Held> held() override;
     double shown(double seconds) const override { return seconds / unit(); }
     void accept(const Steps& step, double value, const std::optional<Held>& before) override;
     bool isActive() override { return page().optAfter.value(); }

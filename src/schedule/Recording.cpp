@@ -95,11 +95,17 @@ void Recording::showKept(const Steps& step, const ScheduleChange& change)
             const std::int32_t start = timebase->StartMode();
             showModes(start, start == startMode::atTime ? timebase->StopMode() : stopMode::afterDuration);
         });
+    bool startsElsewhere = false;
     if (change.startTime)
-        step([&] { show(page_.txtStartTime, generalDate(timebase->StartTime(), support_.locale())); });
+        step([&] {
+            const DateTime kept = timebase->StartTime();
+            startsElsewhere = kept != *change.startTime;
+            show(page_.txtStartTime, generalDate(kept, support_.locale()));
+        });
     if (change.duration)
         step([&] {
-            if (const float kept = timebase->Duration(); kept != *change.duration)
+            const float kept = timebase->Duration();
+            if (kept != *change.duration || (startsElsewhere && page_.optStopTime.value()))
                 showKeptDuration(widen(kept));
         });
 }

@@ -131,12 +131,14 @@ void DynamicEditors::choose(const Steps& step, ComboBox& chosen, const ComboBox&
     const Scoped guard(page_.isUpdating, true);
     const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
     const Written written = period ? write(step, samplePeriod, *period) : Written{};
-    if (written.fate != Written::Fate::Accepted) {
+    const bool accepted = written.fate == Written::Fate::Accepted;
+    if (!accepted)
         chosen.select(partner.index());
-        return;
+    // A driver that rounds may have taken its old period back as another.
+    if (accepted || (written.fate == Written::Fate::Refused && written.inForce)) {
+        pair_.selectPeriod(written.inForce.value_or(*period), chosen.index());
+        showSpan(step, written.inForce);
     }
-    pair_.selectPeriod(written.inForce.value_or(*period), chosen.index());
-    showSpan(step, written.inForce);
 }
 
 void DynamicEditors::cmbBlockSize_Click()

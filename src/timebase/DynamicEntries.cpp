@@ -27,10 +27,10 @@ const DynamicEntry::Kind DynamicEntry::blockSize{
     },
     itself};
 
-Held DynamicEntry::held()
+std::optional<Held> DynamicEntry::held()
 {
-    Timebase& timebase = required(page().timebaseAt(page().dynamicDriverIndex));
-    return {(timebase.*kind_.quantity.get)(), &timebase};
+    Timebase* timebase = page().timebaseAt(page().dynamicDriverIndex);
+    return timebase ? std::optional(Held{(timebase->*kind_.quantity.get)(), timebase}) : std::nullopt;
 }
 
 void DynamicEntry::accept(const Steps& step, double value, const std::optional<Held>& before)

@@ -27,7 +27,7 @@ public:
 
 protected:
     NumberBounds bounds() override { return kind_.bounds(page()); }
-    Held held() override;
+    std::optional<Held> held() override;
     double shown(double held) const override { return kind_.converted(held); }
     void accept(const Steps& step, double value, const std::optional<Held>& before) override;
 

@@ -15,13 +15,19 @@ const StaticEntry::Kind StaticEntry::scanPeriod{
     periodBounds,
     itself};
 
-Held StaticEntry::held()
+std::optional<Held> StaticEntry::held()
 {
     const Drivers drivers = page().currentDrivers();
     for (std::size_t i = drivers.size(); i > 0; --i)
         if (Timebase* timebase = drivers[i - 1] ? drivers[i - 1]->queryTimebase() : nullptr)
-            return {timebase->ScanPeriod(), timebase};
-    fail(failure::noObject);
+            return Held{timebase->ScanPeriod(), timebase};
+    return std::nullopt;
+}
+
+std::optional<double> StaticEntry::heldAfterRefusal()
+{
+    Timebase* timebase = page().timebaseAt(page().staticDriverIndex);
+    return timebase ? timebase->ScanPeriod() : NumberEntry::heldAfterRefusal();
 }
 
 Range StaticEntry::hintRange()

@@ -27,9 +27,9 @@ protected:
     bool isActive() override { return page().hasStaticDrivers; }
     NumberBounds bounds() override { return kind_.bounds(page().scanPeriodRange); }
     /// The scan period that the page shows: that of the last driver with a timebase.
-    Held held() override;
-    /// That of the current static driver.
-    double heldAfterRefusal() override { return required(page().timebaseAt(page().staticDriverIndex)).ScanPeriod(); }
+    std::optional<Held> held() override;
+    /// That of the current static driver, when it has a timebase.
+    std::optional<double> heldAfterRefusal() override;
     double shown(double seconds) const override { return kind_.converted(seconds); }
     void accept(const Steps& step, double value, const std::optional<Held>& before) override;
     Range hintRange() override;

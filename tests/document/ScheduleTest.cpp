@@ -147,6 +147,15 @@ TEST_F(ScheduleTest, WhatADriverKeepsIsWhatIsShown)
     EXPECT_EQ(page().txtStopTime.text(), "8:00:15 AM");
 }
 
+TEST_F(ScheduleTest, AStopTimeStaysWithTheStartThatADriverKeeps)
+{
+    openTwo(1, 1, "11/22/2026 8:00:00 AM", 60);
+    fakes[0]->refuses = true;
+    pickTime(page().cmdStartTime, {2026, 11, 22, 17, 0, 0});
+    EXPECT_EQ(page().txtStartTime.text(), "11/22/2026 8:00:00 AM");
+    EXPECT_EQ(page().txtStopTime.text(), "11/22/2026 8:01:00 AM");
+}
+
 TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
 {
     openTwo(1, 1, "12:00:00 PM", 10);

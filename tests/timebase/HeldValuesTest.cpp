@@ -95,6 +95,54 @@ TEST_F(HeldValues, AChoiceStandsForItsExactPeriod)
     EXPECT_EQ(fakes[1]->scanPeriod, 1.0 / 3);
 }
 
+TEST_F(HeldValues, WithoutATimebaseBoxesTakeTextsThatNobodyHolds)
+{
+    for (const std::int32_t samplingMode : {1, 2})
+        addDriver(samplingMode).hasTimebase = false;
+    open();
+    for (TextBox* box : {&page().txtSampleRate, &page().txtSamplePeriod, &page().txtScanRate, &page().txtScanPeriod}) {
+        ASSERT_TRUE(page().moveFocus(box));
+        box->userTyped("2");
+        EXPECT_EQ(box->text(), "2");
+        box->userTyped("x");
+        EXPECT_FALSE(page().moveFocus(nullptr));
+        EXPECT_EQ(host.takeMessages().size(), 1U);
+        EXPECT_EQ(box->text(), "");
+        EXPECT_FALSE(box->marked());
+    }
+    EXPECT_EQ(page().txtScanRate.text(), "0.5") << "the partner follows";
+}
+
+TEST_F(HeldValues, APeriodThatIsTakenBackAsAnotherIsShown)
+{
+    FakeDriver& driver = addDriver();
+    driver.samplePeriod = 0.16;
+    driver.sampleChoices = {0.1, 0.2};
+    driver.keeps = nearest(0.1, 0.2);
+    driver.bytes = [](const FakeDriver& it) { return it.samplePeriod == 0.1 ? 3e9 : 416; };
+    open();
+    page().cmbSampleRate.userChose(0);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_EQ(page().lblSpanValue.caption(), "1.953125 Hz");
+    EXPECT_EQ(page().cmbSampleRate.index(), 1);
+    EXPECT_EQ(page().cmbSamplePeriod.index(), 1);
+}
+
+TEST_F(HeldValues, UndoShowsTheScanPeriodThatThePageShows)
+{
+    FakeDriver& still = addDriver(2);
+    still.scanPeriod = 0.5;
+    still.startRank = 5;
+    FakeDriver& last = addDriver(2);
+    last.scanPeriod = 0.25;
+    last.refuses = true;
+    open();
+    EXPECT_EQ(page().txtScanRate.text(), "4");
+    ASSERT_TRUE(page().moveFocus(&page().txtScanRate));
+    page().txtScanRate.userUndid();
+    EXPECT_EQ(page().txtScanRate.text(), "4");
+}
+
 TEST_F(HeldValues, WhatCannotBeReadBackIsNotShownAsIfItWere)
 {
     FakeDriver& driver = addDriver();
