@@ -57,10 +57,10 @@ private:
 class Place {
 public:
     /// Follows the parser; true when a value begins here.
-    bool follow(Event event, const json& parsed)
+    bool follow(Event event, const std::string& name)
     {
         switch (event) {
-        case Event::key: return enterKey(parsed.get<std::string>());
+        case Event::key: return enterKey(name);
         case Event::object_start: return enter(false);
         case Event::array_start: return enter(true);
         case Event::value: return count();
@@ -126,14 +126,49 @@ std::string plainMessage(const std::string& message)
     return bracket == std::string::npos ? message : message.substr(bracket + 2);
 }
 
-template <class Watch> json parseWatched(const std::string& text, LineCounter& counter, const Watch& watch)
+/// Tells every event of a parser to a watch, keys by name. The library's own way of watching while it builds takes time
+/// that grows with the square of a list's length.
+template <class Watch> class Events : public json::json_sax_t {
+public:
+    explicit Events(const Watch& watch) : watch_(watch) {}
+
+    std::string complaint; ///< the parser's, "" while there is none
+
+    bool null() override { return tell(Event::value); }
+    bool boolean(bool) override { return tell(Event::value); }
+    bool number_integer(json::number_integer_t) override { return tell(Event::value); }
+    bool number_unsigned(json::number_unsigned_t) override { return tell(Event::value); }
+    bool number_float(json::number_float_t, const std::string&) override { return tell(Event::value); }
+    bool string(std::string&) override { return tell(Event::value); }
+    bool binary(json::binary_t&) override { return tell(Event::value); }
+    bool start_object(std::size_t) override { return tell(Event::object_start); }
+    bool key(std::string& name) override { return tell(Event::key, name); }
+    bool end_object() override { return tell(Event::object_end); }
+    bool start_array(std::size_t) override { return tell(Event::array_start); }
+    bool end_array() override { return tell(Event::array_end); }
+    bool parse_error(std::size_t, const std::string&, const json::exception& error) override
+    {
+        complaint = plainMessage(error.what());
+        return false;
+    }
+
+private:
+    bool tell(Event event, const std::string& name = {})
+    {
+        watch_(event, name);
+        return true;
+    }
+
+    const Watch& watch_;
+};
+
+/// What is wrong with the text, "" when nothing is.
+template <class Watch> std::string walk(const std::string& text, LineCounter& counter, const Watch& watch)
 {
     const CountingIterator begin(text.data(), counter), end(text.data() + text.size(), counter);
-    const auto callback = [&](int, Event event, json& parsed) {
-        watch(event, parsed);
-        return true;
-    };
-    return json::parse(begin, end, callback, true, true);
+    Events<Watch> events(watch);
+    json::sax_parse(begin, end, &events, json::input_format_t::json, true, true);
+    return events.complaint;
 }
 
 } // namespace
@@ -142,18 +177,16 @@ json parseJson(const std::string& text, const std::string& file)
 {
     LineCounter counter;
     Place place;
-    const auto watch = [&](Event event, const json& parsed) {
-        const bool begins = place.follow(event, parsed);
+    const auto watch = [&](Event event, const std::string& name) {
+        const bool begins = place.follow(event, name);
         if (event == Event::key && begins && place.isRepeatedKey())
             throw InputError(file, counter.line, place.path() + ": stands here twice");
         if (place.depth() > deepest)
             throw InputError(file, counter.line, "nested too deep");
     };
-    try {
-        return parseWatched(text, counter, watch);
-    } catch (const json::exception& error) {
-        throw InputError(file, counter.line, plainMessage(error.what()));
-    }
+    if (const std::string complaint = walk(text, counter, watch); !complaint.empty())
+        throw InputError(file, counter.line, complaint);
+    return json::parse(text, nullptr, true, true);
 }
 
 int lineOfPath(const std::string& text, const std::string& path)
@@ -161,10 +194,11 @@ int lineOfPath(const std::string& text, const std::string& path)
     LineCounter counter;
     Place place;
     int line = 0;
-    parseWatched(text, counter, [&](Event event, const json& parsed) {
-        if (place.follow(event, parsed) && line == 0 && place.path() == path)
+    const auto watch = [&](Event event, const std::string& name) {
+        if (place.follow(event, name) && line == 0 && place.path() == path)
             line = counter.line;
-    });
+    };
+    walk(text, counter, watch);
     return std::max(line, 1);
 }
 
