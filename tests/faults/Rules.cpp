@@ -44,10 +44,10 @@ public:
             return {};
         if (const FakeDriver* driver = timebase(page_.dynamicDriverIndex); driver && page_.frmDynamic.visible())
             dynamic(*driver);
-        if (page_.frmStatic.visible())
+        if (page_.frmStatic.visible() && timebase(page_.staticDriverIndex))
             scanning();
         schedule();
-        for (std::int32_t row = 1; row <= page_.grdParam.rowCount() && page_.dynamicDriverIndex >= 0; ++row)
+        for (std::int32_t row = 1; page_.grdParam.isShown() && row <= page_.grdParam.rowCount(); ++row)
             parameter(row);
         return broken_;
     }
@@ -110,19 +110,32 @@ private:
         same("span", page_.lblSpanValue.caption(), text(1.0 / driver.samplePeriod / 2.56) + " Hz");
     }
 
+    /// Every driver that keeps what is written has the one scan period; the last driver's is shown.
     void scanning()
     {
         const FakeDriver* last = nullptr;
-        bool agree = true;
+        const FakeDriver* exact = nullptr;
         for (std::int32_t i = 0; i < page_.numDrivers; ++i) {
             const FakeDriver* driver = timebase(i);
-            agree = agree && !(driver && !driver->refuses && last && last->scanPeriod != driver->scanPeriod);
-            last = driver ? driver : last;
+            if (!driver)
+                continue;
+            last = driver;
+            constexpr double uneven = 0.123456789;
+            if (driver->refuses || driver->keeps(uneven) != uneven)
+                continue;
+            require(!exact || exact->scanPeriod == driver->scanPeriod, "the drivers share one scan period");
+            exact = driver;
         }
         if (!last)
             return;
-        number(page_.txtScanPeriod, last->scanPeriod);
-        number(page_.txtScanRate, 1.0 / last->scanPeriod);
+        scanBox(page_.txtScanPeriod, last->scanPeriod, timebase(page_.staticDriverIndex)->scanPeriod);
+        scanBox(page_.txtScanRate, 1.0 / last->scanPeriod, 1.0 / timebase(page_.staticDriverIndex)->scanPeriod);
+    }
+    /// A refused text gives way to what the static driver holds.
+    void scanBox(const TextBox& box, double held, double afterRefusal)
+    {
+        if (box.text() != text(afterRefusal))
+            number(box, held);
     }
 
     void schedule()
@@ -137,11 +150,19 @@ private:
         require(page_.optStopTime.value() == (first->startMode == 1 && first->stopMode == 1),
                 "the stop option is the driver's stop mode");
         if (page_.optAfter.value())
-            number(page_.txtDuration, widen(first->duration) / page_.cmbInterval.itemData());
+            duration(widen(first->duration));
         if (page_.optStartTime.value())
             same("txtStartTime", page_.txtStartTime.text(), generalDate(first->startTime, {}));
         if (page_.optStopTime.value())
             stopTime(*first);
+    }
+    /// A text with more digits stands for the nearest duration that a driver can hold.
+    void duration(double seconds)
+    {
+        const TextBox& box = page_.txtDuration;
+        const double unit = page_.cmbInterval.itemData();
+        if (box.marked() || !isNumeric(box.text(), {}) || widen(toSingle(toDouble(box.text(), {}) * unit)) != seconds)
+            number(box, seconds / unit);
     }
     void stopTime(const FakeDriver& driver)
     {

@@ -1,0 +1,68 @@
+#include "faults/AnyUser.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <malloc.h>
+
+namespace ko::test {
+
+namespace {
+
+std::size_t bytesInUse()
+{
+    return mallinfo2().uordblks;
+}
+
+void forgetNotes(Bench& bench, AnyUser& user)
+{
+    for (Texts* notes :
+         {&bench.host.messages, &bench.host.reports, &bench.host.hints, &bench.host.printing, &user.done})
+        Texts().swap(*notes);
+    std::vector<std::int32_t>().swap(bench.host.topics);
+    for (const auto& driver : bench.fakes) {
+        Texts().swap(driver->writes);
+        driver->calls.clear();
+    }
+}
+
+/// An hour of a user who does something every second, each hour something else; the same instruments at its end.
+void useForAnHour(Bench& bench, AnyUser& user, std::uint32_t hour)
+{
+    for (std::uint32_t second = 0; second < 3600; ++second) {
+        user.act(hour * 3600 + second);
+        bench.host.time.days += 1.0 / 86400;
+        forgetNotes(bench, user);
+    }
+    Draw draw(1);
+    addAnyInstruments(bench, draw, false);
+    bench.act("writable", [&] { bench.document().mode().setReadOnly(false); });
+    bench.handOver();
+    bench.show();
+    forgetNotes(bench, user);
+}
+
+TEST(Soak, ADayOfUseTakesNoMoreMemoryThanItsFirstHours)
+{
+    Bench bench;
+    AnyUser user(bench, true);
+    std::vector<std::size_t> hours;
+    for (std::uint32_t hour = 0; hour < 24; ++hour) {
+        useForAnHour(bench, user, hour);
+        hours.push_back(bytesInUse());
+    }
+    if (hours.back() == 0)
+        GTEST_SKIP() << "this allocator does not tell what is in use";
+    std::cout << "bytes in use after each hour:";
+    for (const std::size_t bytes : hours)
+        std::cout << " " << bytes;
+    std::cout << "\n";
+    const auto middle = hours.begin() + 12;
+    // Lists keep the room that they once had: only the hours that keep least tell what is lost.
+    constexpr std::size_t room = 4096;
+    EXPECT_LE(*std::min_element(middle, hours.end()), *std::min_element(hours.begin(), middle) + room);
+}
+
+} // namespace
+
+} // namespace ko::test
