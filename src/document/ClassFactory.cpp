@@ -19,7 +19,8 @@ public:
 
     std::vector<Form*> dialogs() override
     {
-        return {&shared_.dialogs.advancedTrig(), &shared_.dialogs.setDateTime(), &shared_.dialogs.selectChannel()};
+        Dialogs& dialogs = shared_.dialogs;
+        return {&dialogs.advancedTrig(), &dialogs.setDateTime(), &dialogs.selectChannel(), &dialogs.showOffers()};
     }
 
 private:

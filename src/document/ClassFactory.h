@@ -36,7 +36,7 @@ public:
 };
 
 /// The component: makes documents and owns what they share, which are the string table, the error reporter and the
-/// three dialogs. It outlives its documents.
+/// dialogs. It outlives its documents.
 class Component {
 public:
     virtual ~Component() = default;
@@ -47,7 +47,7 @@ public:
     /// The text of this number in the component's language. Failure 326 when there is none.
     virtual std::string text(int number) = 0;
 
-    /// The dialogs `AdvancedTrig`, `SetDateTime` and `SelectChannel`, for a view to show.
+    /// The dialogs `AdvancedTrig`, `SetDateTime`, `SelectChannel` and `ShowOffers`, for a view to show.
     virtual std::vector<Form*> dialogs() = 0;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "schedule/SetDateTime.h"
+#include "timebase/ShowOffers.h"
 #include "triggering/AdvancedTrig.h"
 #include "triggering/SelectChannel.h"
 
@@ -16,8 +17,9 @@ public:
     AdvancedTrig& advancedTrig() { return made(advancedTrig_); }
     SetDateTime& setDateTime() { return made(setDateTime_); }
     SelectChannel& selectChannel() { return made(selectChannel_); }
+    ShowOffers& showOffers() { return made(showOffers_); }
 
-    /// Gives the host's help to all three; none takes it away.
+    /// Gives the host's help to all; none takes it away.
     void setHelp(const std::shared_ptr<HelpSite>& help);
 
 private:
@@ -32,6 +34,7 @@ private:
     std::optional<AdvancedTrig> advancedTrig_;
     std::optional<SetDateTime> setDateTime_;
     std::optional<SelectChannel> selectChannel_;
+    std::optional<ShowOffers> showOffers_;
 };
 
 } // namespace ko

@@ -13,9 +13,11 @@ void TimebaseEditor::initializeDocument()
     page_.staticDriverIndex = -1;
     page_.isDurationKnown = false;
     schedule_.estimate().clear();
+    schedule_.whatFits().withdraw();
     initializeTriggering();
     page_.frmDynamic.setVisible(page_.hasDynamicDrivers);
     page_.frmStatic.setVisible(page_.hasStaticDrivers);
+    offerButtons_.follow();
     if (page_.frmDynamic.visible())
         loadDynamicEditors(step);
     if (page_.frmStatic.visible())

@@ -100,6 +100,7 @@ void TimebaseEditor::showFrames()
     page_.frmDynamic.setVisible(any && page_.hasDynamicDrivers);
     page_.frmStatic.setVisible(any && page_.hasStaticDrivers);
     page_.imgNoInst.setVisible(!any);
+    offerButtons_.follow();
 }
 
 void TimebaseEditor::UserDocument_Hide()

@@ -1,12 +1,14 @@
 #include "document/TimebaseEditor.h"
 
 #include "page/NumberEntry.h"
+#include "schedule/DiskSpace.h"
 
 namespace ko {
 
 TimebaseEditor::TimebaseEditor(Shared& shared, PropertyNotifySink& sink)
     : shared_(shared), support_(shared.support), sink_(sink), dynamicEditors_(page_, support_, *this),
       staticEditors_(page_, support_, *this),
+      offerButtons_(page_, support_, [&shared]() -> ShowOffers& { return shared.dialogs.showOffers(); }),
       schedule_(page_, support_, *this, [&shared]() -> SetDateTime& { return shared.dialogs.setDateTime(); }),
       triggerChannel_(page_, support_, *this, [&shared]() -> SelectChannel& { return shared.dialogs.selectChannel(); }),
       triggerLines_(page_, support_, *this, shared.triggering,
@@ -30,7 +32,17 @@ void TimebaseEditor::markChanged()
 
 std::int32_t TimebaseEditor::updateDiskSpace()
 {
-    return schedule_.estimate().updateDiskSpace();
+    const std::int32_t code = schedule_.estimate().updateDiskSpace();
+    if (code == diskSpace::fits)
+        schedule_.whatFits().withdraw();
+    return code;
+}
+
+void TimebaseEditor::tellWhatFits(std::int32_t code)
+{
+    const bool isStatic = code == diskSpace::staticTooLarge;
+    const std::vector<double>& periods = isStatic ? staticEditors_.periods() : dynamicEditors_.periods();
+    schedule_.whatFits().tell(code, {periods, rateBounds(isStatic ? page_.scanPeriodRange : page_.samplePeriodRange)});
 }
 
 void TimebaseEditor::refreshEstimate()

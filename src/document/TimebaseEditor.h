@@ -5,6 +5,7 @@
 #include "page/Actions.h"
 #include "schedule/Schedule.h"
 #include "timebase/DynamicEditors.h"
+#include "timebase/OfferButtons.h"
 #include "timebase/StaticEditors.h"
 #include "triggering/TriggerChannel.h"
 #include "triggering/TriggerLineChoice.h"
@@ -68,6 +69,7 @@ private:
     void markChanged() override;
     std::int32_t updateDiskSpace() override;
     void refreshEstimate() override;
+    void tellWhatFits(std::int32_t code) override;
     void captureStartStop() override;
     void enableTriggering(bool onTrigger) override;
     void disableTriggering(bool onTrigger) override;
@@ -103,6 +105,7 @@ private:
     Page page_;
     DynamicEditors dynamicEditors_;
     StaticEditors staticEditors_;
+    OfferButtons offerButtons_;
     Schedule schedule_;
     TriggerChannel triggerChannel_;
     TriggerLineChoice triggerLines_;

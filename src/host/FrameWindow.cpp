@@ -8,6 +8,7 @@
 #include "host/SetupSaving.h"
 #include "widgets/DateDialog.h"
 #include "widgets/Guarded.h"
+#include "widgets/OffersDialog.h"
 #include "widgets/PageTexts.h"
 #include "widgets/TriggerDialogs.h"
 
@@ -32,6 +33,7 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
     component_.reset(createKoTimebaseEditor(platform_, language));
     const Texts texts = [this](int number) { return text(number); };
     addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
+    addOffersDialog(services_.modalForms, component_->dialogs(), texts);
     addDateDialog(services_.modalForms, component_->dialogs(), texts, platform_.locale);
     makeDocks();
     makeCentre();

@@ -1,5 +1,6 @@
 #include "host/Commands.h"
 #include "host/ControlState.h"
+#include "host/OfferJson.h"
 #include "host/SetupWriter.h"
 #include "platform/Table.h"
 
@@ -60,6 +61,17 @@ void expect(Scenario& scenario, const Arguments& words)
     scenario.log.event(
         "expectation",
         {{"control", words.text(0)}, {"property", words.text(1)}, {"expected", words.text(2)}, {"actual", actual}});
+}
+
+void offers(Scenario& scenario, const Arguments& words)
+{
+    for (const OfferedQuantity& quantity : offeredQuantities)
+        if (quantity.name == words.text(0)) {
+            Json event = offersJson(scenario.document().page().*quantity.account, scenario.drivers());
+            event["quantity"] = words.text(0);
+            return scenario.log.event("offers", event);
+        }
+    scenario.refuse("\"" + words.text(0) + "\" is none of samplePeriod, blockSize and scanPeriod");
 }
 
 /// The place of a row or column by its header, or by `#INDEX`.
@@ -138,10 +150,15 @@ void reads(Scenario& scenario, const Arguments& words)
 }
 
 constexpr Command commands[]{
-    {"state", Giver::Question, 0, anyNumber, state}, {"drivers", Giver::Question, 0, 0, drivers},
-    {"expect", Giver::Question, 3, 3, expect},       {"quiet", Giver::Question, 1, 1, quiet},
-    {"reads", Giver::Question, 1, 1, reads},         {"expect-cell", Giver::Question, 4, 4, expectCell},
-    {"failing", Giver::Question, 0, 0, failing},     {"expect-failing", Giver::Question, 2, 2, expectFailing},
+    {"state", Giver::Question, 0, anyNumber, state},
+    {"drivers", Giver::Question, 0, 0, drivers},
+    {"expect", Giver::Question, 3, 3, expect},
+    {"quiet", Giver::Question, 1, 1, quiet},
+    {"reads", Giver::Question, 1, 1, reads},
+    {"expect-cell", Giver::Question, 4, 4, expectCell},
+    {"offers", Giver::Question, 1, 1, offers},
+    {"failing", Giver::Question, 0, 0, failing},
+    {"expect-failing", Giver::Question, 2, 2, expectFailing},
 };
 
 } // namespace

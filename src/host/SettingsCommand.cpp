@@ -1,6 +1,7 @@
 #include "host/SettingsCommand.h"
 
 #include "host/InputError.h"
+#include "host/OffersList.h"
 #include "host/Settings.h"
 #include "host/SettingsList.h"
 #include "host/SetupSaving.h"
@@ -50,7 +51,7 @@ std::string listed(const SettingsCommand& command, const PlayedPage& played)
     const Settings settings = command.settable ? settableOnes(played) : settingsOf(played);
     if (command.json)
         return settingsJson(settings, played).dump(2) + '\n';
-    return command.names ? settingNames(settings) : settingsTable(settings, played);
+    return command.names ? settingNames(settings) : settingsTable(settings, played) + offersText(played);
 }
 
 std::string output(const SettingsCommand& command, const PlayedPage& played)

@@ -1,5 +1,6 @@
 #include "host/SettingsList.h"
 
+#include "host/OffersList.h"
 #include "platform/Utf8.h"
 
 #include <algorithm>
@@ -125,6 +126,8 @@ Json settingJson(const Setting& setting, const PlayedPage& played)
         json["choices"] = choicesJson(offer.choices, value.is_number());
     if (offer.range)
         json["range"] = {{"minimum", boundJson(offer.range->minimum)}, {"maximum", boundJson(offer.range->maximum)}};
+    if (Json offers = offersOf(played, setting.name); !offers.is_null())
+        json["offers"] = std::move(offers);
     return json;
 }
 

@@ -269,7 +269,7 @@ void keyCommand(Scenario& scenario, const Arguments& words)
 
 void dialog(Scenario& scenario, const Arguments& words)
 {
-    constexpr std::array<std::string_view, 3> forms{"SelectChannel", "AdvancedTrig", "SetDateTime"};
+    constexpr std::array<std::string_view, 4> forms{"SelectChannel", "AdvancedTrig", "SetDateTime", "ShowOffers"};
     if (std::find(forms.begin(), forms.end(), words.text(0)) == forms.end())
         scenario.refuse("there is no form \"" + words.text(0) + "\"");
     scenario.dialogs.queue(words.text(0), scenario.readBlock());

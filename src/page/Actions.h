@@ -19,6 +19,10 @@ public:
     /// about again. Reports its own failures.
     virtual void refreshEstimate() = 0;
 
+    /// After the message for a code of `updateDiskSpace`, with the old values back in force: tells the user what would
+    /// fit, and offers it. Reports its own failures.
+    virtual void tellWhatFits(std::int32_t code) = 0;
+
     /// Notes the start and stop settings that the drivers hold in the page's `triggerVars`, unless the page is
     /// read-only. Reports its own failures.
     virtual void captureStartStop() = 0;

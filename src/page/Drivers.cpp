@@ -50,26 +50,9 @@ std::string describeAddress(const std::string& address, const StringTable& strin
     return text + strings.text(1157) + fields[slot] + " " + strings.text(1158) + fields[slot + 1];
 }
 
-/// A driver that does not tell counts as static.
-bool isDynamic(Driver& driver)
-{
-    try {
-        return isDynamicDriver(driver);
-    } catch (...) {
-        return false;
-    }
-}
-
 std::int32_t numberOfScans(Driver& driver)
 {
     return required(driver.queryStaticMeasurement()).NumberOfScans();
-}
-
-double bytesOf(std::int32_t scans, Driver& driver)
-{
-    const std::int32_t bytesPerChannel = narrowed(std::int64_t{narrowed(4 * std::int64_t{scans})} + 230);
-    const std::int32_t channelBytes = narrowed(std::int64_t{bytesPerChannel} * countEnabledChannels(driver));
-    return narrowed(std::int64_t{channelBytes} + 416);
 }
 
 } // namespace
@@ -77,6 +60,15 @@ double bytesOf(std::int32_t scans, Driver& driver)
 bool isDynamicDriver(Driver& driver)
 {
     return driver.MeasurementMode() == 1 && driver.SamplingMode() == 1;
+}
+
+bool countsAsDynamic(Driver& driver)
+{
+    try {
+        return isDynamicDriver(driver);
+    } catch (...) {
+        return false;
+    }
 }
 
 bool isEnabledValue(const Value& value)
@@ -100,9 +92,17 @@ std::int32_t countEnabledChannels(Driver& driver)
     return count;
 }
 
+double staticBytes(std::int32_t scans, std::int32_t channels)
+{
+    const std::int32_t bytesPerChannel = narrowed(std::int64_t{narrowed(4 * std::int64_t{scans})} + 230);
+    const std::int32_t channelBytes = narrowed(std::int64_t{bytesPerChannel} * channels);
+    return narrowed(std::int64_t{channelBytes} + 416);
+}
+
 double staticDriverBytes(Driver& driver)
 {
-    return bytesOf(numberOfScans(driver), driver);
+    const std::int32_t scans = numberOfScans(driver);
+    return staticBytes(scans, countEnabledChannels(driver));
 }
 
 double dynamicDriverBytes(Driver& driver)
@@ -117,14 +117,14 @@ ByteTotals sumDriverBytes(Drivers drivers, const Driver* scanned)
         if (!driver)
             continue;
         try {
-            if (isDynamic(*driver)) {
+            if (countsAsDynamic(*driver)) {
                 totals.dynamicBytes += dynamicDriverBytes(*driver);
                 continue;
             }
             const std::int32_t scans = numberOfScans(*driver);
             if (driver.get() == scanned)
                 totals.scans = scans;
-            totals.staticBytes += bytesOf(scans, *driver);
+            totals.staticBytes += staticBytes(scans, countEnabledChannels(*driver));
         } catch (...) {
             continue;
         }

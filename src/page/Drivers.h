@@ -24,6 +24,12 @@ std::int32_t countEnabledChannels(Driver& driver);
 /// Whether the value of a channel's enabled attribute means enabled: anything but integer 0.
 bool isEnabledValue(const Value& value);
 
+/// The same for the totals: a driver that does not tell counts as static.
+bool countsAsDynamic(Driver& driver);
+
+/// What a static driver's recording of so many scans and channels takes. Failure 6 when that overflows 32 bits.
+double staticBytes(std::int32_t scans, std::int32_t channels);
+
 /// The bytes of a static driver's recording: (4 x scans + 230) x enabled channels + 416, in 32 bits. Failure 6 when
 /// that overflows; other failures reach the caller.
 double staticDriverBytes(Driver& driver);

@@ -7,13 +7,17 @@ namespace ko {
 
 void setToolTip(const Page& page, const Support& support, double min, double max)
 {
-    if (page.readOnly || page.numDrivers <= 0 || !page.statusSite)
-        return;
     std::string hint;
     if (min != max)
         hint = "  " + support.text(1149) + numberText(min, support.locale()) + support.text(1146) +
                numberText(max, support.locale()) + support.text(1147);
-    page.statusSite->ShowHint(hint, page.statusSite->Caption());
+    showHint(page, hint);
+}
+
+void showHint(const Page& page, const std::string& hint)
+{
+    if (!page.readOnly && page.numDrivers > 0 && page.statusSite)
+        page.statusSite->ShowHint(hint, page.statusSite->Caption());
 }
 
 void selectAllText(TextBox& box)

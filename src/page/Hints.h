@@ -13,6 +13,9 @@ inline constexpr double noRange = -1e300;
 /// caller.
 void setToolTip(const Page& page, const Support& support, double min, double max);
 
+/// Gives the status site a hint, under the same conditions.
+void showHint(const Page& page, const std::string& hint);
+
 /// Puts the cursor at the start and selects the whole text.
 void selectAllText(TextBox& box);
 

@@ -17,6 +17,23 @@ void toolTip(Control& control, int offset)
     control.setToolTipText(std::to_string(offset));
 }
 
+/// The buttons that explain their editors have their texts outside the page's block.
+void numberOfferButtons(Page& page)
+{
+    constexpr int explainHint = 3242 - 1100;
+    for (CommandButton* button : {&page.cmdSampleRateOffers, &page.cmdSamplePeriodOffers, &page.cmdBlockSizeOffers,
+                                  &page.cmdScanRateOffers, &page.cmdScanPeriodOffers}) {
+        button->setCaption("?");
+        toolTip(*button, explainHint);
+    }
+}
+
+void numberTakingButtons(Page& page)
+{
+    caption(page.cmdTakeDuration, 3279 - 1100);
+    caption(page.cmdTakeRate, 3241 - 1100);
+}
+
 void numberCaptions(Page& page)
 {
     caption(page.mnuTimebase, 26);
@@ -79,6 +96,8 @@ Page::Page() : Form("TimebaseEditor")
 {
     numberCaptions(*this);
     numberToolTips(*this);
+    numberOfferButtons(*this);
+    numberTakingButtons(*this);
     lblNoTriggerLine.setVisible(false);
     cmbInterval.setItems({{"", 9}, {"", 10}, {"", 11}, {"", 12}});
     for (CommandButton* button : {&cmdChannel, &cmdStartTime, &cmdStopTime})

@@ -3,6 +3,7 @@
 #include "interfaces/ClientSite.h"
 #include "interfaces/IKopDrivers.h"
 #include "page/Drivers.h"
+#include "page/OfferAccount.h"
 #include "page/TriggerVars.h"
 #include "platform/CaptionControls.h"
 #include "platform/ComboBox.h"
@@ -28,6 +29,8 @@ inline constexpr std::int16_t paste = 2; ///< it accepts pasted and deleted text
 
 /// The timebase page as data: its controls by name, in tab order, and the document's fields. Captions and hints
 /// stand in the controls as offsets into the string table until they are loaded.
+///
+/// The buttons that stand beside an editor and explain it belong to no frame: they can be used while it cannot.
 class Page : public Form {
 public:
     Page();
@@ -40,12 +43,15 @@ public:
     Label lblSampleRate{*this, "lblSampleRate", &frmDynamic};
     ComboBox cmbSampleRate{*this, "cmbSampleRate", &frmDynamic};
     TextBox txtSampleRate{*this, "txtSampleRate", &frmDynamic};
+    CommandButton cmdSampleRateOffers{*this, "cmdSampleRateOffers"};
     Label lblSamplePeriod{*this, "lblSamplePeriod", &frmDynamic};
     ComboBox cmbSamplePeriod{*this, "cmbSamplePeriod", &frmDynamic};
     TextBox txtSamplePeriod{*this, "txtSamplePeriod", &frmDynamic};
+    CommandButton cmdSamplePeriodOffers{*this, "cmdSamplePeriodOffers"};
     Label lblBlockSize{*this, "lblBlockSize", &frmDynamic};
     ComboBox cmbBlockSize{*this, "cmbBlockSize", &frmDynamic};
     TextBox txtBlockSize{*this, "txtBlockSize", &frmDynamic};
+    CommandButton cmdBlockSizeOffers{*this, "cmdBlockSizeOffers"};
     Label lblSpan{*this, "lblSpan", &frmDynamic};
     Label lblSpanValue{*this, "lblSpanValue", &frmDynamic};
     Label lblNumSamples{*this, "lblNumSamples", &frmDynamic};
@@ -57,9 +63,11 @@ public:
     Label lblScanRate{*this, "lblScanRate", &frmStatic};
     ComboBox cmbScanRate{*this, "cmbScanRate", &frmStatic};
     TextBox txtScanRate{*this, "txtScanRate", &frmStatic};
+    CommandButton cmdScanRateOffers{*this, "cmdScanRateOffers"};
     Label lblScanPeriod{*this, "lblScanPeriod", &frmStatic};
     ComboBox cmbScanPeriod{*this, "cmbScanPeriod", &frmStatic};
     TextBox txtScanPeriod{*this, "txtScanPeriod", &frmStatic};
+    CommandButton cmdScanPeriodOffers{*this, "cmdScanPeriodOffers"};
     Label lblNumScans{*this, "lblNumScans", &frmStatic};
     Label lblNumScansValue{*this, "lblNumScansValue", &frmStatic};
     Label lblNumStaticBytes{*this, "lblNumStaticBytes", &frmStatic};
@@ -89,6 +97,11 @@ public:
     Label lblStopTime{*this, "lblStopTime", &frmStop};
     Label lblStopTimeValue{*this, "lblStopTimeValue", &frmStop};
 
+    // After a refusal: what would fit.
+    Label lblWhatFits{*this, "lblWhatFits"};
+    CommandButton cmdTakeDuration{*this, "cmdTakeDuration"};
+    CommandButton cmdTakeRate{*this, "cmdTakeRate"};
+
     // What the host handed over.
     std::int32_t numDrivers = 0;
     DriverList drivers; ///< entries may be empty
@@ -115,6 +128,9 @@ public:
     Range samplePeriodRange; ///< seconds
     Range blockSizeRange;    ///< samples
     Range scanPeriodRange;   ///< seconds
+
+    // How that came about.
+    OfferAccount samplePeriodOffers, blockSizeOffers, scanPeriodOffers;
 
     std::optional<TriggerVars> triggerVars;
     std::int32_t TriggerSlot = -1;

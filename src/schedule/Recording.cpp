@@ -131,6 +131,7 @@ bool Recording::commit(const Steps& step, const ScheduleChange& change, const st
         writer_.undo(step);
         step(putBack);
         actions_.refreshEstimate();
+        actions_.tellWhatFits(code);
         return false;
     }
     accept(change.duration ? widen(*change.duration) : accepted_.seconds);

@@ -4,6 +4,7 @@
 #include "schedule/Estimate.h"
 #include "schedule/StartStop.h"
 #include "schedule/TimeEntries.h"
+#include "schedule/WhatFits.h"
 
 namespace ko {
 
@@ -24,6 +25,7 @@ public:
 
     [[nodiscard]] StartStop& startStop() { return startStop_; }
     [[nodiscard]] Estimate& estimate() { return estimate_; }
+    [[nodiscard]] WhatFits& whatFits() { return whatFits_; }
     /// `txtDuration`.
     [[nodiscard]] NumberEntry& duration() { return duration_; }
 
@@ -48,6 +50,7 @@ private:
     DurationEntry duration_;
     TimeEntries times_;
     Estimate estimate_;
+    WhatFits whatFits_;
     double loadedSeconds_ = 0.0;
 };
 

@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// What the component's three dialogs have in common: one instance each, made on first use; the host's help behind
+/// What the component's dialogs have in common: one instance each, made on first use; the host's help behind
 /// a help button and F1.
 class DialogForm : public Form {
 public:

@@ -30,38 +30,70 @@ bool isRising(const std::vector<double>& list)
 }
 
 /// Leaves in `a` what also stands in `[b, end)`, both in the order of `before`.
-template <class Iterator, class Before> void keepCommon(std::vector<double>& a, Iterator b, Iterator end, Before before)
+template <class Iterator, class Before>
+void keepCommon(std::vector<double>& a, Iterator b, Iterator end, Before before, std::vector<double>& removed)
 {
     auto kept = a.begin();
-    for (auto next = a.begin(); next != a.end() && b != end;) {
+    auto next = a.begin();
+    while (next != a.end() && b != end) {
         if (before(*b, *next))
             ++b;
         else if (*b == *next)
             *kept++ = *next++;
         else
-            ++next;
+            removed.push_back(*next++);
     }
+    removed.insert(removed.end(), next, a.end());
     a.erase(kept, a.end());
 }
 
-} // namespace
+template <class Predicate> void keepIf(std::vector<double>& list, Predicate keeps, std::vector<double>& removed)
+{
+    std::erase_if(list, [&](double value) {
+        const bool goes = !keeps(value);
+        if (goes)
+            removed.push_back(value);
+        return goes;
+    });
+}
 
-std::vector<double> commonValues(std::vector<double> a, std::vector<double> b)
+/// Leaves in `a` the values that also occur in `b`, in their order; the others go to `removed`.
+void keepCommonValues(std::vector<double>& a, std::vector<double> b, std::vector<double>& removed)
 {
     // Drivers of one make deliver one list, and all mostly in order.
     if (a == b)
-        return a;
+        return;
     if (!isRising(b)) {
         std::reverse(b.begin(), b.end());
         if (!isRising(b))
             std::sort(b.begin(), b.end());
     }
     if (isRising(a))
-        keepCommon(a, b.begin(), b.end(), std::less<>());
+        keepCommon(a, b.begin(), b.end(), std::less<>(), removed);
     else if (std::is_sorted(a.rbegin(), a.rend()))
-        keepCommon(a, b.rbegin(), b.rend(), std::greater<>());
+        keepCommon(a, b.rbegin(), b.rend(), std::greater<>(), removed);
     else
-        std::erase_if(a, [&](double value) { return !std::binary_search(b.begin(), b.end(), value); });
+        keepIf(
+            a, [&](double value) { return std::binary_search(b.begin(), b.end(), value); }, removed);
+}
+
+bool isInside(double value, Range range)
+{
+    return range.minimum <= value && value <= range.maximum;
+}
+
+Range endsOf(const std::vector<double>& list)
+{
+    const auto [lowest, highest] = std::minmax_element(list.begin(), list.end());
+    return {*lowest, *highest};
+}
+
+} // namespace
+
+std::vector<double> commonValues(std::vector<double> a, std::vector<double> b)
+{
+    std::vector<double> removed;
+    keepCommonValues(a, std::move(b), removed);
     return a;
 }
 
@@ -69,38 +101,109 @@ std::vector<double> valuesInRange(const std::vector<double>& list, Range range)
 {
     std::vector<double> inside;
     std::copy_if(list.begin(), list.end(), std::back_inserter(inside),
-                 [&](double value) { return range.minimum <= value && value <= range.maximum; });
+                 [&](double value) { return isInside(value, range); });
     return inside;
+}
+
+DriverOffer& MergedChoices::add(DriverOffer::Kind kind, Range offered)
+{
+    DriverOffer& offer = account_.drivers.emplace_back();
+    offer.kind = kind;
+    offer.offered = offered;
+    offer.kept = range_;
+    offer.removedFrom = static_cast<std::uint32_t>(account_.removed.size());
+    offer.unusable = static_cast<std::uint32_t>(std::exchange(unusable_, 0));
+    return offer;
+}
+
+/// What has left the common list since the offer was added is the offer's doing.
+void MergedChoices::settle(DriverOffer& offer)
+{
+    offer.removed = static_cast<std::uint32_t>(account_.removed.size()) - offer.removedFrom;
+    if (values_.empty())
+        offer.effect = DriverOffer::Effect::Empties;
+    else if (offer.removed > 0)
+        offer.effect = DriverOffer::Effect::Removes;
+}
+
+void MergedChoices::begin(DriverOffer& offer, std::vector<double> choices)
+{
+    values_ = std::move(choices);
+    if (isKept(range_))
+        keepIf(
+            values_, [this](double value) { return isInside(value, range_); }, account_.removed);
+    // None of it was ever common.
+    if (values_.empty())
+        account_.removed.resize(offer.removedFrom);
+    settle(offer);
+    if (!values_.empty())
+        offer.effect = DriverOffer::Effect::Begins;
 }
 
 bool MergedChoices::addList(std::vector<double> choices)
 {
     // A rising list holds nothing but choices when both of its ends are.
-    const bool areAll =
-        !choices.empty() && isRising(choices) && canBeChosen(choices.front()) && canBeChosen(choices.back());
-    if (!areAll)
+    const bool rises = !choices.empty() && isRising(choices);
+    unusable_ = choices.size();
+    if (!rises || !canBeChosen(choices.front()) || !canBeChosen(choices.back()))
         std::erase_if(choices, [](double value) { return !canBeChosen(value); });
+    unusable_ -= choices.size();
     if (choices.empty())
         return false;
-    if (!values_.empty())
-        values_ = commonValues(std::move(values_), std::move(choices));
-    else if (isKept(range_))
-        values_ = valuesInRange(choices, range_);
-    else
-        values_ = std::move(choices);
+    const Range ends = rises ? Range{choices.front(), choices.back()} : endsOf(choices);
+    DriverOffer& offer = add(DriverOffer::Kind::List, ends);
+    offer.choices = static_cast<std::uint32_t>(choices.size());
+    if (values_.empty()) {
+        begin(offer, std::move(choices));
+    } else {
+        keepCommonValues(values_, std::move(choices), account_.removed);
+        settle(offer);
+    }
     return true;
+}
+
+void MergedChoices::narrow(DriverOffer& offer)
+{
+    const Range& range = offer.offered;
+    const Range before = range_;
+    if (!isKept(range_))
+        range_ = range;
+    else
+        range_ = {largerOf(range.minimum, range_.minimum), smallerOf(range.maximum, range_.maximum)};
+    if (!isKept(before))
+        offer.effect = DriverOffer::Effect::Begins;
+    else if (range_ != before)
+        offer.effect = DriverOffer::Effect::Narrows;
+    offer.kept = range_;
 }
 
 void MergedChoices::addRange(Range range)
 {
-    if (!std::isfinite(range.minimum) || !std::isfinite(range.maximum) || !isKept(range))
+    if (!std::isfinite(range.minimum) || !std::isfinite(range.maximum) || !isKept(range)) {
+        add(DriverOffer::Kind::Nothing, {});
         return;
+    }
+    DriverOffer& offer = add(DriverOffer::Kind::Range, range);
+    if (values_.empty())
+        return narrow(offer);
+    keepIf(
+        values_, [&](double value) { return isInside(value, range); }, account_.removed);
+    settle(offer);
+}
+
+void MergedChoices::addNone()
+{
+    unusable_ = 0;
+    add(DriverOffer::Kind::NoTimebase, {});
+}
+
+OfferAccount MergedChoices::account() &&
+{
+    account_.common = static_cast<std::uint32_t>(values_.size());
     if (!values_.empty())
-        values_ = valuesInRange(values_, range);
-    else if (!isKept(range_))
-        range_ = range;
-    else
-        range_ = {largerOf(range.minimum, range_.minimum), smallerOf(range.maximum, range_.maximum)};
+        account_.commonValues = endsOf(values_);
+    account_.range = range_;
+    return std::move(account_);
 }
 
 } // namespace ko

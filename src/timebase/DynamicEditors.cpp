@@ -45,18 +45,20 @@ void DynamicEditors::initSampleRateEditors(std::optional<double> period)
 {
     const Steps step(support_.errors, "initSampleRateEditors");
     page_.samplePeriodRange = {};
-    const MergedChoices offers = mergeOffers(support_, "initSampleRateEditors", page_.currentDrivers(), offeredPeriods);
+    MergedChoices offers = mergeOffers(support_, "initSampleRateEditors", page_.currentDrivers(), offeredPeriods);
     page_.samplePeriodRange = offers.range();
     step([&] { pair_.build(step, offers, period); });
+    page_.samplePeriodOffers = std::move(offers).account();
     showSpan(step, period);
 }
 
 std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double> size)
 {
     page_.blockSizeRange = {};
-    const MergedChoices offers = mergeOffers(support_, "initBlockSizeEditors", page_.currentDrivers(), offeredSizes);
+    MergedChoices offers = mergeOffers(support_, "initBlockSizeEditors", page_.currentDrivers(), offeredSizes);
     const Range range = page_.blockSizeRange = offers.range();
     blockSizes_ = offers.values();
+    page_.blockSizeOffers = std::move(offers).account();
     page_.cmbBlockSize.setVisible(!blockSizes_.empty());
     page_.txtBlockSize.setVisible(blockSizes_.empty());
     // A box that accepts nothing but 0, or nothing at all, is for looking only.
@@ -78,6 +80,13 @@ std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double>
     return size;
 }
 
+void DynamicEditors::note(const Quantity& quantity, double asked, const std::optional<double>& kept)
+{
+    OfferAccount& offers = page_.*quantity.offers;
+    offers.keptOtherwise.clear();
+    offers.noteWritten(page_.dynamicDriverIndex, asked, kept);
+}
+
 DynamicEditors::Written DynamicEditors::write(const Steps& step, const Quantity& quantity, double value,
                                               const std::optional<Held>& known)
 {
@@ -88,6 +97,7 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const Quantity&
     const std::optional<double> before = known && known->of == timebase ? known->value : read();
     step([&] { (timebase->*quantity.set)(value); });
     const std::optional<double> now = read();
+    note(quantity, value, now);
     if (now && now == before)
         return {Written::Fate::Kept, now};
     if (const std::int32_t code = actions_.updateDiskSpace(); code != 0) {
@@ -95,7 +105,11 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const Quantity&
         if (before)
             step([&] { (timebase->*quantity.set)(*before); });
         actions_.refreshEstimate();
-        return {Written::Fate::Refused, read()};
+        const std::optional<double> back = read();
+        if (before)
+            note(quantity, *before, back);
+        actions_.tellWhatFits(code);
+        return {Written::Fate::Refused, back};
     }
     step([&] { actions_.markChanged(); });
     return {Written::Fate::Accepted, now};

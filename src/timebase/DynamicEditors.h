@@ -37,10 +37,12 @@ public:
     struct Quantity {
         double (Timebase::*get)();
         void (Timebase::*set)(double);
+        OfferAccount Page::*offers;
         bool hasPartner; ///< another box shows the same in another form
     };
-    static constexpr Quantity samplePeriod{&Timebase::SamplePeriod, &Timebase::setSamplePeriod, true};
-    static constexpr Quantity blockSize{&Timebase::BlockSize, &Timebase::setBlockSize, false};
+    static constexpr Quantity samplePeriod{&Timebase::SamplePeriod, &Timebase::setSamplePeriod,
+                                           &Page::samplePeriodOffers, true};
+    static constexpr Quantity blockSize{&Timebase::BlockSize, &Timebase::setBlockSize, &Page::blockSizeOffers, false};
 
     /// Writes a typed value to the driver, reads back, checks the limit, and shows what became of it everywhere but in
     /// `typedIn`; where it could not be read back the partner shows what was requested. `before` is the value known to
@@ -54,6 +56,7 @@ private:
     void cmbBlockSize_Click();
 
     Written write(const Steps& step, const Quantity& quantity, double value, const std::optional<Held>& known = {});
+    void note(const Quantity& quantity, double asked, const std::optional<double>& kept);
     void choose(const Steps& step, ComboBox& chosen, const ComboBox& partner);
     void selectBlockSize(double samples);
     void showSpan(const Steps& step, std::optional<double> period);
@@ -68,6 +71,8 @@ private:
 public:
     /// The editors' text boxes.
     [[nodiscard]] const std::vector<std::unique_ptr<NumberEntry>>& entries() const { return entries_; }
+    /// The periods in the lists, in seconds; none while the boxes are shown.
+    [[nodiscard]] const std::vector<double>& periods() const { return pair_.periods(); }
 };
 
 } // namespace ko

@@ -27,15 +27,23 @@ std::optional<double> reciprocalBound(double value)
 MergedChoices mergeOffers(Support& support, std::string_view procedure, Drivers drivers, const OfferMembers& members)
 {
     const Steps step(support.errors, procedure);
-    MergedChoices merged;
+    MergedChoices merged(drivers.size());
     for (const auto& driver : drivers) {
-        if (!driver)
-            continue;
-        Timebase* timebase = step.value([&] { return driver->queryTimebase(); });
-        if (!timebase)
-            continue;
-        if (!merged.addList(step.value([&] { return (timebase->*members.choices)(); })))
-            merged.addRange(step.value([&] { return (timebase->*members.range)(); }));
+        Timebase* timebase = nullptr;
+        std::vector<double> choices;
+        Range range;
+        bool answers = !driver || step([&] { timebase = driver->queryTimebase(); });
+        if (timebase) {
+            answers &= step([&] { choices = (timebase->*members.choices)(); });
+            if (!merged.addList(std::move(choices))) {
+                answers &= step([&] { range = (timebase->*members.range)(); });
+                merged.addRange(range);
+            }
+        } else {
+            merged.addNone();
+        }
+        if (!answers)
+            merged.markFailed();
     }
     return merged;
 }

@@ -18,8 +18,8 @@ struct OfferMembers {
 };
 
 /// Merges what all drivers with a timebase offer. Choices of 0 or less are left out. A driver's range is asked for only
-/// when it offers no list. Reports failures under `procedure`, of which it is a handler of its own: a failing reporter
-/// ends the reading alone.
+/// when it offers no list. The account has an entry for each driver of the list. Reports failures under `procedure`, of
+/// which it is a handler of its own: a failing reporter ends the reading alone.
 MergedChoices mergeOffers(Support& support, std::string_view procedure, Drivers drivers, const OfferMembers& members);
 
 /// The bounds of a period in seconds, of a rate in 1/s, from a range of periods; 0 is no bound.
@@ -37,6 +37,9 @@ public:
 
     /// The period of an entry in seconds, which its text shows to 15 digits. Failure 9 for no entry.
     [[nodiscard]] double periodAt(std::int32_t index) const;
+
+    /// The periods of the entries in seconds; none while the boxes are shown.
+    [[nodiscard]] const std::vector<double>& periods() const { return values_; }
 
     /// Selects the entry of a period in both lists: the equal one, else one that differs by less than 1e-12 or reads
     /// the same. Where there is none both take `otherwise`.

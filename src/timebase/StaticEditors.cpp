@@ -40,9 +40,11 @@ void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
     const Steps step(support_.errors, "initScanRateEditors");
     before_.reserve(page_.currentDrivers().size());
     page_.scanPeriodRange = {};
-    const MergedChoices offers = mergeOffers(support_, "initScanRateEditors", page_.currentDrivers(), scanPeriods);
+    MergedChoices offers = mergeOffers(support_, "initScanRateEditors", page_.currentDrivers(), scanPeriods);
     page_.scanPeriodRange = offers.range();
     step([&] { pair_.build(step, offers, scanPeriod); });
+    page_.scanPeriodOffers = std::move(offers).account();
+    page_.scanPeriodOffers.keptOtherwise.reserve(page_.currentDrivers().size());
 }
 
 template <class Visit> void StaticEditors::forEachTimebase(const Steps& step, Visit visit)
@@ -61,24 +63,38 @@ StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod
     const Steps step(support_.errors, "setDriversScanRate");
     step([&] { actions_.markChanged(); });
     before_.assign(page_.currentDrivers().size(), std::nullopt);
+    OfferAccount& offers = page_.scanPeriodOffers;
+    offers.keptOtherwise.clear();
     ScanPeriod result;
     forEachTimebase(step, [&](Timebase& timebase, std::size_t i) {
         before_[i] = known && known->of == &timebase ? known->value : readScanPeriod(step, timebase);
         step([&] { timebase.setScanPeriod(newScanPeriod); });
         result.inForce = readScanPeriod(step, timebase);
+        offers.noteWritten(static_cast<std::int32_t>(i), newScanPeriod, result.inForce);
     });
     const std::int32_t code = actions_.updateDiskSpace();
     if (code == 0)
         return result;
     step([&] { showLimitMessage(support_, code); });
     result.rejected = true;
+    result.inForce = putBackScanPeriods(step);
+    actions_.refreshEstimate();
+    actions_.tellWhatFits(code);
+    return result;
+}
+
+std::optional<double> StaticEditors::putBackScanPeriods(const Steps& step)
+{
+    page_.scanPeriodOffers.keptOtherwise.clear();
+    std::optional<double> inForce;
     forEachTimebase(step, [&](Timebase& timebase, std::size_t i) {
         if (before_[i])
             step([&] { timebase.setScanPeriod(*before_[i]); });
-        result.inForce = readScanPeriod(step, timebase);
+        inForce = readScanPeriod(step, timebase);
+        if (before_[i])
+            page_.scanPeriodOffers.noteWritten(static_cast<std::int32_t>(i), *before_[i], inForce);
     });
-    actions_.refreshEstimate();
-    return result;
+    return inForce;
 }
 
 StaticEditors::ScanPeriod StaticEditors::pushTyped(const Steps& step, double seconds, const std::optional<Held>& before,

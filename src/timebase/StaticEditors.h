@@ -36,11 +36,15 @@ public:
 
     /// The editors' text boxes.
     [[nodiscard]] const std::vector<std::unique_ptr<NumberEntry>>& entries() const { return entries_; }
+    /// The periods in the lists, in seconds; none while the boxes are shown.
+    [[nodiscard]] const std::vector<double>& periods() const { return pair_.periods(); }
 
 private:
     void cmbScanRate_Click();
     void cmbScanPeriod_Click();
     void choose(const Steps& step, const ComboBox& chosen, ComboBox& partner);
+    /// Gives each driver back what it had; what the last of them holds then.
+    std::optional<double> putBackScanPeriods(const Steps& step);
     /// Calls `visit(timebase, index)` for each driver with a timebase.
     template <class Visit> void forEachTimebase(const Steps& step, Visit visit);
 

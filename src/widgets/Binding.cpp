@@ -6,6 +6,16 @@
 
 namespace ko {
 
+namespace {
+
+/// By itself and by every frame around it, whose box is not switched off with it.
+bool isEnabled(const Control& control)
+{
+    return control.enabled() && (!control.container() || isEnabled(*control.container()));
+}
+
+} // namespace
+
 Binding::Binding(FormView& view, Control& control, QWidget& widget) : view_(view), control_(control), widget_(widget)
 {
     widget.setObjectName(toQt(control.name()));
@@ -55,7 +65,7 @@ void Binding::refreshUsability()
 {
     // A widget that goes hands the toolkit's focus to a neighbour of its own choice.
     const FocusKeeper::Hold hold(view_.focus());
-    widget_.setEnabled(control_.enabled());
+    widget_.setEnabled(isEnabled(control_));
     widget_.setVisible(control_.visible());
     view_.focus().followLater();
 }

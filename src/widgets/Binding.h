@@ -27,12 +27,11 @@ protected:
     void refreshAll();
     /// What the assistive technology and the status line say about the widget.
     virtual void refreshHint();
+    virtual void refreshUsability();
 
     FormView& view_;
 
 private:
-    void refreshUsability();
-
     Control& control_;
     QWidget& widget_;
 };

@@ -146,6 +146,16 @@ FrameBinding::FrameBinding(FormView& view, Frame& control, QGroupBox& box, QLabe
     refreshAll();
 }
 
+void FrameBinding::refreshUsability()
+{
+    box_.setVisible(frame_.visible());
+    if (heading_)
+        heading_->setEnabled(frame_.isUsable() || !frame_.isShown());
+    for (const Control* control : frame_.form().controls())
+        if (control->container() == &frame_ && control->view)
+            control->view(Aspect::Usability);
+}
+
 void FrameBinding::refresh(Aspect aspect)
 {
     if (aspect != Aspect::Text) {

@@ -74,13 +74,15 @@ private:
     Image& image_;
 };
 
-/// A frame in a group box, with its caption as title or in a label of its own.
+/// A frame in a group box, with its caption as title or in a label of its own. The box is never switched off: the
+/// frame's controls are, each by itself, for what else stands in the box is usable at any time.
 class FrameBinding : public Binding {
 public:
     FrameBinding(FormView& view, Frame& control, QGroupBox& box, QLabel* heading);
 
 protected:
     void refresh(Aspect aspect) override;
+    void refreshUsability() override;
 
 private:
     Frame& frame_;

@@ -9,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QRadioButton>
-#include <utility>
 
 namespace ko {
 
@@ -76,17 +75,9 @@ void addDateDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, 
                    const Locale& locale)
 {
     for (Form* form : dialogs) {
-        if (form->name() != "SetDateTime")
-            continue;
         const auto build = [texts, locale](Form& shown) { return new DateDialogView(shown, texts, locale); };
-        modalForms.add(form->name(), {build, okButton, cancelButton});
-        form->measure = [form, texts, locale, measured = false]() mutable {
-            if (std::exchange(measured, true))
-                return;
-            DateDialogView view(*form, texts, locale);
-            view.ensurePolished();
-            form->resize(toTwips(view, view.sizeHint().width()), toTwips(view, view.sizeHint().height()));
-        };
+        if (form->name() == "SetDateTime")
+            modalForms.addMeasured(*form, {build, okButton, cancelButton});
     }
 }
 

@@ -4,6 +4,7 @@
 #include "widgets/ButtonBindings.h"
 #include "widgets/ChannelBrowser.h"
 #include "widgets/ComboBoxBinding.h"
+#include "widgets/Convert.h"
 #include "widgets/DateBindings.h"
 #include "widgets/GridBinding.h"
 #include "widgets/LabelBinding.h"
@@ -183,6 +184,11 @@ QMenu& FormView::menu(Menu& control, const std::vector<Menu*>& items)
     for (Menu* item : items)
         bindings_[item] = std::make_unique<MenuBinding>(*item, *menu->addAction(QString()));
     return *menu;
+}
+
+void FormView::tellSize()
+{
+    form_.resize(toTwips(*this, width()), toTwips(*this, height()));
 }
 
 } // namespace ko

@@ -92,6 +92,8 @@ public:
 
 protected:
     bool focusNextPrevChild(bool next) override { return focus_.step(next); }
+    /// The form takes the view's size.
+    void tellSize();
 
 private:
     template <class B, class C, class W, class... More> W& bind(C& control, W* widget, More&&... more);

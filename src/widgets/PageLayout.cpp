@@ -41,13 +41,17 @@ QGridLayout& PageWidget::framed(Frame& frame)
     return *grid;
 }
 
-void PageWidget::addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box)
+void PageWidget::addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box, CommandButton& offers)
 {
     const int row = grid.rowCount();
     // Both stand on one spot, where the one that is not shown keeps its place.
-    grid.addWidget(&kept(view_->numberList(list)), row, fields, 1, 2);
-    grid.addWidget(&kept(view_->numberBox(box)), row, fields, 1, 2);
+    grid.addWidget(&kept(view_->numberList(list)), row, fields);
+    grid.addWidget(&kept(view_->numberBox(box)), row, fields);
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
+    QPushButton& explain = view_->button(offers);
+    explain.setAccessibleName(view_->text(pageText::offersOf).arg(toQt(label.caption())));
+    explain.setToolTip(toQt(offers.tag()));
+    grid.addWidget(&explain, row, buttons);
 }
 
 void PageWidget::addValue(QGridLayout& grid, Label& label, Label& value)
@@ -90,9 +94,9 @@ void PageWidget::addTime(QGridLayout& grid, OptionButton& option, TextBox& box, 
 void PageWidget::layDynamic()
 {
     QGridLayout& grid = framed(page_.frmDynamic);
-    addPair(grid, page_.lblSampleRate, page_.cmbSampleRate, page_.txtSampleRate);
-    addPair(grid, page_.lblSamplePeriod, page_.cmbSamplePeriod, page_.txtSamplePeriod);
-    addPair(grid, page_.lblBlockSize, page_.cmbBlockSize, page_.txtBlockSize);
+    addPair(grid, page_.lblSampleRate, page_.cmbSampleRate, page_.txtSampleRate, page_.cmdSampleRateOffers);
+    addPair(grid, page_.lblSamplePeriod, page_.cmbSamplePeriod, page_.txtSamplePeriod, page_.cmdSamplePeriodOffers);
+    addPair(grid, page_.lblBlockSize, page_.cmbBlockSize, page_.txtBlockSize, page_.cmdBlockSizeOffers);
     addValue(grid, page_.lblSpan, page_.lblSpanValue);
     addValue(grid, page_.lblNumSamples, page_.lblNumSamplesValue);
     addLimitedValue(grid, page_.lblNumDynamicBytes, page_.lblNumDynamicBytesValue);
@@ -102,8 +106,8 @@ void PageWidget::layDynamic()
 void PageWidget::layStatic()
 {
     QGridLayout& grid = framed(page_.frmStatic);
-    addPair(grid, page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate);
-    addPair(grid, page_.lblScanPeriod, page_.cmbScanPeriod, page_.txtScanPeriod);
+    addPair(grid, page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate, page_.cmdScanRateOffers);
+    addPair(grid, page_.lblScanPeriod, page_.cmbScanPeriod, page_.txtScanPeriod, page_.cmdScanPeriodOffers);
     addValue(grid, page_.lblNumScans, page_.lblNumScansValue);
     addLimitedValue(grid, page_.lblNumStaticBytes, page_.lblNumStaticBytesValue);
     measurements_.push_back(&grid);
@@ -158,6 +162,17 @@ void PageWidget::layStop()
     schedule_.push_back(&grid);
 }
 
+QLayout* PageWidget::whatFits()
+{
+    auto* row = new QHBoxLayout;
+    QLabel& what = view_->label(page_.lblWhatFits);
+    what.setWordWrap(true);
+    row->addWidget(&what, 1);
+    row->addWidget(&view_->button(page_.cmdTakeDuration));
+    row->addWidget(&view_->button(page_.cmdTakeRate));
+    return row;
+}
+
 void PageWidget::layColumns()
 {
     content_ = new QWidget(view_);
@@ -179,6 +194,7 @@ void PageWidget::layColumns()
     centred->addStretch(1);
     auto* limited = new QVBoxLayout;
     limited->addLayout(centred, 1000);
+    limited->addLayout(whatFits());
     limited->addStretch(1);
     // The picture covers the place of the frames: one or the other is shown.
     auto* whole = new QGridLayout(view_);
@@ -215,7 +231,10 @@ void PageWidget::applyMetrics()
 {
     const QFontMetrics metrics = view_->fontMetrics();
     content_->setMaximumSize(metrics.averageCharWidth() * 180, metrics.height() * 50);
-    for (const CommandButton* button : {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime})
+    for (const CommandButton* button :
+         {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime, &page_.cmdSampleRateOffers,
+          &page_.cmdSamplePeriodOffers, &page_.cmdBlockSizeOffers, &page_.cmdScanRateOffers,
+          &page_.cmdScanPeriodOffers})
         view_->widget(*button)->setFixedWidth(metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height());
     auto* unit = static_cast<QComboBox*>(view_->widget(page_.cmbInterval));
     unit->setMinimumContentsLength(8);

@@ -20,6 +20,8 @@ inline constexpr int shareOfLimit = 3030;
 inline constexpr int clock = 3031;
 inline constexpr int notValid = 3040; ///< a word or two, beside the entry
 inline constexpr int notAvailable = 3041;
+inline constexpr int offers = 3243;
+inline constexpr int offersOf = 3244;
 } // namespace pageText
 
 } // namespace ko

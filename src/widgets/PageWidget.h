@@ -36,7 +36,7 @@ protected:
 private:
     /// A label column, a column of fields that grows, and room for a button.
     QGridLayout& framed(Frame& frame);
-    void addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box);
+    void addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box, CommandButton& offers);
     void addValue(QGridLayout& grid, Label& label, Label& value);
     void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
     void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);
@@ -48,6 +48,8 @@ private:
     void layTrigger(QGridLayout& grid);
     void layStop();
     void layColumns();
+    /// What appears after a refusal, below the frames, where it moves nothing that the user is working in.
+    QLayout* whatFits();
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
     void stretch(bool stacked);

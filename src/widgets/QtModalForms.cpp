@@ -12,7 +12,9 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <memory>
 #include <optional>
+#include <utility>
 
 namespace ko {
 
@@ -73,6 +75,19 @@ private:
 };
 
 } // namespace
+
+void QtModalForms::addMeasured(Form& form, Kind kind)
+{
+    form.measure = [&form, build = kind.build, measured = false]() mutable {
+        if (std::exchange(measured, true))
+            return;
+        const std::unique_ptr<QWidget> view(build(form));
+        view->ensurePolished();
+        const QSize size = view->sizeHint();
+        form.resize(toTwips(*view, size.width()), toTwips(*view, size.height()));
+    };
+    add(form.name(), std::move(kind));
+}
 
 void QtModalForms::showModal(Form& form)
 {

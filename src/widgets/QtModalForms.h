@@ -23,6 +23,8 @@ public:
     };
 
     void add(const std::string& formName, Kind kind) { kinds_[formName] = std::move(kind); }
+    /// The same for this form, which takes the size that its widget asks for when it is first placed.
+    void addMeasured(Form& form, Kind kind);
     /// The window that dialogs belong to while no other window is active.
     void setOwner(QWidget* owner) { owner_ = owner; }
 

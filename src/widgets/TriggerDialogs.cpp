@@ -14,7 +14,6 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
-#include <utility>
 
 namespace ko {
 
@@ -31,11 +30,6 @@ QPushButton& dialogButton(FormView& view, const std::string& name)
     QPushButton& button = view.button(controlOf<CommandButton>(view.form(), name));
     button.setAutoDefault(true);
     return button;
-}
-
-void tellSize(FormView& view, const QSize& size)
-{
-    view.form().resize(toTwips(view, size.width()), toTwips(view, size.height()));
 }
 
 /// The form lays itself out; the view gives the buttons their size and shows everything where the form puts it.
@@ -67,7 +61,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override
     {
         FormView::resizeEvent(event);
-        tellSize(*this, size());
+        tellSize();
         // Also for another size of the buttons.
         ko::raise(form().resized);
         for (const Control* control : form().controls()) {
@@ -97,7 +91,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override
     {
         FormView::resizeEvent(event);
-        tellSize(*this, size());
+        tellSize();
     }
 
 private:
@@ -133,28 +127,17 @@ private:
     }
 };
 
-template <class View>
-void add(QtModalForms& modalForms, Form& form, const Texts& texts, const std::string& ok, const std::string& cancel)
-{
-    modalForms.add(form.name(), {[texts](Form& shown) { return new View(shown, texts); }, ok, cancel});
-    form.measure = [&form, texts, measured = false]() mutable {
-        if (std::exchange(measured, true))
-            return;
-        View view(form, texts);
-        view.ensurePolished();
-        tellSize(view, view.sizeHint());
-    };
-}
-
 } // namespace
 
 void addTriggerDialogs(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts)
 {
     for (Form* form : dialogs) {
         if (form->name() == "SelectChannel")
-            add<SelectChannelView>(modalForms, *form, texts, "cmdOK", "cmdCancel");
+            modalForms.addMeasured(
+                *form, {[texts](Form& shown) { return new SelectChannelView(shown, texts); }, "cmdOK", "cmdCancel"});
         if (form->name() == "AdvancedTrig")
-            add<AdvancedTrigView>(modalForms, *form, texts, "btnOK", "btnCancel");
+            modalForms.addMeasured(
+                *form, {[texts](Form& shown) { return new AdvancedTrigView(shown, texts); }, "btnOK", "btnCancel"});
     }
 }
 

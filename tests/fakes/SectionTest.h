@@ -32,6 +32,7 @@ protected:
     void markChanged() override { ++marks; }
     std::int32_t updateDiskSpace() override { return 0; }
     void refreshEstimate() override {}
+    void tellWhatFits(std::int32_t) override {}
     void captureStartStop() override {}
     void enableTriggering(bool) override {}
     void disableTriggering(bool) override {}

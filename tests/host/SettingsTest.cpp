@@ -240,9 +240,12 @@ TEST(Settings, AreListedWithWhatTheyCanBeSetTo)
 TEST(Settings, InJsonHaveNumbersForNumbers)
 {
     const Bench demo("demo");
-    const Json list = settingsJson(settingsOf(demo.played()), demo.played());
+    Json list = settingsJson(settingsOf(demo.played()), demo.played());
+    const Json offers = list[4]["offers"];
+    list[4].erase("offers");
     EXPECT_EQ(list[4].dump(), R"json({"name":"scan-period","label":"Scan Period (s)","value":0.5,"readOnly":false,)json"
                               R"json("canBeSet":true,"unit":"s","choices":[0.5,1.0,2.0,5.0,10.0,60.0]})json");
+    EXPECT_EQ(offers["shared"].dump(), R"({"values":6,"range":[0.5,60.0]})");
     const Bench bench(ranges);
     const Json ranged = settingsJson(settableOnes(bench.played()), bench.played());
     EXPECT_EQ(ranged[1]["range"].dump(), R"({"minimum":0.0001,"maximum":10.0})");

@@ -138,6 +138,7 @@ TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleVal
     checkForm(page(), window.page().view());
     checkDialog(page().cmdChannel);
     checkDialog(page().mnuTimebaseTriggerLines);
+    checkDialog(page().cmdSampleRateOffers);
     const QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(&window.page().menu());
     ASSERT_EQ(menu->childCount(), 1);
     EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);

@@ -110,6 +110,20 @@ QPixmap keyboard(FrameWindow& window)
     return whole(window);
 }
 
+QPixmap offers(FrameWindow& window)
+{
+    return dialogOf([&] { page(window).cmdSampleRateOffers.userClicked(); });
+}
+
+/// A duration beyond the limit has been refused.
+QPixmap whatFits(FrameWindow& window)
+{
+    page(window).moveFocus(&page(window).txtDuration);
+    QTimer::singleShot(300, [] { QApplication::activeModalWidget()->close(); });
+    page(window).txtDuration.userReplaced("1000000", 0, 0);
+    return whole(window);
+}
+
 /// What is told of a widget to those who do not see it, a line for each.
 void describe(QAccessibleInterface& element, int depth, QStringList& lines)
 {
@@ -150,6 +164,8 @@ constexpr Scene all[]{
     {"trigger-lines", triggerLines},
     {"failing-instruments", failingInstruments},
     {"invalid", invalid},
+    {"offers", offers},
+    {"what-fits", whatFits},
     {"keyboard", keyboard},
     {"screen-reader", screenReader},
 };

@@ -1,0 +1,155 @@
+#include "page/OfferTexts.h"
+
+#include "platform/NumberText.h"
+#include "support/StringTable.h"
+
+#include <algorithm>
+
+namespace ko {
+
+namespace {
+
+/// Texts by their numbers in the string table.
+namespace offerText {
+constexpr int offers = 3247;
+constexpr int effect = 3248;
+constexpr int asked = 3249;
+constexpr int noTimebase = 3250;
+constexpr int nothing = 3251;
+constexpr int oneValue = 3252;
+constexpr int values = 3253;
+constexpr int fromTo = 3254;
+constexpr int atLeast = 3255;
+constexpr int atMost = 3256;
+constexpr int noValue = 3257;
+constexpr int failed = 3258;
+constexpr int unusable = 3259;
+constexpr int noEffect = 3260;
+constexpr int begins = 3261;
+constexpr int outside = 3262;
+constexpr int noneInside = 3263;
+constexpr int removes = 3264;
+constexpr int removesAll = 3265;
+constexpr int andMore = 3266;
+constexpr int narrows = 3267;
+constexpr int asAsked = 3268;
+constexpr int keptOtherwise = 3269;
+constexpr int notReadBack = 3270;
+constexpr int common = 3271;
+constexpr int nothingCommon = 3272;
+} // namespace offerText
+
+/// More values than these are counted, not listed.
+constexpr std::uint32_t listedAtMost = 20;
+
+Range ratesOf(Range periods)
+{
+    const auto rate = [](double period) { return period > 0.0 ? 1.0 / period : 0.0; };
+    return {rate(periods.maximum), rate(periods.minimum)};
+}
+
+} // namespace
+
+std::string OfferTexts::number(double value) const
+{
+    return numberText(asRates_ ? 1.0 / value : value, locale_);
+}
+
+std::string OfferTexts::valuesIn(std::size_t count, Range ends) const
+{
+    if (count == 1)
+        return filled(texts_(offerText::oneValue), {number(ends.minimum)});
+    const Range shown = asRates_ ? Range{ends.maximum, ends.minimum} : ends;
+    return filled(texts_(offerText::values), {std::to_string(count), number(shown.minimum), number(shown.maximum)});
+}
+
+std::string OfferTexts::range(Range range) const
+{
+    if (range.minimum > range.maximum)
+        return texts_(offerText::noValue);
+    const Range shown = asRates_ ? ratesOf(range) : range;
+    const std::string lowest = numberText(shown.minimum, locale_);
+    const std::string highest = numberText(shown.maximum, locale_);
+    if (!(shown.minimum > 0.0))
+        return filled(texts_(offerText::atMost), {highest});
+    return shown.maximum > 0.0 ? filled(texts_(offerText::fromTo), {lowest, highest})
+                               : filled(texts_(offerText::atLeast), {lowest});
+}
+
+std::string OfferTexts::offered(const DriverOffer& offer) const
+{
+    std::string text;
+    switch (offer.kind) {
+    case DriverOffer::Kind::NoTimebase: text = texts_(offerText::noTimebase); break;
+    case DriverOffer::Kind::Nothing: text = texts_(offerText::nothing); break;
+    case DriverOffer::Kind::List: text = valuesIn(offer.choices, offer.offered); break;
+    case DriverOffer::Kind::Range: text = range(offer.offered); break;
+    }
+    if (offer.unusable > 0)
+        text = filled(texts_(offerText::unusable), {text, std::to_string(offer.unusable)});
+    return offer.hasFailed ? filled(texts_(offerText::failed), {text}) : text;
+}
+
+std::string OfferTexts::removed(const OfferAccount& account, const DriverOffer& offer) const
+{
+    std::string text;
+    for (std::uint32_t i = 0; i < std::min(offer.removed, listedAtMost); ++i)
+        text += (i == 0 ? "" : "; ") + number(account.removed[offer.removedFrom + i]);
+    if (offer.removed > listedAtMost)
+        text = filled(texts_(offerText::andMore), {text, std::to_string(offer.removed - listedAtMost)});
+    return text;
+}
+
+std::string OfferTexts::beginning(const OfferAccount& account, const DriverOffer& offer) const
+{
+    const std::string text = texts_(offerText::begins);
+    return offer.removed > 0 ? filled(texts_(offerText::outside), {text, removed(account, offer)}) : text;
+}
+
+std::string OfferTexts::effect(const OfferAccount& account, const DriverOffer& offer) const
+{
+    switch (offer.effect) {
+    case DriverOffer::Effect::Begins: return beginning(account, offer);
+    case DriverOffer::Effect::Removes: return filled(texts_(offerText::removes), {removed(account, offer)});
+    case DriverOffer::Effect::Empties:
+        return offer.removed > 0 ? filled(texts_(offerText::removesAll), {removed(account, offer)})
+                                 : texts_(offerText::noneInside);
+    case DriverOffer::Effect::Narrows: return filled(texts_(offerText::narrows), {range(offer.kept)});
+    case DriverOffer::Effect::None: break;
+    }
+    return texts_(offerText::noEffect);
+}
+
+std::string OfferTexts::asked(const OfferAccount& account, std::size_t driver) const
+{
+    const auto& all = account.keptOtherwise;
+    const auto found = std::find_if(all.begin(), all.end(), [&](const KeptOtherwise& it) {
+        return it.driver >= 0 && static_cast<std::size_t>(it.driver) == driver;
+    });
+    if (found == all.end())
+        return texts_(offerText::asAsked);
+    if (!found->kept)
+        return filled(texts_(offerText::notReadBack), {number(found->asked)});
+    return filled(texts_(offerText::keptOtherwise), {number(found->asked), number(*found->kept)});
+}
+
+std::string OfferTexts::common(const OfferAccount& account) const
+{
+    if (account.common > 0)
+        return filled(texts_(offerText::common), {valuesIn(account.common, account.commonValues)});
+    return account.range == Range{} ? texts_(offerText::nothingCommon)
+                                    : filled(texts_(offerText::common), {range(account.range)});
+}
+
+std::vector<std::string> OfferTexts::columns() const
+{
+    return {texts_(offerText::offers), texts_(offerText::effect), texts_(offerText::asked)};
+}
+
+std::vector<std::string> OfferTexts::row(const OfferAccount& account, std::size_t driver) const
+{
+    const DriverOffer& offer = account.drivers.at(driver);
+    return {offered(offer), effect(account, offer), asked(account, driver)};
+}
+
+} // namespace ko

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "page/OfferTexts.h"
+#include "page/Page.h"
+#include "support/Steps.h"
+#include "support/Support.h"
+#include "timebase/ShowOffers.h"
+
+#include <functional>
+
+namespace ko {
+
+/// The buttons beside the editors of rates, periods and the block size, which tell how it comes that an editor takes
+/// what it takes.
+class OfferButtons {
+public:
+    /// Answers the component's dialog.
+    using Dialog = std::function<ShowOffers&()>;
+
+    /// Takes over the buttons' events. Everything passed in outlives them.
+    OfferButtons(Page& page, Support& support, Dialog dialog);
+
+    /// Shows each button where the editors' frames are shown.
+    void follow();
+
+private:
+    struct Kind;
+    static const Kind kinds[];
+
+    void pressed(const Kind& kind);
+    [[nodiscard]] std::vector<Table::Row> rows(const Steps& step, const OfferAccount& account,
+                                               const OfferTexts& texts) const;
+    [[nodiscard]] std::string nameOf(const Steps& step, std::size_t driver) const;
+
+    Page& page_;
+    Support& support_;
+    Dialog dialog_;
+};
+
+} // namespace ko

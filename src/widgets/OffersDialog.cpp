@@ -1,0 +1,93 @@
+#include "widgets/OffersDialog.h"
+
+#include "platform/Table.h"
+#include "widgets/FormView.h"
+#include "widgets/PageTexts.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTableWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace ko {
+
+namespace {
+
+constexpr const char* closeButton = "btnClose";
+
+/// Sentences begin at the left.
+class SentenceDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    }
+};
+
+class OffersView : public FormView {
+public:
+    OffersView(Form& form, const Texts& texts) : FormView(form, texts)
+    {
+        QTableWidget& table = this->table(control<Table>("tblOffers"));
+        table.setAccessibleName(text(pageText::offers));
+        table.setItemDelegate(new SentenceDelegate(&table));
+        table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+        fit_.setSingleShot(true);
+        connect(&fit_, &QTimer::timeout, &table, [&table] {
+            QHeaderView& rows = *table.verticalHeader();
+            rows.setMinimumSectionSize(rows.defaultSectionSize());
+            table.resizeRowsToContents();
+        });
+        connect(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fit_.start(0); });
+        QLabel& common = label(control<Label>("lblCommon"));
+        common.setWordWrap(true);
+        common.setTextFormat(Qt::PlainText);
+        QPushButton& close = button(control<CommandButton>(closeButton));
+        auto* buttons = new QHBoxLayout;
+        buttons->addStretch(1);
+        buttons->addWidget(&close);
+        auto* whole = new QVBoxLayout(this);
+        whole->addWidget(&common);
+        whole->addWidget(&table, 1);
+        whole->addLayout(buttons);
+    }
+
+    /// A few drivers without scrolling.
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return FormView::sizeHint().expandedTo({fontMetrics().averageCharWidth() * 135, fontMetrics().height() * 18});
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        FormView::resizeEvent(event);
+        tellSize();
+    }
+
+private:
+    QTimer fit_; ///< rows of as many lines as their columns' width asks for, once that is settled
+
+    template <class C> C& control(const char* name) { return dynamic_cast<C&>(*form().find(name)); }
+};
+
+} // namespace
+
+void addOffersDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts)
+{
+    for (Form* form : dialogs) {
+        if (form->name() == "ShowOffers")
+            modalForms.addMeasured(
+                *form, {[texts](Form& shown) { return new OffersView(shown, texts); }, closeButton, closeButton});
+    }
+}
+
+} // namespace ko
