@@ -33,6 +33,7 @@ void TimebaseEditor::markChanged()
 std::int32_t TimebaseEditor::updateDiskSpace()
 {
     const std::int32_t code = schedule_.estimate().updateDiskSpace();
+    schedule_.plan().show();
     if (code == diskSpace::fits)
         schedule_.whatFits().withdraw();
     return code;
@@ -47,7 +48,13 @@ void TimebaseEditor::tellWhatFits(std::int32_t code)
 
 void TimebaseEditor::refreshEstimate()
 {
-    schedule_.estimate().updateDiskSpace();
+    updateDiskSpace();
+}
+
+void TimebaseEditor::refreshPlan()
+{
+    if (!page_.isLoading)
+        schedule_.plan().show();
 }
 
 void TimebaseEditor::captureStartStop()

@@ -70,6 +70,7 @@ private:
     std::int32_t updateDiskSpace() override;
     void refreshEstimate() override;
     void tellWhatFits(std::int32_t code) override;
+    void refreshPlan() override;
     void captureStartStop() override;
     void enableTriggering(bool onTrigger) override;
     void disableTriggering(bool onTrigger) override;

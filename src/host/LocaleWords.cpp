@@ -14,6 +14,7 @@ struct Setting {
 };
 
 constexpr std::array settings{Setting{"decimalSeparator", &Locale::decimalSeparator},
+                              Setting{"digitGroupSeparator", &Locale::digitGroupSeparator},
                               Setting{"shortDateFormat", &Locale::shortDateFormat},
                               Setting{"timeFormat", &Locale::timeFormat},
                               Setting{"timeIs24Hour", &Locale::timeIs24Hour},

@@ -68,6 +68,7 @@ Locale systemLocale()
     if (!user)
         return result;
     put(result.decimalSeparator, nl_langinfo_l(RADIXCHAR, user));
+    put(result.digitGroupSeparator, nl_langinfo_l(THOUSEP, user));
     put(result.shortDateFormat, picture(nl_langinfo_l(D_FMT, user)));
     put(result.timeFormat, picture(nl_langinfo_l(T_FMT, user)));
     put(result.amDesignator, nl_langinfo_l(AM_STR, user));

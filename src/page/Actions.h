@@ -23,6 +23,10 @@ public:
     /// fit, and offers it. Reports its own failures.
     virtual void tellWhatFits(std::int32_t code) = 0;
 
+    /// Brings the plan's sentence in line after what starts the recording has changed, unless the page is being loaded.
+    /// The estimate does it by itself. Reports its own failures.
+    virtual void refreshPlan() = 0;
+
     /// Notes the start and stop settings that the drivers hold in the page's `triggerVars`, unless the page is
     /// read-only. Reports its own failures.
     virtual void captureStartStop() = 0;

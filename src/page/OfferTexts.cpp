@@ -1,7 +1,7 @@
 #include "page/OfferTexts.h"
 
 #include "platform/NumberText.h"
-#include "support/StringTable.h"
+#include "support/Phrases.h"
 
 #include <algorithm>
 

@@ -101,6 +101,7 @@ public:
     Label lblWhatFits{*this, "lblWhatFits"};
     CommandButton cmdTakeDuration{*this, "cmdTakeDuration"};
     CommandButton cmdTakeRate{*this, "cmdTakeRate"};
+    Label lblPlan{*this, "lblPlan"}; ///< the whole page in one sentence
 
     // What the host handed over.
     std::int32_t numDrivers = 0;
@@ -123,6 +124,10 @@ public:
     bool isDialogOpen = false;    ///< a dialog of the document is shown
     bool isUpdating = false;      ///< one editor changes another: no re-entry
     std::int16_t editFlags = editFlag::none;
+
+    // What the estimate found last, in seconds; none while it is not known.
+    std::optional<double> plannedSeconds; ///< as entered
+    std::optional<double> actualSeconds;  ///< as the instruments record
 
     // What all drivers have in common; 0 and 0: nothing kept.
     Range samplePeriodRange; ///< seconds

@@ -8,6 +8,7 @@ namespace ko {
 /// tt (the AM/PM designator). The default is English (United States).
 struct Locale {
     std::string decimalSeparator = ".";
+    std::string digitGroupSeparator = ","; ///< between thousands; empty: digits are not grouped
     std::string shortDateFormat = "M/d/yyyy";
     std::string timeFormat = "h:mm:ss tt";
     std::string timeIs24Hour = "0";    ///< "1": 24-hour clock

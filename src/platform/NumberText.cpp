@@ -159,6 +159,16 @@ std::string numberText(double value, const Locale& locale)
     return text;
 }
 
+std::string countText(std::int64_t count, const Locale& locale)
+{
+    constexpr std::size_t group = 3;
+    std::string text = std::to_string(count);
+    const std::size_t first = count < 0 ? 1 : 0;
+    for (std::size_t at = text.size(); at > first + group;)
+        text.insert(at -= group, locale.digitGroupSeparator);
+    return text;
+}
+
 bool isNumeric(std::string_view text, const Locale& locale)
 {
     return wholeNumber(text, locale).has_value();

@@ -13,6 +13,9 @@ namespace ko {
 /// read "INF", "-INF" and "NAN", which `isNumeric` refuses.
 std::string numberText(double value, const Locale& locale);
 
+/// A count with the locale's separator between groups of three digits: "2,304,000". `isNumeric` refuses such a text.
+std::string countText(std::int64_t count, const Locale& locale);
+
 /// True when the text is a number: blanks (spaces and tabs) around, a sign, digits, one decimal separator before,
 /// among or behind them, an exponent (e or E, a sign, digits), and nothing else (no hexadecimal form, no grouping of
 /// digits, no "inf" or "nan"). A locale without a decimal separator has the point.

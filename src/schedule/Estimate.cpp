@@ -12,6 +12,8 @@ namespace ko {
 
 void Estimate::clear()
 {
+    page_.plannedSeconds.reset();
+    page_.actualSeconds.reset();
     for (Label* count : {&page_.lblNumSamplesValue, &page_.lblNumScansValue, &page_.lblDurationValue})
         count->setCaption(page_.notApplicableText);
     for (LimitedLabel* bytes : {&page_.lblNumDynamicBytesValue, &page_.lblNumStaticBytesValue}) {
@@ -26,6 +28,7 @@ std::int32_t Estimate::updateDiskSpace()
         return diskSpace::fits;
     const Steps step(support_.errors, "updateDiskSpace");
     const auto seconds = step.value([&] { return std::optional(recording_.getDurationSeconds()); });
+    page_.plannedSeconds = seconds;
     if (!seconds)
         return diskSpace::fits;
     Driver* scanned = page_.driverAt(page_.staticDriverIndex);
@@ -110,8 +113,10 @@ void Estimate::updateActualDuration(std::optional<double> samplePeriod)
     if (!(seconds > 0.0))
         seconds = step.value([&] { return recording_.getDurationSeconds(); });
     const ComboBox& unit = page_.cmbInterval;
+    const bool isKnown = seconds >= 0.0 && std::isfinite(seconds);
+    page_.actualSeconds = isKnown ? std::optional(seconds) : std::nullopt;
     std::string duration = page_.notApplicableText;
-    if (seconds >= 0.0 && std::isfinite(seconds))
+    if (isKnown)
         step([&] {
             duration = numberText(toHundredths(seconds / unit.itemData()), support_.locale()) + " " + unit.text();
         });

@@ -2,6 +2,7 @@
 
 #include "schedule/DurationEntry.h"
 #include "schedule/Estimate.h"
+#include "schedule/Plan.h"
 #include "schedule/StartStop.h"
 #include "schedule/TimeEntries.h"
 #include "schedule/WhatFits.h"
@@ -26,6 +27,7 @@ public:
     [[nodiscard]] StartStop& startStop() { return startStop_; }
     [[nodiscard]] Estimate& estimate() { return estimate_; }
     [[nodiscard]] WhatFits& whatFits() { return whatFits_; }
+    [[nodiscard]] Plan& plan() { return plan_; }
     /// `txtDuration`.
     [[nodiscard]] NumberEntry& duration() { return duration_; }
 
@@ -51,6 +53,7 @@ private:
     TimeEntries times_;
     Estimate estimate_;
     WhatFits whatFits_;
+    Plan plan_;
     double loadedSeconds_ = 0.0;
 };
 

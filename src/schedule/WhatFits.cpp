@@ -5,6 +5,7 @@
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
 #include "support/Numbers.h"
+#include "support/Phrases.h"
 
 #include <limits>
 

@@ -50,22 +50,6 @@ void StringTable::load(std::string_view content)
     }
 }
 
-std::string filled(std::string_view text, const std::vector<std::string>& parts)
-{
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char next = i + 1 < text.size() ? text[i + 1] : '0';
-        const auto part = static_cast<std::size_t>(next - '1');
-        if (text[i] != '%' || next < '1' || part >= parts.size()) {
-            result += text[i];
-            continue;
-        }
-        result += parts[part];
-        ++i;
-    }
-    return result;
-}
-
 const std::string& StringTable::text(int number) const
 {
     const auto found = texts_.find(number);

@@ -3,7 +3,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace ko {
 
@@ -29,8 +28,5 @@ private:
 
     std::map<int, std::string> texts_;
 };
-
-/// A text of the table with its places %1 to %9 filled in; a place without a part stays.
-std::string filled(std::string_view text, const std::vector<std::string>& parts);
 
 } // namespace ko

@@ -2,6 +2,7 @@
 
 #include "platform/Failure.h"
 #include "platform/Scoped.h"
+#include "support/Phrases.h"
 
 namespace ko {
 

@@ -1,5 +1,6 @@
 #include "triggering/LineMap.h"
 
+#include "support/Phrases.h"
 #include <utility>
 
 namespace ko {
@@ -12,12 +13,6 @@ constexpr int wordText = 3281;    ///< and those of the other uses, in their ord
 constexpr int meaningText = 3290; ///< likewise
 constexpr int takenByStartText = 3299;
 constexpr int unnamedText = 3300;
-
-std::string filled(std::string text, const char* place, const std::string& with)
-{
-    const std::size_t at = text.find(place);
-    return at == std::string::npos ? text : text.replace(at, 2, with);
-}
 
 Table::Emphasis emphasisOf(LineUse use)
 {
@@ -45,8 +40,8 @@ public:
         const int at = static_cast<int>(use);
         const bool byStart = use == LineUse::taken && trigger_ == LineTrigger::scan;
         const std::string meaning = support_.text(byStart ? takenByStartText : meaningText + at);
-        return {support_.text(wordText + at),
-                filled(filled(meaning, "%2", support_.text(lineText + line)), "%1", driver), emphasisOf(use)};
+        return {support_.text(wordText + at), filled(meaning, {driver, support_.text(lineText + line)}),
+                emphasisOf(use)};
     }
 
     [[nodiscard]] Table::Row row(const LineDriver& driver, std::string name, const ChosenLines& chosen) const
@@ -80,7 +75,7 @@ void showLineMap(Table& table, const Support& support, std::span<const LineDrive
     for (const LineDriver& driver : drivers) {
         const std::string number = std::to_string(rows.size() + 1);
         rows.push_back(writer.row(
-            driver, driver.name.empty() ? filled(support.text(unnamedText), "%1", number) : driver.name, chosen));
+            driver, driver.name.empty() ? filled(support.text(unnamedText), {number}) : driver.name, chosen));
     }
     table.setContent(std::move(columns), std::move(rows));
 }

@@ -186,6 +186,7 @@ void ParamGrid::grdParam_CellEdited(CellEvent& event)
         return;
     const bool written = step([&] { parameters->SetTriggerParamValue(slot_, channel_, id, *value); });
     readAgain(step, *parameters);
+    actions_.refreshPlan();
     if (written)
         step([&] { actions_.markChanged(); });
 }

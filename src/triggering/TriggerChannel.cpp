@@ -155,6 +155,7 @@ void TriggerChannel::showChannel(const Steps& step)
     }));
     shownFrom_ = driver;
     grid_.SetupParamGrid(driver.get(), page_.TriggerSlot, page_.TriggerChannel);
+    actions_.refreshPlan();
 }
 
 /// A driver has one trigger source.

@@ -130,6 +130,11 @@ QLabel& FormView::limitedValue(LimitedLabel& control, Label& title, QProgressBar
     return bind<LimitedValueBinding>(control, new QLabel(this), title, bar);
 }
 
+QLabel& FormView::sentence(Label& control)
+{
+    return bind<SentenceBinding>(control, new QLabel(this));
+}
+
 QGroupBox& FormView::frame(Frame& control, QLabel* heading)
 {
     return bind<FrameBinding>(control, new QGroupBox(this), heading);

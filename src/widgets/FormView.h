@@ -65,6 +65,8 @@ public:
     QLabel& value(Label& control, Label& title);
     /// The same with a bar, of the caller's making, for how much of its limit the value takes.
     QLabel& limitedValue(LimitedLabel& control, Label& title, QProgressBar& bar);
+    /// A sentence in as many lines as it needs.
+    QLabel& sentence(Label& control);
     /// The caption is the box's title, or stands in `heading`, where it can take several lines.
     QGroupBox& frame(Frame& control, QLabel* heading = nullptr);
     QTableWidget& grid(Grid& control);

@@ -123,4 +123,32 @@ void LimitedValueBinding::showShare()
     bar_.setAccessibleDescription(percent);
 }
 
+SentenceBinding::SentenceBinding(FormView& view, Label& control, QLabel& label)
+    : Binding(view, control, label), sentence_(control), label_(label)
+{
+    constexpr int moment = 400; // milliseconds
+    label.setTextFormat(Qt::PlainText);
+    label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label.setFocusPolicy(Qt::NoFocus);
+    label.setWordWrap(true);
+    pause_.setSingleShot(true);
+    pause_.setInterval(moment);
+    // A name that changes is an event for assistive technology; one that is the same again is none.
+    connect(&pause_, &QTimer::timeout, &label, [&label] { label.setAccessibleName(label.text()); });
+    refreshAll();
+}
+
+void SentenceBinding::refresh(Aspect aspect)
+{
+    if (aspect != Aspect::Text) {
+        Binding::refresh(aspect);
+        return;
+    }
+    label_.setText(toQt(sentence_.caption()));
+    if (label_.accessibleName().isEmpty())
+        label_.setAccessibleName(label_.text());
+    else
+        pause_.start();
+}
+
 } // namespace ko

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QProgressBar>
+#include <QTimer>
 #include <vector>
 
 namespace ko {
@@ -65,6 +66,22 @@ private:
 
     LimitedLabel& limited_;
     QProgressBar& bar_;
+};
+
+/// A label whose caption is a sentence that follows what the user does. It is shown at once, and read out when it has
+/// stayed for a moment, so that it is not read at every key.
+class SentenceBinding : public Binding {
+public:
+    SentenceBinding(FormView& view, Label& control, QLabel& label);
+
+protected:
+    void refresh(Aspect aspect) override;
+    void refreshHint() override {}
+
+private:
+    Label& sentence_;
+    QLabel& label_;
+    QTimer pause_;
 };
 
 } // namespace ko

@@ -7,6 +7,7 @@
 
 class QBoxLayout;
 class QGridLayout;
+class QLabel;
 
 namespace ko {
 
@@ -14,7 +15,7 @@ class NoInstrumentPicture;
 
 /// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or below
 /// each other where the window is narrow; it scrolls where the window is small. Without instruments only the
-/// picture of the no-instrument screen stands there.
+/// picture of the no-instrument screen stands there. The plan's sentence stands below, whatever is scrolled.
 ///
 /// The page outlives the widget.
 class PageWidget : public QScrollArea {
@@ -32,6 +33,7 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     /// A label column, a column of fields that grows, and room for a button.
@@ -50,6 +52,9 @@ private:
     void layColumns();
     /// What appears after a refusal, below the frames, where it moves nothing that the user is working in.
     QLayout* whatFits();
+    void layPlan();
+    void placePlan();
+    [[nodiscard]] int planHeight(int width) const;
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
     void stretch(bool stacked);
@@ -59,6 +64,7 @@ private:
     FormView* view_;
     NoInstrumentPicture* picture_;
     QMenu* menu_;
+    QLabel* plan_ = nullptr;
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QBoxLayout* schedules_ = nullptr;

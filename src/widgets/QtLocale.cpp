@@ -51,6 +51,7 @@ Locale toLocale(const QLocale& locale)
         return settings;
     const QString time = timePicture(locale);
     settings.decimalSeparator = fromQt(locale.decimalPoint());
+    settings.digitGroupSeparator = fromQt(locale.groupSeparator());
     settings.shortDateFormat = fromQt(datePicture(locale));
     settings.timeFormat = fromQt(time);
     settings.timeIs24Hour = time.contains(u'H') ? "1" : "0";

@@ -33,6 +33,7 @@ protected:
     std::int32_t updateDiskSpace() override { return 0; }
     void refreshEstimate() override {}
     void tellWhatFits(std::int32_t) override {}
+    void refreshPlan() override {}
     void captureStartStop() override {}
     void enableTriggering(bool) override {}
     void disableTriggering(bool) override {}

@@ -1,0 +1,194 @@
+#include "schedule/Plan.h"
+
+#include "platform/NumberText.h"
+#include "schedule/DiskSpace.h"
+#include "support/Phrases.h"
+#include "support/Steps.h"
+
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+/// The sentence's texts. The place holders of a sentence are the same for all starts: %1 the duration, %2 the figures,
+/// %3 how much later it ends, %4 the start time or the trigger, %5 the stop time, %6 the time at which it really ends.
+namespace planText {
+constexpr int samples = 3321; ///< and in the plural
+constexpr int scans = 3323;
+constexpr int days = 3325;
+constexpr int hours = 3327;
+constexpr int minutes = 3328;
+constexpr int seconds = 3329;
+constexpr int twoUnits = 3330;
+constexpr int conditionedTrigger = 3331;
+constexpr int condition = 3332;
+constexpr int conditions = 3333;
+constexpr int samplesOfBoth = 3334;
+constexpr int bytesOfBoth = 3335;
+constexpr int samplesOfDynamic = 3336;
+constexpr int bytesOfDynamic = 3337;
+constexpr int scansOfStatic = 3338;
+constexpr int bytesOfStatic = 3339;
+constexpr int immediately = 3340; ///< with figures, then without, then with a duration that is not known
+constexpr int atTime = 3343;
+constexpr int fromTimeToTime = 3346;
+constexpr int onTrigger = 3349;
+constexpr int onAnyTrigger = 3352;
+constexpr int nothing = 3355;
+} // namespace planText
+
+constexpr std::int64_t secondsPerMinute = 60;
+constexpr std::int64_t minutesPerHour = 60;
+constexpr std::int64_t hoursPerDay = 24;
+
+bool isCountable(const std::optional<double>& seconds)
+{
+    constexpr double longest = 1e15;
+    return seconds && *seconds >= 0.0 && *seconds < longest;
+}
+
+/// A number with decimals or an entry of a list: what sets a trigger off, as a rule.
+bool isCondition(const Grid::Cell& value)
+{
+    return value.style.format != 0 || value.style.control == CellStyle::Control::list;
+}
+
+} // namespace
+
+void Plan::show()
+{
+    const Steps step(support_.errors, "showPlan");
+    step([&] { page_.lblPlan.setCaption(sentence()); });
+}
+
+std::string Plan::sentence() const
+{
+    if (page_.numDrivers <= 0)
+        return text(planText::nothing);
+    const int base = start();
+    const std::string startText = page_.optOnTrigger.value() ? trigger() : page_.txtStartTime.text();
+    if (!isDurationKnown())
+        return filled(text(base + 2), {"", "", "", startText, page_.txtStopTime.text()});
+    const std::string what = figures();
+    return filled(text(what.empty() ? base + 1 : base), {entered(), what, lasting(*page_.actualSeconds), startText,
+                                                         page_.txtStopTime.text(), page_.lblStopTimeValue.caption()});
+}
+
+int Plan::start() const
+{
+    if (page_.optOnTrigger.value())
+        return page_.txtChannel.text().empty() ? planText::onAnyTrigger : planText::onTrigger;
+    if (!page_.optStartTime.value())
+        return planText::immediately;
+    return page_.optStopTime.value() ? planText::fromTimeToTime : planText::atTime;
+}
+
+bool Plan::isDurationKnown() const
+{
+    const bool isEndKnown = page_.optAfter.value() || isShown(page_.lblStopTimeValue);
+    return isCountable(page_.plannedSeconds) && isCountable(page_.actualSeconds) && isEndKnown;
+}
+
+/// The duration as the user has entered it, in the unit that was chosen.
+std::string Plan::entered() const
+{
+    constexpr int symbols[] = {planText::seconds, planText::minutes, planText::hours};
+    const double seconds = *page_.plannedSeconds;
+    const auto chosen = static_cast<std::size_t>(page_.cmbInterval.index());
+    if (!page_.optAfter.value() || chosen >= std::size(symbols))
+        return lasting(seconds);
+    return filled(text(symbols[chosen]), {shortNumber(seconds / page_.cmbInterval.itemData())});
+}
+
+/// A duration in its two largest units.
+std::string Plan::lasting(double seconds) const
+{
+    if (toHundredths(seconds) < secondsPerMinute)
+        return filled(text(planText::seconds), {shortNumber(seconds)});
+    const std::int64_t wholeSeconds = std::llround(seconds);
+    if (wholeSeconds < secondsPerMinute * minutesPerHour)
+        return parts(wholeSeconds, secondsPerMinute, planText::minutes, planText::seconds);
+    const std::int64_t wholeMinutes = std::llround(seconds / secondsPerMinute);
+    if (wholeMinutes < minutesPerHour * hoursPerDay)
+        return parts(wholeMinutes, minutesPerHour, planText::hours, planText::minutes);
+    const std::int64_t wholeHours = std::llround(seconds / (secondsPerMinute * minutesPerHour));
+    return parts(wholeHours, hoursPerDay, planText::days, planText::hours);
+}
+
+std::string Plan::parts(std::int64_t count, std::int64_t perLarger, int larger, int smaller) const
+{
+    std::string whole = unit(count / perLarger, larger);
+    if (count % perLarger == 0)
+        return whole;
+    return filled(text(planText::twoUnits), {whole, unit(count % perLarger, smaller)});
+}
+
+std::string Plan::unit(std::int64_t count, int number) const
+{
+    if (number == planText::days)
+        return counted(support_, count, number);
+    return filled(text(number), {countText(count, support_.locale())});
+}
+
+/// Two decimals, unless they would be 0.
+std::string Plan::shortNumber(double value) const
+{
+    const double rounded = toHundredths(value);
+    return numberText(rounded > 0.0 ? rounded : value, support_.locale());
+}
+
+std::string Plan::trigger() const
+{
+    const std::string conditions = triggerConditions();
+    const std::string& channel = page_.txtChannel.text();
+    return conditions.empty() ? channel : filled(text(planText::conditionedTrigger), {channel, conditions});
+}
+
+std::string Plan::triggerConditions() const
+{
+    constexpr int most = 3;
+    const Grid& grid = page_.grdParam;
+    std::string all;
+    int found = 0;
+    for (std::int32_t row = 1; row <= grid.rowCount() && found < most; ++row) {
+        const Grid::Cell& value = grid.cell(row, Grid::valueColumn);
+        if (!isCondition(value))
+            continue;
+        const std::string one =
+            filled(text(planText::condition), {grid.cell(row, Grid::nameColumn).value, value.value});
+        all = ++found == 1 ? one : filled(text(planText::conditions), {all, one});
+    }
+    return all;
+}
+
+/// What the recording takes, as far as the page shows it.
+std::string Plan::figures() const
+{
+    const auto count = [this](const Label& label, int noun) {
+        return isShown(label) ? counted(support_, toLong(label.caption(), support_.locale()), noun) : std::string();
+    };
+    const std::string& dynamicBytes = page_.lblNumDynamicBytesValue.caption();
+    const std::string& staticBytes = page_.lblNumStaticBytesValue.caption();
+    const bool hasDynamic = page_.frmDynamic.visible() && isShown(page_.lblNumDynamicBytesValue);
+    const bool hasStatic = page_.frmStatic.visible() && isShown(page_.lblNumStaticBytesValue);
+    if (!hasDynamic && !hasStatic)
+        return {};
+    if (!hasDynamic) {
+        const std::string scans = count(page_.lblNumScansValue, planText::scans);
+        return scans.empty() ? filled(text(planText::bytesOfStatic), {staticBytes})
+                             : filled(text(planText::scansOfStatic), {scans, staticBytes});
+    }
+    const std::string samples = count(page_.lblNumSamplesValue, planText::samples);
+    if (samples.empty())
+        return filled(text(hasStatic ? planText::bytesOfBoth : planText::bytesOfDynamic), {dynamicBytes, staticBytes});
+    return filled(text(hasStatic ? planText::samplesOfBoth : planText::samplesOfDynamic),
+                  {samples, dynamicBytes, staticBytes});
+}
+
+bool Plan::isShown(const Label& figure) const
+{
+    return !figure.caption().empty() && figure.caption() != page_.notApplicableText;
+}
+
+} // namespace ko

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "page/Page.h"
+#include "support/Support.h"
+
+namespace ko {
+
+/// What the page plans, in one sentence: how the recording starts, how long it lasts, what it takes and when it ends.
+/// It is made from what the page shows and from the last estimate; no driver is asked.
+class Plan {
+public:
+    Plan(Page& page, Support& support) : page_(page), support_(support) {}
+
+    /// Brings `lblPlan` in line with the page. Reports its own failures.
+    void show();
+
+private:
+    [[nodiscard]] std::string sentence() const;
+    [[nodiscard]] int start() const;
+    [[nodiscard]] bool isDurationKnown() const;
+    [[nodiscard]] std::string entered() const;
+    [[nodiscard]] std::string lasting(double seconds) const;
+    [[nodiscard]] std::string shortNumber(double value) const;
+    [[nodiscard]] std::string parts(std::int64_t count, std::int64_t perLarger, int larger, int smaller) const;
+    [[nodiscard]] std::string unit(std::int64_t count, int text) const;
+    [[nodiscard]] std::string trigger() const;
+    [[nodiscard]] std::string triggerConditions() const;
+    [[nodiscard]] std::string figures() const;
+    [[nodiscard]] bool isShown(const Label& figure) const;
+    [[nodiscard]] const std::string& text(int number) const { return support_.text(number); }
+
+    Page& page_;
+    Support& support_;
+};
+
+} // namespace ko

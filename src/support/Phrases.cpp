@@ -1,0 +1,47 @@
+#include "support/Phrases.h"
+
+#include "platform/NumberText.h"
+
+#include <sstream>
+
+namespace ko {
+
+namespace {
+
+constexpr int pluralRule = 3320;
+
+bool isSingular(const std::string& rule, std::int64_t count)
+{
+    std::istringstream singular(rule);
+    for (std::string number; singular >> number;)
+        if (number == std::to_string(count))
+            return true;
+    return false;
+}
+
+} // namespace
+
+std::string filled(std::string_view pattern, std::initializer_list<std::string_view> arguments)
+{
+    std::string text;
+    for (std::size_t at = 0; at < pattern.size(); ++at) {
+        const std::size_t number = pattern[at] == '%' && at + 1 < pattern.size()
+                                       ? static_cast<std::size_t>(static_cast<unsigned char>(pattern[at + 1])) - '0'
+                                       : 0;
+        if (number >= 1 && number <= arguments.size()) {
+            text += arguments.begin()[number - 1];
+            ++at;
+        } else {
+            text += pattern[at];
+        }
+    }
+    return text;
+}
+
+std::string counted(const Support& support, std::int64_t count, int singular)
+{
+    const int form = isSingular(support.text(pluralRule), count) ? singular : singular + 1;
+    return filled(support.text(form), {countText(count, support.locale())});
+}
+
+} // namespace ko

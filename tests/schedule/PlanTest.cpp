@@ -1,0 +1,218 @@
+#include "schedule/Plan.h"
+
+#include "fakes/SectionTest.h"
+#include "support/Phrases.h"
+
+#include <fstream>
+#include <sstream>
+
+namespace ko::test {
+namespace {
+
+std::string stringFile(const std::string& language)
+{
+    std::ifstream file(KO_STRINGS_FOLDER "/" + language + ".txt", std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    EXPECT_FALSE(content.str().empty()) << language;
+    return content.str();
+}
+
+const std::string narrowBlank = "\xE2\x80\xAF"; // as French has it between thousands
+
+/// A page as the estimate leaves it: 90 seconds of both kinds of measurement.
+class PlanTest : public SectionTest {
+protected:
+    PlanTest()
+    {
+        addDriver();
+        page.notApplicableText = "N/A";
+        page.cmbInterval.setItems({{"seconds", 1}, {"minutes", 60}, {"hours", 3600}, {"days", 86400}});
+        page.cmbInterval.select(0);
+        page.optImmediate.showSelected();
+        page.optAfter.showSelected();
+        page.plannedSeconds = page.actualSeconds = 90.0;
+        show(page.lblNumSamplesValue, "2304000");
+        show(page.lblNumDynamicBytesValue, "17.6 MB");
+        show(page.lblNumScansValue, "181");
+        show(page.lblNumStaticBytesValue, "12.8 KB");
+        page.txtStartTime.setText("9:30:00 AM");
+        page.txtStopTime.setText("9:31:30 AM");
+        show(page.lblStopTimeValue, "9:31:31 AM");
+    }
+    static void show(Label& label, const char* text) { label.setCaption(text); }
+    void addParameter(const char* name, const char* value, int format, CellStyle::Control control = {})
+    {
+        const std::int32_t row = page.grdParam.rowCount() + 1;
+        page.grdParam.setRowCount(row);
+        Grid::Cell cell{value, {}};
+        cell.style.format = format;
+        cell.style.control = control;
+        page.grdParam.setCell(row, Grid::nameColumn, {name, {}});
+        page.grdParam.setCell(row, Grid::valueColumn, cell);
+    }
+    void startAt(const char* channel)
+    {
+        page.optOnTrigger.showSelected();
+        page.txtChannel.setText(channel);
+    }
+    std::string plan()
+    {
+        Plan(page, support).show();
+        return page.lblPlan.caption();
+    }
+    std::string planIn(const std::string& language, const Locale& locale)
+    {
+        host.platform.locale = locale;
+        Support translated(host.platform, stringFile(language));
+        Plan(page, translated).show();
+        return page.lblPlan.caption();
+    }
+};
+
+TEST_F(PlanTest, EveryWayToStartAndStopHasItsSentence)
+{
+    const std::string rest = ", records 90 s, 2,304,000 samples, 17.6 MB dynamic and 12.8 KB static, ends about "
+                             "1 min 30 s later.";
+    EXPECT_EQ(plan(), "Starts immediately" + rest);
+    startAt("");
+    EXPECT_EQ(plan(), "Starts on trigger, with no trigger channel selected yet" + rest);
+    startAt("Crank");
+    EXPECT_EQ(plan(), "Starts on trigger at Crank" + rest);
+    addParameter("Level", "0.5", 3);
+    EXPECT_EQ(plan(), "Starts on trigger at Crank (Level 0.5)" + rest);
+    page.optStartTime.showSelected();
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM" + rest);
+    page.optStopTime.showSelected();
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM, that is 1 min 30 s, 2,304,000 samples, 17.6 MB "
+                      "dynamic and 12.8 KB static, ends at about 9:31:31 AM.");
+    page.numDrivers = 0;
+    EXPECT_EQ(plan(), "Records nothing: this set-up has no instruments.");
+}
+
+TEST_F(PlanTest, NumbersAndChoicesSetATriggerOffAndNamesMayHoldAnything)
+{
+    startAt("100 %1 & <b>");
+    addParameter("Pretrigger", "1024", 0);
+    addParameter("Level (V)", "%2", 3);
+    addParameter("Noise Reject", "True", 0, CellStyle::Control::check);
+    addParameter("Slope", "Rising", 0, CellStyle::Control::list);
+    addParameter("Hold-off", "0.05", 3);
+    addParameter("Hysteresis", "1", 3);
+    EXPECT_EQ(plan().substr(0, 73), "Starts on trigger at 100 %1 & <b> (Level (V) %2, Slope Rising, Hold-off 0");
+    EXPECT_EQ(plan().find("Hysteresis"), std::string::npos);
+}
+
+TEST_F(PlanTest, FiguresThatAreNotKnownAreLeftOut)
+{
+    const auto figures = [this] {
+        const std::string text = plan();
+        const std::size_t from = text.find("90 s") + 4;
+        return text.substr(from, text.find(", ends") - from);
+    };
+    show(page.lblNumSamplesValue, "N/A");
+    EXPECT_EQ(figures(), ", 17.6 MB dynamic and 12.8 KB static");
+    page.frmStatic.setVisible(false);
+    EXPECT_EQ(figures(), ", 17.6 MB dynamic");
+    show(page.lblNumSamplesValue, "1");
+    EXPECT_EQ(figures(), ", 1 sample, 17.6 MB dynamic");
+    page.frmDynamic.setVisible(false);
+    EXPECT_EQ(figures(), "");
+    page.frmStatic.setVisible(true);
+    EXPECT_EQ(figures(), ", 181 scans, 12.8 KB static");
+    show(page.lblNumScansValue, "N/A");
+    EXPECT_EQ(figures(), ", 12.8 KB static");
+    show(page.lblNumStaticBytesValue, "N/A");
+    EXPECT_EQ(plan(), "Starts immediately, records 90 s, ends about 1 min 30 s later.");
+}
+
+TEST_F(PlanTest, ADurationThatIsNotKnownIsSaid)
+{
+    const auto expectUnknown = [this] { EXPECT_NE(plan().find("not known."), std::string::npos) << plan(); };
+    page.actualSeconds.reset();
+    expectUnknown();
+    page.actualSeconds = 90.0;
+    page.plannedSeconds = -1.0;
+    startAt("Crank");
+    expectUnknown();
+    page.plannedSeconds.reset();
+    startAt("");
+    expectUnknown();
+    page.optStartTime.showSelected();
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM; how long it records is not known.");
+    page.plannedSeconds = 90.0;
+    page.optStopTime.showSelected();
+    show(page.lblStopTimeValue, "N/A");
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM; how long that is, is not known.");
+}
+
+TEST_F(PlanTest, DurationsAreToldInTheUnitEnteredAndInTheTwoLargest)
+{
+    const struct {
+        double seconds;
+        int unit;
+        const char *entered, *later;
+    } cases[] = {
+        {0, 0, "0 s", "0 s"},
+        {0.001, 0, "0.001 s", "0.001 s"},
+        {59.994, 0, "59.99 s", "59.99 s"},
+        {59.996, 0, "60 s", "1 min"},
+        {100, 1, "1.67 min", "1 min 40 s"},
+        {3599.6, 2, "1 h", "1 h"},
+        {5430, 2, "1.51 h", "1 h 31 min"},
+        {86399, 0, "86399 s", "1 day"},
+        {90000, 3, "1 day 1 h", "1 day 1 h"},
+        {216000, 3, "2 days 12 h", "2 days 12 h"},
+        {8.64e9, 3, "100,000 days", "100,000 days"},
+    };
+    for (const auto& it : cases) {
+        page.plannedSeconds = page.actualSeconds = it.seconds;
+        page.cmbInterval.select(it.unit);
+        EXPECT_NE(plan().find(std::string("records ") + it.entered + ","), std::string::npos) << plan();
+        EXPECT_NE(plan().find(std::string("about ") + it.later + " later"), std::string::npos) << plan();
+    }
+    page.actualSeconds = 1e30;
+    EXPECT_NE(plan().find("not known"), std::string::npos);
+}
+
+TEST_F(PlanTest, EachLanguageHasItsOwnSentencesPluralsAndSeparators)
+{
+    startAt("Crank");
+    addParameter("Level", "0,5", 3);
+    Locale locale;
+    locale.decimalSeparator = ",";
+    locale.digitGroupSeparator = ".";
+    EXPECT_EQ(planIn("de", locale),
+              "Startet bei Trigger an Crank (Level 0,5), zeichnet 90 s auf, 2.304.000 Abtastwerte, 17.6 MB dynamisch "
+              "und 12.8 KB statisch, endet etwa 1 min 30 s später.");
+    locale.digitGroupSeparator = narrowBlank;
+    page.frmStatic.setVisible(false);
+    EXPECT_EQ(planIn("fr", locale), "Démarre sur déclenchement à Crank (Level 0,5), enregistre 90 s, 2" + narrowBlank +
+                                        "304" + narrowBlank +
+                                        "000 échantillons, 17.6 MB en dynamique, se termine environ 1 min 30 s plus "
+                                        "tard.");
+    EXPECT_EQ(planIn("ja", Locale()),
+              "Crank（Level 0,5） のトリガで開始し、90 秒 記録します。2,304,000 サンプル、動的 17.6 MB。約 1 分 30 秒 "
+              "後に終了します。");
+}
+
+TEST_F(PlanTest, TheLanguageSaysWhichCountsAreSingular)
+{
+    const struct {
+        const char *language, *none, *one, *many;
+    } cases[] = {
+        {"en", "0 samples", "1 sample", "2 samples"},
+        {"de", "0 Abtastwerte", "1 Abtastwert", "2 Abtastwerte"},
+        {"fr", "0 échantillon", "1 échantillon", "2 échantillons"},
+        {"ja", "0 サンプル", "1 サンプル", "2 サンプル"},
+    };
+    for (const auto& it : cases) {
+        const Support translated(host.platform, stringFile(it.language));
+        EXPECT_EQ(counted(translated, 0, 3321), it.none);
+        EXPECT_EQ(counted(translated, 1, 3321), it.one);
+        EXPECT_EQ(counted(translated, 2, 3321), it.many);
+    }
+}
+
+} // namespace
+} // namespace ko::test
