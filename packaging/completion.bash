@@ -26,7 +26,7 @@ _korvell_host_setup()
         word=${line_words[i]//\\/}
         word=${word/#\~/$HOME}
         case $word in
-            --save | --get | --set | --choices | --language | --picture | --locale) ((++i)) ;;
+            --save | --sheet | --paper | --get | --set | --choices | --language | --picture | --locale) ((++i)) ;;
             -*) ;;
             *) [[ -f $word ]] && printf '%s\n' "$word" && return ;;
         esac
@@ -103,6 +103,7 @@ _korvell_host()
         --choices) _korvell_host_offer < <(_korvell_host_settings --list --settable --names) ;;
         --language) _korvell_host_offer < <(_korvell_host_languages "$current") ;;
         --locale) _korvell_host_offer <<<system ;;
+        --paper) _korvell_host_offer <<<$'A4\nLetter' ;;
         *)
             if [[ $current == -* ]]; then
                 _korvell_host_offer < <("$program" --help 2>/dev/null | grep -o -e '--[a-z]*' | sort -u)

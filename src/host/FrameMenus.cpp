@@ -4,6 +4,7 @@
 #include "host/HostTexts.h"
 #include "host/InstrumentsView.h"
 #include "host/Reports.h"
+#include "host/SheetTexts.h"
 #include "widgets/Guarded.h"
 
 #include <QApplication>
@@ -54,6 +55,7 @@ void FrameWindow::makeFileMenu()
     menu.addSeparator();
     addEntry(menu, hostText::print, QKeySequence::Print, [this] { print(); });
     addEntry(menu, hostText::printPreview, {}, [this] { previewPrint(); });
+    addEntry(menu, sheetText::menuEntry, {}, [this] { printSheet(); });
     menu.addSeparator();
     menu.addAction(&recording_->action());
     menu.addSeparator();

@@ -1,5 +1,9 @@
 #include "host/FrameWindow.h"
+#include "host/HostTexts.h"
+#include "host/SheetPages.h"
+#include "host/SheetTexts.h"
 
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 
@@ -31,6 +35,34 @@ void FrameWindow::printOn(QPrinter& printer)
 {
     const QtPrinters::Lent lent(services_.printers, printer);
     document_->print().DefaultPrint(fromQt(printer.printerName()), settingsOf(printer));
+}
+
+void FrameWindow::printSheet()
+{
+    if (!okToLeave())
+        return;
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted)
+        printSheetOn(printer);
+}
+
+SheetSource FrameWindow::sheet()
+{
+    return {.page = document_->page(),
+            .drivers = session_.drivers(),
+            .title = session_.title(),
+            .file = session_.name(),
+            .isChanged = session_.isChanged(),
+            .made = services_.clock.now(),
+            .texts = [this](int number) { return text(number); },
+            .locale = platform_.locale};
+}
+
+void FrameWindow::printSheetOn(QPrinter& printer)
+{
+    if (!ko::printSheet(sheet(), printer))
+        QMessageBox::warning(this, text(hostText::product), text(sheetText::notPrinted));
 }
 
 } // namespace ko

@@ -6,6 +6,7 @@
 #include "host/FrameSite.h"
 #include "host/RecentFiles.h"
 #include "host/SetupSession.h"
+#include "host/SetupSheet.h"
 #include "host/UserQuestions.h"
 #include "widgets/PageWidget.h"
 #include "widgets/QtServices.h"
@@ -54,6 +55,10 @@ public:
     [[nodiscard]] QString text(int number) const;
     /// Prints the page on a printer that the toolkit has made ready, such as that of a preview.
     void printOn(QPrinter& printer);
+    /// What a set-up sheet is made from now.
+    [[nodiscard]] SheetSource sheet();
+    /// Prints that sheet; tells the user when the printer does not take it.
+    void printSheetOn(QPrinter& printer);
     /// The window and its docks go where they were the last time; false when that is not known.
     bool restorePlace();
 
@@ -114,6 +119,7 @@ private:
     void rememberPlace();
     void print();
     void previewPrint();
+    void printSheet();
     void showHelp(std::int32_t topic);
     void showAbout();
 

@@ -31,6 +31,9 @@ public:
     /// A text of the component in its language.
     [[nodiscard]] std::string text(int number) const { return scenario_.text(number); }
 
+    /// The time of the set-up's clock.
+    [[nodiscard]] DateTime now() { return scenario_.clock.now(); }
+
     /// The driver whose sampling the page edits, whose scanning it edits; null where there is none.
     [[nodiscard]] Driver* dynamicDriver() const { return driverAt(page().dynamicDriverIndex); }
     [[nodiscard]] Driver* staticDriver() const { return driverAt(page().staticDriverIndex); }

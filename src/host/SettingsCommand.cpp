@@ -5,6 +5,7 @@
 #include "host/Settings.h"
 #include "host/SettingsList.h"
 #include "host/SetupSaving.h"
+#include "host/SheetFile.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
@@ -22,6 +23,7 @@ constexpr const char* examples =
     "  korvell-host bench.json --choices sample-rate   print what it can be, a line each\n"
     "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
     "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
+    "  korvell-host bench.json --sheet bench.pdf --language de --locale system\n"
     "  korvell-host --headless bench.json walk.scenario\n"
     "\n"
     "Nothing is saved unless every setting was accepted. A value that the instruments keep otherwise is noted.\n"
@@ -66,6 +68,15 @@ std::string output(const SettingsCommand& command, const PlayedPage& played)
     return text;
 }
 
+void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, const PlayedPage& played)
+{
+    ScenarioOptions options = source.options;
+    options.setup = withPresentValues(options.setup, played.drivers());
+    options.locale = source.sheetLocale;
+    const bool isSaved = !command.save.empty();
+    writeSheet(command.sheet, options, isSaved ? command.save : source.file, !isSaved && !command.set.empty());
+}
+
 constexpr const char* group = "Settings of the page, without a window";
 
 /// `text` stands behind the option in the help.
@@ -85,6 +96,13 @@ void declareSettings(CLI::App& app, SettingsCommand& command)
                 ->allow_extra_args(false),
             "NAME");
     present(app.add_option("--save", command.save, "Write the set-up with the values as they are then"), "FILE");
+    auto* const sheet =
+        app.add_option("--sheet", command.sheet.file, "Write a sheet of the whole set-up, for paper, as .pdf or .html");
+    present(sheet, "FILE");
+    present(app.add_option("--paper", command.sheet.paper, "Of a sheet as .pdf; else that of the user's region")
+                ->check(CLI::IsMember({"A4", "Letter"}))
+                ->needs(sheet),
+            "A4|Letter");
     auto* const list = app.add_flag("--list", command.list, "Print the settings and what they can be set to");
     present(list, " ");
     auto* const json = app.add_flag("--json", command.json, "The list as JSON")->needs(list);
@@ -95,14 +113,18 @@ void declareSettings(CLI::App& app, SettingsCommand& command)
     app.footer(examples);
 }
 
-void runSettings(const SettingsCommand& command, const Setup& setup, PlayedPage& played)
+void runSettings(const SettingsCommand& command, const SettingsSource& source, PlayedPage& played)
 {
+    if (!command.sheet.file.empty())
+        checkSheetFile(command.sheet.file);
     tell(played.toldAtStart());
     for (const std::string& assignment : command.set)
         setOne(played, assignment);
     const std::string text = output(command, played);
     if (!command.save.empty())
-        saveSetup(command.save, withPresentValues(setup, played.drivers()));
+        saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
+    if (!command.sheet.file.empty())
+        writeSheetOf(command, source, played);
     std::cout << text << std::flush;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/PlayedPage.h"
+#include "host/SheetCommand.h"
 
 namespace CLI { // NOLINT(readability-identifier-naming)
 class App;
@@ -14,6 +15,7 @@ struct SettingsCommand {
     std::vector<std::string> get;
     std::string save;    ///< file
     std::string choices; ///< setting whose choices are asked for
+    SheetCommand sheet;
     bool list = false;
     bool names = false;
     bool json = false;
@@ -21,7 +23,7 @@ struct SettingsCommand {
 
     [[nodiscard]] bool isGiven() const
     {
-        return list || !set.empty() || !get.empty() || !save.empty() || !choices.empty();
+        return list || !set.empty() || !get.empty() || !save.empty() || !sheet.file.empty() || !choices.empty();
     }
 };
 
@@ -29,8 +31,15 @@ struct SettingsCommand {
 /// already.
 void declareSettings(CLI::App& app, SettingsCommand& command);
 
-/// Sets, reads, saves, in this order, and prints what was asked for once all of it has succeeded. Nothing is saved
-/// unless every setting was accepted. Fails with a `Refusal` or an `InputError`.
-void runSettings(const SettingsCommand& command, const Setup& setup, PlayedPage& played);
+/// The set-up that the command line works on.
+struct SettingsSource {
+    std::string file;
+    ScenarioOptions options; ///< of the page that is set
+    Locale sheetLocale;      ///< how a sheet writes numbers and dates
+};
+
+/// Sets, reads, saves, writes the sheet, in this order, and prints what was asked for once all of it has succeeded.
+/// Nothing is saved unless every setting was accepted. Fails with a `Refusal` or an `InputError`.
+void runSettings(const SettingsCommand& command, const SettingsSource& source, PlayedPage& played);
 
 } // namespace ko

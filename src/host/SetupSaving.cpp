@@ -8,8 +8,6 @@
 
 namespace ko {
 
-namespace {
-
 void writeWhole(const std::string& name, const std::string& content)
 {
     // A device would be replaced by a file.
@@ -23,8 +21,6 @@ void writeWhole(const std::string& name, const std::string& content)
     if (!file.open(QIODevice::WriteOnly) || file.write(content.data(), size) != size || !file.commit())
         throw InputError(name + ": cannot be saved: " + file.errorString().toStdString());
 }
-
-} // namespace
 
 void saveSetup(const std::string& file, const Setup& setup)
 {

@@ -43,6 +43,7 @@ public:
     [[nodiscard]] const std::string& file() const { return file_; }
     /// The file's name without its folder.
     [[nodiscard]] std::string name() const;
+    [[nodiscard]] const std::string& title() const { return setup_.title; }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
     /// The time at which the set-up's clock stands, if it does.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_.clock; }

@@ -12,8 +12,6 @@ ko_folder(frame SOURCES
   FrameSite.cpp
   FrameWindow.cpp
   HelpWindow.cpp
-  InstrumentRow.cpp
-  InstrumentTexts.cpp
   InstrumentsModel.cpp
   InstrumentsView.cpp
   RecentFiles.cpp
@@ -21,5 +19,5 @@ ko_folder(frame SOURCES
   ToolkitTexts.cpp
   UserQuestions.cpp
   WindowMain.cpp
-  LINKS KoTimebaseEditor ko_data ko_instruments ko_widgets
+  LINKS KoTimebaseEditor ko_data ko_instruments ko_sheet ko_widgets
 )

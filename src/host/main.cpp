@@ -35,9 +35,9 @@ void declare(CLI::App& app, CommandLine& line)
     auto* const headless = app.add_flag("--headless", line.headless, "Run a script without a window");
     headless->option_text(" ");
     app.add_option("--locale", line.locale,
-                   "\"system\": the user's regional settings instead of English (United States), for --headless")
+                   "\"system\": the user's regional settings instead of English (United States), for --headless "
+                   "and --sheet")
         ->check(CLI::IsMember({"system"}))
-        ->needs(headless)
         ->option_text("system");
     app.add_option("--language", line.language,
                    "String file or language code; a window without it follows the system's language")
@@ -103,7 +103,8 @@ int useSettings(const CommandLine& line, const std::string& language)
     ko::ScenarioOptions options;
     options.setup = ko::loadSetup(line.setup);
     options.language = language;
-    ko::runSettings(line.settings, options.setup, *make<ko::PlayedPage>(line, options));
+    const ko::Locale sheetLocale = line.locale == "system" ? ko::systemLocale() : ko::Locale{};
+    ko::runSettings(line.settings, {line.setup, options, sheetLocale}, *make<ko::PlayedPage>(line, options));
     return 0;
 }
 
@@ -111,6 +112,8 @@ int run(const CommandLine& line, int& argc, char** argv)
 {
     const bool inWindow = !line.headless && !line.settings.isGiven();
     const bool followsSystem = line.language.empty() && inWindow;
+    if (!line.locale.empty() && !line.headless && line.settings.sheet.file.empty())
+        throw ko::InputError("--locale requires --headless or --sheet");
     const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
     if (inWindow)
         return ko::runWindow(

@@ -1,6 +1,7 @@
 #include "triggering/LineMap.h"
 
 #include "support/Phrases.h"
+
 #include <utility>
 
 namespace ko {

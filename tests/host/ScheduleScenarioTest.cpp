@@ -38,6 +38,7 @@ expect lblNumScansValue caption 101
 expect lblNumStaticBytesValue caption "1.03 KB"
 expect lblDurationValue caption "10.24 seconds"
 expect lblStopTimeValue caption "11/24/2026 3:04:15 PM"
+expect lblPlan caption "Starts at 11/24/2026 3:04:05 PM, records until 11/24/2026 3:04:15 PM, that is 10 s, 10,240 samples, 40.41 KB dynamic and 1.03 KB static, ends at about 11/24/2026 3:04:15 PM."
 drivers
 )",
                             bench);

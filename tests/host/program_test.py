@@ -2,7 +2,9 @@
 import json
 import os
 import re
+import resource
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -14,11 +16,17 @@ DEMO = SOURCE / "demo"
 SETUP = DEMO / "engine-bench-demo.json"
 
 
-def run(*arguments, script="", cwd=None, **environment):
+def full_disk():
+    """From here on no file grows beyond a few bytes."""
+    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+    resource.setrlimit(resource.RLIMIT_FSIZE, (100, 100))
+
+
+def run(*arguments, script="", cwd=None, preexec_fn=None, **environment):
     kept = {name: value for name, value in os.environ.items()
             if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
     return subprocess.run([PROGRAM, *map(str, arguments)], input=script, text=True, capture_output=True, timeout=60,
-                          env={**kept, **environment}, cwd=cwd, check=False)
+                          env={**kept, **environment}, cwd=cwd, check=False, preexec_fn=preexec_fn)
 
 
 class Program(unittest.TestCase):
@@ -119,6 +127,30 @@ class Program(unittest.TestCase):
         for _, meaning in statuses:
             for other in (man, readme):
                 self.assertIn(" ".join(meaning.split()), " ".join(other.lower().split()))
+    def test_a_sheet_is_written_whole_or_not_at_all(self):
+        with tempfile.TemporaryDirectory() as folder:
+            page, sheet = Path(folder) / "sheet.html", Path(folder) / "sheet.pdf"
+            done = run(SETUP, "--set", "duration=90", "--sheet", page, "--language", "de")
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+            text = page.read_text(encoding="utf-8")
+            for part in ('lang="de"', "zeichnet 1.5 min auf", "Änderungen", "Torque", "Camshaft (0:3:2)"):
+                self.assertIn(part, text)
+            for paper, region, width in (((), "de_DE.UTF-8", "595"), ((), "en_US.UTF-8", "612"),
+                                         (("--paper", "A4"), "en_US.UTF-8", "595")):
+                self.assertEqual(run(SETUP, "--sheet", sheet, *paper, LC_ALL=region).returncode, 0)
+                self.assertIn(b"/MediaBox [0 0 " + width.encode(), sheet.read_bytes())
+            before = sheet.read_bytes()
+            for arguments, complaint in ((("--sheet", Path(folder) / "sheet.txt"), ".pdf or a .html"),
+                                         (("--sheet", Path(folder) / "none" / "sheet.pdf"), "cannot be saved"),
+                                         (("--paper", "A4"), "--sheet"), (("--list", "--locale", "system"), "--sheet")):
+                done = run(SETUP, *arguments)
+                self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
+                self.assertIn(complaint, done.stderr)
+            done = run(SETUP, "--sheet", sheet, preexec_fn=full_disk)
+            self.assertEqual(done.returncode, 2)
+            self.assertIn("cannot be saved", done.stderr)
+            self.assertEqual(sheet.read_bytes(), before)
+
 
 
 if __name__ == "__main__":

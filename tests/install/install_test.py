@@ -98,7 +98,7 @@ class InstalledProgram(unittest.TestCase):
             pictures[language] = picture.read_bytes()
         self.assertEqual(len(set(pictures.values())), 2)
         self.assertNotEqual(pictures["C"], pictures["de_AT.UTF-8"])
-        run(PROGRAM, "--picture", WORK / "first.png", SETUP, LC_ALL="de_DE.UTF-8", LC_MESSAGES="C", LANG="C")
+        run(PROGRAM, "--picture", WORK / "first.png", SETUP, LC_ALL="de_AT.UTF-8", LC_MESSAGES="C", LANG="C")
         self.assertEqual((WORK / "first.png").read_bytes(), pictures["de_AT.UTF-8"])
 
     def test_the_desktop_and_the_shells_find_what_they_look_for(self):

@@ -165,5 +165,16 @@ TEST_F(AccessibilityTest, FiguresInvalidEntriesAndSharesReadWell)
               window.text(3009) + ". " + toQt(page().txtDuration.tag()));
 }
 
+TEST_F(AccessibilityTest, ThePlanIsReadWhenTheUserPauses)
+{
+    QWidget& plan = at(page().lblPlan);
+    const auto isTold = [&] { return told(&plan, QAccessible::Name).toStdString() == page().lblPlan.caption(); };
+    ASSERT_TRUE(QTest::qWaitFor(isTold));
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    QTest::keyClicks(&at(page().txtDuration), "120");
+    EXPECT_FALSE(isTold());
+    EXPECT_TRUE(QTest::qWaitFor(isTold));
+}
+
 } // namespace
 } // namespace ko::test

@@ -183,5 +183,31 @@ TEST_F(FrameFilesTest, ThePreviewShowsThePageAsItIsPrinted)
     EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
+TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsTold)
+{
+    window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
+    show();
+    for (const auto& [paper, box] :
+         {std::pair{QPageSize::A4, "/MediaBox [0 0 595"}, {QPageSize::Letter, "/MediaBox [0 0 612"}}) {
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder.filePath("sheet.pdf"));
+        printer.setPageSize(QPageSize(paper));
+        window.printSheetOn(printer);
+        QFile file(folder.filePath("sheet.pdf"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray pdf = file.readAll();
+        EXPECT_TRUE(pdf.contains(box));
+        EXPECT_GT(pdf.count("/Type /Page\n"), 1);
+    }
+    QPrinter nowhere;
+    nowhere.setOutputFormat(QPrinter::PdfFormat);
+    nowhere.setOutputFileName(folder.filePath("none/sheet.pdf"));
+    QString told;
+    answer(told);
+    window.printSheetOn(nowhere);
+    EXPECT_TRUE(told.startsWith(window.text(3368)));
+}
+
 } // namespace
 } // namespace ko::test

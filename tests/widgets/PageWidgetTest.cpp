@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QRegularExpression>
@@ -120,6 +121,25 @@ TEST_F(PageWidgetTest, ANarrowWindowStacksTheFramesAndScrollsToTheFocus)
     EXPECT_GT(at(page().frmStart).mapTo(&widget, QPoint()).y(), at(page().frmStatic).mapTo(&widget, QPoint()).y());
     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
     EXPECT_TRUE(widget.rect().contains(at(page().txtDuration).mapTo(&widget, QPoint())));
+}
+
+TEST_F(PageWidgetTest, ThePlanStandsWholeBelowThePageWhateverTheWindowShows)
+{
+    openAndShow();
+    const auto& plan = dynamic_cast<const QLabel&>(at(page().lblPlan));
+    EXPECT_EQ(plan.text().toStdString(), page().lblPlan.caption());
+    for (const QSize size : {QSize(800, 600), QSize(480, 300), QSize(300, 300)}) {
+        widget.resize(size);
+        QApplication::processEvents();
+        EXPECT_TRUE(widget.rect().contains(plan.geometry()));
+        EXPECT_GE(plan.height(), plan.heightForWidth(plan.width()));
+        EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
+    }
+    const int before = plan.height();
+    page().lblPlan.setCaption(page().lblPlan.caption() + page().lblPlan.caption());
+    QApplication::processEvents();
+    EXPECT_GT(plan.height(), before);
+    EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
 }
 
 /// The drawing commands of a PDF file's page, which is its only compressed stream with nothing but a length.

@@ -1,12 +1,14 @@
 #include "Scenes.h"
 
 #include "host/InstrumentsView.h"
+#include "host/SheetPages.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMetaEnum>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
@@ -60,6 +62,29 @@ QPixmap trigger(FrameWindow& window)
 {
     onTrigger(window);
     return whole(window);
+}
+
+/// The sentence below the page.
+QPixmap plan(FrameWindow& window)
+{
+    onTrigger(window);
+    QApplication::processEvents();
+    return window.page().view().widget(page(window).lblPlan)->grab();
+}
+
+/// The first page of the set-up sheet, on A4 at 96 dots per inch.
+QPixmap sheet(FrameWindow& window)
+{
+    constexpr QSize paper(794, 1123);
+    constexpr QMargins margins(83, 57, 57, 45);
+    onTrigger(window);
+    QImage picture(paper, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.translate(margins.left(), margins.top());
+    SheetPages(window.sheet(), picture, QRect(QPoint(), paper).marginsRemoved(margins).size()).paint(painter, 0);
+    painter.end();
+    return QPixmap::fromImage(picture);
 }
 
 QPixmap selectChannel(FrameWindow& window)
@@ -159,6 +184,8 @@ QPixmap screenReader(FrameWindow& window)
 constexpr Scene all[]{
     {"page", whole},
     {"trigger", trigger},
+    {"plan", plan},
+    {"sheet", sheet},
     {"select-channel", selectChannel},
     {"date-time", dateTime},
     {"trigger-lines", triggerLines},
