@@ -15,7 +15,8 @@ std::size_t allocations = 0;
 
 // NOLINTBEGIN(cppcoreguidelines-no-malloc): what stands for new cannot use it
 
-void* operator new(std::size_t size)
+// An optimizing compiler that inlines only some of these takes them for a mismatch.
+[[gnu::noinline]] void* operator new(std::size_t size)
 {
     ++allocations;
     if (void* memory = std::malloc(size > 0 ? size : 1))
@@ -23,12 +24,12 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
-void operator delete(void* memory) noexcept
+[[gnu::noinline]] void operator delete(void* memory) noexcept
 {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }

@@ -34,7 +34,7 @@ void open(Bench& bench, bool withLists = true)
 {
     addInstruments(bench, withLists);
     bench.host.inModalForm = nullptr;
-    bench.host.clipboardText = "7";
+    bench.host.clipboardText = std::string("7");
     bench.act("hide", [&] { bench.document().UserDocument_Hide(); });
     bench.act("writable", [&] { bench.document().mode().setReadOnly(false); });
     bench.handOver();
