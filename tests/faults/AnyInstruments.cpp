@@ -65,9 +65,11 @@ void addTimebase(FakeDriver& driver, Draw& draw)
         driver.keeps = roundedTo2Digits;
     if (draw.oneIn(6))
         driver.keepsDuration = [](float seconds) { return std::round(seconds); };
-    driver.bytes = [](const FakeDriver& d) { return 416.0 + 8.0 * d.duration / d.samplePeriod; };
-    driver.scans = [](const FakeDriver& d) {
-        return static_cast<std::int32_t>(std::clamp(d.duration / d.scanPeriod, 0.0, 2e9));
+    driver.bytes = [each = draw.of({8.0, 400.0, 20000.0})](const FakeDriver& d) {
+        return 416.0 + each * d.duration / d.samplePeriod;
+    };
+    driver.scans = [each = draw.of({1.0, 100.0, 10000.0})](const FakeDriver& d) {
+        return static_cast<std::int32_t>(std::clamp(each * d.duration / d.scanPeriod, 0.0, 2e9));
     };
 }
 
@@ -96,8 +98,12 @@ void addParameters(FakeDriver& driver, Draw& draw)
     for (const FakeDriver::Parameter& parameter : parameters)
         if (draw.oneIn(2))
             driver.parameters.push_back(parameter);
-    if (draw.oneIn(6))
-        driver.afterParameter = [](FakeDriver& d) { d.parameters.front().name += "'"; };
+    if (draw.oneIn(2))
+        driver.afterParameter = [](FakeDriver& d) {
+            for (FakeDriver::Parameter& parameter : d.parameters)
+                if (parameter.type == "Float")
+                    parameter.value = std::get<double>(parameter.value) / 2;
+        };
 }
 
 } // namespace

@@ -12,6 +12,19 @@ std::string anyText(Draw& draw)
     return draw.of(texts);
 }
 
+/// Mostly one that takes input now.
+Control& anyControl(const Form& form, Draw& draw)
+{
+    const auto& controls = form.controls();
+    const auto takesInput = [](const Control& control) {
+        return control.isUsable() && !dynamic_cast<const Label*>(&control) && !dynamic_cast<const Frame*>(&control);
+    };
+    Control* control = controls[draw.upTo(controls.size())];
+    for (int tries = 0; tries < 10 && !takesInput(*control); ++tries)
+        control = controls[draw.upTo(controls.size())];
+    return *control;
+}
+
 } // namespace
 
 void AnyUser::listen(Form& form)
@@ -75,7 +88,7 @@ void AnyUser::giveCommand(Draw& draw)
 
 bool AnyUser::use(Form& form, Draw& draw)
 {
-    Control* const control = form.controls()[draw.upTo(form.controls().size())];
+    Control* const control = &anyControl(form, draw);
     if (auto* const box = dynamic_cast<TextBox*>(control))
         useText(*box, draw);
     else if (auto* const list = dynamic_cast<ComboBox*>(control))

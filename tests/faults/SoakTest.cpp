@@ -1,18 +1,47 @@
 #include "faults/AnyUser.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <malloc.h>
+#include <new>
+
+namespace {
+
+std::size_t bytesInUse = 0;
+
+void release(void* memory)
+{
+    bytesInUse -= memory ? malloc_usable_size(memory) : 0;
+    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc)
+}
+
+} // namespace
+
+// What the allocator itself says counts what it keeps for the next who asks.
+[[gnu::noinline]] void* operator new(std::size_t size)
+{
+    void* const memory = std::malloc(size > 0 ? size : 1); // NOLINT(cppcoreguidelines-no-malloc)
+    if (!memory)
+        throw std::bad_alloc();
+    bytesInUse += malloc_usable_size(memory);
+    return memory;
+}
+
+[[gnu::noinline]] void operator delete(void* memory) noexcept
+{
+    release(memory);
+}
+
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
+{
+    release(memory);
+}
 
 namespace ko::test {
 
 namespace {
-
-std::size_t bytesInUse()
-{
-    return mallinfo2().uordblks;
-}
 
 void forgetNotes(Bench& bench, AnyUser& user)
 {
@@ -49,10 +78,10 @@ TEST(Soak, ADayOfUseTakesNoMoreMemoryThanItsFirstHours)
     std::vector<std::size_t> hours;
     for (std::uint32_t hour = 0; hour < 24; ++hour) {
         useForAnHour(bench, user, hour);
-        hours.push_back(bytesInUse());
+        hours.push_back(bytesInUse);
     }
     if (hours.back() == 0)
-        GTEST_SKIP() << "this allocator does not tell what is in use";
+        GTEST_SKIP() << "something else stands for new here";
     std::cout << "bytes in use after each hour:";
     for (const std::size_t bytes : hours)
         std::cout << " " << bytes;
