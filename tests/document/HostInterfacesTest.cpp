@@ -104,6 +104,19 @@ TEST_F(HostInterfaces, EditCommandsWorkOnTheFocusedBox)
     EXPECT_EQ(enabled(command::paste), 0) << "a box to copy from only";
 }
 
+TEST_F(HostInterfaces, AnEntryIsPutIntoFormWhenItIsAcceptedNotWhenItIsChecked)
+{
+    addDriver().sampleRange = {1e-6, 1};
+    open();
+    type(page().txtSampleRate, "5e2");
+    bool allowed = false;
+    document->state().OKToLeave(allowed);
+    EXPECT_TRUE(allowed);
+    EXPECT_EQ(page().txtSampleRate.text(), "5e2");
+    document->menu().OnCommand(command::acceptEntry);
+    EXPECT_EQ(page().txtSampleRate.text(), "500");
+}
+
 TEST_F(HostInterfaces, TheClientSiteGivesItsViewsAndKeepsWhatItCannotReplace)
 {
     document->menu().OnCommand(command::help);

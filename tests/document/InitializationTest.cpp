@@ -31,6 +31,10 @@ TEST_F(Initialization, TheFirstDriverOfEachKindIsShown)
     EXPECT_EQ(page().txtSampleRate.text(), "250");
     EXPECT_EQ(page().txtScanPeriod.text(), "");
     EXPECT_EQ(other.scanPeriod, 0.1) << "nothing read, nothing pushed";
+    fakes = {fakes[1]};
+    handOver();
+    EXPECT_EQ(page().dynamicDriverIndex, -1);
+    EXPECT_EQ(page().staticDriverIndex, 0);
 }
 
 TEST_F(Initialization, ModesTimesAndTheLargestUnitAreShown)

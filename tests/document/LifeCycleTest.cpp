@@ -21,6 +21,16 @@ TEST_F(LifeCycle, CreationLoadsTextsHintsAndTheGridsHeader)
     EXPECT_EQ(page().hertzText, "Hz");
     EXPECT_FALSE(page().mnuTimebaseTriggerLines.enabled());
     EXPECT_EQ(page().lblChannel.font().name, "Sans");
+    EXPECT_EQ(page().grdParam.standardStyle().font.name, "Sans");
+    EXPECT_EQ(page().grdParam.columnWidth(0) + page().grdParam.columnWidth(1), page().grdParam.innerWidth());
+    EXPECT_EQ(shared.support.localeSettings, readLocaleSettings({}));
+    EXPECT_EQ(shared.dialogs.setDateTime().caption(), "Set Date & Time");
+    EXPECT_EQ(shared.dialogs.advancedTrig().lblScanMap.caption(), "Instruments and lines:");
+    EXPECT_EQ(shared.dialogs.selectChannel().caption(), "Select Trigger Channel");
+    Texts tabs;
+    for (const auto& tab : shared.dialogs.advancedTrig().tabTrigger.tabs())
+        tabs.push_back(tab.caption);
+    EXPECT_EQ(tabs, (Texts{"Start Trigger Line", "Sync Trigger Line"}));
 }
 
 TEST_F(LifeCycle, AnEmptyListShowsTheNoInstrumentScreenAndAListTheFrames)
@@ -41,11 +51,18 @@ TEST_F(LifeCycle, AnEmptyListShowsTheNoInstrumentScreenAndAListTheFrames)
     EXPECT_EQ(page().activeControl(), &page().optImmediate);
     EXPECT_FALSE(page().isLoading);
 
+    addDriver(2);
+    handOver();
     fakes.clear();
     handOver();
     EXPECT_TRUE(page().imgNoInst.visible());
     EXPECT_FALSE(page().frmStart.visible());
     EXPECT_EQ(page().activeControl(), nullptr);
+    addDriver(2);
+    handOver();
+    document->drivers().setNumberOfDrivers(0);
+    document->UserDocument_Show();
+    EXPECT_FALSE(page().frmStatic.visible()) << "announced drivers are gone, whatever the list says";
 }
 
 TEST_F(LifeCycle, HidingTakesTheFocusAwayAndKeepsTheContents)
@@ -69,10 +86,16 @@ TEST_F(LifeCycle, OnlyF1AloneOpensHelpAndIsSwallowed)
         KeyPress press{key::f1, shift};
         page().keyDown(press);
         EXPECT_EQ(press.keyCode, shift == 0 ? 0 : 112);
+        press.keyCode = key::f1;
+        shared.dialogs.setDateTime().keyDown(press);
+        EXPECT_EQ(press.keyCode, shift == 0 ? 0 : 112);
     }
+    KeyPress other{key::f1 + 1, 0};
+    page().keyDown(other);
+    shared.dialogs.setDateTime().keyDown(other);
     document->mode().setReadOnly(true);
     document->menu().OnCommand(command::help);
-    EXPECT_EQ(host.topics, (std::vector<std::int32_t>{1007, 507}));
+    EXPECT_EQ(host.topics, (std::vector<std::int32_t>{1007, 1005, 507}));
 }
 
 TEST_F(LifeCycle, EveryDocumentsEndTakesTheHelpFromTheDialogs)

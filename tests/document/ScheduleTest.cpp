@@ -177,6 +177,7 @@ TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
         EXPECT_EQ(dialog.calDate.userChose(1899, 12, 30), Outcome::Inert);
         dialog.calDate.userChose(2026, 11, 30);
         dialog.optCurrentDay.userClicked();
+        EXPECT_EQ(dialog.calDate.userChose(2026, 11, 29), Outcome::Inert);
         dialog.optSpecifiedDay.userClicked();
         EXPECT_EQ(dialog.calDate.day(), 30);
         dialog.btnOK.userClicked();
@@ -191,6 +192,73 @@ TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
         dialog.btnCancel.userClicked();
     });
     page().txtStopTime.userDoubleClicked();
+}
+
+TEST_F(ScheduleTest, TheHostIsToldOnceOfEachChangeAndOfNothingElse)
+{
+    openTwo();
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"start", [&] { start(1).userClicked(); }},
+        {"stop", [&] { stop(1).userClicked(); }},
+        {"start time",
+         [&] {
+             pickTime(page().cmdStartTime, {2026, 11, 24, 15, 4, 5});
+         }},
+        {"stop time",
+         [&] {
+             pickTime(page().cmdStopTime, {2026, 11, 24, 15, 9, 5});
+         }},
+        {"after", [&] { stop(0).userClicked(); }},
+        {"duration", [&] { page().txtDuration.userReplaced("5", 0, 0); }},
+        {"unit", [&] { page().cmbInterval.userChose(1); }},
+    };
+    for (const auto& [name, change] : changes) {
+        host.changes = 0;
+        change();
+        EXPECT_EQ(host.changes, 1) << name;
+    }
+    host.changes = 0;
+    page().cmbInterval.userChose(1);
+    start(1).userClicked();
+    EXPECT_EQ(host.changes, 0);
+}
+
+TEST_F(ScheduleTest, ARecordingShorterThanItsFirstSampleLastsAsLongAsItShould)
+{
+    openTwo();
+    fakes[0]->samplePeriod = 20;
+    fakes[0]->blockSize = 0;
+    fakes[0]->bytes = [](const FakeDriver&) { return 1073741824.0 - 416; };
+    open();
+    EXPECT_EQ(page().lblNumSamplesValue.caption(), "0");
+    EXPECT_EQ(page().lblDurationValue.caption(), "10 seconds");
+    EXPECT_NEAR(page().lblNumDynamicBytesValue.share(), 0.5, 0.01) << "of the limit";
+}
+
+TEST_F(ScheduleTest, EveryControlClearsTheHintOfTheOneBefore)
+{
+    openTwo(1, 1);
+    document->mode().setClientSite(host.site());
+    page().moveFocus(nullptr);
+    std::size_t hints = 0;
+    for (Control* control : std::initializer_list<Control*>{
+             &page().optStartTime, &page().optImmediate, &page().optOnTrigger, &page().txtStartTime,
+             &page().optStopTime, &page().optAfter, &page().txtStopTime}) {
+        ASSERT_TRUE(page().moveFocus(control)) << control->name();
+        EXPECT_EQ(host.hints.size(), ++hints) << control->name();
+    }
+    EXPECT_EQ(host.hints, Texts(hints));
+}
+
+TEST_F(ScheduleTest, AUnitThatMakesTheTextTheDurationInForceChangesTheLabelsAlone)
+{
+    openTwo(0, 0, "8:00:00 AM", 30);
+    for (const auto& driver : fakes)
+        driver->duration = 1800;
+    page().cmbInterval.userChose(1);
+    EXPECT_TRUE(page().lblDurationValue.caption().ends_with(" minutes")) << page().lblDurationValue.caption();
+    for (const auto& driver : fakes)
+        EXPECT_EQ(driver->writes, Texts());
 }
 
 TEST_F(DocumentTest, EveryPairOfModesReachesTheDriversFromEveryOther)

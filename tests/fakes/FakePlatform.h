@@ -85,12 +85,14 @@ public:
             inModalForm(form);
     }
     void hide(Form&) override {}
-    void ReportError(std::int32_t number, const std::string& source, const std::string& description, std::int32_t,
-                     const std::string&, bool) override
+    void ReportError(std::int32_t number, const std::string& source, const std::string& description,
+                     std::int32_t helpContext, const std::string& helpFile, bool log) override
     {
         if (reporterFails)
             fail(failure::invalidCall);
-        add("ReportError", reports, source + " " + std::to_string(number) + ": " + description);
+        const bool isPlain = helpContext == 0 && helpFile.empty() && log;
+        add("ReportError", reports,
+            source + " " + std::to_string(number) + ": " + description + (isPlain ? "" : " (with help or unlogged)"));
     }
     std::string Caption() override { return answer("Caption", "caption"); }
     void ShowHint(const std::string& hint, const std::string&) override { add("ShowHint", hints, hint); }

@@ -107,9 +107,15 @@ TEST(ResourceUtilsTest, TextsFontsAndHintsReachEveryKindOfControl)
     EXPECT_FALSE(form.box.font().bold);
     EXPECT_EQ(form.menu.font().name, "");
     EXPECT_TRUE(form.grid.colHeaderStyle().font.bold);
+    EXPECT_TRUE(form.grid.rowHeaderStyle().font.bold);
     EXPECT_FALSE(form.grid.standardStyle().font.bold);
     EXPECT_EQ(form.grid.standardStyle().font.name, "Face");
     // The button and the list's third entry ask for 1117, which does not exist; all others were loaded.
+    EXPECT_EQ(host.takeReports().size(), 2U);
+
+    form.setCaption("as designed");
+    loadFormCaption(step, strings, form, 1100);
+    EXPECT_EQ(form.caption(), "as designed");
     EXPECT_EQ(host.takeReports().size(), 2U);
 
     moveToolTipsToTags(form);

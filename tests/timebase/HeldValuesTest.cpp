@@ -35,6 +35,25 @@ TEST_F(HeldValues, WhatDriversMakeOfTheLoadedScanPeriodIsShown)
     EXPECT_EQ(page().cmbScanPeriod.index(), 1);
 }
 
+TEST_F(HeldValues, AKeptPeriodSelectsTheEntryThatItIsCloseToOrReadsAs)
+{
+    const std::pair<double, double> offeredAndKept[] = {{1e-5, 1e-5 + 5e-13}, {3600.1, 3600.1 + 2e-12}};
+    FakeDriver& driver = addDriver();
+    for (const auto& [offered, kept] : offeredAndKept) {
+        driver.sampleChoices = {0.5, offered};
+        driver.keeps = [kept = kept](double value) { return value == 0.5 ? 0.5 : kept; };
+        open();
+        for (const std::int32_t entry : {1, 0, 1})
+            page().cmbSamplePeriod.userChose(entry);
+        EXPECT_EQ(page().cmbSampleRate.index(), 1) << offered;
+        EXPECT_EQ(page().cmbSamplePeriod.index(), 1) << offered;
+    }
+    driver.keeps = [](double) { return 0.5; };
+    page().cmbSampleRate.userChose(0);
+    page().cmbSampleRate.userChose(1);
+    EXPECT_EQ(page().cmbSampleRate.index(), 0) << "back where the driver stays";
+}
+
 TEST_F(HeldValues, DriversThatRoundDifferentlyAreLeftAloneByAWalk)
 {
     addDriver(2).keeps = nearest(0.1, 0.2);

@@ -83,6 +83,9 @@ TEST_F(TriggerDialogs, WithoutALineNothingIsFreedAndOkWithoutAChoiceChangesNothi
     lines.Display(start, scan, startLine, scanLine);
     EXPECT_EQ(startLine, 0);
     EXPECT_EQ(scan, LineMask{}) << "no line was freed";
+    start = {};
+    host.inModalForm = [&](Form&) { EXPECT_FALSE(lines.lblNoStartLine.visible()) << "the line is in use"; };
+    lines.Display(start, scan, startLine, scanLine);
     EXPECT_EQ(lines.tabTrigger.tabs()[1].caption, "Sync Trigger Line");
     EXPECT_EQ(lines.caption(), "Trigger Lines");
 }

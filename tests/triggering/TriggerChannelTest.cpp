@@ -206,6 +206,23 @@ TEST_F(TriggerArea, SwitchingOnAndOffShowsAndHidesTheAreaAndWarnsOnceEachTime)
     }
 }
 
+TEST_F(TriggerArea, TheColumnsShareTheWidthThatTheScrollBarLeaves)
+{
+    for (std::int32_t id = 10; id < 12; ++id)
+        driver.parameters.push_back({.id = id});
+    for (const std::int32_t visible : {1, 2}) {
+        grid.setVisibleRows(visible);
+        switchOn();
+        const std::int32_t bar = visible < 2 ? support.scrollBarWidth() : 0;
+        EXPECT_EQ(grid.columnWidth(0) + grid.columnWidth(1), grid.innerWidth() - bar);
+        EXPECT_EQ(grid.columnWidth(0), (grid.innerWidth() - bar) / 2);
+        EXPECT_EQ(grid.columnWidth(2), 0);
+    }
+    page.dynamicDriverIndex = -1;
+    area.enableTriggering(true);
+    EXPECT_FALSE(grid.enabled());
+}
+
 TEST_F(TriggerArea, WithoutAStoredChannelTheDriverIsNotAskedForOne)
 {
     driver.parameters = {{}};

@@ -195,6 +195,28 @@ TEST_F(TriggerLinesOf, TheDialogWritesWhatTheUserChangesAndNothingElse)
     EXPECT_EQ(page.startTriggerLine, 0) << "another list came meanwhile";
 }
 
+TEST_F(TriggerLinesOf, TheComplaintThatNoLineIsLeftGoesWithItsReason)
+{
+    FakeDriver& scan = addDriver();
+    FakeDriver& start = addDriver();
+    start.startRank = scan.scanRank = 5;
+    start.startMasterLines = {2, 4};
+    scan.scanMasterLines = {2};
+    survey();
+    EXPECT_EQ(page.lblNoTriggerLine.caption(), "No trigger line is left for the sync trigger.");
+    host.inModalForm = [&](Form&) {
+        dialog.optStartTrig[4]->userClicked();
+        dialog.optScanTrig[2]->userClicked();
+        dialog.btnOK.userClicked();
+    };
+    page.mnuTimebaseTriggerLines.userClicked();
+    EXPECT_EQ(scan.scanLine, 2);
+    for (const auto& tab : dialog.tabTrigger.tabs())
+        EXPECT_TRUE(tab.enabled) << tab.caption;
+    EXPECT_FALSE(page.lblNoTriggerLine.visible());
+    EXPECT_EQ(page.lblNoTriggerLine.caption(), "");
+}
+
 TEST_F(TriggerLinesOf, ADriverThatFailsWhileTheLineIsWrittenDoesNotKeepItFromTheOthers)
 {
     addDriver().startRank = 5;
