@@ -102,6 +102,8 @@ TEST_F(LifeCycle, EveryDocumentsEndTakesTheHelpFromTheDialogs)
 {
     document->mode().setClientSite(host.site());
     EXPECT_TRUE(shared.dialogs.setDateTime().IHelp);
+    EXPECT_TRUE(shared.dialogs.selectChannel().IHelp);
+    EXPECT_EQ(shared.dialogs.selectChannel().cmdHelp.caption(), "Help");
     EXPECT_EQ(shared.dialogs.selectChannel().helpContextId, 1004);
     KeyPress press{key::f1, 0};
     shared.dialogs.setDateTime().keyDown(press);
@@ -109,6 +111,48 @@ TEST_F(LifeCycle, EveryDocumentsEndTakesTheHelpFromTheDialogs)
     document.reset();
     EXPECT_FALSE(shared.dialogs.advancedTrig().IHelp);
     EXPECT_FALSE(shared.dialogs.selectChannel().IHelp);
+}
+
+TEST_F(LifeCycle, NoControlActsWhileThePageFillsItOrADialogIsOpen)
+{
+    for (const std::int32_t samplingMode : {1, 2}) {
+        FakeDriver& driver = addDriver(samplingMode);
+        driver.startRank = driver.scanRank = 5;
+        driver.sampleChoices = driver.scanChoices = {0.1, 0.2};
+        driver.blockChoices = {512, 1024};
+    }
+    open();
+    for (const auto& driver : fakes)
+        driver->writes.clear();
+    bool shown = false;
+    host.inModalForm = [&](Form&) { shown = true; };
+    const auto useLists = [&] {
+        for (ComboBox* list : {&page().cmbSampleRate, &page().cmbSamplePeriod})
+            list->userChose(1 - std::max(list->index(), 0));
+    };
+    const auto useBlocksAndDialogs = [&] {
+        page().cmbBlockSize.userChose(0);
+        page().mnuTimebaseTriggerLines.userClicked();
+        page().cmdChannel.userClicked();
+    };
+    page().isUpdating = true;
+    useLists();
+    page().cmbInterval.userChose(1);
+    page().isUpdating = false;
+    page().isDialogOpen = true;
+    useBlocksAndDialogs();
+    page().isDialogOpen = false;
+    page().isLoading = true;
+    useLists();
+    useBlocksAndDialogs();
+    for (ComboBox* list : {&page().cmbScanRate, &page().cmbScanPeriod, &page().cmbInterval})
+        list->userChose(1);
+    for (OptionButton* option : {&page().optStartTime, &page().optStopTime, &page().optAfter, &page().optImmediate})
+        option->userClicked();
+    page().isLoading = false;
+    EXPECT_FALSE(shown);
+    for (const auto& driver : fakes)
+        EXPECT_EQ(driver->writes, Texts());
 }
 
 TEST_F(LifeCycle, LoadingEndsWhateverFails)

@@ -250,6 +250,17 @@ TEST_F(ScheduleTest, EveryControlClearsTheHintOfTheOneBefore)
     EXPECT_EQ(host.hints, Texts(hints));
 }
 
+TEST_F(ScheduleTest, ARefusedUnitGoesBackToTheOneBefore)
+{
+    openTwo(0, 0, "8:00:00 AM", 120);
+    ASSERT_EQ(page().cmbInterval.text(), "minutes");
+    page().cmbInterval.userChose(2);
+    EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
+    EXPECT_EQ(page().cmbInterval.text(), "minutes");
+    EXPECT_EQ(page().txtDuration.text(), "2");
+    expectEverywhere("0 0 8:00:00 AM 120");
+}
+
 TEST_F(ScheduleTest, AUnitThatMakesTheTextTheDurationInForceChangesTheLabelsAlone)
 {
     openTwo(0, 0, "8:00:00 AM", 30);

@@ -35,6 +35,7 @@ TEST(ValidationTest, ReadsWhatTheTypeAndTheBoundsAllowAndSaysWhyNot)
     const NumberBounds tiny{1e-10, 1.0, true};
     const NumberBounds fastest{{}, 1 / 1e-9, true};
     const Case cases[] = {
+        {"1e-320", Double, positive, {}, realWanted}, // it has no reciprocal
         {"1024", Long, blocks, 1024, ""},
         {"1e3", Long, blocks, 1000, ""},
         {" +16 ", Long, blocks, 16, ""},

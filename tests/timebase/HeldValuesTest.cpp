@@ -40,17 +40,16 @@ TEST_F(HeldValues, AKeptPeriodSelectsTheEntryThatItIsCloseToOrReadsAs)
     const std::pair<double, double> offeredAndKept[] = {{1e-5, 1e-5 + 5e-13}, {3600.1, 3600.1 + 2e-12}};
     FakeDriver& driver = addDriver();
     for (const auto& [offered, kept] : offeredAndKept) {
-        driver.sampleChoices = {0.5, offered};
+        driver.sampleChoices = {0.5, offered, 0.7};
         driver.keeps = [kept = kept](double value) { return value == 0.5 ? 0.5 : kept; };
         open();
-        for (const std::int32_t entry : {1, 0, 1})
+        for (const std::int32_t entry : {0, 2})
             page().cmbSamplePeriod.userChose(entry);
         EXPECT_EQ(page().cmbSampleRate.index(), 1) << offered;
         EXPECT_EQ(page().cmbSamplePeriod.index(), 1) << offered;
     }
     driver.keeps = [](double) { return 0.5; };
-    page().cmbSampleRate.userChose(0);
-    page().cmbSampleRate.userChose(1);
+    page().cmbSampleRate.userChose(2);
     EXPECT_EQ(page().cmbSampleRate.index(), 0) << "back where the driver stays";
 }
 

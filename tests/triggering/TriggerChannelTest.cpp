@@ -147,6 +147,16 @@ TEST_F(TriggerArea, ARefusedCellKeepsTheFocusUntilItIsCorrectedOrGivenUp)
     EXPECT_EQ(values(), (Texts{"4", "5"}));
 }
 
+TEST_F(TriggerArea, AValueOfATypeThatTheDriverDoesNotTellIsNotWritten)
+{
+    driver.parameters = {{}};
+    switchOn();
+    driver.failing = {"GetTriggerParamType"};
+    EXPECT_EQ(grid.userEditedCell(1, "0.25"), Outcome::Refused);
+    EXPECT_EQ(driver.writes, Texts());
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_OnValidateCell 1000: GetTriggerParamType failed"});
+}
+
 TEST_F(TriggerArea, AfterAWriteEveryRowShowsWhatTheDriverHas)
 {
     driver.parameters = {{.id = 2, .value = 1.0}, {.id = 4, .type = "odd", .value = 2.0}};
@@ -218,9 +228,6 @@ TEST_F(TriggerArea, TheColumnsShareTheWidthThatTheScrollBarLeaves)
         EXPECT_EQ(grid.columnWidth(0), (grid.innerWidth() - bar) / 2);
         EXPECT_EQ(grid.columnWidth(2), 0);
     }
-    page.dynamicDriverIndex = -1;
-    area.enableTriggering(true);
-    EXPECT_FALSE(grid.enabled());
 }
 
 TEST_F(TriggerArea, WithoutAStoredChannelTheDriverIsNotAskedForOne)
@@ -258,10 +265,12 @@ TEST_F(TriggerArea, AChannelThatTheStartMasterLacksIsForgotten)
     area.followStartMaster();
     EXPECT_EQ(page.TriggerChannel, 1);
     EXPECT_EQ(grid.rowCount(), 0) << "but the rows were the other driver's";
+    EXPECT_FALSE(grid.enabled());
     fakes[1]->groups[0].channels.pop_back();
     area.followStartMaster();
     EXPECT_EQ(page.TriggerSlot, -1);
     EXPECT_EQ(page.TriggerChannel, -1);
+    EXPECT_EQ(page.txtChannel.text(), "");
 }
 
 TEST_F(TriggerArea, ChoosingAChannelMovesTheDriversSwitch)

@@ -1,0 +1,193 @@
+#include "platform/CaptionControls.h"
+#include "platform/ChannelSelector.h"
+#include "platform/ComboBox.h"
+#include "platform/DateControls.h"
+#include "platform/Failing.h"
+#include "platform/Form.h"
+#include "platform/Grid.h"
+#include "platform/OneBased.h"
+#include "platform/TabControl.h"
+#include "platform/TextBox.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace ko::test {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+/// A form with one control of each kind that takes the user's input.
+class Controls : public testing::Test, protected Form {
+protected:
+    Controls() : Form("Any")
+    {
+        list.setItems({{"one", 1}, {"two", 2}});
+        grid.setRowCount(2);
+        for (std::int32_t row = 1; row <= 2; ++row) {
+            Grid::Cell cell{"text", grid.standardStyle()};
+            cell.style.enabled = true;
+            grid.setCell(row, 1, cell);
+        }
+    }
+
+    Frame frame{*this, "frame"};
+    TextBox before{*this, "before"};
+    TextBox box{*this, "box", &frame};
+    ComboBox list{*this, "list", &frame};
+    Grid grid{*this, "grid", &frame};
+    Calendar calendar{*this, "calendar", &frame};
+    TimePicker picker{*this, "picker", &frame};
+    OptionButton option{*this, "option", &frame};
+    Frame page{*this, "page"};
+    TabControl tabs{*this, "tabs", {&page}};
+    ChannelSelector selector{*this, "selector", &frame};
+    Label label{*this, "label", &frame};
+    Menu menu{*this, "menu"};
+
+    /// Every door by which the user's input enters a usable control; the one of an open cell aside.
+    const std::pair<const char*, std::function<Outcome()>> doors[6] = {{"choose", [this] { return list.userChose(1); }},
+                                                                       {"double-click", [this] { return box.userDoubleClicked(); }},
+                                                                       {"open-cell", [this] { return grid.userOpenedCell(1); }},
+                                                                       {"cell", [this] { return grid.userEditedCell(2, "more"); }},
+                                                                       {"click", [this] { return option.userClicked(); }},
+                                                                       {"pick", [this] { return selector.userPicked({}); }}};
+};
+
+} // namespace
+
+TEST_F(Controls, WhatIsNotThereIsAFailureAndChangesNothing)
+{
+    const std::pair<std::int32_t, std::function<void()>> calls[] = {
+        {failure::invalidCall, [&] { list.select(2); }},
+        {failure::invalidCall, [&] { list.select(-2); }},
+        {failure::invalidCall, [&] { list.replaceItem(2, {}); }},
+        {failure::invalidCall, [&] { static_cast<void>(list.itemData()); }},
+        {failure::subscriptOutOfRange, [&] { static_cast<void>(grid.cell(3, 0)); }},
+        {failure::subscriptOutOfRange, [&] { static_cast<void>(grid.cell(-1, 0)); }},
+        {failure::subscriptOutOfRange, [&] { static_cast<void>(grid.cell(0, 3)); }},
+        {failure::invalidCall, [&] { static_cast<void>(grid.editor()); }},
+        {failure::subscriptOutOfRange, [&] { tabs.setTab(1); }},
+        {failure::subscriptOutOfRange, [&] { tabs.setTab(-1); }},
+        {failure::subscriptOutOfRange, [&] { static_cast<void>(tabs.frame(1)); }},
+        {failure::subscriptOutOfRange, [&] { static_cast<void>(tabs.frame(-1)); }},
+        {failure::subscriptOutOfRange, [] { static_cast<void>(OneBased<int>{1}[2]); }},
+        {failure::subscriptOutOfRange, [] { static_cast<void>(OneBased<int>{1}[0]); }},
+        {failure::invalidCall, [&] { menu.setToolTipText("x"); }},
+        {failure::invalidCall, [&] { static_cast<void>(menu.toolTipText()); }}};
+    for (const auto& [number, call] : calls)
+        EXPECT_EQ(failureOf([&call = call] {
+                      call();
+                      return 0;
+                  }),
+                  number)
+            << &call - &calls[0].second;
+    EXPECT_EQ(list.index(), -1);
+    EXPECT_EQ(tabs.tab(), 0);
+    EXPECT_EQ(find("nobody"), nullptr);
+}
+
+TEST_F(Controls, ADateOrTimeThatIsNoneIsRefusedPartByPart)
+{
+    const int dates[][3] = {{99, 1, 1},   {10000, 1, 1}, {2026, 0, 1}, {2026, 13, 1},
+                            {2026, 1, 0}, {2026, 1, 32}, {2026, 2, 29}};
+    for (const auto& [year, month, day] : dates) {
+        EXPECT_EQ(calendar.userChose(year, month, day), Outcome::Inert) << year << ' ' << month << ' ' << day;
+        EXPECT_EQ(failureOf([&, y = year, m = month, d = day] {
+                      calendar.setDate(y, m, d);
+                      return 0;
+                  }),
+                  failure::invalidCall);
+    }
+    const int times[][3] = {{-1, 0, 0}, {24, 0, 0}, {0, -1, 0}, {0, 60, 0}, {0, 0, -1}, {0, 0, 60}};
+    for (const auto& [hour, minute, second] : times) {
+        EXPECT_EQ(picker.userChose(hour, minute, second), Outcome::Inert) << hour << ' ' << minute << ' ' << second;
+        EXPECT_EQ(failureOf([&, h = hour, m = minute, s = second] {
+                      picker.setTime(h, m, s);
+                      return 0;
+                  }),
+                  failure::invalidCall);
+    }
+    EXPECT_EQ(picker.hour() + picker.minute() + picker.second(), 0);
+}
+
+TEST_F(Controls, InputToWhatCannotBeUsedIsInertAndInputThatIsNotLetInIsRefused)
+{
+    before.validate = [] { return false; };
+    ASSERT_TRUE(moveFocus(&before));
+    for (const auto& [name, door] : doors)
+        EXPECT_EQ(door(), Outcome::Refused) << name;
+    EXPECT_EQ(tabs.userChoseTab(0), Outcome::Refused);
+    EXPECT_EQ(activeControl(), &before);
+    before.validate = [&] {
+        EXPECT_FALSE(moveFocus(&box)) << "who is asked cannot go elsewhere meanwhile";
+        frame.setEnabled(false);
+        return true;
+    };
+    EXPECT_EQ(list.userChose(0), Outcome::Refused) << "the answer has disabled it";
+    for (const auto& [name, door] : doors)
+        EXPECT_EQ(door(), Outcome::Inert) << name;
+    for (const Outcome outcome :
+         {box.userTyped("x"), box.userReplaced("x", 0, 0), box.userSelected(0, 0), box.userUndid(),
+          grid.userTypedInCell("x", 0, 0), grid.userSelectedInCell(0, 0), grid.userEndedEdit(), grid.userDroppedEdit(),
+          list.userChose(2), calendar.userChose(2026, 11, 24), picker.userChose(15, 4, 5), tabs.userChoseTab(1),
+          tabs.userChoseTab(-1), selector.userPicked({7}), selector.userActivated(7)})
+        EXPECT_EQ(outcome, Outcome::Inert);
+    EXPECT_EQ(box.text(), "");
+    EXPECT_EQ(list.index(), -1);
+    EXPECT_EQ(grid.cell(2, 1).value, "text");
+}
+
+TEST_F(Controls, InputIsToldInTheWordsOfAScenarioAndMovesTheFocusFirst)
+{
+    std::vector<Words> told;
+    userActs = [&](const Words& words) { told.push_back(words); };
+    for (const auto& [name, door] : doors) {
+        dropFocus();
+        told.clear();
+        EXPECT_EQ(door(), Outcome::Done) << name;
+        ASSERT_FALSE(told.empty()) << name;
+        EXPECT_EQ(told.front().front(), "focus") << name;
+    }
+    EXPECT_EQ(told.back(), (Words{"pick", "none"}));
+    EXPECT_EQ(grid.userOpenedCell(1), Outcome::Done);
+    EXPECT_EQ(grid.userOpenedCell(1), Outcome::Done) << "it is open already";
+    EXPECT_EQ(grid.userSelectedInCell(1, 2), Outcome::Done);
+    EXPECT_EQ(told.back(), (Words{"select", "grid", "1", "2"}));
+    EXPECT_EQ(grid.selText(), "ex");
+    grid.setRowCount(2);
+    EXPECT_EQ(grid.editedRow(), 0) << "its rows may be others now";
+    told.clear();
+    for (const std::int16_t code : {key::f1, std::int16_t{key::f1 - 1}, std::int16_t{key::f12 + 1}}) {
+        KeyPress press{code, 3};
+        userPressedKey(press);
+    }
+    EXPECT_EQ(told, (std::vector<Words>{{"key", "Shift+Ctrl+F1"}}));
+}
+
+TEST_F(Controls, WhatStaysAsItIsTellsNoView)
+{
+    int drawn = 0;
+    const auto count = [&](Aspect) { ++drawn; };
+    for (Control* control : controls())
+        control->view = count;
+    view = [&] { ++drawn; };
+    resized = view;
+    const std::function<void()> settings[] = {[&] { setCaption("caption"); },    [&] { resize(10, 20); },
+                                              [&] { resize(10, 30); },           [&] { box.setLocked(true); },
+                                              [&] { box.setText("text"); },      [&] { box.setMarked(true); },
+                                              [&] { label.move({1, 2, 3, 4}); }, [&] { label.setCaption("caption"); },
+                                              [&] { list.select(1); },           [&] { option.showSelected(); }};
+    for (const auto& set : settings) {
+        drawn = 0;
+        set();
+        EXPECT_GT(drawn, 0) << &set - settings;
+        drawn = 0;
+        set();
+        EXPECT_EQ(drawn, 0) << &set - settings;
+    }
+}
+
+} // namespace ko::test
