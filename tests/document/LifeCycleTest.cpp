@@ -120,8 +120,11 @@ TEST_F(LifeCycle, NoControlActsWhileThePageFillsItOrADialogIsOpen)
         driver.startRank = driver.scanRank = 5;
         driver.sampleChoices = driver.scanChoices = {0.1, 0.2};
         driver.blockChoices = {512, 1024};
+        driver.startMode = startMode::onTrigger;
+        driver.groups = {{"Inputs", {{.name = "Crank"}}}};
     }
     open();
+    ASSERT_TRUE(page().cmdChannel.isUsable());
     for (const auto& driver : fakes)
         driver->writes.clear();
     bool shown = false;

@@ -157,8 +157,25 @@ TEST_F(Controls, InputIsToldInTheWordsOfAScenarioAndMovesTheFocusFirst)
     EXPECT_EQ(grid.userSelectedInCell(1, 2), Outcome::Done);
     EXPECT_EQ(told.back(), (Words{"select", "grid", "1", "2"}));
     EXPECT_EQ(grid.selText(), "ex");
+    told.clear();
+    EXPECT_EQ(grid.userSelectedInCell(1, 2), Outcome::Done);
+    EXPECT_EQ(told, std::vector<Words>()) << "views tell again what they have been told";
     grid.setRowCount(2);
     EXPECT_EQ(grid.editedRow(), 0) << "its rows may be others now";
+    EXPECT_EQ(grid.userOpenedCell(1), Outcome::Done);
+    Grid::Cell closed = grid.cell(1, 1);
+    closed.style.enabled = false;
+    grid.setCell(1, 1, closed);
+    EXPECT_EQ(grid.editedRow(), 0) << "nor can a cell be edited that was taken away";
+    EXPECT_EQ(grid.textEditing(), nullptr);
+    EXPECT_TRUE(moveFocus(&box));
+    told.clear();
+    EXPECT_EQ(box.userReplaced("a", 1, 0), Outcome::Done);
+    EXPECT_EQ(box.userReplaced("ab", 2, 0), Outcome::Done);
+    EXPECT_EQ(box.userReplaced("xyz", 3, 0), Outcome::Done);
+    EXPECT_EQ(box.userReplaced("xyz", 0, 3), Outcome::Done);
+    EXPECT_EQ(told, (std::vector<Words>{
+                        {"type", "a"}, {"type", "b"}, {"text", "box", "xyz"}, {"text", "box", "xyz", "0", "3"}}));
     told.clear();
     for (const std::int16_t code : {key::f1, std::int16_t{key::f1 - 1}, std::int16_t{key::f12 + 1}}) {
         KeyPress press{code, 3};

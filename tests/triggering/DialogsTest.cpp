@@ -123,6 +123,34 @@ TEST_F(TriggerDialogs, TheBrowserListsWhatItsFiltersLetThrough)
     EXPECT_EQ(selector().entries().size(), 5U);
 }
 
+TEST_F(TriggerDialogs, PickingIsToldByAddressAndAFilterThatStaysListsNothingAnew)
+{
+    FakeDriver& driver = offerDriver();
+    std::vector<Texts> told;
+    channels.userActs = [&](const Texts& words) { told.push_back(words); };
+    pick(1, 0);
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told.back(), (Texts{"pick", "1", "0"}));
+    driver.calls.clear();
+    selector().setDriverType(ChannelSelector::everyDriver);
+    selector().setDirection(ChannelSelector::inputs);
+    EXPECT_TRUE(driver.calls.empty());
+    EXPECT_EQ(selector().userActivated(0), Outcome::Done);
+    EXPECT_EQ(told.back().front(), "activate");
+}
+
+TEST_F(TriggerDialogs, ACancelledDisplayLeavesTheArraysAlone)
+{
+    offerDriver();
+    host.inModalForm = [&](Form&) {
+        pick(0, 0);
+        channels.cmdCancel.userClicked();
+    };
+    ChannelSelections chosen{{nullptr}, {7}, {8}};
+    EXPECT_FALSE(channels.Display(chosen));
+    EXPECT_EQ(chosen, (ChannelSelections{{nullptr}, {7}, {8}}));
+}
+
 TEST_F(TriggerDialogs, DisplayHandsBackOneChannelOrArrays)
 {
     offerDriver();

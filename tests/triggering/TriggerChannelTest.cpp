@@ -157,6 +157,18 @@ TEST_F(TriggerArea, AValueOfATypeThatTheDriverDoesNotTellIsNotWritten)
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_OnValidateCell 1000: GetTriggerParamType failed"});
 }
 
+TEST_F(TriggerArea, ASwitchIsShownWhateverItsDriverKeepsItAs)
+{
+    const std::pair<Value, const char*> cases[] = {
+        {true, "True"},    {2.5, "True"}, {0.0, "False"}, {std::string("true"), "True"}, {std::string("odd"), "False"},
+        {Value(), "False"}};
+    for (const auto& [value, shown] : cases) {
+        driver.parameters = {{.type = "Bool", .value = value}};
+        switchOn();
+        EXPECT_EQ(values(), Texts{shown}) << &value - &cases[0].first;
+    }
+}
+
 TEST_F(TriggerArea, AfterAWriteEveryRowShowsWhatTheDriverHas)
 {
     driver.parameters = {{.id = 2, .value = 1.0}, {.id = 4, .type = "odd", .value = 2.0}};
