@@ -39,6 +39,15 @@ TEST_F(Initialization, TheFirstDriverOfEachKindIsShown)
     EXPECT_FALSE(host.takeReports().empty());
 }
 
+TEST_F(Initialization, AScanMasterOfAnyKindHasTheScanEditors)
+{
+    addDriver().scanRank = 5;
+    addDriver(2).scanPeriod = 0.5;
+    open();
+    EXPECT_EQ(page().staticDriverIndex, 0);
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.1");
+}
+
 TEST_F(Initialization, ModesTimesAndTheLargestUnitAreShown)
 {
     struct Case {

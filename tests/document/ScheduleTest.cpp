@@ -250,6 +250,13 @@ TEST_F(ScheduleTest, EveryControlClearsTheHintOfTheOneBefore)
     EXPECT_EQ(host.hints, Texts(hints));
 }
 
+TEST_F(ScheduleTest, AStopOneSecondAfterTheStartIsTaken)
+{
+    openTwo(1, 1);
+    pickTime(page().cmdStopTime, {1899, 12, 30, 8, 0, 1}, false);
+    expectEverywhere("1 1 8:00:00 AM 1");
+}
+
 TEST_F(ScheduleTest, ARefusedUnitGoesBackToTheOneBefore)
 {
     openTwo(0, 0, "8:00:00 AM", 120);

@@ -85,6 +85,10 @@ TEST_F(Editors, BoxesAreShownWithoutListsAndWhereNothingCanBeAcceptedTheyAreDisa
     EXPECT_EQ(page().lblSpanValue.caption(), "10000 Hz");
     EXPECT_EQ(page().txtBlockSize.text(), "16") << "clamped into the range";
     EXPECT_TRUE(page().txtBlockSize.enabled());
+    driver.blockRange = {512, 512};
+    handOver();
+    EXPECT_TRUE(page().txtBlockSize.enabled());
+    EXPECT_EQ(page().txtBlockSize.text(), "512");
     driver.blockRange = {};
     driver.sampleRange = {2, 1};
     handOver();
