@@ -8,7 +8,9 @@ namespace ko::fuzz {
 
 namespace {
 
-constexpr int lastNumber = 3000;
+// The page's texts and those of the first dialogs. Each number without a text costs a failure, and time.
+constexpr int firstNumber = 1100;
+constexpr int lastNumber = 1310;
 
 const char* const tour = R"(site help status
 setup
@@ -31,7 +33,7 @@ hide
 std::string fileOf(const StringTable& table)
 {
     std::string file;
-    for (int number = 1; number <= lastNumber; ++number) {
+    for (int number = firstNumber; number <= lastNumber; ++number) {
         try {
             file += std::to_string(number) + " \"" + table.text(number) + "\"\n";
         } catch (const Failure& failure) {
