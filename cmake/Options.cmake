@@ -10,7 +10,14 @@ if(KO_SANITIZE)
   target_compile_options(ko_options INTERFACE -fsanitize=${KO_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)
   target_link_options(ko_options INTERFACE -fsanitize=${KO_SANITIZE})
+  target_compile_definitions(ko_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
+
+# ko_apart(FILES...): sources of this folder that stand alone also where several are compiled as one, because they use a
+# name that another file gives to something else.
+function(ko_apart)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
 
 # ko_folder(NAME SOURCES... LINKS targets...): one folder of src/ as a static library.
 function(ko_folder name)

@@ -52,10 +52,10 @@ Recorder::~Recorder()
 void Recorder::begin()
 {
     writer_.comment("A recorded session; korvell-host --headless SETUP SCENARIO replays it");
-    ScenarioWriter::Words settings = localeWords(recorded_.locale);
-    if (!settings.empty()) {
-        settings.insert(settings.begin(), "locale");
-        writer_.line(settings);
+    ScenarioWriter::Words given = localeWords(recorded_.locale);
+    if (!given.empty()) {
+        given.insert(given.begin(), "locale");
+        writer_.line(given);
     }
     const std::vector<ScenarioWriter::Words> emptyPage{
         {"site", "help", "status"}, {"announce", "0"}, {"hand-over", "0"}, {"drivers-changed"}, {"show"}};

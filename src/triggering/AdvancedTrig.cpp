@@ -2,6 +2,7 @@
 
 #include "support/Geometry.h"
 #include "support/Steps.h"
+#include "triggering/LineUse.h"
 
 #include <algorithm>
 
@@ -9,8 +10,7 @@ namespace ko {
 
 namespace {
 
-constexpr int textBase = 1300;
-constexpr int lineText = 3010;
+constexpr int dialogTexts = 1300;
 constexpr int noStartLineText = 3018;
 constexpr int noScanLineText = 3019;
 constexpr int mapText = 3280;
@@ -45,13 +45,13 @@ AdvancedTrig::AdvancedTrig(Support& support) : DialogForm(support, "AdvancedTrig
     btnOK.setTag("4");
     btnCancel.setTag("5");
     btnHelp.setTag("6");
-    lblNoStartLine.setTag(std::to_string(noStartLineText - textBase));
-    lblNoScanLine.setTag(std::to_string(noScanLineText - textBase));
+    lblNoStartLine.setTag(std::to_string(noStartLineText - dialogTexts));
+    lblNoScanLine.setTag(std::to_string(noScanLineText - dialogTexts));
     for (Label* label : {&lblStartMap, &lblScanMap})
-        label->setTag(std::to_string(mapText - textBase));
+        label->setTag(std::to_string(mapText - dialogTexts));
     tblStartMap.gotFocus = [this] { tabTrigger.setTab(startTab); };
     tblScanMap.gotFocus = [this] { tabTrigger.setTab(scanTab); };
-    load(textBase);
+    load(dialogTexts);
     btnOK.click = [this] { btnOK_Click(); };
     btnCancel.click = [this] { btnCancel_Click(); };
     btnHelp.click = [this] { showHelp("btnHelp_Click"); };
@@ -64,7 +64,7 @@ AdvancedTrig::Options AdvancedTrig::makeOptions(const std::string& name, Frame& 
     for (std::int32_t line = 0; line < static_cast<std::int32_t>(options.size()); ++line) {
         auto& option = options[static_cast<std::size_t>(line)];
         option = std::make_unique<OptionButton>(*this, name + "(" + std::to_string(line) + ")", &frame);
-        option->setTag(std::to_string(lineText + line - textBase));
+        option->setTag(std::to_string(lineText + line - dialogTexts));
         option->gotFocus = [this, tab] { tabTrigger.setTab(tab); };
         option->click = [this, tab, line] { tab == startTab ? optStartTrig_Click(line) : optScanTrig_Click(line); };
     }

@@ -8,8 +8,6 @@ namespace ko {
 
 namespace {
 
-constexpr std::int32_t lineCount = 8;
-constexpr int lineText = 3010;
 constexpr int wordText = 3281;    ///< and those of the other uses, in their order
 constexpr int meaningText = 3290; ///< likewise
 constexpr int takenByStartText = 3299;

@@ -8,6 +8,11 @@
 
 namespace ko {
 
+/// The trigger lines are numbered from 0 to one less.
+inline constexpr std::int32_t lineCount = 8;
+/// The string table's name of line 0; those of the others follow.
+inline constexpr int lineText = 3010;
+
 /// What a driver told of its lines when those of one trigger were worked out.
 struct LineOffer {
     bool isMaster = false;         ///< it drives the trigger; the others listen

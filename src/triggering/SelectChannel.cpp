@@ -7,7 +7,7 @@ namespace ko {
 
 namespace {
 
-constexpr int textBase = 2400;
+constexpr int browserTexts = 2400;
 /// Twips, around the controls and between them.
 constexpr std::int32_t margin = 120;
 
@@ -18,7 +18,7 @@ SelectChannel::SelectChannel(Support& support) : DialogForm(support, "SelectChan
     cmdOK.setTag("2");
     cmdCancel.setTag("3");
     cmdHelp.setTag("4");
-    load(textBase);
+    load(browserTexts);
     for (CommandButton* button : {&cmdOK, &cmdCancel, &cmdHelp})
         button->move({0, 0, 1215, 375});
     cmdOK.click = [this] { cmdOK_Click("cmdOK_Click"); };

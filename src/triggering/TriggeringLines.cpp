@@ -1,6 +1,7 @@
 #include "interfaces/TriggerLines.h"
 #include "platform/Failure.h"
 #include "support/Steps.h"
+#include "triggering/LineUse.h"
 #include "triggering/Triggering.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@ namespace ko {
 
 namespace {
 
-constexpr std::int32_t lineCount = 8;
 constexpr std::int32_t bestRank = 10;
 
 /// One of the two triggers, by the operations that serve it.
