@@ -2,7 +2,7 @@
 
 #include "platform/NumberText.h"
 
-#include <sstream>
+#include <string>
 
 namespace ko {
 
@@ -12,11 +12,7 @@ constexpr int pluralRule = 3320;
 
 bool isSingular(const std::string& rule, std::int64_t count)
 {
-    std::istringstream singular(rule);
-    for (std::string number; singular >> number;)
-        if (number == std::to_string(count))
-            return true;
-    return false;
+    return (' ' + rule + ' ').find(' ' + std::to_string(count) + ' ') != std::string::npos;
 }
 
 } // namespace
