@@ -1,14 +1,13 @@
 #include "host/DriverLog.h"
 
+#include "host/DockLayout.h"
 #include "host/HostTexts.h"
 #include "host/Later.h"
 
 #include <QAction>
-#include <QBoxLayout>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QTreeView>
 
@@ -34,35 +33,21 @@ DriverLog::DriverLog(const Texts& texts, QWidget* parent)
                                           {DriverLogModel::Value, 20}})
         view_->header()->resizeSection(column, letters * letter);
     followTheEnd();
-    makeButtons(texts);
+    makeActions(texts);
+    layDock(*this, *view_);
     hide();
 }
 
-void DriverLog::makeButtons(const Texts& texts)
+void DriverLog::makeActions(const Texts& texts)
 {
-    auto* content = new QWidget(this);
-    auto* column = new QVBoxLayout(content);
-    auto* buttons = new QHBoxLayout;
-    const int gap = fontMetrics().height() / 3;
-    column->setContentsMargins(gap, 0, gap, gap);
-    column->addWidget(view_);
-    column->addLayout(buttons);
-    buttons->addStretch();
     const auto add = [&](int text, const char* name, auto act) {
-        auto* button = new QPushButton(texts(text), content);
-        button->setObjectName(QLatin1String(name));
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, act);
-        buttons->addWidget(button);
-        auto* action = new QAction(button->text(), view_);
+        auto* action = new QAction(texts(text), view_);
+        action->setObjectName(QLatin1String(name));
         connect(action, &QAction::triggered, this, act);
         view_->addAction(action);
     };
     add(hostText::copyLog, "copyLog", [this] { copy(); });
     add(hostText::clearLog, "clearLog", [this] { model_->clear(); });
-    view_->setContextMenuPolicy(Qt::ActionsContextMenu);
-    setWidget(content);
-    setFocusProxy(view_);
 }
 
 void DriverLog::followTheEnd()

@@ -18,7 +18,7 @@ public:
     void copy();
 
 private:
-    void makeButtons(const Texts& texts);
+    void makeActions(const Texts& texts);
     /// The latest row stays in sight where it was.
     void followTheEnd();
 

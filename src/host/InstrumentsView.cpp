@@ -1,12 +1,11 @@
 #include "host/InstrumentsView.h"
 
+#include "host/DockLayout.h"
 #include "host/FaultDialog.h"
 #include "host/HostTexts.h"
 
 #include <QAction>
-#include <QBoxLayout>
 #include <QHeaderView>
-#include <QPushButton>
 #include <QTreeView>
 
 namespace ko {
@@ -37,7 +36,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setAllColumnsShowFocus(true);
     view_->header()->resizeSection(InstrumentsModel::Name, view_->sizeHint().width() * 5 / 8);
     makeActions();
-    makeLayout();
+    layDock(*this, *view_);
     hide();
 }
 
@@ -58,33 +57,9 @@ void InstrumentsView::makeActions()
     handOver_ = add(hostText::handOver, "handOver", QKeySequence(QKeySequence::Refresh));
     handOver_->setToolTip(texts_(hostText::handOverHint));
     connect(handOver_, &QAction::triggered, this, [this] { handOver ? handOver() : void(); });
-    view_->setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) { faults_->setEnabled(current.isValid()); });
     connect(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
-}
-
-void InstrumentsView::makeLayout()
-{
-    auto* content = new QWidget(this);
-    auto* column = new QVBoxLayout(content);
-    auto* buttons = new QHBoxLayout;
-    const int gap = fontMetrics().height() / 3;
-    column->setContentsMargins(gap, 0, gap, gap);
-    column->addWidget(view_);
-    column->addLayout(buttons);
-    buttons->addStretch();
-    for (QAction* action : {faults_, handOver_}) {
-        auto* button = new QPushButton(action->text(), content);
-        button->setObjectName(action->objectName());
-        button->setToolTip(action->toolTip());
-        button->setEnabled(action->isEnabled());
-        connect(button, &QPushButton::clicked, action, &QAction::trigger);
-        connect(action, &QAction::enabledChanged, button, &QWidget::setEnabled);
-        buttons->addWidget(button);
-    }
-    setWidget(content);
-    setFocusProxy(view_);
 }
 
 void InstrumentsView::show(const SimulatedDrivers& drivers)

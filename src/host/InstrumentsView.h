@@ -29,7 +29,6 @@ public:
 
 private:
     void makeActions();
-    void makeLayout();
     void askForFaults();
 
     Texts texts_;

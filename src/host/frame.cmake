@@ -1,5 +1,6 @@
 # The frame window, with the page in it.
 ko_folder(frame SOURCES
+  DockLayout.cpp
   DriverLog.cpp
   DriverLogModel.cpp
   DriverWatch.cpp

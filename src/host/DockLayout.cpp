@@ -1,0 +1,36 @@
+#include "host/DockLayout.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QBoxLayout>
+#include <QDockWidget>
+#include <QPushButton>
+
+namespace ko {
+
+void layDock(QDockWidget& dock, QAbstractItemView& view)
+{
+    auto* content = new QWidget(&dock);
+    auto* column = new QVBoxLayout(content);
+    auto* buttons = new QHBoxLayout;
+    const int gap = dock.fontMetrics().height() / 3;
+    column->setContentsMargins(gap, 0, gap, gap);
+    column->addWidget(&view);
+    column->addLayout(buttons);
+    buttons->addStretch();
+    for (QAction* action : view.actions()) {
+        auto* button = new QPushButton(action->text(), content);
+        button->setObjectName(action->objectName());
+        button->setToolTip(action->toolTip());
+        button->setAutoDefault(false);
+        button->setEnabled(action->isEnabled());
+        QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+        QObject::connect(action, &QAction::enabledChanged, button, &QWidget::setEnabled);
+        buttons->addWidget(button);
+    }
+    view.setContextMenuPolicy(Qt::ActionsContextMenu);
+    dock.setWidget(content);
+    dock.setFocusProxy(&view);
+}
+
+} // namespace ko
