@@ -73,6 +73,11 @@ protected:
     void show()
     {
         window.show();
+        activate();
+    }
+    /// As the desktop does when a dialog has gone.
+    void activate()
+    {
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }

@@ -25,12 +25,6 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), key);
         activate();
     }
-    /// As the desktop does when a dialog has gone.
-    void activate()
-    {
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
     /// Does something with the dialog that comes next.
     void inDialog(const std::function<void(QDialog&)>& look)
     {

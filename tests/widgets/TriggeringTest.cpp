@@ -1,14 +1,11 @@
-#include "host/FrameWindow.h"
+#include "FrameTest.h"
 #include "platform/ChannelSelector.h"
 #include "widgets/ChannelBrowser.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
-#include <QFile>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -16,10 +13,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableWidget>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 namespace ko::test {
 namespace {
@@ -37,30 +31,21 @@ const char* const bench = R"({"drivers": [
   {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2}, "triggerLines": {"scanMasterRank": 5}}]})";
 
 /// The page of a set-up that starts on the channel "Crank", in the host's window.
-class TriggeringTest : public testing::Test {
+class TriggeringTest : public FrameTest {
 protected:
-    QTemporaryDir folder;
-    FrameWindow window{""};
-    Page& page = window.document().page();
-    QTableWidget& table = static_cast<QTableWidget&>(*window.page().view().widget(page.grdParam));
+    QTableWidget& table = static_cast<QTableWidget&>(at(page().grdParam));
 
     void SetUp() override
     {
-        QFile file(folder.filePath("bench.json"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bench);
-        file.close();
-        window.open(fromQt(file.fileName()));
-        window.show();
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        window.open(file("bench.json", bench));
+        show();
     }
     void clickValue(int row)
     {
         const QRect cell = table.visualItemRect(table.item(row - 1, 1));
         QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, cell.center());
     }
-    [[nodiscard]] std::string value(int row) const { return page.grdParam.cell(row, 1).value; }
+    std::string value(int row) { return page().grdParam.cell(row, 1).value; }
     static void press(int key, Qt::KeyboardModifiers held = {})
     {
         QWidget* front = QApplication::activeModalWidget();
@@ -97,8 +82,7 @@ protected:
         });
         act();
         EXPECT_TRUE(shown);
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        activate();
     }
 };
 
@@ -106,19 +90,19 @@ TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
 {
     ASSERT_EQ(table.rowCount(), 4);
     clickValue(1);
-    EXPECT_EQ(page.activeControl(), &page.grdParam);
-    ASSERT_EQ(page.grdParam.editedRow(), 1);
+    EXPECT_EQ(page().activeControl(), &page().grdParam);
+    ASSERT_EQ(page().grdParam.editedRow(), 1);
     QTest::keyClicks(QApplication::focusWidget(), "2.5");
     EXPECT_EQ(value(1), "0.5") << "not before the edit ends";
     press(Qt::Key_Return);
     EXPECT_EQ(value(1), "2.5");
-    EXPECT_EQ(page.grdParam.editedRow(), 0);
+    EXPECT_EQ(page().grdParam.editedRow(), 0);
     EXPECT_EQ(QApplication::focusWidget(), &table);
     EXPECT_EQ(table.currentRow(), 0);
     EXPECT_TRUE(window.isWindowModified());
 
     press(Qt::Key_7);
-    EXPECT_EQ(page.grdParam.editor().text(), "7") << "typing opens the cell";
+    EXPECT_EQ(page().grdParam.editor().text(), "7") << "typing opens the cell";
     press(Qt::Key_Escape);
     EXPECT_EQ(value(1), "2.5");
     press(Qt::Key_F2);
@@ -126,7 +110,7 @@ TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
     press(Qt::Key_5);
     press(Qt::Key_Tab);
     EXPECT_EQ(value(1), "2.55");
-    EXPECT_NE(page.activeControl(), &page.grdParam);
+    EXPECT_NE(page().activeControl(), &page().grdParam);
     clickValue(4);
     press(Qt::Key_C, Qt::ControlModifier);
     press(Qt::Key_End);
@@ -140,11 +124,11 @@ TEST_F(TriggeringTest, ARefusedTextStaysOpenWhereverTheUserTriesToGo)
     clickValue(1);
     QTest::keyClicks(QApplication::focusWidget(), "99");
     refused([] { press(Qt::Key_Return); });
-    EXPECT_EQ(page.grdParam.editor().text(), "99");
+    EXPECT_EQ(page().grdParam.editor().text(), "99");
     refused([&] { clickValue(4); });
-    EXPECT_EQ(page.grdParam.editedRow(), 1);
-    refused([&] { QTest::mouseClick(window.page().view().widget(page.optImmediate), Qt::LeftButton); });
-    EXPECT_EQ(page.activeControl(), &page.grdParam);
+    EXPECT_EQ(page().grdParam.editedRow(), 1);
+    refused([&] { QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton); });
+    EXPECT_EQ(page().activeControl(), &page().grdParam);
     press(Qt::Key_Backspace);
     press(Qt::Key_Backspace);
     press(Qt::Key_3);
@@ -166,7 +150,7 @@ TEST_F(TriggeringTest, ListsAndChecksAreChangedByMouseAndKeyboard)
     ASSERT_NE(check, nullptr);
     QTest::mouseClick(check, Qt::LeftButton);
     EXPECT_EQ(value(3), "True");
-    EXPECT_EQ(page.activeControl(), &page.grdParam);
+    EXPECT_EQ(page().activeControl(), &page().grdParam);
     table.setCurrentCell(2, 1);
     QTest::keyClick(&table, Qt::Key_Space);
     EXPECT_EQ(value(3), "False");
@@ -174,12 +158,12 @@ TEST_F(TriggeringTest, ListsAndChecksAreChangedByMouseAndKeyboard)
     window.document().mode().setReadOnly(true);
     EXPECT_FALSE(check->isEnabled());
     clickValue(1);
-    EXPECT_EQ(page.grdParam.editedRow(), 0);
+    EXPECT_EQ(page().grdParam.editedRow(), 0);
 }
 
 TEST_F(TriggeringTest, AChannelIsFoundByTheFilterAndChosenByADoubleClick)
 {
-    QWidget* button = window.page().view().widget(page.cmdChannel);
+    QWidget* button = &at(page().cmdChannel);
     inDialog(
         [](QDialog& dialog) {
             auto* browser = dynamic_cast<ChannelBrowser*>(dialog.findChild<QWidget*>("chsNavigate"));
@@ -198,7 +182,7 @@ TEST_F(TriggeringTest, AChannelIsFoundByTheFilterAndChosenByADoubleClick)
             QTest::mouseDClick(browser->tree->viewport(), Qt::LeftButton, {}, line.center());
         },
         [&] { QTest::mouseClick(button, Qt::LeftButton); });
-    EXPECT_EQ(page.txtChannel.text(), "Cam");
+    EXPECT_EQ(page().txtChannel.text(), "Cam");
     EXPECT_EQ(table.rowCount(), 0);
     const auto pickCrank = [](int key) {
         return [key](QDialog& dialog) {
@@ -208,17 +192,17 @@ TEST_F(TriggeringTest, AChannelIsFoundByTheFilterAndChosenByADoubleClick)
         };
     };
     inDialog(pickCrank(Qt::Key_Escape), [&] { QTest::mouseClick(button, Qt::LeftButton); });
-    EXPECT_EQ(page.txtChannel.text(), "Cam");
+    EXPECT_EQ(page().txtChannel.text(), "Cam");
     inDialog(pickCrank(Qt::Key_Return), [&] { QTest::mouseClick(button, Qt::LeftButton); });
-    EXPECT_EQ(page.txtChannel.text(), "Crank");
+    EXPECT_EQ(page().txtChannel.text(), "Crank");
     inDialog([](QDialog& dialog) { dialog.close(); }, [&] { QTest::mouseClick(button, Qt::LeftButton); });
-    EXPECT_EQ(page.txtChannel.text(), "Crank");
+    EXPECT_EQ(page().txtChannel.text(), "Crank");
 }
 
 TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
 {
-    ASSERT_EQ(page.startTriggerLine, 0);
-    ASSERT_EQ(page.scanTriggerLine, 1);
+    ASSERT_EQ(page().startTriggerLine, 0);
+    ASSERT_EQ(page().scanTriggerLine, 1);
     inDialog(
         [](QDialog& dialog) {
             auto* tabs = dialog.findChild<QTabWidget*>();
@@ -241,9 +225,9 @@ TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
                       "Scanner drives the sync trigger on this line.");
             press(Qt::Key_Return);
         },
-        [&] { page.mnuTimebaseTriggerLines.userClicked(); });
-    EXPECT_EQ(page.startTriggerLine, 2);
-    EXPECT_EQ(page.scanTriggerLine, 0);
+        [&] { page().mnuTimebaseTriggerLines.userClicked(); });
+    EXPECT_EQ(page().startTriggerLine, 2);
+    EXPECT_EQ(page().scanTriggerLine, 0);
 }
 
 /// The name of a cell's header, which the toolkit makes anew for whoever asks.
@@ -283,8 +267,8 @@ TEST_F(TriggeringTest, TheMapOfTheLinesIsATableThatFollowsTheOptions)
             EXPECT_EQ(nameOf(cell->tableCellInterface()->columnHeaderCells()), "Line 3");
             press(Qt::Key_Escape);
         },
-        [&] { page.mnuTimebaseTriggerLines.userClicked(); });
-    EXPECT_EQ(page.startTriggerLine, 0);
+        [&] { page().mnuTimebaseTriggerLines.userClicked(); });
+    EXPECT_EQ(page().startTriggerLine, 0);
 }
 
 TEST_F(TriggeringTest, ManyInstrumentsScrollInsteadOfOutgrowingTheScreen)
@@ -311,7 +295,7 @@ TEST_F(TriggeringTest, ManyInstrumentsScrollInsteadOfOutgrowingTheScreen)
             EXPECT_LE(dialog.minimumSizeHint().width(), 500);
             dialog.reject();
         },
-        [&] { page.mnuTimebaseTriggerLines.userClicked(); });
+        [&] { page().mnuTimebaseTriggerLines.userClicked(); });
 }
 
 } // namespace

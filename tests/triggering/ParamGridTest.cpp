@@ -1,0 +1,179 @@
+#include "TriggerArea.h"
+
+namespace ko::test {
+namespace {
+
+TEST_F(TriggerArea, EveryTypeHasItsCellAndTheDriversOwnParametersHaveNone)
+{
+    driver.parameters = {{.id = 1},
+                         {.id = 2, .name = "Rising", .type = "Bool", .value = -1},
+                         {.id = 4, .type = "String", .value = "ab"},
+                         {.id = 5, .type = "StringReadOnly", .value = "fixed"},
+                         {.id = 6, .type = "Enum", .value = "other", .choices = {"up", "down"}},
+                         {.id = 3},
+                         {.id = 7, .type = "Float", .value = 0.25},
+                         {.id = 8, .type = "Integer", .value = 7},
+                         {.id = 9, .type = "float", .value = "odd"}};
+    switchOn();
+    EXPECT_EQ(host.takeMessages(), Texts{": Unrecognized Parameter Type: float (0)"});
+    EXPECT_EQ(values(), (Texts{"True", "ab", "fixed", "other", "0.25", "7", "odd"}));
+    using Control = CellStyle::Control;
+    const std::pair<Control, bool> cells[] = {{Control::check, true}, {Control::edit, true}, {Control::edit, false},
+                                              {Control::list, true},  {Control::edit, true}, {Control::edit, true},
+                                              {Control::edit, true}};
+    for (std::int32_t row = 1; row <= grid.rowCount(); ++row) {
+        EXPECT_EQ(grid.cell(row, 1).style.control, cells[row - 1].first) << row;
+        EXPECT_EQ(grid.isEditable(row), cells[row - 1].second) << row;
+        EXPECT_FALSE(grid.cell(row, 0).style.enabled);
+    }
+    EXPECT_EQ(grid.cell(1, 0).value, "Rising");
+    EXPECT_EQ(grid.cell(7, 2).value, "9");
+    EXPECT_EQ(grid.cell(1, 1).style.alignment, CellStyle::Alignment::center);
+    EXPECT_EQ(grid.cell(5, 1).style.format, 3);
+    EXPECT_EQ(grid.cell(4, 1).style.choices, (Texts{"up", "down"}));
+    page.readOnly = true;
+    driver.parameters.pop_back();
+    area.enableTriggering(true);
+    EXPECT_FALSE(grid.isEditable(1));
+    driver.parameters = {{.id = 1}, {.id = 3}};
+    area.enableTriggering(true);
+    EXPECT_EQ(grid.rowCount(), 0);
+    EXPECT_FALSE(grid.enabled());
+}
+
+TEST_F(TriggerArea, AnEditIsCheckedWrittenAsItsTypeAndReadBack)
+{
+    struct Case {
+        const char* type;
+        Value before;
+        const char* typed;
+        Outcome outcome;
+        Value after;
+        const char* message;
+    };
+    const char* range = "Invalid input: A valid real number in the range -10 to 10 is required. (48)";
+    const Case cases[] = {
+        {"Bool", false, "true", Outcome::Done, true, nullptr},
+        {"Bool", 5, "False", Outcome::Done, false, nullptr},
+        {"Bool", true, "maybe", Outcome::Inert, true, nullptr},
+        {"String", "a", "b c", Outcome::Done, "b c", nullptr},
+        {"StringReadOnly", "a", "b", Outcome::Inert, "a", nullptr},
+        {"Enum", "gone", "down", Outcome::Done, "down", nullptr},
+        {"Enum", "up", "sideways", Outcome::Inert, "up", nullptr},
+        {"Float", 1.0, " 2.5 ", Outcome::Done, 2.5, nullptr},
+        {"Float", 1.0, "10.1", Outcome::Refused, 1.0, range},
+        {"Float", 1.0, "abc", Outcome::Refused, 1.0, "Invalid input: A valid integer is required. (48)"},
+        {"Integer", 1, "1e1", Outcome::Done, 10, nullptr},
+        {"Integer", 1, "11", Outcome::Refused, 1,
+         "Invalid input: A valid integer in the range -10 to 10 is required. (48)"},
+        {"mystery", "a", "b", Outcome::Refused, "a", nullptr},
+    };
+    for (const Case& c : cases) {
+        driver.parameters = {{.type = c.type, .value = c.before, .choices = {"up", "down"}}};
+        switchOn();
+        host.messages.clear();
+        marks = 0;
+        EXPECT_EQ(grid.userEditedCell(1, c.typed), c.outcome) << c.type << c.typed;
+        EXPECT_EQ(driver.parameters[0].value, c.after) << c.type << c.typed;
+        EXPECT_EQ(driver.writes.size(), c.outcome == Outcome::Done ? 1U : 0U) << c.type << c.typed;
+        EXPECT_EQ(marks, c.outcome == Outcome::Done) << c.type << c.typed;
+        EXPECT_EQ(host.takeMessages(), c.message ? Texts{c.message} : Texts()) << c.type << c.typed;
+        EXPECT_EQ(grid.editedRow(), c.outcome == Outcome::Refused);
+        if (c.outcome == Outcome::Refused) {
+            EXPECT_EQ(grid.editor().text(), c.typed) << "the editor stays open with the user's text";
+        }
+    }
+}
+
+TEST_F(TriggerArea, ARefusedCellKeepsTheFocusUntilItIsCorrectedOrGivenUp)
+{
+    driver.parameters = {{.id = 2, .value = 1.0}, {.id = 4, .value = 2.0}};
+    switchOn();
+    EXPECT_EQ(grid.userEditedCell(1, "x"), Outcome::Refused);
+    EXPECT_EQ(page.editFlags, 3);
+    EXPECT_FALSE(page.moveFocus(&page.cmdChannel));
+    EXPECT_EQ(grid.userEditedCell(2, "3"), Outcome::Refused) << "the other cell is left first";
+    EXPECT_FALSE(area.grid().check());
+    EXPECT_EQ(host.takeMessages().size(), 4U);
+    EXPECT_EQ(grid.userEditedCell(1, "4"), Outcome::Done);
+    EXPECT_EQ(grid.userOpenedCell(2), Outcome::Done);
+    EXPECT_EQ(grid.selText(), "2");
+    grid.setSelText("5");
+    EXPECT_TRUE(page.moveFocus(&page.cmdChannel));
+    EXPECT_EQ(values(), (Texts{"4", "5"}));
+    EXPECT_EQ(page.editFlags, 0);
+    driver.writes.clear();
+    EXPECT_EQ(grid.userOpenedCell(2), Outcome::Done);
+    EXPECT_TRUE(page.moveFocus(&page.cmdChannel));
+    EXPECT_EQ(driver.writes, Texts()) << "nothing was changed";
+    grid.userOpenedCell(1);
+    grid.userTypedInCell("x", 1, 0);
+    page.frmStart.setEnabled(false);
+    EXPECT_EQ(grid.editedRow(), 0);
+    EXPECT_EQ(values(), (Texts{"4", "5"}));
+}
+
+TEST_F(TriggerArea, AValueOfATypeThatTheDriverDoesNotTellIsNotWritten)
+{
+    driver.parameters = {{}};
+    switchOn();
+    driver.failing = {"GetTriggerParamType"};
+    EXPECT_EQ(grid.userEditedCell(1, "0.25"), Outcome::Refused);
+    EXPECT_EQ(driver.writes, Texts());
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_OnValidateCell 1000: GetTriggerParamType failed"});
+}
+
+TEST_F(TriggerArea, ASwitchIsShownWhateverItsDriverKeepsItAs)
+{
+    const std::pair<Value, const char*> cases[] = {
+        {true, "True"},    {2.5, "True"}, {0.0, "False"}, {std::string("true"), "True"}, {std::string("odd"), "False"},
+        {Value(), "False"}};
+    for (const auto& [value, shown] : cases) {
+        driver.parameters = {{.type = "Bool", .value = value}};
+        switchOn();
+        EXPECT_EQ(values(), Texts{shown}) << &value - &cases[0].first;
+    }
+}
+
+TEST_F(TriggerArea, AfterAWriteEveryRowShowsWhatTheDriverHas)
+{
+    driver.parameters = {{.id = 2, .value = 1.0}, {.id = 4, .type = "odd", .value = 2.0}};
+    driver.afterParameter = [](FakeDriver& d) {
+        d.parameters[0].value = 7.5;
+        d.parameters[1].value = 9;
+    };
+    switchOn();
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    int drawn = 0;
+    grid.view = [&](Aspect aspect) { drawn += aspect == Aspect::Items; };
+    grid.userEditedCell(1, "3");
+    EXPECT_EQ(values(), (Texts{"7.5", "9"}));
+    EXPECT_EQ(drawn, 1);
+    driver.failing = {"SetTriggerParamValue"};
+    grid.userEditedCell(1, "4");
+    EXPECT_EQ(values(), (Texts{"7.5", "9"}));
+    EXPECT_EQ(marks, 1);
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_CellEdited 1000: SetTriggerParamValue failed"});
+    driver.failing = {"GetTriggerParamMin"};
+    grid.userEditedCell(1, "-99");
+    EXPECT_EQ(driver.parameters[0].value, Value(7.5)) << "written, and changed by the driver";
+    EXPECT_EQ(marks, 2) << "a missing bound is no bound";
+    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_OnValidateCell 1000: GetTriggerParamMin failed"});
+}
+
+TEST_F(TriggerArea, TheColumnsShareTheWidthThatTheScrollBarLeaves)
+{
+    for (std::int32_t id = 10; id < 12; ++id)
+        driver.parameters.push_back({.id = id});
+    for (const std::int32_t visible : {1, 2}) {
+        grid.setVisibleRows(visible);
+        switchOn();
+        const std::int32_t bar = visible < 2 ? support.scrollBarWidth() : 0;
+        EXPECT_EQ(grid.columnWidth(0) + grid.columnWidth(1), grid.innerWidth() - bar);
+        EXPECT_EQ(grid.columnWidth(0), (grid.innerWidth() - bar) / 2);
+        EXPECT_EQ(grid.columnWidth(2), 0);
+    }
+}
+
+} // namespace
+} // namespace ko::test
