@@ -14,7 +14,6 @@
 #include <functional>
 
 namespace ko::test {
-
 namespace {
 
 using Words = std::vector<std::string>;
@@ -55,8 +54,6 @@ protected:
                                                                        {"click", [this] { return option.userClicked(); }},
                                                                        {"pick", [this] { return selector.userPicked({}); }}};
 };
-
-} // namespace
 
 TEST_F(Controls, WhatIsNotThereIsAFailureAndChangesNothing)
 {
@@ -207,4 +204,5 @@ TEST_F(Controls, WhatStaysAsItIsTellsNoView)
     }
 }
 
+} // namespace
 } // namespace ko::test
