@@ -18,14 +18,14 @@ using Drivers = std::span<const std::shared_ptr<Driver>>;
 /// Failures reach the caller.
 bool isDynamicDriver(Driver& driver);
 
+/// The same for the totals: a driver that does not tell counts as static.
+bool countsAsDynamic(Driver& driver);
+
 /// How many channels of all groups are enabled. Failures reach the caller.
 std::int32_t countEnabledChannels(Driver& driver);
 
 /// Whether the value of a channel's enabled attribute means enabled: anything but integer 0.
 bool isEnabledValue(const Value& value);
-
-/// The same for the totals: a driver that does not tell counts as static.
-bool countsAsDynamic(Driver& driver);
 
 /// What a static driver's recording of so many scans and channels takes. Failure 6 when that overflows 32 bits.
 double staticBytes(std::int32_t scans, std::int32_t channels);

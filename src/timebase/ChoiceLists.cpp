@@ -57,8 +57,15 @@ template <class Predicate> void keepIf(std::vector<double>& list, Predicate keep
     });
 }
 
-/// Leaves in `a` the values that also occur in `b`, in their order; the others go to `removed`.
-void keepCommonValues(std::vector<double>& a, std::vector<double> b, std::vector<double>& removed)
+Range endsOf(const std::vector<double>& list)
+{
+    const auto [lowest, highest] = std::minmax_element(list.begin(), list.end());
+    return {*lowest, *highest};
+}
+
+} // namespace
+
+void commonValues(std::vector<double>& a, std::vector<double> b, std::vector<double>& removed)
 {
     // Drivers of one make deliver one list, and all mostly in order.
     if (a == b)
@@ -77,32 +84,10 @@ void keepCommonValues(std::vector<double>& a, std::vector<double> b, std::vector
             a, [&](double value) { return std::binary_search(b.begin(), b.end(), value); }, removed);
 }
 
-bool isInside(double value, Range range)
+void valuesInRange(std::vector<double>& list, Range range, std::vector<double>& removed)
 {
-    return range.minimum <= value && value <= range.maximum;
-}
-
-Range endsOf(const std::vector<double>& list)
-{
-    const auto [lowest, highest] = std::minmax_element(list.begin(), list.end());
-    return {*lowest, *highest};
-}
-
-} // namespace
-
-std::vector<double> commonValues(std::vector<double> a, std::vector<double> b)
-{
-    std::vector<double> removed;
-    keepCommonValues(a, std::move(b), removed);
-    return a;
-}
-
-std::vector<double> valuesInRange(const std::vector<double>& list, Range range)
-{
-    std::vector<double> inside;
-    std::copy_if(list.begin(), list.end(), std::back_inserter(inside),
-                 [&](double value) { return isInside(value, range); });
-    return inside;
+    keepIf(
+        list, [&](double value) { return range.minimum <= value && value <= range.maximum; }, removed);
 }
 
 DriverOffer& MergedChoices::add(DriverOffer::Kind kind, Range offered)
@@ -130,8 +115,7 @@ void MergedChoices::begin(DriverOffer& offer, std::vector<double> choices)
 {
     values_ = std::move(choices);
     if (isKept(range_))
-        keepIf(
-            values_, [this](double value) { return isInside(value, range_); }, account_.removed);
+        valuesInRange(values_, range_, account_.removed);
     // None of it was ever common.
     if (values_.empty())
         account_.removed.resize(offer.removedFrom);
@@ -156,7 +140,7 @@ bool MergedChoices::addList(std::vector<double> choices)
     if (values_.empty()) {
         begin(offer, std::move(choices));
     } else {
-        keepCommonValues(values_, std::move(choices), account_.removed);
+        commonValues(values_, std::move(choices), account_.removed);
         settle(offer);
     }
     return true;
@@ -186,8 +170,7 @@ void MergedChoices::addRange(Range range)
     DriverOffer& offer = add(DriverOffer::Kind::Range, range);
     if (values_.empty())
         return narrow(offer);
-    keepIf(
-        values_, [&](double value) { return isInside(value, range); }, account_.removed);
+    valuesInRange(values_, range, account_.removed);
     settle(offer);
 }
 

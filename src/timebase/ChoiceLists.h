@@ -7,22 +7,22 @@
 
 namespace ko {
 
-/// The values of `a` that also occur in `b`, in the order of `a`, duplicates of `a` included; compared for exact
-/// equality. Takes time in proportion to both lengths together where both are in order, rising or falling, else to
-/// n log n of them.
-std::vector<double> commonValues(std::vector<double> a, std::vector<double> b);
+/// Leaves in `a` the values that also occur in `b`, in the order of `a`, duplicates of `a` included; compared for exact
+/// equality. The others are added to `removed`. Takes time in proportion to both lengths together where both are in
+/// order, rising or falling, else to n log n of them.
+void commonValues(std::vector<double>& a, std::vector<double> b, std::vector<double>& removed);
 
-/// The values within the range, bounds included, without tolerance, in their order.
-std::vector<double> valuesInRange(const std::vector<double>& list, Range range);
+/// Leaves in the list the values within the range, bounds included, without tolerance, in their order. The others are
+/// added to `removed`.
+void valuesInRange(std::vector<double>& list, Range range, std::vector<double>& removed);
 
 /// What all drivers have in common of one quantity, merged driver by driver: a list of values, or where no driver's
 /// list remains the range that they share; and the account of how that came about, which grows by one entry a driver
 /// and by the values that leave the common list.
 ///
 /// A list that becomes empty because two drivers share no value counts as empty again: the next driver with a list
-/// starts it afresh. Values that are not above 0 and finite are left out, and
-/// ranges that are not finite. A range whose minimum is above its maximum
-/// lets nothing through.
+/// starts it afresh. Values that are not above 0 and finite are left out, and ranges that are not finite. A range whose
+/// minimum is above its maximum lets nothing through.
 class MergedChoices {
 public:
     /// Makes room for the account of so many drivers.

@@ -1,4 +1,4 @@
-#include "timebase/ChoiceLists.h"
+#include "Offers.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -9,23 +9,6 @@
 
 namespace ko::test {
 namespace {
-
-using Values = std::vector<double>;
-
-/// What one driver offers: a list, or where that is empty a range.
-struct Offer {
-    Values list;
-    Range range;
-};
-
-MergedChoices merged(const std::vector<Offer>& offers)
-{
-    MergedChoices choices;
-    for (const Offer& offer : offers)
-        if (!choices.addList(offer.list))
-            choices.addRange(offer.range);
-    return choices;
-}
 
 TEST(ChoiceListsTest, MergesDriverByDriver)
 {
@@ -75,10 +58,14 @@ RC_GTEST_PROP(ChoiceListsTest, CommonValuesAreThoseOfAPlainSearch, ())
     const Values a = inAnyOrder();
     const Values b = inAnyOrder();
     Values expected;
+    Values others;
     for (const double x : a)
-        if (std::find(b.begin(), b.end(), x) != b.end())
-            expected.push_back(x);
-    RC_ASSERT(commonValues(a, b) == expected);
+        (std::find(b.begin(), b.end(), x) != b.end() ? expected : others).push_back(x);
+    Values common = a;
+    Values removed;
+    commonValues(common, b, removed);
+    RC_ASSERT(common == expected);
+    RC_ASSERT(removed == others);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
+#include "Offers.h"
 #include "fakes/DocumentTest.h"
 #include "page/OfferTexts.h"
-#include "timebase/ChoiceLists.h"
 
 #include <rapidcheck/gtest.h>
 
@@ -11,21 +11,9 @@
 namespace ko::test {
 namespace {
 
-using Values = std::vector<double>;
-
-/// What one driver offers: a list, or where that is empty a range.
-struct Offer {
-    Values list;
-    Range range;
-};
-
 OfferAccount accountOf(const std::vector<Offer>& offers)
 {
-    MergedChoices choices(offers.size());
-    for (const Offer& offer : offers)
-        if (!choices.addList(offer.list))
-            choices.addRange(offer.range);
-    return std::move(choices).account();
+    return merged(offers).account();
 }
 
 OfferTexts english(bool asRates = false)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "timebase/ChoiceLists.h"
+
+namespace ko::test {
+
+using Values = std::vector<double>;
+
+/// What one driver offers: a list, or where that is empty a range.
+struct Offer {
+    Values list;
+    Range range;
+};
+
+inline MergedChoices merged(const std::vector<Offer>& offers)
+{
+    MergedChoices choices(offers.size());
+    for (const Offer& offer : offers)
+        if (!choices.addList(offer.list))
+            choices.addRange(offer.range);
+    return choices;
+}
+
+} // namespace ko::test
