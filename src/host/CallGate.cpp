@@ -27,11 +27,12 @@ bool CallGate::fail(const SimulatedFailure& failure)
 {
     const auto operation = findOperation(failure.operation);
     const auto number = callNumber(failure.operation);
-    if (operation)
-        heal(failure.operation);
-    else if (!number)
+    if (!operation && !number)
         return false;
-    planned_.push_back({failure, operation, calls_ + number.value_or(0)});
+    const std::int64_t call = calls_ + number.value_or(0);
+    std::erase_if(planned_,
+                  [&](const Planned& p) { return p.operation == operation && (operation || p.call == call); });
+    planned_.push_back({failure, operation, call});
     return true;
 }
 
@@ -70,8 +71,8 @@ void CallGate::failIfPlanned(Operation operation)
     if (found == planned_.end())
         return;
     const SimulatedFailure failure = found->failure;
-    if (!found->operation)
-        planned_.erase(found);
+    // A call that fails with its operation has been made, too.
+    std::erase_if(planned_, [&](const Planned& p) { return !p.operation && p.call == calls_; });
     throw Failure(failure.number, failure.description);
 }
 

@@ -51,7 +51,7 @@ public:
     [[nodiscard]] std::int64_t callCount() const { return calls_; }
 
     /// False when the failure's operation is neither an operation's name nor "#N" with N from 1. The failure of
-    /// an operation replaces an earlier one.
+    /// an operation or a call replaces an earlier one of the same.
     bool fail(const SimulatedFailure& failure);
     /// Lets the operation ("#N" as it was asked for) work again. False when the name is none, see `fail`.
     bool heal(std::string_view operation);

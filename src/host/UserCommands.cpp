@@ -135,32 +135,23 @@ void undo(Scenario& scenario, const Arguments& words)
     give(scenario, box, [&] { return box.userUndid(); });
 }
 
-/// The entry of this text or, for `#3`, of this index; -1 when there is none.
-std::int32_t entryOf(const ComboBox& box, const std::string& entry)
+/// The place of what has this name or, for `#3`, that place; -1 when there is none.
+template <class T> std::int32_t placeOf(const std::vector<T>& all, std::string T::*name, const std::string& word)
 {
-    const auto& items = box.items();
-    const auto found = std::find_if(items.begin(), items.end(), [&](const auto& item) { return item.text == entry; });
-    if (found != items.end())
-        return static_cast<std::int32_t>(found - items.begin());
-    return entry.rfind('#', 0) == 0 ? integerIn(std::string_view(entry).substr(1)).value_or(-1) : -1;
-}
-
-/// The tab of this caption or, for `#1`, of this index; -1 when there is none.
-std::int32_t tabOf(const TabControl& control, const std::string& entry)
-{
-    const auto& tabs = control.tabs();
-    const auto found = std::find_if(tabs.begin(), tabs.end(), [&](const auto& tab) { return tab.caption == entry; });
-    if (found != tabs.end())
-        return static_cast<std::int32_t>(found - tabs.begin());
-    return entry.rfind('#', 0) == 0 ? integerIn(std::string_view(entry).substr(1)).value_or(-1) : -1;
+    const auto found = std::find_if(all.begin(), all.end(), [&](const T& one) { return one.*name == word; });
+    if (found != all.end())
+        return static_cast<std::int32_t>(found - all.begin());
+    return word.rfind('#', 0) == 0 ? integerIn(std::string_view(word).substr(1)).value_or(-1) : -1;
 }
 
 void choose(Scenario& scenario, const Arguments& words)
 {
     if (auto* const tabs = dynamic_cast<TabControl*>(&scenario.control(words.text(0))))
-        return give(scenario, *tabs, [&] { return tabs->userChoseTab(tabOf(*tabs, words.text(1))); });
+        return give(scenario, *tabs, [&] {
+            return tabs->userChoseTab(placeOf(tabs->tabs(), &TabControl::Tab::caption, words.text(1)));
+        });
     auto& box = controlAs<ComboBox>(scenario, words.text(0), "chosen from");
-    give(scenario, box, [&] { return box.userChose(entryOf(box, words.text(1))); });
+    give(scenario, box, [&] { return box.userChose(placeOf(box.items(), &ComboBox::Item::text, words.text(1))); });
 }
 
 void click(Scenario& scenario, const Arguments& words)

@@ -76,6 +76,7 @@ TEST_F(HostInterfaces, EditCommandsWorkOnTheFocusedBox)
          {command::copy, command::cut, command::erase, command::paste, command::acceptEntry, 99})
         EXPECT_EQ(enabled(id), 0) << id;
     EXPECT_EQ(enabled(command::help), 1);
+    document->menu().OnCommand(99);
     document->menu().OnCommand(command::copy);
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:IKopMenu_OnCommand 13: Type mismatch"});
 

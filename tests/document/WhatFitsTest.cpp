@@ -235,7 +235,9 @@ TEST_F(WhatFitsTest, IsToldInTheHintLineWithTheMessageAsItIs)
                           "up to 52428.");
     EXPECT_EQ("  " + page().lblWhatFits.caption(), lastHint());
     EXPECT_EQ(page().cmdTakeRate.tag(), page().lblWhatFits.caption());
+    const std::string scans = page().lblNumScansValue.caption();
     refuse(page().txtScanPeriod, "1e-9");
+    EXPECT_EQ(page().lblNumScansValue.caption(), scans);
     EXPECT_EQ(lastHint(), "  These fit, if the instruments keep them: duration up to 524 seconds, Scan Rate (Sc/s) up "
                           "to 53687075.");
     EXPECT_EQ(host.takeReports(), Texts());

@@ -187,9 +187,11 @@ TEST(SimulatedDriverTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
     EXPECT_TRUE(calls.heal("BlockSize set"));
     timebase.setBlockSize(7);
 
+    EXPECT_TRUE(calls.fail({"#2", 5, "replaced"}));
     EXPECT_TRUE(calls.fail({"#2", 77, "second"}));
     EXPECT_TRUE(calls.fail({"DriverName", 5, "no name"}));
     EXPECT_TRUE(calls.fail({"DriverName", 6, "still none"}));
+    EXPECT_TRUE(calls.fail({"#1", 7, "fails already"}));
     EXPECT_EQ(failureOf([&] { driver->DriverName(0); }), 6);
     EXPECT_EQ(calls.failing().front().operation, "#1");
     EXPECT_EQ(failureOf([&] { timebase.Duration(); }), 77);

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 
 namespace ko::test {
 namespace {
@@ -179,6 +180,43 @@ TEST_F(Controls, InputIsToldInTheWordsOfAScenarioAndMovesTheFocusFirst)
         userPressedKey(press);
     }
     EXPECT_EQ(told, (std::vector<Words>{{"key", "Shift+Ctrl+F1"}}));
+}
+
+TEST_F(Controls, AnOpenCellIsEndedAsItsStyleSaysAndALockedBoxIsReadOnly)
+{
+    const std::pair<const char*, std::optional<bool>> states[] = {{"TRUE", true},   {"1", true},  {"-1", true},
+                                                                  {"False", false}, {"0", false}, {"tru", {}},
+                                                                  {"yes", {}},      {"-0", {}}};
+    for (const auto& [text, state] : states)
+        EXPECT_EQ(checkState(text), state) << text;
+    EXPECT_EQ(grid.userOpenedCell(0), Outcome::Inert);
+    EXPECT_EQ(grid.userOpenedCell(3), Outcome::Inert);
+    std::vector<Aspect> told;
+    EXPECT_EQ(grid.userOpenedCell(1), Outcome::Done);
+    grid.view = [&](Aspect aspect) { told.push_back(aspect); };
+    EXPECT_EQ(grid.userTypedInCell("text", 4, 0), Outcome::Done);
+    EXPECT_EQ(grid.userTypedInCell("texts", 5, 0), Outcome::Done);
+    EXPECT_EQ(grid.userTypedInCell("texts", 0, 5), Outcome::Done);
+    EXPECT_EQ(told, (std::vector{Aspect::Selection, Aspect::Text, Aspect::Selection}));
+    grid.OnValidateCell = [&](CellEvent& event) {
+        EXPECT_EQ(grid.userEndedEdit(), Outcome::Refused) << "it is being ended already";
+        event.Value = false;
+    };
+    EXPECT_EQ(grid.userEndedEdit(), Outcome::Refused);
+    EXPECT_EQ(grid.editedRow(), 1) << "a text can be corrected";
+    frame.setEnabled(false);
+    EXPECT_EQ(grid.userTypedInCell("x", 0, 0), Outcome::Inert);
+    EXPECT_EQ(grid.userSelectedInCell(0, 0), Outcome::Inert);
+    frame.setEnabled(true);
+    grid.dropEdit();
+    Grid::Cell check = grid.cell(1, 1);
+    check.style.control = CellStyle::Control::check;
+    grid.setCell(1, 1, check);
+    EXPECT_EQ(grid.userEditedCell(1, "1"), Outcome::Refused);
+    EXPECT_EQ(grid.editedRow(), 0) << "a check has nothing to correct";
+    box.setLocked(true);
+    for (const Outcome outcome : {box.userReplaced("x", 0, 0), box.userUndid()})
+        EXPECT_EQ(outcome, Outcome::Inert);
 }
 
 TEST_F(Controls, WhatStaysAsItIsTellsNoView)

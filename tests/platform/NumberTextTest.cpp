@@ -78,6 +78,7 @@ TEST(NumberText, isReadInTheLocaleAndNothingElseIsANumber)
                             {"007", 7.0},
                             {"1e-400", 0.0},
                             {"-1e-99999999999999999999", 0.0},
+                            {"1e-9000000000000000000", 0.0},
                             {"0e99999999999999999999", 0.0},
                             {"5e-324", 5e-324}};
     for (const auto& [text, value] : numbers)
@@ -93,7 +94,7 @@ TEST(NumberText, isReadInTheLocaleAndNothingElseIsANumber)
         EXPECT_EQ(failureOf([&] { return toDouble(text, english); }), failure::typeMismatch) << text;
     }
     EXPECT_FALSE(isNumeric("1.5", german));
-    for (const char* text : {"1e309", "-1e309", "1e99999999999999999999", "123456789e301"})
+    for (const char* text : {"1e309", "-1e309", "1e99999999999999999999", "1e9000000000000000000", "123456789e301"})
         EXPECT_EQ(failureOf([&] { return toDouble(text, english); }), failure::overflow) << text;
     EXPECT_EQ(failureOf([] { return toDouble(std::string(400, '9'), english); }), failure::overflow);
     EXPECT_EQ(toDouble("0." + std::string(400, '0') + "1e401", english), 1.0);
