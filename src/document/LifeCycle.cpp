@@ -7,7 +7,6 @@ namespace ko {
 
 namespace {
 
-constexpr int textBase = 1100;
 constexpr int noInstrumentPicture = 101;
 
 } // namespace
@@ -19,7 +18,7 @@ void TimebaseEditor::UserDocument_Initialize()
     const Steps step(support_.errors, "UserDocument_Initialize");
     page_.isShown = false;
     step([&] { support_.localeSettings = readLocaleSettings(support_.locale()); });
-    loadFormStrings(step, support_.strings, page_, page_.font(), textBase);
+    loadFormStrings(step, support_.strings, page_, page_.font(), pageTextBase);
     step([&] { setIntervalSeconds(); });
     page_.hertzText = step.value([&] { return support_.text(1116); });
     page_.notApplicableText = step.value([&] { return support_.text(1152); });

@@ -12,7 +12,7 @@ public:
     virtual void markChanged() = 0;
 
     /// Brings the derived labels up to date and checks the 2 GB limit: 0 when the recording fits, else the number
-    /// that, added to 1100, is the message's. Reports its own failures.
+    /// that, added to `pageTextBase`, is the message's. Reports its own failures.
     virtual std::int32_t updateDiskSpace() = 0;
 
     /// Brings the derived labels up to date after old values were put back. Whatever the limit says is not asked

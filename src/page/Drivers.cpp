@@ -21,7 +21,7 @@ std::string groupName(Driver& driver, std::int32_t group)
 {
     try {
         return driver.GroupName(group);
-    } catch (const std::exception&) {
+    } catch (...) {
         return required(driver.queryTriggerParameters()).GetTriggerGroupName(group);
     }
 }

@@ -1,5 +1,7 @@
 #include "page/Messages.h"
 
+#include "page/Page.h"
+
 namespace ko {
 
 void showError(const Support& support, int textNumber)
@@ -9,7 +11,7 @@ void showError(const Support& support, int textNumber)
 
 void showLimitMessage(const Support& support, std::int32_t code)
 {
-    showError(support, 1100 + code);
+    showError(support, pageTextBase + code);
 }
 
 } // namespace ko

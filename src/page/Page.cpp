@@ -20,7 +20,7 @@ void toolTip(Control& control, int offset)
 /// The buttons that explain their editors have their texts outside the page's block.
 void numberOfferButtons(Page& page)
 {
-    constexpr int explainHint = 3242 - 1100;
+    constexpr int explainHint = 3242 - pageTextBase;
     for (CommandButton* button : {&page.cmdSampleRateOffers, &page.cmdSamplePeriodOffers, &page.cmdBlockSizeOffers,
                                   &page.cmdScanRateOffers, &page.cmdScanPeriodOffers}) {
         button->setCaption("?");
@@ -30,8 +30,8 @@ void numberOfferButtons(Page& page)
 
 void numberTakingButtons(Page& page)
 {
-    caption(page.cmdTakeDuration, 3279 - 1100);
-    caption(page.cmdTakeRate, 3241 - 1100);
+    caption(page.cmdTakeDuration, 3279 - pageTextBase);
+    caption(page.cmdTakeRate, 3241 - pageTextBase);
 }
 
 void numberCaptions(Page& page)

@@ -116,7 +116,7 @@ std::int32_t Forecast::check(const Change& change) const
     return checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
 }
 
-std::optional<Largest> largestThatFits(Range within, double finest, const std::function<bool(double)>& fits)
+std::optional<double> largestThatFits(Range within, double finest, const std::function<bool(double)>& fits)
 {
     for (double scale = 1.0; 1.0 / scale >= finest; scale *= 10.0) {
         double low = std::max(std::ceil(within.minimum * scale), 1.0);
@@ -130,7 +130,7 @@ std::optional<Largest> largestThatFits(Range within, double finest, const std::f
             else
                 high = middle - 1.0;
         }
-        return Largest{low / scale, 1.0 / scale};
+        return low / scale;
     }
     return std::nullopt;
 }

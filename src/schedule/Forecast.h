@@ -51,17 +51,11 @@ private:
     std::vector<File> files_;
 };
 
-/// A number that fits, and the step from which on the next does not.
-struct Largest {
-    double value = 0.0;
-    double step = 1.0;
-};
-
 /// No number of this size or above is looked at.
 inline constexpr double endless = 1e15;
 
 /// The largest number of the range that fits: a whole one or, where no whole one does, one in tenths, hundredths and
 /// so on down to `finest`. What fits at a number fits at every smaller one. None where nothing fits.
-std::optional<Largest> largestThatFits(Range within, double finest, const std::function<bool(double)>& fits);
+std::optional<double> largestThatFits(Range within, double finest, const std::function<bool(double)>& fits);
 
 } // namespace ko

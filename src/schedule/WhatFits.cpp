@@ -91,7 +91,7 @@ void WhatFits::withdraw()
         control->setVisible(false);
 }
 
-std::optional<Largest> WhatFits::longest(const Forecast& forecast) const
+std::optional<double> WhatFits::longest(const Forecast& forecast) const
 {
     const auto fitsFor = [&](double seconds) {
         return forecast.check({.seconds = toSingle(seconds)}) == diskSpace::fits;
@@ -100,19 +100,19 @@ std::optional<Largest> WhatFits::longest(const Forecast& forecast) const
     const double least = fitsFor(present) ? present : 0.0;
     // Times of the day are whole seconds.
     const double finest = page_.optAfter.value() ? finestDuration : 1.0;
-    auto found = largestThatFits({least, std::numeric_limits<float>::max()}, finest, fitsFor);
-    return !found && least > 0.0 ? Largest{present, 0.0} : found;
+    const auto found = largestThatFits({least, std::numeric_limits<float>::max()}, finest, fitsFor);
+    return !found && least > 0.0 ? present : found;
 }
 
 std::string WhatFits::offerDuration(const Forecast& forecast)
 {
     const auto found = longest(forecast);
-    if (!found || found->value >= endless)
+    if (!found || *found >= endless)
         return support_.text(fitText::noDuration);
     const bool after = page_.optAfter.value();
-    const std::string number = numberText(found->value, support_.locale());
-    duration_ = Offered{
-        after ? number : recording_.computeStopTime('s', found->value, recording_.timeIn(page_.txtStartTime)), -1};
+    const std::string number = numberText(*found, support_.locale());
+    duration_ =
+        Offered{after ? number : recording_.computeStopTime('s', *found, recording_.timeIn(page_.txtStartTime)), -1};
     return filled(support_.text(after ? fitText::longestDuration : fitText::latestStop), {duration_->text});
 }
 
@@ -143,10 +143,10 @@ std::optional<WhatFits::Offered> WhatFits::rateForBox(const Forecast& forecast, 
     const Range within{largerOf(bounds.minimum.value_or(0.0), least), bounds.maximum.value_or(endless)};
     auto found = largestThatFits(within, finestRate, fitsAt);
     if (!found && least > 0.0)
-        found = Largest{present, 0.0};
-    if (!found || found->value >= endless)
+        found = present;
+    if (!found || *found >= endless)
         return std::nullopt;
-    return Offered{numberText(found->value, support_.locale()), -1};
+    return Offered{numberText(*found, support_.locale()), -1};
 }
 
 std::string WhatFits::offerRate(const Forecast& forecast, const Rates& rates)

@@ -37,7 +37,7 @@ private:
     [[nodiscard]] std::string offerRate(const Forecast& forecast, const Rates& rates);
     [[nodiscard]] std::optional<Offered> rateFromList(const Forecast& forecast, const std::vector<double>& periods);
     [[nodiscard]] std::optional<Offered> rateForBox(const Forecast& forecast, const NumberBounds& bounds);
-    [[nodiscard]] std::optional<Largest> longest(const Forecast& forecast) const;
+    [[nodiscard]] std::optional<double> longest(const Forecast& forecast) const;
     [[nodiscard]] bool fits(const Forecast& forecast, double period) const;
     void show(const Steps& step, const std::string& text);
     void takeDuration();

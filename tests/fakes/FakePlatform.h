@@ -42,6 +42,7 @@ public:
     DateTime time{46347.0};
     /// What the user does in a modal form; nothing: it is cancelled at once.
     std::function<void(Form&)> inModalForm;
+    const Form* hiddenForm = nullptr; ///< the last that was told to go
     Platform platform{*this, *this, *this, *this, *this, *this, {}, [this] { return createReporter(); }};
 
     void show(const std::string& text, const std::string& title, int style) override
@@ -84,7 +85,7 @@ public:
         if (inModalForm)
             inModalForm(form);
     }
-    void hide(Form&) override {}
+    void hide(Form& form) override { hiddenForm = &form; }
     void ReportError(std::int32_t number, const std::string& source, const std::string& description,
                      std::int32_t helpContext, const std::string& helpFile, bool log) override
     {

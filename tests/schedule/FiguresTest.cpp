@@ -1,4 +1,5 @@
 #include "schedule/DiskSpace.h"
+#include "schedule/Forecast.h"
 
 #include "fakes/FakePlatform.h"
 
@@ -62,6 +63,34 @@ TEST(Figures, TheLimitHoldsForEachKindAndCatchesOverflows)
     for (const auto& it : cases)
         EXPECT_EQ(checkDiskSpace({it.staticBytes, it.dynamicBytes}, it.hasDynamic, it.hasStatic), it.code)
             << it.staticBytes << " " << it.dynamicBytes;
+}
+
+TEST(Figures, TheLargestThatFitsIsWholeWhereAWholeOneFitsAndHasDecimalsElse)
+{
+    const struct {
+        Range within;
+        double greatest = 0;
+        double finest = 0;
+        std::optional<double> value;
+    } cases[] = {
+        {{0, 1e12}, 1234.9, 1e-3, 1234},
+        {{0, 1e12}, 1, 1e-3, 1},
+        {{0, 100}, 1e9, 1e-3, 100},
+        {{0, 99.5}, 1e9, 1e-3, 99},
+        {{0, 1e300}, 1e300, 1e-3, endless},
+        {{0, 1e12}, 0.74, 1e-3, 0.7},
+        {{0, 1e12}, 0.0749, 1e-3, 0.07},
+        {{0, 1e12}, 0.0004, 1e-3, {}},
+        {{0, 1e12}, 0.5, 1, {}},
+        {{1.2, 1.9}, 1e9, 1e-3, 1.9},
+        {{1000.55, 1e12}, 1000.7, 1e-3, 1000.7},
+        {{5, 4}, 1e9, 1e-3, {}},
+        {{5, 10}, 4, 1e-3, {}},
+    };
+    for (const auto& it : cases) {
+        const auto found = largestThatFits(it.within, it.finest, [&](double v) { return v <= it.greatest; });
+        EXPECT_EQ(found, it.value) << it.within.minimum << ".." << it.within.maximum << " up to " << it.greatest;
+    }
 }
 
 } // namespace

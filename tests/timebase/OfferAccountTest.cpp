@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <utility>
 
 namespace ko::test {
 namespace {
@@ -132,6 +133,7 @@ protected:
             }
             EXPECT_EQ(dialog.tblOffers.columns().size(), 3U);
             EXPECT_EQ(dialog.btnClose.userClicked(), Outcome::Done);
+            EXPECT_EQ(std::exchange(host.hiddenForm, nullptr), &form);
         };
         EXPECT_EQ(button.userClicked(), Outcome::Done) << button.name();
         return shown;
