@@ -4,7 +4,6 @@
 #include "platform/NumberText.h"
 
 #include <cmath>
-#include <limits>
 
 namespace ko::test {
 namespace {
@@ -70,7 +69,7 @@ TEST_F(WhatFitsTest, ARateBelowOneAndTheFirstOfAListAreOfferedToo)
 {
     sampler.bytes = [](const FakeDriver& it) { return 416 + 1e9 * it.duration / it.samplePeriod; };
     sampler.samplePeriod = 10;
-    sampler.sampleRange = {1e-6, std::numeric_limits<double>::infinity()};
+    sampler.sampleRange = scanner.sampleRange = {};
     open();
     refuse(page().txtSampleRate, "100");
     EXPECT_EQ(page().cmdTakeRate.userClicked(), Outcome::Done);
@@ -103,6 +102,7 @@ TEST_F(WhatFitsTest, AStopAtATimeIsOfferedAsATime)
     sampler.startMode = scanner.startMode = 1;
     sampler.stopMode = scanner.stopMode = 1;
     sampler.startTime = scanner.startTime = toDateTime("11/22/2026 8:00:00 AM", {});
+    sampler.duration = scanner.duration = 120; // its unit plays no part
     open();
     refuse(page().txtSamplePeriod, "1e-6");
     EXPECT_TRUE(page().lblWhatFits.caption().find("stop up to 11/22/2026 8:08:44 AM") != std::string::npos)

@@ -35,6 +35,7 @@ TEST(ChoiceListsTest, MergesDriverByDriver)
         {"a list of nothing else counts as none", {{{NAN}, {1, 3}}}, {}, {1, 3}},
         {"a range that is not finite counts as none", {{{4}, {}}, {{}, {NAN, 9}}, {{}, {1, inf}}}, {4}, {}},
         {"one bound alone is a range", {{{}, {0, 5}}}, {}, {0, 5}},
+        {"so is a lower one", {{{}, {0.5, 0}}}, {}, {0.5, 0}},
     };
     for (const Case& it : cases) {
         const MergedChoices result = merged(it.offers);
