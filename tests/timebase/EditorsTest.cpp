@@ -199,23 +199,6 @@ TEST_F(Editors, ARefusedTextKeepsTheFocusAndShowsTheValueInForce)
     EXPECT_TRUE(allowed);
 }
 
-TEST_F(Editors, WalkingThroughTheBoxesChangesNothing)
-{
-    FakeDriver& driver = addRanges();
-    addDriver(2).scanPeriod = 1.0 / 7;
-    driver.samplePeriod = 1.0 / 3;
-    open();
-    driver.writes.clear();
-    const int changes = host.changes;
-    for (TextBox* box : {&page().txtSampleRate, &page().txtSamplePeriod, &page().txtBlockSize, &page().txtScanRate,
-                         &page().txtScanPeriod})
-        ASSERT_TRUE(page().moveFocus(box));
-    page().moveFocus(nullptr);
-    EXPECT_EQ(driver.writes, Texts());
-    EXPECT_EQ(driver.samplePeriod, 1.0 / 3);
-    EXPECT_EQ(host.changes, changes);
-}
-
 TEST_F(Editors, TheLimitTakesBackWhatItRefusesWithOneMessage)
 {
     FakeDriver& driver = addRanges();

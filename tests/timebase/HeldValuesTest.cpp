@@ -53,6 +53,24 @@ TEST_F(HeldValues, AKeptPeriodSelectsTheEntryThatItIsCloseToOrReadsAs)
     EXPECT_EQ(page().cmbSampleRate.index(), 0) << "back where the driver stays";
 }
 
+TEST_F(HeldValues, AWalkThroughTheBoxesChangesNothing)
+{
+    FakeDriver& driver = addDriver();
+    driver.sampleRange = {1e-6, 1};
+    driver.blockRange = {16, 4096};
+    driver.scanRange = {0.01, 100};
+    driver.samplePeriod = 1.0 / 3;
+    addDriver(2).scanPeriod = 1.0 / 7;
+    open();
+    driver.writes.clear();
+    const int changes = host.changes;
+    walk({&page().txtSampleRate, &page().txtSamplePeriod, &page().txtBlockSize, &page().txtScanRate,
+          &page().txtScanPeriod});
+    EXPECT_EQ(driver.writes, Texts());
+    EXPECT_EQ(driver.samplePeriod, 1.0 / 3);
+    EXPECT_EQ(host.changes, changes);
+}
+
 TEST_F(HeldValues, DriversThatRoundDifferentlyAreLeftAloneByAWalk)
 {
     addDriver(2).keeps = nearest(0.1, 0.2);

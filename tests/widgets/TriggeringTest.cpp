@@ -278,11 +278,7 @@ TEST_F(TriggeringTest, ManyInstrumentsScrollInsteadOfOutgrowingTheScreen)
     for (int i = 0; i < 60; ++i)
         more += R"(, {"name": "Another instrument of a long name", "timebase": {}, "triggerLines": {}})";
     drivers.insert(drivers.rfind(']'), more);
-    QFile file(folder.filePath("many.json"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(drivers.c_str());
-    file.close();
-    window.open(fromQt(file.fileName()));
+    window.open(file("many.json", drivers.c_str()));
     inDialog(
         [](QDialog& dialog) {
             auto* map = dialog.findChild<QTableWidget*>("tblStartMap");
