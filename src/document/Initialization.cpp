@@ -31,7 +31,7 @@ void TimebaseEditor::initializeDocument()
     schedule_.loadStartStop(step);
     followReadOnly();
     schedule_.loaded();
-    updateDiskSpace();
+    refreshEstimate();
     page_.driverChangesPending = false;
 }
 

@@ -33,9 +33,11 @@ void TimebaseEditor::markChanged()
 std::int32_t TimebaseEditor::updateDiskSpace()
 {
     const std::int32_t code = schedule_.estimate().updateDiskSpace();
-    schedule_.plan().show();
-    if (code == diskSpace::fits)
+    // What does not fit is about to be taken back, and is no plan.
+    if (code == diskSpace::fits) {
+        schedule_.plan().show();
         schedule_.whatFits().withdraw();
+    }
     return code;
 }
 
@@ -48,7 +50,8 @@ void TimebaseEditor::tellWhatFits(std::int32_t code)
 
 void TimebaseEditor::refreshEstimate()
 {
-    updateDiskSpace();
+    if (updateDiskSpace() != diskSpace::fits)
+        schedule_.plan().show();
 }
 
 void TimebaseEditor::refreshPlan()

@@ -12,11 +12,12 @@ public:
     virtual void markChanged() = 0;
 
     /// Brings the derived labels up to date and checks the 2 GB limit: 0 when the recording fits, else the number
-    /// that, added to `pageTextBase`, is the message's. Reports its own failures.
+    /// that, added to `pageTextBase`, is the message's; the plan's sentence stays as it was then. Reports its own
+    /// failures.
     virtual std::int32_t updateDiskSpace() = 0;
 
-    /// Brings the derived labels up to date after old values were put back. Whatever the limit says is not asked
-    /// about again. Reports its own failures.
+    /// Brings the derived labels up to date with values that are in force whatever the limit says, such as old ones
+    /// that were put back. Reports its own failures.
     virtual void refreshEstimate() = 0;
 
     /// After the message for a code of `updateDiskSpace`, with the old values back in force: tells the user what would

@@ -20,6 +20,7 @@ TEST_F(PlanEvents, ThePlanFollowsEveryEntryAndARefusalTakesItBack)
     page().txtDuration.userTyped("x");
     expectPart("records 20 s, 20,480 samples");
     page().txtDuration.userReplaced("20", 2, 0);
+    host.inMessage = [&] { expectPart("records 20 s, 20,480 samples"); };
     page().cmbInterval.userChose(1);
     EXPECT_EQ(host.takeMessages().size(), 1U);
     expectPart("records 20 s, 20,480 samples");

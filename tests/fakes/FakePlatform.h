@@ -42,11 +42,14 @@ public:
     DateTime time{46347.0};
     /// What the user does in a modal form; nothing: it is cancelled at once.
     std::function<void(Form&)> inModalForm;
+    std::function<void()> inMessage;
     const Form* hiddenForm = nullptr; ///< the last that was told to go
     Platform platform{*this, *this, *this, *this, *this, *this, {}, [this] { return createReporter(); }};
 
     void show(const std::string& text, const std::string& title, int style) override
     {
+        if (inMessage)
+            inMessage();
         add("show", messages, title + ": " + text + " (" + std::to_string(style) + ")");
     }
     void clear() override { note("clear", clipboardText, ""); }
