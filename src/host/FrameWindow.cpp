@@ -2,6 +2,7 @@
 
 #include "host/DriverLog.h"
 #include "host/FailureStrip.h"
+#include "host/HintLine.h"
 #include "host/HostTexts.h"
 #include "host/InstrumentsView.h"
 #include "host/Reports.h"
@@ -13,7 +14,6 @@
 #include "widgets/TriggerDialogs.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QToolButton>
@@ -171,12 +171,8 @@ void FrameWindow::makeRecording()
 
 void FrameWindow::makeStatusBar()
 {
-    hint_ = new QLabel(this);
+    hint_ = new HintLine(this);
     hint_->setObjectName(QStringLiteral("hint"));
-    hint_->setTextFormat(Qt::PlainText);
-    // A long hint is cut off rather than widening the window.
-    hint_->setMinimumWidth(1);
-    hint_->setContentsMargins(hint_->fontMetrics().height() / 3, 0, 0, 0);
     statusBar()->addWidget(hint_, 1);
     statusBar()->addPermanentWidget(&reports_->button());
 }

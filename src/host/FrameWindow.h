@@ -15,12 +15,12 @@
 #include <QSettings>
 
 class QDockWidget;
-class QLabel;
 
 namespace ko {
 
 class DriverLog;
 class FailureStrip;
+class HintLine;
 class InstrumentsView;
 class Reports;
 
@@ -139,7 +139,7 @@ private:
     Reports* reports_ = nullptr;
     InstrumentsView* instruments_ = nullptr;
     DriverLog* log_ = nullptr;
-    QLabel* hint_ = nullptr;
+    HintLine* hint_ = nullptr;
     const Control* hinted_ = nullptr; ///< the control that `rangeHint_` is about
     std::string rangeHint_;
 };

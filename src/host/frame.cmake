@@ -13,6 +13,7 @@ ko_folder(frame SOURCES
   FrameSite.cpp
   FrameWindow.cpp
   HelpWindow.cpp
+  HintLine.cpp
   InstrumentsModel.cpp
   InstrumentsView.cpp
   RecentFiles.cpp

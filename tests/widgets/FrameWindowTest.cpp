@@ -1,4 +1,5 @@
 #include "FrameTest.h"
+#include "host/HintLine.h"
 #include "host/InputError.h"
 
 #include <QClipboard>
@@ -140,9 +141,12 @@ TEST_F(FrameWindowTest, TheStatusLineShowsTheHintOfTheFocusAndItsRange)
         "timebase": {"scanPeriod": {"value": 1, "range": [0.5, 2]}}}]})"));
     show();
     QTest::mouseClick(&at(page().txtScanPeriod), Qt::LeftButton);
-    const auto* hint = window.findChild<QLabel*>("hint");
+    auto* hint = static_cast<HintLine*>(window.findChild<QLabel*>("hint"));
     EXPECT_TRUE(hint->text().startsWith(window.text(1142)));
     EXPECT_TRUE(hint->text().contains(window.text(1149) + "0.5")) << hint->text().toStdString();
+    EXPECT_EQ(hint->shown(), hint->text());
+    hint->resize(90, hint->height());
+    EXPECT_TRUE(hint->shown().endsWith(u'\u2026') && hint->shown().size() > 5) << hint->shown().toStdString();
     QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton, {}, QPoint(8, 8));
     EXPECT_EQ(hint->text(), window.text(1128));
 }
