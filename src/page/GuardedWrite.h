@@ -1,0 +1,103 @@
+#pragma once
+
+#include "page/Actions.h"
+#include "page/Messages.h"
+#include "page/Timebases.h"
+
+#include <vector>
+
+namespace ko {
+
+/// The one way in which a value that the user enters reaches the drivers: each driver's old value is read, the new one
+/// written and read back; then the 2 GB limit is asked once. Beyond it the user is told and each driver gets its own
+/// old value back.
+///
+/// A `Setting` is a value of optional members with two operations:
+///     Setting read(const Steps&, Timebase&) const   the members that are set here, as the driver has them; a member
+///                                                   whose reading failed is not set
+///     bool write(const Steps&, Timebase&) const     writes the members that are set; whether every write succeeded
+/// Both report their failures to the steps.
+template <class Setting> class GuardedWrite {
+public:
+    /// What became of the value at one driver.
+    struct Written {
+        IndexedTimebase at;
+        Setting before;       ///< as read before the write
+        Setting kept;         ///< as read back; `before` for a driver that was not written
+        bool written = false; ///< a write was made and no part of it failed
+        bool tried = false;   ///< a write was made
+    };
+
+    /// Everything passed in outlives the object.
+    GuardedWrite(Support& support, Actions& actions) : support_(support), actions_(actions) {}
+
+    /// Reserves records for this many drivers, so that `write` does not allocate.
+    void reserve(std::size_t drivers) { written_.reserve(drivers); }
+
+    /// Forgets the drivers of the write before, and takes the value to write. Every event begins with it.
+    void begin(const Setting& wanted)
+    {
+        wanted_ = wanted;
+        written_.clear();
+        anyTried_ = anyWritten_ = false;
+    }
+
+    /// Reads, writes and reads back one driver; one that `holds(before)` already is not written. `beforeFirst` runs
+    /// once an event, before the first write.
+    template <class Holds, class First>
+    const Written& write(const Steps& step, IndexedTimebase at, Holds&& holds, First&& beforeFirst)
+    {
+        Written& it = written_.emplace_back();
+        it.at = at;
+        it.kept = it.before = wanted_.read(step, *at.timebase);
+        if (holds(std::as_const(it.before)))
+            return it;
+        if (!std::exchange(anyTried_, true))
+            beforeFirst();
+        it.tried = true;
+        it.written = wanted_.write(step, *at.timebase);
+        it.kept = wanted_.read(step, *at.timebase);
+        anyWritten_ = anyWritten_ || it.written;
+        return it;
+    }
+    const Written& write(const Steps& step, IndexedTimebase at)
+    {
+        return write(
+            step, at, [](const Setting&) { return false; }, [] {});
+    }
+
+    /// Asks the limit. Within it: true. Beyond it the user is told, each driver that was written gets its old value
+    /// back (members that could not be read before are not written) and is read again, `putBack` restores what the
+    /// page shows, the derived labels follow, and what would fit is offered: false.
+    template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)
+    {
+        const std::int32_t code = actions_.updateDiskSpace();
+        if (code == 0)
+            return true;
+        step([&] { showLimitMessage(support_, code); });
+        for (Written& it : written_)
+            if (it.tried) {
+                it.before.write(step, *it.at.timebase);
+                it.kept = wanted_.read(step, *it.at.timebase);
+            }
+        step(std::forward<PutBack>(putBack));
+        actions_.refreshEstimate();
+        actions_.tellWhatFits(code);
+        return false;
+    }
+
+    /// The drivers of this event, in the order in which they were written.
+    [[nodiscard]] const std::vector<Written>& drivers() const { return written_; }
+    /// Whether a write was made in this event, and whether one succeeded.
+    [[nodiscard]] bool anyTried() const { return anyTried_; }
+    [[nodiscard]] bool anyWritten() const { return anyWritten_; }
+
+private:
+    Support& support_;
+    Actions& actions_;
+    Setting wanted_{};
+    std::vector<Written> written_;
+    bool anyTried_ = false, anyWritten_ = false;
+};
+
+} // namespace ko

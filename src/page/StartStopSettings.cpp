@@ -1,0 +1,50 @@
+#include "page/StartStopSettings.h"
+
+namespace ko {
+
+StartStopSettings StartStopSettings::readAll(const Steps& step, Timebase& timebase)
+{
+    return of(TriggerVars{}).read(step, timebase);
+}
+
+StartStopSettings StartStopSettings::read(const Steps& step, Timebase& timebase) const
+{
+    StartStopSettings read;
+    if (startMode)
+        step([&] { read.startMode = timebase.StartMode(); });
+    if (startTime)
+        step([&] { read.startTime = timebase.StartTime(); });
+    if (stopMode)
+        step([&] { read.stopMode = timebase.StopMode(); });
+    if (duration)
+        step([&] { read.duration = timebase.Duration(); });
+    return read;
+}
+
+bool StartStopSettings::write(const Steps& step, Timebase& timebase, Order order) const
+{
+    bool written = true;
+    const auto writeDuration = [&] {
+        if (duration)
+            written &= step([&] { timebase.setDuration(*duration); });
+    };
+    const auto writeStartMode = [&] {
+        if (startMode)
+            written &= step([&] { timebase.setStartMode(*startMode); });
+    };
+    if (order == Order::Edited)
+        writeDuration();
+    else
+        writeStartMode();
+    if (startTime)
+        written &= step([&] { timebase.setStartTime(*startTime); });
+    if (order == Order::Edited)
+        writeStartMode();
+    if (stopMode)
+        written &= step([&] { timebase.setStopMode(*stopMode); });
+    if (order == Order::Loaded)
+        writeDuration();
+    return written;
+}
+
+} // namespace ko

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "interfaces/Timebase.h"
+#include "page/Drivers.h"
+#include "support/Steps.h"
+
+#include <utility>
+
+namespace ko {
+
+/// A driver's timebase and the driver's index in its list; -1 and null for none.
+struct IndexedTimebase {
+    std::int32_t driver = -1;
+    Timebase* timebase = nullptr;
+
+    explicit operator bool() const { return timebase != nullptr; }
+};
+
+/// Calls `visit(IndexedTimebase)` for each driver of the list that offers a timebase, in list order. A failing query
+/// is reported to `step`; that driver is passed over.
+template <class Visit> void forEachTimebase(const Steps& step, Drivers drivers, Visit&& visit)
+{
+    for (std::size_t i = 0; i < drivers.size(); ++i)
+        if (drivers[i])
+            if (Timebase* timebase = step.value([&] { return drivers[i]->queryTimebase(); }))
+                visit(IndexedTimebase{static_cast<std::int32_t>(i), timebase});
+}
+
+/// The first timebase that `accepts(Driver&, Timebase&)` takes; a driver whose query or test fails is passed over
+/// without a report.
+template <class Accepts> IndexedTimebase firstTimebase(Drivers drivers, Accepts&& accepts)
+{
+    for (std::size_t i = 0; i < drivers.size(); ++i) {
+        try {
+            Timebase* timebase = drivers[i] ? drivers[i]->queryTimebase() : nullptr;
+            if (timebase && accepts(*drivers[i], *timebase))
+                return {static_cast<std::int32_t>(i), timebase};
+        } catch (...) {
+            continue;
+        }
+    }
+    return {};
+}
+
+/// The first timebase of the list, whose settings are shown for all drivers.
+inline IndexedTimebase firstTimebase(Drivers drivers)
+{
+    return firstTimebase(drivers, [](Driver&, Timebase&) { return true; });
+}
+
+} // namespace ko
