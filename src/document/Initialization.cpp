@@ -1,5 +1,6 @@
 #include "document/TimebaseEditor.h"
 #include "interfaces/Timebase.h"
+#include "page/Quantities.h"
 #include "support/Steps.h"
 
 #include <cmath>
@@ -79,8 +80,8 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
     if (page_.staticDriverIndex < 0)
         page_.staticDriverIndex = firstDriver(step, false);
     std::optional<double> scanPeriod;
-    if (Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.staticDriverIndex); }))
-        step([&] { scanPeriod = timebase->ScanPeriod(); });
+    if (const auto at = step.value([&] { return shownTimebase(page_, timebaseNumber::scanPeriod); }))
+        step([&] { scanPeriod = at.timebase->ScanPeriod(); });
     staticEditors_.initScanRateEditors(scanPeriod);
     if (scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
         staticEditors_.pushLoaded(*scanPeriod);

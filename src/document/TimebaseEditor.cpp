@@ -1,6 +1,7 @@
 #include "document/TimebaseEditor.h"
 
 #include "page/NumberEntry.h"
+#include "page/Quantities.h"
 #include "schedule/DiskSpace.h"
 
 namespace ko {
@@ -45,7 +46,7 @@ void TimebaseEditor::tellWhatFits(std::int32_t code)
 {
     const bool isStatic = code == diskSpace::staticTooLarge;
     const std::vector<double>& periods = isStatic ? staticEditors_.periods() : dynamicEditors_.periods();
-    schedule_.whatFits().tell(code, {periods, rateBounds(isStatic ? page_.scanPeriodRange : page_.samplePeriodRange)});
+    schedule_.whatFits().tell(code, {periods, rateBounds((isStatic ? page_.scanPeriodOffers : page_.samplePeriodOffers).range)});
 }
 
 void TimebaseEditor::refreshEstimate()

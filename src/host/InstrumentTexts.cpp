@@ -47,25 +47,27 @@ private:
 constexpr std::array startModes{hostText::startImmediately, hostText::startAtTime, hostText::startOnTrigger};
 constexpr std::array stopModes{hostText::stopAfterDuration, hostText::stopAtTime};
 
-struct Quantity {
+/// A setting that an instrument's timebase holds, and its text.
+struct TimebaseMember {
     int name;
     QString (*value)(const TimebaseSettings&, const Shown&);
 };
 
-constexpr std::array quantities{
-    Quantity{hostText::samplePeriod,
-             [](const TimebaseSettings& t, const Shown& as) { return as.seconds(t.samplePeriod.value); }},
-    Quantity{hostText::blockSize,
-             [](const TimebaseSettings& t, const Shown& as) { return as.number(t.blockSize.value); }},
-    Quantity{hostText::scanPeriod,
-             [](const TimebaseSettings& t, const Shown& as) { return as.seconds(t.scanPeriod.value); }},
-    Quantity{hostText::startMode,
-             [](const TimebaseSettings& t, const Shown& as) { return as.mode(t.startMode, startModes); }},
-    Quantity{hostText::startTime, [](const TimebaseSettings& t, const Shown& as) { return as.time(t.startTime); }},
-    Quantity{hostText::stopMode,
-             [](const TimebaseSettings& t, const Shown& as) { return as.mode(t.stopMode, stopModes); }},
-    Quantity{hostText::duration,
-             [](const TimebaseSettings& t, const Shown& as) { return as.seconds(static_cast<double>(t.duration)); }},
+constexpr std::array timebaseMembers{
+    TimebaseMember{hostText::samplePeriod,
+                   [](const TimebaseSettings& t, const Shown& as) { return as.seconds(t.samplePeriod.value); }},
+    TimebaseMember{hostText::blockSize,
+                   [](const TimebaseSettings& t, const Shown& as) { return as.number(t.blockSize.value); }},
+    TimebaseMember{hostText::scanPeriod,
+                   [](const TimebaseSettings& t, const Shown& as) { return as.seconds(t.scanPeriod.value); }},
+    TimebaseMember{hostText::startMode,
+                   [](const TimebaseSettings& t, const Shown& as) { return as.mode(t.startMode, startModes); }},
+    TimebaseMember{hostText::startTime,
+                   [](const TimebaseSettings& t, const Shown& as) { return as.time(t.startTime); }},
+    TimebaseMember{hostText::stopMode,
+                   [](const TimebaseSettings& t, const Shown& as) { return as.mode(t.stopMode, stopModes); }},
+    TimebaseMember{hostText::duration, [](const TimebaseSettings& t,
+                                          const Shown& as) { return as.seconds(static_cast<double>(t.duration)); }},
 };
 
 struct Line {
@@ -107,7 +109,7 @@ const ParameterSettings& parameterOf(const InstrumentRow& row)
 
 std::size_t quantityCount()
 {
-    return quantities.size();
+    return timebaseMembers.size();
 }
 
 std::size_t lineCount()
@@ -121,7 +123,7 @@ QString nameOf(const InstrumentRow& row, const Texts& texts)
     case InstrumentRow::Kind::Root: break;
     case InstrumentRow::Kind::Instrument: return toQt(row.driver().name());
     case InstrumentRow::Kind::Timebase: return texts(hostText::timebase);
-    case InstrumentRow::Kind::Quantity: return texts(quantities[row.item()].name);
+    case InstrumentRow::Kind::Quantity: return texts(timebaseMembers[row.item()].name);
     case InstrumentRow::Kind::Group: return toQt(row.groupSettings().name);
     case InstrumentRow::Kind::Channel: return channelName(row.channelSettings());
     case InstrumentRow::Kind::Parameter: return toQt(parameterOf(row).name);
@@ -137,7 +139,7 @@ QString valueOf(const InstrumentRow& row, const Texts& texts, const Locale& loca
     const InstrumentSettings& held = row.driver().held();
     switch (row.kind()) {
     case InstrumentRow::Kind::Instrument: return faultsOf(row, texts);
-    case InstrumentRow::Kind::Quantity: return quantities[row.item()].value(*held.timebase, as);
+    case InstrumentRow::Kind::Quantity: return timebaseMembers[row.item()].value(*held.timebase, as);
     case InstrumentRow::Kind::Channel: return row.channelSettings().triggerSource ? texts(hostText::triggerSource) : "";
     case InstrumentRow::Kind::Parameter: return as.value(parameterOf(row).value);
     case InstrumentRow::Kind::Line: return QString::number((*held.triggerLines).*lines[row.item()].value);

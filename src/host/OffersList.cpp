@@ -2,15 +2,16 @@
 
 #include "host/OfferJson.h"
 #include "page/OfferTexts.h"
+#include "page/Quantities.h"
 
 namespace ko {
 
 namespace {
 
-std::string offersText(const PlayedPage& played, const OfferedQuantity& quantity, const OfferTexts& texts)
+std::string offersText(const PlayedPage& played, const Quantity& quantity, const OfferTexts& texts)
 {
-    const OfferAccount& account = played.page().*quantity.account;
-    std::string text = "\n" + std::string(quantity.setting) + ": " + texts.common(account) + "\n";
+    const OfferAccount& account = played.page().*quantity.number->offers;
+    std::string text = "\n" + std::string(quantity.name) + ": " + texts.common(account) + "\n";
     for (std::size_t i = 0; i < account.drivers.size(); ++i) {
         text += "  " + played.drivers().at(i)->settings().name;
         for (const std::string& told : texts.row(account, i))
@@ -26,17 +27,17 @@ std::string offersText(const PlayedPage& played)
 {
     const OfferTexts texts([&](int number) { return played.text(number); }, Locale{}, false);
     std::string text;
-    for (const OfferedQuantity& quantity : offeredQuantities)
-        if ((played.page().*quantity.label).isShown())
+    for (const Quantity& quantity : quantities)
+        if (!quantity.isRate && (played.page().*quantity.label).isShown())
             text += offersText(played, quantity, texts);
     return text;
 }
 
 Json offersOf(const PlayedPage& played, const std::string& setting)
 {
-    for (const OfferedQuantity& quantity : offeredQuantities)
-        if (quantity.setting == setting)
-            return offersJson(played.page().*quantity.account, played.drivers());
+    for (const Quantity& quantity : quantities)
+        if (!quantity.isRate && quantity.name == setting)
+            return offersJson(played.page().*quantity.number->offers, played.drivers());
     return {};
 }
 

@@ -2,6 +2,7 @@
 #include "host/ControlState.h"
 #include "host/OfferJson.h"
 #include "host/SetupWriter.h"
+#include "page/Quantities.h"
 #include "platform/Table.h"
 
 #include <algorithm>
@@ -65,9 +66,9 @@ void expect(Scenario& scenario, const Arguments& words)
 
 void offers(Scenario& scenario, const Arguments& words)
 {
-    for (const OfferedQuantity& quantity : offeredQuantities)
-        if (quantity.name == words.text(0)) {
-            Json event = offersJson(scenario.document().page().*quantity.account, scenario.drivers());
+    for (const TimebaseNumber* number : timebaseNumber::all)
+        if (number->name == words.text(0)) {
+            Json event = offersJson(scenario.document().page().*number->offers, scenario.drivers());
             event["quantity"] = words.text(0);
             return scenario.log.event("offers", event);
         }

@@ -1,39 +1,11 @@
 #include "host/Settings.h"
 
-#include "interfaces/Timebase.h"
+#include "page/Quantities.h"
 #include "platform/NumberText.h"
-
-#include <array>
 
 namespace ko {
 
 namespace {
-
-/// A rate, a period or a block size: a list where the instruments share choices, else a box.
-struct Quantity {
-    const char* name;
-    const char* unit;
-    Label Page::*label;
-    ComboBox Page::*list;
-    TextBox Page::*box;
-    Driver* (PlayedPage::*driver)() const;
-    double (Timebase::*held)();
-    Range Page::*range; ///< of periods also for a rate
-    bool isRate;
-};
-
-constexpr std::array quantities{
-    Quantity{"sample-rate", "Sa/s", &Page::lblSampleRate, &Page::cmbSampleRate, &Page::txtSampleRate,
-             &PlayedPage::dynamicDriver, &Timebase::SamplePeriod, &Page::samplePeriodRange, true},
-    Quantity{"sample-period", "s", &Page::lblSamplePeriod, &Page::cmbSamplePeriod, &Page::txtSamplePeriod,
-             &PlayedPage::dynamicDriver, &Timebase::SamplePeriod, &Page::samplePeriodRange, false},
-    Quantity{"block-size", "Sa", &Page::lblBlockSize, &Page::cmbBlockSize, &Page::txtBlockSize,
-             &PlayedPage::dynamicDriver, &Timebase::BlockSize, &Page::blockSizeRange, false},
-    Quantity{"scan-rate", "Sc/s", &Page::lblScanRate, &Page::cmbScanRate, &Page::txtScanRate, &PlayedPage::staticDriver,
-             &Timebase::ScanPeriod, &Page::scanPeriodRange, true},
-    Quantity{"scan-period", "s", &Page::lblScanPeriod, &Page::cmbScanPeriod, &Page::txtScanPeriod,
-             &PlayedPage::staticDriver, &Timebase::ScanPeriod, &Page::scanPeriodRange, false},
-};
 
 Control& shown(Page& page, const Quantity& quantity)
 {
@@ -51,17 +23,16 @@ double rateOf(double period)
 
 Json read(const PlayedPage& played, const Quantity& quantity)
 {
-    Driver* const driver = (played.*quantity.driver)();
-    Timebase* const timebase = driver ? driver->queryTimebase() : nullptr;
-    if (!timebase)
+    const IndexedTimebase at = shownTimebase(played.page(), *quantity.number);
+    if (!at)
         return {};
-    const double held = (timebase->*quantity.held)();
+    const double held = (at.timebase->*quantity.number->get)();
     return quantity.isRate ? rateOf(held) : held;
 }
 
 std::optional<Range> rangeOf(const Page& page, const Quantity& quantity)
 {
-    const Range range = page.*quantity.range;
+    const Range range = (page.*quantity.number->offers).range;
     if (range == Range{})
         return std::nullopt;
     return quantity.isRate ? Range{rateOf(range.maximum), rateOf(range.minimum)} : range;
@@ -99,10 +70,10 @@ Setting settingOf(const Quantity& quantity, const Page& page)
     setting.label = labelText(page.*quantity.label);
     setting.unit = quantity.unit;
     setting.controls = {(page.*quantity.list).name(), (page.*quantity.box).name()};
-    setting.control = [quantity](Page& shownOn) -> Control& { return shown(shownOn, quantity); };
-    setting.read = [quantity](const PlayedPage& played) { return read(played, quantity); };
-    setting.offer = [quantity](const PlayedPage& played) { return offerOf(played, quantity); };
-    setting.write = [quantity](const PlayedPage& played, const std::string& value) {
+    setting.control = [&quantity](Page& shownOn) -> Control& { return shown(shownOn, quantity); };
+    setting.read = [&quantity](const PlayedPage& played) { return read(played, quantity); };
+    setting.offer = [&quantity](const PlayedPage& played) { return offerOf(played, quantity); };
+    setting.write = [&quantity](const PlayedPage& played, const std::string& value) {
         return requestOf(played, quantity, value);
     };
     return setting;

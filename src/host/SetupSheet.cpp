@@ -4,6 +4,7 @@
 #include "host/InstrumentRow.h"
 #include "host/SheetHtml.h"
 #include "host/SheetTexts.h"
+#include "page/Quantities.h"
 #include "platform/DateTimes.h"
 
 namespace ko {
@@ -55,6 +56,7 @@ private:
     }
 
     void head();
+    void measurements(const Frame& frame, const Rows& figures);
     void measurements();
     void schedule();
     [[nodiscard]] Rows trigger() const;
@@ -82,23 +84,27 @@ void Sheet::head()
     html_.paragraph(QStringLiteral("plan"), toQt(page_.lblPlan.caption()));
 }
 
+/// A frame's quantities, then the figures that follow from them.
+void Sheet::measurements(const Frame& frame, const Rows& figures)
+{
+    if (!frame.isShown())
+        return;
+    html_.heading(2, caption(frame));
+    Rows rows;
+    for (const Quantity& quantity : quantities)
+        if (&(page_.*quantity.number->frame) == &frame)
+            rows.push_back(entry(page_.*quantity.label, page_.*quantity.list, page_.*quantity.box));
+    rows += figures;
+    html_.values(rows);
+}
+
 void Sheet::measurements()
 {
-    if (page_.frmDynamic.isShown()) {
-        html_.heading(2, caption(page_.frmDynamic));
-        html_.values({entry(page_.lblSampleRate, page_.cmbSampleRate, page_.txtSampleRate),
-                      entry(page_.lblSamplePeriod, page_.cmbSamplePeriod, page_.txtSamplePeriod),
-                      entry(page_.lblBlockSize, page_.cmbBlockSize, page_.txtBlockSize),
-                      entry(page_.lblSpan, page_.lblSpanValue), entry(page_.lblNumSamples, page_.lblNumSamplesValue),
-                      entry(page_.lblNumDynamicBytes, page_.lblNumDynamicBytesValue)});
-    }
-    if (page_.frmStatic.isShown()) {
-        html_.heading(2, caption(page_.frmStatic));
-        html_.values({entry(page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate),
-                      entry(page_.lblScanPeriod, page_.cmbScanPeriod, page_.txtScanPeriod),
-                      entry(page_.lblNumScans, page_.lblNumScansValue),
-                      entry(page_.lblNumStaticBytes, page_.lblNumStaticBytesValue)});
-    }
+    measurements(page_.frmDynamic,
+                 {entry(page_.lblSpan, page_.lblSpanValue), entry(page_.lblNumSamples, page_.lblNumSamplesValue),
+                  entry(page_.lblNumDynamicBytes, page_.lblNumDynamicBytesValue)});
+    measurements(page_.frmStatic, {entry(page_.lblNumScans, page_.lblNumScansValue),
+                                   entry(page_.lblNumStaticBytes, page_.lblNumStaticBytesValue)});
 }
 
 void Sheet::schedule()

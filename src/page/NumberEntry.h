@@ -1,5 +1,6 @@
 #pragma once
 
+#include "page/Hints.h"
 #include "page/Page.h"
 #include "support/Steps.h"
 #include "support/Validation.h"
@@ -8,23 +9,12 @@
 
 namespace ko {
 
-/// A number as a driver holds it, and the timebase that holds it; none for a number that the page keeps itself.
-struct Held {
-    double value = 0.0;
-    const Timebase* of = nullptr;
-};
-
 /// A numeric text box of the page and its three moments: getting the focus, every change of the text, and being
 /// left. A valid text is written as it is typed; an invalid one is written never, and the box is not left with it.
 class NumberEntry {
 public:
-    /// The handlers' names, as failures are reported under them.
-    struct Names {
-        std::string_view gotFocus, lostFocus, change, validate;
-    };
-
-    /// Takes over the box's events.
-    NumberEntry(Page& page, Support& support, TextBox& box, NumberType type, Names names);
+    /// Takes over the box's events. Failures are reported under the box's name and the event's: "txtDuration_Change".
+    NumberEntry(Page& page, Support& support, TextBox& box, NumberType type);
     virtual ~NumberEntry() = default;
     NumberEntry(const NumberEntry&) = delete;
     NumberEntry& operator=(const NumberEntry&) = delete;
@@ -35,59 +25,59 @@ public:
     /// itself shows in the box is acceptable, also where no user may enter it.
     bool check(bool showMessage);
 
-    /// The box is about to be left: applies a valid text that is not applied yet; shows the value in force and answers
-    /// false for an invalid one.
+    /// The box is about to be left: shows the value in force. An invalid text is refused: the value in force takes its
+    /// place, and the result is false.
     bool leave();
 
 protected:
     /// What the box accepts now.
     virtual NumberBounds bounds() = 0;
-    /// The number in force; none where no driver has a timebase. Failures reach the caller.
-    virtual std::optional<Held> held() = 0;
-    /// The number that takes the place of a refused text; none: an empty text does. Failures reach the caller.
-    virtual std::optional<double> heldAfterRefusal();
-    /// The number that the box shows for one that a driver holds.
+    /// The number in force, as a driver holds it; none where no driver has a timebase. Failures reach the caller.
+    virtual std::optional<double> held() = 0;
+    /// The number that replaces a refused text; none: an empty text does. Failures reach the caller.
+    virtual std::optional<double> heldAfterRefusal() { return held(); }
+    /// The number that the box shows for one that a driver holds. Failures reach the caller.
     [[nodiscard]] virtual double shown(double held) const = 0;
-    /// Writes an accepted number, as the box shows it, and shows what came of it with `show`. `before` is what was in
-    /// force, none when it could not be read. `step` is the handler's.
-    virtual void accept(const Steps& step, double value, const std::optional<Held>& before) = 0;
+    /// Writes an accepted number, as the box shows it, to each driver that does not hold it (`holds`), and shows the
+    /// outcome with `show`. `step` is the handler's.
+    virtual void accept(const Steps& step, double value) = 0;
+    /// Shows a number in force wherever else the page shows it.
+    virtual void showElsewhere(const Steps&, double) {}
     /// Both ends of the range that the hint names; `noRange` in both for none.
-    virtual Range hintRange();
+    virtual Range hintRange() { return {noRange, noRange}; }
     /// Whether the box's handlers act at all.
     virtual bool isActive() { return true; }
 
+    /// Whether a number that a driver holds reads as `value` in the box: a text that reads as the number in force
+    /// stands for exactly that number, so that it need not be written.
+    [[nodiscard]] bool holds(const std::optional<double>& held, double value) const;
     /// Shows a number that a driver holds in this box, which the user is typing in: the text stays as long as it
-    /// reads as that number.
+    /// reads as that number. A box for whole numbers is rewritten only when it is left.
     void show(double held);
     /// Shows a number that a driver holds (none: nothing) in this box with the whole text selected.
     void showSelected(std::optional<double> held);
-    /// The text that stands for a number that a driver holds.
-    [[nodiscard]] std::string textOf(double held) const;
 
     [[nodiscard]] Page& page() const { return page_; }
     Support& support() { return support_; }
 
 private:
-    struct InForce {
-        Held held;
-        std::string text; ///< what stands for it in the box
-    };
-
     void gotFocus();
-    void lostFocus();
     void change();
-    [[nodiscard]] std::optional<InForce> inForce();
-    void apply(const Steps& step, const std::optional<InForce>& before, double value);
+    void apply(const Steps& step, double value);
+    void refuse(const Steps& step);
+    void showInForce(const Steps& step);
     void undo();
-    void putBack(std::optional<double> value);
+    [[nodiscard]] bool standsForHeld(const Steps& step);
+    [[nodiscard]] std::string textOf(double held) const;
     [[nodiscard]] std::string text(double value) const;
 
     Page& page_;
     Support& support_;
-    TextBox& box_;
+    TextBox& box_; ///< marked while the user's text in it is not acceptable
     NumberType type_;
-    Names names_;
-    bool isPending_ = false; ///< the user has put a text into the box that is not applied
+    struct {
+        std::string gotFocus, change, validate;
+    } const names_; ///< of the handlers
 };
 
 } // namespace ko

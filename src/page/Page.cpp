@@ -1,5 +1,7 @@
 #include "page/Page.h"
 
+#include "page/Quantities.h"
+
 #include <algorithm>
 
 namespace ko {
@@ -17,14 +19,17 @@ void toolTip(Control& control, int offset)
     control.setToolTipText(std::to_string(offset));
 }
 
-/// The buttons that explain their editors have their texts outside the page's block.
-void numberOfferButtons(Page& page)
+void numberQuantities(Page& page)
 {
     constexpr int explainHint = 3242 - pageTextBase;
-    for (CommandButton* button : {&page.cmdSampleRateOffers, &page.cmdSamplePeriodOffers, &page.cmdBlockSizeOffers,
-                                  &page.cmdScanRateOffers, &page.cmdScanPeriodOffers}) {
-        button->setCaption("?");
-        toolTip(*button, explainHint);
+    for (const Quantity& quantity : quantities) {
+        caption(page.*quantity.label, quantity.captionText - pageTextBase);
+        toolTip(page.*quantity.list, quantity.toolTipText - pageTextBase);
+        toolTip(page.*quantity.box, quantity.toolTipText - pageTextBase);
+        // Its text is outside the page's block.
+        CommandButton& button = page.*quantity.button;
+        button.setCaption("?");
+        toolTip(button, explainHint);
     }
 }
 
@@ -39,15 +44,10 @@ void numberCaptions(Page& page)
     caption(page.mnuTimebase, 26);
     caption(page.mnuTimebaseTriggerLines, 27);
     caption(page.frmDynamic, 3);
-    caption(page.lblSampleRate, 18);
-    caption(page.lblSamplePeriod, 19);
-    caption(page.lblBlockSize, 20);
     caption(page.lblSpan, 21);
     caption(page.lblNumSamples, 22);
     caption(page.lblNumDynamicBytes, 63);
     caption(page.frmStatic, 4);
-    caption(page.lblScanRate, 23);
-    caption(page.lblScanPeriod, 24);
     caption(page.lblNumScans, 25);
     caption(page.lblNumStaticBytes, 63);
     caption(page.frmStart, 55);
@@ -64,16 +64,6 @@ void numberCaptions(Page& page)
 
 void numberToolTips(Page& page)
 {
-    toolTip(page.cmbSampleRate, 38);
-    toolTip(page.txtSampleRate, 38);
-    toolTip(page.cmbSamplePeriod, 39);
-    toolTip(page.txtSamplePeriod, 39);
-    toolTip(page.cmbBlockSize, 40);
-    toolTip(page.txtBlockSize, 40);
-    toolTip(page.cmbScanRate, 41);
-    toolTip(page.txtScanRate, 41);
-    toolTip(page.cmbScanPeriod, 42);
-    toolTip(page.txtScanPeriod, 42);
     toolTip(page.optImmediate, 28);
     toolTip(page.optOnTrigger, 30);
     toolTip(page.txtChannel, 34);
@@ -96,7 +86,7 @@ Page::Page() : Form("TimebaseEditor")
 {
     numberCaptions(*this);
     numberToolTips(*this);
-    numberOfferButtons(*this);
+    numberQuantities(*this);
     numberTakingButtons(*this);
     lblNoTriggerLine.setVisible(false);
     cmbInterval.setItems({{"", 9}, {"", 10}, {"", 11}, {"", 12}});

@@ -132,12 +132,7 @@ public:
     std::optional<double> plannedSeconds; ///< as entered
     std::optional<double> actualSeconds;  ///< as the instruments record
 
-    // What all drivers have in common; 0 and 0: nothing kept.
-    Range samplePeriodRange; ///< seconds
-    Range blockSizeRange;    ///< samples
-    Range scanPeriodRange;   ///< seconds
-
-    // How that came about.
+    // What the drivers offer together, and how that comes about.
     OfferAccount samplePeriodOffers, blockSizeOffers, scanPeriodOffers;
 
     std::optional<TriggerVars> triggerVars;

@@ -9,9 +9,7 @@
 namespace ko {
 
 DurationEntry::DurationEntry(Page& page, Support& support, Recording& recording)
-    : NumberEntry(page, support, page.txtDuration, NumberType::Double,
-                  {"txtDuration_GotFocus", "txtDuration_LostFocus", "txtDuration_Change", "txtDuration_Validate"}),
-      recording_(recording)
+    : NumberEntry(page, support, page.txtDuration, NumberType::Double), recording_(recording)
 {
     page.cmbInterval.click = [this] { cmbInterval_click(); };
     page.cmbInterval.gotFocus = [this] { cmbInterval_GotFocus(); };
@@ -33,14 +31,18 @@ NumberBounds DurationEntry::bounds()
     return {0.0, double{std::numeric_limits<float>::max()} / unit()};
 }
 
-std::optional<Held> DurationEntry::held()
+std::optional<double> DurationEntry::held()
 {
-    return recording_.durationInForce();
+    return recording_.durationInForce().value;
 }
 
-void DurationEntry::accept(const Steps& step, double value, const std::optional<Held>& before)
+void DurationEntry::accept(const Steps& step, double value)
 {
-    write(step, value, before, [this] { showSelected(recording_.durationInForce().value); });
+    const auto before = step.value([&] { return std::optional(recording_.durationInForce()); });
+    if (before && holds(before->value, value))
+        step([&] { show(before->value); });
+    else
+        write(step, value, before, [this] { showSelected(recording_.durationInForce().value); });
 }
 
 bool DurationEntry::write(const Steps& step, double value, const std::optional<Held>& before,
@@ -73,7 +75,7 @@ void DurationEntry::cmbInterval_click()
     std::optional<Held> before;
     const bool holds = step.value([&] {
         before = recording_.durationInForce();
-        return textOf(before->value) == numberText(*value, support().locale());
+        return NumberEntry::holds(before->value, *value);
     });
     if (holds)
         recording_.refreshLabels();

@@ -15,9 +15,9 @@ public:
 
 protected:
     NumberBounds bounds() override;
-    std::optional<Held> held() override;
+    std::optional<double> held() override;
     double shown(double seconds) const override { return seconds / unit(); }
-    void accept(const Steps& step, double value, const std::optional<Held>& before) override;
+    void accept(const Steps& step, double value) override;
     bool isActive() override { return page().optAfter.value(); }
 
 private:

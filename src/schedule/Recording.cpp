@@ -45,7 +45,7 @@ std::string Recording::computeStopTime(char unit, double amount, DateTime start)
 
 Held Recording::durationInForce() const
 {
-    Timebase* timebase = firstTimebase(page_.currentDrivers());
+    Timebase* timebase = firstTimebase(page_.currentDrivers()).timebase;
     return {timebase ? widen(timebase->Duration()) : accepted_.seconds, timebase};
 }
 
@@ -87,7 +87,7 @@ void Recording::showModes(std::int32_t start, std::int32_t stop)
 /// A driver may keep another value than the one written: that is the one to show.
 void Recording::showKept(const Steps& step, const ScheduleChange& change)
 {
-    Timebase* timebase = firstTimebase(page_.currentDrivers());
+    Timebase* timebase = firstTimebase(page_.currentDrivers()).timebase;
     if (!timebase)
         return;
     if (change.startMode || change.stopMode)

@@ -58,17 +58,4 @@ void ScheduleWriter::undo(const Steps& step)
         put(step, *written.timebase, written.before);
 }
 
-Timebase* firstTimebase(Drivers drivers)
-{
-    for (const auto& driver : drivers) {
-        try {
-            if (Timebase* timebase = driver ? driver->queryTimebase() : nullptr)
-                return timebase;
-        } catch (...) {
-            continue;
-        }
-    }
-    return nullptr;
-}
-
 } // namespace ko

@@ -1,12 +1,19 @@
 #pragma once
 
 #include "page/NumberEntry.h"
+#include "page/Timebases.h"
 #include "support/Steps.h"
 
 #include <optional>
 #include <vector>
 
 namespace ko {
+
+/// A duration as a driver holds it, and the timebase that holds it; none for one that the page keeps itself.
+struct Held {
+    double value = 0.0;
+    const Timebase* of = nullptr;
+};
 
 /// What is written to every driver in one go; what is not set stays as it is.
 struct ScheduleChange {
@@ -38,9 +45,5 @@ private:
 
     std::vector<Written> written_;
 };
-
-/// The first timebase of the list, whose settings stand for all; null when no driver offers one. A driver whose
-/// query fails is passed over.
-Timebase* firstTimebase(Drivers drivers);
 
 } // namespace ko

@@ -1,5 +1,6 @@
 #include "support/Validation.h"
 
+#include "interfaces/Values.h"
 #include "platform/NumberText.h"
 
 #include <cmath>
@@ -19,13 +20,21 @@ const std::string& notANumber(const Support& support, NumberType type)
     return support.text(type == NumberType::Double ? 1148 : 1144);
 }
 
+/// The bounds as a message names them: whole ones, rounded inwards, where only whole numbers are accepted; as they are
+/// where no whole number lies between them.
+Range shownBounds(NumberType type, Range bounds)
+{
+    const Range whole{std::ceil(bounds.minimum - rangeTolerance), std::floor(bounds.maximum + rangeTolerance)};
+    return isWhole(type) && whole.minimum <= whole.maximum ? whole : bounds;
+}
+
 std::string outOfRange(const Support& support, NumberType type, const NumberBounds& bounds)
 {
     if (!bounds.minimum || !bounds.maximum)
-        return support.text(isWhole(type) ? 1144 : 1148);
-    const auto bound = [&](double value) { return numberText(value, support.locale()); };
-    return support.text(isWhole(type) ? 1145 : 1149) + bound(*bounds.minimum) + support.text(1146) +
-           bound(*bounds.maximum) + support.text(1147);
+        return notANumber(support, type);
+    const Range shown = shownBounds(type, {*bounds.minimum, *bounds.maximum});
+    return support.text(isWhole(type) ? 1145 : 1149) + numberText(shown.minimum, support.locale()) +
+           support.text(1146) + numberText(shown.maximum, support.locale()) + support.text(1147);
 }
 
 std::optional<double> converted(std::string_view text, NumberType type, const Locale& locale)

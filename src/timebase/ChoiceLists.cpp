@@ -16,11 +16,6 @@ bool isKept(Range range)
     return range.minimum > 0.0 || range.maximum > 0.0;
 }
 
-bool canBeChosen(double value)
-{
-    return value > 0.0 && std::isfinite(value);
-}
-
 bool isRising(const std::vector<double>& list)
 {
     bool rises = true;
@@ -90,6 +85,11 @@ void valuesInRange(std::vector<double>& list, Range range, std::vector<double>& 
         list, [&](double value) { return range.minimum <= value && value <= range.maximum; }, removed);
 }
 
+bool MergedChoices::canBeChosen(double value) const
+{
+    return value > 0.0 && std::isfinite(value) && (!periods_ || std::isfinite(1.0 / value));
+}
+
 DriverOffer& MergedChoices::add(DriverOffer::Kind kind, Range offered)
 {
     DriverOffer& offer = account_.drivers.emplace_back();
@@ -130,7 +130,7 @@ bool MergedChoices::addList(std::vector<double> choices)
     const bool rises = !choices.empty() && isRising(choices);
     unusable_ = choices.size();
     if (!rises || !canBeChosen(choices.front()) || !canBeChosen(choices.back()))
-        std::erase_if(choices, [](double value) { return !canBeChosen(value); });
+        std::erase_if(choices, [this](double value) { return !canBeChosen(value); });
     unusable_ -= choices.size();
     if (choices.empty())
         return false;

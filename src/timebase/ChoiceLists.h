@@ -25,8 +25,11 @@ void valuesInRange(std::vector<double>& list, Range range, std::vector<double>& 
 /// minimum is above its maximum lets nothing through.
 class MergedChoices {
 public:
-    /// Makes room for the account of so many drivers.
-    explicit MergedChoices(std::size_t drivers = 0) { account_.drivers.reserve(drivers); }
+    /// Reserves the account of this many drivers. Of `periods` also those without a finite reciprocal are left out.
+    explicit MergedChoices(std::size_t drivers = 0, bool periods = true) : periods_(periods)
+    {
+        account_.drivers.reserve(drivers);
+    }
 
     /// A driver that offers these values, at least one. Empty after leaving out what cannot be a choice: false,
     /// and nothing is merged.
@@ -45,11 +48,13 @@ public:
     [[nodiscard]] OfferAccount account() &&;
 
 private:
+    [[nodiscard]] bool canBeChosen(double value) const;
     DriverOffer& add(DriverOffer::Kind kind, Range offered);
     void begin(DriverOffer& offer, std::vector<double> choices);
     void settle(DriverOffer& offer);
     void narrow(DriverOffer& offer);
 
+    bool periods_;
     std::vector<double> values_;
     Range range_;
     OfferAccount account_;

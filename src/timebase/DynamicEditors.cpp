@@ -1,12 +1,9 @@
 #include "timebase/DynamicEditors.h"
 
-#include "page/Messages.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
 #include "support/Numbers.h"
-#include "timebase/DynamicEntries.h"
-
-#include <algorithm>
+#include "timebase/QuantityEntry.h"
 
 namespace ko {
 
@@ -15,163 +12,151 @@ namespace {
 /// Sample rate per hertz of usable bandwidth.
 constexpr double samplesPerSpan = 2.56;
 
-constexpr OfferMembers offeredPeriods{&Timebase::SampleChoiceList, &Timebase::ChoiceRange};
-constexpr OfferMembers offeredSizes{&Timebase::BlockSizeChoiceList, &Timebase::BlockSizeRange};
+/// A box whose number the current dynamic driver holds.
+class DynamicEntry : public QuantityEntry {
+public:
+    DynamicEntry(Page& page, Support& support, const Quantity& quantity, ValueEditors& editors, DynamicEditors& owner)
+        : QuantityEntry(page, support, quantity, editors), owner_(owner)
+    {
+    }
+
+protected:
+    void showElsewhere(const Steps& step, double held) override
+    {
+        QuantityEntry::showElsewhere(step, held);
+        showSpan(step, held);
+    }
+
+    void accept(const Steps& step, double value) override
+    {
+        using Fate = DynamicEditors::Written::Fate;
+        const double requested = quantity().held(value);
+        const auto written =
+            owner_.write(step, *quantity().number, requested,
+                         [this, &value](const std::optional<double>& held) { return holds(held, value); });
+        if (written.fate == Fate::NoDriver)
+            return;
+        showOutcome(step, written.inForce, requested, written.fate == Fate::Refused);
+        showSpan(step, written.inForce);
+    }
+
+private:
+    void showSpan(const Steps& step, std::optional<double> period)
+    {
+        if (quantity().number == &timebaseNumber::samplePeriod)
+            owner_.showSpan(step, period);
+    }
+
+    DynamicEditors& owner_;
+};
 
 } // namespace
 
 DynamicEditors::DynamicEditors(Page& page, Support& support, Actions& actions)
-    : page_(page), support_(support), actions_(actions),
-      pair_(support, page.cmbSampleRate, page.cmbSamplePeriod, page.txtSampleRate, page.txtSamplePeriod)
+    : page_(page), support_(support), guarded_(support, actions), actions_(actions),
+      periods_(page, support, timebaseNumber::samplePeriod), blockSizes_(page, support, timebaseNumber::blockSize)
 {
-    const auto add = [&](TextBox& box, const DynamicEntry::Kind& kind) {
-        entries_.push_back(std::make_unique<DynamicEntry>(page, support, box, kind, *this));
-    };
-    add(page.txtSampleRate, DynamicEntry::sampleRate);
-    add(page.txtSamplePeriod, DynamicEntry::samplePeriod);
-    add(page.txtBlockSize, DynamicEntry::blockSize);
-    page.cmbSampleRate.click = [this] { cmbSampleRate_Click(); };
-    page.cmbSamplePeriod.click = [this] { cmbSamplePeriod_Click(); };
-    page.cmbBlockSize.click = [this] { cmbBlockSize_Click(); };
-    for (ComboBox* list : {&page.cmbSampleRate, &page.cmbSamplePeriod, &page.cmbBlockSize}) {
-        list->gotFocus = [this] { page_.editFlags = editFlag::none; };
-        list->lostFocus = list->gotFocus;
-    }
+    for (ValueEditors* editors : {&periods_, &blockSizes_})
+        forEachQuantityOf(editors->number(), [&](const Quantity& quantity) {
+            entries_.push_back(std::make_unique<DynamicEntry>(page, support, quantity, *editors, *this));
+            ComboBox& list = page.*quantity.list;
+            list.click = [this, &list, editors] { listClicked(list, *editors); };
+            list.gotFocus = list.lostFocus = [this] { page_.editFlags = editFlag::none; };
+        });
 }
 
 DynamicEditors::~DynamicEditors() = default;
 
 void DynamicEditors::initSampleRateEditors(std::optional<double> period)
 {
-    const Steps step(support_.errors, "initSampleRateEditors");
-    page_.samplePeriodRange = {};
-    MergedChoices offers = mergeOffers(support_, "initSampleRateEditors", page_.currentDrivers(), offeredPeriods);
-    page_.samplePeriodRange = offers.range();
-    step([&] { pair_.build(step, offers, period); });
-    page_.samplePeriodOffers = std::move(offers).account();
-    showSpan(step, period);
+    constexpr std::string_view procedure = "initSampleRateEditors";
+    periods_.build(procedure, period);
+    showSpan(Steps(support_.errors, procedure), period);
 }
 
 std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double> size)
 {
-    page_.blockSizeRange = {};
-    MergedChoices offers = mergeOffers(support_, "initBlockSizeEditors", page_.currentDrivers(), offeredSizes);
-    const Range range = page_.blockSizeRange = offers.range();
-    blockSizes_ = offers.values();
-    page_.blockSizeOffers = std::move(offers).account();
-    page_.cmbBlockSize.setVisible(!blockSizes_.empty());
-    page_.txtBlockSize.setVisible(blockSizes_.empty());
-    // A box that accepts nothing but 0, or nothing at all, is for looking only.
-    page_.txtBlockSize.setEnabled(range.maximum > 0.0 && range.minimum <= range.maximum);
-    page_.txtBlockSize.setText("");
-    page_.txtBlockSize.setMarked(false);
-    std::vector<ComboBox::Item> items;
-    for (const double value : blockSizes_)
-        items.push_back({numberText(value, support_.locale())});
-    page_.cmbBlockSize.setItems(std::move(items));
-    if (!size)
+    constexpr std::string_view procedure = "initBlockSizeEditors";
+    blockSizes_.build(procedure, size);
+    if (!size || !blockSizes_.values().empty())
         return size;
-    if (blockSizes_.empty()) {
-        size = smallerOf(largerOf(*size, range.minimum), range.maximum);
-        page_.txtBlockSize.setText(numberText(*size, support_.locale()));
-    } else {
-        selectBlockSize(*size);
-    }
+    const Range range = page_.blockSizeOffers.range;
+    size = smallerOf(largerOf(*size, range.minimum), range.maximum);
+    blockSizes_.showInBoxes(Steps(support_.errors, procedure), *size, nullptr);
     return size;
 }
 
-void DynamicEditors::note(const Quantity& quantity, double asked, const std::optional<double>& kept)
+void DynamicEditors::follow(const Steps& step, const std::optional<double>& period, const std::optional<double>& size)
 {
-    OfferAccount& offers = page_.*quantity.offers;
+    if (periods_.isUnknown() && period)
+        showSpan(step, period);
+    periods_.follow(step, period);
+    blockSizes_.follow(step, size);
+}
+
+void DynamicEditors::note(const TimebaseNumber& number, double asked, const std::optional<double>& kept)
+{
+    OfferAccount& offers = page_.*number.offers;
     offers.keptOtherwise.clear();
     offers.noteWritten(page_.dynamicDriverIndex, asked, kept);
 }
 
-DynamicEditors::Written DynamicEditors::write(const Steps& step, const Quantity& quantity, double value,
-                                              const std::optional<Held>& known)
+DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseNumber& number, double value,
+                                              const std::function<bool(const std::optional<double>&)>& holds)
 {
-    Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); });
+    using Fate = Written::Fate;
+    const std::int32_t driver = page_.dynamicDriverIndex;
+    Timebase* timebase = step.value([&] { return page_.timebaseAt(driver); });
     if (!timebase)
         return {};
-    const auto read = [&] { return step.value([&] { return std::optional((timebase->*quantity.get)()); }); };
-    const std::optional<double> before = known && known->of == timebase ? known->value : read();
-    step([&] { (timebase->*quantity.set)(value); });
-    const std::optional<double> now = read();
-    note(quantity, value, now);
-    if (now && now == before)
-        return {Written::Fate::Kept, now};
-    if (const std::int32_t code = actions_.updateDiskSpace(); code != 0) {
-        step([&] { showLimitMessage(support_, code); });
-        if (before)
-            step([&] { (timebase->*quantity.set)(*before); });
-        actions_.refreshEstimate();
-        const std::optional<double> back = read();
-        if (before)
-            note(quantity, *before, back);
-        actions_.tellWhatFits(code);
-        return {Written::Fate::Refused, back};
-    }
-    step([&] { actions_.markChanged(); });
-    return {Written::Fate::Accepted, now};
+    guarded_.begin({&number, value});
+    const auto& it = guarded_.write(
+        step, {driver, timebase}, [&](const NumberSetting& before) { return holds && holds(before.value); }, [] {});
+    if (!it.tried)
+        return {Fate::Untouched, it.kept.value};
+    note(number, value, it.kept.value);
+    if (it.kept.value && it.kept.value == it.before.value)
+        return {it.written ? Fate::Kept : Fate::Failed, it.kept.value};
+    if (!it.written && !it.kept.value)
+        return {Fate::Failed, std::nullopt};
+    if (!guarded_.fits(step, [&] {
+            if (it.before.value)
+                note(number, *it.before.value, it.kept.value);
+        }))
+        return {Fate::Refused, it.kept.value};
+    if (it.written)
+        step([&] { actions_.markChanged(); });
+    return {it.written ? Fate::Accepted : Fate::Failed, it.kept.value};
 }
 
-DynamicEditors::Written DynamicEditors::writeTyped(const Steps& step, const Quantity& quantity, double value,
-                                                   const std::optional<Held>& before, const TextBox& typedIn)
+void DynamicEditors::listClicked(ComboBox& chosen, ValueEditors& editors)
 {
-    const Written written = write(step, quantity, value, before);
-    if (quantity.hasPartner && written.fate != Written::Fate::NoDriver) {
-        pair_.showInBoxes(step, written.inForce.value_or(value), &typedIn);
-        showSpan(step, written.inForce);
-    }
-    return written;
-}
-
-void DynamicEditors::cmbSampleRate_Click()
-{
-    if (page_.isLoading || page_.isUpdating)
+    const bool isBusy = editors.number().isPeriod ? page_.isUpdating : page_.isDialogOpen;
+    if (page_.isLoading || isBusy)
         return;
-    choose(Steps(support_.errors, "cmbSampleRate_Click"), page_.cmbSampleRate, page_.cmbSamplePeriod);
+    const std::string procedure = chosen.name() + "_Click";
+    choose(Steps(support_.errors, procedure), chosen, editors);
 }
 
-void DynamicEditors::cmbSamplePeriod_Click()
+/// The lists return to the number in force. Where none of their entries is that number they stay on the choice when
+/// it took effect, else they return to the entry before.
+void DynamicEditors::choose(const Steps& step, const ComboBox& chosen, ValueEditors& editors)
 {
-    if (page_.isLoading || page_.isUpdating)
-        return;
-    choose(Steps(support_.errors, "cmbSamplePeriod_Click"), page_.cmbSamplePeriod, page_.cmbSampleRate);
-}
-
-void DynamicEditors::choose(const Steps& step, ComboBox& chosen, const ComboBox& partner)
-{
+    using Fate = Written::Fate;
     const Scoped guard(page_.isUpdating, true);
-    const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
-    const Written written = period ? write(step, samplePeriod, *period) : Written{};
-    const bool accepted = written.fate == Written::Fate::Accepted;
-    if (!accepted)
-        chosen.select(partner.index());
-    // A driver that rounds may have taken its old period back as another.
-    if (accepted || (written.fate == Written::Fate::Refused && written.inForce)) {
-        pair_.selectPeriod(written.inForce.value_or(*period), chosen.index());
-        showSpan(step, written.inForce);
-    }
-}
-
-void DynamicEditors::cmbBlockSize_Click()
-{
-    if (page_.isLoading || page_.isDialogOpen)
+    const TimebaseNumber& number = editors.number();
+    const auto value = step.value([&] { return std::optional(editors.valueAt(chosen.index())); });
+    const Written written = value ? write(step, number, *value) : Written{};
+    const bool accepted = written.fate == Fate::Accepted;
+    const bool stays = accepted || (written.fate == Fate::Kept && !number.isPeriod);
+    editors.selectValue(accepted && !written.inForce ? value : written.inForce,
+                        stays ? chosen.index() : editors.selected());
+    if (written.fate == Fate::NoDriver)
         return;
-    const Steps step(support_.errors, "cmbBlockSize_Click");
-    const auto samples =
-        step.value([&] { return std::optional(toDouble(page_.cmbBlockSize.text(), support_.locale())); });
-    const Written written = samples ? write(step, blockSize, *samples) : Written{};
-    if (written.inForce)
-        step([&] { selectBlockSize(*written.inForce); });
-}
-
-void DynamicEditors::selectBlockSize(double samples)
-{
-    const auto found = std::find(blockSizes_.begin(), blockSizes_.end(), samples);
-    if (found != blockSizes_.end())
-        page_.cmbBlockSize.select(static_cast<std::int32_t>(found - blockSizes_.begin()));
+    if (!written.inForce)
+        editors.markUnknown();
+    if (number.isPeriod)
+        showSpan(step, written.inForce);
 }
 
 void DynamicEditors::showSpan(const Steps& step, std::optional<double> period)

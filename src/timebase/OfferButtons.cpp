@@ -1,5 +1,6 @@
 #include "timebase/OfferButtons.h"
 
+#include "page/Quantities.h"
 #include "platform/Failure.h"
 #include "platform/Scoped.h"
 #include "support/Phrases.h"
@@ -12,52 +13,30 @@ constexpr int titleText = 3244;
 
 } // namespace
 
-/// What tells one of the buttons from the others.
-struct OfferButtons::Kind {
-    std::string_view click; ///< the handler's name
-    CommandButton Page::*button;
-    Label Page::*label;
-    Frame Page::*frame;
-    OfferAccount Page::*account;
-    bool asRates;
-};
-
-const OfferButtons::Kind OfferButtons::kinds[]{
-    {"cmdSampleRateOffers_Click", &Page::cmdSampleRateOffers, &Page::lblSampleRate, &Page::frmDynamic,
-     &Page::samplePeriodOffers, true},
-    {"cmdSamplePeriodOffers_Click", &Page::cmdSamplePeriodOffers, &Page::lblSamplePeriod, &Page::frmDynamic,
-     &Page::samplePeriodOffers, false},
-    {"cmdBlockSizeOffers_Click", &Page::cmdBlockSizeOffers, &Page::lblBlockSize, &Page::frmDynamic,
-     &Page::blockSizeOffers, false},
-    {"cmdScanRateOffers_Click", &Page::cmdScanRateOffers, &Page::lblScanRate, &Page::frmStatic, &Page::scanPeriodOffers,
-     true},
-    {"cmdScanPeriodOffers_Click", &Page::cmdScanPeriodOffers, &Page::lblScanPeriod, &Page::frmStatic,
-     &Page::scanPeriodOffers, false},
-};
-
 OfferButtons::OfferButtons(Page& page, Support& support, Dialog dialog)
     : page_(page), support_(support), dialog_(std::move(dialog))
 {
-    for (const Kind& kind : kinds)
-        (page_.*kind.button).click = [this, &kind] { pressed(kind); };
+    for (const Quantity& quantity : quantities)
+        (page_.*quantity.button).click = [this, &quantity] { pressed(quantity); };
 }
 
 void OfferButtons::follow()
 {
-    for (const Kind& kind : kinds)
-        (page_.*kind.button).setVisible((page_.*kind.frame).visible());
+    for (const Quantity& quantity : quantities)
+        (page_.*quantity.button).setVisible((page_.*quantity.number->frame).visible());
 }
 
-void OfferButtons::pressed(const Kind& kind)
+void OfferButtons::pressed(const Quantity& quantity)
 {
     if (page_.isLoading || page_.isDialogOpen)
         return;
-    const Steps step(support_.errors, kind.click);
+    const std::string procedure = (page_.*quantity.button).name() + "_Click";
+    const Steps step(support_.errors, procedure);
     const Scoped open(page_.isDialogOpen, true);
-    const OfferTexts texts([this](int number) { return support_.text(number); }, support_.locale(), kind.asRates);
-    const OfferAccount& account = page_.*kind.account;
+    const OfferTexts texts([this](int number) { return support_.text(number); }, support_.locale(), quantity.isRate);
+    const OfferAccount& account = page_.*quantity.number->offers;
     step([&] {
-        dialog_().Display(filled(support_.text(titleText), {(page_.*kind.label).caption()}), texts.common(account),
+        dialog_().Display(filled(support_.text(titleText), {(page_.*quantity.label).caption()}), texts.common(account),
                           texts.columns(), rows(step, account, texts));
     });
 }

@@ -10,6 +10,8 @@
 
 namespace ko {
 
+struct Quantity;
+
 /// The buttons beside the editors of rates, periods and the block size, which tell how it comes that an editor takes
 /// what it takes.
 class OfferButtons {
@@ -24,10 +26,7 @@ public:
     void follow();
 
 private:
-    struct Kind;
-    static const Kind kinds[];
-
-    void pressed(const Kind& kind);
+    void pressed(const Quantity& quantity);
     [[nodiscard]] std::vector<Table::Row> rows(const Steps& step, const OfferAccount& account,
                                                const OfferTexts& texts) const;
     [[nodiscard]] std::string nameOf(const Steps& step, std::size_t driver) const;

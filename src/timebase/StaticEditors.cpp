@@ -1,132 +1,120 @@
 #include "timebase/StaticEditors.h"
 
-#include "page/Messages.h"
-#include "platform/NumberText.h"
-#include "support/Numbers.h"
-#include "timebase/StaticEntries.h"
+#include "timebase/QuantityEntry.h"
 
 namespace ko {
 
 namespace {
 
-constexpr OfferMembers scanPeriods{&Timebase::ScanChoiceList, &Timebase::ChoiceRange};
+/// A box whose number all drivers share.
+class StaticEntry : public QuantityEntry {
+public:
+    StaticEntry(Page& page, Support& support, const Quantity& quantity, ValueEditors& editors, StaticEditors& owner)
+        : QuantityEntry(page, support, quantity, editors), owner_(owner)
+    {
+    }
 
-std::optional<double> readScanPeriod(const Steps& step, Timebase& timebase)
-{
-    return step.value([&] { return std::optional(timebase.ScanPeriod()); });
-}
+protected:
+    bool isActive() override { return page().hasStaticDrivers; }
+
+    /// The page shows what the last driver with a timebase made of the period.
+    std::optional<double> held() override
+    {
+        const Drivers drivers = page().currentDrivers();
+        for (std::size_t i = drivers.size(); i > 0; --i)
+            if (Timebase* timebase = drivers[i - 1] ? drivers[i - 1]->queryTimebase() : nullptr)
+                return timebase->ScanPeriod();
+        return std::nullopt;
+    }
+    /// A refused text makes way for the current static driver's period.
+    std::optional<double> heldAfterRefusal() override { return QuantityEntry::held(); }
+
+    void accept(const Steps& step, double value) override
+    {
+        const double requested = quantity().held(value);
+        const auto result = owner_.setDriversScanRate(
+            requested, [this, &value](const std::optional<double>& held) { return holds(held, value); });
+        showOutcome(step, result.inForce, requested, result.rejected);
+    }
+
+private:
+    StaticEditors& owner_;
+};
 
 } // namespace
 
 StaticEditors::StaticEditors(Page& page, Support& support, Actions& actions)
-    : page_(page), support_(support), actions_(actions),
-      pair_(support, page.cmbScanRate, page.cmbScanPeriod, page.txtScanRate, page.txtScanPeriod)
+    : page_(page), support_(support), guarded_(support, actions), actions_(actions),
+      periods_(page, support, timebaseNumber::scanPeriod)
 {
-    entries_.push_back(std::make_unique<StaticEntry>(page, support, page.txtScanRate, StaticEntry::scanRate, *this));
-    entries_.push_back(
-        std::make_unique<StaticEntry>(page, support, page.txtScanPeriod, StaticEntry::scanPeriod, *this));
-    page.cmbScanRate.click = [this] { cmbScanRate_Click(); };
-    page.cmbScanPeriod.click = [this] { cmbScanPeriod_Click(); };
-    for (ComboBox* list : {&page.cmbScanRate, &page.cmbScanPeriod}) {
-        list->gotFocus = [this] { page_.editFlags = editFlag::none; };
-        list->lostFocus = list->gotFocus;
-    }
+    forEachQuantityOf(timebaseNumber::scanPeriod, [&](const Quantity& quantity) {
+        entries_.push_back(std::make_unique<StaticEntry>(page, support, quantity, periods_, *this));
+        ComboBox& list = page.*quantity.list;
+        list.click = [this, &list] { choose(list); };
+        list.gotFocus = list.lostFocus = [this] { page_.editFlags = editFlag::none; };
+    });
 }
 
 StaticEditors::~StaticEditors() = default;
 
 void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
 {
-    const Steps step(support_.errors, "initScanRateEditors");
-    before_.reserve(page_.currentDrivers().size());
-    page_.scanPeriodRange = {};
-    MergedChoices offers = mergeOffers(support_, "initScanRateEditors", page_.currentDrivers(), scanPeriods);
-    page_.scanPeriodRange = offers.range();
-    step([&] { pair_.build(step, offers, scanPeriod); });
-    page_.scanPeriodOffers = std::move(offers).account();
-    page_.scanPeriodOffers.keptOtherwise.reserve(page_.currentDrivers().size());
+    guarded_.reserve(page_.currentDrivers().size());
+    periods_.build("initScanRateEditors", scanPeriod);
 }
 
-template <class Visit> void StaticEditors::forEachTimebase(const Steps& step, Visit visit)
-{
-    const Drivers drivers = page_.currentDrivers();
-    for (std::size_t i = 0; i < drivers.size(); ++i) {
-        if (!drivers[i])
-            continue;
-        if (Timebase* timebase = step.value([&] { return drivers[i]->queryTimebase(); }))
-            visit(*timebase, i);
-    }
-}
-
-StaticEditors::ScanPeriod StaticEditors::setDriversScanRate(double newScanPeriod, const std::optional<Held>& known)
+StaticEditors::ScanPeriod
+StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool(const std::optional<double>&)>& holds)
 {
     const Steps step(support_.errors, "setDriversScanRate");
-    step([&] { actions_.markChanged(); });
-    before_.assign(page_.currentDrivers().size(), std::nullopt);
+    const auto notify = [&] { step([&] { actions_.markChanged(); }); };
     OfferAccount& offers = page_.scanPeriodOffers;
     offers.keptOtherwise.clear();
+    guarded_.begin({&timebaseNumber::scanPeriod, newScanPeriod});
+    if (!holds)
+        notify();
     ScanPeriod result;
-    forEachTimebase(step, [&](Timebase& timebase, std::size_t i) {
-        before_[i] = known && known->of == &timebase ? known->value : readScanPeriod(step, timebase);
-        step([&] { timebase.setScanPeriod(newScanPeriod); });
-        result.inForce = readScanPeriod(step, timebase);
-        offers.noteWritten(static_cast<std::int32_t>(i), newScanPeriod, result.inForce);
+    forEachTimebase(step, page_.currentDrivers(), [&](IndexedTimebase at) {
+        const auto& it = guarded_.write(
+            step, at, [&](const NumberSetting& before) { return holds && holds(before.value); },
+            [&] {
+                if (holds)
+                    notify();
+            });
+        result.inForce = it.kept.value;
+        if (it.tried)
+            offers.noteWritten(at.driver, newScanPeriod, it.kept.value);
     });
-    const std::int32_t code = actions_.updateDiskSpace();
-    if (code == 0)
+    result.written = guarded_.anyWritten();
+    if (holds && !guarded_.anyTried())
         return result;
-    step([&] { showLimitMessage(support_, code); });
-    result.rejected = true;
-    result.inForce = putBackScanPeriods(step);
-    actions_.refreshEstimate();
-    actions_.tellWhatFits(code);
+    if (!guarded_.fits(step, [&] { noteRestored(); })) {
+        result.rejected = true;
+        result.inForce = guarded_.drivers().empty() ? std::nullopt : guarded_.drivers().back().kept.value;
+    }
     return result;
 }
 
-std::optional<double> StaticEditors::putBackScanPeriods(const Steps& step)
+void StaticEditors::noteRestored()
 {
-    page_.scanPeriodOffers.keptOtherwise.clear();
-    std::optional<double> inForce;
-    forEachTimebase(step, [&](Timebase& timebase, std::size_t i) {
-        if (before_[i])
-            step([&] { timebase.setScanPeriod(*before_[i]); });
-        inForce = readScanPeriod(step, timebase);
-        if (before_[i])
-            page_.scanPeriodOffers.noteWritten(static_cast<std::int32_t>(i), *before_[i], inForce);
-    });
-    return inForce;
+    OfferAccount& offers = page_.scanPeriodOffers;
+    offers.keptOtherwise.clear();
+    for (const auto& it : guarded_.drivers())
+        if (it.tried && it.before.value)
+            offers.noteWritten(it.at.driver, *it.before.value, it.kept.value);
 }
 
-StaticEditors::ScanPeriod StaticEditors::pushTyped(const Steps& step, double seconds, const std::optional<Held>& before,
-                                                   const TextBox& typedIn)
-{
-    const ScanPeriod result = setDriversScanRate(seconds, before);
-    pair_.showInBoxes(step, result.inForce.value_or(seconds), &typedIn);
-    return result;
-}
-
-void StaticEditors::cmbScanRate_Click()
+/// Both lists stay on the chosen entry whatever became of it; a period that the drivers made of it is selected.
+void StaticEditors::choose(const ComboBox& chosen)
 {
     if (page_.isLoading || !page_.hasStaticDrivers)
         return;
-    choose(Steps(support_.errors, "cmbScanRate_Click"), page_.cmbScanRate, page_.cmbScanPeriod);
-}
-
-void StaticEditors::cmbScanPeriod_Click()
-{
-    if (page_.isLoading || !page_.hasStaticDrivers)
-        return;
-    choose(Steps(support_.errors, "cmbScanPeriod_Click"), page_.cmbScanPeriod, page_.cmbScanRate);
-}
-
-void StaticEditors::choose(const Steps& step, const ComboBox& chosen, ComboBox& partner)
-{
-    const auto period = step.value([&] { return std::optional(pair_.periodAt(chosen.index())); });
+    const std::string procedure = chosen.name() + "_Click";
+    const Steps step(support_.errors, procedure);
+    const auto period = step.value([&] { return std::optional(periods_.valueAt(chosen.index())); });
     const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
-    // After a rejection both lists stay on the refused entry while the drivers keep their period.
-    partner.select(chosen.index());
-    if (!result.rejected && result.inForce)
-        pair_.selectPeriod(*result.inForce, chosen.index());
+    const bool isKept = result.written && !result.rejected;
+    periods_.selectValue(isKept ? result.inForce : std::nullopt, chosen.index());
 }
 
 void StaticEditors::pushLoaded(double seconds)
@@ -135,10 +123,10 @@ void StaticEditors::pushLoaded(double seconds)
     const ScanPeriod result = setDriversScanRate(seconds);
     if (!result.inForce || *result.inForce == seconds)
         return;
-    if (page_.cmbScanPeriod.visible())
-        pair_.selectPeriod(*result.inForce, -1);
+    if (periods_.values().empty())
+        periods_.showInBoxes(step, *result.inForce, nullptr);
     else
-        pair_.showInBoxes(step, *result.inForce, nullptr);
+        periods_.selectValue(*result.inForce, -1);
 }
 
 } // namespace ko

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "page/Actions.h"
+#include "page/GuardedWrite.h"
 #include "page/NumberEntry.h"
-#include "timebase/RatePeriodPair.h"
+#include "timebase/ValueEditors.h"
 
+#include <functional>
 #include <memory>
 
 namespace ko {
@@ -18,42 +20,39 @@ public:
     /// Builds the editors for the scan period in force in seconds (none: not known).
     void initScanRateEditors(std::optional<double> scanPeriod);
 
+    /// Shows a scan period that has just been read where the one shown is not known.
+    void follow(const Steps& step, const std::optional<double>& scanPeriod) { periods_.follow(step, scanPeriod); }
+
     /// The result of writing a scan period to all drivers.
     struct ScanPeriod {
         std::optional<double> inForce; ///< read back from the last driver with a timebase, in seconds
         bool rejected = false;         ///< beyond the limit: the user was told, every driver has its old period
+        bool written = false;          ///< at least one driver took the write
     };
 
-    /// Writes one scan period to every driver that offers a timebase. Reports its own failures. A period that is known
-    /// to be held is not read again.
-    ScanPeriod setDriversScanRate(double newScanPeriod, const std::optional<Held>& known = {});
+    /// Notifies, then writes one scan period to every driver that offers a timebase, unless it `holds` it already.
+    /// Where every driver holds it, nothing else is done. Reports its own failures.
+    ScanPeriod setDriversScanRate(double newScanPeriod,
+                                  const std::function<bool(const std::optional<double>&)>& holds = {});
 
     /// Pushes the scan period that the editors were built for, and shows what the drivers made of it.
     void pushLoaded(double seconds);
 
-    /// Pushes a typed period to the drivers and shows in both boxes what came of it, but not in `typedIn`.
-    ScanPeriod pushTyped(const Steps& step, double seconds, const std::optional<Held>& before, const TextBox& typedIn);
-
     /// The editors' text boxes.
     [[nodiscard]] const std::vector<std::unique_ptr<NumberEntry>>& entries() const { return entries_; }
     /// The periods in the lists, in seconds; none while the boxes are shown.
-    [[nodiscard]] const std::vector<double>& periods() const { return pair_.periods(); }
+    [[nodiscard]] const std::vector<double>& periods() const { return periods_.values(); }
 
 private:
-    void cmbScanRate_Click();
-    void cmbScanPeriod_Click();
-    void choose(const Steps& step, const ComboBox& chosen, ComboBox& partner);
-    /// Gives each driver back what it had; what the last of them holds then.
-    std::optional<double> putBackScanPeriods(const Steps& step);
-    /// Calls `visit(timebase, index)` for each driver with a timebase.
-    template <class Visit> void forEachTimebase(const Steps& step, Visit visit);
+    void choose(const ComboBox& chosen);
+    void noteRestored();
 
     Page& page_;
     Support& support_;
+    GuardedWrite<NumberSetting> guarded_;
     Actions& actions_;
-    RatePeriodPair pair_;
+    ValueEditors periods_;
     std::vector<std::unique_ptr<NumberEntry>> entries_;
-    std::vector<std::optional<double>> before_; ///< kept between calls only for its capacity
 };
 
 } // namespace ko

@@ -1,3 +1,4 @@
+#include "page/Quantities.h"
 #include "widgets/NoInstrumentPicture.h"
 #include "widgets/PageTexts.h"
 #include "widgets/PageWidget.h"
@@ -41,16 +42,27 @@ QGridLayout& PageWidget::framed(Frame& frame)
     return *grid;
 }
 
-void PageWidget::addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box, CommandButton& offers)
+void PageWidget::addQuantities(QGridLayout& grid, const Frame& frame)
 {
+    for (const Quantity& quantity : quantities)
+        if (&(page_.*quantity.number->frame) == &frame)
+            addQuantity(grid, quantity);
+}
+
+void PageWidget::addQuantity(QGridLayout& grid, const Quantity& quantity)
+{
+    Label& label = page_.*quantity.label;
+    ComboBox& list = page_.*quantity.list;
+    TextBox& box = page_.*quantity.box;
+    CommandButton& button = page_.*quantity.button;
     const int row = grid.rowCount();
-    // Both stand on one spot, where the one that is not shown keeps its place.
+    // List and box share one place; the hidden one keeps its size.
     grid.addWidget(&kept(view_->numberList(list)), row, fields);
     grid.addWidget(&kept(view_->numberBox(box)), row, fields);
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
-    QPushButton& explain = view_->button(offers);
+    QPushButton& explain = view_->button(button);
     explain.setAccessibleName(view_->text(pageText::offersOf).arg(toQt(label.caption())));
-    explain.setToolTip(toQt(offers.tag()));
+    explain.setToolTip(toQt(button.tag()));
     grid.addWidget(&explain, row, buttons);
 }
 
@@ -94,9 +106,7 @@ void PageWidget::addTime(QGridLayout& grid, OptionButton& option, TextBox& box, 
 void PageWidget::layDynamic()
 {
     QGridLayout& grid = framed(page_.frmDynamic);
-    addPair(grid, page_.lblSampleRate, page_.cmbSampleRate, page_.txtSampleRate, page_.cmdSampleRateOffers);
-    addPair(grid, page_.lblSamplePeriod, page_.cmbSamplePeriod, page_.txtSamplePeriod, page_.cmdSamplePeriodOffers);
-    addPair(grid, page_.lblBlockSize, page_.cmbBlockSize, page_.txtBlockSize, page_.cmdBlockSizeOffers);
+    addQuantities(grid, page_.frmDynamic);
     addValue(grid, page_.lblSpan, page_.lblSpanValue);
     addValue(grid, page_.lblNumSamples, page_.lblNumSamplesValue);
     addLimitedValue(grid, page_.lblNumDynamicBytes, page_.lblNumDynamicBytesValue);
@@ -106,8 +116,7 @@ void PageWidget::layDynamic()
 void PageWidget::layStatic()
 {
     QGridLayout& grid = framed(page_.frmStatic);
-    addPair(grid, page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate, page_.cmdScanRateOffers);
-    addPair(grid, page_.lblScanPeriod, page_.cmbScanPeriod, page_.txtScanPeriod, page_.cmdScanPeriodOffers);
+    addQuantities(grid, page_.frmStatic);
     addValue(grid, page_.lblNumScans, page_.lblNumScansValue);
     addLimitedValue(grid, page_.lblNumStaticBytes, page_.lblNumStaticBytesValue);
     measurements_.push_back(&grid);
@@ -231,11 +240,11 @@ void PageWidget::applyMetrics()
 {
     const QFontMetrics metrics = view_->fontMetrics();
     content_->setMaximumSize(metrics.averageCharWidth() * 180, metrics.height() * 50);
-    for (const CommandButton* button :
-         {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime, &page_.cmdSampleRateOffers,
-          &page_.cmdSamplePeriodOffers, &page_.cmdBlockSizeOffers, &page_.cmdScanRateOffers,
-          &page_.cmdScanPeriodOffers})
-        view_->widget(*button)->setFixedWidth(metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height());
+    const int buttonWidth = metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height();
+    for (const CommandButton* button : {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime})
+        view_->widget(*button)->setFixedWidth(buttonWidth);
+    for (const Quantity& quantity : quantities)
+        view_->widget(page_.*quantity.button)->setFixedWidth(buttonWidth);
     auto* unit = static_cast<QComboBox*>(view_->widget(page_.cmbInterval));
     unit->setMinimumContentsLength(8);
     view_->widget(page_.grdParam)->setMinimumHeight(metrics.height() * 8);

@@ -11,6 +11,8 @@ class QLabel;
 
 namespace ko {
 
+struct Quantity;
+
 class NoInstrumentPicture;
 
 /// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or below
@@ -38,7 +40,8 @@ protected:
 private:
     /// A label column, a column of fields that grows, and room for a button.
     QGridLayout& framed(Frame& frame);
-    void addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBox& box, CommandButton& offers);
+    void addQuantities(QGridLayout& grid, const Frame& frame);
+    void addQuantity(QGridLayout& grid, const Quantity& quantity);
     void addValue(QGridLayout& grid, Label& label, Label& value);
     void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
     void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);

@@ -29,8 +29,8 @@ TEST_F(Initialization, TheFirstDriverOfEachKindIsShown)
     EXPECT_EQ(page().dynamicDriverIndex, 2);
     EXPECT_EQ(page().staticDriverIndex, 0) << "also one without a timebase";
     EXPECT_EQ(page().txtSampleRate.text(), "250");
-    EXPECT_EQ(page().txtScanPeriod.text(), "");
-    EXPECT_EQ(other.scanPeriod, 0.1) << "nothing read, nothing pushed";
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.5") << "of the first static driver that has a timebase";
+    EXPECT_EQ(other.scanPeriod, 0.5);
     for (const auto& driver : fakes)
         driver->failing = {"MeasurementMode"};
     document->UserDocument_Show();

@@ -49,6 +49,10 @@ TEST(ValidationTest, ReadsWhatTheTypeAndTheBoundsAllowAndSaysWhyNot)
         {"1,024", Long, blocks, {}, integerWanted},
         {"0", Long, {0.0, 0.0}, 0, ""},
         {"5", Long, {9.0, 3.0}, {}, "A valid integer in the range 9 to 3 is required."},
+        {"0", Long, {0.4, 9.6}, {}, "A valid integer in the range 1 to 9 is required."},
+        {"10", Integer, {-0.4, 9.0 + 1e-10}, {}, "A valid integer in the range 0 to 9 is required."},
+        {"1", Integer, {0.4, 0.6}, {}, "A valid integer in the range 0.4 to 0.6 is required."},
+        {"1", Integer, {{}, 0.6}, {}, integerWanted},
         {"2", Double, period, 2, ""},
         {"2.0000000005", Double, period, 2.0000000005, ""},
         {"2.000000002", Double, period, {}, realRange},
@@ -66,6 +70,7 @@ TEST(ValidationTest, ReadsWhatTheTypeAndTheBoundsAllowAndSaysWhyNot)
         {"9999", Integer, blocks, {}, integerRange},
         {"abc", Float, period, {}, integerWanted},
         {"3", Float, period, {}, realRange},
+        {"3", Float, {{}, 2.0}, {}, integerWanted},
     };
     for (const Case& it : cases) {
         FakePlatform host;

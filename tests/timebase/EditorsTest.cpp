@@ -173,7 +173,11 @@ TEST_F(Editors, TypingWritesEachValidTextAndTheOtherBoxFollows)
     EXPECT_EQ(page().txtScanPeriod.text(), "0.666666666666667");
     type(page().txtBlockSize, "64.5");
     EXPECT_EQ(driver.blockSize, 64) << "halves to even";
-    EXPECT_EQ(page().txtBlockSize.text(), "64") << "typed 64.5, the driver holds 64";
+    EXPECT_EQ(page().txtBlockSize.text(), "64.5") << "rewritten only when it is left, so that 1.5e3 can be typed";
+    ASSERT_TRUE(page().moveFocus(nullptr));
+    EXPECT_EQ(page().txtBlockSize.text(), "64");
+    type(page().txtBlockSize, "1.5e3");
+    EXPECT_EQ(driver.blockSize, 1500);
 }
 
 TEST_F(Editors, ARefusedTextKeepsTheFocusAndShowsTheValueInForce)

@@ -131,24 +131,6 @@ TEST_F(HeldValues, AChoiceStandsForItsExactPeriod)
     EXPECT_EQ(fakes[1]->scanPeriod, 1.0 / 3);
 }
 
-TEST_F(HeldValues, WithoutATimebaseBoxesTakeTextsThatNobodyHolds)
-{
-    for (const std::int32_t samplingMode : {1, 2})
-        addDriver(samplingMode).hasTimebase = false;
-    open();
-    for (TextBox* box : {&page().txtSampleRate, &page().txtSamplePeriod, &page().txtScanRate, &page().txtScanPeriod}) {
-        ASSERT_TRUE(page().moveFocus(box));
-        box->userTyped("2");
-        EXPECT_EQ(box->text(), "2");
-        box->userTyped("x");
-        EXPECT_FALSE(page().moveFocus(nullptr));
-        EXPECT_EQ(host.takeMessages().size(), 1U);
-        EXPECT_EQ(box->text(), "");
-        EXPECT_FALSE(box->marked());
-    }
-    EXPECT_EQ(page().txtScanRate.text(), "0.5") << "the partner follows";
-}
-
 TEST_F(HeldValues, APeriodThatIsTakenBackAsAnotherIsShown)
 {
     FakeDriver& driver = addDriver();
@@ -177,19 +159,6 @@ TEST_F(HeldValues, UndoShowsTheScanPeriodThatThePageShows)
     ASSERT_TRUE(page().moveFocus(&page().txtScanRate));
     page().txtScanRate.userUndid();
     EXPECT_EQ(page().txtScanRate.text(), "4");
-}
-
-TEST_F(HeldValues, WhatCannotBeReadBackIsNotShownAsIfItWere)
-{
-    FakeDriver& driver = addDriver();
-    driver.sampleRange = {1e-6, 1};
-    open();
-    ASSERT_TRUE(page().moveFocus(&page().txtSamplePeriod));
-    driver.failing = {"SamplePeriod"};
-    page().txtSamplePeriod.userReplaced("0.5", 0, 0);
-    EXPECT_EQ(page().txtSampleRate.text(), "2");
-    EXPECT_EQ(page().lblSpanValue.caption(), "");
-    EXPECT_FALSE(host.takeReports().empty());
 }
 
 } // namespace

@@ -1,0 +1,74 @@
+#include "page/Quantities.h"
+
+#include "support/Numbers.h"
+
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+std::optional<double> bound(double value)
+{
+    return value > 0.0 && std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<double> reciprocalBound(double value)
+{
+    return value > 0.0 ? bound(1.0 / value) : std::nullopt;
+}
+
+} // namespace
+
+NumberBounds periodBounds(Range periods)
+{
+    // No period is below 0: such a range is reversed.
+    if (periods.maximum < 0.0)
+        return {periods.minimum, periods.maximum, true};
+    return {bound(periods.minimum), bound(periods.maximum), true};
+}
+
+NumberBounds rateBounds(Range periods)
+{
+    return {reciprocalBound(periods.maximum), reciprocalBound(periods.minimum), true};
+}
+
+double Quantity::shown(double held) const
+{
+    return isRate ? reciprocal(held) : held;
+}
+
+NumberBounds Quantity::bounds(const Page& page) const
+{
+    const Range range = (page.*number->offers).range;
+    if (isRate)
+        return rateBounds(range);
+    return number->isPeriod ? periodBounds(range) : NumberBounds{range.minimum, range.maximum};
+}
+
+IndexedTimebase shownTimebase(const Page& page, const TimebaseNumber& number)
+{
+    const std::int32_t current = number.toAllDrivers ? page.staticDriverIndex : page.dynamicDriverIndex;
+    if (Timebase* timebase = page.timebaseAt(current))
+        return {current, timebase};
+    if (!number.toAllDrivers)
+        return {};
+    const Drivers drivers = page.currentDrivers();
+    const IndexedTimebase found =
+        firstTimebase(drivers, [](Driver& driver, Timebase&) { return !isDynamicDriver(driver); });
+    return found ? found : firstTimebase(drivers);
+}
+
+NumberSetting NumberSetting::read(const Steps& step, Timebase& timebase) const
+{
+    NumberSetting read{number, std::nullopt};
+    step([&] { read.value = (timebase.*number->get)(); });
+    return read;
+}
+
+bool NumberSetting::write(const Steps& step, Timebase& timebase) const
+{
+    return !value || step([&] { (timebase.*number->set)(*value); });
+}
+
+} // namespace ko

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "interfaces/Timebase.h"
+#include "page/Page.h"
+#include "page/Timebases.h"
+#include "support/Steps.h"
+#include "support/Validation.h"
+
+#include <array>
+#include <span>
+
+namespace ko {
+
+/// A number that each timebase holds: a period in seconds or a block size in samples.
+struct TimebaseNumber {
+    std::string_view name; ///< as set-up files and scripts know it: "samplePeriod"
+    double (Timebase::*get)();
+    void (Timebase::*set)(double);
+    std::vector<double> (Timebase::*choices)(); ///< what a driver offers: a list of values,
+    Range (Timebase::*range)();                 ///< or where that is empty a range
+    OfferAccount Page::*offers;                 ///< what all drivers offer together
+    bool isPeriod;                              ///< only numbers above 0 with a finite reciprocal
+    bool toAllDrivers;                          ///< written to every driver, else to the current dynamic one
+    Frame Page::*frame;                         ///< holds its editors
+};
+
+namespace timebaseNumber {
+inline constexpr TimebaseNumber samplePeriod{"samplePeriod",
+                                             &Timebase::SamplePeriod,
+                                             &Timebase::setSamplePeriod,
+                                             &Timebase::SampleChoiceList,
+                                             &Timebase::ChoiceRange,
+                                             &Page::samplePeriodOffers,
+                                             true,
+                                             false,
+                                             &Page::frmDynamic};
+inline constexpr TimebaseNumber blockSize{"blockSize",
+                                          &Timebase::BlockSize,
+                                          &Timebase::setBlockSize,
+                                          &Timebase::BlockSizeChoiceList,
+                                          &Timebase::BlockSizeRange,
+                                          &Page::blockSizeOffers,
+                                          false,
+                                          false,
+                                          &Page::frmDynamic};
+inline constexpr TimebaseNumber scanPeriod{"scanPeriod",
+                                           &Timebase::ScanPeriod,
+                                           &Timebase::setScanPeriod,
+                                           &Timebase::ScanChoiceList,
+                                           &Timebase::ChoiceRange,
+                                           &Page::scanPeriodOffers,
+                                           true,
+                                           true,
+                                           &Page::frmStatic};
+inline constexpr std::array all{&samplePeriod, &blockSize, &scanPeriod};
+} // namespace timebaseNumber
+
+/// One of the quantities that the page edits: a number of the timebases in the form in which its controls show it.
+struct Quantity {
+    std::string_view name; ///< as settings and scripts know it: "sample-rate"
+    std::string_view unit; ///< symbol
+    const TimebaseNumber* number;
+    bool isRate; ///< shows the reciprocal of the number
+    NumberType type;
+    int captionText, toolTipText; ///< numbers in the string table
+    Label Page::*label;
+    ComboBox Page::*list;        ///< shown where the drivers share choices,
+    TextBox Page::*box;          ///< else this
+    CommandButton Page::*button; ///< explains what the drivers offer
+
+    /// What the page shows for a number that a driver holds, and the number that stands for what is shown. Failure 11
+    /// for the reciprocal of 0.
+    [[nodiscard]] double shown(double held) const;
+    [[nodiscard]] double held(double shown) const { return this->shown(shown); }
+
+    /// What the drivers together accept, as the box shows it.
+    [[nodiscard]] NumberBounds bounds(const Page& page) const;
+};
+
+/// All quantities, in the order of the page. A further one is a row here, its controls in `Page` and its texts.
+inline constexpr std::array quantities{
+    Quantity{"sample-rate", "Sa/s", &timebaseNumber::samplePeriod, true, NumberType::Double, 1118, 1138,
+             &Page::lblSampleRate, &Page::cmbSampleRate, &Page::txtSampleRate, &Page::cmdSampleRateOffers},
+    Quantity{"sample-period", "s", &timebaseNumber::samplePeriod, false, NumberType::Double, 1119, 1139,
+             &Page::lblSamplePeriod, &Page::cmbSamplePeriod, &Page::txtSamplePeriod, &Page::cmdSamplePeriodOffers},
+    Quantity{"block-size", "Sa", &timebaseNumber::blockSize, false, NumberType::Long, 1120, 1140, &Page::lblBlockSize,
+             &Page::cmbBlockSize, &Page::txtBlockSize, &Page::cmdBlockSizeOffers},
+    Quantity{"scan-rate", "Sc/s", &timebaseNumber::scanPeriod, true, NumberType::Double, 1123, 1141, &Page::lblScanRate,
+             &Page::cmbScanRate, &Page::txtScanRate, &Page::cmdScanRateOffers},
+    Quantity{"scan-period", "s", &timebaseNumber::scanPeriod, false, NumberType::Double, 1124, 1142,
+             &Page::lblScanPeriod, &Page::cmbScanPeriod, &Page::txtScanPeriod, &Page::cmdScanPeriodOffers},
+};
+
+/// Calls `visit(const Quantity&)` for each quantity that shows the number, rate before period.
+template <class Visit> void forEachQuantityOf(const TimebaseNumber& number, Visit&& visit)
+{
+    for (const Quantity& quantity : quantities)
+        if (quantity.number == &number)
+            visit(quantity);
+}
+
+/// The bounds of periods in seconds and of their rates in 1/s; 0 is no bound.
+NumberBounds periodBounds(Range periods);
+NumberBounds rateBounds(Range periods);
+
+/// The timebase whose number the editors show: the current dynamic driver's, or for a number that all drivers share
+/// the current static driver's, else the first static driver's that has one, else the first of all. Failures of the
+/// current driver reach the caller.
+IndexedTimebase shownTimebase(const Page& page, const TimebaseNumber& number);
+
+/// A number to be written to drivers, for `GuardedWrite`.
+struct NumberSetting {
+    const TimebaseNumber* number = nullptr;
+    std::optional<double> value;
+
+    [[nodiscard]] NumberSetting read(const Steps& step, Timebase& timebase) const;
+    bool write(const Steps& step, Timebase& timebase) const;
+};
+
+} // namespace ko
