@@ -101,7 +101,7 @@ private:
     void clearTriggerLines();
 
     Shared& shared_;
-    Support& support_;
+    Support support_;
     PropertyNotifySink& sink_;
     Page page_;
     DynamicEditors dynamicEditors_;

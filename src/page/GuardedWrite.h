@@ -2,8 +2,10 @@
 
 #include "page/Actions.h"
 #include "page/Messages.h"
+#include "page/Page.h"
 #include "page/Timebases.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace ko {
@@ -11,6 +13,9 @@ namespace ko {
 /// The one way in which a value that the user enters reaches the drivers: each driver's old value is read, the new one
 /// written and read back; then the 2 GB limit is asked once. Beyond it the user is told and each driver gets its own
 /// old value back.
+///
+/// One object serves one event. When the host hands over another list meanwhile, only drivers that are in that list,
+/// too, get their old value back, and nothing else is done.
 ///
 /// A `Setting` is a value of optional members with two operations:
 ///     Setting read(const Steps&, Timebase&) const   the members that are set here, as the driver has them; a member
@@ -22,24 +27,18 @@ public:
     /// What became of the value at one driver.
     struct Written {
         IndexedTimebase at;
-        Setting before;       ///< as read before the write
-        Setting kept;         ///< as read back; `before` for a driver that was not written
-        bool written = false; ///< a write was made and no part of it failed
-        bool tried = false;   ///< a write was made
+        const Driver* owner = nullptr; ///< of the timebase
+        Setting before;                ///< as read before the write
+        Setting kept;                  ///< as read back; `before` for a driver that was not written
+        bool written = false;          ///< a write was made and no part of it failed
+        bool tried = false;            ///< a write was made
     };
 
-    /// Everything passed in outlives the object.
-    GuardedWrite(Support& support, Actions& actions) : support_(support), actions_(actions) {}
-
-    /// Reserves records for this many drivers, so that `write` does not allocate.
-    void reserve(std::size_t drivers) { written_.reserve(drivers); }
-
-    /// Forgets the drivers of the write before, and takes the value to write. Every event begins with it.
-    void begin(const Setting& wanted)
+    /// `atMost` drivers of the page's list are going to be written.
+    GuardedWrite(const Page& page, Support& support, Actions& actions, const Setting& wanted, std::size_t atMost)
+        : page_(page), support_(support), actions_(actions), wanted_(wanted)
     {
-        wanted_ = wanted;
-        written_.clear();
-        anyTried_ = anyWritten_ = false;
+        written_.reserve(atMost);
     }
 
     /// Reads, writes and reads back one driver; one that `holds(before)` already is not written. `beforeFirst` runs
@@ -49,11 +48,14 @@ public:
     {
         Written& it = written_.emplace_back();
         it.at = at;
+        it.owner = page_.driverAt(at.driver);
         it.kept = it.before = wanted_.read(step, *at.timebase);
         if (holds(std::as_const(it.before)))
             return it;
         if (!std::exchange(anyTried_, true))
             beforeFirst();
+        if (step.isOver())
+            return it;
         it.tried = true;
         it.written = wanted_.write(step, *at.timebase);
         it.kept = wanted_.read(step, *at.timebase);
@@ -72,14 +74,13 @@ public:
     template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)
     {
         const std::int32_t code = actions_.updateDiskSpace();
-        if (code == 0)
+        if (code == 0 || step.isOver())
             return true;
         step([&] { showLimitMessage(support_, code); });
         for (Written& it : written_)
-            if (it.tried) {
-                it.before.write(step, *it.at.timebase);
-                it.kept = wanted_.read(step, *it.at.timebase);
-            }
+            restore(step, it);
+        if (step.isOver())
+            return false;
         step(std::forward<PutBack>(putBack));
         actions_.refreshEstimate();
         actions_.tellWhatFits(code);
@@ -93,9 +94,24 @@ public:
     [[nodiscard]] bool anyWritten() const { return anyWritten_; }
 
 private:
+    void restore(const Steps& step, Written& it)
+    {
+        if (!it.tried || (step.isSuperseded() && !isListed(it.owner)))
+            return;
+        const Steps again(support_.errors, step.procedure(), Steps::Begin::Anew);
+        it.before.write(again, *it.at.timebase);
+        it.kept = wanted_.read(again, *it.at.timebase);
+    }
+    [[nodiscard]] bool isListed(const Driver* driver) const
+    {
+        const Drivers drivers = page_.currentDrivers();
+        return std::any_of(drivers.begin(), drivers.end(), [&](const auto& listed) { return listed.get() == driver; });
+    }
+
+    const Page& page_;
     Support& support_;
     Actions& actions_;
-    Setting wanted_{};
+    Setting wanted_;
     std::vector<Written> written_;
     bool anyTried_ = false, anyWritten_ = false;
 };

@@ -4,6 +4,19 @@
 
 namespace ko {
 
+void Events::supersede(DriverList old)
+{
+    ++generation_;
+    if (innermost_)
+        kept_.push_back(std::move(old));
+}
+
+Errors::Errors(const StringTable& strings, CreateReporter create)
+    : strings_(strings), reporter_(std::make_shared<Reporter>())
+{
+    reporter_->create = std::move(create);
+}
+
 bool Errors::reportCurrent(int sourceText, std::string_view procedure) noexcept
 {
     try {
@@ -24,10 +37,10 @@ bool Errors::reportCurrent(int sourceText, std::string_view procedure) noexcept
 
 void Errors::report(std::int32_t number, int sourceText, std::string_view procedure, const char* description)
 {
-    if (!reporter_ && create_)
-        reporter_ = create_();
+    if (!reporter_->made && reporter_->create)
+        reporter_->made = reporter_->create();
     const std::string source = strings_.text(sourceText) + ":" + std::string(procedure);
-    required(reporter_.get()).ReportError(number, source, description, 0, "", true);
+    required(reporter_->made.get()).ReportError(number, source, description, 0, "", true);
 }
 
 } // namespace ko

@@ -2,6 +2,16 @@
 
 namespace ko {
 
+/// The drivers of old lists may call back while they are destroyed.
+Steps::~Steps()
+{
+    Events& events = errors_.events;
+    events.innermost_ = outer_;
+    events.isInStatement_ = outerIsInStatement_;
+    if (!outer_ && !events.kept_.empty())
+        const auto kept = std::exchange(events.kept_, {});
+}
+
 void Steps::reportCurrent() const noexcept
 {
     ended_ = !errors_.reportCurrent(sourceText_, procedure_);

@@ -14,35 +14,55 @@ namespace ko {
 ///     const double rate = step.value([&] { return toDouble(page.cmbScanRate.text()); });
 ///     step([&] { setDriversScanRate(1.0 / nonZero(rate)); });
 ///
-/// When the reporter itself fails the handler ends quietly: its later steps do nothing.
+/// When the reporter itself fails the handler ends quietly: its later steps do nothing. So do the later steps of an
+/// event, and of the procedures that it calls between its steps, once the list of drivers or the document is another.
 class Steps {
 public:
-    Steps(Errors& errors, std::string_view procedure, int sourceText = errorSource::page)
-        : errors_(errors), procedure_(procedure), sourceText_(sourceText)
+    enum class Begin : std::uint8_t {
+        Within, ///< of the event that called it between two of its steps, else a new event
+        Anew    ///< always a new event: a host's call
+    };
+
+    Steps(Errors& errors, std::string_view procedure, int sourceText = errorSource::page, Begin begin = Begin::Within)
+        : errors_(errors), procedure_(procedure), sourceText_(sourceText), outer_(errors.events.innermost_),
+          outerIsInStatement_(std::exchange(errors.events.isInStatement_, false)),
+          generation_(outer_ && !outerIsInStatement_ && begin == Begin::Within ? outer_->generation_
+                                                                               : errors.events.generation_)
+    {
+        errors_.events.innermost_ = this;
+    }
+    Steps(Errors& errors, std::string_view procedure, Begin begin) : Steps(errors, procedure, errorSource::page, begin)
     {
     }
+    ~Steps();
+    Steps(const Steps&) = delete;
+    Steps& operator=(const Steps&) = delete;
 
-    /// Runs a statement. Whether it came through.
+    /// Runs a statement. Whether it succeeded and the event goes on.
     template <class Statement> bool operator()(Statement&& statement) const
     {
-        if (ended_)
+        if (isOver())
             return false;
+        const InStatement within(errors_.events);
         try {
             std::forward<Statement>(statement)();
-            return true;
+            return !isSuperseded();
         } catch (...) {
             reportCurrent();
             return false;
         }
     }
 
-    /// Computes a value; 0, false, empty or none when that fails.
+    /// Computes a value; 0, false, empty or none when that fails, or when the event is over.
     template <class Expression> auto value(Expression&& expression) const
     {
         using Result = std::decay_t<std::invoke_result_t<Expression>>;
-        if (!ended_) {
+        if (!isOver()) {
+            const InStatement within(errors_.events);
             try {
-                return Result(std::forward<Expression>(expression)());
+                Result result(std::forward<Expression>(expression)());
+                if (!isOver())
+                    return result;
             } catch (...) {
                 reportCurrent();
             }
@@ -50,12 +70,38 @@ public:
         return Result{};
     }
 
+    /// The handler's name.
+    [[nodiscard]] std::string_view procedure() const { return procedure_; }
+
+    /// Whether nothing more is to be done: the reporter has failed, or the list of drivers or the document is another.
+    [[nodiscard]] bool isOver() const { return ended_ || isSuperseded(); }
+    /// The list of drivers or the document is another.
+    [[nodiscard]] bool isSuperseded() const
+    {
+        return generation_ != errors_.events.generation_ || errors_.events.isEnded_;
+    }
+
 private:
+    class InStatement {
+    public:
+        explicit InStatement(Events& events) : events_(events), was_(std::exchange(events.isInStatement_, true)) {}
+        ~InStatement() { events_.isInStatement_ = was_; }
+        InStatement(const InStatement&) = delete;
+        InStatement& operator=(const InStatement&) = delete;
+
+    private:
+        Events& events_;
+        bool was_;
+    };
+
     [[gnu::cold]] void reportCurrent() const noexcept;
 
     Errors& errors_;
     std::string_view procedure_;
     int sourceText_;
+    const Steps* outer_;
+    bool outerIsInStatement_;
+    std::uint64_t generation_;
     mutable bool ended_ = false;
 };
 

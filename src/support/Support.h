@@ -5,22 +5,44 @@
 #include "support/LocaleSettings.h"
 #include "support/StringTable.h"
 
+#include <memory>
 #include <optional>
+#include <utility>
 
 namespace ko {
 
-/// What every section of the component works with; one for all documents of a component.
+/// What the dialogs of a component and every section of a document work with. Platform, texts, time formats and error
+/// reporter are one for all documents; the events in progress are each document's own.
 class Support {
+    struct Common {
+        Platform platform;
+        StringTable strings;
+        LocaleSettings localeSettings;
+    };
+
 public:
+    /// Of a component.
     Support(const Platform& onPlatform, std::string_view language)
-        : platform(onPlatform), strings(language), errors(strings, onPlatform.createErrorReporter)
+        : Support(std::make_shared<Common>(Common{onPlatform, StringTable(language), {}}))
     {
     }
+    /// Of a document of the component.
+    Support(const Support& ofComponent)
+        : common_(ofComponent.common_), platform(ofComponent.platform), strings(ofComponent.strings),
+          errors(ofComponent.errors), localeSettings(ofComponent.localeSettings)
+    {
+    }
+    Support& operator=(const Support&) = delete;
+    ~Support() = default;
 
-    const Platform platform;
-    const StringTable strings;
+private:
+    std::shared_ptr<Common> common_;
+
+public:
+    const Platform& platform;
+    const StringTable& strings;
     Errors errors;
-    LocaleSettings localeSettings;
+    LocaleSettings& localeSettings;
 
     [[nodiscard]] const std::string& text(int number) const { return strings.text(number); }
     [[nodiscard]] const Locale& locale() const { return platform.locale; }
@@ -29,6 +51,12 @@ public:
     std::int32_t scrollBarWidth();
 
 private:
+    explicit Support(std::shared_ptr<Common> common)
+        : common_(std::move(common)), platform(common_->platform), strings(common_->strings),
+          errors(strings, platform.createErrorReporter), localeSettings(common_->localeSettings)
+    {
+    }
+
     std::optional<std::int32_t> scrollBarWidth_;
 };
 

@@ -53,8 +53,8 @@ private:
 } // namespace
 
 DynamicEditors::DynamicEditors(Page& page, Support& support, Actions& actions)
-    : page_(page), support_(support), guarded_(support, actions), actions_(actions),
-      periods_(page, support, timebaseNumber::samplePeriod), blockSizes_(page, support, timebaseNumber::blockSize)
+    : page_(page), support_(support), actions_(actions), periods_(page, support, timebaseNumber::samplePeriod),
+      blockSizes_(page, support, timebaseNumber::blockSize)
 {
     for (ValueEditors* editors : {&periods_, &blockSizes_})
         forEachQuantityOf(editors->number(), [&](const Quantity& quantity) {
@@ -109,8 +109,8 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
     Timebase* timebase = step.value([&] { return page_.timebaseAt(driver); });
     if (!timebase)
         return {};
-    guarded_.begin({&number, value});
-    const auto& it = guarded_.write(
+    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, {&number, value}, 1);
+    const auto& it = guarded.write(
         step, {driver, timebase}, [&](const NumberSetting& before) { return holds && holds(before.value); }, [] {});
     if (!it.tried)
         return {Fate::Untouched, it.kept.value};
@@ -119,7 +119,7 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
         return {it.written ? Fate::Kept : Fate::Failed, it.kept.value};
     if (!it.written && !it.kept.value)
         return {Fate::Failed, std::nullopt};
-    if (!guarded_.fits(step, [&] {
+    if (!guarded.fits(step, [&] {
             if (it.before.value)
                 note(number, *it.before.value, it.kept.value);
         }))
@@ -149,6 +149,8 @@ void DynamicEditors::choose(const Steps& step, const ComboBox& chosen, ValueEdit
     const Written written = value ? write(step, number, *value) : Written{};
     const bool accepted = written.fate == Fate::Accepted;
     const bool stays = accepted || (written.fate == Fate::Kept && !number.isPeriod);
+    if (step.isOver())
+        return;
     editors.selectValue(accepted && !written.inForce ? value : written.inForce,
                         stays ? chosen.index() : editors.selected());
     if (written.fate == Fate::NoDriver)

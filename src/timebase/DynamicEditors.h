@@ -59,7 +59,6 @@ private:
 
     Page& page_;
     Support& support_;
-    GuardedWrite<NumberSetting> guarded_;
     Actions& actions_;
     ValueEditors periods_, blockSizes_;
     std::vector<std::unique_ptr<NumberEntry>> entries_;

@@ -44,8 +44,7 @@ private:
 } // namespace
 
 StaticEditors::StaticEditors(Page& page, Support& support, Actions& actions)
-    : page_(page), support_(support), guarded_(support, actions), actions_(actions),
-      periods_(page, support, timebaseNumber::scanPeriod)
+    : page_(page), support_(support), actions_(actions), periods_(page, support, timebaseNumber::scanPeriod)
 {
     forEachQuantityOf(timebaseNumber::scanPeriod, [&](const Quantity& quantity) {
         entries_.push_back(std::make_unique<StaticEntry>(page, support, quantity, periods_, *this));
@@ -59,7 +58,6 @@ StaticEditors::~StaticEditors() = default;
 
 void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
 {
-    guarded_.reserve(page_.currentDrivers().size());
     periods_.build("initScanRateEditors", scanPeriod);
 }
 
@@ -70,12 +68,14 @@ StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool
     const auto notify = [&] { step([&] { actions_.markChanged(); }); };
     OfferAccount& offers = page_.scanPeriodOffers;
     offers.keptOtherwise.clear();
-    guarded_.begin({&timebaseNumber::scanPeriod, newScanPeriod});
+    const Drivers drivers = page_.currentDrivers();
+    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, {&timebaseNumber::scanPeriod, newScanPeriod},
+                                        drivers.size());
     if (!holds)
         notify();
     ScanPeriod result;
-    forEachTimebase(step, page_.currentDrivers(), [&](IndexedTimebase at) {
-        const auto& it = guarded_.write(
+    forEachTimebase(step, drivers, [&](IndexedTimebase at) {
+        const auto& it = guarded.write(
             step, at, [&](const NumberSetting& before) { return holds && holds(before.value); },
             [&] {
                 if (holds)
@@ -85,21 +85,21 @@ StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool
         if (it.tried)
             offers.noteWritten(at.driver, newScanPeriod, it.kept.value);
     });
-    result.written = guarded_.anyWritten();
-    if (holds && !guarded_.anyTried())
+    result.written = guarded.anyWritten();
+    if (holds && !guarded.anyTried())
         return result;
-    if (!guarded_.fits(step, [&] { noteRestored(); })) {
+    if (!guarded.fits(step, [&] { noteRestored(guarded); })) {
         result.rejected = true;
-        result.inForce = guarded_.drivers().empty() ? std::nullopt : guarded_.drivers().back().kept.value;
+        result.inForce = guarded.drivers().empty() ? std::nullopt : guarded.drivers().back().kept.value;
     }
     return result;
 }
 
-void StaticEditors::noteRestored()
+void StaticEditors::noteRestored(const GuardedWrite<NumberSetting>& guarded)
 {
     OfferAccount& offers = page_.scanPeriodOffers;
     offers.keptOtherwise.clear();
-    for (const auto& it : guarded_.drivers())
+    for (const auto& it : guarded.drivers())
         if (it.tried && it.before.value)
             offers.noteWritten(it.at.driver, *it.before.value, it.kept.value);
 }
@@ -113,6 +113,8 @@ void StaticEditors::choose(const ComboBox& chosen)
     const Steps step(support_.errors, procedure);
     const auto period = step.value([&] { return std::optional(periods_.valueAt(chosen.index())); });
     const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
+    if (step.isOver())
+        return;
     const bool isKept = result.written && !result.rejected;
     periods_.selectValue(isKept ? result.inForce : std::nullopt, chosen.index());
 }

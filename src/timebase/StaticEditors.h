@@ -45,11 +45,10 @@ public:
 
 private:
     void choose(const ComboBox& chosen);
-    void noteRestored();
+    void noteRestored(const GuardedWrite<NumberSetting>& guarded);
 
     Page& page_;
     Support& support_;
-    GuardedWrite<NumberSetting> guarded_;
     Actions& actions_;
     ValueEditors periods_;
     std::vector<std::unique_ptr<NumberEntry>> entries_;

@@ -1,4 +1,5 @@
 #include "support/Steps.h"
+#include "fakes/FakeDriver.h"
 #include "fakes/FakePlatform.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +54,45 @@ TEST_F(StepsTest, AReporterThatFailsEndsTheHandlerQuietly)
     const Steps lost(without, "third");
     EXPECT_FALSE(lost([] { fail(failure::overflow); }));
     EXPECT_FALSE(lost([] {}));
+}
+
+TEST_F(StepsTest, AnEventIsOverOnceTheListIsAnotherAndSoAreTheProceduresThatItCalls)
+{
+    Events& events = errors.events;
+    std::vector<std::string> ran;
+    const auto procedure = [&](const char* name, Steps::Begin begin = Steps::Begin::Within) {
+        const Steps inner(errors, name, begin);
+        inner([&] { ran.emplace_back(name); });
+    };
+    EXPECT_FALSE(step([&] {
+        events.supersede({});
+        procedure("host's call within a step");
+    }));
+    EXPECT_EQ(step.value([] { return 3; }), 0);
+    procedure("called between the steps");
+    procedure("host's call between the steps", Steps::Begin::Anew);
+    EXPECT_EQ(ran, (Texts{"host's call within a step", "host's call between the steps"}));
+    EXPECT_TRUE(step.isOver());
+    EXPECT_FALSE(Steps(errors, "next event", Steps::Begin::Anew).isOver());
+    events.end();
+    EXPECT_TRUE(Steps(errors, "of an ended document", Steps::Begin::Anew).isOver());
+}
+
+TEST_F(StepsTest, AnOldListLivesUntilTheOutermostEventHasReturned)
+{
+    Errors document(errors);
+    const auto driver = std::make_shared<FakeDriver>();
+    {
+        const Steps outer(document, "outer");
+        outer([&] {
+            const Steps inner(document, "inner");
+            document.events.supersede({driver});
+        });
+        EXPECT_EQ(driver.use_count(), 2);
+    }
+    EXPECT_EQ(driver.use_count(), 1);
+    document.events.supersede({driver});
+    EXPECT_EQ(driver.use_count(), 1) << "no event is in progress";
 }
 
 } // namespace
