@@ -89,7 +89,7 @@ void TimebaseEditor::clearTriggerLines()
 
 void TimebaseEditor::DriversHaveChanged()
 {
-    captureStartStop();
+    schedule_.captureStartStop();
 }
 
 void TimebaseEditor::setReadOnly(bool flag)

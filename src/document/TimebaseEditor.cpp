@@ -60,12 +60,6 @@ void TimebaseEditor::refreshPlan()
         schedule_.plan().show();
 }
 
-void TimebaseEditor::captureStartStop()
-{
-    if (!page_.readOnly)
-        shared_.triggering.captureStartStop(page_.currentDrivers(), page_.triggerVars);
-}
-
 void TimebaseEditor::enableTriggering(bool onTrigger)
 {
     triggerChannel_.enableTriggering(onTrigger);

@@ -71,7 +71,6 @@ private:
     void refreshEstimate() override;
     void tellWhatFits(std::int32_t code) override;
     void refreshPlan() override;
-    void captureStartStop() override;
     void enableTriggering(bool onTrigger) override;
     void disableTriggering(bool onTrigger) override;
     void clearTriggerSource() override;
@@ -91,7 +90,7 @@ private:
     void initializeTriggering();
     void loadDynamicEditors(const Steps& step);
     void loadStaticEditors(const Steps& step);
-    void followReadOnly();
+    void followReadOnly(const Steps& step);
     [[nodiscard]] std::int32_t firstDriver(const Steps& step, bool dynamic) const;
 
     // Editing
