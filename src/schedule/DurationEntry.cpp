@@ -14,6 +14,7 @@ DurationEntry::DurationEntry(Page& page, Support& support, Recording& recording)
                   {"txtDuration_GotFocus", "txtDuration_LostFocus", "txtDuration_Change", "txtDuration_Validate"}),
       recording_(recording)
 {
+    page.txtDuration.validate = [this] { return leave() && showInForce(); };
     page.cmbInterval.click = [this] { cmbInterval_click(); };
     page.cmbInterval.gotFocus = [this] { cmbInterval_GotFocus(); };
     page.cmbInterval.lostFocus = [&page] { page.editFlags = editFlag::none; };
@@ -37,6 +38,15 @@ NumberBounds DurationEntry::bounds()
 std::optional<Held> DurationEntry::held()
 {
     return Held{recording_.durationInForce(), nullptr};
+}
+
+bool DurationEntry::showInForce()
+{
+    if (page().isLoading || !isActive())
+        return true;
+    const double seconds = recording_.durationInForce(Steps(support().errors, "txtDuration_Validate"));
+    recording_.show(page().txtDuration, textOf(seconds));
+    return true;
 }
 
 std::optional<double> DurationEntry::heldAfterRefusal()

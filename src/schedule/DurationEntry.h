@@ -24,6 +24,7 @@ protected:
 private:
     void cmbInterval_click();
     void cmbInterval_GotFocus();
+    bool showInForce();
     void unitRefused(double seconds);
     /// The length of the unit that is chosen, in seconds. Failure 5 when none is.
     [[nodiscard]] std::int32_t unit() const { return page().cmbInterval.itemData(); }
