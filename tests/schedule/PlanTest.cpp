@@ -198,6 +198,18 @@ TEST_F(PlanTest, EachLanguageHasItsOwnSentencesPluralsAndSeparators)
               "後に終了します。");
 }
 
+TEST_F(PlanTest, ASentenceEndsInOneFullStopWhateverItEndsWith)
+{
+    page.optStartTime.showSelected();
+    page.optStopTime.showSelected();
+    Locale locale;
+    locale.amDesignator = "a.m.";
+    EXPECT_TRUE(planIn("en", locale).ends_with("ends at about 9:31:31 a.m.")) << page.lblPlan.caption();
+    for (const auto& [sentence, shown] :
+         {std::pair{"Ends.", "Ends."}, {"Ends..", "Ends."}, {"Ends", "Ends"}, {"..", "."}})
+        EXPECT_EQ(withOneFullStop(sentence), shown);
+}
+
 TEST_F(PlanTest, TheLanguageSaysWhichCountsAreSingular)
 {
     const struct {
