@@ -24,14 +24,8 @@ void TimebaseEditor::initializeDocument()
     if (page_.frmStatic.visible())
         loadStaticEditors(step);
     triggerChannel_.followStartMaster();
-    // Settings that no driver has given are never written: without a timebase to capture there are none.
-    if (!page_.triggerVars)
-        captureStartStop();
-    shared_.triggering.applyStartStop(page_.currentDrivers(), page_.dynamicDriverIndex, page_.staticDriverIndex,
-                                      page_.triggerVars, page_.readOnly);
     schedule_.loadStartStop(step);
-    followReadOnly();
-    schedule_.loaded();
+    followReadOnly(step);
     refreshEstimate();
     page_.driverChangesPending = false;
 }
@@ -87,13 +81,12 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
         staticEditors_.pushLoaded(*scanPeriod);
 }
 
-void TimebaseEditor::followReadOnly()
+void TimebaseEditor::followReadOnly(const Steps& step)
 {
     const bool editable = !page_.readOnly;
     for (Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
         frame->setEnabled(editable);
-    schedule_.startStop().enableStartControls();
-    schedule_.startStop().enableStopControls();
+    schedule_.loaded(step);
     for (OptionButton* option : {&page_.optStartTime, &page_.optImmediate, &page_.optAfter})
         option->setEnabled(editable);
 }

@@ -1,5 +1,5 @@
 #include "document/TimebaseEditor.h"
-#include "platform/NumberText.h"
+#include "platform/DateTimes.h"
 #include "platform/Scoped.h"
 #include "support/ResourceUtils.h"
 
@@ -39,10 +39,9 @@ void TimebaseEditor::UserDocument_Initialize()
 /// The loader finds the units' texts by their item data; from then on it holds each unit's length.
 void TimebaseEditor::setIntervalSeconds()
 {
-    constexpr std::int32_t seconds[] = {1, 60, 3600, 86400};
     auto items = page_.cmbInterval.items();
     for (std::size_t i = 0; i < items.size(); ++i)
-        items[i].itemData = seconds[i];
+        items[i].itemData = secondsPerUnit(static_cast<TimeUnit>(i));
     page_.cmbInterval.setItems(std::move(items));
 }
 

@@ -34,6 +34,9 @@ void TimebaseEditor::markChanged()
 std::int32_t TimebaseEditor::updateDiskSpace()
 {
     const std::int32_t code = schedule_.estimate().updateDiskSpace();
+    const Steps step(support_.errors, "updateDiskSpace");
+    dynamicEditors_.follow(step, page_.figures.samplePeriod, page_.figures.blockSize);
+    staticEditors_.follow(step, page_.figures.scanPeriod);
     // What does not fit is about to be taken back, and is no plan.
     if (code == diskSpace::fits) {
         schedule_.plan().show();
@@ -46,7 +49,8 @@ void TimebaseEditor::tellWhatFits(std::int32_t code)
 {
     const bool isStatic = code == diskSpace::staticTooLarge;
     const std::vector<double>& periods = isStatic ? staticEditors_.periods() : dynamicEditors_.periods();
-    schedule_.whatFits().tell(code, {periods, rateBounds((isStatic ? page_.scanPeriodOffers : page_.samplePeriodOffers).range)});
+    schedule_.whatFits().tell(
+        code, {periods, rateBounds((isStatic ? page_.scanPeriodOffers : page_.samplePeriodOffers).range)});
 }
 
 void TimebaseEditor::refreshEstimate()
@@ -59,12 +63,6 @@ void TimebaseEditor::refreshPlan()
 {
     if (!page_.isLoading)
         schedule_.plan().show();
-}
-
-void TimebaseEditor::captureStartStop()
-{
-    if (!page_.readOnly)
-        shared_.triggering.captureStartStop(page_.currentDrivers(), page_.triggerVars);
 }
 
 void TimebaseEditor::enableTriggering(bool onTrigger)

@@ -71,7 +71,6 @@ private:
     void refreshEstimate() override;
     void tellWhatFits(std::int32_t code) override;
     void refreshPlan() override;
-    void captureStartStop() override;
     void enableTriggering(bool onTrigger) override;
     void disableTriggering(bool onTrigger) override;
     void clearTriggerSource() override;
@@ -91,12 +90,13 @@ private:
     void initializeTriggering();
     void loadDynamicEditors(const Steps& step);
     void loadStaticEditors(const Steps& step);
-    void followReadOnly();
+    void followReadOnly(const Steps& step);
     [[nodiscard]] std::int32_t firstDriver(const Steps& step, bool dynamic) const;
 
     // Editing
     /// Checks the entry field that has the focus; when `apply` is true and the check passes, applies its value.
     bool validateActiveControl(bool apply);
+    void forgetSettings();
     void takeOver(const DriverList& handedOver, std::size_t index, const Steps& step);
     void clearTriggerLines();
 

@@ -1,6 +1,7 @@
 #include "host/Settings.h"
 
 #include <array>
+#include <cmath>
 
 namespace ko {
 
@@ -11,29 +12,27 @@ struct Readout {
     const char* name;
     Label Page::*label;
     Control& (*value)(Page&);
-    Json (*read)(const Page&, const std::string&);
+    Json (*read)(const Page&, const std::string& caption);
     const char* unit = "";
 };
 
-/// A number where the page shows one, else the text; none for what is not available.
-Json figure(const Page& page, const std::string& text)
+/// None for what is not known or endless.
+template <auto figure> Json number(const Page& page, const std::string& /*caption*/)
 {
-    if (text.empty() || text == page.notApplicableText)
-        return {};
-    const auto number = numberIn(text);
-    return number ? Json(*number) : Json(text);
+    const auto& known = page.figures.*figure;
+    return known && std::isfinite(*known) ? Json(*known) : Json();
 }
 
-Json hertz(const Page& page, const std::string& text)
+/// With its unit, as the page shows it.
+template <auto figure> Json text(const Page& page, const std::string& caption)
 {
-    const std::size_t unit = text.rfind(" " + page.hertzText);
-    return figure(page, text.substr(0, unit));
+    return page.figures.*figure ? Json(caption) : Json();
 }
 
-Json time(const Page& page, const std::string& text)
+Json time(const Page& page, const std::string& /*caption*/)
 {
-    const auto shown = timeIn(text);
-    return shown ? Json(isoText(*shown)) : figure(page, text);
+    const auto& known = page.figures.stopTime;
+    return known ? Json(isoText(*known)) : Json();
 }
 
 template <class Label, Label Page::*member> Control& of(Page& page)
@@ -42,12 +41,14 @@ template <class Label, Label Page::*member> Control& of(Page& page)
 }
 
 constexpr std::array readouts{
-    Readout{"span", &Page::lblSpan, of<Label, &Page::lblSpanValue>, hertz, "Hz"},
-    Readout{"samples", &Page::lblNumSamples, of<Label, &Page::lblNumSamplesValue>, figure},
-    Readout{"dynamic-size", &Page::lblNumDynamicBytes, of<LimitedLabel, &Page::lblNumDynamicBytesValue>, figure},
-    Readout{"scans", &Page::lblNumScans, of<Label, &Page::lblNumScansValue>, figure},
-    Readout{"static-size", &Page::lblNumStaticBytes, of<LimitedLabel, &Page::lblNumStaticBytesValue>, figure},
-    Readout{"actual-duration", &Page::lblDuration, of<Label, &Page::lblDurationValue>, figure},
+    Readout{"span", &Page::lblSpan, of<Label, &Page::lblSpanValue>, number<&Figures::span>, "Hz"},
+    Readout{"samples", &Page::lblNumSamples, of<Label, &Page::lblNumSamplesValue>, number<&Figures::samples>},
+    Readout{"dynamic-size", &Page::lblNumDynamicBytes, of<LimitedLabel, &Page::lblNumDynamicBytesValue>,
+            text<&Figures::dynamicBytes>},
+    Readout{"scans", &Page::lblNumScans, of<Label, &Page::lblNumScansValue>, number<&Figures::scans>},
+    Readout{"static-size", &Page::lblNumStaticBytes, of<LimitedLabel, &Page::lblNumStaticBytesValue>,
+            text<&Figures::staticBytes>},
+    Readout{"actual-duration", &Page::lblDuration, of<Label, &Page::lblDurationValue>, text<&Figures::actualSeconds>},
     Readout{"actual-stop-time", &Page::lblStopTime, of<Label, &Page::lblStopTimeValue>, time},
 };
 

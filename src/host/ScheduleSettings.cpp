@@ -1,6 +1,6 @@
 #include "host/Settings.h"
 
-#include "interfaces/Timebase.h"
+#include "page/Timebases.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 
@@ -162,10 +162,8 @@ Request enterDuration(const Page& page, const std::string& value)
 
 Json durationHeld(const PlayedPage& played)
 {
-    for (const auto& driver : played.page().drivers)
-        if (Timebase* const timebase = driver ? driver->queryTimebase() : nullptr)
-            return widen(timebase->Duration());
-    return {};
+    const IndexedTimebase first = firstTimebase(played.page().currentDrivers());
+    return first ? Json(widen(first.timebase->Duration())) : Json();
 }
 
 Setting durationSetting(const Page& page)

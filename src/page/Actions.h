@@ -28,10 +28,6 @@ public:
     /// The estimate does it by itself. Reports its own failures.
     virtual void refreshPlan() = 0;
 
-    /// Notes the start and stop settings that the drivers hold in the page's `triggerVars`, unless the page is
-    /// read-only. Reports its own failures.
-    virtual void captureStartStop() = 0;
-
     /// Switches the trigger controls on when the recording starts on a trigger, off when it does not; `onTrigger` is
     /// the state of that start option. Report their own failures.
     virtual void enableTriggering(bool onTrigger) = 0;

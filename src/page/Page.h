@@ -3,6 +3,7 @@
 #include "interfaces/ClientSite.h"
 #include "interfaces/IKopDrivers.h"
 #include "page/Drivers.h"
+#include "page/Figures.h"
 #include "page/OfferAccount.h"
 #include "page/TriggerVars.h"
 #include "platform/CaptionControls.h"
@@ -128,9 +129,7 @@ public:
     bool isUpdating = false;      ///< one editor changes another: no re-entry
     std::int16_t editFlags = editFlag::none;
 
-    // What the estimate found last, in seconds; none while it is not known.
-    std::optional<double> plannedSeconds; ///< as entered
-    std::optional<double> actualSeconds;  ///< as the instruments record
+    Figures figures; ///< what the estimate found last
 
     // What the drivers offer together, and how that comes about.
     OfferAccount samplePeriodOffers, blockSizeOffers, scanPeriodOffers;

@@ -23,25 +23,25 @@ StartStopSettings StartStopSettings::read(const Steps& step, Timebase& timebase)
 
 bool StartStopSettings::write(const Steps& step, Timebase& timebase, Order order) const
 {
-    bool written = true;
+    bool written = false;
     const auto writeDuration = [&] {
         if (duration)
-            written &= step([&] { timebase.setDuration(*duration); });
+            written |= step([&] { timebase.setDuration(*duration); });
     };
     const auto writeStartMode = [&] {
         if (startMode)
-            written &= step([&] { timebase.setStartMode(*startMode); });
+            written |= step([&] { timebase.setStartMode(*startMode); });
     };
     if (order == Order::Edited)
         writeDuration();
     else
         writeStartMode();
     if (startTime)
-        written &= step([&] { timebase.setStartTime(*startTime); });
+        written |= step([&] { timebase.setStartTime(*startTime); });
     if (order == Order::Edited)
         writeStartMode();
     if (stopMode)
-        written &= step([&] { timebase.setStopMode(*stopMode); });
+        written |= step([&] { timebase.setStopMode(*stopMode); });
     if (order == Order::Loaded)
         writeDuration();
     return written;

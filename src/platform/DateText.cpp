@@ -103,7 +103,7 @@ std::optional<DateTime> readDate(const DatePicture& picture, std::string_view te
     if (blanks.find(text.front()) == std::string_view::npos)
         return std::nullopt;
     const auto time = readTime(withoutBlanks(text), locale);
-    return time ? std::optional(dateAdd('d', time->days, date)) : std::nullopt;
+    return time ? std::optional(dateAdd(TimeUnit::days, time->days, date)) : std::nullopt;
 }
 
 } // namespace

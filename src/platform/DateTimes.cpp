@@ -2,6 +2,8 @@
 
 #include "platform/Failure.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
@@ -23,22 +25,34 @@ constexpr std::int64_t floorDivide(std::int64_t dividend, std::int64_t divisor)
     return dividend % divisor < 0 ? quotient - 1 : quotient;
 }
 
+bool areInValidYears(Seconds seconds)
+{
+    return seconds >= firstDay * secondsPerDay && seconds < (lastDay + 1) * secondsPerDay;
+}
+
 Seconds inValidYears(Seconds seconds)
 {
-    if (seconds < firstDay * secondsPerDay || seconds >= (lastDay + 1) * secondsPerDay)
+    if (!areInValidYears(seconds))
         fail(failure::invalidCall);
     return seconds;
 }
 
+constexpr double reach = 4e6; // days beyond every valid one, well within the whole numbers
+
 /// Whole seconds since the start of day 0, which unlike day numbers count evenly across it.
+Seconds roundedSeconds(DateTime time)
+{
+    const double day = std::trunc(time.days);
+    const Seconds ofDay = std::llround(std::abs(time.days - day) * static_cast<double>(secondsPerDay));
+    // What carries no date is not rounded into one.
+    return static_cast<Seconds>(day) * secondsPerDay + (day == 0.0 ? std::min(ofDay, secondsPerDay - 1) : ofDay);
+}
+
 Seconds toSeconds(DateTime time)
 {
-    constexpr double reach = 4e6; // beyond every valid day, well within the whole numbers
-    if (!(std::abs(time.days) < reach))
+    if (!isInValidYears(time))
         fail(failure::invalidCall);
-    const double day = std::trunc(time.days);
-    const double timeOfDay = std::abs(time.days - day) * static_cast<double>(secondsPerDay);
-    return inValidYears(static_cast<Seconds>(day) * secondsPerDay + std::llround(timeOfDay));
+    return roundedSeconds(time);
 }
 
 DateTime fromSeconds(Seconds seconds)
@@ -49,6 +63,11 @@ DateTime fromSeconds(Seconds seconds)
 }
 
 } // namespace
+
+bool isInValidYears(DateTime time) noexcept
+{
+    return std::abs(time.days) < reach && areInValidYears(roundedSeconds(time));
+}
 
 DateParts dateParts(DateTime time)
 {
@@ -95,18 +114,13 @@ DateTime timePart(DateTime time)
     return fromSeconds(seconds - floorDivide(seconds, secondsPerDay) * secondsPerDay);
 }
 
-double secondsPerUnit(char unit)
+std::int32_t secondsPerUnit(TimeUnit unit)
 {
-    switch (unit) {
-    case 's': return 1.0;
-    case 'n': return 60.0;
-    case 'h': return 3600.0;
-    case 'd': return 86400.0;
-    default: fail(failure::invalidCall);
-    }
+    constexpr std::array<std::int32_t, 4> seconds{1, 60, 3600, 86400};
+    return seconds.at(static_cast<std::size_t>(unit));
 }
 
-DateTime dateAdd(char unit, double amount, DateTime time)
+DateTime dateAdd(TimeUnit unit, double amount, DateTime time)
 {
     constexpr double reach = 1e12; // more seconds than lie between any two valid times
     const double seconds = amount * secondsPerUnit(unit);

@@ -3,6 +3,7 @@
 #include "interfaces/Values.h"
 #include "platform/Locale.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,7 +12,7 @@ namespace ko {
 /// Calendar arithmetic on local wall-clock times; nothing shifts at a change of summer time. Valid dates are those
 /// of the years 100 to 9999 (proleptic Gregorian). The fraction of a day number before day 0 still counts upwards:
 /// -1.25 is 29 December 1899, 06:00. Everything here counts in whole seconds: a time is first taken to the nearest
-/// one, so that the last half second of a day belongs to the next.
+/// one, so that the last half second of a day belongs to the next; only on day 0, which is no date, it stays there.
 
 struct DateParts {
     int year = 1899, month = 12, day = 30;
@@ -19,6 +20,9 @@ struct DateParts {
 
     bool operator==(const DateParts&) const = default;
 };
+
+/// Whether everything here can be done with the date-time.
+bool isInValidYears(DateTime time) noexcept;
 
 /// The parts to the nearest second. Failure 5 outside the valid years or for a value that is not a number.
 DateParts dateParts(DateTime time);
@@ -36,12 +40,15 @@ DateTime timeSerial(int hour, int minute, int second);
 DateTime datePart(DateTime time);
 DateTime timePart(DateTime time);
 
-/// The seconds of one unit: 's' 1, 'n' (minutes) 60, 'h' 3600, 'd' 86400. Failure 5 for any other letter.
-double secondsPerUnit(char unit);
+/// Units of durations, from the shortest on.
+enum class TimeUnit : std::uint8_t { seconds, minutes, hours, days };
+
+/// The length of a unit in seconds.
+std::int32_t secondsPerUnit(TimeUnit unit);
 
 /// `time` plus `amount` units. Fractional amounts count exactly, to the nearest second (halves away from 0).
-/// Failure 5 when the result leaves the valid years, the amount is not a number or the unit is unknown.
-DateTime dateAdd(char unit, double amount, DateTime time);
+/// Failure 5 when the result leaves the valid years or the amount is not a number.
+DateTime dateAdd(TimeUnit unit, double amount, DateTime time);
 
 /// Whole seconds from `from` to `to`, negative when `to` is earlier. Failure 5 as for `dateParts`.
 double dateDiffSeconds(DateTime from, DateTime to);

@@ -3,6 +3,7 @@
 #include "page/Hints.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
+#include "support/Numbers.h"
 
 #include <limits>
 
@@ -33,24 +34,34 @@ NumberBounds DurationEntry::bounds()
 
 std::optional<double> DurationEntry::held()
 {
-    return recording_.durationInForce().value;
+    return recording_.durationInForce();
+}
+
+std::optional<double> DurationEntry::heldAfterRefusal()
+{
+    return recording_.durationInForce(Steps(support().errors, "txtDuration_Validate"));
 }
 
 void DurationEntry::accept(const Steps& step, double value)
 {
-    const auto before = step.value([&] { return std::optional(recording_.durationInForce()); });
-    if (before && holds(before->value, value))
-        step([&] { show(before->value); });
-    else
-        write(step, value, before, [this] { showSelected(recording_.durationInForce().value); });
+    write(step, value, [this] { showSelected(recording_.durationReadBack()); });
 }
 
-bool DurationEntry::write(const Steps& step, double value, const std::optional<Held>& before,
-                          const std::function<void()>& putBack)
+/// A driver whose duration reads as the text holds it already. None when the value cannot be told in seconds.
+std::optional<Recording::Result> DurationEntry::write(const Steps& step, double value,
+                                                      const std::function<void()>& putBack)
 {
-    ScheduleChange change;
-    return step([&] { change.duration = toSingle(value * unit()); }) &&
-           recording_.commit(step, change, putBack, before);
+    const double entered = largerOf(value, 0.0);
+    StartStopSettings change;
+    if (!step([&] { change.duration = toSingle(entered * unit()); }))
+        return std::nullopt;
+    const Recording::Holds isHeld = [&](const StartStopSettings& before) {
+        return before.duration && holds(widen(*before.duration), entered);
+    };
+    const Recording::Result result = recording_.write(step, change, putBack, isHeld);
+    if (result == Recording::Result::Taken)
+        recording_.accepted(step);
+    return result;
 }
 
 void DurationEntry::cmbInterval_GotFocus()
@@ -69,25 +80,21 @@ void DurationEntry::cmbInterval_click()
     const std::string& text = page().txtDuration.text();
     const auto value = step.value([&] { return readNumber(support(), text, NumberType::Double, bounds(), true); });
     if (!value) {
-        step([&] { unitRefused(); });
+        step([&] { unitRefused(recording_.durationInForce(step)); });
         return;
     }
-    std::optional<Held> before;
-    const bool holds = step.value([&] {
-        before = recording_.durationInForce();
-        return NumberEntry::holds(before->value, *value);
-    });
-    if (holds)
+    const auto refused = [this] { unitRefused(recording_.durationReadBack()); };
+    if (write(step, *value, refused) == Recording::Result::Held)
         recording_.refreshLabels();
-    else
-        write(step, *value, before, [this] { unitRefused(); });
 }
 
-void DurationEntry::unitRefused()
+/// The focus is in the list: the text is not selected.
+void DurationEntry::unitRefused(double seconds)
 {
     page().cmbInterval.select(intervalAtFocus_);
     const Scoped guard(page().isUpdating, true);
-    showSelected(recording_.durationInForce().value);
+    showSelected(seconds);
+    page().txtDuration.select(0, 0);
 }
 
 } // namespace ko

@@ -1,6 +1,6 @@
 #include "schedule/Estimate.h"
 
-#include "interfaces/Timebase.h"
+#include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
 #include "support/Numbers.h"
@@ -12,14 +12,10 @@ namespace ko {
 
 void Estimate::clear()
 {
-    page_.plannedSeconds.reset();
-    page_.actualSeconds.reset();
-    for (Label* count : {&page_.lblNumSamplesValue, &page_.lblNumScansValue, &page_.lblDurationValue})
-        count->setCaption(page_.notApplicableText);
-    for (LimitedLabel* bytes : {&page_.lblNumDynamicBytesValue, &page_.lblNumStaticBytesValue}) {
-        bytes->setCaption(page_.notApplicableText);
-        bytes->setShare(0.0);
-    }
+    page_.figures = {};
+    const Steps step(support_.errors, "updateDiskSpace");
+    showCounts(step);
+    page_.lblDurationValue.setCaption(page_.notApplicableText);
 }
 
 std::int32_t Estimate::updateDiskSpace()
@@ -27,106 +23,117 @@ std::int32_t Estimate::updateDiskSpace()
     if (!page_.isDurationKnown)
         return diskSpace::fits;
     const Steps step(support_.errors, "updateDiskSpace");
-    const auto seconds = step.value([&] { return std::optional(recording_.getDurationSeconds()); });
-    page_.plannedSeconds = seconds;
-    if (!seconds)
+    Figures& figures = page_.figures;
+    figures.plannedSeconds = step.value([&] { return std::optional(recording_.plannedSeconds()); });
+    if (!figures.plannedSeconds)
         return diskSpace::fits;
-    Driver* scanned = page_.driverAt(page_.staticDriverIndex);
-    const ByteTotals totals = sumDriverBytes(page_.currentDrivers(), scanned);
+    const ByteTotals totals = sumDriverBytes(page_.currentDrivers(), page_.driverAt(page_.staticDriverIndex));
     const std::int32_t code = checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
-    std::optional<double> samplePeriod;
+    figures.samplePeriod = figures.blockSize = figures.scanPeriod = std::nullopt;
     if (code == diskSpace::fits) {
-        if (page_.hasDynamicDrivers)
-            samplePeriod = showDynamic(step, *seconds, totals.dynamicBytes);
-        showStatic(step, scanned, totals);
+        if (page_.hasDynamicDrivers) {
+            estimateDynamic(step);
+            figures.dynamicBytes = totals.dynamicBytes;
+        }
+        estimateStatic(step, totals.scans);
+        figures.staticBytes = totals.staticBytes;
+        showCounts(step);
     }
-    updateActualDuration(samplePeriod);
+    updateActualDuration();
     return code;
 }
 
-std::string Estimate::wholeNumber(const Steps& step, const std::function<double()>& number) const
+void Estimate::estimateDynamic(const Steps& step)
 {
-    std::string text = page_.notApplicableText;
-    step([&] { text = numberText(toLong(number()), support_.locale()); });
-    return text;
-}
-
-void Estimate::showBytes(const Steps& step, LimitedLabel& label, double bytes)
-{
-    step([&] { label.setCaption(formatByteCount(support_, bytes)); });
-    label.setShare(std::clamp(bytes / fileSizeLimit, 0.0, 1.0));
-}
-
-/// The sample period, where it was asked for.
-std::optional<double> Estimate::showDynamic(const Steps& step, double seconds, double bytes)
-{
+    Figures& figures = page_.figures;
+    figures.samples.reset();
     Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); });
-    std::optional<double> period;
-    const auto samples = [&] {
-        period = timebase->SamplePeriod();
-        return wholeBlocks(seconds / nonZero(*period), toLong(timebase->BlockSize()));
-    };
-    const bool known = timebase && seconds >= 0.0;
-    page_.lblNumSamplesValue.setCaption(known ? wholeNumber(step, samples) : page_.notApplicableText);
-    showBytes(step, page_.lblNumDynamicBytesValue, bytes);
-    return period;
-}
-
-void Estimate::showStatic(const Steps& step, Driver* driver, const ByteTotals& totals)
-{
-    StaticMeasurement* measurement = nullptr;
-    if (driver && !totals.scans)
-        measurement = step.value([&] { return driver->queryStaticMeasurement(); });
-    const auto scans = [&] { return static_cast<double>(totals.scans ? *totals.scans : measurement->NumberOfScans()); };
-    const bool known = totals.scans || measurement;
-    page_.lblNumScansValue.setCaption(known ? wholeNumber(step, scans) : page_.notApplicableText);
-    showBytes(step, page_.lblNumStaticBytesValue, totals.staticBytes);
-}
-
-double Estimate::countIn(const Label& label) const
-{
-    return isNumeric(label.caption(), support_.locale()) ? toDouble(label.caption(), support_.locale()) : 0.0;
-}
-
-/// `intervals` periods of a driver, in seconds; 0 where there is nothing to multiply.
-double Estimate::lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*period)()) const
-{
-    return step.value([&] {
-        Timebase* timebase = intervals > 0.0 ? page_.timebaseAt(driver) : nullptr;
-        return timebase ? intervals * (timebase->*period)() : 0.0;
+    if (!timebase || *figures.plannedSeconds < 0.0)
+        return;
+    step([&] {
+        figures.samplePeriod = timebase->SamplePeriod();
+        const double samples = *figures.plannedSeconds / nonZero(*figures.samplePeriod);
+        figures.blockSize = timebase->BlockSize();
+        figures.samples = toLong(wholeBlocks(samples, toLong(*figures.blockSize)));
     });
 }
 
-double Estimate::actualSeconds(const Steps& step, std::optional<double> samplePeriod) const
+/// `scans` are those that the totals were made from, as far as they were.
+void Estimate::estimateStatic(const Steps& step, const std::optional<std::int32_t>& scans)
 {
-    const double intervals = countIn(page_.lblNumSamplesValue) - 1.0;
-    const double scans = countIn(page_.lblNumScansValue);
-    const double sampling = samplePeriod ? std::max(intervals, 0.0) * *samplePeriod
-                                         : lasting(step, intervals, page_.dynamicDriverIndex, &Timebase::SamplePeriod);
-    return largerOf(sampling, lasting(step, scans, page_.staticDriverIndex, &Timebase::ScanPeriod));
+    page_.figures.scans = scans;
+    Driver* driver = page_.driverAt(page_.staticDriverIndex);
+    if (scans || !driver)
+        return;
+    step([&] {
+        if (StaticMeasurement* measurement = driver->queryStaticMeasurement())
+            page_.figures.scans = measurement->NumberOfScans();
+    });
 }
 
-void Estimate::updateActualDuration(std::optional<double> samplePeriod)
+void Estimate::showCounts(const Steps& step)
+{
+    const Figures& figures = page_.figures;
+    const auto count = [this](std::int32_t number) { return numberText(number, support_.locale()); };
+    page_.lblNumSamplesValue.setCaption(textOf(step, figures.samples, count));
+    page_.lblNumScansValue.setCaption(textOf(step, figures.scans, count));
+    showBytes(step, page_.lblNumDynamicBytesValue, figures.dynamicBytes);
+    showBytes(step, page_.lblNumStaticBytesValue, figures.staticBytes);
+}
+
+void Estimate::showBytes(const Steps& step, LimitedLabel& label, const std::optional<double>& bytes)
+{
+    label.setCaption(textOf(step, bytes, [this](double number) { return formatByteCount(support_, number); }));
+    label.setShare(std::clamp(bytes.value_or(0.0) / fileSizeLimit, 0.0, 1.0));
+}
+
+/// `intervals` periods of a driver, in seconds; 0 where there is nothing to multiply. A `period` that is known already
+/// is not read.
+double Estimate::lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
+                         std::optional<double>& period) const
+{
+    if (intervals > 0.0 && !period)
+        step([&] {
+            if (Timebase* timebase = page_.timebaseAt(driver))
+                period = (timebase->*get)();
+        });
+    return intervals > 0.0 ? intervals * period.value_or(0.0) : 0.0;
+}
+
+double Estimate::actualSeconds(const Steps& step) const
+{
+    Figures& figures = page_.figures;
+    const double intervals = figures.samples.value_or(1) - 1.0;
+    return largerOf(
+        lasting(step, intervals, page_.dynamicDriverIndex, &Timebase::SamplePeriod, figures.samplePeriod),
+        lasting(step, figures.scans.value_or(0), page_.staticDriverIndex, &Timebase::ScanPeriod, figures.scanPeriod));
+}
+
+void Estimate::updateActualDuration()
 {
     const Steps step(support_.errors, "updateActualDuration");
-    double seconds = actualSeconds(step, samplePeriod);
+    Figures& figures = page_.figures;
+    double seconds = actualSeconds(step);
     if (!(seconds > 0.0))
-        seconds = step.value([&] { return recording_.getDurationSeconds(); });
+        seconds = *figures.plannedSeconds;
+    figures.actualSeconds = seconds >= 0.0 && std::isfinite(seconds) ? std::optional(seconds) : std::nullopt;
+    figures.stopTime.reset();
+    if (page_.optStopTime.value() && !page_.txtStartTime.text().empty())
+        step([&] { figures.stopTime = recording_.stopTime(seconds, recording_.timeIn(page_.txtStartTime)); });
+    showActualDuration(step);
+}
+
+void Estimate::showActualDuration(const Steps& step)
+{
+    const Figures& figures = page_.figures;
     const ComboBox& unit = page_.cmbInterval;
-    const bool isKnown = seconds >= 0.0 && std::isfinite(seconds);
-    page_.actualSeconds = isKnown ? std::optional(seconds) : std::nullopt;
-    std::string duration = page_.notApplicableText;
-    if (isKnown)
-        step([&] {
-            duration = numberText(toHundredths(seconds / unit.itemData()), support_.locale()) + " " + unit.text();
-        });
-    page_.lblDurationValue.setCaption(duration);
-    const bool atTime = !page_.optAfter.value();
-    if (atTime) {
-        std::string stop = page_.notApplicableText;
-        step([&] { stop = recording_.computeStopTime('s', seconds, recording_.timeIn(page_.txtStartTime)); });
-        page_.lblStopTimeValue.setCaption(stop);
-    }
+    page_.lblDurationValue.setCaption(textOf(step, figures.actualSeconds, [&](double seconds) {
+        return numberText(toHundredths(seconds / unit.itemData()), support_.locale()) + " " + unit.text();
+    }));
+    const bool atTime = page_.optStopTime.value();
+    if (atTime)
+        page_.lblStopTimeValue.setCaption(
+            textOf(step, figures.stopTime, [this](DateTime stop) { return generalDate(stop, support_.locale()); }));
     page_.lblStopTime.setVisible(atTime);
     page_.lblStopTimeValue.setVisible(atTime);
 }

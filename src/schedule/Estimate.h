@@ -4,7 +4,8 @@
 
 namespace ko {
 
-/// What the recording will produce: samples, scans, disk space, actual duration and stop time.
+/// What the recording will produce, as the page's figures and in its labels: samples, scans, disk space, actual
+/// duration and stop time.
 class Estimate {
 public:
     Estimate(Page& page, Support& support, const Recording& recording)
@@ -15,20 +16,28 @@ public:
     /// See `Actions::updateDiskSpace`. Does nothing while the duration is not known.
     std::int32_t updateDiskSpace();
 
-    /// All figures at the text for what is not available.
+    /// No figure is known.
     void clear();
 
 private:
-    std::optional<double> showDynamic(const Steps& step, double seconds, double bytes);
-    void showStatic(const Steps& step, Driver* driver, const ByteTotals& totals);
-    void updateActualDuration(std::optional<double> samplePeriod);
-    void showBytes(const Steps& step, LimitedLabel& label, double bytes);
-    [[nodiscard]] double lasting(const Steps& step, double intervals, std::int32_t driver,
-                                 double (Timebase::*period)()) const;
-    [[nodiscard]] double actualSeconds(const Steps& step, std::optional<double> samplePeriod) const;
-    [[nodiscard]] double countIn(const Label& label) const;
-    /// The number as text; the text for what is not available when it fails or does not fit into 32 bits.
-    [[nodiscard]] std::string wholeNumber(const Steps& step, const std::function<double()>& number) const;
+    void estimateDynamic(const Steps& step);
+    void estimateStatic(const Steps& step, const std::optional<std::int32_t>& scans);
+    void updateActualDuration();
+    void showActualDuration(const Steps& step);
+    void showCounts(const Steps& step);
+    void showBytes(const Steps& step, LimitedLabel& label, const std::optional<double>& bytes);
+    [[nodiscard]] double lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
+                                 std::optional<double>& period) const;
+    [[nodiscard]] double actualSeconds(const Steps& step) const;
+    /// The text, or the one for what is not available where the figure is not known.
+    template <class Figure, class Text>
+    [[nodiscard]] std::string textOf(const Steps& step, const std::optional<Figure>& figure, Text&& text) const
+    {
+        std::string shown = page_.notApplicableText;
+        if (figure)
+            step([&] { shown = text(*figure); });
+        return shown;
+    }
 
     Page& page_;
     Support& support_;

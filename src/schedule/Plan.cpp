@@ -1,5 +1,6 @@
 #include "schedule/Plan.h"
 
+#include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
 #include "support/Phrases.h"
@@ -36,6 +37,7 @@ constexpr int fromTimeToTime = 3346;
 constexpr int onTrigger = 3349;
 constexpr int onAnyTrigger = 3352;
 constexpr int nothing = 3355;
+constexpr int atUnknownTime = 3390;
 } // namespace planText
 
 constexpr std::int64_t secondsPerMinute = 60;
@@ -59,7 +61,7 @@ bool isCondition(const Grid::Cell& value)
 void Plan::show()
 {
     const Steps step(support_.errors, "showPlan");
-    step([&] { page_.lblPlan.setCaption(sentence()); });
+    step([&] { page_.lblPlan.setCaption(withOneFullStop(sentence())); });
 }
 
 std::string Plan::sentence() const
@@ -70,9 +72,11 @@ std::string Plan::sentence() const
     const std::string startText = page_.optOnTrigger.value() ? trigger() : page_.txtStartTime.text();
     if (!isDurationKnown())
         return filled(text(base + 2), {"", "", "", startText, page_.txtStopTime.text()});
+    const Figures& known = page_.figures;
     const std::string what = figures();
-    return filled(text(what.empty() ? base + 1 : base), {entered(), what, lasting(*page_.actualSeconds), startText,
-                                                         page_.txtStopTime.text(), page_.lblStopTimeValue.caption()});
+    const std::string end = known.stopTime ? generalDate(*known.stopTime, support_.locale()) : std::string();
+    return filled(text(what.empty() ? base + 1 : base),
+                  {entered(), what, lasting(*known.actualSeconds), startText, page_.txtStopTime.text(), end});
 }
 
 int Plan::start() const
@@ -81,20 +85,23 @@ int Plan::start() const
         return page_.txtChannel.text().empty() ? planText::onAnyTrigger : planText::onTrigger;
     if (!page_.optStartTime.value())
         return planText::immediately;
+    if (page_.txtStartTime.text().empty())
+        return planText::atUnknownTime;
     return page_.optStopTime.value() ? planText::fromTimeToTime : planText::atTime;
 }
 
 bool Plan::isDurationKnown() const
 {
-    const bool isEndKnown = page_.optAfter.value() || isShown(page_.lblStopTimeValue);
-    return isCountable(page_.plannedSeconds) && isCountable(page_.actualSeconds) && isEndKnown;
+    const Figures& known = page_.figures;
+    const bool isEndKnown = start() != planText::fromTimeToTime || known.stopTime;
+    return isCountable(known.plannedSeconds) && isCountable(known.actualSeconds) && isEndKnown;
 }
 
 /// The duration as the user has entered it, in the unit that was chosen.
 std::string Plan::entered() const
 {
     constexpr int symbols[] = {planText::seconds, planText::minutes, planText::hours};
-    const double seconds = *page_.plannedSeconds;
+    const double seconds = *page_.figures.plannedSeconds;
     const auto chosen = static_cast<std::size_t>(page_.cmbInterval.index());
     if (!page_.optAfter.value() || chosen >= std::size(symbols))
         return lasting(seconds);
@@ -162,33 +169,26 @@ std::string Plan::triggerConditions() const
     return all;
 }
 
-/// What the recording takes, as far as the page shows it.
+/// What the recording takes, as far as it is known.
 std::string Plan::figures() const
 {
-    const auto count = [this](const Label& label, int noun) {
-        return isShown(label) ? counted(support_, toLong(label.caption(), support_.locale()), noun) : std::string();
+    const Figures& known = page_.figures;
+    const auto bytes = [this](const Frame& frame, const std::optional<double>& number) {
+        return frame.visible() && number ? formatByteCount(support_, *number) : std::string();
     };
-    const std::string& dynamicBytes = page_.lblNumDynamicBytesValue.caption();
-    const std::string& staticBytes = page_.lblNumStaticBytesValue.caption();
-    const bool hasDynamic = page_.frmDynamic.visible() && isShown(page_.lblNumDynamicBytesValue);
-    const bool hasStatic = page_.frmStatic.visible() && isShown(page_.lblNumStaticBytesValue);
-    if (!hasDynamic && !hasStatic)
+    const std::string dynamicBytes = bytes(page_.frmDynamic, known.dynamicBytes);
+    const std::string staticBytes = bytes(page_.frmStatic, known.staticBytes);
+    const bool hasStatic = !staticBytes.empty();
+    if (dynamicBytes.empty() && !hasStatic)
         return {};
-    if (!hasDynamic) {
-        const std::string scans = count(page_.lblNumScansValue, planText::scans);
-        return scans.empty() ? filled(text(planText::bytesOfStatic), {staticBytes})
-                             : filled(text(planText::scansOfStatic), {scans, staticBytes});
-    }
-    const std::string samples = count(page_.lblNumSamplesValue, planText::samples);
-    if (samples.empty())
+    if (dynamicBytes.empty())
+        return known.scans ? filled(text(planText::scansOfStatic),
+                                    {counted(support_, *known.scans, planText::scans), staticBytes})
+                           : filled(text(planText::bytesOfStatic), {staticBytes});
+    if (!known.samples)
         return filled(text(hasStatic ? planText::bytesOfBoth : planText::bytesOfDynamic), {dynamicBytes, staticBytes});
     return filled(text(hasStatic ? planText::samplesOfBoth : planText::samplesOfDynamic),
-                  {samples, dynamicBytes, staticBytes});
-}
-
-bool Plan::isShown(const Label& figure) const
-{
-    return !figure.caption().empty() && figure.caption() != page_.notApplicableText;
+                  {counted(support_, *known.samples, planText::samples), dynamicBytes, staticBytes});
 }
 
 } // namespace ko

@@ -6,7 +6,7 @@
 namespace ko {
 
 /// What the page plans, in one sentence: how the recording starts, how long it lasts, what it takes and when it ends.
-/// It is made from what the page shows and from the last estimate; no driver is asked.
+/// It is made from what the page shows and from the figures of the last estimate; no driver is asked.
 class Plan {
 public:
     Plan(Page& page, Support& support) : page_(page), support_(support) {}
@@ -26,7 +26,6 @@ private:
     [[nodiscard]] std::string trigger() const;
     [[nodiscard]] std::string triggerConditions() const;
     [[nodiscard]] std::string figures() const;
-    [[nodiscard]] bool isShown(const Label& figure) const;
     [[nodiscard]] const std::string& text(int number) const { return support_.text(number); }
 
     Page& page_;

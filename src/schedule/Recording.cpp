@@ -1,11 +1,9 @@
 #include "schedule/Recording.h"
 
-#include "interfaces/Timebase.h"
-#include "page/Messages.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
-#include "platform/Utf8.h"
+#include "support/Numbers.h"
 
 namespace ko {
 
@@ -19,10 +17,16 @@ DateTime Recording::onToday(DateTime time) const
     return {datePart(support_.platform.clock.now()).days + timePart(time).days};
 }
 
+/// Times that could not be read from the drivers are not shown.
+bool Recording::isEntered() const
+{
+    return page_.optAfter.value() || (!page_.txtStartTime.text().empty() && !page_.txtStopTime.text().empty());
+}
+
 double Recording::getDurationSeconds() const
 {
     if (page_.optAfter.value())
-        return toDouble(page_.txtDuration.text(), support_.locale()) * page_.cmbInterval.itemData();
+        return largerOf(toDouble(page_.txtDuration.text(), support_.locale()) * page_.cmbInterval.itemData(), 0.0);
     DateTime start = timeIn(page_.txtStartTime);
     DateTime stop = timeIn(page_.txtStopTime);
     if (start.days < 1.0 && stop.days > 1.0)
@@ -32,21 +36,39 @@ double Recording::getDurationSeconds() const
     return dateDiffSeconds(start, stop);
 }
 
-DateTime Recording::after(char unit, double amount, DateTime start) const
+double Recording::plannedSeconds() const
 {
-    const DateTime time = dateAdd(unit, amount, start);
-    return start.hasDate() || !time.hasDate() ? time : dateAdd(unit, amount, onToday(start));
+    if (!isEntered())
+        return accepted_.seconds;
+    const double entered = getDurationSeconds();
+    return kept_ && kept_->entered == entered ? kept_->seconds : entered;
 }
 
-std::string Recording::computeStopTime(char unit, double amount, DateTime start) const
+DateTime Recording::stopTime(double seconds, DateTime start) const
 {
-    return generalDate(after(unit, amount, start), support_.locale());
+    const DateTime time = dateAdd(TimeUnit::seconds, seconds, start);
+    return start.hasDate() || !time.hasDate() ? time : dateAdd(TimeUnit::seconds, seconds, onToday(start));
 }
 
-Held Recording::durationInForce() const
+std::string Recording::computeStopTime(double seconds, DateTime start) const
 {
-    Timebase* timebase = firstTimebase(page_.currentDrivers()).timebase;
-    return {timebase ? widen(timebase->Duration()) : accepted_.seconds, timebase};
+    return generalDate(stopTime(seconds, start), support_.locale());
+}
+
+double Recording::durationInForce() const
+{
+    const IndexedTimebase first = firstTimebase(page_.currentDrivers());
+    return first ? widen(first.timebase->Duration()) : accepted_.seconds;
+}
+
+double Recording::durationInForce(const Steps& step) const
+{
+    return step.value([&] { return std::optional(durationInForce()); }).value_or(accepted_.seconds);
+}
+
+double Recording::durationReadBack() const
+{
+    return readBack_.duration ? widen(*readBack_.duration) : accepted_.seconds;
 }
 
 void Recording::show(TextBox& box, const std::string& text)
@@ -69,75 +91,110 @@ bool Recording::lacksStopTime() const
 
 void Recording::fillStopTime()
 {
-    constexpr std::string_view units = "snhd";
     if (!lacksStopTime())
         return;
-    const char unit = units.at(static_cast<std::size_t>(page_.cmbInterval.index()));
-    const double amount = toDouble(page_.txtDuration.text(), support_.locale());
-    show(page_.txtStopTime, computeStopTime(unit, amount, timeIn(page_.txtStartTime)));
+    const double seconds = toDouble(page_.txtDuration.text(), support_.locale()) * page_.cmbInterval.itemData();
+    show(page_.txtStopTime, computeStopTime(seconds, timeIn(page_.txtStartTime)));
 }
 
-void Recording::showModes(std::int32_t start, std::int32_t stop)
+/// Only a start at a time has a stop at a time.
+void Recording::showModes(const StartStopSettings& kept)
 {
-    OptionButton& other = start == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate;
-    (start == startMode::atTime ? page_.optStartTime : other).showSelected();
-    (stop == stopMode::atTime ? page_.optStopTime : page_.optAfter).showSelected();
-}
-
-/// A driver may keep another value than the one written: that is the one to show.
-void Recording::showKept(const Steps& step, const ScheduleChange& change)
-{
-    Timebase* timebase = firstTimebase(page_.currentDrivers()).timebase;
-    if (!timebase)
-        return;
-    if (change.startMode || change.stopMode)
-        step([&] {
-            const std::int32_t start = timebase->StartMode();
-            showModes(start, start == startMode::atTime ? timebase->StopMode() : stopMode::afterDuration);
-        });
-    bool startsElsewhere = false;
-    if (change.startTime)
-        step([&] {
-            const DateTime kept = timebase->StartTime();
-            startsElsewhere = kept != *change.startTime;
-            show(page_.txtStartTime, generalDate(kept, support_.locale()));
-        });
-    if (change.duration)
-        step([&] {
-            const float kept = timebase->Duration();
-            if (kept != *change.duration || (startsElsewhere && page_.optStopTime.value()))
-                showKeptDuration(widen(kept));
-        });
-}
-
-void Recording::showKeptDuration(double seconds)
-{
-    if (page_.optStopTime.value()) {
-        show(page_.txtStopTime, computeStopTime('s', seconds, timeIn(page_.txtStartTime)));
-        return;
+    if (kept.startMode) {
+        OptionButton& other = *kept.startMode == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate;
+        (*kept.startMode == startMode::atTime ? page_.optStartTime : other).showSelected();
     }
-    TextBox& box = page_.txtDuration;
-    show(box, numberText(seconds / page_.cmbInterval.itemData(), support_.locale()));
-    box.select(utf8Length(box.text()), 0);
+    const bool stopsAtTime = kept.stopMode ? *kept.stopMode == stopMode::atTime : page_.optStopTime.value();
+    (stopsAtTime && page_.optStartTime.value() ? page_.optStopTime : page_.optAfter).showSelected();
 }
 
-bool Recording::commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack,
-                       const std::optional<Held>& duration)
+/// What a driver keeps of a change is what is shown.
+void Recording::showKept(const Steps& step, const StartStopSettings& kept)
 {
-    writer_.write(step, page_.currentDrivers(), change, duration);
-    showKept(step, change);
-    if (const std::int32_t code = actions_.updateDiskSpace(); code != 0) {
-        step([&] { showLimitMessage(support_, code); });
-        writer_.undo(step);
-        step(putBack);
+    showModes(kept);
+    if (kept.startTime)
+        show(page_.txtStartTime, step.value([&] { return generalDate(*kept.startTime, support_.locale()); }));
+    kept_.reset();
+    if (kept.duration && isEntered())
+        step([&] { showDuration(widen(*kept.duration)); });
+}
+
+/// A text that is being typed stays until its box is left.
+void Recording::showDuration(double seconds)
+{
+    if (page_.optStopTime.value() && seconds != getDurationSeconds())
+        show(page_.txtStopTime, computeStopTime(seconds, timeIn(page_.txtStartTime)));
+    else if (page_.optAfter.value() && !page_.txtDuration.hasFocus())
+        show(page_.txtDuration, numberText(seconds / page_.cmbInterval.itemData(), support_.locale()));
+    kept_ = Kept{getDurationSeconds(), seconds};
+}
+
+Recording::Result Recording::write(const Steps& step, const StartStopSettings& change,
+                                   const std::function<void()>& putBack, const Holds& holds)
+{
+    const Drivers drivers = page_.currentDrivers();
+    GuardedWrite<StartStopSettings> guarded(page_, support_, actions_, change, drivers.size());
+    const auto readBack = [&] {
+        readBack_ = guarded.drivers().empty() ? StartStopSettings{} : guarded.drivers().front().kept;
+    };
+    const auto restore = [&, before = kept_] {
+        readBack();
+        putBack();
+        kept_ = before;
+    };
+    forEachTimebase(step, drivers, [&](const IndexedTimebase& at) { guarded.write(step, at, holds, [] {}); });
+    if (step.isOver())
+        return Result::PutBack;
+    readBack();
+    if (guarded.anyTried() && !guarded.anyWritten()) {
+        step(restore);
         actions_.refreshEstimate();
-        actions_.tellWhatFits(code);
-        return false;
+        return Result::PutBack;
     }
-    accept(change.duration ? widen(*change.duration) : accepted_.seconds);
+    showKept(step, readBack_);
+    if (!guarded.drivers().empty() && !guarded.anyTried()) {
+        accept(durationReadBack());
+        return Result::Held;
+    }
+    return guarded.fits(step, restore) && !step.isOver() ? Result::Taken : Result::PutBack;
+}
+
+void Recording::accepted(const Steps& step)
+{
+    accept(readBack_.duration ? widen(*readBack_.duration) : plannedSeconds());
     step([&] { actions_.markChanged(); });
-    actions_.captureStartStop();
-    return true;
+    captureStartStop(readBack_);
+}
+
+Recording::Result Recording::commit(const Steps& step, const StartStopSettings& change,
+                                    const std::function<void()>& putBack)
+{
+    const Result result = write(step, change, putBack);
+    if (result == Result::Taken)
+        accepted(step);
+    return result;
+}
+
+void Recording::captureStartStop(StartStopSettings known)
+{
+    if (page_.readOnly)
+        return;
+    firstTimebase(page_.currentDrivers(), [&](Driver&, Timebase& timebase) {
+        const StartStopSettings held = std::exchange(known, {});
+        page_.triggerVars = TriggerVars{held.startMode ? *held.startMode : timebase.StartMode(),
+                                        held.startTime ? *held.startTime : timebase.StartTime(),
+                                        held.stopMode ? *held.stopMode : timebase.StopMode(),
+                                        held.duration ? *held.duration : timebase.Duration()};
+        return true;
+    });
+}
+
+void Recording::loaded(const Steps& step, double seconds)
+{
+    accept(seconds);
+    kept_.reset();
+    if (isEntered())
+        step([&] { kept_ = Kept{getDurationSeconds(), seconds}; });
 }
 
 void Recording::accept(double seconds)

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "page/Actions.h"
-#include "page/NumberEntry.h"
+#include "page/GuardedWrite.h"
 #include "page/Page.h"
-#include "schedule/ScheduleWriter.h"
+#include "page/StartStopSettings.h"
 #include "support/Support.h"
 
 #include <functional>
@@ -14,6 +13,15 @@ namespace ko {
 /// failures reach the caller unless a `Steps` is passed.
 class Recording {
 public:
+    /// What became of a change.
+    enum class Result : std::uint8_t {
+        Held,    ///< every driver holds it already: nothing was written
+        Taken,   ///< it is in force
+        PutBack, ///< it exceeds the limit, or no driver took it: the old values are in force and shown
+    };
+    /// Whether a driver with these values holds a change already.
+    using Holds = std::function<bool(const StartStopSettings& before)>;
+
     Recording(Page& page, Support& support, Actions& actions) : page_(page), support_(support), actions_(actions) {}
 
     /// The date or time of day in a time box.
@@ -22,11 +30,20 @@ public:
     /// The duration entered on the page, in seconds; may be 0 or negative when stopping at a time.
     [[nodiscard]] double getDurationSeconds() const;
 
-    /// `start` plus `amount` units ('s', 'n', 'h', 'd') as General Date text.
-    [[nodiscard]] std::string computeStopTime(char unit, double amount, DateTime start) const;
+    /// The same as the drivers keep it, as far as that is known; what they hold where the page lacks a time.
+    [[nodiscard]] double plannedSeconds() const;
+
+    /// `start` plus a duration. Where a time of day runs over midnight it is taken on today's date.
+    [[nodiscard]] DateTime stopTime(double seconds, DateTime start) const;
+    /// The same as General Date text.
+    [[nodiscard]] std::string computeStopTime(double seconds, DateTime start) const;
 
     /// The duration that the drivers hold, in seconds; without a timebase the one last accepted.
-    [[nodiscard]] Held durationInForce() const;
+    [[nodiscard]] double durationInForce() const;
+    /// The same; where it cannot be read, which is reported, the one last accepted.
+    [[nodiscard]] double durationInForce(const Steps& step) const;
+    /// The same without asking a driver, as `write` has read it back.
+    [[nodiscard]] double durationReadBack() const;
 
     /// An empty start time becomes the time of day.
     void fillStartTime();
@@ -37,21 +54,30 @@ public:
     /// Sets the text of a time box without the handlers of a change.
     void show(TextBox& box, const std::string& text);
 
-    /// Writes a change to the drivers, shows what they keep of it and asks the limit once. Within it the change is
-    /// notified and captured, and what the page shows counts as accepted. Beyond it the user is told, each driver gets
-    /// its own values back, `putBack` restores what the page showed, and the derived labels follow; false then.
-    /// `duration` is what one of them is known to hold: it is not asked again.
-    bool commit(const Steps& step, const ScheduleChange& change, const std::function<void()>& putBack,
-                const std::optional<Held>& duration = {});
+    /// Writes a change to the drivers that do not hold it, shows what they keep of it and asks the limit once. Beyond
+    /// it the user is told and each driver gets its own values back; then, and where no driver took the change,
+    /// `putBack` restores what the page showed and the derived labels follow.
+    Result write(
+        const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
+        const Holds& holds = [](const StartStopSettings&) { return false; });
+
+    /// After a change was taken: what the page shows counts as accepted, the host is notified, the settings captured.
+    void accepted(const Steps& step);
+
+    /// Both in one.
+    Result commit(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack);
+
+    /// Copies the start and stop settings of the first driver that offers a timebase and answers all four to the
+    /// page's `triggerVars`, unless the page is read-only; without such a driver they stay as they are. What the first
+    /// timebase is `known` to hold is not asked again. A failing driver is passed over without a report.
+    void captureStartStop(StartStopSettings known = {});
 
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
 
-    /// The page has other drivers now.
-    void followDrivers() { writer_.makeRoom(page_.currentDrivers().size()); }
-
-    /// The page shows what the drivers hold, `seconds` of duration among it: what a later refusal returns to.
-    void accept(double seconds);
+    /// The page was built, and shows what the drivers hold, `seconds` of duration among it: what a later refusal
+    /// returns to.
+    void loaded(const Steps& step, double seconds);
 
     /// Puts the options and both times back as they were last accepted.
     void putBack();
@@ -59,14 +85,11 @@ public:
     void putBackStopTime() { show(page_.txtStopTime, accepted_.stopTime); }
 
 private:
-    /// The time after a time. Where a time of day runs over midnight it is taken on today's date.
-    [[nodiscard]] DateTime after(char unit, double amount, DateTime start) const;
-    [[nodiscard]] DateTime onToday(DateTime time) const;
-    [[nodiscard]] bool lacksStopTime() const;
-    void showModes(std::int32_t start, std::int32_t stop);
-    void showKept(const Steps& step, const ScheduleChange& change);
-    void showKeptDuration(double seconds);
-
+    /// What the drivers keep of a duration that is entered.
+    struct Kept {
+        double entered = 0.0;
+        double seconds = 0.0;
+    };
     /// What the page shows and the drivers hold.
     struct Accepted {
         OptionButton* start = nullptr;
@@ -75,10 +98,19 @@ private:
         double seconds = 0.0;
     };
 
+    [[nodiscard]] DateTime onToday(DateTime time) const;
+    [[nodiscard]] bool isEntered() const;
+    [[nodiscard]] bool lacksStopTime() const;
+    void accept(double seconds);
+    void showKept(const Steps& step, const StartStopSettings& kept);
+    void showModes(const StartStopSettings& kept);
+    void showDuration(double seconds);
+
     Page& page_;
     Support& support_;
     Actions& actions_;
-    ScheduleWriter writer_;
+    StartStopSettings readBack_; ///< by the last write, from the first driver, whose settings are shown for all
+    std::optional<Kept> kept_;
     Accepted accepted_;
 };
 

@@ -1,83 +1,133 @@
 #include "schedule/Schedule.h"
 
-#include "interfaces/Timebase.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ko {
 
+namespace {
+
+constexpr double defaultSeconds = 10.0;
+
+/// An unknown mode counts as 0, and only a start at a time has a stop at a time. A stop mode whose start mode could not
+/// be read stays.
+void normalizeModes(StartStopSettings& settings)
+{
+    if (settings.startMode &&
+        (*settings.startMode < startMode::immediately || *settings.startMode > startMode::onTrigger))
+        settings.startMode = startMode::immediately;
+    const bool startsElsewhere = settings.startMode && settings.startMode != startMode::atTime;
+    if (settings.stopMode && (settings.stopMode != stopMode::atTime || startsElsewhere))
+        settings.stopMode = stopMode::afterDuration;
+}
+
+} // namespace
+
 Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog)
-    : page_(page), support_(support), actions_(actions), recording_(page, support, actions),
+    : page_(page), support_(support), recording_(page, support, actions),
       startStop_(page, support, actions, recording_), duration_(page, support, recording_),
       times_(page, support, recording_, std::move(dialog)), estimate_(page, support, recording_),
       whatFits_(page, support, recording_), plan_(page, support)
 {
 }
 
-Schedule::Settings Schedule::read(const Steps& step) const
+/// Those of the page unless there are none or the page is read-only, else those of the start master or, without one,
+/// of the scan master. Without a dynamic driver the recording does not start on a trigger.
+StartStopSettings Schedule::settingsToApply(const Steps& step)
 {
-    Settings read;
-    for (const auto& driver : page_.currentDrivers()) {
-        Timebase* timebase = driver ? step.value([&] { return driver->queryTimebase(); }) : nullptr;
-        if (!timebase)
-            continue;
-        step([&] { read.start = timebase->StartMode(); });
-        step([&] { read.time = timebase->StartTime(); });
-        step([&] { read.stop = timebase->StopMode(); });
-        step([&] { read.seconds = widen(timebase->Duration()); });
-        break;
+    StartStopSettings settings;
+    const bool arePages = page_.triggerVars && !page_.readOnly;
+    const std::int32_t source = page_.dynamicDriverIndex < 0 ? page_.staticDriverIndex : page_.dynamicDriverIndex;
+    if (arePages)
+        settings = StartStopSettings::of(*page_.triggerVars);
+    else if (Timebase* timebase = step.value([&] { return page_.timebaseAt(source); }))
+        settings = StartStopSettings::readAll(step, *timebase);
+    if (!page_.readOnly)
+        normalizeModes(settings);
+    if (arePages) {
+        page_.triggerVars->startMode = *settings.startMode;
+        page_.triggerVars->stopMode = *settings.stopMode;
     }
-    return read;
+    const Drivers drivers = page_.currentDrivers();
+    const bool anyDynamic = std::any_of(drivers.begin(), drivers.end(), [&](const auto& driver) {
+        return driver && step.value([&] { return isDynamicDriver(*driver); });
+    });
+    if (!anyDynamic && settings.startMode == startMode::onTrigger)
+        settings.startMode = startMode::immediately;
+    // A time that cannot be shown is none to hand on.
+    if (settings.startMode != startMode::atTime || !isInValidYears(settings.startTime.value_or(DateTime{})))
+        settings.startTime.reset();
+    return settings;
+}
+
+/// What the first timebase then holds.
+StartStopSettings Schedule::applyStartStop(const Steps& loading)
+{
+    const Steps step(support_.errors, "applyStartStop", errorSource::triggering);
+    const StartStopSettings settings = settingsToApply(step);
+    std::optional<StartStopSettings> first;
+    forEachTimebase(step, page_.currentDrivers(), [&](const IndexedTimebase& at) {
+        settings.write(step, *at.timebase, StartStopSettings::Order::Loaded);
+        if (!first)
+            first = StartStopSettings::readAll(loading, *at.timebase);
+        else
+            (void)settings.read(step, *at.timebase);
+    });
+    return first.value_or(StartStopSettings{});
 }
 
 void Schedule::loadStartStop(const Steps& step)
 {
-    const Settings settings = read(step);
+    // Settings that no driver has given are never written: without a timebase to capture there are none.
+    if (!page_.triggerVars)
+        recording_.captureStartStop();
+    loaded_ = applyStartStop(step);
     step([&] { page_.cmbInterval.select(0); });
-    show(step, settings);
-    step([&] { duration_.showDuration(settings.seconds); });
-    if (page_.optAfter.value() && settings.stop != stopMode::afterDuration)
-        stopAfterDuration(step);
-    loadedSeconds_ = settings.seconds;
+    show(step);
+    step([&] { duration_.showDuration(loadedSeconds()); });
     page_.isDurationKnown = true;
 }
 
-void Schedule::loaded()
+void Schedule::loaded(const Steps& step)
 {
-    recording_.followDrivers();
-    recording_.accept(loadedSeconds_);
+    startStop_.enableStartControls(loaded_.startMode.has_value());
+    startStop_.enableStopControls();
+    recording_.loaded(step, loadedSeconds());
 }
 
-void Schedule::show(const Steps& step, const Settings& settings)
+double Schedule::loadedSeconds() const
+{
+    return loaded_.duration ? widen(*loaded_.duration) : defaultSeconds;
+}
+
+/// A time that could not be read, or cannot be shown, leaves its box empty.
+void Schedule::show(const Steps& step)
 {
     if (page_.driverChangesPending) {
         page_.txtStartTime.setText("");
         page_.txtStopTime.setText("");
     }
-    if (settings.start != startMode::atTime) {
-        (settings.start == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate).showSelected();
-        page_.optAfter.showSelected();
+    const bool stopsAtTime = loaded_.startMode == startMode::atTime && loaded_.stopMode == stopMode::atTime;
+    (stopsAtTime ? page_.optStopTime : page_.optAfter).showSelected();
+    if (loaded_.startMode != startMode::atTime) {
+        (loaded_.startMode == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate).showSelected();
         return;
     }
     page_.optStartTime.showSelected();
-    step([&] { page_.txtStartTime.setText(generalDate(settings.time, support_.locale())); });
-    if (settings.stop != stopMode::atTime) {
-        page_.optAfter.showSelected();
-        return;
-    }
-    step([&] { page_.txtStopTime.setText(recording_.computeStopTime('s', settings.seconds, settings.time)); });
-    page_.optStopTime.showSelected();
-}
-
-/// The page shows a stop after the duration where the start allows no other, so no driver may keep another.
-void Schedule::stopAfterDuration(const Steps& step)
-{
-    ScheduleChange change;
-    change.stopMode = stopMode::afterDuration;
-    ScheduleWriter().write(step, page_.currentDrivers(), change);
-    actions_.captureStartStop();
+    std::string start;
+    std::string stop;
+    if (loaded_.startTime)
+        step([&] {
+            start = generalDate(*loaded_.startTime, support_.locale());
+            if (stopsAtTime)
+                stop = recording_.computeStopTime(loadedSeconds(), *loaded_.startTime);
+        });
+    page_.txtStartTime.setText(start);
+    if (stopsAtTime)
+        page_.txtStopTime.setText(stop);
 }
 
 } // namespace ko

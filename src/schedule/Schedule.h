@@ -16,15 +16,16 @@ public:
     /// component's date-and-time dialog.
     Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog);
 
-    /// Shows the start and stop settings of the first driver that offers a timebase; without one: immediately,
-    /// after 10 seconds. A stop at a time that the start does not allow is taken back in the drivers, too. The page
-    /// is being loaded.
+    /// See `Recording`.
+    void captureStartStop() { recording_.captureStartStop(); }
+
+    /// Writes one set of start and stop settings to every driver with a timebase, and shows what the first of them
+    /// then holds; without one: immediately, after 10 seconds. The page is being loaded.
     void loadStartStop(const Steps& step);
 
-    /// What the page shows after it was loaded is what a later refusal returns to.
-    void loaded();
+    /// Lets the user at the controls that go with what was loaded; a later refusal returns to it.
+    void loaded(const Steps& step);
 
-    [[nodiscard]] StartStop& startStop() { return startStop_; }
     [[nodiscard]] Estimate& estimate() { return estimate_; }
     [[nodiscard]] WhatFits& whatFits() { return whatFits_; }
     [[nodiscard]] Plan& plan() { return plan_; }
@@ -32,21 +33,13 @@ public:
     [[nodiscard]] NumberEntry& duration() { return duration_; }
 
 private:
-    /// The start and stop settings as a driver holds them.
-    struct Settings {
-        std::int32_t start = startMode::immediately;
-        std::int32_t stop = stopMode::afterDuration;
-        DateTime time;
-        double seconds = 10.0;
-    };
-
-    [[nodiscard]] Settings read(const Steps& step) const;
-    void show(const Steps& step, const Settings& settings);
-    void stopAfterDuration(const Steps& step);
+    [[nodiscard]] StartStopSettings settingsToApply(const Steps& step);
+    [[nodiscard]] StartStopSettings applyStartStop(const Steps& loading);
+    void show(const Steps& step);
+    [[nodiscard]] double loadedSeconds() const;
 
     Page& page_;
     Support& support_;
-    Actions& actions_;
     Recording recording_;
     StartStop startStop_;
     DurationEntry duration_;
@@ -54,7 +47,7 @@ private:
     Estimate estimate_;
     WhatFits whatFits_;
     Plan plan_;
-    double loadedSeconds_ = 0.0;
+    StartStopSettings loaded_;
 };
 
 } // namespace ko

@@ -39,7 +39,7 @@ void StartStop::startClicked(std::string_view procedure, std::int32_t mode)
     if (page_.isLoading)
         return;
     const Steps step(support_.errors, procedure);
-    ScheduleChange change;
+    StartStopSettings change;
     change.startMode = mode;
     const bool forced = forceStopAfter();
     if (forced)
@@ -58,6 +58,7 @@ void StartStop::startClicked(std::string_view procedure, std::int32_t mode)
     enableStartControls();
     if (forced)
         enableStopControls();
+    recording_.accepted(step);
 }
 
 void StartStop::stopClicked(std::string_view procedure, std::int32_t mode)
@@ -69,17 +70,19 @@ void StartStop::stopClicked(std::string_view procedure, std::int32_t mode)
         recording_.putBack();
         return;
     }
-    ScheduleChange change;
+    StartStopSettings change;
     change.stopMode = mode;
-    if (write(step, change))
-        enableStopControls();
+    if (!write(step, change))
+        return;
+    enableStopControls();
+    recording_.accepted(step);
 }
 
 /// Writes the mode with the duration that goes with it; where that cannot be told the options go back unwritten.
-bool StartStop::write(const Steps& step, ScheduleChange change)
+bool StartStop::write(const Steps& step, StartStopSettings change)
 {
     const bool known = step([&] {
-        const double seconds = recording_.getDurationSeconds();
+        const double seconds = recording_.plannedSeconds();
         if (seconds >= 0.0)
             change.duration = toSingle(seconds);
     });
@@ -87,10 +90,10 @@ bool StartStop::write(const Steps& step, ScheduleChange change)
         recording_.putBack();
         return false;
     }
-    return recording_.commit(step, change, [this] { recording_.putBack(); });
+    return recording_.write(step, change, [this] { recording_.putBack(); }) == Recording::Result::Taken;
 }
 
-void StartStop::enableStartControls()
+void StartStop::enableStartControls(bool isStartKnown)
 {
     const Steps step(support_.errors, "enableStartControls");
     const bool onTrigger = page_.optOnTrigger.value();
@@ -103,9 +106,9 @@ void StartStop::enableStartControls()
     page_.txtStartTime.setEnabled(editable);
     page_.cmdStartTime.setEnabled(editable);
     page_.optStopTime.setEnabled(editable);
-    if (page_.optStartTime.value())
+    if (page_.optStartTime.value() && !page_.isLoading)
         step([&] { recording_.fillStartTime(); });
-    if (!onTrigger && !page_.readOnly)
+    if (!onTrigger && isStartKnown && !page_.readOnly)
         actions_.clearTriggerSource();
 }
 
@@ -117,7 +120,7 @@ void StartStop::enableStopControls()
     page_.cmbInterval.setEnabled(after && !page_.readOnly);
     page_.txtStopTime.setEnabled(!after && !page_.readOnly);
     page_.cmdStopTime.setEnabled(!after && !page_.readOnly);
-    if (!after)
+    if (!after && !page_.isLoading)
         step([&] { recording_.fillStopTime(); });
 }
 

@@ -46,7 +46,7 @@ void TimeEntries::txtStartTime_Change()
     if (page_.isLoading || page_.isUpdating)
         return;
     const Steps step(support_.errors, "txtStartTime_Change");
-    ScheduleChange change;
+    StartStopSettings change;
     const bool known = step([&] {
         change.startTime = recording_.timeIn(page_.txtStartTime);
         if (page_.optStopTime.value())
@@ -66,7 +66,7 @@ void TimeEntries::txtStopTime_Change()
     if (page_.isLoading || page_.isUpdating || !page_.optStopTime.value())
         return;
     const Steps step(support_.errors, "txtStopTime_Change");
-    ScheduleChange change;
+    StartStopSettings change;
     double seconds = 0.0;
     const bool known = step([&] {
         seconds = recording_.getDurationSeconds();
@@ -78,7 +78,7 @@ void TimeEntries::txtStopTime_Change()
     }
     if (seconds <= 0.0) {
         step([&] { showError(support_, stopNotLater); });
-        step([&] { showStopTimeInForce(); });
+        step([&] { showStopTimeInForce(step); });
         recording_.refreshLabels();
         return;
     }
@@ -92,11 +92,11 @@ void TimeEntries::putBackTimes()
     recording_.putBackStopTime();
 }
 
-void TimeEntries::showStopTimeInForce()
+void TimeEntries::showStopTimeInForce(const Steps& step)
 {
     recording_.putBackStopTime();
     const DateTime start = recording_.timeIn(page_.txtStartTime);
-    recording_.show(page_.txtStopTime, recording_.computeStopTime('s', recording_.durationInForce().value, start));
+    recording_.show(page_.txtStopTime, recording_.computeStopTime(recording_.durationInForce(step), start));
 }
 
 void TimeEntries::cmdStartTime_Click()
@@ -107,13 +107,19 @@ void TimeEntries::cmdStartTime_Click()
 void TimeEntries::cmdStopTime_Click()
 {
     const Steps step(support_.errors, "cmdStopTime_Click");
-    const bool isDated = step.value([&] { return recording_.timeIn(page_.txtStartTime).hasDate(); });
+    const bool isDated = step.value([&] { return timeToEdit(page_.txtStartTime).hasDate(); });
     editDateTime(step, page_.txtStopTime, isDated);
+}
+
+/// A box that shows no time gets the time of day.
+DateTime TimeEntries::timeToEdit(const TextBox& box) const
+{
+    return box.text().empty() ? timePart(support_.platform.clock.now()) : recording_.timeIn(box);
 }
 
 void TimeEntries::editDateTime(const Steps& step, TextBox& box, bool oneDayOnly)
 {
-    const DateTime current = step.value([&] { return recording_.timeIn(box); });
+    const DateTime current = step.value([&] { return timeToEdit(box); });
     std::string chosen = box.text();
     step([&] {
         const Scoped guard(page_.isDialogOpen, true);

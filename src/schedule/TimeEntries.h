@@ -23,7 +23,8 @@ private:
     void boxGotFocus(TextBox& box, std::string_view procedure);
     void editDateTime(const Steps& step, TextBox& box, bool oneDayOnly);
     void putBackTimes();
-    void showStopTimeInForce();
+    void showStopTimeInForce(const Steps& step);
+    [[nodiscard]] DateTime timeToEdit(const TextBox& box) const;
 
     Page& page_;
     Support& support_;

@@ -65,7 +65,7 @@ void WhatFits::tell(std::int32_t code, const Rates& rates)
         std::string offered = offerDuration(forecast);
         if (const std::string rate = offerRate(forecast, rates); !rate.empty())
             offered += ", " + rate;
-        show(step, filled(support_.text(fitText::fits), {offered}));
+        show(step, withOneFullStop(filled(support_.text(fitText::fits), {offered})));
     });
 }
 
@@ -96,7 +96,7 @@ std::optional<double> WhatFits::longest(const Forecast& forecast) const
     const auto fitsFor = [&](double seconds) {
         return forecast.check({.seconds = toSingle(seconds)}) == diskSpace::fits;
     };
-    const double present = recording_.durationInForce().value;
+    const double present = recording_.durationInForce();
     const double least = fitsFor(present) ? present : 0.0;
     // Times of the day are whole seconds.
     const double finest = page_.optAfter.value() ? finestDuration : 1.0;
@@ -107,12 +107,11 @@ std::optional<double> WhatFits::longest(const Forecast& forecast) const
 std::string WhatFits::offerDuration(const Forecast& forecast)
 {
     const auto found = longest(forecast);
-    if (!found || *found >= endless)
-        return support_.text(fitText::noDuration);
     const bool after = page_.optAfter.value();
+    if (!found || *found >= endless || (!after && page_.txtStartTime.text().empty()))
+        return support_.text(fitText::noDuration);
     const std::string number = numberText(*found, support_.locale());
-    duration_ =
-        Offered{after ? number : recording_.computeStopTime('s', *found, recording_.timeIn(page_.txtStartTime)), -1};
+    duration_ = Offered{after ? number : recording_.computeStopTime(*found, recording_.timeIn(page_.txtStartTime)), -1};
     return filled(support_.text(after ? fitText::longestDuration : fitText::latestStop), {duration_->text});
 }
 

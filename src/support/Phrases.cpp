@@ -34,6 +34,13 @@ std::string filled(std::string_view pattern, std::initializer_list<std::string_v
     return text;
 }
 
+std::string withOneFullStop(std::string sentence)
+{
+    while (sentence.ends_with(".."))
+        sentence.pop_back();
+    return sentence;
+}
+
 std::string counted(const Support& support, std::int64_t count, int singular)
 {
     const int form = isSingular(support.text(pluralRule), count) ? singular : singular + 1;

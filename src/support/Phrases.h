@@ -13,6 +13,9 @@ namespace ko {
 /// stays; what is filled in is not searched again.
 std::string filled(std::string_view pattern, std::initializer_list<std::string_view> arguments);
 
+/// A sentence whose last word may bring a full stop of its own: it ends in one at the most.
+std::string withOneFullStop(std::string sentence);
+
 /// A count with its noun, from the text `singular` or from the one with the next number. Which counts are singular says
 /// the string file, whose rule names them ("1", "0 1") or none. Failure 326 when a text is missing.
 std::string counted(const Support& support, std::int64_t count, int singular);

@@ -163,13 +163,11 @@ void DynamicEditors::choose(const Steps& step, const ComboBox& chosen, ValueEdit
 
 void DynamicEditors::showSpan(const Steps& step, std::optional<double> period)
 {
-    page_.lblSpanValue.setCaption("");
-    if (!period)
-        return;
-    step([&] {
-        const double span = reciprocal(*period) / samplesPerSpan;
-        page_.lblSpanValue.setCaption(numberText(span, support_.locale()) + " " + page_.hertzText);
-    });
+    std::optional<double>& span = page_.figures.span;
+    span.reset();
+    if (period)
+        step([&] { span = reciprocal(*period) / samplesPerSpan; });
+    page_.lblSpanValue.setCaption(span ? numberText(*span, support_.locale()) + " " + page_.hertzText : "");
 }
 
 } // namespace ko

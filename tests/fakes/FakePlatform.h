@@ -43,6 +43,7 @@ public:
     /// What the user does in a modal form; nothing: it is cancelled at once.
     std::function<void(Form&)> inModalForm;
     std::function<void()> inMessage;
+    std::function<void()> onChanged;
     const Form* hiddenForm = nullptr; ///< the last that was told to go
     Platform platform{*this, *this, *this, *this, *this, *this, {}, [this] { return createReporter(); }};
 
@@ -109,7 +110,12 @@ public:
     {
         return answer("queryHelpSite", unowned<HelpSite>(offersHelp));
     }
-    void OnChanged() override { note("OnChanged", changes, changes + 1); }
+    void OnChanged() override
+    {
+        note("OnChanged", changes, changes + 1);
+        if (onChanged)
+            onChanged();
+    }
 
     /// The lists' contents so far, which they then forget.
     std::vector<std::string> takeMessages() { return std::exchange(messages, {}); }

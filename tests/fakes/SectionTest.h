@@ -34,7 +34,6 @@ protected:
     void refreshEstimate() override {}
     void tellWhatFits(std::int32_t) override {}
     void refreshPlan() override {}
-    void captureStartStop() override {}
     void enableTriggering(bool) override {}
     void disableTriggering(bool) override {}
     void clearTriggerSource() override {}

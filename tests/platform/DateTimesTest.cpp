@@ -113,29 +113,33 @@ RC_GTEST_PROP(DateTimes, partsAgreeWithTheSystemsCalendarAndPutTogetherGiveTheTi
 TEST(DateTimes, additionCountsFractionsAndRefusesWhatLeavesTheCalendar)
 {
     struct Case {
-        char unit;
+        TimeUnit unit;
         double amount, from, to;
     };
-    const Case cases[] = {{'s', 0.4, 10.0, 10.0},        {'s', 43200.6, 10.0, 10.0 + 43201.0 / 86400},
-                          {'n', 1.5, 0.0, 90.0 / 86400}, {'h', 1.0 / 3, 1.0, 1.0 + 1200.0 / 86400},
-                          {'d', 0.1, 1.0, 1.1},          {'d', -0.5, 0.0, -1.5},
-                          {'h', 6.0, -1.75, 0.0},        {'d', 2958465.0, 0.0, 2958465.0}};
+    using enum TimeUnit;
+    const Case cases[] = {{seconds, 0.4, 10.0, 10.0},
+                          {seconds, 43200.6, 10.0, 10.0 + 43201.0 / 86400},
+                          {minutes, 1.5, 0.0, 90.0 / 86400},
+                          {hours, 1.0 / 3, 1.0, 1.0 + 1200.0 / 86400},
+                          {days, 0.1, 1.0, 1.1},
+                          {days, -0.5, 0.0, -1.5},
+                          {hours, 6.0, -1.75, 0.0},
+                          {days, 2958465.0, 0.0, 2958465.0}};
     for (const auto& [unit, amount, from, to] : cases)
-        EXPECT_EQ(dateAdd(unit, amount, {from}), DateTime{to}) << amount << unit;
+        EXPECT_EQ(dateAdd(unit, amount, {from}), DateTime{to}) << amount << " units of " << secondsPerUnit(unit);
     DateTime time{46347.0};
     for (int step = 0; step < 100000; ++step)
-        time = dateAdd('n', 1.0 / 60, time);
+        time = dateAdd(minutes, 1.0 / 60, time);
     EXPECT_EQ(time, DateTime{46347.0 + 100000.0 / 86400});
     for (const double amount : {notANumber, 1e300, -1e300, 1e7, std::numeric_limits<double>::infinity()})
-        EXPECT_EQ(failureOf([&] { return dateAdd('d', amount, {1.0}); }), failure::invalidCall) << amount;
-    EXPECT_EQ(failureOf([] { return dateAdd('m', 1.0, {1.0}); }), failure::invalidCall);
+        EXPECT_EQ(failureOf([&] { return dateAdd(days, amount, {1.0}); }), failure::invalidCall) << amount;
 }
 
 RC_GTEST_PROP(DateTimes, differenceUndoesAddition, ())
 {
     const DateTime from = *validTimes(), to = *validTimes();
-    RC_ASSERT(dateAdd('s', dateDiffSeconds(from, to), from) == to);
-    RC_ASSERT(dateAdd('d', dateDiffSeconds(from, to) / 86400.0, from) == to);
+    RC_ASSERT(dateAdd(TimeUnit::seconds, dateDiffSeconds(from, to), from) == to);
+    RC_ASSERT(dateAdd(TimeUnit::days, dateDiffSeconds(from, to) / 86400.0, from) == to);
 }
 
 TEST(DateTimes, generalDateFollowsTheLocalesPictures)
@@ -152,6 +156,9 @@ TEST(DateTimes, generalDateFollowsTheLocalesPictures)
         {46347.395833333336, english, "11/21/2026 9:30:00 AM"},
         {1.0 + 86399.7 / 86400, english, "1/1/1900"},
         {-1.25, english, "12/29/1899 6:00:00 AM"},
+        {1.0 - 1e-12, english, "11:59:59 PM"},
+        {1.0 - 0.4 / 86400, german, "23:59:59"},
+        {0.4 / 86400 - 1.0, english, "11:59:59 PM"},
         {46088.395833333336, german, "07.03.2026 09:30:00"},
         {46088.395833333336, japanese, "2026/03/07 9:30:00"},
         {46088.395833333336, finnish, "7.3.2026 9.30.00"},

@@ -1,6 +1,7 @@
 #include "schedule/Plan.h"
 
 #include "fakes/SectionTest.h"
+#include "platform/DateTimes.h"
 #include "support/Phrases.h"
 
 #include <fstream>
@@ -31,16 +32,17 @@ protected:
         page.cmbInterval.select(0);
         page.optImmediate.showSelected();
         page.optAfter.showSelected();
-        page.plannedSeconds = page.actualSeconds = 90.0;
-        show(page.lblNumSamplesValue, "2304000");
-        show(page.lblNumDynamicBytesValue, "17.6 MB");
-        show(page.lblNumScansValue, "181");
-        show(page.lblNumStaticBytesValue, "12.8 KB");
+        figures.plannedSeconds = figures.actualSeconds = 90.0;
+        figures.samples = 2304000;
+        figures.dynamicBytes = 17.6 * 1024 * 1024;
+        figures.scans = 181;
+        figures.staticBytes = 12.8 * 1024;
+        figures.stopTime = toDateTime("9:31:31 AM", {});
         page.txtStartTime.setText("9:30:00 AM");
         page.txtStopTime.setText("9:31:30 AM");
-        show(page.lblStopTimeValue, "9:31:31 AM");
     }
-    static void show(Label& label, const char* text) { label.setCaption(text); }
+    Figures& figures = page.figures;
+
     void addParameter(const char* name, const char* value, int format, CellStyle::Control control = {})
     {
         const std::int32_t row = page.grdParam.rowCount() + 1;
@@ -105,44 +107,44 @@ TEST_F(PlanTest, NumbersAndChoicesSetATriggerOffAndNamesMayHoldAnything)
 
 TEST_F(PlanTest, FiguresThatAreNotKnownAreLeftOut)
 {
-    const auto figures = [this] {
+    const auto told = [this] {
         const std::string text = plan();
         const std::size_t from = text.find("90 s") + 4;
         return text.substr(from, text.find(", ends") - from);
     };
-    show(page.lblNumSamplesValue, "N/A");
-    EXPECT_EQ(figures(), ", 17.6 MB dynamic and 12.8 KB static");
+    figures.samples.reset();
+    EXPECT_EQ(told(), ", 17.6 MB dynamic and 12.8 KB static");
     page.frmStatic.setVisible(false);
-    EXPECT_EQ(figures(), ", 17.6 MB dynamic");
-    show(page.lblNumSamplesValue, "1");
-    EXPECT_EQ(figures(), ", 1 sample, 17.6 MB dynamic");
+    EXPECT_EQ(told(), ", 17.6 MB dynamic");
+    figures.samples = 1;
+    EXPECT_EQ(told(), ", 1 sample, 17.6 MB dynamic");
     page.frmDynamic.setVisible(false);
-    EXPECT_EQ(figures(), "");
+    EXPECT_EQ(told(), "");
     page.frmStatic.setVisible(true);
-    EXPECT_EQ(figures(), ", 181 scans, 12.8 KB static");
-    show(page.lblNumScansValue, "N/A");
-    EXPECT_EQ(figures(), ", 12.8 KB static");
-    show(page.lblNumStaticBytesValue, "N/A");
+    EXPECT_EQ(told(), ", 181 scans, 12.8 KB static");
+    figures.scans.reset();
+    EXPECT_EQ(told(), ", 12.8 KB static");
+    figures.staticBytes.reset();
     EXPECT_EQ(plan(), "Starts immediately, records 90 s, ends about 1 min 30 s later.");
 }
 
 TEST_F(PlanTest, ADurationThatIsNotKnownIsSaid)
 {
     const auto expectUnknown = [this] { EXPECT_NE(plan().find("not known."), std::string::npos) << plan(); };
-    page.actualSeconds.reset();
+    figures.actualSeconds.reset();
     expectUnknown();
-    page.actualSeconds = 90.0;
-    page.plannedSeconds = -1.0;
+    figures.actualSeconds = 90.0;
+    figures.plannedSeconds = -1.0;
     startAt("Crank");
     expectUnknown();
-    page.plannedSeconds.reset();
+    figures.plannedSeconds.reset();
     startAt("");
     expectUnknown();
     page.optStartTime.showSelected();
     EXPECT_EQ(plan(), "Starts at 9:30:00 AM; how long it records is not known.");
-    page.plannedSeconds = 90.0;
+    figures.plannedSeconds = 90.0;
     page.optStopTime.showSelected();
-    show(page.lblStopTimeValue, "N/A");
+    figures.stopTime.reset();
     EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM; how long that is, is not known.");
 }
 
@@ -166,12 +168,12 @@ TEST_F(PlanTest, DurationsAreToldInTheUnitEnteredAndInTheTwoLargest)
         {8.64e9, 3, "100,000 days", "100,000 days"},
     };
     for (const auto& it : cases) {
-        page.plannedSeconds = page.actualSeconds = it.seconds;
+        figures.plannedSeconds = figures.actualSeconds = it.seconds;
         page.cmbInterval.select(it.unit);
         EXPECT_NE(plan().find(std::string("records ") + it.entered + ","), std::string::npos) << plan();
         EXPECT_NE(plan().find(std::string("about ") + it.later + " later"), std::string::npos) << plan();
     }
-    page.actualSeconds = 1e30;
+    figures.actualSeconds = 1e30;
     EXPECT_NE(plan().find("not known"), std::string::npos);
 }
 
@@ -183,17 +185,29 @@ TEST_F(PlanTest, EachLanguageHasItsOwnSentencesPluralsAndSeparators)
     locale.decimalSeparator = ",";
     locale.digitGroupSeparator = ".";
     EXPECT_EQ(planIn("de", locale),
-              "Startet bei Trigger an Crank (Level 0,5), zeichnet 90 s auf, 2.304.000 Abtastwerte, 17.6 MB dynamisch "
-              "und 12.8 KB statisch, endet etwa 1 min 30 s später.");
+              "Startet bei Trigger an Crank (Level 0,5), zeichnet 90 s auf, 2.304.000 Abtastwerte, 17,6 MB dynamisch "
+              "und 12,8 KB statisch, endet etwa 1 min 30 s später.");
     locale.digitGroupSeparator = narrowBlank;
     page.frmStatic.setVisible(false);
     EXPECT_EQ(planIn("fr", locale), "Démarre sur déclenchement à Crank (Level 0,5), enregistre 90 s, 2" + narrowBlank +
                                         "304" + narrowBlank +
-                                        "000 échantillons, 17.6 MB en dynamique, se termine environ 1 min 30 s plus "
+                                        "000 échantillons, 17,6 Mo en dynamique, se termine environ 1 min 30 s plus "
                                         "tard.");
     EXPECT_EQ(planIn("ja", Locale()),
               "Crank（Level 0,5） のトリガで開始し、90 秒 記録します。2,304,000 サンプル、動的 17.6 MB。約 1 分 30 秒 "
               "後に終了します。");
+}
+
+TEST_F(PlanTest, ASentenceEndsInOneFullStopWhateverItEndsWith)
+{
+    page.optStartTime.showSelected();
+    page.optStopTime.showSelected();
+    Locale locale;
+    locale.amDesignator = "a.m.";
+    EXPECT_TRUE(planIn("en", locale).ends_with("ends at about 9:31:31 a.m.")) << page.lblPlan.caption();
+    for (const auto& [sentence, shown] :
+         {std::pair{"Ends.", "Ends."}, {"Ends..", "Ends."}, {"Ends", "Ends"}, {"..", "."}})
+        EXPECT_EQ(withOneFullStop(sentence), shown);
 }
 
 TEST_F(PlanTest, TheLanguageSaysWhichCountsAreSingular)

@@ -51,21 +51,20 @@ TEST_F(RecordingTest, TheDurationIsWhatIsEnteredOrLiesBetweenTheTimes)
 TEST_F(RecordingTest, TheStopTimeFollowsFromStartAndDuration)
 {
     const struct {
-        char unit;
-        double amount;
+        double seconds;
         const char *start, *stop;
     } cases[] = {
-        {'s', 0, "9:00:00 AM", "9:00:00 AM"},
-        {'n', 1.5, "9:00:00 AM", "9:01:30 AM"},
-        {'s', 3599, "11:00:00 PM", "11:59:59 PM"},
-        {'h', 1, "11:00:00 PM", "11/22/2026"},
-        {'h', 2, "11:00:00 PM", "11/22/2026 1:00:00 AM"},
-        {'d', 2, "2/28/2028 11:00:00 PM", "3/1/2028 11:00:00 PM"},
-        {'h', 2, "12/31/1999 11:00:00 PM", "1/1/2000 1:00:00 AM"},
+        {0, "9:00:00 AM", "9:00:00 AM"},
+        {90, "9:00:00 AM", "9:01:30 AM"},
+        {3599, "11:00:00 PM", "11:59:59 PM"},
+        {3600, "11:00:00 PM", "11/22/2026"},
+        {7200, "11:00:00 PM", "11/22/2026 1:00:00 AM"},
+        {2 * 86400, "2/28/2028 11:00:00 PM", "3/1/2028 11:00:00 PM"},
+        {7200, "12/31/1999 11:00:00 PM", "1/1/2000 1:00:00 AM"},
     };
     for (const auto& it : cases)
-        EXPECT_EQ(recording.computeStopTime(it.unit, it.amount, toDateTime(it.start, {})), it.stop);
-    EXPECT_THROW((void)recording.computeStopTime('d', 1, toDateTime("12/31/9999", {})), Failure);
+        EXPECT_EQ(recording.computeStopTime(it.seconds, toDateTime(it.start, {})), it.stop);
+    EXPECT_THROW((void)recording.computeStopTime(86400, toDateTime("12/31/9999", {})), Failure);
 }
 
 } // namespace

@@ -131,6 +131,20 @@ TEST_F(WriteOutcomes, ARefusedTextIsSelectedAsAWholeWhetherOrNotTheDriverAnswers
         }
 }
 
+TEST_F(WriteOutcomes, ABoxThatCouldNotBeFilledIsFilledByTheNextEventThatReads)
+{
+    for (const Quantity& quantity : quantities) {
+        openWith(quantity, false);
+        driver->numberOfScans = 10;
+        driver->failing = {readOf(quantity)};
+        document->UserDocument_Show();
+        EXPECT_EQ((page().*quantity.box).text(), "") << quantity.name;
+        heal();
+        page().cmbInterval.userChose(page().cmbInterval.index() == 0 ? 1 : 0);
+        expectShown(quantity, "after the estimate");
+    }
+}
+
 TEST_F(WriteOutcomes, ATypedScanValueReachesEachDriverThatHoldsAnother)
 {
     for (const Quantity* quantity : {&quantities[3], &quantities[4]}) {
