@@ -44,8 +44,8 @@ bool DurationEntry::showInForce()
 {
     if (page().isLoading || !isActive())
         return true;
-    const double seconds = recording_.durationInForce(Steps(support().errors, "txtDuration_Validate"));
-    recording_.show(page().txtDuration, textOf(seconds));
+    const Steps step(support().errors, "txtDuration_Validate");
+    step([&] { recording_.show(page().txtDuration, textOf(recording_.durationInForce(step))); });
     return true;
 }
 
@@ -67,9 +67,9 @@ std::optional<Recording::Result> DurationEntry::write(const Steps& step, double 
     StartStopSettings change;
     if (!step([&] { change.duration = toSingle(entered * unit()); }))
         return std::nullopt;
-    const std::string text = numberText(entered, support().locale());
     const Recording::Holds holds = [&](const StartStopSettings& before) {
-        return before.duration && textOf(widen(*before.duration)) == text;
+        return before.duration &&
+               step.value([&] { return textOf(widen(*before.duration)) == numberText(entered, support().locale()); });
     };
     const Recording::Result result = recording_.write(step, change, putBack, holds);
     if (result == Recording::Result::Taken)

@@ -163,7 +163,9 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
 void Recording::accepted(const Steps& step)
 {
     const StartStopSettings kept = readBack();
-    accept(kept.duration ? widen(*kept.duration) : plannedSeconds());
+    double seconds = accepted_.seconds;
+    step([&] { seconds = kept.duration ? widen(*kept.duration) : largerOf(plannedSeconds(), 0.0); });
+    accept(seconds);
     step([&] { actions_.markChanged(); });
     captureStartStop(kept);
 }
