@@ -161,7 +161,9 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
 
 void Recording::accepted(const Steps& step)
 {
-    accept(readBack_.duration ? widen(*readBack_.duration) : plannedSeconds());
+    double seconds = accepted_.seconds;
+    step([&] { seconds = readBack_.duration ? widen(*readBack_.duration) : largerOf(plannedSeconds(), 0.0); });
+    accept(seconds);
     step([&] { actions_.markChanged(); });
     captureStartStop(readBack_);
 }

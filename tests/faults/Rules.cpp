@@ -156,13 +156,13 @@ private:
         if (page_.optStopTime.value())
             stopTime(*first);
     }
-    /// A text with more digits stands for the nearest duration that a driver can hold.
+    /// A text that is being typed stays, whatever the driver keeps of it; the figures follow at once.
     void duration(double seconds)
     {
         const TextBox& box = page_.txtDuration;
-        const double unit = page_.cmbInterval.itemData();
-        if (box.marked() || !isNumeric(box.text(), {}) || widen(toSingle(toDouble(box.text(), {}) * unit)) != seconds)
-            number(box, seconds / unit);
+        if (!box.hasFocus() || !isNumeric(box.text(), {}))
+            number(box, seconds / page_.cmbInterval.itemData());
+        same("the plan", text(page_.figures.plannedSeconds.value_or(seconds)), text(seconds));
     }
     void stopTime(const FakeDriver& driver)
     {
