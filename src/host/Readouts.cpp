@@ -1,6 +1,9 @@
 #include "host/Settings.h"
 
+#include "platform/NumberText.h"
+
 #include <array>
+#include <limits>
 
 namespace ko {
 
@@ -15,10 +18,11 @@ struct Readout {
     const char* unit = "";
 };
 
-/// A number where the page shows one, else the text; none for what is not available.
+/// A number where the page shows one, else the text; none for what is not available or endless.
 Json figure(const Page& page, const std::string& text)
 {
-    if (text.empty() || text == page.notApplicableText)
+    static const std::string endless = numberText(std::numeric_limits<double>::infinity(), Locale{});
+    if (text.empty() || text == page.notApplicableText || text == endless)
         return {};
     const auto number = numberIn(text);
     return number ? Json(*number) : Json(text);

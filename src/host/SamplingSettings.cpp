@@ -4,6 +4,7 @@
 #include "platform/NumberText.h"
 
 #include <array>
+#include <cmath>
 
 namespace ko {
 
@@ -56,7 +57,8 @@ Json read(const PlayedPage& played, const Quantity& quantity)
     if (!timebase)
         return {};
     const double held = (timebase->*quantity.held)();
-    return quantity.isRate ? rateOf(held) : held;
+    const double figure = quantity.isRate ? rateOf(held) : held;
+    return std::isfinite(figure) ? Json(figure) : Json();
 }
 
 std::optional<Range> rangeOf(const Page& page, const Quantity& quantity)
@@ -76,7 +78,8 @@ Offer offerOf(const PlayedPage& played, const Quantity& quantity)
         return offer;
     }
     for (const ComboBox::Item& item : list.items())
-        offer.choices.push_back(item.text);
+        if (numberIn(item.text))
+            offer.choices.push_back(item.text);
     return offer;
 }
 
@@ -88,8 +91,8 @@ Request requestOf(const PlayedPage& played, const Quantity& quantity, const std:
     const Json wanted = number ? Json(*number) : Json(value);
     if (&control == &(played.page().*quantity.box))
         return {{"focus " + control.name(), "text " + control.name() + " " + quotedWord(value), "leave"}, wanted};
-    const std::size_t entry = choiceOf(offerOf(played, quantity).choices, value);
-    return {{"choose " + control.name() + " #" + std::to_string(entry)}, wanted};
+    const std::vector<std::string> choices = offerOf(played, quantity).choices;
+    return {{"choose " + control.name() + " " + quotedWord(choices.at(choiceOf(choices, value)))}, wanted};
 }
 
 Setting settingOf(const Quantity& quantity, const Page& page)

@@ -52,6 +52,11 @@ std::optional<DateTime> timeIn(std::string text)
     }
 }
 
+bool isTimeOfDay(const std::string& text)
+{
+    return timeIn(text) && timeIn("2000-01-01 " + text);
+}
+
 std::string settingText(const Json& value)
 {
     if (value.is_null())
@@ -66,6 +71,13 @@ bool readsSame(const Json& one, const Json& other)
     if (!one.is_number() || !other.is_number())
         return one == other;
     return numberText(one.get<double>(), Locale{}) == numberText(other.get<double>(), Locale{});
+}
+
+std::string oneLine(std::string text)
+{
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
+    std::replace_if(text.begin(), text.end(), isControl, ' ');
+    return text;
 }
 
 std::string quotedWord(std::string_view word)

@@ -23,11 +23,16 @@ std::optional<double> numberIn(std::string_view text);
 std::string isoText(DateTime time);
 /// The same forms, with a blank in place of the T, too.
 std::optional<DateTime> timeIn(std::string text);
+/// Whether such a text names no date.
+bool isTimeOfDay(const std::string& text);
 
 /// A value read: a number or a text as it is, none as the empty text.
 std::string settingText(const Json& value);
 /// Whether both read the same on the page, which shows 15 digits of a number.
 bool readsSame(const Json& one, const Json& other);
+
+/// The text in one line: blanks in place of line breaks and other control characters.
+std::string oneLine(std::string text);
 
 /// A word as scripts hold it, in quotes.
 std::string quotedWord(std::string_view word);
