@@ -1,6 +1,7 @@
 #include "host/FrameWindow.h"
 #include "host/HostTexts.h"
 #include "host/Later.h"
+#include "widgets/Guarded.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -47,8 +48,12 @@ void FrameWindow::showLoaded()
 
 void FrameWindow::openAsking(const QString& file)
 {
-    if (session_.open(fromQt(file), *questions_))
-        showLoaded();
+    guarded(
+        [&] {
+            if (session_.open(fromQt(file), *questions_))
+                showLoaded();
+        },
+        file);
 }
 
 void FrameWindow::chooseSetup()
@@ -97,6 +102,8 @@ void FrameWindow::OnChanged()
 
 void FrameWindow::closeEvent(QCloseEvent* event)
 {
+    // An event starts accepted, and a failure must not close the window.
+    event->ignore();
     event->setAccepted(session_.mayLeave(*questions_));
     if (event->isAccepted())
         rememberPlace();

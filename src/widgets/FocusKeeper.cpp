@@ -16,7 +16,7 @@ FocusKeeper::FocusKeeper(Form& form, QWidget& surface) : form_(form), surface_(s
 {
     surface.installEventFilter(this);
     later_.setSingleShot(true);
-    connect(&later_, &QTimer::timeout, this, [this] {
+    onSignal(&later_, &QTimer::timeout, this, [this] {
         // By then the user may be in a dock.
         const QWidget* focused = surface_.window()->focusWidget();
         if (!focused || focused == &surface_ || surface_.isAncestorOf(focused))

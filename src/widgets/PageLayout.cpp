@@ -1,6 +1,7 @@
 #include "widgets/NoInstrumentPicture.h"
 #include "widgets/PageTexts.h"
 #include "widgets/PageWidget.h"
+#include "widgets/PlainText.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -30,7 +31,7 @@ QWidget& PageWidget::kept(QWidget& widget)
 
 QGridLayout& PageWidget::framed(Frame& frame)
 {
-    auto* heading = new QLabel(view_);
+    auto* heading = new PlainLabel(view_);
     QFont bold;
     bold.setBold(true);
     heading->setFont(bold);
@@ -50,7 +51,7 @@ void PageWidget::addPair(QGridLayout& grid, Label& label, ComboBox& list, TextBo
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
     QPushButton& explain = view_->button(offers);
     explain.setAccessibleName(view_->text(pageText::offersOf).arg(toQt(label.caption())));
-    explain.setToolTip(toQt(offers.tag()));
+    explain.setToolTip(plainTip(toQt(offers.tag())));
     grid.addWidget(&explain, row, buttons);
 }
 
