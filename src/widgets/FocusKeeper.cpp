@@ -172,7 +172,8 @@ bool FocusKeeper::focusCame(QObject* object, QEvent* event)
 bool FocusKeeper::keyPressed(const QKeyEvent& event) const
 {
     KeyPress press{keyCodeOf(event), shiftStateOf(event)};
-    if (press.keyCode == 0 || !form_.keyDown)
+    // The platform knows no fourth key to hold: with it, every key is another one.
+    if (press.keyCode == 0 || !form_.keyDown || event.modifiers().testFlag(Qt::MetaModifier))
         return false;
     guarded([&] { form_.userPressedKey(press); });
     return press.keyCode == 0;
