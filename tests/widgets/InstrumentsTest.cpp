@@ -1,6 +1,8 @@
 #include "FrameTest.h"
 #include "host/DriverLog.h"
 #include "host/InstrumentsView.h"
+#include "host/SetupSaving.h"
+#include "host/SetupWriter.h"
 #include "interfaces/Timebase.h"
 
 #include <QAccessible>
@@ -88,6 +90,50 @@ TEST_F(InstrumentsTest, AChannelIsSwitchedInTheTreeAndThePageTakesTheInstruments
     EXPECT_FALSE(driver().held().groups[0].channels[0].isEnabled());
 }
 
+TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrumentsAreHandedOverAgain)
+{
+    window.open(file("lines.json", R"({"drivers": [
+        {"name": "A", "timebase": {}, "triggerLines": {"startMasterRank": 5},
+         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]},
+        {"name": "B", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}, "groups": [
+         {"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
+    const Soon choose([] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QAbstractButton*>("optStartTrig(5)")->click();
+        dialog->findChild<QAbstractButton*>("optScanTrig(6)")->click();
+        dialog->findChild<QAbstractButton*>("btnOK")->click();
+    });
+    page().mnuTimebaseTriggerLines.userClicked();
+    page().optStartTime.userClicked();
+    const auto held = [&] {
+        ko::Setup setup = withPresentValues({}, window.session().drivers());
+        for (InstrumentSettings& instrument : setup.instruments)
+            instrument.groups.clear();
+        return setupText(setup);
+    };
+    ASSERT_EQ(driver().held().triggerLines->startTriggerLine, 5);
+    const std::string before = held();
+    for (const auto& [change, marks] :
+         {std::pair{std::function([&] {
+                        rows.setData(row({"A", "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole);
+                    }),
+                    true},
+          {[&] { window.instruments().handOver(); }, false},
+          {[&] { window.findChild<QPushButton*>("tryAgain")->click(); }, false},
+          {[&] {
+               rows.setData(row({"B", "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole);
+           },
+           true}}) {
+        window.session().setChanged(false);
+        change();
+        EXPECT_EQ(held(), before);
+        EXPECT_EQ(page().startTriggerLine, 5);
+        EXPECT_EQ(page().scanTriggerLine, 6);
+        EXPECT_EQ(window.session().isChanged(), marks);
+    }
+}
+
 TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
 {
     tree.setCurrentIndex(row({"Digitizer"}));
@@ -128,7 +174,7 @@ TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsRecorded)
     window.instruments().faultChanged(driver(), "", false);
     window.recording().stop();
     const QString lines = toQt(readFile(scenario));
-    EXPECT_TRUE(lines.contains("\nenable 0 0 1 1\nsetup\n")) << lines.toStdString();
+    EXPECT_TRUE(lines.contains("\nenable 0 0 1 1\nshow\ndrivers-changed\n")) << lines.toStdString();
     EXPECT_TRUE(lines.contains("\nfail 0 \"SamplePeriod set\"\n"));
     EXPECT_TRUE(lines.contains("\nheal 0\n"));
 }
