@@ -37,7 +37,7 @@ bool isTicked(const QListWidgetItem& item)
 FaultDialog::FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* parent)
     : QDialog(parent), driver_(driver), list_(new QListWidget(this))
 {
-    setWindowTitle(texts(hostText::faultsOf).arg(toQt(driver.name())));
+    setWindowTitle(texts(hostText::faultsOf).arg(plainTitle(toQt(driver.name()))));
     auto* label = new PlainLabel(texts(hostText::failingOperations), this);
     label->setBuddy(list_);
     list_->setAccessibleName(withoutMnemonic(label->text()));

@@ -2,6 +2,7 @@
 #include "host/HostTexts.h"
 #include "host/Later.h"
 #include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -89,7 +90,7 @@ void FrameWindow::rememberFile()
 
 void FrameWindow::showTitle()
 {
-    const QString name = session_.isOpen() ? toQt(session_.name()) : text(hostText::noSetup);
+    const QString name = session_.isOpen() ? plainTitle(toQt(session_.name())) : text(hostText::noSetup);
     setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, text(hostText::product)));
     setWindowModified(session_.isChanged());
 }

@@ -9,6 +9,11 @@ QString plainTip(const QString& text)
     return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
 }
 
+QString plainTitle(QString text)
+{
+    return text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 PlainLabel::PlainLabel(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);

@@ -11,6 +11,9 @@ namespace ko {
 /// A tool tip or a What's This text that shows just `text`.
 QString plainTip(const QString& text);
 
+/// Part of a window's title, in which the toolkit puts the mark of a change in place of "[*]".
+QString plainTitle(QString text);
+
 /// A label without HTML.
 class PlainLabel : public QLabel {
 public:
