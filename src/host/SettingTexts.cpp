@@ -73,13 +73,6 @@ bool readsSame(const Json& one, const Json& other)
     return numberText(one.get<double>(), Locale{}) == numberText(other.get<double>(), Locale{});
 }
 
-std::string oneLine(std::string text)
-{
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
-    std::replace_if(text.begin(), text.end(), isControl, ' ');
-    return text;
-}
-
 std::string quotedWord(std::string_view word)
 {
     std::string result = "\"";

@@ -31,9 +31,6 @@ std::string settingText(const Json& value);
 /// Whether both read the same on the page, which shows 15 digits of a number.
 bool readsSame(const Json& one, const Json& other);
 
-/// The text in one line: blanks in place of line breaks and other control characters.
-std::string oneLine(std::string text);
-
 /// A word as scripts hold it, in quotes.
 std::string quotedWord(std::string_view word);
 

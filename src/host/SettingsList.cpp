@@ -1,5 +1,6 @@
 #include "host/SettingsList.h"
 
+#include "host/InputError.h"
 #include "host/OffersList.h"
 #include "platform/Utf8.h"
 

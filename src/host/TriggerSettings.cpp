@@ -1,5 +1,6 @@
 #include "host/Settings.h"
 
+#include "host/InputError.h"
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"

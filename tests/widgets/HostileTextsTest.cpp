@@ -143,8 +143,8 @@ TEST_F(HostileTextsTest, HelpShowsTheFilesOfItsFolderAlone)
     help.turnTo(0);
     for (const QString& url :
          {QString("../outside.html"), QString("link.html"), QString("file:///etc/passwd"), QString("http://127.0.0.1/"),
-          QString("qrc:/help/index.html"), QString("data:text/html,x"),
-          QString("file://host/help/index.html"), QString("."), QString("gone.html"), "file://" + toQt(outside)}) {
+          QString("qrc:/help/index.html"), QString("data:text/html,x"), QString("file://host/help/index.html"),
+          QString("."), QString("gone.html"), "file://" + toQt(outside)}) {
         help.browser().setSource(url);
         EXPECT_EQ(help.browser().toPlainText(), "contents") << url.toStdString();
         for (const int type : {QTextDocument::ImageResource, QTextDocument::StyleSheetResource})

@@ -95,14 +95,13 @@ TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrument
     window.open(file("lines.json", R"({"drivers": [
         {"name": "A", "timebase": {}, "triggerLines": {"startMasterRank": 5},
          "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]},
-        {"name": "B", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}, "groups": [
-         {"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
+        {"name": "B", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5},
+         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
     const Soon choose([] {
         QWidget* const dialog = QApplication::activeModalWidget();
         ASSERT_NE(dialog, nullptr);
-        dialog->findChild<QAbstractButton*>("optStartTrig(5)")->click();
-        dialog->findChild<QAbstractButton*>("optScanTrig(6)")->click();
-        dialog->findChild<QAbstractButton*>("btnOK")->click();
+        for (const char* const button : {"optStartTrig(5)", "optScanTrig(6)", "btnOK"})
+            dialog->findChild<QAbstractButton*>(button)->click();
     });
     page().mnuTimebaseTriggerLines.userClicked();
     page().optStartTime.userClicked();
@@ -114,22 +113,19 @@ TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrument
     };
     ASSERT_EQ(driver().held().triggerLines->startTriggerLine, 5);
     const std::string before = held();
-    for (const auto& [change, marks] :
-         {std::pair{std::function([&] {
-                        rows.setData(row({"A", "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole);
-                    }),
-                    true},
-          {[&] { window.instruments().handOver(); }, false},
-          {[&] { window.findChild<QPushButton*>("tryAgain")->click(); }, false},
-          {[&] {
-               rows.setData(row({"B", "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole);
-           },
-           true}}) {
+    const auto tick = [&](const char* name) {
+        return [this, name] { rows.setData(row({name, "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole); };
+    };
+    const std::pair<std::function<void()>, bool> changes[]{
+        {tick("A"), true},
+        {[&] { window.instruments().handOver(); }, false},
+        {[&] { window.findChild<QPushButton*>("tryAgain")->click(); }, false},
+        {tick("B"), true}};
+    for (const auto& [change, marks] : changes) {
         window.session().setChanged(false);
         change();
         EXPECT_EQ(held(), before);
-        EXPECT_EQ(page().startTriggerLine, 5);
-        EXPECT_EQ(page().scanTriggerLine, 6);
+        EXPECT_EQ(std::pair(page().startTriggerLine, page().scanTriggerLine), std::pair(5, 6));
         EXPECT_EQ(window.session().isChanged(), marks);
     }
 }
