@@ -1,5 +1,7 @@
 #include "host/DockLayout.h"
 
+#include "widgets/Guarded.h"
+
 #include <QAbstractItemView>
 #include <QAction>
 #include <QBoxLayout>
@@ -24,8 +26,8 @@ void layDock(QDockWidget& dock, QAbstractItemView& view)
         button->setToolTip(action->toolTip());
         button->setAutoDefault(false);
         button->setEnabled(action->isEnabled());
-        QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
-        QObject::connect(action, &QAction::enabledChanged, button, &QWidget::setEnabled);
+        onSignal(button, &QPushButton::clicked, action, [action] { action->trigger(); });
+        onSignal(action, &QAction::enabledChanged, button, [button](bool on) { button->setEnabled(on); });
         buttons->addWidget(button);
     }
     view.setContextMenuPolicy(Qt::ActionsContextMenu);

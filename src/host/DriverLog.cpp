@@ -3,6 +3,7 @@
 #include "host/DockLayout.h"
 #include "host/HostTexts.h"
 #include "host/Later.h"
+#include "widgets/Guarded.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -43,7 +44,7 @@ void DriverLog::makeActions(const Texts& texts)
     const auto add = [&](int text, const char* name, auto act) {
         auto* action = new QAction(texts(text), view_);
         action->setObjectName(QLatin1String(name));
-        connect(action, &QAction::triggered, this, act);
+        onSignal(action, &QAction::triggered, this, act);
         view_->addAction(action);
     };
     add(hostText::copyLog, "copyLog", [this] { copy(); });
@@ -52,7 +53,7 @@ void DriverLog::makeActions(const Texts& texts)
 
 void DriverLog::followTheEnd()
 {
-    connect(model_, &QAbstractItemModel::rowsInserted, this, [this] {
+    onSignal(model_, &QAbstractItemModel::rowsInserted, this, [this] {
         const QScrollBar& bar = *view_->verticalScrollBar();
         if (bar.value() == bar.maximum())
             later(*view_, [this] { view_->scrollToBottom(); });

@@ -1,6 +1,8 @@
 #include "host/DriverLogModel.h"
 
 #include "host/HostTexts.h"
+#include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -37,7 +39,7 @@ QString joined(const std::vector<std::int32_t>& arguments)
 DriverLogModel::DriverLogModel(Texts texts, QObject* parent) : QAbstractTableModel(parent), texts_(std::move(texts))
 {
     idle_.setSingleShot(true);
-    connect(&idle_, &QTimer::timeout, this, &DriverLogModel::flush);
+    onSignal(&idle_, &QTimer::timeout, this, [this] { flush(); });
 }
 
 void DriverLogModel::add(const SimulatedDriver& driver, const DriverCall& call)
@@ -49,7 +51,8 @@ void DriverLogModel::add(const SimulatedDriver& driver, const DriverCall& call)
 
 void DriverLogModel::add(const SimulatedDriver& driver, const FailedCall& call)
 {
-    const QString failure = QStringLiteral("%1 (%2)").arg(toQt(call.failure.what())).arg(call.failure.number());
+    const QString failure =
+        QStringLiteral("%1 (%2)").arg(toQt(call.failure.what()), QString::number(call.failure.number()));
     put({QDateTime::currentMSecsSinceEpoch(), toQt(driver.name()), call.operation, call.arguments, shown(call.value),
          QString(), failure});
 }
@@ -153,8 +156,10 @@ QVariant DriverLogModel::data(const QModelIndex& index, int role) const
     if (!index.isValid())
         return {};
     const Entry& entry = entries_[static_cast<std::size_t>(index.row())];
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    if (role == Qt::DisplayRole)
         return text(entry, index.column());
+    if (role == Qt::ToolTipRole)
+        return plainTip(text(entry, index.column()));
     if (role == Qt::DecorationRole && index.column() == Result && !entry.failure.isEmpty())
         return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
     return {};

@@ -2,14 +2,16 @@
 
 #include "host/HostTexts.h"
 #include "platform/DateTimes.h"
+#include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QBoxLayout>
-#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QStyle>
+#include <QTime>
 #include <algorithm>
 
 namespace ko {
@@ -25,18 +27,16 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
 QString timeText(DateTime time)
 {
     const DateParts parts = dateParts(time);
-    return QStringLiteral("%1:%2:%3")
-        .arg(parts.hour, 2, 10, QChar(u'0'))
-        .arg(parts.minute, 2, 10, QChar(u'0'))
-        .arg(parts.second, 2, 10, QChar(u'0'));
+    return QTime(parts.hour, parts.minute, parts.second).toString(QStringLiteral("HH:mm:ss"));
 }
 
 } // namespace
 
 FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
     : QFrame(parent), countText_(texts(hostText::failingCount)), lineText_(texts(hostText::failingLine)),
-      moreText_(texts(hostText::failingMore)), allAnswerText_(texts(hostText::allAnswer)), heading_(new QLabel(this)),
-      more_(new QLabel(this)), list_(new QListWidget(this)), button_(new QPushButton(texts(hostText::tryAgain), this))
+      moreText_(texts(hostText::failingMore)), allAnswerText_(texts(hostText::allAnswer)),
+      heading_(new PlainLabel(this)), more_(new PlainLabel(this)), list_(new QListWidget(this)),
+      button_(new QPushButton(texts(hostText::tryAgain), this))
 {
     QAccessible::installFactory(interfaceOf);
     setObjectName(QStringLiteral("failures"));
@@ -47,22 +47,22 @@ FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
     list_->setTextElideMode(Qt::ElideRight);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     button_->setObjectName(QStringLiteral("tryAgain"));
-    button_->setToolTip(texts(hostText::tryAgainHint));
-    button_->setStatusTip(button_->toolTip());
+    button_->setToolTip(plainTip(texts(hostText::tryAgainHint)));
+    button_->setStatusTip(texts(hostText::tryAgainHint));
     // Enter presses it, too.
     button_->setAutoDefault(true);
     makeLayout();
     for (QTimer* timer : {&idle_, &quiet_})
         timer->setSingleShot(true);
-    connect(&idle_, &QTimer::timeout, this, &FailureStrip::refresh);
-    connect(&quiet_, &QTimer::timeout, this, &FailureStrip::settle);
-    connect(button_, &QPushButton::clicked, this, [this] { tryAgain ? tryAgain() : void(); });
+    onSignal(&idle_, &QTimer::timeout, this, [this] { refresh(); });
+    onSignal(&quiet_, &QTimer::timeout, this, [this] { settle(); });
+    onSignal(button_, &QPushButton::clicked, this, [this] { tryAgain ? tryAgain() : void(); });
     hide();
 }
 
 void FailureStrip::makeLayout()
 {
-    auto* sign = new QLabel(this);
+    auto* sign = new PlainLabel(this);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
     auto* title = new QHBoxLayout;
@@ -122,7 +122,7 @@ void FailureStrip::showLines(const std::vector<DriverFailure>& failures)
     for (int line = 0; line < count; ++line) {
         const QString text = lineOf(failures[static_cast<std::size_t>(line)]);
         list_->item(line)->setText(text);
-        list_->item(line)->setToolTip(text);
+        list_->item(line)->setToolTip(plainTip(text));
     }
     heading_->setText(count > 0 ? countText_.arg(count) : allAnswerText_);
     more_->setText(count > mostLines ? moreText_.arg(count - mostLines) : QString());

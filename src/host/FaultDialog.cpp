@@ -1,10 +1,11 @@
 #include "host/FaultDialog.h"
 
 #include "host/HostTexts.h"
+#include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
 #include <QBoxLayout>
 #include <QDialogButtonBox>
-#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <algorithm>
@@ -36,8 +37,8 @@ bool isTicked(const QListWidgetItem& item)
 FaultDialog::FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* parent)
     : QDialog(parent), driver_(driver), list_(new QListWidget(this))
 {
-    setWindowTitle(texts(hostText::faultsOf).arg(toQt(driver.name())));
-    auto* label = new QLabel(texts(hostText::failingOperations), this);
+    setWindowTitle(texts(hostText::faultsOf).arg(plainTitle(toQt(driver.name()))));
+    auto* label = new PlainLabel(texts(hostText::failingOperations), this);
     label->setBuddy(list_);
     list_->setAccessibleName(withoutMnemonic(label->text()));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -47,9 +48,9 @@ FaultDialog::FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* p
     column->addWidget(label);
     column->addWidget(list_);
     column->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(heal, &QPushButton::clicked, this, [this] {
+    onSignal(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
+    onSignal(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+    onSignal(heal, &QPushButton::clicked, this, [this] {
         healsAll_ = true;
         for (int i = 0; i < list_->count(); ++i)
             list_->item(i)->setCheckState(Qt::Unchecked);

@@ -1,6 +1,8 @@
 #include "host/FrameWindow.h"
 #include "host/HostTexts.h"
 #include "host/Later.h"
+#include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -47,8 +49,12 @@ void FrameWindow::showLoaded()
 
 void FrameWindow::openAsking(const QString& file)
 {
-    if (session_.open(fromQt(file), *questions_))
-        showLoaded();
+    guarded(
+        [&] {
+            if (session_.open(fromQt(file), *questions_))
+                showLoaded();
+        },
+        file);
 }
 
 void FrameWindow::chooseSetup()
@@ -84,7 +90,7 @@ void FrameWindow::rememberFile()
 
 void FrameWindow::showTitle()
 {
-    const QString name = session_.isOpen() ? toQt(session_.name()) : text(hostText::noSetup);
+    const QString name = session_.isOpen() ? plainTitle(toQt(session_.name())) : text(hostText::noSetup);
     setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, text(hostText::product)));
     setWindowModified(session_.isChanged());
 }
@@ -97,6 +103,8 @@ void FrameWindow::OnChanged()
 
 void FrameWindow::closeEvent(QCloseEvent* event)
 {
+    // An event starts accepted, and a failure must not close the window.
+    event->ignore();
     event->setAccepted(session_.mayLeave(*questions_));
     if (event->isAccepted())
         rememberPlace();

@@ -25,20 +25,37 @@ void FrameWindow::showOnPage(const SimulatedDrivers& drivers)
     document_->UserDocument_Show();
 }
 
-void FrameWindow::handOverAgain()
+/// The page writes the start and stop that it holds before it takes over those of the instruments, one of which may
+/// have failed to take them.
+void FrameWindow::rebuildPage(const std::function<void()>& before)
 {
     QWidget* const focused = QApplication::focusWidget();
-    recording_->host({"setup"});
-    const SimulatedDrivers& drivers = session_.drivers();
     watch_.health().rebuild([&] {
-        document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
-        document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
+        before();
+        recording_->host({"show"});
+        document_->UserDocument_Show();
+        recording_->host({"drivers-changed"});
         document_->drivers().DriversHaveChanged();
     });
     instruments_->refresh();
     // The page's own focus does not call the user away from the instruments.
     if (isInDock(focused))
         focused->setFocus();
+}
+
+/// A page that is shown clears the trigger lines of the instruments in a list that it is given.
+void FrameWindow::handOverAgain()
+{
+    const SimulatedDrivers& drivers = session_.drivers();
+    const auto count = static_cast<std::int32_t>(drivers.size());
+    rebuildPage([&] {
+        recording_->host({"hide"});
+        document_->UserDocument_Hide();
+        recording_->host({"announce", std::to_string(count)});
+        document_->drivers().setNumberOfDrivers(count);
+        recording_->host({"hand-over"});
+        document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
+    });
 }
 
 std::string FrameWindow::numberOf(const SimulatedDriver& driver) const
@@ -64,7 +81,8 @@ bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel,
     recording_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
     driver.enableChannel(group, channel, on);
     session_.setChanged(true);
-    handOverAgain();
+    // No list: the instruments are the same.
+    rebuildPage([] {});
     return true;
 }
 

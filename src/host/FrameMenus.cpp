@@ -6,11 +6,11 @@
 #include "host/Reports.h"
 #include "host/SheetTexts.h"
 #include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QMenuBar>
-#include <QMessageBox>
 
 namespace ko {
 
@@ -21,7 +21,7 @@ QString entryOf(int number, const QString& file)
 {
     const QFileInfo info(file);
     QString text = QStringLiteral("%1 (%2)").arg(info.fileName(), info.path());
-    return QStringLiteral("&%1  %2").arg(number).arg(text.replace(u'&', QStringLiteral("&&")));
+    return QStringLiteral("&%1  %2").arg(QString::number(number), text.replace(u'&', QStringLiteral("&&")));
 }
 
 } // namespace
@@ -39,7 +39,7 @@ QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, 
 {
     QAction* entry = menu.addAction(text(label));
     entry->setShortcut(key);
-    connect(entry, &QAction::triggered, this, [act = std::move(act)] { guarded(act); });
+    onSignal(entry, &QAction::triggered, this, std::move(act));
     return *entry;
 }
 
@@ -66,7 +66,7 @@ void FrameWindow::makeRecentMenu(QMenu& menu)
 {
     QMenu* recent = menu.addMenu(text(hostText::recentFiles));
     recent->setObjectName(QStringLiteral("recentFiles"));
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(*recent); });
+    onSignal(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(*recent); });
 }
 
 void FrameWindow::fillRecentMenu(QMenu& menu)
@@ -78,8 +78,9 @@ void FrameWindow::fillRecentMenu(QMenu& menu)
     }
     int number = 0;
     for (const QString& file : recent_.files()) {
-        const QAction* entry = menu.addAction(entryOf(++number, file));
-        connect(entry, &QAction::triggered, this, [this, file] { guarded([&] { openRecent(file); }); });
+        QAction* entry = menu.addAction(entryOf(++number, file));
+        entry->setToolTip(plainTip(file));
+        onSignal(entry, &QAction::triggered, this, [this, file] { openRecent(file); });
     }
     menu.addSeparator();
     addEntry(menu, hostText::clearRecent, {}, [this] { recent_.clear(); });
@@ -99,11 +100,11 @@ void FrameWindow::makeEditMenu()
                                               Entry{hostText::erase, QKeySequence::Delete, command::erase}}) {
         QAction* action = menu->addAction(text(label));
         action->setShortcuts(key);
-        connect(action, &QAction::triggered, this, [this, id = command] { runCommand(id); });
-        connect(menu, &QMenu::aboutToShow, action,
-                [this, action, id = command] { action->setEnabled(isAvailable(id)); });
+        onSignal(action, &QAction::triggered, this, [this, id = command] { runCommand(id); });
+        onSignal(menu, &QMenu::aboutToShow, action,
+                 [this, action, id = command] { action->setEnabled(isAvailable(id)); });
         // A disabled action would not hear its key.
-        connect(menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
+        onSignal(menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
     }
 }
 
@@ -112,7 +113,7 @@ void FrameWindow::makeViewMenu()
     QMenu& menu = *menuBar()->addMenu(text(hostText::viewMenu));
     QAction* readOnly = menu.addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
-    connect(readOnly, &QAction::toggled, this, [this](bool on) {
+    onSignal(readOnly, &QAction::toggled, this, [this](bool on) {
         recording_->host({"read-only", on ? "on" : "off"});
         watch_.health().rebuild([&] { document_->mode().setReadOnly(on); });
     });
@@ -127,7 +128,7 @@ void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)
     QAction* toggle = dock.toggleViewAction();
     toggle->setText(text(label));
     menu.addAction(toggle);
-    connect(toggle, &QAction::triggered, this, [&dock](bool shown) {
+    onSignal(toggle, &QAction::triggered, this, [&dock](bool shown) {
         if (shown)
             dock.setFocus(Qt::OtherFocusReason);
     });
@@ -149,7 +150,9 @@ void FrameWindow::showHelp(std::int32_t topic)
 
 void FrameWindow::showAbout()
 {
-    QMessageBox::about(this, withoutMnemonic(text(hostText::about)), text(hostText::aboutText));
+    PlainBox(QMessageBox::NoIcon, withoutMnemonic(text(hostText::about)), text(hostText::aboutText), {},
+             QMessageBox::Ok, this)
+        .exec();
 }
 
 } // namespace ko

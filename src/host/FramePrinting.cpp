@@ -2,8 +2,9 @@
 #include "host/HostTexts.h"
 #include "host/SheetPages.h"
 #include "host/SheetTexts.h"
+#include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 
@@ -27,7 +28,7 @@ void FrameWindow::previewPrint()
     QPrinter printer(QPrinter::HighResolution);
     QPrintPreviewDialog dialog(&printer, this);
     dialog.resize(size().expandedTo(dialog.sizeHint()));
-    connect(&dialog, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* asked) { printOn(*asked); });
+    onSignal(&dialog, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* asked) { printOn(*asked); });
     dialog.exec();
 }
 
@@ -62,7 +63,8 @@ SheetSource FrameWindow::sheet()
 void FrameWindow::printSheetOn(QPrinter& printer)
 {
     if (!ko::printSheet(sheet(), printer))
-        QMessageBox::warning(this, text(hostText::product), text(sheetText::notPrinted));
+        PlainBox(QMessageBox::Warning, text(hostText::product), text(sheetText::notPrinted), {}, QMessageBox::Ok, this)
+            .exec();
 }
 
 } // namespace ko

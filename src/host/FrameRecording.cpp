@@ -7,7 +7,6 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QStatusBar>
 
 namespace ko {
@@ -29,9 +28,8 @@ FrameRecording::FrameRecording(RecordingFrame frame) : frame_(std::move(frame))
 {
     action_.setText(frame_.texts(recordingText::menu));
     action_.setCheckable(true);
-    connect(&action_, &QAction::triggered, this, [this](bool on) { guarded([&] { on ? chooseFile() : stop(); }); });
+    onSignal(&action_, &QAction::triggered, this, [this](bool on) { on ? chooseFile() : stop(); });
     sign_.setObjectName(QStringLiteral("recording"));
-    sign_.setTextFormat(Qt::PlainText);
     sign_.hide();
     frame_.window.statusBar()->addPermanentWidget(&sign_);
     frame_.services.modalForms.opened = [this](const Form& form) {
@@ -143,11 +141,9 @@ void FrameRecording::failed()
 
 void FrameRecording::warn(const QString& reason)
 {
-    QMessageBox box(QMessageBox::Warning, frame_.texts(recordingText::title), frame_.texts(recordingText::stopped),
-                    QMessageBox::Ok, &frame_.window);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(reason);
-    box.exec();
+    PlainBox(QMessageBox::Warning, frame_.texts(recordingText::title), frame_.texts(recordingText::stopped), reason,
+             QMessageBox::Ok, &frame_.window)
+        .exec();
 }
 
 } // namespace ko

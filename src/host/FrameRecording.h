@@ -4,10 +4,10 @@
 #include "host/Recorder.h"
 #include "host/SetupFile.h"
 #include "widgets/Convert.h"
+#include "widgets/PlainText.h"
 #include "widgets/QtServices.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QMainWindow>
 #include <memory>
 
@@ -63,7 +63,7 @@ private:
     std::unique_ptr<Recorder> recorder_;
     std::string startSetup_; ///< until it has been shown
     QAction action_;
-    QLabel sign_;
+    PlainLabel sign_{nullptr};
 };
 
 } // namespace ko

@@ -244,14 +244,14 @@ void FrameWindow::runCommand(std::int32_t command)
 
 void FrameWindow::keyPressEvent(QKeyEvent* event)
 {
+    const bool isHelp = event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier;
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (!isInDock(focusWidget()))
             sendCommand(command::acceptEntry);
         break;
-    case Qt::Key_F1: runCommand(command::help); break;
-    default: QMainWindow::keyPressEvent(event);
+    default: isHelp ? runCommand(command::help) : QMainWindow::keyPressEvent(event);
     }
 }
 

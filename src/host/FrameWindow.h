@@ -95,7 +95,9 @@ private:
     /// Shows the session's instruments on the page anew.
     void handOver();
     void showOnPage(const SimulatedDrivers& drivers);
-    /// Hands the same instruments over again, whose settings somebody else has changed.
+    /// Has the page read its instruments again; their trigger lines stay. `before` runs first.
+    void rebuildPage(const std::function<void()>& before);
+    /// Hands the same instruments over again, one of which may have failed before; nothing that is set changes.
     void handOverAgain();
     bool enableChannel(SimulatedDriver& driver, int group, int channel, bool on);
     [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;

@@ -3,6 +3,7 @@
 #include "host/DataFolders.h"
 #include "host/HostTexts.h"
 #include "interfaces/ClientSite.h"
+#include "widgets/Guarded.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -30,13 +31,20 @@ QString pageOf(std::int32_t topic)
     }
 }
 
-/// Shows a picture that is wider than the page as wide as the page.
+/// Shows what is in its folder and nothing else, and a picture that is wider than the page as wide as the page.
 class HelpBrowser : public QTextBrowser {
 public:
-    using QTextBrowser::QTextBrowser;
+    HelpBrowser(const QString& folder, QWidget* parent)
+        : QTextBrowser(parent), folder_(QFileInfo(folder).canonicalFilePath())
+    {
+        setOpenLinks(true);
+        setOpenExternalLinks(false);
+    }
 
     QVariant loadResource(int type, const QUrl& name) override
     {
+        if (!isInFolder(name))
+            return {};
         const QVariant resource = QTextBrowser::loadResource(type, name);
         if (type != QTextDocument::ImageResource)
             return resource;
@@ -47,12 +55,32 @@ public:
             return resource;
         return picture.scaledToWidth(room, Qt::SmoothTransformation);
     }
+
+protected:
+    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override
+    {
+        if (isInFolder(name))
+            QTextBrowser::doSetSource(name, type);
+    }
+
+private:
+    /// A file of the folder itself, as a link or by its path.
+    [[nodiscard]] bool isInFolder(const QUrl& name) const
+    {
+        const QUrl url = source().resolved(name);
+        const QFileInfo file(url.toLocalFile());
+        return url.isLocalFile() && url.host().isEmpty() && file.isFile() &&
+               QFileInfo(file.canonicalFilePath()).path() == folder_;
+    }
+
+    QString folder_; ///< canonical; empty where there is none
 };
 
 } // namespace
 
 HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* parent)
-    : QDialog(parent), folder_(folder), missingText_(texts(hostText::helpMissing)), browser_(new HelpBrowser(this))
+    : QDialog(parent), folder_(folder), missingText_(texts(hostText::helpMissing)),
+      browser_(new HelpBrowser(folder, this))
 {
     setObjectName(QStringLiteral("help"));
     setWindowTitle(withoutMnemonic(texts(hostText::helpMenu)));
@@ -65,7 +93,7 @@ HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* paren
     auto& close = *buttons->addButton(texts(hostText::closeHelp), QDialogButtonBox::RejectRole);
     close.setDefault(true);
     connectButtons(contents, back, forward);
-    connect(&close, &QPushButton::clicked, this, &QDialog::reject);
+    onSignal(&close, &QPushButton::clicked, this, [this] { reject(); });
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(browser_);
     layout->addWidget(buttons);
@@ -79,12 +107,12 @@ void HelpWindow::connectButtons(QPushButton& contents, QPushButton& back, QPushB
 {
     back.setEnabled(false);
     forward.setEnabled(false);
-    connect(&contents, &QPushButton::clicked, this, [this] { showPage(pageOf(0)); });
-    connect(&back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
-    connect(&forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
-    connect(browser_, &QTextBrowser::backwardAvailable, &back, &QPushButton::setEnabled);
-    connect(browser_, &QTextBrowser::forwardAvailable, &forward, &QPushButton::setEnabled);
-    connect(browser_, &QTextBrowser::sourceChanged, this, [this] { setWindowTitle(browser_->documentTitle()); });
+    onSignal(&contents, &QPushButton::clicked, this, [this] { showPage(pageOf(0)); });
+    onSignal(&back, &QPushButton::clicked, browser_, [this] { browser_->backward(); });
+    onSignal(&forward, &QPushButton::clicked, browser_, [this] { browser_->forward(); });
+    onSignal(browser_, &QTextBrowser::backwardAvailable, &back, [&back](bool on) { back.setEnabled(on); });
+    onSignal(browser_, &QTextBrowser::forwardAvailable, &forward, [&forward](bool on) { forward.setEnabled(on); });
+    onSignal(browser_, &QTextBrowser::sourceChanged, this, [this] { setWindowTitle(browser_->documentTitle()); });
 }
 
 void HelpWindow::turnTo(std::int32_t topic)

@@ -9,7 +9,7 @@ class QTextBrowser;
 
 namespace ko {
 
-/// The host's help: pages that lead to each other, with the way back.
+/// The host's help: pages that lead to each other, with the way back. It shows files of its folder and nothing else.
 class HelpWindow : public QDialog {
 public:
     /// `folder` holds the pages of one language.

@@ -7,9 +7,8 @@
 
 namespace ko {
 
-HintLine::HintLine(QWidget* parent) : QLabel(parent)
+HintLine::HintLine(QWidget* parent) : PlainLabel(parent)
 {
-    setTextFormat(Qt::PlainText);
     setMinimumWidth(1);
     setContentsMargins(fontMetrics().height() / 3, 0, 0, 0);
 }
@@ -29,8 +28,8 @@ void HintLine::paintEvent(QPaintEvent*)
 bool HintLine::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip || shown() == text())
-        return QLabel::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        return PlainLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainTip(text()), this);
     return true;
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QLabel>
+#include "widgets/PlainText.h"
 
 namespace ko {
 
 /// A line of plain text that ends in dots where it is longer than its room; its tool tip then says all of it. It asks
 /// for no width.
-class HintLine : public QLabel {
+class HintLine : public PlainLabel {
 public:
     explicit HintLine(QWidget* parent);
 

@@ -13,7 +13,7 @@ bool isContinuation(char byte)
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-std::string oneLine(std::string text)
+std::string shortened(std::string text)
 {
     if (text.size() > longest) {
         std::size_t end = longest;
@@ -21,14 +21,19 @@ std::string oneLine(std::string text)
             --end;
         text.resize(end);
     }
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
     return text;
 }
 
 } // namespace
 
-InputError::InputError(const std::string& what) : std::runtime_error(oneLine(what)) {}
+std::string oneLine(std::string text)
+{
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
+    std::replace_if(text.begin(), text.end(), isControl, ' ');
+    return text;
+}
+
+InputError::InputError(const std::string& what) : std::runtime_error(oneLine(shortened(what))) {}
 
 InputError::InputError(const std::string& file, int line, const std::string& what)
     : InputError(file + ":" + std::to_string(line) + ": " + what)

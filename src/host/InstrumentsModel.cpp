@@ -1,6 +1,7 @@
 #include "host/InstrumentsModel.h"
 
 #include "host/HostTexts.h"
+#include "widgets/PlainText.h"
 
 #include <QApplication>
 #include <QStyle>
@@ -84,7 +85,7 @@ QVariant InstrumentsModel::data(const QModelIndex& index, int role) const
         !shown.driver().calls().failing().empty())
         return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
     if (role == Qt::ToolTipRole)
-        return data(index, Qt::DisplayRole);
+        return plainTip(data(index, Qt::DisplayRole).toString());
     return {};
 }
 

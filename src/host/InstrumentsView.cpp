@@ -3,6 +3,8 @@
 #include "host/DockLayout.h"
 #include "host/FaultDialog.h"
 #include "host/HostTexts.h"
+#include "widgets/Guarded.h"
+#include "widgets/PlainText.h"
 
 #include <QAction>
 #include <QHeaderView>
@@ -51,15 +53,15 @@ void InstrumentsView::makeActions()
         return action;
     };
     faults_ = add(hostText::faults, "faults", QKeySequence(Qt::CTRL | Qt::Key_F));
-    faults_->setToolTip(texts_(hostText::faultsHint));
+    faults_->setToolTip(plainTip(texts_(hostText::faultsHint)));
     faults_->setEnabled(false);
-    connect(faults_, &QAction::triggered, this, &InstrumentsView::askForFaults);
+    onSignal(faults_, &QAction::triggered, this, [this] { askForFaults(); });
     handOver_ = add(hostText::handOver, "handOver", QKeySequence(QKeySequence::Refresh));
-    handOver_->setToolTip(texts_(hostText::handOverHint));
-    connect(handOver_, &QAction::triggered, this, [this] { handOver ? handOver() : void(); });
-    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& current) { faults_->setEnabled(current.isValid()); });
-    connect(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
+    handOver_->setToolTip(plainTip(texts_(hostText::handOverHint)));
+    onSignal(handOver_, &QAction::triggered, this, [this] { handOver ? handOver() : void(); });
+    onSignal(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+             [this](const QModelIndex& current) { faults_->setEnabled(current.isValid()); });
+    onSignal(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
 }
 
 void InstrumentsView::show(const SimulatedDrivers& drivers)

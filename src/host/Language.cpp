@@ -43,7 +43,8 @@ std::string languageContent(const std::string& language)
 {
     if (language.empty() || language == english)
         return {};
-    if (std::filesystem::is_regular_file(language))
+    std::error_code unknown;
+    if (std::filesystem::is_regular_file(language, unknown))
         return readFile(language);
     if (const auto file = stringFile(language))
         return readFile(file->string());

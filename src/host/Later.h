@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/Guarded.h"
+
 #include <QTimer>
 #include <functional>
 
@@ -9,7 +11,7 @@ namespace ko {
 inline void later(QObject& owner, std::function<void()> act)
 {
     auto* timer = new QTimer(&owner);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+    onSignal(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
         timer->deleteLater();
         act();
     });

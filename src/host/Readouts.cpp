@@ -1,5 +1,6 @@
 #include "host/Settings.h"
 
+
 #include <array>
 #include <cmath>
 

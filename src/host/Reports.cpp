@@ -1,6 +1,7 @@
 #include "host/Reports.h"
 
 #include "host/HostTexts.h"
+#include "widgets/Guarded.h"
 
 #include <QListWidget>
 #include <QPointer>
@@ -44,13 +45,13 @@ Reports::Reports(const Texts& texts, QWidget* parent)
     button_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button_->setStatusTip(texts(hostText::reportsHint));
     button_->hide();
-    QObject::connect(button_, &QToolButton::clicked, this, [this] { setVisible(!isVisible()); });
+    onSignal(button_, &QToolButton::clicked, this, [this] { setVisible(!isVisible()); });
 }
 
 void Reports::add(std::int32_t number, const QString& source, const QString& description)
 {
     const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
-    list_->addItem(QStringLiteral("%1  %2  %3 (%4)").arg(time, source, description).arg(number));
+    list_->addItem(QStringLiteral("%1  %2  %3 (%4)").arg(time, source, description, QString::number(number)));
     if (list_->count() > kept)
         delete list_->takeItem(0);
     list_->scrollToBottom();

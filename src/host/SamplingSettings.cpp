@@ -3,6 +3,8 @@
 #include "page/Quantities.h"
 #include "platform/NumberText.h"
 
+#include <cmath>
+
 namespace ko {
 
 namespace {
@@ -27,7 +29,8 @@ Json read(const PlayedPage& played, const Quantity& quantity)
     if (!at)
         return {};
     const double held = (at.timebase->*quantity.number->get)();
-    return quantity.isRate ? rateOf(held) : held;
+    const double figure = quantity.isRate ? rateOf(held) : held;
+    return std::isfinite(figure) ? Json(figure) : Json();
 }
 
 std::optional<Range> rangeOf(const Page& page, const Quantity& quantity)
@@ -47,7 +50,8 @@ Offer offerOf(const PlayedPage& played, const Quantity& quantity)
         return offer;
     }
     for (const ComboBox::Item& item : list.items())
-        offer.choices.push_back(item.text);
+        if (numberIn(item.text))
+            offer.choices.push_back(item.text);
     return offer;
 }
 
@@ -59,8 +63,8 @@ Request requestOf(const PlayedPage& played, const Quantity& quantity, const std:
     const Json wanted = number ? Json(*number) : Json(value);
     if (&control == &(played.page().*quantity.box))
         return {{"focus " + control.name(), "text " + control.name() + " " + quotedWord(value), "leave"}, wanted};
-    const std::size_t entry = choiceOf(offerOf(played, quantity).choices, value);
-    return {{"choose " + control.name() + " #" + std::to_string(entry)}, wanted};
+    const std::vector<std::string> choices = offerOf(played, quantity).choices;
+    return {{"choose " + control.name() + " " + quotedWord(choices.at(choiceOf(choices, value)))}, wanted};
 }
 
 Setting settingOf(const Quantity& quantity, const Page& page)

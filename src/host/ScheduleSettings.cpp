@@ -87,6 +87,8 @@ Request pickTime(const Page& page, const TimeBox& times, const std::string& valu
     const auto time = timeIn(value);
     if (!time)
         throw Refusal("\"" + value + "\" is no time such as 2026-11-21T09:30:00 or 09:30:00");
+    if (!time->hasDate() && !isTimeOfDay(value))
+        throw Refusal("\"" + value + "\" is too early: the first day that can be chosen is 1899-12-31");
     const std::string iso = isoText(*time);
     std::vector<std::string> script{"dialog SetDateTime"};
     if (time->hasDate()) {

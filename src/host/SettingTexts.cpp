@@ -52,6 +52,11 @@ std::optional<DateTime> timeIn(std::string text)
     }
 }
 
+bool isTimeOfDay(const std::string& text)
+{
+    return timeIn(text) && timeIn("2000-01-01 " + text);
+}
+
 std::string settingText(const Json& value)
 {
     if (value.is_null())

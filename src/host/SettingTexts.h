@@ -23,6 +23,8 @@ std::optional<double> numberIn(std::string_view text);
 std::string isoText(DateTime time);
 /// The same forms, with a blank in place of the T, too.
 std::optional<DateTime> timeIn(std::string text);
+/// Whether such a text names no date.
+bool isTimeOfDay(const std::string& text);
 
 /// A value read: a number or a text as it is, none as the empty text.
 std::string settingText(const Json& value);

@@ -85,6 +85,19 @@ Setting settingNamed(const PlayedPage& played, const std::string& name)
     throw InputError(name + ": no such setting; " + suggestion(settings, name));
 }
 
+Assignment assignmentIn(const PlayedPage& played, const std::string& text)
+{
+    const std::size_t first = text.find('=');
+    if (first == std::string::npos)
+        throw InputError(text + ": --set takes NAME=VALUE");
+    const Settings settings = settingsOf(played);
+    for (std::size_t sign = text.rfind('='); sign > first; sign = text.rfind('=', sign - 1))
+        for (const Setting& setting : settings)
+            if (isNamed(setting, text.substr(0, sign)))
+                return {setting, text.substr(sign + 1)};
+    return {settingNamed(played, text.substr(0, first)), text.substr(first + 1)};
+}
+
 Json valueOf(const Setting& setting, const PlayedPage& played)
 {
     if (!setting.control(played.page()).isShown())
@@ -130,7 +143,8 @@ std::size_t choiceOf(const std::vector<std::string>& choices, const std::string&
 {
     const auto number = numberIn(value);
     const auto found = std::find_if(choices.begin(), choices.end(), [&](const std::string& choice) {
-        return choice == value || (number && numberIn(choice) && readsSame(*number, *numberIn(choice)));
+        return choice == value || oneLine(choice) == value ||
+               (number && numberIn(choice) && readsSame(*number, *numberIn(choice)));
     });
     if (found == choices.end())
         throw Refusal("\"" + value + "\" is not offered; " +

@@ -26,7 +26,7 @@ struct Request {
 
 /// A setting of the page under a name that the command line knows.
 struct Setting {
-    std::string name;
+    std::string name;  ///< one line
     std::string label; ///< as on the page
     std::string unit;  ///< of numbers; empty: none
     /// The control that shows it now.
@@ -59,6 +59,16 @@ Settings settingsOf(const PlayedPage& played);
 /// a `Refusal` for a trigger parameter while none is shown.
 Setting settingNamed(const PlayedPage& played, const std::string& name);
 
+/// A setting and what the user wants it to be.
+struct Assignment {
+    Setting setting;
+    std::string value;
+};
+
+/// Takes "NAME=VALUE" apart. Of several names that fit, one of which holds an equals sign, the longest counts. Fails
+/// as `settingNamed` does.
+Assignment assignmentIn(const PlayedPage& played, const std::string& text);
+
 /// The present value. Fails with a `Refusal` where the page does not show one.
 Json valueOf(const Setting& setting, const PlayedPage& played);
 
@@ -69,7 +79,7 @@ std::vector<std::string> set(const Setting& setting, PlayedPage& played, const s
 /// A caption without its mnemonic mark and colon.
 std::string labelText(const CaptionControl& control);
 
-/// The place of `value` among the choices. Fails with a `Refusal` that names them.
+/// The place of `value` among the choices, as they are or as they are listed. Fails with a `Refusal` that names them.
 std::size_t choiceOf(const std::vector<std::string>& choices, const std::string& value);
 
 } // namespace ko

@@ -1,6 +1,5 @@
 #include "host/SettingsCommand.h"
 
-#include "host/InputError.h"
 #include "host/OffersList.h"
 #include "host/Settings.h"
 #include "host/SettingsList.h"
@@ -40,12 +39,10 @@ void tell(const std::vector<std::string>& notes)
         std::fprintf(stderr, "note: %s\n", note.c_str());
 }
 
-void setOne(PlayedPage& played, const std::string& assignment)
+void setOne(PlayedPage& played, const std::string& text)
 {
-    const std::size_t sign = assignment.find('=');
-    if (sign == std::string::npos)
-        throw InputError(assignment + ": --set takes NAME=VALUE");
-    tell(set(settingNamed(played, assignment.substr(0, sign)), played, assignment.substr(sign + 1)));
+    const Assignment wanted = assignmentIn(played, text);
+    tell(set(wanted.setting, played, wanted.value));
 }
 
 std::string listed(const SettingsCommand& command, const PlayedPage& played)

@@ -1,5 +1,6 @@
 #include "host/SettingsList.h"
 
+#include "host/InputError.h"
 #include "host/OffersList.h"
 #include "platform/Utf8.h"
 
@@ -145,8 +146,8 @@ std::string settingsTable(const Settings& settings, const PlayedPage& played)
     std::vector<Row> rows{{"NAME", "VALUE", "UNIT", "CAN BE SET TO"}};
     for (const Setting& setting : settings) {
         const Json value = presentValue(setting, played);
-        rows.push_back(
-            {setting.name, value.is_null() ? "-" : settingText(value), setting.unit, offerText(setting, played)});
+        rows.push_back({setting.name, value.is_null() ? "-" : oneLine(settingText(value)), setting.unit,
+                        oneLine(offerText(setting, played))});
     }
     return table(rows);
 }
@@ -171,7 +172,7 @@ std::string settingChoices(const PlayedPage& played, const std::string& name)
 {
     std::string lines;
     for (const std::string& choice : presentOffer(settingNamed(played, name), played).choices)
-        lines += choice + '\n';
+        lines += oneLine(choice) + '\n';
     return lines;
 }
 

@@ -61,7 +61,8 @@ Setup loadSetup(const std::string& file)
 
 std::string readFile(const std::string& file)
 {
-    if (std::filesystem::is_directory(file))
+    std::error_code unknown;
+    if (std::filesystem::is_directory(file, unknown))
         throw InputError(file + ": is a folder");
     std::ifstream stream(file, std::ios::binary);
     std::ostringstream content;

@@ -7,6 +7,24 @@
 
 namespace ko {
 
+namespace {
+
+/// A pipe or a device may keep its reader waiting, or never end.
+void refuseEndless(const std::string& file)
+{
+    using std::filesystem::file_type;
+    std::error_code unknown;
+    switch (std::filesystem::status(file, unknown).type()) {
+    case file_type::block:
+    case file_type::character:
+    case file_type::fifo:
+    case file_type::socket: throw InputError(file + ": is no file");
+    default: break;
+    }
+}
+
+} // namespace
+
 void SetupSession::load(const std::string& file)
 {
     Setup setup = loadSetup(file);
@@ -21,12 +39,15 @@ bool SetupSession::open(const std::string& file, SessionQuestions& questions)
     if (!mayLeave(questions))
         return false;
     try {
+        refuseEndless(file);
         load(file);
         return true;
     } catch (const InputError& error) {
         questions.tellNotOpened(error.what());
-        return false;
+    } catch (const std::exception& error) {
+        questions.tellNotOpened(file + ": " + error.what());
     }
+    return false;
 }
 
 bool SetupSession::save(SessionQuestions& questions)

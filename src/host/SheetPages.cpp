@@ -124,7 +124,8 @@ void SheetPages::paint(QPainter& painter, int page) const
     painter.setFont(footerFont());
     painter.setPen(Qt::black);
     painter.drawText(QRectF(QPointF(), size_), Qt::AlignLeft | Qt::AlignBottom, footer_);
-    painter.drawText(QRectF(QPointF(), size_), Qt::AlignRight | Qt::AlignBottom, number_.arg(page + 1).arg(count()));
+    const QString number = number_.arg(QString::number(page + 1), QString::number(count()));
+    painter.drawText(QRectF(QPointF(), size_), Qt::AlignRight | Qt::AlignBottom, number);
 }
 
 bool printSheet(const SheetSource& source, QPagedPaintDevice& device)

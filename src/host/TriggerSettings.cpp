@@ -1,5 +1,6 @@
 #include "host/Settings.h"
 
+#include "host/InputError.h"
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
@@ -137,9 +138,9 @@ Request editCell(const PlayedPage& played, std::int32_t row, const std::string& 
     const Offer offer = offerOfParameter(played, row);
     const bool isCheck = played.page().grdParam.cell(row, Grid::valueColumn).style.control == CellStyle::Control::check;
     const auto checked = isCheck ? checkState(value) : std::nullopt;
-    const std::string text = checked ? offer.choices.at(*checked ? 1 : 0) : value;
+    std::string text = checked ? offer.choices.at(*checked ? 1 : 0) : value;
     if (!offer.choices.empty())
-        choiceOf(offer.choices, text);
+        text = offer.choices.at(choiceOf(offer.choices, text));
     const auto number = offer.range ? numberIn(text) : std::nullopt;
     return {{"cell " + std::to_string(row) + " " + quotedWord(text)}, number ? Json(*number) : Json(text)};
 }
@@ -148,7 +149,7 @@ Setting parameterSetting(const Grid& grid, std::int32_t row)
 {
     Setting setting;
     setting.label = grid.cell(row, Grid::nameColumn).value;
-    setting.name = parameterPrefix + setting.label;
+    setting.name = parameterPrefix + oneLine(setting.label);
     setting.control = [](Page& shown) -> Control& { return shown.grdParam; };
     setting.read = [row](const PlayedPage& played) { return parameterHeld(played, row); };
     setting.offer = [row](const PlayedPage& played) { return offerOfParameter(played, row); };

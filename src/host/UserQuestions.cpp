@@ -1,10 +1,10 @@
 #include "host/UserQuestions.h"
 
 #include "host/HostTexts.h"
+#include "widgets/PlainText.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 
 namespace ko {
 
@@ -15,11 +15,9 @@ BoxQuestions::BoxQuestions(QWidget& window, const SetupSession& session, Texts t
 
 Unsaved BoxQuestions::keepChanges()
 {
-    QMessageBox box(QMessageBox::Question, texts_(hostText::product),
-                    texts_(hostText::keepChanges).arg(toQt(session_.name())),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(texts_(hostText::changesGetLost));
+    PlainBox box(QMessageBox::Question, texts_(hostText::product),
+                 texts_(hostText::keepChanges).arg(toQt(session_.name())), texts_(hostText::changesGetLost),
+                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
     case QMessageBox::Save: return Unsaved::Save;
@@ -62,10 +60,7 @@ void BoxQuestions::tellNotOpened(const std::string& reason)
 
 void BoxQuestions::refuse(int title, int text, const std::string& reason)
 {
-    QMessageBox box(QMessageBox::Warning, texts_(title), texts_(text), QMessageBox::Ok, &window_);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(toQt(reason));
-    box.exec();
+    PlainBox(QMessageBox::Warning, texts_(title), texts_(text), toQt(reason), QMessageBox::Ok, &window_).exec();
 }
 
 } // namespace ko

@@ -1,6 +1,7 @@
 #include "host/WindowMain.h"
 
 #include "host/FrameWindow.h"
+#include "host/GuardedApplication.h"
 #include "host/HostTexts.h"
 #include "host/InputError.h"
 #include "host/Later.h"
@@ -72,12 +73,28 @@ int stayOpen(FrameWindow& window, const std::string& refusal)
     return QApplication::exec();
 }
 
-int run(const WindowOptions& options)
+/// Boxes take their texts from the window while there is one.
+class SpokenBoxes {
+public:
+    SpokenBoxes(GuardedApplication& application, const FrameWindow& window) : application_(application)
+    {
+        application.texts = [&window](int number) { return window.text(number); };
+    }
+    ~SpokenBoxes() { application_.texts = nullptr; }
+    SpokenBoxes(const SpokenBoxes&) = delete;
+    SpokenBoxes& operator=(const SpokenBoxes&) = delete;
+
+private:
+    GuardedApplication& application_;
+};
+
+int run(const WindowOptions& options, GuardedApplication& application)
 {
     const bool isPicture = !options.picture.empty();
     // A picture looks the same whoever makes it.
     FrameWindow window(options.language, isPicture ? nullptr : std::make_unique<QSettings>());
     loadToolkitTexts(window.text(hostText::languageCode));
+    const SpokenBoxes boxes(application, window);
     if (!options.record.empty())
         window.recording().start(options.record, options.setup);
     std::string refusal;
@@ -86,11 +103,14 @@ int run(const WindowOptions& options)
             window.open(options.setup);
     } catch (const InputError& error) {
         refusal = error.what();
+    } catch (const std::exception& error) {
+        refusal = options.setup + ": " + error.what();
     }
     if (!window.restorePlace())
         window.resize(startSize(window));
     // Where nobody sees a message box nobody answers it.
     const bool isSeen = !isPicture && QGuiApplication::platformName() != QStringLiteral("offscreen");
+    application.showsFailures = isSeen;
     if (!isSeen && !refusal.empty())
         return complain(refusal);
     return isPicture ? paintInto(window, options.picture) : stayOpen(window, refusal);
@@ -137,14 +157,14 @@ int runWindow(int& argc, char** argv, const WindowOptions& options)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (!hasDisplay())
         return refuseWithoutDisplay(options);
-    const QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvell"));
     QApplication::setApplicationName(QStringLiteral("korvell-host"));
     // Where desktops find the window's icon and name.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.korvell.Host"));
     QApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
     try {
-        return run(options);
+        return run(options, application);
     } catch (const std::exception& error) {
         return complain(error.what());
     }

@@ -12,6 +12,7 @@ ko_folder(frame SOURCES
   FramePrinting.cpp
   FrameSite.cpp
   FrameWindow.cpp
+  GuardedApplication.cpp
   HelpWindow.cpp
   HintLine.cpp
   InstrumentsModel.cpp

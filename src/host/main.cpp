@@ -3,8 +3,8 @@
 #include "host/Scenario.h"
 #include "host/Settings.h"
 #include "host/SettingsCommand.h"
-#include "host/SystemLocale.h"
 #include "host/WindowMain.h"
+#include "widgets/QtLocale.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
@@ -90,7 +90,7 @@ int runHeadless(const CommandLine& line, const std::string& language)
     options.setup = ko::loadSetup(line.setup);
     options.language = language;
     if (line.locale == "system")
-        options.locale = ko::systemLocale();
+        options.locale = ko::toLocale(QLocale::system());
     if (line.script == "-")
         return runScript(*make<ko::Scenario>(line, options, std::cout), std::cin, "standard input");
     options.folder = std::filesystem::path(line.script).parent_path().string();
@@ -103,7 +103,7 @@ int useSettings(const CommandLine& line, const std::string& language)
     ko::ScenarioOptions options;
     options.setup = ko::loadSetup(line.setup);
     options.language = language;
-    const ko::Locale sheetLocale = line.locale == "system" ? ko::systemLocale() : ko::Locale{};
+    const ko::Locale sheetLocale = line.locale == "system" ? ko::toLocale(QLocale::system()) : ko::Locale{};
     ko::runSettings(line.settings, {line.setup, options, sheetLocale}, *make<ko::PlayedPage>(line, options));
     return 0;
 }

@@ -1,6 +1,7 @@
 #include "widgets/Binding.h"
 
 #include "widgets/FormView.h"
+#include "widgets/PlainText.h"
 
 #include <QWidget>
 
@@ -50,7 +51,7 @@ void Binding::refresh(Aspect aspect)
 void Binding::refreshHint()
 {
     const QString toolTip = control_.hasToolTip() ? toQt(control_.toolTipText()) : QString();
-    widget_.setToolTip(toolTip);
+    widget_.setToolTip(plainTip(toolTip));
     QString hint = toolTip.isEmpty() ? toQt(control_.tag()) : toolTip;
     // A number is where the loader has found the control's text.
     bool isNumber = false;

@@ -34,7 +34,7 @@ PressBinding::PressBinding(FormView& view, PressControl& control, QAbstractButto
     : Binding(view, control, button), press_(control), button_(button)
 {
     button.installEventFilter(this);
-    connect(&button, &QAbstractButton::clicked, this, [this] { clicked(press_); });
+    onSignal(&button, &QAbstractButton::clicked, this, [this] { clicked(press_); });
 }
 
 void PressBinding::clicked(PressControl& control) const

@@ -31,9 +31,9 @@ void CellEditor::open()
     box_->setAccessibleName(toQt(grid_.cell(row_, Grid::nameColumn).value));
     box_->setAccessibleDescription(toQt(grid_.tag()));
     box_->installEventFilter(this);
-    connect(box_, &QLineEdit::textEdited, this, [this] { typed(); });
-    connect(box_, &QLineEdit::selectionChanged, this, [this] { selected(); });
-    connect(box_, &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
+    onSignal(box_.data(), &QLineEdit::textEdited, this, [this] { typed(); });
+    onSignal(box_.data(), &QLineEdit::selectionChanged, this, [this] { selected(); });
+    onSignal(box_.data(), &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
     table_.setCurrentCell(row_ - 1, Grid::valueColumn);
     table_.setCellWidget(row_ - 1, Grid::valueColumn, box_);
     // Whoever gives the table the focus means the open cell.

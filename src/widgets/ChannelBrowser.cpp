@@ -59,10 +59,10 @@ ChannelSelectorBinding::ChannelSelectorBinding(FormView& view, ChannelSelector& 
     browser.filter->setAccessibleName(prompt);
     browser.filter->installEventFilter(this);
     browser.tree->installEventFilter(this);
-    connect(browser.filter, &QLineEdit::textChanged, this, [this] { applyFilter(); });
-    connect(browser.tree, &QTreeWidget::itemSelectionChanged, this, [this] { picked(); });
-    connect(browser.tree, &QTreeWidget::itemDoubleClicked, this,
-            [this](const QTreeWidgetItem* item) { activated(*item); });
+    onSignal(browser.filter, &QLineEdit::textChanged, this, [this] { applyFilter(); });
+    onSignal(browser.tree, &QTreeWidget::itemSelectionChanged, this, [this] { picked(); });
+    onSignal(browser.tree, &QTreeWidget::itemDoubleClicked, this,
+             [this](const QTreeWidgetItem* item) { activated(*item); });
     refreshAll();
 }
 

@@ -70,7 +70,7 @@ ComboBoxBinding::ComboBoxBinding(FormView& view, ComboBox& control, QComboBox& w
     widget.setMinimumContentsLength(shownCharacters);
     widget.setMaxVisibleItems(15);
     widget.installEventFilter(this);
-    connect(&widget, &QComboBox::activated, this, [this](int index) { chosen(index); });
+    onSignal(&widget, &QComboBox::activated, this, [this](int index) { chosen(index); });
     refreshAll();
 }
 

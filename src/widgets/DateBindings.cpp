@@ -57,7 +57,7 @@ CalendarBinding::CalendarBinding(FormView& view, Calendar& control, QCalendarWid
         widget.setWeekdayTextFormat(day, QTextCharFormat());
     for (QWidget* part : widget.findChildren<QWidget*>())
         part->installEventFilter(this);
-    connect(&widget, &QCalendarWidget::selectionChanged, this, [this] { picked(); });
+    onSignal(&widget, &QCalendarWidget::selectionChanged, this, [this] { picked(); });
     refreshAll();
 }
 
@@ -117,7 +117,7 @@ TimePickerBinding::TimePickerBinding(FormView& view, TimePicker& control, QTimeE
     : Binding(view, control, widget), picker_(control), widget_(widget)
 {
     widget.installEventFilter(this);
-    connect(&widget, &QTimeEdit::timeChanged, this, [this] { picked(); });
+    onSignal(&widget, &QTimeEdit::timeChanged, this, [this] { picked(); });
     refreshAll();
 }
 

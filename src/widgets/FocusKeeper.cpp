@@ -16,7 +16,7 @@ FocusKeeper::FocusKeeper(Form& form, QWidget& surface) : form_(form), surface_(s
 {
     surface.installEventFilter(this);
     later_.setSingleShot(true);
-    connect(&later_, &QTimer::timeout, this, [this] {
+    onSignal(&later_, &QTimer::timeout, this, [this] {
         // By then the user may be in a dock.
         const QWidget* focused = surface_.window()->focusWidget();
         if (!focused || focused == &surface_ || surface_.isAncestorOf(focused))
@@ -172,7 +172,8 @@ bool FocusKeeper::focusCame(QObject* object, QEvent* event)
 bool FocusKeeper::keyPressed(const QKeyEvent& event) const
 {
     KeyPress press{keyCodeOf(event), shiftStateOf(event)};
-    if (press.keyCode == 0 || !form_.keyDown)
+    // The platform knows no fourth key to hold: with it, every key is another one.
+    if (press.keyCode == 0 || !form_.keyDown || event.modifiers().testFlag(Qt::MetaModifier))
         return false;
     guarded([&] { form_.userPressedKey(press); });
     return press.keyCode == 0;

@@ -11,6 +11,7 @@
 #include "widgets/MenuBinding.h"
 #include "widgets/NumberList.h"
 #include "widgets/PictureBinding.h"
+#include "widgets/PlainText.h"
 #include "widgets/TabControlBinding.h"
 #include "widgets/TableBinding.h"
 #include "widgets/TextBoxBinding.h"
@@ -117,22 +118,22 @@ QLabel& FormView::label(Label& control, const std::vector<Control*>& fields)
     named.reserve(fields.size());
     for (Control* field : fields)
         named.push_back({field, widget(*field)});
-    return bind<LabelBinding>(control, new QLabel(this), std::move(named));
+    return bind<LabelBinding>(control, new PlainLabel(this), std::move(named));
 }
 
 QLabel& FormView::value(Label& control, Label& title)
 {
-    return bind<ValueBinding>(control, new QLabel(this), title);
+    return bind<ValueBinding>(control, new PlainLabel(this), title);
 }
 
 QLabel& FormView::limitedValue(LimitedLabel& control, Label& title, QProgressBar& bar)
 {
-    return bind<LimitedValueBinding>(control, new QLabel(this), title, bar);
+    return bind<LimitedValueBinding>(control, new PlainLabel(this), title, bar);
 }
 
 QLabel& FormView::sentence(Label& control)
 {
-    return bind<SentenceBinding>(control, new QLabel(this));
+    return bind<SentenceBinding>(control, new PlainLabel(this));
 }
 
 QGroupBox& FormView::frame(Frame& control, QLabel* heading)

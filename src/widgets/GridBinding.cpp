@@ -96,7 +96,7 @@ GridBinding::GridBinding(FormView& view, Grid& control, QTableWidget& table)
     table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     table.viewport()->installEventFilter(this);
     table.installEventFilter(this);
-    connect(&table, &QTableWidget::cellClicked, this, [this](int row, int column) {
+    onSignal(&table, &QTableWidget::cellClicked, this, [this](int row, int column) {
         if (column == Grid::valueColumn)
             open(row + 1);
     });
@@ -177,8 +177,8 @@ void GridBinding::showCheck(int row)
     box->setChecked(checkState(grid_.cell(row, Grid::valueColumn).value).value_or(false));
     box->setEnabled(grid_.isEditable(row));
     box->setAccessibleName(toQt(grid_.cell(row, Grid::nameColumn).value));
-    connect(box, &QCheckBox::clicked, this,
-            [this, row](bool on) { edited(row, on ? QStringLiteral("True") : QStringLiteral("False")); });
+    onSignal(box, &QCheckBox::clicked, this,
+             [this, row](bool on) { edited(row, on ? QStringLiteral("True") : QStringLiteral("False")); });
 }
 
 void GridBinding::showList(int row)
@@ -193,7 +193,7 @@ void GridBinding::showList(int row)
     list->setCurrentIndex(list->findText(toQt(cell.value), Qt::MatchFixedString | Qt::MatchCaseSensitive));
     list->setEnabled(grid_.isEditable(row));
     list->setAccessibleName(toQt(grid_.cell(row, Grid::nameColumn).value));
-    connect(
+    onSignal(
         list, &QComboBox::textActivated, this, [this, row](const QString& text) { edited(row, text); },
         Qt::QueuedConnection);
 }

@@ -1,7 +1,9 @@
 #include "widgets/LabelBinding.h"
 
 #include "widgets/FormView.h"
+#include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
+#include "widgets/PlainText.h"
 
 #include <QEvent>
 #include <QLocale>
@@ -11,7 +13,6 @@ namespace ko {
 LabelBinding::LabelBinding(FormView& view, Label& control, QLabel& label, std::vector<Field> fields)
     : Binding(view, control, label), caption_(control), label_(label), fields_(std::move(fields))
 {
-    label.setTextFormat(Qt::PlainText);
     label.installEventFilter(this);
     for (const Field& field : fields_)
         field.widget->installEventFilter(this);
@@ -70,7 +71,6 @@ bool LabelBinding::eventFilter(QObject* object, QEvent* event)
 ValueBinding::ValueBinding(FormView& view, Label& control, QLabel& label, Label& title)
     : Binding(view, control, label), value_(control), label_(label), title_(title)
 {
-    label.setTextFormat(Qt::PlainText);
     label.setTextInteractionFlags(Qt::TextSelectableByMouse);
     label.setFocusPolicy(Qt::NoFocus);
     refreshAll();
@@ -119,7 +119,7 @@ void LimitedValueBinding::showShare()
     bar_.setValue(qRound(share * bar_.maximum()));
     const QString percent = isKnown() ? bar_.locale().toString(share * 100.0, 'f', 1) + QStringLiteral(" %")
                                       : view_.text(pageText::notAvailable);
-    bar_.setToolTip(view_.text(pageText::shareOfLimit) + QStringLiteral(": ") + percent);
+    bar_.setToolTip(plainTip(view_.text(pageText::shareOfLimit) + QStringLiteral(": ") + percent));
     bar_.setAccessibleDescription(percent);
 }
 
@@ -127,14 +127,13 @@ SentenceBinding::SentenceBinding(FormView& view, Label& control, QLabel& label)
     : Binding(view, control, label), sentence_(control), label_(label)
 {
     constexpr int moment = 400; // milliseconds
-    label.setTextFormat(Qt::PlainText);
     label.setTextInteractionFlags(Qt::TextSelectableByMouse);
     label.setFocusPolicy(Qt::NoFocus);
     label.setWordWrap(true);
     pause_.setSingleShot(true);
     pause_.setInterval(moment);
     // A name that changes is an event for assistive technology; one that is the same again is none.
-    connect(&pause_, &QTimer::timeout, &label, [&label] { label.setAccessibleName(label.text()); });
+    onSignal(&pause_, &QTimer::timeout, &label, [&label] { label.setAccessibleName(label.text()); });
     refreshAll();
 }
 

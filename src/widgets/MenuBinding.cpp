@@ -9,7 +9,7 @@ MenuBinding::MenuBinding(Menu& control, QAction& action) : menu_(control), actio
 {
     action.setObjectName(toQt(control.name()));
     control.view = [this](Aspect) { refresh(); };
-    connect(&action, &QAction::triggered, this, [this] { guarded([&] { menu_.userClicked(); }); });
+    onSignal(&action, &QAction::triggered, this, [this] { guarded([&] { menu_.userClicked(); }); });
     refresh();
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Table.h"
 #include "widgets/FormView.h"
+#include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
 
 #include <QHBoxLayout>
@@ -41,12 +42,12 @@ public:
         table.setItemDelegate(new SentenceDelegate(&table));
         table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
         fit_.setSingleShot(true);
-        connect(&fit_, &QTimer::timeout, &table, [&table] {
+        onSignal(&fit_, &QTimer::timeout, &table, [&table] {
             QHeaderView& rows = *table.verticalHeader();
             rows.setMinimumSectionSize(rows.defaultSectionSize());
             table.resizeRowsToContents();
         });
-        connect(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fit_.start(0); });
+        onSignal(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fit_.start(0); });
         QLabel& common = label(control<Label>("lblCommon"));
         common.setWordWrap(true);
         common.setTextFormat(Qt::PlainText);

@@ -2,6 +2,7 @@
 #include "widgets/NoInstrumentPicture.h"
 #include "widgets/PageTexts.h"
 #include "widgets/PageWidget.h"
+#include "widgets/PlainText.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -31,7 +32,7 @@ QWidget& PageWidget::kept(QWidget& widget)
 
 QGridLayout& PageWidget::framed(Frame& frame)
 {
-    auto* heading = new QLabel(view_);
+    auto* heading = new PlainLabel(view_);
     QFont bold;
     bold.setBold(true);
     heading->setFont(bold);
@@ -62,7 +63,7 @@ void PageWidget::addQuantity(QGridLayout& grid, const Quantity& quantity)
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
     QPushButton& explain = view_->button(button);
     explain.setAccessibleName(view_->text(pageText::offersOf).arg(toQt(label.caption())));
-    explain.setToolTip(toQt(button.tag()));
+    explain.setToolTip(plainTip(toQt(button.tag())));
     grid.addWidget(&explain, row, buttons);
 }
 

@@ -3,14 +3,23 @@
 #include "widgets/Convert.h"
 
 #include <QRegularExpression>
+#include <utility>
 
 namespace ko {
 
 namespace {
 
+/// A text as a user types it: with ordinary blanks, and without the marks that only give it a direction.
+QString typeable(QString text)
+{
+    static const QRegularExpression blanks(QStringLiteral("[\\x{a0}\\x{2009}\\x{202f}]"));
+    static const QRegularExpression marks(QStringLiteral("[\\x{61c}\\x{200e}\\x{200f}]"));
+    return text.replace(blanks, QStringLiteral(" ")).remove(marks);
+}
+
 QString datePicture(const QLocale& locale)
 {
-    QString picture = locale.dateFormat(QLocale::ShortFormat);
+    QString picture = typeable(locale.dateFormat(QLocale::ShortFormat));
     picture.replace(QRegularExpression(QStringLiteral("y+")), QStringLiteral("yyyy"));
     picture.replace(QRegularExpression(QStringLiteral("M{3,}")), QStringLiteral("MM"));
     static const QRegularExpression plain(
@@ -20,8 +29,7 @@ QString datePicture(const QLocale& locale)
 
 QString timePicture(const QLocale& locale)
 {
-    QString picture = locale.timeFormat(QLocale::LongFormat);
-    picture.replace(QChar(0x202f), u' ').replace(QChar(0xa0), u' ');
+    QString picture = typeable(locale.timeFormat(QLocale::LongFormat));
     picture.remove(QRegularExpression(QStringLiteral("[ (\\[]*\\bt+\\b[)\\]]*")));
     const bool twelveHours = picture.contains(u'a', Qt::CaseInsensitive);
     picture.replace(QRegularExpression(QStringLiteral("[aA][pP]?")), QStringLiteral("tt"));
@@ -42,23 +50,44 @@ QString separatorOf(const QString& timePicture)
     return between.match(timePicture).captured(1);
 }
 
-} // namespace
-
-Locale toLocale(const QLocale& locale)
+/// Numbers are written with Latin digits, which the separators of other digits do not suit.
+void takeNumbers(const QLocale& locale, Locale& settings)
 {
-    Locale settings;
-    if (locale.language() == QLocale::C)
-        return settings;
-    const QString time = timePicture(locale);
+    if (locale.zeroDigit() != QStringLiteral("0"))
+        return;
     settings.decimalSeparator = fromQt(locale.decimalPoint());
     settings.digitGroupSeparator = fromQt(locale.groupSeparator());
+}
+
+/// The system may have a locale for numbers and the C locale, which is no user's, for times, or the other way round.
+bool hasTimesOfC(const QLocale& locale)
+{
+    const auto formats = [](const QLocale& of) {
+        return std::pair(of.dateFormat(QLocale::ShortFormat), of.timeFormat(QLocale::LongFormat));
+    };
+    return formats(locale) == formats(QLocale::c());
+}
+
+void takeTimes(const QLocale& locale, Locale& settings)
+{
+    const QString time = timePicture(locale);
     settings.shortDateFormat = fromQt(datePicture(locale));
     settings.timeFormat = fromQt(time);
     settings.timeIs24Hour = time.contains(u'H') ? "1" : "0";
     settings.timeLeadingZero = time.contains(QStringLiteral("hh"), Qt::CaseInsensitive) ? "1" : "0";
     settings.timeSeparator = fromQt(separatorOf(time));
-    settings.amDesignator = fromQt(locale.amText());
-    settings.pmDesignator = fromQt(locale.pmText());
+    settings.amDesignator = fromQt(typeable(locale.amText()));
+    settings.pmDesignator = fromQt(typeable(locale.pmText()));
+}
+
+} // namespace
+
+Locale toLocale(const QLocale& locale)
+{
+    Locale settings;
+    takeNumbers(locale, settings);
+    if (!hasTimesOfC(locale))
+        takeTimes(locale, settings);
     return settings;
 }
 

@@ -1,9 +1,9 @@
 #include "widgets/QtMessageBox.h"
 
 #include "widgets/Convert.h"
+#include "widgets/PlainText.h"
 
 #include <QApplication>
-#include <QMessageBox>
 
 namespace ko {
 
@@ -23,8 +23,7 @@ QMessageBox::Icon iconOf(int style)
 void QtMessageBox::show(const std::string& text, const std::string& title, int style)
 {
     QWidget* top = QApplication::activeModalWidget();
-    QMessageBox box(iconOf(style), toQt(title), toQt(text), QMessageBox::Ok, top ? top : owner_.data());
-    box.setTextFormat(Qt::PlainText);
+    PlainBox box(iconOf(style), toQt(title), toQt(text), {}, QMessageBox::Ok, top ? top : owner_.data());
     box.exec();
 }
 

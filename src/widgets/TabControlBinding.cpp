@@ -20,7 +20,7 @@ TabControlBinding::TabControlBinding(FormView& view, TabControl& control, QTabWi
         tabs.addTab(page, QString());
     }
     refreshAll();
-    connect(&tabs, &QTabWidget::currentChanged, this, [this](int index) { chosen(index); });
+    onSignal(&tabs, &QTabWidget::currentChanged, this, [this](int index) { chosen(index); });
 }
 
 void TabControlBinding::refresh(Aspect aspect)

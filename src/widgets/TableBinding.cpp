@@ -1,6 +1,7 @@
 #include "widgets/TableBinding.h"
 
 #include "widgets/FormView.h"
+#include "widgets/PlainText.h"
 
 #include <QHeaderView>
 #include <algorithm>
@@ -83,7 +84,7 @@ void TableBinding::showRow(int row)
 {
     const Table::Row& content = content_.rows()[static_cast<std::size_t>(row)];
     auto* header = new QTableWidgetItem(toQt(content.header));
-    header->setToolTip(header->text());
+    header->setToolTip(plainTip(header->text()));
     header->setData(Qt::TextAlignmentRole, static_cast<int>(Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap);
     table_.setVerticalHeaderItem(row, header);
     for (int column = 0; column < table_.columnCount(); ++column)
@@ -101,7 +102,7 @@ void TableBinding::showCell(int row, int column, const Table::Cell& cell)
     }
     const QString meaning = toQt(cell.meaning);
     item->setText(toQt(cell.text));
-    item->setToolTip(meaning);
+    item->setToolTip(plainTip(meaning));
     item->setStatusTip(meaning);
     item->setData(Qt::AccessibleDescriptionRole, meaning);
     QFont font = table_.font();

@@ -5,6 +5,7 @@
 #include "widgets/FormView.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
+#include "widgets/PlainText.h"
 
 #include <QKeyEvent>
 
@@ -26,9 +27,9 @@ TextBoxBinding::TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit
     : Binding(view, control, edit), box_(control), edit_(edit)
 {
     edit.installEventFilter(this);
-    connect(&edit, &QLineEdit::textEdited, this, [this] { edited(); });
-    connect(&edit, &QLineEdit::selectionChanged, this, [this] { selected(); });
-    connect(&edit, &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
+    onSignal(&edit, &QLineEdit::textEdited, this, [this] { edited(); });
+    onSignal(&edit, &QLineEdit::selectionChanged, this, [this] { selected(); });
+    onSignal(&edit, &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
     refreshAll();
 }
 
@@ -101,7 +102,7 @@ void TextBoxBinding::showMark()
         return;
     if (!mark_) {
         mark_ = new EntryMark(edit_, view_.text(pageText::notValid));
-        connect(&edit_, &QLineEdit::textChanged, this, [this] { mark_->place(); });
+        onSignal(&edit_, &QLineEdit::textChanged, this, [this] { mark_->place(); });
     }
     mark_->setVisible(box_.marked());
     mark_->place();
@@ -116,7 +117,7 @@ void TextBoxBinding::refreshHint()
         return;
     const QString invalid = view_.text(pageText::invalidEntry);
     const QString both = invalid + QStringLiteral(". ") + toQt(box_.tag());
-    edit_.setToolTip(invalid);
+    edit_.setToolTip(plainTip(invalid));
     edit_.setStatusTip(both);
     edit_.setAccessibleDescription(both);
 }

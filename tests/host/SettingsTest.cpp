@@ -38,9 +38,8 @@ public:
         std::string notes;
         try {
             for (const std::string& one : assignments) {
-                const std::size_t sign = one.find('=');
-                for (const auto& note :
-                     ko::set(settingNamed(played_, one.substr(0, sign)), played_, one.substr(sign + 1)))
+                const Assignment wanted = assignmentIn(played_, one);
+                for (const auto& note : ko::set(wanted.setting, played_, wanted.value))
                     notes += note + "\n";
             }
         } catch (const Refusal& refusal) {
@@ -125,6 +124,8 @@ TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
         {ranges, {"stop=time"}, "stop: \"time\" is not offered; choose one of after"},
         {ranges, {"start-time=08:00:00"}, "start-time: not available:"},
         {ranges, {"start=time", "start-time=soon"}, "start-time: \"soon\" is no time such as"},
+        {ranges, {"start=time", "start-time=1899-12-30T09:30:00"}, "start-time: \"1899-12-30T09:30:00\" is too early"},
+        {ranges, {"start=time", "start-time=5/7/1850"}, "start-time: \"5/7/1850\" is too early"},
         {ranges,
          {"start=time", "start-time=2026-12-01 08:00:00", "stop=time", "stop-time=2026-11-30 08:00:00"},
          "stop-time: Stop time must be later than start time."},
@@ -235,6 +236,49 @@ TEST(Settings, AreListedWithWhatTheyCanBeSetTo)
         EXPECT_NE(table.find(row), std::string::npos) << row << table;
     EXPECT_EQ(settingChoices(bench.played(), "trigger-channel"), "A\n0:3:1\n");
     EXPECT_EQ(settingChoices(bench.played(), "duration"), "");
+}
+
+TEST(Settings, AreListedInALineEachAndSetByThatNameWhateverItIs)
+{
+    for (const std::string name : {"=", "a=b", "Level=1=2", "a\nb", "a\r\n\tb", "--set x=1", "\"q\\", "\x7f\xc3\xa4"}) {
+        Json setup = Json::parse(ranges);
+        Json& channel = setup["drivers"][0]["groups"][0]["channels"][0];
+        channel["name"] = name;
+        for (Json& parameter : channel["triggerParameters"])
+            parameter["name"] = name + parameter["type"].get<std::string>();
+        channel["triggerParameters"].push_back(
+            {{"id", 6}, {"name", name}, {"type", "Enum"}, {"choices", {"Up", name}}, {"value", "Up"}});
+        Bench bench(setup.dump());
+        EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=" + oneLine(name)}), "");
+        EXPECT_EQ(bench.get("trigger-channel"), name);
+        for (const auto& [parameter, value] : {std::pair{name + "Float", std::string("2.5")}, {name, name}}) {
+            EXPECT_EQ(bench.set({"trigger." + oneLine(parameter) + "=" + oneLine(value)}), "") << parameter;
+            EXPECT_EQ(bench.get("trigger." + oneLine(parameter)), value);
+        }
+        const Settings settings = settingsOf(bench.played());
+        const std::string table = settingsTable(settings, bench.played()), names = settingNames(settings);
+        EXPECT_EQ(std::count(names.begin(), names.end(), '\n'), static_cast<std::ptrdiff_t>(settings.size()));
+        EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), static_cast<std::ptrdiff_t>(settings.size()) + 1);
+    }
+}
+
+TEST(Settings, WithoutAFiniteValueHaveNone)
+{
+    for (const char* const period : {"0", "-0.0", "1e-310"})
+        for (const std::string shape :
+             {R"({ "value": @ })", R"({ "value": @, "choices": [@, 1] })", R"({ "value": @, "range": [@, 1] })"}) {
+            std::string quantity = shape;
+            for (std::size_t at; (at = quantity.find('@')) != std::string::npos;)
+                quantity.replace(at, 1, period);
+            const Bench bench(R"({ "drivers": [ { "name": "A", "timebase": { "samplePeriod": )" + quantity +
+                              " } } ] }");
+            const Settings settings = settingsOf(bench.played());
+            const std::string list =
+                settingsTable(settings, bench.played()) + settingsJson(settings, bench.played()).dump();
+            for (const char* const text : {"inf", "INF", "nan", "NAN"})
+                EXPECT_EQ(list.find(text), std::string::npos) << list;
+            EXPECT_EQ(bench.get("sample-rate"), "sample-rate: not available: it has no value now");
+        }
 }
 
 TEST(Settings, InJsonHaveNumbersForNumbers)

@@ -100,6 +100,22 @@ class Program(unittest.TestCase):
             self.assertEqual(done.returncode, 1)
             self.assertEqual("Reduce the duration" in done.stderr, speaks_english, done.stderr)
 
+    def test_the_users_regional_settings_are_shown_and_read_back_and_otherwise_english_ones(self):
+        script = ("setup\nshow\nclick optStartTime\ndialog SetDateTime\nclick optSpecifiedDay\ntext calDate 2026-05-07\n"
+                  "text dtpTimeSelector 21:03:04\nclick btnOK\nend\nclick cmdStartTime\ndrivers\n"
+                  "expect txtStartTime text \"{}\"\n")
+        english = "5/7/2026 9:03:04 PM"
+        for region, arguments, shown in (({"LC_ALL": "nb_NO.UTF-8"}, ("--locale", "system"), "07.05.2026 21:03:04"),
+                                         ({"LC_ALL": "eu_ES"}, ("--locale", "system"), "2026/5/7 21:03:04"),
+                                         ({"LC_ALL": "ar_EG.UTF-8"}, ("--locale", "system"), "7/5/2026 9:03:04 م"),
+                                         ({"LC_ALL": "", "LANG": "C", "LC_TIME": "de_DE"}, ("--locale", "system"),
+                                          "07.05.2026 21:03:04"),
+                                         ({"LC_ALL": "C.UTF-8"}, ("--locale", "system"), english),
+                                         ({"LC_ALL": "nb_NO.UTF-8"}, (), english)):
+            done = run("--headless", SETUP, *arguments, script=script.format(shown), **region)
+            self.assertEqual(done.returncode, 0, (region, done.stdout[-300:]))
+            self.assertIn('"startTime":46149.87712962963', done.stdout.splitlines()[-1], region)
+
     def test_lists_can_be_read_by_programs(self):
         settings = json.loads(run(SETUP, "--list", "--json").stdout)
         self.assertEqual([one["name"] for one in settings], run(SETUP, "--list", "--names").stdout.split())

@@ -5,6 +5,9 @@
 #include <QDropEvent>
 #include <QMessageBox>
 #include <QMimeData>
+#include <filesystem>
+#include <fstream>
+#include <sys/stat.h>
 
 namespace ko::test {
 namespace {
@@ -23,6 +26,19 @@ protected:
             if (entry->text().startsWith('&') && entry->text().contains("  "))
                 names << entry->text().section("  ", 1).section(" (", 0, 0);
         return names;
+    }
+    bool drop(const QList<QUrl>& urls)
+    {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &event);
+        QCoreApplication::processEvents();
+        return true;
     }
     QList<QAction*> recentEntries()
     {
@@ -93,23 +109,36 @@ TEST_F(FrameFilesTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsThe
 TEST_F(FrameFilesTest, AFileThatIsDroppedIsOpened)
 {
     show();
-    const auto drop = [&](const QList<QUrl>& urls) {
-        QMimeData data;
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&window, &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&window, &event);
-        QCoreApplication::processEvents();
-        return true;
-    };
     EXPECT_FALSE(drop({}));
     EXPECT_FALSE(drop({QUrl("mailto:a@b")}));
     EXPECT_FALSE(drop({QUrl::fromLocalFile(toQt(bench)), QUrl::fromLocalFile(toQt(other))}));
     EXPECT_TRUE(drop({QUrl::fromLocalFile(toQt(bench))}));
     EXPECT_EQ(window.session().name(), "bench.json");
+}
+
+TEST_F(FrameFilesTest, AFileThatCannotBeExaminedIsRefusedByItsNameHoweverItIsOpened)
+{
+    window.open(bench);
+    show();
+    const std::string top = folder.path().toStdString() + "/";
+    std::filesystem::create_symlink(top + "loop.json", top + "loop.json");
+    std::filesystem::create_directory(top + "closed");
+    std::ofstream(top + "closed/inner.json") << "{}";
+    std::filesystem::permissions(top + "closed", std::filesystem::perms::none);
+    ASSERT_EQ(mkfifo((top + "pipe.json").c_str(), 0600), 0);
+    for (const std::string& bad : {top + "loop.json", top + "closed/inner.json", top + std::string(300, 'n') + ".json",
+                                   top + std::string(5000, '/') + "deep.json", top + "pipe.json", top + "closed",
+                                   std::string("/dev/zero"), top + "bench.json/below.json"}) {
+        user.open = bad;
+        for (const auto& open : {std::function([&] { drop({QUrl::fromLocalFile(toQt(bad))}); }),
+                                 std::function([&] { action(hostText::fileMenu, hostText::openSetup).trigger(); })}) {
+            user.told.clear();
+            open();
+            EXPECT_EQ(user.told.find(bad.substr(0, 200)), 0U) << bad << ": " << user.told;
+            EXPECT_EQ(window.session().name(), "bench.json");
+        }
+    }
+    std::filesystem::permissions(top + "closed", std::filesystem::perms::owner_all);
 }
 
 TEST_F(FrameFilesTest, RecentFilesAreOpenedForgottenWhenMissingAndCleared)

@@ -124,6 +124,31 @@ TEST_F(FrameWindowTest, ReadOnlyAndHelpReachThePage)
     EXPECT_TRUE(help->isVisible());
 }
 
+TEST_F(FrameWindowTest, OnlyF1AloneOpensTheHelpWhereverTheFocusIs)
+{
+    window.open(demo);
+    show();
+    const auto isSwallowed = [&](QWidget& widget, Qt::KeyboardModifiers held) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_F1, held);
+        QApplication::sendEvent(&widget, &press);
+        return press.isAccepted();
+    };
+    action(hostText::viewMenu, hostText::instruments).trigger();
+    for (QWidget* widget : {&at(page().txtDuration), &at(page().optImmediate),
+                            window.findChild<QWidget*>("instruments"), static_cast<QWidget*>(&window)}) {
+        widget->setFocus();
+        for (const auto held : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
+            EXPECT_FALSE(isSwallowed(*widget, held)) << held;
+        auto* help = window.findChild<QDialog*>("help");
+        EXPECT_FALSE(help && help->isVisible());
+        EXPECT_TRUE(isSwallowed(*widget, Qt::NoModifier));
+        help = window.findChild<QDialog*>("help");
+        ASSERT_TRUE(help && help->isVisible());
+        help->hide();
+        activate();
+    }
+}
+
 TEST_F(FrameWindowTest, AFailingInstrumentIsListedAndNothingPopsUp)
 {
     auto* count = window.findChild<QToolButton*>("reportCount");

@@ -1,6 +1,8 @@
 #include "FrameTest.h"
 #include "host/DriverLog.h"
 #include "host/InstrumentsView.h"
+#include "host/SetupSaving.h"
+#include "host/SetupWriter.h"
 #include "interfaces/Timebase.h"
 
 #include <QAccessible>
@@ -88,6 +90,46 @@ TEST_F(InstrumentsTest, AChannelIsSwitchedInTheTreeAndThePageTakesTheInstruments
     EXPECT_FALSE(driver().held().groups[0].channels[0].isEnabled());
 }
 
+TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrumentsAreHandedOverAgain)
+{
+    window.open(file("lines.json", R"({"drivers": [
+        {"name": "A", "timebase": {}, "triggerLines": {"startMasterRank": 5},
+         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]},
+        {"name": "B", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5},
+         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
+    const Soon choose([] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        for (const char* const button : {"optStartTrig(5)", "optScanTrig(6)", "btnOK"})
+            dialog->findChild<QAbstractButton*>(button)->click();
+    });
+    page().mnuTimebaseTriggerLines.userClicked();
+    page().optStartTime.userClicked();
+    const auto held = [&] {
+        ko::Setup setup = withPresentValues({}, window.session().drivers());
+        for (InstrumentSettings& instrument : setup.instruments)
+            instrument.groups.clear();
+        return setupText(setup);
+    };
+    ASSERT_EQ(driver().held().triggerLines->startTriggerLine, 5);
+    const std::string before = held();
+    const auto tick = [&](const char* name) {
+        return [this, name] { rows.setData(row({name, "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole); };
+    };
+    const std::pair<std::function<void()>, bool> changes[]{
+        {tick("A"), true},
+        {[&] { window.instruments().handOver(); }, false},
+        {[&] { window.findChild<QPushButton*>("tryAgain")->click(); }, false},
+        {tick("B"), true}};
+    for (const auto& [change, marks] : changes) {
+        window.session().setChanged(false);
+        change();
+        EXPECT_EQ(held(), before);
+        EXPECT_EQ(std::pair(page().startTriggerLine, page().scanTriggerLine), std::pair(5, 6));
+        EXPECT_EQ(window.session().isChanged(), marks);
+    }
+}
+
 TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
 {
     tree.setCurrentIndex(row({"Digitizer"}));
@@ -128,7 +170,7 @@ TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsRecorded)
     window.instruments().faultChanged(driver(), "", false);
     window.recording().stop();
     const QString lines = toQt(readFile(scenario));
-    EXPECT_TRUE(lines.contains("\nenable 0 0 1 1\nsetup\n")) << lines.toStdString();
+    EXPECT_TRUE(lines.contains("\nenable 0 0 1 1\nshow\ndrivers-changed\n")) << lines.toStdString();
     EXPECT_TRUE(lines.contains("\nfail 0 \"SamplePeriod set\"\n"));
     EXPECT_TRUE(lines.contains("\nheal 0\n"));
 }
