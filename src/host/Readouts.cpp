@@ -1,6 +1,5 @@
 #include "host/Settings.h"
 
-
 #include <array>
 #include <cmath>
 
