@@ -39,7 +39,7 @@ void FrameWindow::open(const std::string& file)
 void FrameWindow::showLoaded()
 {
     services_.clock.standAt(session_.clock());
-    recording_->setup(session_.file());
+    capture_->setup(session_.file());
     handOver();
     session_.setChanged(false);
     rememberFile();

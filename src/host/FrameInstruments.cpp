@@ -28,7 +28,7 @@ void FrameWindow::showOnPage(const SimulatedDrivers& drivers)
 void FrameWindow::handOverAgain()
 {
     QWidget* const focused = QApplication::focusWidget();
-    recording_->host({"setup"});
+    capture_->host({"setup"});
     const SimulatedDrivers& drivers = session_.drivers();
     watch_.health().rebuild([&] {
         document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
@@ -53,7 +53,7 @@ void FrameWindow::faultChanged(const SimulatedDriver& driver, const std::string&
     ScenarioWriter::Words words{fails ? "fail" : "heal", numberOf(driver)};
     if (!operation.empty())
         words.push_back(operation);
-    recording_->host(words);
+    capture_->host(words);
     session_.setChanged(true);
 }
 
@@ -61,7 +61,7 @@ bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel,
 {
     if (!okToLeave())
         return false;
-    recording_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
+    capture_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
     driver.enableChannel(group, channel, on);
     session_.setChanged(true);
     handOverAgain();

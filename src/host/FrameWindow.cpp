@@ -40,7 +40,7 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
     makeStatusBar();
     makePage();
     makeSession();
-    makeRecording();
+    makeCapture();
     makeMenus();
     makeSite();
     setAcceptDrops(true);
@@ -51,7 +51,7 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
 
 FrameWindow::~FrameWindow()
 {
-    recording_.reset();
+    capture_.reset();
     site_->close();
     watch_.health().changed = nullptr;
     watch_.watch({});
@@ -153,9 +153,9 @@ void FrameWindow::renewPage()
     document_->mode().setReadOnly(readOnly);
 }
 
-void FrameWindow::makeRecording()
+void FrameWindow::makeCapture()
 {
-    RecordingFrame frame{
+    CaptureFrame frame{
         *this, [this](int number) { return text(number); }, services_, platform_, *component_, {}, {}, {}, {}, {}};
     frame.document = [this]() -> Document& { return *document_; };
     frame.mayLeave = [this] { return okToLeave(); };
@@ -166,7 +166,7 @@ void FrameWindow::makeRecording()
         handOver();
         session_.setChanged(changed);
     };
-    recording_ = std::make_unique<FrameRecording>(std::move(frame));
+    capture_ = std::make_unique<FrameCapture>(std::move(frame));
 }
 
 void FrameWindow::makeStatusBar()
@@ -203,7 +203,7 @@ void FrameWindow::showHint()
 bool FrameWindow::okToLeave()
 {
     bool allowed = false;
-    recording_->host({"ok-to-leave"});
+    capture_->host({"ok-to-leave"});
     document_->state().OKToLeave(allowed);
     if (allowed)
         sendCommand(command::acceptEntry);
@@ -228,7 +228,7 @@ bool FrameWindow::isAvailable(std::int32_t command)
 
 void FrameWindow::sendCommand(std::int32_t command)
 {
-    recording_->command(command);
+    capture_->command(command);
     document_->menu().OnCommand(command);
 }
 

@@ -2,7 +2,7 @@
 
 #include "document/ClassFactory.h"
 #include "host/DriverWatch.h"
-#include "host/FrameRecording.h"
+#include "host/FrameCapture.h"
 #include "host/FrameSite.h"
 #include "host/RecentFiles.h"
 #include "host/SetupSession.h"
@@ -46,7 +46,7 @@ public:
 
     [[nodiscard]] Document& document() { return *document_; }
     [[nodiscard]] PageWidget& page() { return *page_; }
-    [[nodiscard]] FrameRecording& recording() { return *recording_; }
+    [[nodiscard]] FrameCapture& capture() { return *capture_; }
     [[nodiscard]] QtServices& services() { return services_; }
     [[nodiscard]] SetupSession& session() { return session_; }
     [[nodiscard]] InstrumentsView& instruments() { return *instruments_; }
@@ -79,7 +79,7 @@ private:
 
     void makePage();
     void renewPage();
-    void makeRecording();
+    void makeCapture();
     void makeMenus();
     void makeFileMenu();
     void makeRecentMenu(QMenu& menu);
@@ -134,7 +134,7 @@ private:
     RecentFiles recent_;
     std::unique_ptr<UserQuestions> questions_;
     PageWidget* page_ = nullptr;
-    std::unique_ptr<FrameRecording> recording_;
+    std::unique_ptr<FrameCapture> capture_;
     FailureStrip* failures_ = nullptr;
     Reports* reports_ = nullptr;
     InstrumentsView* instruments_ = nullptr;

@@ -82,7 +82,7 @@ constexpr const char* group = "Settings of the page, without a window";
 /// `text` stands behind the option in the help.
 void present(CLI::Option* option, const char* text)
 {
-    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--record");
+    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--capture");
 }
 
 } // namespace

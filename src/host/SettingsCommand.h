@@ -27,7 +27,7 @@ struct SettingsCommand {
     }
 };
 
-/// Adds the options and the examples to the program's help. `--headless`, `--picture` and `--record` are there
+/// Adds the options and the examples to the program's help. `--headless`, `--picture` and `--capture` are there
 /// already.
 void declareSettings(CLI::App& app, SettingsCommand& command);
 

@@ -78,8 +78,8 @@ int run(const WindowOptions& options)
     // A picture looks the same whoever makes it.
     FrameWindow window(options.language, isPicture ? nullptr : std::make_unique<QSettings>());
     loadToolkitTexts(window.text(hostText::languageCode));
-    if (!options.record.empty())
-        window.recording().start(options.record, options.setup);
+    if (!options.capture.empty())
+        window.capture().start(options.capture, options.setup);
     std::string refusal;
     try {
         if (!options.setup.empty())

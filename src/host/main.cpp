@@ -23,7 +23,7 @@ struct CommandLine {
     std::string locale;
     std::string language;
     std::string picture;
-    std::string record;
+    std::string capture;
     std::string setup;
     std::string script = "-";
     ko::SettingsCommand settings;
@@ -45,7 +45,7 @@ void declare(CLI::App& app, CommandLine& line)
     app.add_option("--picture", line.picture, "Paint the page into this file and leave")
         ->excludes(headless)
         ->option_text("FILE");
-    app.add_option("--record", line.record, "Write what is done in the window as a script into this file")
+    app.add_option("--capture", line.capture, "Write what is done in the window as a script into this file")
         ->excludes(headless)
         ->option_text("FILE");
     declareSettings(app, line.settings);
@@ -117,7 +117,7 @@ int run(const CommandLine& line, int& argc, char** argv)
     const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
     if (inWindow)
         return ko::runWindow(
-            argc, argv, {.setup = line.setup, .language = language, .record = line.record, .picture = line.picture});
+            argc, argv, {.setup = line.setup, .language = language, .capture = line.capture, .picture = line.picture});
     if (line.setup.empty())
         throw ko::InputError("without a window a set-up file is needed");
     return line.headless ? runHeadless(line, language) : useSettings(line, language);

@@ -11,8 +11,8 @@
 
 namespace ko {
 
-/// What a recording listens to. Everything outlives it.
-struct Recorded {
+/// What a capture listens to. Everything outlives it.
+struct Captured {
     Form& page;
     std::vector<Form*> dialogs;
     /// The present time, at which the page's clock stands until it is asked for again: a replay has one time an input.
@@ -22,14 +22,14 @@ struct Recorded {
 
 /// Writes what the user does in the forms, and what the host says it does, as a scenario. Each line is in the file
 /// before what it says takes effect, so that a program that dies leaves a scenario that leads there.
-class Recorder {
+class ScenarioCapture {
 public:
     /// The scenario begins with the machine's settings and a page without instruments. Fails with an `InputError` where
     /// the file cannot be written.
-    Recorder(const std::string& file, const Recorded& recorded);
-    ~Recorder();
-    Recorder(const Recorder&) = delete;
-    Recorder& operator=(const Recorder&) = delete;
+    ScenarioCapture(const std::string& file, const Captured& captured);
+    ~ScenarioCapture();
+    ScenarioCapture(const ScenarioCapture&) = delete;
+    ScenarioCapture& operator=(const ScenarioCapture&) = delete;
 
     /// What the host is about to do, in the words of a scenario.
     void host(const ScenarioWriter::Words& words);
@@ -40,7 +40,7 @@ public:
     void dialogClosed();
 
     [[nodiscard]] const std::string& file() const { return file_; }
-    /// A line could not be written: nothing is recorded any more. The recorder must outlive this.
+    /// A line could not be written: nothing is captured any more. The capture must outlive this.
     std::function<void()> failed;
 
 private:
@@ -50,7 +50,7 @@ private:
     void check();
 
     std::string file_;
-    Recorded recorded_;
+    Captured captured_;
     std::ofstream output_;
     ScenarioWriter writer_{output_};
     std::optional<DateTime> time_; ///< what the replay's clock shows

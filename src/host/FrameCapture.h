@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/ClassFactory.h"
-#include "host/Recorder.h"
+#include "host/ScenarioCapture.h"
 #include "host/SetupFile.h"
 #include "widgets/Convert.h"
 #include "widgets/QtServices.h"
@@ -13,8 +13,8 @@
 
 namespace ko {
 
-/// What a recording needs of the window in which it happens.
-struct RecordingFrame {
+/// What a capture needs of the window in which it happens.
+struct CaptureFrame {
     QMainWindow& window;
     Texts texts;
     QtServices& services;
@@ -27,25 +27,25 @@ struct RecordingFrame {
     std::function<void()> showAgain; ///< takes the page off the screen, hands the instruments over and shows it
 };
 
-/// Records what happens in a frame window: its menu entry, its sign in the status line, and the file that is being
-/// written, if any. A file that cannot be written ends the recording with a message and nothing else.
-class FrameRecording : public QObject {
+/// Captures what happens in a frame window as a scenario: its menu entry, its sign in the status line, and the file
+/// that is being written, if any. A file that cannot be written ends the capture with a message and nothing else.
+class FrameCapture : public QObject {
 public:
-    explicit FrameRecording(RecordingFrame frame);
-    ~FrameRecording() override;
+    explicit FrameCapture(CaptureFrame frame);
+    ~FrameCapture() override;
 
-    /// The checkable entry "Record Scenario..."
+    /// The checkable entry "Capture Scenario..."
     [[nodiscard]] QAction& action() { return action_; }
 
-    /// Records from here on, with a page that has just been made and was shown without instruments. `setup` is the file
-    /// that a replay is going to start with. Fails with an `InputError`.
+    /// Captures from here on, with a page that has just been made and was shown without instruments. `setup` is the
+    /// file that a replay is going to start with. Fails with an `InputError`.
     void start(const std::string& file, const std::string& setup);
     /// The same at any time, from the instruments' present state on: it is saved as a set-up beside the scenario, and a
     /// new page shows them.
     void startFromHere(const std::string& file);
     void stop();
 
-    // What the host is about to do; nothing while nothing is recorded.
+    // What the host is about to do; nothing while nothing is captured.
     /// A command in the words of a scenario, such as `fail`, `heal`, `enable`, `read-only` or `ok-to-leave`.
     void host(const ScenarioWriter::Words& words);
     /// A menu command for the page; pasting takes the clipboard's text along.
@@ -59,8 +59,8 @@ private:
     void failed();
     void warn(const QString& reason);
 
-    RecordingFrame frame_;
-    std::unique_ptr<Recorder> recorder_;
+    CaptureFrame frame_;
+    std::unique_ptr<ScenarioCapture> capture_;
     std::string startSetup_; ///< until it has been shown
     QAction action_;
     QLabel sign_;

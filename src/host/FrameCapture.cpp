@@ -1,4 +1,4 @@
-#include "host/FrameRecording.h"
+#include "host/FrameCapture.h"
 
 #include "host/InputError.h"
 #include "host/Later.h"
@@ -14,56 +14,56 @@ namespace ko {
 
 namespace {
 
-namespace recordingText {
+namespace captureText {
 constexpr int menu = 3200;
 constexpr int title = 3201;
 constexpr int files = 3202;
 constexpr int allFiles = 3117;
 constexpr int stopped = 3203;
 constexpr int sign = 3204;
-} // namespace recordingText
+} // namespace captureText
 
 } // namespace
 
-FrameRecording::FrameRecording(RecordingFrame frame) : frame_(std::move(frame))
+FrameCapture::FrameCapture(CaptureFrame frame) : frame_(std::move(frame))
 {
-    action_.setText(frame_.texts(recordingText::menu));
+    action_.setText(frame_.texts(captureText::menu));
     action_.setCheckable(true);
     connect(&action_, &QAction::triggered, this, [this](bool on) { guarded([&] { on ? chooseFile() : stop(); }); });
-    sign_.setObjectName(QStringLiteral("recording"));
+    sign_.setObjectName(QStringLiteral("capture"));
     sign_.setTextFormat(Qt::PlainText);
     sign_.hide();
     frame_.window.statusBar()->addPermanentWidget(&sign_);
     frame_.services.modalForms.opened = [this](const Form& form) {
-        if (recorder_)
-            recorder_->dialogOpened(form);
+        if (capture_)
+            capture_->dialogOpened(form);
     };
     frame_.services.modalForms.closed = [this] {
-        if (recorder_)
-            recorder_->dialogClosed();
+        if (capture_)
+            capture_->dialogClosed();
     };
 }
 
-FrameRecording::~FrameRecording()
+FrameCapture::~FrameCapture()
 {
     frame_.services.modalForms.opened = nullptr;
     frame_.services.modalForms.closed = nullptr;
 }
 
-void FrameRecording::start(const std::string& file, const std::string& setup)
+void FrameCapture::start(const std::string& file, const std::string& setup)
 {
     stop();
     QtClock& clock = frame_.services.clock;
-    const Recorded recorded{frame_.document().page(), frame_.component.dialogs(), [&clock] { return clock.tick(); },
+    const Captured captured{frame_.document().page(), frame_.component.dialogs(), [&clock] { return clock.tick(); },
                             frame_.platform.locale};
-    recorder_ = std::make_unique<Recorder>(file, recorded);
+    capture_ = std::make_unique<ScenarioCapture>(file, captured);
     // Whoever finds that a line cannot be written is in the middle of the user's input.
-    recorder_->failed = [this] { later(*this, [this] { failed(); }); };
+    capture_->failed = [this] { later(*this, [this] { failed(); }); };
     startSetup_ = setup;
     showState();
 }
 
-void FrameRecording::startFromHere(const std::string& file)
+void FrameCapture::startFromHere(const std::string& file)
 {
     const std::string beside = file + ".setup.json";
     saveSetup(beside, frame_.present());
@@ -72,39 +72,39 @@ void FrameRecording::startFromHere(const std::string& file)
     start(file, {});
     if (frame_.document().page().readOnly)
         host({"read-only", "on"});
-    recorder_->setup(beside);
+    capture_->setup(beside);
     frame_.showAgain();
 }
 
-void FrameRecording::stop()
+void FrameCapture::stop()
 {
-    recorder_.reset();
+    capture_.reset();
     frame_.services.clock.runOn();
     showState();
 }
 
-void FrameRecording::host(const ScenarioWriter::Words& words)
+void FrameCapture::host(const ScenarioWriter::Words& words)
 {
-    if (recorder_)
-        recorder_->host(words);
+    if (capture_)
+        capture_->host(words);
 }
 
-void FrameRecording::command(std::int32_t id)
+void FrameCapture::command(std::int32_t id)
 {
-    if (recorder_ && id == command::paste)
-        guarded([&] { recorder_->host({"clipboard", frame_.services.clipboard.text()}); });
+    if (capture_ && id == command::paste)
+        guarded([&] { capture_->host({"clipboard", frame_.services.clipboard.text()}); });
     host({"command", std::to_string(id)});
 }
 
-void FrameRecording::setup(const std::string& file)
+void FrameCapture::setup(const std::string& file)
 {
-    if (!recorder_)
+    if (!capture_)
         return;
-    recorder_->setup(file == startSetup_ ? std::string() : file);
+    capture_->setup(file == startSetup_ ? std::string() : file);
     startSetup_.clear();
 }
 
-void FrameRecording::chooseFile()
+void FrameCapture::chooseFile()
 {
     // The entry shows what is, not what is being asked for.
     showState();
@@ -112,8 +112,8 @@ void FrameRecording::chooseFile()
         return;
     const auto text = frame_.texts;
     QString file = QFileDialog::getSaveFileName(
-        &frame_.window, text(recordingText::title), QString(),
-        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(recordingText::files), text(recordingText::allFiles)));
+        &frame_.window, text(captureText::title), QString(),
+        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(captureText::allFiles)));
     if (file.isEmpty())
         return;
     try {
@@ -124,26 +124,26 @@ void FrameRecording::chooseFile()
     }
 }
 
-void FrameRecording::showState()
+void FrameCapture::showState()
 {
-    action_.setChecked(recorder_ != nullptr);
-    sign_.setVisible(recorder_ != nullptr);
-    if (recorder_)
-        sign_.setText(frame_.texts(recordingText::sign).arg(QFileInfo(toQt(recorder_->file())).fileName()));
+    action_.setChecked(capture_ != nullptr);
+    sign_.setVisible(capture_ != nullptr);
+    if (capture_)
+        sign_.setText(frame_.texts(captureText::sign).arg(QFileInfo(toQt(capture_->file())).fileName()));
 }
 
-void FrameRecording::failed()
+void FrameCapture::failed()
 {
-    if (!recorder_)
+    if (!capture_)
         return;
-    const QString file = toQt(recorder_->file());
+    const QString file = toQt(capture_->file());
     stop();
     warn(file);
 }
 
-void FrameRecording::warn(const QString& reason)
+void FrameCapture::warn(const QString& reason)
 {
-    QMessageBox box(QMessageBox::Warning, frame_.texts(recordingText::title), frame_.texts(recordingText::stopped),
+    QMessageBox box(QMessageBox::Warning, frame_.texts(captureText::title), frame_.texts(captureText::stopped),
                     QMessageBox::Ok, &frame_.window);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(reason);
