@@ -27,7 +27,7 @@ _korvell_host_setup()
         word=${word/#\~/$HOME}
         case $word in
             --save | --sheet | --paper | --get | --set | --choices | --language | --picture | --capture |
-                --locale)  ((++i)) ;;
+                --locale) ((++i)) ;;
             -*) ;;
             *) [[ -f $word ]] && printf '%s\n' "$word" && return ;;
         esac

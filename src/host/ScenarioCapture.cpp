@@ -32,11 +32,10 @@ std::string seenFrom(const std::string& scenario, const std::string& file)
 } // namespace
 
 ScenarioCapture::ScenarioCapture(const std::string& file, const Captured& captured)
-    : file_(file), captured_(captured), output_(file, std::ios::binary | std::ios::trunc)
+    : file_(file), captured_(captured), output_(file)
 {
     begin();
-    if (!writer_.good())
-        throw InputError(file + ": cannot be written");
+    output_.commit();
     captured_.page.userActs = [this](const auto& words) { acts(captured_.page, words); };
     for (Form* dialog : captured_.dialogs)
         dialog->userActs = [this, dialog](const auto& words) { acts(*dialog, words); };
@@ -65,10 +64,7 @@ void ScenarioCapture::begin()
 
 void ScenarioCapture::host(const ScenarioWriter::Words& words)
 {
-    if (hasFailed_)
-        return;
-    line(words);
-    check();
+    attempt([&] { line(words); });
 }
 
 void ScenarioCapture::setup(const std::string& file)
@@ -80,8 +76,7 @@ void ScenarioCapture::setup(const std::string& file)
 
 void ScenarioCapture::dialogOpened(const Form& form)
 {
-    writer_.dialogOpened(form.name());
-    check();
+    attempt([&] { writer_.dialogOpened(form.name()); });
 }
 
 void ScenarioCapture::dialogClosed()
@@ -106,12 +101,16 @@ void ScenarioCapture::line(const ScenarioWriter::Words& words)
     writer_.line(words);
 }
 
-void ScenarioCapture::check()
+void ScenarioCapture::attempt(const std::function<void()>& write)
 {
-    if (hasFailed_ || writer_.good())
+    if (hasFailed_)
         return;
-    hasFailed_ = true;
-    raise(failed);
+    try {
+        write();
+    } catch (const InputError&) {
+        hasFailed_ = true;
+        raise(failed);
+    }
 }
 
 } // namespace ko

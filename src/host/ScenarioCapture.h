@@ -1,11 +1,11 @@
 #pragma once
 
+#include "host/FileWriter.h"
 #include "host/ScenarioWriter.h"
 #include "interfaces/Values.h"
 #include "platform/Form.h"
 #include "platform/Locale.h"
 
-#include <fstream>
 #include <functional>
 #include <optional>
 
@@ -25,7 +25,7 @@ struct Captured {
 class ScenarioCapture {
 public:
     /// The scenario begins with the machine's settings and a page without instruments. Fails with an `InputError` where
-    /// the file cannot be written.
+    /// the file cannot be written; a file that was there is then as it was.
     ScenarioCapture(const std::string& file, const Captured& captured);
     ~ScenarioCapture();
     ScenarioCapture(const ScenarioCapture&) = delete;
@@ -47,12 +47,13 @@ private:
     void acts(const Form& form, const ScenarioWriter::Words& words);
     void begin();
     void line(const ScenarioWriter::Words& words);
-    void check();
+    /// Writes, unless that has failed before.
+    void attempt(const std::function<void()>& write);
 
     std::string file_;
     Captured captured_;
-    std::ofstream output_;
-    ScenarioWriter writer_{output_};
+    FileWriter output_;
+    ScenarioWriter writer_{[this](const std::string& text, std::size_t at) { output_.write(text, at); }};
     std::optional<DateTime> time_; ///< what the replay's clock shows
     bool hasFailed_ = false;
 };

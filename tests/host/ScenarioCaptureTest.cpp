@@ -22,11 +22,15 @@ const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
 
 TEST(ScenarioWriterTest, WhatStandsInTheFileCanBePlayedAfterEachStep)
 {
-    std::stringstream file;
-    ScenarioWriter writer(file);
+    std::string file;
+    ScenarioWriter writer([&](const std::string& text, std::size_t at) {
+        EXPECT_LE(at, file.size());
+        EXPECT_LE(file.size(), at + text.size());
+        file = file.substr(0, at) + text;
+    });
     const auto expect = [&](const std::string& content) {
-        EXPECT_EQ(file.str(), content);
-        EXPECT_EQ(play(file.str(), bench).fault, "") << file.str();
+        EXPECT_EQ(file, content);
+        EXPECT_EQ(play(file, bench).fault, "") << file;
     };
     writer.comment("top");
     writer.line({"setup"});
