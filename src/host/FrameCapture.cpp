@@ -1,5 +1,6 @@
 #include "host/FrameCapture.h"
 
+#include "host/HostTexts.h"
 #include "host/InputError.h"
 #include "host/Later.h"
 #include "host/SetupSaving.h"
@@ -8,6 +9,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 
 namespace ko {
@@ -21,7 +23,14 @@ constexpr int files = 3202;
 constexpr int allFiles = 3117;
 constexpr int stopped = 3203;
 constexpr int sign = 3204;
+constexpr int exists = 3205;
 } // namespace captureText
+
+/// The set-up that a replay of the scenario starts with.
+std::string setupBeside(const std::string& scenario)
+{
+    return scenario + ".setup.json";
+}
 
 } // namespace
 
@@ -65,7 +74,9 @@ void FrameCapture::start(const std::string& file, const std::string& setup)
 
 void FrameCapture::startFromHere(const std::string& file)
 {
-    const std::string beside = file + ".setup.json";
+    const std::string beside = setupBeside(file);
+    frame_.refuseOwn(file);
+    frame_.refuseOwn(beside);
     saveSetup(beside, frame_.present());
     stop();
     frame_.renewPage();
@@ -81,6 +92,12 @@ void FrameCapture::stop()
     capture_.reset();
     frame_.services.clock.runOn();
     showState();
+}
+
+void FrameCapture::refuseOwn(const std::string& file) const
+{
+    if (capture_ && isSameFile(file, capture_->file()))
+        throw InputError(file + ": is the scenario that is captured");
 }
 
 void FrameCapture::host(const ScenarioWriter::Words& words)
@@ -114,7 +131,7 @@ void FrameCapture::chooseFile()
     QString file = QFileDialog::getSaveFileName(
         &frame_.window, text(captureText::title), QString(),
         QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(captureText::allFiles)));
-    if (file.isEmpty())
+    if (file.isEmpty() || !mayOverwrite(setupBeside(fromQt(file))))
         return;
     try {
         startFromHere(fromQt(file));
@@ -122,6 +139,20 @@ void FrameCapture::chooseFile()
         stop();
         warn(toQt(error.what()));
     }
+}
+
+/// The user has named the scenario, not the set-up beside it.
+bool FrameCapture::mayOverwrite(const std::string& file)
+{
+    const QFileInfo info(toQt(file));
+    if (!info.exists())
+        return true;
+    QMessageBox box(QMessageBox::Question, frame_.texts(captureText::title),
+                    frame_.texts(captureText::exists).arg(info.fileName()), QMessageBox::Cancel, &frame_.window);
+    box.setTextFormat(Qt::PlainText);
+    const auto* const overwrite = box.addButton(frame_.texts(hostText::overwrite), QMessageBox::DestructiveRole);
+    box.exec();
+    return box.clickedButton() == overwrite;
 }
 
 void FrameCapture::showState()

@@ -21,6 +21,8 @@ struct CaptureFrame {
     const Platform& platform;
     Component& component;
     std::function<Document&()> document;
+    /// Fails with an `InputError` for a file that is open as something else.
+    std::function<void(const std::string&)> refuseOwn;
     std::function<bool()> mayLeave;  ///< whether the page may be left; the user has been told when it may not
     std::function<Setup()> present;  ///< the instruments with their present values
     std::function<void()> renewPage; ///< makes another document, which has no instruments and is shown
@@ -45,6 +47,9 @@ public:
     void startFromHere(const std::string& file);
     void stop();
 
+    /// Fails with an `InputError` when the file is that of the scenario.
+    void refuseOwn(const std::string& file) const;
+
     // What the host is about to do; nothing while nothing is captured.
     /// A command in the words of a scenario, such as `fail`, `heal`, `enable`, `read-only` or `ok-to-leave`.
     void host(const ScenarioWriter::Words& words);
@@ -55,6 +60,7 @@ public:
 
 private:
     void chooseFile();
+    [[nodiscard]] bool mayOverwrite(const std::string& file);
     void showState();
     void failed();
     void warn(const QString& reason);

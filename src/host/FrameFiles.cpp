@@ -2,6 +2,7 @@
 #include "host/HostTexts.h"
 #include "host/Later.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QMimeData>
@@ -10,9 +11,6 @@
 namespace ko {
 
 namespace {
-
-const QString geometryKey = QStringLiteral("window/geometry");
-const QString docksKey = QStringLiteral("window/docks");
 
 /// The one local file that is dragged; empty for anything else.
 QString draggedFile(const QDropEvent& event)
@@ -27,13 +25,14 @@ void FrameWindow::makeSession()
 {
     questions_ = std::make_unique<BoxQuestions>(*this, session_, [this](int number) { return text(number); });
     session_.mayLeavePage = [this] { return okToLeave(); };
+    session_.checkFree = [this](const std::string& file) { capture_->refuseOwn(file); };
+    session_.loaded = [this] { showLoaded(); };
     session_.titleChanged = [this] { showTitle(); };
 }
 
 void FrameWindow::open(const std::string& file)
 {
     session_.load(file);
-    showLoaded();
 }
 
 void FrameWindow::showLoaded()
@@ -47,8 +46,7 @@ void FrameWindow::showLoaded()
 
 void FrameWindow::openAsking(const QString& file)
 {
-    if (session_.open(fromQt(file), *questions_))
-        showLoaded();
+    session_.open(fromQt(file), *questions_);
 }
 
 void FrameWindow::chooseSetup()
@@ -79,7 +77,24 @@ void FrameWindow::saveAs()
 
 void FrameWindow::rememberFile()
 {
-    recent_.add(toQt(session_.file()));
+    fileWatch_.watch(session_.file());
+    // A list of texts cannot keep any other name.
+    if (const QString name = toQt(session_.file()); fromQt(name) == session_.file())
+        recent_.add(name);
+}
+
+void FrameWindow::offerReload()
+{
+    if (isVisible() && !QApplication::activeModalWidget())
+        session_.offerReload(*questions_);
+}
+
+void FrameWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    // What a question has kept waiting, or a file system does not say.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        later(*this, [this] { offerReload(); });
 }
 
 void FrameWindow::showTitle()
@@ -118,16 +133,15 @@ void FrameWindow::dropEvent(QDropEvent* event)
 
 bool FrameWindow::restorePlace()
 {
-    return settings_ && restoreGeometry(settings_->value(geometryKey).toByteArray()) &&
-           restoreState(settings_->value(docksKey).toByteArray());
+    return restoreGeometry(memory_.content().geometry) && restoreState(memory_.content().docks);
 }
 
 void FrameWindow::rememberPlace()
 {
-    if (!settings_)
-        return;
-    settings_->setValue(geometryKey, saveGeometry());
-    settings_->setValue(docksKey, saveState());
+    memory_.change([this](FrameMemory::Content& content) {
+        content.geometry = saveGeometry();
+        content.docks = saveState();
+    });
 }
 
 } // namespace ko

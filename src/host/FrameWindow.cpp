@@ -21,12 +21,12 @@
 
 namespace ko {
 
-FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings> settings)
-    : settings_(std::move(settings)), services_([this](const Form& form) -> QWidget* {
+FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
+    : memory_(memory), services_([this](const Form& form) -> QWidget* {
           const bool shown = document_ && &form == &document_->page();
           return shown && page_ ? &page_->view() : nullptr;
       }),
-      platform_(services_.platform([this] { return makeReporter(*reports_); })), recent_(settings_.get())
+      platform_(services_.platform([this] { return makeReporter(*reports_); }))
 {
     services_.messageBox.setOwner(this);
     services_.modalForms.setOwner(this);
@@ -156,8 +156,9 @@ void FrameWindow::renewPage()
 void FrameWindow::makeCapture()
 {
     CaptureFrame frame{
-        *this, [this](int number) { return text(number); }, services_, platform_, *component_, {}, {}, {}, {}, {}};
+        *this, [this](int number) { return text(number); }, services_, platform_, *component_, {}, {}, {}, {}, {}, {}};
     frame.document = [this]() -> Document& { return *document_; };
+    frame.refuseOwn = [this](const std::string& file) { session_.refuseOwn(file); };
     frame.mayLeave = [this] { return okToLeave(); };
     frame.present = [this] { return withPresentValues({"", services_.clock.standing(), {}}, session_.drivers()); };
     frame.renewPage = [this] { renewPage(); };

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace ko {
 
@@ -43,6 +44,40 @@ std::string BoxQuestions::fileToSave()
     if (dialog.exec() != QDialog::Accepted)
         return {};
     return fromQt(dialog.selectedFiles().value(0));
+}
+
+std::unique_ptr<QMessageBox> BoxQuestions::conflictBox(const QString& question)
+{
+    auto box = std::make_unique<QMessageBox>(QMessageBox::Warning, texts_(hostText::product),
+                                             texts_(hostText::changedOnDisk).arg(toQt(session_.name())),
+                                             QMessageBox::Cancel, &window_);
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(question);
+    return box;
+}
+
+Conflict BoxQuestions::settleConflict()
+{
+    const auto box = conflictBox(texts_(hostText::conflictHint));
+    const auto* const overwrite = box->addButton(texts_(hostText::overwrite), QMessageBox::DestructiveRole);
+    const auto* const elsewhere = box->addButton(texts_(hostText::saveAs), QMessageBox::AcceptRole);
+    const auto* const reload = box->addButton(texts_(hostText::reload), QMessageBox::DestructiveRole);
+    box->setDefaultButton(QMessageBox::Cancel);
+    box->exec();
+    if (box->clickedButton() == overwrite)
+        return Conflict::Overwrite;
+    if (box->clickedButton() == elsewhere)
+        return Conflict::SaveElsewhere;
+    return box->clickedButton() == reload ? Conflict::Reload : Conflict::Cancel;
+}
+
+bool BoxQuestions::reload()
+{
+    const auto box = conflictBox(texts_(hostText::reloadQuestion));
+    QPushButton* const reload = box->addButton(texts_(hostText::reload), QMessageBox::AcceptRole);
+    box->setDefaultButton(reload);
+    box->exec();
+    return box->clickedButton() == reload;
 }
 
 QString BoxQuestions::filter() const

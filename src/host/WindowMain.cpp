@@ -90,7 +90,7 @@ int run(const WindowOptions& options)
 {
     const bool isPicture = !options.picture.empty();
     // A picture looks the same whoever makes it.
-    FrameWindow window(options.language, isPicture ? nullptr : std::make_unique<QSettings>());
+    FrameWindow window(options.language, isPicture ? std::string() : FrameMemory::usersFile());
     loadToolkitTexts(window.text(hostText::languageCode));
     if (!options.capture.empty())
         window.capture().start(options.capture, options.setup);
