@@ -1,7 +1,10 @@
+#include "host/FileWriter.h"
 #include "host/FrameWindow.h"
 #include "host/HostTexts.h"
+#include "host/InputError.h"
 #include "host/SheetPages.h"
 #include "host/SheetTexts.h"
+#include "widgets/PdfDetour.h"
 
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -61,8 +64,32 @@ SheetSource FrameWindow::sheet()
 
 void FrameWindow::printSheetOn(QPrinter& printer)
 {
-    if (!ko::printSheet(sheet(), printer))
-        QMessageBox::warning(this, text(hostText::product), text(sheetText::notPrinted));
+    const PdfDetour detour(printer);
+    QString reason;
+    bool isPrinted = ko::printSheet(sheet(), printer);
+    try {
+        if (isPrinted && !detour.file().isEmpty())
+            savePdf(detour.file(), detour.content());
+    } catch (const InputError& error) {
+        isPrinted = false;
+        reason = toQt(error.what());
+    }
+    if (isPrinted)
+        return;
+    QMessageBox box(QMessageBox::Warning, text(hostText::product), text(sheetText::notPrinted), QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(reason);
+    box.exec();
+}
+
+void FrameWindow::savePdf(const QString& file, const QByteArray& content)
+{
+    const std::string name = fromQt(file);
+    session_.refuseOwn(name);
+    capture_->refuseOwn(name);
+    if (content.isEmpty())
+        throw InputError(name + ": cannot be saved: there is no room for a temporary file");
+    writeWhole(name, content.toStdString());
 }
 
 } // namespace ko

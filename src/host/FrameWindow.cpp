@@ -30,6 +30,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
 {
     services_.messageBox.setOwner(this);
     services_.modalForms.setOwner(this);
+    services_.printers.savePdf = [this](const QString& file, const QByteArray& content) { savePdf(file, content); };
     component_.reset(createKoTimebaseEditor(platform_, language));
     const Texts texts = [this](int number) { return text(number); };
     addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);

@@ -120,6 +120,8 @@ private:
     /// Asks about a set-up that another program has changed, unless another question is open.
     void offerReload();
     void rememberPlace();
+    /// Writes what was printed to a file. Fails with an `InputError`, also for a file that is open as something else.
+    void savePdf(const QString& file, const QByteArray& content);
     void print();
     void previewPrint();
     void printSheet();

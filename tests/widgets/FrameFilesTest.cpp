@@ -276,13 +276,19 @@ TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsTold
         EXPECT_TRUE(pdf.contains(box));
         EXPECT_GT(pdf.count("/Type /Page\n"), 1);
     }
-    QPrinter nowhere;
-    nowhere.setOutputFormat(QPrinter::PdfFormat);
-    nowhere.setOutputFileName(folder.filePath("none/sheet.pdf"));
-    QString told;
-    answer(told);
-    window.printSheetOn(nowhere);
-    EXPECT_TRUE(told.startsWith(window.text(3368)));
+    window.open(bench);
+    for (const QString& refused : {folder.filePath("none/sheet.pdf"), toQt(bench)}) {
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(refused);
+        QString told;
+        answer(told);
+        window.printSheetOn(printer);
+        EXPECT_TRUE(told.startsWith(window.text(3368)) && told.contains(refused)) << fromQt(told);
+        window.printOn(printer);
+    }
+    EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
+    EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
 } // namespace
