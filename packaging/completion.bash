@@ -26,7 +26,8 @@ _korvell_host_setup()
         word=${line_words[i]//\\/}
         word=${word/#\~/$HOME}
         case $word in
-            --save | --sheet | --paper | --get | --set | --choices | --language | --picture | --locale) ((++i)) ;;
+            --save | --sheet | --paper | --get | --set | --choices | --language | --picture | --capture | \
+                --locale) ((++i)) ;;
             -*) ;;
             *) [[ -f $word ]] && printf '%s\n' "$word" && return ;;
         esac

@@ -4,6 +4,11 @@
 
 namespace ko {
 
+bool EventLog::isWritten() const
+{
+    return output_.good();
+}
+
 void EventLog::event(std::string_view name, const Json& members)
 {
     if (muted_)

@@ -21,6 +21,9 @@ public:
     /// From now on nothing is written any more.
     void mute() { muted_ = true; }
 
+    /// False once a line could not be written.
+    [[nodiscard]] bool isWritten() const;
+
     void event(std::string_view name, const Json& members = Json::object());
 
 private:

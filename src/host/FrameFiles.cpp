@@ -4,6 +4,7 @@
 #include "widgets/Guarded.h"
 #include "widgets/PlainText.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QMimeData>
@@ -12,9 +13,6 @@
 namespace ko {
 
 namespace {
-
-const QString geometryKey = QStringLiteral("window/geometry");
-const QString docksKey = QStringLiteral("window/docks");
 
 /// The one local file that is dragged; empty for anything else.
 QString draggedFile(const QDropEvent& event)
@@ -29,19 +27,20 @@ void FrameWindow::makeSession()
 {
     questions_ = std::make_unique<BoxQuestions>(*this, session_, [this](int number) { return text(number); });
     session_.mayLeavePage = [this] { return okToLeave(); };
+    session_.checkFree = [this](const std::string& file) { capture_->refuseOwn(file); };
+    session_.loaded = [this] { showLoaded(); };
     session_.titleChanged = [this] { showTitle(); };
 }
 
 void FrameWindow::open(const std::string& file)
 {
     session_.load(file);
-    showLoaded();
 }
 
 void FrameWindow::showLoaded()
 {
     services_.clock.standAt(session_.clock());
-    recording_->setup(session_.file());
+    capture_->setup(session_.file());
     handOver();
     session_.setChanged(false);
     rememberFile();
@@ -49,12 +48,7 @@ void FrameWindow::showLoaded()
 
 void FrameWindow::openAsking(const QString& file)
 {
-    guarded(
-        [&] {
-            if (session_.open(fromQt(file), *questions_))
-                showLoaded();
-        },
-        file);
+    guarded([&] { session_.open(fromQt(file), *questions_); }, file);
 }
 
 void FrameWindow::chooseSetup()
@@ -85,7 +79,24 @@ void FrameWindow::saveAs()
 
 void FrameWindow::rememberFile()
 {
-    recent_.add(toQt(session_.file()));
+    fileWatch_.watch(session_.file());
+    // A list of texts cannot keep any other name.
+    if (const QString name = toQt(session_.file()); fromQt(name) == session_.file())
+        recent_.add(name);
+}
+
+void FrameWindow::offerReload()
+{
+    if (isVisible() && !QApplication::activeModalWidget())
+        session_.offerReload(*questions_);
+}
+
+void FrameWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    // What a question has kept waiting, or a file system does not say.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        later(*this, [this] { offerReload(); });
 }
 
 void FrameWindow::showTitle()
@@ -126,16 +137,15 @@ void FrameWindow::dropEvent(QDropEvent* event)
 
 bool FrameWindow::restorePlace()
 {
-    return settings_ && restoreGeometry(settings_->value(geometryKey).toByteArray()) &&
-           restoreState(settings_->value(docksKey).toByteArray());
+    return restoreGeometry(memory_.content().geometry) && restoreState(memory_.content().docks);
 }
 
 void FrameWindow::rememberPlace()
 {
-    if (!settings_)
-        return;
-    settings_->setValue(geometryKey, saveGeometry());
-    settings_->setValue(docksKey, saveState());
+    memory_.change([this](FrameMemory::Content& content) {
+        content.geometry = saveGeometry();
+        content.docks = saveState();
+    });
 }
 
 } // namespace ko

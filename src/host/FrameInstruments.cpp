@@ -32,9 +32,9 @@ void FrameWindow::rebuildPage(const std::function<void()>& before)
     QWidget* const focused = QApplication::focusWidget();
     watch_.health().rebuild([&] {
         before();
-        recording_->host({"show"});
+        capture_->host({"show"});
         document_->UserDocument_Show();
-        recording_->host({"drivers-changed"});
+        capture_->host({"drivers-changed"});
         document_->drivers().DriversHaveChanged();
     });
     instruments_->refresh();
@@ -49,11 +49,11 @@ void FrameWindow::handOverAgain()
     const SimulatedDrivers& drivers = session_.drivers();
     const auto count = static_cast<std::int32_t>(drivers.size());
     rebuildPage([&] {
-        recording_->host({"hide"});
+        capture_->host({"hide"});
         document_->UserDocument_Hide();
-        recording_->host({"announce", std::to_string(count)});
+        capture_->host({"announce", std::to_string(count)});
         document_->drivers().setNumberOfDrivers(count);
-        recording_->host({"hand-over"});
+        capture_->host({"hand-over"});
         document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
     });
 }
@@ -70,7 +70,7 @@ void FrameWindow::faultChanged(const SimulatedDriver& driver, const std::string&
     ScenarioWriter::Words words{fails ? "fail" : "heal", numberOf(driver)};
     if (!operation.empty())
         words.push_back(operation);
-    recording_->host(words);
+    capture_->host(words);
     session_.setChanged(true);
 }
 
@@ -78,7 +78,7 @@ bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel,
 {
     if (!okToLeave())
         return false;
-    recording_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
+    capture_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
     driver.enableChannel(group, channel, on);
     session_.setChanged(true);
     // No list: the instruments are the same.

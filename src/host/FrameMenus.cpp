@@ -57,7 +57,7 @@ void FrameWindow::makeFileMenu()
     addEntry(menu, hostText::printPreview, {}, [this] { previewPrint(); });
     addEntry(menu, sheetText::menuEntry, {}, [this] { printSheet(); });
     menu.addSeparator();
-    menu.addAction(&recording_->action());
+    menu.addAction(&capture_->action());
     menu.addSeparator();
     addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
 }
@@ -114,7 +114,7 @@ void FrameWindow::makeViewMenu()
     QAction* readOnly = menu.addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
     onSignal(readOnly, &QAction::toggled, this, [this](bool on) {
-        recording_->host({"read-only", on ? "on" : "off"});
+        capture_->host({"read-only", on ? "on" : "off"});
         watch_.health().rebuild([&] { document_->mode().setReadOnly(on); });
     });
     menu.addSeparator();

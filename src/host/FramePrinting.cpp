@@ -1,8 +1,11 @@
+#include "host/FileWriter.h"
 #include "host/FrameWindow.h"
 #include "host/HostTexts.h"
+#include "host/InputError.h"
 #include "host/SheetPages.h"
 #include "host/SheetTexts.h"
 #include "widgets/Guarded.h"
+#include "widgets/PdfDetour.h"
 #include "widgets/PlainText.h"
 
 #include <QPrintDialog>
@@ -62,9 +65,30 @@ SheetSource FrameWindow::sheet()
 
 void FrameWindow::printSheetOn(QPrinter& printer)
 {
-    if (!ko::printSheet(sheet(), printer))
-        PlainBox(QMessageBox::Warning, text(hostText::product), text(sheetText::notPrinted), {}, QMessageBox::Ok, this)
+    const PdfDetour detour(printer);
+    QString reason;
+    bool isPrinted = ko::printSheet(sheet(), printer);
+    try {
+        if (isPrinted && !detour.file().isEmpty())
+            savePdf(detour.file(), detour.content());
+    } catch (const InputError& error) {
+        isPrinted = false;
+        reason = toQt(error.what());
+    }
+    if (!isPrinted)
+        PlainBox(QMessageBox::Warning, text(hostText::product), text(sheetText::notPrinted), reason, QMessageBox::Ok,
+                 this)
             .exec();
+}
+
+void FrameWindow::savePdf(const QString& file, const QByteArray& content)
+{
+    const std::string name = fromQt(file);
+    session_.refuseOwn(name);
+    capture_->refuseOwn(name);
+    if (content.isEmpty())
+        throw InputError(name + ": cannot be saved: there is no room for a temporary file");
+    writeWhole(name, content.toStdString());
 }
 
 } // namespace ko

@@ -21,15 +21,16 @@
 
 namespace ko {
 
-FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings> settings)
-    : settings_(std::move(settings)), services_([this](const Form& form) -> QWidget* {
+FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
+    : memory_(memory), services_([this](const Form& form) -> QWidget* {
           const bool shown = document_ && &form == &document_->page();
           return shown && page_ ? &page_->view() : nullptr;
       }),
-      platform_(services_.platform([this] { return makeReporter(*reports_); })), recent_(settings_.get())
+      platform_(services_.platform([this] { return makeReporter(*reports_); }))
 {
     services_.messageBox.setOwner(this);
     services_.modalForms.setOwner(this);
+    services_.printers.savePdf = [this](const QString& file, const QByteArray& content) { savePdf(file, content); };
     component_.reset(createKoTimebaseEditor(platform_, language));
     const Texts texts = [this](int number) { return text(number); };
     addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
@@ -40,7 +41,7 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
     makeStatusBar();
     makePage();
     makeSession();
-    makeRecording();
+    makeCapture();
     makeMenus();
     makeSite();
     setAcceptDrops(true);
@@ -51,7 +52,7 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
 
 FrameWindow::~FrameWindow()
 {
-    recording_.reset();
+    capture_.reset();
     site_->close();
     watch_.health().changed = nullptr;
     watch_.watch({});
@@ -153,11 +154,12 @@ void FrameWindow::renewPage()
     document_->mode().setReadOnly(readOnly);
 }
 
-void FrameWindow::makeRecording()
+void FrameWindow::makeCapture()
 {
-    RecordingFrame frame{
-        *this, [this](int number) { return text(number); }, services_, platform_, *component_, {}, {}, {}, {}, {}};
+    CaptureFrame frame{
+        *this, [this](int number) { return text(number); }, services_, platform_, *component_, {}, {}, {}, {}, {}, {}};
     frame.document = [this]() -> Document& { return *document_; };
+    frame.refuseOwn = [this](const std::string& file) { session_.refuseOwn(file); };
     frame.mayLeave = [this] { return okToLeave(); };
     frame.present = [this] { return withPresentValues({"", services_.clock.standing(), {}}, session_.drivers()); };
     frame.renewPage = [this] { renewPage(); };
@@ -166,7 +168,7 @@ void FrameWindow::makeRecording()
         handOver();
         session_.setChanged(changed);
     };
-    recording_ = std::make_unique<FrameRecording>(std::move(frame));
+    capture_ = std::make_unique<FrameCapture>(std::move(frame));
 }
 
 void FrameWindow::makeStatusBar()
@@ -203,7 +205,7 @@ void FrameWindow::showHint()
 bool FrameWindow::okToLeave()
 {
     bool allowed = false;
-    recording_->host({"ok-to-leave"});
+    capture_->host({"ok-to-leave"});
     document_->state().OKToLeave(allowed);
     if (allowed)
         sendCommand(command::acceptEntry);
@@ -228,7 +230,7 @@ bool FrameWindow::isAvailable(std::int32_t command)
 
 void FrameWindow::sendCommand(std::int32_t command)
 {
-    recording_->command(command);
+    capture_->command(command);
     document_->menu().OnCommand(command);
 }
 

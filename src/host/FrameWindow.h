@@ -2,7 +2,8 @@
 
 #include "document/ClassFactory.h"
 #include "host/DriverWatch.h"
-#include "host/FrameRecording.h"
+#include "host/FileWatch.h"
+#include "host/FrameCapture.h"
 #include "host/FrameSite.h"
 #include "host/RecentFiles.h"
 #include "host/SetupSession.h"
@@ -12,7 +13,6 @@
 #include "widgets/QtServices.h"
 
 #include <QMainWindow>
-#include <QSettings>
 
 class QDockWidget;
 
@@ -29,8 +29,8 @@ class Reports;
 class FrameWindow : public QMainWindow, private PropertyNotifySink {
 public:
     /// `language` as the component takes it; what the component throws at it reaches the caller. The window's place,
-    /// its docks and the recent files are kept in `settings`; without any they are forgotten.
-    explicit FrameWindow(const std::string& language, std::unique_ptr<QSettings> settings = nullptr);
+    /// its docks and the recent files are kept in `memory`, a file; without any they are forgotten.
+    explicit FrameWindow(const std::string& language, const std::string& memory = {});
     ~FrameWindow() override;
 
     /// Opens a set-up in place of the one that is open, without asking. Fails with an `InputError`, which leaves
@@ -46,7 +46,7 @@ public:
 
     [[nodiscard]] Document& document() { return *document_; }
     [[nodiscard]] PageWidget& page() { return *page_; }
-    [[nodiscard]] FrameRecording& recording() { return *recording_; }
+    [[nodiscard]] FrameCapture& capture() { return *capture_; }
     [[nodiscard]] QtServices& services() { return services_; }
     [[nodiscard]] SetupSession& session() { return session_; }
     [[nodiscard]] InstrumentsView& instruments() { return *instruments_; }
@@ -63,6 +63,7 @@ public:
     bool restorePlace();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -79,7 +80,7 @@ private:
 
     void makePage();
     void renewPage();
-    void makeRecording();
+    void makeCapture();
     void makeMenus();
     void makeFileMenu();
     void makeRecentMenu(QMenu& menu);
@@ -118,14 +119,18 @@ private:
     void save();
     void saveAs();
     void rememberFile();
+    /// Asks about a set-up that another program has changed, unless another question is open.
+    void offerReload();
     void rememberPlace();
+    /// Writes what was printed to a file. Fails with an `InputError`, also for a file that is open as something else.
+    void savePdf(const QString& file, const QByteArray& content);
     void print();
     void previewPrint();
     void printSheet();
     void showHelp(std::int32_t topic);
     void showAbout();
 
-    std::unique_ptr<QSettings> settings_;
+    FrameMemory memory_;
     QtServices services_;
     Platform platform_;
     std::unique_ptr<Component> component_;
@@ -133,10 +138,11 @@ private:
     std::shared_ptr<FrameSite> site_;
     SetupSession session_;
     DriverWatch watch_{[] { return QtClock().now(); }};
-    RecentFiles recent_;
+    RecentFiles recent_{memory_};
+    FileWatch fileWatch_{[this] { offerReload(); }};
     std::unique_ptr<UserQuestions> questions_;
     PageWidget* page_ = nullptr;
-    std::unique_ptr<FrameRecording> recording_;
+    std::unique_ptr<FrameCapture> capture_;
     FailureStrip* failures_ = nullptr;
     Reports* reports_ = nullptr;
     InstrumentsView* instruments_ = nullptr;

@@ -1,13 +1,10 @@
 #include "host/RecentFiles.h"
 
 #include <QFileInfo>
-#include <QSettings>
 
 namespace ko {
 
 namespace {
-
-const QString key = QStringLiteral("recentFiles");
 
 QString pathOf(const QString& file)
 {
@@ -16,36 +13,28 @@ QString pathOf(const QString& file)
 
 } // namespace
 
-RecentFiles::RecentFiles(QSettings* settings) : settings_(settings)
+QStringList RecentFiles::files() const
 {
-    if (settings_)
-        files_ = settings_->value(key).toStringList().mid(0, most);
+    return memory_.content().recentFiles.mid(0, most);
 }
 
 void RecentFiles::add(const QString& file)
 {
-    files_.removeAll(pathOf(file));
-    files_.prepend(pathOf(file));
-    files_ = files_.mid(0, most);
-    keep();
+    memory_.change([&](FrameMemory::Content& content) {
+        content.recentFiles.removeAll(pathOf(file));
+        content.recentFiles.prepend(pathOf(file));
+        content.recentFiles = content.recentFiles.mid(0, most);
+    });
 }
 
 void RecentFiles::remove(const QString& file)
 {
-    files_.removeAll(pathOf(file));
-    keep();
+    memory_.change([&](FrameMemory::Content& content) { content.recentFiles.removeAll(pathOf(file)); });
 }
 
 void RecentFiles::clear()
 {
-    files_.clear();
-    keep();
-}
-
-void RecentFiles::keep()
-{
-    if (settings_)
-        settings_->setValue(key, files_);
+    memory_.change([](FrameMemory::Content& content) { content.recentFiles.clear(); });
 }
 
 } // namespace ko

@@ -1,30 +1,24 @@
 #pragma once
 
-#include <QStringList>
-
-class QSettings;
+#include "host/FrameMemory.h"
 
 namespace ko {
 
-/// The set-up files that were opened or saved last, the latest first, each once and by its absolute path. They are
-/// kept in `settings` where there are any.
+/// The set-up files that were opened or saved last, the latest first, each once and by its absolute path.
 class RecentFiles {
 public:
     static constexpr int most = 8;
 
-    /// `settings` outlives the list; null keeps nothing beyond it.
-    explicit RecentFiles(QSettings* settings);
+    /// `memory` outlives the list.
+    explicit RecentFiles(FrameMemory& memory) : memory_(memory) {}
 
-    [[nodiscard]] const QStringList& files() const { return files_; }
+    [[nodiscard]] QStringList files() const;
     void add(const QString& file);
     void remove(const QString& file);
     void clear();
 
 private:
-    void keep();
-
-    QSettings* settings_;
-    QStringList files_;
+    FrameMemory& memory_;
 };
 
 } // namespace ko

@@ -168,7 +168,7 @@ bool Scenario::run(std::istream& script)
 {
     ScriptReader reader(script);
     reader_ = &reader;
-    while (const auto line = reader.next()) {
+    for (auto line = reader.next(); line && log.isWritten(); line = reader.next()) {
         log.setLine(line->number);
         execute(*line);
         if (faultInDialog_)

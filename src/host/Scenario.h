@@ -30,8 +30,8 @@ public:
     Scenario(const ScenarioOptions& options, std::ostream& output);
     ~Scenario();
 
-    /// Runs the script to its end; false when an expectation failed. A line that cannot be understood ends the run
-    /// with a `ScriptFault`.
+    /// Runs the script to its end, or to where its output cannot be written; false when an expectation failed. A line
+    /// that cannot be understood ends the run with a `ScriptFault`.
     bool run(std::istream& script);
 
     // What commands use from here on. A fault of the line being run:

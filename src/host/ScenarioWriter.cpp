@@ -2,8 +2,6 @@
 
 #include "host/ScriptReader.h"
 
-#include <ostream>
-
 namespace ko {
 
 void ScenarioWriter::comment(const std::string& text)
@@ -37,27 +35,23 @@ std::string ScenarioWriter::dialog() const
     return open_.empty() ? std::string() : blocks_[open_.back()].form;
 }
 
-bool ScenarioWriter::good() const
-{
-    return output_.good();
-}
-
 /// What was written last cannot open a dialog any more.
 void ScenarioWriter::append(const std::string& text)
 {
-    start_ = output_.tellp();
+    start_ = end_;
     blocks_.clear();
     opener_ = text;
     write();
 }
 
-/// Never shorter than what stood there before.
 void ScenarioWriter::write()
 {
-    output_.seekp(start_);
+    std::string text;
     for (const Block& block : blocks_)
-        output_ << joinWords({"dialog", block.form}) << '\n' << block.lines << "end\n";
-    output_ << opener_ << std::flush;
+        text += joinWords({"dialog", block.form}) + "\n" + block.lines + "end\n";
+    text += opener_;
+    output_(text, start_);
+    end_ = start_ + text.size();
 }
 
 } // namespace ko

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <iosfwd>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,8 +12,11 @@ class ScenarioWriter {
 public:
     using Words = std::vector<std::string>;
 
-    /// `output` can be written anew at an earlier place, and outlives the writer.
-    explicit ScenarioWriter(std::ostream& output) : output_(output) {}
+    /// Writes a text from a byte of the scenario on to its end, over what is there, which is never longer. Its failures
+    /// reach the caller of what has been written.
+    using Output = std::function<void(const std::string& text, std::size_t at)>;
+
+    explicit ScenarioWriter(Output output) : output_(std::move(output)) {}
 
     void comment(const std::string& text);
     /// Into the block of the dialog that is open, else to the end.
@@ -25,9 +28,6 @@ public:
     /// The name of the dialog in front, empty when none is open.
     [[nodiscard]] std::string dialog() const;
 
-    /// False once a line could not be written.
-    [[nodiscard]] bool good() const;
-
 private:
     struct Block {
         std::string form;
@@ -37,8 +37,9 @@ private:
     void append(const std::string& text);
     void write();
 
-    std::ostream& output_;
-    std::streamoff start_ = 0;      ///< where `blocks_` and `opener_` stand
+    Output output_;
+    std::size_t start_ = 0; ///< where `blocks_` and `opener_` stand
+    std::size_t end_ = 0;
     std::vector<Block> blocks_;     ///< of the dialogs that `opener_` has opened so far
     std::vector<std::size_t> open_; ///< those that are still open
     std::string opener_;

@@ -1,13 +1,15 @@
 #include "host/SettingsCommand.h"
 
+#include "host/FileWriter.h"
+#include "host/InputError.h"
 #include "host/OffersList.h"
 #include "host/Settings.h"
 #include "host/SettingsList.h"
 #include "host/SetupSaving.h"
 #include "host/SheetFile.h"
+#include "host/StandardStreams.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <iostream>
 
 namespace ko {
@@ -30,13 +32,13 @@ constexpr const char* examples =
     "Exit status:\n"
     "  0  everything was done\n"
     "  1  the page refused a value or does not offer the setting now, or an expectation of the script failed\n"
-    "  2  the command line, a file or a script cannot be understood, read or written, or there is no display for\n"
-    "     the window";
+    "  2  the command line, a file, a script or the output cannot be understood, read or written, or there is no\n"
+    "     display for the window";
 
 void tell(const std::vector<std::string>& notes)
 {
     for (const std::string& note : notes)
-        std::fprintf(stderr, "note: %s\n", note.c_str());
+        complain("note: " + note);
 }
 
 void setOne(PlayedPage& played, const std::string& text)
@@ -65,6 +67,13 @@ std::string output(const SettingsCommand& command, const PlayedPage& played)
     return text;
 }
 
+void save(const SettingsCommand& command, const SettingsSource& source, const PlayedPage& played)
+{
+    if (!command.force && isSameFile(command.save, source.file) && hasChangedSince(source.file, source.content))
+        throw InputError(command.save + ": has changed since it was read; --force saves all the same");
+    saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
+}
+
 void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, const PlayedPage& played)
 {
     ScenarioOptions options = source.options;
@@ -79,7 +88,7 @@ constexpr const char* group = "Settings of the page, without a window";
 /// `text` stands behind the option in the help.
 void present(CLI::Option* option, const char* text)
 {
-    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--record");
+    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--capture");
 }
 
 } // namespace
@@ -92,7 +101,10 @@ void declareSettings(CLI::App& app, SettingsCommand& command)
     present(app.add_option("--get", command.get, "Print the value of a setting; of several a line each")
                 ->allow_extra_args(false),
             "NAME");
-    present(app.add_option("--save", command.save, "Write the set-up with the values as they are then"), "FILE");
+    auto* const save = app.add_option("--save", command.save, "Write the set-up with the values as they are then");
+    present(save, "FILE");
+    present(app.add_flag("--force", command.force, "Save even if the file has changed since it was read")->needs(save),
+            " ");
     auto* const sheet =
         app.add_option("--sheet", command.sheet.file, "Write a sheet of the whole set-up, for paper, as .pdf or .html");
     present(sheet, "FILE");
@@ -119,10 +131,10 @@ void runSettings(const SettingsCommand& command, const SettingsSource& source, P
         setOne(played, assignment);
     const std::string text = output(command, played);
     if (!command.save.empty())
-        saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
+        save(command, source, played);
     if (!command.sheet.file.empty())
         writeSheetOf(command, source, played);
-    std::cout << text << std::flush;
+    std::cout << text;
 }
 
 } // namespace ko

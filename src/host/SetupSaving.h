@@ -6,12 +6,12 @@
 
 namespace ko {
 
-/// Writes a file whole or not at all: whatever goes wrong, a file that was there stays as it was. A file behind a
-/// symbolic link is written where it is. Fails with an `InputError` that names the file and the reason.
-void writeWhole(const std::string& name, const std::string& content);
+/// Writes a set-up file whole or not at all and returns its content. Fails with an `InputError` that names the file and
+/// the reason.
+std::string saveSetup(const std::string& file, const Setup& setup);
 
-/// Writes a set-up file in this way.
-void saveSetup(const std::string& file, const Setup& setup);
+/// Whether the file is there with another content than `content`, which it had when it was read or written last.
+bool hasChangedSince(const std::string& file, const std::string& content);
 
 /// `setup` with the drivers' present values, in their order.
 Setup withPresentValues(Setup setup, const SimulatedDrivers& drivers);

@@ -1,5 +1,6 @@
 #include "host/SetupSession.h"
 
+#include "host/FileWriter.h"
 #include "host/InputError.h"
 #include "host/SetupSaving.h"
 
@@ -27,17 +28,24 @@ void refuseEndless(const std::string& file)
 
 void SetupSession::load(const std::string& file)
 {
-    Setup setup = loadSetup(file);
+    std::string content = readFile(file);
+    Setup setup = parseSetup(content, file);
     drivers_ = makeDrivers(setup);
     setup_ = std::move(setup);
+    content_ = std::move(content);
     file_ = file;
     setChanged(false);
+    if (loaded)
+        loaded();
 }
 
 bool SetupSession::open(const std::string& file, SessionQuestions& questions)
 {
-    if (!mayLeave(questions))
-        return false;
+    return mayLeave(questions) && tryLoad(file, questions);
+}
+
+bool SetupSession::tryLoad(const std::string& file, SessionQuestions& questions)
+{
     try {
         refuseEndless(file);
         load(file);
@@ -54,13 +62,26 @@ bool SetupSession::save(SessionQuestions& questions)
 {
     if (!isOpen())
         return saveAs(questions);
-    return pageAllows() && write(file_, questions);
+    if (!pageAllows())
+        return false;
+    if (!hasChangedSince(file_, content_))
+        return write(file_, questions);
+    switch (questions.settleConflict()) {
+    case Conflict::Overwrite: return write(file_, questions);
+    case Conflict::SaveElsewhere: return saveElsewhere(questions);
+    case Conflict::Reload: tryLoad(file_, questions); break;
+    case Conflict::Cancel: break;
+    }
+    return false;
 }
 
 bool SetupSession::saveAs(SessionQuestions& questions)
 {
-    if (!pageAllows())
-        return false;
+    return pageAllows() && saveElsewhere(questions);
+}
+
+bool SetupSession::saveElsewhere(SessionQuestions& questions)
+{
     const std::string file = questions.fileToSave();
     return !file.empty() && write(file, questions);
 }
@@ -79,6 +100,28 @@ bool SetupSession::mayLeave(SessionQuestions& questions)
     return false;
 }
 
+void SetupSession::offerReload(SessionQuestions& questions)
+{
+    if (!isOpen() || changed_ || !hasChangedSince(file_, content_) || !hasChangedSince(file_, declined_))
+        return;
+    try {
+        // A file that is still being written is none yet.
+        std::string content = readFile(file_);
+        parseSetup(content, file_);
+        declined_ = std::move(content);
+    } catch (const InputError&) {
+        return;
+    }
+    if (questions.reload())
+        open(file_, questions);
+}
+
+void SetupSession::refuseOwn(const std::string& file) const
+{
+    if (isOpen() && isSameFile(file, file_))
+        throw InputError(file + ": is the set-up that is open");
+}
+
 std::string SetupSession::name() const
 {
     return std::filesystem::path(file_).filename().string();
@@ -94,7 +137,9 @@ void SetupSession::setChanged(bool changed)
 bool SetupSession::write(const std::string& file, SessionQuestions& questions)
 {
     try {
-        saveSetup(file, withPresentValues(setup_, drivers_));
+        if (checkFree)
+            checkFree(file);
+        content_ = saveSetup(file, withPresentValues(setup_, drivers_));
     } catch (const InputError& error) {
         questions.tellNotSaved(error.what());
         return false;

@@ -1,7 +1,7 @@
 #include "host/SheetFile.h"
 
+#include "host/FileWriter.h"
 #include "host/InputError.h"
-#include "host/SetupSaving.h"
 #include "host/SheetPages.h"
 
 #include <QGuiApplication>

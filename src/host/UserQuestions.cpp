@@ -5,6 +5,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPushButton>
 
 namespace ko {
 
@@ -41,6 +42,37 @@ std::string BoxQuestions::fileToSave()
     if (dialog.exec() != QDialog::Accepted)
         return {};
     return fromQt(dialog.selectedFiles().value(0));
+}
+
+std::unique_ptr<QMessageBox> BoxQuestions::conflictBox(const QString& question)
+{
+    return std::make_unique<PlainBox>(QMessageBox::Warning, texts_(hostText::product),
+                                      texts_(hostText::changedOnDisk).arg(toQt(session_.name())), question,
+                                      QMessageBox::Cancel, &window_);
+}
+
+Conflict BoxQuestions::settleConflict()
+{
+    const auto box = conflictBox(texts_(hostText::conflictHint));
+    const auto* const overwrite = box->addButton(texts_(hostText::overwrite), QMessageBox::DestructiveRole);
+    const auto* const elsewhere = box->addButton(texts_(hostText::saveAs), QMessageBox::AcceptRole);
+    const auto* const reload = box->addButton(texts_(hostText::reload), QMessageBox::DestructiveRole);
+    box->setDefaultButton(QMessageBox::Cancel);
+    box->exec();
+    if (box->clickedButton() == overwrite)
+        return Conflict::Overwrite;
+    if (box->clickedButton() == elsewhere)
+        return Conflict::SaveElsewhere;
+    return box->clickedButton() == reload ? Conflict::Reload : Conflict::Cancel;
+}
+
+bool BoxQuestions::reload()
+{
+    const auto box = conflictBox(texts_(hostText::reloadQuestion));
+    QPushButton* const reload = box->addButton(texts_(hostText::reload), QMessageBox::AcceptRole);
+    box->setDefaultButton(reload);
+    box->exec();
+    return box->clickedButton() == reload;
 }
 
 QString BoxQuestions::filter() const

@@ -3,6 +3,10 @@
 #include "host/SetupSession.h"
 #include "widgets/Convert.h"
 
+#include <memory>
+
+class QMessageBox;
+
 namespace ko {
 
 /// What the frame window asks of its user.
@@ -21,11 +25,15 @@ public:
     Unsaved keepChanges() override;
     std::string fileToOpen() override;
     std::string fileToSave() override;
+    Conflict settleConflict() override;
+    bool reload() override;
     void tellNotSaved(const std::string& reason) override;
     void tellNotOpened(const std::string& reason) override;
 
 private:
     [[nodiscard]] QString filter() const;
+    /// A box that says that another program has changed the file, with this question.
+    [[nodiscard]] std::unique_ptr<QMessageBox> conflictBox(const QString& question);
     void refuse(int title, int text, const std::string& reason);
 
     QWidget& window_;

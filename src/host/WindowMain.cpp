@@ -1,18 +1,22 @@
 #include "host/WindowMain.h"
 
+#include "host/FileWriter.h"
 #include "host/FrameWindow.h"
 #include "host/GuardedApplication.h"
 #include "host/HostTexts.h"
 #include "host/InputError.h"
 #include "host/Later.h"
 #include "host/SetupFile.h"
+#include "host/StandardStreams.h"
 #include "host/ToolkitTexts.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QFileInfo>
 #include <QIcon>
+#include <QImageWriter>
 #include <QScreen>
 #include <QWindow>
-#include <cstdio>
 #include <functional>
 
 namespace ko {
@@ -21,10 +25,21 @@ namespace {
 
 constexpr int refused = 2;
 
-int complain(const std::string& reason)
+int refuse(const std::string& reason)
 {
-    std::fprintf(stderr, "%s\n", reason.c_str());
+    complain(reason);
     return refused;
+}
+
+/// The format is that of the file's ending.
+std::string encoded(const QPixmap& picture, const std::string& file)
+{
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
+    QImageWriter writer(&content, QFileInfo(toQt(file)).suffix().toLatin1());
+    if (!writer.write(picture.toImage()))
+        throw InputError(file + ": the picture cannot be made: " + fromQt(writer.errorString()));
+    return content.data().toStdString();
 }
 
 QSize startSize(const FrameWindow& window)
@@ -38,9 +53,8 @@ int paintInto(FrameWindow& window, const std::string& picture)
 {
     window.show();
     QApplication::processEvents();
-    if (window.grab().save(toQt(picture)))
-        return 0;
-    return complain(picture + ": the picture cannot be written");
+    writeWhole(picture, encoded(window.grab(), picture));
+    return 0;
 }
 
 /// Does something once a window is on the screen.
@@ -92,11 +106,11 @@ int run(const WindowOptions& options, GuardedApplication& application)
 {
     const bool isPicture = !options.picture.empty();
     // A picture looks the same whoever makes it.
-    FrameWindow window(options.language, isPicture ? nullptr : std::make_unique<QSettings>());
+    FrameWindow window(options.language, isPicture ? std::string() : FrameMemory::usersFile());
     loadToolkitTexts(window.text(hostText::languageCode));
     const SpokenBoxes boxes(application, window);
-    if (!options.record.empty())
-        window.recording().start(options.record, options.setup);
+    if (!options.capture.empty())
+        window.capture().start(options.capture, options.setup);
     std::string refusal;
     try {
         if (!options.setup.empty())
@@ -112,7 +126,7 @@ int run(const WindowOptions& options, GuardedApplication& application)
     const bool isSeen = !isPicture && QGuiApplication::platformName() != QStringLiteral("offscreen");
     application.showsFailures = isSeen;
     if (!isSeen && !refusal.empty())
-        return complain(refusal);
+        return refuse(refusal);
     return isPicture ? paintInto(window, options.picture) : stayOpen(window, refusal);
 }
 
@@ -142,10 +156,9 @@ int refuseWithoutDisplay(const WindowOptions& options)
         if (!options.setup.empty())
             loadSetup(options.setup);
     } catch (const InputError& error) {
-        return complain(error.what());
+        return refuse(error.what());
     }
-    return complain(
-        "no display: neither DISPLAY nor WAYLAND_DISPLAY is set; --headless runs a script without a window");
+    return refuse("no display: neither DISPLAY nor WAYLAND_DISPLAY is set; --headless runs a script without a window");
 }
 
 } // namespace
@@ -166,7 +179,7 @@ int runWindow(int& argc, char** argv, const WindowOptions& options)
     try {
         return run(options, application);
     } catch (const std::exception& error) {
-        return complain(error.what());
+        return refuse(error.what());
     }
 }
 

@@ -8,7 +8,7 @@ namespace ko {
 struct WindowOptions {
     std::string setup;    ///< path of the set-up file to open; empty: none
     std::string language; ///< content of a string file as the component takes it; empty: English
-    std::string record;   ///< path of a file to record a scenario into; empty: none
+    std::string capture;  ///< path of a file to capture a scenario into; empty: none
     std::string picture;  ///< path of a file to paint the page into before leaving; empty: stay open
 };
 

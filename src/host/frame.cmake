@@ -6,8 +6,10 @@ ko_folder(frame SOURCES
   DriverWatch.cpp
   FailureStrip.cpp
   FaultDialog.cpp
+  FileWatch.cpp
   FrameFiles.cpp
   FrameInstruments.cpp
+  FrameMemory.cpp
   FrameMenus.cpp
   FramePrinting.cpp
   FrameSite.cpp

@@ -1,13 +1,15 @@
+#include "host/FileWriter.h"
 #include "host/InputError.h"
 #include "host/Language.h"
 #include "host/Scenario.h"
 #include "host/Settings.h"
 #include "host/SettingsCommand.h"
+#include "host/StandardStreams.h"
 #include "host/WindowMain.h"
 #include "widgets/QtLocale.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -23,7 +25,7 @@ struct CommandLine {
     std::string locale;
     std::string language;
     std::string picture;
-    std::string record;
+    std::string capture;
     std::string setup;
     std::string script = "-";
     ko::SettingsCommand settings;
@@ -45,7 +47,7 @@ void declare(CLI::App& app, CommandLine& line)
     app.add_option("--picture", line.picture, "Paint the page into this file and leave")
         ->excludes(headless)
         ->option_text("FILE");
-    app.add_option("--record", line.record, "Write what is done in the window as a script into this file")
+    app.add_option("--capture", line.capture, "Write what is done in the window as a script into this file")
         ->excludes(headless)
         ->option_text("FILE");
     declareSettings(app, line.settings);
@@ -101,15 +103,51 @@ int runHeadless(const CommandLine& line, const std::string& language)
 int useSettings(const CommandLine& line, const std::string& language)
 {
     ko::ScenarioOptions options;
-    options.setup = ko::loadSetup(line.setup);
+    const std::string content = ko::readFile(line.setup);
+    options.setup = ko::parseSetup(content, line.setup);
     options.language = language;
     const ko::Locale sheetLocale = line.locale == "system" ? ko::toLocale(QLocale::system()) : ko::Locale{};
-    ko::runSettings(line.settings, {line.setup, options, sheetLocale}, *make<ko::PlayedPage>(line, options));
+    ko::runSettings(line.settings, {line.setup, content, options, sheetLocale}, *make<ko::PlayedPage>(line, options));
     return 0;
+}
+
+/// A file that is written is named for nothing else: only a set-up may be saved where it was read.
+void refuseClashes(const CommandLine& line)
+{
+    struct Named {
+        std::string as, file;
+        bool isWritten;
+    };
+    const Named files[]{
+        {"the set-up", line.setup, false},    {"the script", line.script == "-" ? std::string() : line.script, false},
+        {"--language", line.language, false}, {"--sheet", line.settings.sheet.file, true},
+        {"--picture", line.picture, true},    {"--capture", line.capture, true},
+        {"--save", line.settings.save, true}};
+    for (const Named* file = std::begin(files); file != std::end(files); ++file)
+        for (const Named* other = std::begin(files); other != file; ++other) {
+            const bool isSavedInPlace = file->as == "--save" && other->as == "the set-up";
+            if (file->isWritten && !isSavedInPlace && !file->file.empty() && !other->file.empty() &&
+                ko::isSameFile(file->file, other->file))
+                throw ko::InputError(file->file + ": named as " + other->as + " and as " + file->as);
+        }
+}
+
+/// An empty value would read as if the option was not there.
+void refuseEmptyValues(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        const std::string before = argv[i - 1];
+        if (word.empty())
+            throw ko::InputError((i > 1 && before.starts_with('-') ? before : "SETUP") + ": the value is empty");
+        if (word.starts_with("--") && word.find('=') == word.size() - 1)
+            throw ko::InputError(word.substr(0, word.size() - 1) + ": the value is empty");
+    }
 }
 
 int run(const CommandLine& line, int& argc, char** argv)
 {
+    refuseClashes(line);
     const bool inWindow = !line.headless && !line.settings.isGiven();
     const bool followsSystem = line.language.empty() && inWindow;
     if (!line.locale.empty() && !line.headless && line.settings.sheet.file.empty())
@@ -117,7 +155,7 @@ int run(const CommandLine& line, int& argc, char** argv)
     const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
     if (inWindow)
         return ko::runWindow(
-            argc, argv, {.setup = line.setup, .language = language, .record = line.record, .picture = line.picture});
+            argc, argv, {.setup = line.setup, .language = language, .capture = line.capture, .picture = line.picture});
     if (line.setup.empty())
         throw ko::InputError("without a window a set-up file is needed");
     return line.headless ? runHeadless(line, language) : useSettings(line, language);
@@ -128,10 +166,13 @@ int launch(int& argc, char** argv)
     CLI::App app("Shows the timebase editor page on simulated instruments", "korvell-host");
     CommandLine line;
     declare(app, line);
+    refuseEmptyValues(argc, argv);
     try {
         app.parse(argc, argv);
+    } catch (const CLI::Success& error) {
+        return app.exit(error);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : inputRefused;
+        throw ko::InputError(std::string(error.what()) + "; --help lists the options");
     }
     return run(line, argc, argv);
 }
@@ -140,13 +181,17 @@ int launch(int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    // A file that must not grow is one that cannot be written, as on a full disk.
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     try {
-        return launch(argc, argv);
+        const int status = launch(argc, argv);
+        ko::finishOutput();
+        return status;
     } catch (const ko::Refusal& refusal) {
-        std::fprintf(stderr, "%s\n", refusal.what());
+        ko::complain(refusal.what());
         return valueRefused;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        ko::complain(error.what());
         return inputRefused;
     }
 }

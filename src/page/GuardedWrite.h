@@ -54,7 +54,7 @@ public:
             return it;
         if (!std::exchange(anyTried_, true))
             beforeFirst();
-        if (step.isOver())
+        if (step.isSuperseded())
             return it;
         it.tried = true;
         it.written = wanted_.write(step, *at.timebase);
@@ -74,12 +74,12 @@ public:
     template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)
     {
         const std::int32_t code = actions_.updateDiskSpace();
-        if (code == 0 || step.isOver())
+        if (code == 0 || step.isSuperseded())
             return true;
         step([&] { showLimitMessage(support_, code); });
         for (Written& it : written_)
             restore(step, it);
-        if (step.isOver())
+        if (step.isSuperseded())
             return false;
         step(std::forward<PutBack>(putBack));
         actions_.refreshEstimate();

@@ -143,7 +143,7 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
         kept_ = before;
     };
     forEachTimebase(step, drivers, [&](const IndexedTimebase& at) { guarded.write(step, at, holds, [] {}); });
-    if (step.isOver())
+    if (step.isSuperseded())
         return Result::PutBack;
     readBack();
     if (guarded.anyTried() && !guarded.anyWritten()) {
@@ -156,7 +156,7 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
         accept(durationReadBack());
         return Result::Held;
     }
-    return guarded.fits(step, restore) && !step.isOver() ? Result::Taken : Result::PutBack;
+    return guarded.fits(step, restore) && !step.isSuperseded() ? Result::Taken : Result::PutBack;
 }
 
 void Recording::accepted(const Steps& step)

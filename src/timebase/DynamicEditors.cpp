@@ -149,7 +149,7 @@ void DynamicEditors::choose(const Steps& step, const ComboBox& chosen, ValueEdit
     const Written written = value ? write(step, number, *value) : Written{};
     const bool accepted = written.fate == Fate::Accepted;
     const bool stays = accepted || (written.fate == Fate::Kept && !number.isPeriod);
-    if (step.isOver())
+    if (step.isSuperseded())
         return;
     editors.selectValue(accepted && !written.inForce ? value : written.inForce,
                         stays ? chosen.index() : editors.selected());

@@ -113,7 +113,7 @@ void StaticEditors::choose(const ComboBox& chosen)
     const Steps step(support_.errors, procedure);
     const auto period = step.value([&] { return std::optional(periods_.valueAt(chosen.index())); });
     const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
-    if (step.isOver())
+    if (step.isSuperseded())
         return;
     const bool isKept = result.written && !result.rejected;
     periods_.selectValue(isKept ? result.inForce : std::nullopt, chosen.index());

@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 #include "platform/Form.h"
 #include "widgets/Convert.h"
+#include "widgets/PdfDetour.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -161,10 +162,12 @@ void QtPrinters::begin()
     QPrinter* const printer = lent_ ? lent_ : own.get();
     const bool isNowhere = own && own->outputFormat() == QPrinter::PdfFormat && pdfFile_.isEmpty();
     auto painter = std::make_unique<QPainter>();
+    auto detour = std::make_unique<PdfDetour>(*printer);
     if (isNowhere || !painter->begin(printer))
         throw Failure(printerError, "Printer error");
     own_ = std::move(own);
     printer_ = printer;
+    detour_ = std::move(detour);
     painter_ = std::move(painter);
 }
 
@@ -184,10 +187,19 @@ void QtPrinters::endDocument()
 {
     const bool drawn = !painter_ || painter_->end();
     painter_.reset();
+    const QString file = detour_ ? detour_->file() : QString();
+    const QByteArray content = file.isEmpty() ? QByteArray() : detour_->content();
+    detour_.reset();
     printer_ = nullptr;
     own_.reset();
     if (!drawn)
         throw Failure(printerError, "Printer error");
+    try {
+        if (!file.isEmpty())
+            savePdf(file, content);
+    } catch (const std::exception& error) {
+        throw Failure(printerError, error.what());
+    }
 }
 
 } // namespace ko

@@ -12,6 +12,8 @@ class QWidget;
 
 namespace ko {
 
+class PdfDetour;
+
 /// The system's printers and, after them, a printer that writes a PDF file.
 class QtPrinters : public Printers {
 public:
@@ -34,6 +36,10 @@ public:
 
     explicit QtPrinters(Surfaces surfaces);
     ~QtPrinters() override;
+
+    /// Writes the content of a PDF file, empty where it could not be made, whole or not at all. Its failures reach the
+    /// caller of `endDocument` as failure 482.
+    std::function<void(const QString& file, const QByteArray& content)> savePdf;
 
     /// Where the PDF printer writes to.
     void setPdfFile(const QString& path) { pdfFile_ = path; }
@@ -64,6 +70,7 @@ private:
     QPrinter* lent_ = nullptr;
     std::unique_ptr<QPrinter> own_;
     QPrinter* printer_ = nullptr; ///< of the job that is running
+    std::unique_ptr<PdfDetour> detour_;
     std::unique_ptr<QPainter> painter_;
 };
 

@@ -1,4 +1,4 @@
-#include "host/SetupSession.h"
+#include "Answers.h"
 #include "host/InputError.h"
 #include "interfaces/Timebase.h"
 
@@ -10,26 +10,6 @@ namespace ko::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A user whose mind is made up.
-struct Answers : SessionQuestions {
-    Unsaved unsaved = Unsaved::Cancel;
-    std::string saveAs;
-    std::string asked;
-
-    Unsaved keepChanges() override
-    {
-        asked += "changes ";
-        return unsaved;
-    }
-    std::string fileToSave() override
-    {
-        asked += "file ";
-        return saveAs;
-    }
-    void tellNotSaved(const std::string& reason) override { asked += "not saved: " + reason; }
-    void tellNotOpened(const std::string& reason) override { asked += "not opened: " + reason; }
-};
 
 class SetupSessionTest : public testing::Test {
 protected:
@@ -160,6 +140,65 @@ TEST_F(SetupSessionTest, AnotherFileIsOpenedOnlyWhenTheChangesAreSettledAndItIsW
     EXPECT_TRUE(session.open(file("other.json"), user));
     EXPECT_NE(session.drivers(), before);
     EXPECT_FALSE(session.isChanged());
+}
+
+TEST_F(SetupSessionTest, AFileThatAnotherProgramHasChangedIsOverwrittenOnlyWhenTheUserSaysSo)
+{
+    const std::string theirs = R"({"title": "Band", "drivers": [{"name": "B"}]})";
+    const struct {
+        Conflict answer;
+        const char* asked;
+        bool isSaved, isMarked;
+        const char *instrument, *inFile;
+    } cases[]{{Conflict::Cancel, "conflict ", false, true, "A", "Band"},
+              {Conflict::Overwrite, "conflict ", true, false, "A", "Bench"},
+              {Conflict::SaveElsewhere, "conflict file ", true, false, "A", "Band"},
+              {Conflict::Reload, "conflict ", false, false, "B", "Band"}};
+    for (const auto& c : cases) {
+        session.load(bench());
+        change();
+        // As long as what it replaces, and of the same time.
+        const auto time = fs::last_write_time(session.file());
+        file("bench.json", theirs);
+        fs::last_write_time(session.file(), time);
+        user.conflict = c.answer;
+        user.saveAs = file("copy.json");
+        user.asked.clear();
+        EXPECT_EQ(session.save(user), c.isSaved) << c.asked;
+        EXPECT_EQ(user.asked, c.asked);
+        EXPECT_EQ(session.isChanged(), c.isMarked);
+        EXPECT_EQ(session.drivers().front()->name(), c.instrument);
+        EXPECT_EQ(loadSetup(file("bench.json")).title, c.inFile);
+        user.asked.clear();
+        EXPECT_TRUE(!c.isSaved || session.save(user));
+        EXPECT_EQ(user.asked, "") << "what was written here is known";
+    }
+    session.load(bench());
+    fs::remove(session.file());
+    EXPECT_TRUE(session.save(user)) << "nothing to overwrite";
+}
+
+TEST_F(SetupSessionTest, ReloadingIsOfferedOnceForEachWholeSetupWhileNothingHasChangedHere)
+{
+    session.load(bench());
+    const auto offered = [&](const std::string& content) {
+        file("bench.json", content);
+        user.asked.clear();
+        session.offerReload(user);
+        return user.asked;
+    };
+    const std::string first = R"({"drivers": [{"name": "B"}]})";
+    EXPECT_EQ(offered(R"({"drivers": )"), "") << "is still being written";
+    EXPECT_EQ(offered(first), "reload ");
+    EXPECT_EQ(offered(first), "");
+    session.setChanged(true);
+    EXPECT_EQ(offered(R"({"drivers": [{"name": "C"}]})"), "");
+    session.setChanged(false);
+    user.wantsReload = true;
+    EXPECT_EQ(offered(R"({"drivers": [{"name": "C"}]})"), "reload ");
+    EXPECT_EQ(session.drivers().front()->name(), "C");
+    session.offerReload(user);
+    EXPECT_EQ(user.asked, "reload ");
 }
 
 } // namespace

@@ -4,7 +4,6 @@ import os
 import re
 import resource
 import shutil
-import signal
 import subprocess
 import sys
 import tempfile
@@ -16,17 +15,17 @@ DEMO = SOURCE / "demo"
 SETUP = DEMO / "engine-bench-demo.json"
 
 
-def full_disk():
-    """From here on no file grows beyond a few bytes."""
-    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
-    resource.setrlimit(resource.RLIMIT_FSIZE, (100, 100))
+def full_disk(room):
+    """From here on no file grows beyond `room` bytes."""
+    return lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (room, room))
 
 
-def run(*arguments, script="", cwd=None, preexec_fn=None, **environment):
+def run(*arguments, script="", cwd=None, preexec_fn=None, stdout=subprocess.PIPE, **environment):
     kept = {name: value for name, value in os.environ.items()
             if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-    return subprocess.run([PROGRAM, *map(str, arguments)], input=script, text=True, capture_output=True, timeout=60,
-                          env={**kept, **environment}, cwd=cwd, check=False, preexec_fn=preexec_fn)
+    return subprocess.run([PROGRAM, *map(str, arguments)], input=script, text=True, errors="surrogateescape",
+                          stdout=stdout, stderr=subprocess.PIPE, timeout=60, env={**kept, **environment}, cwd=cwd,
+                          check=False, preexec_fn=preexec_fn)
 
 
 class Program(unittest.TestCase):
@@ -40,7 +39,7 @@ class Program(unittest.TestCase):
     def test_a_script_on_standard_input_decides_the_exit_status(self):
         for script, status, complaint in (("setup\nshow\nexpect cmbInterval text seconds\n", 0, ""),
                                           ("setup\nshow\nexpect cmbInterval text weeks\nhide\n", 1, ""),
-                                          ("setup\njump\n", 2, "standard input:2:")):
+                                          ("setup\njump\n", 2, "korvell-host: standard input:2:")):
             done = run("--headless", SETUP, script=script)
             self.assertEqual(done.returncode, status, script)
             self.assertTrue(done.stderr.startswith(complaint), done.stderr)
@@ -162,11 +161,56 @@ class Program(unittest.TestCase):
                 done = run(SETUP, *arguments)
                 self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
                 self.assertIn(complaint, done.stderr)
-            done = run(SETUP, "--sheet", sheet, preexec_fn=full_disk)
-            self.assertEqual(done.returncode, 2)
-            self.assertIn("cannot be saved", done.stderr)
             self.assertEqual(sheet.read_bytes(), before)
 
+    def test_on_a_full_disk_the_old_file_stays_and_the_status_says_so(self):
+        for room in (0, 100, 4096):
+            for option, name in (("--save", "x.json"), ("--sheet", "x.html"), ("--sheet", "x.pdf"),
+                                 ("--picture", "x.png"), ("--capture", "x.scenario")):
+                if (option, room) == ("--capture", 4096):
+                    continue  # that much it begins with: the window would stay
+                with tempfile.TemporaryDirectory() as folder:
+                    file = Path(folder) / name
+                    file.write_text("old")
+                    done = run(SETUP, option, file, preexec_fn=full_disk(room), QT_QPA_PLATFORM="offscreen")
+                    self.assertEqual((done.returncode, file.read_text()), (2, "old"), (option, room))
+                    self.assertIn(f"korvell-host: {file}: cannot be saved: ", done.stderr)
+                    self.assertEqual(len(os.listdir(folder)), 1)
+
+    def test_output_that_cannot_be_written_is_a_failure(self):
+        for arguments in (("--list",), ("--list", "--json"), ("--get", "span"), ("--choices", "sample-rate"),
+                          ("--help",), ("--version",), ("--headless",)):
+            with open("/dev/full", "w", encoding="utf-8") as full:
+                done = run(SETUP, *arguments, stdout=full, script="setup\nshow\nexpect cmbInterval text weeks\n" * 99)
+            self.assertEqual(done.returncode, 2, arguments)
+            self.assertRegex(done.stderr, "^korvell-host: standard output cannot be written.*\n$")
+
+    def test_values_that_are_empty_and_files_that_are_named_twice_are_refused_before_anything_is_done(self):
+        options = ("save", "sheet", "choices", "get", "set", "language", "picture", "capture", "locale", "paper")
+        with tempfile.TemporaryDirectory() as folder:
+            bench, link = Path(folder) / "bench.html", Path(folder) / "link.html"
+            shutil.copy(SETUP, bench)
+            link.symlink_to(bench)
+            cases = [*((f"--{option}", "") for option in options), *((f"--{option}=",) for option in options), ("",),
+                     *((option, file) for option in ("--sheet", "--picture", "--capture") for file in (bench, link)),
+                     ("--save", link, "--sheet", bench), ("--language", link, "--save", Path(folder) / "." / link.name),
+                     ("--picture", "new.png", "--capture", "./new.png"), ("--record", "new")]
+            for arguments in cases:
+                done = run(bench, *arguments, cwd=folder, QT_QPA_PLATFORM="offscreen")
+                self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
+                self.assertRegex(done.stderr, "^korvell-host: .*\n$")
+                self.assertEqual(bench.read_bytes(), SETUP.read_bytes())
+                self.assertEqual(len(os.listdir(folder)), 2)
+
+    def test_file_names_are_the_systems_bytes(self):
+        with tempfile.TemporaryDirectory() as folder:
+            bench, sheet, picture = (os.fsdecode(name) for name in (b"\xff\xe4.json", b"\xff.html", b"\xff.png"))
+            shutil.copy(SETUP, Path(folder) / bench)
+            for arguments in (("--set", "duration=45", "--save", bench, "--sheet", sheet), ("--picture", picture)):
+                self.assertEqual(run(bench, *arguments, cwd=folder).returncode, 0)
+            self.assertEqual(set(os.listdir(folder)), {bench, sheet, picture})
+            self.assertEqual(run(bench, "--get", "duration", cwd=folder).stdout, "45\n")
+            self.assertIn("\udcfe.json: cannot be opened", run("\udcfe.json", "--list").stderr)
 
 
 if __name__ == "__main__":

@@ -21,6 +21,8 @@ public:
     Unsaved keepChanges() override { getStuck(); }
     std::string fileToOpen() override { getStuck(); }
     std::string fileToSave() override { getStuck(); }
+    Conflict settleConflict() override { getStuck(); }
+    bool reload() override { getStuck(); }
     void tellNotSaved(const std::string&) override { getStuck(); }
     void tellNotOpened(const std::string&) override { getStuck(); }
 };

@@ -1,7 +1,9 @@
 #include "FrameTest.h"
+#include "host/InputError.h"
 #include "host/RecentFiles.h"
 #include "interfaces/Timebase.h"
 
+#include <QAbstractButton>
 #include <QDropEvent>
 #include <QMessageBox>
 #include <QMimeData>
@@ -87,6 +89,57 @@ TEST_F(FrameFilesTest, ClosingAndOpeningOfferToSaveWhatHasChanged)
     EXPECT_EQ(user.asked, 3);
 }
 
+TEST_F(FrameFilesTest, AFileThatAnotherProgramChangesIsReloadedHoweverItIsReplaced)
+{
+    window.open(bench);
+    show();
+    user.reload = true;
+    const auto content = [](char name) { return R"({"drivers": [{"name": ")" + std::string(1, name) + R"("}]})"; };
+    const std::function<void(const std::string&)> ways[]{
+        [&](const std::string& text) { file("bench.json", text.c_str()); },
+        [&](const std::string& text) { std::filesystem::rename(file("new.json", text.c_str()), bench); },
+        [&](const std::string& text) {
+            QFile::remove(toQt(bench));
+            file("bench.json", text.c_str());
+        }};
+    char name = 'C';
+    for (int round = 0; round < 2; ++round)
+        for (const auto& change : ways) {
+            change(content(name));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return window.session().drivers().front()->name()[0] == name; })) << name;
+            EXPECT_FALSE(window.isWindowModified());
+            ++name;
+        }
+    EXPECT_EQ(user.offered, 6);
+    // While a question is open it waits.
+    QMessageBox box(&window);
+    box.open();
+    ways[0](content('X'));
+    for (int i = 0; i < 9; ++i)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(user.offered, 6);
+    box.close();
+    activate();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return user.offered == 7; }));
+}
+
+TEST_F(FrameFilesTest, AFileThatIsOpenIsNotWrittenAsSomethingElse)
+{
+    window.open(bench);
+    EXPECT_THROW(window.capture().startFromHere(bench), InputError);
+    const std::string scenario = bench.substr(0, bench.size() - 4) + "scenario";
+    std::filesystem::copy(bench, scenario + ".setup.json");
+    window.open(scenario + ".setup.json");
+    EXPECT_THROW(window.capture().startFromHere(scenario), InputError);
+    window.open(bench);
+    window.capture().startFromHere(scenario);
+    const std::string captured = readFile(scenario);
+    user.saveAs = scenario;
+    action(hostText::fileMenu, hostText::saveAs).trigger();
+    EXPECT_NE(user.told.find("is the scenario that is captured"), std::string::npos);
+    EXPECT_EQ(readFile(scenario).find(captured), 0U);
+}
+
 TEST_F(FrameFilesTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsTheFile)
 {
     window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
@@ -161,10 +214,9 @@ TEST_F(FrameFilesTest, RecentFilesAreOpenedForgottenWhenMissingAndCleared)
 
 TEST_F(FrameFilesTest, SettingsKeepEightFilesAndThePlaceOfTheDocks)
 {
-    const QString ini = folder.filePath("settings.ini");
-    const auto settings = [&] { return std::make_unique<QSettings>(ini, QSettings::IniFormat); };
+    const std::string memory = folder.filePath("new/window.json").toStdString();
     {
-        FrameWindow first("", settings());
+        FrameWindow first("", memory);
         EXPECT_FALSE(first.restorePlace());
         for (int i = 0; i < 10; ++i)
             first.open(file(qPrintable(QString("%1.json").arg(i)), R"({"drivers": []})"));
@@ -172,10 +224,11 @@ TEST_F(FrameFilesTest, SettingsKeepEightFilesAndThePlaceOfTheDocks)
         first.findChild<QDockWidget*>("driverLog")->show();
         EXPECT_TRUE(first.close());
     }
-    const QStringList kept = RecentFiles(settings().get()).files();
+    FrameMemory content(memory);
+    const QStringList kept = RecentFiles(content).files();
     ASSERT_EQ(kept.size(), RecentFiles::most);
     EXPECT_EQ(kept.constFirst(), folder.filePath("9.json"));
-    FrameWindow second("", settings());
+    FrameWindow second("", memory);
     EXPECT_TRUE(second.restorePlace());
     second.show();
     EXPECT_TRUE(second.findChild<QDockWidget*>("driverLog")->isVisible());
@@ -197,6 +250,28 @@ TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
             box->button(b)->click();
         });
         EXPECT_EQ(boxes.keepChanges(), result);
+    }
+    const auto press = [&](int text) {
+        return [this, text] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->text().contains("bench.json"));
+            for (QAbstractButton* button : box->buttons())
+                if (button->text() == window.text(text))
+                    return button->click();
+            box->reject();
+        };
+    };
+    for (const auto& [text, result] : {std::pair{hostText::overwrite, Conflict::Overwrite},
+                                       {hostText::saveAs, Conflict::SaveElsewhere},
+                                       {hostText::reload, Conflict::Reload},
+                                       {hostText::product, Conflict::Cancel}}) {
+        const Soon soon(press(text));
+        EXPECT_EQ(boxes.settleConflict(), result);
+    }
+    for (const auto& [text, result] : {std::pair{hostText::reload, true}, {hostText::product, false}}) {
+        const Soon soon(press(text));
+        EXPECT_EQ(boxes.reload(), result);
     }
 }
 
@@ -229,13 +304,19 @@ TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsTold
         EXPECT_TRUE(pdf.contains(box));
         EXPECT_GT(pdf.count("/Type /Page\n"), 1);
     }
-    QPrinter nowhere;
-    nowhere.setOutputFormat(QPrinter::PdfFormat);
-    nowhere.setOutputFileName(folder.filePath("none/sheet.pdf"));
-    QString told;
-    answer(told);
-    window.printSheetOn(nowhere);
-    EXPECT_TRUE(told.startsWith(window.text(3368)));
+    window.open(bench);
+    for (const QString& refused : {folder.filePath("none/sheet.pdf"), toQt(bench)}) {
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(refused);
+        QString told;
+        answer(told);
+        window.printSheetOn(printer);
+        EXPECT_TRUE(told.startsWith(window.text(3368)) && told.contains(refused)) << fromQt(told);
+        window.printOn(printer);
+    }
+    EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
+    EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
 } // namespace

@@ -21,6 +21,9 @@ namespace ko::test {
 struct Decided {
     Unsaved unsaved = Unsaved::Cancel;
     int asked = 0; ///< about unsaved changes
+    Conflict conflict = Conflict::Cancel;
+    bool reload = false;
+    int offered = 0; ///< to read the file anew
     std::string open, saveAs;
     std::string told;
 };
@@ -36,6 +39,12 @@ public:
     }
     std::string fileToOpen() override { return user_.open; }
     std::string fileToSave() override { return user_.saveAs; }
+    Conflict settleConflict() override { return user_.conflict; }
+    bool reload() override
+    {
+        ++user_.offered;
+        return user_.reload;
+    }
     void tellNotSaved(const std::string& reason) override { user_.told = reason; }
     void tellNotOpened(const std::string& reason) override { user_.told = reason; }
 

@@ -161,14 +161,14 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
     EXPECT_EQ(value({"Digitizer"}), "");
 }
 
-TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsRecorded)
+TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsCaptured)
 {
     const std::string scenario = folder.filePath("a.scenario").toStdString();
-    window.recording().startFromHere(scenario);
+    window.capture().startFromHere(scenario);
     rows.setData(row({"Digitizer", "Inputs", "0:2"}), Qt::Checked, Qt::CheckStateRole);
     window.instruments().faultChanged(driver(), "SamplePeriod set", true);
     window.instruments().faultChanged(driver(), "", false);
-    window.recording().stop();
+    window.capture().stop();
     const QString lines = toQt(readFile(scenario));
     EXPECT_TRUE(lines.contains("\nenable 0 0 1 1\nshow\ndrivers-changed\n")) << lines.toStdString();
     EXPECT_TRUE(lines.contains("\nfail 0 \"SamplePeriod set\"\n"));

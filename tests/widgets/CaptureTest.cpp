@@ -39,8 +39,8 @@ const char* const bench = R"({"drivers": [
   {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2, "scanPeriod": {"value": 0.1, "range": [0.01, 10]}},
    "triggerLines": {"scanMasterRank": 5}, "groups": [{"name": "Slow", "channels": [{"address": "1:1"}]}]}]})";
 
-/// A session in the host's window that is recorded and then replayed without one.
-class RecordingTest : public testing::Test {
+/// A session in the host's window that is captured and then replayed without one.
+class CaptureTest : public testing::Test {
 protected:
     QTemporaryDir folder;
     FrameWindow window{""};
@@ -55,7 +55,7 @@ protected:
     [[nodiscard]] Page& page() { return window.document().page(); }
     [[nodiscard]] std::string path(const char* name) const { return fromQt(folder.filePath(name)); }
     void write(const char* name, const char* content) const { std::ofstream(path(name)) << content; }
-    [[nodiscard]] std::string recorded(const char* name = "session.scenario") const { return readFile(path(name)); }
+    [[nodiscard]] std::string captured(const char* name = "session.scenario") const { return readFile(path(name)); }
 
     [[nodiscard]] SimulatedDriver& driver(std::size_t index)
     {
@@ -76,21 +76,21 @@ protected:
             all += "\n" + control->name() + " " + controlState(*control).dump();
         return all;
     }
-    /// Stops the recording and compares what its replay from this set-up leads to.
+    /// Stops the capture and compares what its replay from this set-up leads to.
     void expectSameReplay(const std::string& setup, const char* name = "session.scenario")
     {
-        window.recording().stop();
+        window.capture().stop();
         std::ostringstream output;
         std::ifstream script(path(name));
         Scenario replay({loadSetup(setup), fromQt(folder.path()), {}, {}}, output);
         try {
             replay.run(script);
         } catch (const ScriptFault& fault) {
-            FAIL() << "line " << fault.line() << ": " << fault.what() << "\n" << recorded(name);
+            FAIL() << "line " << fault.line() << ": " << fault.what() << "\n" << captured(name);
         }
         const Page& replayed = replay.document().page();
-        EXPECT_EQ(driversOf(replayed), driversOf(page())) << recorded(name);
-        EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << recorded(name);
+        EXPECT_EQ(driversOf(replayed), driversOf(page())) << captured(name);
+        EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << captured(name);
     }
 };
 
@@ -101,7 +101,7 @@ int wanted(const char* variable, int usual)
     return value ? std::atoi(value) : usual;
 }
 
-class RandomSession : public RecordingTest, public testing::WithParamInterface<int> {
+class RandomSession : public CaptureTest, public testing::WithParamInterface<int> {
 protected:
     RandomUser user{window, static_cast<unsigned>(GetParam()) + 1};
 
@@ -112,7 +112,7 @@ protected:
         case 0: user.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
         case 1: user.have([this] { window.openAsking(folder.filePath("bench.json")); }); break;
         case 2: breakDown(); break;
-        case 3: window.recording().host({"enable", "0", "0", "0", std::to_string(enable(user.upTo(2)))}); break;
+        case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(user.upTo(2)))}); break;
         default: user.act();
         }
     }
@@ -122,10 +122,10 @@ protected:
         const std::string operation = operations[user.upTo(4)];
         CallGate& calls = driver(0).calls();
         if (calls.failing().empty()) {
-            window.recording().host({"fail", "0", operation});
+            window.capture().host({"fail", "0", operation});
             calls.fail({.operation = operation});
         } else {
-            window.recording().host({"heal", "0"});
+            window.capture().host({"heal", "0"});
             calls.healAll();
         }
     }
@@ -139,7 +139,7 @@ protected:
 TEST_P(RandomSession, ReplaysToTheSameDriversAndTheSamePage)
 {
     const std::string setup = GetParam() % 2 == 0 ? path("bench.json") : demo;
-    window.recording().start(path("session.scenario"), setup);
+    window.capture().start(path("session.scenario"), setup);
     window.open(setup);
     for (int i = wanted("KO_SESSION_ACTIONS", 150); i > 0; --i)
         act();
@@ -152,7 +152,7 @@ TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
     window.open(path("bench.json"));
     for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
         act();
-    user.have([this] { window.recording().startFromHere(path("session.scenario")); });
+    user.have([this] { window.capture().startFromHere(path("session.scenario")); });
     for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
         act();
     expectSameReplay(demo);
@@ -178,13 +178,13 @@ private:
     void (*handler_)(int);
 };
 
-TEST_F(RecordingTest, AFullDiskEndsTheRecordingWithAMessageAndThePageGoesOn)
+TEST_F(CaptureTest, AFullDiskEndsTheCaptureWithAMessageAndThePageGoesOn)
 {
-    window.recording().start(path("session.scenario"), {});
+    window.capture().start(path("session.scenario"), {});
     window.open(path("bench.json"));
-    QAction& entry = window.recording().action();
+    QAction& entry = window.capture().action();
     EXPECT_TRUE(entry.isChecked());
-    const std::string before = recorded();
+    const std::string before = captured();
     QString told;
     {
         const FullDisk full(before.size() + 3);
@@ -196,7 +196,7 @@ TEST_F(RecordingTest, AFullDiskEndsTheRecordingWithAMessageAndThePageGoesOn)
     EXPECT_EQ(page().activeControl(), &page().txtDuration);
     EXPECT_EQ(told, window.text(3203));
     EXPECT_FALSE(entry.isChecked());
-    EXPECT_EQ(recorded().substr(0, before.size()), before);
+    EXPECT_EQ(captured().substr(0, before.size()), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomSession, testing::Range(0, wanted("KO_SESSIONS", 6)));

@@ -1,4 +1,4 @@
-#include "host/Recorder.h"
+#include "host/ScenarioCapture.h"
 
 #include "host/InputError.h"
 #include "host/LocaleWords.h"
@@ -31,28 +31,27 @@ std::string seenFrom(const std::string& scenario, const std::string& file)
 
 } // namespace
 
-Recorder::Recorder(const std::string& file, const Recorded& recorded)
-    : file_(file), recorded_(recorded), output_(file, std::ios::binary | std::ios::trunc)
+ScenarioCapture::ScenarioCapture(const std::string& file, const Captured& captured)
+    : file_(file), captured_(captured), output_(file)
 {
     begin();
-    if (!writer_.good())
-        throw InputError(file + ": cannot be written");
-    recorded_.page.userActs = [this](const auto& words) { acts(recorded_.page, words); };
-    for (Form* dialog : recorded_.dialogs)
+    output_.commit();
+    captured_.page.userActs = [this](const auto& words) { acts(captured_.page, words); };
+    for (Form* dialog : captured_.dialogs)
         dialog->userActs = [this, dialog](const auto& words) { acts(*dialog, words); };
 }
 
-Recorder::~Recorder()
+ScenarioCapture::~ScenarioCapture()
 {
-    recorded_.page.userActs = nullptr;
-    for (Form* dialog : recorded_.dialogs)
+    captured_.page.userActs = nullptr;
+    for (Form* dialog : captured_.dialogs)
         dialog->userActs = nullptr;
 }
 
-void Recorder::begin()
+void ScenarioCapture::begin()
 {
-    writer_.comment("A recorded session; korvell-host --headless SETUP SCENARIO replays it");
-    ScenarioWriter::Words given = localeWords(recorded_.locale);
+    writer_.comment("A captured session; korvell-host --headless SETUP SCENARIO replays it");
+    ScenarioWriter::Words given = localeWords(captured_.locale);
     if (!given.empty()) {
         given.insert(given.begin(), "locale");
         writer_.line(given);
@@ -63,55 +62,55 @@ void Recorder::begin()
         line(words);
 }
 
-void Recorder::host(const ScenarioWriter::Words& words)
+void ScenarioCapture::host(const ScenarioWriter::Words& words)
 {
-    if (hasFailed_)
-        return;
-    line(words);
-    check();
+    attempt([&] { line(words); });
 }
 
-void Recorder::setup(const std::string& file)
+void ScenarioCapture::setup(const std::string& file)
 {
     host({"hide"});
     host(file.empty() ? ScenarioWriter::Words{"setup"} : ScenarioWriter::Words{"setup", seenFrom(file_, file)});
     host({"show"});
 }
 
-void Recorder::dialogOpened(const Form& form)
+void ScenarioCapture::dialogOpened(const Form& form)
 {
-    writer_.dialogOpened(form.name());
-    check();
+    attempt([&] { writer_.dialogOpened(form.name()); });
 }
 
-void Recorder::dialogClosed()
+void ScenarioCapture::dialogClosed()
 {
     writer_.dialogClosed();
 }
 
 /// What does not come from the form in front is the toolkit's doing while a dialog opens or closes.
-void Recorder::acts(const Form& form, const ScenarioWriter::Words& words)
+void ScenarioCapture::acts(const Form& form, const ScenarioWriter::Words& words)
 {
     const std::string front = writer_.dialog();
-    if (front.empty() ? &form == &recorded_.page : form.name() == front)
+    if (front.empty() ? &form == &captured_.page : form.name() == front)
         host(words);
 }
 
-void Recorder::line(const ScenarioWriter::Words& words)
+void ScenarioCapture::line(const ScenarioWriter::Words& words)
 {
-    const DateTime time = recorded_.tick();
+    const DateTime time = captured_.tick();
     if (!time_ || time_->days != time.days)
         writer_.line({"clock", clockText(time)});
     time_ = time;
     writer_.line(words);
 }
 
-void Recorder::check()
+void ScenarioCapture::attempt(const std::function<void()>& write)
 {
-    if (hasFailed_ || writer_.good())
+    if (hasFailed_)
         return;
-    hasFailed_ = true;
-    raise(failed);
+    try {
+        write();
+    } catch (const InputError&) {
+        hasFailed_ = true;
+        raise(failed);
+    }
 }
 
 } // namespace ko

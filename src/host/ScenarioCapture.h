@@ -1,18 +1,18 @@
 #pragma once
 
+#include "host/FileWriter.h"
 #include "host/ScenarioWriter.h"
 #include "interfaces/Values.h"
 #include "platform/Form.h"
 #include "platform/Locale.h"
 
-#include <fstream>
 #include <functional>
 #include <optional>
 
 namespace ko {
 
-/// What a recording listens to. Everything outlives it.
-struct Recorded {
+/// What a capture listens to. Everything outlives it.
+struct Captured {
     Form& page;
     std::vector<Form*> dialogs;
     /// The present time, at which the page's clock stands until it is asked for again: a replay has one time an input.
@@ -22,14 +22,14 @@ struct Recorded {
 
 /// Writes what the user does in the forms, and what the host says it does, as a scenario. Each line is in the file
 /// before what it says takes effect, so that a program that dies leaves a scenario that leads there.
-class Recorder {
+class ScenarioCapture {
 public:
     /// The scenario begins with the machine's settings and a page without instruments. Fails with an `InputError` where
-    /// the file cannot be written.
-    Recorder(const std::string& file, const Recorded& recorded);
-    ~Recorder();
-    Recorder(const Recorder&) = delete;
-    Recorder& operator=(const Recorder&) = delete;
+    /// the file cannot be written; a file that was there is then as it was.
+    ScenarioCapture(const std::string& file, const Captured& captured);
+    ~ScenarioCapture();
+    ScenarioCapture(const ScenarioCapture&) = delete;
+    ScenarioCapture& operator=(const ScenarioCapture&) = delete;
 
     /// What the host is about to do, in the words of a scenario.
     void host(const ScenarioWriter::Words& words);
@@ -40,19 +40,20 @@ public:
     void dialogClosed();
 
     [[nodiscard]] const std::string& file() const { return file_; }
-    /// A line could not be written: nothing is recorded any more. The recorder must outlive this.
+    /// A line could not be written: nothing is captured any more. The capture must outlive this.
     std::function<void()> failed;
 
 private:
     void acts(const Form& form, const ScenarioWriter::Words& words);
     void begin();
     void line(const ScenarioWriter::Words& words);
-    void check();
+    /// Writes, unless that has failed before.
+    void attempt(const std::function<void()>& write);
 
     std::string file_;
-    Recorded recorded_;
-    std::ofstream output_;
-    ScenarioWriter writer_{output_};
+    Captured captured_;
+    FileWriter output_;
+    ScenarioWriter writer_{[this](const std::string& text, std::size_t at) { output_.write(text, at); }};
     std::optional<DateTime> time_; ///< what the replay's clock shows
     bool hasFailed_ = false;
 };

@@ -1,4 +1,4 @@
-#include "host/Recorder.h"
+#include "host/ScenarioCapture.h"
 
 #include "PlayedScenario.h"
 #include "host/InputError.h"
@@ -22,11 +22,15 @@ const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
 
 TEST(ScenarioWriterTest, WhatStandsInTheFileCanBePlayedAfterEachStep)
 {
-    std::stringstream file;
-    ScenarioWriter writer(file);
+    std::string file;
+    ScenarioWriter writer([&](const std::string& text, std::size_t at) {
+        EXPECT_LE(at, file.size());
+        EXPECT_LE(file.size(), at + text.size());
+        file = file.substr(0, at) + text;
+    });
     const auto expect = [&](const std::string& content) {
-        EXPECT_EQ(file.str(), content);
-        EXPECT_EQ(play(file.str(), bench).fault, "") << file.str();
+        EXPECT_EQ(file, content);
+        EXPECT_EQ(play(file, bench).fault, "") << file;
     };
     writer.comment("top");
     writer.line({"setup"});
@@ -59,13 +63,12 @@ RC_GTEST_PROP(ScenarioWriterTest, WordsComeBackAsTheyWereWritten, (Words words, 
     RC_ASSERT(splitWords(line, 1) == words);
 }
 
-/// A page of a scenario that somebody uses while it is recorded.
-class RecorderTest : public testing::Test {
+/// A page of a scenario that somebody uses while it is captured.
+class ScenarioCaptureTest : public testing::Test {
 protected:
     std::ostringstream output;
     Scenario live{{parseSetup(bench, "bench.json"), {}, {}, {}}, output};
-    std::string file =
-        (fs::path(testing::TempDir()) / ("recorder" + std::to_string(::getpid()) + ".scenario")).string();
+    std::string file = (fs::path(testing::TempDir()) / ("capture" + std::to_string(::getpid()) + ".scenario")).string();
     Locale locale;
     int seconds = 0;
 
@@ -75,7 +78,7 @@ protected:
         std::istringstream script(commands);
         live.run(script);
     }
-    [[nodiscard]] Recorded recorded()
+    [[nodiscard]] Captured captured()
     {
         const auto tick = [this] {
             live.clock.time = DateTime{dateSerial(2026, 11, 21).days + timeSerial(10, 0, seconds).days};
@@ -90,15 +93,15 @@ protected:
     }
 };
 
-TEST_F(RecorderTest, NumbersAndTimesOfTheUsersLocaleReplayAnywhere)
+TEST_F(ScenarioCaptureTest, NumbersAndTimesOfTheUsersLocaleReplayAnywhere)
 {
     locale.decimalSeparator = ",";
     locale.timeFormat = "HH:mm:ss";
     locale.timeIs24Hour = "1";
     live.setLocale(locale);
     {
-        Recorder recorder(file, recorded());
-        recorder.setup();
+        ScenarioCapture capture(file, captured());
+        capture.setup();
         use("setup\nshow\nfocus txtDuration\nselect txtDuration 0 2\ntype 2,5\n");
         seconds = 7;
         use("click optAfter\nclick optStartTime\n");
@@ -114,10 +117,10 @@ TEST_F(RecorderTest, NumbersAndTimesOfTheUsersLocaleReplayAnywhere)
     EXPECT_NE(output.str().find(replayed.events.at(replayed.events.size() - 2)["drivers"].dump()), std::string::npos);
 }
 
-TEST_F(RecorderTest, EachInputIsInTheFileBeforeItTakesEffect)
+TEST_F(ScenarioCaptureTest, EachInputIsInTheFileBeforeItTakesEffect)
 {
     use("setup\nshow\n");
-    Recorder recorder(file, recorded());
+    ScenarioCapture capture(file, captured());
     std::string atClick;
     live.document().page().optAfter.click = [&] { atClick = lines(); };
     live.document().page().optStopTime.showSelected();
@@ -125,10 +128,10 @@ TEST_F(RecorderTest, EachInputIsInTheFileBeforeItTakesEffect)
     EXPECT_EQ(atClick, "focus optAfter\nclick optAfter\n");
 }
 
-TEST_F(RecorderTest, InputsReadAsAUserWouldWriteThem)
+TEST_F(ScenarioCaptureTest, InputsReadAsAUserWouldWriteThem)
 {
     use("setup\nshow\nfocus txtDuration\n");
-    Recorder recorder(file, recorded());
+    ScenarioCapture capture(file, captured());
     TextBox& box = live.document().page().txtDuration;
     box.userReplaced("5", 1, 0);
     box.userReplaced("57", 2, 0);
@@ -144,25 +147,25 @@ TEST_F(RecorderTest, InputsReadAsAUserWouldWriteThem)
                        "end-cell\nopen-cell 1\ndrop-cell\ncell 1 99\n");
 }
 
-TEST_F(RecorderTest, SetupsAreNamedAsSeenFromTheScenariosFolder)
+TEST_F(ScenarioCaptureTest, SetupsAreNamedAsSeenFromTheScenariosFolder)
 {
     const fs::path folder = fs::path(file).parent_path();
-    Recorder recorder(file, recorded());
-    recorder.setup();
-    recorder.setup((folder / "sub" / ".." / "with blank.json").string());
-    recorder.setup((folder.parent_path() / "other.json").string());
+    ScenarioCapture capture(file, captured());
+    capture.setup();
+    capture.setup((folder / "sub" / ".." / "with blank.json").string());
+    capture.setup((folder.parent_path() / "other.json").string());
     const std::string above = (fs::path("..") / "other.json").string();
     EXPECT_EQ(lines(), "hide\nsetup\nshow\nhide\nsetup \"with blank.json\"\nshow\nhide\nsetup " + above + "\nshow\n");
 }
 
-TEST_F(RecorderTest, AFileThatCannotBeWrittenIsRefused)
+TEST_F(ScenarioCaptureTest, AFileThatCannotBeWrittenIsRefused)
 {
-    EXPECT_THROW(Recorder("/no/such/folder/x.scenario", recorded()), InputError);
-    EXPECT_THROW(Recorder("/dev/full", recorded()), InputError);
+    EXPECT_THROW(ScenarioCapture("/no/such/folder/x.scenario", captured()), InputError);
+    EXPECT_THROW(ScenarioCapture("/dev/full", captured()), InputError);
     EXPECT_FALSE(live.document().page().userActs);
 }
 
-TEST(RecordedCommandsTest, ChannelsAndLocalesAreSetAndWhatIsWrongIsNamed)
+TEST(CapturedCommandsTest, ChannelsAndLocalesAreSetAndWhatIsWrongIsNamed)
 {
     const Played set = play("enable Digitizer 0 0 0\nlocale decimalSeparator=, timeIs24Hour=1\nsetup\nshow\ndrivers\n"
                             "state txtDuration\n",
