@@ -71,10 +71,7 @@ std::optional<Recording::Result> DurationEntry::write(const Steps& step, double 
         return before.duration &&
                step.value([&] { return textOf(widen(*before.duration)) == numberText(entered, support().locale()); });
     };
-    const Recording::Result result = recording_.write(step, change, putBack, holds);
-    if (result == Recording::Result::Taken)
-        recording_.accepted(step);
-    return result;
+    return recording_.commit(step, change, putBack, holds);
 }
 
 void DurationEntry::cmbInterval_GotFocus()
