@@ -58,10 +58,7 @@ std::optional<Recording::Result> DurationEntry::write(const Steps& step, double 
     const Recording::Holds isHeld = [&](const StartStopSettings& before) {
         return before.duration && holds(widen(*before.duration), entered);
     };
-    const Recording::Result result = recording_.write(step, change, putBack, isHeld);
-    if (result == Recording::Result::Taken)
-        recording_.accepted(step);
-    return result;
+    return recording_.commit(step, change, putBack, isHeld);
 }
 
 void DurationEntry::cmbInterval_GotFocus()

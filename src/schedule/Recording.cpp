@@ -169,9 +169,9 @@ void Recording::accepted(const Steps& step)
 }
 
 Recording::Result Recording::commit(const Steps& step, const StartStopSettings& change,
-                                    const std::function<void()>& putBack)
+                                    const std::function<void()>& putBack, const Holds& holds)
 {
-    const Result result = write(step, change, putBack);
+    const Result result = write(step, change, putBack, holds);
     if (result == Result::Taken)
         accepted(step);
     return result;

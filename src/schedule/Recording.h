@@ -57,15 +57,15 @@ public:
     /// Writes a change to the drivers that do not hold it, shows what they keep of it and asks the limit once. Beyond
     /// it the user is told and each driver gets its own values back; then, and where no driver took the change,
     /// `putBack` restores what the page showed and the derived labels follow.
-    Result write(
-        const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
-        const Holds& holds = [](const StartStopSettings&) { return false; });
+    Result write(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
+                 const Holds& holds = noneHolds);
 
     /// After a change was taken: what the page shows counts as accepted, the host is notified, the settings captured.
     void accepted(const Steps& step);
 
     /// Both in one.
-    Result commit(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack);
+    Result commit(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
+                  const Holds& holds = noneHolds);
 
     /// Copies the start and stop settings of the first driver that offers a timebase and answers all four to the
     /// page's `triggerVars`, unless the page is read-only; without such a driver they stay as they are. What the first
@@ -98,6 +98,7 @@ private:
         double seconds = 0.0;
     };
 
+    static bool noneHolds(const StartStopSettings& /*before*/) { return false; }
     [[nodiscard]] DateTime onToday(DateTime time) const;
     [[nodiscard]] bool isEntered() const;
     [[nodiscard]] bool lacksStopTime() const;

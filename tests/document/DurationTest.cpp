@@ -62,17 +62,6 @@ TEST_F(ScheduleTest, ARecordingShorterThanItsFirstSampleLastsAsLongAsItShould)
     EXPECT_NEAR(page().lblNumDynamicBytesValue.share(), 0.5, 0.01) << "of the limit";
 }
 
-TEST_F(ScheduleTest, ARefusedUnitGoesBackToTheOneBefore)
-{
-    openTwo(0, 0, "8:00:00 AM", 120);
-    ASSERT_EQ(page().cmbInterval.text(), "minutes");
-    page().cmbInterval.userChose(2);
-    EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
-    EXPECT_EQ(page().cmbInterval.text(), "minutes");
-    EXPECT_EQ(page().txtDuration.text(), "2");
-    expectEverywhere("0 0 8:00:00 AM 120");
-}
-
 TEST_F(ScheduleTest, AUnitThatMakesTheTextTheDurationInForceChangesTheLabelsAlone)
 {
     openTwo(0, 0, "8:00:00 AM", 30);

@@ -116,18 +116,7 @@ TEST_F(Initialization, AListHandedToAnEditablePageKeepsThePagesSettingsAndAnyOth
 
 TEST_F(Initialization, SettingsThatWereNeverReadAreNeverWritten)
 {
-    // A host that never says that drivers have changed, a page that opens read-only, and a list after an empty one.
     setSchedule(addDriver(), 1, 0.25, 1, 45);
-    document->mode().setReadOnly(true);
-    document->drivers().setNumberOfDrivers(1);
-    document->drivers().setDrivers({fakes[0]});
-    document->UserDocument_Show();
-    EXPECT_EQ(fakes[0]->duration, 45);
-    document->mode().setReadOnly(false);
-    EXPECT_EQ(fakes[0]->duration, 45);
-    EXPECT_EQ(fakes[0]->startMode, 1);
-
-    document = std::make_unique<TimebaseEditor>(shared, host);
     document->UserDocument_Show();
     document->drivers().DriversHaveChanged();
     EXPECT_FALSE(page().triggerVars);

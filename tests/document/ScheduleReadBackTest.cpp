@@ -61,13 +61,10 @@ TEST_F(ScheduleReadBack, WhatHangsOnASettingThatCannotBeReadIsNotWrittenWhenTheP
             openTwo(1, 1, "8:00:00 AM", 50);
             document = std::make_unique<TimebaseEditor>(shared, host);
             fakes.resize(drivers);
-            fakes[0]->groups = {{"Inputs", {{.triggerSource = true}}}};
-            fakes[0]->startRank = 5;
             fakes[0]->failing = {operation};
             const Texts before = held();
             open();
             EXPECT_EQ(held(), before) << operation;
-            EXPECT_TRUE(fakes[0]->groups[0].channels[0].triggerSource) << operation;
             EXPECT_FALSE(host.takeReports().empty()) << operation;
         }
 }
@@ -236,7 +233,7 @@ TEST_F(ScheduleReadBack, AChangeThatCannotBeReadBackIsNotifiedAndTheBoxShowsTheV
     EXPECT_EQ(page().txtDuration.text(), "15");
 }
 
-TEST_F(ScheduleReadBack, TheTriggerIsSwitchedBeforeTheHostIsNotified)
+TEST_F(ScheduleReadBack, TheTriggerIsSwitchedForAStartThatIsKnownAndBeforeTheHostIsNotified)
 {
     FakeDriver& driver = addDriver();
     driver.startRank = 5;
@@ -250,6 +247,13 @@ TEST_F(ScheduleReadBack, TheTriggerIsSwitchedBeforeTheHostIsNotified)
         start(mode).userClicked();
         EXPECT_EQ(atNotification, mode == 2) << mode;
     }
+    host.onChanged = nullptr;
+    start(2).userClicked();
+    driver.failing = {"StartMode"};
+    document->UserDocument_Show();
+    EXPECT_TRUE(isSource());
+    EXPECT_EQ(driver.startMode, startMode::onTrigger);
+    EXPECT_FALSE(host.takeReports().empty());
 }
 
 } // namespace

@@ -214,27 +214,5 @@ TEST_F(ScheduleTest, AStopOneSecondAfterTheStartIsTaken)
     expectEverywhere("1 1 8:00:00 AM 1");
 }
 
-TEST_F(DocumentTest, EveryPairOfModesReachesTheDriversFromEveryOther)
-{
-    FakeDriver& driver = addDriver();
-    open();
-    driver.startRank = 5;
-    handOver();
-    const auto choose = [&](int pair) {
-        OptionButton* const starts[] = {&page().optImmediate, &page().optOnTrigger, &page().optStartTime,
-                                        &page().optStartTime};
-        starts[pair]->userClicked();
-        (pair == 3 ? page().optStopTime : page().optAfter).userClicked();
-    };
-    const std::int32_t startModes[] = {0, 2, 1, 1};
-    for (int from = 0; from < 4; ++from)
-        for (int to = 0; to < 4; ++to) {
-            choose(from);
-            choose(to);
-            EXPECT_EQ(driver.startMode, startModes[to]) << from << " to " << to;
-            EXPECT_EQ(driver.stopMode, to == 3 ? 1 : 0) << from << " to " << to;
-        }
-}
-
 } // namespace
 } // namespace ko::test

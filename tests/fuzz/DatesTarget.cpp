@@ -52,7 +52,8 @@ void checkParts(DateTime time, std::string_view text)
     const DateTime date = dateSerial(parts.year, parts.month, parts.day);
     require(date == datePart(time), "a date is what its parts make", text);
     require(timeSerial(parts.hour, parts.minute, parts.second) == timePart(time), "so is a time", text);
-    require(dateAdd(TimeUnit::seconds, dateDiffSeconds(date, time), date) == time, "a difference undoes an addition", text);
+    require(dateAdd(TimeUnit::seconds, dateDiffSeconds(date, time), date) == time, "a difference undoes an addition",
+            text);
 }
 
 void run(std::string_view input)
