@@ -11,7 +11,7 @@ install(TARGETS KoTimebaseEditor ko_platform EXPORT ${PROJECT_NAME}Targets
   ARCHIVE COMPONENT dev
   INCLUDES DESTINATION ${headers_folder})
 install(DIRECTORY src/interfaces src/platform DESTINATION ${headers_folder} COMPONENT dev FILES_MATCHING PATTERN *.h)
-foreach(header document/ClassFactory.h page/Drivers.h page/OfferAccount.h page/Page.h page/TriggerVars.h support/StringTable.h)
+foreach(header document/ClassFactory.h page/Drivers.h page/LinePlan.h page/OfferAccount.h page/Page.h page/TriggerVars.h support/StringTable.h)
   cmake_path(GET header PARENT_PATH folder)
   install(FILES src/${header} DESTINATION ${headers_folder}/${folder} COMPONENT dev)
 endforeach()

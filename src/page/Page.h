@@ -3,6 +3,7 @@
 #include "interfaces/ClientSite.h"
 #include "interfaces/IKopDrivers.h"
 #include "page/Drivers.h"
+#include "page/LinePlan.h"
 #include "page/OfferAccount.h"
 #include "page/TriggerVars.h"
 #include "platform/CaptionControls.h"
@@ -11,14 +12,10 @@
 #include "platform/Grid.h"
 #include "platform/TextBox.h"
 
-#include <array>
 #include <memory>
 #include <optional>
 
 namespace ko {
-
-/// Which of the 8 trigger lines may be chosen.
-using LineMask = std::array<bool, 8>;
 
 /// Bits of `Page::editFlags`.
 namespace editFlag {
@@ -143,10 +140,7 @@ public:
     std::optional<TriggerVars> triggerVars;
     std::int32_t TriggerSlot = -1;
     std::int32_t TriggerChannel = -1;
-    std::int32_t startTriggerLine = -1;
-    std::int32_t scanTriggerLine = -1;
-    LineMask availStartLines{};
-    LineMask availScanLines{};
+    LinePlan lines; ///< of the start and the sync trigger
 
     std::string hertzText;
     std::string notApplicableText;

@@ -102,9 +102,11 @@ protected:
     {
         return {{"queryTriggerLines", 2 * drivers},
                 {"setStartTriggerLine", 1},
+                {"StartTriggerLine", 1},
                 {"setStartTriggerInput", drivers - 1},
                 {"setScanTriggerInput", drivers - 1},
-                {"setScanTriggerLine", 1}};
+                {"setScanTriggerLine", 1},
+                {"ScanTriggerLine", 1}};
     }
     /// Choosing a channel walks over all but the new one; the old one is switched off, the new one on.
     Counts sourceSwitch() const

@@ -201,8 +201,8 @@ TEST_F(TriggeringTest, AChannelIsFoundByTheFilterAndChosenByADoubleClick)
 
 TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
 {
-    ASSERT_EQ(page().startTriggerLine, 0);
-    ASSERT_EQ(page().scanTriggerLine, 1);
+    ASSERT_EQ(page().lines.line(LineTrigger::start), 0);
+    ASSERT_EQ(page().lines.line(LineTrigger::scan), 1);
     inDialog(
         [](QDialog& dialog) {
             auto* tabs = dialog.findChild<QTabWidget*>();
@@ -226,8 +226,8 @@ TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
             press(Qt::Key_Return);
         },
         [&] { page().mnuTimebaseTriggerLines.userClicked(); });
-    EXPECT_EQ(page().startTriggerLine, 2);
-    EXPECT_EQ(page().scanTriggerLine, 0);
+    EXPECT_EQ(page().lines.line(LineTrigger::start), 2);
+    EXPECT_EQ(page().lines.line(LineTrigger::scan), 0);
 }
 
 /// The name of a cell's header, which the toolkit makes anew for whoever asks.
@@ -268,7 +268,7 @@ TEST_F(TriggeringTest, TheMapOfTheLinesIsATableThatFollowsTheOptions)
             press(Qt::Key_Escape);
         },
         [&] { page().mnuTimebaseTriggerLines.userClicked(); });
-    EXPECT_EQ(page().startTriggerLine, 0);
+    EXPECT_EQ(page().lines.line(LineTrigger::start), 0);
 }
 
 TEST_F(TriggeringTest, ManyInstrumentsScrollInsteadOfOutgrowingTheScreen)
