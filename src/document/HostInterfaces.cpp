@@ -36,6 +36,8 @@ void TimebaseEditor::setDrivers(const DriverList& handedOver)
     page_.hasStaticDrivers = false;
     page_.hasDynamicDrivers = false;
     page_.drivers.clear();
+    if (!page_.isShown || page_.readOnly)
+        forgetSettings();
     step([&] {
         if (page_.numDrivers < 0)
             fail(failure::subscriptOutOfRange);
@@ -49,6 +51,12 @@ void TimebaseEditor::setDrivers(const DriverList& handedOver)
         UserDocument_Show();
         UserDocument_Resize();
     }
+}
+
+/// A list that comes while the user cannot edit the page is another set-up, which brings its own settings.
+void TimebaseEditor::forgetSettings()
+{
+    page_.triggerVars.reset();
 }
 
 /// An element that is missing stays out of the page's list, which counts as an empty entry.

@@ -97,6 +97,7 @@ private:
     // Editing
     /// Checks the entry field that has the focus; when `apply` is true and the check passes, applies its value.
     bool validateActiveControl(bool apply);
+    void forgetSettings();
     void takeOver(const DriverList& handedOver, std::size_t index, const Steps& step);
     void clearTriggerLines();
 

@@ -81,21 +81,37 @@ TEST_F(Initialization, ModesTimesAndTheLargestUnitAreShown)
     }
 }
 
-TEST_F(Initialization, AListUnderAShownPageKeepsThePagesSettingsAndANewFileBringsItsOwn)
+TEST_F(Initialization, AListHandedToAnEditablePageKeepsThePagesSettingsAndAnyOtherBringsItsOwn)
 {
-    setSchedule(addDriver(), 0, 0, 0, 30);
-    open();
-    fakes.clear();
-    setSchedule(addDriver(), 1, 0.5, 0, 50);
-    handOver();
-    EXPECT_EQ(fakes[0]->duration, 30);
-    EXPECT_EQ(fakes[0]->startMode, 0);
-    document->UserDocument_Hide();
-    fakes.clear();
-    setSchedule(addDriver(), 1, 0.5, 0, 70);
-    open();
-    EXPECT_EQ(fakes[0]->duration, 70);
-    EXPECT_EQ(page().txtStartTime.text(), "12:00:00 PM");
+    const struct {
+        const char* when;
+        bool isShown, isReadOnly, isAnnounced;
+        float duration;
+    } cases[] = {
+        {"editable", true, false, true, 30},          {"editable, not announced", true, false, false, 30},
+        {"hidden", false, false, true, 70},           {"hidden, not announced", false, false, false, 70},
+        {"read-only", true, true, true, 70},          {"read-only, not announced", true, true, false, 70},
+        {"read-only, hidden", false, true, true, 70},
+    };
+    for (const auto& it : cases) {
+        document = std::make_unique<TimebaseEditor>(shared, host);
+        fakes.clear();
+        setSchedule(addDriver(), 0, 0, 0, 30);
+        open();
+        document->mode().setReadOnly(it.isReadOnly);
+        if (!it.isShown)
+            document->UserDocument_Hide();
+        fakes.clear();
+        setSchedule(addDriver(), 1, 0.5, 0, 70);
+        document->drivers().setDrivers({fakes[0]});
+        if (it.isAnnounced)
+            document->drivers().DriversHaveChanged();
+        document->UserDocument_Show();
+        document->mode().setReadOnly(false);
+        EXPECT_EQ(fakes[0]->duration, it.duration) << it.when;
+        EXPECT_EQ(fakes[0]->startMode, it.duration == 70 ? 1 : 0) << it.when;
+        EXPECT_EQ(page().txtStartTime.text(), it.duration == 70 ? "12:00:00 PM" : "") << it.when;
+    }
 }
 
 TEST_F(Initialization, SettingsThatWereNeverReadAreNeverWritten)
