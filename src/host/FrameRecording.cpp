@@ -3,6 +3,10 @@
 #include "host/InputError.h"
 #include "host/Later.h"
 #include "host/SetupSaving.h"
+#include "schedule/SetDateTime.h"
+#include "timebase/ShowOffers.h"
+#include "triggering/AdvancedTrig.h"
+#include "triggering/SelectChannel.h"
 #include "widgets/Guarded.h"
 
 #include <QFileDialog>
@@ -54,7 +58,10 @@ void FrameRecording::start(const std::string& file, const std::string& setup)
 {
     stop();
     QtClock& clock = frame_.services.clock;
-    const Recorded recorded{frame_.document().page(), frame_.component.dialogs(), [&clock] { return clock.tick(); },
+    const DialogForms dialogs = frame_.component.dialogs();
+    const Recorded recorded{frame_.document().page(),
+                            {&dialogs.advancedTrig, &dialogs.setDateTime, &dialogs.selectChannel, &dialogs.showOffers},
+                            [&clock] { return clock.tick(); },
                             frame_.platform.locale};
     recorder_ = std::make_unique<Recorder>(file, recorded);
     // Whoever finds that a line cannot be written is in the middle of the user's input.

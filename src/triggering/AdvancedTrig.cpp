@@ -1,7 +1,5 @@
 #include "triggering/AdvancedTrig.h"
 
-#include "support/Geometry.h"
-
 namespace ko {
 
 namespace {
@@ -40,10 +38,7 @@ AdvancedTrig::AdvancedTrig(Support& support) : DialogForm(support, "AdvancedTrig
         label->setTag(std::to_string(mapText - dialogTexts));
     for (const LineTrigger trigger : lineTriggers)
         columnOf(*this, trigger).map.gotFocus = [this, trigger] { showTab(trigger); };
-    load(dialogTexts);
-    btnOK.click = [this] { btnOK_Click(); };
-    btnCancel.click = [this] { btnCancel_Click(); };
-    btnHelp.click = [this] { showHelp("btnHelp_Click"); };
+    load(dialogTexts, btnOK, btnCancel, &btnHelp);
     resize(4200, 4800);
 }
 
@@ -93,12 +88,8 @@ std::optional<LinePlan> AdvancedTrig::Display(const LinePlan& plan, const LineDr
     showPlan(step);
     tabTrigger.setTab(startTab);
     changed_ = false;
-    step([&] { placeAtCursor(*this, support().platform.screen); });
-    moveFocus(&tabTrigger);
-    if (!step([&] { support().platform.modalForms.showModal(*this); }))
-        changed_ = false;
-    dropFocus();
-    return changed_ ? std::optional(plan_) : std::nullopt;
+    const bool accepted = show(step, placeAtCursor, tabTrigger);
+    return accepted && changed_ ? std::optional(plan_) : std::nullopt;
 }
 
 void AdvancedTrig::option_Click(LineTrigger trigger, std::int32_t line)
@@ -107,19 +98,6 @@ void AdvancedTrig::option_Click(LineTrigger trigger, std::int32_t line)
     plan_.choose(trigger, line);
     changed_ = true;
     showPlan(step);
-}
-
-void AdvancedTrig::btnOK_Click()
-{
-    const Steps step(support().errors, "btnOK_Click");
-    step([&] { support().platform.modalForms.hide(*this); });
-}
-
-void AdvancedTrig::btnCancel_Click()
-{
-    const Steps step(support().errors, "btnCancel_Click");
-    changed_ = false;
-    step([&] { support().platform.modalForms.hide(*this); });
 }
 
 } // namespace ko

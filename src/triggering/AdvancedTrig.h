@@ -3,7 +3,6 @@
 #include "page/Page.h"
 #include "platform/TabControl.h"
 #include "support/DialogForm.h"
-#include "support/Steps.h"
 #include "triggering/LineMap.h"
 
 #include <array>
@@ -53,8 +52,6 @@ private:
     void showDrivers(const LineDrivers& lineDrivers);
     void showPlan(const Steps& step);
     void option_Click(LineTrigger trigger, std::int32_t line);
-    void btnOK_Click();
-    void btnCancel_Click();
 
     LinePlan plan_;
     bool changed_ = false;

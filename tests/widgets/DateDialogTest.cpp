@@ -33,7 +33,7 @@ protected:
     explicit DateDialogTest(const Locale& locale = {})
     {
         host.time = toDateTime("11/21/2026 9:30:00 AM", {});
-        addDateDialog(modalForms, {&dialog}, texts, locale);
+        addDateDialog(modalForms, dialog, texts, locale);
     }
     void TearDown() override { EXPECT_EQ(host.reports, std::vector<std::string>()); }
 
