@@ -48,7 +48,6 @@ private:
     void showChannel(const Steps& step);
     void showArea(bool on);
     void followUsability();
-    Channels takeOverMarkedChannel(const Steps& step, TriggerParameters& parameters);
     void warnOfDisabledChannel(const Steps& step);
     [[nodiscard]] std::shared_ptr<Driver> master() const;
     [[nodiscard]] bool isStored() const { return page_.TriggerSlot >= 0 && page_.TriggerChannel >= 0; }
