@@ -30,8 +30,6 @@ public:
     void disableTriggering(bool onTrigger);
     void clearTriggerSource();
 
-    [[nodiscard]] ParamGrid& grid() { return grid_; }
-
 private:
     struct Channel {
         std::int32_t slot, channel;
