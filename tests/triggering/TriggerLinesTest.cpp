@@ -197,6 +197,24 @@ TEST_F(TriggerLinesOf, TheDialogWritesWhatTheUserChangesAndNothingElse)
     EXPECT_EQ(page.lines.line(LineTrigger::start), 0) << "another list came meanwhile";
 }
 
+TEST_F(TriggerLinesOf, AHintWithoutAPlaceForItsValueIsShownWithoutIt)
+{
+    Support translated{host.platform, "3020 \"belegt\"\n3021 \"%1 %2\""};
+    AdvancedTrig translatedDialog{translated};
+    TriggerLineChoice translatedChoice{page, translated, *this, triggering,
+                                       [&]() -> AdvancedTrig& { return translatedDialog; }};
+    addDriver().startRank = 5;
+    FakeDriver& scan = addDriver();
+    scan.scanRank = 5;
+    scan.name = "Logger";
+    page.dynamicDriverIndex = 0;
+    page.staticDriverIndex = 1;
+    translatedChoice.build(triggering.findTriggerMasters(page.currentDrivers()));
+    page.mnuTimebaseTriggerLines.userClicked();
+    EXPECT_EQ(translatedDialog.optStartTrig[0]->toolTipText(), "belegt");
+    EXPECT_EQ(translatedDialog.optScanTrig[1]->toolTipText(), "Logger %2");
+}
+
 TEST_F(TriggerLinesOf, TheComplaintThatNoLineIsLeftGoesWithItsReason)
 {
     FakeDriver& scan = addDriver();
