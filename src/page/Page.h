@@ -75,15 +75,15 @@ public:
 
     Frame frmStart{*this, "frmStart"};
     OptionButton optImmediate{*this, "optImmediate", &frmStart};
-    OptionButton optStartTime{*this, "optStartTime", &frmStart};
-    TextBox txtStartTime{*this, "txtStartTime", &frmStart};
-    CommandButton cmdStartTime{*this, "cmdStartTime", &frmStart};
     OptionButton optOnTrigger{*this, "optOnTrigger", &frmStart};
     Label lblChannel{*this, "lblChannel", &frmStart};
     TextBox txtChannel{*this, "txtChannel", &frmStart};
     CommandButton cmdChannel{*this, "cmdChannel", &frmStart};
     Grid grdParam{*this, "grdParam", &frmStart};
     Label lblNoTriggerLine{*this, "lblNoTriggerLine", &frmStart};
+    OptionButton optStartTime{*this, "optStartTime", &frmStart};
+    TextBox txtStartTime{*this, "txtStartTime", &frmStart};
+    CommandButton cmdStartTime{*this, "cmdStartTime", &frmStart};
 
     Frame frmStop{*this, "frmStop"};
     OptionButton optAfter{*this, "optAfter", &frmStop};

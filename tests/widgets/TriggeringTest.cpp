@@ -119,6 +119,25 @@ TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
     EXPECT_EQ(value(4), "wheelwheel");
 }
 
+TEST_F(TriggeringTest, TheChannelAndItsParametersAreBetweenOnTriggerAndAtTimeForTheEyeAndTheKeys)
+{
+    Control* const order[] = {&page().optImmediate, &page().optOnTrigger, &page().txtChannel, &page().grdParam,
+                              &page().optStartTime};
+    const auto top = [&](Control* control) { return at(*control).mapTo(&window, QPoint()).y(); };
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        EXPECT_LT(top(order[i - 1]), top(order[i])) << order[i]->name();
+    ASSERT_TRUE(page().moveFocus(&page().optOnTrigger));
+    for (Control* next : std::initializer_list<Control*>{&page().txtChannel, &page().cmdChannel, &page().grdParam}) {
+        press(Qt::Key_Tab);
+        EXPECT_EQ(page().activeControl(), next);
+    }
+    ASSERT_TRUE(page().moveFocus(&page().optImmediate));
+    for (OptionButton* next : {&page().optOnTrigger, &page().optStartTime}) {
+        press(Qt::Key_Down);
+        EXPECT_TRUE(next->value()) << next->name();
+    }
+}
+
 TEST_F(TriggeringTest, ARefusedTextStaysOpenWhereverTheUserTriesToGo)
 {
     clickValue(1);
