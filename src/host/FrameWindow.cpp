@@ -35,7 +35,7 @@ FrameWindow::FrameWindow(const std::string& language, std::unique_ptr<QSettings>
     const DialogForms dialogs = component_->dialogs();
     addTriggerDialogs(services_.modalForms, dialogs.selectChannel, dialogs.advancedTrig, texts);
     addOffersDialog(services_.modalForms, dialogs.showOffers, texts);
-    addDateDialog(services_.modalForms, dialogs.setDateTime, texts, platform_.locale);
+    addDateDialog(services_.modalForms, dialogs.setDateTime, texts);
     makeDocks();
     makeCentre();
     makeStatusBar();

@@ -38,6 +38,8 @@ std::optional<DateTime> SetDateTime::Display(DateTime currentValue, bool anyDayO
         optCurrentDay.setEnabled(!oneDayOnly);
     }
     showDay(step, currentValue);
+    const LocaleSettings& locale = support().localeSettings;
+    dtpTimeSelector.setFormat({locale.timeFormat, locale.amDesignator, locale.pmDesignator});
     step([&] {
         const DateParts time = dateParts(currentValue);
         dtpTimeSelector.setTime(time.hour, time.minute, time.second);

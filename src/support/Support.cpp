@@ -4,6 +4,21 @@
 
 namespace ko {
 
+void Support::readTimeSettings()
+{
+    const Locale now = platform.readLocale ? platform.readLocale() : platform.locale;
+    Locale locale = locale_;
+    locale.timeFormat = now.timeFormat;
+    locale.timeIs24Hour = now.timeIs24Hour;
+    locale.timeLeadingZero = now.timeLeadingZero;
+    locale.timeSeparator = now.timeSeparator;
+    locale.amDesignator = now.amDesignator;
+    locale.pmDesignator = now.pmDesignator;
+    if (locale != locale_)
+        locale_ = completed(locale);
+    localeSettings = readLocaleSettings(locale_);
+}
+
 std::int32_t Support::scrollBarWidth()
 {
     if (!scrollBarWidth_)

@@ -13,8 +13,10 @@ namespace ko {
 class Support {
 public:
     Support(const Platform& onPlatform, std::string_view language)
-        : platform(onPlatform), strings(language), errors(strings, onPlatform.createErrorReporter)
+        : platform(onPlatform), strings(language), errors(strings, onPlatform.createErrorReporter),
+          locale_(completed(onPlatform.locale))
     {
+        localeSettings = readLocaleSettings(locale_);
     }
 
     const Platform platform;
@@ -23,12 +25,17 @@ public:
     LocaleSettings localeSettings;
 
     [[nodiscard]] const std::string& text(int number) const { return strings.text(number); }
-    [[nodiscard]] const Locale& locale() const { return platform.locale; }
+    /// The user's regional settings, completed so that every date and time reads back.
+    [[nodiscard]] const Locale& locale() const { return locale_; }
+    /// Reads the six settings of the time of day anew; the others stay, as documents show numbers and dates in them.
+    /// Failures of the platform reach the caller.
+    void readTimeSettings();
 
     /// The width of a vertical scroll bar in twips, asked for once.
     std::int32_t scrollBarWidth();
 
 private:
+    Locale locale_;
     std::optional<std::int32_t> scrollBarWidth_;
 };
 

@@ -15,11 +15,11 @@ namespace {
 
 class DateDialogView : public FormView {
 public:
-    DateDialogView(SetDateTime& form, const Texts& texts, const Locale& locale) : FormView(form, texts)
+    DateDialogView(SetDateTime& form, const Texts& texts) : FormView(form, texts)
     {
         auto* frames = new QHBoxLayout;
         frames->addWidget(&layDate(form));
-        frames->addWidget(&layTime(form, locale));
+        frames->addWidget(&layTime(form));
         auto* buttons = new QHBoxLayout;
         buttons->addStretch(1);
         for (CommandButton* control : {&form.btnOK, &form.btnCancel, &form.btnHelp})
@@ -44,11 +44,11 @@ private:
         return box;
     }
 
-    QGroupBox& layTime(SetDateTime& form, const Locale& locale)
+    QGroupBox& layTime(SetDateTime& form)
     {
         QGroupBox& box = frame(form.frmTime);
         auto* column = new QVBoxLayout(&box);
-        QTimeEdit& time = timePicker(form.dtpTimeSelector, locale);
+        QTimeEdit& time = timePicker(form.dtpTimeSelector);
         time.setAccessibleName(withoutMnemonic(box.title()));
         QWidget& clock = picture(form.picClock);
         clock.setAccessibleName(text(pageText::clock));
@@ -64,10 +64,9 @@ private:
 
 } // namespace
 
-void addDateDialog(QtModalForms& modalForms, SetDateTime& setDateTime, const Texts& texts, const Locale& locale)
+void addDateDialog(QtModalForms& modalForms, SetDateTime& setDateTime, const Texts& texts)
 {
-    modalForms.add(setDateTime,
-                   [&setDateTime, texts, locale] { return new DateDialogView(setDateTime, texts, locale); });
+    modalForms.add(setDateTime, [&setDateTime, texts] { return new DateDialogView(setDateTime, texts); });
 }
 
 } // namespace ko
