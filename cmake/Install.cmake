@@ -5,13 +5,19 @@ include(CMakePackageConfigHelpers)
 set(headers_folder ${CMAKE_INSTALL_INCLUDEDIR}/${PROJECT_NAME})
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})
 
-# The component, with what a host includes: the interfaces, the class factory, the page's data and the control models.
+# The component, with what a host includes: the interfaces, the class factory, the data
+# of the page and of the dialogs, and the control models.
 install(TARGETS KoTimebaseEditor ko_platform EXPORT ${PROJECT_NAME}Targets
   LIBRARY COMPONENT lib NAMELINK_COMPONENT dev
   ARCHIVE COMPONENT dev
   INCLUDES DESTINATION ${headers_folder})
 install(DIRECTORY src/interfaces src/platform DESTINATION ${headers_folder} COMPONENT dev FILES_MATCHING PATTERN *.h)
-foreach(header document/ClassFactory.h page/Drivers.h page/Figures.h page/OfferAccount.h page/Page.h page/TriggerVars.h support/StringTable.h)
+foreach(header document/ClassFactory.h
+    page/Drivers.h page/Figures.h page/LinePlan.h page/OfferAccount.h page/Page.h page/TriggerVars.h
+    support/DialogForm.h support/Errors.h support/Geometry.h support/LocaleSettings.h support/Steps.h
+    support/StringTable.h support/Support.h
+    schedule/SetDateTime.h timebase/ShowOffers.h
+    triggering/AdvancedTrig.h triggering/LineMap.h triggering/LineUse.h triggering/SelectChannel.h)
   cmake_path(GET header PARENT_PATH folder)
   install(FILES src/${header} DESTINATION ${headers_folder}/${folder} COMPONENT dev)
 endforeach()

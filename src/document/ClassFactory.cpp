@@ -17,10 +17,10 @@ public:
 
     std::string text(int number) override { return shared_.support.text(number); }
 
-    std::vector<Form*> dialogs() override
+    DialogForms dialogs() override
     {
         Dialogs& dialogs = shared_.dialogs;
-        return {&dialogs.advancedTrig(), &dialogs.setDateTime(), &dialogs.selectChannel(), &dialogs.showOffers()};
+        return {dialogs.advancedTrig(), dialogs.setDateTime(), dialogs.selectChannel(), dialogs.showOffers()};
     }
 
 private:

@@ -12,9 +12,13 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace ko {
+
+class AdvancedTrig;
+class SelectChannel;
+class SetDateTime;
+class ShowOffers;
 
 /// The document as its host holds it: the five interfaces, the life cycle, and the page for a view or a script to
 /// show and drive. Everything on the user-interface thread; nothing ever throws. Destroying it ends the document.
@@ -35,6 +39,14 @@ public:
     virtual Page& page() = 0;
 };
 
+/// The component's dialogs, for a view to show. Their classes' headers name their controls.
+struct DialogForms {
+    AdvancedTrig& advancedTrig;
+    SetDateTime& setDateTime;
+    SelectChannel& selectChannel;
+    ShowOffers& showOffers;
+};
+
 /// The component: makes documents and owns what they share, which are the string table, the error reporter and the
 /// dialogs. It outlives its documents.
 class Component {
@@ -47,8 +59,7 @@ public:
     /// The text of this number in the component's language. Failure 326 when there is none.
     virtual std::string text(int number) = 0;
 
-    /// The dialogs `AdvancedTrig`, `SetDateTime`, `SelectChannel` and `ShowOffers`, for a view to show.
-    virtual std::vector<Form*> dialogs() = 0;
+    virtual DialogForms dialogs() = 0;
 };
 
 } // namespace ko

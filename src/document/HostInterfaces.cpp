@@ -38,13 +38,16 @@ void TimebaseEditor::setDrivers(const DriverList& handedOver)
     page_.drivers.clear();
     if (!page_.isShown || page_.readOnly)
         forgetSettings();
+    const auto announced = static_cast<std::size_t>(std::max(page_.numDrivers, 0));
+    const std::size_t given = std::min(announced, handedOver.size());
     step([&] {
         if (page_.numDrivers < 0)
             fail(failure::subscriptOutOfRange);
-        page_.drivers.reserve(std::min(static_cast<std::size_t>(page_.numDrivers), handedOver.size()));
+        page_.drivers.reserve(given);
     });
-    for (std::int32_t i = 0; i < page_.numDrivers; ++i)
-        takeOver(handedOver, static_cast<std::size_t>(i), step);
+    for (std::size_t i = 0; i < given; ++i)
+        takeOver(handedOver[i], step);
+    reportMissing(announced - given, step);
     page_.driverChangesPending = true;
     if (page_.isShown) {
         clearTriggerLines();
@@ -57,21 +60,32 @@ void TimebaseEditor::setDrivers(const DriverList& handedOver)
 void TimebaseEditor::forgetSettings()
 {
     page_.triggerVars.reset();
+    page_.TriggerSlot = -1;
+    page_.TriggerChannel = -1;
 }
 
-/// An element that is missing stays out of the page's list, which counts as an empty entry.
-void TimebaseEditor::takeOver(const DriverList& handedOver, std::size_t index, const Steps& step)
+/// Each of the two tests asks for itself, so that a driver whose first answer fails still counts by the second.
+void TimebaseEditor::takeOver(const std::shared_ptr<Driver>& driver, const Steps& step)
 {
-    if (!step([&] {
-            if (index >= handedOver.size())
-                fail(failure::subscriptOutOfRange);
-            page_.drivers.push_back(handedOver[index]);
-            required(handedOver[index].get());
-        }))
+    page_.drivers.push_back(driver);
+    if (!step([&] { required(driver.get()); }))
         return;
-    if (!page_.hasStaticDrivers || !page_.hasDynamicDrivers)
+    if (!page_.hasStaticDrivers)
+        step([&] { page_.hasStaticDrivers = !isDynamicDriver(*driver); });
+    if (!page_.hasDynamicDrivers)
+        step([&] { page_.hasDynamicDrivers = isDynamicDriver(*driver); });
+}
+
+/// Elements that are missing stay out of the page's list, where they count as empty entries.
+void TimebaseEditor::reportMissing(std::size_t count, const Steps& step)
+{
+    constexpr std::size_t reportedSingly = 100;
+    for (std::size_t i = 0; i < std::min(count, reportedSingly); ++i)
+        step([] { fail(failure::subscriptOutOfRange); });
+    if (count > reportedSingly)
         step([&] {
-            (isDynamicDriver(*page_.drivers.back()) ? page_.hasDynamicDrivers : page_.hasStaticDrivers) = true;
+            throw Failure(failure::subscriptOutOfRange,
+                          "Subscript out of range: " + std::to_string(count - reportedSingly) + " more elements");
         });
 }
 

@@ -43,7 +43,7 @@ void TimebaseEditor::initializeTriggering()
     } else {
         disableTriggering(true);
     }
-    triggerLines_.build(masters.found());
+    triggerLines_.build(masters);
 }
 
 std::int32_t TimebaseEditor::firstDriver(const Steps& step, bool dynamic) const

@@ -17,7 +17,7 @@ void TimebaseEditor::UserDocument_Initialize()
     Steps(support_.errors, "UserDocument_Initialize")([&] { page_.setFont(support_.platform.screen.formFont()); });
     const Steps step(support_.errors, "UserDocument_Initialize");
     page_.isShown = false;
-    step([&] { support_.localeSettings = readLocaleSettings(support_.locale()); });
+    step([&] { support_.readTimeSettings(); });
     loadFormStrings(step, support_.strings, page_, page_.font(), pageTextBase);
     step([&] { setIntervalSeconds(); });
     page_.hertzText = step.value([&] { return support_.text(1116); });

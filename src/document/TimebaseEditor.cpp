@@ -88,7 +88,7 @@ bool TimebaseEditor::validateActiveControl(bool apply)
             if (entry->box().hasFocus())
                 return passes(*entry);
     if (page_.grdParam.hasFocus())
-        return apply ? page_.grdParam.endEdit() : triggerChannel_.grid().check();
+        return apply ? page_.grdParam.endEdit() : page_.grdParam.checkEdit();
     return !schedule_.duration().box().hasFocus() || passes(schedule_.duration());
 }
 

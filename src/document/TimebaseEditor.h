@@ -97,7 +97,8 @@ private:
     /// Checks the entry field that has the focus; when `apply` is true and the check passes, applies its value.
     bool validateActiveControl(bool apply);
     void forgetSettings();
-    void takeOver(const DriverList& handedOver, std::size_t index, const Steps& step);
+    void takeOver(const std::shared_ptr<Driver>& driver, const Steps& step);
+    static void reportMissing(std::size_t count, const Steps& step);
     void clearTriggerLines();
 
     Shared& shared_;

@@ -179,10 +179,10 @@ Json pageState(const Page& page)
             {"staticDriver", page.staticDriverIndex},
             {"trigger", {{"slot", page.TriggerSlot}, {"channel", page.TriggerChannel}}},
             {"lines",
-             {{"start", page.startTriggerLine},
-              {"sync", page.scanTriggerLine},
-              {"availableStart", page.availStartLines},
-              {"availableSync", page.availScanLines}}}};
+             {{"start", page.lines.line(LineTrigger::start)},
+              {"sync", page.lines.line(LineTrigger::scan)},
+              {"availableStart", page.lines.available(LineTrigger::start)},
+              {"availableSync", page.lines.available(LineTrigger::scan)}}}};
 }
 
 std::string propertyText(const Json& property)

@@ -67,9 +67,8 @@ void DialogPlayer::cancel(Form& form)
     if (!isOpen())
         return;
     shown_.back().unanswered = true;
-    for (const char* const name : {"cmdCancel", "btnCancel"})
-        if (auto* const button = dynamic_cast<CommandButton*>(form.find(name)))
-            button->userClicked();
+    if (form.cancelButton())
+        form.cancelButton()->userClicked();
     hide(form);
 }
 

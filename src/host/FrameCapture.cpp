@@ -4,6 +4,10 @@
 #include "host/InputError.h"
 #include "host/Later.h"
 #include "host/SetupSaving.h"
+#include "schedule/SetDateTime.h"
+#include "timebase/ShowOffers.h"
+#include "triggering/AdvancedTrig.h"
+#include "triggering/SelectChannel.h"
 #include "widgets/Guarded.h"
 #include "widgets/PlainText.h"
 
@@ -62,7 +66,10 @@ void FrameCapture::start(const std::string& file, const std::string& setup)
 {
     stop();
     QtClock& clock = frame_.services.clock;
-    const Captured captured{frame_.document().page(), frame_.component.dialogs(), [&clock] { return clock.tick(); },
+    const DialogForms dialogs = frame_.component.dialogs();
+    const Captured captured{frame_.document().page(),
+                            {&dialogs.advancedTrig, &dialogs.setDateTime, &dialogs.selectChannel, &dialogs.showOffers},
+                            [&clock] { return clock.tick(); },
                             frame_.platform.locale};
     capture_ = std::make_unique<ScenarioCapture>(file, captured);
     // Whoever finds that a line cannot be written is in the middle of the user's input.

@@ -33,9 +33,10 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     services_.printers.savePdf = [this](const QString& file, const QByteArray& content) { savePdf(file, content); };
     component_.reset(createKoTimebaseEditor(platform_, language));
     const Texts texts = [this](int number) { return text(number); };
-    addTriggerDialogs(services_.modalForms, component_->dialogs(), texts);
-    addOffersDialog(services_.modalForms, component_->dialogs(), texts);
-    addDateDialog(services_.modalForms, component_->dialogs(), texts, platform_.locale);
+    const DialogForms dialogs = component_->dialogs();
+    addTriggerDialogs(services_.modalForms, dialogs.selectChannel, dialogs.advancedTrig, texts);
+    addOffersDialog(services_.modalForms, dialogs.showOffers, texts);
+    addDateDialog(services_.modalForms, dialogs.setDateTime, texts);
     makeDocks();
     makeCentre();
     makeStatusBar();

@@ -167,19 +167,18 @@ struct Line {
     int label; ///< in the string table
     int tab;
     const char* option;
-    std::int32_t Page::*chosen;
-    LineMask Page::*available;
+    LineTrigger trigger;
 };
 
 constexpr Line lines[]{
-    {"start-line", 1302, 0, "optStartTrig", &Page::startTriggerLine, &Page::availStartLines},
-    {"sync-line", 1303, 1, "optScanTrig", &Page::scanTriggerLine, &Page::availScanLines},
+    {"start-line", 1302, 0, "optStartTrig", LineTrigger::start},
+    {"sync-line", 1303, 1, "optScanTrig", LineTrigger::scan},
 };
 
 Offer offeredLines(const Page& page, const Line& line)
 {
     Offer offer;
-    const LineMask& available = page.*line.available;
+    const LineMask& available = page.lines.available(line.trigger);
     for (std::size_t i = 0; i < available.size(); ++i)
         if (available[i])
             offer.choices.push_back(std::to_string(i));
@@ -202,7 +201,7 @@ Setting lineSetting(const Line& line, const PlayedPage& shownOn)
     setting.label = shownOn.text(line.label);
     setting.control = [](Page& shown) -> Control& { return shown.mnuTimebaseTriggerLines; };
     setting.read = [line](const PlayedPage& played) {
-        const std::int32_t chosen = played.page().*line.chosen;
+        const std::int32_t chosen = played.page().lines.line(line.trigger);
         return chosen < 0 ? Json() : Json(chosen);
     };
     setting.offer = [line](const PlayedPage& played) { return offeredLines(played.page(), line); };

@@ -67,7 +67,7 @@ void numberToolTips(Page& page)
     toolTip(page.optImmediate, 28);
     toolTip(page.optOnTrigger, 30);
     toolTip(page.txtChannel, 34);
-    toolTip(page.cmdChannel, 34);
+    toolTip(page.cmdChannel, 33);
     toolTip(page.grdParam, 35);
     toolTip(page.optStartTime, 29);
     toolTip(page.txtStartTime, 29);

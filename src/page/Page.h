@@ -4,6 +4,7 @@
 #include "interfaces/IKopDrivers.h"
 #include "page/Drivers.h"
 #include "page/Figures.h"
+#include "page/LinePlan.h"
 #include "page/OfferAccount.h"
 #include "page/TriggerVars.h"
 #include "platform/CaptionControls.h"
@@ -12,14 +13,10 @@
 #include "platform/Grid.h"
 #include "platform/TextBox.h"
 
-#include <array>
 #include <memory>
 #include <optional>
 
 namespace ko {
-
-/// Which of the 8 trigger lines may be chosen.
-using LineMask = std::array<bool, 8>;
 
 /// Bits of `Page::editFlags`.
 namespace editFlag {
@@ -79,15 +76,15 @@ public:
 
     Frame frmStart{*this, "frmStart"};
     OptionButton optImmediate{*this, "optImmediate", &frmStart};
-    OptionButton optStartTime{*this, "optStartTime", &frmStart};
-    TextBox txtStartTime{*this, "txtStartTime", &frmStart};
-    CommandButton cmdStartTime{*this, "cmdStartTime", &frmStart};
     OptionButton optOnTrigger{*this, "optOnTrigger", &frmStart};
     Label lblChannel{*this, "lblChannel", &frmStart};
     TextBox txtChannel{*this, "txtChannel", &frmStart};
     CommandButton cmdChannel{*this, "cmdChannel", &frmStart};
     Grid grdParam{*this, "grdParam", &frmStart};
     Label lblNoTriggerLine{*this, "lblNoTriggerLine", &frmStart};
+    OptionButton optStartTime{*this, "optStartTime", &frmStart};
+    TextBox txtStartTime{*this, "txtStartTime", &frmStart};
+    CommandButton cmdStartTime{*this, "cmdStartTime", &frmStart};
 
     Frame frmStop{*this, "frmStop"};
     OptionButton optAfter{*this, "optAfter", &frmStop};
@@ -137,10 +134,7 @@ public:
     std::optional<TriggerVars> triggerVars;
     std::int32_t TriggerSlot = -1;
     std::int32_t TriggerChannel = -1;
-    std::int32_t startTriggerLine = -1;
-    std::int32_t scanTriggerLine = -1;
-    LineMask availStartLines{};
-    LineMask availScanLines{};
+    LinePlan lines; ///< of the start and the sync trigger
 
     std::string hertzText;
     std::string notApplicableText;

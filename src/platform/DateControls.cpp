@@ -68,6 +68,14 @@ void TimePicker::setTime(int hour, int minute, int second)
     raise(change);
 }
 
+void TimePicker::setFormat(const TimeFormat& format)
+{
+    if (format_ == format)
+        return;
+    format_ = format;
+    tellView(Aspect::Items);
+}
+
 Outcome TimePicker::userChose(int hour, int minute, int second)
 {
     if (!isUsable() || !isTime(hour, minute, second))

@@ -31,6 +31,15 @@ private:
     int day_ = 1;
 };
 
+/// How a selector shows a time of day.
+struct TimeFormat {
+    std::string picture = "h:mm:ss tt"; ///< as in `Locale`
+    std::string amDesignator = "AM";
+    std::string pmDesignator = "PM";
+
+    bool operator==(const TimeFormat&) const = default;
+};
+
 /// A selector for a time of day.
 class TimePicker : public Control {
 public:
@@ -45,6 +54,9 @@ public:
     /// Failure 5 for a time of day that is none.
     void setTime(int hour, int minute, int second);
 
+    [[nodiscard]] const TimeFormat& format() const { return format_; }
+    void setFormat(const TimeFormat& format);
+
     /// The user picks a time; one that is none is inert.
     Outcome userChose(int hour, int minute, int second);
 
@@ -54,6 +66,7 @@ private:
     int hour_ = 0;
     int minute_ = 0;
     int second_ = 0;
+    TimeFormat format_;
 };
 
 } // namespace ko

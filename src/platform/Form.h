@@ -7,6 +7,8 @@
 
 namespace ko {
 
+class PressControl;
+
 /// A key press on its way to a form. A handler swallows it by setting `keyCode` to 0.
 struct KeyPress {
     std::int16_t keyCode = 0;
@@ -36,6 +38,16 @@ public:
     [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }
     /// The control of this name, `optStartTrig(3)` for a member of a control array; null when there is none.
     [[nodiscard]] Control* find(std::string_view name) const;
+
+    /// The buttons of a dialog that Enter presses, and Escape; the latter also ends a dialog that nothing else ends.
+    /// Null where there is none.
+    [[nodiscard]] PressControl* okButton() const { return okButton_; }
+    [[nodiscard]] PressControl* cancelButton() const { return cancelButton_; }
+    void setButtons(PressControl& ok, PressControl& cancel)
+    {
+        okButton_ = &ok;
+        cancelButton_ = &cancel;
+    }
 
     /// The control that has the focus, or null.
     [[nodiscard]] Control* activeControl() const { return activeControl_; }
@@ -88,6 +100,8 @@ private:
     Font font_;
     std::vector<Control*> controls_;
     Control* activeControl_ = nullptr;
+    PressControl* okButton_ = nullptr;
+    PressControl* cancelButton_ = nullptr;
     bool validating_ = false;
     Bounds bounds_;
 };

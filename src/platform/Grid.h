@@ -30,11 +30,13 @@ struct CellStyle {
     bool operator==(const CellStyle&) const = default;
 };
 
-/// An edited cell that is about to be left, or whose edit ends. A handler refuses by setting `Value` to false.
+/// An edited cell that is about to be left, or whose edit ends. A handler refuses by setting `Value` to false; it
+/// clears `staysOpen`, too, where the user has nothing to correct.
 struct CellEvent {
     std::int32_t row = 0, column = 0;
     std::string text;
     bool Value = true;
+    bool staysOpen = true;
 };
 
 /// What a check cell's text says: "True" or "False" in any case, 0, 1 or -1; none for every other text.
@@ -44,8 +46,10 @@ std::optional<bool> checkState(std::string_view text);
 /// shown. Rows count from 1, row 0 is the header.
 ///
 /// The user edits value cells, one at a time, in an editor that opens with the cell's text. An edit ends with the
-/// check and then the edit-end event; refused by either, it stays open with the user's text and keeps the focus. An
-/// edit that changed nothing ends without events. The grid's own `validate` and `lostFocus` handlers end and drop it.
+/// check and then the edit-end event; refused by either, it stays open with the user's text and keeps the focus. A
+/// refused edit is given up, and the cell keeps its value, where there is nothing to correct: in a list or check cell,
+/// which takes only its choices, and where the handler says so. An edit that changed nothing ends without events. The
+/// grid's own `validate` and `lostFocus` handlers end and drop it.
 class Grid : public Control, public TextEditing {
 public:
     enum Column : std::int32_t { nameColumn, valueColumn, idColumn };
@@ -102,8 +106,10 @@ public:
     [[nodiscard]] std::size_t selLength() const override { return editor().selLength(); }
     [[nodiscard]] std::string selText() const override { return editor().selText(); }
     void setSelText(const std::string& text) override;
-    /// Ends an open edit; false when it is refused.
+    /// Ends an open edit; false when it stays open.
     bool endEdit();
+    /// Whether an open edit would be allowed to end; one that is given up is closed.
+    bool checkEdit();
     /// Closes an open editor; the cell keeps its value.
     void dropEdit();
 
@@ -131,14 +137,15 @@ private:
     struct Editor {
         std::int32_t row = 0;
         EditText text;
-        bool modified = false;
     };
+    enum class Ending : std::uint8_t { Accepted, GivenUp, StaysOpen };
 
     void changed();
     Outcome openCell(std::int32_t row);
     void setStyle(CellStyle& mine, const CellStyle& style);
     [[nodiscard]] bool takes(std::int32_t row, const std::string& text) const;
-    bool accepts(const std::function<void(CellEvent&)>& event, const Editor& edit) const;
+    [[nodiscard]] Ending judged(const Editor& edit, bool apply) const;
+    Ending end(bool apply);
     void put(const EditText& text);
 
     std::vector<Row> rows_{1};

@@ -59,7 +59,6 @@ void Grid::put(const EditText& text)
 {
     const bool differs = editor().text() != text.text();
     editor_->text = text;
-    editor_->modified = editor_->modified || differs;
     tellView(differs ? Aspect::Text : Aspect::Selection);
 }
 
@@ -68,28 +67,47 @@ void Grid::setSelText(const std::string& text)
     put(editor().replaced(text));
 }
 
-bool Grid::accepts(const std::function<void(CellEvent&)>& event, const Editor& edit) const
+Grid::Ending Grid::judged(const Editor& edit, bool apply) const
 {
-    CellEvent leaving{edit.row, valueColumn, edit.text.text()};
-    if (event)
-        event(leaving);
-    return leaving.Value;
+    const std::string& text = edit.text.text();
+    if (text == cell(edit.row, valueColumn).value)
+        return Ending::Accepted;
+    const bool isPicked = cell(edit.row, valueColumn).style.control != CellStyle::Control::edit;
+    if (!takes(edit.row, text))
+        return Ending::GivenUp;
+    for (const auto* event : {&OnValidateCell, apply ? &cellEdited : nullptr}) {
+        CellEvent leaving{edit.row, valueColumn, text};
+        if (event && *event)
+            (*event)(leaving);
+        if (!leaving.Value)
+            return leaving.staysOpen && !isPicked ? Ending::StaysOpen : Ending::GivenUp;
+    }
+    return Ending::Accepted;
+}
+
+Grid::Ending Grid::end(bool apply)
+{
+    if (!editor_)
+        return Ending::Accepted;
+    // A message box that a handler shows may make the toolkit end the edit again.
+    if (ending_)
+        return Ending::StaysOpen;
+    const Scoped guard(ending_, true);
+    const Editor edit = *editor_;
+    const Ending ending = judged(edit, apply);
+    if (ending == Ending::GivenUp || (apply && ending == Ending::Accepted))
+        dropEdit();
+    return ending;
 }
 
 bool Grid::endEdit()
 {
-    if (!editor_)
-        return true;
-    // A message box that a handler shows may make the toolkit end the edit again.
-    if (ending_)
-        return false;
-    const Scoped guard(ending_, true);
-    const Editor edit = *editor_;
-    const bool accepted = !edit.modified || (accepts(OnValidateCell, edit) && accepts(cellEdited, edit));
-    // What was picked from a list or checked leaves nothing to correct.
-    if (accepted || (editor_ && cell(edit.row, valueColumn).style.control != CellStyle::Control::edit))
-        dropEdit();
-    return accepted;
+    return end(true) != Ending::StaysOpen;
+}
+
+bool Grid::checkEdit()
+{
+    return end(false) != Ending::StaysOpen;
 }
 
 void Grid::dropEdit()
@@ -121,7 +139,7 @@ Outcome Grid::openCell(std::int32_t row)
     // Leaving the other control or cell may have changed the rows.
     if (!isEditable(row))
         return Outcome::Inert;
-    Editor opened{row, {}, false};
+    Editor opened{row, {}};
     const std::string& value = cell(row, valueColumn).value;
     opened.text.put(value, 0, utf8Length(value));
     editor_ = opened;
@@ -166,8 +184,7 @@ Outcome Grid::userEditedCell(std::int32_t row, const std::string& text)
     EditText typed;
     typed.put(text, utf8Length(text), 0);
     put(typed);
-    editor_->modified = true;
-    return endEdit() ? Outcome::Done : Outcome::Refused;
+    return end(true) == Ending::Accepted ? Outcome::Done : Outcome::Refused;
 }
 
 Outcome Grid::userEndedEdit()
@@ -175,7 +192,7 @@ Outcome Grid::userEndedEdit()
     if (!editor_)
         return Outcome::Inert;
     form().tellUserActs("end-cell");
-    return endEdit() ? Outcome::Done : Outcome::Refused;
+    return end(true) == Ending::Accepted ? Outcome::Done : Outcome::Refused;
 }
 
 Outcome Grid::userDroppedEdit()

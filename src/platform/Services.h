@@ -109,6 +109,9 @@ struct Platform {
     Locale locale;
     /// Makes the host's error reporter; called on first use, may fail.
     std::function<std::shared_ptr<ErrorReporter>()> createErrorReporter;
+    /// Reads the regional settings as they are now; a new document takes its time format from them. Where it is not
+    /// set, `locale` holds.
+    std::function<Locale()> readLocale = {};
 };
 
 } // namespace ko

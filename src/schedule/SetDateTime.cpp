@@ -1,7 +1,6 @@
 #include "schedule/SetDateTime.h"
 
 #include "schedule/ClockFace.h"
-#include "support/Geometry.h"
 
 namespace ko {
 
@@ -21,15 +20,13 @@ SetDateTime::SetDateTime(Support& support) : DialogForm(support, "SetDateTime", 
     optCurrentDay.setTag("7");
     optSpecifiedDay.setTag("8");
     resize(7800, 5400);
-    load(textBase);
+    load(textBase, btnOK, btnCancel, &btnHelp);
     optCurrentDay.click = [this] { optCurrentDay_Click(); };
     optSpecifiedDay.click = [this] { optSpecifiedDay_Click(); };
     calDate.change = [this] { rememberedDay_ = calDate.day(); };
     dtpTimeSelector.change = [this] { dtpTimeSelector_Change(); };
     picClock.paint = [this](double width, double height) { return clockFace(width, height, clockTime_); };
-    btnOK.click = [this] { btnOK_Click(); };
-    btnCancel.click = [this] { btnCancel_Click(); };
-    btnHelp.click = [this] { showHelp("btnHelp_Click"); };
+    accepting = [this](const Steps& step) { step([&] { newval_ = chosen(); }); };
 }
 
 std::optional<DateTime> SetDateTime::Display(DateTime currentValue, bool anyDayOnly, bool oneDayOnly)
@@ -41,15 +38,14 @@ std::optional<DateTime> SetDateTime::Display(DateTime currentValue, bool anyDayO
         optCurrentDay.setEnabled(!oneDayOnly);
     }
     showDay(step, currentValue);
+    const LocaleSettings& locale = support().localeSettings;
+    dtpTimeSelector.setFormat({locale.timeFormat, locale.amDesignator, locale.pmDesignator});
     step([&] {
         const DateParts time = dateParts(currentValue);
         dtpTimeSelector.setTime(time.hour, time.minute, time.second);
     });
-    dropFocus();
-    moveFocus(optSpecifiedDay.value() ? &optSpecifiedDay : &optCurrentDay);
-    step([&] { placeAtCursor(*this, support().platform.screen); });
-    step([&] { support().platform.modalForms.showModal(*this); });
-    return newval_;
+    const bool accepted = show(step, placeAtCursor, optSpecifiedDay.value() ? optSpecifiedDay : optCurrentDay);
+    return accepted ? newval_ : std::nullopt;
 }
 
 void SetDateTime::showDay(const Steps& step, DateTime currentValue)
@@ -83,23 +79,12 @@ void SetDateTime::dtpTimeSelector_Change()
     picClock.redraw();
 }
 
-void SetDateTime::btnOK_Click()
+DateTime SetDateTime::chosen() const
 {
-    const Steps step(support().errors, "btnOK_Click");
-    step([&] {
-        const int hour = dtpTimeSelector.hour();
-        const DateTime time = timeSerial(hour, dtpTimeSelector.minute(), dtpTimeSelector.second());
-        const DateTime date =
-            optSpecifiedDay.value() ? dateSerial(calDate.year(), calDate.month(), calDate.day()) : DateTime{};
-        newval_ = DateTime{date.days + time.days};
-    });
-    step([&] { support().platform.modalForms.hide(*this); });
-}
-
-void SetDateTime::btnCancel_Click()
-{
-    const Steps step(support().errors, "btnCancel_Click");
-    step([&] { support().platform.modalForms.hide(*this); });
+    const DateTime time = timeSerial(dtpTimeSelector.hour(), dtpTimeSelector.minute(), dtpTimeSelector.second());
+    const DateTime date =
+        optSpecifiedDay.value() ? dateSerial(calDate.year(), calDate.month(), calDate.day()) : DateTime{};
+    return {date.days + time.days};
 }
 
 } // namespace ko

@@ -3,7 +3,6 @@
 #include "platform/DateControls.h"
 #include "platform/PictureBox.h"
 #include "support/DialogForm.h"
-#include "support/Steps.h"
 
 #include <optional>
 
@@ -36,8 +35,7 @@ private:
     void optCurrentDay_Click();
     void optSpecifiedDay_Click();
     void dtpTimeSelector_Change();
-    void btnOK_Click();
-    void btnCancel_Click();
+    [[nodiscard]] DateTime chosen() const;
 
     std::optional<DateTime> newval_;
     int rememberedDay_ = 1;

@@ -1,7 +1,6 @@
 #include "support/DialogForm.h"
 
 #include "support/ResourceUtils.h"
-#include "support/Steps.h"
 
 namespace ko {
 
@@ -12,11 +11,42 @@ DialogForm::DialogForm(Support& support, std::string name, int caption, std::int
     keyDown = [this](KeyPress& press) { Form_KeyDown(press); };
 }
 
-void DialogForm::load(int base)
+void DialogForm::load(int base, PressControl& ok, PressControl& cancel, PressControl* help)
 {
     // The texts are the component's own: nothing that fails in the host may keep them away.
     Steps(support_.errors, "Form_Load")([&] { setFont(support_.platform.screen.formFont()); });
     loadFormCaption(Steps(support_.errors, "Form_Load"), support_.strings, *this, base);
+    setButtons(ok, cancel);
+    const auto handler = [](const PressControl& button) { return button.name() + "_Click"; };
+    ok.click = [this, name = handler(ok)] { accept(name); };
+    if (&cancel != &ok)
+        cancel.click = [this, name = handler(cancel)] { end(Steps(support_.errors, name), false); };
+    if (help)
+        help->click = [this, name = handler(*help)] { showHelp(name); };
+}
+
+bool DialogForm::show(const Steps& step, Placing place, Control& first)
+{
+    accepted_ = false;
+    step([&] { place(*this, support_.platform.screen); });
+    moveFocus(&first);
+    const bool shown = step([&] { support_.platform.modalForms.showModal(*this); });
+    dropFocus();
+    return shown && accepted_;
+}
+
+void DialogForm::accept(std::string_view procedure)
+{
+    const Steps step(support_.errors, procedure);
+    if (accepting)
+        accepting(step);
+    end(step, true);
+}
+
+void DialogForm::end(const Steps& step, bool accepted)
+{
+    accepted_ = accepted;
+    step([&] { support_.platform.modalForms.hide(*this); });
 }
 
 void DialogForm::showHelp(std::string_view procedure)

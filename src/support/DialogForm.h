@@ -3,12 +3,14 @@
 #include "interfaces/ClientSite.h"
 #include "platform/CaptionControls.h"
 #include "platform/Form.h"
+#include "support/Geometry.h"
+#include "support/Steps.h"
 #include "support/Support.h"
 
 namespace ko {
 
-/// What the component's dialogs have in common: one instance each, made on first use; the host's help behind
-/// a help button and F1.
+/// What the component's dialogs have in common: one instance each, made on first use; placed, shown and ended in one
+/// way; the host's help on a help button and F1.
 class DialogForm : public Form {
 public:
     /// `caption` is the offset of the form's caption in its block of the string table.
@@ -20,17 +22,30 @@ public:
     std::int32_t helpContextId;
 
 protected:
-    /// Loads the texts and fonts from the block that begins at `base`, once the controls are there.
-    void load(int base);
-    /// Shows the help under the handler's name.
-    void showHelp(std::string_view procedure);
+    /// How the dialog is placed, such as `placeAtCursor`.
+    using Placing = void (*)(Form&, Screen&);
+
+    /// Once the controls are there: loads the texts and fonts from the block that begins at `base`, and takes over the
+    /// buttons. `ok` accepts the dialog, `cancel` ends it (the same button where there is nothing to accept).
+    void load(int base, PressControl& ok, PressControl& cancel, PressControl* help = nullptr);
+    /// Places the dialog, gives `first` the focus, shows the dialog and waits until the user has ended it. Whether the
+    /// user has accepted it.
+    bool show(const Steps& step, Placing place, Control& first);
+    /// The user accepts the dialog; failures are reported under the handler's name.
+    void accept(std::string_view procedure);
+
+    /// Set by a dialog that takes its result from its controls when it is accepted.
+    std::function<void(const Steps&)> accepting;
 
     Support& support() { return support_; }
 
 private:
+    void end(const Steps& step, bool accepted);
+    void showHelp(std::string_view procedure);
     void Form_KeyDown(KeyPress& press);
 
     Support& support_;
+    bool accepted_ = false;
 };
 
 } // namespace ko

@@ -31,6 +31,9 @@ std::pair<int, std::string> parseEntry(std::string_view entry, int line)
 
 StringTable::StringTable(std::string_view language)
 {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (language.starts_with(byteOrderMark))
+        language.remove_prefix(byteOrderMark.size());
     load(englishStrings());
     load(language);
 }

@@ -12,7 +12,8 @@ std::string_view englishStrings();
 /// The component's texts by number.
 ///
 /// A string file has an entry a line: its number, a blank, and the text between the first and the last double quote
-/// of the line, taken as it stands. Empty lines and lines that begin with # are skipped.
+/// of the line, taken as it stands. Empty lines and lines that begin with # are skipped, as is a byte-order mark at the
+/// start of the file.
 class StringTable {
 public:
     /// The English table. `language` is the content of another string file whose entries take the place of the

@@ -17,14 +17,16 @@ class Support {
     struct Common {
         Platform platform;
         StringTable strings;
+        Locale locale;
         LocaleSettings localeSettings;
     };
 
 public:
     /// Of a component.
     Support(const Platform& onPlatform, std::string_view language)
-        : Support(std::make_shared<Common>(Common{onPlatform, StringTable(language), {}}))
+        : Support(std::make_shared<Common>(Common{onPlatform, StringTable(language), completed(onPlatform.locale), {}}))
     {
+        common_->localeSettings = readLocaleSettings(common_->locale);
     }
     /// Of a document of the component.
     Support(const Support& ofComponent)
@@ -42,10 +44,14 @@ public:
     const Platform& platform;
     const StringTable& strings;
     Errors errors;
-    LocaleSettings& localeSettings;
+    const LocaleSettings& localeSettings;
 
     [[nodiscard]] const std::string& text(int number) const { return strings.text(number); }
-    [[nodiscard]] const Locale& locale() const { return platform.locale; }
+    /// The user's regional settings, completed so that every date and time reads back.
+    [[nodiscard]] const Locale& locale() const { return common_->locale; }
+    /// Reads the six settings of the time of day anew; the others stay, as documents show numbers and dates in them.
+    /// Failures of the platform reach the caller.
+    void readTimeSettings();
 
     /// The width of a vertical scroll bar in twips, asked for once.
     std::int32_t scrollBarWidth();

@@ -1,8 +1,5 @@
 #include "timebase/ShowOffers.h"
 
-#include "support/Geometry.h"
-#include "support/Steps.h"
-
 namespace ko {
 
 namespace {
@@ -15,8 +12,7 @@ ShowOffers::ShowOffers(Support& support) : DialogForm(support, "ShowOffers", 3, 
 {
     btnClose.setTag("5");
     resize(9000, 4500);
-    load(textBase);
-    btnClose.click = [this] { btnClose_Click(); };
+    load(textBase, btnClose, btnClose);
 }
 
 void ShowOffers::Display(const std::string& title, const std::string& common, std::vector<std::string> columns,
@@ -26,16 +22,7 @@ void ShowOffers::Display(const std::string& title, const std::string& common, st
     setCaption(title);
     lblCommon.setCaption(common);
     tblOffers.setContent(std::move(columns), std::move(rows));
-    step([&] { placeAtCursor(*this, support().platform.screen); });
-    moveFocus(&tblOffers);
-    step([&] { support().platform.modalForms.showModal(*this); });
-    dropFocus();
-}
-
-void ShowOffers::btnClose_Click()
-{
-    const Steps step(support().errors, "btnClose_Click");
-    step([&] { support().platform.modalForms.hide(*this); });
+    show(step, placeAtCursor, tblOffers);
 }
 
 } // namespace ko

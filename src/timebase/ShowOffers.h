@@ -17,9 +17,6 @@ public:
     /// Shows the dialog at the cursor and waits until the user has closed it. Reports its own failures.
     void Display(const std::string& title, const std::string& common, std::vector<std::string> columns,
                  std::vector<Table::Row> rows);
-
-private:
-    void btnClose_Click();
 };
 
 } // namespace ko

@@ -1,11 +1,5 @@
 #include "triggering/AdvancedTrig.h"
 
-#include "support/Geometry.h"
-#include "support/Steps.h"
-#include "triggering/LineUse.h"
-
-#include <algorithm>
-
 namespace ko {
 
 namespace {
@@ -15,25 +9,18 @@ constexpr int noStartLineText = 3018;
 constexpr int noScanLineText = 3019;
 constexpr int mapText = 3280;
 
-/// The option of a line; null for no line.
-OptionButton* optionOf(const AdvancedTrig::Options& options, std::int32_t line)
-{
-    return line >= 0 && static_cast<std::size_t>(line) < options.size() ? options[static_cast<std::size_t>(line)].get()
-                                                                        : nullptr;
-}
+/// The controls of one trigger's tab.
+struct Column {
+    const AdvancedTrig::Options& options;
+    Label& noLine;
+    Table& map;
+};
 
-void setEnabled(const AdvancedTrig::Options& options, std::int32_t line, bool enabled)
+Column columnOf(AdvancedTrig& form, LineTrigger trigger)
 {
-    if (OptionButton* option = optionOf(options, line))
-        option->setEnabled(enabled);
-}
-
-LineMask enabledLines(const AdvancedTrig::Options& options)
-{
-    LineMask lines{};
-    for (std::size_t line = 0; line < lines.size(); ++line)
-        lines[line] = options[line]->enabled();
-    return lines;
+    if (trigger == LineTrigger::start)
+        return {form.optStartTrig, form.lblNoStartLine, form.tblStartMap};
+    return {form.optScanTrig, form.lblNoScanLine, form.tblScanMap};
 }
 
 } // namespace
@@ -49,104 +36,68 @@ AdvancedTrig::AdvancedTrig(Support& support) : DialogForm(support, "AdvancedTrig
     lblNoScanLine.setTag(std::to_string(noScanLineText - dialogTexts));
     for (Label* label : {&lblStartMap, &lblScanMap})
         label->setTag(std::to_string(mapText - dialogTexts));
-    tblStartMap.gotFocus = [this] { tabTrigger.setTab(startTab); };
-    tblScanMap.gotFocus = [this] { tabTrigger.setTab(scanTab); };
-    load(dialogTexts);
-    btnOK.click = [this] { btnOK_Click(); };
-    btnCancel.click = [this] { btnCancel_Click(); };
-    btnHelp.click = [this] { showHelp("btnHelp_Click"); };
+    for (const LineTrigger trigger : lineTriggers)
+        columnOf(*this, trigger).map.gotFocus = [this, trigger] { showTab(trigger); };
+    load(dialogTexts, btnOK, btnCancel, &btnHelp);
     resize(4200, 4800);
 }
 
-AdvancedTrig::Options AdvancedTrig::makeOptions(const std::string& name, Frame& frame, Tab tab)
+AdvancedTrig::Options AdvancedTrig::makeOptions(const std::string& name, Frame& frame, LineTrigger trigger)
 {
     Options options;
-    for (std::int32_t line = 0; line < static_cast<std::int32_t>(options.size()); ++line) {
+    for (std::int32_t line = 0; line < triggerLineCount; ++line) {
         auto& option = options[static_cast<std::size_t>(line)];
         option = std::make_unique<OptionButton>(*this, name + "(" + std::to_string(line) + ")", &frame);
         option->setTag(std::to_string(lineText + line - dialogTexts));
-        option->gotFocus = [this, tab] { tabTrigger.setTab(tab); };
-        option->click = [this, tab, line] { tab == startTab ? optStartTrig_Click(line) : optScanTrig_Click(line); };
+        option->gotFocus = [this, trigger] { showTab(trigger); };
+        option->click = [this, trigger, line] { option_Click(trigger, line); };
     }
     return options;
 }
 
-void AdvancedTrig::showColumn(const Options& options, const LineMask& available, std::int32_t line, Label& noLine,
-                              const LineDrivers& lineDrivers)
+void AdvancedTrig::showDrivers(const LineDrivers& lineDrivers)
 {
-    for (std::size_t i = 0; i < options.size(); ++i) {
-        options[i]->setEnabled(available[i]);
-        options[i]->setToolTipText(lineDrivers.hints[i]);
-        options[i]->deselect();
+    drivers_ = lineDrivers.drivers;
+    for (const LineTrigger trigger : lineTriggers) {
+        const Options& options = columnOf(*this, trigger).options;
+        for (std::size_t line = 0; line < options.size(); ++line)
+            options[line]->setToolTipText(lineDrivers.hints[line]);
+        tabTrigger.setTabEnabled(static_cast<std::int32_t>(trigger), lineDrivers.hasMaster[trigger]);
     }
-    if (OptionButton* current = optionOf(options, line))
-        current->showSelected();
-    const bool anyLeft = std::any_of(available.begin(), available.end(), [](bool one) { return one; });
-    noLine.setVisible(line < 0 && !anyLeft);
 }
 
-void AdvancedTrig::showMaps()
+void AdvancedTrig::showPlan(const Steps& step)
 {
-    showLineMap(tblStartMap, support(), drivers_, LineTrigger::start, {chosenStart_, chosenScan_});
-    showLineMap(tblScanMap, support(), drivers_, LineTrigger::scan, {chosenScan_, chosenStart_});
+    for (const LineTrigger trigger : lineTriggers) {
+        const Column column = columnOf(*this, trigger);
+        for (std::size_t line = 0; line < column.options.size(); ++line) {
+            OptionButton& option = *column.options[line];
+            option.setEnabled(plan_.available(trigger)[line]);
+            static_cast<std::int32_t>(line) == plan_.line(trigger) ? option.showSelected() : option.deselect();
+        }
+        column.noLine.setVisible(plan_.lacksLine(trigger));
+        step([&] { showLineMap(column.map, support(), drivers_, trigger, plan_); });
+    }
 }
 
-void AdvancedTrig::Display(LineMask& availStartLines, LineMask& availScanLines, std::int32_t& startLine,
-                           std::int32_t& scanLine, const LineDrivers& lineDrivers)
+std::optional<LinePlan> AdvancedTrig::Display(const LinePlan& plan, const LineDrivers& lineDrivers)
 {
     const Steps step(support().errors, "Display", errorSource::triggering);
-    chosenStart_ = startLine;
-    chosenScan_ = scanLine;
-    drivers_ = lineDrivers.drivers;
-    step([&] { showMaps(); });
-    showColumn(optStartTrig, availStartLines, startLine, lblNoStartLine, lineDrivers);
-    showColumn(optScanTrig, availScanLines, scanLine, lblNoScanLine, lineDrivers);
-    tabTrigger.setTabEnabled(startTab, lineDrivers.hasStartMaster);
-    tabTrigger.setTabEnabled(scanTab, lineDrivers.hasScanMaster);
+    plan_ = plan;
+    showDrivers(lineDrivers);
+    showPlan(step);
     tabTrigger.setTab(startTab);
     changed_ = false;
-    step([&] { placeAtCursor(*this, support().platform.screen); });
-    moveFocus(&tabTrigger);
-    if (!step([&] { support().platform.modalForms.showModal(*this); }))
-        changed_ = false;
-    dropFocus();
-    if (!changed_)
-        return;
-    availStartLines = enabledLines(optStartTrig);
-    availScanLines = enabledLines(optScanTrig);
-    startLine = chosenStart_;
-    scanLine = chosenScan_;
+    const bool accepted = show(step, placeAtCursor, tabTrigger);
+    return accepted && changed_ ? std::optional(plan_) : std::nullopt;
 }
 
-void AdvancedTrig::optStartTrig_Click(std::int32_t line)
+void AdvancedTrig::option_Click(LineTrigger trigger, std::int32_t line)
 {
-    setEnabled(optScanTrig, chosenStart_, true);
-    setEnabled(optScanTrig, line, false);
-    chosenStart_ = line;
+    const Steps step(support().errors, trigger == LineTrigger::start ? "optStartTrig_Click" : "optScanTrig_Click");
+    plan_.choose(trigger, line);
     changed_ = true;
-    Steps(support().errors, "optStartTrig_Click")([&] { showMaps(); });
-}
-
-void AdvancedTrig::optScanTrig_Click(std::int32_t line)
-{
-    setEnabled(optStartTrig, chosenScan_, true);
-    setEnabled(optStartTrig, line, false);
-    chosenScan_ = line;
-    changed_ = true;
-    Steps(support().errors, "optScanTrig_Click")([&] { showMaps(); });
-}
-
-void AdvancedTrig::btnOK_Click()
-{
-    const Steps step(support().errors, "btnOK_Click");
-    step([&] { support().platform.modalForms.hide(*this); });
-}
-
-void AdvancedTrig::btnCancel_Click()
-{
-    const Steps step(support().errors, "btnCancel_Click");
-    changed_ = false;
-    step([&] { support().platform.modalForms.hide(*this); });
+    showPlan(step);
 }
 
 } // namespace ko

@@ -7,34 +7,34 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace ko {
 
-/// What the dialog tells of the drivers behind the lines.
+/// What the dialog shows of the drivers on the lines.
 struct LineDrivers {
-    bool hasStartMaster = true;
-    bool hasScanMaster = true;
-    std::array<std::string, 8> hints{}; ///< who drives each line; "" where nobody is known to
-    std::vector<LineDriver> drivers{};  ///< those that have trigger lines
+    PerTrigger<bool> hasMaster{true, true};
+    std::array<std::string, triggerLineCount> hints{}; ///< which drivers drive each line; "" for none known
+    std::vector<LineDriver> drivers{};                 ///< those that have trigger lines
 };
 
-/// The dialog "Trigger Lines": a column of options for each of the two triggers, on a tab each. It keeps the two
-/// triggers off each other's line, and shows beside the options what the drivers do on each line as it is chosen.
+/// The dialog "Trigger Lines": a column of options for each of the two triggers, on a tab each. It shows beside the
+/// options what the drivers do on each line as it is chosen.
 class AdvancedTrig : public DialogForm {
 public:
     explicit AdvancedTrig(Support& support);
 
-    using Options = std::array<std::unique_ptr<OptionButton>, 8>; ///< a line each
-    enum Tab : std::int32_t { startTab, scanTab };
+    using Options = std::array<std::unique_ptr<OptionButton>, triggerLineCount>; ///< a line each
+    enum Tab : std::int32_t { startTab, scanTab };                               ///< in the order of the triggers
 
     Frame frmStartTrig{*this, "frmStartTrig"};
     Frame frmScanTrig{*this, "frmScanTrig"};
     TabControl tabTrigger{*this, "tabTrigger", {&frmStartTrig, &frmScanTrig}};
-    Options optStartTrig{makeOptions("optStartTrig", frmStartTrig, startTab)};
+    Options optStartTrig{makeOptions("optStartTrig", frmStartTrig, LineTrigger::start)};
     Label lblNoStartLine{*this, "lblNoStartLine", &frmStartTrig};
     Label lblStartMap{*this, "lblStartMap", &frmStartTrig};
     Table tblStartMap{*this, "tblStartMap", &frmStartTrig};
-    Options optScanTrig{makeOptions("optScanTrig", frmScanTrig, scanTab)};
+    Options optScanTrig{makeOptions("optScanTrig", frmScanTrig, LineTrigger::scan)};
     Label lblNoScanLine{*this, "lblNoScanLine", &frmScanTrig};
     Label lblScanMap{*this, "lblScanMap", &frmScanTrig};
     Table tblScanMap{*this, "tblScanMap", &frmScanTrig};
@@ -42,24 +42,18 @@ public:
     CommandButton btnCancel{*this, "btnCancel"};
     CommandButton btnHelp{*this, "btnHelp"};
 
-    /// Shows the dialog with the lines that may be chosen and the two chosen ones (-1: none) until the user ends it.
-    /// When the user has chosen other lines and pressed OK, they and the lines then left stand in the arguments.
-    /// Reports its own failures.
-    void Display(LineMask& availStartLines, LineMask& availScanLines, std::int32_t& startLine, std::int32_t& scanLine,
-                 const LineDrivers& lineDrivers = {});
+    /// Shows the dialog with the plan until the user ends it: the plan that the user has chosen and accepted with OK;
+    /// none when no line was chosen. Reports its own failures.
+    std::optional<LinePlan> Display(const LinePlan& plan, const LineDrivers& lineDrivers = {});
 
 private:
-    Options makeOptions(const std::string& name, Frame& frame, Tab tab);
-    void showColumn(const Options& options, const LineMask& available, std::int32_t line, Label& noLine,
-                    const LineDrivers& lineDrivers);
-    void showMaps();
-    void optStartTrig_Click(std::int32_t line);
-    void optScanTrig_Click(std::int32_t line);
-    void btnOK_Click();
-    void btnCancel_Click();
+    Options makeOptions(const std::string& name, Frame& frame, LineTrigger trigger);
+    void showTab(LineTrigger trigger) { tabTrigger.setTab(static_cast<std::int32_t>(trigger)); }
+    void showDrivers(const LineDrivers& lineDrivers);
+    void showPlan(const Steps& step);
+    void option_Click(LineTrigger trigger, std::int32_t line);
 
-    std::int32_t chosenStart_ = -1;
-    std::int32_t chosenScan_ = -1;
+    LinePlan plan_;
     bool changed_ = false;
     std::vector<LineDriver> drivers_;
 };

@@ -43,15 +43,11 @@ public:
                 emphasisOf(use)};
     }
 
-    [[nodiscard]] Table::Row row(const LineDriver& driver, std::string name, const ChosenLines& chosen) const
+    [[nodiscard]] Table::Row row(const LineDriver& driver, std::string name, const LinePlan& plan) const
     {
-        const bool isStart = trigger_ == LineTrigger::start;
         Table::Row row{std::move(name), {}};
-        for (std::int32_t line = 0; line < lineCount; ++line) {
-            const LineUse use = lineUse(isStart ? driver.start : driver.scan,
-                                        isStart ? driver.drivesStart : driver.drivesScan, line, chosen);
-            row.cells.push_back(cell(use, line, row.header));
-        }
+        for (std::int32_t line = 0; line < triggerLineCount; ++line)
+            row.cells.push_back(cell(lineUse(driver.roles[trigger_], line, trigger_, plan), line, row.header));
         return row;
     }
 
@@ -63,18 +59,18 @@ private:
 } // namespace
 
 void showLineMap(Table& table, const Support& support, std::span<const LineDriver> drivers, LineTrigger trigger,
-                 const ChosenLines& chosen)
+                 const LinePlan& plan)
 {
     const CellWriter writer(support, trigger);
     std::vector<std::string> columns;
-    columns.reserve(lineCount);
-    for (std::int32_t line = 0; line < lineCount; ++line)
+    columns.reserve(triggerLineCount);
+    for (std::int32_t line = 0; line < triggerLineCount; ++line)
         columns.push_back(support.text(lineText + line));
     std::vector<Table::Row> rows;
     for (const LineDriver& driver : drivers) {
         const std::string number = std::to_string(rows.size() + 1);
-        rows.push_back(writer.row(
-            driver, driver.name.empty() ? filled(support.text(unnamedText), {number}) : driver.name, chosen));
+        rows.push_back(
+            writer.row(driver, driver.name.empty() ? filled(support.text(unnamedText), {number}) : driver.name, plan));
     }
     table.setContent(std::move(columns), std::move(rows));
 }

@@ -8,12 +8,18 @@
 
 namespace ko {
 
-/// The view that one of the two triggers has of the lines.
-enum class LineTrigger { start, scan };
+/// The string table's number of line 0's name; those of the others follow.
+inline constexpr int lineText = 3010;
 
-/// Shows in `table` what each driver does on each line, a row for a driver and a column for a line, as it would be with
-/// these lines chosen. Failures reach the caller.
+/// A driver in front of the lines.
+struct LineDriver {
+    std::string name; ///< "" where it has not told it
+    PerTrigger<LineRole> roles;
+};
+
+/// Shows in `table` what each driver does on each line for one trigger, a row for a driver and a column for a line, as
+/// it would be with the lines of the plan chosen. Failures reach the caller.
 void showLineMap(Table& table, const Support& support, std::span<const LineDriver> drivers, LineTrigger trigger,
-                 const ChosenLines& chosen);
+                 const LinePlan& plan);
 
 } // namespace ko

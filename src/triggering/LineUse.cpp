@@ -2,18 +2,30 @@
 
 namespace ko {
 
-LineUse lineUse(const LineOffer& offer, std::int32_t drivenLine, std::int32_t line, const ChosenLines& chosen)
+LineMask commonLines(const LineOffers& offers)
 {
+    LineMask available;
+    available.fill(true);
+    for (const LineOffer& offer : offers)
+        for (std::size_t line = 0; line < available.size() && offer.lines; ++line)
+            available[line] = available[line] && (*offer.lines)[line];
+    return available;
+}
+
+LineUse lineUse(const LineRole& role, std::int32_t line, LineTrigger trigger, const LinePlan& plan)
+{
+    const LineOffer& offer = role.offer;
     const bool offered = offer.lines && offer.lines->at(static_cast<std::size_t>(line));
     const bool refused = offer.lines && !offered;
-    if (offer.isMaster && line == chosen.own)
+    const bool chosen = line == plan.line(trigger);
+    if (offer.isMaster && chosen)
         return refused ? LineUse::mustDrive : LineUse::drives;
     // What a listener offers says nothing of its driving.
-    if (!offer.isMaster && line == drivenLine)
+    if (!offer.isMaster && line == role.drives)
         return LineUse::drives;
-    if (line == chosen.own)
+    if (chosen)
         return refused ? LineUse::mustListen : LineUse::listens;
-    if (line == chosen.other)
+    if (line == plan.line(otherThan(trigger)))
         return LineUse::taken;
     if (!offer.lines)
         return LineUse::unknown;

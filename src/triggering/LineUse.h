@@ -1,17 +1,12 @@
 #pragma once
 
-#include "page/Page.h"
+#include "page/LinePlan.h"
 
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace ko {
-
-/// The trigger lines are numbered from 0 to one less.
-inline constexpr std::int32_t lineCount = 8;
-/// The string table's name of line 0; those of the others follow.
-inline constexpr int lineText = 3010;
 
 /// What a driver told of its lines when those of one trigger were worked out.
 struct LineOffer {
@@ -21,6 +16,9 @@ struct LineOffer {
 
 /// An offer for each driver of a list.
 using LineOffers = std::vector<LineOffer>;
+
+/// The lines that no driver excludes; one that has not told its lines excludes none.
+LineMask commonLines(const LineOffers& offers);
 
 /// What a driver does on a line for one of the two triggers, or could do.
 enum class LineUse {
@@ -35,21 +33,14 @@ enum class LineUse {
     mustDrive   ///< it drives the line although it does not offer it
 };
 
-/// A driver in front of the lines: what it offers for each trigger, and the lines that it drives now (-1: none).
-struct LineDriver {
-    std::string name; ///< "" where it has not told it
-    LineOffer start, scan;
-    std::int32_t drivesStart = -1, drivesScan = -1;
+/// A driver in front of the lines of one trigger: what it offers, and the line that it drives now (-1: none).
+struct LineRole {
+    LineOffer offer;
+    std::int32_t drives = -1;
 };
 
-/// The two triggers' lines as they are chosen, seen by one of them; -1 for none.
-struct ChosenLines {
-    std::int32_t own = -1;
-    std::int32_t other = -1;
-};
-
-/// The use of a line for the trigger that the offer was made for. A master drives the chosen line; another driver
-/// that is wired to drive a line (`drivenLine`, -1: none) goes on doing so.
-LineUse lineUse(const LineOffer& offer, std::int32_t drivenLine, std::int32_t line, const ChosenLines& chosen);
+/// The use of a line for the trigger that the offer was made for, with the lines of the plan chosen. A master drives
+/// the chosen line; another driver that is wired to drive a line goes on doing so.
+LineUse lineUse(const LineRole& role, std::int32_t line, LineTrigger trigger, const LinePlan& plan);
 
 } // namespace ko

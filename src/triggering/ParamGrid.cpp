@@ -1,6 +1,7 @@
 #include "triggering/ParamGrid.h"
 
 #include "interfaces/TriggerParameters.h"
+#include "page/Hints.h"
 #include "platform/NumberText.h"
 #include "triggering/TriggerParameter.h"
 
@@ -90,6 +91,7 @@ bool ParamGrid::fillRow(const Steps& step, TriggerParameters& parameters, std::i
     const bool typeKnown = step([&] { type = parameters.GetTriggerParamType(slot_, channel_, id); });
     CellStyle style = parameterStyle(type);
     style.font = fixed.font;
+    style.readOnly = style.readOnly || !typeKnown;
     if (type == "Enum")
         style.choices = step.value([&] { return parameters.GetTriggerParamChoices(slot_, channel_, id); });
     if (typeKnown && !isKnownType(type))
@@ -138,35 +140,37 @@ void ParamGrid::followEditor()
     page_.editFlags = grid_.editedRow() > 0 ? editFlag::copy | editFlag::paste : editFlag::none;
 }
 
-bool ParamGrid::accepts(const Steps& step, std::int32_t row, const std::string& text)
+/// Without its type a value can be shown but not edited.
+void ParamGrid::lockRow(std::int32_t row)
 {
-    TriggerParameters* parameters = nullptr;
-    std::int32_t id = 0;
-    std::optional<NumberType> type;
-    if (!step([&] {
-            parameters = &parametersOfMaster();
-            id = idAt(row);
-            type = checkedAs(parameters->GetTriggerParamType(slot_, channel_, id));
-        }))
-        return false;
-    if (!type)
-        return true;
-    NumberBounds bounds;
-    step([&] { bounds.minimum = bound(parameters->GetTriggerParamMin(slot_, channel_, id)); });
-    step([&] { bounds.maximum = bound(parameters->GetTriggerParamMax(slot_, channel_, id)); });
-    return validateNumber(support_, text, *type, bounds, true);
+    Grid::Cell cell = grid_.cell(row, Grid::valueColumn);
+    cell.style.readOnly = true;
+    grid_.setCell(row, Grid::valueColumn, cell);
 }
 
 void ParamGrid::grdParam_OnValidateCell(CellEvent& event)
 {
     const Steps step(support_.errors, "grdParam_OnValidateCell");
-    event.Value = accepts(step, event.row, event.text);
-}
-
-bool ParamGrid::check()
-{
-    const Steps step(support_.errors, "grdParam_OnValidateCell");
-    return grid_.editedRow() == 0 || accepts(step, grid_.editedRow(), grid_.editor().text());
+    TriggerParameters* parameters = nullptr;
+    std::int32_t id = 0;
+    std::string type;
+    const bool typeKnown = step([&] {
+        parameters = &parametersOfMaster();
+        id = idAt(event.row);
+        type = parameters->GetTriggerParamType(slot_, channel_, id);
+    });
+    event.Value = event.staysOpen = typeKnown && isKnownType(type);
+    if (!typeKnown)
+        return lockRow(event.row);
+    if (!event.Value)
+        step([&] { showHint(page_, support_.text(unrecognizedType) + type); });
+    const std::optional<NumberType> number = checkedAs(type);
+    if (!number)
+        return;
+    NumberBounds bounds;
+    step([&] { bounds.minimum = bound(parameters->GetTriggerParamMin(slot_, channel_, id)); });
+    step([&] { bounds.maximum = bound(parameters->GetTriggerParamMax(slot_, channel_, id)); });
+    event.Value = validateNumber(support_, event.text, *number, bounds, true);
 }
 
 void ParamGrid::grdParam_CellEdited(CellEvent& event)
@@ -181,7 +185,7 @@ void ParamGrid::grdParam_CellEdited(CellEvent& event)
             const std::string type = parameters->GetTriggerParamType(slot_, channel_, id);
             value = parameterValue(type, event.text, support_.locale());
         });
-    event.Value = value.has_value();
+    event.Value = event.staysOpen = value.has_value();
     if (!value)
         return;
     const bool written = step([&] { parameters->SetTriggerParamValue(slot_, channel_, id, *value); });
@@ -195,13 +199,21 @@ void ParamGrid::grdParam_CellEdited(CellEvent& event)
 void ParamGrid::readAgain(const Steps& step, TriggerParameters& parameters)
 {
     const DrawingLock lock(grid_);
-    for (std::int32_t row = 1; row <= grid_.rowCount(); ++row)
-        step([&] {
-            const std::int32_t id = idAt(row);
-            const std::string type = parameters.GetTriggerParamType(slot_, channel_, id);
-            const Value value = parameters.GetTriggerParamValue(slot_, channel_, id);
-            grid_.setValue(row, parameterText(type, value, support_.locale()));
+    for (std::int32_t row = 1; row <= grid_.rowCount(); ++row) {
+        std::int32_t id = 0;
+        std::string type;
+        const bool typeKnown = step([&] {
+            id = idAt(row);
+            type = parameters.GetTriggerParamType(slot_, channel_, id);
         });
+        if (typeKnown)
+            step([&] {
+                const Value value = parameters.GetTriggerParamValue(slot_, channel_, id);
+                grid_.setValue(row, parameterText(type, value, support_.locale()));
+            });
+        else
+            lockRow(row);
+    }
 }
 
 } // namespace ko

@@ -22,9 +22,6 @@ public:
     /// No rows, disabled.
     void clear();
 
-    /// The open cell would be accepted; tells the user why when it would not. True when none is open.
-    bool check();
-
 private:
     void grdParam_CellEdited(CellEvent& event);
     void grdParam_OnValidateCell(CellEvent& event);
@@ -35,7 +32,7 @@ private:
     void readAgain(const Steps& step, TriggerParameters& parameters);
     [[nodiscard]] TriggerParameters& parametersOfMaster() const;
     [[nodiscard]] std::int32_t idAt(std::int32_t row) const;
-    [[nodiscard]] bool accepts(const Steps& step, std::int32_t row, const std::string& text);
+    void lockRow(std::int32_t row);
 
     Page& page_;
     Support& support_;

@@ -1,8 +1,5 @@
 #include "triggering/SelectChannel.h"
 
-#include "support/Geometry.h"
-#include "support/Steps.h"
-
 namespace ko {
 
 namespace {
@@ -18,13 +15,11 @@ SelectChannel::SelectChannel(Support& support) : DialogForm(support, "SelectChan
     cmdOK.setTag("2");
     cmdCancel.setTag("3");
     cmdHelp.setTag("4");
-    load(browserTexts);
+    load(browserTexts, cmdOK, cmdCancel, &cmdHelp);
     for (CommandButton* button : {&cmdOK, &cmdCancel, &cmdHelp})
         button->move({0, 0, 1215, 375});
-    cmdOK.click = [this] { cmdOK_Click("cmdOK_Click"); };
-    cmdCancel.click = [this] { cmdCancel_Click(); };
-    cmdHelp.click = [this] { showHelp("cmdHelp_Click"); };
-    chsNavigate.activated = [this] { cmdOK_Click("chsNavigate_Activate"); };
+    chsNavigate.activated = [this] { accept("chsNavigate_Activate"); };
+    accepting = [this](const Steps& step) { SelCount = step.value([&] { return chsNavigate.getSelections(Sel); }); };
     resized = [this] { Form_Resize(); };
     resize(5400, 5400);
 }
@@ -45,7 +40,7 @@ void SelectChannel::UpdateDrivers(const DriverList& drivers, std::int32_t count)
 
 bool SelectChannel::Display(std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel)
 {
-    if (!show({{driver}, {slot}, {channel}}))
+    if (!select({{driver}, {slot}, {channel}}))
         return false;
     const bool any = SelCount >= 1;
     driver = any ? Sel.drivers[1] : nullptr;
@@ -56,38 +51,19 @@ bool SelectChannel::Display(std::shared_ptr<Driver>& driver, std::int32_t& slot,
 
 bool SelectChannel::Display(ChannelSelections& channels)
 {
-    if (!show(channels))
+    if (!select(channels))
         return false;
     channels = SelCount >= 1 ? Sel : ChannelSelections{{nullptr}, {-1}, {-1}};
     return true;
 }
 
-bool SelectChannel::show(const ChannelSelections& channels)
+/// Whether the user has accepted a selection.
+bool SelectChannel::select(const ChannelSelections& channels)
 {
     const Steps step(support().errors, "Display");
-    Accepted = false;
     step([&] { chsNavigate.reset(); });
     step([&] { chsNavigate.preselect(channels); });
-    step([&] { placeCentredUnderCursor(*this, support().platform.screen); });
-    moveFocus(&chsNavigate);
-    step([&] { support().platform.modalForms.showModal(*this); });
-    dropFocus();
-    return Accepted;
-}
-
-void SelectChannel::cmdOK_Click(std::string_view procedure)
-{
-    const Steps step(support().errors, procedure);
-    step([&] { support().platform.modalForms.hide(*this); });
-    Accepted = true;
-    SelCount = step.value([&] { return chsNavigate.getSelections(Sel); });
-}
-
-void SelectChannel::cmdCancel_Click()
-{
-    const Steps step(support().errors, "cmdCancel_Click");
-    step([&] { support().platform.modalForms.hide(*this); });
-    Accepted = false;
+    return show(step, placeCentredUnderCursor, chsNavigate);
 }
 
 /// The buttons stand in a row at the lower right, the selector fills what is left.

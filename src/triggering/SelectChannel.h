@@ -35,13 +35,10 @@ public:
     void UpdateDrivers(const DriverList& drivers, std::int32_t count);
 
 private:
-    void cmdOK_Click(std::string_view procedure);
-    void cmdCancel_Click();
     void Form_Resize();
-    bool show(const ChannelSelections& channels);
+    bool select(const ChannelSelections& channels);
 
     // NOLINTBEGIN(readability-identifier-naming): the names that hosts know
-    bool Accepted = false;
     ChannelSelections Sel; ///< what was selected when the dialog was accepted
     std::int32_t SelCount = 0;
     // NOLINTEND(readability-identifier-naming)

@@ -91,16 +91,20 @@ void TriggerChannel::enableTriggering(bool onTrigger)
     const Steps step(support_.errors, "enableTriggering");
     step([&] { page_.optOnTrigger.showSelected(); });
     step([&] { showArea(true); });
-    TriggerParameters* parameters = isStored() || page_.isLoading ? parametersOfMaster(step) : nullptr;
-    std::optional<Channels> sources;
-    if (parameters && !isStored())
-        sources = takeOverMarkedChannel(step, *parameters);
+    TriggerParameters* parameters = parametersOfMaster(step);
+    // A page that is built switches no source off: which one counts is the driver's business.
+    const bool isAsked = parameters && !(isStored() && page_.isLoading);
+    const Channels sources = isAsked ? otherSources(step, *parameters) : Channels();
+    if (!isStored() && !sources.empty()) {
+        page_.TriggerSlot = sources.front().slot;
+        page_.TriggerChannel = sources.front().channel;
+    }
     if (!isOn_)
         warnOfDisabledChannel(step);
     isOn_ = true;
     showChannel(step);
     if (parameters && isStored())
-        switchOn(step, *parameters, sources ? *sources : otherSources(step, *parameters));
+        switchOn(step, *parameters, page_.isLoading ? Channels() : sources);
 }
 
 TriggerParameters* TriggerChannel::parametersOfMaster(const Steps& step) const
@@ -109,7 +113,7 @@ TriggerParameters* TriggerChannel::parametersOfMaster(const Steps& step) const
     return driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
 }
 
-/// The channels that the driver marks as its trigger source. The stored one is not asked about: it becomes one anyway.
+/// The channels besides the stored one that the driver marks as its trigger source.
 TriggerChannel::Channels TriggerChannel::otherSources(const Steps& step, TriggerParameters& parameters) const
 {
     Channels marked;
@@ -117,16 +121,6 @@ TriggerChannel::Channels TriggerChannel::otherSources(const Steps& step, Trigger
         if (!isStored(slot, channel) && step.value([&] { return parameters.TriggerEnabled(slot, channel); }))
             marked.push_back({slot, channel});
     });
-    return marked;
-}
-
-TriggerChannel::Channels TriggerChannel::takeOverMarkedChannel(const Steps& step, TriggerParameters& parameters)
-{
-    Channels marked = otherSources(step, parameters);
-    if (!marked.empty()) {
-        page_.TriggerSlot = marked.front().slot;
-        page_.TriggerChannel = marked.front().channel;
-    }
     return marked;
 }
 

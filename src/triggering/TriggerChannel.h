@@ -30,8 +30,6 @@ public:
     void disableTriggering(bool onTrigger);
     void clearTriggerSource();
 
-    [[nodiscard]] ParamGrid& grid() { return grid_; }
-
 private:
     struct Channel {
         std::int32_t slot, channel;
@@ -48,7 +46,6 @@ private:
     void showChannel(const Steps& step);
     void showArea(bool on);
     void followUsability();
-    Channels takeOverMarkedChannel(const Steps& step, TriggerParameters& parameters);
     void warnOfDisabledChannel(const Steps& step);
     [[nodiscard]] std::shared_ptr<Driver> master() const;
     [[nodiscard]] bool isStored() const { return page_.TriggerSlot >= 0 && page_.TriggerChannel >= 0; }

@@ -13,9 +13,10 @@ namespace ko {
 class AdvancedTrig;
 class Triggering;
 struct LineDrivers;
+struct TriggerMasters;
 
 /// Which of the trigger lines carry the start and the sync trigger: chosen when a page is built, and by hand in the
-/// dialog behind the menu item. The two are never the same line.
+/// dialog behind the menu item.
 class TriggerLineChoice {
 public:
     /// Makes the component's dialog on first use.
@@ -25,17 +26,16 @@ public:
     TriggerLineChoice(Page& page, Support& support, Actions& actions, Triggering& triggering, Dialog dialog);
 
     /// Works the lines out for the page's drivers and masters and writes them to the drivers. Both choices are made
-    /// anew: a line that a master is wired to stays its line, the start's where both are wired to one. `found` says
-    /// whether there is a master at all. Reports its own failures.
-    void build(bool found);
+    /// anew: a line that a master is wired to stays its line, the start's where both are wired to one. Reports its own
+    /// failures.
+    void build(const TriggerMasters& masters);
 
 private:
-    void buildLists();
-    void leaveOutEachOther();
-    void takeFirstLines();
+    [[nodiscard]] LinePlan wiredLines(const TriggerMasters& masters);
+    bool write(LineTrigger trigger, std::int32_t line, std::int32_t before);
     void showWhetherLinesAreLeft(bool wanted);
     void mnuTimebaseTriggerLines_Click();
-    void apply(const Steps& step, std::int32_t startLine, std::int32_t scanLine);
+    void apply(const Steps& step, const LinePlan& before);
     [[nodiscard]] LineDrivers lineDrivers(const Steps& step) const;
 
     Page& page_;
@@ -43,7 +43,7 @@ private:
     Actions& actions_;
     Triggering& triggering_;
     Dialog dialog_;
-    LineOffers startOffers_, scanOffers_; ///< of the page's drivers, from the survey for the lists
+    PerTrigger<LineOffers> offers_; ///< of the page's drivers, from the survey for the lists
 };
 
 } // namespace ko

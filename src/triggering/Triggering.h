@@ -7,10 +7,10 @@
 
 namespace ko {
 
-/// Which drivers of a list drive the start and the sync trigger line; -1 none.
-struct TriggerMasters {
-    std::int32_t start = -1;
-    std::int32_t scan = -1;
+/// Which drivers of a list drive the start and the sync trigger line, and the lines on which they were found to do so
+/// already; -1 none.
+struct TriggerMasters : PerTrigger<std::int32_t> {
+    PerTrigger<std::int32_t> driven{-1, -1};
 
     [[nodiscard]] bool found() const { return start >= 0 || scan >= 0; }
     bool operator==(const TriggerMasters&) const = default;
@@ -26,28 +26,24 @@ public:
     /// earlier driver among equals. A driver that fails, or that is wired to a line beyond 7, takes no part.
     TriggerMasters findTriggerMasters(Drivers drivers);
 
-    /// The lines that the start master can drive and all others can listen to. The sync line, when there is one, is
-    /// left out; when there is none, it becomes the one that the survey found, which is not left out.
-    LineMask buildStartTriggerList(Drivers drivers, std::int32_t startMaster, std::int32_t& scanLine);
-    /// The same with the roles of start and sync exchanged.
-    LineMask buildScanTriggerList(Drivers drivers, std::int32_t scanMaster, std::int32_t& startLine);
+    /// What the master (-1: none) can drive for the trigger, and what the others can listen to. Without a master that
+    /// has trigger lines no driver is asked.
+    LineOffers buildTriggerList(LineTrigger trigger, Drivers drivers, std::int32_t master);
 
-    /// What the drivers offered when the two lists were built last.
-    [[nodiscard]] const LineOffers& startOffers() const { return startOffers_; }
-    [[nodiscard]] const LineOffers& scanOffers() const { return scanOffers_; }
-
-    /// Lets the master drive the line and every other driver listen to it; -1 for none. Without a master (-1) the
-    /// first driver that can be start master is taken; a driver that fails while it is looked for is passed over.
-    void setStartTriggerLine(Drivers drivers, std::int32_t master, std::int32_t line);
-    /// The same for the sync trigger; without a master nothing is done.
-    void setScanTriggerLine(Drivers drivers, std::int32_t master, std::int32_t line);
+    /// What became of a line that was written.
+    struct WrittenLine {
+        std::int32_t line = -1; ///< as the master was read back
+        bool written = false;   ///< the master took the write
+    };
+    /// Lets the master drive the line and every other driver listen to what it drives then; -1 for none. Where it
+    /// cannot be read back, that is the line that it took, or else `before`. Without a master (-1) the first driver
+    /// that can be start master is taken, a driver that fails while it is looked for being passed over; for the sync
+    /// trigger nothing is done.
+    WrittenLine setTriggerLine(LineTrigger trigger, Drivers drivers, std::int32_t master, std::int32_t line,
+                               std::int32_t before);
 
 private:
     Support& support_;
-    std::int32_t masterStartLine_ = -1; ///< what the masters were found to drive
-    std::int32_t masterScanLine_ = -1;
-    LineOffers startOffers_;
-    LineOffers scanOffers_;
 };
 
 } // namespace ko

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QSpinBox>
 #include <QTextCharFormat>
+#include <algorithm>
 #include <utility>
 
 namespace ko {
@@ -24,7 +25,7 @@ QString displayLetters(const PictureItem& item)
     case Field::hour24: return letters('H');
     case Field::minute: return letters('m');
     case Field::second: return letters('s');
-    case Field::designator: return QStringLiteral("AP");
+    case Field::designator: return QStringLiteral("aP");
     case Field::literal: return u'\'' + toQt(item.text).replace(u'\'', QStringLiteral("''")) + u'\'';
     default: return {};
     }
@@ -36,15 +37,34 @@ bool isEnter(const QEvent& event)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-} // namespace
-
-QString timeDisplayFormat(const Locale& locale)
+/// A picture in the toolkit's letters.
+QString displayFormat(const std::string& picture)
 {
     QString format;
-    for (const PictureItem& item : parsePicture(locale.timeFormat))
+    for (const PictureItem& item : parsePicture(picture))
         format += displayLetters(item);
     return format;
 }
+
+bool hasDesignators(const QLocale& locale, const TimeFormat& format)
+{
+    return fromQt(locale.amText()) == format.amDesignator && fromQt(locale.pmText()) == format.pmDesignator;
+}
+
+/// The toolkit takes the designators from a locale: one that has these, as far as there is one.
+QLocale localeFor(const TimeFormat& format)
+{
+    const QLocale own;
+    if (hasDesignators(own, format))
+        return own;
+    const auto all = QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+    const auto found = std::find_if(all.begin(), all.end(), [&](const QLocale& locale) {
+        return hasDesignators(locale, format) && locale.zeroDigit() == own.zeroDigit();
+    });
+    return found == all.end() ? own : *found;
+}
+
+} // namespace
 
 CalendarBinding::CalendarBinding(FormView& view, Calendar& control, QCalendarWidget& widget)
     : Binding(view, control, widget), calendar_(control), widget_(widget)
@@ -130,6 +150,13 @@ void TimePickerBinding::picked()
     showTime();
 }
 
+void TimePickerBinding::showFormat()
+{
+    const Scoped guard(showing_, true);
+    widget_.setLocale(localeFor(picker_.format()));
+    widget_.setDisplayFormat(displayFormat(picker_.format().picture));
+}
+
 void TimePickerBinding::showTime()
 {
     const QTime time(picker_.hour(), picker_.minute(), picker_.second());
@@ -143,6 +170,8 @@ void TimePickerBinding::refresh(Aspect aspect)
 {
     if (aspect == Aspect::Text)
         showTime();
+    else if (aspect == Aspect::Items)
+        showFormat();
     else
         Binding::refresh(aspect);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/DateControls.h"
-#include "platform/Locale.h"
 #include "widgets/Binding.h"
 
 #include <QCalendarWidget>
@@ -53,14 +52,12 @@ protected:
 
 private:
     void picked();
+    void showFormat();
     void showTime();
 
     TimePicker& picker_;
     QTimeEdit& widget_;
     bool showing_ = false;
 };
-
-/// The user's time format in the toolkit's letters.
-QString timeDisplayFormat(const Locale& locale);
 
 } // namespace ko

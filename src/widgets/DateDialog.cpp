@@ -1,6 +1,5 @@
 #include "widgets/DateDialog.h"
 
-#include "platform/PictureBox.h"
 #include "widgets/DateBindings.h"
 #include "widgets/FormView.h"
 #include "widgets/PageTexts.h"
@@ -14,36 +13,30 @@ namespace ko {
 
 namespace {
 
-constexpr const char* okButton = "btnOK";
-constexpr const char* cancelButton = "btnCancel";
-
 class DateDialogView : public FormView {
 public:
-    DateDialogView(Form& form, const Texts& texts, const Locale& locale) : FormView(form, texts)
+    DateDialogView(SetDateTime& form, const Texts& texts) : FormView(form, texts)
     {
         auto* frames = new QHBoxLayout;
-        frames->addWidget(&layDate());
-        frames->addWidget(&layTime(locale));
+        frames->addWidget(&layDate(form));
+        frames->addWidget(&layTime(form));
         auto* buttons = new QHBoxLayout;
         buttons->addStretch(1);
-        for (const char* name : {okButton, cancelButton, "btnHelp"})
-            buttons->addWidget(&button(control<CommandButton>(name)));
-        static_cast<QPushButton*>(widget(*form.find(okButton)))->setDefault(true);
+        for (CommandButton* control : {&form.btnOK, &form.btnCancel, &form.btnHelp})
+            buttons->addWidget(&button(*control));
         auto* whole = new QVBoxLayout(this);
         whole->addLayout(frames, 1);
         whole->addLayout(buttons);
     }
 
 private:
-    template <class C> C& control(const char* name) { return dynamic_cast<C&>(*form().find(name)); }
-
-    QGroupBox& layDate()
+    QGroupBox& layDate(SetDateTime& form)
     {
-        QGroupBox& box = frame(control<Frame>("frmDate"));
+        QGroupBox& box = frame(form.frmDate);
         auto* column = new QVBoxLayout(&box);
-        column->addWidget(&option(control<OptionButton>("optCurrentDay")));
-        column->addWidget(&option(control<OptionButton>("optSpecifiedDay")));
-        QWidget& calendar = this->calendar(control<Calendar>("calDate"));
+        column->addWidget(&option(form.optCurrentDay));
+        column->addWidget(&option(form.optSpecifiedDay));
+        QWidget& calendar = this->calendar(form.calDate);
         // The table of days is what has the focus.
         for (QWidget* part : {&calendar, calendar.focusProxy()})
             part->setAccessibleName(withoutMnemonic(box.title()));
@@ -51,13 +44,13 @@ private:
         return box;
     }
 
-    QGroupBox& layTime(const Locale& locale)
+    QGroupBox& layTime(SetDateTime& form)
     {
-        QGroupBox& box = frame(control<Frame>("frmTime"));
+        QGroupBox& box = frame(form.frmTime);
         auto* column = new QVBoxLayout(&box);
-        QTimeEdit& time = timePicker(control<TimePicker>("dtpTimeSelector"), locale);
+        QTimeEdit& time = timePicker(form.dtpTimeSelector);
         time.setAccessibleName(withoutMnemonic(box.title()));
-        QWidget& clock = picture(control<PictureBox>("picClock"));
+        QWidget& clock = picture(form.picClock);
         clock.setAccessibleName(text(pageText::clock));
         const int side = fontMetrics().height() * 10;
         clock.setFixedSize(side, side);
@@ -71,14 +64,9 @@ private:
 
 } // namespace
 
-void addDateDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts,
-                   const Locale& locale)
+void addDateDialog(QtModalForms& modalForms, SetDateTime& setDateTime, const Texts& texts)
 {
-    for (Form* form : dialogs) {
-        const auto build = [texts, locale](Form& shown) { return new DateDialogView(shown, texts, locale); };
-        if (form->name() == "SetDateTime")
-            modalForms.addMeasured(*form, {build, okButton, cancelButton});
-    }
+    modalForms.add(setDateTime, [&setDateTime, texts] { return new DateDialogView(setDateTime, texts); });
 }
 
 } // namespace ko

@@ -1,16 +1,12 @@
 #pragma once
 
-#include "platform/Locale.h"
+#include "schedule/SetDateTime.h"
 #include "widgets/Convert.h"
 #include "widgets/QtModalForms.h"
 
-#include <vector>
-
 namespace ko {
 
-/// Registers the view of the date-and-time dialog among the component's dialogs. How large it is it finds out when the
-/// dialog is first placed. Times are in the format of `locale`. The forms outlive `modalForms`.
-void addDateDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts,
-                   const Locale& locale);
+/// Registers the view of the date-and-time dialog. The form outlives `modalForms`.
+void addDateDialog(QtModalForms& modalForms, SetDateTime& setDateTime, const Texts& texts);
 
 } // namespace ko

@@ -166,11 +166,9 @@ QCalendarWidget& FormView::calendar(Calendar& control)
     return bind<CalendarBinding>(control, new QCalendarWidget(this));
 }
 
-QTimeEdit& FormView::timePicker(TimePicker& control, const Locale& locale)
+QTimeEdit& FormView::timePicker(TimePicker& control)
 {
-    auto* widget = new TimeWidget(this);
-    widget->setDisplayFormat(timeDisplayFormat(locale));
-    return bind<TimePickerBinding>(control, static_cast<QTimeEdit*>(widget));
+    return bind<TimePickerBinding>(control, static_cast<QTimeEdit*>(new TimeWidget(this)));
 }
 
 QWidget& FormView::picture(PictureBox& control)

@@ -35,7 +35,6 @@ class PictureBox;
 class TabControl;
 class Table;
 class TimePicker;
-struct Locale;
 
 /// The surface on which a form is shown: makes the widgets of its controls, bound to them, and keeps the focus with
 /// the form. Whoever lays the form out puts the widgets where they belong; the surface owns them.
@@ -76,7 +75,7 @@ public:
     ChannelBrowser& channelBrowser(ChannelSelector& control);
     QCalendarWidget& calendar(Calendar& control);
     /// Shows the time in the format of `locale`.
-    QTimeEdit& timePicker(TimePicker& control, const Locale& locale);
+    QTimeEdit& timePicker(TimePicker& control);
     QWidget& picture(PictureBox& control);
     /// Shows an image in `picture`, a widget of the caller's making; a click on it clicks the image.
     void image(Image& control, QWidget& picture);

@@ -1,6 +1,5 @@
 #include "widgets/OffersDialog.h"
 
-#include "platform/Table.h"
 #include "widgets/FormView.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
@@ -18,8 +17,6 @@ namespace ko {
 
 namespace {
 
-constexpr const char* closeButton = "btnClose";
-
 /// Sentences begin at the left.
 class SentenceDelegate : public QStyledItemDelegate {
 public:
@@ -35,9 +32,9 @@ protected:
 
 class OffersView : public FormView {
 public:
-    OffersView(Form& form, const Texts& texts) : FormView(form, texts)
+    OffersView(ShowOffers& form, const Texts& texts) : FormView(form, texts)
     {
-        QTableWidget& table = this->table(control<Table>("tblOffers"));
+        QTableWidget& table = this->table(form.tblOffers);
         table.setAccessibleName(text(pageText::offers));
         table.setItemDelegate(new SentenceDelegate(&table));
         table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -48,10 +45,10 @@ public:
             table.resizeRowsToContents();
         });
         onSignal(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fit_.start(0); });
-        QLabel& common = label(control<Label>("lblCommon"));
+        QLabel& common = label(form.lblCommon);
         common.setWordWrap(true);
         common.setTextFormat(Qt::PlainText);
-        QPushButton& close = button(control<CommandButton>(closeButton));
+        QPushButton& close = button(form.btnClose);
         auto* buttons = new QHBoxLayout;
         buttons->addStretch(1);
         buttons->addWidget(&close);
@@ -76,19 +73,13 @@ protected:
 
 private:
     QTimer fit_; ///< rows of as many lines as their columns' width asks for, once that is settled
-
-    template <class C> C& control(const char* name) { return dynamic_cast<C&>(*form().find(name)); }
 };
 
 } // namespace
 
-void addOffersDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts)
+void addOffersDialog(QtModalForms& modalForms, ShowOffers& showOffers, const Texts& texts)
 {
-    for (Form* form : dialogs) {
-        if (form->name() == "ShowOffers")
-            modalForms.addMeasured(
-                *form, {[texts](Form& shown) { return new OffersView(shown, texts); }, closeButton, closeButton});
-    }
+    modalForms.add(showOffers, [&showOffers, texts] { return new OffersView(showOffers, texts); });
 }
 
 } // namespace ko

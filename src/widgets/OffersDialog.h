@@ -1,13 +1,12 @@
 #pragma once
 
+#include "timebase/ShowOffers.h"
 #include "widgets/Convert.h"
 #include "widgets/QtModalForms.h"
 
-#include <vector>
-
 namespace ko {
 
-/// Shows the component's dialog `ShowOffers`, which is among `dialogs`.
-void addOffersDialog(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts);
+/// Registers the view of the dialog of offers. The form outlives `modalForms`.
+void addOffersDialog(QtModalForms& modalForms, ShowOffers& showOffers, const Texts& texts);
 
 } // namespace ko

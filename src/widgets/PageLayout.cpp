@@ -127,10 +127,9 @@ void PageWidget::layStart()
 {
     QGridLayout& grid = framed(page_.frmStart);
     grid.addWidget(&view_->option(page_.optImmediate), grid.rowCount(), labels, 1, 3);
-    addTime(grid, page_.optStartTime, page_.txtStartTime, page_.cmdStartTime, pageText::startTimeButton);
-    // What comes and goes with its option stands below all options, which so keep their places.
     grid.addWidget(&view_->option(page_.optOnTrigger), grid.rowCount(), labels, 1, 3);
     layTrigger(grid);
+    addTime(grid, page_.optStartTime, page_.txtStartTime, page_.cmdStartTime, pageText::startTimeButton);
     schedule_.push_back(&grid);
 }
 

@@ -22,13 +22,14 @@ namespace {
 
 class FormDialog : public QDialog {
 public:
-    FormDialog(Form& form, const QtModalForms::Kind& kind, QWidget* parent) : QDialog(parent), form_(form), kind_(kind)
+    FormDialog(Form& form, QWidget* content, QWidget* parent) : QDialog(parent), form_(form)
     {
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
-        layout->addWidget(kind.build(form));
+        layout->addWidget(content);
         // Enter presses it wherever the focus is, but on another button.
-        if (auto* ok = findChild<QPushButton*>(toQt(kind.okButton)))
+        const PressControl* okButton = form.okButton();
+        if (auto* ok = okButton ? findChild<QPushButton*>(toQt(okButton->name())) : nullptr)
             ok->setDefault(true);
         // The toolkit itself leaves a third of the screen unused.
         resize(sizeHint().boundedTo(screen()->availableSize() * 9 / 10));
@@ -46,8 +47,8 @@ public:
         place_ = place;
     }
 
-    void accept() override { press(kind_.okButton); }
-    void reject() override { press(kind_.cancelButton); }
+    void accept() override { press(form_.okButton()); }
+    void reject() override { press(form_.cancelButton()); }
 
 private:
     /// The form knows nothing of a window's frame, which is taken to be as thick as that of the window below.
@@ -61,41 +62,40 @@ private:
                 std::max(area.top(), std::min(place.y(), area.top() + area.height() - outer.height()))};
     }
 
-    void press(const std::string& button)
+    void press(PressControl* button)
     {
-        if (auto* control = dynamic_cast<PressControl*>(form_.find(button)))
-            guarded([&] { control->userClicked(); });
+        if (button)
+            guarded([&] { button->userClicked(); });
         else
             done(Rejected);
     }
 
     Form& form_;
-    const QtModalForms::Kind& kind_;
     std::optional<QPoint> place_;
 };
 
 } // namespace
 
-void QtModalForms::addMeasured(Form& form, Kind kind)
+void QtModalForms::add(Form& form, Build build)
 {
-    form.measure = [&form, build = kind.build, measured = false]() mutable {
+    form.measure = [&form, build, measured = false]() mutable {
         if (std::exchange(measured, true))
             return;
-        const std::unique_ptr<QWidget> view(build(form));
+        const std::unique_ptr<QWidget> view(build());
         view->ensurePolished();
         const QSize size = view->sizeHint();
         form.resize(toTwips(*view, size.width()), toTwips(*view, size.height()));
     };
-    add(form.name(), std::move(kind));
+    builds_[&form] = std::move(build);
 }
 
 void QtModalForms::showModal(Form& form)
 {
-    const auto kind = kinds_.find(form.name());
-    if (kind == kinds_.end())
+    const auto build = builds_.find(&form);
+    if (build == builds_.end())
         fail(failure::invalidCall);
     QWidget* top = QApplication::activeModalWidget();
-    FormDialog dialog(form, kind->second, top ? top : owner_.data());
+    FormDialog dialog(form, build->second(), top ? top : owner_.data());
     if (auto* view = dynamic_cast<FormView*>(dialog.findChild<QWidget*>(toQt(form.name())))) {
         view->formChanged = [&dialog] { dialog.follow(); };
         view->focus().follow();

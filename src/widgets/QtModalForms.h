@@ -11,24 +11,20 @@ class QDialog;
 
 namespace ko {
 
-/// Shows forms as dialogs. Each form's name must have been registered with a way to make its widget. Enter, Escape
-/// and the close button press buttons of the form, so that they end it as its buttons do.
+/// Shows forms as dialogs. Each form must have been registered with a way to make its widget. Enter, Escape and the
+/// close button press the form's buttons for them, so that they end it as its buttons do.
 class QtModalForms : public ModalForms {
 public:
-    struct Kind {
-        /// Makes the widget that shows the form; the dialog owns it.
-        std::function<QWidget*(Form& form)> build;
-        std::string okButton;
-        std::string cancelButton;
-    };
+    /// Makes the widget that shows a form; the dialog owns it.
+    using Build = std::function<QWidget*()>;
 
-    void add(const std::string& formName, Kind kind) { kinds_[formName] = std::move(kind); }
-    /// The same for this form, which takes the size that its widget asks for when it is first placed.
-    void addMeasured(Form& form, Kind kind);
+    /// Registers a form, which takes the size that its widget asks for when it is first placed. The form
+    /// outlives this object.
+    void add(Form& form, Build build);
     /// The window that dialogs belong to while no other window is active.
     void setOwner(QWidget* owner) { owner_ = owner; }
 
-    /// Failure 5 for a form of no registered name.
+    /// Failure 5 for a form that is not registered.
     void showModal(Form& form) override;
     void hide(Form& form) override;
 
@@ -37,7 +33,7 @@ public:
     std::function<void()> closed;
 
 private:
-    std::map<std::string, Kind> kinds_;
+    std::map<const Form*, Build> builds_;
     std::map<const Form*, QDialog*> open_;
     QPointer<QWidget> owner_;
 };

@@ -30,7 +30,8 @@ struct QtServices {
                 clock,
                 modalForms,
                 toLocale(QLocale::system()),
-                std::move(makeReporter)};
+                std::move(makeReporter),
+                [] { return toLocale(QLocale::system()); }};
     }
 };
 

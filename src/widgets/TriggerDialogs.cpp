@@ -1,8 +1,5 @@
 #include "widgets/TriggerDialogs.h"
 
-#include "platform/ChannelSelector.h"
-#include "platform/TabControl.h"
-#include "platform/Table.h"
 #include "widgets/ChannelBrowser.h"
 #include "widgets/FormView.h"
 
@@ -19,15 +16,10 @@ namespace ko {
 
 namespace {
 
-template <class C> C& controlOf(Form& form, const std::string& name)
-{
-    return dynamic_cast<C&>(*form.find(name));
-}
-
 /// One of a dialog's three buttons; Enter presses the one that has the focus, else the first.
-QPushButton& dialogButton(FormView& view, const std::string& name)
+QPushButton& dialogButton(FormView& view, CommandButton& control)
 {
-    QPushButton& button = view.button(controlOf<CommandButton>(view.form(), name));
+    QPushButton& button = view.button(control);
     button.setAutoDefault(true);
     return button;
 }
@@ -35,16 +27,13 @@ QPushButton& dialogButton(FormView& view, const std::string& name)
 /// The form lays itself out; the view gives the buttons their size and shows everything where the form puts it.
 class SelectChannelView : public FormView {
 public:
-    SelectChannelView(Form& form, const Texts& texts) : FormView(form, texts)
+    SelectChannelView(SelectChannel& form, const Texts& texts) : FormView(form, texts)
     {
-        channelBrowser(controlOf<ChannelSelector>(form, "chsNavigate"));
-        dialogButton(*this, "cmdOK");
-        dialogButton(*this, "cmdCancel");
-        dialogButton(*this, "cmdHelp");
+        channelBrowser(form.chsNavigate);
         QSize buttons;
-        for (const char* name : {"cmdOK", "cmdCancel", "cmdHelp"}) {
-            const QSize hint = widget(*form.find(name))->sizeHint();
-            form.find(name)->move({0, 0, toTwips(*this, hint.width()), toTwips(*this, hint.height())});
+        for (CommandButton* button : {&form.cmdOK, &form.cmdCancel, &form.cmdHelp}) {
+            const QSize hint = dialogButton(*this, *button).sizeHint();
+            button->move({0, 0, toTwips(*this, hint.width()), toTwips(*this, hint.height())});
             buttons = QSize(buttons.width() + hint.width(), hint.height());
         }
         const int margins = 4 * toPixels(*this, 120);
@@ -74,17 +63,18 @@ protected:
 
 class AdvancedTrigView : public FormView {
 public:
-    AdvancedTrigView(Form& form, const Texts& texts) : FormView(form, texts)
+    AdvancedTrigView(AdvancedTrig& form, const Texts& texts) : FormView(form, texts)
     {
-        layTab("frmStartTrig", column("optStartTrig", "lblNoStartLine"), map("lblStartMap", "tblStartMap"));
-        layTab("frmScanTrig", column("optScanTrig", "lblNoScanLine"), map("lblScanMap", "tblScanMap"));
+        layTab(form.frmStartTrig, column(form.optStartTrig, form.lblNoStartLine),
+               map(form.lblStartMap, form.tblStartMap));
+        layTab(form.frmScanTrig, column(form.optScanTrig, form.lblNoScanLine), map(form.lblScanMap, form.tblScanMap));
         auto* buttons = new QHBoxLayout;
         buttons->addStretch(1);
         auto* whole = new QVBoxLayout(this);
-        whole->addWidget(&tabs(controlOf<TabControl>(form, "tabTrigger")));
+        whole->addWidget(&tabs(form.tabTrigger));
         whole->addLayout(buttons);
-        for (const char* name : {"btnOK", "btnCancel", "btnHelp"})
-            buttons->addWidget(&dialogButton(*this, name));
+        for (CommandButton* button : {&form.btnOK, &form.btnCancel, &form.btnHelp})
+            buttons->addWidget(&dialogButton(*this, *button));
     }
 
 protected:
@@ -95,31 +85,30 @@ protected:
     }
 
 private:
-    QLayout* column(const std::string& options, const std::string& noLine)
+    QLayout* column(const AdvancedTrig::Options& options, Label& noLine)
     {
         auto* column = new QVBoxLayout;
-        for (int line = 0; line < 8; ++line)
-            column->addWidget(&option(controlOf<OptionButton>(form(), options + "(" + std::to_string(line) + ")")));
-        QLabel& none = label(controlOf<Label>(form(), noLine));
+        for (const auto& line : options)
+            column->addWidget(&option(*line));
+        QLabel& none = label(noLine);
         none.setWordWrap(true);
         column->addWidget(&none);
         column->addStretch(1);
         return column;
     }
 
-    QLayout* map(const std::string& title, const std::string& tableName)
+    QLayout* map(Label& title, Table& control)
     {
-        auto& control = controlOf<Table>(form(), tableName);
         QTableWidget& shown = table(control);
         auto* map = new QVBoxLayout;
-        map->addWidget(&label(controlOf<Label>(form(), title), {&control}));
+        map->addWidget(&label(title, {&control}));
         map->addWidget(&shown, 1);
         return map;
     }
 
-    void layTab(const std::string& frameName, QLayout* options, QLayout* map)
+    void layTab(Frame& tab, QLayout* options, QLayout* map)
     {
-        QGroupBox& box = frame(controlOf<Frame>(form(), frameName));
+        QGroupBox& box = frame(tab);
         box.setFlat(true);
         auto* sides = new QHBoxLayout(&box);
         sides->addLayout(options);
@@ -129,16 +118,11 @@ private:
 
 } // namespace
 
-void addTriggerDialogs(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts)
+void addTriggerDialogs(QtModalForms& modalForms, SelectChannel& selectChannel, AdvancedTrig& advancedTrig,
+                       const Texts& texts)
 {
-    for (Form* form : dialogs) {
-        if (form->name() == "SelectChannel")
-            modalForms.addMeasured(
-                *form, {[texts](Form& shown) { return new SelectChannelView(shown, texts); }, "cmdOK", "cmdCancel"});
-        if (form->name() == "AdvancedTrig")
-            modalForms.addMeasured(
-                *form, {[texts](Form& shown) { return new AdvancedTrigView(shown, texts); }, "btnOK", "btnCancel"});
-    }
+    modalForms.add(selectChannel, [&selectChannel, texts] { return new SelectChannelView(selectChannel, texts); });
+    modalForms.add(advancedTrig, [&advancedTrig, texts] { return new AdvancedTrigView(advancedTrig, texts); });
 }
 
 } // namespace ko

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "triggering/AdvancedTrig.h"
+#include "triggering/SelectChannel.h"
 #include "widgets/Convert.h"
 #include "widgets/QtModalForms.h"
 
-#include <vector>
-
 namespace ko {
 
-/// Registers the views of the trigger dialogs among the component's dialogs. How large a dialog's view is it finds out
-/// when the dialog is first placed. `texts` and the forms outlive `modalForms`.
-void addTriggerDialogs(QtModalForms& modalForms, const std::vector<Form*>& dialogs, const Texts& texts);
+/// Registers the views of the trigger dialogs. `texts` and the forms outlive `modalForms`.
+void addTriggerDialogs(QtModalForms& modalForms, SelectChannel& selectChannel, AdvancedTrig& advancedTrig,
+                       const Texts& texts);
 
 } // namespace ko

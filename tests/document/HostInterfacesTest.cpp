@@ -1,5 +1,7 @@
 #include "fakes/DocumentTest.h"
 
+#include <limits>
+
 namespace ko::test {
 namespace {
 
@@ -32,7 +34,7 @@ TEST_F(HostInterfaces, AListIsTakenOverInTheAnnouncedNumber)
     EXPECT_EQ(fakes[0]->calls["MeasurementMode"] > 0, true);
 }
 
-TEST_F(HostInterfaces, EachMissingElementIsOneReportAndTheRestIsTaken)
+TEST_F(HostInterfaces, EachMissingElementIsOneReportUpToAHundredAndTheRestIsTaken)
 {
     addDriver(2);
     document->drivers().setNumberOfDrivers(3);
@@ -47,6 +49,34 @@ TEST_F(HostInterfaces, EachMissingElementIsOneReportAndTheRestIsTaken)
     document->drivers().setDrivers({});
     EXPECT_EQ(host.takeReports().size(), 1U);
     EXPECT_TRUE(page().imgNoInst.visible());
+    const std::string missing = "KoTimebaseEditor:IKopDrivers_Drivers 9: Subscript out of range";
+    for (const std::int32_t announced : {101, 102, std::numeric_limits<std::int32_t>::max()}) {
+        document->drivers().setNumberOfDrivers(announced);
+        document->drivers().setDrivers({fakes[0]});
+        const Texts reports = host.takeReports();
+        ASSERT_EQ(reports.size(), announced == 101 ? 100U : 101U);
+        EXPECT_EQ(reports[99], missing);
+        EXPECT_EQ(reports.back().substr(missing.size()),
+                  announced == 101 ? "" : ": " + std::to_string(announced - 101) + " more elements");
+        EXPECT_EQ(page().currentDrivers().size(), 1U);
+    }
+}
+
+TEST_F(HostInterfaces, ADriverThatFailsOneKindTestCountsByTheOther)
+{
+    FakeDriver& driver = addDriver();
+    for (const auto& [samplingMode, failingCall] : {std::pair{1, 1}, {2, 3}}) {
+        FaultGate gate;
+        gate.first = gate.last = failingCall;
+        driver.samplingMode = samplingMode;
+        driver.gate = &gate;
+        document->drivers().setNumberOfDrivers(1);
+        document->drivers().setDrivers({fakes[0]});
+        driver.gate = nullptr;
+        EXPECT_EQ(page().hasDynamicDrivers, samplingMode == 1);
+        EXPECT_EQ(page().hasStaticDrivers, samplingMode == 2);
+        EXPECT_EQ(host.takeReports().size(), 1U);
+    }
 }
 
 TEST_F(HostInterfaces, AListForAShownPageClearsTheWiringWithoutReports)

@@ -24,6 +24,9 @@ TEST_F(LifeCycle, CreationLoadsTextsHintsAndTheGridsHeader)
     EXPECT_EQ(page().grdParam.standardStyle().font.name, "Sans");
     EXPECT_EQ(page().grdParam.columnWidth(0) + page().grdParam.columnWidth(1), page().grdParam.innerWidth());
     EXPECT_EQ(shared.support.localeSettings, readLocaleSettings({}));
+    EXPECT_EQ(page().cmdChannel.tag(), "Select the group containing the desired trigger channel");
+    EXPECT_EQ(page().txtChannel.tag(), "Select the desired trigger channel");
+    EXPECT_EQ(page().grdParam.tag(), "Set the desired trigger condition(s)");
     EXPECT_EQ(shared.dialogs.setDateTime().caption(), "Set Date & Time");
     EXPECT_EQ(shared.dialogs.advancedTrig().lblScanMap.caption(), "Instruments and lines:");
     EXPECT_EQ(shared.dialogs.selectChannel().caption(), "Select Trigger Channel");

@@ -37,6 +37,34 @@ TEST_F(TriggerArea, APageBuiltOnTriggerShowsTheMarkedChannelAndWarnsOnce)
     EXPECT_EQ(page().grdParam.rowCount(), 0);
 }
 
+TEST_F(TriggerArea, AListForAPageThatIsNotEditedBringsItsOwnTriggerChannel)
+{
+    const auto take = [this](std::size_t marked) {
+        fakes.clear();
+        FakeDriver& driver = addTriggered();
+        driver.startRank = 5;
+        driver.groups = {{"Inputs", {{}, {}, {}}}};
+        driver.groups[0].channels[marked].triggerSource = true;
+        handOver();
+    };
+    take(0);
+    document->UserDocument_Show();
+    take(1);
+    EXPECT_EQ(page().TriggerChannel, 0) << "the page's own, as the user sees it";
+    EXPECT_TRUE(fakes[0]->groups[0].channels[1].triggerSource);
+    document->mode().setReadOnly(true);
+    take(2);
+    EXPECT_EQ(page().TriggerChannel, 2);
+    document->mode().setReadOnly(false);
+    EXPECT_EQ(page().TriggerChannel, 2);
+    document->UserDocument_Hide();
+    take(1);
+    document->UserDocument_Show();
+    EXPECT_EQ(page().TriggerChannel, 1);
+    for (std::size_t channel = 0; channel < 3; ++channel)
+        EXPECT_EQ(fakes[0]->groups[0].channels[channel].triggerSource, channel == 1) << channel;
+}
+
 TEST_F(TriggerArea, MastersAndLinesAreFoundBeforeTheEditorsAreFilled)
 {
     addDriver(2);

@@ -166,8 +166,9 @@ Texts stateOf(Bench& bench)
         lines.push_back(stateOf(*driver));
     const Page& page = bench.page();
     std::ostringstream fields;
-    fields << "trigger " << page.TriggerSlot << " " << page.TriggerChannel << " lines " << page.startTriggerLine << " "
-           << page.scanTriggerLine << " edit " << page.editFlags;
+    fields << "trigger " << page.TriggerSlot << " " << page.TriggerChannel << " lines "
+           << page.lines.line(LineTrigger::start) << " " << page.lines.line(LineTrigger::scan) << " edit "
+           << page.editFlags;
     lines.push_back(fields.str());
     return lines;
 }

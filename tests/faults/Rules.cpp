@@ -21,7 +21,8 @@ public:
         require(!page_.isLoading, "isLoading is down");
         require(!page_.isUpdating, "isUpdating is down");
         require(!page_.isDialogOpen, "no dialog counts as open");
-        require(page_.startTriggerLine < 0 || page_.startTriggerLine != page_.scanTriggerLine,
+        require(page_.lines.line(LineTrigger::start) < 0 ||
+                    page_.lines.line(LineTrigger::start) != page_.lines.line(LineTrigger::scan),
                 "start and sync line differ");
         pair(page_.cmbSampleRate, page_.cmbSamplePeriod, page_.txtSampleRate, page_.txtSamplePeriod);
         pair(page_.cmbScanRate, page_.cmbScanPeriod, page_.txtScanRate, page_.txtScanPeriod);

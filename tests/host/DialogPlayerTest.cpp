@@ -12,7 +12,7 @@ namespace {
 class DialogTest : public testing::Test {
 protected:
     struct Asking : Form {
-        Asking() : Form("SetDateTime") {}
+        Asking() : Form("SetDateTime") { setButtons(btnOK, btnCancel); }
         TextBox txtValue{*this, "txtValue"};
         CommandButton btnOK{*this, "btnOK"};
         CommandButton btnCancel{*this, "btnCancel"};

@@ -15,7 +15,7 @@ const char* const ranges = R"({ "clock": "2026-11-21 09:30:00", "drivers": [
   { "name": "Sampler", "timebase": { "samplePeriod": { "value": 0.001, "range": [0.0001, 10] },
                                      "blockSize": { "value": 1000, "range": [1, 4096] } },
     "groups": [ { "name": "In", "channels": [
-      { "address": "0:3:1", "name": "A", "triggerSource": true, "enabled": 0, "triggerParameters": [
+      { "address": "0:3:1", "name": "A", "enabled": 0, "triggerParameters": [
         { "id": 2, "name": "Level", "type": "Float", "min": -10, "value": 0.1 },
         { "id": 4, "name": "Rising", "type": "Bool", "value": true },
         { "id": 5, "name": "Serial", "type": "StringReadOnly", "value": "77" } ] },
@@ -181,9 +181,11 @@ TEST(Settings, AWarningOfThePageIsToldAndTheValueTaken)
 {
     Bench bench(R"({ "drivers": [ { "name": "A", "timebase": {}, "triggerLines": {}, "groups": [ { "name": "G",
                      "channels": [ { "address": "0:1", "triggerSource": true, "enabled": 0 } ] } ] } ] })");
+    const std::string warning = "The currently selected trigger channel is disabled. Either choose another channel or "
+                                "enable the channel using the channel editor.\n";
     EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=0:1", "start=immediately", "start=trigger"}),
-              "The currently selected trigger channel is disabled. Either choose another channel or enable the channel "
-              "using the channel editor.\n");
+              warning + warning)
+        << "each time triggering is switched on";
     EXPECT_EQ(bench.get("start"), "trigger");
 }
 

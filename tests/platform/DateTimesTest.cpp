@@ -179,6 +179,46 @@ RC_GTEST_PROP(DateTimes, generalDateIsReadBackToTheSecond, ())
         RC_ASSERT(toDateTime(generalDate(time, locale), locale) == time);
 }
 
+TEST(DateTimes, aLocaleThatLosesSomethingIsCompleted)
+{
+    const auto with = [](const char* date, const char* time, const char* is24Hour = "0", const char* pm = "PM") {
+        Locale locale;
+        locale.shortDateFormat = date;
+        locale.timeFormat = time;
+        locale.timeIs24Hour = is24Hour;
+        locale.pmDesignator = pm;
+        return locale;
+    };
+    for (const Locale& locale : {english, german, japanese, finnish, korean, quoted})
+        EXPECT_EQ(completed(locale), locale) << locale.timeFormat;
+    const std::pair<Locale, Locale> cases[] = {
+        {with("d.M", "h:mm:ss"), with("d.M'.'yyyy", "h:mm:ss tt")},
+        {with("yyyy", "HH:mm"), with("yyyy/MM/dd", "H:mm:ss")},
+        {with("d.M.yy", "H.mm.ss"), with("d.M.yyyy", "H.mm.ss")},
+        {with("yyMMdd", "h:mm tt"), with("yyyyMMdd", "h:mm:ss tt")},
+        {with("dMyyyy", ""), with("yyyy-MM-dd", "h:mm:ss tt")},
+        {with("", "", "1"), with("MM/dd/yyyy", "H:mm:ss", "1")},
+        {with("M/d/yyyy", "h:mm:ss tt", "0", ""), with("M/d/yyyy", "h:mm:ss tt")},
+    };
+    for (const auto& [given, whole] : cases)
+        EXPECT_EQ(completed(given), whole) << given.shortDateFormat << " " << given.timeFormat;
+}
+
+RC_GTEST_PROP(DateTimes, everyCompletedLocaleReadsBack, ())
+{
+    const auto picture = rc::gen::container<std::string>(rc::gen::elementOf(std::string("yyMMddhHmmssstt.:/- '8")));
+    const auto designator = rc::gen::element<std::string>("", "AM", "PM", "P", " x", "5");
+    Locale given;
+    given.shortDateFormat = *picture;
+    given.timeFormat = *picture;
+    given.timeSeparator = *rc::gen::element<std::string>("", ":", ".", "h", "1", "'");
+    given.amDesignator = *designator;
+    given.pmDesignator = *designator;
+    const Locale locale = completed(given);
+    for (const DateTime time : {*validTimes(), timeSerial(0, 0, *rc::gen::inRange(0, 86400))})
+        RC_ASSERT(toDateTime(generalDate(time, locale), locale) == time);
+}
+
 TEST(DateTimes, textIsReadInTheLocalesOrderAndInCommonForms)
 {
     struct Case {

@@ -34,16 +34,20 @@ TEST(StringTableTest, KeepsBlanksAndQuotesAndLacksWhatIsNotThere)
 
 TEST(StringTableTest, AnotherLanguageLiesOverTheEnglishTexts)
 {
-    const StringTable german("# Deutsch\n\n1109 \"Sekunden\"\r\n1146 \" bis \"");
-    EXPECT_EQ(german.text(1109), "Sekunden");
-    EXPECT_EQ(german.text(1146), " bis ");
-    EXPECT_EQ(german.text(1110), "minutes");
-    EXPECT_EQ(failureOf([&] { (void)german.text(1117); }), failure::resourceNotFound);
+    for (const char* start : {"# Deutsch\n\n", "", "\xEF\xBB\xBF", "\xEF\xBB\xBF# Deutsch\r\n"}) {
+        const StringTable german(start + std::string("1109 \"Sekunden\"\r\n1146 \" bis \""));
+        EXPECT_EQ(german.text(1109), "Sekunden") << start;
+        EXPECT_EQ(german.text(1146), " bis ");
+        EXPECT_EQ(german.text(1110), "minutes");
+        EXPECT_EQ(failureOf([&] { (void)german.text(1117); }), failure::resourceNotFound);
+    }
 }
 
 TEST(StringTableTest, ALineThatCannotBeUnderstoodIsNamed)
 {
     for (const char* line : {"seconds", "1109 seconds", "1109 \"", "1109\"x\"", "1109  \"x\"", "-5 \"x\"",
+                             "\xEF\xBB\xBF"
+                             "1109 \"x\"",
                              "1109 \"x\" y", "99999999999 \"x\"", " 1109 \"x\""}) {
         try {
             const StringTable table(std::string("1109 \"ok\"\n") + line);

@@ -9,8 +9,6 @@ class TriggerDialogs : public SectionTest {
 protected:
     AdvancedTrig lines{support};
     SelectChannel channels{support};
-    LineMask start{}, scan{};
-    std::int32_t startLine = -1, scanLine = -1;
 
     ChannelSelector& selector() { return channels.chsNavigate; }
     /// Two groups: Crank and a channel that cannot trigger, then one without a name.
@@ -41,10 +39,7 @@ protected:
 
 TEST_F(TriggerDialogs, EachOptionFreesTheLineItLeavesAndTakesItsOwnFromTheOtherTrigger)
 {
-    start = {true, false, true, true, false, false, false, false};
-    scan = {false, true, true, true, false, false, false, false};
-    startLine = 0;
-    scanLine = 1;
+    const LinePlan plan({{true, true, true, true}, {false, true, true, true}}, {0, 1});
     host.inModalForm = [&](Form&) {
         EXPECT_EQ(lines.tabTrigger.tab(), AdvancedTrig::startTab);
         EXPECT_TRUE(lines.optStartTrig[0]->value());
@@ -60,16 +55,17 @@ TEST_F(TriggerDialogs, EachOptionFreesTheLineItLeavesAndTakesItsOwnFromTheOtherT
         EXPECT_FALSE(lines.optStartTrig[0]->value());
         lines.btnOK.userClicked();
     };
-    lines.Display(start, scan, startLine, scanLine);
-    EXPECT_EQ(startLine, 3);
-    EXPECT_EQ(scanLine, 2);
-    EXPECT_EQ(start, (LineMask{true, true, false, true}));
-    EXPECT_EQ(scan, (LineMask{true, true, true, false}));
+    const std::optional<LinePlan> chosen = lines.Display(plan);
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(chosen->line(LineTrigger::start), 3);
+    EXPECT_EQ(chosen->line(LineTrigger::scan), 2);
+    EXPECT_EQ(chosen->available(LineTrigger::start), (LineMask{true, true, false, true}));
+    EXPECT_EQ(chosen->available(LineTrigger::scan), (LineMask{true, true, true, false}));
 }
 
 TEST_F(TriggerDialogs, WithoutALineNothingIsFreedAndOkWithoutAChoiceChangesNothing)
 {
-    start = {true};
+    const LinePlan plan({{true}, {}}, {-1, -1});
     host.inModalForm = [&](Form&) {
         EXPECT_TRUE(lines.lblNoScanLine.visible());
         EXPECT_FALSE(lines.lblNoStartLine.visible());
@@ -77,15 +73,15 @@ TEST_F(TriggerDialogs, WithoutALineNothingIsFreedAndOkWithoutAChoiceChangesNothi
         EXPECT_EQ(lines.optStartTrig[7]->caption(), "Line 7");
         lines.btnOK.userClicked();
     };
-    lines.Display(start, scan, startLine, scanLine, {.hasScanMaster = false});
-    EXPECT_EQ(startLine, -1);
-    host.inModalForm = [&](Form&) { lines.optStartTrig[0]->userClicked(); };
-    lines.Display(start, scan, startLine, scanLine);
-    EXPECT_EQ(startLine, 0);
-    EXPECT_EQ(scan, LineMask{}) << "no line was freed";
-    start = {};
+    EXPECT_EQ(lines.Display(plan, {.hasMaster = {true, false}}), std::nullopt);
+    host.inModalForm = [&](Form&) {
+        lines.optStartTrig[0]->userClicked();
+        EXPECT_FALSE(lines.optStartTrig[1]->enabled());
+        lines.btnOK.userClicked();
+    };
+    EXPECT_EQ(lines.Display(plan), LinePlan({{true}, {}}, {0, -1})) << "no line was freed";
     host.inModalForm = [&](Form&) { EXPECT_FALSE(lines.lblNoStartLine.visible()) << "the line is in use"; };
-    lines.Display(start, scan, startLine, scanLine);
+    lines.Display(LinePlan({}, {0, -1}));
     EXPECT_EQ(lines.tabTrigger.tabs()[1].caption, "Sync Trigger Line");
     EXPECT_EQ(lines.caption(), "Trigger Lines");
 }
@@ -202,7 +198,7 @@ TEST_F(TriggerDialogs, ResizingKeepsTheMarginsAndShowingPlacesTheDialogUnderTheC
     std::int32_t slot = -1, channel = -1;
     channels.Display(driver, slot, channel);
     EXPECT_EQ(channels.bounds(), (Bounds{3000, 1500, 6000, 4000}));
-    lines.Display(start, scan, startLine, scanLine);
+    lines.Display({});
     EXPECT_EQ(lines.bounds().left, 6000);
 }
 

@@ -12,11 +12,11 @@ TEST(LineUseOf, ADriverIsToldByWhatItOffersAndByTheLinesThatAreChosen)
 {
     const LineMask evenLines{true, false, true, false, true, false, true, false};
     const LineOffer master{true, evenLines}, listener{false, evenLines}, silentMaster{true, {}}, silent;
-    const ChosenLines onEven{2, 4}, onOdd{3, 5}, none;
+    const LinePlan onEven({}, {2, 4}), onOdd({}, {3, 5}), none;
     const struct {
         LineOffer offer;
         std::int32_t driven = 0, line = 0;
-        ChosenLines chosen;
+        LinePlan plan;
         LineUse use = LineUse::unusable;
     } cases[] = {
         {master, 2, 0, onEven, LineUse::canDrive},
@@ -39,7 +39,7 @@ TEST(LineUseOf, ADriverIsToldByWhatItOffersAndByTheLinesThatAreChosen)
         {silent, -1, 0, onEven, LineUse::unknown},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(lineUse(c.offer, c.driven, c.line, c.chosen), c.use) << &c - cases;
+        EXPECT_EQ(lineUse({c.offer, c.driven}, c.line, LineTrigger::start, c.plan), c.use) << &c - cases;
 }
 
 /// The dialog behind the menu, on drivers of which the first is start master and the second sync master.
@@ -63,7 +63,7 @@ protected:
         const TriggerMasters masters = triggering.findTriggerMasters(page.currentDrivers());
         page.dynamicDriverIndex = masters.start;
         page.staticDriverIndex = masters.scan;
-        choice.build(masters.found());
+        choice.build(masters);
         host.inModalForm = [&](Form&) { act(); };
         page.mnuTimebaseTriggerLines.userClicked();
     }

@@ -66,7 +66,7 @@ TEST_F(TriggerArea, AnEditIsCheckedWrittenAsItsTypeAndReadBack)
         {"Integer", 1, "1e1", Outcome::Done, 10, nullptr},
         {"Integer", 1, "11", Outcome::Refused, 1,
          "Invalid input: A valid integer in the range -10 to 10 is required. (48)"},
-        {"mystery", "a", "b", Outcome::Refused, "a", nullptr},
+        {"Integer", 99, "99", Outcome::Done, 99, nullptr}, // unchanged: neither checked nor written
     };
     for (const Case& c : cases) {
         driver.parameters = {{.type = c.type, .value = c.before, .choices = {"up", "down"}}};
@@ -75,8 +75,9 @@ TEST_F(TriggerArea, AnEditIsCheckedWrittenAsItsTypeAndReadBack)
         marks = 0;
         EXPECT_EQ(grid.userEditedCell(1, c.typed), c.outcome) << c.type << c.typed;
         EXPECT_EQ(driver.parameters[0].value, c.after) << c.type << c.typed;
-        EXPECT_EQ(driver.writes.size(), c.outcome == Outcome::Done ? 1U : 0U) << c.type << c.typed;
-        EXPECT_EQ(marks, c.outcome == Outcome::Done) << c.type << c.typed;
+        const bool written = c.after != c.before;
+        EXPECT_EQ(driver.writes.size(), written) << c.type << c.typed;
+        EXPECT_EQ(marks, written) << c.type << c.typed;
         EXPECT_EQ(host.takeMessages(), c.message ? Texts{c.message} : Texts()) << c.type << c.typed;
         EXPECT_EQ(grid.editedRow(), c.outcome == Outcome::Refused);
         if (c.outcome == Outcome::Refused) {
@@ -93,7 +94,7 @@ TEST_F(TriggerArea, ARefusedCellKeepsTheFocusUntilItIsCorrectedOrGivenUp)
     EXPECT_EQ(page.editFlags, 3);
     EXPECT_FALSE(page.moveFocus(&page.cmdChannel));
     EXPECT_EQ(grid.userEditedCell(2, "3"), Outcome::Refused) << "the other cell is left first";
-    EXPECT_FALSE(area.grid().check());
+    EXPECT_FALSE(grid.checkEdit());
     EXPECT_EQ(host.takeMessages().size(), 4U);
     EXPECT_EQ(grid.userEditedCell(1, "4"), Outcome::Done);
     EXPECT_EQ(grid.userOpenedCell(2), Outcome::Done);
@@ -113,14 +114,43 @@ TEST_F(TriggerArea, ARefusedCellKeepsTheFocusUntilItIsCorrectedOrGivenUp)
     EXPECT_EQ(values(), (Texts{"4", "5"}));
 }
 
-TEST_F(TriggerArea, AValueOfATypeThatTheDriverDoesNotTellIsNotWritten)
+TEST_F(TriggerArea, AnEditThatCannotBeCorrectedIsGivenUp)
 {
-    driver.parameters = {{}};
-    switchOn();
+    page.statusSite = host.queryStatusSite();
+    struct Case {
+        const char *type, *typed, *failing;
+        std::size_t hints;
+    };
+    const Case cases[] = {{"mystery", "b", "", 1},
+                          {"Enum", "sideways", "", 0},
+                          {"Bool", "maybe", "", 0},
+                          {"Float", "2", "GetTriggerParamType", 0}};
+    const std::function<bool()> ways[] = {[&] { return page.moveFocus(&page.cmdChannel); },
+                                          [&] { return grid.checkEdit(); },
+                                          [&] { return grid.userEndedEdit() == Outcome::Refused; }};
+    for (const Case& c : cases)
+        for (const auto& way : ways) {
+            driver.failing = {};
+            driver.parameters = {{.type = c.type, .value = "False", .choices = {"up", "False"}}};
+            switchOn();
+            host.messages.clear();
+            host.hints.clear();
+            ASSERT_EQ(grid.userOpenedCell(1), Outcome::Done) << c.type;
+            EXPECT_TRUE(grid.checkEdit()) << "an unchanged cell passes";
+            grid.setSelText(c.typed);
+            driver.failing = {c.failing};
+            EXPECT_TRUE(way()) << c.type;
+            EXPECT_EQ(grid.editedRow(), 0) << c.type;
+            EXPECT_EQ(values(), Texts{"False"});
+            EXPECT_EQ(host.hints, Texts(c.hints, "Unrecognized Parameter Type: mystery"));
+            EXPECT_EQ(host.takeReports().size(), *c.failing ? 1U : 0U);
+            EXPECT_EQ(grid.isEditable(1), !*c.failing) << "a value without a type is not edited again";
+            EXPECT_EQ(driver.writes, Texts());
+        }
     driver.failing = {"GetTriggerParamType"};
-    EXPECT_EQ(grid.userEditedCell(1, "0.25"), Outcome::Refused);
-    EXPECT_EQ(driver.writes, Texts());
-    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_OnValidateCell 1000: GetTriggerParamType failed"});
+    switchOn();
+    EXPECT_FALSE(grid.isEditable(1));
+    EXPECT_EQ(host.takeReports().size(), 1U);
 }
 
 TEST_F(TriggerArea, ASwitchIsShownWhateverItsDriverKeepsItAs)
@@ -155,6 +185,9 @@ TEST_F(TriggerArea, AfterAWriteEveryRowShowsWhatTheDriverHas)
     EXPECT_EQ(marks, 1);
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_CellEdited 1000: SetTriggerParamValue failed"});
     driver.failing = {"GetTriggerParamMin"};
+    EXPECT_EQ(grid.userEditedCell(1, "99"), Outcome::Refused) << "the other bound still counts";
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_EQ(host.takeReports().size(), 1U);
     grid.userEditedCell(1, "-99");
     EXPECT_EQ(driver.parameters[0].value, Value(7.5)) << "written, and changed by the driver";
     EXPECT_EQ(marks, 2) << "a missing bound is no bound";

@@ -36,7 +36,7 @@ TEST_F(TriggerArea, SwitchingOnAndOffShowsAndHidesTheAreaAndWarnsOnceEachTime)
     }
 }
 
-TEST_F(TriggerArea, WithoutAStoredChannelTheDriverIsNotAskedForOne)
+TEST_F(TriggerArea, WithoutAStoredChannelTheMarkedOneIsTaken)
 {
     driver.parameters = {{}};
     area.enableTriggering(true);
@@ -44,15 +44,24 @@ TEST_F(TriggerArea, WithoutAStoredChannelTheDriverIsNotAskedForOne)
     EXPECT_EQ(page.txtChannel.text(), "Digitizer");
     EXPECT_EQ(grid.rowCount(), 0);
     EXPECT_FALSE(grid.enabled());
-    for (const char* call : {"GetTriggerParamCount", "ChannelAttribute", "setTriggerEnabled", "TriggerEnabled"})
+    for (const char* call : {"GetTriggerParamCount", "ChannelAttribute", "setTriggerEnabled"})
         EXPECT_EQ(driver.calls.count(call), 0U) << call;
     area.disableTriggering(false);
     EXPECT_EQ(page.txtChannel.text(), "");
-    page.isLoading = true;
-    driver.groups[0].channels[1].triggerSource = true;
-    area.enableTriggering(true);
-    EXPECT_EQ(page.TriggerChannel, 1) << "while the page is built the channel that the driver marks is taken over";
-    EXPECT_EQ(grid.rowCount(), 1);
+    for (const bool isLoading : {true, false}) {
+        page.isLoading = isLoading;
+        page.TriggerSlot = page.TriggerChannel = -1;
+        driver.groups[0].channels = {{}, {.triggerSource = true}, {.triggerSource = true}};
+        driver.writes.clear();
+        area.enableTriggering(true);
+        EXPECT_EQ(page.TriggerChannel, 1);
+        EXPECT_EQ(grid.rowCount(), 1);
+        EXPECT_EQ(driver.groups[0].channels[2].triggerSource, isLoading)
+            << "a page that is built leaves the other source alone";
+        driver.writes.clear();
+        area.enableTriggering(true);
+        EXPECT_EQ(driver.writes, Texts{"setTriggerEnabled 0 1 on"});
+    }
     driver.hasParameters = false;
     area.enableTriggering(true);
     EXPECT_EQ(grid.rowCount(), 0);

@@ -26,14 +26,16 @@ class DateDialogTest : public testing::Test {
 protected:
     FakePlatform host;
     QtModalForms modalForms;
-    Platform platform{host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter};
+    Locale now; ///< what the machine says when it is asked again
+    Platform platform{
+        host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter, [this] { return now; }};
     Support support{platform, {}};
     SetDateTime dialog{support};
 
-    explicit DateDialogTest(const Locale& locale = {})
+    DateDialogTest()
     {
         host.time = toDateTime("11/21/2026 9:30:00 AM", {});
-        addDateDialog(modalForms, {&dialog}, texts, locale);
+        addDateDialog(modalForms, dialog, texts);
     }
     void TearDown() override { EXPECT_EQ(host.reports, std::vector<std::string>()); }
 
@@ -177,17 +179,25 @@ TEST_F(DateDialogTest, TheDialogOpensAtTheCursorInsideTheWorkArea)
     });
 }
 
-class TwentyFourHours : public DateDialogTest {
-protected:
-    TwentyFourHours() : DateDialogTest(Locale{.timeFormat = "HH'h'mm.ss", .timeIs24Hour = "1"}) {}
-};
-
-TEST_F(TwentyFourHours, TheTimeIsShownInTheUsersFormat)
+TEST_F(DateDialogTest, TheTimeIsShownInTheFormatReadLast)
 {
-    ask("3:04:05 PM", [&] {
-        EXPECT_EQ(part<QTimeEdit>("dtpTimeSelector").text(), "15h04.05");
-        key(Qt::Key_Escape);
-    });
+    const std::pair<Locale, const char*> cases[] = {
+        {Locale{.timeFormat = "HH'h'mm.ss", .timeIs24Hour = "1"}, "15h04.05"},
+        {Locale{}, "3:04:05 PM"},
+        {Locale{.timeFormat = "tt h:mm:ss",
+                .amDesignator = "\xE5\x8D\x88\xE5\x89\x8D", // ja
+                .pmDesignator = "\xE5\x8D\x88\xE5\xBE\x8C"},
+         "\xE5\x8D\x88\xE5\xBE\x8C 3:04:05"},
+        {Locale{.timeFormat = "h:mm", .amDesignator = "a.\xC2\xA0m.", .pmDesignator = "p.\xC2\xA0m."}, // es
+         "3:04:05 p.\xC2\xA0m."}};
+    for (const auto& [locale, shown] : cases) {
+        now = locale;
+        support.readTimeSettings(); // as each new document does
+        ask("3:04:05 PM", [&, text = shown] {
+            EXPECT_EQ(part<QTimeEdit>("dtpTimeSelector").text().toStdString(), text);
+            key(Qt::Key_Escape);
+        });
+    }
 }
 
 class ByteBarTest : public DocumentTest {};

@@ -125,7 +125,8 @@ TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrument
         window.session().setChanged(false);
         change();
         EXPECT_EQ(held(), before);
-        EXPECT_EQ(std::pair(page().startTriggerLine, page().scanTriggerLine), std::pair(5, 6));
+        EXPECT_EQ(page().lines.line(LineTrigger::start), 5);
+        EXPECT_EQ(page().lines.line(LineTrigger::scan), 6);
         EXPECT_EQ(window.session().isChanged(), marks);
     }
 }

@@ -119,6 +119,25 @@ TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
     EXPECT_EQ(value(4), "wheelwheel");
 }
 
+TEST_F(TriggeringTest, TheChannelAndItsParametersAreBetweenOnTriggerAndAtTimeForTheEyeAndTheKeys)
+{
+    Control* const order[] = {&page().optImmediate, &page().optOnTrigger, &page().txtChannel, &page().grdParam,
+                              &page().optStartTime};
+    const auto top = [&](Control* control) { return at(*control).mapTo(&window, QPoint()).y(); };
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        EXPECT_LT(top(order[i - 1]), top(order[i])) << order[i]->name();
+    ASSERT_TRUE(page().moveFocus(&page().optOnTrigger));
+    for (Control* next : std::initializer_list<Control*>{&page().txtChannel, &page().cmdChannel, &page().grdParam}) {
+        press(Qt::Key_Tab);
+        EXPECT_EQ(page().activeControl(), next);
+    }
+    ASSERT_TRUE(page().moveFocus(&page().optImmediate));
+    for (OptionButton* next : {&page().optOnTrigger, &page().optStartTime}) {
+        press(Qt::Key_Down);
+        EXPECT_TRUE(next->value()) << next->name();
+    }
+}
+
 TEST_F(TriggeringTest, ARefusedTextStaysOpenWhereverTheUserTriesToGo)
 {
     clickValue(1);
@@ -201,8 +220,8 @@ TEST_F(TriggeringTest, AChannelIsFoundByTheFilterAndChosenByADoubleClick)
 
 TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
 {
-    ASSERT_EQ(page().startTriggerLine, 0);
-    ASSERT_EQ(page().scanTriggerLine, 1);
+    ASSERT_EQ(page().lines.line(LineTrigger::start), 0);
+    ASSERT_EQ(page().lines.line(LineTrigger::scan), 1);
     inDialog(
         [](QDialog& dialog) {
             auto* tabs = dialog.findChild<QTabWidget*>();
@@ -226,8 +245,8 @@ TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
             press(Qt::Key_Return);
         },
         [&] { page().mnuTimebaseTriggerLines.userClicked(); });
-    EXPECT_EQ(page().startTriggerLine, 2);
-    EXPECT_EQ(page().scanTriggerLine, 0);
+    EXPECT_EQ(page().lines.line(LineTrigger::start), 2);
+    EXPECT_EQ(page().lines.line(LineTrigger::scan), 0);
 }
 
 /// The name of a cell's header, which the toolkit makes anew for whoever asks.
@@ -268,7 +287,7 @@ TEST_F(TriggeringTest, TheMapOfTheLinesIsATableThatFollowsTheOptions)
             press(Qt::Key_Escape);
         },
         [&] { page().mnuTimebaseTriggerLines.userClicked(); });
-    EXPECT_EQ(page().startTriggerLine, 0);
+    EXPECT_EQ(page().lines.line(LineTrigger::start), 0);
 }
 
 TEST_F(TriggeringTest, ManyInstrumentsScrollInsteadOfOutgrowingTheScreen)

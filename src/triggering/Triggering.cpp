@@ -14,24 +14,31 @@ namespace {
 
 constexpr std::int32_t bestRank = 10;
 
-/// One of the two triggers, by the operations that serve it.
+/// One of the two triggers, by the operations that serve it and the procedures that report for it.
 struct TriggerRole {
     LineList (TriggerLines::*linesAsMaster)();
     LineList (TriggerLines::*linesAsListener)();
+    std::int32_t (TriggerLines::*line)();
     void (TriggerLines::*setLine)(std::int32_t);
     void (TriggerLines::*setInput)(std::int32_t);
+    const char* build;
+    const char* set;
 };
 
-constexpr TriggerRole startRole{&TriggerLines::StartLinesAsMaster, &TriggerLines::StartLinesAsListener,
-                                &TriggerLines::setStartTriggerLine, &TriggerLines::setStartTriggerInput};
-constexpr TriggerRole scanRole{&TriggerLines::ScanLinesAsMaster, &TriggerLines::ScanLinesAsListener,
-                               &TriggerLines::setScanTriggerLine, &TriggerLines::setScanTriggerInput};
+constexpr PerTrigger<TriggerRole> roles{
+    {&TriggerLines::StartLinesAsMaster, &TriggerLines::StartLinesAsListener, &TriggerLines::StartTriggerLine,
+     &TriggerLines::setStartTriggerLine, &TriggerLines::setStartTriggerInput, "buildStartTriggerList",
+     "setStartTriggerLine"},
+    {&TriggerLines::ScanLinesAsMaster, &TriggerLines::ScanLinesAsListener, &TriggerLines::ScanTriggerLine,
+     &TriggerLines::setScanTriggerLine, &TriggerLines::setScanTriggerInput, "buildScanTriggerList",
+     "setScanTriggerLine"}};
 
+/// -1 for all that is no line. Failure 9 for a line that does not exist.
 std::int32_t wiredLine(std::int32_t line)
 {
-    if (line >= lineCount)
+    if (line >= triggerLineCount)
         fail(failure::subscriptOutOfRange);
-    return line;
+    return std::max(line, -1);
 }
 
 /// Asks the drivers no more than it takes to find the masters, and nothing twice.
@@ -109,7 +116,7 @@ LineMask maskOf(const Steps& step, const LineList& list)
     LineMask mask{};
     bool outside = false;
     for (const std::int32_t line : list) {
-        const bool exists = line >= 0 && line < lineCount;
+        const bool exists = line >= 0 && line < triggerLineCount;
         if (exists)
             mask[static_cast<std::size_t>(line)] = true;
         outside = outside || !exists;
@@ -128,62 +135,6 @@ std::optional<LineMask> offeredLines(const Steps& step, TriggerLines& lines, Lin
     LineMask all;
     all.fill(true);
     return list.empty() ? all : maskOf(step, list);
-}
-
-/// Asks the master first. Without one that has trigger lines nobody is asked.
-LineOffers askForLines(const Steps& step, Drivers drivers, std::int32_t master, const TriggerRole& role)
-{
-    LineOffers offers(drivers.size());
-    const auto masterAt = static_cast<std::size_t>(master);
-    if (masterAt < offers.size())
-        offers[masterAt].isMaster = true;
-    TriggerLines* masterLines = master < 0 ? nullptr : step.value([&] { return linesOf(drivers, masterAt); });
-    if (!masterLines)
-        return offers;
-    offers[masterAt].lines = offeredLines(step, *masterLines, role.linesAsMaster);
-    for (std::size_t i = 0; i < drivers.size(); ++i) {
-        TriggerLines* lines = i == masterAt ? nullptr : step.value([&] { return linesOf(drivers, i); });
-        if (lines)
-            offers[i].lines = offeredLines(step, *lines, role.linesAsListener);
-    }
-    return offers;
-}
-
-/// Who has not told its lines narrows nothing down.
-LineMask commonLines(const LineOffers& offers)
-{
-    LineMask available;
-    available.fill(true);
-    for (const LineOffer& offer : offers)
-        for (std::size_t line = 0; line < available.size() && offer.lines; ++line)
-            available[line] = available[line] && (*offer.lines)[line];
-    return available;
-}
-
-void leaveOut(const Steps& step, LineMask& available, std::int32_t& line, std::int32_t surveyed)
-{
-    if (line < 0)
-        line = surveyed;
-    else
-        step([&] {
-            if (line >= lineCount)
-                fail(failure::subscriptOutOfRange);
-            available[static_cast<std::size_t>(line)] = false;
-        });
-}
-
-void setLine(const Steps& step, Drivers drivers, std::int32_t master, std::int32_t line, const TriggerRole& role)
-{
-    const auto masterAt = static_cast<std::size_t>(master);
-    TriggerLines* masterLines = step.value([&] { return linesOf(drivers, masterAt); });
-    if (!masterLines)
-        return;
-    step([&] { (masterLines->*role.setLine)(line); });
-    for (std::size_t i = 0; i < drivers.size(); ++i) {
-        TriggerLines* lines = i == masterAt ? nullptr : step.value([&] { return linesOf(drivers, i); });
-        if (lines)
-            step([&] { (lines->*role.setInput)(line); });
-    }
 }
 
 std::int32_t firstStartMaster(Drivers drivers)
@@ -214,8 +165,8 @@ TriggerMasters Triggering::findTriggerMasters(Drivers drivers)
         masters.scan = survey.first([&](auto i) { return survey.scanLine(i) >= 0; });
         const bool startIsWired = masters.start >= 0;
         const bool scanIsWired = masters.scan >= 0;
-        masterStartLine_ = startIsWired ? survey.startLine(static_cast<std::size_t>(masters.start)) : -1;
-        masterScanLine_ = scanIsWired ? survey.scanLine(static_cast<std::size_t>(masters.scan)) : -1;
+        masters.driven = {startIsWired ? survey.startLine(static_cast<std::size_t>(masters.start)) : -1,
+                          scanIsWired ? survey.scanLine(static_cast<std::size_t>(masters.scan)) : -1};
         if (!startIsWired)
             masters.start = survey.best(&Survey::startRank);
         if (!scanIsWired)
@@ -225,38 +176,47 @@ TriggerMasters Triggering::findTriggerMasters(Drivers drivers)
     return masters;
 }
 
-LineMask Triggering::buildStartTriggerList(Drivers drivers, std::int32_t startMaster, std::int32_t& scanLine)
+LineOffers Triggering::buildTriggerList(LineTrigger trigger, Drivers drivers, std::int32_t master)
 {
-    const Steps step(support_.errors, "buildStartTriggerList", errorSource::triggering);
-    startOffers_ = askForLines(step, drivers, startMaster, startRole);
-    LineMask available = commonLines(startOffers_);
-    leaveOut(step, available, scanLine, masterScanLine_);
-    return available;
+    const TriggerRole& role = roles[trigger];
+    const Steps step(support_.errors, role.build, errorSource::triggering);
+    LineOffers offers(drivers.size());
+    const auto masterAt = static_cast<std::size_t>(master);
+    if (masterAt < offers.size())
+        offers[masterAt].isMaster = true;
+    TriggerLines* masterLines = step.value([&] { return linesOf(drivers, masterAt); });
+    if (!masterLines)
+        return offers;
+    offers[masterAt].lines = offeredLines(step, *masterLines, role.linesAsMaster);
+    for (std::size_t i = 0; i < drivers.size(); ++i) {
+        TriggerLines* lines = i == masterAt ? nullptr : step.value([&] { return linesOf(drivers, i); });
+        if (lines)
+            offers[i].lines = offeredLines(step, *lines, role.linesAsListener);
+    }
+    return offers;
 }
 
-LineMask Triggering::buildScanTriggerList(Drivers drivers, std::int32_t scanMaster, std::int32_t& startLine)
+Triggering::WrittenLine Triggering::setTriggerLine(LineTrigger trigger, Drivers drivers, std::int32_t master,
+                                                   std::int32_t line, std::int32_t before)
 {
-    const Steps step(support_.errors, "buildScanTriggerList", errorSource::triggering);
-    scanOffers_ = askForLines(step, drivers, scanMaster, scanRole);
-    LineMask available = commonLines(scanOffers_);
-    leaveOut(step, available, startLine, masterStartLine_);
-    return available;
-}
-
-void Triggering::setStartTriggerLine(Drivers drivers, std::int32_t master, std::int32_t line)
-{
-    const Steps step(support_.errors, "setStartTriggerLine", errorSource::triggering);
-    if (master < 0)
+    const TriggerRole& role = roles[trigger];
+    const Steps step(support_.errors, role.set, errorSource::triggering);
+    if (master < 0 && trigger == LineTrigger::start)
         master = firstStartMaster(drivers);
-    if (master >= 0)
-        setLine(step, drivers, master, line, startRole);
-}
-
-void Triggering::setScanTriggerLine(Drivers drivers, std::int32_t master, std::int32_t line)
-{
-    const Steps step(support_.errors, "setScanTriggerLine", errorSource::triggering);
-    if (master >= 0)
-        setLine(step, drivers, master, line, scanRole);
+    const auto masterAt = static_cast<std::size_t>(master);
+    TriggerLines* masterLines = step.value([&] { return linesOf(drivers, masterAt); });
+    if (!masterLines)
+        return {before};
+    WrittenLine result;
+    result.written = step([&] { (masterLines->*role.setLine)(line); });
+    result.line = result.written ? line : before;
+    step([&] { result.line = wiredLine((masterLines->*role.line)()); });
+    for (std::size_t i = 0; i < drivers.size(); ++i) {
+        TriggerLines* lines = i == masterAt ? nullptr : step.value([&] { return linesOf(drivers, i); });
+        if (lines)
+            step([&] { (lines->*role.setInput)(result.line); });
+    }
+    return result;
 }
 
 } // namespace ko
