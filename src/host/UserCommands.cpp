@@ -58,7 +58,7 @@ void type(Scenario& scenario, const Arguments& words)
     auto* const box = dynamic_cast<TextBox*>(scenario.form().activeControl());
     if (!box || !scenario.isFormShown())
         return tellInert(scenario, scenario.form().activeControl());
-    const std::string& text = words.text(0);
+    const std::string_view text = firstLine(words.text(0));
     for (std::size_t at = 0, length = utf8Length(text); at < length; ++at)
         if (box->userTyped(std::string(utf8Part(text, at, 1))) == Outcome::Inert)
             return tellInert(scenario, box);

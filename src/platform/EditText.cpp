@@ -6,6 +6,13 @@
 
 namespace ko {
 
+std::string_view firstLine(std::string_view text)
+{
+    for (const std::string_view lineBreak : {"\n", "\r", "\u2028", "\u2029"})
+        text = text.substr(0, text.find(lineBreak));
+    return text;
+}
+
 std::string EditText::selText() const
 {
     return std::string(utf8Part(text_, selStart_, selLength_));
@@ -31,12 +38,25 @@ bool EditText::put(const std::string& text, std::size_t start, std::size_t lengt
     return differs;
 }
 
+EditText EditText::entered(const std::string& text, std::size_t start, std::size_t length)
+{
+    EditText result;
+    const std::string line(firstLine(text));
+    const std::size_t end = utf8Length(line);
+    if (line == text)
+        result.put(text, start, length);
+    else
+        result.put(line + std::string(start > end ? firstLine(utf8Part(text, start, std::string::npos)) : ""), end, 0);
+    return result;
+}
+
 EditText EditText::replaced(const std::string& text) const
 {
     const std::string before(utf8Part(text_, 0, selStart_));
     const std::string after(utf8Part(text_, selStart_ + selLength_, std::string::npos));
     EditText result;
-    result.put(before + text + after, selStart_ + utf8Length(text), 0);
+    const std::string line(firstLine(text));
+    result.put(before + line + after, selStart_ + utf8Length(line), 0);
     return result;
 }
 

@@ -2,15 +2,19 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace ko {
+
+/// The text up to its first line break: what a one-line text takes of it.
+std::string_view firstLine(std::string_view text);
 
 /// What the edit commands ask of the text that is being edited. Text is UTF-8; positions count characters.
 class TextEditing {
 public:
     [[nodiscard]] virtual std::size_t selLength() const = 0;
     [[nodiscard]] virtual std::string selText() const = 0;
-    /// Replaces the selection, or inserts at the cursor; the cursor goes behind what was put in.
+    /// Replaces the selection, or inserts at the cursor, by the first line of `text`; the cursor goes after it.
     virtual void setSelText(const std::string& text) = 0;
 
 protected:
@@ -29,8 +33,11 @@ public:
     bool select(std::size_t start, std::size_t length);
     /// Whether the text is another one now.
     bool put(const std::string& text, std::size_t start, std::size_t length);
-    /// What the text becomes with `text` in place of the selection, the cursor behind it.
+    /// What the text becomes with the first line of `text` in place of the selection, the cursor after it.
     [[nodiscard]] EditText replaced(const std::string& text) const;
+    /// A text that a user's input has left, with its selection. Of what was put in before the cursor only the first
+    /// line counts.
+    [[nodiscard]] static EditText entered(const std::string& text, std::size_t start, std::size_t length);
 
 private:
     std::string text_;

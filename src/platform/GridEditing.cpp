@@ -152,9 +152,8 @@ Outcome Grid::userTypedInCell(const std::string& text, std::size_t start, std::s
 {
     if (!editor_ || !isUsable())
         return Outcome::Inert;
-    form().tellUserActs("text", name(), text, start, length);
-    EditText typed;
-    typed.put(text, start, length);
+    const EditText typed = EditText::entered(text, start, length);
+    form().tellUserActs("text", name(), typed.text(), typed.selStart(), typed.selLength());
     put(typed);
     return Outcome::Done;
 }
@@ -170,8 +169,9 @@ Outcome Grid::userSelectedInCell(std::size_t start, std::size_t length)
     return Outcome::Done;
 }
 
-Outcome Grid::userEditedCell(std::int32_t row, const std::string& text)
+Outcome Grid::userEditedCell(std::int32_t row, const std::string& given)
 {
+    const std::string text(firstLine(given));
     if (!isEditable(row) || !takes(row, text))
         return Outcome::Inert;
     const Outcome entered = enter();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <utility>
 
 namespace ko {
@@ -15,9 +16,9 @@ namespace {
 using Field = PictureItem::Field;
 
 /// Dates and times in which fields that are mixed up or missing show.
-constexpr std::array times{0.0, 1.0 / 86400, 0.5, 3723.0 / 86400, 64805.0 / 86400, 86399.0 / 86400};
+constexpr std::array times{0.0, 1.0 / 86400, 0.5, 3723.0 / 86400, 64987.0 / 86400, 86399.0 / 86400};
 constexpr std::array days{2.0, 36526.0, 41223.0, 46347.0, -657434.0, 2958465.0};
-constexpr std::array timesOfDays{0.0, 64805.0 / 86400};
+constexpr std::array timesOfDays{0.0, 64987.0 / 86400};
 
 bool readsBack(double dayNumber, const Locale& locale)
 {
@@ -29,13 +30,24 @@ bool readsBack(double dayNumber, const Locale& locale)
     }
 }
 
+bool has(const std::string& picture, std::initializer_list<Field> fields)
+{
+    const DatePicture items = parsePicture(picture);
+    return std::any_of(items.begin(), items.end(), [&](const PictureItem& item) {
+        return std::find(fields.begin(), fields.end(), item.field) != fields.end();
+    });
+}
+
 bool timesReadBack(const Locale& locale)
 {
-    return std::all_of(times.begin(), times.end(), [&](double time) { return readsBack(time, locale); });
+    return !has(locale.timeFormat, {Field::year, Field::month, Field::day}) &&
+           std::all_of(times.begin(), times.end(), [&](double time) { return readsBack(time, locale); });
 }
 
 bool datesReadBack(const Locale& locale)
 {
+    if (has(locale.shortDateFormat, {Field::hour12, Field::hour24, Field::minute, Field::second, Field::designator}))
+        return false;
     return std::all_of(days.begin(), days.end(), [&](double day) {
         const double sign = day < 0.0 ? -1.0 : 1.0;
         return std::all_of(timesOfDays.begin(), timesOfDays.end(),
@@ -43,17 +55,11 @@ bool datesReadBack(const Locale& locale)
     });
 }
 
-bool has(const std::string& picture, Field field)
-{
-    const DatePicture items = parsePicture(picture);
-    return std::any_of(items.begin(), items.end(), [&](const PictureItem& item) { return item.field == field; });
-}
-
 /// The clock that the other settings describe.
 std::string plainTimeFormat(const Locale& locale, const std::string& separator)
 {
-    const bool is24Hour =
-        has(locale.timeFormat, Field::hour24) || (!has(locale.timeFormat, Field::hour12) && locale.timeIs24Hour == "1");
+    const bool is24Hour = has(locale.timeFormat, {Field::hour24}) ||
+                          (!has(locale.timeFormat, {Field::hour12}) && locale.timeIs24Hour == "1");
     const std::string hour(locale.timeLeadingZero == "1" ? 2 : 1, is24Hour ? 'H' : 'h');
     return hour + separator + "mm" + separator + "ss" + (is24Hour ? "" : " tt");
 }
@@ -84,7 +90,7 @@ std::string withAllFields(std::string picture)
     const std::string separator = literal == items.end() ? "/" : "'" + literal->text + "'";
     for (const auto& [field, letters] :
          {std::pair(Field::month, "MM"), std::pair(Field::day, "dd"), std::pair(Field::year, "yyyy")})
-        if (!has(picture, field))
+        if (!has(picture, {field}))
             picture += (picture.empty() ? "" : separator) + letters;
     return picture;
 }

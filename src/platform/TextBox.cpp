@@ -57,26 +57,34 @@ Outcome TextBox::userTyped(const std::string& text)
 }
 
 /// A character that was put in place of the selection reads as typed, which needs no other text to be known.
-void TextBox::tellReplaced(const std::string& text, std::size_t start, std::size_t length) const
+void TextBox::tellReplaced(const EditText& edit) const
 {
+    const std::string& text = edit.text();
+    const std::size_t start = edit.selStart();
     const std::string typed(start > 0 ? utf8Part(text, start - 1, 1) : std::string_view{});
     const EditText result = edit_.replaced(typed);
-    if (hasFocus() && !typed.empty() && length == 0 && result.selStart() == start && result.text() == text)
+    if (hasFocus() && !typed.empty() && edit.selLength() == 0 && result.selStart() == start && result.text() == text)
         form().tellUserActs("type", typed);
     else if (start == utf8Length(text))
         form().tellUserActs("text", name(), text);
     else
-        form().tellUserActs("text", name(), text, start, length);
+        form().tellUserActs("text", name(), text, start, edit.selLength());
 }
 
 Outcome TextBox::userReplaced(const std::string& text, std::size_t start, std::size_t length)
 {
+    const EditText edit = EditText::entered(text, start, length);
     if (form().userActs)
-        tellReplaced(text, start, length);
+        tellReplaced(edit);
     if (!isUsable() || locked_)
         return Outcome::Inert;
-    put(text, start, length);
+    put(edit.text(), edit.selStart(), edit.selLength());
     return Outcome::Done;
+}
+
+Outcome TextBox::userDropsText()
+{
+    return locked_ ? Outcome::Inert : enter();
 }
 
 Outcome TextBox::userSelected(std::size_t start, std::size_t length)

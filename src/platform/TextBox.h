@@ -33,10 +33,14 @@ public:
     [[nodiscard]] std::string selText() const override { return edit_.selText(); }
     void setSelText(const std::string& text) override;
 
-    /// The user puts `text` in place of the selection, in one change.
+    /// The user puts the first line of `text` in place of the selection, in one change.
     Outcome userTyped(const std::string& text);
-    /// The user's input left the box with this text and selection, in one change. Does not move the focus.
+    /// The user's input left the box with this text and selection, in one change (see `EditText::entered`). Does not
+    /// move the focus.
     Outcome userReplaced(const std::string& text, std::size_t start, std::size_t length);
+    /// The user is about to drop text on the box: the focus comes here, as by a click. Only when that is done may the
+    /// text follow, as `userReplaced`.
+    Outcome userDropsText();
     Outcome userSelected(std::size_t start, std::size_t length);
     Outcome userDoubleClicked();
     /// The user gives up what was typed.
@@ -47,7 +51,7 @@ public:
     std::function<void()> undo;
 
 private:
-    void tellReplaced(const std::string& text, std::size_t start, std::size_t length) const;
+    void tellReplaced(const EditText& edit) const;
     void put(const std::string& text, std::size_t start, std::size_t length);
 
     EditText edit_;

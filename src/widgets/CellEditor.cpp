@@ -76,6 +76,8 @@ void CellEditor::typed()
     const QString text = box_->text();
     const std::size_t cursor = charactersOf(text, box_->cursorPosition());
     guarded([&] { grid_.userTypedInCell(fromQt(text), cursor, 0); });
+    if (box_ && grid_.editedRow() == row_)
+        showText();
 }
 
 void CellEditor::selected()

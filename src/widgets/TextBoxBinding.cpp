@@ -7,6 +7,7 @@
 #include "widgets/PageTexts.h"
 #include "widgets/PlainText.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
 
 namespace ko {
@@ -130,8 +131,24 @@ void TextBoxBinding::followFocus(bool came)
         showSelection();
 }
 
+/// Whether the toolkit may put the dropped text in, where it was dropped.
+bool TextBoxBinding::takesDrop(QDropEvent& drop)
+{
+    if (box_.hasFocus())
+        return true;
+    Outcome outcome = Outcome::Inert;
+    guarded([&] { outcome = box_.userDropsText(); });
+    if (outcome == Outcome::Done)
+        edit_.setCursorPosition(edit_.cursorPositionAt(drop.position().toPoint()));
+    else
+        drop.ignore();
+    return outcome == Outcome::Done;
+}
+
 bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
 {
+    if (event->type() == QEvent::Drop && !takesDrop(*static_cast<QDropEvent*>(event)))
+        return true;
     if (event->type() == QEvent::Resize && mark_)
         mark_->place();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)

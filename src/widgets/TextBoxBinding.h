@@ -26,6 +26,7 @@ private:
     void showText();
     void showSelection();
     void showMark();
+    bool takesDrop(QDropEvent& drop);
     void followFocus(bool came);
 
     TextBox& box_;

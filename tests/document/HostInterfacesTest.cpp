@@ -120,6 +120,9 @@ TEST_F(HostInterfaces, EditCommandsWorkOnTheFocusedBox)
     host.clipboardFails = true;
     EXPECT_EQ(enabled(command::paste), 0);
     host.clipboardFails = false;
+    host.clipboardText += "\n7";
+    document->menu().OnCommand(command::paste);
+    EXPECT_EQ(box.text(), "1000") << "up to the line break";
     box.select(1, 3);
     document->menu().OnCommand(command::cut);
     EXPECT_EQ(box.text(), "1");

@@ -8,6 +8,7 @@
 #include "platform/OneBased.h"
 #include "platform/TabControl.h"
 #include "platform/TextBox.h"
+#include "platform/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -48,12 +49,14 @@ protected:
     Menu menu{*this, "menu"};
 
     /// Every door by which the user's input enters a usable control; the one of an open cell aside.
-    const std::pair<const char*, std::function<Outcome()>> doors[6] = {{"choose", [this] { return list.userChose(1); }},
-                                                                       {"double-click", [this] { return box.userDoubleClicked(); }},
-                                                                       {"open-cell", [this] { return grid.userOpenedCell(1); }},
-                                                                       {"cell", [this] { return grid.userEditedCell(2, "more"); }},
-                                                                       {"click", [this] { return option.userClicked(); }},
-                                                                       {"pick", [this] { return selector.userPicked({}); }}};
+    const std::pair<const char*, std::function<Outcome()>> doors[7] = {
+        {"choose", [this] { return list.userChose(1); }},
+        {"double-click", [this] { return box.userDoubleClicked(); }},
+        {"drop", [this] { return box.userDropsText(); }},
+        {"open-cell", [this] { return grid.userOpenedCell(1); }},
+        {"cell", [this] { return grid.userEditedCell(2, "more"); }},
+        {"click", [this] { return option.userClicked(); }},
+        {"pick", [this] { return selector.userPicked({}); }}};
 };
 
 TEST_F(Controls, WhatIsNotThereIsAFailureAndChangesNothing)
@@ -136,6 +139,35 @@ TEST_F(Controls, InputToWhatCannotBeUsedIsInertAndInputThatIsNotLetInIsRefused)
     EXPECT_EQ(box.text(), "");
     EXPECT_EQ(list.index(), -1);
     EXPECT_EQ(grid.cell(2, 1).value, "text");
+}
+
+TEST_F(Controls, WhatIsPutInEndsAtItsFirstLineBreakWhateverTheWay)
+{
+    struct Case {
+        const char* text;
+        std::size_t cursor; ///< after what was put into "AB" behind its A
+        const char *left, *whole;
+    };
+    for (const Case& c :
+         {Case{"A1\n2B", 4, "A1B", "A1"}, Case{"A1\r\n2B", 5, "A1B", "A1"}, Case{"A\n1\n2B", 5, "AB", "A"},
+          Case{"A\u00e9\u20282B", 4, "A\u00e9B", "A\u00e9"}, Case{"A12B", 3, "A12B", "A12B"}}) {
+        const std::string given(utf8Part(c.text, 1, c.cursor - 1));
+        const std::pair<const char*, std::function<std::string()>> ways[] = {
+            {c.left, [&] { return box.userReplaced(c.text, c.cursor, 0), box.text(); }},
+            {c.left, [&] { return box.userReplaced("AB", 1, 0), box.userTyped(given), box.text(); }},
+            {c.left, [&] { return box.userReplaced("AB", 1, 0), box.setSelText(given), box.text(); }},
+            {c.left, [&] { return grid.userTypedInCell(c.text, c.cursor, 0), grid.editor().text(); }},
+            {c.left, [&] { return grid.userTypedInCell("AB", 1, 0), grid.setSelText(given), grid.editor().text(); }},
+            {c.whole, [&] { return grid.userEditedCell(1, c.text), grid.cell(1, 1).value; }},
+            {c.whole, [&] { return box.userReplaced(c.text, utf8Length(c.text), 0), box.text(); }}};
+        grid.cellEdited = [&](CellEvent& event) { grid.setValue(event.row, event.text); };
+        for (const auto& [expected, way] : ways) {
+            ASSERT_EQ(grid.userOpenedCell(1), Outcome::Done);
+            EXPECT_EQ(way(), expected) << c.text << &way - &ways[0].second;
+            grid.userDroppedEdit();
+        }
+        EXPECT_EQ(box.selStart(), utf8Length(c.whole));
+    }
 }
 
 TEST_F(Controls, InputIsToldInTheWordsOfAScenarioAndMovesTheFocusFirst)

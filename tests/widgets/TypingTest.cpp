@@ -2,8 +2,11 @@
 #include "widgets/PageWidget.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTest>
 
 namespace ko::test {
@@ -79,6 +82,47 @@ TEST_P(Typing, WritesAsIsTypedAndHoldsBackWhatCannotBeAccepted)
     QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8));
     EXPECT_FALSE(box.hasFocus());
     EXPECT_DOUBLE_EQ((*fakes[0]).*it.kept, it.value);
+}
+
+/// Text that comes in otherwise than by keys.
+using Dropping = KeysOnThePage;
+
+bool drop(QWidget& box, const char* text, QPoint where = {3, 8})
+{
+    QMimeData data;
+    data.setText(QString::fromLatin1(text));
+    QDragEnterEvent entering(where, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&box, &entering);
+    QDropEvent event(where, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&box, &event);
+    return event.isAccepted();
+}
+
+TEST_F(Dropping, AnEntryBringsTheFocusAndIsCheckedAsOneThatIsTyped)
+{
+    QWidget& box = at(page().txtScanPeriod);
+    page().txtScanPeriod.setText("");
+    EXPECT_TRUE(drop(box, "0.5\n9"));
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.5");
+    EXPECT_EQ(fakes[1]->scanPeriod, 0.5);
+    EXPECT_EQ(page().activeControl(), &page().txtScanPeriod);
+    EXPECT_TRUE(drop(box, "x", box.rect().bottomRight() - QPoint(4, 8)));
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.5x");
+    EXPECT_EQ(host.messages, Texts());
+    EXPECT_FALSE(drop(at(page().txtSampleRate), "7")) << "the box with the focus is left first";
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_EQ(page().txtSampleRate.text(), "1000");
+    EXPECT_EQ(page().activeControl(), &page().txtScanPeriod);
+    EXPECT_FALSE(drop(at(page().txtStartTime), "7"));
+}
+
+TEST_F(Dropping, WhatIsPastedEndsAtItsFirstLineBreak)
+{
+    typeInto(at(page().txtScanPeriod), "0");
+    QApplication::clipboard()->setText(QStringLiteral(".25\r\n7"));
+    static_cast<QLineEdit&>(at(page().txtScanPeriod)).paste();
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.25");
+    EXPECT_EQ(static_cast<QLineEdit&>(at(page().txtScanPeriod)).text(), "0.25");
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryBox, Typing,
