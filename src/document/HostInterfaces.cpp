@@ -1,6 +1,7 @@
 #include "document/TimebaseEditor.h"
 #include "interfaces/TriggerLines.h"
 #include "platform/Scoped.h"
+#include "support/TextNumbers.h"
 
 #include <algorithm>
 
@@ -142,7 +143,7 @@ std::int32_t TimebaseEditor::PrintMode()
 void TimebaseEditor::GetPrintModeDescription(std::string& description)
 {
     const Steps step(support_.errors, "IKopPrint_GetPrintModeDescription");
-    description = step.value([&] { return support_.text(1154); });
+    description = step.value([&] { return support_.text(textNumber::page::componentTitle); });
 }
 
 void TimebaseEditor::DefaultPrint(const std::string& printerName, const DeviceMode& settings)

@@ -8,9 +8,6 @@
 
 namespace ko {
 
-/// The string table's number of line 0's name; those of the others follow.
-inline constexpr int lineText = 3010;
-
 /// A driver in front of the lines.
 struct LineDriver {
     std::string name; ///< "" where it has not told it
