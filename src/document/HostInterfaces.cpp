@@ -68,8 +68,10 @@ void TimebaseEditor::forgetSettings()
 /// Each of the two tests asks for itself, so that a driver whose first answer fails still counts by the second.
 void TimebaseEditor::takeOver(const std::shared_ptr<Driver>& driver, const Steps& step)
 {
-    page_.drivers.push_back(driver);
-    if (!step([&] { required(driver.get()); }))
+    if (!step([&] {
+            page_.drivers.push_back(driver);
+            required(driver.get());
+        }))
         return;
     if (!page_.hasStaticDrivers)
         step([&] { page_.hasStaticDrivers = !isDynamicDriver(*driver); });

@@ -81,7 +81,7 @@ Locale withTimes(const Locale& given)
     return locale;
 }
 
-/// The picture with the fields that it lacks behind it.
+/// The picture with the fields that it lacks at its end.
 std::string withAllFields(std::string picture)
 {
     const DatePicture items = parsePicture(picture);

@@ -10,7 +10,7 @@ namespace ko {
 
 /// A driver in front of the lines.
 struct LineDriver {
-    std::string name; ///< "" where it has not told it
+    std::string name; ///< "" where it could not be read
     PerTrigger<LineRole> roles;
 };
 
