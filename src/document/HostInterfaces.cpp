@@ -1,6 +1,7 @@
 #include "document/TimebaseEditor.h"
 #include "interfaces/TriggerLines.h"
 #include "platform/Scoped.h"
+#include "support/TextNumbers.h"
 
 #include <algorithm>
 
@@ -67,8 +68,10 @@ void TimebaseEditor::forgetSettings()
 /// Each of the two tests asks for itself, so that a driver whose first answer fails still counts by the second.
 void TimebaseEditor::takeOver(const std::shared_ptr<Driver>& driver, const Steps& step)
 {
-    page_.drivers.push_back(driver);
-    if (!step([&] { required(driver.get()); }))
+    if (!step([&] {
+            page_.drivers.push_back(driver);
+            required(driver.get());
+        }))
         return;
     if (!page_.hasStaticDrivers)
         step([&] { page_.hasStaticDrivers = !isDynamicDriver(*driver); });
@@ -142,7 +145,7 @@ std::int32_t TimebaseEditor::PrintMode()
 void TimebaseEditor::GetPrintModeDescription(std::string& description)
 {
     const Steps step(support_.errors, "IKopPrint_GetPrintModeDescription");
-    description = step.value([&] { return support_.text(1154); });
+    description = step.value([&] { return support_.text(textNumber::page::componentTitle); });
 }
 
 void TimebaseEditor::DefaultPrint(const std::string& printerName, const DeviceMode& settings)

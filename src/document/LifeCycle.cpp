@@ -2,6 +2,7 @@
 #include "platform/DateTimes.h"
 #include "platform/Scoped.h"
 #include "support/ResourceUtils.h"
+#include "support/TextNumbers.h"
 
 namespace ko {
 
@@ -20,8 +21,8 @@ void TimebaseEditor::UserDocument_Initialize()
     step([&] { support_.readTimeSettings(); });
     loadFormStrings(step, support_.strings, page_, page_.font(), pageTextBase);
     step([&] { setIntervalSeconds(); });
-    page_.hertzText = step.value([&] { return support_.text(1116); });
-    page_.notApplicableText = step.value([&] { return support_.text(1152); });
+    page_.hertzText = step.value([&] { return support_.text(textNumber::page::hertz); });
+    page_.notApplicableText = step.value([&] { return support_.text(textNumber::page::notApplicable); });
     page_.imgNoInst.setPicture(noInstrumentPicture);
     page_.imgNoInst.setVisible(false);
     moveToolTipsToTags(page_);
@@ -55,8 +56,8 @@ void TimebaseEditor::prepareGrid()
     header.enabled = false;
     header.interior = SystemColor::buttonFace;
     header.wrapText = false;
-    grid.setCell(0, 0, {support_.text(1150), header});
-    grid.setCell(0, 1, {support_.text(1151), header});
+    grid.setCell(0, 0, {support_.text(textNumber::page::parameterName), header});
+    grid.setCell(0, 1, {support_.text(textNumber::page::parameterValue), header});
     const std::int32_t width = grid.innerWidth();
     grid.setColumnWidth(0, width / 2);
     grid.setColumnWidth(1, width - width / 2);
@@ -130,7 +131,8 @@ void TimebaseEditor::imgNoInst_Click()
 {
     const Steps step(support_.errors, "imgNoInst_Click");
     step([&] {
-        support_.platform.messageBox.show(support_.text(1153), support_.text(1154), messageStyle::information);
+        support_.platform.messageBox.show(support_.text(textNumber::page::noInstrumentMessage),
+                                          support_.text(textNumber::page::componentTitle), messageStyle::information);
     });
 }
 

@@ -16,9 +16,9 @@ namespace {
 using Field = PictureItem::Field;
 
 /// Dates and times in which fields that are mixed up or missing show.
-constexpr std::array times{0.0, 1.0 / 86400, 0.5, 3723.0 / 86400, 64987.0 / 86400, 86399.0 / 86400};
-constexpr std::array days{2.0, 36526.0, 41223.0, 46347.0, -657434.0, 2958465.0};
-constexpr std::array timesOfDays{0.0, 64987.0 / 86400};
+constexpr std::array probedTimes{0.0, 1.0 / 86400, 0.5, 3723.0 / 86400, 64987.0 / 86400, 86399.0 / 86400};
+constexpr std::array probedDays{2.0, 36526.0, 41223.0, 46347.0, -657434.0, 2958465.0};
+constexpr std::array probedTimesOfDays{0.0, 64987.0 / 86400};
 
 bool readsBack(double dayNumber, const Locale& locale)
 {
@@ -41,16 +41,16 @@ bool has(const std::string& picture, std::initializer_list<Field> fields)
 bool timesReadBack(const Locale& locale)
 {
     return !has(locale.timeFormat, {Field::year, Field::month, Field::day}) &&
-           std::all_of(times.begin(), times.end(), [&](double time) { return readsBack(time, locale); });
+           std::all_of(probedTimes.begin(), probedTimes.end(), [&](double time) { return readsBack(time, locale); });
 }
 
 bool datesReadBack(const Locale& locale)
 {
     if (has(locale.shortDateFormat, {Field::hour12, Field::hour24, Field::minute, Field::second, Field::designator}))
         return false;
-    return std::all_of(days.begin(), days.end(), [&](double day) {
+    return std::all_of(probedDays.begin(), probedDays.end(), [&](double day) {
         const double sign = day < 0.0 ? -1.0 : 1.0;
-        return std::all_of(timesOfDays.begin(), timesOfDays.end(),
+        return std::all_of(probedTimesOfDays.begin(), probedTimesOfDays.end(),
                            [&](double time) { return readsBack(day + sign * time, locale); });
     });
 }
@@ -81,7 +81,7 @@ Locale withTimes(const Locale& given)
     return locale;
 }
 
-/// The picture with the fields that it lacks behind it.
+/// The picture with the fields that it lacks at its end.
 std::string withAllFields(std::string picture)
 {
     const DatePicture items = parsePicture(picture);

@@ -1,14 +1,13 @@
 #include "support/Phrases.h"
 
 #include "platform/NumberText.h"
+#include "support/TextNumbers.h"
 
 #include <string>
 
 namespace ko {
 
 namespace {
-
-constexpr int pluralRule = 3320;
 
 bool isSingular(const std::string& rule, std::int64_t count)
 {
@@ -43,7 +42,7 @@ std::string withOneFullStop(std::string sentence)
 
 std::string counted(const Support& support, std::int64_t count, int singular)
 {
-    const int form = isSingular(support.text(pluralRule), count) ? singular : singular + 1;
+    const int form = isSingular(support.text(textNumber::plan::singularCounts), count) ? singular : singular + 1;
     return filled(support.text(form), {countText(count, support.locale())});
 }
 

@@ -1,13 +1,19 @@
 #include "triggering/AdvancedTrig.h"
 
+#include "support/TextNumbers.h"
+
 namespace ko {
 
 namespace {
 
+namespace number = textNumber::lines;
+
 constexpr int dialogTexts = 1300;
-constexpr int noStartLineText = 3018;
-constexpr int noScanLineText = 3019;
-constexpr int mapText = 3280;
+/// How a control names its text until that is loaded.
+std::string offset(int text)
+{
+    return std::to_string(text - dialogTexts);
+}
 
 /// The controls of one trigger's tab.
 struct Column {
@@ -27,15 +33,15 @@ Column columnOf(AdvancedTrig& form, LineTrigger trigger)
 
 AdvancedTrig::AdvancedTrig(Support& support) : DialogForm(support, "AdvancedTrig", 1, helpTopic::advancedTrig)
 {
-    tabTrigger.setTabCaption(startTab, "2");
-    tabTrigger.setTabCaption(scanTab, "3");
-    btnOK.setTag("4");
-    btnCancel.setTag("5");
-    btnHelp.setTag("6");
-    lblNoStartLine.setTag(std::to_string(noStartLineText - dialogTexts));
-    lblNoScanLine.setTag(std::to_string(noScanLineText - dialogTexts));
+    tabTrigger.setTabCaption(startTab, offset(number::startTab));
+    tabTrigger.setTabCaption(scanTab, offset(number::syncTab));
+    btnOK.setTag(offset(number::ok));
+    btnCancel.setTag(offset(number::cancel));
+    btnHelp.setTag(offset(number::help));
+    lblNoStartLine.setTag(offset(number::noStartLine));
+    lblNoScanLine.setTag(offset(number::noScanLine));
     for (Label* label : {&lblStartMap, &lblScanMap})
-        label->setTag(std::to_string(mapText - dialogTexts));
+        label->setTag(offset(number::map));
     for (const LineTrigger trigger : lineTriggers)
         columnOf(*this, trigger).map.gotFocus = [this, trigger] { showTab(trigger); };
     load(dialogTexts, btnOK, btnCancel, &btnHelp);
@@ -48,7 +54,7 @@ AdvancedTrig::Options AdvancedTrig::makeOptions(const std::string& name, Frame& 
     for (std::int32_t line = 0; line < triggerLineCount; ++line) {
         auto& option = options[static_cast<std::size_t>(line)];
         option = std::make_unique<OptionButton>(*this, name + "(" + std::to_string(line) + ")", &frame);
-        option->setTag(std::to_string(lineText + line - dialogTexts));
+        option->setTag(offset(number::line + line));
         option->gotFocus = [this, trigger] { showTab(trigger); };
         option->click = [this, trigger, line] { option_Click(trigger, line); };
     }

@@ -1,6 +1,7 @@
 #include "triggering/LineMap.h"
 
 #include "support/Phrases.h"
+#include "support/TextNumbers.h"
 
 #include <utility>
 
@@ -8,10 +9,7 @@ namespace ko {
 
 namespace {
 
-constexpr int wordText = 3281;    ///< and those of the other uses, in their order
-constexpr int meaningText = 3290; ///< likewise
-constexpr int takenByStartText = 3299;
-constexpr int unnamedText = 3300;
+namespace number = textNumber::lines;
 
 Table::Emphasis emphasisOf(LineUse use)
 {
@@ -38,8 +36,8 @@ public:
     {
         const int at = static_cast<int>(use);
         const bool byStart = use == LineUse::taken && trigger_ == LineTrigger::scan;
-        const std::string meaning = support_.text(byStart ? takenByStartText : meaningText + at);
-        return {support_.text(wordText + at), filled(meaning, {driver, support_.text(lineText + line)}),
+        const std::string meaning = support_.text(byStart ? number::takenByStart : number::useMeaning + at);
+        return {support_.text(number::use + at), filled(meaning, {driver, support_.text(number::line + line)}),
                 emphasisOf(use)};
     }
 
@@ -65,12 +63,12 @@ void showLineMap(Table& table, const Support& support, std::span<const LineDrive
     std::vector<std::string> columns;
     columns.reserve(triggerLineCount);
     for (std::int32_t line = 0; line < triggerLineCount; ++line)
-        columns.push_back(support.text(lineText + line));
+        columns.push_back(support.text(number::line + line));
     std::vector<Table::Row> rows;
     for (const LineDriver& driver : drivers) {
-        const std::string number = std::to_string(rows.size() + 1);
-        rows.push_back(
-            writer.row(driver, driver.name.empty() ? filled(support.text(unnamedText), {number}) : driver.name, plan));
+        const std::string place = std::to_string(rows.size() + 1);
+        rows.push_back(writer.row(
+            driver, driver.name.empty() ? filled(support.text(number::unnamed), {place}) : driver.name, plan));
     }
     table.setContent(std::move(columns), std::move(rows));
 }

@@ -8,12 +8,9 @@
 
 namespace ko {
 
-/// The string table's number of line 0's name; those of the others follow.
-inline constexpr int lineText = 3010;
-
 /// A driver in front of the lines.
 struct LineDriver {
-    std::string name; ///< "" where it has not told it
+    std::string name; ///< "" where it could not be read
     PerTrigger<LineRole> roles;
 };
 

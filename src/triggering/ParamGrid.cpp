@@ -3,6 +3,7 @@
 #include "interfaces/TriggerParameters.h"
 #include "page/Hints.h"
 #include "platform/NumberText.h"
+#include "support/TextNumbers.h"
 #include "triggering/TriggerParameter.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace ko {
 
 namespace {
 
-constexpr int unrecognizedType = 3022;
 /// Parameters that are the driver's own business.
 constexpr std::int32_t hiddenIds[] = {1, 3};
 
@@ -96,7 +96,8 @@ bool ParamGrid::fillRow(const Steps& step, TriggerParameters& parameters, std::i
         style.choices = step.value([&] { return parameters.GetTriggerParamChoices(slot_, channel_, id); });
     if (typeKnown && !isKnownType(type))
         step([&] {
-            support_.platform.messageBox.show(support_.text(unrecognizedType) + type, "", messageStyle::plain);
+            support_.platform.messageBox.show(support_.text(textNumber::page::unrecognizedType) + type, "",
+                                              messageStyle::plain);
         });
     const Value value = step.value([&] { return parameters.GetTriggerParamValue(slot_, channel_, id); });
     grid_.setCell(row, Grid::valueColumn, {parameterText(type, value, support_.locale()), style});
@@ -163,7 +164,7 @@ void ParamGrid::grdParam_OnValidateCell(CellEvent& event)
     if (!typeKnown)
         return lockRow(event.row);
     if (!event.Value)
-        step([&] { showHint(page_, support_.text(unrecognizedType) + type); });
+        step([&] { showHint(page_, support_.text(textNumber::page::unrecognizedType) + type); });
     const std::optional<NumberType> number = checkedAs(type);
     if (!number)
         return;

@@ -2,6 +2,7 @@
 
 #include "interfaces/TriggerParameters.h"
 #include "platform/Scoped.h"
+#include "support/TextNumbers.h"
 #include "triggering/SelectChannel.h"
 
 namespace ko {
@@ -136,7 +137,8 @@ void TriggerChannel::warnOfDisabledChannel(const Steps& step)
     });
     if (!isEnabled)
         step([&] {
-            support_.platform.messageBox.show(support_.text(1161), support_.text(1162), messageStyle::information);
+            support_.platform.messageBox.show(support_.text(textNumber::page::channelDisabled),
+                                              support_.text(textNumber::page::warning), messageStyle::information);
         });
 }
 
@@ -205,7 +207,8 @@ bool TriggerChannel::choose(const Steps& step, std::shared_ptr<Driver>& driver, 
         if (driver)
             return true;
         step([&] {
-            support_.platform.messageBox.show(support_.text(1159), support_.text(1160), messageStyle::information);
+            support_.platform.messageBox.show(support_.text(textNumber::page::channelRequired),
+                                              support_.text(textNumber::page::error), messageStyle::information);
         });
     }
 }

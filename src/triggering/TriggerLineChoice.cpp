@@ -3,6 +3,7 @@
 #include "interfaces/TriggerLines.h"
 #include "platform/Scoped.h"
 #include "support/Phrases.h"
+#include "support/TextNumbers.h"
 #include "triggering/AdvancedTrig.h"
 #include "triggering/Triggering.h"
 
@@ -12,8 +13,8 @@ namespace ko {
 
 namespace {
 
-constexpr PerTrigger<int> noLineText{3018, 3019};
-constexpr PerTrigger<int> drivesText{3020, 3021};
+constexpr PerTrigger<int> noLineText{textNumber::lines::noStartLine, textNumber::lines::noScanLine};
+constexpr PerTrigger<int> drivesText{textNumber::lines::drivesStart, textNumber::lines::drivesScan};
 
 void addHint(LineDrivers& lineDrivers, std::int32_t line, const std::string& text, const std::string& driver)
 {

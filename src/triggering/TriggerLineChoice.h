@@ -16,7 +16,7 @@ struct LineDrivers;
 struct TriggerMasters;
 
 /// Which of the trigger lines carry the start and the sync trigger: chosen when a page is built, and by hand in the
-/// dialog behind the menu item.
+/// dialog that the menu item opens.
 class TriggerLineChoice {
 public:
     /// Makes the component's dialog on first use.

@@ -1,5 +1,5 @@
-"""string_files.py FOLDER: every translation in FOLDER has just the entries of en.txt, each in the shape that the
-program relies on."""
+"""string_files.py FOLDER NAMES: every translation in FOLDER has just the entries of en.txt, each in the shape that the
+program relies on; NAMES names texts of en.txt, each once."""
 import re
 import sys
 from pathlib import Path
@@ -69,12 +69,23 @@ def ambiguous(name, texts, given):
                     yield f"{name}: {place}: {other} and {number} share the mnemonic {key}"
 
 
-def main(folder):
+def misnamed(path, english):
+    named = set()
+    for line in path.read_text(encoding="utf-8").splitlines():
+        if entry := re.fullmatch(r"(\d+) (\w+)", line):
+            if int(entry[1]) not in english:
+                yield f"{path.name}: {line}: en.txt has no such text"
+            if int(entry[1]) in named:
+                yield f"{path.name}: {line}: a second name"
+            named.add(int(entry[1]))
+
+
+def main(folder, names):
     files = {path.stem: entries(path) for path in sorted(folder.glob("*.txt"))}
     english = files.pop("en")
     if not files:
         sys.exit(f"{folder}: no translation")
-    wrong = list(ambiguous("en", english, GIVEN))
+    wrong = [*ambiguous("en", english, GIVEN), *misnamed(names, english)]
     for name, texts in files.items():
         wrong += [*unlike(name, english, texts), *ambiguous(name, texts, set())]
     print("\n".join(wrong))
@@ -82,4 +93,4 @@ def main(folder):
 
 
 if __name__ == "__main__":
-    sys.exit(main(Path(sys.argv[1])))
+    sys.exit(main(Path(sys.argv[1]), Path(sys.argv[2])))
