@@ -10,10 +10,7 @@ class KoTimebaseEditor final : public Component {
 public:
     KoTimebaseEditor(const Platform& platform, const std::string& language) : shared_(platform, language) {}
 
-    std::unique_ptr<Document> createDocument(PropertyNotifySink& sink) override
-    {
-        return std::make_unique<TimebaseEditor>(shared_, sink);
-    }
+    std::unique_ptr<Document> createDocument(PropertyNotifySink& sink) override { return makeDocument(shared_, sink); }
 
     std::string text(int number) override { return shared_.support.text(number); }
 

@@ -22,6 +22,10 @@ class ShowOffers;
 
 /// The document as its host holds it: the five interfaces, the life cycle, and the page for a view or a script to
 /// show and drive. Everything on the user-interface thread; nothing ever throws. Destroying it ends the document.
+///
+/// Every member may be called, and the document ended, from inside any call that the document makes: of a driver, a
+/// site, the error reporter, a message box or a dialog. After its end no event of it does anything, and its drivers are
+/// released once the events in progress have returned. Its page's controls must not be used any more.
 class Document {
 public:
     virtual ~Document() = default;

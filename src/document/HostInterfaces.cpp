@@ -9,9 +9,11 @@ namespace ko {
 
 namespace {
 
-/// Runs a statement whose failure nobody is to hear of.
-template <class Statement> void quietly(Statement&& statement)
+/// Runs a statement of an event without reporting its failure.
+template <class Statement> void quietly(const Steps& step, Statement&& statement)
 {
+    if (step.isSuperseded())
+        return;
     try {
         statement();
     } catch (...) {
@@ -31,27 +33,33 @@ bool TimebaseEditor::HasProcessedDriverChanges()
     return !page_.driverChangesPending;
 }
 
+/// From inside an event the page follows once that event has returned.
 void TimebaseEditor::setDrivers(const DriverList& handedOver)
 {
-    const Steps step(support_.errors, "IKopDrivers_Drivers");
-    page_.hasStaticDrivers = false;
-    page_.hasDynamicDrivers = false;
-    page_.drivers.clear();
-    if (!page_.isShown || page_.readOnly)
-        forgetSettings();
+    constexpr std::string_view procedure = "IKopDrivers_Drivers";
+    const bool isNested = support_.errors.events.areInProgress();
     const auto announced = static_cast<std::size_t>(std::max(page_.numDrivers, 0));
     const std::size_t given = std::min(announced, handedOver.size());
-    step([&] {
+    DriverList list;
+    Steps(support_.errors, procedure, Steps::Begin::Anew)([&] {
         if (page_.numDrivers < 0)
             fail(failure::subscriptOutOfRange);
-        page_.drivers.reserve(given);
+        list.assign(handedOver.begin(), handedOver.begin() + static_cast<std::ptrdiff_t>(given));
     });
-    for (std::size_t i = 0; i < given; ++i)
-        takeOver(handedOver[i], step);
-    reportMissing(announced - given, step);
+    support_.errors.events.supersede(std::exchange(page_.drivers, list));
+    const Steps step(support_.errors, procedure, Steps::Begin::Anew);
+    page_.hasStaticDrivers = false;
+    page_.hasDynamicDrivers = false;
     page_.driverChangesPending = true;
-    if (page_.isShown) {
-        clearTriggerLines();
+    if (!page_.isShown || page_.readOnly)
+        forgetSettings();
+    for (const auto& driver : list)
+        takeOver(driver.get(), step);
+    reportMissing(announced - given, step);
+    if (!page_.isShown || step.isSuperseded())
+        return;
+    clearTriggerLines(step);
+    if (!isNested && !step.isSuperseded()) {
         UserDocument_Show();
         UserDocument_Resize();
     }
@@ -66,17 +74,14 @@ void TimebaseEditor::forgetSettings()
 }
 
 /// Each of the two tests asks for itself, so that a driver whose first answer fails still counts by the second.
-void TimebaseEditor::takeOver(const std::shared_ptr<Driver>& driver, const Steps& step)
+void TimebaseEditor::takeOver(Driver* driver, const Steps& step)
 {
-    if (!step([&] {
-            page_.drivers.push_back(driver);
-            required(driver.get());
-        }))
+    if (!step([&] { required(driver); }))
         return;
-    if (!page_.hasStaticDrivers)
-        step([&] { page_.hasStaticDrivers = !isDynamicDriver(*driver); });
-    if (!page_.hasDynamicDrivers)
-        step([&] { page_.hasDynamicDrivers = isDynamicDriver(*driver); });
+    if (!page_.hasStaticDrivers && step.value([&] { return !isDynamicDriver(*driver); }))
+        page_.hasStaticDrivers = true;
+    if (!page_.hasDynamicDrivers && step.value([&] { return isDynamicDriver(*driver); }))
+        page_.hasDynamicDrivers = true;
 }
 
 /// Elements that are missing stay out of the page's list, where they count as empty entries.
@@ -92,25 +97,27 @@ void TimebaseEditor::reportMissing(std::size_t count, const Steps& step)
         });
 }
 
-void TimebaseEditor::clearTriggerLines()
+void TimebaseEditor::clearTriggerLines(const Steps& step)
 {
     for (const auto& driver : page_.currentDrivers()) {
         TriggerLines* lines = nullptr;
-        quietly([&] { lines = driver ? driver->queryTriggerLines() : nullptr; });
+        quietly(step, [&] { lines = driver ? driver->queryTriggerLines() : nullptr; });
         if (!lines)
             continue;
-        quietly([&] { lines->setScanTriggerLine(-1); });
-        quietly([&] { lines->setStartTriggerLine(-1); });
+        quietly(step, [&] { lines->setScanTriggerLine(-1); });
+        quietly(step, [&] { lines->setStartTriggerLine(-1); });
     }
 }
 
 void TimebaseEditor::DriversHaveChanged()
 {
+    const Steps step(support_.errors, "IKopDrivers_DriversHaveChanged", Steps::Begin::Anew);
     schedule_.captureStartStop();
 }
 
 void TimebaseEditor::setReadOnly(bool flag)
 {
+    const Steps step(support_.errors, "IKopMode_ReadOnly", Steps::Begin::Anew);
     page_.readOnly = flag;
     if (!page_.isShown || page_.numDrivers <= 0)
         return;
@@ -120,7 +127,7 @@ void TimebaseEditor::setReadOnly(bool flag)
 
 void TimebaseEditor::setClientSite(const std::shared_ptr<ClientSite>& site)
 {
-    const Steps step(support_.errors, "IKopMode_ClientSite");
+    const Steps step(support_.errors, "IKopMode_ClientSite", Steps::Begin::Anew);
     const auto offered = [](auto view) {
         if (!view)
             fail(failure::typeMismatch);
@@ -144,13 +151,13 @@ std::int32_t TimebaseEditor::PrintMode()
 
 void TimebaseEditor::GetPrintModeDescription(std::string& description)
 {
-    const Steps step(support_.errors, "IKopPrint_GetPrintModeDescription");
+    const Steps step(support_.errors, "IKopPrint_GetPrintModeDescription", Steps::Begin::Anew);
     description = step.value([&] { return support_.text(textNumber::page::componentTitle); });
 }
 
 void TimebaseEditor::DefaultPrint(const std::string& printerName, const DeviceMode& settings)
 {
-    const Steps step(support_.errors, "IKopPrint_DefaultPrint");
+    const Steps step(support_.errors, "IKopPrint_DefaultPrint", Steps::Begin::Anew);
     Printers& printers = support_.platform.printers;
     const std::int32_t count = step.value([&] { return printers.count(); });
     for (std::int32_t i = 0; i < count; ++i) {
@@ -171,7 +178,7 @@ void TimebaseEditor::DefaultPrint(const std::string& printerName, const DeviceMo
 
 void TimebaseEditor::OKToLeave(bool& allowed)
 {
-    const Steps step(support_.errors, "IKopState_OKToLeave");
+    const Steps step(support_.errors, "IKopState_OKToLeave", Steps::Begin::Anew);
     allowed = step.value([&] { return validateActiveControl(false); });
 }
 

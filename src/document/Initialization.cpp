@@ -27,14 +27,15 @@ void TimebaseEditor::initializeDocument()
     schedule_.loadStartStop(step);
     followReadOnly(step);
     refreshEstimate();
-    page_.driverChangesPending = false;
+    if (!step.isSuperseded())
+        page_.driverChangesPending = false;
 }
 
 /// Which driver is start and which is scan master, and on which lines they drive the others.
 void TimebaseEditor::initializeTriggering()
 {
     triggerChannel_.beginBuild();
-    const TriggerMasters masters = shared_.triggering.findTriggerMasters(page_.currentDrivers());
+    const TriggerMasters masters = triggering_.findTriggerMasters(page_.currentDrivers());
     page_.dynamicDriverIndex = masters.start;
     page_.staticDriverIndex = masters.scan;
     if (page_.dynamicDriverIndex >= 0) {

@@ -66,7 +66,7 @@ void TimebaseEditor::prepareGrid()
 
 void TimebaseEditor::UserDocument_Show()
 {
-    const Steps step(support_.errors, "UserDocument_Show");
+    const Steps step(support_.errors, "UserDocument_Show", Steps::Begin::Anew);
     // Lowered whatever fails below.
     page_.isLoading = false;
     const Scoped loading(page_.isLoading, true);
@@ -79,7 +79,7 @@ void TimebaseEditor::UserDocument_Show()
     }
     initializeDocument();
     UserDocument_Resize();
-    if (page_.readOnly)
+    if (page_.readOnly || step.isSuperseded())
         return;
     step([&] {
         OptionButton* const options[] = {&page_.optImmediate, &page_.optStartTime};
@@ -105,6 +105,7 @@ void TimebaseEditor::showFrames()
 
 void TimebaseEditor::UserDocument_Hide()
 {
+    const Steps step(support_.errors, "UserDocument_Hide", Steps::Begin::Anew);
     page_.dropFocus();
     page_.isShown = false;
 }

@@ -55,7 +55,7 @@ bool canPaste(const Page& page, Clipboard& clipboard)
 
 void TimebaseEditor::OnCommand(std::int32_t commandId)
 {
-    const Steps step(support_.errors, "IKopMenu_OnCommand");
+    const Steps step(support_.errors, "IKopMenu_OnCommand", Steps::Begin::Anew);
     Clipboard& clipboard = support_.platform.clipboard;
     switch (commandId) {
     case command::copy: step([&] { copySelection(page_, clipboard); }); break;
@@ -63,8 +63,8 @@ void TimebaseEditor::OnCommand(std::int32_t commandId)
     case command::erase: step([&] { deleteSelection(page_); }); break;
     case command::paste: step([&] { pasteClipboard(page_, clipboard); }); break;
     case command::help:
-        if (page_.helpSite)
-            step([&] { page_.helpSite->ShowHelpTopic(page_.readOnly ? helpTopic::readOnlyPage : helpTopic::page); });
+        if (const auto site = page_.helpSite)
+            step([&] { site->ShowHelpTopic(page_.readOnly ? helpTopic::readOnlyPage : helpTopic::page); });
         break;
     case command::acceptEntry: {
         bool allowed = false;
@@ -80,7 +80,7 @@ void TimebaseEditor::OnCommand(std::int32_t commandId)
 
 void TimebaseEditor::OnUpdateCommandUI(std::int32_t commandId, std::int32_t& enable)
 {
-    const Steps step(support_.errors, "IKopMenu_OnUpdateCommandUI");
+    const Steps step(support_.errors, "IKopMenu_OnUpdateCommandUI", Steps::Begin::Anew);
     const auto enabled = [&] {
         switch (commandId) {
         case command::copy:

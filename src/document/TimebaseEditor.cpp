@@ -12,17 +12,27 @@ TimebaseEditor::TimebaseEditor(Shared& shared, PropertyNotifySink& sink)
       offerButtons_(page_, support_, [&shared]() -> ShowOffers& { return shared.dialogs.showOffers(); }),
       schedule_(page_, support_, *this, [&shared]() -> SetDateTime& { return shared.dialogs.setDateTime(); }),
       triggerChannel_(page_, support_, *this, [&shared]() -> SelectChannel& { return shared.dialogs.selectChannel(); }),
-      triggerLines_(page_, support_, *this, shared.triggering,
+      triggerLines_(page_, support_, *this, triggering_,
                     [&shared]() -> AdvancedTrig& { return shared.dialogs.advancedTrig(); })
 {
     page_.imgNoInst.click = [this] { imgNoInst_Click(); };
     page_.keyDown = [this](KeyPress& press) { UserDocument_KeyDown(press); };
+    support_.errors.events.settle = [this] { settle(); };
     UserDocument_Initialize();
 }
 
-TimebaseEditor::~TimebaseEditor()
+void TimebaseEditor::end()
 {
     UserDocument_Terminate();
+    page_.isShown = false;
+    support_.errors.events.end(std::exchange(page_.drivers, {}));
+}
+
+/// An event that was in progress when another list was handed over has returned: the page shows the new list.
+void TimebaseEditor::settle()
+{
+    if (page_.isShown)
+        UserDocument_Show();
 }
 
 void TimebaseEditor::markChanged()
@@ -90,6 +100,45 @@ bool TimebaseEditor::validateActiveControl(bool apply)
     if (page_.grdParam.hasFocus())
         return apply ? page_.grdParam.endEdit() : page_.grdParam.checkEdit();
     return !schedule_.duration().box().hasFocus() || passes(schedule_.duration());
+}
+
+namespace {
+
+/// The host's end of a document, whose events keep the document itself.
+class DocumentHandle final : public Document {
+public:
+    DocumentHandle(Shared& shared, PropertyNotifySink& sink)
+        : shared_(shared), editor_(std::make_shared<TimebaseEditor>(shared, sink))
+    {
+    }
+    ~DocumentHandle() override
+    {
+        editor_->end();
+        shared_.ended.push_back(std::move(editor_));
+    }
+    DocumentHandle(const DocumentHandle&) = delete;
+    DocumentHandle& operator=(const DocumentHandle&) = delete;
+
+    IKopDrivers& drivers() override { return editor_->drivers(); }
+    IKopMenu& menu() override { return editor_->menu(); }
+    IKopMode& mode() override { return editor_->mode(); }
+    IKopPrint& print() override { return editor_->print(); }
+    IKopState& state() override { return editor_->state(); }
+    void UserDocument_Show() override { editor_->UserDocument_Show(); }
+    void UserDocument_Hide() override { editor_->UserDocument_Hide(); }
+    Page& page() override { return editor_->page(); }
+
+private:
+    Shared& shared_;
+    std::shared_ptr<TimebaseEditor> editor_;
+};
+
+} // namespace
+
+std::unique_ptr<Document> makeDocument(Shared& shared, PropertyNotifySink& sink)
+{
+    std::erase_if(shared.ended, [](const auto& editor) { return !editor->hasEvents(); });
+    return std::make_unique<DocumentHandle>(shared, sink);
 }
 
 } // namespace ko

@@ -13,14 +13,22 @@
 
 namespace ko {
 
+class TimebaseEditor;
+
 /// What the documents of a component share.
 struct Shared {
     Shared(const Platform& platform, std::string_view language) : support(platform, language) {}
 
     Support support;
     Dialogs dialogs{support};
-    Triggering triggering{support};
+    /// Documents that have ended, kept while a control's own code may still be running. Those with no event in progress
+    /// go when the next document is made.
+    std::vector<std::shared_ptr<TimebaseEditor>> ended;
 };
+
+/// A new, initialized document of a component. Destroying it ends the document, also from inside a call that it makes.
+/// `shared` and `sink` outlive it.
+std::unique_ptr<Document> makeDocument(Shared& shared, PropertyNotifySink& sink);
 
 /// The document: owns the page and its sections, and is what the host drives.
 class TimebaseEditor final : public Document,
@@ -33,7 +41,11 @@ class TimebaseEditor final : public Document,
 public:
     /// `shared` and `sink` outlive the document.
     TimebaseEditor(Shared& shared, PropertyNotifySink& sink);
-    ~TimebaseEditor() override;
+
+    /// No event of the document does anything from now on; its drivers are released once the events in progress have
+    /// returned.
+    void end();
+    [[nodiscard]] bool hasEvents() const { return support_.errors.events.areInProgress(); }
 
     IKopDrivers& drivers() override { return *this; }
     IKopMenu& menu() override { return *this; }
@@ -97,12 +109,14 @@ private:
     /// Checks the entry field that has the focus; when `apply` is true and the check passes, applies its value.
     bool validateActiveControl(bool apply);
     void forgetSettings();
-    void takeOver(const std::shared_ptr<Driver>& driver, const Steps& step);
+    void takeOver(Driver* driver, const Steps& step);
     static void reportMissing(std::size_t count, const Steps& step);
-    void clearTriggerLines();
+    void clearTriggerLines(const Steps& step);
+    void settle();
 
     Shared& shared_;
     Support support_;
+    Triggering triggering_{support_};
     PropertyNotifySink& sink_;
     Page page_;
     DynamicEditors dynamicEditors_;

@@ -25,6 +25,11 @@ inline constexpr std::int32_t name = 3;    ///< the user-given name, text
 /// Every operation may fail by throwing. A `Failure` carries its own number and description; of any other
 /// `std::exception` only the description is kept. A failing driver never stops the page.
 ///
+/// From inside any of these calls, and of the views' calls, the host may call any member of the document, hand over
+/// another list of drivers, or end the document. The event in progress keeps the list that it began with alive; once
+/// the list or the document is another the rest of that event does nothing, and no driver of the old list is written,
+/// except that a driver that is in the new list, too, gets a value back that this event had written to it.
+///
 /// Group and channel indices count from 0.
 class Driver {
 public:

@@ -16,8 +16,9 @@ void setToolTip(const Page& page, const Support& support, double min, double max
 
 void showHint(const Page& page, const std::string& hint)
 {
-    if (!page.readOnly && page.numDrivers > 0 && page.statusSite)
-        page.statusSite->ShowHint(hint, page.statusSite->Caption());
+    const auto site = page.statusSite;
+    if (!page.readOnly && page.numDrivers > 0 && site)
+        site->ShowHint(hint, site->Caption());
 }
 
 void selectAllText(TextBox& box)

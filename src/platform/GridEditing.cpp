@@ -171,8 +171,11 @@ Outcome Grid::userSelectedInCell(std::size_t start, std::size_t length)
 
 Outcome Grid::userEditedCell(std::int32_t row, const std::string& given)
 {
-    const std::string text(firstLine(given));
-    if (!isEditable(row) || !takes(row, text))
+    if (!isEditable(row))
+        return Outcome::Inert;
+    const bool isList = cell(row, valueColumn).style.control == CellStyle::Control::list;
+    const std::string text(isList ? std::string_view(given) : firstLine(given));
+    if (!takes(row, text))
         return Outcome::Inert;
     const Outcome entered = enter();
     if (entered != Outcome::Done)

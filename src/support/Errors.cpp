@@ -7,8 +7,16 @@ namespace ko {
 void Events::supersede(DriverList old)
 {
     ++generation_;
-    if (innermost_)
-        kept_.push_back(std::move(old));
+    if (!innermost_)
+        return;
+    isUnsettled_ = true;
+    kept_.push_back(std::move(old));
+}
+
+void Events::end(DriverList old)
+{
+    supersede(std::move(old));
+    isEnded_ = true;
 }
 
 Errors::Errors(const StringTable& strings, CreateReporter create)

@@ -26,11 +26,16 @@ inline constexpr int triggering = 1351;
 /// from inside any call that an event makes: the event is over then.
 class Events {
 public:
-    /// The list of drivers, or the document, is another from now on: events in progress are over. The old list lives
-    /// until the outermost of them has returned.
+    /// The list of drivers is another from now on: events in progress are over. The old list lives until the outermost
+    /// of them has returned, and then `settle` runs, once.
     void supersede(DriverList old);
     /// The document has ended: no event of it does anything any more.
-    void end() { isEnded_ = true; }
+    void end(DriverList old);
+
+    /// Brings the page in line with the list that superseded an event. Throws nothing.
+    std::function<void()> settle;
+
+    [[nodiscard]] bool areInProgress() const { return innermost_ != nullptr; }
 
 private:
     friend class Steps;
@@ -39,6 +44,7 @@ private:
     std::uint64_t generation_ = 0;
     bool isEnded_ = false;
     bool isInStatement_ = false; ///< a statement of a step is running since the innermost steps began
+    bool isUnsettled_ = false;
     std::vector<DriverList> kept_;
 };
 

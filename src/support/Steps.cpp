@@ -8,7 +8,11 @@ Steps::~Steps()
     Events& events = errors_.events;
     events.innermost_ = outer_;
     events.isInStatement_ = outerIsInStatement_;
-    if (!outer_ && !events.kept_.empty())
+    if (outer_)
+        return;
+    if (std::exchange(events.isUnsettled_, false) && !events.isEnded_ && events.settle)
+        events.settle();
+    if (!events.kept_.empty())
         const auto kept = std::exchange(events.kept_, {});
 }
 

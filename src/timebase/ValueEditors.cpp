@@ -64,8 +64,10 @@ void ValueEditors::build(std::string_view procedure, std::optional<double> inFor
         box.setText("");
         box.setMarked(false);
     });
-    step([&] { fillLists(); });
-    select(loadedEntry(inForce));
+    step([&] {
+        fillLists();
+        select(loadedEntry(inForce));
+    });
     isUnknown_ = !inForce;
     if (values_.empty() && inForce)
         showInBoxes(step, *inForce, nullptr);

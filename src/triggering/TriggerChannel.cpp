@@ -9,12 +9,12 @@ namespace ko {
 
 namespace {
 
-/// Calls `visit(slot, channel)` for each channel of the driver.
-template <class Visit> void forEachChannel(const Steps& step, Driver& driver, Visit visit)
+/// Calls `visit(slot, channel)` for each channel of the driver (null: none).
+template <class Visit> void forEachChannel(const Steps& step, Driver* driver, Visit visit)
 {
-    const std::int32_t groups = step.value([&] { return driver.GroupCount(); });
+    const std::int32_t groups = driver ? step.value([&] { return driver->GroupCount(); }) : 0;
     for (std::int32_t g = 0; g < groups; ++g) {
-        const std::int32_t channels = step.value([&] { return driver.ChannelCount(g); });
+        const std::int32_t channels = step.value([&] { return driver->ChannelCount(g); });
         for (std::int32_t c = 0; c < channels; ++c)
             visit(g, c);
     }
@@ -118,7 +118,7 @@ TriggerParameters* TriggerChannel::parametersOfMaster(const Steps& step) const
 TriggerChannel::Channels TriggerChannel::otherSources(const Steps& step, TriggerParameters& parameters) const
 {
     Channels marked;
-    forEachChannel(step, *master(), [&](std::int32_t slot, std::int32_t channel) {
+    forEachChannel(step, master().get(), [&](std::int32_t slot, std::int32_t channel) {
         if (!isStored(slot, channel) && step.value([&] { return parameters.TriggerEnabled(slot, channel); }))
             marked.push_back({slot, channel});
     });
@@ -186,8 +186,7 @@ void TriggerChannel::cmdChannel_Click()
     std::shared_ptr<Driver> driver;
     std::int32_t slot = -1;
     std::int32_t channel = -1;
-    // While the dialog was open the host may have handed over another list.
-    if (!choose(step, driver, slot, channel) || offered != master())
+    if (!choose(step, driver, slot, channel))
         return;
     store(step, slot, channel);
     showChannel(step);

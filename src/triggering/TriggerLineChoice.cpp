@@ -113,11 +113,9 @@ void TriggerLineChoice::mnuTimebaseTriggerLines_Click()
         return;
     const Steps step(support_.errors, "mnuTimebaseTriggerLines_Click", errorSource::triggering);
     const Scoped open(page_.isDialogOpen, true);
-    const DriverList driversBefore = page_.drivers;
     const LinePlan before = page_.lines;
     const auto chosen = step.value([&] { return dialog_().Display(before, lineDrivers(step)); });
-    // While the dialog was open the host may have handed over another list.
-    if (!chosen || page_.drivers != driversBefore)
+    if (!chosen)
         return;
     page_.lines = *chosen;
     apply(step, before);

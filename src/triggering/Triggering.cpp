@@ -1,8 +1,8 @@
+#include "triggering/Triggering.h"
 #include "interfaces/TriggerLines.h"
 #include "platform/Failure.h"
 #include "support/Steps.h"
 #include "triggering/LineUse.h"
-#include "triggering/Triggering.h"
 
 #include <algorithm>
 #include <optional>

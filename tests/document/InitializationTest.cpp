@@ -94,7 +94,7 @@ TEST_F(Initialization, AListHandedToAnEditablePageKeepsThePagesSettingsAndAnyOth
         {"read-only, hidden", false, true, true, 70},
     };
     for (const auto& it : cases) {
-        document = std::make_unique<TimebaseEditor>(shared, host);
+        document = makeDocument(shared, host);
         fakes.clear();
         setSchedule(addDriver(), 0, 0, 0, 30);
         open();

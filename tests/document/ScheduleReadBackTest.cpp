@@ -56,10 +56,10 @@ TEST_F(ScheduleReadBack, WhatHangsOnASettingThatCannotBeReadIsNotWrittenWhenTheP
 {
     for (const std::size_t drivers : {1U, 2U})
         for (const char* operation : {"StartMode", "StartTime", "StopMode", "Duration", "queryTimebase"}) {
-            document = std::make_unique<TimebaseEditor>(shared, host);
+            document = makeDocument(shared, host);
             fakes.clear();
             openTwo(1, 1, "8:00:00 AM", 50);
-            document = std::make_unique<TimebaseEditor>(shared, host);
+            document = makeDocument(shared, host);
             fakes.resize(drivers);
             fakes[0]->failing = {operation};
             const Texts before = held();
@@ -76,7 +76,7 @@ TEST_F(ScheduleReadBack, AnUnknownModeCountsAsZeroAndIsWrittenSoUnlessThePageIsR
         const char* agreed;
     } cases[] = {{7, 0, "0 0"}, {-1, 1, "0 0"}, {1, 5, "1 0"}, {1, -1, "1 0"}, {2, 1, "2 0"}, {0, 1, "0 0"}};
     for (const auto& it : cases) {
-        document = std::make_unique<TimebaseEditor>(shared, host);
+        document = makeDocument(shared, host);
         document->mode().setReadOnly(true);
         fakes.clear();
         openTwo(it.start, it.stop);
@@ -94,10 +94,10 @@ TEST_F(ScheduleReadBack, AStartTimeThatCannotBeReadOrShownIsNeitherInventedNorWr
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
     for (const double days : {0.25, 3e6, -1e6, notANumber})
         for (const std::int32_t stops : {0, 1}) {
-            document = std::make_unique<TimebaseEditor>(shared, host);
+            document = makeDocument(shared, host);
             fakes.clear();
             openTwo(1, stops);
-            document = std::make_unique<TimebaseEditor>(shared, host);
+            document = makeDocument(shared, host);
             for (const auto& driver : fakes) {
                 driver->startTime = {days};
                 driver->failing = days == 0.25 ? std::set<std::string>{"StartTime"} : std::set<std::string>{};
@@ -167,7 +167,7 @@ TEST_F(ScheduleReadBack, WhatASingleKeepsOfADurationIsShownAtOnceInTimesAndOnLea
 TEST_F(ScheduleReadBack, AfterARefusalTheLastDurationIsShownWhetherItCanBeReadOrNot)
 {
     for (const std::set<std::string>& failing : {std::set<std::string>{}, {"Duration"}}) {
-        document = std::make_unique<TimebaseEditor>(shared, host);
+        document = makeDocument(shared, host);
         fakes.clear();
         openTwo();
         type(page().txtDuration, "12");
@@ -196,7 +196,7 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
     for (const bool atTime : {false, true})
         for (const std::set<std::string>& failing : {writes, all})
             for (std::size_t i = 0; i < (atTime ? 4U : 2U); ++i) {
-                document = std::make_unique<TimebaseEditor>(shared, host);
+                document = makeDocument(shared, host);
                 fakes.clear();
                 openTwo(atTime, atTime, "8:00:00 AM", 30);
                 for (const auto& driver : fakes)

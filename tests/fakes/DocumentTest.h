@@ -19,7 +19,7 @@ class DocumentTest : public testing::Test {
 protected:
     FakePlatform host;
     Shared shared{host.platform, {}};
-    std::unique_ptr<Document> document = std::make_unique<TimebaseEditor>(shared, host);
+    std::unique_ptr<Document> document = makeDocument(shared, host);
     std::vector<std::shared_ptr<FakeDriver>> fakes;
 
     Page& page() { return document->page(); }

@@ -2,9 +2,11 @@
 
 #include "platform/Failure.h"
 
+#include <functional>
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace ko::test {
 
@@ -13,11 +15,15 @@ struct FaultGate {
     long calls = 0; ///< numbered from 1
     long first = 0, last = -1;
     long failed = 0;
-    std::string firstFailed; ///< "number: name"
+    std::string firstFailed;        ///< "number: name"
+    long nested = 0;                ///< the number of the call inside which
+    std::function<void()> act = {}; ///< the host does this
 
     void pass(const char* call)
     {
         ++calls;
+        if (calls == nested && act)
+            std::exchange(act, {})();
         if (calls < first || calls > last)
             return;
         const std::string name = std::to_string(calls) + ": " + call;

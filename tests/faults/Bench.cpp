@@ -79,6 +79,8 @@ void Bench::act(const std::string& name, const std::function<void()>& action)
 {
     try {
         action();
+    } catch (const std::exception& exception) {
+        escaped.push_back(name + ": " + exception.what());
     } catch (...) {
         escaped.push_back(name);
     }
@@ -88,7 +90,7 @@ void Bench::restart()
 {
     act("make a document", [&] {
         document_.reset();
-        document_ = std::make_unique<TimebaseEditor>(shared_, host);
+        document_ = makeDocument(shared_, host);
     });
 }
 

@@ -23,6 +23,8 @@ public:
 
     Bench() { restart(); }
 
+    /// False while a document is made or ended.
+    [[nodiscard]] bool hasDocument() const { return document_ != nullptr; }
     [[nodiscard]] Document& document() const { return *document_; }
     [[nodiscard]] Page& page() const { return document_->page(); }
     /// The page and the dialogs.

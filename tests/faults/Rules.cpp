@@ -106,7 +106,8 @@ private:
         number(page_.txtSampleRate, 1.0 / driver.samplePeriod);
         entry(page_.cmbSamplePeriod, driver.samplePeriod);
         entry(page_.cmbBlockSize, driver.blockSize);
-        if (driver.blockSize >= page_.blockSizeOffers.range.minimum && driver.blockSize <= page_.blockSizeOffers.range.maximum)
+        if (driver.blockSize >= page_.blockSizeOffers.range.minimum &&
+            driver.blockSize <= page_.blockSizeOffers.range.maximum)
             number(page_.txtBlockSize, driver.blockSize);
         same("span", page_.lblSpanValue.caption(), text(1.0 / driver.samplePeriod / 2.56) + " Hz");
     }

@@ -74,7 +74,7 @@ TEST_F(StepsTest, AnEventIsOverOnceTheListIsAnotherAndSoAreTheProceduresThatItCa
     EXPECT_EQ(ran, (Texts{"host's call within a step", "host's call between the steps"}));
     EXPECT_TRUE(step.isOver());
     EXPECT_FALSE(Steps(errors, "next event", Steps::Begin::Anew).isOver());
-    events.end();
+    events.end({});
     EXPECT_TRUE(Steps(errors, "of an ended document", Steps::Begin::Anew).isOver());
 }
 

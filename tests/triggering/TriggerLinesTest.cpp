@@ -190,7 +190,7 @@ TEST_F(TriggerLinesOf, TheDialogWritesWhatTheUserChangesAndNothingElse)
 
     host.inModalForm = [&](Form&) {
         dialog.optStartTrig[5]->userClicked();
-        page.drivers.pop_back();
+        support.errors.events.supersede(std::exchange(page.drivers, {}));
         dialog.btnOK.userClicked();
     };
     page.mnuTimebaseTriggerLines.userClicked();

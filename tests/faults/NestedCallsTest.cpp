@@ -1,0 +1,86 @@
+#include "faults/Rules.h"
+#include "faults/Scripts.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace ko::test {
+
+namespace {
+
+/// What a host does in the middle of an event.
+struct Deed {
+    const char* name;
+    void (*play)(Bench&);
+
+    friend std::ostream& operator<<(std::ostream& out, const Deed& deed) { return out << deed.name; }
+};
+
+/// Hands over this many drivers, the first of them those that the bench has, unless they are to be `others`.
+void handOver(Bench& bench, std::size_t count, bool others = false)
+{
+    DriverList list;
+    if (!others)
+        list.assign(bench.fakes.begin(), bench.fakes.begin() + static_cast<int>(std::min(count, bench.fakes.size())));
+    while (list.size() < count) {
+        const auto driver = std::make_shared<FakeDriver>();
+        driver->samplingMode = list.size() % 2 == 0 ? 1 : 2;
+        driver->gate = &bench.host.gate;
+        list.push_back(driver);
+    }
+    bench.act("announce", [&] { bench.document().drivers().setNumberOfDrivers(static_cast<std::int32_t>(count)); });
+    bench.act("hand over", [&] { bench.document().drivers().setDrivers(list); });
+    bench.act("changed", [&] { bench.document().drivers().DriversHaveChanged(); });
+}
+
+const Deed deeds[] = {
+    {"SameSize", [](Bench& bench) { handOver(bench, bench.fakes.size()); }},
+    {"Longer", [](Bench& bench) { handOver(bench, bench.fakes.size() + 2); }},
+    {"Shorter", [](Bench& bench) { handOver(bench, 1); }},
+    {"Others", [](Bench& bench) { handOver(bench, 3, true); }},
+    {"Empty", [](Bench& bench) { handOver(bench, 0); }},
+    {"Hide", [](Bench& bench) { bench.act("hide", [&] { bench.document().UserDocument_Hide(); }); }},
+    {"Show", [](Bench& bench) { bench.show(); }},
+    {"ReadOnly", [](Bench& bench) { bench.act("read-only", [&] { bench.document().mode().setReadOnly(true); }); }},
+    {"Writable", [](Bench& bench) { bench.act("writable", [&] { bench.document().mode().setReadOnly(false); }); }},
+    {"End", [](Bench& bench) { bench.restart(); }},
+};
+
+class NestedCalls : public testing::TestWithParam<Deed> {};
+
+TEST_P(NestedCalls, LeaveNothingAndBreakNothingInsideAnyCall)
+{
+    long played = 0;
+    // The seed of the sample moves with the deed, so that together they reach every call of a script.
+    const long stride = std::getenv("KO_LONG_RUN") ? 1 : 11;
+    long first = GetParam().name[0] % stride + 1;
+    for (const Script& script : scripts) {
+        Bench measured;
+        script.play(measured);
+        const long calls = measured.host.gate.calls;
+        for (long call = first; call <= calls && !HasFailure(); call += stride, ++played) {
+            SCOPED_TRACE(std::string(script.name) + ", call " + std::to_string(call));
+            Bench bench;
+            bench.host.gate.nested = call;
+            bench.host.gate.act = [&] {
+                if (bench.hasDocument())
+                    GetParam().play(bench);
+            };
+            script.play(bench);
+            EXPECT_EQ(bench.escaped, Texts());
+            const bool isBuilt = bench.page().isShown && bench.page().numDrivers > 0;
+            EXPECT_EQ(isBuilt ? brokenAlways(bench.page()) : Texts(), Texts());
+        }
+        first = first % stride + 1;
+    }
+    std::cout << "played inside " << played << " calls\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(All, NestedCalls, testing::ValuesIn(deeds),
+                         [](const auto& deed) { return std::string(deed.param.name); });
+
+} // namespace
+
+} // namespace ko::test
