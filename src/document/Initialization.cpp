@@ -12,6 +12,7 @@ void TimebaseEditor::initializeDocument()
     const Steps step(support_.errors, "initializeDocument");
     page_.dynamicDriverIndex = -1;
     page_.staticDriverIndex = -1;
+    page_.scannedDriverIndex = -1;
     page_.isDurationKnown = false;
     schedule_.estimate().clear();
     schedule_.whatFits().withdraw();
@@ -37,7 +38,7 @@ void TimebaseEditor::initializeTriggering()
     triggerChannel_.beginBuild();
     const TriggerMasters masters = triggering_.findTriggerMasters(page_.currentDrivers());
     page_.dynamicDriverIndex = masters.start;
-    page_.staticDriverIndex = masters.scan;
+    page_.staticDriverIndex = page_.scannedDriverIndex = masters.scan;
     if (page_.dynamicDriverIndex >= 0) {
         // The options still show the page before; they switch triggering on once they are loaded.
         enableTriggering(false);
@@ -75,8 +76,11 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
     if (page_.staticDriverIndex < 0)
         page_.staticDriverIndex = firstDriver(step, false);
     std::optional<double> scanPeriod;
-    if (const auto at = step.value([&] { return shownTimebase(page_, timebaseNumber::scanPeriod); }))
+    page_.scannedDriverIndex = page_.staticDriverIndex;
+    if (const auto at = step.value([&] { return shownTimebase(page_, timebaseNumber::scanPeriod); })) {
+        page_.scannedDriverIndex = at.driver;
         step([&] { scanPeriod = at.timebase->ScanPeriod(); });
+    }
     staticEditors_.initScanRateEditors(scanPeriod);
     if (scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
         staticEditors_.pushLoaded(*scanPeriod);

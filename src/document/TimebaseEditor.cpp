@@ -46,7 +46,7 @@ std::int32_t TimebaseEditor::updateDiskSpace()
     const std::int32_t code = schedule_.estimate().updateDiskSpace();
     const Steps step(support_.errors, "updateDiskSpace");
     dynamicEditors_.follow(step, page_.figures.samplePeriod, page_.figures.blockSize);
-    staticEditors_.follow(step, page_.figures.scanPeriod);
+    staticEditors_.follow(step);
     // What does not fit is about to be taken back, and is no plan.
     if (code == diskSpace::fits) {
         schedule_.plan().show();

@@ -57,13 +57,17 @@ bool NumberEntry::check(bool showMessage)
 void NumberEntry::change()
 {
     box_.setMarked(false);
-    if (page_.isLoading || page_.isUpdating || !isActive())
+    if (page_.isLoading || page_.isUpdating || !isActive()) {
+        lastAccepted_ = box_.text();
         return;
+    }
     const Steps step(support_.errors, names_.change);
     if (const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), false); }))
         apply(step, *number);
     else
         box_.setMarked(!standsForHeld(step));
+    if (!box_.marked())
+        lastAccepted_ = box_.text();
 }
 
 /// A value in force may lie where no user may enter it.
@@ -103,8 +107,14 @@ void NumberEntry::apply(const Steps& step, double value)
 void NumberEntry::refuse(const Steps& step)
 {
     const Scoped guard(page_.isUpdating, true);
-    if (!step([&] { showSelected(heldAfterRefusal()); }))
+    std::optional<double> now;
+    if (!step([&] {
+            now = heldAfterRefusal();
+            showSelected(now);
+        }))
         selectAllText(box_);
+    if (now)
+        showElsewhere(step, *now);
 }
 
 void NumberEntry::showInForce(const Steps& step)
@@ -124,7 +134,18 @@ void NumberEntry::undo()
 {
     const Steps step(support_.errors, names_.change);
     const Scoped guard(page_.isUpdating, true);
-    step([&] { showSelected(held()); });
+    std::optional<double> now;
+    if (!step([&] {
+            now = held();
+            showSelected(now);
+        })) {
+        // The value in force cannot be read: the text from before takes its place.
+        box_.setText(lastAccepted_);
+        box_.setMarked(false);
+        selectAllText(box_);
+    }
+    if (now)
+        showElsewhere(step, *now);
 }
 
 void NumberEntry::show(double held)

@@ -77,7 +77,8 @@ private:
     NumberType type_;
     struct {
         std::string gotFocus, change, validate;
-    } const names_; ///< of the handlers
+    } const names_;            ///< of the handlers
+    std::string lastAccepted_; ///< the last text that was acceptable
 };
 
 } // namespace ko

@@ -117,7 +117,8 @@ public:
     bool hasDynamicDrivers = false;
     bool driverChangesPending = false;
     std::int32_t dynamicDriverIndex = -1; ///< driver of the dynamic editors and start master; -1 none
-    std::int32_t staticDriverIndex = -1;  ///< driver of the static editors and scan master; -1 none
+    std::int32_t staticDriverIndex = -1;  ///< scan master, else the first static driver; -1 none
+    std::int32_t scannedDriverIndex = -1; ///< driver of the static editors: the same unless it has no timebase
 
     bool isShown = false;
     bool isLoading = false;       ///< the document fills its controls itself: no handler acts

@@ -27,7 +27,7 @@ std::int32_t Estimate::updateDiskSpace()
     figures.plannedSeconds = step.value([&] { return std::optional(recording_.plannedSeconds()); });
     if (!figures.plannedSeconds)
         return diskSpace::fits;
-    const ByteTotals totals = sumDriverBytes(page_.currentDrivers(), page_.driverAt(page_.staticDriverIndex));
+    const ByteTotals totals = sumDriverBytes(page_.currentDrivers(), page_.driverAt(page_.scannedDriverIndex));
     const std::int32_t code = checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
     figures.samplePeriod = figures.blockSize = figures.scanPeriod = std::nullopt;
     if (code == diskSpace::fits) {
@@ -62,7 +62,7 @@ void Estimate::estimateDynamic(const Steps& step)
 void Estimate::estimateStatic(const Steps& step, const std::optional<std::int32_t>& scans)
 {
     page_.figures.scans = scans;
-    Driver* driver = page_.driverAt(page_.staticDriverIndex);
+    Driver* driver = page_.driverAt(page_.scannedDriverIndex);
     if (scans || !driver)
         return;
     step([&] {
@@ -106,7 +106,7 @@ double Estimate::actualSeconds(const Steps& step) const
     const double intervals = figures.samples.value_or(1) - 1.0;
     return largerOf(
         lasting(step, intervals, page_.dynamicDriverIndex, &Timebase::SamplePeriod, figures.samplePeriod),
-        lasting(step, figures.scans.value_or(0), page_.staticDriverIndex, &Timebase::ScanPeriod, figures.scanPeriod));
+        lasting(step, figures.scans.value_or(0), page_.scannedDriverIndex, &Timebase::ScanPeriod, figures.scanPeriod));
 }
 
 void Estimate::updateActualDuration()

@@ -48,7 +48,7 @@ WhatFits::WhatFits(Page& page, Support& support, Recording& recording)
 WhatFits::Editors WhatFits::editors() const
 {
     if (isStatic_)
-        return {page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate, page_.staticDriverIndex,
+        return {page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate, page_.scannedDriverIndex,
                 &Timebase::ScanPeriod};
     return {page_.lblSampleRate, page_.cmbSampleRate, page_.txtSampleRate, page_.dynamicDriverIndex,
             &Timebase::SamplePeriod};

@@ -36,7 +36,7 @@ protected:
                          [this, &value](const std::optional<double>& held) { return holds(held, value); });
         if (written.fate == Fate::NoDriver)
             return;
-        showOutcome(step, written.inForce, requested, written.fate == Fate::Refused);
+        show(step, {written.inForce, requested, written.fate == Fate::Accepted, written.fate == Fate::Refused});
         showSpan(step, written.inForce);
     }
 

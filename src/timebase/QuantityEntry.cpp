@@ -16,18 +16,17 @@ Range QuantityEntry::hintRange()
     return {*range.minimum, *range.maximum};
 }
 
-void QuantityEntry::showOutcome(const Steps& step, std::optional<double> inForce, double requested, bool refused)
+void QuantityEntry::show(const Steps& step, const Result& result)
 {
-    editors_.showInBoxes(step, inForce.value_or(requested), &box());
-    if (!inForce) {
-        editors_.markUnknown();
-        return;
-    }
+    if (result.inForce || result.written)
+        editors_.showInBoxes(step, result.inForce.value_or(result.requested), &box());
+    if (!result.inForce)
+        return editors_.markUnknown();
     step([&] {
-        if (refused)
-            showSelected(*inForce);
+        if (result.refused)
+            showSelected(*result.inForce);
         else
-            show(*inForce);
+            NumberEntry::show(*result.inForce);
     });
 }
 

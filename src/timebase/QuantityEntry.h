@@ -22,9 +22,16 @@ protected:
     /// Numbers that all drivers share name their range.
     Range hintRange() override;
 
-    /// Shows in this box and elsewhere what came of a typed number: `inForce` as read back, none when that failed;
-    /// the other boxes then show what was requested.
-    void showOutcome(const Steps& step, std::optional<double> inForce, double requested, bool refused);
+    /// What came of a typed number.
+    struct Result {
+        std::optional<double> inForce; ///< as read back; none when that failed
+        double requested = 0.0;
+        bool written = false; ///< a driver took the write
+        bool refused = false; ///< beyond the limit
+    };
+    /// Shows it in this box and elsewhere. The other boxes show what was requested where a driver took it but could
+    /// not be read back.
+    void show(const Steps& step, const Result& result);
 
     [[nodiscard]] const Quantity& quantity() const { return quantity_; }
 

@@ -6,6 +6,16 @@ namespace ko {
 
 namespace {
 
+/// The page shows what the last driver with a timebase made of the period. None where no driver has one.
+std::optional<double> lastScanPeriod(const Page& page)
+{
+    const Drivers drivers = page.currentDrivers();
+    for (std::size_t i = drivers.size(); i > 0; --i)
+        if (Timebase* timebase = drivers[i - 1] ? drivers[i - 1]->queryTimebase() : nullptr)
+            return timebase->ScanPeriod();
+    return std::nullopt;
+}
+
 /// A box whose number all drivers share.
 class StaticEntry : public QuantityEntry {
 public:
@@ -17,15 +27,7 @@ public:
 protected:
     bool isActive() override { return page().hasStaticDrivers; }
 
-    /// The page shows what the last driver with a timebase made of the period.
-    std::optional<double> held() override
-    {
-        const Drivers drivers = page().currentDrivers();
-        for (std::size_t i = drivers.size(); i > 0; --i)
-            if (Timebase* timebase = drivers[i - 1] ? drivers[i - 1]->queryTimebase() : nullptr)
-                return timebase->ScanPeriod();
-        return std::nullopt;
-    }
+    std::optional<double> held() override { return lastScanPeriod(page()); }
     /// A refused text makes way for the current static driver's period.
     std::optional<double> heldAfterRefusal() override { return QuantityEntry::held(); }
 
@@ -34,7 +36,7 @@ protected:
         const double requested = quantity().held(value);
         const auto result = owner_.setDriversScanRate(
             requested, [this, &value](const std::optional<double>& held) { return holds(held, value); });
-        showOutcome(step, result.inForce, requested, result.rejected);
+        show(step, {result.inForce, requested, result.written, result.rejected});
     }
 
 private:
@@ -115,8 +117,18 @@ void StaticEditors::choose(const ComboBox& chosen)
     const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
     if (step.isSuperseded())
         return;
-    const bool isKept = result.written && !result.rejected;
-    periods_.selectValue(isKept ? result.inForce : std::nullopt, chosen.index());
+    if (result.written && !result.rejected)
+        periods_.selectValue(result.inForce, chosen.index());
+    else
+        periods_.select(chosen.index());
+    if (!result.inForce)
+        periods_.markUnknown();
+}
+
+void StaticEditors::follow(const Steps& step)
+{
+    if (periods_.isUnknown())
+        periods_.follow(step, step.value([&] { return lastScanPeriod(page_); }));
 }
 
 void StaticEditors::pushLoaded(double seconds)

@@ -20,8 +20,8 @@ public:
     /// Builds the editors for the scan period in force in seconds (none: not known).
     void initScanRateEditors(std::optional<double> scanPeriod);
 
-    /// Shows a scan period that has just been read where the one shown is not known.
-    void follow(const Steps& step, const std::optional<double>& scanPeriod) { periods_.follow(step, scanPeriod); }
+    /// Reads and shows the scan period where the one shown is not known.
+    void follow(const Steps& step);
 
     /// The result of writing a scan period to all drivers.
     struct ScanPeriod {

@@ -83,6 +83,11 @@ TEST_F(WriteOutcomes, LeavingABoxShowsWhatTheDriverHoldsAfterAnyFailure)
             fail(quantity, failing);
             box.userReplaced("4", 1, 0);
             expectNotified(quantity, failing);
+            if (failing == Failing::WriteAndRead) {
+                forEachQuantityOf(*quantity.number, [&](const Quantity& it) {
+                    EXPECT_NE((page().*it.box).text() == "4", &it != &quantity) << "no driver took it: " << it.name;
+                });
+            }
             heal();
             EXPECT_EQ(held(quantity) == 2, failing != Failing::ReadBack) << quantity.name;
             EXPECT_TRUE(page().moveFocus(nullptr));
@@ -124,6 +129,10 @@ TEST_F(WriteOutcomes, ARefusedTextIsSelectedAsAWholeWhetherOrNotTheDriverAnswers
             EXPECT_EQ(host.takeMessages().size(), 1U);
             EXPECT_EQ(box.selText(), box.text()) << quantity.name;
             EXPECT_EQ(box.marked(), !answers) << quantity.name;
+            box.userUndid();
+            EXPECT_FALSE(box.marked()) << quantity.name;
+            EXPECT_EQ(box.selText(), box.text());
+            EXPECT_TRUE(page().moveFocus(nullptr)) << "nobody is caught in " << quantity.name;
             heal();
             document->UserDocument_Show();
             EXPECT_FALSE(box.marked()) << "set by the program";
@@ -202,6 +211,26 @@ TEST_F(WriteOutcomes, EditorsThatNoDriverCanTakeAreDisabled)
                     EXPECT_TRUE(list.visible() || (page().*quantity.box).enabled() == expected) << quantity.name;
                 }
             }
+}
+
+TEST_F(WriteOutcomes, TheScanFiguresAreThoseOfTheDriverThatTheEditorsShow)
+{
+    openWith(quantities[3], true);
+    driver->hasTimebase = false;
+    FakeDriver& shown = addDriver(2);
+    shown.scanChoices = {2, 4};
+    shown.scanPeriod = 2;
+    shown.numberOfScans = 5;
+    open();
+    EXPECT_EQ(page().lblNumScansValue.caption(), "5");
+    EXPECT_EQ(page().figures.actualSeconds, 10.0);
+    shown.scans = [](const FakeDriver& it) { return it.scanPeriod > 2 ? 536870700 : 5; };
+    shown.groups = {{"Inputs", {{}}}};
+    page().cmbScanRate.userChose(1);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    page().cmbInterval.userChose(page().cmbInterval.index() == 0 ? 1 : 0);
+    EXPECT_EQ(page().cmbScanRate.index(), 1) << "the scan lists stay on the refused entry, also after other events";
+    host.takeReports();
 }
 
 TEST_F(WriteOutcomes, ChoicesWithoutAFinitePeriodOrRateAreLeftOut)
