@@ -23,6 +23,17 @@ std::optional<std::int32_t> callNumber(std::string_view operation)
 
 } // namespace
 
+void CallGate::runDuring(Operation operation)
+{
+    const auto found =
+        std::find_if(during_.begin(), during_.end(), [&](const auto& waiting) { return waiting.first == operation; });
+    if (found == during_.end())
+        return;
+    const auto act = std::move(found->second);
+    during_.erase(found);
+    act();
+}
+
 bool CallGate::fail(const SimulatedFailure& failure)
 {
     const auto operation = findOperation(failure.operation);

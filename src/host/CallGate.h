@@ -4,10 +4,12 @@
 #include "host/Operations.h"
 #include "platform/Failure.h"
 
+#include <functional>
 #include <initializer_list>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace ko {
@@ -59,6 +61,9 @@ public:
     /// What is to fail, calls by their number from now on.
     [[nodiscard]] std::vector<SimulatedFailure> failing() const;
 
+    /// Runs `act` inside the next call of this operation, before it is answered. Several queue up.
+    void during(Operation operation, std::function<void()> act) { during_.emplace_back(operation, std::move(act)); }
+
     /// Answers what `answer` gives, unless the operation is to fail.
     template <class Answer> auto read(Operation operation, Arguments arguments, const Answer& answer)
     {
@@ -89,10 +94,13 @@ private:
     void enter(Operation operation)
     {
         ++calls_;
+        if (!during_.empty())
+            runDuring(operation);
         if (!planned_.empty())
             failIfPlanned(operation);
     }
     void failIfPlanned(Operation operation);
+    void runDuring(Operation operation);
 
     /// What `act` answers; a failure is handed to `complain` on its way to the caller.
     template <class Act, class Complain> auto attempt(Operation operation, const Act& act, const Complain& complain)
@@ -116,6 +124,7 @@ private:
     CallObserver* observer_ = nullptr;
     std::int64_t calls_ = 0;
     std::vector<Planned> planned_;
+    std::vector<std::pair<Operation, std::function<void()>>> during_;
 };
 
 } // namespace ko

@@ -10,6 +10,11 @@ namespace ko {
 void LoggedMessageBox::show(const std::string& text, const std::string& title, int style)
 {
     log_.event("message", {{"text", text}, {"title", title}, {"style", style}});
+    if (during_.empty())
+        return;
+    const auto act = std::move(during_.front());
+    during_.pop_front();
+    act();
 }
 
 std::int32_t SimulatedPrinters::count()

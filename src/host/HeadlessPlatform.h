@@ -4,6 +4,8 @@
 #include "interfaces/ClientSite.h"
 #include "platform/Services.h"
 
+#include <deque>
+#include <functional>
 #include <vector>
 
 namespace ko {
@@ -16,8 +18,12 @@ public:
     explicit LoggedMessageBox(EventLog& log) : log_(log) {}
     void show(const std::string& text, const std::string& title, int style) override;
 
+    /// Runs `act` while the next box is open. Several queue up.
+    void during(std::function<void()> act) { during_.push_back(std::move(act)); }
+
 private:
     EventLog& log_;
+    std::deque<std::function<void()>> during_;
 };
 
 class PlainClipboard final : public Clipboard {

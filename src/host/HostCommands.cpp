@@ -153,6 +153,23 @@ void document(Scenario& scenario, const Arguments&)
     scenario.makeDocument();
 }
 
+/// The block runs inside the next such call, or while the next message box is open.
+void during(Scenario& scenario, const Arguments& words)
+{
+    const bool isMessage = words.count() == 1 && words.text(0) == "message";
+    if (words.count() == 1 && !isMessage)
+        scenario.refuse("during takes a driver and an operation, or message");
+    SimulatedDriver* const driver = isMessage ? nullptr : &scenario.driver(words.text(0));
+    const auto operation = isMessage ? std::nullopt : findOperation(words.text(1));
+    if (!isMessage && !operation)
+        scenario.refuse("there is no operation \"" + words.text(1) + "\"");
+    const auto act = [&scenario, block = scenario.readBlock(Scenario::Place::During)] { scenario.playDuring(block); };
+    if (isMessage)
+        scenario.messageBox.during(act);
+    else
+        driver->calls().during(*operation, act);
+}
+
 constexpr Command commands[]{
     {"setup", Giver::Host, 0, 1, setup},
     {"announce", Giver::Host, 1, 1, announce},
@@ -170,6 +187,7 @@ constexpr Command commands[]{
     {"print", Giver::Host, 1, 7, print},
     {"terminate", Giver::Host, 0, 0, terminate},
     {"document", Giver::Host, 0, 0, document},
+    {"during", Giver::Host, 1, 2, during},
 };
 
 } // namespace

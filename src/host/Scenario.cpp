@@ -2,6 +2,7 @@
 
 #include "host/Commands.h"
 #include "host/InputError.h"
+#include "platform/Scoped.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -171,15 +172,16 @@ bool Scenario::run(std::istream& script)
     for (auto line = reader.next(); line && log.isWritten(); line = reader.next()) {
         log.setLine(line->number);
         execute(*line);
-        if (faultInDialog_)
-            throw ScriptFault(*faultInDialog_);
+        if (faultInBlock_)
+            throw ScriptFault(*faultInBlock_);
     }
     return !expectationFailed;
 }
 
 void Scenario::execute(const ScriptLine& line)
 {
-    const Command& command = understood(line, dialogs.form() != nullptr);
+    const Place place = isDuring_ ? Place::During : dialogs.form() ? Place::Dialog : Place::Script;
+    const Command& command = understood(line, place);
     try {
         command.run(*this, Arguments(*this, line));
     } catch (const ScriptFault&) {
@@ -194,7 +196,7 @@ void Scenario::execute(const ScriptLine& line)
     }
 }
 
-const Command& Scenario::understood(const ScriptLine& line, bool inDialog) const
+const Command& Scenario::understood(const ScriptLine& line, Place place) const
 {
     const std::string& name = line.words.front();
     const auto faulty = [&](const std::string& what) { throw ScriptFault(line.number, what); };
@@ -203,8 +205,11 @@ const Command& Scenario::understood(const ScriptLine& line, bool inDialog) const
         faulty("unknown command \"" + name + "\"");
     if (command->run == notAvailable)
         faulty("the command \"" + name + "\" is not available yet");
-    if (inDialog && command->giver == Giver::Host)
+    if (place == Place::Dialog && command->giver == Giver::Host)
         faulty("the command \"" + name + "\" has no place in a dialog block");
+    const bool opensBlock = name == "dialog" || name == "during";
+    if (place == Place::During && (command->giver == Giver::User || opensBlock))
+        faulty("the command \"" + name + "\" has no place inside a call");
     const std::size_t count = line.words.size() - 1;
     if (count < command->least)
         faulty("too few words behind \"" + name + "\"");
@@ -213,21 +218,33 @@ const Command& Scenario::understood(const ScriptLine& line, bool inDialog) const
     return *command;
 }
 
-std::vector<ScriptLine> Scenario::readBlock()
+std::vector<ScriptLine> Scenario::readBlock(Place place)
 {
     std::vector<ScriptLine> block = reader_->block(log.line());
-    std::for_each(block.begin(), block.end() - 1, [&](const ScriptLine& line) { understood(line, true); });
+    std::for_each(block.begin(), block.end() - 1, [&](const ScriptLine& line) { understood(line, place); });
     return block;
+}
+
+void Scenario::playDuring(const std::vector<ScriptLine>& block)
+{
+    const int line = log.line();
+    const Scoped during(isDuring_, true);
+    for (const ScriptLine& it : block) {
+        log.setLine(it.number);
+        if (it.words.front() == "end" || !playLine(it))
+            break;
+    }
+    log.setLine(line);
 }
 
 bool Scenario::playLine(const ScriptLine& line)
 {
     try {
         execute(line);
-        return !faultInDialog_;
+        return !faultInBlock_;
     } catch (const ScriptFault& fault) {
         // The handler that shows the form would report the fault as a failure of its own.
-        faultInDialog_ = fault;
+        faultInBlock_ = fault;
         log.mute();
         return false;
     }

@@ -79,8 +79,16 @@ public:
     /// The control of that form; a fault when there is none.
     [[nodiscard]] Control& control(const std::string& name) const;
 
+    /// Where a command is given.
+    enum class Place {
+        Script, ///< on its own
+        Dialog, ///< by the user of an open dialog
+        During  ///< by the host inside a call that the page makes
+    };
     /// The lines up to `end`, each checked as far as it can be before it is run.
-    std::vector<ScriptLine> readBlock();
+    std::vector<ScriptLine> readBlock(Place place);
+    /// Runs such a block inside a call; it does not throw.
+    void playDuring(const std::vector<ScriptLine>& block);
 
 private:
     class Listener;
@@ -88,7 +96,7 @@ private:
     void takeSetup(const Setup& setup);
     void makeComponent();
     void execute(const ScriptLine& line);
-    const Command& understood(const ScriptLine& line, bool inDialog) const;
+    const Command& understood(const ScriptLine& line, Place place) const;
     bool playLine(const ScriptLine& line);
 
     std::string folder_;
@@ -101,7 +109,8 @@ private:
     std::unique_ptr<Component> component_;
     std::unique_ptr<Document> document_;
     ScriptReader* reader_ = nullptr;
-    std::optional<ScriptFault> faultInDialog_;
+    bool isDuring_ = false; ///< a block inside a call is played
+    std::optional<ScriptFault> faultInBlock_;
 };
 
 } // namespace ko

@@ -263,12 +263,12 @@ void dialog(Scenario& scenario, const Arguments& words)
     constexpr std::array<std::string_view, 4> forms{"SelectChannel", "AdvancedTrig", "SetDateTime", "ShowOffers"};
     if (std::find(forms.begin(), forms.end(), words.text(0)) == forms.end())
         scenario.refuse("there is no form \"" + words.text(0) + "\"");
-    scenario.dialogs.queue(words.text(0), scenario.readBlock());
+    scenario.dialogs.queue(words.text(0), scenario.readBlock(Scenario::Place::Dialog));
 }
 
 void strayEnd(Scenario& scenario, const Arguments&)
 {
-    scenario.refuse("end without dialog");
+    scenario.refuse("end without dialog or during");
 }
 
 constexpr Command commands[]{

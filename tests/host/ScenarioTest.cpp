@@ -196,7 +196,7 @@ constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"heal 0 Everything", "\"Everything\" is no operation that can fail"},
     {"dialog About\nend", "there is no form \"About\""},
     {"dialog SetDateTime\nleave", "the dialog block has no end"},
-    {"end", "end without dialog"},
+    {"end", "end without dialog or during"},
     {"text calDate 2026-11-24", "there is no control \"calDate\""},
     {"cell first 5", "\"first\" is no whole number"},
     {"pick none", "there is no control \"chsNavigate\""},
