@@ -5,21 +5,22 @@
 namespace ko {
 
 LinePlan::LinePlan(const PerTrigger<LineMask>& offered, const PerTrigger<std::int32_t>& driven)
-    : available_(offered), lines_{driven.start, driven.scan == driven.start ? -1 : driven.scan}
+    : offered_(offered), lines_{driven.start, driven.scan == driven.start ? -1 : driven.scan}
 {
-    for (const LineTrigger trigger : lineTriggers)
-        mark(otherThan(trigger), lines_[trigger], false);
 }
 
-void LinePlan::mark(LineTrigger trigger, std::int32_t line, bool available)
+LineMask LinePlan::available(LineTrigger trigger) const
 {
-    if (line >= 0)
-        available_[trigger].at(static_cast<std::size_t>(line)) = available;
+    LineMask lines = offered_[trigger];
+    const std::int32_t taken = lines_[otherThan(trigger)];
+    if (taken >= 0)
+        lines.at(static_cast<std::size_t>(taken)) = false;
+    return lines;
 }
 
 std::int32_t LinePlan::lineOrFirst(LineTrigger trigger) const
 {
-    const LineMask& lines = available_[trigger];
+    const LineMask lines = available(trigger);
     const auto first = std::find(lines.begin(), lines.end(), true);
     if (lines_[trigger] >= 0 || first == lines.end())
         return lines_[trigger];
@@ -28,15 +29,19 @@ std::int32_t LinePlan::lineOrFirst(LineTrigger trigger) const
 
 void LinePlan::choose(LineTrigger trigger, std::int32_t line)
 {
-    const LineTrigger other = otherThan(trigger);
-    if (line >= 0 && line == lines_[other]) {
-        if (trigger == LineTrigger::scan)
-            return choose(trigger, -1);
-        choose(other, -1);
-    }
-    mark(other, lines_[trigger], true);
-    mark(other, line, false);
-    lines_[trigger] = line;
+    const std::int32_t left = lines_[trigger];
+    if (left >= 0)
+        offered_[otherThan(trigger)].at(static_cast<std::size_t>(left)) = true;
+    put(trigger, line);
+}
+
+void LinePlan::put(LineTrigger trigger, std::int32_t line)
+{
+    std::int32_t& others = lines_[otherThan(trigger)];
+    const bool isShared = line >= 0 && line == others;
+    if (isShared && trigger == LineTrigger::start)
+        others = -1;
+    lines_[trigger] = isShared && trigger == LineTrigger::scan ? -1 : line;
 }
 
 } // namespace ko

@@ -44,22 +44,25 @@ public:
     LinePlan(const PerTrigger<LineMask>& offered, const PerTrigger<std::int32_t>& driven);
 
     [[nodiscard]] std::int32_t line(LineTrigger trigger) const { return lines_[trigger]; }
-    [[nodiscard]] const LineMask& available(LineTrigger trigger) const { return available_[trigger]; }
+    /// What is offered for the trigger, but for the line that the other one has.
+    [[nodiscard]] LineMask available(LineTrigger trigger) const;
     /// The trigger's line; where it has none the first one that may be chosen; -1 when there is none.
     [[nodiscard]] std::int32_t lineOrFirst(LineTrigger trigger) const;
     /// The trigger has no line, and none may be chosen for it.
     [[nodiscard]] bool lacksLine(LineTrigger trigger) const { return lineOrFirst(trigger) < 0; }
 
-    /// Gives the trigger this line (-1: none). The line that it leaves may be chosen for the other trigger. Of a line
-    /// that the other trigger has, the start's claim counts.
+    /// The user's choice. The line that the trigger leaves is offered for the other one from now on.
     void choose(LineTrigger trigger, std::int32_t line);
+    /// Gives the trigger this line (-1: none), as its driver has it. Of a line that the other trigger has, the start's
+    /// claim counts.
+    void put(LineTrigger trigger, std::int32_t line);
+    /// Offers for the trigger what the other plan does.
+    void restoreOffer(LineTrigger trigger, const LinePlan& from) { offered_[trigger] = from.offered_[trigger]; }
 
     bool operator==(const LinePlan&) const = default;
 
 private:
-    void mark(LineTrigger trigger, std::int32_t line, bool available);
-
-    PerTrigger<LineMask> available_;
+    PerTrigger<LineMask> offered_;
     PerTrigger<std::int32_t> lines_{-1, -1};
 };
 

@@ -52,10 +52,12 @@ EditText EditText::entered(const std::string& text, std::size_t start, std::size
 
 EditText EditText::replaced(const std::string& text) const
 {
+    const std::string line(firstLine(text));
+    if (line.empty() && !text.empty())
+        return *this;
     const std::string before(utf8Part(text_, 0, selStart_));
     const std::string after(utf8Part(text_, selStart_ + selLength_, std::string::npos));
     EditText result;
-    const std::string line(firstLine(text));
     result.put(before + line + after, selStart_ + utf8Length(line), 0);
     return result;
 }

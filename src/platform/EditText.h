@@ -33,7 +33,8 @@ public:
     bool select(std::size_t start, std::size_t length);
     /// Whether the text is another one now.
     bool put(const std::string& text, std::size_t start, std::size_t length);
-    /// What the text becomes with the first line of `text` in place of the selection, the cursor after it.
+    /// What the text becomes with the first line of `text` in place of the selection, the cursor after it. The
+    /// empty text deletes the selection; a text with nothing on its first line changes nothing.
     [[nodiscard]] EditText replaced(const std::string& text) const;
     /// A text that a user's input has left, with its selection. Of what was put in before the cursor only the first
     /// line counts.

@@ -44,7 +44,7 @@ void TextBox::select(std::size_t start, std::size_t length)
 void TextBox::setSelText(const std::string& text)
 {
     const EditText result = edit_.replaced(text);
-    put(result.text(), result.selStart(), 0);
+    put(result.text(), result.selStart(), result.selLength());
 }
 
 Outcome TextBox::userTyped(const std::string& text)

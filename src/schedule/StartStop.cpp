@@ -108,7 +108,7 @@ void StartStop::enableStartControls(bool isStartKnown)
     page_.optStopTime.setEnabled(editable);
     if (page_.optStartTime.value() && !page_.isLoading)
         step([&] { recording_.fillStartTime(); });
-    if (!onTrigger && isStartKnown && !page_.readOnly)
+    if (!onTrigger && isStartKnown && !page_.readOnly && !page_.isLoading)
         actions_.clearTriggerSource();
 }
 

@@ -89,11 +89,8 @@ bool ParamGrid::fillRow(const Steps& step, TriggerParameters& parameters, std::i
     grid_.setCell(row, Grid::idColumn, {std::to_string(id), fixed});
     std::string type;
     const bool typeKnown = step([&] { type = parameters.GetTriggerParamType(slot_, channel_, id); });
-    CellStyle style = parameterStyle(type);
-    style.font = fixed.font;
+    CellStyle style = styleOf(step, parameters, id, type);
     style.readOnly = style.readOnly || !typeKnown;
-    if (type == "Enum")
-        style.choices = step.value([&] { return parameters.GetTriggerParamChoices(slot_, channel_, id); });
     if (typeKnown && !isKnownType(type))
         step([&] {
             support_.platform.messageBox.show(support_.text(textNumber::page::unrecognizedType) + type, "",
@@ -102,6 +99,28 @@ bool ParamGrid::fillRow(const Steps& step, TriggerParameters& parameters, std::i
     const Value value = step.value([&] { return parameters.GetTriggerParamValue(slot_, channel_, id); });
     grid_.setCell(row, Grid::valueColumn, {parameterText(type, value, support_.locale()), style});
     return true;
+}
+
+CellStyle ParamGrid::styleOf(const Steps& step, TriggerParameters& parameters, std::int32_t id,
+                             const std::string& type) const
+{
+    CellStyle style = parameterStyle(type);
+    style.font = grid_.standardStyle().font;
+    if (type == "Enum")
+        style.choices = step.value([&] { return parameters.GetTriggerParamChoices(slot_, channel_, id); });
+    return style;
+}
+
+/// A row that was filled or locked without its type is edited again once that is known.
+void ParamGrid::unlockRow(const Steps& step, TriggerParameters& parameters, std::int32_t row, std::int32_t id,
+                          const std::string& type)
+{
+    Grid::Cell cell = grid_.cell(row, Grid::valueColumn);
+    if (cell.style.readOnly == parameterStyle(type).readOnly)
+        return;
+    cell.style = styleOf(step, parameters, id, type);
+    grid_.setCell(row, Grid::valueColumn, cell);
+    makeEditable();
 }
 
 void ParamGrid::makeEditable()
@@ -179,18 +198,25 @@ void ParamGrid::grdParam_CellEdited(CellEvent& event)
     const Steps step(support_.errors, "grdParam_CellEdited");
     TriggerParameters* parameters = step.value([&] { return &parametersOfMaster(); });
     std::int32_t id = 0;
+    std::string type;
     std::optional<Value> value;
     if (parameters)
         step([&] {
             id = idAt(event.row);
-            const std::string type = parameters->GetTriggerParamType(slot_, channel_, id);
+            type = parameters->GetTriggerParamType(slot_, channel_, id);
             value = parameterValue(type, event.text, support_.locale());
         });
     event.Value = event.staysOpen = value.has_value();
     if (!value)
         return;
     const bool written = step([&] { parameters->SetTriggerParamValue(slot_, channel_, id, *value); });
-    readAgain(step, *parameters);
+    {
+        const DrawingLock lock(grid_);
+        // What was written counts until it can be read.
+        if (written)
+            step([&] { grid_.setValue(event.row, parameterText(type, *value, support_.locale())); });
+        readAgain(step, *parameters);
+    }
     actions_.refreshPlan();
     if (written)
         step([&] { actions_.markChanged(); });
@@ -199,7 +225,6 @@ void ParamGrid::grdParam_CellEdited(CellEvent& event)
 /// Parameters may depend on each other: every row follows.
 void ParamGrid::readAgain(const Steps& step, TriggerParameters& parameters)
 {
-    const DrawingLock lock(grid_);
     for (std::int32_t row = 1; row <= grid_.rowCount(); ++row) {
         std::int32_t id = 0;
         std::string type;
@@ -207,13 +232,15 @@ void ParamGrid::readAgain(const Steps& step, TriggerParameters& parameters)
             id = idAt(row);
             type = parameters.GetTriggerParamType(slot_, channel_, id);
         });
-        if (typeKnown)
-            step([&] {
-                const Value value = parameters.GetTriggerParamValue(slot_, channel_, id);
-                grid_.setValue(row, parameterText(type, value, support_.locale()));
-            });
-        else
+        if (!typeKnown) {
             lockRow(row);
+            continue;
+        }
+        step([&] { unlockRow(step, parameters, row, id, type); });
+        step([&] {
+            const Value value = parameters.GetTriggerParamValue(slot_, channel_, id);
+            grid_.setValue(row, parameterText(type, value, support_.locale()));
+        });
     }
 }
 

@@ -27,6 +27,9 @@ private:
     void grdParam_OnValidateCell(CellEvent& event);
     void followEditor();
     bool fillRow(const Steps& step, TriggerParameters& parameters, std::int32_t index, std::int32_t row);
+    CellStyle styleOf(const Steps& step, TriggerParameters& parameters, std::int32_t id, const std::string& type) const;
+    void unlockRow(const Steps& step, TriggerParameters& parameters, std::int32_t row, std::int32_t id,
+                   const std::string& type);
     void makeEditable();
     void sizeColumns();
     void readAgain(const Steps& step, TriggerParameters& parameters);

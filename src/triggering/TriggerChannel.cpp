@@ -7,21 +7,6 @@
 
 namespace ko {
 
-namespace {
-
-/// Calls `visit(slot, channel)` for each channel of the driver (null: none).
-template <class Visit> void forEachChannel(const Steps& step, Driver* driver, Visit visit)
-{
-    const std::int32_t groups = driver ? step.value([&] { return driver->GroupCount(); }) : 0;
-    for (std::int32_t g = 0; g < groups; ++g) {
-        const std::int32_t channels = step.value([&] { return driver->ChannelCount(g); });
-        for (std::int32_t c = 0; c < channels; ++c)
-            visit(g, c);
-    }
-}
-
-} // namespace
-
 TriggerChannel::TriggerChannel(Page& page, Support& support, Actions& actions, Dialog dialog)
     : page_(page), support_(support), actions_(actions), dialog_(std::move(dialog)), grid_(page, support, actions)
 {
@@ -46,8 +31,7 @@ void TriggerChannel::followStartMaster()
                       (page_.TriggerChannel >= 0 && page_.TriggerChannel >= driver->ChannelCount(page_.TriggerSlot));
         });
     if (lacksIt) {
-        page_.TriggerSlot = -1;
-        page_.TriggerChannel = -1;
+        keep({});
         page_.txtChannel.setText("");
     }
     if (lacksIt || shownFrom_.lock() != driver)
@@ -92,43 +76,49 @@ void TriggerChannel::enableTriggering(bool onTrigger)
     const Steps step(support_.errors, "enableTriggering");
     step([&] { page_.optOnTrigger.showSelected(); });
     step([&] { showArea(true); });
-    TriggerParameters* parameters = parametersOfMaster(step);
+    const std::optional<SourceSwitches> driver = switches(step);
     // A page that is built switches no source off: which one counts is the driver's business.
-    const bool isAsked = parameters && !(isStored() && page_.isLoading);
-    const Channels sources = isAsked ? otherSources(step, *parameters) : Channels();
-    if (!isStored() && !sources.empty()) {
-        page_.TriggerSlot = sources.front().slot;
-        page_.TriggerChannel = sources.front().channel;
+    const bool isAsked = driver && !(stored().isChannel() && page_.isLoading);
+    auto sources = isAsked ? driver->markedBesides({stored()}) : SourceSwitches::Sources();
+    if (!stored().isChannel() && !sources.empty()) {
+        keep(sources.front());
+        sources.erase(sources.begin());
     }
     if (!isOn_)
         warnOfDisabledChannel(step);
     isOn_ = true;
     showChannel(step);
-    if (parameters && isStored())
-        switchOn(step, *parameters, page_.isLoading ? Channels() : sources);
+    if (driver && stored().isChannel())
+        switchOn(step, *driver, page_.isLoading ? SourceSwitches::Sources() : sources);
 }
 
-TriggerParameters* TriggerChannel::parametersOfMaster(const Steps& step) const
+/// The page follows a driver that keeps another source.
+void TriggerChannel::switchOn(const Steps& step, const SourceSwitches& driver, const SourceSwitches::Sources& others)
+{
+    const TriggerSource source = driver.move(others, stored());
+    if (step.isOver() || !source.isChannel() || source == stored())
+        return;
+    keep(source);
+    showChannel(step);
+}
+
+std::optional<SourceSwitches> TriggerChannel::switches(const Steps& step) const
 {
     const std::shared_ptr<Driver> driver = master();
-    return driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
+    TriggerParameters* parameters = driver ? step.value([&] { return driver->queryTriggerParameters(); }) : nullptr;
+    return parameters ? std::optional<SourceSwitches>(std::in_place, step, *driver, *parameters) : std::nullopt;
 }
 
-/// The channels besides the stored one that the driver marks as its trigger source.
-TriggerChannel::Channels TriggerChannel::otherSources(const Steps& step, TriggerParameters& parameters) const
+void TriggerChannel::keep(const TriggerSource& source)
 {
-    Channels marked;
-    forEachChannel(step, master().get(), [&](std::int32_t slot, std::int32_t channel) {
-        if (!isStored(slot, channel) && step.value([&] { return parameters.TriggerEnabled(slot, channel); }))
-            marked.push_back({slot, channel});
-    });
-    return marked;
+    page_.TriggerSlot = source.slot;
+    page_.TriggerChannel = source.channel;
 }
 
 void TriggerChannel::warnOfDisabledChannel(const Steps& step)
 {
     const std::shared_ptr<Driver> driver = master();
-    if (!driver || !isStored())
+    if (!driver || !stored().isChannel())
         return;
     bool isEnabled = true;
     step([&] {
@@ -154,25 +144,13 @@ void TriggerChannel::showChannel(const Steps& step)
     actions_.refreshPlan();
 }
 
-/// A driver has one trigger source.
-void TriggerChannel::switchOn(const Steps& step, TriggerParameters& parameters, const Channels& sources)
-{
-    for (const Channel& source : sources)
-        if (!isStored(source.slot, source.channel))
-            step([&] { parameters.setTriggerEnabled(source.slot, source.channel, false); });
-    step([&] { parameters.setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, true); });
-}
-
-void TriggerChannel::switchOff(const Steps& step, TriggerParameters& parameters) const
-{
-    step([&] { parameters.setTriggerEnabled(page_.TriggerSlot, page_.TriggerChannel, false); });
-}
-
 void TriggerChannel::clearTriggerSource()
 {
     const Steps step(support_.errors, "clearTriggerSource");
-    if (TriggerParameters* parameters = isStored() ? parametersOfMaster(step) : nullptr)
-        switchOff(step, *parameters);
+    if (!stored().isChannel())
+        return;
+    if (const std::optional<SourceSwitches> driver = switches(step))
+        driver->set(stored(), false);
 }
 
 void TriggerChannel::cmdChannel_Click()
@@ -183,28 +161,25 @@ void TriggerChannel::cmdChannel_Click()
     const Steps step(support_.errors, "cmdChannel_Click");
     const Scoped open(page_.isDialogOpen, true);
     step([&] { dialog_().UpdateDrivers({offered}, 1); });
-    std::shared_ptr<Driver> driver;
-    std::int32_t slot = -1;
-    std::int32_t channel = -1;
-    if (!choose(step, driver, slot, channel))
+    const std::optional<TriggerSource> chosen = choose(step);
+    if (!chosen)
         return;
-    store(step, slot, channel);
+    const bool isTaken = store(step, *chosen);
     showChannel(step);
-    step([&] { actions_.markChanged(); });
+    if (isTaken)
+        step([&] { actions_.markChanged(); });
 }
 
-/// Asks until a channel is chosen; false when the user cancels.
-bool TriggerChannel::choose(const Steps& step, std::shared_ptr<Driver>& driver, std::int32_t& slot,
-                            std::int32_t& channel)
+/// Asks until a channel is chosen; none when the user cancels.
+std::optional<TriggerSource> TriggerChannel::choose(const Steps& step)
 {
     for (;;) {
-        driver = master();
-        slot = page_.TriggerSlot;
-        channel = page_.TriggerChannel;
-        if (!step.value([&] { return dialog_().Display(driver, slot, channel); }))
-            return false;
+        std::shared_ptr<Driver> driver = master();
+        TriggerSource source = stored();
+        if (!step.value([&] { return dialog_().Display(driver, source.slot, source.channel); }))
+            return std::nullopt;
         if (driver)
-            return true;
+            return source;
         step([&] {
             support_.platform.messageBox.show(support_.text(textNumber::page::channelRequired),
                                               support_.text(textNumber::page::error), messageStyle::information);
@@ -212,18 +187,37 @@ bool TriggerChannel::choose(const Steps& step, std::shared_ptr<Driver>& driver, 
     }
 }
 
-/// Moves the driver's switch along.
-void TriggerChannel::store(const Steps& step, std::int32_t slot, std::int32_t channel)
+/// False where the driver keeps another source, which the page then shows.
+bool TriggerChannel::store(const Steps& step, const TriggerSource& chosen)
 {
-    if (page_.TriggerSlot == slot && page_.TriggerChannel == channel)
-        return;
-    TriggerParameters* parameters = parametersOfMaster(step);
-    if (parameters && isStored())
-        switchOff(step, *parameters);
-    page_.TriggerSlot = slot;
-    page_.TriggerChannel = channel;
-    if (parameters && isStored())
-        switchOn(step, *parameters, otherSources(step, *parameters));
+    if (chosen == stored())
+        return true;
+    const TriggerSource source = moved(step, chosen);
+    if (step.isOver())
+        return false;
+    const bool isTaken = source == chosen;
+    if (isTaken || source.isChannel())
+        keep(source);
+    return isTaken;
+}
+
+/// The driver's source after its switch was moved to the chosen one.
+TriggerSource TriggerChannel::moved(const Steps& step, const TriggerSource& chosen) const
+{
+    const std::shared_ptr<Driver> driver = master();
+    TriggerParameters* parameters = nullptr;
+    if (!driver || !step([&] { parameters = driver->queryTriggerParameters(); }))
+        return stored();
+    if (!parameters)
+        return chosen;
+    const SourceSwitches switches(step, *driver, *parameters);
+    const TriggerSource before = stored();
+    if (!chosen.isChannel())
+        return before.isChannel() && switches.write(before, false) ? before : chosen;
+    SourceSwitches::Sources from = switches.markedBesides({before, chosen});
+    if (before.isChannel())
+        from.insert(from.begin(), before);
+    return switches.move(from, chosen);
 }
 
 } // namespace ko

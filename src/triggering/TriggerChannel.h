@@ -1,9 +1,10 @@
 #pragma once
 
 #include "triggering/ParamGrid.h"
+#include "triggering/TriggerSource.h"
 
 #include <functional>
-#include <vector>
+#include <optional>
 
 namespace ko {
 
@@ -31,28 +32,19 @@ public:
     void clearTriggerSource();
 
 private:
-    struct Channel {
-        std::int32_t slot, channel;
-    };
-    using Channels = std::vector<Channel>;
-
     void cmdChannel_Click();
-    bool choose(const Steps& step, std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel);
-    void store(const Steps& step, std::int32_t slot, std::int32_t channel);
-    [[nodiscard]] TriggerParameters* parametersOfMaster(const Steps& step) const;
-    [[nodiscard]] Channels otherSources(const Steps& step, TriggerParameters& parameters) const;
-    void switchOn(const Steps& step, TriggerParameters& parameters, const Channels& sources);
-    void switchOff(const Steps& step, TriggerParameters& parameters) const;
+    std::optional<TriggerSource> choose(const Steps& step);
+    bool store(const Steps& step, const TriggerSource& chosen);
+    TriggerSource moved(const Steps& step, const TriggerSource& chosen) const;
+    [[nodiscard]] std::optional<SourceSwitches> switches(const Steps& step) const;
+    void switchOn(const Steps& step, const SourceSwitches& driver, const SourceSwitches::Sources& others);
+    void keep(const TriggerSource& source);
     void showChannel(const Steps& step);
     void showArea(bool on);
     void followUsability();
     void warnOfDisabledChannel(const Steps& step);
     [[nodiscard]] std::shared_ptr<Driver> master() const;
-    [[nodiscard]] bool isStored() const { return page_.TriggerSlot >= 0 && page_.TriggerChannel >= 0; }
-    [[nodiscard]] bool isStored(std::int32_t slot, std::int32_t channel) const
-    {
-        return slot == page_.TriggerSlot && channel == page_.TriggerChannel;
-    }
+    [[nodiscard]] TriggerSource stored() const { return {page_.TriggerSlot, page_.TriggerChannel}; }
 
     Page& page_;
     Support& support_;

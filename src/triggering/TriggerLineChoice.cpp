@@ -69,7 +69,7 @@ bool TriggerLineChoice::write(LineTrigger trigger, std::int32_t line, std::int32
     const PerTrigger<std::int32_t> masters{page_.dynamicDriverIndex, page_.staticDriverIndex};
     const Triggering::WrittenLine result =
         triggering_.setTriggerLine(trigger, page_.currentDrivers(), masters[trigger], line, before);
-    page_.lines.choose(trigger, result.line);
+    page_.lines.put(trigger, result.line);
     return result.written;
 }
 
@@ -124,14 +124,18 @@ void TriggerLineChoice::mnuTimebaseTriggerLines_Click()
 
 void TriggerLineChoice::apply(const Steps& step, const LinePlan& before)
 {
+    const LinePlan chosen = page_.lines;
     for (const LineTrigger trigger : lineTriggers) {
         const std::int32_t old = before.line(trigger);
         // The start's driver may have kept the line that the sync trigger was to have.
         if (page_.lines.line(trigger) < 0)
-            page_.lines.choose(trigger, old);
+            page_.lines.put(trigger, old);
         const std::int32_t line = page_.lines.line(trigger);
         if (line != old && write(trigger, line, old))
             step([&] { actions_.markChanged(); });
+        // What the clicks have freed was free only for the lines that they chose.
+        if (page_.lines.line(trigger) != chosen.line(trigger))
+            page_.lines.restoreOffer(otherThan(trigger), before);
     }
 }
 

@@ -63,6 +63,10 @@ TEST_F(TriggerArea, AListForAPageThatIsNotEditedBringsItsOwnTriggerChannel)
     EXPECT_EQ(page().TriggerChannel, 1);
     for (std::size_t channel = 0; channel < 3; ++channel)
         EXPECT_EQ(fakes[0]->groups[0].channels[channel].triggerSource, channel == 1) << channel;
+    page().optImmediate.userClicked();
+    EXPECT_FALSE(fakes[0]->groups[0].channels[1].triggerSource) << "the user's own choice switches it off";
+    take(1);
+    EXPECT_TRUE(fakes[0]->groups[0].channels[1].triggerSource) << "a page that is built does not";
 }
 
 TEST_F(TriggerArea, MastersAndLinesAreFoundBeforeTheEditorsAreFilled)

@@ -206,7 +206,8 @@ public:
         called("setTriggerEnabled");
         writes.push_back("setTriggerEnabled " + std::to_string(g) + " " + std::to_string(c) +
                          (enabled ? " on" : " off"));
-        channel(g, c).triggerSource = enabled;
+        if (!refuses)
+            channel(g, c).triggerSource = enabled;
     }
     bool CanTrigger(std::int32_t g, std::int32_t c) override { return answer("CanTrigger", channel(g, c).canTrigger); }
     std::string GetTriggerGroupName(std::int32_t g) override

@@ -170,6 +170,25 @@ TEST_F(Controls, WhatIsPutInEndsAtItsFirstLineBreakWhateverTheWay)
     }
 }
 
+TEST_F(Controls, OnlyTheEmptyTextDeletesTheSelection)
+{
+    const struct {
+        const char *given, *text, *selected;
+    } cases[] = {{"\n7", "A12B", "12"}, {"\r\n", "A12B", "12"}, {"\u20287", "A12B", "12"},
+                 {"", "AB", ""},        {"7\n", "A7B", ""},     {" \n7", "A B", ""}};
+    ASSERT_EQ(grid.userOpenedCell(1), Outcome::Done);
+    for (const auto& c : cases) {
+        box.userReplaced("A12B", 1, 2);
+        box.setSelText(c.given);
+        EXPECT_EQ(box.text(), c.text) << &c - cases;
+        EXPECT_EQ(box.selText(), c.selected) << &c - cases;
+        grid.userTypedInCell("A12B", 1, 2);
+        grid.setSelText(c.given);
+        EXPECT_EQ(grid.editor().text(), c.text) << &c - cases;
+        EXPECT_EQ(grid.selText(), c.selected) << &c - cases;
+    }
+}
+
 TEST_F(Controls, InputIsToldInTheWordsOfAScenarioAndMovesTheFocusFirst)
 {
     std::vector<Words> told;

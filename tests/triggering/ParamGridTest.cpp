@@ -194,6 +194,38 @@ TEST_F(TriggerArea, AfterAWriteEveryRowShowsWhatTheDriverHas)
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:grdParam_OnValidateCell 1000: GetTriggerParamMin failed"});
 }
 
+TEST_F(TriggerArea, ARowThatCannotBeReadShowsWhatWasWrittenAndFollowsAtTheNextEdit)
+{
+    const struct {
+        const char* failing;
+        bool whenFilled, isEditable;
+        const char* shown;
+    } cases[] = {{"GetTriggerParamValue", false, true, "up"},
+                 {"GetTriggerParamType", false, false, "down"}, // given up, and not written
+                 {"GetTriggerParamType", true, false, "down"}};
+    for (const auto& c : cases) {
+        driver.parameters = {{.id = 2, .type = "Enum", .value = "down", .choices = {"up", "down"}},
+                             {.id = 4, .type = "StringReadOnly", .value = "fixed"},
+                             {.id = 5, .value = 1.0}};
+        driver.failing = {c.whenFilled ? c.failing : ""};
+        switchOn();
+        driver.failing = {c.failing};
+        grid.userEditedCell(1, "up");
+        EXPECT_EQ(values()[0], c.shown) << &c - cases;
+        EXPECT_EQ(grid.isEditable(1), c.isEditable) << &c - cases;
+        EXPECT_FALSE(host.takeReports().empty());
+        driver.failing = {};
+        driver.parameters[0].value = "gone";
+        if (c.whenFilled)
+            area.enableTriggering(true);
+        EXPECT_EQ(grid.userEditedCell(3, "2"), Outcome::Done);
+        EXPECT_EQ(values(), (Texts{"gone", "fixed", "2"})) << &c - cases;
+        EXPECT_FALSE(grid.isEditable(2));
+        EXPECT_EQ(grid.userEditedCell(1, "up"), Outcome::Done) << &c - cases;
+        EXPECT_EQ(driver.parameters[0].value, Value("up"));
+    }
+}
+
 TEST_F(TriggerArea, TheColumnsShareTheWidthThatTheScrollBarLeaves)
 {
     for (std::int32_t id = 10; id < 12; ++id)

@@ -121,5 +121,59 @@ TEST_F(TriggerArea, ChoosingAChannelMovesTheDriversSwitch)
     EXPECT_EQ(driver.writes.back(), "setTriggerEnabled 0 0 off");
 }
 
+TEST_F(TriggerArea, ThePageShowsTheSourceThatTheDriverHasKept)
+{
+    constexpr std::int32_t refusing = 1, marksNone = 2;
+    const struct {
+        const char* failing;
+        std::int32_t keeps, marked, stored, chosen, shown;
+        const char* writes;
+        std::size_t reports;
+    } cases[] = {
+        {"", 0, 1, 1, 0, 0, "1 off, 0 on, ", 0},
+        {"TriggerEnabled", 0, 1, 1, 0, 0, "1 off, 0 on, ", 2}, // what cannot be read back counts as written
+        {"setTriggerEnabled", 0, 1, 1, 0, 1, "", 2},
+        {"queryTriggerParameters", 0, 1, 1, 0, 1, "", 2}, // the grid asks for them, too
+        {"", refusing, 1, 1, 0, 1, "1 off, 0 on, ", 0},
+        {"", refusing, 2, 1, 0, 2, "1 off, 2 off, 0 on, ", 0}, // the driver had another source than the page
+        {"", refusing | marksNone, 1, 1, 0, 1, "1 off, 0 on, 1 on, ", 0},
+        {"", refusing | marksNone, 1, -1, 0, -1, "0 on, ", 0},
+        {"", refusing, 1, 1, -1, 1, "1 off, ", 0},
+        {"", refusing, 1, 1, 1, 1, "", 0},
+    };
+    driver.groups[0].channels.resize(3);
+    for (const auto& c : cases) {
+        driver.failing = {};
+        driver.refuses = false;
+        page.TriggerSlot = c.stored < 0 ? -1 : 0;
+        page.TriggerChannel = c.stored;
+        for (std::int32_t channel = 0; channel < 3; ++channel)
+            driver.groups[0].channels[static_cast<std::size_t>(channel)].triggerSource =
+                channel == c.marked && !(c.keeps & marksNone);
+        driver.writes.clear();
+        marks = 0;
+        host.inModalForm = [&](Form&) {
+            dialog.chsNavigate.userPicked({c.chosen < 0 ? 0 : *dialog.chsNavigate.lineOf(nullptr, 0, c.chosen)});
+            driver.failing = {c.failing};
+            driver.refuses = c.keeps & refusing;
+            dialog.cmdOK.userClicked();
+        };
+        area.enableTriggering(false);
+        page.cmdChannel.setVisible(true);
+        page.cmdChannel.setEnabled(true);
+        page.cmdChannel.userClicked();
+        std::string writes;
+        for (const std::string& write : driver.writes)
+            writes += write.substr(std::string("setTriggerEnabled 0 ").size()) + ", ";
+        EXPECT_EQ(writes, c.writes) << &c - cases;
+        EXPECT_EQ(page.TriggerChannel, c.shown) << &c - cases;
+        EXPECT_EQ(marks, c.shown == c.chosen) << &c - cases;
+        EXPECT_EQ(host.takeReports().size(), c.reports) << &c - cases;
+    }
+    page.TriggerSlot = page.TriggerChannel = 0;
+    area.enableTriggering(true);
+    EXPECT_EQ(page.TriggerChannel, 1) << "the driver has kept its own";
+}
+
 } // namespace
 } // namespace ko::test

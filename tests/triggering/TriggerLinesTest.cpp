@@ -286,6 +286,36 @@ TEST_F(TriggerLinesOf, ThePageShowsTheLinesThatTheMastersHaveKept)
     }
 }
 
+TEST_F(TriggerLinesOf, ALineThatIsNotTakenLeavesTheOffersAsTheyWere)
+{
+    FakeDriver& start = addDriver();
+    FakeDriver& scan = addDriver();
+    start.startRank = scan.scanRank = 5;
+    start.startMasterLines = {1, 2, 3};
+    scan.scanMasterLines = {1};
+    for (const std::vector<std::int32_t>& clicks : {std::vector<std::int32_t>{2}, {2, 3}, {3, 2, 1, 3}}) {
+        start.failing = {};
+        start.startLine = 1;
+        scan.scanLine = -1;
+        survey();
+        const LinePlan before = page.lines;
+        host.inModalForm = [&](Form&) {
+            for (const std::int32_t line : clicks)
+                dialog.optStartTrig[static_cast<std::size_t>(line)]->userClicked();
+            EXPECT_EQ(dialog.optScanTrig[1]->userClicked(), Outcome::Done);
+            start.failing = {"setStartTriggerLine"};
+            dialog.btnOK.userClicked();
+        };
+        page.mnuTimebaseTriggerLines.userClicked();
+        EXPECT_EQ(page.lines, before) << clicks.size();
+        EXPECT_EQ(shown(page.lines.available(LineTrigger::scan)), "") << "the sync master can drive line 1 only";
+        EXPECT_EQ(page.lblNoTriggerLine.caption(), "No trigger line is left for the sync trigger.");
+        EXPECT_TRUE(page.lblNoTriggerLine.visible());
+        EXPECT_EQ(host.takeReports().size(), 1U);
+    }
+    EXPECT_EQ(marks, 0);
+}
+
 TEST_F(TriggerLinesOf, ADriverThatFailsWhileTheLineIsWrittenDoesNotKeepItFromTheOthers)
 {
     addDriver().startRank = 5;
