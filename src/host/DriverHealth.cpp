@@ -15,8 +15,7 @@ void DriverHealth::watch(const SimulatedDrivers& drivers)
 void DriverHealth::failed(const SimulatedDriver& driver, const FailedCall& call)
 {
     Trouble& trouble = troubles_[&driver];
-    trouble.lastTurn = ++turn_;
-    trouble.open[{call.operation, call.arguments}] = {turn_, call.failure.number(), call.failure.what(), now()};
+    trouble.open[{call.operation, call.arguments}] = {++turn_, call.failure.number(), call.failure.what(), now()};
     if (changed)
         changed();
 }
@@ -35,7 +34,10 @@ bool DriverHealth::awaits(const SimulatedDriver& driver, Operation operation) co
 void DriverHealth::answered(const SimulatedDriver& driver, const DriverCall& call)
 {
     const auto trouble = troubles_.find(&driver);
-    if (trouble == troubles_.end() || trouble->second.open.erase({call.operation, call.arguments}) == 0)
+    if (trouble == troubles_.end())
+        return;
+    trouble->second.answered[call.operation] = ++turn_;
+    if (trouble->second.open.erase({call.operation, call.arguments}) == 0)
         return;
     if (trouble->second.open.empty())
         troubles_.erase(trouble);
@@ -43,27 +45,26 @@ void DriverHealth::answered(const SimulatedDriver& driver, const DriverCall& cal
         changed();
 }
 
-std::vector<DriverHealth::Before> DriverHealth::beforeRebuild() const
+bool DriverHealth::Trouble::hasAnsweredSince(std::int64_t turn, Operation operation) const
 {
-    std::vector<Before> before;
-    for (const auto& driver : drivers_)
-        if (const auto trouble = troubles_.find(driver.get()); trouble != troubles_.end())
-            before.push_back({driver, driver->calls().callCount(), trouble->second.lastTurn});
-    return before;
+    const auto answer = answered.find(operation);
+    return answer != answered.end() && answer->second > turn &&
+           std::none_of(open.begin(), open.end(), [&](const auto& failed) {
+               return failed.first.first == operation && failed.second.turn > turn;
+           });
 }
 
-void DriverHealth::afterRebuild(const std::vector<Before>& before)
+void DriverHealth::afterRebuild(std::int64_t turn)
 {
-    bool answered = false;
-    for (const auto& [driver, calls, turn] : before) {
-        const auto trouble = troubles_.find(driver.get());
-        const bool hasFailed = trouble != troubles_.end() && trouble->second.lastTurn != turn;
-        if (trouble == troubles_.end() || hasFailed || driver->calls().callCount() == calls)
-            continue;
-        troubles_.erase(trouble);
-        answered = true;
+    std::size_t cleared = 0;
+    for (auto& [driver, trouble] : troubles_) {
+        const auto isAnswered = [&, &t = trouble](const auto& failed) {
+            return t.hasAnsweredSince(turn, failed.first.first);
+        };
+        cleared += std::erase_if(trouble.open, isAnswered);
     }
-    if (answered && changed)
+    std::erase_if(troubles_, [](const auto& trouble) { return trouble.second.open.empty(); });
+    if (cleared > 0 && changed)
         changed();
 }
 

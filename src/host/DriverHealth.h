@@ -24,8 +24,9 @@ struct DriverFailure {
 };
 
 /// Which drivers fail at present. A driver fails from its first call that fails until it has answered again, that is
-/// until each of the calls that failed, known by operation and arguments, has succeeded, or until the page has been
-/// rebuilt with calls to the driver of which none failed.
+/// until each of the calls that failed, known by operation and arguments, has succeeded. When the page is rebuilt,
+/// calls of an operation that is called then and does not fail count as answered whatever their arguments; an operation
+/// that is not called has not answered.
 class DriverHealth {
 public:
     /// `now` is asked for the time of each failure.
@@ -42,9 +43,9 @@ public:
     /// Runs `build`, which rebuilds the page.
     template <class Build> void rebuild(const Build& build)
     {
-        const std::vector<Before> before = beforeRebuild();
+        const std::int64_t turn = turn_;
         build();
-        afterRebuild(before);
+        afterRebuild(turn);
     }
 
     /// The last failed call, of those not answered yet, of each driver that fails; in the order of the drivers.
@@ -63,20 +64,17 @@ private:
         DateTime time;
     };
     struct Trouble {
-        std::map<Call, Failed> open; ///< the calls that failed last time; never empty
-        std::int64_t lastTurn = 0;   ///< of the driver's last failure
-    };
-    struct Before {
-        std::shared_ptr<SimulatedDriver> driver;
-        std::int64_t calls, turn;
+        std::map<Call, Failed> open;                ///< the calls that failed last time; never empty
+        std::map<Operation, std::int64_t> answered; ///< the turn of each operation's last answer
+
+        [[nodiscard]] bool hasAnsweredSince(std::int64_t turn, Operation operation) const;
     };
 
-    [[nodiscard]] std::vector<Before> beforeRebuild() const;
-    void afterRebuild(const std::vector<Before>& before);
+    void afterRebuild(std::int64_t turn);
 
     SimulatedDrivers drivers_;
     std::map<const SimulatedDriver*, Trouble> troubles_;
-    std::int64_t turn_ = 0; ///< counts failures
+    std::int64_t turn_ = 0; ///< counts failures, and answers of drivers that fail
 };
 
 } // namespace ko

@@ -1,5 +1,7 @@
 #include "host/InputError.h"
 
+#include "platform/Utf8.h"
+
 #include <algorithm>
 
 namespace ko {
@@ -30,7 +32,7 @@ std::string oneLine(std::string text)
 {
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
     std::replace_if(text.begin(), text.end(), isControl, ' ');
-    return text;
+    return withoutDirections(std::move(text));
 }
 
 InputError::InputError(const std::string& what) : std::runtime_error(oneLine(shortened(what))) {}

@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// The text in one line: blanks in place of line breaks and other control characters.
+/// The text in one line: blanks in place of line breaks and other control characters; see also `withoutDirections`.
 std::string oneLine(std::string text);
 
 /// A file that cannot be read or understood. The message is one line, whatever stands in the file: the file, the line

@@ -1,5 +1,6 @@
 #include "host/OffersList.h"
 
+#include "host/InputError.h"
 #include "host/OfferJson.h"
 #include "page/OfferTexts.h"
 #include "page/Quantities.h"
@@ -13,9 +14,9 @@ std::string offersText(const PlayedPage& played, const Quantity& quantity, const
     const OfferAccount& account = played.page().*quantity.number->offers;
     std::string text = "\n" + std::string(quantity.name) + ": " + texts.common(account) + "\n";
     for (std::size_t i = 0; i < account.drivers.size(); ++i) {
-        text += "  " + played.drivers().at(i)->settings().name;
+        text += "  " + oneLine(played.drivers().at(i)->name());
         for (const std::string& told : texts.row(account, i))
-            text += " | " + told;
+            text += " | " + oneLine(told);
         text += "\n";
     }
     return text;

@@ -70,7 +70,7 @@ std::string output(const SettingsCommand& command, const PlayedPage& played)
 void save(const SettingsCommand& command, const SettingsSource& source, const PlayedPage& played)
 {
     if (!command.force && isSameFile(command.save, source.file) && hasChangedSince(source.file, source.content))
-        throw InputError(command.save + ": has changed since it was read; --force saves all the same");
+        throw InputError(command.save + ": has changed or is gone since it was read; --force saves all the same");
     saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
 }
 

@@ -59,11 +59,22 @@ Setup loadSetup(const std::string& file)
     return parseSetup(readFile(file), file);
 }
 
+void refuseDevice(const std::string& file)
+{
+    using std::filesystem::file_type;
+    std::error_code unknown;
+    switch (std::filesystem::status(file, unknown).type()) {
+    case file_type::directory: throw InputError(file + ": is a folder");
+    case file_type::block:
+    case file_type::character:
+    case file_type::socket: throw InputError(file + ": is no file");
+    default: break;
+    }
+}
+
 std::string readFile(const std::string& file)
 {
-    std::error_code unknown;
-    if (std::filesystem::is_directory(file, unknown))
-        throw InputError(file + ": is a folder");
+    refuseDevice(file);
     std::ifstream stream(file, std::ios::binary);
     std::ostringstream content;
     if (!stream)

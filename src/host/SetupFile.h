@@ -23,7 +23,11 @@ Setup parseSetup(const std::string& text, const std::string& file);
 /// The same from a file; one that cannot be read is an `InputError`, too.
 Setup loadSetup(const std::string& file);
 
-/// The whole content of a file. Fails with an `InputError`.
+/// Fails with an `InputError` for a folder, and for a device or a socket, which may keep its reader waiting or never
+/// end. A pipe is taken.
+void refuseDevice(const std::string& file);
+
+/// The whole content of a file that is no device. Fails with an `InputError`.
 std::string readFile(const std::string& file);
 
 /// A date with its time of day, "2026-11-21 09:30:00"; none when the text is no date.

@@ -23,8 +23,9 @@ std::string saveSetup(const std::string& file, const Setup& setup)
 bool hasChangedSince(const std::string& file, const std::string& content)
 {
     std::error_code ignored;
-    if (!std::filesystem::is_regular_file(file, ignored))
-        return false;
+    const auto status = std::filesystem::status(file, ignored);
+    if (!std::filesystem::is_regular_file(status))
+        return status.type() == std::filesystem::file_type::not_found;
     try {
         return readFile(file) != content;
     } catch (const InputError&) {

@@ -10,7 +10,7 @@ namespace ko {
 /// the reason.
 std::string saveSetup(const std::string& file, const Setup& setup);
 
-/// Whether the file is there with another content than `content`, which it had when it was read or written last.
+/// Whether the file is gone, or has another content than `content`, which it had when it was read or written last.
 bool hasChangedSince(const std::string& file, const std::string& content);
 
 /// `setup` with the drivers' present values, in their order.

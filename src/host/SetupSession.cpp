@@ -10,24 +10,19 @@ namespace ko {
 
 namespace {
 
-/// A pipe or a device may keep its reader waiting, or never end.
-void refuseEndless(const std::string& file)
+/// A pipe may keep the window waiting, and cannot be saved to.
+void refusePipe(const std::string& file)
 {
-    using std::filesystem::file_type;
     std::error_code unknown;
-    switch (std::filesystem::status(file, unknown).type()) {
-    case file_type::block:
-    case file_type::character:
-    case file_type::fifo:
-    case file_type::socket: throw InputError(file + ": is no file");
-    default: break;
-    }
+    if (std::filesystem::is_fifo(file, unknown))
+        throw InputError(file + ": is no file");
 }
 
 } // namespace
 
 void SetupSession::load(const std::string& file)
 {
+    refusePipe(file);
     std::string content = readFile(file);
     Setup setup = parseSetup(content, file);
     drivers_ = makeDrivers(setup);
@@ -47,7 +42,6 @@ bool SetupSession::open(const std::string& file, SessionQuestions& questions)
 bool SetupSession::tryLoad(const std::string& file, SessionQuestions& questions)
 {
     try {
-        refuseEndless(file);
         load(file);
         return true;
     } catch (const InputError& error) {

@@ -60,8 +60,9 @@ void declare(CLI::App& app, CommandLine& line)
 /// Opened once only: a script may come through a pipe.
 std::ifstream openScript(const std::string& file)
 {
+    ko::refuseDevice(file);
     std::ifstream script(file, std::ios::binary);
-    if (!script || std::filesystem::is_directory(file))
+    if (!script)
         throw ko::InputError(file + ": cannot be opened");
     return script;
 }

@@ -40,4 +40,17 @@ std::string_view utf8Part(std::string_view text, std::size_t start, std::size_t 
     return text.substr(first, skip(text, first, length) - first);
 }
 
+std::string withoutDirections(std::string text)
+{
+    const auto turns = [](std::string_view character) {
+        return (character >= "\u202A" && character <= "\u202E") || (character >= "\u2066" && character <= "\u2069");
+    };
+    // Each of them takes three bytes, and so does what replaces it.
+    constexpr std::size_t length = 3;
+    for (std::size_t at = text.find('\xE2'); at != std::string::npos; at = text.find('\xE2', at + 1))
+        if (turns(std::string_view(text).substr(at, length)))
+            text.replace(at, length, "\uFFFD");
+    return text;
+}
+
 } // namespace ko

@@ -39,18 +39,23 @@ TEST(DriverHealthTest, ADriverFailsFromItsFirstFailedCallUntilEachHasSucceeded)
               (Names{"Digitizer: SamplePeriod set", "Scanner: ScanPeriod set"}));
 }
 
-TEST(DriverHealthTest, ARebuildWithoutAFailureAnswersForEverything)
+TEST(DriverHealthTest, ARebuildAnswersForTheOperationsThatItCalls)
 {
+    const std::string read = "fail 0 \"BlockSize get\"\nshow\n";
     const std::string once = "fail 0 \"SamplePeriod set\"\ntext txtSamplePeriod 0.002\n";
     for (const char* rebuild : {"setup", "show", "read-only on"}) {
-        EXPECT_EQ(failingAfter(once + rebuild), Names()) << rebuild;
+        EXPECT_EQ(failingAfter(read + rebuild), Names{"Digitizer: BlockSize get"}) << rebuild;
+        EXPECT_EQ(failingAfter(read + "heal 0\n" + rebuild), Names()) << rebuild;
+        EXPECT_EQ(failingAfter(once + read + "heal 0\n" + rebuild), Names{"Digitizer: SamplePeriod set"})
+            << rebuild << " writes no sample period";
         EXPECT_EQ(failingAfter(once + "fail 0 \"SampleChoiceList get\"\n" + rebuild),
                   Names{"Digitizer: SampleChoiceList get"})
             << rebuild;
     }
-    EXPECT_EQ(failingAfter(once + "drivers-changed"), Names{"Digitizer: SamplePeriod set"}) << "builds no page";
-    EXPECT_EQ(failingAfter(once + "hide\nsetup"), Names{"Digitizer: SamplePeriod set"}) << "a hidden page is not built";
-    EXPECT_EQ(failingAfter(once + "announce 1\nhand-over 0\nshow"), Names{"Digitizer: SamplePeriod set"})
+    EXPECT_EQ(failingAfter(read + "heal 0\ndrivers-changed"), Names{"Digitizer: BlockSize get"}) << "builds no page";
+    EXPECT_EQ(failingAfter(read + "heal 0\nhide\nsetup"), Names{"Digitizer: BlockSize get"})
+        << "a hidden page is not built";
+    EXPECT_EQ(failingAfter(read + "heal 0\nannounce 1\nhand-over 0\nshow"), Names{"Digitizer: BlockSize get"})
         << "a driver that is not called has not answered";
 }
 
@@ -78,6 +83,16 @@ TEST(DriverHealthTest, ACallIsKnownByItsArgumentsAndIsToldWithReasonAndTime)
     EXPECT_EQ(health.failing().size(), 1U) << "another group";
     health.answered(*drivers[0], {Operation::ChannelCount, {7}, none});
     EXPECT_EQ(health.failing().size(), 0U);
+
+    const auto fail = [&](std::int32_t group) {
+        health.failed(*drivers[0], {Operation::ChannelCount, {group}, nullptr, failure});
+    };
+    const auto answer = [&] { health.answered(*drivers[0], {Operation::ChannelCount, {6}, none}); };
+    fail(7);
+    health.rebuild([&] { answer(), fail(8); });
+    EXPECT_EQ(health.failing().size(), 1U);
+    health.rebuild(answer);
+    EXPECT_EQ(health.failing().size(), 0U) << "there may be no such group any more";
 }
 
 TEST(DriverHealthTest, ScenariosExpectADriverToFailOrNot)

@@ -210,7 +210,8 @@ TEST(SetupFileTest, AFileCutOffAnywhereIsRefusedAndNothingElse)
 TEST(SetupFileTest, AFileThatCannotBeOpenedIsRefusedByName)
 {
     EXPECT_THROW(loadSetup("no/such/file.json"), InputError);
-    EXPECT_THROW(loadSetup(KO_DEMO_FOLDER), InputError);
+    for (const char* const file : {KO_DEMO_FOLDER, "/dev/zero", "/dev/null"})
+        EXPECT_THROW(loadSetup(file), InputError) << file;
     EXPECT_EQ(loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json").instruments.size(), 5U);
 }
 

@@ -175,7 +175,13 @@ TEST_F(SetupSessionTest, AFileThatAnotherProgramHasChangedIsOverwrittenOnlyWhenT
     }
     session.load(bench());
     fs::remove(session.file());
-    EXPECT_TRUE(session.save(user)) << "nothing to overwrite";
+    user.conflict = Conflict::Cancel;
+    user.asked.clear();
+    EXPECT_FALSE(session.save(user));
+    EXPECT_EQ(user.asked, "conflict ") << "a file that is gone is not what was read";
+    EXPECT_FALSE(fs::exists(session.file()));
+    user.conflict = Conflict::Overwrite;
+    EXPECT_TRUE(session.save(user));
 }
 
 TEST_F(SetupSessionTest, ReloadingIsOfferedOnceForEachWholeSetupWhileNothingHasChangedHere)
