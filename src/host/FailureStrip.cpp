@@ -4,6 +4,7 @@
 #include "platform/DateTimes.h"
 #include "widgets/Guarded.h"
 #include "widgets/PlainText.h"
+#include "widgets/ShownText.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -166,8 +167,9 @@ void FailureStrip::announce(const std::vector<DriverFailure>& failures)
 
 QString FailureStrip::lineOf(const DriverFailure& failure) const
 {
-    const QString reason = QStringLiteral("%1 (%2)").arg(toQt(failure.reason), QString::number(failure.number));
-    return lineText_.arg(toQt(failure.name), toQt(failingName(failure.operation)), timeText(failure.time), reason);
+    const QString reason = QStringLiteral("%1 (%2)").arg(toShown(failure.reason), QString::number(failure.number));
+    return lineText_.arg(toShown(failure.name), toShown(failingName(failure.operation)), timeText(failure.time),
+                         reason);
 }
 
 } // namespace ko

@@ -2,6 +2,7 @@
 #include "host/InstrumentRow.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
+#include "widgets/ShownText.h"
 
 #include <array>
 
@@ -13,13 +14,13 @@ struct Shown {
     const Texts& texts;
     const Locale& locale;
 
-    [[nodiscard]] QString number(double value) const { return toQt(numberText(value, locale)); }
+    [[nodiscard]] QString number(double value) const { return toShown(numberText(value, locale)); }
     [[nodiscard]] QString seconds(double value) const { return texts(hostText::seconds).arg(number(value)); }
     [[nodiscard]] QString yesOrNo(bool value) const { return texts(value ? hostText::yes : hostText::no); }
     [[nodiscard]] QString time(DateTime time) const
     {
         try {
-            return toQt(generalDate(time, locale));
+            return toShown(generalDate(time, locale));
         } catch (const Failure&) {
             return number(time.days);
         }
@@ -37,7 +38,7 @@ struct Shown {
 
 private:
     [[nodiscard]] QString any(std::monostate) const { return {}; }
-    [[nodiscard]] QString any(const std::string& text) const { return toQt(text); }
+    [[nodiscard]] QString any(const std::string& text) const { return toShown(text); }
     [[nodiscard]] QString any(bool value) const { return yesOrNo(value); }
     [[nodiscard]] QString any(std::int32_t value) const { return QString::number(value); }
     [[nodiscard]] QString any(double value) const { return number(value); }
@@ -89,15 +90,15 @@ QString faultsOf(const InstrumentRow& row, const Texts& texts)
 {
     QStringList operations;
     for (const SimulatedFailure& failure : row.driver().calls().failing())
-        operations << toQt(failure.operation);
+        operations << toShown(failure.operation);
     return operations.isEmpty() ? QString() : texts(hostText::failsAt).arg(operations.join(QStringLiteral(", ")));
 }
 
 QString channelName(const ChannelSettings& channel)
 {
     if (channel.name.empty())
-        return toQt(channel.address);
-    return QStringLiteral("%1 (%2)").arg(toQt(channel.name), toQt(channel.address));
+        return toShown(channel.address);
+    return QStringLiteral("%1 (%2)").arg(toShown(channel.name), toShown(channel.address));
 }
 
 const ParameterSettings& parameterOf(const InstrumentRow& row)
@@ -121,12 +122,12 @@ QString nameOf(const InstrumentRow& row, const Texts& texts)
 {
     switch (row.kind()) {
     case InstrumentRow::Kind::Root: break;
-    case InstrumentRow::Kind::Instrument: return toQt(row.driver().name());
+    case InstrumentRow::Kind::Instrument: return toShown(row.driver().name());
     case InstrumentRow::Kind::Timebase: return texts(hostText::timebase);
     case InstrumentRow::Kind::Quantity: return texts(timebaseMembers[row.item()].name);
-    case InstrumentRow::Kind::Group: return toQt(row.groupSettings().name);
+    case InstrumentRow::Kind::Group: return toShown(row.groupSettings().name);
     case InstrumentRow::Kind::Channel: return channelName(row.channelSettings());
-    case InstrumentRow::Kind::Parameter: return toQt(parameterOf(row).name);
+    case InstrumentRow::Kind::Parameter: return toShown(parameterOf(row).name);
     case InstrumentRow::Kind::Lines: return texts(hostText::triggerLines);
     case InstrumentRow::Kind::Line: return texts(lines[row.item()].name);
     }

@@ -2,6 +2,7 @@
 
 #include "host/HostTexts.h"
 #include "widgets/Guarded.h"
+#include "widgets/ShownText.h"
 
 #include <QListWidget>
 #include <QPointer>
@@ -21,7 +22,7 @@ public:
                      const std::string&, bool) override
     {
         if (reports_)
-            reports_->add(number, toQt(source), toQt(description));
+            reports_->add(number, toShown(source), toShown(description));
     }
 
 private:

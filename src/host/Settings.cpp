@@ -3,6 +3,7 @@
 #include "host/InputError.h"
 
 #include <algorithm>
+#include <map>
 #include <numeric>
 
 namespace ko {
@@ -61,6 +62,23 @@ Request requestOf(const Setting& setting, const PlayedPage& played, const std::s
     }
 }
 
+/// Names that read alike, such as those of parameters that differ in a line break, get a number each: none of them can
+/// be meant by a name that several have.
+void numberAlike(Settings& settings)
+{
+    std::map<std::string, int> uses;
+    for (const Setting& setting : settings)
+        ++uses[setting.name];
+    for (Setting& setting : settings) {
+        const std::string name = setting.name;
+        if (uses[name] == 1)
+            continue;
+        for (int number = 1; uses[setting.name] > 0; ++number)
+            setting.name = name + " (" + std::to_string(number) + ")";
+        uses[setting.name] = 1;
+    }
+}
+
 } // namespace
 
 Settings settingsOf(const PlayedPage& played)
@@ -68,6 +86,7 @@ Settings settingsOf(const PlayedPage& played)
     Settings settings;
     for (const auto add : {addSamplingSettings, addScheduleSettings, addTriggerSettings, addReadouts})
         add(settings, played);
+    numberAlike(settings);
     return settings;
 }
 

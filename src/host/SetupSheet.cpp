@@ -6,6 +6,7 @@
 #include "host/SheetTexts.h"
 #include "page/Quantities.h"
 #include "platform/DateTimes.h"
+#include "widgets/ShownText.h"
 
 namespace ko {
 
@@ -39,20 +40,20 @@ public:
 private:
     [[nodiscard]] QString text(int number) const { return source_.texts(number); }
     [[nodiscard]] QString plain(int number) const { return withoutMnemonic(text(number)); }
-    [[nodiscard]] QString name() const { return toQt(source_.file.empty() ? source_.title : source_.file); }
+    [[nodiscard]] QString name() const { return toShown(source_.file.empty() ? source_.title : source_.file); }
 
     /// A caption without mnemonic and colon.
     static QString caption(const CaptionControl& control)
     {
-        QString name = withoutMnemonic(toQt(control.caption())).trimmed();
+        QString name = withoutMnemonic(toShown(control.caption())).trimmed();
         while (name.endsWith(u':') || name.endsWith(u' ') || name.endsWith(QChar::Nbsp))
             name.chop(1);
         return name;
     }
-    static Cells entry(const Label& title, const Label& value) { return {caption(title), toQt(value.caption())}; }
+    static Cells entry(const Label& title, const Label& value) { return {caption(title), toShown(value.caption())}; }
     static Cells entry(const Label& title, const ComboBox& list, const TextBox& box)
     {
-        return {caption(title), toQt(list.visible() ? list.text() : box.text())};
+        return {caption(title), toShown(list.visible() ? list.text() : box.text())};
     }
 
     void head();
@@ -74,14 +75,14 @@ private:
 
 void Sheet::head()
 {
-    html_.heading(1, text(sheetText::sheet) + QStringLiteral(": ") + toQt(source_.title));
-    QString file = source_.file.empty() ? nothing : toQt(source_.file);
+    html_.heading(1, text(sheetText::sheet) + QStringLiteral(": ") + toShown(source_.title));
+    QString file = source_.file.empty() ? nothing : toShown(source_.file);
     if (source_.isChanged)
         file = text(sheetText::changed).arg(file);
     html_.values(
-        {{text(sheetText::file), file}, {text(sheetText::made), toQt(generalDate(source_.made, source_.locale))}});
+        {{text(sheetText::file), file}, {text(sheetText::made), toShown(generalDate(source_.made, source_.locale))}});
     html_.heading(2, text(sheetText::plan));
-    html_.paragraph(QStringLiteral("plan"), toQt(page_.lblPlan.caption()));
+    html_.paragraph(QStringLiteral("plan"), toShown(page_.lblPlan.caption()));
 }
 
 /// A frame's quantities, then the figures that follow from them.
@@ -117,13 +118,14 @@ void Sheet::schedule()
         if (option->value())
             rows << Cells{text(hostText::startMode), caption(*option)};
     if (page_.optStartTime.value())
-        rows << Cells{text(hostText::startTime), toQt(page_.txtStartTime.text())};
+        rows << Cells{text(hostText::startTime), toShown(page_.txtStartTime.text())};
     if (page_.optOnTrigger.value())
         rows << trigger();
     if (page_.optStopTime.value())
-        rows << Cells{text(hostText::stopMode), toQt(page_.txtStopTime.text())};
+        rows << Cells{text(hostText::stopMode), toShown(page_.txtStopTime.text())};
     else
-        rows << Cells{text(hostText::duration), toQt(page_.txtDuration.text()) + u' ' + toQt(page_.cmbInterval.text())};
+        rows << Cells{text(hostText::duration),
+                      toShown(page_.txtDuration.text()) + u' ' + toShown(page_.cmbInterval.text())};
     rows << entry(page_.lblDuration, page_.lblDurationValue);
     if (page_.lblStopTime.visible())
         rows << entry(page_.lblStopTime, page_.lblStopTimeValue);
@@ -132,14 +134,14 @@ void Sheet::schedule()
 
 Rows Sheet::trigger() const
 {
-    Rows rows{{caption(page_.lblChannel), toQt(page_.txtChannel.text())}};
+    Rows rows{{caption(page_.lblChannel), toShown(page_.txtChannel.text())}};
     const Grid& grid = page_.grdParam;
     for (std::int32_t row = 1; row <= grid.rowCount(); ++row) {
         const Grid::Cell& value = grid.cell(row, Grid::valueColumn);
-        QString shown = toQt(value.value);
+        QString shown = toShown(value.value);
         if (const auto state = checkState(value.value); state && value.style.control == CellStyle::Control::check)
             shown = text(*state ? hostText::yes : hostText::no);
-        rows << Cells{toQt(grid.cell(row, Grid::nameColumn).value), shown};
+        rows << Cells{toShown(grid.cell(row, Grid::nameColumn).value), shown};
     }
     return rows;
 }

@@ -4,6 +4,7 @@
 #include "widgets/FormView.h"
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
+#include "widgets/ShownText.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -84,7 +85,7 @@ void ChannelSelectorBinding::showEntries()
     for (const ChannelSelector::Entry& entry : selector_.entries()) {
         const int depth = entry.depth();
         auto* item = depth == 0 ? new QTreeWidgetItem(browser_.tree) : new QTreeWidgetItem(above[depth - 1]);
-        item->setText(0, toQt(entry.text));
+        item->setText(0, toShown(entry.text));
         item->setData(0, Qt::UserRole, static_cast<qulonglong>(items_.size()));
         items_.push_back(item);
         if (depth < 2)

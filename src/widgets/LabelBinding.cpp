@@ -4,6 +4,7 @@
 #include "widgets/Guarded.h"
 #include "widgets/PageTexts.h"
 #include "widgets/PlainText.h"
+#include "widgets/ShownText.h"
 
 #include <QEvent>
 #include <QLocale>
@@ -33,7 +34,7 @@ void LabelBinding::refresh(Aspect aspect)
         Binding::refresh(aspect);
         return;
     }
-    const QString caption = toQt(caption_.caption());
+    const QString caption = toShown(caption_.caption());
     label_.setText(fields_.empty() ? withoutMnemonic(caption) : view_.withMnemonic(caption));
     for (const Field& field : fields_)
         field.widget->setAccessibleName(withoutMnemonic(caption));
@@ -44,14 +45,14 @@ void LabelBinding::showBuddy()
 {
     const Field* shown = shownField();
     label_.setBuddy(shown ? shown->widget.data() : nullptr);
-    label_.setAccessibleName(withoutMnemonic(toQt(caption_.caption())));
+    label_.setAccessibleName(withoutMnemonic(toShown(caption_.caption())));
 }
 
 void LabelBinding::refreshHint()
 {
     // A label's tag is the number of its caption; its hint is that of the field it names.
     if (const Field* shown = shownField())
-        label_.setStatusTip(toQt(shown->control->tag()));
+        label_.setStatusTip(toShown(shown->control->tag()));
 }
 
 bool LabelBinding::eventFilter(QObject* object, QEvent* event)
@@ -82,15 +83,15 @@ void ValueBinding::refresh(Aspect aspect)
         Binding::refresh(aspect);
         return;
     }
-    const QString value = toQt(value_.caption());
+    const QString value = toShown(value_.caption());
     label_.setText(value);
     const QString spoken = isKnown() ? value : view_.text(pageText::notAvailable);
-    label_.setAccessibleName(withoutMnemonic(toQt(title_.caption())) + QStringLiteral(": ") + spoken);
+    label_.setAccessibleName(withoutMnemonic(toShown(title_.caption())) + QStringLiteral(": ") + spoken);
 }
 
 bool ValueBinding::isKnown() const
 {
-    return toQt(value_.caption()) != view_.text(pageText::notApplicable);
+    return toShown(value_.caption()) != view_.text(pageText::notApplicable);
 }
 
 LimitedValueBinding::LimitedValueBinding(FormView& view, LimitedLabel& control, QLabel& label, Label& title,
@@ -101,7 +102,7 @@ LimitedValueBinding::LimitedValueBinding(FormView& view, LimitedLabel& control, 
     bar.setObjectName(toQt(control.name()) + QStringLiteral("Share"));
     bar.setRange(0, steps);
     bar.setTextVisible(false);
-    bar.setAccessibleName(withoutMnemonic(toQt(title.caption())) + QStringLiteral(": ") +
+    bar.setAccessibleName(withoutMnemonic(toShown(title.caption())) + QStringLiteral(": ") +
                           view.text(pageText::shareOfLimit));
     showShare();
 }
@@ -143,7 +144,7 @@ void SentenceBinding::refresh(Aspect aspect)
         Binding::refresh(aspect);
         return;
     }
-    label_.setText(toQt(sentence_.caption()));
+    label_.setText(toShown(sentence_.caption()));
     if (label_.accessibleName().isEmpty())
         label_.setAccessibleName(label_.text());
     else

@@ -2,6 +2,7 @@
 
 #include "widgets/Convert.h"
 #include "widgets/PlainText.h"
+#include "widgets/ShownText.h"
 
 #include <QApplication>
 
@@ -23,7 +24,7 @@ QMessageBox::Icon iconOf(int style)
 void QtMessageBox::show(const std::string& text, const std::string& title, int style)
 {
     QWidget* top = QApplication::activeModalWidget();
-    PlainBox box(iconOf(style), toQt(title), toQt(text), {}, QMessageBox::Ok, top ? top : owner_.data());
+    PlainBox box(iconOf(style), toShown(title), toShown(text), {}, QMessageBox::Ok, top ? top : owner_.data());
     box.exec();
 }
 

@@ -2,6 +2,7 @@
 
 #include "widgets/FormView.h"
 #include "widgets/PlainText.h"
+#include "widgets/ShownText.h"
 
 #include <QHeaderView>
 #include <algorithm>
@@ -69,7 +70,7 @@ void TableBinding::showContent()
 {
     QStringList headers;
     for (const std::string& column : content_.columns())
-        headers << toQt(column);
+        headers << toShown(column);
     table_.setColumnCount(static_cast<int>(headers.size()));
     table_.setHorizontalHeaderLabels(headers);
     table_.setRowCount(static_cast<int>(content_.rows().size()));
@@ -83,7 +84,7 @@ void TableBinding::showContent()
 void TableBinding::showRow(int row)
 {
     const Table::Row& content = content_.rows()[static_cast<std::size_t>(row)];
-    auto* header = new QTableWidgetItem(toQt(content.header));
+    auto* header = new QTableWidgetItem(toShown(content.header));
     header->setToolTip(plainTip(header->text()));
     header->setData(Qt::TextAlignmentRole, static_cast<int>(Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap);
     table_.setVerticalHeaderItem(row, header);
@@ -100,8 +101,8 @@ void TableBinding::showCell(int row, int column, const Table::Cell& cell)
         item->setTextAlignment(Qt::AlignCenter);
         table_.setItem(row, column, item);
     }
-    const QString meaning = toQt(cell.meaning);
-    item->setText(toQt(cell.text));
+    const QString meaning = toShown(cell.meaning);
+    item->setText(toShown(cell.text));
     item->setToolTip(plainTip(meaning));
     item->setStatusTip(meaning);
     item->setData(Qt::AccessibleDescriptionRole, meaning);
@@ -131,10 +132,10 @@ void TableBinding::showSizes()
     const QFontMetrics metrics(bold);
     int widest = 0;
     for (const std::string& column : content_.columns())
-        widest = std::max(widest, metrics.horizontalAdvance(toQt(column)));
+        widest = std::max(widest, metrics.horizontalAdvance(toShown(column)));
     for (const Table::Row& row : content_.rows())
         for (const Table::Cell& cell : row.cells)
-            widest = std::max(widest, longestWord(metrics, toQt(cell.text)));
+            widest = std::max(widest, longestWord(metrics, toShown(cell.text)));
     const int margin = metrics.averageCharWidth();
     columnWidth_ = std::max(columnWidth_, widest + 2 * margin);
     table_.horizontalHeader()->setDefaultSectionSize(columnWidth_);

@@ -1,6 +1,7 @@
 #include "host/Settings.h"
 
 #include "host/InputError.h"
+#include "host/OffersList.h"
 #include "host/SettingsList.h"
 
 #include <gtest/gtest.h>
@@ -242,10 +243,11 @@ TEST(Settings, AreListedWithWhatTheyCanBeSetTo)
 
 TEST(Settings, AreListedInALineEachAndSetByThatNameWhateverItIs)
 {
-    for (const std::string name : {"=", "a=b", "Level=1=2", "a\nb", "a\r\n\tb", "--set x=1", "\"q\\", "\x7f\xc3\xa4"}) {
+    for (const std::string name :
+         {"=", "a=b", "Level=1=2", "a\nb", "a\r\n\tb", "--set x=1", "\"q\\", "\x7f\xc3\xa4", "\u202Ea\u2066"}) {
         Json setup = Json::parse(ranges);
         Json& channel = setup["drivers"][0]["groups"][0]["channels"][0];
-        channel["name"] = name;
+        channel["name"] = setup["drivers"][0]["name"] = name;
         for (Json& parameter : channel["triggerParameters"])
             parameter["name"] = name + parameter["type"].get<std::string>();
         channel["triggerParameters"].push_back(
@@ -261,7 +263,23 @@ TEST(Settings, AreListedInALineEachAndSetByThatNameWhateverItIs)
         const std::string table = settingsTable(settings, bench.played()), names = settingNames(settings);
         EXPECT_EQ(std::count(names.begin(), names.end(), '\n'), static_cast<std::ptrdiff_t>(settings.size()));
         EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), static_cast<std::ptrdiff_t>(settings.size()) + 1);
+        const std::string offers = offersText(bench.played());
+        EXPECT_NE(offers.find("\n  " + oneLine(name) + " | "), std::string::npos) << offers;
+        EXPECT_EQ((names + table + offers).find("\u202E"), std::string::npos);
     }
+}
+
+TEST(Settings, OfNamesThatReadAlikeAreNumberedAndReachedOneByOne)
+{
+    Json setup = Json::parse(ranges);
+    Json& parameters = setup["drivers"][0]["groups"][0]["channels"][0]["triggerParameters"];
+    const char* const names[]{"x\ny", "x y", "x y (1)"};
+    for (std::size_t i = 0; i < std::size(names); ++i)
+        parameters[i] = {{"id", i + 4}, {"name", names[i]}, {"type", "String"}, {"value", "old"}};
+    Bench bench(setup.dump());
+    EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=A", "trigger.x y (3)=b", "trigger.x y (1)=c"}), "");
+    EXPECT_EQ(bench.get("trigger.x y (2)") + bench.get("trigger.x y (3)") + bench.get("trigger.x y (1)"), "oldbc");
+    EXPECT_THROW(bench.get("trigger.x y"), InputError);
 }
 
 TEST(Settings, WithoutAFiniteValueHaveNone)
