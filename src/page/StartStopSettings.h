@@ -28,6 +28,7 @@ struct StartStopSettings {
     {
         return {vars.startMode, vars.startTime, vars.stopMode, vars.duration};
     }
+    [[nodiscard]] bool isComplete() const { return startMode && startTime && stopMode && duration; }
     /// All members as the driver has them: start mode, start time, stop mode, duration, in this order. Failures are
     /// reported to `step`.
     static StartStopSettings readAll(const Steps& step, Timebase& timebase);

@@ -181,7 +181,7 @@ void Recording::captureStartStop(StartStopSettings known)
 {
     if (page_.readOnly)
         return;
-    firstTimebase(page_.currentDrivers(), [&](Driver&, Timebase& timebase) {
+    const auto from = firstTimebase(page_.currentDrivers(), [&](Driver&, Timebase& timebase) {
         const StartStopSettings held = std::exchange(known, {});
         page_.triggerVars = TriggerVars{held.startMode ? *held.startMode : timebase.StartMode(),
                                         held.startTime ? *held.startTime : timebase.StartTime(),
@@ -189,6 +189,21 @@ void Recording::captureStartStop(StartStopSettings known)
                                         held.duration ? *held.duration : timebase.Duration()};
         return true;
     });
+    isFirstCaptured_ = from && !from.isAfterFailing;
+}
+
+StartStopSettings Recording::settingsOfFirst(const Steps& step)
+{
+    if (page_.triggerVars && isFirstCaptured_)
+        return StartStopSettings::of(*page_.triggerVars);
+    const IndexedTimebase first = firstTimebase(page_.currentDrivers());
+    if (!first || first.isAfterFailing)
+        return {};
+    const StartStopSettings read = StartStopSettings::readAll(step, *first.timebase);
+    isFirstCaptured_ = read.isComplete();
+    if (isFirstCaptured_)
+        page_.triggerVars = TriggerVars{*read.startMode, *read.startTime, *read.stopMode, *read.duration};
+    return read;
 }
 
 void Recording::loaded(const Steps& step, double seconds)

@@ -72,6 +72,11 @@ public:
     /// timebase is `known` to hold is not asked again. A failing driver is passed over without a report.
     void captureStartStop(StartStopSettings known = {});
 
+    /// The settings that a page which is built hands on to all drivers: those in `triggerVars` where the first timebase
+    /// gave them, else what it answers now, which is captured when it is complete. What was captured from a later
+    /// driver, because the first one failed, never replaces the settings of the first.
+    [[nodiscard]] StartStopSettings settingsOfFirst(const Steps& step);
+
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
 
@@ -113,6 +118,7 @@ private:
     StartStopSettings readBack_; ///< by the last write, from the first driver, whose settings are shown for all
     std::optional<Kept> kept_;
     Accepted accepted_;
+    bool isFirstCaptured_ = false; ///< `triggerVars` came from the first timebase when they were captured last
 };
 
 } // namespace ko

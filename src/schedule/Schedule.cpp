@@ -12,8 +12,8 @@ namespace {
 
 constexpr double defaultSeconds = 10.0;
 
-/// An unknown mode counts as 0, and only a start at a time has a stop at a time. A stop mode whose start mode could not
-/// be read stays.
+/// An unknown mode counts as 0, and only a start at a time has a stop at a time: a stop mode whose start mode could not
+/// be read is none to hand on.
 void normalizeModes(StartStopSettings& settings)
 {
     if (settings.startMode &&
@@ -22,6 +22,8 @@ void normalizeModes(StartStopSettings& settings)
     const bool startsElsewhere = settings.startMode && settings.startMode != startMode::atTime;
     if (settings.stopMode && (settings.stopMode != stopMode::atTime || startsElsewhere))
         settings.stopMode = stopMode::afterDuration;
+    if (!settings.startMode)
+        settings.stopMode.reset();
 }
 
 } // namespace
@@ -34,20 +36,20 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
 {
 }
 
-/// Those of the page unless there are none or the page is read-only, else those of the start master or, without one,
-/// of the scan master. Without a dynamic driver the recording does not start on a trigger.
+/// Those of the first timebase or, on a read-only page, those of the start master or, without one, of the scan master,
+/// as far as they can be read: settings that no driver has given are never written. Without a dynamic driver the
+/// recording does not start on a trigger.
 StartStopSettings Schedule::settingsToApply(const Steps& step)
 {
     StartStopSettings settings;
-    const bool arePages = page_.triggerVars && !page_.readOnly;
-    const std::int32_t source = page_.dynamicDriverIndex < 0 ? page_.staticDriverIndex : page_.dynamicDriverIndex;
-    if (arePages)
-        settings = StartStopSettings::of(*page_.triggerVars);
-    else if (Timebase* timebase = step.value([&] { return page_.timebaseAt(source); }))
-        settings = StartStopSettings::readAll(step, *timebase);
-    if (!page_.readOnly)
+    const std::int32_t master = page_.dynamicDriverIndex < 0 ? page_.staticDriverIndex : page_.dynamicDriverIndex;
+    if (!page_.readOnly) {
+        settings = recording_.settingsOfFirst(step);
         normalizeModes(settings);
-    if (arePages) {
+    } else if (Timebase* timebase = step.value([&] { return page_.timebaseAt(master); })) {
+        settings = StartStopSettings::readAll(step, *timebase);
+    }
+    if (!page_.readOnly && settings.isComplete()) {
         page_.triggerVars->startMode = *settings.startMode;
         page_.triggerVars->stopMode = *settings.stopMode;
     }
@@ -81,9 +83,6 @@ StartStopSettings Schedule::applyStartStop(const Steps& loading)
 
 void Schedule::loadStartStop(const Steps& step)
 {
-    // Settings that no driver has given are never written: without a timebase to capture there are none.
-    if (!page_.triggerVars)
-        recording_.captureStartStop();
     loaded_ = applyStartStop(step);
     step([&] { page_.cmbInterval.select(0); });
     show(step);
