@@ -30,8 +30,9 @@ public:
     /// The duration entered on the page, in seconds; may be 0 or negative when stopping at a time.
     [[nodiscard]] double getDurationSeconds() const;
 
-    /// The same as the drivers keep it, as far as that is known; what they hold where the page lacks a time.
-    [[nodiscard]] double plannedSeconds() const;
+    /// The same as the drivers keep it, as far as that is known; what they hold where the page lacks a time or the
+    /// duration; none where that is not known either.
+    [[nodiscard]] std::optional<double> plannedSeconds() const;
 
     /// `start` plus a duration. Where a time of day runs over midnight it is taken on today's date.
     [[nodiscard]] DateTime stopTime(double seconds, DateTime start) const;
@@ -39,16 +40,22 @@ public:
     [[nodiscard]] std::string computeStopTime(double seconds, DateTime start) const;
 
     /// The duration that the drivers hold, in seconds; without a timebase the one last accepted.
-    [[nodiscard]] double durationInForce() const;
+    [[nodiscard]] std::optional<double> durationInForce() const;
     /// The same; where it cannot be read, which is reported, the one last accepted.
-    [[nodiscard]] double durationInForce(const Steps& step) const;
+    [[nodiscard]] std::optional<double> durationInForce(const Steps& step) const;
     /// The same without asking a driver, as `write` has read it back.
-    [[nodiscard]] double durationReadBack() const;
+    [[nodiscard]] std::optional<double> durationReadBack() const;
+    /// Whether the duration was read from a driver, or accepted, since the page was built.
+    [[nodiscard]] bool isDurationKnown() const { return accepted_.seconds.has_value(); }
+
+    /// The drivers hold this duration: an empty box shows it, and plan and labels follow when they showed another.
+    void follow(const Steps& step, double seconds);
 
     /// An empty start time becomes the time of day.
     void fillStartTime();
 
-    /// A stop time that is missing or not later than the start becomes the start plus the duration entered.
+    /// A stop time that is missing or not later than the start becomes the start plus the duration entered;
+    /// empty while that is not known.
     void fillStopTime();
 
     /// Sets the text of a time box without the handlers of a change.
@@ -80,9 +87,9 @@ public:
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
 
-    /// The page was built, and shows what the drivers hold, `seconds` of duration among it: what a later refusal
-    /// returns to.
-    void loaded(const Steps& step, double seconds);
+    /// The page was built, and shows what the drivers hold, `seconds` of duration among it where it is known:
+    /// what a later refusal returns to.
+    void loaded(const Steps& step, std::optional<double> seconds);
 
     /// Puts the options and both times back as they were last accepted.
     void putBack();
@@ -100,14 +107,14 @@ private:
         OptionButton* start = nullptr;
         OptionButton* stop = nullptr;
         std::string startTime, stopTime;
-        double seconds = 0.0;
+        std::optional<double> seconds = 0.0;
     };
 
     static bool noneHolds(const StartStopSettings& /*before*/) { return false; }
     [[nodiscard]] DateTime onToday(DateTime time) const;
     [[nodiscard]] bool isEntered() const;
     [[nodiscard]] bool lacksStopTime() const;
-    void accept(double seconds);
+    void accept(std::optional<double> seconds);
     void showKept(const Steps& step, const StartStopSettings& kept);
     void showModes(const StartStopSettings& kept);
     void showDuration(double seconds);

@@ -10,7 +10,7 @@ namespace ko {
 
 namespace {
 
-constexpr double defaultSeconds = 10.0;
+constexpr float defaultSeconds = 10.0F;
 
 /// An unknown mode counts as 0, and only a start at a time has a stop at a time: a stop mode whose start mode could not
 /// be read is none to hand on.
@@ -65,7 +65,7 @@ StartStopSettings Schedule::settingsToApply(const Steps& step)
     return settings;
 }
 
-/// What the first timebase then holds.
+/// What the first timebase then holds; without one the default duration, unless a driver could not be asked.
 StartStopSettings Schedule::applyStartStop(const Steps& loading)
 {
     const Steps step(support_.errors, "applyStartStop", errorSource::triggering);
@@ -78,7 +78,12 @@ StartStopSettings Schedule::applyStartStop(const Steps& loading)
         else
             (void)settings.read(step, *at.timebase);
     });
-    return first.value_or(StartStopSettings{});
+    if (first)
+        return *first;
+    StartStopSettings without;
+    if (!firstTimebase(page_.currentDrivers()).isAfterFailing)
+        without.duration = defaultSeconds;
+    return without;
 }
 
 void Schedule::loadStartStop(const Steps& step)
@@ -97,9 +102,10 @@ void Schedule::loaded(const Steps& step)
     recording_.loaded(step, loadedSeconds());
 }
 
-double Schedule::loadedSeconds() const
+/// None where a driver has one that could not be read.
+std::optional<double> Schedule::loadedSeconds() const
 {
-    return loaded_.duration ? widen(*loaded_.duration) : defaultSeconds;
+    return loaded_.duration ? std::optional(widen(*loaded_.duration)) : std::nullopt;
 }
 
 /// A time that could not be read, or cannot be shown, leaves its box empty.
@@ -121,8 +127,8 @@ void Schedule::show(const Steps& step)
     if (loaded_.startTime)
         step([&] {
             start = generalDate(*loaded_.startTime, support_.locale());
-            if (stopsAtTime)
-                stop = recording_.computeStopTime(loadedSeconds(), *loaded_.startTime);
+            if (const auto seconds = loadedSeconds(); seconds && stopsAtTime)
+                stop = recording_.computeStopTime(*seconds, *loaded_.startTime);
         });
     page_.txtStartTime.setText(start);
     if (stopsAtTime)

@@ -243,6 +243,56 @@ TEST_F(ScheduleReadBack, AChangeThatCannotBeReadBackIsNotifiedAndTheBoxShowsTheV
     EXPECT_EQ(page().txtDuration.text(), "60");
     page().moveFocus(&page().optAfter);
     EXPECT_EQ(page().txtDuration.text(), "15");
+    EXPECT_NE(plan().find("records 15 s"), std::string::npos) << plan();
+    EXPECT_EQ(page().lblDurationValue.caption(), "15.36 seconds");
+}
+
+TEST_F(ScheduleReadBack, ADurationThatCannotBeReadIsNotInventedAndIsShownWhenItIsReadNext)
+{
+    const struct {
+        const char* how;
+        std::int32_t stops;
+        std::function<void()> event;
+        const char* then; // the first driver's settings
+    } cases[] = {{"mode", 0, [this] { start(0).userClicked(); }, "0 0 8:00:00 AM 77"},
+                 {"start time", 0,
+                  [this] {
+                      pickTime(page().cmdStartTime, {0, 0, 0, 7, 0, 0}, false);
+                  },
+                  "1 0 7:00:00 AM 77"},
+                 {"stop at time", 0, [this] { stop(1).userClicked(); }, "1 1 8:00:00 AM 77"},
+                 {"after", 1, [this] { stop(0).userClicked(); }, "1 0 8:00:00 AM 77"},
+                 {"unit", 0,
+                  [this] {
+                      ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
+                               page().cmbInterval.userChose(1);
+                  },
+                  "1 0 8:00:00 AM 77"},
+                 {"leaving", 0,
+                  [this] {
+                      page().moveFocus(&page().txtDuration);
+                      page().moveFocus(&page().optAfter);
+                  },
+                  "1 0 8:00:00 AM 77"}};
+    for (const auto& it : cases)
+        for (const bool readable : {false, true}) {
+            document = makeDocument(shared, host);
+            fakes.clear();
+            openTwo(1, it.stops, "8:00:00 AM", 77);
+            document = makeDocument(shared, host);
+            failIn({"Duration"});
+            open();
+            EXPECT_EQ(page().txtDuration.text() + page().txtStopTime.text(), "") << it.how;
+            EXPECT_NE(plan().find("not known"), std::string::npos) << plan();
+            EXPECT_EQ(page().lblDurationValue.caption(), page().notApplicableText);
+            if (readable)
+                failIn({});
+            it.event();
+            EXPECT_EQ(held(), Texts(2, it.then)) << it.how;
+            EXPECT_EQ(plan().find("not known") == std::string::npos, readable) << it.how << plan();
+            EXPECT_EQ(page().txtDuration.text().empty(), !readable) << it.how;
+            host.takeReports();
+        }
 }
 
 TEST_F(ScheduleReadBack, TheTriggerIsSwitchedForAStartThatIsKnownAndBeforeTheHostIsNotified)
