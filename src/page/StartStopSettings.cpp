@@ -23,28 +23,28 @@ StartStopSettings StartStopSettings::read(const Steps& step, Timebase& timebase)
 
 bool StartStopSettings::write(const Steps& step, Timebase& timebase, Order order) const
 {
-    bool written = false;
+    bool isWhole = true;
     const auto writeDuration = [&] {
         if (duration)
-            written |= step([&] { timebase.setDuration(*duration); });
+            isWhole &= step([&] { timebase.setDuration(*duration); });
     };
     const auto writeStartMode = [&] {
         if (startMode)
-            written |= step([&] { timebase.setStartMode(*startMode); });
+            isWhole &= step([&] { timebase.setStartMode(*startMode); });
     };
     if (order == Order::Edited)
         writeDuration();
     else
         writeStartMode();
     if (startTime)
-        written |= step([&] { timebase.setStartTime(*startTime); });
+        isWhole &= step([&] { timebase.setStartTime(*startTime); });
     if (order == Order::Edited)
         writeStartMode();
     if (stopMode)
-        written |= step([&] { timebase.setStopMode(*stopMode); });
+        isWhole &= step([&] { timebase.setStopMode(*stopMode); });
     if (order == Order::Loaded)
         writeDuration();
-    return written;
+    return isWhole;
 }
 
 } // namespace ko

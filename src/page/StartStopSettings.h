@@ -36,7 +36,7 @@ struct StartStopSettings {
     /// The members that are set here, as the driver has them. Failures are reported to `step`.
     [[nodiscard]] StartStopSettings read(const Steps& step, Timebase& timebase) const;
 
-    /// Writes the members that are set; whether any write succeeded. Failures are reported to `step`.
+    /// Writes the members that are set; whether all writes succeeded. Failures are reported to `step`.
     bool write(const Steps& step, Timebase& timebase, Order order = Order::Edited) const;
 
     bool operator==(const StartStopSettings&) const = default;

@@ -153,6 +153,7 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
     forEachTimebase(step, drivers, [&](const IndexedTimebase& at) { guarded.write(step, at, holds, [] {}); });
     if (step.isSuperseded())
         return Result::PutBack;
+    guarded.restoreIncomplete(step);
     readBack();
     if (guarded.anyTried() && !guarded.anyWritten()) {
         step(restore);

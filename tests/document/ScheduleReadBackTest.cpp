@@ -205,8 +205,9 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
     const std::set<std::string> writes{"setDuration", "setStartMode", "setStartTime", "setStopMode"};
     std::set<std::string> all = writes;
     all.insert({"Duration", "StartMode", "StartTime", "StopMode"});
+    const char* const decisive[] = {"setStartMode", "setStopMode", "setStartTime", "setStopMode"};
     for (const bool atTime : {false, true})
-        for (const std::set<std::string>& failing : {writes, all})
+        for (std::set<std::string> failing : {writes, all, {}})
             for (std::size_t i = 0; i < (atTime ? 4U : 2U); ++i) {
                 document = makeDocument(shared, host);
                 fakes.clear();
@@ -215,9 +216,13 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
                     driver->bytes = nullptr;
                 const auto [name, change] = (atTime ? changesAtTime() : changesOfDuration())[i];
                 const std::string before = shown();
+                const Texts heldBefore = held();
                 host.changes = 0;
+                if (failing.size() < 2) // a part of the change is taken
+                    failing = {atTime ? decisive[i] : "setDuration"};
                 failIn(failing);
                 change();
+                EXPECT_EQ(held(), heldBefore) << name;
                 EXPECT_EQ(shown(), before) << name;
                 EXPECT_EQ(host.changes, 0) << name;
                 EXPECT_FALSE(host.takeReports().empty()) << name;
@@ -226,6 +231,17 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
                 EXPECT_NE(shown(), before) << name;
                 EXPECT_EQ(host.changes, 1) << name;
             }
+}
+
+TEST_F(ScheduleReadBack, ADriverThatTakesAPartOfAChangeGetsItsOldValuesBackWhileTheOthersKeepIt)
+{
+    openTwo(1, 1, "8:00:00 AM", 50);
+    fakes[1]->failing = {"setStartTime"};
+    host.changes = 0;
+    pickTime(page().cmdStartTime, {0, 0, 0, 7, 59, 0}, false);
+    EXPECT_EQ(held(), (Texts{"1 1 7:59:00 AM 110", "1 1 8:00:00 AM 50"}));
+    EXPECT_EQ(host.changes, 1);
+    host.takeReports();
 }
 
 TEST_F(ScheduleReadBack, AChangeThatCannotBeReadBackIsNotifiedAndTheBoxShowsTheValueOnceItCanBeRead)
@@ -265,7 +281,7 @@ TEST_F(ScheduleReadBack, ADurationThatCannotBeReadIsNotInventedAndIsShownWhenItI
                  {"unit", 0,
                   [this] {
                       ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
-                               page().cmbInterval.userChose(1);
+                      page().cmbInterval.userChose(1);
                   },
                   "1 0 8:00:00 AM 77"},
                  {"leaving", 0,
