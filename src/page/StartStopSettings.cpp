@@ -7,6 +7,14 @@ StartStopSettings StartStopSettings::readAll(const Steps& step, Timebase& timeba
     return of(TriggerVars{}).read(step, timebase);
 }
 
+void StartStopSettings::complete(const StartStopSettings& other)
+{
+    startMode = startMode ? startMode : other.startMode;
+    startTime = startTime ? startTime : other.startTime;
+    stopMode = stopMode ? stopMode : other.stopMode;
+    duration = duration ? duration : other.duration;
+}
+
 StartStopSettings StartStopSettings::read(const Steps& step, Timebase& timebase) const
 {
     StartStopSettings read;

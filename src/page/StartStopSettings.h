@@ -29,6 +29,8 @@ struct StartStopSettings {
         return {vars.startMode, vars.startTime, vars.stopMode, vars.duration};
     }
     [[nodiscard]] bool isComplete() const { return startMode && startTime && stopMode && duration; }
+    /// Members that are not set are taken from `other`: what was written where reading it back failed.
+    void complete(const StartStopSettings& other);
     /// All members as the driver has them: start mode, start time, stop mode, duration, in this order. Failures are
     /// reported to `step`.
     static StartStopSettings readAll(const Steps& step, Timebase& timebase);

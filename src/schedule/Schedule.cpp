@@ -72,11 +72,14 @@ StartStopSettings Schedule::applyStartStop(const Steps& loading)
     const StartStopSettings settings = settingsToApply(step);
     std::optional<StartStopSettings> first;
     forEachTimebase(step, page_.currentDrivers(), [&](const IndexedTimebase& at) {
-        settings.write(step, *at.timebase, StartStopSettings::Order::Loaded);
-        if (!first)
-            first = StartStopSettings::readAll(loading, *at.timebase);
-        else
+        const bool isWritten = settings.write(step, *at.timebase, StartStopSettings::Order::Loaded);
+        if (first) {
             (void)settings.read(step, *at.timebase);
+            return;
+        }
+        first = StartStopSettings::readAll(loading, *at.timebase);
+        if (isWritten)
+            first->complete(settings);
     });
     if (first)
         return *first;

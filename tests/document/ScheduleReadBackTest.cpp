@@ -244,6 +244,18 @@ TEST_F(ScheduleReadBack, ADriverThatTakesAPartOfAChangeGetsItsOldValuesBackWhile
     host.takeReports();
 }
 
+TEST_F(ScheduleReadBack, APageThatIsBuiltShowsWhatItWroteWhereReadingBackFails)
+{
+    openTwo(1, 1, "8:00:00 AM", 50);
+    const std::string before = shown();
+    for (const char* operation : {"StartMode", "StartTime", "StopMode", "Duration"}) {
+        failIn({operation});
+        document->UserDocument_Show();
+        EXPECT_EQ(shown(), before) << operation;
+        EXPECT_FALSE(host.takeReports().empty()) << operation;
+    }
+}
+
 TEST_F(ScheduleReadBack, AChangeThatCannotBeReadBackIsNotifiedAndTheBoxShowsTheValueOnceItCanBeRead)
 {
     openTwo();
