@@ -68,8 +68,8 @@ public:
             step, at, [](const Setting&) { return false; }, [] {});
     }
 
-    /// Where a part of the write failed, what the other parts changed goes back to its old value without a question. For
-    /// settings of more than one member.
+    /// Where a part of the write failed, what the other parts changed goes back to its old value without a question.
+    /// For settings of more than one member.
     void restoreIncomplete(const Steps& step)
     {
         for (Written& it : written_)

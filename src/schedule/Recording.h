@@ -62,9 +62,8 @@ public:
     void show(TextBox& box, const std::string& text);
 
     /// Writes a change to the drivers that do not hold it, shows what they keep of it and asks the limit once. Beyond
-    /// it the user is told and each driver gets its own values back, as one does that took only a part; then, and where no driver took
-    /// the whole change,
-    /// `putBack` restores what the page showed and the derived labels follow.
+    /// it the user is told and each driver gets its own values back, as one does that took only a part; then, and where
+    /// no driver took the whole change, `putBack` restores what the page showed and the derived labels follow.
     Result write(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
                  const Holds& holds = noneHolds);
 
