@@ -20,7 +20,7 @@ namespace ko {
 /// A `Setting` is a value of optional members with two operations:
 ///     Setting read(const Steps&, Timebase&) const   the members that are set here, as the driver has them; a member
 ///                                                   whose reading failed is not set
-///     bool write(const Steps&, Timebase&) const     writes the members that are set; whether any write succeeded
+///     bool write(const Steps&, Timebase&) const     writes the members that are set; whether all writes succeeded
 /// Both report their failures to the steps.
 template <class Setting> class GuardedWrite {
 public:
@@ -30,7 +30,7 @@ public:
         const Driver* owner = nullptr; ///< of the timebase
         Setting before;                ///< as read before the write
         Setting kept;                  ///< as read back; `before` for a driver that was not written
-        bool written = false;          ///< a write was made and some part of it succeeded
+        bool written = false;          ///< a write was made and every part of it succeeded
         bool tried = false;            ///< a write was made
     };
 
@@ -66,6 +66,15 @@ public:
     {
         return write(
             step, at, [](const Setting&) { return false; }, [] {});
+    }
+
+    /// Where a part of the write failed, what the other parts changed goes back to its old value without a question.
+    /// For settings of more than one member.
+    void restoreIncomplete(const Steps& step)
+    {
+        for (Written& it : written_)
+            if (it.tried && !it.written && !(it.kept == it.before))
+                restore(step, it);
     }
 
     /// Asks the limit. Within it: true. Beyond it the user is told, each driver that was written gets its old value

@@ -7,6 +7,14 @@ StartStopSettings StartStopSettings::readAll(const Steps& step, Timebase& timeba
     return of(TriggerVars{}).read(step, timebase);
 }
 
+void StartStopSettings::complete(const StartStopSettings& other)
+{
+    startMode = startMode ? startMode : other.startMode;
+    startTime = startTime ? startTime : other.startTime;
+    stopMode = stopMode ? stopMode : other.stopMode;
+    duration = duration ? duration : other.duration;
+}
+
 StartStopSettings StartStopSettings::read(const Steps& step, Timebase& timebase) const
 {
     StartStopSettings read;
@@ -23,28 +31,28 @@ StartStopSettings StartStopSettings::read(const Steps& step, Timebase& timebase)
 
 bool StartStopSettings::write(const Steps& step, Timebase& timebase, Order order) const
 {
-    bool written = false;
+    bool isWhole = true;
     const auto writeDuration = [&] {
         if (duration)
-            written |= step([&] { timebase.setDuration(*duration); });
+            isWhole &= step([&] { timebase.setDuration(*duration); });
     };
     const auto writeStartMode = [&] {
         if (startMode)
-            written |= step([&] { timebase.setStartMode(*startMode); });
+            isWhole &= step([&] { timebase.setStartMode(*startMode); });
     };
     if (order == Order::Edited)
         writeDuration();
     else
         writeStartMode();
     if (startTime)
-        written |= step([&] { timebase.setStartTime(*startTime); });
+        isWhole &= step([&] { timebase.setStartTime(*startTime); });
     if (order == Order::Edited)
         writeStartMode();
     if (stopMode)
-        written |= step([&] { timebase.setStopMode(*stopMode); });
+        isWhole &= step([&] { timebase.setStopMode(*stopMode); });
     if (order == Order::Loaded)
         writeDuration();
-    return written;
+    return isWhole;
 }
 
 } // namespace ko

@@ -28,6 +28,9 @@ struct StartStopSettings {
     {
         return {vars.startMode, vars.startTime, vars.stopMode, vars.duration};
     }
+    [[nodiscard]] bool isComplete() const { return startMode && startTime && stopMode && duration; }
+    /// Members that are not set are taken from `other`: what was written where reading it back failed.
+    void complete(const StartStopSettings& other);
     /// All members as the driver has them: start mode, start time, stop mode, duration, in this order. Failures are
     /// reported to `step`.
     static StartStopSettings readAll(const Steps& step, Timebase& timebase);
@@ -35,7 +38,7 @@ struct StartStopSettings {
     /// The members that are set here, as the driver has them. Failures are reported to `step`.
     [[nodiscard]] StartStopSettings read(const Steps& step, Timebase& timebase) const;
 
-    /// Writes the members that are set; whether any write succeeded. Failures are reported to `step`.
+    /// Writes the members that are set; whether all writes succeeded. Failures are reported to `step`.
     bool write(const Steps& step, Timebase& timebase, Order order = Order::Edited) const;
 
     bool operator==(const StartStopSettings&) const = default;

@@ -12,6 +12,7 @@ namespace ko {
 struct IndexedTimebase {
     std::int32_t driver = -1;
     Timebase* timebase = nullptr;
+    bool isAfterFailing = false; ///< a driver before it was passed over because it failed
 
     explicit operator bool() const { return timebase != nullptr; }
 };
@@ -23,23 +24,24 @@ template <class Visit> void forEachTimebase(const Steps& step, Drivers drivers, 
     for (std::size_t i = 0; i < drivers.size(); ++i)
         if (drivers[i])
             if (Timebase* timebase = step.value([&] { return drivers[i]->queryTimebase(); }))
-                visit(IndexedTimebase{static_cast<std::int32_t>(i), timebase});
+                visit(IndexedTimebase{.driver = static_cast<std::int32_t>(i), .timebase = timebase});
 }
 
 /// The first timebase that `accepts(Driver&, Timebase&)` takes; a driver whose query or test fails is passed over
 /// without a report.
 template <class Accepts> IndexedTimebase firstTimebase(Drivers drivers, Accepts&& accepts)
 {
+    bool anyFailed = false;
     for (std::size_t i = 0; i < drivers.size(); ++i) {
         try {
             Timebase* timebase = drivers[i] ? drivers[i]->queryTimebase() : nullptr;
             if (timebase && accepts(*drivers[i], *timebase))
-                return {static_cast<std::int32_t>(i), timebase};
+                return {static_cast<std::int32_t>(i), timebase, anyFailed};
         } catch (...) {
-            continue;
+            anyFailed = true;
         }
     }
-    return {};
+    return {-1, nullptr, anyFailed};
 }
 
 /// The first timebase of the list, whose settings are shown for all drivers.

@@ -17,14 +17,15 @@ DurationEntry::DurationEntry(Page& page, Support& support, Recording& recording)
     page.cmbInterval.lostFocus = [&page] { page.editFlags = editFlag::none; };
 }
 
-void DurationEntry::showDuration(double seconds)
+void DurationEntry::showDuration(std::optional<double> seconds)
 {
     ComboBox& units = page().cmbInterval;
     std::int32_t unit = static_cast<std::int32_t>(units.items().size()) - 1;
-    while (unit > 0 && !(seconds >= units.items()[static_cast<std::size_t>(unit)].itemData))
+    while (unit > 0 && !(seconds.value_or(0.0) >= units.items()[static_cast<std::size_t>(unit)].itemData))
         --unit;
     units.select(unit);
-    recording_.show(page().txtDuration, numberText(seconds / units.itemData(), support().locale()));
+    recording_.show(page().txtDuration,
+                    seconds ? numberText(*seconds / units.itemData(), support().locale()) : std::string());
 }
 
 NumberBounds DurationEntry::bounds()
@@ -74,6 +75,11 @@ void DurationEntry::cmbInterval_click()
     if (page().isLoading || page().isUpdating || !isActive())
         return;
     const Steps step(support().errors, "cmbInterval_click");
+    if (!recording_.isDurationKnown()) {
+        if (const auto seconds = recording_.durationInForce(step))
+            recording_.follow(step, *seconds);
+        return;
+    }
     const std::string& text = page().txtDuration.text();
     const auto value = step.value([&] { return readNumber(support(), text, NumberType::Double, bounds(), true); });
     if (!value) {
@@ -86,7 +92,7 @@ void DurationEntry::cmbInterval_click()
 }
 
 /// The focus is in the list: the text is not selected.
-void DurationEntry::unitRefused(double seconds)
+void DurationEntry::unitRefused(std::optional<double> seconds)
 {
     page().cmbInterval.select(intervalAtFocus_);
     const Scoped guard(page().isUpdating, true);

@@ -10,8 +10,9 @@ class DurationEntry : public NumberEntry {
 public:
     DurationEntry(Page& page, Support& support, Recording& recording);
 
-    /// Shows a duration in seconds in the largest unit that fits. Failures reach the caller.
-    void showDuration(double seconds);
+    /// Shows a duration in seconds in the largest unit that fits; an empty box in seconds while it is not known.
+    /// Failures reach the caller.
+    void showDuration(std::optional<double> seconds);
 
 protected:
     NumberBounds bounds() override;
@@ -19,12 +20,13 @@ protected:
     double shown(double seconds) const override { return seconds / unit(); }
     std::optional<double> heldAfterRefusal() override;
     void accept(const Steps& step, double value) override;
+    void showElsewhere(const Steps& step, double seconds) override { recording_.follow(step, seconds); }
     bool isActive() override { return page().optAfter.value(); }
 
 private:
     void cmbInterval_click();
     void cmbInterval_GotFocus();
-    void unitRefused(double seconds);
+    void unitRefused(std::optional<double> seconds);
     /// The length of the unit that is chosen, in seconds. Failure 5 when none is.
     [[nodiscard]] std::int32_t unit() const { return page().cmbInterval.itemData(); }
     std::optional<Recording::Result> write(const Steps& step, double value, const std::function<void()>& putBack);

@@ -24,8 +24,8 @@ std::int32_t Estimate::updateDiskSpace()
         return diskSpace::fits;
     const Steps step(support_.errors, "updateDiskSpace");
     Figures& figures = page_.figures;
-    figures.plannedSeconds = step.value([&] { return std::optional(recording_.plannedSeconds()); });
-    if (!figures.plannedSeconds)
+    figures.plannedSeconds.reset();
+    if (!step([&] { figures.plannedSeconds = recording_.plannedSeconds(); }))
         return diskSpace::fits;
     const ByteTotals totals = sumDriverBytes(page_.currentDrivers(), page_.driverAt(page_.scannedDriverIndex));
     const std::int32_t code = checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
@@ -48,7 +48,7 @@ void Estimate::estimateDynamic(const Steps& step)
     Figures& figures = page_.figures;
     figures.samples.reset();
     Timebase* timebase = step.value([&] { return page_.timebaseAt(page_.dynamicDriverIndex); });
-    if (!timebase || *figures.plannedSeconds < 0.0)
+    if (!timebase || !figures.plannedSeconds || *figures.plannedSeconds < 0.0)
         return;
     step([&] {
         figures.samplePeriod = timebase->SamplePeriod();
@@ -113,12 +113,11 @@ void Estimate::updateActualDuration()
 {
     const Steps step(support_.errors, "updateActualDuration");
     Figures& figures = page_.figures;
-    double seconds = actualSeconds(step);
-    if (!(seconds > 0.0))
-        seconds = *figures.plannedSeconds;
+    const double found = figures.plannedSeconds ? actualSeconds(step) : -1.0;
+    const double seconds = found > 0.0 ? found : figures.plannedSeconds.value_or(-1.0);
     figures.actualSeconds = seconds >= 0.0 && std::isfinite(seconds) ? std::optional(seconds) : std::nullopt;
     figures.stopTime.reset();
-    if (page_.optStopTime.value() && !page_.txtStartTime.text().empty())
+    if (figures.plannedSeconds && page_.optStopTime.value() && !page_.txtStartTime.text().empty())
         step([&] { figures.stopTime = recording_.stopTime(seconds, recording_.timeIn(page_.txtStartTime)); });
     showActualDuration(step);
 }

@@ -13,7 +13,8 @@ public:
     {
     }
 
-    /// See `Actions::updateDiskSpace`. Does nothing while the duration is not known.
+    /// See `Actions::updateDiskSpace`. Does nothing while the page is built or a time on it cannot be told. What
+    /// hangs on a duration that is not known is not available.
     std::int32_t updateDiskSpace();
 
     /// No figure is known.

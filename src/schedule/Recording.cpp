@@ -17,10 +17,12 @@ DateTime Recording::onToday(DateTime time) const
     return {datePart(support_.platform.clock.now()).days + timePart(time).days};
 }
 
-/// Times that could not be read from the drivers are not shown.
+/// What could not be read from the drivers is not shown.
 bool Recording::isEntered() const
 {
-    return page_.optAfter.value() || (!page_.txtStartTime.text().empty() && !page_.txtStopTime.text().empty());
+    if (page_.optAfter.value())
+        return !page_.txtDuration.text().empty();
+    return !page_.txtStartTime.text().empty() && !page_.txtStopTime.text().empty();
 }
 
 double Recording::getDurationSeconds() const
@@ -36,7 +38,7 @@ double Recording::getDurationSeconds() const
     return dateDiffSeconds(start, stop);
 }
 
-double Recording::plannedSeconds() const
+std::optional<double> Recording::plannedSeconds() const
 {
     if (!isEntered())
         return accepted_.seconds;
@@ -55,20 +57,21 @@ std::string Recording::computeStopTime(double seconds, DateTime start) const
     return generalDate(stopTime(seconds, start), support_.locale());
 }
 
-double Recording::durationInForce() const
+std::optional<double> Recording::durationInForce() const
 {
     const IndexedTimebase first = firstTimebase(page_.currentDrivers());
-    return first ? widen(first.timebase->Duration()) : accepted_.seconds;
+    return first ? std::optional(widen(first.timebase->Duration())) : accepted_.seconds;
 }
 
-double Recording::durationInForce(const Steps& step) const
+std::optional<double> Recording::durationInForce(const Steps& step) const
 {
-    return step.value([&] { return std::optional(durationInForce()); }).value_or(accepted_.seconds);
+    const auto seconds = step.value([&] { return durationInForce(); });
+    return seconds ? seconds : accepted_.seconds;
 }
 
-double Recording::durationReadBack() const
+std::optional<double> Recording::durationReadBack() const
 {
-    return readBack_.duration ? widen(*readBack_.duration) : accepted_.seconds;
+    return readBack_.duration ? std::optional(widen(*readBack_.duration)) : accepted_.seconds;
 }
 
 void Recording::show(TextBox& box, const std::string& text)
@@ -93,8 +96,11 @@ void Recording::fillStopTime()
 {
     if (!lacksStopTime())
         return;
-    const double seconds = toDouble(page_.txtDuration.text(), support_.locale()) * page_.cmbInterval.itemData();
-    show(page_.txtStopTime, computeStopTime(seconds, timeIn(page_.txtStartTime)));
+    std::string stop;
+    if (const std::string& text = page_.txtDuration.text(); !text.empty())
+        stop = computeStopTime(toDouble(text, support_.locale()) * page_.cmbInterval.itemData(),
+                               timeIn(page_.txtStartTime));
+    show(page_.txtStopTime, stop);
 }
 
 /// Only a start at a time has a stop at a time.
@@ -122,11 +128,13 @@ void Recording::showKept(const Steps& step, const StartStopSettings& kept)
 /// A text that is being typed stays until its box is left.
 void Recording::showDuration(double seconds)
 {
-    if (page_.optStopTime.value() && seconds != getDurationSeconds())
+    if (page_.optStopTime.value() && !page_.txtStartTime.text().empty() &&
+        (page_.txtStopTime.text().empty() || seconds != getDurationSeconds()))
         show(page_.txtStopTime, computeStopTime(seconds, timeIn(page_.txtStartTime)));
     else if (page_.optAfter.value() && !page_.txtDuration.hasFocus())
         show(page_.txtDuration, numberText(seconds / page_.cmbInterval.itemData(), support_.locale()));
-    kept_ = Kept{getDurationSeconds(), seconds};
+    if (isEntered())
+        kept_ = Kept{getDurationSeconds(), seconds};
 }
 
 Recording::Result Recording::write(const Steps& step, const StartStopSettings& change,
@@ -145,6 +153,7 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
     forEachTimebase(step, drivers, [&](const IndexedTimebase& at) { guarded.write(step, at, holds, [] {}); });
     if (step.isSuperseded())
         return Result::PutBack;
+    guarded.restoreIncomplete(step);
     readBack();
     if (guarded.anyTried() && !guarded.anyWritten()) {
         step(restore);
@@ -161,11 +170,27 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
 
 void Recording::accepted(const Steps& step)
 {
-    double seconds = accepted_.seconds;
-    step([&] { seconds = readBack_.duration ? widen(*readBack_.duration) : largerOf(plannedSeconds(), 0.0); });
+    std::optional<double> seconds = durationReadBack();
+    if (!readBack_.duration)
+        step([&] {
+            if (const auto planned = plannedSeconds())
+                seconds = largerOf(*planned, 0.0);
+        });
     accept(seconds);
     step([&] { actions_.markChanged(); });
     captureStartStop(readBack_);
+    if (!accepted_.seconds && isFirstCaptured_ && page_.triggerVars)
+        follow(step, widen(page_.triggerVars->duration));
+}
+
+void Recording::follow(const Steps& step, double seconds)
+{
+    accepted_.seconds = seconds;
+    if (page_.txtDuration.text().empty())
+        step([&] { show(page_.txtDuration, numberText(seconds / page_.cmbInterval.itemData(), support_.locale())); });
+    step([&] { showDuration(seconds); });
+    if (page_.figures.plannedSeconds != seconds)
+        actions_.refreshEstimate();
 }
 
 Recording::Result Recording::commit(const Steps& step, const StartStopSettings& change,
@@ -181,7 +206,7 @@ void Recording::captureStartStop(StartStopSettings known)
 {
     if (page_.readOnly)
         return;
-    firstTimebase(page_.currentDrivers(), [&](Driver&, Timebase& timebase) {
+    const auto from = firstTimebase(page_.currentDrivers(), [&](Driver&, Timebase& timebase) {
         const StartStopSettings held = std::exchange(known, {});
         page_.triggerVars = TriggerVars{held.startMode ? *held.startMode : timebase.StartMode(),
                                         held.startTime ? *held.startTime : timebase.StartTime(),
@@ -189,17 +214,33 @@ void Recording::captureStartStop(StartStopSettings known)
                                         held.duration ? *held.duration : timebase.Duration()};
         return true;
     });
+    if (from || from.isAfterFailing)
+        isFirstCaptured_ = from && !from.isAfterFailing;
 }
 
-void Recording::loaded(const Steps& step, double seconds)
+StartStopSettings Recording::settingsOfFirst(const Steps& step)
+{
+    if (page_.triggerVars && isFirstCaptured_)
+        return StartStopSettings::of(*page_.triggerVars);
+    const IndexedTimebase first = firstTimebase(page_.currentDrivers());
+    if (!first || first.isAfterFailing)
+        return {};
+    const StartStopSettings read = StartStopSettings::readAll(step, *first.timebase);
+    isFirstCaptured_ = read.isComplete();
+    if (isFirstCaptured_)
+        page_.triggerVars = TriggerVars{*read.startMode, *read.startTime, *read.stopMode, *read.duration};
+    return read;
+}
+
+void Recording::loaded(const Steps& step, std::optional<double> seconds)
 {
     accept(seconds);
     kept_.reset();
-    if (isEntered())
-        step([&] { kept_ = Kept{getDurationSeconds(), seconds}; });
+    if (seconds && isEntered())
+        step([&] { kept_ = Kept{getDurationSeconds(), *seconds}; });
 }
 
-void Recording::accept(double seconds)
+void Recording::accept(std::optional<double> seconds)
 {
     for (OptionButton* option : {&page_.optImmediate, &page_.optOnTrigger, &page_.optStartTime})
         if (option->value())

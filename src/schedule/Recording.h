@@ -30,8 +30,9 @@ public:
     /// The duration entered on the page, in seconds; may be 0 or negative when stopping at a time.
     [[nodiscard]] double getDurationSeconds() const;
 
-    /// The same as the drivers keep it, as far as that is known; what they hold where the page lacks a time.
-    [[nodiscard]] double plannedSeconds() const;
+    /// The same as the drivers keep it, as far as that is known; what they hold where the page lacks a time or the
+    /// duration; none where that is not known either.
+    [[nodiscard]] std::optional<double> plannedSeconds() const;
 
     /// `start` plus a duration. Where a time of day runs over midnight it is taken on today's date.
     [[nodiscard]] DateTime stopTime(double seconds, DateTime start) const;
@@ -39,24 +40,30 @@ public:
     [[nodiscard]] std::string computeStopTime(double seconds, DateTime start) const;
 
     /// The duration that the drivers hold, in seconds; without a timebase the one last accepted.
-    [[nodiscard]] double durationInForce() const;
+    [[nodiscard]] std::optional<double> durationInForce() const;
     /// The same; where it cannot be read, which is reported, the one last accepted.
-    [[nodiscard]] double durationInForce(const Steps& step) const;
+    [[nodiscard]] std::optional<double> durationInForce(const Steps& step) const;
     /// The same without asking a driver, as `write` has read it back.
-    [[nodiscard]] double durationReadBack() const;
+    [[nodiscard]] std::optional<double> durationReadBack() const;
+    /// Whether the duration was read from a driver, or accepted, since the page was built.
+    [[nodiscard]] bool isDurationKnown() const { return accepted_.seconds.has_value(); }
+
+    /// The drivers hold this duration: an empty box shows it, and plan and labels follow when they showed another.
+    void follow(const Steps& step, double seconds);
 
     /// An empty start time becomes the time of day.
     void fillStartTime();
 
-    /// A stop time that is missing or not later than the start becomes the start plus the duration entered.
+    /// A stop time that is missing or not later than the start becomes the start plus the duration entered;
+    /// empty while that is not known.
     void fillStopTime();
 
     /// Sets the text of a time box without the handlers of a change.
     void show(TextBox& box, const std::string& text);
 
     /// Writes a change to the drivers that do not hold it, shows what they keep of it and asks the limit once. Beyond
-    /// it the user is told and each driver gets its own values back; then, and where no driver took the change,
-    /// `putBack` restores what the page showed and the derived labels follow.
+    /// it the user is told and each driver gets its own values back, as one does that took only a part; then, and where
+    /// no driver took the whole change, `putBack` restores what the page showed and the derived labels follow.
     Result write(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
                  const Holds& holds = noneHolds);
 
@@ -72,12 +79,17 @@ public:
     /// timebase is `known` to hold is not asked again. A failing driver is passed over without a report.
     void captureStartStop(StartStopSettings known = {});
 
+    /// The settings that a page which is built hands on to all drivers: those in `triggerVars` where the first timebase
+    /// gave them, else what it answers now, which is captured when it is complete. What was captured from a later
+    /// driver, because the first one failed, never replaces the settings of the first.
+    [[nodiscard]] StartStopSettings settingsOfFirst(const Steps& step);
+
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
 
-    /// The page was built, and shows what the drivers hold, `seconds` of duration among it: what a later refusal
-    /// returns to.
-    void loaded(const Steps& step, double seconds);
+    /// The page was built, and shows what the drivers hold, `seconds` of duration among it where it is known:
+    /// what a later refusal returns to.
+    void loaded(const Steps& step, std::optional<double> seconds);
 
     /// Puts the options and both times back as they were last accepted.
     void putBack();
@@ -95,14 +107,14 @@ private:
         OptionButton* start = nullptr;
         OptionButton* stop = nullptr;
         std::string startTime, stopTime;
-        double seconds = 0.0;
+        std::optional<double> seconds = 0.0;
     };
 
     static bool noneHolds(const StartStopSettings& /*before*/) { return false; }
     [[nodiscard]] DateTime onToday(DateTime time) const;
     [[nodiscard]] bool isEntered() const;
     [[nodiscard]] bool lacksStopTime() const;
-    void accept(double seconds);
+    void accept(std::optional<double> seconds);
     void showKept(const Steps& step, const StartStopSettings& kept);
     void showModes(const StartStopSettings& kept);
     void showDuration(double seconds);
@@ -113,6 +125,7 @@ private:
     StartStopSettings readBack_; ///< by the last write, from the first driver, whose settings are shown for all
     std::optional<Kept> kept_;
     Accepted accepted_;
+    bool isFirstCaptured_ = false; ///< `triggerVars` came from the first timebase when they were captured last
 };
 
 } // namespace ko

@@ -10,10 +10,10 @@ namespace ko {
 
 namespace {
 
-constexpr double defaultSeconds = 10.0;
+constexpr float defaultSeconds = 10.0F;
 
-/// An unknown mode counts as 0, and only a start at a time has a stop at a time. A stop mode whose start mode could not
-/// be read stays.
+/// An unknown mode counts as 0, and only a start at a time has a stop at a time: a stop mode whose start mode could not
+/// be read is none to hand on.
 void normalizeModes(StartStopSettings& settings)
 {
     if (settings.startMode &&
@@ -22,6 +22,8 @@ void normalizeModes(StartStopSettings& settings)
     const bool startsElsewhere = settings.startMode && settings.startMode != startMode::atTime;
     if (settings.stopMode && (settings.stopMode != stopMode::atTime || startsElsewhere))
         settings.stopMode = stopMode::afterDuration;
+    if (!settings.startMode)
+        settings.stopMode.reset();
 }
 
 } // namespace
@@ -34,20 +36,20 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
 {
 }
 
-/// Those of the page unless there are none or the page is read-only, else those of the start master or, without one,
-/// of the scan master. Without a dynamic driver the recording does not start on a trigger.
+/// Those of the first timebase or, on a read-only page, those of the start master or, without one, of the scan master,
+/// as far as they can be read: settings that no driver has given are never written. Without a dynamic driver the
+/// recording does not start on a trigger.
 StartStopSettings Schedule::settingsToApply(const Steps& step)
 {
     StartStopSettings settings;
-    const bool arePages = page_.triggerVars && !page_.readOnly;
-    const std::int32_t source = page_.dynamicDriverIndex < 0 ? page_.staticDriverIndex : page_.dynamicDriverIndex;
-    if (arePages)
-        settings = StartStopSettings::of(*page_.triggerVars);
-    else if (Timebase* timebase = step.value([&] { return page_.timebaseAt(source); }))
-        settings = StartStopSettings::readAll(step, *timebase);
-    if (!page_.readOnly)
+    const std::int32_t master = page_.dynamicDriverIndex < 0 ? page_.staticDriverIndex : page_.dynamicDriverIndex;
+    if (!page_.readOnly) {
+        settings = recording_.settingsOfFirst(step);
         normalizeModes(settings);
-    if (arePages) {
+    } else if (Timebase* timebase = step.value([&] { return page_.timebaseAt(master); })) {
+        settings = StartStopSettings::readAll(step, *timebase);
+    }
+    if (!page_.readOnly && settings.isComplete()) {
         page_.triggerVars->startMode = *settings.startMode;
         page_.triggerVars->stopMode = *settings.stopMode;
     }
@@ -63,27 +65,32 @@ StartStopSettings Schedule::settingsToApply(const Steps& step)
     return settings;
 }
 
-/// What the first timebase then holds.
+/// What the first timebase then holds; without one the default duration, unless a driver could not be asked.
 StartStopSettings Schedule::applyStartStop(const Steps& loading)
 {
     const Steps step(support_.errors, "applyStartStop", errorSource::triggering);
     const StartStopSettings settings = settingsToApply(step);
     std::optional<StartStopSettings> first;
     forEachTimebase(step, page_.currentDrivers(), [&](const IndexedTimebase& at) {
-        settings.write(step, *at.timebase, StartStopSettings::Order::Loaded);
-        if (!first)
-            first = StartStopSettings::readAll(loading, *at.timebase);
-        else
+        const bool isWritten = settings.write(step, *at.timebase, StartStopSettings::Order::Loaded);
+        if (first) {
             (void)settings.read(step, *at.timebase);
+            return;
+        }
+        first = StartStopSettings::readAll(loading, *at.timebase);
+        if (isWritten)
+            first->complete(settings);
     });
-    return first.value_or(StartStopSettings{});
+    if (first)
+        return *first;
+    StartStopSettings without;
+    if (!firstTimebase(page_.currentDrivers()).isAfterFailing)
+        without.duration = defaultSeconds;
+    return without;
 }
 
 void Schedule::loadStartStop(const Steps& step)
 {
-    // Settings that no driver has given are never written: without a timebase to capture there are none.
-    if (!page_.triggerVars)
-        recording_.captureStartStop();
     loaded_ = applyStartStop(step);
     step([&] { page_.cmbInterval.select(0); });
     show(step);
@@ -98,9 +105,10 @@ void Schedule::loaded(const Steps& step)
     recording_.loaded(step, loadedSeconds());
 }
 
-double Schedule::loadedSeconds() const
+/// None where a driver has one that could not be read.
+std::optional<double> Schedule::loadedSeconds() const
 {
-    return loaded_.duration ? widen(*loaded_.duration) : defaultSeconds;
+    return loaded_.duration ? std::optional(widen(*loaded_.duration)) : std::nullopt;
 }
 
 /// A time that could not be read, or cannot be shown, leaves its box empty.
@@ -122,8 +130,8 @@ void Schedule::show(const Steps& step)
     if (loaded_.startTime)
         step([&] {
             start = generalDate(*loaded_.startTime, support_.locale());
-            if (stopsAtTime)
-                stop = recording_.computeStopTime(loadedSeconds(), *loaded_.startTime);
+            if (const auto seconds = loadedSeconds(); seconds && stopsAtTime)
+                stop = recording_.computeStopTime(*seconds, *loaded_.startTime);
         });
     page_.txtStartTime.setText(start);
     if (stopsAtTime)

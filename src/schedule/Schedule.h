@@ -36,7 +36,7 @@ private:
     [[nodiscard]] StartStopSettings settingsToApply(const Steps& step);
     [[nodiscard]] StartStopSettings applyStartStop(const Steps& loading);
     void show(const Steps& step);
-    [[nodiscard]] double loadedSeconds() const;
+    [[nodiscard]] std::optional<double> loadedSeconds() const;
 
     Page& page_;
     Support& support_;

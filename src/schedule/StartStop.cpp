@@ -78,13 +78,13 @@ void StartStop::stopClicked(std::string_view procedure, std::int32_t mode)
     recording_.accepted(step);
 }
 
-/// Writes the mode with the duration that goes with it; where that cannot be told the options go back unwritten.
+/// Writes the mode with the duration that goes with it, as far as that is known; where a time on the page cannot be
+/// told the options go back unwritten.
 bool StartStop::write(const Steps& step, StartStopSettings change)
 {
     const bool known = step([&] {
-        const double seconds = recording_.plannedSeconds();
-        if (seconds >= 0.0)
-            change.duration = toSingle(seconds);
+        if (const auto seconds = recording_.plannedSeconds(); seconds >= 0.0)
+            change.duration = toSingle(*seconds);
     });
     if (!known) {
         recording_.putBack();

@@ -51,9 +51,8 @@ void TimeEntries::txtStartTime_Change()
         change.startTime = recording_.timeIn(page_.txtStartTime);
         if (page_.optStopTime.value())
             recording_.fillStopTime();
-        const double seconds = recording_.getDurationSeconds();
-        if (seconds >= 0.0)
-            change.duration = toSingle(seconds);
+        if (const auto seconds = recording_.plannedSeconds(); seconds >= 0.0)
+            change.duration = toSingle(*seconds);
     });
     if (known)
         recording_.commit(step, change, [this] { putBackTimes(); });
@@ -96,7 +95,8 @@ void TimeEntries::showStopTimeInForce(const Steps& step)
 {
     recording_.putBackStopTime();
     const DateTime start = recording_.timeIn(page_.txtStartTime);
-    recording_.show(page_.txtStopTime, recording_.computeStopTime(recording_.durationInForce(step), start));
+    if (const auto seconds = recording_.durationInForce(step))
+        recording_.show(page_.txtStopTime, recording_.computeStopTime(*seconds, start));
 }
 
 void TimeEntries::cmdStartTime_Click()

@@ -96,7 +96,7 @@ std::optional<double> WhatFits::longest(const Forecast& forecast) const
     const auto fitsFor = [&](double seconds) {
         return forecast.check({.seconds = toSingle(seconds)}) == diskSpace::fits;
     };
-    const double present = recording_.durationInForce();
+    const double present = recording_.durationInForce().value_or(0.0);
     const double least = fitsFor(present) ? present : 0.0;
     // Times of the day are whole seconds.
     const double finest = page_.optAfter.value() ? finestDuration : 1.0;

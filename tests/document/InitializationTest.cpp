@@ -134,7 +134,13 @@ TEST_F(Initialization, SettingsAreCapturedWholeFromOneDriver)
     open();
     host.takeReports();
     EXPECT_EQ(page().triggerVars, (TriggerVars{1, {0.25}, 0, 22}));
-    EXPECT_EQ(writesOf(*fakes[0]), (Texts{"setStartMode 1", "setStartTime 0.25", "setStopMode 0", "setDuration 22.0"}))
+    EXPECT_EQ(writesOf(*fakes[0]), (Texts{"setStartMode 0", "setStopMode 0"})) << "nothing of the other driver's";
+    fakes[0]->failing.clear();
+    setSchedule(*fakes[0], 1, 0.5, 0, 33);
+    fakes[1]->writes.clear();
+    document->UserDocument_Show();
+    EXPECT_EQ(page().triggerVars, (TriggerVars{1, {0.5}, 0, 33}));
+    EXPECT_EQ(writesOf(*fakes[1]), (Texts{"setStartMode 1", "setStartTime 0.5", "setStopMode 0", "setDuration 33.0"}))
         << "in this order";
 }
 

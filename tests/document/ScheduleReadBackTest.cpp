@@ -54,18 +54,30 @@ protected:
 
 TEST_F(ScheduleReadBack, WhatHangsOnASettingThatCannotBeReadIsNotWrittenWhenThePageIsBuilt)
 {
+    const struct {
+        const char *operation, *second; // what the second driver, which differed, then holds
+    } cases[] = {{"StartMode", "0 0 9:00:00 AM 50"},
+                 {"StartTime", "1 1 9:00:00 AM 50"},
+                 {"StopMode", "1 0 8:00:00 AM 50"},
+                 {"Duration", "1 1 8:00:00 AM 5"},
+                 {"queryTimebase", "0 0 9:00:00 AM 5"}};
     for (const std::size_t drivers : {1U, 2U})
-        for (const char* operation : {"StartMode", "StartTime", "StopMode", "Duration", "queryTimebase"}) {
+        for (const auto& it : cases) {
             document = makeDocument(shared, host);
             fakes.clear();
             openTwo(1, 1, "8:00:00 AM", 50);
             document = makeDocument(shared, host);
+            fakes[1]->startMode = fakes[1]->stopMode = 0;
+            fakes[1]->startTime = toDateTime("9:00:00 AM", {});
+            fakes[1]->duration = 5;
             fakes.resize(drivers);
-            fakes[0]->failing = {operation};
-            const Texts before = held();
+            fakes[0]->failing = {it.operation};
+            Texts expected = held();
+            if (drivers == 2)
+                expected[1] = it.second;
             open();
-            EXPECT_EQ(held(), before) << operation;
-            EXPECT_FALSE(host.takeReports().empty()) << operation;
+            EXPECT_EQ(held(), expected) << it.operation;
+            EXPECT_FALSE(host.takeReports().empty()) << it.operation;
         }
 }
 
@@ -193,8 +205,9 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
     const std::set<std::string> writes{"setDuration", "setStartMode", "setStartTime", "setStopMode"};
     std::set<std::string> all = writes;
     all.insert({"Duration", "StartMode", "StartTime", "StopMode"});
+    const char* const decisive[] = {"setStartMode", "setStopMode", "setStartTime", "setStopMode"};
     for (const bool atTime : {false, true})
-        for (const std::set<std::string>& failing : {writes, all})
+        for (std::set<std::string> failing : {writes, all, {}})
             for (std::size_t i = 0; i < (atTime ? 4U : 2U); ++i) {
                 document = makeDocument(shared, host);
                 fakes.clear();
@@ -203,9 +216,13 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
                     driver->bytes = nullptr;
                 const auto [name, change] = (atTime ? changesAtTime() : changesOfDuration())[i];
                 const std::string before = shown();
+                const Texts heldBefore = held();
                 host.changes = 0;
+                if (failing.size() < 2) // a part of the change is taken
+                    failing = {atTime ? decisive[i] : "setDuration"};
                 failIn(failing);
                 change();
+                EXPECT_EQ(held(), heldBefore) << name;
                 EXPECT_EQ(shown(), before) << name;
                 EXPECT_EQ(host.changes, 0) << name;
                 EXPECT_FALSE(host.takeReports().empty()) << name;
@@ -214,6 +231,29 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
                 EXPECT_NE(shown(), before) << name;
                 EXPECT_EQ(host.changes, 1) << name;
             }
+}
+
+TEST_F(ScheduleReadBack, ADriverThatTakesAPartOfAChangeGetsItsOldValuesBackWhileTheOthersKeepIt)
+{
+    openTwo(1, 1, "8:00:00 AM", 50);
+    fakes[1]->failing = {"setStartTime"};
+    host.changes = 0;
+    pickTime(page().cmdStartTime, {0, 0, 0, 7, 59, 0}, false);
+    EXPECT_EQ(held(), (Texts{"1 1 7:59:00 AM 110", "1 1 8:00:00 AM 50"}));
+    EXPECT_EQ(host.changes, 1);
+    host.takeReports();
+}
+
+TEST_F(ScheduleReadBack, APageThatIsBuiltShowsWhatItWroteWhereReadingBackFails)
+{
+    openTwo(1, 1, "8:00:00 AM", 50);
+    const std::string before = shown();
+    for (const char* operation : {"StartMode", "StartTime", "StopMode", "Duration"}) {
+        failIn({operation});
+        document->UserDocument_Show();
+        EXPECT_EQ(shown(), before) << operation;
+        EXPECT_FALSE(host.takeReports().empty()) << operation;
+    }
 }
 
 TEST_F(ScheduleReadBack, AChangeThatCannotBeReadBackIsNotifiedAndTheBoxShowsTheValueOnceItCanBeRead)
@@ -231,6 +271,56 @@ TEST_F(ScheduleReadBack, AChangeThatCannotBeReadBackIsNotifiedAndTheBoxShowsTheV
     EXPECT_EQ(page().txtDuration.text(), "60");
     page().moveFocus(&page().optAfter);
     EXPECT_EQ(page().txtDuration.text(), "15");
+    EXPECT_NE(plan().find("records 15 s"), std::string::npos) << plan();
+    EXPECT_EQ(page().lblDurationValue.caption(), "15.36 seconds");
+}
+
+TEST_F(ScheduleReadBack, ADurationThatCannotBeReadIsNotInventedAndIsShownWhenItIsReadNext)
+{
+    const struct {
+        const char* how;
+        std::int32_t stops;
+        std::function<void()> event;
+        const char* then; // the first driver's settings
+    } cases[] = {{"mode", 0, [this] { start(0).userClicked(); }, "0 0 8:00:00 AM 77"},
+                 {"start time", 0,
+                  [this] {
+                      pickTime(page().cmdStartTime, {0, 0, 0, 7, 0, 0}, false);
+                  },
+                  "1 0 7:00:00 AM 77"},
+                 {"stop at time", 0, [this] { stop(1).userClicked(); }, "1 1 8:00:00 AM 77"},
+                 {"after", 1, [this] { stop(0).userClicked(); }, "1 0 8:00:00 AM 77"},
+                 {"unit", 0,
+                  [this] {
+                      ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
+                      page().cmbInterval.userChose(1);
+                  },
+                  "1 0 8:00:00 AM 77"},
+                 {"leaving", 0,
+                  [this] {
+                      page().moveFocus(&page().txtDuration);
+                      page().moveFocus(&page().optAfter);
+                  },
+                  "1 0 8:00:00 AM 77"}};
+    for (const auto& it : cases)
+        for (const bool readable : {false, true}) {
+            document = makeDocument(shared, host);
+            fakes.clear();
+            openTwo(1, it.stops, "8:00:00 AM", 77);
+            document = makeDocument(shared, host);
+            failIn({"Duration"});
+            open();
+            EXPECT_EQ(page().txtDuration.text() + page().txtStopTime.text(), "") << it.how;
+            EXPECT_NE(plan().find("not known"), std::string::npos) << plan();
+            EXPECT_EQ(page().lblDurationValue.caption(), page().notApplicableText);
+            if (readable)
+                failIn({});
+            it.event();
+            EXPECT_EQ(held(), Texts(2, it.then)) << it.how;
+            EXPECT_EQ(plan().find("not known") == std::string::npos, readable) << it.how << plan();
+            EXPECT_EQ(page().txtDuration.text().empty(), !readable) << it.how;
+            host.takeReports();
+        }
 }
 
 TEST_F(ScheduleReadBack, TheTriggerIsSwitchedForAStartThatIsKnownAndBeforeTheHostIsNotified)
