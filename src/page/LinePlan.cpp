@@ -9,15 +9,6 @@ LinePlan::LinePlan(const PerTrigger<LineMask>& offered, const PerTrigger<std::in
 {
 }
 
-LineMask LinePlan::available(LineTrigger trigger) const
-{
-    LineMask lines = offered_[trigger];
-    const std::int32_t taken = lines_[otherThan(trigger)];
-    if (taken >= 0)
-        lines.at(static_cast<std::size_t>(taken)) = false;
-    return lines;
-}
-
 std::int32_t LinePlan::lineOrFirst(LineTrigger trigger) const
 {
     const LineMask lines = available(trigger);

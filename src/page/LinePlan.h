@@ -44,8 +44,14 @@ public:
     LinePlan(const PerTrigger<LineMask>& offered, const PerTrigger<std::int32_t>& driven);
 
     [[nodiscard]] std::int32_t line(LineTrigger trigger) const { return lines_[trigger]; }
-    /// What is offered for the trigger, but for the line that the other one has.
-    [[nodiscard]] LineMask available(LineTrigger trigger) const;
+    /// What is offered for the trigger, but for the line that the other one has. Inline, as hosts call it, too.
+    [[nodiscard]] LineMask available(LineTrigger trigger) const
+    {
+        LineMask lines = offered_[trigger];
+        if (const std::int32_t taken = lines_[otherThan(trigger)]; taken >= 0)
+            lines.at(static_cast<std::size_t>(taken)) = false;
+        return lines;
+    }
     /// The trigger's line; where it has none the first one that may be chosen; -1 when there is none.
     [[nodiscard]] std::int32_t lineOrFirst(LineTrigger trigger) const;
     /// The trigger has no line, and none may be chosen for it.
