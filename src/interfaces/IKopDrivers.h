@@ -20,8 +20,8 @@ public:
     /// False from the moment a list arrives until the page has taken it in.
     virtual bool HasProcessedDriverChanges() = 0;
 
-    /// Hands the list over; the document copies as many entries as were announced. A shown page is rebuilt: at once, or,
-    /// from inside a call that the document makes, as soon as the event in progress has returned.
+    /// Hands the list over; the document copies as many entries as were announced. A shown page is rebuilt: at once,
+    /// or, from inside a call that the document makes, as soon as the event in progress has returned.
     virtual void setDrivers(const DriverList& drivers) = 0;
 
     /// Tells the document that the drivers' settings were changed by somebody else: it notes their start and
