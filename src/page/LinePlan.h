@@ -48,8 +48,8 @@ public:
     [[nodiscard]] LineMask available(LineTrigger trigger) const
     {
         LineMask lines = offered_[trigger];
-        if (const std::int32_t taken = lines_[otherThan(trigger)]; taken >= 0)
-            lines.at(static_cast<std::size_t>(taken)) = false;
+        if (const std::int32_t others = lines_[otherThan(trigger)]; others >= 0)
+            lines.at(static_cast<std::size_t>(others)) = false;
         return lines;
     }
     /// The trigger's line; where it has none the first one that may be chosen; -1 when there is none.

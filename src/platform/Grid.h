@@ -121,7 +121,7 @@ public:
     Outcome userSelectedInCell(std::size_t start, std::size_t length);
     /// The user gives a value cell another value and ends the edit: a text, an entry of the list, a check. Inert
     /// where there is no such cell, entry or check.
-    Outcome userEditedCell(std::int32_t row, const std::string& text);
+    Outcome userEditedCell(std::int32_t row, const std::string& given);
     /// The user ends an open edit, or gives it up. Inert where none is open.
     Outcome userEndedEdit();
     Outcome userDroppedEdit();

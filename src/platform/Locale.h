@@ -22,6 +22,6 @@ struct Locale {
 
 /// The settings with pictures in which every date and time reads back as it was written: what a picture lacks, such as
 /// AM and PM beside 12 hours or a year, is added, and a picture that cannot be completed is replaced.
-Locale completed(const Locale& locale);
+Locale completed(const Locale& given);
 
 } // namespace ko

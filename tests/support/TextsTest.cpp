@@ -46,9 +46,7 @@ TEST(StringTableTest, AnotherLanguageLiesOverTheEnglishTexts)
 TEST(StringTableTest, ALineThatCannotBeUnderstoodIsNamed)
 {
     for (const char* line : {"seconds", "1109 seconds", "1109 \"", "1109\"x\"", "1109  \"x\"", "-5 \"x\"",
-                             "\xEF\xBB\xBF"
-                             "1109 \"x\"",
-                             "1109 \"x\" y", "99999999999 \"x\"", " 1109 \"x\""}) {
+                             "\357\273\2771109 \"x\"", "1109 \"x\" y", "99999999999 \"x\"", " 1109 \"x\""}) {
         try {
             const StringTable table(std::string("1109 \"ok\"\n") + line);
             ADD_FAILURE() << line;
