@@ -47,10 +47,10 @@ public:
     /// What is offered for the trigger, but for the line that the other one has. Inline, as hosts call it, too.
     [[nodiscard]] LineMask available(LineTrigger trigger) const
     {
-        LineMask lines = offered_[trigger];
+        LineMask mask = offered_[trigger];
         if (const std::int32_t others = lines_[otherThan(trigger)]; others >= 0)
-            lines.at(static_cast<std::size_t>(others)) = false;
-        return lines;
+            mask.at(static_cast<std::size_t>(others)) = false;
+        return mask;
     }
     /// The trigger's line; where it has none the first one that may be chosen; -1 when there is none.
     [[nodiscard]] std::int32_t lineOrFirst(LineTrigger trigger) const;
