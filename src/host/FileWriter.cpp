@@ -85,7 +85,7 @@ FileWriter::~FileWriter()
         ::unlink(temporary_.c_str());
 }
 
-/// A short name of its own, however long that of the file is. A killed save may have left one behind.
+/// A short name, however long that of the file is. A killed save may leave such a file.
 void FileWriter::create()
 {
     for (int number = 0; file_ < 0; ++number) {

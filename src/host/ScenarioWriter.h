@@ -38,7 +38,7 @@ private:
     void write();
 
     Output output_;
-    std::size_t start_ = 0; ///< where `blocks_` and `opener_` stand
+    std::size_t start_ = 0; ///< where `blocks_` and `opener_` begin
     std::size_t end_ = 0;
     std::vector<Block> blocks_;     ///< of the dialogs that `opener_` has opened so far
     std::vector<std::size_t> open_; ///< those that are still open

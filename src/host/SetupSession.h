@@ -70,7 +70,7 @@ public:
     std::function<bool()> mayLeavePage;
     /// Fails with an `InputError` for a file that the program is writing as something else.
     std::function<void(const std::string& file)> checkFree;
-    /// Told when the instruments of a file have taken the place of others.
+    /// Called after the instruments of a file have replaced the others.
     std::function<void()> loaded;
     /// Told when the file's name or the changed mark may have become another.
     std::function<void()> titleChanged;

@@ -11,7 +11,7 @@
 namespace ko {
 
 /// The one way in which a value that the user enters reaches the drivers: each driver's old value is read, the new one
-/// written and read back; then the 2 GB limit is asked once. Beyond it the user is told and each driver gets its own
+/// written and read back; then the 2 GB limit is asked once. Beyond it a message is shown and each driver gets its own
 /// old value back.
 ///
 /// One object serves one event. When the host hands over another list meanwhile, only drivers that are in that list,
@@ -77,7 +77,7 @@ public:
                 restore(step, it);
     }
 
-    /// Asks the limit. Within it: true. Beyond it the user is told, each driver that was written gets its old value
+    /// Asks the limit. Within it: true. Beyond it a message is shown, each driver that was written gets its old value
     /// back (members that could not be read before are not written) and is read again, `putBack` restores what the
     /// page shows, the derived labels follow, and what would fit is offered: false.
     template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)

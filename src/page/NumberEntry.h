@@ -49,7 +49,7 @@ protected:
     virtual bool isActive() { return true; }
 
     /// Whether a number that a driver holds reads as `value` in the box: a text that reads as the number in force
-    /// stands for exactly that number, so that it need not be written.
+    /// means exactly that number, so that it need not be written.
     [[nodiscard]] bool holds(const std::optional<double>& held, double value) const;
     /// Shows a number that a driver holds in this box, which the user is typing in: the text stays as long as it
     /// reads as that number. A box for whole numbers is rewritten only when it is left.

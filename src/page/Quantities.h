@@ -68,7 +68,7 @@ struct Quantity {
     TextBox Page::*box;          ///< else this
     CommandButton Page::*button; ///< explains what the drivers offer
 
-    /// What the page shows for a number that a driver holds, and the number that stands for what is shown. Failure 11
+    /// What the page shows for a number that a driver holds, and the number of what is shown. Failure 11
     /// for the reciprocal of 0.
     [[nodiscard]] double shown(double held) const;
     [[nodiscard]] double held(double shown) const { return this->shown(shown); }

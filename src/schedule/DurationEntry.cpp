@@ -48,7 +48,7 @@ void DurationEntry::accept(const Steps& step, double value)
     write(step, value, [this] { showSelected(recording_.durationReadBack()); });
 }
 
-/// A driver whose duration reads as the text holds it already. None when the value cannot be told in seconds.
+/// A driver whose duration reads as the text holds it already. None when the value has no number of seconds.
 std::optional<Recording::Result> DurationEntry::write(const Steps& step, double value,
                                                       const std::function<void()>& putBack)
 {
