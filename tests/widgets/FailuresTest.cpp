@@ -47,12 +47,12 @@ class FailuresTest : public FrameTest {
 protected:
     GuardedApplication& application = *dynamic_cast<GuardedApplication*>(QCoreApplication::instance());
 
-    FailuresTest()
+    void SetUp() override
     {
         application.texts = [this](int number) { return window.text(number); };
         application.showsFailures = true;
     }
-    ~FailuresTest() override
+    void TearDown() override
     {
         application.texts = nullptr;
         application.showsFailures = false;
