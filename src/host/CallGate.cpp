@@ -1,7 +1,5 @@
 #include "host/CallGate.h"
 
-#include "host/SetupWriter.h"
-
 #include <algorithm>
 #include <charconv>
 
@@ -86,56 +84,5 @@ void CallGate::failIfPlanned(Operation operation)
     std::erase_if(planned_, [&](const Planned& p) { return !p.operation && p.call == calls_; });
     throw Failure(failure.number, failure.description);
 }
-
-template <class T> void CallGate::tell(Operation operation, Arguments arguments, const T& value) const
-{
-    const nlohmann::ordered_json json = toJson(value);
-    observer_->called({operation, arguments, json});
-}
-
-template <class T> void CallGate::tell(Operation operation, Arguments arguments, const T& value, const T& kept) const
-{
-    if (value == kept)
-        return tell(operation, arguments, value);
-    const nlohmann::ordered_json requested = toJson(value);
-    const nlohmann::ordered_json held = toJson(kept);
-    observer_->called({operation, arguments, requested, &held});
-}
-
-template <class T>
-void CallGate::tell(Operation operation, Arguments arguments, const T& value, const Failure& failure) const
-{
-    const nlohmann::ordered_json requested = toJson(value);
-    observer_->failed({operation, arguments, &requested, failure});
-}
-
-void CallGate::tell(Operation operation, Arguments arguments, const Failure& failure) const
-{
-    observer_->failed({operation, arguments, nullptr, failure});
-}
-
-template void CallGate::tell(Operation, Arguments, const bool&) const;
-template void CallGate::tell(Operation, Arguments, const std::int32_t&) const;
-template void CallGate::tell(Operation, Arguments, const float&) const;
-template void CallGate::tell(Operation, Arguments, const double&) const;
-template void CallGate::tell(Operation, Arguments, const std::string&) const;
-template void CallGate::tell(Operation, Arguments, const DateTime&) const;
-template void CallGate::tell(Operation, Arguments, const Range&) const;
-template void CallGate::tell(Operation, Arguments, const Value&) const;
-template void CallGate::tell(Operation, Arguments, const std::vector<double>&) const;
-template void CallGate::tell(Operation, Arguments, const std::vector<std::int32_t>&) const;
-template void CallGate::tell(Operation, Arguments, const std::vector<std::string>&) const;
-template void CallGate::tell(Operation, Arguments, const bool&, const bool&) const;
-template void CallGate::tell(Operation, Arguments, const bool&, const Failure&) const;
-template void CallGate::tell(Operation, Arguments, const std::int32_t&, const std::int32_t&) const;
-template void CallGate::tell(Operation, Arguments, const std::int32_t&, const Failure&) const;
-template void CallGate::tell(Operation, Arguments, const float&, const float&) const;
-template void CallGate::tell(Operation, Arguments, const float&, const Failure&) const;
-template void CallGate::tell(Operation, Arguments, const double&, const double&) const;
-template void CallGate::tell(Operation, Arguments, const double&, const Failure&) const;
-template void CallGate::tell(Operation, Arguments, const DateTime&, const DateTime&) const;
-template void CallGate::tell(Operation, Arguments, const DateTime&, const Failure&) const;
-template void CallGate::tell(Operation, Arguments, const Value&, const Value&) const;
-template void CallGate::tell(Operation, Arguments, const Value&, const Failure&) const;
 
 } // namespace ko

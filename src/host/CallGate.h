@@ -1,12 +1,12 @@
 #pragma once
 
+#include "host/CallValue.h"
 #include "host/InstrumentSettings.h"
 #include "host/Operations.h"
 #include "platform/Failure.h"
 
 #include <functional>
 #include <initializer_list>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -14,41 +14,41 @@
 
 namespace ko {
 
-/// A call to a simulated driver that did not fail. What it refers to lives until `called` returns.
+/// A call to a simulated driver that succeeded.
 struct DriverCall {
     Operation operation = Operation::GroupCount;
-    std::initializer_list<std::int32_t> arguments;
-    const nlohmann::ordered_json& value;          ///< answered by a read, requested by a write
-    const nlohmann::ordered_json* kept = nullptr; ///< what a write left in the driver, where that is another value
+    std::initializer_list<std::int32_t> arguments; ///< valid until `called` returns
+    CallValue value;                               ///< returned by a read, requested by a write
+    std::optional<CallValue> kept;                 ///< what a write left in the driver, where that is another value
 };
 
-/// A call that failed. What it refers to lives until `failed` returns.
+/// A call that failed.
 struct FailedCall {
     Operation operation = Operation::GroupCount;
-    std::initializer_list<std::int32_t> arguments;
-    const nlohmann::ordered_json* value = nullptr; ///< requested by a write; none for a read
-    const Failure& failure;
+    std::initializer_list<std::int32_t> arguments; ///< valid until `failed` returns
+    std::optional<CallValue> value;                ///< requested by a write; none for a read
+    const Failure& failure;                        ///< valid until `failed` returns
 };
 
-/// Hears the calls to a simulated driver.
+/// Is notified of the calls to a simulated driver.
 class CallObserver {
 public:
     virtual ~CallObserver() = default;
 
-    /// Asked before a call's value is made ready.
+    /// Whether `called` is wanted for this operation; asked before the call's value is copied.
     virtual bool hears(Operation operation) = 0;
     virtual void called(const DriverCall& call) = 0;
-    /// Told of every operation.
+    /// Called for every operation, whatever `hears` returns.
     virtual void failed(const FailedCall&) {}
 };
 
-/// The way into a simulated driver: every call is counted here, fails here when it is to fail, and is told to the
+/// The way into a simulated driver: counts every call, makes it fail when a failure is planned, and notifies the
 /// observer.
 class CallGate {
 public:
     using Arguments = std::initializer_list<std::int32_t>;
 
-    /// `observer` outlives the gate; null takes the one there was away.
+    /// `observer` outlives the gate; null removes the previous one.
     void observe(CallObserver* observer) { observer_ = observer; }
     [[nodiscard]] std::int64_t callCount() const { return calls_; }
 
@@ -64,23 +64,27 @@ public:
     /// Runs `act` inside the next call of this operation, before it is answered. Several queue up.
     void during(Operation operation, std::function<void()> act) { during_.emplace_back(operation, std::move(act)); }
 
-    /// Answers what `answer` gives, unless the operation is to fail.
+    /// Returns what `answer` returns, unless the operation is to fail.
     template <class Answer> auto read(Operation operation, Arguments arguments, const Answer& answer)
     {
-        auto value = attempt(operation, answer, [&](const Failure& failure) { tell(operation, arguments, failure); });
+        auto value = attempt(operation, answer, [&](const Failure& failure) {
+            observer_->failed({operation, arguments, std::nullopt, failure});
+        });
         if (isHeard(operation))
-            tell(operation, arguments, value);
+            observer_->called({operation, arguments, callValue(value), std::nullopt});
         return value;
     }
 
-    /// Runs `change`, which answers the value that the driver then holds, unless the operation is to fail.
+    /// Runs `change`, which returns the value that the driver then holds, unless the operation is to fail.
     template <class T, class Change>
     void write(Operation operation, Arguments arguments, const T& value, const Change& change)
     {
-        const T kept =
-            attempt(operation, change, [&](const Failure& failure) { tell(operation, arguments, value, failure); });
+        const T kept = attempt(operation, change, [&](const Failure& failure) {
+            observer_->failed({operation, arguments, callValue(value), failure});
+        });
         if (isHeard(operation))
-            tell(operation, arguments, value, kept);
+            observer_->called({operation, arguments, callValue(value),
+                               value == kept ? std::nullopt : std::optional(callValue(kept))});
     }
 
 private:
@@ -102,7 +106,7 @@ private:
     void failIfPlanned(Operation operation);
     void runDuring(Operation operation);
 
-    /// What `act` answers; a failure is handed to `complain` on its way to the caller.
+    /// Returns what `act` returns; hands a failure to `complain` before it reaches the caller.
     template <class Act, class Complain> auto attempt(Operation operation, const Act& act, const Complain& complain)
     {
         try {
@@ -114,12 +118,6 @@ private:
             throw;
         }
     }
-
-    template <class T> void tell(Operation operation, Arguments arguments, const T& value) const;
-    template <class T> void tell(Operation operation, Arguments arguments, const T& value, const T& kept) const;
-    template <class T>
-    void tell(Operation operation, Arguments arguments, const T& value, const Failure& failure) const;
-    void tell(Operation operation, Arguments arguments, const Failure& failure) const;
 
     CallObserver* observer_ = nullptr;
     std::int64_t calls_ = 0;

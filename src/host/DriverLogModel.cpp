@@ -1,6 +1,7 @@
 #include "host/DriverLogModel.h"
 
 #include "host/HostTexts.h"
+#include "host/SetupWriter.h"
 #include "widgets/Guarded.h"
 #include "widgets/PlainText.h"
 
@@ -9,21 +10,18 @@
 #include <QStyle>
 #include <algorithm>
 #include <array>
-#include <nlohmann/json.hpp>
 
 namespace ko {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr std::array headers{hostText::logTime,      hostText::logInstrument, hostText::logOperation,
                              hostText::logArguments, hostText::logValue,      hostText::logResult};
 static_assert(headers.size() == DriverLogModel::columns);
 
-QString shown(const Json* value)
+QString shown(const std::optional<CallValue>& value)
 {
-    return value ? toQt(value->dump(-1, ' ', false, Json::error_handler_t::replace)) : QString();
+    return value ? toQt(toJson(*value).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)) : QString();
 }
 
 QString joined(const std::vector<std::int32_t>& arguments)
@@ -44,9 +42,8 @@ DriverLogModel::DriverLogModel(Texts texts, QObject* parent) : QAbstractTableMod
 
 void DriverLogModel::add(const SimulatedDriver& driver, const DriverCall& call)
 {
-    const bool keptAnother = call.kept && *call.kept != call.value;
-    put({QDateTime::currentMSecsSinceEpoch(), toQt(driver.name()), call.operation, call.arguments, shown(&call.value),
-         shown(keptAnother ? call.kept : nullptr), QString()});
+    put({QDateTime::currentMSecsSinceEpoch(), toQt(driver.name()), call.operation, call.arguments, shown(call.value),
+         shown(call.kept), QString()});
 }
 
 void DriverLogModel::add(const SimulatedDriver& driver, const FailedCall& call)

@@ -2,10 +2,11 @@
 
 namespace ko {
 
-/// Hears one driver, which it keeps alive while it listens.
+/// Observes one driver, which it keeps alive meanwhile.
 class DriverWatch::Listener final : public CallObserver {
 public:
-    Listener(DriverWatch& watch, std::shared_ptr<SimulatedDriver> driver) : watch_(watch), driver_(std::move(driver))
+    Listener(DriverWatch& watch, std::size_t index, std::shared_ptr<SimulatedDriver> driver)
+        : watch_(watch), index_(index), driver_(std::move(driver))
     {
         driver_->calls().observe(this);
     }
@@ -15,25 +16,26 @@ public:
 
     bool hears(Operation operation) override
     {
-        return isWritten(operation) || watch_.health_.awaits(*driver_, operation);
+        return isWanted(operation) || watch_.health_.awaits(*driver_, operation);
     }
     void called(const DriverCall& call) override
     {
         watch_.health_.answered(*driver_, call);
-        if (isWritten(call.operation))
-            watch_.written(*driver_, call);
+        if (isWanted(call.operation))
+            watch_.called({index_, *driver_}, call);
     }
     void failed(const FailedCall& call) override
     {
         watch_.health_.failed(*driver_, call);
         if (watch_.failed)
-            watch_.failed(*driver_, call);
+            watch_.failed({index_, *driver_}, call);
     }
 
 private:
-    [[nodiscard]] bool isWritten(Operation operation) const { return watch_.written && isWrite(operation); }
+    [[nodiscard]] bool isWanted(Operation operation) const { return watch_.called && watch_.wanted(operation); }
 
     DriverWatch& watch_;
+    std::size_t index_;
     std::shared_ptr<SimulatedDriver> driver_;
 };
 
@@ -44,8 +46,8 @@ void DriverWatch::watch(const SimulatedDrivers& drivers)
 {
     listeners_.clear();
     health_.watch(drivers);
-    for (const auto& driver : drivers)
-        listeners_.push_back(std::make_unique<Listener>(*this, driver));
+    for (std::size_t i = 0; i < drivers.size(); ++i)
+        listeners_.push_back(std::make_unique<Listener>(*this, i, drivers[i]));
 }
 
 } // namespace ko

@@ -7,23 +7,30 @@
 
 namespace ko {
 
-/// Hears every write to the instruments and every call of theirs that fails, for whoever wants to show it, and keeps
-/// account of those that fail at present.
+/// Observes the instruments: keeps account of those that fail, and notifies its owner of the calls that it asks for and
+/// of every call that fails.
 class DriverWatch {
 public:
-    /// `now` is the time that failures are noted with.
+    /// `now` returns the time that failures are noted with.
     explicit DriverWatch(std::function<DateTime()> now);
     ~DriverWatch();
     DriverWatch(const DriverWatch&) = delete;
     DriverWatch& operator=(const DriverWatch&) = delete;
 
-    /// Watches these and no others any more.
+    struct Watched {
+        std::size_t index; ///< in the list given to `watch`
+        const SimulatedDriver& driver;
+    };
+
+    /// Observes these instruments from now on, and no others.
     void watch(const SimulatedDrivers& drivers);
 
     [[nodiscard]] DriverHealth& health() { return health_; }
 
-    std::function<void(const SimulatedDriver&, const DriverCall&)> written;
-    std::function<void(const SimulatedDriver&, const FailedCall&)> failed;
+    /// Whether `called` is to be called for this operation; every write unless set.
+    std::function<bool(Operation)> wanted = isWrite;
+    std::function<void(const Watched&, const DriverCall&)> called;
+    std::function<void(const Watched&, const FailedCall&)> failed;
 
 private:
     class Listener;

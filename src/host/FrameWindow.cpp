@@ -99,14 +99,12 @@ void FrameWindow::makeDocks()
     addDockWidget(Qt::BottomDockWidgetArea, reports_);
     addDockWidget(Qt::BottomDockWidgetArea, log_);
     addDockWidget(Qt::RightDockWidgetArea, instruments_);
-    watch_.written = [this](const SimulatedDriver& driver, const DriverCall& call) {
-        log_->model().add(driver, call);
+    const auto note = [this](const DriverWatch::Watched& watched, const auto& call) {
+        log_->model().add(watched.driver, call);
         instruments_->refresh();
     };
-    watch_.failed = [this](const SimulatedDriver& driver, const FailedCall& call) {
-        log_->model().add(driver, call);
-        instruments_->refresh();
-    };
+    watch_.called = note;
+    watch_.failed = note;
     instruments_->model().enable = [this](SimulatedDriver& driver, int group, int channel, bool on) {
         return enableChannel(driver, group, channel, on);
     };

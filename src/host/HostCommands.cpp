@@ -67,7 +67,7 @@ void readOnly(Scenario& scenario, const Arguments& words)
 void show(Scenario& scenario, const Arguments&)
 {
     Document& document = scenario.document();
-    scenario.health.rebuild([&] { document.UserDocument_Show(); });
+    scenario.watch.health().rebuild([&] { document.UserDocument_Show(); });
 }
 
 void hide(Scenario& scenario, const Arguments&)

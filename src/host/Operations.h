@@ -7,61 +7,68 @@
 
 namespace ko {
 
-/// Every operation that a simulated driver answers, its queries for views left out.
+// clang-format off
+/// Every operation that a simulated driver has, its queries for views left out: X(enumerator, name, kind).
+#define KO_OPERATIONS(X) \
+    X(GroupCount, "GroupCount", Method) \
+    X(ChannelCount, "ChannelCount", Method) \
+    X(ChannelAttribute, "ChannelAttribute", Method) \
+    X(MeasurementMode, "MeasurementMode", Method) \
+    X(SamplingMode, "SamplingMode", Method) \
+    X(DriverName, "DriverName", Method) \
+    X(GroupName, "GroupName", Method) \
+    X(SamplePeriodSet, "SamplePeriod", Setter) \
+    X(SamplePeriodGet, "SamplePeriod", Getter) \
+    X(BlockSizeSet, "BlockSize", Setter) \
+    X(BlockSizeGet, "BlockSize", Getter) \
+    X(ScanPeriodSet, "ScanPeriod", Setter) \
+    X(ScanPeriodGet, "ScanPeriod", Getter) \
+    X(SampleChoiceList, "SampleChoiceList", Getter) \
+    X(BlockSizeChoiceList, "BlockSizeChoiceList", Getter) \
+    X(BlockSizeRange, "BlockSizeRange", Method) \
+    X(ScanChoiceList, "ScanChoiceList", Getter) \
+    X(ChoiceRange, "ChoiceRange", Method) \
+    X(StartTimeGet, "StartTime", Getter) \
+    X(StartTimeSet, "StartTime", Setter) \
+    X(DurationGet, "Duration", Getter) \
+    X(DurationSet, "Duration", Setter) \
+    X(StopModeGet, "StopMode", Getter) \
+    X(StopModeSet, "StopMode", Setter) \
+    X(StartModeGet, "StartMode", Getter) \
+    X(StartModeSet, "StartMode", Setter) \
+    X(GetTriggerParamCount, "GetTriggerParamCount", Method) \
+    X(GetTriggerParamId, "GetTriggerParamId", Method) \
+    X(GetTriggerParamName, "GetTriggerParamName", Method) \
+    X(GetTriggerParamType, "GetTriggerParamType", Method) \
+    X(GetTriggerParamValue, "GetTriggerParamValue", Method) \
+    X(GetTriggerParamChoices, "GetTriggerParamChoices", Method) \
+    X(GetTriggerParamMin, "GetTriggerParamMin", Method) \
+    X(GetTriggerParamMax, "GetTriggerParamMax", Method) \
+    X(SetTriggerParamValue, "SetTriggerParamValue", Writer) \
+    X(TriggerEnabledGet, "TriggerEnabled", Getter) \
+    X(TriggerEnabledSet, "TriggerEnabled", Setter) \
+    X(CanTrigger, "CanTrigger", Method) \
+    X(GetTriggerGroupName, "GetTriggerGroupName", Method) \
+    X(StartMasterRank, "StartMasterRank", Getter) \
+    X(StartTriggerLineGet, "StartTriggerLine", Getter) \
+    X(StartTriggerLineSet, "StartTriggerLine", Setter) \
+    X(StartTriggerInput, "StartTriggerInput", Setter) \
+    X(ScanMasterRank, "ScanMasterRank", Getter) \
+    X(ScanTriggerLineGet, "ScanTriggerLine", Getter) \
+    X(ScanTriggerLineSet, "ScanTriggerLine", Setter) \
+    X(ScanTriggerInput, "ScanTriggerInput", Setter) \
+    X(StartLinesAsMaster, "StartLinesAsMaster", Getter) \
+    X(ScanLinesAsListener, "ScanLinesAsListener", Getter) \
+    X(ScanLinesAsMaster, "ScanLinesAsMaster", Getter) \
+    X(StartLinesAsListener, "StartLinesAsListener", Getter) \
+    X(NumberOfScans, "NumberOfScans", Method) \
+    X(DynamicBytes, "DynamicBytes", Method)
+// clang-format on
+
 enum class Operation : std::uint8_t {
-    GroupCount,
-    ChannelCount,
-    ChannelAttribute,
-    MeasurementMode,
-    SamplingMode,
-    DriverName,
-    GroupName,
-    SamplePeriodSet,
-    SamplePeriodGet,
-    BlockSizeSet,
-    BlockSizeGet,
-    ScanPeriodSet,
-    ScanPeriodGet,
-    SampleChoiceList,
-    BlockSizeChoiceList,
-    BlockSizeRange,
-    ScanChoiceList,
-    ChoiceRange,
-    StartTimeGet,
-    StartTimeSet,
-    DurationGet,
-    DurationSet,
-    StopModeGet,
-    StopModeSet,
-    StartModeGet,
-    StartModeSet,
-    GetTriggerParamCount,
-    GetTriggerParamId,
-    GetTriggerParamName,
-    GetTriggerParamType,
-    GetTriggerParamValue,
-    GetTriggerParamChoices,
-    GetTriggerParamMin,
-    GetTriggerParamMax,
-    SetTriggerParamValue,
-    TriggerEnabledGet,
-    TriggerEnabledSet,
-    CanTrigger,
-    GetTriggerGroupName,
-    StartMasterRank,
-    StartTriggerLineGet,
-    StartTriggerLineSet,
-    StartTriggerInput,
-    ScanMasterRank,
-    ScanTriggerLineGet,
-    ScanTriggerLineSet,
-    ScanTriggerInput,
-    StartLinesAsMaster,
-    ScanLinesAsListener,
-    ScanLinesAsMaster,
-    StartLinesAsListener,
-    NumberOfScans,
-    DynamicBytes
+#define KO_ENUMERATOR(enumerator, name, kind) enumerator,
+    KO_OPERATIONS(KO_ENUMERATOR)
+#undef KO_ENUMERATOR
 };
 
 /// The operation's name without `get` or `set`.

@@ -120,7 +120,7 @@ Json toJson(const DriverFailure& failure)
 void failing(Scenario& scenario, const Arguments&)
 {
     Json list = Json::array();
-    for (const DriverFailure& failure : scenario.health.failing())
+    for (const DriverFailure& failure : scenario.watch.health().failing())
         list.push_back(toJson(failure));
     scenario.log.event("failing", {{"drivers", std::move(list)}});
 }
@@ -129,7 +129,7 @@ void expectFailing(Scenario& scenario, const Arguments& words)
 {
     const SimulatedDriver* const driver = &scenario.driver(words.text(0));
     std::string actual = "none";
-    for (const DriverFailure& failure : scenario.health.failing())
+    for (const DriverFailure& failure : scenario.watch.health().failing())
         if (scenario.drivers()[failure.driver].get() == driver)
             actual = failingName(failure.operation);
     if (words.text(1) != "none" && !findOperation(words.text(1)))

@@ -2,6 +2,7 @@
 
 #include "host/Commands.h"
 #include "host/InputError.h"
+#include "host/SetupWriter.h"
 #include "platform/Scoped.h"
 
 #include <algorithm>
@@ -9,45 +10,14 @@
 
 namespace ko {
 
-/// Tells the log of the calls to one driver.
-class Scenario::Listener final : public CallObserver {
-public:
-    Listener(Scenario& scenario, std::size_t driver) : scenario_(scenario), driver_(driver) {}
-
-    bool hears(Operation operation) override
-    {
-        return isTold(operation) || scenario_.health.awaits(driver(), operation);
-    }
-
-    void called(const DriverCall& call) override
-    {
-        scenario_.health.answered(driver(), call);
-        if (!isTold(call.operation))
-            return;
-        Json members{{"driver", driver_}, {"operation", operationName(call.operation)}};
-        if (call.arguments.size() > 0)
-            members["arguments"] = call.arguments;
-        members["value"] = call.value;
-        scenario_.log.event(isWrite(call.operation) ? "write" : "read", members);
-    }
-
-    void failed(const FailedCall& call) override { scenario_.health.failed(driver(), call); }
-
-private:
-    [[nodiscard]] bool isTold(Operation operation) const
-    {
-        return !scenario_.quiet && (scenario_.showReads || isWrite(operation));
-    }
-    [[nodiscard]] const SimulatedDriver& driver() const { return *scenario_.drivers_[driver_]; }
-
-    Scenario& scenario_;
-    std::size_t driver_;
-};
-
 Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
     : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), folder_(options.folder),
       language_(options.language)
 {
+    watch.wanted = [this](Operation operation) { return logs(operation); };
+    watch.called = [this](const DriverWatch::Watched& watched, const DriverCall& call) {
+        logCall(watched.index, call);
+    };
     takeSetup(options.setup);
     platform_ =
         std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,
@@ -61,17 +31,24 @@ Scenario::~Scenario()
     document_.reset();
 }
 
+bool Scenario::logs(Operation operation) const
+{
+    return !quiet && (showReads || isWrite(operation));
+}
+
+void Scenario::logCall(std::size_t index, const DriverCall& call)
+{
+    Json members{{"driver", index}, {"operation", operationName(call.operation)}};
+    if (call.arguments.size() > 0)
+        members["arguments"] = call.arguments;
+    members["value"] = toJson(call.value);
+    log.event(isWrite(call.operation) ? "write" : "read", members);
+}
+
 void Scenario::takeSetup(const Setup& setup)
 {
-    for (const auto& driver : drivers_)
-        driver->calls().observe(nullptr);
     drivers_ = makeDrivers(setup);
-    listeners_.clear();
-    for (std::size_t i = 0; i < drivers_.size(); ++i) {
-        listeners_.push_back(std::make_unique<Listener>(*this, i));
-        drivers_[i]->calls().observe(listeners_[i].get());
-    }
-    health.watch(drivers_);
+    watch.watch(drivers_);
     title_ = setup.title;
     if (setup.clock)
         clock.time = setup.clock;
@@ -155,7 +132,7 @@ void Scenario::rebuild(const std::function<void()>& call)
 {
     // The few calls that a hidden page makes say nothing of a driver.
     if (document().page().isShown)
-        health.rebuild(call);
+        watch.health().rebuild(call);
     else
         call();
 }

@@ -2,7 +2,7 @@
 
 #include "document/ClassFactory.h"
 #include "host/DialogPlayer.h"
-#include "host/DriverHealth.h"
+#include "host/DriverWatch.h"
 #include "host/HeadlessPlatform.h"
 #include "host/SetupFile.h"
 
@@ -44,9 +44,9 @@ public:
     SimulatedPrinters printers{log};
     SimulatedScreen screen;
     StandingClock clock;
-    DriverHealth health{[this] { return clock.now(); }};
+    DriverWatch watch{[this] { return clock.now(); }};
 
-    /// Reads and writes are told unless the script wants quiet; reads only where it asks for them.
+    /// Writes are logged unless the script wants quiet; reads only where it asks for them.
     bool quiet = false;
     bool showReads = false;
     bool expectationFailed = false;
@@ -91,8 +91,8 @@ public:
     void playDuring(const std::vector<ScriptLine>& block);
 
 private:
-    class Listener;
-
+    [[nodiscard]] bool logs(Operation operation) const;
+    void logCall(std::size_t index, const DriverCall& call);
     void takeSetup(const Setup& setup);
     void makeComponent();
     void execute(const ScriptLine& line);
@@ -103,7 +103,6 @@ private:
     std::string language_;
     std::string title_;
     LoggedChanges changes_{log};
-    std::vector<std::unique_ptr<Listener>> listeners_;
     SimulatedDrivers drivers_;
     std::unique_ptr<Platform> platform_;
     std::unique_ptr<Component> component_;

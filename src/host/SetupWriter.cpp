@@ -131,16 +131,21 @@ std::string setupText(const Setup& setup)
     return layOut(json, 0) + "\n";
 }
 
-Json toJson(const Value& value)
+Json toJson(const CallValue& value)
 {
     return std::visit(
         [](const auto& held) -> Json {
             if constexpr (std::is_same_v<std::decay_t<decltype(held)>, std::monostate>)
                 return nullptr;
             else
-                return held;
+                return toJson(held);
         },
         value);
+}
+
+Json toJson(const Value& value)
+{
+    return toJson(callValue(value));
 }
 
 Json toJson(const Range& range)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/CallValue.h"
 #include "host/InstrumentSettings.h"
 
 #include <nlohmann/json.hpp>
@@ -16,8 +17,9 @@ std::string setupText(const Setup& setup);
 /// An instrument in the shape of a set-up file; reading it gives the same instrument.
 nlohmann::ordered_json toJson(const InstrumentSettings& instrument);
 
-/// Values as events show them: times as day numbers, a range as its two bounds, the empty value as null. Doubles bring
-/// back the same double; numbers that are not finite become null.
+/// Values as events show them: times as day numbers, a range as its two bounds, the empty value as null. A double reads
+/// back as the same double; a number that is not finite becomes null.
+nlohmann::ordered_json toJson(const CallValue& value);
 nlohmann::ordered_json toJson(const Value& value);
 nlohmann::ordered_json toJson(const Range& range);
 nlohmann::ordered_json toJson(const DateTime& time);

@@ -3,7 +3,6 @@ ko_folder(frame SOURCES
   DockLayout.cpp
   DriverLog.cpp
   DriverLogModel.cpp
-  DriverWatch.cpp
   FailureStrip.cpp
   FaultDialog.cpp
   FileWatch.cpp

@@ -74,20 +74,20 @@ TEST(DriverHealthTest, ACallIsKnownByItsArgumentsAndIsToldWithReasonAndTime)
     const SimulatedDrivers drivers = makeDrivers(parseSetup(bench, "bench.json"));
     health.watch(drivers);
     const Failure failure(9, "no");
-    const Json none;
-    health.failed(*drivers[0], {Operation::ChannelCount, {7}, nullptr, failure});
+    const CallValue none;
+    health.failed(*drivers[0], {Operation::ChannelCount, {7}, std::nullopt, failure});
     EXPECT_TRUE(health.awaits(*drivers[0], Operation::ChannelCount));
     EXPECT_FALSE(health.awaits(*drivers[0], Operation::GroupName));
     EXPECT_FALSE(health.awaits(*drivers[1], Operation::ChannelCount));
-    health.answered(*drivers[0], {Operation::ChannelCount, {6}, none});
+    health.answered(*drivers[0], {Operation::ChannelCount, {6}, none, std::nullopt});
     EXPECT_EQ(health.failing().size(), 1U) << "another group";
-    health.answered(*drivers[0], {Operation::ChannelCount, {7}, none});
+    health.answered(*drivers[0], {Operation::ChannelCount, {7}, none, std::nullopt});
     EXPECT_EQ(health.failing().size(), 0U);
 
     const auto fail = [&](std::int32_t group) {
-        health.failed(*drivers[0], {Operation::ChannelCount, {group}, nullptr, failure});
+        health.failed(*drivers[0], {Operation::ChannelCount, {group}, std::nullopt, failure});
     };
-    const auto answer = [&] { health.answered(*drivers[0], {Operation::ChannelCount, {6}, none}); };
+    const auto answer = [&] { health.answered(*drivers[0], {Operation::ChannelCount, {6}, none, std::nullopt}); };
     fail(7);
     health.rebuild([&] { answer(), fail(8); });
     EXPECT_EQ(health.failing().size(), 1U);

@@ -1,4 +1,5 @@
 #include "host/SetupFile.h"
+#include "host/SetupWriter.h"
 #include "platform/Failure.h"
 
 #include <gtest/gtest.h>
@@ -163,12 +164,12 @@ public:
     bool hears(Operation) override { return true; }
     void called(const DriverCall& call) override
     {
-        heard += std::string(operationName(call.operation)) + call.value.dump();
-        heard += call.kept ? "->" + call.kept->dump() + " " : " ";
+        heard += std::string(operationName(call.operation)) + toJson(call.value).dump();
+        heard += call.kept ? "->" + toJson(*call.kept).dump() + " " : " ";
     }
     void failed(const FailedCall& call) override
     {
-        failures += std::string(operationName(call.operation)) + (call.value ? call.value->dump() : "");
+        failures += std::string(operationName(call.operation)) + (call.value ? toJson(*call.value).dump() : "");
         failures += "!" + std::to_string(call.failure.number()) + " ";
     }
 
