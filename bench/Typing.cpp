@@ -1,5 +1,5 @@
 #include "bench/Events.h"
-#include "widgets/PageWidget.h"
+#include "widgets/page/PageWidget.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #include "fuzz/Targets.h"
 
-#include "host/SetupFile.h"
+#include "host/setup/SetupFile.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

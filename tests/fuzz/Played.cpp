@@ -2,8 +2,8 @@
 
 #include "faults/Rules.h"
 #include "fuzz/Targets.h"
-#include "host/SetupSaving.h"
-#include "host/SetupWriter.h"
+#include "host/setup/SetupSaving.h"
+#include "host/setup/SetupWriter.h"
 
 #include <algorithm>
 #include <sstream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Scenario.h"
+#include "host/scenario/Scenario.h"
 
 #include <string>
 

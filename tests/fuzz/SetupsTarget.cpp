@@ -1,6 +1,6 @@
 #include "fuzz/Played.h"
 #include "fuzz/Targets.h"
-#include "host/InputError.h"
+#include "host/support/InputError.h"
 
 #include <regex>
 

@@ -7,29 +7,38 @@ from include_direction import check
 
 # What one file of a tree includes, and what the complaint about it says; None where it is fine.
 CASES = [
-    ("widgets/View.cpp", '#include "page/Page.h"\n#include <QWidget>', None),
+    ("widgets/page/View.cpp", '#include "page/Page.h"\n#include <QWidget>', None),
     ("document/Editor.cpp", '#include "timebase/Editors.h"\n#include <string_view>', None),
-    ("widgets/View.cpp", '#include "View.moc"', None),
-    ("page/Page.cpp", '#include "widgets/View.h"', "may not know widgets"),
+    ("page/Page.cpp", '#include "widgets/page/View.h"', "may not know widgets/page"),
     ("timebase/Editors.cpp", '  #  include "schedule/Plan.h"', "may not know schedule"),
-    ("platform/Control.cpp", '#include "../widgets/View.h"', "names no file"),
+    ("platform/Control.cpp", '#include "../widgets/page/View.h"', "names no file"),
     ("platform/Control.cpp", '#include "Control.h"', "names no file"),
     ("platform/Control.cpp", '#include "platform/Missing.h"', "names no file"),
-    ("platform/Control.cpp", '#include "platform/../widgets/View.h"', "names no file"),
+    ("platform/Control.cpp", '#include "platform/../widgets/page/View.h"', "names no file"),
     ("document/Editor.cpp", "#include <QString>", "no header of the standard library"),
     ("document/Editor.cpp", "#include <nlohmann/json.hpp>", "no header of the standard library"),
     ("support/Errors.cpp", "#include <unistd.h>", "no header of the standard library"),
     ("support/Errors.cpp", "#include ERRORS_HEADER", "not a plain include"),
+    ("host/window/Frame.cpp", '#include "host/setup/File.h"\n#include "widgets/page/View.h"\n#include <QMenu>', None),
+    ("host/setup/File.cpp", '#include "page/Page.h"\n#include <nlohmann/json.hpp>', None),
+    ("host/setup/File.cpp", '#include "host/window/Frame.h"', "may not know host/window"),
+    ("host/setup/File.cpp", '#include "widgets/page/View.h"', "may not know widgets/page"),
+    ("host/setup/File.cpp", "#include <QString>", "a header of the toolkit"),
+    ("host/setup/File.cpp", '#include "setup/File.h"', "names no file"),
+    ("widgets/page/View.cpp", '#include "host/setup/File.h"', "may not know host/setup"),
+    ("page/Page.cpp", '#include "host/setup/File.h"', "may not know host/setup"),
+    ("host/Loose.cpp", "#include <string>", "none of the known folders"),
     ("extras/More.cpp", "#include <string>", "none of the known folders"),
 ]
-HEADERS = ["page/Page.h", "timebase/Editors.h", "schedule/Plan.h", "platform/Control.h", "widgets/View.h"]
+HEADERS = ["page/Page.h", "timebase/Editors.h", "schedule/Plan.h", "platform/Control.h", "widgets/page/View.h",
+           "host/setup/File.h", "host/window/Frame.h"]
 
 
 class IncludeDirection(unittest.TestCase):
     def complaints(self, files):
         with tempfile.TemporaryDirectory() as folder:
             for name, content in files.items():
-                path = Path(folder, name)
+                path = Path(folder, name if name.startswith("host/") else f"src/{name}")
                 path.parent.mkdir(parents=True, exist_ok=True)
                 path.write_text(content, encoding="utf-8")
             return check(Path(folder))[0]

@@ -1,5 +1,5 @@
 #include "ViewTest.h"
-#include "widgets/EntryMark.h"
+#include "widgets/bindings/EntryMark.h"
 
 #include <QElapsedTimer>
 #include <QInputMethodEvent>

@@ -1,9 +1,9 @@
-#include "widgets/DateDialog.h"
+#include "widgets/dialogs/DateDialog.h"
 
 #include "fakes/DocumentTest.h"
 #include "platform/DateTimes.h"
-#include "widgets/FormView.h"
-#include "widgets/PageWidget.h"
+#include "widgets/bindings/FormView.h"
+#include "widgets/page/PageWidget.h"
 
 #include <QApplication>
 #include <QCalendarWidget>

@@ -1,7 +1,7 @@
-#include "widgets/PageWidget.h"
+#include "widgets/page/PageWidget.h"
 #include "fakes/DocumentTest.h"
-#include "widgets/NoInstrumentPicture.h"
-#include "widgets/QtPrinters.h"
+#include "widgets/bindings/NoInstrumentPicture.h"
+#include "widgets/services/QtPrinters.h"
 
 #include <QApplication>
 #include <QFile>

@@ -3,8 +3,8 @@
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
-#include "widgets/FormView.h"
-#include "widgets/QtServices.h"
+#include "widgets/bindings/FormView.h"
+#include "widgets/services/QtServices.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,5 +1,5 @@
 #include "fakes/DocumentTest.h"
-#include "widgets/PageWidget.h"
+#include "widgets/page/PageWidget.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "widgets/FormView.h"
+#include "widgets/bindings/FormView.h"
 
 #include <QApplication>
 #include <QComboBox>

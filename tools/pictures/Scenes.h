@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/FrameWindow.h"
+#include "host/window/FrameWindow.h"
 
 #include <QPixmap>
 #include <span>

@@ -1,7 +1,7 @@
 #include "Scenes.h"
 
-#include "host/InputError.h"
-#include "host/SetupFile.h"
+#include "host/setup/SetupFile.h"
+#include "host/support/InputError.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -1,0 +1,128 @@
+#pragma once
+
+#include "host/instruments/CallValue.h"
+#include "host/instruments/InstrumentSettings.h"
+#include "host/instruments/Operations.h"
+#include "platform/Failure.h"
+
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace ko {
+
+/// A call to a simulated driver that succeeded.
+struct DriverCall {
+    Operation operation = Operation::GroupCount;
+    std::initializer_list<std::int32_t> arguments; ///< valid until `called` returns
+    CallValue value;                               ///< returned by a read, requested by a write
+    std::optional<CallValue> kept;                 ///< what a write left in the driver, where that is another value
+};
+
+/// A call that failed.
+struct FailedCall {
+    Operation operation = Operation::GroupCount;
+    std::initializer_list<std::int32_t> arguments; ///< valid until `failed` returns
+    std::optional<CallValue> value;                ///< requested by a write; none for a read
+    const Failure& failure;                        ///< valid until `failed` returns
+};
+
+/// Is notified of the calls to a simulated driver.
+class CallObserver {
+public:
+    virtual ~CallObserver() = default;
+
+    /// Whether `called` is wanted for this operation; asked before the call's value is copied.
+    virtual bool hears(Operation operation) = 0;
+    virtual void called(const DriverCall& call) = 0;
+    /// Called for every operation, whatever `hears` returns.
+    virtual void failed(const FailedCall&) {}
+};
+
+/// The way into a simulated driver: counts every call, makes it fail when a failure is planned, and notifies the
+/// observer.
+class CallGate {
+public:
+    using Arguments = std::initializer_list<std::int32_t>;
+
+    /// `observer` outlives the gate; null removes the previous one.
+    void observe(CallObserver* observer) { observer_ = observer; }
+    [[nodiscard]] std::int64_t callCount() const { return calls_; }
+
+    /// False when the failure's operation is neither an operation's name nor "#N" with N from 1. The failure of
+    /// an operation or a call replaces an earlier one of the same.
+    bool fail(const SimulatedFailure& failure);
+    /// Lets the operation ("#N" as it was asked for) work again. False when the name is none, see `fail`.
+    bool heal(std::string_view operation);
+    void healAll();
+    /// What is to fail, calls by their number from now on.
+    [[nodiscard]] std::vector<SimulatedFailure> failing() const;
+
+    /// Runs `act` inside the next call of this operation, before it is answered. Several queue up.
+    void during(Operation operation, std::function<void()> act) { during_.emplace_back(operation, std::move(act)); }
+
+    /// Returns what `answer` returns, unless the operation is to fail.
+    template <class Answer> auto read(Operation operation, Arguments arguments, const Answer& answer)
+    {
+        auto value = attempt(operation, answer, [&](const Failure& failure) {
+            observer_->failed({operation, arguments, std::nullopt, failure});
+        });
+        if (isHeard(operation))
+            observer_->called({operation, arguments, callValue(value), std::nullopt});
+        return value;
+    }
+
+    /// Runs `change`, which returns the value that the driver then holds, unless the operation is to fail.
+    template <class T, class Change>
+    void write(Operation operation, Arguments arguments, const T& value, const Change& change)
+    {
+        const T kept = attempt(operation, change, [&](const Failure& failure) {
+            observer_->failed({operation, arguments, callValue(value), failure});
+        });
+        if (isHeard(operation))
+            observer_->called({operation, arguments, callValue(value),
+                               value == kept ? std::nullopt : std::optional(callValue(kept))});
+    }
+
+private:
+    struct Planned {
+        SimulatedFailure failure;
+        std::optional<Operation> operation; ///< none: the call of the number `call`
+        std::int64_t call = 0;
+    };
+
+    [[nodiscard]] bool isHeard(Operation operation) const { return observer_ && observer_->hears(operation); }
+    void enter(Operation operation)
+    {
+        ++calls_;
+        if (!during_.empty())
+            runDuring(operation);
+        if (!planned_.empty())
+            failIfPlanned(operation);
+    }
+    void failIfPlanned(Operation operation);
+    void runDuring(Operation operation);
+
+    /// Returns what `act` returns; hands a failure to `complain` before it reaches the caller.
+    template <class Act, class Complain> auto attempt(Operation operation, const Act& act, const Complain& complain)
+    {
+        try {
+            enter(operation);
+            return act();
+        } catch (const Failure& failure) {
+            if (observer_)
+                complain(failure);
+            throw;
+        }
+    }
+
+    CallObserver* observer_ = nullptr;
+    std::int64_t calls_ = 0;
+    std::vector<Planned> planned_;
+    std::vector<std::pair<Operation, std::function<void()>>> during_;
+};
+
+} // namespace ko

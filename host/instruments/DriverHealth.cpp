@@ -1,0 +1,88 @@
+#include "host/instruments/DriverHealth.h"
+
+#include <algorithm>
+
+namespace ko {
+
+void DriverHealth::watch(const SimulatedDrivers& drivers)
+{
+    drivers_ = drivers;
+    troubles_.clear();
+    if (changed)
+        changed();
+}
+
+void DriverHealth::failed(const SimulatedDriver& driver, const FailedCall& call)
+{
+    Trouble& trouble = troubles_[&driver];
+    trouble.open[{call.operation, call.arguments}] = {++turn_, call.failure.number(), call.failure.what(), now()};
+    if (changed)
+        changed();
+}
+
+bool DriverHealth::awaits(const SimulatedDriver& driver, Operation operation) const
+{
+    if (troubles_.empty())
+        return false;
+    const auto trouble = troubles_.find(&driver);
+    if (trouble == troubles_.end())
+        return false;
+    const auto first = trouble->second.open.lower_bound({operation, {}});
+    return first != trouble->second.open.end() && first->first.first == operation;
+}
+
+void DriverHealth::answered(const SimulatedDriver& driver, const DriverCall& call)
+{
+    const auto trouble = troubles_.find(&driver);
+    if (trouble == troubles_.end())
+        return;
+    trouble->second.answered[call.operation] = ++turn_;
+    if (trouble->second.open.erase({call.operation, call.arguments}) == 0)
+        return;
+    if (trouble->second.open.empty())
+        troubles_.erase(trouble);
+    if (changed)
+        changed();
+}
+
+bool DriverHealth::Trouble::hasAnsweredSince(std::int64_t turn, Operation operation) const
+{
+    const auto answer = answered.find(operation);
+    return answer != answered.end() && answer->second > turn &&
+           std::none_of(open.begin(), open.end(), [&](const auto& failed) {
+               return failed.first.first == operation && failed.second.turn > turn;
+           });
+}
+
+void DriverHealth::afterRebuild(std::int64_t turn)
+{
+    std::size_t cleared = 0;
+    for (auto& [driver, trouble] : troubles_) {
+        const auto isAnswered = [&, &t = trouble](const auto& failed) {
+            return t.hasAnsweredSince(turn, failed.first.first);
+        };
+        cleared += std::erase_if(trouble.open, isAnswered);
+    }
+    std::erase_if(troubles_, [](const auto& trouble) { return trouble.second.open.empty(); });
+    if (cleared > 0 && changed)
+        changed();
+}
+
+std::vector<DriverFailure> DriverHealth::failing() const
+{
+    std::vector<DriverFailure> result;
+    for (std::size_t i = 0; i < drivers_.size(); ++i) {
+        const auto trouble = troubles_.find(drivers_[i].get());
+        if (trouble == troubles_.end())
+            continue;
+        const auto& open = trouble->second.open;
+        const auto last = std::max_element(open.begin(), open.end(), [](const auto& one, const auto& other) {
+            return one.second.turn < other.second.turn;
+        });
+        const auto& [call, failed] = *last;
+        result.push_back({i, drivers_[i]->name(), call.first, call.second, failed.number, failed.reason, failed.time});
+    }
+    return result;
+}
+
+} // namespace ko

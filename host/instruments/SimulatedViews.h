@@ -1,0 +1,115 @@
+#pragma once
+
+#include "host/instruments/CallGate.h"
+#include "interfaces/Driver.h"
+#include "interfaces/Timebase.h"
+#include "interfaces/TriggerLines.h"
+#include "interfaces/TriggerParameters.h"
+#include "platform/Failure.h"
+
+namespace ko {
+
+/// The views of a simulated driver. Each works on the driver's own settings, which outlive it.
+
+class SimulatedTimebase final : public Timebase {
+public:
+    SimulatedTimebase(CallGate& calls, TimebaseSettings& settings) : calls_(calls), settings_(settings) {}
+    virtual ~SimulatedTimebase() = default;
+
+    void setSamplePeriod(double seconds) override;
+    double SamplePeriod() override;
+    void setBlockSize(double samples) override;
+    double BlockSize() override;
+    void setScanPeriod(double seconds) override;
+    double ScanPeriod() override;
+    std::vector<double> SampleChoiceList() override;
+    std::vector<double> BlockSizeChoiceList() override;
+    Range BlockSizeRange() override;
+    std::vector<double> ScanChoiceList() override;
+    Range ChoiceRange() override;
+    DateTime StartTime() override;
+    void setStartTime(DateTime time) override;
+    float Duration() override;
+    void setDuration(float seconds) override;
+    std::int32_t StopMode() override;
+    void setStopMode(std::int32_t mode) override;
+    std::int32_t StartMode() override;
+    void setStartMode(std::int32_t mode) override;
+
+private:
+    CallGate& calls_;
+    TimebaseSettings& settings_;
+    const QuantitySettings* listAskedLast_ = nullptr;
+};
+
+/// Slots and channels outside the driver's groups fail with 9, unknown parameter ids with 5, and so do the choices of
+/// a parameter that is no "Enum" and the bounds of one that is no number. A value of another type than the parameter's
+/// fails with 13.
+class SimulatedTriggerParameters final : public TriggerParameters {
+public:
+    SimulatedTriggerParameters(CallGate& calls, std::vector<GroupSettings>& groups) : calls_(calls), groups_(groups) {}
+    virtual ~SimulatedTriggerParameters() = default;
+
+    std::int32_t GetTriggerParamCount(std::int32_t slot, std::int32_t channel) override;
+    std::int32_t GetTriggerParamId(std::int32_t slot, std::int32_t channel, std::int32_t index) override;
+    std::string GetTriggerParamName(std::int32_t slot, std::int32_t channel, std::int32_t id) override;
+    std::string GetTriggerParamType(std::int32_t slot, std::int32_t channel, std::int32_t id) override;
+    Value GetTriggerParamValue(std::int32_t slot, std::int32_t channel, std::int32_t id) override;
+    std::vector<std::string> GetTriggerParamChoices(std::int32_t slot, std::int32_t channel, std::int32_t id) override;
+    double GetTriggerParamMin(std::int32_t slot, std::int32_t channel, std::int32_t id) override;
+    double GetTriggerParamMax(std::int32_t slot, std::int32_t channel, std::int32_t id) override;
+    void SetTriggerParamValue(std::int32_t slot, std::int32_t channel, std::int32_t id, const Value& value) override;
+    bool TriggerEnabled(std::int32_t slot, std::int32_t channel) override;
+    void setTriggerEnabled(std::int32_t slot, std::int32_t channel, bool enabled) override;
+    bool CanTrigger(std::int32_t slot, std::int32_t channel) override;
+    std::string GetTriggerGroupName(std::int32_t slot) override;
+
+private:
+    [[nodiscard]] ChannelSettings& channelAt(std::int32_t slot, std::int32_t channel) const;
+    [[nodiscard]] ParameterSettings& parameter(std::int32_t slot, std::int32_t channel, std::int32_t id) const;
+
+    CallGate& calls_;
+    std::vector<GroupSettings>& groups_;
+};
+
+class SimulatedTriggerLines final : public TriggerLines {
+public:
+    SimulatedTriggerLines(CallGate& calls, TriggerLineSettings& settings) : calls_(calls), settings_(settings) {}
+    virtual ~SimulatedTriggerLines() = default;
+
+    std::int32_t StartMasterRank() override;
+    std::int32_t StartTriggerLine() override;
+    void setStartTriggerLine(std::int32_t line) override;
+    void setStartTriggerInput(std::int32_t line) override;
+    std::int32_t ScanMasterRank() override;
+    std::int32_t ScanTriggerLine() override;
+    void setScanTriggerLine(std::int32_t line) override;
+    void setScanTriggerInput(std::int32_t line) override;
+    LineList StartLinesAsMaster() override;
+    LineList ScanLinesAsListener() override;
+    LineList ScanLinesAsMaster() override;
+    LineList StartLinesAsListener() override;
+
+private:
+    template <class T> T get(Operation operation, const T& setting)
+    {
+        return calls_.read(operation, {}, [&] { return setting; });
+    }
+    void set(Operation operation, std::int32_t& setting, std::int32_t line)
+    {
+        calls_.write(operation, {}, line, [&] { return setting = line; });
+    }
+
+    CallGate& calls_;
+    TriggerLineSettings& settings_;
+};
+
+/// The element of a list; failure 9 outside it.
+template <class List> auto& elementAt(List& list, std::int32_t index)
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= list.size())
+        fail(failure::subscriptOutOfRange);
+    return list[static_cast<std::size_t>(index)];
+}
+
+} // namespace ko

@@ -1,0 +1,60 @@
+#include "host/main/Language.h"
+
+#include "host/setup/SetupFile.h"
+#include "host/support/DataFolders.h"
+#include "host/support/InputError.h"
+
+#include <cstdlib>
+#include <string_view>
+
+namespace ko {
+
+namespace {
+
+constexpr std::string_view english = "en";
+
+/// "de_AT.UTF-8@euro" without what says nothing of the language; empty for "C" and "POSIX".
+std::string codeOf(std::string_view locale)
+{
+    const std::string_view code = locale.substr(0, locale.find_first_of(".@"));
+    return code == "C" || code == "POSIX" ? std::string() : std::string(code);
+}
+
+/// The environment's locale for messages: the first of the three that says anything.
+std::string systemLanguage()
+{
+    for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const char* const locale = std::getenv(variable); locale && *locale)
+            return codeOf(locale);
+    return {};
+}
+
+std::optional<std::filesystem::path> stringFile(const std::string& code)
+{
+    const auto file = findDataFile("strings/" + code + ".txt");
+    const std::size_t territory = code.find('_');
+    return file || territory == std::string::npos ? file
+                                                  : findDataFile("strings/" + code.substr(0, territory) + ".txt");
+}
+
+} // namespace
+
+std::string languageContent(const std::string& language)
+{
+    if (language.empty() || language == english)
+        return {};
+    std::error_code unknown;
+    if (std::filesystem::is_regular_file(language, unknown))
+        return readFile(language);
+    if (const auto file = stringFile(language))
+        return readFile(file->string());
+    throw InputError(language + ": neither a string file nor a language that there are strings for");
+}
+
+std::string systemLanguageContent()
+{
+    const auto file = stringFile(systemLanguage());
+    return file ? readFile(file->string()) : std::string();
+}
+
+} // namespace ko

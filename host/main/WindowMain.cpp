@@ -1,0 +1,186 @@
+#include "host/main/WindowMain.h"
+
+#include "host/setup/SetupFile.h"
+#include "host/support/FileWriter.h"
+#include "host/support/HostTexts.h"
+#include "host/support/InputError.h"
+#include "host/support/StandardStreams.h"
+#include "host/window/FrameWindow.h"
+#include "host/window/GuardedApplication.h"
+#include "host/window/Later.h"
+#include "host/window/ToolkitTexts.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QFileInfo>
+#include <QIcon>
+#include <QImageWriter>
+#include <QScreen>
+#include <QWindow>
+#include <functional>
+
+namespace ko {
+
+namespace {
+
+constexpr int refused = 2;
+
+int refuse(const std::string& reason)
+{
+    complain(reason);
+    return refused;
+}
+
+/// The format is that of the file's ending.
+std::string encoded(const QPixmap& picture, const std::string& file)
+{
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
+    QImageWriter writer(&content, QFileInfo(toQt(file)).suffix().toLatin1());
+    if (!writer.write(picture.toImage()))
+        throw InputError(file + ": the picture cannot be made: " + fromQt(writer.errorString()));
+    return content.data().toStdString();
+}
+
+QSize startSize(const FrameWindow& window)
+{
+    const QSize wanted = window.sizeHint();
+    const QSize room = window.screen()->availableSize() * 9 / 10;
+    return wanted.boundedTo(room);
+}
+
+int paintInto(FrameWindow& window, const std::string& picture)
+{
+    window.show();
+    QApplication::processEvents();
+    writeWhole(picture, encoded(window.grab(), picture));
+    return 0;
+}
+
+/// Does something once a window is on the screen.
+class OnceExposed : public QObject {
+public:
+    OnceExposed(QWindow& window, std::function<void()> act) : act_(std::move(act)) { window.installEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() == QEvent::Expose && static_cast<QWindow*>(object)->isExposed()) {
+            object->removeEventFilter(this);
+            later(*this, act_);
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> act_;
+};
+
+int stayOpen(FrameWindow& window, const std::string& refusal)
+{
+    // A message stands in front of the window that it is about.
+    window.winId();
+    const OnceExposed tell(*window.windowHandle(), [&] {
+        if (!refusal.empty())
+            window.questions().tellNotOpened(refusal);
+    });
+    window.show();
+    return QApplication::exec();
+}
+
+/// Boxes take their texts from the window while there is one.
+class SpokenBoxes {
+public:
+    SpokenBoxes(GuardedApplication& application, const FrameWindow& window) : application_(application)
+    {
+        application.texts = [&window](int number) { return window.text(number); };
+    }
+    ~SpokenBoxes() { application_.texts = nullptr; }
+    SpokenBoxes(const SpokenBoxes&) = delete;
+    SpokenBoxes& operator=(const SpokenBoxes&) = delete;
+
+private:
+    GuardedApplication& application_;
+};
+
+int run(const WindowOptions& options, GuardedApplication& application)
+{
+    const bool isPicture = !options.picture.empty();
+    // A picture looks the same whoever makes it.
+    FrameWindow window(options.language, isPicture ? std::string() : FrameMemory::usersFile());
+    loadToolkitTexts(window.text(hostText::languageCode));
+    const SpokenBoxes boxes(application, window);
+    if (!options.capture.empty())
+        window.capture().start(options.capture, options.setup);
+    std::string refusal;
+    try {
+        if (!options.setup.empty())
+            window.open(options.setup);
+    } catch (const InputError& error) {
+        refusal = error.what();
+    } catch (const std::exception& error) {
+        refusal = options.setup + ": " + error.what();
+    }
+    if (!window.restorePlace())
+        window.resize(startSize(window));
+    // Where nobody sees a message box nobody answers it.
+    const bool isSeen = !isPicture && QGuiApplication::platformName() != QStringLiteral("offscreen");
+    application.showsFailures = isSeen;
+    if (!isSeen && !refusal.empty())
+        return refuse(refusal);
+    return isPicture ? paintInto(window, options.picture) : stayOpen(window, refusal);
+}
+
+} // namespace
+
+namespace {
+
+bool isSet(const char* variable)
+{
+    return !qEnvironmentVariableIsEmpty(variable);
+}
+
+/// A platform that is asked for by name needs no display.
+bool hasDisplay()
+{
+#if defined(Q_OS_LINUX)
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+#else
+    return true;
+#endif
+}
+
+/// What is wrong with the set-up is worth more than that it cannot be shown.
+int refuseWithoutDisplay(const WindowOptions& options)
+{
+    try {
+        if (!options.setup.empty())
+            loadSetup(options.setup);
+    } catch (const InputError& error) {
+        return refuse(error.what());
+    }
+    return refuse("no display: neither DISPLAY nor WAYLAND_DISPLAY is set; --headless runs a script without a window");
+}
+
+} // namespace
+
+int runWindow(int& argc, char** argv, const WindowOptions& options)
+{
+    // A picture needs no display.
+    if (!options.picture.empty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!hasDisplay())
+        return refuseWithoutDisplay(options);
+    GuardedApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Korvell"));
+    QApplication::setApplicationName(QStringLiteral("korvell-host"));
+    // Where desktops find the window's icon and name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.korvell.Host"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
+    try {
+        return run(options, application);
+    } catch (const std::exception& error) {
+        return refuse(error.what());
+    }
+}
+
+} // namespace ko

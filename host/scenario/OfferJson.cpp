@@ -1,0 +1,71 @@
+#include "host/scenario/OfferJson.h"
+
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+const char* effectName(DriverOffer::Effect effect)
+{
+    switch (effect) {
+    case DriverOffer::Effect::Begins: return "begins";
+    case DriverOffer::Effect::Removes: return "removes";
+    case DriverOffer::Effect::Empties: return "empties";
+    case DriverOffer::Effect::Narrows: return "narrows";
+    case DriverOffer::Effect::None: break;
+    }
+    return "none";
+}
+
+Json rangeJson(Range range)
+{
+    return {range.minimum, range.maximum};
+}
+
+/// The shared values by their number and ends, or the shared range; null for neither.
+Json sharedJson(const OfferAccount& account)
+{
+    if (account.common > 0)
+        return {{"values", account.common}, {"range", rangeJson(account.commonValues)}};
+    return account.range == Range{} ? Json() : Json{{"range", rangeJson(account.range)}};
+}
+
+Json offerJson(const OfferAccount& account, const DriverOffer& offer)
+{
+    const auto first = account.removed.begin() + offer.removedFrom;
+    Json json{{"effect", effectName(offer.effect)}};
+    if (offer.kind == DriverOffer::Kind::NoTimebase)
+        json["timebase"] = false;
+    if (offer.kind == DriverOffer::Kind::List)
+        json["values"] = offer.choices;
+    if (offer.kind == DriverOffer::Kind::List || offer.kind == DriverOffer::Kind::Range)
+        json["range"] = rangeJson(offer.offered);
+    if (offer.removed > 0)
+        json["removed"] = std::vector<double>(first, first + offer.removed);
+    if (offer.effect == DriverOffer::Effect::Narrows)
+        json["shared"] = rangeJson(offer.kept);
+    if (offer.unusable > 0)
+        json["unusable"] = offer.unusable;
+    if (offer.hasFailed)
+        json["failed"] = true;
+    return json;
+}
+
+} // namespace
+
+Json offersJson(const OfferAccount& account, const SimulatedDrivers& drivers)
+{
+    Json list = Json::array();
+    for (std::size_t i = 0; i < account.drivers.size(); ++i) {
+        Json offer = offerJson(account, account.drivers[i]);
+        offer["name"] = i < drivers.size() ? Json(drivers[i]->settings().name) : Json();
+        list.push_back(std::move(offer));
+    }
+    for (const KeptOtherwise& it : account.keptOtherwise)
+        list.at(static_cast<std::size_t>(it.driver))
+            .update({{"asked", it.asked}, {"kept", it.kept ? Json(*it.kept) : Json()}});
+    return {{"shared", sharedJson(account)}, {"drivers", std::move(list)}};
+}
+
+} // namespace ko

@@ -1,0 +1,230 @@
+#include "host/scenario/Scenario.h"
+
+#include "host/scenario/Commands.h"
+#include "host/setup/SetupWriter.h"
+#include "host/support/InputError.h"
+#include "platform/Scoped.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace ko {
+
+Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
+    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), folder_(options.folder),
+      language_(options.language)
+{
+    watch.wanted = [this](Operation operation) { return logs(operation); };
+    watch.called = [this](const DriverWatch::Watched& watched, const DriverCall& call) {
+        logCall(watched.index, call);
+    };
+    takeSetup(options.setup);
+    platform_ =
+        std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,
+                                            [this] { return std::make_shared<LoggedErrors>(log); }});
+    makeComponent();
+}
+
+Scenario::~Scenario()
+{
+    log.mute();
+    document_.reset();
+}
+
+bool Scenario::logs(Operation operation) const
+{
+    return !quiet && (showReads || isWrite(operation));
+}
+
+void Scenario::logCall(std::size_t index, const DriverCall& call)
+{
+    Json members{{"driver", index}, {"operation", operationName(call.operation)}};
+    if (call.arguments.size() > 0)
+        members["arguments"] = call.arguments;
+    members["value"] = toJson(call.value);
+    log.event(isWrite(call.operation) ? "write" : "read", members);
+}
+
+void Scenario::takeSetup(const Setup& setup)
+{
+    drivers_ = makeDrivers(setup);
+    watch.watch(drivers_);
+    title_ = setup.title;
+    if (setup.clock)
+        clock.time = setup.clock;
+}
+
+void Scenario::loadSetup(const std::string& file)
+{
+    takeSetup(ko::loadSetup((std::filesystem::path(folder_) / file).string()));
+}
+
+DriverList Scenario::driverList(std::size_t count) const
+{
+    const auto end = drivers_.begin() + static_cast<std::ptrdiff_t>(std::min(count, drivers_.size()));
+    return {drivers_.begin(), end};
+}
+
+SimulatedDriver& Scenario::driver(const std::string& word) const
+{
+    const auto index = integerIn(word);
+    if (index && *index >= 0 && static_cast<std::size_t>(*index) < drivers_.size())
+        return *drivers_[static_cast<std::size_t>(*index)];
+    const auto named = std::find_if(drivers_.begin(), drivers_.end(), [&](const auto& d) { return d->name() == word; });
+    if (named == drivers_.end())
+        refuse("there is no driver \"" + word + "\"");
+    return **named;
+}
+
+Document& Scenario::document() const
+{
+    if (!document_)
+        refuse("there is no document");
+    return *document_;
+}
+
+void Scenario::makeComponent()
+{
+    document_.reset();
+    component_.reset(createKoTimebaseEditor(*platform_, language_));
+    makeDocument();
+}
+
+void Scenario::makeDocument()
+{
+    document_.reset();
+    document_ = component_->createDocument(changes_);
+}
+
+void Scenario::setLocale(const Locale& locale)
+{
+    platform_->locale = locale;
+    makeComponent();
+}
+
+void Scenario::terminate()
+{
+    static_cast<void>(document()); // a fault where there is none
+    document_.reset();
+}
+
+Form& Scenario::form() const
+{
+    if (Form* const shown = dialogs.form())
+        return *shown;
+    return document().page();
+}
+
+bool Scenario::isFormShown() const
+{
+    return dialogs.form() ? dialogs.isOpen() : document().page().isShown;
+}
+
+Control& Scenario::control(const std::string& name) const
+{
+    Control* const found = form().find(name);
+    if (!found)
+        refuse("there is no control \"" + name + "\"");
+    return *found;
+}
+
+void Scenario::rebuild(const std::function<void()>& call)
+{
+    // The few calls that a hidden page makes say nothing of a driver.
+    if (document().page().isShown)
+        watch.health().rebuild(call);
+    else
+        call();
+}
+
+void Scenario::refuse(const std::string& what) const
+{
+    throw ScriptFault(log.line(), what);
+}
+
+bool Scenario::run(std::istream& script)
+{
+    ScriptReader reader(script);
+    reader_ = &reader;
+    for (auto line = reader.next(); line && log.isWritten(); line = reader.next()) {
+        log.setLine(line->number);
+        execute(*line);
+        if (faultInBlock_)
+            throw ScriptFault(*faultInBlock_);
+    }
+    return !expectationFailed;
+}
+
+void Scenario::execute(const ScriptLine& line)
+{
+    const Place place = isDuring_ ? Place::During : dialogs.form() ? Place::Dialog : Place::Script;
+    const Command& command = understood(line, place);
+    try {
+        command.run(*this, Arguments(*this, line));
+    } catch (const ScriptFault&) {
+        throw;
+    } catch (const InputError& error) {
+        throw ScriptFault(line.number, error.what());
+    } catch (const Failure& failure) {
+        // A handler of the page that leaves its failures to its caller.
+        LoggedErrors(log).ReportError(failure.number(), "korvell-host", failure.what(), 0, "", true);
+    } catch (const std::exception& error) {
+        LoggedErrors(log).ReportError(failure::unspecified, "korvell-host", error.what(), 0, "", true);
+    }
+}
+
+const Command& Scenario::understood(const ScriptLine& line, Place place) const
+{
+    const std::string& name = line.words.front();
+    const auto faulty = [&](const std::string& what) { throw ScriptFault(line.number, what); };
+    const Command* const command = findCommand(name);
+    if (!command)
+        faulty("unknown command \"" + name + "\"");
+    if (command->run == notAvailable)
+        faulty("the command \"" + name + "\" is not available yet");
+    if (place == Place::Dialog && command->giver == Giver::Host)
+        faulty("the command \"" + name + "\" has no place in a dialog block");
+    const bool opensBlock = name == "dialog" || name == "during";
+    if (place == Place::During && (command->giver == Giver::User || opensBlock))
+        faulty("the command \"" + name + "\" has no place inside a call");
+    const std::size_t count = line.words.size() - 1;
+    if (count < command->least)
+        faulty("too few words behind \"" + name + "\"");
+    if (count > command->most)
+        faulty("too many words behind \"" + name + "\"");
+    return *command;
+}
+
+std::vector<ScriptLine> Scenario::readBlock(Place place)
+{
+    std::vector<ScriptLine> block = reader_->block(log.line());
+    std::for_each(block.begin(), block.end() - 1, [&](const ScriptLine& line) { understood(line, place); });
+    return block;
+}
+
+void Scenario::playDuring(const std::vector<ScriptLine>& block)
+{
+    const int line = log.line();
+    const Scoped during(isDuring_, true);
+    for (const ScriptLine& it : block) {
+        log.setLine(it.number);
+        if (it.words.front() == "end" || !playLine(it))
+            break;
+    }
+    log.setLine(line);
+}
+
+bool Scenario::playLine(const ScriptLine& line)
+{
+    try {
+        execute(line);
+        return !faultInBlock_;
+    } catch (const ScriptFault& fault) {
+        // The handler that shows the form would report the fault as a failure of its own.
+        faultInBlock_ = fault;
+        log.mute();
+        return false;
+    }
+}
+
+} // namespace ko

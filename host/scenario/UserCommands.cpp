@@ -1,0 +1,293 @@
+#include "host/scenario/Commands.h"
+
+#include "platform/CaptionControls.h"
+#include "platform/ChannelSelector.h"
+#include "platform/ComboBox.h"
+#include "platform/DateControls.h"
+#include "platform/Form.h"
+#include "platform/Grid.h"
+#include "platform/TabControl.h"
+#include "platform/TextBox.h"
+#include "platform/Utf8.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ko {
+
+namespace {
+
+void tellInert(Scenario& scenario, const Control* control)
+{
+    scenario.log.event("inert", {{"control", control ? Json(control->name()) : Json()}});
+}
+
+/// Gives the user's input to a control, unless its form is out of the user's reach.
+template <class Input> void give(Scenario& scenario, const Control& control, const Input& input)
+{
+    if (!scenario.isFormShown() || input() == Outcome::Inert)
+        tellInert(scenario, &control);
+}
+
+/// The control as one of this type; a fault when it is another.
+template <class T> T& controlAs(const Scenario& scenario, const std::string& name, const char* use)
+{
+    auto* const control = dynamic_cast<T*>(&scenario.control(name));
+    if (!control)
+        scenario.refuse("the control \"" + name + "\" cannot be " + use);
+    return *control;
+}
+
+void focus(Scenario& scenario, const Arguments& words)
+{
+    Control& control = scenario.control(words.text(0));
+    give(scenario, control, [&] {
+        if (!control.takesFocus() || !control.isUsable())
+            return Outcome::Inert;
+        return scenario.form().userMovedFocus(&control) ? Outcome::Done : Outcome::Refused;
+    });
+}
+
+void leave(Scenario& scenario, const Arguments&)
+{
+    scenario.form().userMovedFocus(nullptr);
+}
+
+void type(Scenario& scenario, const Arguments& words)
+{
+    auto* const box = dynamic_cast<TextBox*>(scenario.form().activeControl());
+    if (!box || !scenario.isFormShown())
+        return tellInert(scenario, scenario.form().activeControl());
+    const std::string_view text = firstLine(words.text(0));
+    for (std::size_t at = 0, length = utf8Length(text); at < length; ++at)
+        if (box->userTyped(std::string(utf8Part(text, at, 1))) == Outcome::Inert)
+            return tellInert(scenario, box);
+}
+
+/// The three numbers of a date such as 2026-11-24 or a time such as 15:04:05.
+std::array<std::int32_t, 3> partsOf(const Scenario& scenario, const std::string& word, char separator)
+{
+    std::array<std::int32_t, 3> parts{};
+    std::string_view rest = word;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const std::size_t end = i + 1 < parts.size() ? rest.find(separator) : rest.size();
+        const auto number = end == std::string_view::npos ? std::nullopt : integerIn(rest.substr(0, end));
+        if (!number || *number < 0)
+            scenario.refuse("\"" + word + "\" is no " +
+                            (separator == '-' ? "date such as 2026-11-24" : "time such as 15:04:05"));
+        parts[i] = *number;
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return parts;
+}
+
+struct Selected {
+    std::size_t start = 0, length = 0;
+};
+
+Selected selectedAt(const Scenario& scenario, const Arguments& words, std::size_t at)
+{
+    const std::int32_t start = words.integer(at), length = words.integer(at + 1);
+    if (start < 0 || length < 0)
+        scenario.refuse("a selection begins at 0 and has no length below 0");
+    return {static_cast<std::size_t>(start), static_cast<std::size_t>(length)};
+}
+
+/// What a new text leaves selected: what stands behind it, else nothing, the cursor at its end.
+Selected selectedAfter(const Scenario& scenario, const Arguments& words)
+{
+    if (words.count() == 3)
+        scenario.refuse("a selection has a start and a length");
+    return words.count() == 4 ? selectedAt(scenario, words, 2) : Selected{utf8Length(words.text(1)), 0};
+}
+
+void text(Scenario& scenario, const Arguments& words)
+{
+    Control& control = scenario.control(words.text(0));
+    if (auto* const calendar = dynamic_cast<Calendar*>(&control)) {
+        const auto [year, month, day] = partsOf(scenario, words.text(1), '-');
+        give(scenario, control, [&, y = year, m = month, d = day] { return calendar->userChose(y, m, d); });
+    } else if (auto* const picker = dynamic_cast<TimePicker*>(&control)) {
+        const auto [hour, minute, second] = partsOf(scenario, words.text(1), ':');
+        give(scenario, control, [&, h = hour, m = minute, s = second] { return picker->userChose(h, m, s); });
+    } else if (auto* const grid = dynamic_cast<Grid*>(&control)) {
+        const Selected left = selectedAfter(scenario, words);
+        give(scenario, control, [&] { return grid->userTypedInCell(words.text(1), left.start, left.length); });
+    } else {
+        auto& box = controlAs<TextBox>(scenario, words.text(0), "written in");
+        const Selected left = selectedAfter(scenario, words);
+        give(scenario, box, [&] { return box.userReplaced(words.text(1), left.start, left.length); });
+    }
+}
+
+void select(Scenario& scenario, const Arguments& words)
+{
+    const Selected part = selectedAt(scenario, words, 1);
+    if (auto* const grid = dynamic_cast<Grid*>(&scenario.control(words.text(0))))
+        return give(scenario, *grid, [&] { return grid->userSelectedInCell(part.start, part.length); });
+    auto& box = controlAs<TextBox>(scenario, words.text(0), "selected in");
+    give(scenario, box, [&] { return box.userSelected(part.start, part.length); });
+}
+
+void undo(Scenario& scenario, const Arguments& words)
+{
+    auto& box = controlAs<TextBox>(scenario, words.text(0), "undone");
+    give(scenario, box, [&] { return box.userUndid(); });
+}
+
+/// The place of what has this name or, for `#3`, that place; -1 when there is none.
+template <class T> std::int32_t placeOf(const std::vector<T>& all, std::string T::*name, const std::string& word)
+{
+    const auto found = std::find_if(all.begin(), all.end(), [&](const T& one) { return one.*name == word; });
+    if (found != all.end())
+        return static_cast<std::int32_t>(found - all.begin());
+    return word.rfind('#', 0) == 0 ? integerIn(std::string_view(word).substr(1)).value_or(-1) : -1;
+}
+
+void choose(Scenario& scenario, const Arguments& words)
+{
+    if (auto* const tabs = dynamic_cast<TabControl*>(&scenario.control(words.text(0))))
+        return give(scenario, *tabs, [&] {
+            return tabs->userChoseTab(placeOf(tabs->tabs(), &TabControl::Tab::caption, words.text(1)));
+        });
+    auto& box = controlAs<ComboBox>(scenario, words.text(0), "chosen from");
+    give(scenario, box, [&] { return box.userChose(placeOf(box.items(), &ComboBox::Item::text, words.text(1))); });
+}
+
+void click(Scenario& scenario, const Arguments& words)
+{
+    auto& control = controlAs<PressControl>(scenario, words.text(0), "clicked");
+    give(scenario, control, [&] { return control.userClicked(); });
+}
+
+void doubleClick(Scenario& scenario, const Arguments& words)
+{
+    auto& box = controlAs<TextBox>(scenario, words.text(0), "double-clicked");
+    give(scenario, box, [&] { return box.userDoubleClicked(); });
+}
+
+Grid& theGrid(const Scenario& scenario)
+{
+    return controlAs<Grid>(scenario, "grdParam", "edited");
+}
+
+void cell(Scenario& scenario, const Arguments& words)
+{
+    const std::int32_t row = words.integer(0);
+    Grid& grid = theGrid(scenario);
+    give(scenario, grid, [&] { return grid.userEditedCell(row, words.text(1)); });
+}
+
+void openCell(Scenario& scenario, const Arguments& words)
+{
+    Grid& grid = theGrid(scenario);
+    const std::int32_t row = words.integer(0);
+    give(scenario, grid, [&] { return grid.userOpenedCell(row); });
+}
+
+void endCell(Scenario& scenario, const Arguments&)
+{
+    Grid& grid = theGrid(scenario);
+    give(scenario, grid, [&] { return grid.userEndedEdit(); });
+}
+
+void dropCell(Scenario& scenario, const Arguments&)
+{
+    Grid& grid = theGrid(scenario);
+    give(scenario, grid, [&] { return grid.userDroppedEdit(); });
+}
+
+/// The line of the selector that two words name; beyond the last line when there is none.
+std::size_t lineOf(const ChannelSelector& selector, const Arguments& words, std::size_t at)
+{
+    return selector.lineOf(nullptr, words.integer(at), words.integer(at + 1)).value_or(selector.entries().size());
+}
+
+void pick(Scenario& scenario, const Arguments& words)
+{
+    auto& selector = controlAs<ChannelSelector>(scenario, "chsNavigate", "picked from");
+    const bool none = words.count() == 1 && words.text(0) == "none";
+    if (!none && words.count() % 2 != 0)
+        scenario.refuse("channels are picked by slot and channel");
+    ChannelSelector::Lines lines;
+    for (std::size_t at = 0; !none && at < words.count(); at += 2)
+        lines.push_back(lineOf(selector, words, at));
+    give(scenario, selector, [&] { return selector.userPicked(lines); });
+}
+
+void activate(Scenario& scenario, const Arguments& words)
+{
+    auto& selector = controlAs<ChannelSelector>(scenario, "chsNavigate", "activated in");
+    const std::size_t line = lineOf(selector, words, 0);
+    give(scenario, selector, [&] { return selector.userActivated(line); });
+}
+
+struct KeyName {
+    std::string_view name;
+    std::int16_t value;
+};
+
+constexpr std::array shiftKeys{KeyName{"Shift+", 1}, KeyName{"Ctrl+", 2}, KeyName{"Alt+", 4}};
+
+KeyPress keyOf(const Scenario& scenario, const std::string& word)
+{
+    KeyPress press;
+    std::string_view rest = word;
+    for (bool found = true; found;) {
+        const auto shift = std::find_if(shiftKeys.begin(), shiftKeys.end(),
+                                        [&](const KeyName& s) { return rest.substr(0, s.name.size()) == s.name; });
+        found = shift != shiftKeys.end();
+        if (found) {
+            press.shift = static_cast<std::int16_t>(press.shift | shift->value);
+            rest.remove_prefix(shift->name.size());
+        }
+    }
+    const auto number = rest.substr(0, 1) == "F" ? integerIn(rest.substr(1)) : std::nullopt;
+    if (!number || *number < 1 || *number > 12)
+        scenario.refuse("\"" + word + "\" is no key such as F1 or Shift+F1");
+    press.keyCode = static_cast<std::int16_t>(key::f1 + *number - 1);
+    return press;
+}
+
+void keyCommand(Scenario& scenario, const Arguments& words)
+{
+    KeyPress press = keyOf(scenario, words.text(0));
+    if (scenario.isFormShown())
+        scenario.form().userPressedKey(press);
+    else
+        tellInert(scenario, nullptr);
+}
+
+void dialog(Scenario& scenario, const Arguments& words)
+{
+    constexpr std::array<std::string_view, 4> forms{"SelectChannel", "AdvancedTrig", "SetDateTime", "ShowOffers"};
+    if (std::find(forms.begin(), forms.end(), words.text(0)) == forms.end())
+        scenario.refuse("there is no form \"" + words.text(0) + "\"");
+    scenario.dialogs.queue(words.text(0), scenario.readBlock(Scenario::Place::Dialog));
+}
+
+void strayEnd(Scenario& scenario, const Arguments&)
+{
+    scenario.refuse("end without dialog or during");
+}
+
+constexpr Command commands[]{
+    {"focus", Giver::User, 1, 1, focus},       {"leave", Giver::User, 0, 0, leave},
+    {"type", Giver::User, 1, 1, type},         {"text", Giver::User, 2, 4, text},
+    {"select", Giver::User, 3, 3, select},     {"choose", Giver::User, 2, 2, choose},
+    {"click", Giver::User, 1, 1, click},       {"double-click", Giver::User, 1, 1, doubleClick},
+    {"cell", Giver::User, 2, 2, cell},         {"key", Giver::User, 1, 1, keyCommand},
+    {"dialog", Giver::Host, 1, 1, dialog},     {"end", Giver::Host, 0, 0, strayEnd},
+    {"pick", Giver::User, 1, anyNumber, pick}, {"activate", Giver::User, 2, 2, activate},
+    {"undo", Giver::User, 1, 1, undo},         {"open-cell", Giver::User, 1, 1, openCell},
+    {"end-cell", Giver::User, 0, 0, endCell},  {"drop-cell", Giver::User, 0, 0, dropCell},
+};
+
+} // namespace
+
+std::span<const Command> userCommands()
+{
+    return commands;
+}
+
+} // namespace ko

@@ -1,0 +1,45 @@
+#include "host/settings/OffersList.h"
+
+#include "host/scenario/OfferJson.h"
+#include "host/support/InputError.h"
+#include "page/OfferTexts.h"
+#include "page/Quantities.h"
+
+namespace ko {
+
+namespace {
+
+std::string offersText(const PlayedPage& played, const Quantity& quantity, const OfferTexts& texts)
+{
+    const OfferAccount& account = played.page().*quantity.number->offers;
+    std::string text = "\n" + std::string(quantity.name) + ": " + texts.common(account) + "\n";
+    for (std::size_t i = 0; i < account.drivers.size(); ++i) {
+        text += "  " + oneLine(played.drivers().at(i)->name());
+        for (const std::string& told : texts.row(account, i))
+            text += " | " + oneLine(told);
+        text += "\n";
+    }
+    return text;
+}
+
+} // namespace
+
+std::string offersText(const PlayedPage& played)
+{
+    const OfferTexts texts([&](int number) { return played.text(number); }, Locale{}, false);
+    std::string text;
+    for (const Quantity& quantity : quantities)
+        if (!quantity.isRate && (played.page().*quantity.label).isShown())
+            text += offersText(played, quantity, texts);
+    return text;
+}
+
+Json offersOf(const PlayedPage& played, const std::string& setting)
+{
+    for (const Quantity& quantity : quantities)
+        if (!quantity.isRate && quantity.name == setting)
+            return offersJson(played.page().*quantity.number->offers, played.drivers());
+    return {};
+}
+
+} // namespace ko

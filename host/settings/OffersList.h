@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/settings/PlayedPage.h"
+
+namespace ko {
+
+/// For each quantity that the page shows: what all instruments share, and, a line each, what every instrument offers
+/// and what that does to what all share.
+std::string offersText(const PlayedPage& played);
+
+/// The same of the quantity that a setting stands for; null for a setting that stands for none.
+Json offersOf(const PlayedPage& played, const std::string& setting);
+
+} // namespace ko

@@ -1,0 +1,78 @@
+#include "host/settings/Settings.h"
+
+#include <array>
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+/// A figure that the page works out.
+struct Readout {
+    const char* name;
+    Label Page::*label;
+    Control& (*value)(Page&);
+    Json (*read)(const Page&, const std::string& caption);
+    const char* unit = "";
+};
+
+/// None for what is not known or endless.
+template <auto figure> Json number(const Page& page, const std::string& /*caption*/)
+{
+    const auto& known = page.figures.*figure;
+    return known && std::isfinite(*known) ? Json(*known) : Json();
+}
+
+/// With its unit, as the page shows it.
+template <auto figure> Json text(const Page& page, const std::string& caption)
+{
+    return page.figures.*figure ? Json(caption) : Json();
+}
+
+Json time(const Page& page, const std::string& /*caption*/)
+{
+    const auto& known = page.figures.stopTime;
+    return known ? Json(isoText(*known)) : Json();
+}
+
+template <class Label, Label Page::*member> Control& of(Page& page)
+{
+    return page.*member;
+}
+
+constexpr std::array readouts{
+    Readout{"span", &Page::lblSpan, of<Label, &Page::lblSpanValue>, number<&Figures::span>, "Hz"},
+    Readout{"samples", &Page::lblNumSamples, of<Label, &Page::lblNumSamplesValue>, number<&Figures::samples>},
+    Readout{"dynamic-size", &Page::lblNumDynamicBytes, of<LimitedLabel, &Page::lblNumDynamicBytesValue>,
+            text<&Figures::dynamicBytes>},
+    Readout{"scans", &Page::lblNumScans, of<Label, &Page::lblNumScansValue>, number<&Figures::scans>},
+    Readout{"static-size", &Page::lblNumStaticBytes, of<LimitedLabel, &Page::lblNumStaticBytesValue>,
+            text<&Figures::staticBytes>},
+    Readout{"actual-duration", &Page::lblDuration, of<Label, &Page::lblDurationValue>, text<&Figures::actualSeconds>},
+    Readout{"actual-stop-time", &Page::lblStopTime, of<Label, &Page::lblStopTimeValue>, time},
+};
+
+Setting settingOf(const Readout& readout, Page& page)
+{
+    Setting setting;
+    setting.name = readout.name;
+    setting.label = labelText(page.*readout.label);
+    setting.unit = readout.unit;
+    setting.controls = {readout.value(page).name()};
+    setting.control = readout.value;
+    setting.read = [readout](const PlayedPage& played) {
+        const auto& label = dynamic_cast<const CaptionControl&>(readout.value(played.page()));
+        return readout.read(played.page(), label.caption());
+    };
+    return setting;
+}
+
+} // namespace
+
+void addReadouts(Settings& settings, const PlayedPage& played)
+{
+    for (const Readout& readout : readouts)
+        settings.push_back(settingOf(readout, played.page()));
+}
+
+} // namespace ko

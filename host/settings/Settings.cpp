@@ -1,0 +1,174 @@
+#include "host/settings/Settings.h"
+
+#include "host/support/InputError.h"
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+
+namespace ko {
+
+namespace {
+
+std::string joined(const std::vector<std::string>& texts, const std::string& separator)
+{
+    std::string result;
+    for (const std::string& text : texts)
+        result += (result.empty() ? "" : separator) + text;
+    return result;
+}
+
+/// How many characters lie between two names (Levenshtein).
+std::size_t distance(const std::string& one, const std::string& other)
+{
+    std::vector<std::size_t> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        std::size_t corner = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < other.size(); ++j) {
+            const std::size_t replaced = corner + (one[i] == other[j] ? 0 : 1);
+            corner = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+/// The names like this one; all of them where there is none.
+std::string suggestion(const Settings& settings, const std::string& name)
+{
+    const std::size_t alike = std::min<std::size_t>(3, name.size() / 2);
+    std::vector<std::string> near, all;
+    for (const Setting& setting : settings) {
+        all.push_back(setting.name);
+        if (distance(setting.name, name) <= alike || (!name.empty() && setting.name.find(name) != std::string::npos))
+            near.push_back(setting.name);
+    }
+    return near.empty() ? "there are " + joined(all, ", ") : "did you mean " + joined(near, " or ") + "?";
+}
+
+bool isNamed(const Setting& setting, const std::string& name)
+{
+    const auto& controls = setting.controls;
+    return setting.name == name || std::find(controls.begin(), controls.end(), name) != controls.end();
+}
+
+Request requestOf(const Setting& setting, const PlayedPage& played, const std::string& value)
+{
+    try {
+        return setting.write(played, value);
+    } catch (const std::exception& refusal) {
+        throw Refusal(setting.name + ": " + refusal.what());
+    }
+}
+
+/// Names that read alike, such as those of parameters that differ in a line break, get a number each: none of them can
+/// be meant by a name that several have.
+void numberAlike(Settings& settings)
+{
+    std::map<std::string, int> uses;
+    for (const Setting& setting : settings)
+        ++uses[setting.name];
+    for (Setting& setting : settings) {
+        const std::string name = setting.name;
+        if (uses[name] == 1)
+            continue;
+        for (int number = 1; uses[setting.name] > 0; ++number)
+            setting.name = name + " (" + std::to_string(number) + ")";
+        uses[setting.name] = 1;
+    }
+}
+
+} // namespace
+
+Settings settingsOf(const PlayedPage& played)
+{
+    Settings settings;
+    for (const auto add : {addSamplingSettings, addScheduleSettings, addTriggerSettings, addReadouts})
+        add(settings, played);
+    numberAlike(settings);
+    return settings;
+}
+
+Setting settingNamed(const PlayedPage& played, const std::string& name)
+{
+    const Settings settings = settingsOf(played);
+    const auto found =
+        std::find_if(settings.begin(), settings.end(), [&](const Setting& s) { return isNamed(s, name); });
+    if (found != settings.end())
+        return *found;
+    const auto isParameter = [](const Setting& setting) { return setting.name.rfind(parameterPrefix, 0) == 0; };
+    if (name.rfind(parameterPrefix, 0) == 0 && std::none_of(settings.begin(), settings.end(), isParameter))
+        throw Refusal(name + ": not available: the page shows trigger parameters once start is trigger and a "
+                             "trigger-channel with parameters is chosen");
+    throw InputError(name + ": no such setting; " + suggestion(settings, name));
+}
+
+Assignment assignmentIn(const PlayedPage& played, const std::string& text)
+{
+    const std::size_t first = text.find('=');
+    if (first == std::string::npos)
+        throw InputError(text + ": --set takes NAME=VALUE");
+    const Settings settings = settingsOf(played);
+    for (std::size_t sign = text.rfind('='); sign > first; sign = text.rfind('=', sign - 1))
+        for (const Setting& setting : settings)
+            if (isNamed(setting, text.substr(0, sign)))
+                return {setting, text.substr(sign + 1)};
+    return {settingNamed(played, text.substr(0, first)), text.substr(first + 1)};
+}
+
+Json valueOf(const Setting& setting, const PlayedPage& played)
+{
+    if (!setting.control(played.page()).isShown())
+        throw Refusal(setting.name + ": not available: the page does not show it now");
+    Json value;
+    try {
+        value = setting.read(played);
+    } catch (const Failure& failure) {
+        throw Refusal(setting.name + ": not available: " + failure.what());
+    }
+    if (value.is_null())
+        throw Refusal(setting.name + ": not available: it has no value now");
+    return value;
+}
+
+std::vector<std::string> set(const Setting& setting, PlayedPage& played, const std::string& value)
+{
+    const auto refuse = [&](const std::string& why) { throw Refusal(setting.name + ": " + why); };
+    if (!setting.write)
+        refuse("can only be read");
+    if (!setting.control(played.page()).isUsable())
+        refuse("not available: the page does not let it be changed now");
+    const Request request = requestOf(setting, played, value);
+    PlayedPage::Outcome outcome = played.play(request.script);
+    if (outcome.inert)
+        refuse("not available: the page does not take \"" + value + "\" now");
+    const Json kept = valueOf(setting, played);
+    if (readsSame(kept, request.value))
+        return outcome.told;
+    if (!outcome.told.empty())
+        refuse(joined(outcome.told, "; "));
+    return {setting.name + ": asked " + settingText(request.value) + ", the instruments keep " + settingText(kept)};
+}
+
+std::string labelText(const CaptionControl& control)
+{
+    std::string text = control.caption();
+    text.erase(std::remove(text.begin(), text.end(), '&'), text.end());
+    return text.empty() || text.back() != ':' ? text : text.substr(0, text.size() - 1);
+}
+
+std::size_t choiceOf(const std::vector<std::string>& choices, const std::string& value)
+{
+    const auto number = numberIn(value);
+    const auto found = std::find_if(choices.begin(), choices.end(), [&](const std::string& choice) {
+        return choice == value || oneLine(choice) == value ||
+               (number && numberIn(choice) && readsSame(*number, *numberIn(choice)));
+    });
+    if (found == choices.end())
+        throw Refusal("\"" + value + "\" is not offered; " +
+                      (choices.empty() ? "there is nothing to choose now" : "choose one of " + joined(choices, ", ")));
+    return static_cast<std::size_t>(found - choices.begin());
+}
+
+} // namespace ko

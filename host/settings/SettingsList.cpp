@@ -1,0 +1,179 @@
+#include "host/settings/SettingsList.h"
+
+#include "host/settings/OffersList.h"
+#include "host/support/InputError.h"
+#include "platform/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+/// None where the page does not show the setting, or nothing in it.
+Json presentValue(const Setting& setting, const PlayedPage& played)
+{
+    try {
+        return valueOf(setting, played);
+    } catch (const Refusal&) {
+        return {};
+    }
+}
+
+/// What an instrument cannot tell is not offered.
+Offer presentOffer(const Setting& setting, const PlayedPage& played)
+{
+    try {
+        return setting.offered(played);
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+bool canBeSet(const Setting& setting, const PlayedPage& played)
+{
+    return setting.write && setting.control(played.page()).isUsable();
+}
+
+/// Types without bounds have bounds of this size.
+bool isBound(double value)
+{
+    constexpr double endless = 1e30;
+    return std::abs(value) < endless;
+}
+
+Json boundJson(double value)
+{
+    return isBound(value) ? Json(value) : Json();
+}
+
+std::string rangeText(const Range& range)
+{
+    if (isBound(range.minimum) && isBound(range.maximum))
+        return exactText(range.minimum) + " to " + exactText(range.maximum);
+    if (isBound(range.minimum))
+        return "at least " + exactText(range.minimum);
+    return isBound(range.maximum) ? "at most " + exactText(range.maximum) : "";
+}
+
+std::string choicesText(const std::vector<std::string>& choices, const std::string& name)
+{
+    constexpr std::size_t most = 12;
+    std::string text;
+    for (std::size_t i = 0; i < std::min(choices.size(), most); ++i)
+        text += (i == 0 ? "" : ", ") + choices[i];
+    if (choices.size() > most)
+        text += ", ... (" + std::to_string(choices.size()) + " in all: --choices " + name + ")";
+    return text;
+}
+
+std::string offerText(const Setting& setting, const PlayedPage& played)
+{
+    if (!setting.write)
+        return "(read-only)";
+    if (!canBeSet(setting, played))
+        return "(not available now)";
+    const Offer offer = presentOffer(setting, played);
+    return offer.range ? rangeText(*offer.range) : choicesText(offer.choices, setting.name);
+}
+
+constexpr std::size_t columns = 4;
+using Row = std::array<std::string, columns>;
+
+std::string line(const Row& row, const std::array<std::size_t, columns>& widths)
+{
+    std::string text;
+    for (std::size_t i = 0; i < row.size(); ++i)
+        text += row.at(i) + std::string(widths.at(i) - utf8Length(row.at(i)) + 2, ' ');
+    return text.substr(0, text.find_last_not_of(' ') + 1) + '\n';
+}
+
+std::string table(const std::vector<Row>& rows)
+{
+    std::array<std::size_t, columns> widths{};
+    for (const Row& row : rows)
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths.at(i) = std::max(widths.at(i), utf8Length(row.at(i)));
+    std::string text;
+    for (const Row& row : rows)
+        text += line(row, widths);
+    return text;
+}
+
+Json choicesJson(const std::vector<std::string>& choices, bool asNumbers)
+{
+    Json result = Json::array();
+    for (const std::string& choice : choices) {
+        const auto number = asNumbers ? numberIn(choice) : std::nullopt;
+        result.push_back(number ? Json(*number) : Json(choice));
+    }
+    return result;
+}
+
+Json settingJson(const Setting& setting, const PlayedPage& played)
+{
+    const Json value = presentValue(setting, played);
+    const Offer offer = presentOffer(setting, played);
+    Json json{{"name", setting.name},
+              {"label", setting.label},
+              {"value", value},
+              {"readOnly", !setting.write},
+              {"canBeSet", canBeSet(setting, played)}};
+    if (!setting.unit.empty())
+        json["unit"] = setting.unit;
+    if (!offer.choices.empty())
+        json["choices"] = choicesJson(offer.choices, value.is_number());
+    if (offer.range)
+        json["range"] = {{"minimum", boundJson(offer.range->minimum)}, {"maximum", boundJson(offer.range->maximum)}};
+    if (Json offers = offersOf(played, setting.name); !offers.is_null())
+        json["offers"] = std::move(offers);
+    return json;
+}
+
+} // namespace
+
+Settings settableOnes(const PlayedPage& played)
+{
+    Settings settings = settingsOf(played);
+    std::erase_if(settings, [&](const Setting& setting) { return !canBeSet(setting, played); });
+    return settings;
+}
+
+std::string settingsTable(const Settings& settings, const PlayedPage& played)
+{
+    std::vector<Row> rows{{"NAME", "VALUE", "UNIT", "CAN BE SET TO"}};
+    for (const Setting& setting : settings) {
+        const Json value = presentValue(setting, played);
+        rows.push_back({setting.name, value.is_null() ? "-" : oneLine(settingText(value)), setting.unit,
+                        oneLine(offerText(setting, played))});
+    }
+    return table(rows);
+}
+
+Json settingsJson(const Settings& settings, const PlayedPage& played)
+{
+    Json list = Json::array();
+    for (const Setting& setting : settings)
+        list.push_back(settingJson(setting, played));
+    return list;
+}
+
+std::string settingNames(const Settings& settings)
+{
+    std::string names;
+    for (const Setting& setting : settings)
+        names += setting.name + '\n';
+    return names;
+}
+
+std::string settingChoices(const PlayedPage& played, const std::string& name)
+{
+    std::string lines;
+    for (const std::string& choice : presentOffer(settingNamed(played, name), played).choices)
+        lines += oneLine(choice) + '\n';
+    return lines;
+}
+
+} // namespace ko

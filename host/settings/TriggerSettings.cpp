@@ -1,0 +1,227 @@
+#include "host/settings/Settings.h"
+
+#include "host/support/InputError.h"
+#include "interfaces/TriggerParameters.h"
+#include "platform/Failure.h"
+#include "platform/NumberText.h"
+
+namespace ko {
+
+namespace {
+
+// The channel: picked in the dialog behind the box, by its name, its address, or slot:channel
+
+struct Channel {
+    std::int32_t slot = -1, channel = -1;
+    std::string name, address;
+
+    [[nodiscard]] std::string text() const { return name.empty() ? address : name; }
+    [[nodiscard]] std::string spelledAddress() const { return address; }
+    [[nodiscard]] std::string indices() const { return std::to_string(slot) + ":" + std::to_string(channel); }
+};
+
+std::string attributeText(Driver& driver, std::int32_t slot, std::int32_t channel, std::int32_t number)
+{
+    const Value value = driver.ChannelAttribute(slot, channel, number);
+    const auto* const text = std::get_if<std::string>(&value);
+    return text ? *text : std::string();
+}
+
+/// The channels that the dialog offers.
+std::vector<Channel> channelsOf(const PlayedPage& played)
+{
+    std::vector<Channel> channels;
+    Driver* const driver = played.dynamicDriver();
+    TriggerParameters* const trigger = driver ? driver->queryTriggerParameters() : nullptr;
+    for (std::int32_t slot = 0; driver && slot < driver->GroupCount(); ++slot)
+        for (std::int32_t channel = 0; channel < driver->ChannelCount(slot); ++channel)
+            if (!trigger || trigger->CanTrigger(slot, channel))
+                channels.push_back({slot, channel, attributeText(*driver, slot, channel, attribute::name),
+                                    attributeText(*driver, slot, channel, attribute::address)});
+    return channels;
+}
+
+Json channelChosen(const PlayedPage& played)
+{
+    const Page& page = played.page();
+    for (const Channel& channel : channelsOf(played))
+        if (channel.slot == page.TriggerSlot && channel.channel == page.TriggerChannel)
+            return channel.text();
+    return {};
+}
+
+Offer offeredChannels(const PlayedPage& played)
+{
+    Offer offer;
+    for (const Channel& channel : channelsOf(played))
+        offer.choices.push_back(channel.text());
+    return offer;
+}
+
+/// A name that is another channel's address is a name.
+Channel channelNamed(const PlayedPage& played, const std::string& value)
+{
+    const std::vector<Channel> channels = channelsOf(played);
+    for (const auto spelling : {&Channel::text, &Channel::spelledAddress, &Channel::indices})
+        for (const Channel& channel : channels)
+            if ((channel.*spelling)() == value)
+                return channel;
+    return channels.at(choiceOf(offeredChannels(played).choices, value));
+}
+
+Request pickChannel(const PlayedPage& played, const std::string& value)
+{
+    const Channel channel = channelNamed(played, value);
+    const std::string pick = "pick " + std::to_string(channel.slot) + " " + std::to_string(channel.channel);
+    return {{"dialog SelectChannel", pick, "click cmdOK", "end", "click cmdChannel"}, channel.text()};
+}
+
+Setting channelSetting(const Page& page)
+{
+    Setting setting;
+    setting.name = "trigger-channel";
+    setting.label = labelText(page.lblChannel);
+    setting.controls = {page.txtChannel.name()};
+    setting.control = [](Page& shown) -> Control& { return shown.txtChannel; };
+    setting.read = channelChosen;
+    setting.offer = offeredChannels;
+    setting.write = pickChannel;
+    return setting;
+}
+
+// A parameter: a row of the grid
+
+TriggerParameters& parametersOf(const PlayedPage& played)
+{
+    return required(required(played.dynamicDriver()).queryTriggerParameters());
+}
+
+std::int32_t idOf(const Page& page, std::int32_t row)
+{
+    return toLong(page.grdParam.cell(row, Grid::idColumn).value, Locale{});
+}
+
+Json parameterHeld(const PlayedPage& played, std::int32_t row)
+{
+    const Page& page = played.page();
+    const Grid::Cell& cell = page.grdParam.cell(row, Grid::valueColumn);
+    if (cell.style.control != CellStyle::Control::edit)
+        return cell.value;
+    const Value value =
+        parametersOf(played).GetTriggerParamValue(page.TriggerSlot, page.TriggerChannel, idOf(page, row));
+    if (const auto* const number = std::get_if<double>(&value))
+        return *number;
+    if (const auto* const number = std::get_if<std::int32_t>(&value))
+        return *number;
+    return cell.value;
+}
+
+Offer offerOfParameter(const PlayedPage& played, std::int32_t row)
+{
+    const Page& page = played.page();
+    const CellStyle& style = page.grdParam.cell(row, Grid::valueColumn).style;
+    if (style.control == CellStyle::Control::list)
+        return {style.choices, {}};
+    if (style.control == CellStyle::Control::check)
+        return {{"False", "True"}, {}};
+    TriggerParameters& parameters = parametersOf(played);
+    const std::int32_t slot = page.TriggerSlot, channel = page.TriggerChannel, id = idOf(page, row);
+    const std::string type = parameters.GetTriggerParamType(slot, channel, id);
+    if (type != "Float" && type != "Integer")
+        return {};
+    return {{},
+            Range{parameters.GetTriggerParamMin(slot, channel, id), parameters.GetTriggerParamMax(slot, channel, id)}};
+}
+
+Request editCell(const PlayedPage& played, std::int32_t row, const std::string& value)
+{
+    const Offer offer = offerOfParameter(played, row);
+    const bool isCheck = played.page().grdParam.cell(row, Grid::valueColumn).style.control == CellStyle::Control::check;
+    const auto checked = isCheck ? checkState(value) : std::nullopt;
+    std::string text = checked ? offer.choices.at(*checked ? 1 : 0) : value;
+    if (!offer.choices.empty())
+        text = offer.choices.at(choiceOf(offer.choices, text));
+    const auto number = offer.range ? numberIn(text) : std::nullopt;
+    return {{"cell " + std::to_string(row) + " " + quotedWord(text)}, number ? Json(*number) : Json(text)};
+}
+
+Setting parameterSetting(const Grid& grid, std::int32_t row)
+{
+    Setting setting;
+    setting.label = grid.cell(row, Grid::nameColumn).value;
+    setting.name = parameterPrefix + oneLine(setting.label);
+    setting.control = [](Page& shown) -> Control& { return shown.grdParam; };
+    setting.read = [row](const PlayedPage& played) { return parameterHeld(played, row); };
+    setting.offer = [row](const PlayedPage& played) { return offerOfParameter(played, row); };
+    if (grid.isEditable(row))
+        setting.write = [row](const PlayedPage& played, const std::string& value) {
+            return editCell(played, row, value);
+        };
+    return setting;
+}
+
+// The lines: chosen in the dialog behind the menu
+
+struct Line {
+    const char* name;
+    int label; ///< in the string table
+    int tab;
+    const char* option;
+    LineTrigger trigger;
+};
+
+constexpr Line lines[]{
+    {"start-line", 1302, 0, "optStartTrig", LineTrigger::start},
+    {"sync-line", 1303, 1, "optScanTrig", LineTrigger::scan},
+};
+
+Offer offeredLines(const Page& page, const Line& line)
+{
+    Offer offer;
+    const LineMask& available = page.lines.available(line.trigger);
+    for (std::size_t i = 0; i < available.size(); ++i)
+        if (available[i])
+            offer.choices.push_back(std::to_string(i));
+    return offer;
+}
+
+Request chooseLine(const Page& page, const Line& line, const std::string& value)
+{
+    const std::string number = offeredLines(page, line).choices.at(choiceOf(offeredLines(page, line).choices, value));
+    return {{"dialog AdvancedTrig", "choose tabTrigger #" + std::to_string(line.tab),
+             std::string("click ") + line.option + "(" + number + ")", "click btnOK", "end",
+             "click mnuTimebaseTriggerLines"},
+            *numberIn(number)};
+}
+
+Setting lineSetting(const Line& line, const PlayedPage& shownOn)
+{
+    Setting setting;
+    setting.name = line.name;
+    setting.label = shownOn.text(line.label);
+    setting.control = [](Page& shown) -> Control& { return shown.mnuTimebaseTriggerLines; };
+    setting.read = [line](const PlayedPage& played) {
+        const std::int32_t chosen = played.page().lines.line(line.trigger);
+        return chosen < 0 ? Json() : Json(chosen);
+    };
+    setting.offer = [line](const PlayedPage& played) { return offeredLines(played.page(), line); };
+    setting.write = [line](const PlayedPage& played, const std::string& value) {
+        return chooseLine(played.page(), line, value);
+    };
+    return setting;
+}
+
+} // namespace
+
+void addTriggerSettings(Settings& settings, const PlayedPage& played)
+{
+    const Page& page = played.page();
+    settings.push_back(channelSetting(page));
+    if (page.grdParam.isShown())
+        for (std::int32_t row = 1; row <= page.grdParam.rowCount(); ++row)
+            settings.push_back(parameterSetting(page.grdParam, row));
+    for (const Line& line : lines)
+        settings.push_back(lineSetting(line, played));
+}
+
+} // namespace ko

@@ -1,0 +1,97 @@
+#include "host/setup/SetupFile.h"
+
+#include "host/setup/InstrumentReader.h"
+#include "host/setup/JsonText.h"
+#include "host/support/InputError.h"
+#include "platform/DateTimes.h"
+#include "platform/Failure.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace ko {
+
+namespace {
+
+DateTime readClock(const JsonNode& node)
+{
+    const auto time = readClockTime(node.text());
+    if (!time)
+        node.refuse("must be a date and time such as 2026-11-21 09:30:00");
+    return *time;
+}
+
+Setup readSetup(const JsonNode& node)
+{
+    node.onlyKeys({"title", "clock", "drivers"});
+    Setup setup;
+    node.take("title", setup.title, [](const JsonNode& n) { return n.text(); });
+    node.take("clock", setup.clock, readClock);
+    node.need("drivers", setup.instruments, [](const JsonNode& n) { return n.list(readInstrument); });
+    return setup;
+}
+
+} // namespace
+
+std::optional<DateTime> readClockTime(const std::string& text)
+{
+    try {
+        const DateTime time = toDateTime(text, Locale{});
+        return time.hasDate() ? std::optional(time) : std::nullopt;
+    } catch (const Failure&) {
+        return std::nullopt;
+    }
+}
+
+Setup parseSetup(const std::string& text, const std::string& file)
+{
+    const nlohmann::json json = parseJson(text, file);
+    try {
+        return readSetup(JsonNode(json));
+    } catch (const JsonRefusal& refusal) {
+        throw InputError(file, lineOfPath(text, refusal.at()), refusal.what());
+    }
+}
+
+Setup loadSetup(const std::string& file)
+{
+    return parseSetup(readFile(file), file);
+}
+
+void refuseDevice(const std::string& file)
+{
+    using std::filesystem::file_type;
+    std::error_code unknown;
+    switch (std::filesystem::status(file, unknown).type()) {
+    case file_type::directory: throw InputError(file + ": is a folder");
+    case file_type::block:
+    case file_type::character:
+    case file_type::socket: throw InputError(file + ": is no file");
+    default: break;
+    }
+}
+
+std::string readFile(const std::string& file)
+{
+    refuseDevice(file);
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream content;
+    if (!stream)
+        throw InputError(file + ": cannot be opened");
+    if (stream.peek() != std::ifstream::traits_type::eof())
+        content << stream.rdbuf();
+    if (stream.bad() || !content)
+        throw InputError(file + ": cannot be read");
+    return content.str();
+}
+
+SimulatedDrivers makeDrivers(const Setup& setup)
+{
+    SimulatedDrivers drivers;
+    for (const InstrumentSettings& settings : setup.instruments)
+        drivers.push_back(std::make_shared<SimulatedDriver>(settings));
+    return drivers;
+}
+
+} // namespace ko

@@ -1,0 +1,44 @@
+#include "host/setup/SetupSaving.h"
+
+#include "host/setup/SetupWriter.h"
+#include "host/support/FileWriter.h"
+#include "host/support/InputError.h"
+
+#include <filesystem>
+
+namespace ko {
+
+std::string saveSetup(const std::string& file, const Setup& setup)
+{
+    std::string text;
+    try {
+        text = setupText(setup);
+    } catch (const nlohmann::json::exception& error) {
+        throw InputError(file + ": cannot be saved: " + error.what());
+    }
+    writeWhole(file, text);
+    return text;
+}
+
+bool hasChangedSince(const std::string& file, const std::string& content)
+{
+    std::error_code ignored;
+    const auto status = std::filesystem::status(file, ignored);
+    if (!std::filesystem::is_regular_file(status))
+        return status.type() == std::filesystem::file_type::not_found;
+    try {
+        return readFile(file) != content;
+    } catch (const InputError&) {
+        return true;
+    }
+}
+
+Setup withPresentValues(Setup setup, const SimulatedDrivers& drivers)
+{
+    setup.instruments.clear();
+    for (const auto& driver : drivers)
+        setup.instruments.push_back(driver->settings());
+    return setup;
+}
+
+} // namespace ko

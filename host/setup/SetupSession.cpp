@@ -1,0 +1,146 @@
+#include "host/setup/SetupSession.h"
+
+#include "host/setup/SetupSaving.h"
+#include "host/support/FileWriter.h"
+#include "host/support/InputError.h"
+
+#include <filesystem>
+
+namespace ko {
+
+namespace {
+
+/// A pipe may keep the window waiting, and cannot be saved to.
+void refusePipe(const std::string& file)
+{
+    std::error_code unknown;
+    if (std::filesystem::is_fifo(file, unknown))
+        throw InputError(file + ": is no file");
+}
+
+} // namespace
+
+void SetupSession::load(const std::string& file)
+{
+    refusePipe(file);
+    std::string content = readFile(file);
+    Setup setup = parseSetup(content, file);
+    drivers_ = makeDrivers(setup);
+    setup_ = std::move(setup);
+    content_ = std::move(content);
+    file_ = file;
+    setChanged(false);
+    if (loaded)
+        loaded();
+}
+
+bool SetupSession::open(const std::string& file, SessionQuestions& questions)
+{
+    return mayLeave(questions) && tryLoad(file, questions);
+}
+
+bool SetupSession::tryLoad(const std::string& file, SessionQuestions& questions)
+{
+    try {
+        load(file);
+        return true;
+    } catch (const InputError& error) {
+        questions.tellNotOpened(error.what());
+    } catch (const std::exception& error) {
+        questions.tellNotOpened(file + ": " + error.what());
+    }
+    return false;
+}
+
+bool SetupSession::save(SessionQuestions& questions)
+{
+    if (!isOpen())
+        return saveAs(questions);
+    if (!pageAllows())
+        return false;
+    if (!hasChangedSince(file_, content_))
+        return write(file_, questions);
+    switch (questions.settleConflict()) {
+    case Conflict::Overwrite: return write(file_, questions);
+    case Conflict::SaveElsewhere: return saveElsewhere(questions);
+    case Conflict::Reload: tryLoad(file_, questions); break;
+    case Conflict::Cancel: break;
+    }
+    return false;
+}
+
+bool SetupSession::saveAs(SessionQuestions& questions)
+{
+    return pageAllows() && saveElsewhere(questions);
+}
+
+bool SetupSession::saveElsewhere(SessionQuestions& questions)
+{
+    const std::string file = questions.fileToSave();
+    return !file.empty() && write(file, questions);
+}
+
+bool SetupSession::mayLeave(SessionQuestions& questions)
+{
+    if (!pageAllows())
+        return false;
+    if (!changed_)
+        return true;
+    switch (questions.keepChanges()) {
+    case Unsaved::Save: return save(questions);
+    case Unsaved::Discard: return true;
+    case Unsaved::Cancel: break;
+    }
+    return false;
+}
+
+void SetupSession::offerReload(SessionQuestions& questions)
+{
+    if (!isOpen() || changed_ || !hasChangedSince(file_, content_) || !hasChangedSince(file_, declined_))
+        return;
+    try {
+        // A file that is still being written is none yet.
+        std::string content = readFile(file_);
+        parseSetup(content, file_);
+        declined_ = std::move(content);
+    } catch (const InputError&) {
+        return;
+    }
+    if (questions.reload())
+        open(file_, questions);
+}
+
+void SetupSession::refuseOwn(const std::string& file) const
+{
+    if (isOpen() && isSameFile(file, file_))
+        throw InputError(file + ": is the set-up that is open");
+}
+
+std::string SetupSession::name() const
+{
+    return std::filesystem::path(file_).filename().string();
+}
+
+void SetupSession::setChanged(bool changed)
+{
+    changed_ = changed;
+    if (titleChanged)
+        titleChanged();
+}
+
+bool SetupSession::write(const std::string& file, SessionQuestions& questions)
+{
+    try {
+        if (checkFree)
+            checkFree(file);
+        content_ = saveSetup(file, withPresentValues(setup_, drivers_));
+    } catch (const InputError& error) {
+        questions.tellNotSaved(error.what());
+        return false;
+    }
+    file_ = file;
+    setChanged(false);
+    return true;
+}
+
+} // namespace ko

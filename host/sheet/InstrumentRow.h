@@ -1,0 +1,63 @@
+#pragma once
+
+#include "host/instruments/SimulatedDriver.h"
+#include "platform/Locale.h"
+#include "widgets/support/Convert.h"
+
+#include <memory>
+#include <vector>
+
+namespace ko {
+
+/// A row of the instruments' tree. Rows below it are made when they are first asked for, and stay: what an instrument
+/// consists of never changes, only its values do.
+class InstrumentRow {
+public:
+    enum class Kind { Root, Instrument, Timebase, Quantity, Group, Channel, Parameter, Lines, Line };
+
+    /// The root, with a row for each instrument.
+    explicit InstrumentRow(const SimulatedDrivers& drivers);
+    InstrumentRow(InstrumentRow& parent, Kind kind, SimulatedDriver& driver);
+
+    [[nodiscard]] Kind kind() const { return kind_; }
+    [[nodiscard]] InstrumentRow* parent() const { return parent_; }
+    /// Its place among its parent's rows.
+    [[nodiscard]] int number() const { return number_; }
+    [[nodiscard]] bool hasRows() const;
+    [[nodiscard]] const std::vector<std::unique_ptr<InstrumentRow>>& rows();
+
+    /// Every row but the root has one.
+    [[nodiscard]] SimulatedDriver& driver() const { return *driver_; }
+    [[nodiscard]] int group() const { return group_; }
+    [[nodiscard]] int channel() const { return channel_; }
+    [[nodiscard]] const GroupSettings& groupSettings() const;
+    [[nodiscard]] const ChannelSettings& channelSettings() const;
+    /// Which quantity, parameter or line it is.
+    [[nodiscard]] std::size_t item() const { return item_; }
+
+private:
+    InstrumentRow& add(Kind kind, SimulatedDriver& driver);
+    void addItems(Kind kind, std::size_t count);
+    void addInstrumentRows();
+    void addChannels();
+
+    Kind kind_ = Kind::Root;
+    InstrumentRow* parent_ = nullptr;
+    SimulatedDriver* driver_ = nullptr;
+    int number_ = 0;
+    int group_ = -1;
+    int channel_ = -1;
+    std::size_t item_ = 0;
+    bool filled_ = false;
+    std::vector<std::unique_ptr<InstrumentRow>> rows_;
+};
+
+/// What a row says, in the program's language; the value is the one of this moment.
+QString nameOf(const InstrumentRow& row, const Texts& texts);
+QString valueOf(const InstrumentRow& row, const Texts& texts, const Locale& locale);
+
+/// How many quantities a timebase shows, and how many values its trigger lines.
+std::size_t quantityCount();
+std::size_t lineCount();
+
+} // namespace ko

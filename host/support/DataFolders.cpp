@@ -1,0 +1,25 @@
+#include "host/support/DataFolders.h"
+
+#include <system_error>
+
+namespace ko {
+
+namespace {
+
+/// The name that the program was started by may be a link, or be found through PATH; the kernel knows better.
+std::filesystem::path programFolder()
+{
+    std::error_code unknown;
+    return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
+}
+
+} // namespace
+
+std::optional<std::filesystem::path> findDataFile(const std::filesystem::path& name)
+{
+    std::error_code ignored;
+    auto file = (programFolder() / KO_DATA_FROM_PROGRAM / name).lexically_normal();
+    return std::filesystem::is_regular_file(file, ignored) ? std::optional(std::move(file)) : std::nullopt;
+}
+
+} // namespace ko

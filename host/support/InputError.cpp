@@ -1,0 +1,45 @@
+#include "host/support/InputError.h"
+
+#include "platform/Utf8.h"
+
+#include <algorithm>
+
+namespace ko {
+
+namespace {
+
+constexpr std::size_t longest = 500;
+
+bool isContinuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+std::string shortened(std::string text)
+{
+    if (text.size() > longest) {
+        std::size_t end = longest;
+        while (isContinuation(text[end]))
+            --end;
+        text.resize(end);
+    }
+    return text;
+}
+
+} // namespace
+
+std::string oneLine(std::string text)
+{
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
+    std::replace_if(text.begin(), text.end(), isControl, ' ');
+    return withoutDirections(std::move(text));
+}
+
+InputError::InputError(const std::string& what) : std::runtime_error(oneLine(shortened(what))) {}
+
+InputError::InputError(const std::string& file, int line, const std::string& what)
+    : InputError(file + ":" + std::to_string(line) + ": " + what)
+{
+}
+
+} // namespace ko

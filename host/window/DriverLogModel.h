@@ -1,0 +1,58 @@
+#pragma once
+
+#include "host/instruments/DriverWatch.h"
+#include "widgets/support/Convert.h"
+
+#include <QAbstractTableModel>
+#include <QTimer>
+#include <deque>
+
+namespace ko {
+
+/// The last calls that changed an instrument or failed, the latest at the bottom. What comes in is shown together
+/// as soon as the program is idle, so that a change of a thousand instruments is one change of the view.
+class DriverLogModel : public QAbstractTableModel {
+public:
+    enum Column { Time, Instrument, OperationName, Arguments, Value, Result, columns };
+    static constexpr std::size_t most = 10000;
+
+    explicit DriverLogModel(Texts texts, QObject* parent = nullptr);
+
+    void add(const SimulatedDriver& driver, const DriverCall& call);
+    void add(const SimulatedDriver& driver, const FailedCall& call);
+    void clear();
+    /// Shows at once what has come in.
+    void flush();
+
+    /// Rows as lines, their cells behind tabulators.
+    [[nodiscard]] QString lines(const QModelIndexList& rows) const;
+    [[nodiscard]] QString allLines();
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    struct Entry {
+        qint64 time = 0; ///< milliseconds, local time
+        QString instrument;
+        Operation operation = Operation::GroupCount;
+        std::vector<std::int32_t> arguments;
+        QString value;
+        QString kept;    ///< where that is not the value
+        QString failure; ///< what is wrong; empty where the call did not fail
+    };
+
+    void put(Entry entry);
+    void makeRoom();
+    [[nodiscard]] QString text(const Entry& entry, int column) const;
+    [[nodiscard]] QString line(const Entry& entry) const;
+
+    Texts texts_;
+    std::deque<Entry> entries_;
+    std::deque<Entry> waiting_;
+    QTimer idle_;
+};
+
+} // namespace ko

@@ -1,0 +1,175 @@
+#include "host/window/FailureStrip.h"
+
+#include "host/support/HostTexts.h"
+#include "platform/DateTimes.h"
+#include "widgets/support/Guarded.h"
+#include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStyle>
+#include <QTime>
+#include <algorithm>
+
+namespace ko {
+
+namespace {
+
+QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
+{
+    auto* strip = className == QStringLiteral("QFrame") ? dynamic_cast<FailureStrip*>(object) : nullptr;
+    return strip ? new QAccessibleWidget(strip, QAccessible::AlertMessage) : nullptr;
+}
+
+QString timeText(DateTime time)
+{
+    const DateParts parts = dateParts(time);
+    return QTime(parts.hour, parts.minute, parts.second).toString(QStringLiteral("HH:mm:ss"));
+}
+
+} // namespace
+
+FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
+    : QFrame(parent), countText_(texts(hostText::failingCount)), lineText_(texts(hostText::failingLine)),
+      moreText_(texts(hostText::failingMore)), allAnswerText_(texts(hostText::allAnswer)),
+      heading_(new PlainLabel(this)), more_(new PlainLabel(this)), list_(new QListWidget(this)),
+      button_(new QPushButton(texts(hostText::tryAgain), this))
+{
+    QAccessible::installFactory(interfaceOf);
+    setObjectName(QStringLiteral("failures"));
+    setFrameShape(QFrame::StyledPanel);
+    heading_->setObjectName(QStringLiteral("failingCount"));
+    list_->setAccessibleName(texts(hostText::failingInstruments));
+    list_->setUniformItemSizes(true);
+    list_->setTextElideMode(Qt::ElideRight);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    button_->setObjectName(QStringLiteral("tryAgain"));
+    button_->setToolTip(plainTip(texts(hostText::tryAgainHint)));
+    button_->setStatusTip(texts(hostText::tryAgainHint));
+    // Enter presses it, too.
+    button_->setAutoDefault(true);
+    makeLayout();
+    for (QTimer* timer : {&idle_, &quiet_})
+        timer->setSingleShot(true);
+    onSignal(&idle_, &QTimer::timeout, this, [this] { refresh(); });
+    onSignal(&quiet_, &QTimer::timeout, this, [this] { settle(); });
+    onSignal(button_, &QPushButton::clicked, this, [this] { tryAgain ? tryAgain() : void(); });
+    hide();
+}
+
+void FailureStrip::makeLayout()
+{
+    auto* sign = new PlainLabel(this);
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
+    auto* title = new QHBoxLayout;
+    title->addWidget(sign);
+    title->addWidget(heading_, 1);
+    title->addWidget(more_);
+    auto* column = new QVBoxLayout;
+    column->addLayout(title);
+    column->addWidget(list_);
+    auto* whole = new QHBoxLayout(this);
+    const int gap = fontMetrics().height() / 3;
+    whole->setContentsMargins(gap, gap, gap, gap);
+    whole->addLayout(column, 1);
+    whole->addWidget(button_, 0, Qt::AlignBottom);
+}
+
+void FailureStrip::refreshLater()
+{
+    if (!idle_.isActive())
+        idle_.start(0);
+}
+
+void FailureStrip::forget()
+{
+    idle_.stop();
+    quiet_.stop();
+    list_->clear();
+    told_.clear();
+    room_ = 0;
+    hide();
+}
+
+void FailureStrip::refresh()
+{
+    const std::vector<DriverFailure> failures = failing ? failing() : std::vector<DriverFailure>();
+    if (failures.empty() && isHidden())
+        return;
+    showLines(failures);
+    const int lines = std::min(static_cast<int>(failures.size()), mostLines);
+    if (lines > room_) {
+        makeRoom(lines);
+        show();
+        if (grown)
+            grown();
+    }
+    announce(failures);
+    quiet_.start(quietTime);
+}
+
+void FailureStrip::showLines(const std::vector<DriverFailure>& failures)
+{
+    const auto count = static_cast<int>(failures.size());
+    while (list_->count() > count)
+        delete list_->takeItem(list_->count() - 1);
+    while (list_->count() < count)
+        list_->addItem(QString());
+    for (int line = 0; line < count; ++line) {
+        const QString text = lineOf(failures[static_cast<std::size_t>(line)]);
+        list_->item(line)->setText(text);
+        list_->item(line)->setToolTip(plainTip(text));
+    }
+    heading_->setText(count > 0 ? countText_.arg(count) : allAnswerText_);
+    more_->setText(count > mostLines ? moreText_.arg(count - mostLines) : QString());
+}
+
+void FailureStrip::makeRoom(int lines)
+{
+    room_ = lines;
+    list_->setFixedHeight(lines * std::max(list_->sizeHintForRow(0), fontMetrics().height()) + 2 * list_->frameWidth());
+}
+
+/// After a while without news.
+void FailureStrip::settle()
+{
+    if (list_->count() > 0)
+        return makeRoom(std::min(list_->count(), mostLines));
+    room_ = 0;
+    if (isAncestorOf(window()->focusWidget()) && leaving)
+        leaving();
+    hide();
+}
+
+/// Only a driver that had not failed before is news; one that fails again is not called out with every key.
+void FailureStrip::announce(const std::vector<DriverFailure>& failures)
+{
+    std::vector<std::size_t> drivers;
+    QString news;
+    for (const DriverFailure& failure : failures) {
+        drivers.push_back(failure.driver);
+        if (news.isEmpty() && std::find(told_.begin(), told_.end(), failure.driver) == told_.end())
+            news = lineOf(failure);
+    }
+    const bool isOver = drivers.empty() && !told_.empty();
+    told_ = std::move(drivers);
+    if (news.isEmpty() && !isOver)
+        return;
+    setAccessibleName(isOver ? heading_->text() : heading_->text() + u'\n' + news);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+QString FailureStrip::lineOf(const DriverFailure& failure) const
+{
+    const QString reason = QStringLiteral("%1 (%2)").arg(toShown(failure.reason), QString::number(failure.number));
+    return lineText_.arg(toShown(failure.name), toShown(failingName(failure.operation)), timeText(failure.time),
+                         reason);
+}
+
+} // namespace ko

@@ -1,0 +1,187 @@
+#include "host/window/FrameCapture.h"
+
+#include "host/setup/SetupSaving.h"
+#include "host/support/HostTexts.h"
+#include "host/support/InputError.h"
+#include "host/window/Later.h"
+#include "schedule/SetDateTime.h"
+#include "timebase/ShowOffers.h"
+#include "triggering/AdvancedTrig.h"
+#include "triggering/SelectChannel.h"
+#include "widgets/support/Guarded.h"
+#include "widgets/support/PlainText.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QStatusBar>
+
+namespace ko {
+
+namespace {
+
+namespace captureText {
+constexpr int menu = 3200;
+constexpr int title = 3201;
+constexpr int files = 3202;
+constexpr int allFiles = 3117;
+constexpr int stopped = 3203;
+constexpr int sign = 3204;
+constexpr int exists = 3205;
+} // namespace captureText
+
+/// The set-up that a replay of the scenario starts with.
+std::string setupBeside(const std::string& scenario)
+{
+    return scenario + ".setup.json";
+}
+
+} // namespace
+
+FrameCapture::FrameCapture(CaptureFrame frame) : frame_(std::move(frame))
+{
+    action_.setText(frame_.texts(captureText::menu));
+    action_.setCheckable(true);
+    onSignal(&action_, &QAction::triggered, this, [this](bool on) { on ? chooseFile() : stop(); });
+    sign_.setObjectName(QStringLiteral("capture"));
+    sign_.hide();
+    frame_.window.statusBar()->addPermanentWidget(&sign_);
+    frame_.services.modalForms.opened = [this](const Form& form) {
+        if (capture_)
+            capture_->dialogOpened(form);
+    };
+    frame_.services.modalForms.closed = [this] {
+        if (capture_)
+            capture_->dialogClosed();
+    };
+}
+
+FrameCapture::~FrameCapture()
+{
+    frame_.services.modalForms.opened = nullptr;
+    frame_.services.modalForms.closed = nullptr;
+}
+
+void FrameCapture::start(const std::string& file, const std::string& setup)
+{
+    stop();
+    QtClock& clock = frame_.services.clock;
+    const DialogForms dialogs = frame_.component.dialogs();
+    const Captured captured{frame_.document().page(),
+                            {&dialogs.advancedTrig, &dialogs.setDateTime, &dialogs.selectChannel, &dialogs.showOffers},
+                            [&clock] { return clock.tick(); },
+                            frame_.platform.locale};
+    capture_ = std::make_unique<ScenarioCapture>(file, captured);
+    // Whoever finds that a line cannot be written is in the middle of the user's input.
+    capture_->failed = [this] { later(*this, [this] { failed(); }); };
+    startSetup_ = setup;
+    showState();
+}
+
+void FrameCapture::startFromHere(const std::string& file)
+{
+    const std::string beside = setupBeside(file);
+    frame_.refuseOwn(file);
+    frame_.refuseOwn(beside);
+    saveSetup(beside, frame_.present());
+    stop();
+    frame_.renewPage();
+    start(file, {});
+    if (frame_.document().page().readOnly)
+        host({"read-only", "on"});
+    capture_->setup(beside);
+    frame_.showAgain();
+}
+
+void FrameCapture::stop()
+{
+    capture_.reset();
+    frame_.services.clock.runOn();
+    showState();
+}
+
+void FrameCapture::refuseOwn(const std::string& file) const
+{
+    if (capture_ && isSameFile(file, capture_->file()))
+        throw InputError(file + ": is the scenario that is captured");
+}
+
+void FrameCapture::host(const ScenarioWriter::Words& words)
+{
+    if (capture_)
+        capture_->host(words);
+}
+
+void FrameCapture::command(std::int32_t id)
+{
+    if (capture_ && id == command::paste)
+        guarded([&] { capture_->host({"clipboard", frame_.services.clipboard.text()}); });
+    host({"command", std::to_string(id)});
+}
+
+void FrameCapture::setup(const std::string& file)
+{
+    if (!capture_)
+        return;
+    capture_->setup(file == startSetup_ ? std::string() : file);
+    startSetup_.clear();
+}
+
+void FrameCapture::chooseFile()
+{
+    // The entry shows what is, not what is being asked for.
+    showState();
+    if (!frame_.mayLeave())
+        return;
+    const auto text = frame_.texts;
+    QString file = QFileDialog::getSaveFileName(
+        &frame_.window, text(captureText::title), QString(),
+        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(captureText::allFiles)));
+    if (file.isEmpty() || !mayOverwrite(setupBeside(fromQt(file))))
+        return;
+    try {
+        startFromHere(fromQt(file));
+    } catch (const InputError& error) {
+        stop();
+        warn(toQt(error.what()));
+    }
+}
+
+/// The user has named the scenario, not the set-up beside it.
+bool FrameCapture::mayOverwrite(const std::string& file)
+{
+    const QFileInfo info(toQt(file));
+    if (!info.exists())
+        return true;
+    PlainBox box(QMessageBox::Question, frame_.texts(captureText::title),
+                 frame_.texts(captureText::exists).arg(info.fileName()), {}, QMessageBox::Cancel, &frame_.window);
+    const auto* const overwrite = box.addButton(frame_.texts(hostText::overwrite), QMessageBox::DestructiveRole);
+    box.exec();
+    return box.clickedButton() == overwrite;
+}
+
+void FrameCapture::showState()
+{
+    action_.setChecked(capture_ != nullptr);
+    sign_.setVisible(capture_ != nullptr);
+    if (capture_)
+        sign_.setText(frame_.texts(captureText::sign).arg(QFileInfo(toQt(capture_->file())).fileName()));
+}
+
+void FrameCapture::failed()
+{
+    if (!capture_)
+        return;
+    const QString file = toQt(capture_->file());
+    stop();
+    warn(file);
+}
+
+void FrameCapture::warn(const QString& reason)
+{
+    PlainBox(QMessageBox::Warning, frame_.texts(captureText::title), frame_.texts(captureText::stopped), reason,
+             QMessageBox::Ok, &frame_.window)
+        .exec();
+}
+
+} // namespace ko

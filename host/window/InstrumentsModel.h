@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/sheet/InstrumentRow.h"
+#include "platform/Locale.h"
+
+#include <QAbstractItemModel>
+
+namespace ko {
+
+/// The instruments as a tree of instruments, groups and channels with their values. Values are read when a row is
+/// drawn, straight from the instrument: nothing is called, so that watching changes nothing.
+class InstrumentsModel : public QAbstractItemModel {
+public:
+    enum Column { Name, Value, columns };
+
+    InstrumentsModel(Texts texts, const Locale& locale, QObject* parent = nullptr);
+
+    void show(const SimulatedDrivers& drivers);
+    /// The row behind an index; null for none.
+    [[nodiscard]] InstrumentRow* row(const QModelIndex& index) const;
+
+    /// Switches a channel; false when it stays as it was.
+    std::function<bool(SimulatedDriver& driver, int group, int channel, bool on)> enable;
+
+    [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QModelIndex parent(const QModelIndex& child) const override;
+    [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    [[nodiscard]] InstrumentRow& rowOrRoot(const QModelIndex& index) const;
+    [[nodiscard]] static bool isCheck(const QModelIndex& index, const InstrumentRow& row);
+
+    Texts texts_;
+    const Locale& locale_;
+    SimulatedDrivers drivers_;
+    std::unique_ptr<InstrumentRow> root_;
+};
+
+} // namespace ko

@@ -1,0 +1,92 @@
+#include "host/window/InstrumentsView.h"
+
+#include "host/support/HostTexts.h"
+#include "host/window/DockLayout.h"
+#include "host/window/FaultDialog.h"
+#include "widgets/support/Guarded.h"
+#include "widgets/support/PlainText.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QTreeView>
+
+namespace ko {
+
+namespace {
+
+class Tree : public QTreeView {
+public:
+    using QTreeView::QTreeView;
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return {fontMetrics().averageCharWidth() * 52, fontMetrics().height() * 16};
+    }
+};
+
+} // namespace
+
+InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidget* parent)
+    : QDockWidget(withoutMnemonic(texts(hostText::instruments)), parent), texts_(texts),
+      model_(new InstrumentsModel(texts, locale, this)), view_(new Tree(this))
+{
+    setObjectName(QStringLiteral("instruments"));
+    view_->setModel(model_);
+    view_->setAccessibleName(windowTitle());
+    view_->setUniformRowHeights(true);
+    view_->setTabKeyNavigation(false);
+    view_->setAllColumnsShowFocus(true);
+    view_->header()->resizeSection(InstrumentsModel::Name, view_->sizeHint().width() * 5 / 8);
+    makeActions();
+    layDock(*this, *view_);
+    hide();
+}
+
+void InstrumentsView::makeActions()
+{
+    const auto add = [this](int text, const char* name, const QKeySequence& key) {
+        auto* action = new QAction(texts_(text), view_);
+        action->setObjectName(QLatin1String(name));
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        view_->addAction(action);
+        return action;
+    };
+    faults_ = add(hostText::faults, "faults", QKeySequence(Qt::CTRL | Qt::Key_F));
+    faults_->setToolTip(plainTip(texts_(hostText::faultsHint)));
+    faults_->setEnabled(false);
+    onSignal(faults_, &QAction::triggered, this, [this] { askForFaults(); });
+    handOver_ = add(hostText::handOver, "handOver", QKeySequence(QKeySequence::Refresh));
+    handOver_->setToolTip(plainTip(texts_(hostText::handOverHint)));
+    onSignal(handOver_, &QAction::triggered, this, [this] { handOver ? handOver() : void(); });
+    onSignal(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+             [this](const QModelIndex& current) { faults_->setEnabled(current.isValid()); });
+    onSignal(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
+}
+
+void InstrumentsView::show(const SimulatedDrivers& drivers)
+{
+    model_->show(drivers);
+}
+
+void InstrumentsView::refresh()
+{
+    view_->viewport()->update();
+}
+
+void InstrumentsView::askForFaults()
+{
+    const InstrumentRow* row = model_->row(view_->currentIndex());
+    if (!row)
+        return;
+    auto* dialog = new FaultDialog(texts_, row->driver(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->changed = [this, &driver = row->driver()](const std::string& operation, bool fails) {
+        refresh();
+        if (faultChanged)
+            faultChanged(driver, operation, fails);
+    };
+    dialog->open();
+}
+
+} // namespace ko

@@ -1,0 +1,40 @@
+#include "host/window/RecentFiles.h"
+
+#include <QFileInfo>
+
+namespace ko {
+
+namespace {
+
+QString pathOf(const QString& file)
+{
+    return QFileInfo(file).absoluteFilePath();
+}
+
+} // namespace
+
+QStringList RecentFiles::files() const
+{
+    return memory_.content().recentFiles.mid(0, most);
+}
+
+void RecentFiles::add(const QString& file)
+{
+    memory_.change([&](FrameMemory::Content& content) {
+        content.recentFiles.removeAll(pathOf(file));
+        content.recentFiles.prepend(pathOf(file));
+        content.recentFiles = content.recentFiles.mid(0, most);
+    });
+}
+
+void RecentFiles::remove(const QString& file)
+{
+    memory_.change([&](FrameMemory::Content& content) { content.recentFiles.removeAll(pathOf(file)); });
+}
+
+void RecentFiles::clear()
+{
+    memory_.change([](FrameMemory::Content& content) { content.recentFiles.clear(); });
+}
+
+} // namespace ko

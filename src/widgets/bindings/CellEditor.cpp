@@ -1,0 +1,118 @@
+#include "widgets/bindings/CellEditor.h"
+
+#include "platform/Scoped.h"
+#include "widgets/bindings/FormView.h"
+#include "widgets/support/Guarded.h"
+
+#include <QKeyEvent>
+
+namespace ko {
+
+void CellEditor::follow()
+{
+    const int row = grid_.editedRow();
+    if (box_ && row_ != row)
+        close();
+    // A check or a list is edited in its own widget.
+    if (row == 0 || grid_.cell(row, Grid::valueColumn).style.control != CellStyle::Control::edit)
+        return;
+    if (!box_)
+        open();
+    showText();
+}
+
+void CellEditor::open()
+{
+    const FocusKeeper::Hold hold(view_.focus());
+    row_ = grid_.editedRow();
+    box_ = new QLineEdit;
+    isAway_ = false;
+    box_->setFrame(false);
+    box_->setAccessibleName(toQt(grid_.cell(row_, Grid::nameColumn).value));
+    box_->setAccessibleDescription(toQt(grid_.tag()));
+    box_->installEventFilter(this);
+    onSignal(box_.data(), &QLineEdit::textEdited, this, [this] { typed(); });
+    onSignal(box_.data(), &QLineEdit::selectionChanged, this, [this] { selected(); });
+    onSignal(box_.data(), &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
+    table_.setCurrentCell(row_ - 1, Grid::valueColumn);
+    table_.setCellWidget(row_ - 1, Grid::valueColumn, box_);
+    // Whoever gives the table the focus means the open cell.
+    table_.setFocusProxy(box_);
+    box_->setFocus(Qt::OtherFocusReason);
+}
+
+void CellEditor::close()
+{
+    const FocusKeeper::Hold hold(view_.focus());
+    const bool hadFocus = box_->hasFocus();
+    box_->disconnect(this);
+    table_.setFocusProxy(nullptr);
+    if (hadFocus)
+        table_.setFocus(Qt::OtherFocusReason);
+    table_.removeCellWidget(row_ - 1, Grid::valueColumn);
+    box_ = nullptr;
+    row_ = 0;
+}
+
+void CellEditor::showText()
+{
+    const Scoped guard(showing_, true);
+    const EditText& edit = grid_.editor();
+    const QString text = toQt(edit.text());
+    if (box_->text() != text)
+        box_->setText(text);
+    const int start = unitsOf(text, edit.selStart());
+    const int length = unitsOf(text, edit.selStart() + edit.selLength()) - start;
+    if (length > 0)
+        box_->setSelection(start, length);
+    else if (box_->hasSelectedText() || box_->cursorPosition() != start)
+        box_->setCursorPosition(start);
+}
+
+void CellEditor::typed()
+{
+    if (showing_)
+        return;
+    const QString text = box_->text();
+    const std::size_t cursor = charactersOf(text, box_->cursorPosition());
+    guarded([&] { grid_.userTypedInCell(fromQt(text), cursor, 0); });
+    if (box_ && grid_.editedRow() == row_)
+        showText();
+}
+
+void CellEditor::selected()
+{
+    if (showing_ || isAway_ || grid_.editedRow() == 0 || box_->text() != toQt(grid_.editor().text()))
+        return;
+    const QString text = box_->text();
+    const bool some = box_->hasSelectedText();
+    const qsizetype from = some ? box_->selectionStart() : box_->cursorPosition();
+    const std::size_t start = charactersOf(text, from);
+    const std::size_t end = charactersOf(text, some ? box_->selectionEnd() : from);
+    guarded([&] { grid_.userSelectedInCell(start, end - start); });
+}
+
+bool CellEditor::eventFilter(QObject*, QEvent* event)
+{
+    // A box that loses the focus stops showing its selection, and has it all the same.
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        isAway_ = event->type() == QEvent::FocusOut;
+        if (!isAway_ && grid_.editedRow() > 0)
+            showText();
+    }
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: {
+        // A message box of the check takes the focus and gives it back.
+        const FocusKeeper::Hold hold(view_.focus());
+        guarded([&] { grid_.userEndedEdit(); });
+        return true;
+    }
+    case Qt::Key_Escape: guarded([&] { grid_.userDroppedEdit(); }); return true;
+    default: return false;
+    }
+}
+
+} // namespace ko

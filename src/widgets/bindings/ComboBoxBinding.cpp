@@ -1,0 +1,108 @@
+#include "widgets/bindings/ComboBoxBinding.h"
+
+#include "widgets/bindings/FormView.h"
+#include "widgets/bindings/NumberList.h"
+#include "widgets/support/Guarded.h"
+
+#include <QEvent>
+#include <QListView>
+#include <QProxyStyle>
+
+namespace ko {
+
+namespace {
+
+constexpr int shownCharacters = 12;
+
+/// Lets a long list open below its box and scroll, where the style would cover the screen with it.
+class DropDownStyle : public QProxyStyle {
+public:
+    explicit DropDownStyle(QObject* parent) { setParent(parent); }
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+} // namespace
+
+ItemsModel::ItemsModel(const ComboBox& control, Qt::Alignment alignment, QObject* parent)
+    : QAbstractListModel(parent), control_(control), alignment_(alignment)
+{
+}
+
+void ItemsModel::reload()
+{
+    beginResetModel();
+    count_ = static_cast<int>(control_.items().size());
+    endResetModel();
+}
+
+int ItemsModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : count_;
+}
+
+QVariant ItemsModel::data(const QModelIndex& index, int role) const
+{
+    const auto row = static_cast<std::size_t>(index.row());
+    if (!index.isValid() || row >= control_.items().size())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole: return toQt(control_.items()[row].text);
+    case Qt::TextAlignmentRole: return alignment_.toInt();
+    default: return {};
+    }
+}
+
+ComboBoxBinding::ComboBoxBinding(FormView& view, ComboBox& control, QComboBox& widget)
+    : Binding(view, control, widget), list_(control), combo_(widget),
+      items_(new ItemsModel(
+          control, (dynamic_cast<NumberList*>(&widget) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, &widget))
+{
+    widget.setStyle(new DropDownStyle(&widget));
+    auto* popup = new QListView(&widget);
+    popup->setUniformItemSizes(true);
+    widget.setView(popup);
+    widget.setModel(items_);
+    widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    widget.setMinimumContentsLength(shownCharacters);
+    widget.setMaxVisibleItems(15);
+    widget.installEventFilter(this);
+    onSignal(&widget, &QComboBox::activated, this, [this](int index) { chosen(index); });
+    refreshAll();
+}
+
+void ComboBoxBinding::chosen(int index)
+{
+    guarded([&] { list_.userChose(index); });
+    combo_.setCurrentIndex(list_.index());
+}
+
+void ComboBoxBinding::showItems()
+{
+    combo_.hidePopup();
+    items_->reload();
+    combo_.setCurrentIndex(list_.index());
+}
+
+void ComboBoxBinding::refresh(Aspect aspect)
+{
+    switch (aspect) {
+    case Aspect::Items: showItems(); break;
+    case Aspect::Selection: combo_.setCurrentIndex(list_.index()); break;
+    default: Binding::refresh(aspect);
+    }
+}
+
+bool ComboBoxBinding::eventFilter(QObject*, QEvent* event)
+{
+    // The wheel scrolls the page; it chooses only where the user is.
+    if (event->type() != QEvent::Wheel || combo_.hasFocus())
+        return false;
+    event->ignore();
+    return true;
+}
+
+} // namespace ko

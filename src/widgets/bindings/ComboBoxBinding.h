@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/ComboBox.h"
+#include "widgets/bindings/Binding.h"
+
+#include <QAbstractListModel>
+#include <QComboBox>
+
+namespace ko {
+
+/// Reads the entries of a combo box control when they are looked at, so that long lists cost nothing.
+class ItemsModel : public QAbstractListModel {
+public:
+    ItemsModel(const ComboBox& control, Qt::Alignment alignment, QObject* parent);
+
+    /// The control has other entries.
+    void reload();
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    const ComboBox& control_;
+    Qt::Alignment alignment_;
+    int count_ = 0;
+};
+
+/// A combo box control in a combo box that cannot be typed in.
+class ComboBoxBinding : public Binding {
+public:
+    ComboBoxBinding(FormView& view, ComboBox& control, QComboBox& widget);
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+protected:
+    void refresh(Aspect aspect) override;
+
+private:
+    void chosen(int index);
+    void showItems();
+
+    ComboBox& list_;
+    QComboBox& combo_;
+    ItemsModel* items_;
+};
+
+} // namespace ko

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "widgets/support/Convert.h"
+
+#include <QWidget>
+
+class QPainter;
+
+namespace ko {
+
+/// The picture of the no-instrument screen: an empty mainframe and what to do about it, in the palette's colours.
+class NoInstrumentPicture : public QWidget {
+public:
+    /// The resource number under which the page asks for this picture.
+    static constexpr int resource = 101;
+
+    explicit NoInstrumentPicture(const Texts& texts, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] QFont titleFont() const;
+    [[nodiscard]] int textWidth() const;
+    [[nodiscard]] int mainframeHeight() const;
+    [[nodiscard]] int stepIndent() const;
+    /// Lays the texts out below each other from `top` on, draws them where there is a painter, and answers where
+    /// they end.
+    int layTexts(QPainter* painter, int left, int top) const;
+    int layText(QPainter* painter, const QRect& place, const QFont& font, const QString& text) const;
+    void drawMainframe(QPainter& painter, const QRect& place) const;
+    void drawSlot(QPainter& painter, const QRectF& slot, bool wanted) const;
+
+    QString title_, reason_;
+    QStringList steps_;
+};
+
+} // namespace ko

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/TabControl.h"
+#include "widgets/bindings/Binding.h"
+
+#include <QTabWidget>
+
+namespace ko {
+
+/// Tabs; the frame behind each stands on a page of its own.
+class TabControlBinding : public Binding {
+public:
+    /// The frames' widgets exist already.
+    TabControlBinding(FormView& view, TabControl& control, QTabWidget& tabs);
+
+protected:
+    void refresh(Aspect aspect) override;
+
+private:
+    void showTabs();
+    void chosen(int index);
+
+    TabControl& control_;
+    QTabWidget& tabs_;
+};
+
+} // namespace ko

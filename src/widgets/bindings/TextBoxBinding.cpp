@@ -1,0 +1,168 @@
+#include "widgets/bindings/TextBoxBinding.h"
+
+#include "platform/Scoped.h"
+#include "widgets/bindings/EntryMark.h"
+#include "widgets/bindings/FormView.h"
+#include "widgets/support/Guarded.h"
+#include "widgets/support/PageTexts.h"
+#include "widgets/support/PlainText.h"
+
+#include <QDropEvent>
+#include <QKeyEvent>
+
+namespace ko {
+
+namespace {
+
+/// The clipboard keys belong to the window's edit commands, where it has them; a box without them takes the keys
+/// that nobody else wants.
+bool isEditCommand(const QKeyEvent& key, bool hasSelection)
+{
+    return key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
+           (hasSelection && key.matches(QKeySequence::Delete));
+}
+
+} // namespace
+
+TextBoxBinding::TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit)
+    : Binding(view, control, edit), box_(control), edit_(edit)
+{
+    edit.installEventFilter(this);
+    onSignal(&edit, &QLineEdit::textEdited, this, [this] { edited(); });
+    onSignal(&edit, &QLineEdit::selectionChanged, this, [this] { selected(); });
+    onSignal(&edit, &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
+    refreshAll();
+}
+
+void TextBoxBinding::edited()
+{
+    if (showing_)
+        return;
+    const QString text = edit_.text();
+    const std::size_t cursor = charactersOf(text, edit_.cursorPosition());
+    guarded([&] { box_.userReplaced(fromQt(text), cursor, 0); });
+    showText();
+}
+
+void TextBoxBinding::selected()
+{
+    const QString text = edit_.text();
+    // While a text is being edited its selection comes with it.
+    if (showing_ || isAway_ || text != toQt(box_.text()))
+        return;
+    const bool some = edit_.hasSelectedText();
+    const qsizetype from = some ? edit_.selectionStart() : edit_.cursorPosition();
+    const qsizetype to = some ? edit_.selectionEnd() : from;
+    const std::size_t start = charactersOf(text, from);
+    guarded([&] { box_.userSelected(start, charactersOf(text, to) - start); });
+}
+
+void TextBoxBinding::refresh(Aspect aspect)
+{
+    switch (aspect) {
+    case Aspect::Text: showText(); break;
+    case Aspect::Selection: showSelection(); break;
+    case Aspect::Mark: showMark(); break;
+    case Aspect::Usability:
+        edit_.setReadOnly(box_.locked());
+        Binding::refresh(aspect);
+        break;
+    default: Binding::refresh(aspect);
+    }
+}
+
+void TextBoxBinding::showText()
+{
+    const QString text = toQt(box_.text());
+    if (edit_.text() != text) {
+        const Scoped guard(showing_, true);
+        edit_.setText(text);
+    }
+    showSelection();
+}
+
+void TextBoxBinding::showSelection()
+{
+    const QString text = edit_.text();
+    const int start = unitsOf(text, box_.selStart());
+    const int length = unitsOf(text, box_.selStart() + box_.selLength()) - start;
+    const Scoped guard(showing_, true);
+    if (length == 0) {
+        if (edit_.hasSelectedText())
+            edit_.deselect();
+        if (edit_.cursorPosition() != start)
+            edit_.setCursorPosition(start);
+    } else if (edit_.selectionStart() != start || edit_.selectionLength() != length) {
+        edit_.setSelection(start, length);
+    }
+}
+
+void TextBoxBinding::showMark()
+{
+    if (!mark_ && !box_.marked())
+        return;
+    if (!mark_) {
+        mark_ = new EntryMark(edit_, view_.text(pageText::notValid));
+        onSignal(&edit_, &QLineEdit::textChanged, this, [this] { mark_->place(); });
+    }
+    mark_->setVisible(box_.marked());
+    mark_->place();
+    refreshHint();
+    ko::raise(view_.formChanged);
+}
+
+void TextBoxBinding::refreshHint()
+{
+    Binding::refreshHint();
+    if (!box_.marked())
+        return;
+    const QString invalid = view_.text(pageText::invalidEntry);
+    const QString both = invalid + QStringLiteral(". ") + toQt(box_.tag());
+    edit_.setToolTip(plainTip(invalid));
+    edit_.setStatusTip(both);
+    edit_.setAccessibleDescription(both);
+}
+
+/// A box that loses the focus stops showing its selection, and has it all the same.
+void TextBoxBinding::followFocus(bool came)
+{
+    isAway_ = !came;
+    if (came)
+        showSelection();
+}
+
+/// Whether the toolkit may put the dropped text in, where it was dropped.
+bool TextBoxBinding::takesDrop(QDropEvent& drop)
+{
+    if (box_.hasFocus())
+        return true;
+    Outcome outcome = Outcome::Inert;
+    guarded([&] { outcome = box_.userDropsText(); });
+    if (outcome == Outcome::Done)
+        edit_.setCursorPosition(edit_.cursorPositionAt(drop.position().toPoint()));
+    else
+        drop.ignore();
+    return outcome == Outcome::Done;
+}
+
+bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::Drop && !takesDrop(*static_cast<QDropEvent*>(event)))
+        return true;
+    if (event->type() == QEvent::Resize && mark_)
+        mark_->place();
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        followFocus(event->type() == QEvent::FocusIn);
+    if (event->type() == QEvent::ShortcutOverride)
+        return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {
+        guarded([&] { box_.userUndid(); });
+        return true;
+    }
+    if (event->type() != QEvent::MouseButtonDblClick || !box_.doubleClick)
+        return false;
+    guarded([&] { box_.userDoubleClicked(); });
+    return true;
+}
+
+} // namespace ko

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/TextBox.h"
+#include "widgets/bindings/Binding.h"
+
+#include <QLineEdit>
+
+namespace ko {
+
+class EntryMark;
+
+/// A text box in a line edit.
+class TextBoxBinding : public Binding {
+public:
+    TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit);
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+protected:
+    void refresh(Aspect aspect) override;
+    void refreshHint() override;
+
+private:
+    void edited();
+    void selected();
+    void showText();
+    void showSelection();
+    void showMark();
+    bool takesDrop(QDropEvent& drop);
+    void followFocus(bool came);
+
+    TextBox& box_;
+    QLineEdit& edit_;
+    EntryMark* mark_ = nullptr; ///< made for the first invalid entry
+    bool showing_ = false;
+    bool isAway_ = false; ///< the focus was here and has left
+};
+
+} // namespace ko

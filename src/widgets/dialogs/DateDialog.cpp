@@ -1,0 +1,72 @@
+#include "widgets/dialogs/DateDialog.h"
+
+#include "widgets/bindings/DateBindings.h"
+#include "widgets/bindings/FormView.h"
+#include "widgets/support/PageTexts.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace ko {
+
+namespace {
+
+class DateDialogView : public FormView {
+public:
+    DateDialogView(SetDateTime& form, const Texts& texts) : FormView(form, texts)
+    {
+        auto* frames = new QHBoxLayout;
+        frames->addWidget(&layDate(form));
+        frames->addWidget(&layTime(form));
+        auto* buttons = new QHBoxLayout;
+        buttons->addStretch(1);
+        for (CommandButton* control : {&form.btnOK, &form.btnCancel, &form.btnHelp})
+            buttons->addWidget(&button(*control));
+        auto* whole = new QVBoxLayout(this);
+        whole->addLayout(frames, 1);
+        whole->addLayout(buttons);
+    }
+
+private:
+    QGroupBox& layDate(SetDateTime& form)
+    {
+        QGroupBox& box = frame(form.frmDate);
+        auto* column = new QVBoxLayout(&box);
+        column->addWidget(&option(form.optCurrentDay));
+        column->addWidget(&option(form.optSpecifiedDay));
+        QWidget& calendar = this->calendar(form.calDate);
+        // The table of days is what has the focus.
+        for (QWidget* part : {&calendar, calendar.focusProxy()})
+            part->setAccessibleName(withoutMnemonic(box.title()));
+        column->addWidget(&calendar, 1);
+        return box;
+    }
+
+    QGroupBox& layTime(SetDateTime& form)
+    {
+        QGroupBox& box = frame(form.frmTime);
+        auto* column = new QVBoxLayout(&box);
+        QTimeEdit& time = timePicker(form.dtpTimeSelector);
+        time.setAccessibleName(withoutMnemonic(box.title()));
+        QWidget& clock = picture(form.picClock);
+        clock.setAccessibleName(text(pageText::clock));
+        const int side = fontMetrics().height() * 10;
+        clock.setFixedSize(side, side);
+        column->addWidget(&time);
+        column->addStretch(1);
+        column->addWidget(&clock, 0, Qt::AlignHCenter);
+        column->addStretch(1);
+        return box;
+    }
+};
+
+} // namespace
+
+void addDateDialog(QtModalForms& modalForms, SetDateTime& setDateTime, const Texts& texts)
+{
+    modalForms.add(setDateTime, [&setDateTime, texts] { return new DateDialogView(setDateTime, texts); });
+}
+
+} // namespace ko

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "page/Page.h"
+#include "widgets/bindings/FormView.h"
+
+#include <QScrollArea>
+
+class QBoxLayout;
+class QGridLayout;
+class QLabel;
+
+namespace ko {
+
+struct Quantity;
+
+class NoInstrumentPicture;
+
+/// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or below
+/// each other where the window is narrow; it scrolls where the window is small. Without instruments only the
+/// picture of the no-instrument screen stands there. The plan's sentence stands below, whatever is scrolled.
+///
+/// The page outlives the widget.
+class PageWidget : public QScrollArea {
+public:
+    PageWidget(Page& page, const Texts& texts, QWidget* parent = nullptr);
+    ~PageWidget() override;
+
+    [[nodiscard]] FormView& view() { return *view_; }
+    /// The page's own menu, for the host's menu bar.
+    [[nodiscard]] QMenu& menu() { return *menu_; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    /// A label column, a column of fields that grows, and room for a button.
+    QGridLayout& framed(Frame& frame);
+    void addQuantities(QGridLayout& grid, const Frame& frame);
+    void addQuantity(QGridLayout& grid, const Quantity& quantity);
+    void addValue(QGridLayout& grid, Label& label, Label& value);
+    void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
+    void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);
+    QWidget& kept(QWidget& widget);
+
+    void layDynamic();
+    void layStatic();
+    void layStart();
+    void layTrigger(QGridLayout& grid);
+    void layStop();
+    void layColumns();
+    /// What appears after a refusal, below the frames, where it moves nothing that the user is working in.
+    QLayout* whatFits();
+    void layPlan();
+    void placePlan();
+    [[nodiscard]] int planHeight(int width) const;
+    void alignLabels(const std::vector<QGridLayout*>& grids);
+    void arrange();
+    void stretch(bool stacked);
+    void applyMetrics();
+
+    Page& page_;
+    FormView* view_;
+    NoInstrumentPicture* picture_;
+    QMenu* menu_;
+    QLabel* plan_ = nullptr;
+    QWidget* content_ = nullptr;
+    QBoxLayout* columns_ = nullptr;
+    QBoxLayout* schedules_ = nullptr;
+    std::vector<QGridLayout*> measurements_, schedule_;
+};
+
+} // namespace ko

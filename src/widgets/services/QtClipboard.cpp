@@ -1,0 +1,27 @@
+#include "widgets/services/QtClipboard.h"
+
+#include "widgets/support/Convert.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+namespace ko {
+
+void QtClipboard::clear()
+{
+    QGuiApplication::clipboard()->clear();
+}
+
+void QtClipboard::setText(const std::string& text)
+{
+    QGuiApplication::clipboard()->setText(toQt(text));
+}
+
+std::string QtClipboard::text()
+{
+    const QMimeData* content = QGuiApplication::clipboard()->mimeData();
+    return content && content->hasText() ? fromQt(content->text()) : std::string();
+}
+
+} // namespace ko

@@ -1,0 +1,31 @@
+#include "widgets/services/QtMessageBox.h"
+
+#include "widgets/support/Convert.h"
+#include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
+
+#include <QApplication>
+
+namespace ko {
+
+namespace {
+
+QMessageBox::Icon iconOf(int style)
+{
+    switch (style) {
+    case messageStyle::exclamation: return QMessageBox::Warning;
+    case messageStyle::information: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
+    }
+}
+
+} // namespace
+
+void QtMessageBox::show(const std::string& text, const std::string& title, int style)
+{
+    QWidget* top = QApplication::activeModalWidget();
+    PlainBox box(iconOf(style), toShown(title), toShown(text), {}, QMessageBox::Ok, top ? top : owner_.data());
+    box.exec();
+}
+
+} // namespace ko

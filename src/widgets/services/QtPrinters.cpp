@@ -1,0 +1,205 @@
+#include "widgets/services/QtPrinters.h"
+
+#include "platform/Failure.h"
+#include "platform/Form.h"
+#include "widgets/services/PdfDetour.h"
+#include "widgets/support/Convert.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPicture>
+#include <QPrinterInfo>
+#include <QStyle>
+#include <QWidget>
+
+namespace ko {
+
+namespace {
+
+constexpr std::int32_t printerError = 482;
+
+enum Duplex { simplex = 1, vertical, horizontal };
+constexpr std::int32_t landscape = 2;
+constexpr std::int32_t inColor = 2;
+
+/// Dots per inch of a quality; draft is -1, high is -4.
+int resolutionOf(std::int32_t quality)
+{
+    switch (quality) {
+    case -1: return 150;
+    case -2: return 300;
+    case -3: return 600;
+    case -4: return 1200;
+    default: return quality > 0 ? quality : 600;
+    }
+}
+
+QPrinter::DuplexMode duplexOf(std::int32_t duplex)
+{
+    switch (duplex) {
+    case vertical: return QPrinter::DuplexLongSide;
+    case horizontal: return QPrinter::DuplexShortSide;
+    default: return QPrinter::DuplexNone;
+    }
+}
+
+std::int32_t duplexCode(QPrinter::DuplexMode mode)
+{
+    switch (mode) {
+    case QPrinter::DuplexLongSide: return vertical;
+    case QPrinter::DuplexShortSide: return horizontal;
+    default: return simplex;
+    }
+}
+
+/// Paper is white: the surface has no ground of its own, and a dark page is drawn in light colours.
+class PaperPalette {
+public:
+    explicit PaperPalette(QWidget& widget) : widget_(widget), own_(widget.palette())
+    {
+        const bool dark = own_.color(QPalette::Window).lightness() < 128;
+        QPalette paper = dark ? QApplication::style()->standardPalette() : own_;
+        paper.setColor(QPalette::Window, Qt::white);
+        widget_.setPalette(paper);
+    }
+    ~PaperPalette() { widget_.setPalette(own_); }
+    PaperPalette(const PaperPalette&) = delete;
+    PaperPalette& operator=(const PaperPalette&) = delete;
+
+private:
+    QWidget& widget_;
+    QPalette own_;
+};
+
+/// The widget's drawing commands: straight to a printer it would go as one huge pixmap.
+QPicture drawingOf(QWidget& widget)
+{
+    const PaperPalette paper(widget);
+    QPicture drawing;
+    widget.render(&drawing, QPoint(), QRegion(), QWidget::DrawChildren);
+    return drawing;
+}
+
+} // namespace
+
+void drawScaled(QPainter& painter, QWidget& widget, const QSize& sheet)
+{
+    const QPicture drawing = drawingOf(widget);
+    const QSizeF size = QSizeF(widget.size()).scaled(sheet, Qt::KeepAspectRatio);
+    // A picture is enlarged by itself to the resolution of what it is drawn on.
+    const double itself = double(painter.device()->logicalDpiX()) / drawing.logicalDpiX();
+    const double scale = size.width() / std::max(1, widget.width()) / itself;
+    painter.save();
+    painter.scale(scale, scale);
+    painter.drawPicture(0, 0, drawing);
+    painter.restore();
+}
+
+DeviceMode settingsOf(const QPrinter& printer)
+{
+    const QPageLayout page = printer.pageLayout();
+    DeviceMode mode;
+    mode.copies = printer.copyCount();
+    mode.color = printer.colorMode() == QPrinter::Color ? inColor : 1;
+    mode.duplex = duplexCode(printer.duplex());
+    mode.orientation = page.orientation() == QPageLayout::Landscape ? landscape : 1;
+    mode.paperSize = page.pageSize().windowsId();
+    mode.printQuality = printer.resolution();
+    return mode;
+}
+
+void applySettings(QPrinter& printer, const DeviceMode& settings)
+{
+    printer.setCopyCount(std::max(1, settings.copies));
+    printer.setColorMode(settings.color == inColor ? QPrinter::Color : QPrinter::GrayScale);
+    printer.setDuplex(duplexOf(settings.duplex));
+    const QPageSize::PageSizeId paper = QPageSize::id(settings.paperSize);
+    if (paper != QPageSize::Custom)
+        printer.setPageSize(QPageSize(paper));
+    printer.setPageOrientation(settings.orientation == landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+    printer.setResolution(resolutionOf(settings.printQuality));
+}
+
+QtPrinters::QtPrinters(Surfaces surfaces) : surfaces_(std::move(surfaces)) {}
+
+QtPrinters::~QtPrinters() = default;
+
+std::int32_t QtPrinters::count()
+{
+    return static_cast<std::int32_t>(QPrinterInfo::availablePrinterNames().size()) + 1;
+}
+
+std::string QtPrinters::deviceName(std::int32_t index)
+{
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    if (index < 0 || index > names.size())
+        fail(failure::subscriptOutOfRange);
+    return index == names.size() ? pdfName : fromQt(names[index]);
+}
+
+void QtPrinters::makeCurrent(std::int32_t index)
+{
+    current_ = toQt(deviceName(index));
+}
+
+std::unique_ptr<QPrinter> QtPrinters::makePrinter() const
+{
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    const QString name = current_ ? *current_ : QPrinterInfo::defaultPrinterName();
+    if (name.isEmpty() || name == QLatin1String(pdfName)) {
+        printer->setOutputFormat(QPrinter::PdfFormat);
+        printer->setOutputFileName(pdfFile_);
+    } else {
+        printer->setPrinterName(name);
+    }
+    applySettings(*printer, settings_);
+    return printer;
+}
+
+void QtPrinters::begin()
+{
+    auto own = lent_ ? nullptr : makePrinter();
+    QPrinter* const printer = lent_ ? lent_ : own.get();
+    const bool isNowhere = own && own->outputFormat() == QPrinter::PdfFormat && pdfFile_.isEmpty();
+    auto painter = std::make_unique<QPainter>();
+    auto detour = std::make_unique<PdfDetour>(*printer);
+    if (isNowhere || !painter->begin(printer))
+        throw Failure(printerError, "Printer error");
+    own_ = std::move(own);
+    printer_ = printer;
+    detour_ = std::move(detour);
+    painter_ = std::move(painter);
+}
+
+void QtPrinters::printForm(const Form& form)
+{
+    QWidget* surface = surfaces_(form);
+    if (!surface)
+        fail(failure::invalidCall);
+    if (painter_)
+        printer_->newPage();
+    else
+        begin();
+    drawScaled(*painter_, *surface, printer_->pageLayout().paintRectPixels(printer_->resolution()).size());
+}
+
+void QtPrinters::endDocument()
+{
+    const bool drawn = !painter_ || painter_->end();
+    painter_.reset();
+    const QString file = detour_ ? detour_->file() : QString();
+    const QByteArray content = file.isEmpty() ? QByteArray() : detour_->content();
+    detour_.reset();
+    printer_ = nullptr;
+    own_.reset();
+    if (!drawn)
+        throw Failure(printerError, "Printer error");
+    try {
+        if (!file.isEmpty())
+            savePdf(file, content);
+    } catch (const std::exception& error) {
+        throw Failure(printerError, error.what());
+    }
+}
+
+} // namespace ko

@@ -1,0 +1,92 @@
+#include "host/scenario/PlayedScenario.h"
+
+#include "host/settings/OffersList.h"
+
+namespace ko::test {
+namespace {
+
+const char* const bench = R"({ "drivers": [
+  { "name": "Sampler", "groups": [ { "name": "In", "channels": [ { "address": "0:1:0" } ] } ],
+    "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.0001, 0.001, 0.01] },
+                  "blockSize": { "value": 16, "range": [16, 1024] }, "scanPeriod": { "value": 0.5, "range": [0.1, 9] } } },
+  { "name": "Scanner", "measurementMode": 2,
+    "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.001, 0.01] }, "blockSize": { "value": 64, "range": [64, 4096] },
+                  "scanPeriod": { "value": 0.5, "choices": [0.5, 1, 2] } } },
+  { "name": "Bare" } ] })";
+
+TEST(OffersScenario, TheAccountIsAnEventAndTheDialogIsPlayedLikeAnyOther)
+{
+    const Played run = play(R"(
+setup
+show
+offers samplePeriod
+offers blockSize
+choose cmbScanPeriod #2
+offers scanPeriod
+dialog ShowOffers
+  expect lblCommon caption "All instruments share: 2 values, from 100 to 1000."
+  state tblOffers
+end
+click cmdSampleRateOffers
+)",
+                            bench);
+    EXPECT_EQ(run.fault, "");
+    EXPECT_TRUE(run.expectationsMet);
+    const char* const lines[] = {
+        R"({"line":4,"event":"offers","shared":{"values":2,"range":[0.001,0.01]},"drivers":[)"
+        R"({"effect":"begins","values":3,"range":[0.0001,0.01],"name":"Sampler"},)"
+        R"({"effect":"removes","values":2,"range":[0.001,0.01],"removed":[0.0001],"name":"Scanner"},)"
+        R"({"effect":"none","timebase":false,"name":"Bare"}],"quantity":"samplePeriod"})",
+        R"({"line":5,"event":"offers","shared":{"range":[64.0,1024.0]},"drivers":[)"
+        R"({"effect":"begins","range":[16.0,1024.0],"name":"Sampler"},)"
+        R"({"effect":"narrows","range":[64.0,4096.0],"shared":[64.0,1024.0],"name":"Scanner"},)"
+        R"({"effect":"none","timebase":false,"name":"Bare"}],"quantity":"blockSize"})",
+        R"({"line":7,"event":"offers","shared":{"values":3,"range":[0.5,2.0]},"drivers":[)"
+        R"({"effect":"begins","range":[0.1,9.0],"name":"Sampler"},)"
+        R"({"effect":"begins","values":3,"range":[0.5,2.0],"name":"Scanner"},)"
+        R"({"effect":"none","timebase":false,"name":"Bare"}],"quantity":"scanPeriod"})"};
+    EXPECT_EQ(run.only({"offers"}), std::string(lines[0]) + "\n" + lines[1] + "\n" + lines[2] + "\n");
+    for (const Json& event : run.events)
+        if (event["event"] == "state") {
+            EXPECT_EQ(event["controls"]["tblOffers"]["rows"][1]["cells"][1], "Removes: 10000");
+        }
+    EXPECT_EQ(play("offers sample-rate", bench).fault,
+              "1: \"sample-rate\" is none of samplePeriod, blockSize and scanPeriod");
+}
+
+TEST(OffersScenario, TheListOfSettingsTellsItToo)
+{
+    PlayedPage played({parseSetup(bench, "bench.json"), {}, {}, {}});
+    EXPECT_NE(offersText(played).find(R"(
+block-size: All instruments share: Any value from 64 to 1024.
+  Sampler | Any value from 16 to 1024 | All that it offers is taken over | Kept as asked, or none written
+  Scanner | Any value from 64 to 4096 | Narrows the range to: Any value from 64 to 1024 | Kept as asked, or none written
+  Bare | No timebase | None | Kept as asked, or none written
+)"),
+              std::string::npos)
+        << offersText(played);
+    EXPECT_TRUE(offersOf(played, "start").is_null());
+}
+
+TEST(OffersScenario, WhatFitsIsAHintAndAButtonAway)
+{
+    const Played run = play(R"(
+setup
+site status
+show
+focus txtDuration
+text txtDuration 1e12
+expect cmdTakeRate visible true
+click cmdTakeDuration
+expect txtDuration text 536870
+expect lblWhatFits visible false
+)",
+                            bench);
+    EXPECT_EQ(run.fault, "");
+    EXPECT_TRUE(run.expectationsMet) << run.only({"expectation"});
+    const std::string told = run.only({"hint", "message"});
+    EXPECT_NE(told.find("duration up to 536870 seconds, Sample Rate (Sa/s) up to 1000."), std::string::npos) << told;
+}
+
+} // namespace
+} // namespace ko::test

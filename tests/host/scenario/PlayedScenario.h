@@ -1,0 +1,54 @@
+#pragma once
+
+#include "host/scenario/Scenario.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace ko::test {
+
+/// What a script prints, and how it ends.
+struct Played {
+    std::vector<Json> events;
+    bool expectationsMet = false;
+    std::string fault; ///< "LINE: what"
+
+    /// The events of these names only, one a line.
+    [[nodiscard]] std::string only(const std::vector<std::string>& names) const
+    {
+        std::string result;
+        for (const Json& event : events)
+            if (std::find(names.begin(), names.end(), event["event"]) != names.end())
+                result += event.dump() + "\n";
+        return result;
+    }
+    /// The last event, which is of this name.
+    [[nodiscard]] Json last(const std::string& name) const
+    {
+        EXPECT_TRUE(!events.empty() && events.back()["event"] == name) << (events.empty() ? "" : events.back().dump());
+        return events.empty() ? Json() : events.back();
+    }
+};
+
+inline Played play(const std::string& script, const std::string& setup, const std::string& folder = {})
+{
+    std::ostringstream output;
+    std::istringstream input(script);
+    Played run;
+    Scenario scenario({parseSetup(setup, "bench.json"), folder, {}, {}}, output);
+    try {
+        run.expectationsMet = scenario.run(input);
+    } catch (const ScriptFault& fault) {
+        run.fault = std::to_string(fault.line()) + ": " + fault.what();
+    }
+    std::istringstream lines(output.str());
+    for (std::string line; std::getline(lines, line);)
+        run.events.push_back(Json::parse(line));
+    return run;
+}
+
+} // namespace ko::test

@@ -1,0 +1,330 @@
+#include "host/settings/Settings.h"
+
+#include "host/settings/OffersList.h"
+#include "host/settings/SettingsList.h"
+#include "host/support/InputError.h"
+
+#include <gtest/gtest.h>
+
+namespace ko {
+namespace {
+
+using Assignments = std::vector<std::string>;
+
+// Two instruments that take any number of their range, beside which the demo's instruments share lists.
+const char* const ranges = R"({ "clock": "2026-11-21 09:30:00", "drivers": [
+  { "name": "Sampler", "timebase": { "samplePeriod": { "value": 0.001, "range": [0.0001, 10] },
+                                     "blockSize": { "value": 1000, "range": [1, 4096] } },
+    "groups": [ { "name": "In", "channels": [
+      { "address": "0:3:1", "name": "A", "enabled": 0, "triggerParameters": [
+        { "id": 2, "name": "Level", "type": "Float", "min": -10, "value": 0.1 },
+        { "id": 4, "name": "Rising", "type": "Bool", "value": true },
+        { "id": 5, "name": "Serial", "type": "StringReadOnly", "value": "77" } ] },
+      { "address": "0:3:2", "name": "0:3:1" }, { "address": "0:3:3", "name": "C", "canTrigger": false } ] } ] },
+  { "name": "Scanner", "measurementMode": 2, "timebase": { "scanPeriod": { "value": 0.1, "range": [0.01, 100] } } }
+] })";
+
+Setup setupOf(const std::string& text)
+{
+    return text == "demo" ? loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json") : parseSetup(text, "ranges.json");
+}
+
+class Bench {
+public:
+    explicit Bench(const std::string& setup) : played_({setupOf(setup), {}, {}, {}}) {}
+
+    /// What there is to tell, or the refusal.
+    std::string set(const Assignments& assignments)
+    {
+        std::string notes;
+        try {
+            for (const std::string& one : assignments) {
+                const Assignment wanted = assignmentIn(played_, one);
+                for (const auto& note : ko::set(wanted.setting, played_, wanted.value))
+                    notes += note + "\n";
+            }
+        } catch (const Refusal& refusal) {
+            return notes + "refused: " + refusal.what();
+        }
+        return notes;
+    }
+
+    [[nodiscard]] std::string get(const std::string& name) const
+    {
+        try {
+            return settingText(valueOf(settingNamed(played_, name), played_));
+        } catch (const Refusal& refusal) {
+            return refusal.what();
+        }
+    }
+
+    [[nodiscard]] const PlayedPage& played() const { return played_; }
+
+private:
+    PlayedPage played_;
+};
+
+TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
+{
+    struct Case {
+        const char* setup;
+        Assignments assignments;
+        std::vector<std::pair<std::string, std::string>> expected;
+    };
+    const Case cases[] = {
+        {"demo", {"sample-rate=5000"}, {{"sample-period", "0.0002"}, {"span", "1953.125"}, {"txtSampleRate", "5000"}}},
+        {"demo", {"cmbSamplePeriod=2e-4", "block-size=512"}, {{"sample-rate", "5000"}, {"block-size", "512"}}},
+        {"demo", {"scan-period=2"}, {{"scan-rate", "0.5"}, {"scans", "16"}}},
+        {ranges, {"sample-rate=3"}, {{"sample-rate", "3"}, {"sample-period", "0.3333333333333333"}}},
+        {ranges, {"block-size=17", "scan-rate=49"}, {{"block-size", "17"}, {"scan-rate", "49"}}},
+        {ranges, {"duration=90 s"}, {{"duration", "90"}, {"actual-duration", "90.1 seconds"}}},
+        {ranges, {"duration=5min"}, {{"duration", "300"}, {"actual-duration", "5 minutes"}}},
+        {ranges, {"duration=2 d", "duration=1.5 h", "duration=45"}, {{"duration", "45"}}},
+        {ranges,
+         {"start=time", "start-time=2026-12-01 08:00:00", "stop=time", "stop-time=2026-12-01T08:01:00"},
+         {{"start-time", "2026-12-01T08:00:00"}, {"stop-time", "2026-12-01T08:01:00"}, {"duration", "60"}}},
+        {ranges, {"start=time", "start-time=23:59:30"}, {{"start", "time"}, {"start-time", "23:59:30"}}},
+        {"demo", {"start=trigger", "trigger-channel=Camshaft"}, {{"trigger-channel", "Camshaft"}}},
+        {"demo", {"start=trigger", "trigger-channel=1:0"}, {{"trigger-channel", "0:3:9"}}},
+        {ranges, {"start=trigger", "trigger-channel=0:3:1"}, {{"trigger-channel", "0:3:1"}}},
+        {"demo",
+         {"start=trigger", "trigger-channel=Crank", "trigger.Level (V)=-0.25", "trigger.Slope=Either",
+          "trigger.Noise Reject=true", "trigger.Remark=a \"b\" \\ c"},
+         {{"trigger.Level (V)", "-0.25"},
+          {"trigger.Slope", "Either"},
+          {"trigger.Noise Reject", "True"},
+          {"trigger.Remark", "a \"b\" \\ c"}}},
+        {"demo", {"start-line=3", "sync-line=4"}, {{"start-line", "3"}, {"sync-line", "4"}}},
+    };
+    for (const Case& it : cases) {
+        Bench bench(it.setup);
+        EXPECT_EQ(bench.set(it.assignments), "") << it.assignments.back();
+        for (const auto& [name, value] : it.expected)
+            EXPECT_EQ(bench.get(name), value) << it.assignments.back() << ": " << name;
+    }
+}
+
+TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
+{
+    struct Case {
+        const char* setup;
+        Assignments assignments;
+        const char* refusal;
+    };
+    const Case cases[] = {
+        {"demo", {"sample-rate=5001"}, "sample-rate: \"5001\" is not offered; choose one of 10000, 5000, 2000, 1000"},
+        {ranges, {"sample-rate=0.01"}, "sample-rate: A valid real number in the range 0.1 to 10000 is required."},
+        {ranges, {"sample-period=x"}, "sample-period: A valid real number is required."},
+        {ranges, {"block-size=4097"}, "block-size: A valid integer in the range 1 to 4096 is required."},
+        {ranges, {"duration=-1"}, "duration: A valid real number in the range 0 to 3.40282346638529E+38 is required."},
+        {ranges, {"duration=0,5 s"}, "duration: A valid real number is required."},
+        {"demo", {"duration=90 d"}, "duration: Total required disk space for dynamic measurements can never exceed"},
+        {ranges, {"duration=5 weeks"}, "duration: \"5 weeks\" is no duration such as"},
+        {ranges, {"duration="}, "duration: \"\" is no duration such as"},
+        {ranges, {"start=now"}, "start: \"now\" is not offered; choose one of immediately, trigger, time"},
+        {ranges, {"stop=time"}, "stop: \"time\" is not offered; choose one of after"},
+        {ranges, {"start-time=08:00:00"}, "start-time: not available:"},
+        {ranges, {"start=time", "start-time=soon"}, "start-time: \"soon\" is no time such as"},
+        {ranges, {"start=time", "start-time=1899-12-30T09:30:00"}, "start-time: \"1899-12-30T09:30:00\" is too early"},
+        {ranges, {"start=time", "start-time=5/7/1850"}, "start-time: \"5/7/1850\" is too early"},
+        {ranges,
+         {"start=time", "start-time=2026-12-01 08:00:00", "stop=time", "stop-time=2026-11-30 08:00:00"},
+         "stop-time: Stop time must be later than start time."},
+        {ranges,
+         {"start=time", "start-time=2026-12-01 08:00:00", "stop=time", "stop-time=09:00:00"},
+         "stop-time: not available: the page does not take \"09:00:00\" now"},
+        {ranges, {"trigger.Level=1"}, "trigger.Level: not available:"},
+        {ranges,
+         {"start=trigger", "trigger-channel=C"},
+         "trigger-channel: \"C\" is not offered; choose one of A, 0:3:1"},
+        {"demo",
+         {"start=trigger", "trigger-channel=Crank", "trigger.Level (V)=11"},
+         "trigger.Level (V): A valid real number in the range -10 to 10 is required."},
+        {"demo",
+         {"start=trigger", "trigger-channel=Crank", "trigger.Slope=Up"},
+         "trigger.Slope: \"Up\" is not offered"},
+        {"demo", {"start=trigger", "trigger-channel=Crank", "trigger.Calibrated=x"}, "trigger.Calibrated: can only be"},
+        {"demo", {"start-line=2"}, "start-line: \"2\" is not offered; choose one of 0, 1, 3"},
+        {ranges, {"start-line=2"}, "start-line: not available:"},
+        {"demo", {"samples=5"}, "samples: can only be read"},
+    };
+    for (const Case& it : cases) {
+        const std::string refusal = Bench(it.setup).set(it.assignments);
+        EXPECT_NE(refusal.find("refused: " + std::string(it.refusal)), std::string::npos) << refusal;
+    }
+}
+
+TEST(Settings, ThatTheInstrumentsKeepOtherwiseAreNotedAndFailingOnesRefuse)
+{
+    struct Case {
+        const char* drivers;
+        const char* assignment;
+        const char* told;
+    };
+    const Case cases[] = {
+        {R"("samplePeriod": { "value": 0.001, "keeps": "nothing" } } )", "sample-period=0.0011",
+         "sample-period: asked 0.0011, the instruments keep 0.001\n"},
+        {R"("samplePeriod": { "value": 0.001 } } )", "duration=0.123456789012",
+         "duration: asked 0.123456789012, the instruments keep 0.12345679\n"},
+        {R"("samplePeriod": { "value": 0.001 } }, "failing": ["SamplePeriod set"] )", "sample-period=0.002",
+         "refused: sample-period: "},
+        {R"("samplePeriod": { "value": 0.001 } }, "failing": ["SamplePeriod get"] )", "sample-period=0.002",
+         "refused: sample-period: "},
+    };
+    for (const Case& it : cases) {
+        Bench bench(R"({ "drivers": [ { "name": "A", "timebase": { )" + std::string(it.drivers) + "} ] }");
+        const std::string told = bench.set({it.assignment});
+        EXPECT_EQ(told.rfind(it.told, 0), 0U) << told;
+    }
+}
+
+TEST(Settings, AWarningOfThePageIsToldAndTheValueTaken)
+{
+    Bench bench(R"({ "drivers": [ { "name": "A", "timebase": {}, "triggerLines": {}, "groups": [ { "name": "G",
+                     "channels": [ { "address": "0:1", "triggerSource": true, "enabled": 0 } ] } ] } ] })");
+    const std::string warning = "The currently selected trigger channel is disabled. Either choose another channel or "
+                                "enable the channel using the channel editor.\n";
+    EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=0:1", "start=immediately", "start=trigger"}),
+              warning + warning)
+        << "each time triggering is switched on";
+    EXPECT_EQ(bench.get("start"), "trigger");
+}
+
+TEST(Settings, BringEveryNumberBackThatTheyPrint)
+{
+    for (const double period : {0.1, 0.1 + 0.2, 1.0 / 3.0, 1.0 / 49.0, 2.0 / 3.0 * 1e-3, 7.000000000000001}) {
+        Bench first(ranges);
+        EXPECT_EQ(first.set({"sample-period=" + exactText(period)}), "");
+        EXPECT_EQ(numberIn(first.get("sample-period")), period);
+        Bench second(ranges);
+        EXPECT_EQ(second.set({"sample-rate=" + first.get("sample-rate")}), "");
+        EXPECT_NEAR(*numberIn(second.get("sample-period")), period, period * 1e-15);
+        EXPECT_EQ(second.set({"sample-rate=" + second.get("sample-rate")}), "");
+        EXPECT_EQ(second.get("sample-rate"), first.get("sample-rate"));
+    }
+}
+
+TEST(Settings, UnknownNamesAreAnsweredWithNamesLikeThem)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"sample-rat", "did you mean sample-rate?"},
+        {"line", "did you mean start-line or sync-line?"},
+        {"xyzzy-plugh", "there are sample-rate, sample-period, block-size"},
+        {"", "there are sample-rate"},
+    };
+    const Bench bench("demo");
+    for (const auto& [name, answer] : cases) {
+        try {
+            settingNamed(bench.played(), name);
+            ADD_FAILURE() << name;
+        } catch (const InputError& error) {
+            EXPECT_NE(std::string(error.what()).find(answer), std::string::npos) << error.what();
+        }
+    }
+}
+
+TEST(Settings, AreListedWithWhatTheyCanBeSetTo)
+{
+    Bench bench(ranges);
+    bench.set({"start=trigger", "trigger-channel=A"});
+    const std::string table = settingsTable(settingsOf(bench.played()), bench.played());
+    for (const char* const row : {"\nsample-rate       1000          Sa/s  0.1 to 10000\n",
+                                  "\nsample-period     0.001         s     0.0001 to 10\n",
+                                  "\nstart             trigger             immediately, trigger, time\n",
+                                  "\ntrigger-channel   A                   A, 0:3:1\n",
+                                  "\ntrigger.Level     0.1                 at least -10\n",
+                                  "\ntrigger.Rising    True                False, True\n",
+                                  "\ntrigger.Serial    77                  (read-only)\n",
+                                  "\nstop-time         -                   (not available now)\n"})
+        EXPECT_NE(table.find(row), std::string::npos) << row << table;
+    EXPECT_EQ(settingChoices(bench.played(), "trigger-channel"), "A\n0:3:1\n");
+    EXPECT_EQ(settingChoices(bench.played(), "duration"), "");
+}
+
+TEST(Settings, AreListedInALineEachAndSetByThatNameWhateverItIs)
+{
+    for (const std::string name :
+         {"=", "a=b", "Level=1=2", "a\nb", "a\r\n\tb", "--set x=1", "\"q\\", "\x7f\xc3\xa4", "\u202Ea\u2066"}) {
+        Json setup = Json::parse(ranges);
+        Json& channel = setup["drivers"][0]["groups"][0]["channels"][0];
+        channel["name"] = setup["drivers"][0]["name"] = name;
+        for (Json& parameter : channel["triggerParameters"])
+            parameter["name"] = name + parameter["type"].get<std::string>();
+        channel["triggerParameters"].push_back(
+            {{"id", 6}, {"name", name}, {"type", "Enum"}, {"choices", {"Up", name}}, {"value", "Up"}});
+        Bench bench(setup.dump());
+        EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=" + oneLine(name)}), "");
+        EXPECT_EQ(bench.get("trigger-channel"), name);
+        for (const auto& [parameter, value] : {std::pair{name + "Float", std::string("2.5")}, {name, name}}) {
+            EXPECT_EQ(bench.set({"trigger." + oneLine(parameter) + "=" + oneLine(value)}), "") << parameter;
+            EXPECT_EQ(bench.get("trigger." + oneLine(parameter)), value);
+        }
+        const Settings settings = settingsOf(bench.played());
+        const std::string table = settingsTable(settings, bench.played()), names = settingNames(settings);
+        EXPECT_EQ(std::count(names.begin(), names.end(), '\n'), static_cast<std::ptrdiff_t>(settings.size()));
+        EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), static_cast<std::ptrdiff_t>(settings.size()) + 1);
+        const std::string offers = offersText(bench.played());
+        const std::string row = std::string("\n  ").append(oneLine(name)).append(" | ");
+        EXPECT_NE(offers.find(row), std::string::npos) << offers;
+        for (const std::string* text : {&names, &table, &offers})
+            EXPECT_EQ(text->find("\u202E"), std::string::npos);
+    }
+}
+
+TEST(Settings, OfNamesThatReadAlikeAreNumberedAndReachedOneByOne)
+{
+    Json setup = Json::parse(ranges);
+    Json& parameters = setup["drivers"][0]["groups"][0]["channels"][0]["triggerParameters"];
+    const char* const names[]{"x\ny", "x y", "x y (1)"};
+    for (std::size_t i = 0; i < std::size(names); ++i)
+        parameters[i] = {{"id", i + 4}, {"name", names[i]}, {"type", "String"}, {"value", "old"}};
+    Bench bench(setup.dump());
+    EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=A", "trigger.x y (3)=b", "trigger.x y (1)=c"}), "");
+    EXPECT_EQ(bench.get("trigger.x y (2)") + bench.get("trigger.x y (3)") + bench.get("trigger.x y (1)"), "oldbc");
+    EXPECT_THROW(static_cast<void>(bench.get("trigger.x y")), InputError);
+}
+
+TEST(Settings, WithoutAFiniteValueHaveNone)
+{
+    for (const char* const period : {"0", "-0.0", "1e-310"})
+        for (const std::string shape :
+             {R"({ "value": @ })", R"({ "value": @, "choices": [@, 1] })", R"({ "value": @, "range": [@, 1] })"}) {
+            std::string quantity = shape;
+            for (auto at = quantity.find('@'); at != std::string::npos; at = quantity.find('@'))
+                quantity.replace(at, 1, period);
+            const Bench bench(R"({ "drivers": [ { "name": "A", "timebase": { "samplePeriod": )" + quantity +
+                              " } } ] }");
+            const Settings settings = settingsOf(bench.played());
+            const std::string list =
+                settingsTable(settings, bench.played()) + settingsJson(settings, bench.played()).dump();
+            for (const char* const text : {"inf", "INF", "nan", "NAN"})
+                EXPECT_EQ(list.find(text), std::string::npos) << list;
+            EXPECT_EQ(bench.get("sample-rate"), "sample-rate: not available: it has no value now");
+        }
+}
+
+TEST(Settings, InJsonHaveNumbersForNumbers)
+{
+    const Bench demo("demo");
+    Json list = settingsJson(settingsOf(demo.played()), demo.played());
+    const Json offers = list[4]["offers"];
+    list[4].erase("offers");
+    EXPECT_EQ(list[4].dump(), R"json({"name":"scan-period","label":"Scan Period (s)","value":0.5,"readOnly":false,)json"
+                              R"json("canBeSet":true,"unit":"s","choices":[0.5,1.0,2.0,5.0,10.0,60.0]})json");
+    EXPECT_EQ(offers["shared"].dump(), R"({"values":6,"range":[0.5,60.0]})");
+    const Bench bench(ranges);
+    const Json ranged = settingsJson(settableOnes(bench.played()), bench.played());
+    EXPECT_EQ(ranged[1]["range"].dump(), R"({"minimum":0.0001,"maximum":10.0})");
+    EXPECT_EQ(ranged.size(), 8U); // neither times nor trigger settings nor figures
+}
+
+TEST(Settings, ShowNothingWithoutInstruments)
+{
+    const Bench bench(R"({ "drivers": [] })");
+    EXPECT_EQ(bench.get("sample-rate"), "sample-rate: not available: the page does not show it now");
+    EXPECT_EQ(bench.get("duration"), "duration: not available: the page does not show it now");
+    EXPECT_EQ(settingsTable(settingsOf(bench.played()), bench.played()).find("immediately"), std::string::npos);
+}
+
+} // namespace
+} // namespace ko

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "host/setup/SetupSession.h"
+
+namespace ko::test {
+
+/// A user whose mind is made up.
+struct Answers : SessionQuestions {
+    Unsaved unsaved = Unsaved::Cancel;
+    Conflict conflict = Conflict::Cancel;
+    bool wantsReload = false;
+    std::string saveAs;
+    std::string asked;
+
+    Unsaved keepChanges() override
+    {
+        asked += "changes ";
+        return unsaved;
+    }
+    std::string fileToSave() override
+    {
+        asked += "file ";
+        return saveAs;
+    }
+    Conflict settleConflict() override
+    {
+        asked += "conflict ";
+        return conflict;
+    }
+    bool reload() override
+    {
+        asked += "reload ";
+        return wantsReload;
+    }
+    void tellNotSaved(const std::string& reason) override { asked += "not saved: " + reason; }
+    void tellNotOpened(const std::string& reason) override { asked += "not opened: " + reason; }
+};
+
+} // namespace ko::test

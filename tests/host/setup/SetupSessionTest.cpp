@@ -1,0 +1,211 @@
+#include "host/setup/Answers.h"
+#include "host/support/InputError.h"
+#include "interfaces/Timebase.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace ko::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SetupSessionTest : public testing::Test {
+protected:
+    /// Tests run side by side.
+    fs::path folder = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+    SetupSession session;
+    Answers user;
+    bool pageAllows = true;
+    int titles = 0;
+
+    void SetUp() override
+    {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        session.mayLeavePage = [this] { return pageAllows; };
+        session.titleChanged = [this] { ++titles; };
+    }
+    void TearDown() override { fs::remove_all(folder); }
+
+    std::string file(const std::string& name, const std::string& content = {})
+    {
+        const std::string path = (folder / name).string();
+        if (!content.empty())
+            std::ofstream(path) << content;
+        return path;
+    }
+    std::string bench(const std::string& name = "bench.json")
+    {
+        return file(name, R"({"title": "Bench", "clock": "2026-11-21 09:30:00",
+                              "drivers": [{"name": "A", "timebase": {}}]})");
+    }
+    void change()
+    {
+        session.drivers().front()->queryTimebase()->setDuration(25);
+        session.setChanged(true);
+    }
+};
+
+TEST_F(SetupSessionTest, SavingWritesThePresentValuesAndKeepsTitleAndClock)
+{
+    session.load(bench());
+    change();
+    EXPECT_TRUE(session.save(user));
+    EXPECT_FALSE(session.isChanged());
+    EXPECT_EQ(user.asked, "");
+    const auto saved = loadSetup(session.file());
+    EXPECT_EQ(saved.instruments.at(0).timebase->duration, 25);
+    EXPECT_EQ(saved.title, "Bench");
+    EXPECT_EQ(saved.clock, loadSetup(bench("other.json")).clock);
+}
+
+TEST_F(SetupSessionTest, SavingUnderAnotherNameMovesTheSessionThereAndLeavesTheOldFile)
+{
+    session.load(bench());
+    change();
+    EXPECT_FALSE(session.saveAs(user)) << "no file was named";
+    EXPECT_TRUE(session.isChanged());
+    user.saveAs = file("copy.json");
+    titles = 0;
+    EXPECT_TRUE(session.saveAs(user));
+    EXPECT_EQ(session.name(), "copy.json");
+    EXPECT_EQ(titles, 1);
+    EXPECT_EQ(loadSetup(file("bench.json")).instruments.at(0).timebase->duration, 10);
+    EXPECT_EQ(loadSetup(file("copy.json")).instruments.at(0).timebase->duration, 25);
+}
+
+TEST_F(SetupSessionTest, ARefusedSaveIsToldOfAndLeavesFileNameAndMark)
+{
+    session.load(bench());
+    change();
+    user.saveAs = (folder / "nowhere" / "copy.json").string();
+    EXPECT_FALSE(session.saveAs(user));
+    EXPECT_EQ(user.asked.find("file not saved: " + user.saveAs), 0U) << user.asked;
+    EXPECT_EQ(session.name(), "bench.json");
+    EXPECT_TRUE(session.isChanged());
+}
+
+TEST_F(SetupSessionTest, LeavingAsksThePageAndThenForTheChanges)
+{
+    const struct {
+        bool pageAllows, changed;
+        Unsaved answer;
+        bool leaves;
+        const char* asked;
+        float saved;
+    } cases[]{
+        {false, true, Unsaved::Save, false, "", 10},          {true, false, Unsaved::Cancel, true, "", 10},
+        {true, true, Unsaved::Cancel, false, "changes ", 10}, {true, true, Unsaved::Discard, true, "changes ", 10},
+        {true, true, Unsaved::Save, true, "changes ", 25},
+    };
+    for (const auto& c : cases) {
+        session.load(bench());
+        if (c.changed)
+            change();
+        user.asked.clear();
+        user.unsaved = c.answer;
+        pageAllows = c.pageAllows;
+        EXPECT_EQ(session.mayLeave(user), c.leaves) << c.asked;
+        EXPECT_EQ(user.asked, c.asked);
+        EXPECT_EQ(loadSetup(session.file()).instruments.at(0).timebase->duration, c.saved);
+    }
+}
+
+TEST_F(SetupSessionTest, AChangeThatLeavingThePageMakesIsAskedForToo)
+{
+    session.load(bench());
+    session.mayLeavePage = [this] {
+        session.setChanged(true);
+        return true;
+    };
+    EXPECT_FALSE(session.mayLeave(user));
+    EXPECT_EQ(user.asked, "changes ");
+}
+
+TEST_F(SetupSessionTest, AnotherFileIsOpenedOnlyWhenTheChangesAreSettledAndItIsWhole)
+{
+    session.load(bench());
+    change();
+    const auto before = session.drivers();
+    EXPECT_FALSE(session.open(bench("other.json"), user));
+    user.unsaved = Unsaved::Save;
+    session.mayLeavePage = [] { return true; };
+    user.asked.clear();
+    EXPECT_FALSE(session.open(file("broken.json", "{"), user));
+    EXPECT_NE(user.asked.find("not opened: " + file("broken.json")), std::string::npos);
+    EXPECT_EQ(session.drivers(), before);
+    EXPECT_EQ(session.name(), "bench.json");
+    EXPECT_TRUE(session.open(file("other.json"), user));
+    EXPECT_NE(session.drivers(), before);
+    EXPECT_FALSE(session.isChanged());
+}
+
+TEST_F(SetupSessionTest, AFileThatAnotherProgramHasChangedIsOverwrittenOnlyWhenTheUserSaysSo)
+{
+    const std::string theirs = R"({"title": "Band", "drivers": [{"name": "B"}]})";
+    const struct {
+        Conflict answer;
+        const char* asked;
+        bool isSaved, isMarked;
+        const char *instrument, *inFile;
+    } cases[]{{Conflict::Cancel, "conflict ", false, true, "A", "Band"},
+              {Conflict::Overwrite, "conflict ", true, false, "A", "Bench"},
+              {Conflict::SaveElsewhere, "conflict file ", true, false, "A", "Band"},
+              {Conflict::Reload, "conflict ", false, false, "B", "Band"}};
+    for (const auto& c : cases) {
+        session.load(bench());
+        change();
+        // As long as what it replaces, and of the same time.
+        const auto time = fs::last_write_time(session.file());
+        file("bench.json", theirs);
+        fs::last_write_time(session.file(), time);
+        user.conflict = c.answer;
+        user.saveAs = file("copy.json");
+        user.asked.clear();
+        EXPECT_EQ(session.save(user), c.isSaved) << c.asked;
+        EXPECT_EQ(user.asked, c.asked);
+        EXPECT_EQ(session.isChanged(), c.isMarked);
+        EXPECT_EQ(session.drivers().front()->name(), c.instrument);
+        EXPECT_EQ(loadSetup(file("bench.json")).title, c.inFile);
+        user.asked.clear();
+        EXPECT_TRUE(!c.isSaved || session.save(user));
+        EXPECT_EQ(user.asked, "") << "what was written here is known";
+    }
+    session.load(bench());
+    fs::remove(session.file());
+    user.conflict = Conflict::Cancel;
+    user.asked.clear();
+    EXPECT_FALSE(session.save(user));
+    EXPECT_EQ(user.asked, "conflict ") << "a file that is gone is not what was read";
+    EXPECT_FALSE(fs::exists(session.file()));
+    user.conflict = Conflict::Overwrite;
+    EXPECT_TRUE(session.save(user));
+}
+
+TEST_F(SetupSessionTest, ReloadingIsOfferedOnceForEachWholeSetupWhileNothingHasChangedHere)
+{
+    session.load(bench());
+    const auto offered = [&](const std::string& content) {
+        file("bench.json", content);
+        user.asked.clear();
+        session.offerReload(user);
+        return user.asked;
+    };
+    const std::string first = R"({"drivers": [{"name": "B"}]})";
+    EXPECT_EQ(offered(R"({"drivers": )"), "") << "is still being written";
+    EXPECT_EQ(offered(first), "reload ");
+    EXPECT_EQ(offered(first), "");
+    session.setChanged(true);
+    EXPECT_EQ(offered(R"({"drivers": [{"name": "C"}]})"), "");
+    session.setChanged(false);
+    user.wantsReload = true;
+    EXPECT_EQ(offered(R"({"drivers": [{"name": "C"}]})"), "reload ");
+    EXPECT_EQ(session.drivers().front()->name(), "C");
+    session.offerReload(user);
+    EXPECT_EQ(user.asked, "reload ");
+}
+
+} // namespace
+} // namespace ko::test

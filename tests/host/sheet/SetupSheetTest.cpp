@@ -1,0 +1,122 @@
+#include "host/sheet/SetupSheet.h"
+
+#include "host/scenario/PlayedScenario.h"
+#include "host/settings/PlayedPage.h"
+#include "host/sheet/SheetFile.h"
+#include "host/sheet/SheetPages.h"
+#include "host/support/InputError.h"
+
+#include <QGuiApplication>
+#include <QXmlStreamReader>
+
+namespace ko::test {
+namespace {
+
+/// A played page and what its sheet says.
+class SetupSheetTest : public testing::Test {
+protected:
+    static PlayedPage played(const std::string& setup)
+    {
+        return PlayedPage({.setup = parseSetup(setup, "bench.json"), .folder = {}, .locale = {}, .language = {}});
+    }
+    static QString sheetOf(PlayedPage& page, const std::string& title, bool isChanged = false)
+    {
+        return setupSheet(sourceOf(page, title, isChanged));
+    }
+    static SheetSource sourceOf(PlayedPage& page, const std::string& title, bool isChanged = false)
+    {
+        return {.page = page.page(),
+                .drivers = page.drivers(),
+                .title = title,
+                .file = "bench & co.json",
+                .isChanged = isChanged,
+                .made = page.now(),
+                .texts = [&page](int number) { return toQt(page.text(number)); },
+                .locale = {}};
+    }
+    /// The texts of the cells, row by row: "name|value".
+    static QStringList rowsOf(const QString& sheet)
+    {
+        QString body = sheet.mid(sheet.indexOf("<body"));
+        QXmlStreamReader reader(body);
+        QStringList rows, cells;
+        while (!reader.atEnd()) {
+            reader.readNext();
+            if (reader.isStartElement() && (reader.name() == u"td" || reader.name() == u"th"))
+                cells << reader.readElementText();
+            else if (reader.isEndElement() && reader.name() == u"tr")
+                rows << std::exchange(cells, {}).join('|');
+            else if (reader.isEndElement() && reader.name() == u"body")
+                break;
+        }
+        EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+        return rows;
+    }
+};
+
+const char* const bench = R"({"clock": "2026-11-21 09:30:00", "title": "Bench <2>", "drivers": [
+  {"name": "Digitizer \"A\" & B", "groups": [{"name": "In", "channels": [
+     {"address": "0:3:1", "name": "Crank <1>", "triggerSource": true, "triggerParameters": [
+       {"id": 2, "name": "Level", "type": "Float", "value": 0.5},
+       {"id": 5, "name": "Filter", "type": "Bool", "value": true},
+       {"id": 7, "name": "Remark", "type": "String", "value": "a<b>&c"}]},
+     {"address": "0:3:2", "enabled": 0, "canTrigger": false}]}],
+   "timebase": {"samplePeriod": {"value": 0.001}, "startMode": 2, "duration": 90},
+   "triggerLines": {"startMasterRank": 5, "startLinesAsMaster": [3]}},
+  {"name": "Scanner", "measurementMode": 2, "groups": [{"name": "T", "channels": [{"address": "2:1"}]}],
+   "timebase": {"scanPeriod": {"value": 0.5}, "duration": 90}},
+  {"name": "Odd one"}]})";
+
+TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
+{
+    PlayedPage page = played(bench);
+    const QString sheet = sheetOf(page, "Bench <2>");
+    EXPECT_TRUE(sheet.contains("<h1>Set-up sheet: Bench &lt;2&gt;</h1>"));
+    EXPECT_TRUE(sheet.contains(toQt(page.page().lblPlan.caption()).toHtmlEscaped()));
+    EXPECT_TRUE(page.page().lblPlan.caption().starts_with("Starts on trigger at Crank <1> (Level 0.5), records"));
+    const QStringList rows = rowsOf(sheet);
+    for (const char* row :
+         {"Set-up file|bench & co.json", "Date|11/21/2026 9:30:00 AM", "Sample Rate (Sa/s)|1000",
+          "No. of Samples|90112", "Scan Period (s)|0.5", "Start|On Trigger", "Trigger Channel|Crank <1>", "Level|0.5",
+          "Filter|Yes", "Remark|a<b>&c", "Duration|1.5 minutes",
+          "Instrument|Sample period|Block size|Scan period|Start|Start time|Stop|Duration",
+          "Digitizer \"A\" & B|0.001 s|1024|0.5 s|On a trigger|12:00:00 AM|After the duration|90 s",
+          "Odd one|\u2013|\u2013|\u2013|\u2013|\u2013|\u2013|\u2013",
+          "In|Crank <1> (0:3:1)|Yes|Yes|Level: 0.5; Filter: Yes; Remark: a<b>&c", "In|0:3:2|No|\u2013|\u2013",
+          "T|2:1|Yes|No|\u2013"})
+        EXPECT_TRUE(rows.contains(row)) << row << "\n" << rows.join('\n').toStdString();
+    EXPECT_FALSE(sheet.contains("a<b>"));
+}
+
+TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
+{
+    PlayedPage page = played(bench);
+    page.play({"click optStartTime", "click optStopTime"});
+    const QStringList rows = rowsOf(sheetOf(page, "x", true));
+    for (const char* row : {"Set-up file|bench & co.json (with changes that are not saved)", "Start|At Time",
+                            "Start time|9:30:00 AM", "Stop|9:31:30 AM"})
+        EXPECT_TRUE(rows.contains(row)) << row << "\n" << rows.join('\n').toStdString();
+    EXPECT_FALSE(rows.contains("Trigger Channel|Crank <1>"));
+    PlayedPage none = played(R"({"drivers": []})");
+    EXPECT_TRUE(sheetOf(none, "").contains("Records nothing"));
+}
+
+TEST_F(SetupSheetTest, ThePaperIsThatOfTheRegion)
+{
+    EXPECT_EQ(paperOf(QLocale("en_US")), QPageSize::Letter);
+    EXPECT_EQ(paperOf(QLocale("fr_CA")), QPageSize::Letter);
+    EXPECT_EQ(paperOf(QLocale("en_GB")), QPageSize::A4);
+    EXPECT_EQ(paperOf(QLocale("de_DE")), QPageSize::A4);
+    EXPECT_EQ(paperOf(QLocale::c()), QPageSize::A4);
+}
+
+TEST_F(SetupSheetTest, OnlyPdfAndHtmlFilesAreSheets)
+{
+    for (const char* file : {"a.pdf", "a.b.HTML", "/x/a.Pdf"})
+        EXPECT_NO_THROW(checkSheetFile(file)) << file;
+    for (const char* file : {"a.txt", "pdf", "a.pdf.gz", "a.htm", "", ".pdf"})
+        EXPECT_THROW(checkSheetFile(file), InputError) << file;
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,180 @@
+#include "host/window/FrameWindow.h"
+#include "platform/DateControls.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QDialog>
+#include <QLayout>
+#include <QMenu>
+#include <QProgressBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <map>
+#include <optional>
+
+namespace ko::test {
+namespace {
+
+const std::map<std::string_view, QAccessible::Role> roles{
+    {"TextBox", QAccessible::EditableText},
+    {"ComboBox", QAccessible::ComboBox},
+    {"OptionButton", QAccessible::RadioButton},
+    {"CommandButton", QAccessible::Button},
+    {"Label", QAccessible::StaticText},
+    {"Frame", QAccessible::Grouping},
+    {"Gridocx", QAccessible::Table},
+    {"Image", QAccessible::Graphic},
+    {"PictureBox", QAccessible::Graphic},
+    {"MonthView", QAccessible::Table},
+    {"DTPicker", QAccessible::SpinBox},
+    {"ChannelSelector", QAccessible::Grouping},
+    {"SSTab", QAccessible::PageTabList},
+    {"Table", QAccessible::Table},
+};
+
+/// What a screen reader is told by the demo's page and its dialogs.
+class AccessibilityTest : public testing::Test {
+protected:
+    FrameWindow window{""};
+
+    Page& page() { return window.document().page(); }
+    QWidget& at(const Control& control) { return *window.page().view().widget(control); }
+
+    void SetUp() override
+    {
+        window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
+        window.resize(1000, 800);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    static QString told(QObject* object, QAccessible::Text kind)
+    {
+        return QAccessible::queryAccessibleInterface(object)->text(kind);
+    }
+    /// The value that the control has; none for what has no value or says it another way.
+    static std::optional<std::string> valueOf(const Control& control)
+    {
+        if (const auto* box = dynamic_cast<const TextBox*>(&control))
+            return box->text();
+        if (const auto* list = dynamic_cast<const ComboBox*>(&control))
+            return list->text();
+        return std::nullopt;
+    }
+    static void checkValue(const Control& control, QAccessibleInterface& told)
+    {
+        const std::string value = told.text(QAccessible::Value).toStdString();
+        EXPECT_EQ(valueOf(control).value_or(value), value) << control.name();
+        if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
+            EXPECT_EQ(told.state().checked != 0, option->value()) << control.name();
+        }
+        if (dynamic_cast<const TimePicker*>(&control)) {
+            EXPECT_FALSE(value.empty());
+        }
+    }
+    static void checkControl(const Control& control, QWidget& widget)
+    {
+        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&widget);
+        ASSERT_NE(told, nullptr) << control.name();
+        EXPECT_FALSE(told->text(QAccessible::Name).isEmpty()) << control.name();
+        EXPECT_EQ(told->role(), roles.at(control.typeName())) << control.name();
+        const bool hasHint = std::atoi(control.tag().c_str()) == 0;
+        if (control.takesFocus() && hasHint) {
+            EXPECT_EQ(told->text(QAccessible::Description).toStdString(), control.tag()) << control.name();
+        }
+        checkValue(control, *told);
+    }
+    /// Everything that can have the focus has a name, parts of controls included.
+    static void checkParts(QAccessibleInterface& element)
+    {
+        if (element.state().focusable && !element.state().invisible && element.role() != QAccessible::Client) {
+            EXPECT_FALSE(element.text(QAccessible::Name).isEmpty()) << element.object()->metaObject()->className();
+        }
+        for (int i = 0; i < element.childCount(); ++i)
+            if (QAccessibleInterface* child = element.child(i))
+                checkParts(*child);
+    }
+    static void checkForm(const Form& form, QWidget& shown)
+    {
+        for (const Control* control : form.controls())
+            if (auto* widget = shown.findChild<QWidget*>(toQt(control->name())); widget && control->isShown()) {
+                auto* tabs = qobject_cast<QTabWidget*>(widget);
+                checkControl(*control, tabs ? *tabs->tabBar() : *widget);
+            }
+        checkParts(*QAccessible::queryAccessibleInterface(&shown));
+    }
+    /// Checks the dialog that a press on the control shows, and closes it.
+    void checkDialog(PressControl& opens)
+    {
+        bool shown = false;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            shown = true;
+            auto* view = dynamic_cast<FormView*>(dialog->layout()->itemAt(0)->widget());
+            EXPECT_EQ(told(dialog, QAccessible::Name), toQt(view->form().caption()));
+            checkForm(view->form(), *view);
+            if (const auto* calendar = dialog->findChild<QCalendarWidget*>()) {
+                EXPECT_FALSE(told(calendar->focusProxy(), QAccessible::Name).isEmpty());
+            }
+            dialog->reject();
+        });
+        EXPECT_EQ(opens.userClicked(), Outcome::Done) << opens.name();
+        EXPECT_TRUE(shown) << opens.name();
+    }
+};
+
+TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleValueAndHint)
+{
+    checkForm(page(), window.page().view());
+    page().optStartTime.userClicked();
+    checkForm(page(), window.page().view());
+    checkDialog(page().cmdStartTime);
+    page().optOnTrigger.userClicked();
+    checkForm(page(), window.page().view());
+    checkDialog(page().cmdChannel);
+    checkDialog(page().mnuTimebaseTriggerLines);
+    checkDialog(page().cmdSampleRateOffers);
+    const QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(&window.page().menu());
+    ASSERT_EQ(menu->childCount(), 1);
+    EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);
+    EXPECT_EQ(menu->child(0)->text(QAccessible::Name), window.text(1127).remove(u'&'));
+}
+
+TEST_F(AccessibilityTest, FiguresInvalidEntriesAndSharesReadWell)
+{
+    const QString title = window.text(1119 + 2);
+    EXPECT_EQ(told(&at(page().lblSpanValue), QAccessible::Name), title + ": " + toQt(page().lblSpanValue.caption()));
+    page().lblSpanValue.setCaption(fromQt(window.text(1152)));
+    EXPECT_EQ(told(&at(page().lblSpanValue), QAccessible::Name), title + ": " + window.text(3041));
+
+    auto* bar = window.page().findChild<QProgressBar*>("lblNumDynamicBytesValueShare");
+    page().lblNumDynamicBytesValue.setShare(0.425);
+    EXPECT_EQ(told(bar, QAccessible::Value), "43");
+    EXPECT_TRUE(told(bar, QAccessible::Description).startsWith("42"));
+    page().lblNumDynamicBytesValue.setCaption(fromQt(window.text(1152)));
+    EXPECT_EQ(told(bar, QAccessible::Description), window.text(3041));
+
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    QTest::keyClicks(&at(page().txtDuration), "x");
+    EXPECT_EQ(told(&at(page().txtDuration), QAccessible::Description),
+              window.text(3009) + ". " + toQt(page().txtDuration.tag()));
+}
+
+TEST_F(AccessibilityTest, ThePlanIsReadWhenTheUserPauses)
+{
+    QWidget& plan = at(page().lblPlan);
+    const auto isTold = [&] { return told(&plan, QAccessible::Name).toStdString() == page().lblPlan.caption(); };
+    ASSERT_TRUE(QTest::qWaitFor(isTold));
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    QTest::keyClicks(&at(page().txtDuration), "120");
+    EXPECT_FALSE(isTold());
+    EXPECT_TRUE(QTest::qWaitFor(isTold));
+}
+
+} // namespace
+} // namespace ko::test

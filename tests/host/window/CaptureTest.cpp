@@ -1,0 +1,205 @@
+#include "RandomUser.h"
+#include "host/scenario/ControlState.h"
+#include "host/scenario/Scenario.h"
+#include "host/setup/SetupWriter.h"
+#include "host/window/FrameWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <sys/resource.h>
+
+namespace ko::test {
+namespace {
+
+const std::string demo = KO_DEMO_FOLDER "/engine-bench-demo.json";
+
+const char* const bench = R"({"drivers": [
+  {"name": "Digitizer", "timebase": {"startMode": 2, "samplePeriod": {"value": 0.001, "choices": [0.001, 0.002, 0.01]},
+      "blockSize": {"value": 1024, "range": [16, 65536]}},
+   "triggerLines": {"startMasterRank": 5, "startLinesAsMaster": [0, 1, 2], "scanMasterRank": 3},
+   "groups": [{"name": "Inputs", "channels": [
+     {"address": "0:3:1", "name": "Crank", "triggerSource": true, "triggerParameters": [
+       {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5},
+       {"id": 4, "name": "Slope", "type": "Enum", "choices": ["Rising", "Falling"], "value": "Rising"},
+       {"id": 5, "name": "Noise", "type": "Bool", "value": false},
+       {"id": 6, "name": "Remark", "type": "String", "value": "wheel"}]},
+     {"address": "0:3:2", "name": "Cam", "triggerParameters": [
+       {"id": 2, "name": "Count", "type": "Integer", "min": 0, "max": 9, "value": 3}]}]}]},
+  {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2, "scanPeriod": {"value": 0.1, "range": [0.01, 10]}},
+   "triggerLines": {"scanMasterRank": 5}, "groups": [{"name": "Slow", "channels": [{"address": "1:1"}]}]}]})";
+
+/// A session in the host's window that is captured and then replayed without one.
+class CaptureTest : public testing::Test {
+protected:
+    QTemporaryDir folder;
+    FrameWindow window{""};
+
+    void SetUp() override
+    {
+        write("bench.json", bench);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    [[nodiscard]] Page& page() { return window.document().page(); }
+    [[nodiscard]] std::string path(const char* name) const { return fromQt(folder.filePath(name)); }
+    void write(const char* name, const char* content) const { std::ofstream(path(name)) << content; }
+    [[nodiscard]] std::string captured(const char* name = "session.scenario") const { return readFile(path(name)); }
+
+    [[nodiscard]] SimulatedDriver& driver(std::size_t index)
+    {
+        return dynamic_cast<SimulatedDriver&>(*page().drivers.at(index));
+    }
+    static std::string driversOf(const Page& shown)
+    {
+        std::string all;
+        for (const auto& driver : shown.drivers)
+            all += toJson(dynamic_cast<SimulatedDriver&>(*driver).settings()).dump() + "\n";
+        return all;
+    }
+    static std::string controlsOf(const Page& shown)
+    {
+        std::string all = pageState(shown).dump() + "\n";
+        all += shown.activeControl() ? shown.activeControl()->name() : "no focus";
+        for (const Control* control : shown.controls())
+            all += "\n" + control->name() + " " + controlState(*control).dump();
+        return all;
+    }
+    /// Stops the capture and compares what its replay from this set-up leads to.
+    void expectSameReplay(const std::string& setup, const char* name = "session.scenario")
+    {
+        window.capture().stop();
+        std::ostringstream output;
+        std::ifstream script(path(name));
+        Scenario replay({loadSetup(setup), fromQt(folder.path()), {}, {}}, output);
+        try {
+            replay.run(script);
+        } catch (const ScriptFault& fault) {
+            FAIL() << "line " << fault.line() << ": " << fault.what() << "\n" << captured(name);
+        }
+        const Page& replayed = replay.document().page();
+        EXPECT_EQ(driversOf(replayed), driversOf(page())) << captured(name);
+        EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << captured(name);
+    }
+};
+
+/// How many sessions and of how many actions; a longer run is asked for by the environment.
+int wanted(const char* variable, int usual)
+{
+    const char* value = std::getenv(variable);
+    return value ? std::atoi(value) : usual;
+}
+
+class RandomSession : public CaptureTest, public testing::WithParamInterface<int> {
+protected:
+    RandomUser user{window, static_cast<unsigned>(GetParam()) + 1};
+
+    /// Now and then the host does something, too.
+    void act()
+    {
+        switch (user.upTo(40)) {
+        case 0: user.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
+        case 1: user.have([this] { window.openAsking(folder.filePath("bench.json")); }); break;
+        case 2: breakDown(); break;
+        case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(user.upTo(2)))}); break;
+        default: user.act();
+        }
+    }
+    void breakDown()
+    {
+        constexpr const char* operations[]{"SamplePeriod set", "Duration get", "StartMode set", "SetTriggerParamValue"};
+        const std::string operation = operations[user.upTo(4)];
+        CallGate& calls = driver(0).calls();
+        if (calls.failing().empty()) {
+            window.capture().host({"fail", "0", operation});
+            calls.fail({.operation = operation});
+        } else {
+            window.capture().host({"heal", "0"});
+            calls.healAll();
+        }
+    }
+    int enable(int on)
+    {
+        driver(0).enableChannel(0, 0, on == 1);
+        return on;
+    }
+};
+
+TEST_P(RandomSession, ReplaysToTheSameDriversAndTheSamePage)
+{
+    const std::string setup = GetParam() % 2 == 0 ? path("bench.json") : demo;
+    window.capture().start(path("session.scenario"), setup);
+    window.open(setup);
+    for (int i = wanted("KO_SESSION_ACTIONS", 150); i > 0; --i)
+        act();
+    user.act();
+    expectSameReplay(setup);
+}
+
+TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
+{
+    window.open(path("bench.json"));
+    for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
+        act();
+    user.have([this] { window.capture().startFromHere(path("session.scenario")); });
+    for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
+        act();
+    expectSameReplay(demo);
+}
+
+/// Lets no file grow beyond this size while it lives.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &usual_);
+        const rlimit full{size, usual_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &usual_);
+        static_cast<void>(std::signal(SIGXFSZ, handler_));
+    }
+
+private:
+    rlimit usual_{};
+    void (*handler_)(int);
+};
+
+TEST_F(CaptureTest, AFullDiskEndsTheCaptureWithAMessageAndThePageGoesOn)
+{
+    window.capture().start(path("session.scenario"), {});
+    window.open(path("bench.json"));
+    QAction& entry = window.capture().action();
+    EXPECT_TRUE(entry.isChecked());
+    const std::string before = captured();
+    QString told;
+    {
+        const FullDisk full(before.size() + 3);
+        RandomUser user(window, 1);
+        user.have([&] { QTest::mouseClick(window.page().view().widget(page().optAfter), Qt::LeftButton); });
+        user.have([&] { QTest::mouseClick(window.page().view().widget(page().txtDuration), Qt::LeftButton); });
+        told = user.told();
+    }
+    EXPECT_EQ(page().activeControl(), &page().txtDuration);
+    EXPECT_EQ(told, window.text(3203));
+    EXPECT_FALSE(entry.isChecked());
+    EXPECT_EQ(captured().substr(0, before.size()), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomSession, testing::Range(0, wanted("KO_SESSIONS", 6)));
+
+} // namespace
+} // namespace ko::test

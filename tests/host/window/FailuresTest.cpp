@@ -1,0 +1,134 @@
+#include "FrameTest.h"
+#include "host/window/GuardedApplication.h"
+#include "host/window/InstrumentsView.h"
+#include "host/window/Later.h"
+
+#include <QAbstractItemModel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace ko::test {
+namespace {
+
+[[noreturn]] void getStuck()
+{
+    throw std::runtime_error("stuck <b>");
+}
+
+/// A user of whom nothing can be asked.
+class StuckQuestions : public UserQuestions {
+public:
+    Unsaved keepChanges() override { getStuck(); }
+    std::string fileToOpen() override { getStuck(); }
+    std::string fileToSave() override { getStuck(); }
+    Conflict settleConflict() override { getStuck(); }
+    bool reload() override { getStuck(); }
+    void tellNotSaved(const std::string&) override { getStuck(); }
+    void tellNotOpened(const std::string&) override { getStuck(); }
+};
+
+/// Fails at one kind of event.
+class StuckWidget : public QWidget {
+public:
+    using QWidget::QWidget;
+    QEvent::Type stuckAt = QEvent::None;
+    int times = 0;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == stuckAt && ++times > 0)
+            getStuck();
+        return QWidget::event(event);
+    }
+};
+
+class FailuresTest : public FrameTest {
+protected:
+    GuardedApplication& application = *dynamic_cast<GuardedApplication*>(QCoreApplication::instance());
+
+    void SetUp() override
+    {
+        application.texts = [this](int number) { return window.text(number); };
+        application.showsFailures = true;
+    }
+    void TearDown() override
+    {
+        application.texts = nullptr;
+        application.showsFailures = false;
+    }
+    /// The texts of the box that comes of an action; empty where none does.
+    template <class Act> QString boxOf(const Act& act)
+    {
+        QString texts;
+        QTimer answer;
+        QObject::connect(&answer, &QTimer::timeout, [&texts] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            texts += box->text() + u'\n' + box->informativeText();
+            box->accept();
+        });
+        answer.start(0);
+        act();
+        for (int i = 0; i < 10; ++i)
+            QCoreApplication::processEvents();
+        return texts;
+    }
+};
+
+TEST_F(FailuresTest, WhatTheUserAsksForAndFailsIsNamedInABoxAndTheWindowStays)
+{
+    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    window.open(bench);
+    show();
+    page().optStartTime.userClicked();
+    window.setQuestions(std::make_unique<StuckQuestions>());
+    for (const int entry : {hostText::openSetup, hostText::saveAs, hostText::quit}) {
+        QAction& chosen = action(hostText::fileMenu, entry);
+        const QString expected = window.text(hostText::actionFailed).arg(withoutMnemonic(chosen.text()));
+        EXPECT_EQ(boxOf([&] { chosen.trigger(); }), entry == hostText::quit
+                                                        ? window.text(hostText::programFailed) + "\nstuck <b>"
+                                                        : expected + "\nstuck <b>");
+        EXPECT_TRUE(window.isVisible());
+    }
+    EXPECT_EQ(boxOf([&] { window.openAsking("/x/%1 other.json"); }),
+              window.text(hostText::actionFailed).arg("/x/%1 other.json") + "\nstuck <b>");
+    for (QPushButton* button : window.instruments().findChildren<QPushButton*>()) {
+        window.instruments().handOver = getStuck;
+        if (button->objectName() == "handOver") {
+            EXPECT_EQ(boxOf([&] { button->click(); }),
+                      window.text(hostText::actionFailed).arg(button->text()) + "\nstuck <b>");
+        }
+    }
+}
+
+TEST_F(FailuresTest, NothingLeavesTheHandlerOfAnEventAndWhatIsPaintedFailsOnce)
+{
+    show();
+    StuckWidget stuck;
+    stuck.show();
+    const QString expected = window.text(hostText::programFailed) + "\nstuck <b>";
+    EXPECT_EQ(boxOf([&] { later(stuck, getStuck); }), expected);
+    for (const auto& [type, act] :
+         {std::pair{QEvent::MouseButtonPress, std::function([&] { QTest::mouseClick(&stuck, Qt::LeftButton); })},
+          {QEvent::KeyPress, [&] { QTest::keyClick(&stuck, Qt::Key_A); }},
+          {QEvent::Resize, [&] { stuck.resize(stuck.width() + 7, 99); }},
+          {QEvent::User, [&] { QCoreApplication::postEvent(&stuck, new QEvent(QEvent::User)); }},
+          {QEvent::Close, [&] { stuck.close(); }}}) {
+        stuck.stuckAt = type;
+        EXPECT_EQ(boxOf(act), expected) << type;
+    }
+    stuck.stuckAt = QEvent::None;
+    stuck.show();
+    QCoreApplication::processEvents();
+    stuck.stuckAt = QEvent::Paint;
+    EXPECT_EQ(boxOf([&] { stuck.repaint(); }), expected);
+    stuck.times = 0;
+    EXPECT_EQ(boxOf([&] { stuck.repaint(); }), "");
+    EXPECT_GT(stuck.times, 0);
+    stuck.stuckAt = QEvent::None;
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,323 @@
+#include "FrameTest.h"
+#include "host/support/InputError.h"
+#include "host/window/RecentFiles.h"
+#include "interfaces/Timebase.h"
+
+#include <QAbstractButton>
+#include <QDropEvent>
+#include <QMessageBox>
+#include <QMimeData>
+#include <filesystem>
+#include <fstream>
+#include <sys/stat.h>
+
+namespace ko::test {
+namespace {
+
+class FrameFilesTest : public FrameTest {
+protected:
+    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    const std::string other = file("other.json", R"({"drivers": [{"name": "B", "timebase": {}}]})");
+
+    void change() { (page().optImmediate.value() ? page().optStartTime : page().optImmediate).userClicked(); }
+    /// The entries of the list of recent files, as far as they are files.
+    QStringList recent()
+    {
+        QStringList names;
+        for (const QAction* entry : recentEntries())
+            if (entry->text().startsWith('&') && entry->text().contains("  "))
+                names << entry->text().section("  ", 1).section(" (", 0, 0);
+        return names;
+    }
+    bool drop(const QList<QUrl>& urls)
+    {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &event);
+        QCoreApplication::processEvents();
+        return true;
+    }
+    QList<QAction*> recentEntries()
+    {
+        auto* menu = window.findChild<QMenu*>("recentFiles");
+        emit menu->aboutToShow();
+        return menu->actions();
+    }
+};
+
+TEST_F(FrameFilesTest, TheTitleCarriesTheNameAndTheMarkThatSavingClears)
+{
+    EXPECT_TRUE(window.windowTitle().startsWith(window.text(hostText::noSetup)));
+    window.open(bench);
+    EXPECT_FALSE(window.isWindowModified());
+    change();
+    EXPECT_TRUE(window.isWindowModified());
+    action(hostText::fileMenu, hostText::save).trigger();
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(loadSetup(bench).instruments.at(0).timebase->startMode, startMode::atTime);
+    user.saveAs = folder.filePath("copy.json").toStdString();
+    change();
+    action(hostText::fileMenu, hostText::saveAs).trigger();
+    EXPECT_TRUE(window.windowTitle().startsWith("copy.json[*]"));
+    EXPECT_EQ(recent(), QStringList({"copy.json", "bench.json"}));
+    user.saveAs = folder.filePath("nowhere/copy.json").toStdString();
+    action(hostText::fileMenu, hostText::saveAs).trigger();
+    EXPECT_NE(user.told.find("nowhere"), std::string::npos);
+    EXPECT_TRUE(window.windowTitle().startsWith("copy.json[*]"));
+}
+
+TEST_F(FrameFilesTest, ClosingAndOpeningOfferToSaveWhatHasChanged)
+{
+    window.open(bench);
+    show();
+    change();
+    EXPECT_FALSE(window.close());
+    window.openAsking(toQt(other));
+    EXPECT_EQ(user.asked, 2);
+    EXPECT_EQ(window.session().name(), "bench.json");
+    user.unsaved = Unsaved::Save;
+    window.openAsking(toQt(other));
+    EXPECT_EQ(window.session().name(), "other.json");
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(loadSetup(bench).instruments.at(0).timebase->startMode, startMode::atTime);
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(user.asked, 3);
+}
+
+TEST_F(FrameFilesTest, AFileThatAnotherProgramChangesIsReloadedHoweverItIsReplaced)
+{
+    window.open(bench);
+    show();
+    user.reload = true;
+    const auto content = [](char name) { return R"({"drivers": [{"name": ")" + std::string(1, name) + R"("}]})"; };
+    const std::function<void(const std::string&)> ways[]{
+        [&](const std::string& text) { file("bench.json", text.c_str()); },
+        [&](const std::string& text) { std::filesystem::rename(file("new.json", text.c_str()), bench); },
+        [&](const std::string& text) {
+            QFile::remove(toQt(bench));
+            file("bench.json", text.c_str());
+        }};
+    char name = 'C';
+    for (int round = 0; round < 2; ++round)
+        for (const auto& change : ways) {
+            change(content(name));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return window.session().drivers().front()->name()[0] == name; })) << name;
+            EXPECT_FALSE(window.isWindowModified());
+            ++name;
+        }
+    EXPECT_EQ(user.offered, 6);
+    // While a question is open it waits.
+    QMessageBox box(&window);
+    box.open();
+    ways[0](content('X'));
+    for (int i = 0; i < 9; ++i)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(user.offered, 6);
+    box.close();
+    activate();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return user.offered == 7; }));
+}
+
+TEST_F(FrameFilesTest, AFileThatIsOpenIsNotWrittenAsSomethingElse)
+{
+    window.open(bench);
+    EXPECT_THROW(window.capture().startFromHere(bench), InputError);
+    const std::string scenario = bench.substr(0, bench.size() - 4) + "scenario";
+    std::filesystem::copy(bench, scenario + ".setup.json");
+    window.open(scenario + ".setup.json");
+    EXPECT_THROW(window.capture().startFromHere(scenario), InputError);
+    window.open(bench);
+    window.capture().startFromHere(scenario);
+    const std::string captured = readFile(scenario);
+    user.saveAs = scenario;
+    action(hostText::fileMenu, hostText::saveAs).trigger();
+    EXPECT_NE(user.told.find("is the scenario that is captured"), std::string::npos);
+    EXPECT_EQ(readFile(scenario).find(captured), 0U);
+}
+
+TEST_F(FrameFilesTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsTheFile)
+{
+    window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
+        "timebase": {"scanPeriod": {"value": 1, "range": [0.5, 2]}}}]})"));
+    show();
+    auto& box = static_cast<QLineEdit&>(at(page().txtScanPeriod));
+    QTest::mouseClick(&box, Qt::LeftButton);
+    box.selectAll();
+    QTest::keyClicks(&box, "1.5");
+    QTest::keyClick(&box, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(loadSetup(window.session().file()).instruments.at(0).timebase->scanPeriod.value, 1.5);
+    QTest::keyClicks(&box, "x");
+    QString told;
+    answer(told);
+    QTest::keyClick(&box, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(told.trimmed(), window.text(1148));
+    EXPECT_EQ(loadSetup(window.session().file()).instruments.at(0).timebase->scanPeriod.value, 1.5);
+}
+
+TEST_F(FrameFilesTest, AFileThatIsDroppedIsOpened)
+{
+    show();
+    EXPECT_FALSE(drop({}));
+    EXPECT_FALSE(drop({QUrl("mailto:a@b")}));
+    EXPECT_FALSE(drop({QUrl::fromLocalFile(toQt(bench)), QUrl::fromLocalFile(toQt(other))}));
+    EXPECT_TRUE(drop({QUrl::fromLocalFile(toQt(bench))}));
+    EXPECT_EQ(window.session().name(), "bench.json");
+}
+
+TEST_F(FrameFilesTest, AFileThatCannotBeExaminedIsRefusedByItsNameHoweverItIsOpened)
+{
+    window.open(bench);
+    show();
+    const std::string top = folder.path().toStdString() + "/";
+    std::filesystem::create_symlink(top + "loop.json", top + "loop.json");
+    std::filesystem::create_directory(top + "closed");
+    std::ofstream(top + "closed/inner.json") << "{}";
+    std::filesystem::permissions(top + "closed", std::filesystem::perms::none);
+    ASSERT_EQ(mkfifo((top + "pipe.json").c_str(), 0600), 0);
+    for (const std::string& bad : {top + "loop.json", top + "closed/inner.json", top + std::string(300, 'n') + ".json",
+                                   top + std::string(5000, '/') + "deep.json", top + "pipe.json", top + "closed",
+                                   std::string("/dev/zero"), top + "bench.json/below.json"}) {
+        user.open = bad;
+        for (const auto& open : {std::function([&] { drop({QUrl::fromLocalFile(toQt(bad))}); }),
+                                 std::function([&] { action(hostText::fileMenu, hostText::openSetup).trigger(); })}) {
+            user.told.clear();
+            open();
+            EXPECT_EQ(user.told.find(bad.substr(0, 200)), 0U) << bad << ": " << user.told;
+            EXPECT_EQ(window.session().name(), "bench.json");
+        }
+    }
+    std::filesystem::permissions(top + "closed", std::filesystem::perms::owner_all);
+}
+
+TEST_F(FrameFilesTest, RecentFilesAreOpenedForgottenWhenMissingAndCleared)
+{
+    EXPECT_EQ(recent(), QStringList());
+    EXPECT_FALSE(recentEntries().constFirst()->isEnabled());
+    window.open(bench);
+    window.open(other);
+    window.open(bench);
+    EXPECT_EQ(recent(), QStringList({"bench.json", "other.json"}));
+    recentEntries().at(1)->trigger();
+    EXPECT_EQ(window.session().name(), "other.json");
+    QFile::remove(toQt(bench));
+    recentEntries().at(1)->trigger();
+    EXPECT_NE(user.told.find(bench), std::string::npos);
+    EXPECT_EQ(recent(), QStringList({"other.json"}));
+    recentEntries().constLast()->trigger();
+    EXPECT_EQ(recent(), QStringList());
+}
+
+TEST_F(FrameFilesTest, SettingsKeepEightFilesAndThePlaceOfTheDocks)
+{
+    const std::string memory = folder.filePath("new/window.json").toStdString();
+    {
+        FrameWindow first("", memory);
+        EXPECT_FALSE(first.restorePlace());
+        for (int i = 0; i < 10; ++i)
+            first.open(file(qPrintable(QString("%1.json").arg(i)), R"({"drivers": []})"));
+        first.show();
+        first.findChild<QDockWidget*>("driverLog")->show();
+        EXPECT_TRUE(first.close());
+    }
+    FrameMemory content(memory);
+    const QStringList kept = RecentFiles(content).files();
+    ASSERT_EQ(kept.size(), RecentFiles::most);
+    EXPECT_EQ(kept.constFirst(), folder.filePath("9.json"));
+    FrameWindow second("", memory);
+    EXPECT_TRUE(second.restorePlace());
+    second.show();
+    EXPECT_TRUE(second.findChild<QDockWidget*>("driverLog")->isVisible());
+    EXPECT_FALSE(second.findChild<QDockWidget*>("instruments")->isVisible());
+}
+
+TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
+{
+    window.open(bench);
+    show();
+    BoxQuestions boxes(window, window.session(), [this](int number) { return window.text(number); });
+    for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
+                                         {QMessageBox::Discard, Unsaved::Discard},
+                                         {QMessageBox::Cancel, Unsaved::Cancel}}) {
+        const Soon press([b = button] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->text().contains("bench.json"));
+            box->button(b)->click();
+        });
+        EXPECT_EQ(boxes.keepChanges(), result);
+    }
+    const auto press = [&](int text) {
+        return [this, text] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->text().contains("bench.json"));
+            for (QAbstractButton* button : box->buttons())
+                if (button->text() == window.text(text))
+                    return button->click();
+            box->reject();
+        };
+    };
+    for (const auto& [text, result] : {std::pair{hostText::overwrite, Conflict::Overwrite},
+                                       {hostText::saveAs, Conflict::SaveElsewhere},
+                                       {hostText::reload, Conflict::Reload},
+                                       {hostText::product, Conflict::Cancel}}) {
+        const Soon soon(press(text));
+        EXPECT_EQ(boxes.settleConflict(), result);
+    }
+    for (const auto& [text, result] : {std::pair{hostText::reload, true}, {hostText::product, false}}) {
+        const Soon soon(press(text));
+        EXPECT_EQ(boxes.reload(), result);
+    }
+}
+
+TEST_F(FrameFilesTest, ThePreviewShowsThePageAsItIsPrinted)
+{
+    window.open(bench);
+    show();
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath("preview.pdf"));
+    window.printOn(printer);
+    EXPECT_GT(QFileInfo(folder.filePath("preview.pdf")).size(), 1000);
+    EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
+}
+
+TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsTold)
+{
+    window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
+    show();
+    for (const auto& [paper, box] :
+         {std::pair{QPageSize::A4, "/MediaBox [0 0 595"}, {QPageSize::Letter, "/MediaBox [0 0 612"}}) {
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder.filePath("sheet.pdf"));
+        printer.setPageSize(QPageSize(paper));
+        window.printSheetOn(printer);
+        QFile file(folder.filePath("sheet.pdf"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray pdf = file.readAll();
+        EXPECT_TRUE(pdf.contains(box));
+        EXPECT_GT(pdf.count("/Type /Page\n"), 1);
+    }
+    window.open(bench);
+    for (const QString& refused : {folder.filePath("none/sheet.pdf"), toQt(bench)}) {
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(refused);
+        QString told;
+        answer(told);
+        window.printSheetOn(printer);
+        EXPECT_TRUE(told.startsWith(window.text(3368)) && told.contains(refused)) << fromQt(told);
+        window.printOn(printer);
+    }
+    EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
+    EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "host/support/HostTexts.h"
+#include "host/window/FrameWindow.h"
+#include "widgets/Soon.h"
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace ko::test {
+
+/// What a user answers whose mind is made up, and what they have been told.
+struct Decided {
+    Unsaved unsaved = Unsaved::Cancel;
+    int asked = 0; ///< about unsaved changes
+    Conflict conflict = Conflict::Cancel;
+    bool reload = false;
+    int offered = 0; ///< to read the file anew
+    std::string open, saveAs;
+    std::string told;
+};
+
+class DecidedQuestions : public UserQuestions {
+public:
+    explicit DecidedQuestions(Decided& user) : user_(user) {}
+
+    Unsaved keepChanges() override
+    {
+        ++user_.asked;
+        return user_.unsaved;
+    }
+    std::string fileToOpen() override { return user_.open; }
+    std::string fileToSave() override { return user_.saveAs; }
+    Conflict settleConflict() override { return user_.conflict; }
+    bool reload() override
+    {
+        ++user_.offered;
+        return user_.reload;
+    }
+    void tellNotSaved(const std::string& reason) override { user_.told = reason; }
+    void tellNotOpened(const std::string& reason) override { user_.told = reason; }
+
+private:
+    Decided& user_;
+};
+
+/// The frame window in front of a user who is asked without message boxes.
+class FrameTest : public testing::Test {
+protected:
+    Decided user;
+    FrameWindow window{""};
+    QTemporaryDir folder;
+
+    FrameTest() { window.setQuestions(std::make_unique<DecidedQuestions>(user)); }
+
+    Page& page() { return window.document().page(); }
+    QWidget& at(const Control& control) { return *window.page().view().widget(control); }
+    QAction& action(int menu, int text)
+    {
+        for (QAction* bar : window.menuBar()->actions())
+            if (bar->text() == window.text(menu))
+                for (QAction* entry : bar->menu()->actions())
+                    if (entry->text() == window.text(text))
+                        return *entry;
+        throw std::out_of_range("no such menu entry");
+    }
+    std::string file(const char* name, const char* content)
+    {
+        QFile out(folder.filePath(name));
+        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(content);
+        return fromQt(out.fileName());
+    }
+    void show()
+    {
+        window.show();
+        activate();
+    }
+    /// As the desktop does when a dialog has gone.
+    void activate()
+    {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    /// Answers the message box that comes next and keeps its texts.
+    void answer(QString& texts)
+    {
+        answer_.emplace([&texts] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            texts = box->text() + u'\n' + box->informativeText();
+            box->accept();
+        });
+    }
+
+private:
+    std::optional<Soon> answer_;
+};
+
+} // namespace ko::test

@@ -1,0 +1,180 @@
+#include "FrameTest.h"
+#include "host/support/InputError.h"
+#include "host/window/HintLine.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QTextBrowser>
+
+namespace ko::test {
+namespace {
+
+const std::string demo = KO_DEMO_FOLDER "/engine-bench-demo.json";
+
+class FrameWindowTest : public FrameTest {
+protected:
+    /// Puts the focus into the duration, with this text selected.
+    QLineEdit& enterDuration(const char* text)
+    {
+        auto& box = static_cast<QLineEdit&>(at(page().txtDuration));
+        QTest::mouseClick(&box, Qt::LeftButton);
+        QTest::keyClicks(&box, text);
+        box.selectAll();
+        return box;
+    }
+};
+
+TEST_F(FrameWindowTest, ASetupIsShownWithItsNameAndThePageMarksTheWindowAsChanged)
+{
+    window.open(demo);
+    show();
+    EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json[*]"));
+    EXPECT_FALSE(window.isWindowModified());
+    QTest::mouseClick(&at(page().cmbSampleRate), Qt::LeftButton);
+    static_cast<QComboBox&>(at(page().cmbSampleRate)).hidePopup();
+    QTest::keyClick(&at(page().cmbSampleRate), Qt::Key_Down);
+    EXPECT_TRUE(window.isWindowModified());
+    window.open(demo);
+    EXPECT_FALSE(window.isWindowModified());
+}
+
+TEST_F(FrameWindowTest, AFileThatCannotBeOpenedIsRefusedWithItsPlaceAndTheOldSetupStays)
+{
+    window.open(demo);
+    show();
+    const DriverList before = page().drivers;
+    for (const std::string& bad : {file("broken.json", "{"), file("key.json", "{\"drivers\": [{\"nme\": 1}]}"),
+                                   folder.filePath("missing.json").toStdString()}) {
+        window.openAsking(toQt(bad));
+        EXPECT_NE(user.told.find(bad), std::string::npos) << user.told;
+        EXPECT_EQ(page().drivers, before);
+        EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json"));
+    }
+}
+
+TEST_F(FrameWindowTest, AnEntryThatIsNotValidKeepsThePageFromBeingLeft)
+{
+    window.open(demo);
+    show();
+    const DriverList before = page().drivers;
+    page().moveFocus(&page().txtScanPeriod);
+    page().txtScanPeriod.setVisible(true);
+    page().cmbScanPeriod.setVisible(false);
+    ASSERT_TRUE(page().moveFocus(&page().txtScanPeriod));
+    page().txtScanPeriod.userReplaced("bad", 3, 0);
+    QString told;
+    answer(told);
+    window.openAsking(toQt(demo));
+    EXPECT_EQ(page().drivers, before);
+    answer(told);
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(told.trimmed(), window.text(1148));
+}
+
+TEST_F(FrameWindowTest, TheEditCommandsWorkByTheirKeysWhereThePageAllowsThem)
+{
+    window.open(demo);
+    show();
+    QLineEdit& box = enterDuration("12.5");
+    QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "12.5");
+    QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(page().txtDuration.text(), "");
+    QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(page().txtDuration.text(), "12.5");
+    QTest::keyClick(&box, Qt::Key_Home);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(page().txtDuration.text(), "2.5") << "without a selection the key deletes a character";
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(page().txtDuration.text(), "");
+}
+
+TEST_F(FrameWindowTest, TheEditMenuShowsWhatThePageAllows)
+{
+    window.open(demo);
+    show();
+    QAction& copy = action(hostText::editMenu, hostText::copy);
+    QMenu* menu = qobject_cast<QMenu*>(copy.associatedObjects().constFirst());
+    ASSERT_NE(menu, nullptr);
+    emit menu->aboutToShow();
+    EXPECT_FALSE(copy.isEnabled());
+    emit menu->aboutToHide();
+    enterDuration("12.5");
+    emit menu->aboutToShow();
+    EXPECT_TRUE(copy.isEnabled());
+}
+
+TEST_F(FrameWindowTest, ReadOnlyAndHelpReachThePage)
+{
+    window.open(demo);
+    show();
+    action(hostText::viewMenu, hostText::readOnly).trigger();
+    EXPECT_TRUE(page().readOnly);
+    for (const Control* control : page().controls()) {
+        const QWidget* widget = window.page().view().widget(*control);
+        EXPECT_FALSE(widget && control->container() && control->isShown() && widget->isEnabled()) << control->name();
+    }
+    EXPECT_TRUE(at(page().cmdSampleRateOffers).isEnabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    const auto* help = window.findChild<QDialog*>("help");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->findChild<QTextBrowser*>()->source().fileName(), "read-only.html");
+    EXPECT_TRUE(help->isVisible());
+}
+
+TEST_F(FrameWindowTest, OnlyF1AloneOpensTheHelpWhereverTheFocusIs)
+{
+    window.open(demo);
+    show();
+    const auto isSwallowed = [&](QWidget& widget, Qt::KeyboardModifiers held) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_F1, held);
+        QApplication::sendEvent(&widget, &press);
+        return press.isAccepted();
+    };
+    action(hostText::viewMenu, hostText::instruments).trigger();
+    for (QWidget* widget : {&at(page().txtDuration), &at(page().optImmediate),
+                            window.findChild<QWidget*>("instruments"), static_cast<QWidget*>(&window)}) {
+        widget->setFocus();
+        for (const auto held : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
+            EXPECT_FALSE(isSwallowed(*widget, held)) << held;
+        auto* help = window.findChild<QDialog*>("help");
+        EXPECT_FALSE(help && help->isVisible());
+        EXPECT_TRUE(isSwallowed(*widget, Qt::NoModifier));
+        help = window.findChild<QDialog*>("help");
+        ASSERT_TRUE(help && help->isVisible());
+        help->hide();
+        activate();
+    }
+}
+
+TEST_F(FrameWindowTest, AFailingInstrumentIsListedAndNothingPopsUp)
+{
+    auto* count = window.findChild<QToolButton*>("reportCount");
+    show();
+    EXPECT_FALSE(count->isVisible());
+    window.open(
+        file("failing.json", R"({"drivers": [{"name": "A", "timebase": {}, "failing": ["SamplePeriod get"]}]})"));
+    EXPECT_TRUE(count->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(FrameWindowTest, TheStatusLineShowsTheHintOfTheFocusAndItsRange)
+{
+    window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
+        "timebase": {"scanPeriod": {"value": 1, "range": [0.5, 2]}}}]})"));
+    show();
+    QTest::mouseClick(&at(page().txtScanPeriod), Qt::LeftButton);
+    auto* hint = static_cast<HintLine*>(window.findChild<QLabel*>("hint"));
+    EXPECT_TRUE(hint->text().startsWith(window.text(1142)));
+    EXPECT_TRUE(hint->text().contains(window.text(1149) + "0.5")) << hint->text().toStdString();
+    EXPECT_EQ(hint->shown(), hint->text());
+    hint->resize(90, hint->height());
+    EXPECT_TRUE(hint->shown().endsWith(u'\u2026') && hint->shown().size() > 5) << hint->shown().toStdString();
+    QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_EQ(hint->text(), window.text(1128));
+}
+
+} // namespace
+} // namespace ko::test

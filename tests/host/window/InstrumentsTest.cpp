@@ -1,0 +1,251 @@
+#include "FrameTest.h"
+#include "host/setup/SetupSaving.h"
+#include "host/setup/SetupWriter.h"
+#include "host/window/DriverLog.h"
+#include "host/window/InstrumentsView.h"
+#include "interfaces/Timebase.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QDialog>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace ko::test {
+namespace {
+
+class InstrumentsTest : public FrameTest {
+protected:
+    QTreeView& tree = *window.instruments().findChild<QTreeView*>();
+    QAbstractItemModel& rows = window.instruments().model();
+    DriverLogModel& log = window.driverLog().model();
+
+    void SetUp() override
+    {
+        window.open(file("bench.json", R"({"drivers": [{"name": "Digitizer", "triggerLines": {},
+            "timebase": {"samplePeriod": {"value": 0.5, "choices": [0.5, 1]}, "startTime": 46347.5},
+            "groups": [{"name": "Inputs", "channels": [{"address": "0:1", "name": "Crank", "triggerSource": true,
+                "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1.5}]},
+                {"address": "0:2", "enabled": 0}]}]},
+            {"name": "Scanner", "samplingMode": 2, "timebase": {}}]})"));
+        action(hostText::viewMenu, hostText::instruments).trigger();
+        action(hostText::viewMenu, hostText::driverLog).trigger();
+        show();
+    }
+    SimulatedDriver& driver() { return *window.session().drivers().front(); }
+    /// The row at the end of a path of names; an invalid index when there is none.
+    QModelIndex row(const QStringList& path, int column = 0)
+    {
+        QModelIndex found;
+        for (const QString& name : path) {
+            const QModelIndexList hits = rows.match(rows.index(0, 0, found), Qt::DisplayRole, name, 1);
+            if (hits.isEmpty())
+                return {};
+            found = hits.constFirst();
+        }
+        return found.siblingAtColumn(column);
+    }
+    QString value(const QStringList& path) { return row(path, 1).data().toString(); }
+    [[nodiscard]] QString logged(int fromEnd, int column)
+    {
+        log.flush();
+        return log.index(log.rowCount() - fromEnd, column).data().toString();
+    }
+};
+
+TEST_F(InstrumentsTest, TheTreeShowsTheValuesOfThisMomentWithoutCallingAnyone)
+{
+    const auto calls = driver().calls().callCount();
+    EXPECT_EQ(value({"Digitizer", "Timebase", "Sample period"}), "0.5 s");
+    EXPECT_EQ(value({"Digitizer", "Timebase", "Start time"}), "11/21/2026 12:00:00 PM");
+    EXPECT_EQ(value({"Digitizer", "Inputs", "Crank (0:1)"}), window.text(hostText::triggerSource));
+    EXPECT_EQ(value({"Digitizer", "Inputs", "Crank (0:1)", "Level"}), "1.5");
+    EXPECT_EQ(value({"Digitizer", "Trigger lines", "Start trigger line"}), "-1");
+    EXPECT_FALSE(row({"Scanner", "Trigger lines"}).isValid());
+    EXPECT_FALSE(rows.hasChildren(row({"Digitizer", "Inputs", "0:2"})));
+    EXPECT_EQ(driver().calls().callCount(), calls);
+    page().cmbSampleRate.userChose(0);
+    page().cmbSampleRate.userChose(1);
+    EXPECT_EQ(value({"Digitizer", "Timebase", "Sample period"}),
+              QString("%1 s").arg(driver().held().timebase->samplePeriod.value));
+}
+
+TEST_F(InstrumentsTest, AChannelIsSwitchedInTheTreeAndThePageTakesTheInstrumentsInAnew)
+{
+    const QModelIndex spare = row({"Digitizer", "Inputs", "0:2"});
+    tree.scrollTo(spare);
+    tree.setCurrentIndex(spare);
+    tree.setFocus();
+    EXPECT_EQ(spare.data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
+    const std::string before = page().lblNumDynamicBytesValue.caption();
+    QTest::keyClick(&tree, Qt::Key_Space);
+    EXPECT_EQ(spare.data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_NE(page().lblNumDynamicBytesValue.caption(), before);
+    EXPECT_TRUE(window.isWindowModified());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::focusWidget(), &tree);
+    QTest::keyClick(&tree, Qt::Key_Space);
+    rows.setData(row({"Digitizer", "Inputs", "Crank (0:1)"}), Qt::Unchecked, Qt::CheckStateRole);
+    EXPECT_FALSE(driver().held().groups[0].channels[0].isEnabled());
+}
+
+TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrumentsAreHandedOverAgain)
+{
+    window.open(file("lines.json", R"({"drivers": [
+        {"name": "A", "timebase": {}, "triggerLines": {"startMasterRank": 5},
+         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]},
+        {"name": "B", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5},
+         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
+    const Soon choose([] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        for (const char* const button : {"optStartTrig(5)", "optScanTrig(6)", "btnOK"})
+            dialog->findChild<QAbstractButton*>(button)->click();
+    });
+    page().mnuTimebaseTriggerLines.userClicked();
+    page().optStartTime.userClicked();
+    const auto held = [&] {
+        ko::Setup setup = withPresentValues({}, window.session().drivers());
+        for (InstrumentSettings& instrument : setup.instruments)
+            instrument.groups.clear();
+        return setupText(setup);
+    };
+    ASSERT_EQ(driver().held().triggerLines->startTriggerLine, 5);
+    const std::string before = held();
+    const auto tick = [&](const char* name) {
+        return [this, name] { rows.setData(row({name, "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole); };
+    };
+    const std::pair<std::function<void()>, bool> changes[]{
+        {tick("A"), true},
+        {[&] { window.instruments().handOver(); }, false},
+        {[&] { window.findChild<QPushButton*>("tryAgain")->click(); }, false},
+        {tick("B"), true}};
+    for (const auto& [change, marks] : changes) {
+        window.session().setChanged(false);
+        change();
+        EXPECT_EQ(held(), before);
+        EXPECT_EQ(page().lines.line(LineTrigger::start), 5);
+        EXPECT_EQ(page().lines.line(LineTrigger::scan), 6);
+        EXPECT_EQ(window.session().isChanged(), marks);
+    }
+}
+
+TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
+{
+    tree.setCurrentIndex(row({"Digitizer"}));
+    const auto tick = [&](const char* operation, const char* thenPress) {
+        auto* button = window.instruments().findChild<QPushButton*>("faults");
+        EXPECT_TRUE(button->isEnabled());
+        QTest::mouseClick(button, Qt::LeftButton);
+        auto* dialog = window.findChild<QDialog*>();
+        ASSERT_NE(dialog, nullptr);
+        auto* list = dialog->findChild<QListWidget*>();
+        for (QListWidgetItem* item : list->findItems(operation, Qt::MatchExactly))
+            item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+        if (auto* heal = dialog->findChild<QPushButton*>(thenPress))
+            heal->click();
+        dialog->accept();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    tick("SamplePeriod set", "");
+    tick("BlockSize set", "");
+    EXPECT_EQ(value({"Digitizer"}), "Fails at: SamplePeriod set, BlockSize set");
+    EXPECT_TRUE(window.isWindowModified());
+    page().cmbSampleRate.userChose(0);
+    page().cmbSampleRate.userChose(1);
+    EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
+    EXPECT_TRUE(logged(1, DriverLogModel::Result).contains("simulated failure")) << "the last call that was heard";
+    tick("SamplePeriod set", "");
+    EXPECT_EQ(value({"Digitizer"}), "Fails at: BlockSize set");
+    tick("", "healAll");
+    EXPECT_EQ(value({"Digitizer"}), "");
+}
+
+TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsCaptured)
+{
+    const std::string scenario = folder.filePath("a.scenario").toStdString();
+    window.capture().startFromHere(scenario);
+    rows.setData(row({"Digitizer", "Inputs", "0:2"}), Qt::Checked, Qt::CheckStateRole);
+    window.instruments().faultChanged(driver(), "SamplePeriod set", true);
+    window.instruments().faultChanged(driver(), "", false);
+    window.capture().stop();
+    const QString lines = toQt(readFile(scenario));
+    EXPECT_TRUE(lines.contains("\nenable 0 0 1 1\nshow\ndrivers-changed\n")) << lines.toStdString();
+    EXPECT_TRUE(lines.contains("\nfail 0 \"SamplePeriod set\"\n"));
+    EXPECT_TRUE(lines.contains("\nheal 0\n"));
+}
+
+TEST_F(InstrumentsTest, TheLogTellsWritesWhatWasKeptInsteadAndFailuresAndIsCopied)
+{
+    log.clear();
+    Timebase& timebase = *driver().queryTimebase();
+    timebase.setSamplePeriod(1);
+    timebase.setSamplePeriod(0.7);
+    driver().calls().fail({"StopMode set", 77, "stuck"});
+    EXPECT_THROW(timebase.setStopMode(1), Failure);
+    EXPECT_THROW(driver().GroupName(7), Failure);
+    log.flush();
+    ASSERT_EQ(log.rowCount(), 4);
+    const char* const expected[][5]{{"Digitizer", "SamplePeriod set", "", "1.0", ""},
+                                    {"Digitizer", "SamplePeriod set", "", "0.7", "Kept: 0.5"},
+                                    {"Digitizer", "StopMode set", "", "1", "Failed: stuck (77)"},
+                                    {"Digitizer", "GroupName", "7", "", "Failed: Subscript out of range (9)"}};
+    for (int row = 0; row < 4; ++row)
+        for (int column = 0; column < 5; ++column)
+            EXPECT_EQ(log.index(row, column + 1).data().toString(), expected[row][column]) << row << ' ' << column;
+
+    auto* view = window.driverLog().findChild<QTreeView*>();
+    window.driverLog().copy();
+    EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 4);
+    view->setCurrentIndex(log.index(2, 0));
+    view->setFocus();
+    QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().section('\t', 1), "Digitizer\tStopMode set\t\t1\tFailed: stuck (77)\n");
+    window.driverLog().findChild<QPushButton*>("clearLog")->click();
+    EXPECT_EQ(log.rowCount(), 0);
+}
+
+TEST_F(InstrumentsTest, EditKeysInADockLeaveThePageAlone)
+{
+    auto& box = static_cast<QLineEdit&>(at(page().txtDuration));
+    QTest::mouseClick(&box, Qt::LeftButton);
+    box.selectAll();
+    ASSERT_EQ(page().txtDuration.text(), "10");
+    tree.setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), &tree);
+    QTest::keyClick(&tree, Qt::Key_Delete);
+    QTest::keyClick(&tree, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(page().txtDuration.text(), "10");
+}
+
+TEST_F(InstrumentsTest, TheLogIsBoundedAndItsLatestRowsStay)
+{
+    for (std::size_t i = 0; i < DriverLogModel::most + 10; ++i) {
+        driver().queryTimebase()->setBlockSize(static_cast<double>(i));
+        if (i % 3000 == 0)
+            log.flush();
+    }
+    log.flush();
+    EXPECT_LE(log.rowCount(), static_cast<int>(DriverLogModel::most));
+    EXPECT_GE(log.rowCount(), static_cast<int>(DriverLogModel::most / 2));
+    EXPECT_EQ(logged(1, DriverLogModel::Value), "10009.0");
+}
+
+TEST_F(InstrumentsTest, EveryWidgetOfTheDocksHasAName)
+{
+    for (const char* name : {"instruments", "driverLog", "reports"}) {
+        auto* dock = window.findChild<QDockWidget*>(name);
+        dock->toggleViewAction()->isChecked() ? void() : dock->toggleViewAction()->trigger();
+        EXPECT_TRUE(dock->isAncestorOf(QApplication::focusWidget()) || dock->isVisible()) << name;
+        for (QWidget* widget : dock->findChildren<QWidget*>()) {
+            if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible())
+                continue;
+            QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(widget);
+            EXPECT_FALSE(seen->text(QAccessible::Name).isEmpty()) << name << widget->metaObject()->className();
+        }
+    }
+}
+
+} // namespace
+} // namespace ko::test
