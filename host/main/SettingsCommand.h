@@ -3,10 +3,6 @@
 #include "host/settings/PlayedPage.h"
 #include "host/sheet/SheetCommand.h"
 
-namespace CLI { // NOLINT(readability-identifier-naming)
-class App;
-}
-
 namespace ko {
 
 /// What the command line asks of the page's settings.
@@ -27,10 +23,6 @@ struct SettingsCommand {
         return list || !set.empty() || !get.empty() || !save.empty() || !sheet.file.empty() || !choices.empty();
     }
 };
-
-/// Adds the options and the examples to the program's help. `--headless`, `--picture` and `--capture` are there
-/// already.
-void declareSettings(CLI::App& app, SettingsCommand& command);
 
 /// The set-up that the command line works on.
 struct SettingsSource {

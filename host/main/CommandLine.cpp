@@ -1,0 +1,149 @@
+#include "host/main/CommandLine.h"
+
+#include "host/support/FileWriter.h"
+#include "host/support/InputError.h"
+
+#include <CLI/CLI.hpp>
+
+namespace ko {
+
+namespace {
+
+constexpr const char* examples =
+    "Examples:\n"
+    "  korvell-host bench.json                         open a window on the set-up\n"
+    "  korvell-host bench.json --list                  what can be set, and to what\n"
+    "  korvell-host bench.json --get sample-rate       print a value\n"
+    "  korvell-host bench.json --choices sample-rate   print what it can be, a line each\n"
+    "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
+    "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
+    "  korvell-host bench.json --sheet bench.pdf --language de --locale system\n"
+    "  korvell-host --headless bench.json walk.scenario\n"
+    "\n"
+    "Nothing is saved unless every setting was accepted. A value that the instruments keep otherwise is noted.\n"
+    "\n"
+    "Exit status:\n"
+    "  0  everything was done\n"
+    "  1  the page refused a value or does not offer the setting now, or an expectation of the script failed\n"
+    "  2  the command line, a file, a script or the output cannot be understood, read or written, or there is no\n"
+    "     display for the window";
+
+constexpr const char* group = "Settings of the page, without a window";
+
+/// `text` stands behind the option in the help.
+void present(CLI::Option* option, const char* text)
+{
+    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--capture");
+}
+
+/// The options of settings; `--headless`, `--picture` and `--capture` are declared before.
+void declareSettings(CLI::App& app, SettingsCommand& command)
+{
+    present(app.add_option("--set", command.set, "Set a setting as the page's user does; several in this order")
+                ->allow_extra_args(false),
+            "NAME=VALUE");
+    present(app.add_option("--get", command.get, "Print the value of a setting; of several a line each")
+                ->allow_extra_args(false),
+            "NAME");
+    auto* const save = app.add_option("--save", command.save, "Write the set-up with the values as they are then");
+    present(save, "FILE");
+    present(app.add_flag("--force", command.force, "Save even if the file has changed since it was read")->needs(save),
+            " ");
+    auto* const sheet =
+        app.add_option("--sheet", command.sheet.file, "Write a sheet of the whole set-up, for paper, as .pdf or .html");
+    present(sheet, "FILE");
+    present(app.add_option("--paper", command.sheet.paper, "Of a sheet as .pdf; else that of the user's region")
+                ->check(CLI::IsMember({"A4", "Letter"}))
+                ->needs(sheet),
+            "A4|Letter");
+    auto* const list = app.add_flag("--list", command.list, "Print the settings and what they can be set to");
+    present(list, " ");
+    auto* const json = app.add_flag("--json", command.json, "The list as JSON")->needs(list);
+    present(json, " ");
+    present(app.add_flag("--names", command.names, "The list's names alone")->needs(list)->excludes(json), " ");
+    present(app.add_flag("--settable", command.settable, "Of the list only what can be set now")->needs(list), " ");
+    present(app.add_option("--choices", command.choices, "Print the choices of a setting, a line each"), "NAME");
+    app.footer(examples);
+}
+
+void declare(CLI::App& app, CommandLine& line)
+{
+    app.set_version_flag("--version", "korvell-host " KO_VERSION);
+    auto* const headless = app.add_flag("--headless", line.headless, "Run a script without a window");
+    headless->option_text(" ");
+    app.add_option("--locale", line.locale,
+                   "\"system\": the user's regional settings instead of English (United States), for --headless "
+                   "and --sheet")
+        ->check(CLI::IsMember({"system"}))
+        ->option_text("system");
+    app.add_option("--language", line.language,
+                   "String file or language code; a window without it follows the system's language")
+        ->option_text("FILE|CODE");
+    app.add_option("--picture", line.picture, "Paint the page into this file and leave")
+        ->excludes(headless)
+        ->option_text("FILE");
+    app.add_option("--capture", line.capture, "Write what is done in the window as a script into this file")
+        ->excludes(headless)
+        ->option_text("FILE");
+    declareSettings(app, line.settings);
+    app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments")->option_text(" ");
+    app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")
+        ->needs(headless)
+        ->option_text(" ");
+}
+
+/// A file that is written is named for nothing else: only a set-up may be saved where it was read.
+void refuseClashes(const CommandLine& line)
+{
+    struct Named {
+        std::string as, file;
+        bool isWritten;
+    };
+    const Named files[]{
+        {"the set-up", line.setup, false},    {"the script", line.script == "-" ? std::string() : line.script, false},
+        {"--language", line.language, false}, {"--sheet", line.settings.sheet.file, true},
+        {"--picture", line.picture, true},    {"--capture", line.capture, true},
+        {"--save", line.settings.save, true}};
+    for (const Named* file = std::begin(files); file != std::end(files); ++file)
+        for (const Named* other = std::begin(files); other != file; ++other) {
+            const bool isSavedInPlace = file->as == "--save" && other->as == "the set-up";
+            if (file->isWritten && !isSavedInPlace && !file->file.empty() && !other->file.empty() &&
+                isSameFile(file->file, other->file))
+                throw InputError(file->file + ": named as " + other->as + " and as " + file->as);
+        }
+}
+
+/// An empty value would read as if the option was not there.
+void refuseEmptyValues(int argc, const char* const* argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        const std::string before = argv[i - 1];
+        if (word.empty())
+            throw InputError((i > 1 && before.starts_with('-') ? before : "SETUP") + ": the value is empty");
+        if (word.starts_with("--") && word.find('=') == word.size() - 1)
+            throw InputError(word.substr(0, word.size() - 1) + ": the value is empty");
+    }
+}
+
+} // namespace
+
+std::optional<CommandLine> commandLine(int argc, const char* const* argv)
+{
+    CLI::App app("Shows the timebase editor page on simulated instruments", "korvell-host");
+    CommandLine line;
+    declare(app, line);
+    refuseEmptyValues(argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        app.exit(success);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        throw InputError(std::string(error.what()) + "; --help lists the options");
+    }
+    refuseClashes(line);
+    return line;
+}
+
+} // namespace ko
