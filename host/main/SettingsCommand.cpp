@@ -21,13 +21,13 @@ void tell(const std::vector<std::string>& notes)
         complain("note: " + note);
 }
 
-void setOne(PlayedPage& played, const std::string& text)
+void setOne(HeadlessPage& played, const std::string& text)
 {
     const Assignment wanted = assignmentIn(played, text);
     tell(set(wanted.setting, played, wanted.value));
 }
 
-std::string listed(const SettingsCommand& command, const PlayedPage& played)
+std::string listed(const SettingsCommand& command, const HeadlessPage& played)
 {
     const Settings settings = command.settable ? settableOnes(played) : settingsOf(played);
     if (command.json)
@@ -35,7 +35,7 @@ std::string listed(const SettingsCommand& command, const PlayedPage& played)
     return command.names ? settingNames(settings) : settingsTable(settings, played) + offersText(played);
 }
 
-std::string output(const SettingsCommand& command, const PlayedPage& played)
+std::string output(const SettingsCommand& command, const HeadlessPage& played)
 {
     std::string text;
     for (const std::string& name : command.get)
@@ -47,14 +47,14 @@ std::string output(const SettingsCommand& command, const PlayedPage& played)
     return text;
 }
 
-void save(const SettingsCommand& command, const SettingsSource& source, const PlayedPage& played)
+void save(const SettingsCommand& command, const SettingsSource& source, const HeadlessPage& played)
 {
     if (!command.force && isSameFile(command.save, source.file) && hasChangedSince(source.file, source.content))
         throw InputError(command.save + ": has changed or is gone since it was read; --force saves all the same");
     saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
 }
 
-void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, const PlayedPage& played)
+void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, const HeadlessPage& played)
 {
     ScenarioOptions options = source.options;
     options.setup = withPresentValues(options.setup, played.drivers());
@@ -65,11 +65,11 @@ void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, 
 
 } // namespace
 
-void runSettings(const SettingsCommand& command, const SettingsSource& source, PlayedPage& played)
+void runSettings(const SettingsCommand& command, const SettingsSource& source, HeadlessPage& played)
 {
     if (!command.sheet.file.empty())
         checkSheetFile(command.sheet.file);
-    tell(played.toldAtStart());
+    tell(played.messagesAtStart());
     for (const std::string& assignment : command.set)
         setOne(played, assignment);
     const std::string text = output(command, played);

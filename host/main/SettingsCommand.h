@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/settings/PlayedPage.h"
+#include "host/settings/HeadlessPage.h"
 #include "host/sheet/SheetCommand.h"
 
 namespace ko {
@@ -35,6 +35,6 @@ struct SettingsSource {
 /// Sets, reads, saves, writes the sheet, in this order, and prints what was asked for once all of it has succeeded.
 /// Nothing is saved unless every setting was accepted, nor, without force, over a set-up that has changed meanwhile.
 /// Fails with a `Refusal` or an `InputError`.
-void runSettings(const SettingsCommand& command, const SettingsSource& source, PlayedPage& played);
+void runSettings(const SettingsCommand& command, const SettingsSource& source, HeadlessPage& played);
 
 } // namespace ko

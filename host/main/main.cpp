@@ -69,7 +69,7 @@ int useSettings(const ko::CommandLine& line, const std::string& language)
     options.setup = ko::parseSetup(content, line.setup);
     options.language = language;
     const ko::Locale sheetLocale = line.locale == "system" ? ko::toLocale(QLocale::system()) : ko::Locale{};
-    ko::runSettings(line.settings, {line.setup, content, options, sheetLocale}, *make<ko::PlayedPage>(line, options));
+    ko::runSettings(line.settings, {line.setup, content, options, sheetLocale}, *make<ko::HeadlessPage>(line, options));
     return 0;
 }
 

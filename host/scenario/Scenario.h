@@ -4,7 +4,7 @@
 #include "host/instruments/DriverWatch.h"
 #include "host/scenario/DialogPlayer.h"
 #include "host/scenario/HeadlessPlatform.h"
-#include "host/setup/SetupFile.h"
+#include "host/scenario/ScenarioOptions.h"
 
 #include <iosfwd>
 #include <memory>
@@ -13,14 +13,6 @@
 namespace ko {
 
 struct Command;
-
-/// What a scenario starts from.
-struct ScenarioOptions {
-    Setup setup;
-    std::string folder;   ///< what the script's set-up files are relative to
-    Locale locale;        ///< English (United States) unless given
-    std::string language; ///< content of a string file, or empty
-};
 
 /// A run of a script: the component with a machine and a host around it that exist only as events, and the state that
 /// commands work on. Everything the page does on the way is written to the log.

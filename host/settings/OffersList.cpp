@@ -9,7 +9,7 @@ namespace ko {
 
 namespace {
 
-std::string offersText(const PlayedPage& played, const Quantity& quantity, const OfferTexts& texts)
+std::string offersText(const HeadlessPage& played, const Quantity& quantity, const OfferTexts& texts)
 {
     const OfferAccount& account = played.page().*quantity.number->offers;
     std::string text = "\n" + std::string(quantity.name) + ": " + texts.common(account) + "\n";
@@ -24,7 +24,7 @@ std::string offersText(const PlayedPage& played, const Quantity& quantity, const
 
 } // namespace
 
-std::string offersText(const PlayedPage& played)
+std::string offersText(const HeadlessPage& played)
 {
     const OfferTexts texts([&](int number) { return played.text(number); }, Locale{}, false);
     std::string text;
@@ -34,7 +34,7 @@ std::string offersText(const PlayedPage& played)
     return text;
 }
 
-Json offersOf(const PlayedPage& played, const std::string& setting)
+Json offersOf(const HeadlessPage& played, const std::string& setting)
 {
     for (const Quantity& quantity : quantities)
         if (!quantity.isRate && quantity.name == setting)

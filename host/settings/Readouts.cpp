@@ -12,27 +12,27 @@ struct Readout {
     const char* name;
     Label Page::*label;
     Control& (*value)(Page&);
-    Json (*read)(const Page&, const std::string& caption);
+    Value (*read)(const Page&, const std::string& caption);
     const char* unit = "";
 };
 
 /// None for what is not known or endless.
-template <auto figure> Json number(const Page& page, const std::string& /*caption*/)
+template <auto figure> Value number(const Page& page, const std::string& /*caption*/)
 {
     const auto& known = page.figures.*figure;
-    return known && std::isfinite(*known) ? Json(*known) : Json();
+    return known && std::isfinite(*known) ? Value(*known) : Value();
 }
 
 /// With its unit, as the page shows it.
-template <auto figure> Json text(const Page& page, const std::string& caption)
+template <auto figure> Value text(const Page& page, const std::string& caption)
 {
-    return page.figures.*figure ? Json(caption) : Json();
+    return page.figures.*figure ? Value(caption) : Value();
 }
 
-Json time(const Page& page, const std::string& /*caption*/)
+Value time(const Page& page, const std::string& /*caption*/)
 {
     const auto& known = page.figures.stopTime;
-    return known ? Json(isoText(*known)) : Json();
+    return known ? Value(isoText(*known)) : Value();
 }
 
 template <class Label, Label Page::*member> Control& of(Page& page)
@@ -60,7 +60,7 @@ Setting settingOf(const Readout& readout, Page& page)
     setting.unit = readout.unit;
     setting.controls = {readout.value(page).name()};
     setting.control = readout.value;
-    setting.read = [readout](const PlayedPage& played) {
+    setting.read = [readout](const HeadlessPage& played) {
         const auto& label = dynamic_cast<const CaptionControl&>(readout.value(played.page()));
         return readout.read(played.page(), label.caption());
     };
@@ -69,7 +69,7 @@ Setting settingOf(const Readout& readout, Page& page)
 
 } // namespace
 
-void addReadouts(Settings& settings, const PlayedPage& played)
+void addReadouts(Settings& settings, const HeadlessPage& played)
 {
     for (const Readout& readout : readouts)
         settings.push_back(settingOf(readout, played.page()));

@@ -3,6 +3,7 @@
 #include "page/Quantities.h"
 #include "platform/NumberText.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace ko {
@@ -23,14 +24,14 @@ double rateOf(double period)
     return shown && 1.0 / *shown == period ? *shown : rate;
 }
 
-Json read(const PlayedPage& played, const Quantity& quantity)
+Value read(const HeadlessPage& played, const Quantity& quantity)
 {
     const IndexedTimebase at = shownTimebase(played.page(), *quantity.number);
     if (!at)
         return {};
     const double held = (at.timebase->*quantity.number->get)();
     const double figure = quantity.isRate ? rateOf(held) : held;
-    return std::isfinite(figure) ? Json(figure) : Json();
+    return std::isfinite(figure) ? Value(figure) : Value();
 }
 
 std::optional<Range> rangeOf(const Page& page, const Quantity& quantity)
@@ -41,7 +42,7 @@ std::optional<Range> rangeOf(const Page& page, const Quantity& quantity)
     return quantity.isRate ? Range{rateOf(range.maximum), rateOf(range.minimum)} : range;
 }
 
-Offer offerOf(const PlayedPage& played, const Quantity& quantity)
+Offer offerOf(const HeadlessPage& played, const Quantity& quantity)
 {
     Offer offer;
     const ComboBox& list = played.page().*quantity.list;
@@ -55,16 +56,26 @@ Offer offerOf(const PlayedPage& played, const Quantity& quantity)
     return offer;
 }
 
-/// The page says itself what is wrong with a number typed into a box.
-Request requestOf(const PlayedPage& played, const Quantity& quantity, const std::string& value)
+std::int32_t entryOf(const ComboBox& list, const std::string& text)
 {
-    const Control& control = shown(played.page(), quantity);
+    const auto found = std::find_if(list.items().begin(), list.items().end(),
+                                    [&](const ComboBox::Item& item) { return item.text == text; });
+    return static_cast<std::int32_t>(found - list.items().begin());
+}
+
+/// The page says itself what is wrong with a number typed into a box.
+Request requestOf(const HeadlessPage& played, const Quantity& quantity, const std::string& value)
+{
     const auto number = numberIn(value);
-    const Json wanted = number ? Json(*number) : Json(value);
-    if (&control == &(played.page().*quantity.box))
-        return {{"focus " + control.name(), "text " + control.name() + " " + quotedWord(value), "leave"}, wanted};
+    const Value wanted = number ? Value(*number) : Value(value);
+    if (!(played.page().*quantity.list).visible())
+        return {[&quantity, value](HeadlessPage& at) { at.enter(at.page().*quantity.box, value); }, wanted};
     const std::vector<std::string> choices = offerOf(played, quantity).choices;
-    return {{"choose " + control.name() + " " + quotedWord(choices.at(choiceOf(choices, value)))}, wanted};
+    return {[&quantity, choice = choices.at(choiceOf(choices, value))](HeadlessPage& at) {
+                ComboBox& list = at.page().*quantity.list;
+                at.give(list.userChose(entryOf(list, choice)));
+            },
+            wanted};
 }
 
 Setting settingOf(const Quantity& quantity, const Page& page)
@@ -75,9 +86,9 @@ Setting settingOf(const Quantity& quantity, const Page& page)
     setting.unit = quantity.unit;
     setting.controls = {(page.*quantity.list).name(), (page.*quantity.box).name()};
     setting.control = [&quantity](Page& shownOn) -> Control& { return shown(shownOn, quantity); };
-    setting.read = [&quantity](const PlayedPage& played) { return read(played, quantity); };
-    setting.offer = [&quantity](const PlayedPage& played) { return offerOf(played, quantity); };
-    setting.write = [&quantity](const PlayedPage& played, const std::string& value) {
+    setting.read = [&quantity](const HeadlessPage& played) { return read(played, quantity); };
+    setting.offer = [&quantity](const HeadlessPage& played) { return offerOf(played, quantity); };
+    setting.write = [&quantity](const HeadlessPage& played, const std::string& value) {
         return requestOf(played, quantity, value);
     };
     return setting;
@@ -85,7 +96,7 @@ Setting settingOf(const Quantity& quantity, const Page& page)
 
 } // namespace
 
-void addSamplingSettings(Settings& settings, const PlayedPage& played)
+void addSamplingSettings(Settings& settings, const HeadlessPage& played)
 {
     for (const Quantity& quantity : quantities)
         settings.push_back(settingOf(quantity, played.page()));

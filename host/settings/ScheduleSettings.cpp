@@ -3,6 +3,7 @@
 #include "page/Timebases.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
+#include "schedule/SetDateTime.h"
 
 #include <algorithm>
 #include <array>
@@ -33,11 +34,11 @@ std::vector<std::string> wordsOf(Options options, const Page& page)
     return words;
 }
 
-Json selected(Options options, const Page& page)
+Value selected(Options options, const Page& page)
 {
     for (const Option& option : options)
         if ((page.*option.button).value())
-            return option.word;
+            return std::string(option.word);
     return {};
 }
 
@@ -45,7 +46,7 @@ Request clickOption(Options options, const Page& page, const std::string& value)
 {
     choiceOf(wordsOf(options, page), value);
     const auto option = std::find_if(options.begin(), options.end(), [&](const Option& o) { return o.word == value; });
-    return {{"click " + (page.*option->button).name()}, value};
+    return {[button = option->button](HeadlessPage& at) { at.give((at.page().*button).userClicked()); }, value};
 }
 
 Setting optionSetting(const char* name, Options options, Frame Page::*frame, const Page& page)
@@ -54,9 +55,9 @@ Setting optionSetting(const char* name, Options options, Frame Page::*frame, con
     setting.name = name;
     setting.label = labelText(page.*frame);
     setting.control = [frame](Page& shown) -> Control& { return shown.*frame; };
-    setting.read = [options](const PlayedPage& played) { return selected(options, played.page()); };
-    setting.offer = [options](const PlayedPage& played) { return Offer{wordsOf(options, played.page()), {}}; };
-    setting.write = [options](const PlayedPage& played, const std::string& value) {
+    setting.read = [options](const HeadlessPage& played) { return selected(options, played.page()); };
+    setting.offer = [options](const HeadlessPage& played) { return Offer{wordsOf(options, played.page()), {}}; };
+    setting.write = [options](const HeadlessPage& played, const std::string& value) {
         return clickOption(options, played.page(), value);
     };
     return setting;
@@ -76,30 +77,37 @@ constexpr std::array timeBoxes{
     TimeBox{"stop-time", &Page::txtStopTime, &Page::cmdStopTime, &Page::optStopTime},
 };
 
-Json timeShown(const std::string& text)
+Value timeShown(const std::string& text)
 {
     const auto time = timeIn(text);
-    return time ? Json(isoText(*time)) : Json();
+    return time ? Value(isoText(*time)) : Value();
 }
 
-Request pickTime(const Page& page, const TimeBox& times, const std::string& value)
+void choose(HeadlessPage& at, SetDateTime& dialog, DateTime time)
+{
+    const DateParts parts = dateParts(time);
+    if (time.hasDate()) {
+        at.give(dialog.optSpecifiedDay.userClicked());
+        at.give(dialog.calDate.userChose(parts.year, parts.month, parts.day));
+    } else {
+        at.give(dialog.optCurrentDay.userClicked());
+    }
+    at.give(dialog.dtpTimeSelector.userChose(parts.hour, parts.minute, parts.second));
+    at.give(dialog.btnOK.userClicked());
+}
+
+Request pickTime(const TimeBox& times, const std::string& value)
 {
     const auto time = timeIn(value);
     if (!time)
         throw Refusal("\"" + value + "\" is no time such as 2026-11-21T09:30:00 or 09:30:00");
     if (!time->hasDate() && !isTimeOfDay(value))
         throw Refusal("\"" + value + "\" is too early: the first day that can be chosen is 1899-12-31");
-    const std::string iso = isoText(*time);
-    std::vector<std::string> script{"dialog SetDateTime"};
-    if (time->hasDate()) {
-        script.insert(script.end(), {"click optSpecifiedDay", "text calDate " + iso.substr(0, iso.find('T'))});
-    } else {
-        script.emplace_back("click optCurrentDay");
-    }
-    const std::string clock = iso.substr(time->hasDate() ? iso.find('T') + 1 : 0);
-    script.insert(script.end(),
-                  {"text dtpTimeSelector " + clock, "click btnOK", "end", "click " + (page.*times.button).name()});
-    return {script, iso};
+    return {[times, time = *time](HeadlessPage& at) {
+                at.answer(at.page().*times.button,
+                          [&](const DialogForms& dialogs) { choose(at, dialogs.setDateTime, time); });
+            },
+            isoText(*time)};
 }
 
 Setting timeSetting(const TimeBox& times, const Page& page)
@@ -109,9 +117,9 @@ Setting timeSetting(const TimeBox& times, const Page& page)
     setting.label = labelText(page.*times.option);
     setting.controls = {(page.*times.box).name()};
     setting.control = [times](Page& shown) -> Control& { return shown.*times.box; };
-    setting.read = [times](const PlayedPage& played) { return timeShown((played.page().*times.box).text()); };
-    setting.write = [times](const PlayedPage& played, const std::string& value) {
-        return pickTime(played.page(), times, value);
+    setting.read = [times](const HeadlessPage& played) { return timeShown((played.page().*times.box).text()); };
+    setting.write = [times](const HeadlessPage& /*played*/, const std::string& value) {
+        return pickTime(times, value);
     };
     return setting;
 }
@@ -143,11 +151,11 @@ Amount amountIn(const std::string& value)
     return {value.substr(0, last == std::string::npos ? 0 : last + 1), unit->seconds};
 }
 
-std::size_t entryOf(const ComboBox& list, std::int32_t seconds)
+std::int32_t entryOf(const ComboBox& list, std::int32_t seconds)
 {
     const auto found = std::find_if(list.items().begin(), list.items().end(),
                                     [&](const ComboBox::Item& item) { return item.itemData == seconds; });
-    return static_cast<std::size_t>(found - list.items().begin());
+    return static_cast<std::int32_t>(found - list.items().begin());
 }
 
 /// Number and unit in the order in which the duration between them is not longer than both: the page refuses what
@@ -155,17 +163,26 @@ std::size_t entryOf(const ComboBox& list, std::int32_t seconds)
 Request enterDuration(const Page& page, const std::string& value)
 {
     const Amount amount = amountIn(value);
-    const std::string choose = "choose cmbInterval #" + std::to_string(entryOf(page.cmbInterval, amount.unit));
-    std::vector<std::string> script{"focus txtDuration", "text txtDuration " + quotedWord(amount.number), "leave"};
-    script.insert(amount.unit < page.cmbInterval.itemData() ? script.begin() : script.end(), choose);
+    const auto chooseUnit = [entry = entryOf(page.cmbInterval, amount.unit)](HeadlessPage& at) {
+        at.give(at.page().cmbInterval.userChose(entry));
+    };
+    const auto enterNumber = [text = amount.number](HeadlessPage& at) { at.enter(at.page().txtDuration, text); };
+    const bool isUnitFirst = amount.unit < page.cmbInterval.itemData();
     const auto number = numberIn(amount.number);
-    return {script, number ? Json(*number * amount.unit) : Json(value)};
+    return {[=](HeadlessPage& at) {
+                if (isUnitFirst)
+                    chooseUnit(at);
+                enterNumber(at);
+                if (!isUnitFirst)
+                    chooseUnit(at);
+            },
+            number ? Value(*number * amount.unit) : Value(value)};
 }
 
-Json durationHeld(const PlayedPage& played)
+Value durationHeld(const HeadlessPage& played)
 {
     const IndexedTimebase first = firstTimebase(played.page().currentDrivers());
-    return first ? Json(widen(first.timebase->Duration())) : Json();
+    return first ? Value(widen(first.timebase->Duration())) : Value();
 }
 
 Setting durationSetting(const Page& page)
@@ -177,7 +194,7 @@ Setting durationSetting(const Page& page)
     setting.controls = {page.txtDuration.name()};
     setting.control = [](Page& shown) -> Control& { return shown.txtDuration; };
     setting.read = durationHeld;
-    setting.write = [](const PlayedPage& played, const std::string& value) {
+    setting.write = [](const HeadlessPage& played, const std::string& value) {
         return enterDuration(played.page(), value);
     };
     return setting;
@@ -185,7 +202,7 @@ Setting durationSetting(const Page& page)
 
 } // namespace
 
-void addScheduleSettings(Settings& settings, const PlayedPage& played)
+void addScheduleSettings(Settings& settings, const HeadlessPage& played)
 {
     const Page& page = played.page();
     settings.push_back(optionSetting("start", startOptions, &Page::frmStart, page));

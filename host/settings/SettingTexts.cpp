@@ -57,31 +57,31 @@ bool isTimeOfDay(const std::string& text)
     return timeIn(text) && timeIn("2000-01-01 " + text);
 }
 
-std::string settingText(const Json& value)
+std::string settingText(const Value& value)
 {
-    if (value.is_null())
-        return {};
-    if (value.is_number_float())
-        return exactText(value.get<double>());
-    return value.is_string() ? value.get<std::string>() : value.dump();
+    if (const auto* const number = std::get_if<double>(&value))
+        return exactText(*number);
+    if (const auto* const number = std::get_if<std::int32_t>(&value))
+        return std::to_string(*number);
+    if (const auto* const isOn = std::get_if<bool>(&value))
+        return *isOn ? "true" : "false";
+    const auto* const text = std::get_if<std::string>(&value);
+    return text ? *text : std::string();
 }
 
-bool readsSame(const Json& one, const Json& other)
+std::optional<double> numberOf(const Value& value)
 {
-    if (!one.is_number() || !other.is_number())
-        return one == other;
-    return numberText(one.get<double>(), Locale{}) == numberText(other.get<double>(), Locale{});
+    if (const auto* const number = std::get_if<double>(&value))
+        return *number;
+    if (const auto* const number = std::get_if<std::int32_t>(&value))
+        return *number;
+    return std::nullopt;
 }
 
-std::string quotedWord(std::string_view word)
+bool readsSame(const Value& one, const Value& other)
 {
-    std::string result = "\"";
-    for (const char c : word) {
-        if (c == '"' || c == '\\')
-            result += '\\';
-        result += c == '\n' ? std::string("\\n") : std::string(1, c);
-    }
-    return result + '"';
+    const auto first = numberOf(one), second = numberOf(other);
+    return first && second ? numberText(*first, Locale{}) == numberText(*second, Locale{}) : one == other;
 }
 
 } // namespace ko

@@ -53,7 +53,7 @@ bool isNamed(const Setting& setting, const std::string& name)
     return setting.name == name || std::find(controls.begin(), controls.end(), name) != controls.end();
 }
 
-Request requestOf(const Setting& setting, const PlayedPage& played, const std::string& value)
+Request requestOf(const Setting& setting, const HeadlessPage& played, const std::string& value)
 {
     try {
         return setting.write(played, value);
@@ -81,7 +81,7 @@ void numberAlike(Settings& settings)
 
 } // namespace
 
-Settings settingsOf(const PlayedPage& played)
+Settings settingsOf(const HeadlessPage& played)
 {
     Settings settings;
     for (const auto add : {addSamplingSettings, addScheduleSettings, addTriggerSettings, addReadouts})
@@ -90,7 +90,7 @@ Settings settingsOf(const PlayedPage& played)
     return settings;
 }
 
-Setting settingNamed(const PlayedPage& played, const std::string& name)
+Setting settingNamed(const HeadlessPage& played, const std::string& name)
 {
     const Settings settings = settingsOf(played);
     const auto found =
@@ -104,7 +104,7 @@ Setting settingNamed(const PlayedPage& played, const std::string& name)
     throw InputError(name + ": no such setting; " + suggestion(settings, name));
 }
 
-Assignment assignmentIn(const PlayedPage& played, const std::string& text)
+Assignment assignmentIn(const HeadlessPage& played, const std::string& text)
 {
     const std::size_t first = text.find('=');
     if (first == std::string::npos)
@@ -117,22 +117,22 @@ Assignment assignmentIn(const PlayedPage& played, const std::string& text)
     return {settingNamed(played, text.substr(0, first)), text.substr(first + 1)};
 }
 
-Json valueOf(const Setting& setting, const PlayedPage& played)
+Value valueOf(const Setting& setting, const HeadlessPage& played)
 {
     if (!setting.control(played.page()).isShown())
         throw Refusal(setting.name + ": not available: the page does not show it now");
-    Json value;
+    Value value;
     try {
         value = setting.read(played);
     } catch (const Failure& failure) {
         throw Refusal(setting.name + ": not available: " + failure.what());
     }
-    if (value.is_null())
+    if (isEmpty(value))
         throw Refusal(setting.name + ": not available: it has no value now");
     return value;
 }
 
-std::vector<std::string> set(const Setting& setting, PlayedPage& played, const std::string& value)
+std::vector<std::string> set(const Setting& setting, HeadlessPage& played, const std::string& value)
 {
     const auto refuse = [&](const std::string& why) { throw Refusal(setting.name + ": " + why); };
     if (!setting.write)
@@ -140,14 +140,14 @@ std::vector<std::string> set(const Setting& setting, PlayedPage& played, const s
     if (!setting.control(played.page()).isUsable())
         refuse("not available: the page does not let it be changed now");
     const Request request = requestOf(setting, played, value);
-    PlayedPage::Outcome outcome = played.play(request.script);
-    if (outcome.inert)
+    const HeadlessPage::Reaction reaction = played.use(request.act);
+    if (reaction.inert)
         refuse("not available: the page does not take \"" + value + "\" now");
-    const Json kept = valueOf(setting, played);
+    const Value kept = valueOf(setting, played);
     if (readsSame(kept, request.value))
-        return outcome.told;
-    if (!outcome.told.empty())
-        refuse(joined(outcome.told, "; "));
+        return reaction.messages;
+    if (!reaction.messages.empty())
+        refuse(joined(reaction.messages, "; "));
     return {setting.name + ": asked " + settingText(request.value) + ", the instruments keep " + settingText(kept)};
 }
 

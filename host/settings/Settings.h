@@ -1,6 +1,7 @@
 #pragma once
 
-#include "host/settings/PlayedPage.h"
+#include "host/settings/HeadlessPage.h"
+#include "host/settings/SettingTexts.h"
 
 #include <functional>
 
@@ -20,8 +21,8 @@ struct Offer {
 
 /// How the user sets a setting.
 struct Request {
-    std::vector<std::string> script;
-    Json value; ///< what the setting then reads
+    std::function<void(HeadlessPage&)> act; ///< gives the user's inputs
+    Value value;                            ///< what the setting then reads
 };
 
 /// A setting of the page under a name that the command line knows.
@@ -32,15 +33,15 @@ struct Setting {
     /// The control that shows it now.
     std::function<Control&(Page&)> control;
     /// None where there is nothing to read. Failures reach the caller.
-    std::function<Json(const PlayedPage&)> read;
+    std::function<Value(const HeadlessPage&)> read;
     /// Empty where everything goes.
-    std::function<Offer(const PlayedPage&)> offer;
+    std::function<Offer(const HeadlessPage&)> offer;
     /// Empty for a setting that can only be read. Fails with a `Refusal`.
-    std::function<Request(const PlayedPage&, const std::string&)> write;
+    std::function<Request(const HeadlessPage&, const std::string&)> write;
     /// The page's own names for it.
     std::vector<std::string> controls;
 
-    [[nodiscard]] Offer offered(const PlayedPage& played) const { return offer ? offer(played) : Offer{}; }
+    [[nodiscard]] Offer offered(const HeadlessPage& played) const { return offer ? offer(played) : Offer{}; }
 };
 
 /// What the names of trigger parameters begin with.
@@ -49,15 +50,15 @@ inline constexpr const char* parameterPrefix = "trigger.";
 using Settings = std::vector<Setting>;
 
 // The table, section by section. What it holds may change with every setting that is set.
-void addSamplingSettings(Settings& settings, const PlayedPage& played);
-void addScheduleSettings(Settings& settings, const PlayedPage& played);
-void addTriggerSettings(Settings& settings, const PlayedPage& played);
-void addReadouts(Settings& settings, const PlayedPage& played);
-Settings settingsOf(const PlayedPage& played);
+void addSamplingSettings(Settings& settings, const HeadlessPage& played);
+void addScheduleSettings(Settings& settings, const HeadlessPage& played);
+void addTriggerSettings(Settings& settings, const HeadlessPage& played);
+void addReadouts(Settings& settings, const HeadlessPage& played);
+Settings settingsOf(const HeadlessPage& played);
 
 /// The setting of this name, or of this control's name. Fails with an `InputError` that suggests other names, and with
 /// a `Refusal` for a trigger parameter while none is shown.
-Setting settingNamed(const PlayedPage& played, const std::string& name);
+Setting settingNamed(const HeadlessPage& played, const std::string& name);
 
 /// A setting and what the user wants it to be.
 struct Assignment {
@@ -67,14 +68,14 @@ struct Assignment {
 
 /// Takes "NAME=VALUE" apart. Of several names that fit, one of which holds an equals sign, the longest counts. Fails
 /// as `settingNamed` does.
-Assignment assignmentIn(const PlayedPage& played, const std::string& text);
+Assignment assignmentIn(const HeadlessPage& played, const std::string& text);
 
 /// The present value. Fails with a `Refusal` where the page does not show one.
-Json valueOf(const Setting& setting, const PlayedPage& played);
+Value valueOf(const Setting& setting, const HeadlessPage& played);
 
 /// Sets a setting as the user does. Answers what there is to tell of it: that another value than the one asked for was
 /// kept, say. Fails with a `Refusal`.
-std::vector<std::string> set(const Setting& setting, PlayedPage& played, const std::string& value);
+std::vector<std::string> set(const Setting& setting, HeadlessPage& played, const std::string& value);
 
 /// A caption without its mnemonic mark and colon.
 std::string labelText(const CaptionControl& control);

@@ -1,6 +1,7 @@
 #include "host/settings/SettingsList.h"
 
 #include "host/settings/OffersList.h"
+#include "host/setup/SetupWriter.h"
 #include "host/support/InputError.h"
 #include "platform/Utf8.h"
 
@@ -12,8 +13,10 @@ namespace ko {
 
 namespace {
 
+using Json = nlohmann::ordered_json;
+
 /// None where the page does not show the setting, or nothing in it.
-Json presentValue(const Setting& setting, const PlayedPage& played)
+Value presentValue(const Setting& setting, const HeadlessPage& played)
 {
     try {
         return valueOf(setting, played);
@@ -23,7 +26,7 @@ Json presentValue(const Setting& setting, const PlayedPage& played)
 }
 
 /// What an instrument cannot tell is not offered.
-Offer presentOffer(const Setting& setting, const PlayedPage& played)
+Offer presentOffer(const Setting& setting, const HeadlessPage& played)
 {
     try {
         return setting.offered(played);
@@ -32,7 +35,7 @@ Offer presentOffer(const Setting& setting, const PlayedPage& played)
     }
 }
 
-bool canBeSet(const Setting& setting, const PlayedPage& played)
+bool canBeSet(const Setting& setting, const HeadlessPage& played)
 {
     return setting.write && setting.control(played.page()).isUsable();
 }
@@ -69,7 +72,7 @@ std::string choicesText(const std::vector<std::string>& choices, const std::stri
     return text;
 }
 
-std::string offerText(const Setting& setting, const PlayedPage& played)
+std::string offerText(const Setting& setting, const HeadlessPage& played)
 {
     if (!setting.write)
         return "(read-only)";
@@ -112,19 +115,19 @@ Json choicesJson(const std::vector<std::string>& choices, bool asNumbers)
     return result;
 }
 
-Json settingJson(const Setting& setting, const PlayedPage& played)
+Json settingJson(const Setting& setting, const HeadlessPage& played)
 {
-    const Json value = presentValue(setting, played);
+    const Value value = presentValue(setting, played);
     const Offer offer = presentOffer(setting, played);
     Json json{{"name", setting.name},
               {"label", setting.label},
-              {"value", value},
+              {"value", toJson(value)},
               {"readOnly", !setting.write},
               {"canBeSet", canBeSet(setting, played)}};
     if (!setting.unit.empty())
         json["unit"] = setting.unit;
     if (!offer.choices.empty())
-        json["choices"] = choicesJson(offer.choices, value.is_number());
+        json["choices"] = choicesJson(offer.choices, numberOf(value).has_value());
     if (offer.range)
         json["range"] = {{"minimum", boundJson(offer.range->minimum)}, {"maximum", boundJson(offer.range->maximum)}};
     if (Json offers = offersOf(played, setting.name); !offers.is_null())
@@ -134,25 +137,25 @@ Json settingJson(const Setting& setting, const PlayedPage& played)
 
 } // namespace
 
-Settings settableOnes(const PlayedPage& played)
+Settings settableOnes(const HeadlessPage& played)
 {
     Settings settings = settingsOf(played);
     std::erase_if(settings, [&](const Setting& setting) { return !canBeSet(setting, played); });
     return settings;
 }
 
-std::string settingsTable(const Settings& settings, const PlayedPage& played)
+std::string settingsTable(const Settings& settings, const HeadlessPage& played)
 {
     std::vector<Row> rows{{"NAME", "VALUE", "UNIT", "CAN BE SET TO"}};
     for (const Setting& setting : settings) {
-        const Json value = presentValue(setting, played);
-        rows.push_back({setting.name, value.is_null() ? "-" : oneLine(settingText(value)), setting.unit,
+        const Value value = presentValue(setting, played);
+        rows.push_back({setting.name, isEmpty(value) ? "-" : oneLine(settingText(value)), setting.unit,
                         oneLine(offerText(setting, played))});
     }
     return table(rows);
 }
 
-Json settingsJson(const Settings& settings, const PlayedPage& played)
+Json settingsJson(const Settings& settings, const HeadlessPage& played)
 {
     Json list = Json::array();
     for (const Setting& setting : settings)
@@ -168,7 +171,7 @@ std::string settingNames(const Settings& settings)
     return names;
 }
 
-std::string settingChoices(const PlayedPage& played, const std::string& name)
+std::string settingChoices(const HeadlessPage& played, const std::string& name)
 {
     std::string lines;
     for (const std::string& choice : presentOffer(settingNamed(played, name), played).choices)

@@ -4,6 +4,8 @@
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
+#include "triggering/AdvancedTrig.h"
+#include "triggering/SelectChannel.h"
 
 namespace ko {
 
@@ -28,7 +30,7 @@ std::string attributeText(Driver& driver, std::int32_t slot, std::int32_t channe
 }
 
 /// The channels that the dialog offers.
-std::vector<Channel> channelsOf(const PlayedPage& played)
+std::vector<Channel> channelsOf(const HeadlessPage& played)
 {
     std::vector<Channel> channels;
     Driver* const driver = played.dynamicDriver();
@@ -41,7 +43,7 @@ std::vector<Channel> channelsOf(const PlayedPage& played)
     return channels;
 }
 
-Json channelChosen(const PlayedPage& played)
+Value channelChosen(const HeadlessPage& played)
 {
     const Page& page = played.page();
     for (const Channel& channel : channelsOf(played))
@@ -50,7 +52,7 @@ Json channelChosen(const PlayedPage& played)
     return {};
 }
 
-Offer offeredChannels(const PlayedPage& played)
+Offer offeredChannels(const HeadlessPage& played)
 {
     Offer offer;
     for (const Channel& channel : channelsOf(played))
@@ -59,7 +61,7 @@ Offer offeredChannels(const PlayedPage& played)
 }
 
 /// A name that is another channel's address is a name.
-Channel channelNamed(const PlayedPage& played, const std::string& value)
+Channel channelNamed(const HeadlessPage& played, const std::string& value)
 {
     const std::vector<Channel> channels = channelsOf(played);
     for (const auto spelling : {&Channel::text, &Channel::spelledAddress, &Channel::indices})
@@ -69,11 +71,19 @@ Channel channelNamed(const PlayedPage& played, const std::string& value)
     return channels.at(choiceOf(offeredChannels(played).choices, value));
 }
 
-Request pickChannel(const PlayedPage& played, const std::string& value)
+Request pickChannel(const HeadlessPage& played, const std::string& value)
 {
     const Channel channel = channelNamed(played, value);
-    const std::string pick = "pick " + std::to_string(channel.slot) + " " + std::to_string(channel.channel);
-    return {{"dialog SelectChannel", pick, "click cmdOK", "end", "click cmdChannel"}, channel.text()};
+    const auto pick = [channel](HeadlessPage& at, SelectChannel& dialog) {
+        ChannelSelector& selector = dialog.chsNavigate;
+        const auto line = selector.lineOf(nullptr, channel.slot, channel.channel);
+        at.give(line ? selector.userPicked({*line}) : Outcome::Inert);
+        at.give(dialog.cmdOK.userClicked());
+    };
+    return {[pick](HeadlessPage& at) {
+                at.answer(at.page().cmdChannel, [&](const DialogForms& dialogs) { pick(at, dialogs.selectChannel); });
+            },
+            channel.text()};
 }
 
 Setting channelSetting(const Page& page)
@@ -91,7 +101,7 @@ Setting channelSetting(const Page& page)
 
 // A parameter: a row of the grid
 
-TriggerParameters& parametersOf(const PlayedPage& played)
+TriggerParameters& parametersOf(const HeadlessPage& played)
 {
     return required(required(played.dynamicDriver()).queryTriggerParameters());
 }
@@ -101,7 +111,7 @@ std::int32_t idOf(const Page& page, std::int32_t row)
     return toLong(page.grdParam.cell(row, Grid::idColumn).value, Locale{});
 }
 
-Json parameterHeld(const PlayedPage& played, std::int32_t row)
+Value parameterHeld(const HeadlessPage& played, std::int32_t row)
 {
     const Page& page = played.page();
     const Grid::Cell& cell = page.grdParam.cell(row, Grid::valueColumn);
@@ -109,14 +119,10 @@ Json parameterHeld(const PlayedPage& played, std::int32_t row)
         return cell.value;
     const Value value =
         parametersOf(played).GetTriggerParamValue(page.TriggerSlot, page.TriggerChannel, idOf(page, row));
-    if (const auto* const number = std::get_if<double>(&value))
-        return *number;
-    if (const auto* const number = std::get_if<std::int32_t>(&value))
-        return *number;
-    return cell.value;
+    return numberOf(value) ? value : Value(cell.value);
 }
 
-Offer offerOfParameter(const PlayedPage& played, std::int32_t row)
+Offer offerOfParameter(const HeadlessPage& played, std::int32_t row)
 {
     const Page& page = played.page();
     const CellStyle& style = page.grdParam.cell(row, Grid::valueColumn).style;
@@ -133,7 +139,7 @@ Offer offerOfParameter(const PlayedPage& played, std::int32_t row)
             Range{parameters.GetTriggerParamMin(slot, channel, id), parameters.GetTriggerParamMax(slot, channel, id)}};
 }
 
-Request editCell(const PlayedPage& played, std::int32_t row, const std::string& value)
+Request editCell(const HeadlessPage& played, std::int32_t row, const std::string& value)
 {
     const Offer offer = offerOfParameter(played, row);
     const bool isCheck = played.page().grdParam.cell(row, Grid::valueColumn).style.control == CellStyle::Control::check;
@@ -142,7 +148,8 @@ Request editCell(const PlayedPage& played, std::int32_t row, const std::string& 
     if (!offer.choices.empty())
         text = offer.choices.at(choiceOf(offer.choices, text));
     const auto number = offer.range ? numberIn(text) : std::nullopt;
-    return {{"cell " + std::to_string(row) + " " + quotedWord(text)}, number ? Json(*number) : Json(text)};
+    return {[row, text](HeadlessPage& at) { at.give(at.page().grdParam.userEditedCell(row, text)); },
+            number ? Value(*number) : Value(text)};
 }
 
 Setting parameterSetting(const Grid& grid, std::int32_t row)
@@ -151,10 +158,10 @@ Setting parameterSetting(const Grid& grid, std::int32_t row)
     setting.label = grid.cell(row, Grid::nameColumn).value;
     setting.name = parameterPrefix + oneLine(setting.label);
     setting.control = [](Page& shown) -> Control& { return shown.grdParam; };
-    setting.read = [row](const PlayedPage& played) { return parameterHeld(played, row); };
-    setting.offer = [row](const PlayedPage& played) { return offerOfParameter(played, row); };
+    setting.read = [row](const HeadlessPage& played) { return parameterHeld(played, row); };
+    setting.offer = [row](const HeadlessPage& played) { return offerOfParameter(played, row); };
     if (grid.isEditable(row))
-        setting.write = [row](const PlayedPage& played, const std::string& value) {
+        setting.write = [row](const HeadlessPage& played, const std::string& value) {
             return editCell(played, row, value);
         };
     return setting;
@@ -165,14 +172,13 @@ Setting parameterSetting(const Grid& grid, std::int32_t row)
 struct Line {
     const char* name;
     int label; ///< in the string table
-    int tab;
-    const char* option;
+    AdvancedTrig::Options AdvancedTrig::*options;
     LineTrigger trigger;
 };
 
 constexpr Line lines[]{
-    {"start-line", 1302, 0, "optStartTrig", LineTrigger::start},
-    {"sync-line", 1303, 1, "optScanTrig", LineTrigger::scan},
+    {"start-line", 1302, &AdvancedTrig::optStartTrig, LineTrigger::start},
+    {"sync-line", 1303, &AdvancedTrig::optScanTrig, LineTrigger::scan},
 };
 
 Offer offeredLines(const Page& page, const Line& line)
@@ -188,24 +194,31 @@ Offer offeredLines(const Page& page, const Line& line)
 Request chooseLine(const Page& page, const Line& line, const std::string& value)
 {
     const std::string number = offeredLines(page, line).choices.at(choiceOf(offeredLines(page, line).choices, value));
-    return {{"dialog AdvancedTrig", "choose tabTrigger #" + std::to_string(line.tab),
-             std::string("click ") + line.option + "(" + number + ")", "click btnOK", "end",
-             "click mnuTimebaseTriggerLines"},
-            *numberIn(number)};
+    const std::int32_t chosen = toLong(number, Locale{});
+    const auto choose = [line, chosen](HeadlessPage& at, AdvancedTrig& dialog) {
+        at.give(dialog.tabTrigger.userChoseTab(static_cast<std::int32_t>(line.trigger)));
+        at.give((dialog.*line.options).at(static_cast<std::size_t>(chosen))->userClicked());
+        at.give(dialog.btnOK.userClicked());
+    };
+    return {[choose](HeadlessPage& at) {
+                at.answer(at.page().mnuTimebaseTriggerLines,
+                          [&](const DialogForms& dialogs) { choose(at, dialogs.advancedTrig); });
+            },
+            chosen};
 }
 
-Setting lineSetting(const Line& line, const PlayedPage& shownOn)
+Setting lineSetting(const Line& line, const HeadlessPage& shownOn)
 {
     Setting setting;
     setting.name = line.name;
     setting.label = shownOn.text(line.label);
     setting.control = [](Page& shown) -> Control& { return shown.mnuTimebaseTriggerLines; };
-    setting.read = [line](const PlayedPage& played) {
+    setting.read = [line](const HeadlessPage& played) {
         const std::int32_t chosen = played.page().lines.line(line.trigger);
-        return chosen < 0 ? Json() : Json(chosen);
+        return chosen < 0 ? Value() : Value(chosen);
     };
-    setting.offer = [line](const PlayedPage& played) { return offeredLines(played.page(), line); };
-    setting.write = [line](const PlayedPage& played, const std::string& value) {
+    setting.offer = [line](const HeadlessPage& played) { return offeredLines(played.page(), line); };
+    setting.write = [line](const HeadlessPage& played, const std::string& value) {
         return chooseLine(played.page(), line, value);
     };
     return setting;
@@ -213,7 +226,7 @@ Setting lineSetting(const Line& line, const PlayedPage& shownOn)
 
 } // namespace
 
-void addTriggerSettings(Settings& settings, const PlayedPage& played)
+void addTriggerSettings(Settings& settings, const HeadlessPage& played)
 {
     const Page& page = played.page();
     settings.push_back(channelSetting(page));

@@ -1,6 +1,6 @@
 #include "host/sheet/SheetCommand.h"
 
-#include "host/settings/PlayedPage.h"
+#include "host/settings/HeadlessPage.h"
 #include "host/sheet/SheetFile.h"
 
 #include <filesystem>
@@ -10,7 +10,7 @@ namespace ko {
 void writeSheet(const SheetCommand& command, const ScenarioOptions& options, const std::string& setupFile,
                 bool isChanged)
 {
-    PlayedPage played(options);
+    HeadlessPage played(options);
     saveSheet(command.file,
               {.page = played.page(),
                .drivers = played.drivers(),

@@ -56,7 +56,7 @@ click cmdSampleRateOffers
 
 TEST(OffersScenario, TheListOfSettingsTellsItToo)
 {
-    PlayedPage played({parseSetup(bench, "bench.json"), {}, {}, {}});
+    HeadlessPage played({parseSetup(bench, "bench.json"), {}, {}, {}});
     EXPECT_NE(offersText(played).find(R"(
 block-size: All instruments share: Any value from 64 to 1024.
   Sampler | Any value from 16 to 1024 | All that it offers is taken over | Kept as asked, or none written

@@ -58,10 +58,10 @@ public:
         }
     }
 
-    [[nodiscard]] const PlayedPage& played() const { return played_; }
+    [[nodiscard]] const HeadlessPage& played() const { return played_; }
 
 private:
-    PlayedPage played_;
+    HeadlessPage played_;
 };
 
 TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)

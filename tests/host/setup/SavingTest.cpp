@@ -217,7 +217,7 @@ TEST_F(SavingTest, TheCommandLineSavesOverAChangedFileOnlyWhenForced)
     command.save = file_;
     const SettingsSource source{file_, "what was read", {new_, {}, {}, {}}, {}};
     saveSetup(file_, old_);
-    PlayedPage played(source.options);
+    HeadlessPage played(source.options);
     EXPECT_THROW(runSettings(command, source, played), InputError);
     EXPECT_EQ(loadSetup(file_), old_);
     command.force = true;

@@ -1,7 +1,7 @@
 #include "host/sheet/SetupSheet.h"
 
 #include "host/scenario/PlayedScenario.h"
-#include "host/settings/PlayedPage.h"
+#include "host/settings/HeadlessPage.h"
 #include "host/sheet/SheetFile.h"
 #include "host/sheet/SheetPages.h"
 #include "host/support/InputError.h"
@@ -15,15 +15,15 @@ namespace {
 /// A played page and what its sheet says.
 class SetupSheetTest : public testing::Test {
 protected:
-    static PlayedPage played(const std::string& setup)
+    static HeadlessPage played(const std::string& setup)
     {
-        return PlayedPage({.setup = parseSetup(setup, "bench.json"), .folder = {}, .locale = {}, .language = {}});
+        return HeadlessPage({.setup = parseSetup(setup, "bench.json"), .folder = {}, .locale = {}, .language = {}});
     }
-    static QString sheetOf(PlayedPage& page, const std::string& title, bool isChanged = false)
+    static QString sheetOf(HeadlessPage& page, const std::string& title, bool isChanged = false)
     {
         return setupSheet(sourceOf(page, title, isChanged));
     }
-    static SheetSource sourceOf(PlayedPage& page, const std::string& title, bool isChanged = false)
+    static SheetSource sourceOf(HeadlessPage& page, const std::string& title, bool isChanged = false)
     {
         return {.page = page.page(),
                 .drivers = page.drivers(),
@@ -69,7 +69,7 @@ const char* const bench = R"({"clock": "2026-11-21 09:30:00", "title": "Bench <2
 
 TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
 {
-    PlayedPage page = played(bench);
+    HeadlessPage page = played(bench);
     const QString sheet = sheetOf(page, "Bench <2>");
     EXPECT_TRUE(sheet.contains("<h1>Set-up sheet: Bench &lt;2&gt;</h1>"));
     EXPECT_TRUE(sheet.contains(toQt(page.page().lblPlan.caption()).toHtmlEscaped()));
@@ -90,14 +90,15 @@ TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
 
 TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
 {
-    PlayedPage page = played(bench);
-    page.play({"click optStartTime", "click optStopTime"});
+    HeadlessPage page = played(bench);
+    page.page().optStartTime.userClicked();
+    page.page().optStopTime.userClicked();
     const QStringList rows = rowsOf(sheetOf(page, "x", true));
     for (const char* row : {"Set-up file|bench & co.json (with changes that are not saved)", "Start|At Time",
                             "Start time|9:30:00 AM", "Stop|9:31:30 AM"})
         EXPECT_TRUE(rows.contains(row)) << row << "\n" << rows.join('\n').toStdString();
     EXPECT_FALSE(rows.contains("Trigger Channel|Crank <1>"));
-    PlayedPage none = played(R"({"drivers": []})");
+    HeadlessPage none = played(R"({"drivers": []})");
     EXPECT_TRUE(sheetOf(none, "").contains("Records nothing"));
 }
 

@@ -1,0 +1,118 @@
+#include "host/settings/HeadlessPage.h"
+
+#include "platform/CaptionControls.h"
+#include "platform/Form.h"
+#include "platform/TextBox.h"
+#include "platform/Utf8.h"
+
+#include <ostream>
+#include <utility>
+
+namespace ko {
+
+/// What the component asks of the machine: messages and reports are collected, dialogs answered as the page's user
+/// wants them answered, everything else is silent.
+class HeadlessPage::Machine final : public MessageBox, public ModalForms, public PropertyNotifySink {
+public:
+    Machine(HeadlessPage& page, const Locale& locale)
+        : platform{*this,       clipboard_, printers_, screen_,
+                   page.clock_, *this,      locale,    [&page] { return std::make_shared<Errors>(page.reaction_); }},
+          page_(page)
+    {
+    }
+
+    void show(const std::string& text, const std::string& /*title*/, int /*style*/) override
+    {
+        page_.reaction_.messages.push_back(text);
+    }
+
+    void showModal(Form& form) override
+    {
+        open_ = &form;
+        if (const Answer answer = std::exchange(page_.answer_, nullptr))
+            answer(page_.component_->dialogs());
+        if (open_ == &form && form.cancelButton())
+            form.cancelButton()->userClicked();
+        hide(form);
+        form.dropFocus();
+    }
+
+    void hide(Form& form) override
+    {
+        if (open_ == &form)
+            open_ = nullptr;
+    }
+
+    void OnChanged() override {}
+
+    Platform platform;
+
+private:
+    class Errors final : public ErrorReporter {
+    public:
+        explicit Errors(Reaction& reaction) : reaction_(reaction) {}
+        void ReportError(std::int32_t /*number*/, const std::string& source, const std::string& description,
+                         std::int32_t /*helpContext*/, const std::string& /*helpFile*/, bool /*log*/) override
+        {
+            reaction_.messages.push_back(source + ": " + description);
+        }
+
+    private:
+        Reaction& reaction_;
+    };
+
+    HeadlessPage& page_;
+    std::ostream nowhere_{nullptr};
+    EventLog log_{nowhere_};
+    PlainClipboard clipboard_;
+    SimulatedPrinters printers_{log_};
+    SimulatedScreen screen_;
+    Form* open_ = nullptr;
+};
+
+HeadlessPage::HeadlessPage(const ScenarioOptions& options)
+    : drivers_(makeDrivers(options.setup)), machine_(std::make_unique<Machine>(*this, options.locale)),
+      component_(createKoTimebaseEditor(machine_->platform, options.language)),
+      document_(component_->createDocument(*machine_))
+{
+    clock_.time = options.setup.clock;
+    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers_.size()));
+    document_->drivers().setDrivers(DriverList(drivers_.begin(), drivers_.end()));
+    document_->drivers().DriversHaveChanged();
+    document_->UserDocument_Show();
+    atStart_ = std::exchange(reaction_, {}).messages;
+}
+
+HeadlessPage::~HeadlessPage() = default;
+
+HeadlessPage::Reaction HeadlessPage::use(const std::function<void(HeadlessPage&)>& act)
+{
+    act(*this);
+    return std::exchange(reaction_, {});
+}
+
+void HeadlessPage::enter(TextBox& box, const std::string& text)
+{
+    if (!box.isUsable())
+        return give(Outcome::Inert);
+    page().userMovedFocus(&box);
+    give(box.userReplaced(text, utf8Length(text), 0));
+    page().userMovedFocus(nullptr);
+}
+
+void HeadlessPage::answer(PressControl& opener, Answer answer)
+{
+    answer_ = std::move(answer);
+    give(opener.userClicked());
+    answer_ = nullptr;
+}
+
+Driver* HeadlessPage::driverAt(std::int32_t index) const
+{
+    const DriverList& drivers = page().drivers;
+    return index >= 0 && static_cast<std::size_t>(index) < drivers.size()
+               ? drivers[static_cast<std::size_t>(index)].get()
+               : nullptr;
+}
+
+} // namespace ko
