@@ -150,7 +150,7 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
     };
     tick("SamplePeriod set", "");
     tick("BlockSize set", "");
-    EXPECT_EQ(value({"Digitizer"}), "Fails at: SamplePeriod set, BlockSize set");
+    EXPECT_EQ(value({"Digitizer"}), "Simulated faults: SamplePeriod set, BlockSize set");
     EXPECT_TRUE(window.isWindowModified());
     page().cmbSampleRate.userChose(0);
     page().cmbSampleRate.userChose(1);
