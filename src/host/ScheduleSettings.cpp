@@ -14,14 +14,18 @@ namespace {
 
 // Start and stop: a choice of options
 
+constexpr std::array stopTimeNeeds{Need{"start=time", &Page::optStartTime}, Need{"stop=time", &Page::optStopTime}};
+constexpr Needs startAtTime(stopTimeNeeds.data(), 1);
+
 struct Option {
     const char* word;
     OptionButton Page::*button;
+    Needs needs{};
 };
 
 constexpr std::array startOptions{Option{"immediately", &Page::optImmediate}, Option{"trigger", &Page::optOnTrigger},
                                   Option{"time", &Page::optStartTime}};
-constexpr std::array stopOptions{Option{"after", &Page::optAfter}, Option{"time", &Page::optStopTime}};
+constexpr std::array stopOptions{Option{"after", &Page::optAfter}, Option{"time", &Page::optStopTime, startAtTime}};
 using Options = std::span<const Option>;
 
 std::vector<std::string> wordsOf(Options options, const Page& page)
@@ -43,8 +47,11 @@ Json selected(Options options, const Page& page)
 
 Request clickOption(Options options, const Page& page, const std::string& value)
 {
-    choiceOf(wordsOf(options, page), value);
     const auto option = std::find_if(options.begin(), options.end(), [&](const Option& o) { return o.word == value; });
+    if (option != options.end() && !(page.*option->button).isUsable())
+        if (const auto needed = missing(option->needs, page); !needed.empty())
+            throw Refusal(value + " " + needsAdvice(needed));
+    choiceOf(wordsOf(options, page), value);
     return {{"click " + (page.*option->button).name()}, value};
 }
 
@@ -55,7 +62,7 @@ Setting optionSetting(const char* name, Options options, Frame Page::*frame, con
     setting.label = labelText(page.*frame);
     setting.control = [frame](Page& shown) -> Control& { return shown.*frame; };
     setting.read = [options](const PlayedPage& played) { return selected(options, played.page()); };
-    setting.offer = [options](const PlayedPage& played) { return Offer{wordsOf(options, played.page()), {}}; };
+    setting.offer = [options](const PlayedPage& played) { return Offer{wordsOf(options, played.page()), {}, {}}; };
     setting.write = [options](const PlayedPage& played, const std::string& value) {
         return clickOption(options, played.page(), value);
     };
@@ -69,12 +76,15 @@ struct TimeBox {
     TextBox Page::*box;
     CommandButton Page::*button;
     OptionButton Page::*option;
+    Needs needs;
 };
 
 constexpr std::array timeBoxes{
-    TimeBox{"start-time", &Page::txtStartTime, &Page::cmdStartTime, &Page::optStartTime},
-    TimeBox{"stop-time", &Page::txtStopTime, &Page::cmdStopTime, &Page::optStopTime},
+    TimeBox{"start-time", &Page::txtStartTime, &Page::cmdStartTime, &Page::optStartTime, startAtTime},
+    TimeBox{"stop-time", &Page::txtStopTime, &Page::cmdStopTime, &Page::optStopTime, stopTimeNeeds},
 };
+
+const std::string timeForms = "2026-11-21T09:30:00 or 09:30:00";
 
 Json timeShown(const std::string& text)
 {
@@ -86,7 +96,7 @@ Request pickTime(const Page& page, const TimeBox& times, const std::string& valu
 {
     const auto time = timeIn(value);
     if (!time)
-        throw Refusal("\"" + value + "\" is no time such as 2026-11-21T09:30:00 or 09:30:00");
+        throw Refusal("\"" + value + "\" is not a time; write " + timeForms);
     if (!time->hasDate() && !isTimeOfDay(value))
         throw Refusal("\"" + value + "\" is too early: the first day that can be chosen is 1899-12-31");
     const std::string iso = isoText(*time);
@@ -109,7 +119,9 @@ Setting timeSetting(const TimeBox& times, const Page& page)
     setting.label = labelText(page.*times.option);
     setting.controls = {(page.*times.box).name()};
     setting.control = [times](Page& shown) -> Control& { return shown.*times.box; };
+    setting.needs = times.needs;
     setting.read = [times](const PlayedPage& played) { return timeShown((played.page().*times.box).text()); };
+    setting.offer = [](const PlayedPage&) { return Offer{{}, {}, timeForms}; };
     setting.write = [times](const PlayedPage& played, const std::string& value) {
         return pickTime(played.page(), times, value);
     };
@@ -138,7 +150,7 @@ Amount amountIn(const std::string& value)
     const std::string word = end == std::string::npos ? value : value.substr(end + 1);
     const auto unit = std::find_if(units.begin(), units.end(), [&](const Unit& u) { return u.word == word; });
     if (unit == units.end() || end == std::string::npos)
-        throw Refusal("\"" + value + "\" is no duration such as 90 s, 5 min, 1.5 h or 2 d");
+        throw Refusal("\"" + value + "\" is not a duration; write 90 s, 5 min, 1.5 h or 2 d");
     const std::size_t last = value.find_last_not_of(' ', end);
     return {value.substr(0, last == std::string::npos ? 0 : last + 1), unit->seconds};
 }
@@ -177,6 +189,7 @@ Setting durationSetting(const Page& page)
     setting.controls = {page.txtDuration.name()};
     setting.control = [](Page& shown) -> Control& { return shown.txtDuration; };
     setting.read = durationHeld;
+    setting.offer = [](const PlayedPage&) { return Offer{{}, {}, "0 or more; s, min, h, d"}; };
     setting.write = [](const PlayedPage& played, const std::string& value) {
         return enterDuration(played.page(), value);
     };

@@ -73,6 +73,14 @@ bool readsSame(const Json& one, const Json& other)
     return numberText(one.get<double>(), Locale{}) == numberText(other.get<double>(), Locale{});
 }
 
+std::string joined(const std::vector<std::string>& texts, const std::string& separator)
+{
+    std::string result;
+    for (const std::string& text : texts)
+        result += (result.empty() ? "" : separator) + text;
+    return result;
+}
+
 std::string quotedWord(std::string_view word)
 {
     std::string result = "\"";

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ko {
 
@@ -30,6 +31,8 @@ bool isTimeOfDay(const std::string& text);
 std::string settingText(const Json& value);
 /// Whether both read the same on the page, which shows 15 digits of a number.
 bool readsSame(const Json& one, const Json& other);
+
+std::string joined(const std::vector<std::string>& texts, const std::string& separator);
 
 /// A word as scripts hold it, in quotes.
 std::string quotedWord(std::string_view word);

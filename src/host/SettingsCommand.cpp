@@ -1,6 +1,7 @@
 #include "host/SettingsCommand.h"
 
 #include "host/FileWriter.h"
+#include "host/HostTexts.h"
 #include "host/InputError.h"
 #include "host/OffersList.h"
 #include "host/Settings.h"
@@ -8,6 +9,8 @@
 #include "host/SetupSaving.h"
 #include "host/SheetFile.h"
 #include "host/StandardStreams.h"
+#include "widgets/Convert.h"
+#include "widgets/QtLocale.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -24,10 +27,11 @@ constexpr const char* examples =
     "  korvell-host bench.json --choices sample-rate   print what it can be, a line each\n"
     "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
     "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
-    "  korvell-host bench.json --sheet bench.pdf --language de --locale system\n"
+    "  korvell-host bench.json --sheet bench.pdf --language de\n"
     "  korvell-host --headless bench.json walk.scenario\n"
     "\n"
-    "Nothing is saved unless every setting was accepted. A value that the instruments keep otherwise is noted.\n"
+    "Nothing is saved unless every setting was accepted. If an instrument changes a value, a note is printed.\n"
+    "The command line is English; --language changes the texts of the page, its messages and the sheet.\n"
     "\n"
     "Exit status:\n"
     "  0  everything was done\n"
@@ -55,6 +59,14 @@ std::string listed(const SettingsCommand& command, const PlayedPage& played)
     return command.names ? settingNames(settings) : settingsTable(settings, played) + offersText(played);
 }
 
+std::string choices(const PlayedPage& played, const std::string& name)
+{
+    const Choices found = settingChoices(played, name);
+    if (!found.note.empty())
+        tell({found.note});
+    return found.lines;
+}
+
 std::string output(const SettingsCommand& command, const PlayedPage& played)
 {
     std::string text;
@@ -63,7 +75,7 @@ std::string output(const SettingsCommand& command, const PlayedPage& played)
     if (command.list)
         text += listed(command, played);
     if (!command.choices.empty())
-        text += settingChoices(played, command.choices);
+        text += choices(played, command.choices);
     return text;
 }
 
@@ -74,24 +86,38 @@ void save(const SettingsCommand& command, const SettingsSource& source, const Pl
     saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
 }
 
+/// English is written as everywhere without a window.
+Locale localeOf(const std::string& language)
+{
+    return language == "en" ? Locale{} : toLocale(QLocale(toQt(language)));
+}
+
 void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, const PlayedPage& played)
 {
     ScenarioOptions options = source.options;
     options.setup = withPresentValues(options.setup, played.drivers());
-    options.locale = source.sheetLocale;
+    options.locale = source.sheetLocale ? *source.sheetLocale : localeOf(played.text(hostText::languageCode));
     const bool isSaved = !command.save.empty();
     writeSheet(command.sheet, options, isSaved ? command.save : source.file, !isSaved && !command.set.empty());
 }
 
 constexpr const char* group = "Settings of the page, without a window";
 
-/// `text` stands behind the option in the help.
+/// `text` follows the option in the help.
 void present(CLI::Option* option, const char* text)
 {
     option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--capture");
 }
 
 } // namespace
+
+std::function<std::string(const std::string&)> oneOf(std::vector<std::string> words)
+{
+    return [words = std::move(words)](const std::string& word) {
+        const bool isOne = std::find(words.begin(), words.end(), word) != words.end();
+        return isOne ? std::string() : "use " + joined(words, " or ");
+    };
+}
 
 void declareSettings(CLI::App& app, SettingsCommand& command)
 {
@@ -103,21 +129,21 @@ void declareSettings(CLI::App& app, SettingsCommand& command)
             "NAME");
     auto* const save = app.add_option("--save", command.save, "Write the set-up with the values as they are then");
     present(save, "FILE");
-    present(app.add_flag("--force", command.force, "Save even if the file has changed since it was read")->needs(save),
+    present(app.add_flag("--force", command.force, "With --save: even if the file has changed since it was read")->needs(save),
             " ");
     auto* const sheet =
         app.add_option("--sheet", command.sheet.file, "Write a sheet of the whole set-up, for paper, as .pdf or .html");
     present(sheet, "FILE");
-    present(app.add_option("--paper", command.sheet.paper, "Of a sheet as .pdf; else that of the user's region")
-                ->check(CLI::IsMember({"A4", "Letter"}))
+    present(app.add_option("--paper", command.sheet.paper, "Paper size of a PDF sheet (default: your region's)")
+                ->check(oneOf({"A4", "Letter"}))
                 ->needs(sheet),
             "A4|Letter");
     auto* const list = app.add_flag("--list", command.list, "Print the settings and what they can be set to");
     present(list, " ");
-    auto* const json = app.add_flag("--json", command.json, "The list as JSON")->needs(list);
+    auto* const json = app.add_flag("--json", command.json, "With --list: as JSON")->needs(list);
     present(json, " ");
-    present(app.add_flag("--names", command.names, "The list's names alone")->needs(list)->excludes(json), " ");
-    present(app.add_flag("--settable", command.settable, "Of the list only what can be set now")->needs(list), " ");
+    present(app.add_flag("--names", command.names, "With --list: names only")->needs(list)->excludes(json), " ");
+    present(app.add_flag("--settable", command.settable, "With --list: only what can be set now")->needs(list), " ");
     present(app.add_option("--choices", command.choices, "Print the choices of a setting, a line each"), "NAME");
     app.footer(examples);
 }

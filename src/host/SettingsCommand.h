@@ -3,6 +3,8 @@
 #include "host/PlayedPage.h"
 #include "host/SheetCommand.h"
 
+#include <functional>
+
 namespace CLI { // NOLINT(readability-identifier-naming)
 class App;
 }
@@ -28,6 +30,9 @@ struct SettingsCommand {
     }
 };
 
+/// Accepts these words alone, as an option's check.
+std::function<std::string(const std::string&)> oneOf(std::vector<std::string> words);
+
 /// Adds the options and the examples to the program's help. `--headless`, `--picture` and `--capture` are there
 /// already.
 void declareSettings(CLI::App& app, SettingsCommand& command);
@@ -37,7 +42,7 @@ struct SettingsSource {
     std::string file;
     std::string content;     ///< of the file, as it was read
     ScenarioOptions options; ///< of the page that is set
-    Locale sheetLocale;      ///< how a sheet writes numbers and dates
+    std::optional<Locale> sheetLocale; ///< how a sheet writes numbers and dates; none: as in the page's language
 };
 
 /// Sets, reads, saves, writes the sheet, in this order, and prints what was asked for once all of it has succeeded.

@@ -16,7 +16,13 @@ Json settingsJson(const Settings& settings, const PlayedPage& played);
 /// The names alone, a line each.
 std::string settingNames(const Settings& settings);
 
-/// The choices of a setting, a line each; nothing for one that has none.
-std::string settingChoices(const PlayedPage& played, const std::string& name);
+/// What a setting can be set to.
+struct Choices {
+    std::string lines; ///< the choices, a line each
+    std::string note;  ///< of a setting without any: how to write its values; empty where there is no more to say
+};
+
+/// Fails as `settingNamed` does, and with a `Refusal` for a setting that can only be read.
+Choices settingChoices(const PlayedPage& played, const std::string& name);
 
 } // namespace ko

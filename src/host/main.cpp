@@ -37,9 +37,9 @@ void declare(CLI::App& app, CommandLine& line)
     auto* const headless = app.add_flag("--headless", line.headless, "Run a script without a window");
     headless->option_text(" ");
     app.add_option("--locale", line.locale,
-                   "\"system\": the user's regional settings instead of English (United States), for --headless "
-                   "and --sheet")
-        ->check(CLI::IsMember({"system"}))
+                   "\"system\": the user's regional settings, for --headless instead of English (United States), for "
+                   "--sheet instead of its language's")
+        ->check(ko::oneOf({"system"}))
         ->option_text("system");
     app.add_option("--language", line.language,
                    "String file or language code; a window without it follows the system's language")
@@ -107,7 +107,9 @@ int useSettings(const CommandLine& line, const std::string& language)
     const std::string content = ko::readFile(line.setup);
     options.setup = ko::parseSetup(content, line.setup);
     options.language = language;
-    const ko::Locale sheetLocale = line.locale == "system" ? ko::toLocale(QLocale::system()) : ko::Locale{};
+    std::optional<ko::Locale> sheetLocale;
+    if (line.locale == "system")
+        sheetLocale = ko::toLocale(QLocale::system());
     ko::runSettings(line.settings, {line.setup, content, options, sheetLocale}, *make<ko::PlayedPage>(line, options));
     return 0;
 }
@@ -158,7 +160,7 @@ int run(const CommandLine& line, int& argc, char** argv)
         return ko::runWindow(
             argc, argv, {.setup = line.setup, .language = language, .capture = line.capture, .picture = line.picture});
     if (line.setup.empty())
-        throw ko::InputError("without a window a set-up file is needed");
+        throw ko::InputError("give a set-up file, e.g. korvell-host bench.json --list");
     return line.headless ? runHeadless(line, language) : useSettings(line, language);
 }
 

@@ -157,7 +157,7 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
     EXPECT_TRUE(logged(1, DriverLogModel::Result).contains("simulated failure")) << "the last call that was heard";
     tick("SamplePeriod set", "");
-    EXPECT_EQ(value({"Digitizer"}), "Fails at: BlockSize set");
+    EXPECT_EQ(value({"Digitizer"}), "Simulated faults: BlockSize set");
     tick("", "healAll");
     EXPECT_EQ(value({"Digitizer"}), "");
 }
