@@ -1,9 +1,11 @@
 #include "host/main/CommandLine.h"
 
+#include "host/settings/SettingTexts.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 namespace ko {
 
@@ -17,10 +19,11 @@ constexpr const char* examples =
     "  korvell-host bench.json --choices sample-rate   print what it can be, a line each\n"
     "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
     "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
-    "  korvell-host bench.json --sheet bench.pdf --language de --locale system\n"
+    "  korvell-host bench.json --sheet bench.pdf --language de\n"
     "  korvell-host --headless bench.json walk.scenario\n"
     "\n"
-    "Nothing is saved unless every setting was accepted. A value that the instruments keep otherwise is noted.\n"
+    "Nothing is saved unless every setting was accepted. If an instrument changes a value, a note is printed.\n"
+    "The command line is English; --language changes the texts of the page, its messages and the sheet.\n"
     "\n"
     "Exit status:\n"
     "  0  everything was done\n"
@@ -30,10 +33,19 @@ constexpr const char* examples =
 
 constexpr const char* group = "Settings of the page, without a window";
 
-/// `text` stands behind the option in the help.
+/// `text` follows the option in the help.
 void present(CLI::Option* option, const char* text)
 {
     option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--capture");
+}
+
+/// Accepts these words alone, as an option's check.
+auto oneOf(std::vector<std::string> words)
+{
+    return [words = std::move(words)](const std::string& word) {
+        const bool isOne = std::find(words.begin(), words.end(), word) != words.end();
+        return isOne ? std::string() : "use " + joined(words, " or ");
+    };
 }
 
 /// The options of settings; `--headless`, `--picture` and `--capture` are declared before.
@@ -47,21 +59,22 @@ void declareSettings(CLI::App& app, SettingsCommand& command)
             "NAME");
     auto* const save = app.add_option("--save", command.save, "Write the set-up with the values as they are then");
     present(save, "FILE");
-    present(app.add_flag("--force", command.force, "Save even if the file has changed since it was read")->needs(save),
+    present(app.add_flag("--force", command.force, "With --save: even if the file has changed since it was read")
+                ->needs(save),
             " ");
     auto* const sheet =
         app.add_option("--sheet", command.sheet.file, "Write a sheet of the whole set-up, for paper, as .pdf or .html");
     present(sheet, "FILE");
-    present(app.add_option("--paper", command.sheet.paper, "Of a sheet as .pdf; else that of the user's region")
-                ->check(CLI::IsMember({"A4", "Letter"}))
+    present(app.add_option("--paper", command.sheet.paper, "Paper size of a PDF sheet (default: your region's)")
+                ->check(oneOf({"A4", "Letter"}))
                 ->needs(sheet),
             "A4|Letter");
     auto* const list = app.add_flag("--list", command.list, "Print the settings and what they can be set to");
     present(list, " ");
-    auto* const json = app.add_flag("--json", command.json, "The list as JSON")->needs(list);
+    auto* const json = app.add_flag("--json", command.json, "With --list: as JSON")->needs(list);
     present(json, " ");
-    present(app.add_flag("--names", command.names, "The list's names alone")->needs(list)->excludes(json), " ");
-    present(app.add_flag("--settable", command.settable, "Of the list only what can be set now")->needs(list), " ");
+    present(app.add_flag("--names", command.names, "With --list: names only")->needs(list)->excludes(json), " ");
+    present(app.add_flag("--settable", command.settable, "With --list: only what can be set now")->needs(list), " ");
     present(app.add_option("--choices", command.choices, "Print the choices of a setting, a line each"), "NAME");
     app.footer(examples);
 }
@@ -72,9 +85,9 @@ void declare(CLI::App& app, CommandLine& line)
     auto* const headless = app.add_flag("--headless", line.headless, "Run a script without a window");
     headless->option_text(" ");
     app.add_option("--locale", line.locale,
-                   "\"system\": the user's regional settings instead of English (United States), for --headless "
-                   "and --sheet")
-        ->check(CLI::IsMember({"system"}))
+                   "\"system\": the user's regional settings, for --headless instead of English (United States), for "
+                   "--sheet instead of its language's")
+        ->check(oneOf({"system"}))
         ->option_text("system");
     app.add_option("--language", line.language,
                    "String file or language code; a window without it follows the system's language")

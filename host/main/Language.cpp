@@ -5,6 +5,7 @@
 #include "host/support/InputError.h"
 
 #include <cstdlib>
+#include <set>
 #include <string_view>
 
 namespace ko {
@@ -37,6 +38,20 @@ std::optional<std::filesystem::path> stringFile(const std::string& code)
                                                   : findDataFile("strings/" + code.substr(0, territory) + ".txt");
 }
 
+/// The languages that there are strings for, English first.
+std::string languages()
+{
+    std::set<std::string> others;
+    if (const auto file = findDataFile("strings/en.txt"))
+        for (const auto& entry : std::filesystem::directory_iterator(file->parent_path()))
+            others.insert(entry.path().stem().string());
+    others.erase(std::string(english));
+    std::string list(english);
+    for (const std::string& language : others)
+        list += ", " + language;
+    return list;
+}
+
 } // namespace
 
 std::string languageContent(const std::string& language)
@@ -48,7 +63,7 @@ std::string languageContent(const std::string& language)
         return readFile(language);
     if (const auto file = stringFile(language))
         return readFile(file->string());
-    throw InputError(language + ": neither a string file nor a language that there are strings for");
+    throw InputError(language + ": unknown language; use " + languages() + " or a string file");
 }
 
 std::string systemLanguageContent()

@@ -6,8 +6,11 @@
 #include "host/setup/SetupSaving.h"
 #include "host/sheet/SheetFile.h"
 #include "host/support/FileWriter.h"
+#include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
 #include "host/support/StandardStreams.h"
+#include "widgets/services/QtLocale.h"
+#include "widgets/support/Convert.h"
 
 #include <iostream>
 
@@ -35,6 +38,14 @@ std::string listed(const SettingsCommand& command, const HeadlessPage& played)
     return command.names ? settingNames(settings) : settingsTable(settings, played) + offersText(played);
 }
 
+std::string choices(const HeadlessPage& played, const std::string& name)
+{
+    const Choices found = settingChoices(played, name);
+    if (!found.note.empty())
+        tell({found.note});
+    return found.lines;
+}
+
 std::string output(const SettingsCommand& command, const HeadlessPage& played)
 {
     std::string text;
@@ -43,7 +54,7 @@ std::string output(const SettingsCommand& command, const HeadlessPage& played)
     if (command.list)
         text += listed(command, played);
     if (!command.choices.empty())
-        text += settingChoices(played, command.choices);
+        text += choices(played, command.choices);
     return text;
 }
 
@@ -54,11 +65,17 @@ void save(const SettingsCommand& command, const SettingsSource& source, const He
     saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
 }
 
+/// English is written as everywhere without a window.
+Locale localeOf(const std::string& language)
+{
+    return language == "en" ? Locale{} : toLocale(QLocale(toQt(language)));
+}
+
 void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, const HeadlessPage& played)
 {
     ScenarioOptions options = source.options;
     options.setup = withPresentValues(options.setup, played.drivers());
-    options.locale = source.sheetLocale;
+    options.locale = source.sheetLocale ? *source.sheetLocale : localeOf(played.text(hostText::languageCode));
     const bool isSaved = !command.save.empty();
     writeSheet(command.sheet, options, isSaved ? command.save : source.file, !isSaved && !command.set.empty());
 }

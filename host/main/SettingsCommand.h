@@ -27,9 +27,9 @@ struct SettingsCommand {
 /// The set-up that the command line works on.
 struct SettingsSource {
     std::string file;
-    std::string content;     ///< of the file, as it was read
-    ScenarioOptions options; ///< of the page that is set
-    Locale sheetLocale;      ///< how a sheet writes numbers and dates
+    std::string content;               ///< of the file, as it was read
+    ScenarioOptions options;           ///< of the page that is set
+    std::optional<Locale> sheetLocale; ///< how a sheet writes numbers and dates; none: as in the page's language
 };
 
 /// Sets, reads, saves, writes the sheet, in this order, and prints what was asked for once all of it has succeeded.

@@ -68,7 +68,9 @@ int useSettings(const ko::CommandLine& line, const std::string& language)
     const std::string content = ko::readFile(line.setup);
     options.setup = ko::parseSetup(content, line.setup);
     options.language = language;
-    const ko::Locale sheetLocale = line.locale == "system" ? ko::toLocale(QLocale::system()) : ko::Locale{};
+    std::optional<ko::Locale> sheetLocale;
+    if (line.locale == "system")
+        sheetLocale = ko::toLocale(QLocale::system());
     ko::runSettings(line.settings, {line.setup, content, options, sheetLocale}, *make<ko::HeadlessPage>(line, options));
     return 0;
 }
@@ -84,7 +86,7 @@ int run(const ko::CommandLine& line, int& argc, char** argv)
         return ko::runWindow(
             argc, argv, {.setup = line.setup, .language = language, .capture = line.capture, .picture = line.picture});
     if (line.setup.empty())
-        throw ko::InputError("without a window a set-up file is needed");
+        throw ko::InputError("give a set-up file, e.g. korvell-host bench.json --list");
     return line.headless ? runHeadless(line, language) : useSettings(line, language);
 }
 

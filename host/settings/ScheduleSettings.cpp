@@ -15,14 +15,18 @@ namespace {
 
 // Start and stop: a choice of options
 
+constexpr std::array stopTimeNeeds{Need{"start=time", &Page::optStartTime}, Need{"stop=time", &Page::optStopTime}};
+constexpr Needs startAtTime(stopTimeNeeds.data(), 1);
+
 struct Option {
     const char* word;
     OptionButton Page::*button;
+    Needs needs{};
 };
 
 constexpr std::array startOptions{Option{"immediately", &Page::optImmediate}, Option{"trigger", &Page::optOnTrigger},
                                   Option{"time", &Page::optStartTime}};
-constexpr std::array stopOptions{Option{"after", &Page::optAfter}, Option{"time", &Page::optStopTime}};
+constexpr std::array stopOptions{Option{"after", &Page::optAfter}, Option{"time", &Page::optStopTime, startAtTime}};
 using Options = std::span<const Option>;
 
 std::vector<std::string> wordsOf(Options options, const Page& page)
@@ -44,8 +48,11 @@ Value selected(Options options, const Page& page)
 
 Request clickOption(Options options, const Page& page, const std::string& value)
 {
-    choiceOf(wordsOf(options, page), value);
     const auto option = std::find_if(options.begin(), options.end(), [&](const Option& o) { return o.word == value; });
+    if (option != options.end() && !(page.*option->button).isUsable())
+        if (const auto needed = missing(option->needs, page); !needed.empty())
+            throw Refusal(value + " " + needsAdvice(needed));
+    choiceOf(wordsOf(options, page), value);
     return {[button = option->button](HeadlessPage& at) { at.give((at.page().*button).userClicked()); }, value};
 }
 
@@ -56,7 +63,7 @@ Setting optionSetting(const char* name, Options options, Frame Page::*frame, con
     setting.label = labelText(page.*frame);
     setting.control = [frame](Page& shown) -> Control& { return shown.*frame; };
     setting.read = [options](const HeadlessPage& played) { return selected(options, played.page()); };
-    setting.offer = [options](const HeadlessPage& played) { return Offer{wordsOf(options, played.page()), {}}; };
+    setting.offer = [options](const HeadlessPage& played) { return Offer{wordsOf(options, played.page()), {}, {}}; };
     setting.write = [options](const HeadlessPage& played, const std::string& value) {
         return clickOption(options, played.page(), value);
     };
@@ -70,12 +77,15 @@ struct TimeBox {
     TextBox Page::*box;
     CommandButton Page::*button;
     OptionButton Page::*option;
+    Needs needs;
 };
 
 constexpr std::array timeBoxes{
-    TimeBox{"start-time", &Page::txtStartTime, &Page::cmdStartTime, &Page::optStartTime},
-    TimeBox{"stop-time", &Page::txtStopTime, &Page::cmdStopTime, &Page::optStopTime},
+    TimeBox{"start-time", &Page::txtStartTime, &Page::cmdStartTime, &Page::optStartTime, startAtTime},
+    TimeBox{"stop-time", &Page::txtStopTime, &Page::cmdStopTime, &Page::optStopTime, stopTimeNeeds},
 };
+
+const std::string timeForms = "2026-11-21T09:30:00 or 09:30:00";
 
 Value timeShown(const std::string& text)
 {
@@ -100,7 +110,7 @@ Request pickTime(const TimeBox& times, const std::string& value)
 {
     const auto time = timeIn(value);
     if (!time)
-        throw Refusal("\"" + value + "\" is no time such as 2026-11-21T09:30:00 or 09:30:00");
+        throw Refusal("\"" + value + "\" is not a time; write " + timeForms);
     if (!time->hasDate() && !isTimeOfDay(value))
         throw Refusal("\"" + value + "\" is too early: the first day that can be chosen is 1899-12-31");
     return {[times, time = *time](HeadlessPage& at) {
@@ -117,7 +127,9 @@ Setting timeSetting(const TimeBox& times, const Page& page)
     setting.label = labelText(page.*times.option);
     setting.controls = {(page.*times.box).name()};
     setting.control = [times](Page& shown) -> Control& { return shown.*times.box; };
+    setting.needs = times.needs;
     setting.read = [times](const HeadlessPage& played) { return timeShown((played.page().*times.box).text()); };
+    setting.offer = [](const HeadlessPage& /*played*/) { return Offer{{}, {}, timeForms}; };
     setting.write = [times](const HeadlessPage& /*played*/, const std::string& value) {
         return pickTime(times, value);
     };
@@ -146,7 +158,7 @@ Amount amountIn(const std::string& value)
     const std::string word = end == std::string::npos ? value : value.substr(end + 1);
     const auto unit = std::find_if(units.begin(), units.end(), [&](const Unit& u) { return u.word == word; });
     if (unit == units.end() || end == std::string::npos)
-        throw Refusal("\"" + value + "\" is no duration such as 90 s, 5 min, 1.5 h or 2 d");
+        throw Refusal("\"" + value + "\" is not a duration; write 90 s, 5 min, 1.5 h or 2 d");
     const std::size_t last = value.find_last_not_of(' ', end);
     return {value.substr(0, last == std::string::npos ? 0 : last + 1), unit->seconds};
 }
@@ -194,6 +206,7 @@ Setting durationSetting(const Page& page)
     setting.controls = {page.txtDuration.name()};
     setting.control = [](Page& shown) -> Control& { return shown.txtDuration; };
     setting.read = durationHeld;
+    setting.offer = [](const HeadlessPage&) { return Offer{{}, {}, "0 or more; s, min, h, d"}; };
     setting.write = [](const HeadlessPage& played, const std::string& value) {
         return enterDuration(played.page(), value);
     };

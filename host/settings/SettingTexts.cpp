@@ -78,6 +78,14 @@ std::optional<double> numberOf(const Value& value)
     return std::nullopt;
 }
 
+std::string joined(const std::vector<std::string>& texts, const std::string& separator)
+{
+    std::string result;
+    for (const std::string& text : texts)
+        result += (result.empty() ? "" : separator) + text;
+    return result;
+}
+
 bool readsSame(const Value& one, const Value& other)
 {
     const auto first = numberOf(one), second = numberOf(other);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ko {
 
@@ -33,5 +34,7 @@ bool readsSame(const Value& one, const Value& other);
 }
 /// The value as a number; none for one that is no number.
 std::optional<double> numberOf(const Value& value);
+
+std::string joined(const std::vector<std::string>& texts, const std::string& separator);
 
 } // namespace ko

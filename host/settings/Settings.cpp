@@ -10,14 +10,6 @@ namespace ko {
 
 namespace {
 
-std::string joined(const std::vector<std::string>& texts, const std::string& separator)
-{
-    std::string result;
-    for (const std::string& text : texts)
-        result += (result.empty() ? "" : separator) + text;
-    return result;
-}
-
 /// How many characters lie between two names (Levenshtein).
 std::size_t distance(const std::string& one, const std::string& other)
 {
@@ -108,7 +100,7 @@ Assignment assignmentIn(const HeadlessPage& played, const std::string& text)
 {
     const std::size_t first = text.find('=');
     if (first == std::string::npos)
-        throw InputError(text + ": --set takes NAME=VALUE");
+        throw InputError(text + ": --set needs NAME=VALUE");
     const Settings settings = settingsOf(played);
     for (std::size_t sign = text.rfind('='); sign > first; sign = text.rfind('=', sign - 1))
         for (const Setting& setting : settings)
@@ -137,8 +129,10 @@ std::vector<std::string> set(const Setting& setting, HeadlessPage& played, const
     const auto refuse = [&](const std::string& why) { throw Refusal(setting.name + ": " + why); };
     if (!setting.write)
         refuse("can only be read");
-    if (!setting.control(played.page()).isUsable())
-        refuse("not available: the page does not let it be changed now");
+    if (!setting.control(played.page()).isUsable()) {
+        const auto needed = missing(setting.needs, played.page());
+        refuse(needed.empty() ? "not available: the page does not let it be changed now" : needsAdvice(needed));
+    }
     const Request request = requestOf(setting, played, value);
     const HeadlessPage::Reaction reaction = played.use(request.act);
     if (reaction.inert)
@@ -149,6 +143,29 @@ std::vector<std::string> set(const Setting& setting, HeadlessPage& played, const
     if (!reaction.messages.empty())
         refuse(joined(reaction.messages, "; "));
     return {setting.name + ": asked " + settingText(request.value) + ", the instruments keep " + settingText(kept)};
+}
+
+std::vector<std::string> missing(Needs needs, const Page& page)
+{
+    std::vector<std::string> assignments;
+    for (const Need& need : needs) {
+        if ((page.*need.option).value())
+            continue;
+        if (assignments.empty() && !(page.*need.option).isUsable())
+            return {};
+        assignments.emplace_back(need.assignment);
+    }
+    return assignments;
+}
+
+std::string needsText(const std::vector<std::string>& assignments)
+{
+    return "needs " + joined(assignments, " and ");
+}
+
+std::string needsAdvice(const std::vector<std::string>& assignments)
+{
+    return needsText(assignments) + " (add --set " + joined(assignments, " --set ") + " before it)";
 }
 
 std::string labelText(const CaptionControl& control)

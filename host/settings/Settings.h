@@ -17,6 +17,7 @@ public:
 struct Offer {
     std::vector<std::string> choices;
     std::optional<Range> range;
+    std::string form; ///< how to write what the page takes, where that is not plain
 };
 
 /// How the user sets a setting.
@@ -24,6 +25,16 @@ struct Request {
     std::function<void(HeadlessPage&)> act; ///< gives the user's inputs
     Value value;                            ///< what the setting then reads
 };
+
+/// An option of the page that has to be selected before a setting can be set.
+struct Need {
+    const char* assignment; ///< that selects it
+    OptionButton Page::*option;
+};
+using Needs = std::span<const Need>;
+
+/// The assignments that are missing; none where the page does not let the first one be made.
+std::vector<std::string> missing(Needs needs, const Page& page);
 
 /// A setting of the page under a name that the command line knows.
 struct Setting {
@@ -38,6 +49,8 @@ struct Setting {
     std::function<Offer(const HeadlessPage&)> offer;
     /// Empty for a setting that can only be read. Fails with a `Refusal`.
     std::function<Request(const HeadlessPage&, const std::string&)> write;
+    /// What has to be set first, in this order.
+    Needs needs;
     /// The page's own names for it.
     std::vector<std::string> controls;
 
@@ -76,6 +89,11 @@ Value valueOf(const Setting& setting, const HeadlessPage& played);
 /// Sets a setting as the user does. Answers what there is to tell of it: that another value than the one asked for was
 /// kept, say. Fails with a `Refusal`.
 std::vector<std::string> set(const Setting& setting, HeadlessPage& played, const std::string& value);
+
+/// "needs start=time".
+std::string needsText(const std::vector<std::string>& assignments);
+/// The same with what to add to the command line.
+std::string needsAdvice(const std::vector<std::string>& assignments);
 
 /// A caption without its mnemonic mark and colon.
 std::string labelText(const CaptionControl& control);

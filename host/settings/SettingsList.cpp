@@ -72,14 +72,26 @@ std::string choicesText(const std::vector<std::string>& choices, const std::stri
     return text;
 }
 
+/// How to write a value of what is no choice.
+std::string formText(const Offer& offer)
+{
+    return offer.range ? rangeText(*offer.range) : offer.form;
+}
+
+std::string unavailableText(const Setting& setting, const Page& page)
+{
+    const auto needed = missing(setting.needs, page);
+    return "(" + (needed.empty() ? "not available now" : needsText(needed)) + ")";
+}
+
 std::string offerText(const Setting& setting, const HeadlessPage& played)
 {
     if (!setting.write)
         return "(read-only)";
     if (!canBeSet(setting, played))
-        return "(not available now)";
+        return unavailableText(setting, played.page());
     const Offer offer = presentOffer(setting, played);
-    return offer.range ? rangeText(*offer.range) : choicesText(offer.choices, setting.name);
+    return offer.choices.empty() ? formText(offer) : choicesText(offer.choices, setting.name);
 }
 
 constexpr std::size_t columns = 4;
@@ -171,12 +183,18 @@ std::string settingNames(const Settings& settings)
     return names;
 }
 
-std::string settingChoices(const HeadlessPage& played, const std::string& name)
+Choices settingChoices(const HeadlessPage& played, const std::string& name)
 {
-    std::string lines;
-    for (const std::string& choice : presentOffer(settingNamed(played, name), played).choices)
-        lines += oneLine(choice) + '\n';
-    return lines;
+    const Setting setting = settingNamed(played, name);
+    if (!setting.write)
+        throw Refusal(setting.name + ": can only be read");
+    const Offer offer = presentOffer(setting, played);
+    Choices choices;
+    for (const std::string& choice : offer.choices)
+        choices.lines += oneLine(choice) + '\n';
+    if (const std::string form = formText(offer); offer.choices.empty() && !form.empty())
+        choices.note = setting.name + ": " + form;
+    return choices;
 }
 
 } // namespace ko

@@ -18,7 +18,13 @@ nlohmann::ordered_json settingsJson(const Settings& settings, const HeadlessPage
 /// The names alone, a line each.
 std::string settingNames(const Settings& settings);
 
-/// The choices of a setting, a line each; nothing for one that has none.
-std::string settingChoices(const HeadlessPage& played, const std::string& name);
+/// What a setting can be set to.
+struct Choices {
+    std::string lines; ///< the choices, a line each
+    std::string note;  ///< of a setting without any: how to write its values; empty where there is no more to say
+};
+
+/// Fails as `settingNamed` does, and with a `Refusal` for a setting that can only be read.
+Choices settingChoices(const HeadlessPage& played, const std::string& name);
 
 } // namespace ko

@@ -86,6 +86,8 @@ Request pickChannel(const HeadlessPage& played, const std::string& value)
             channel.text()};
 }
 
+constexpr Need startOnTrigger{"start=trigger", &Page::optOnTrigger};
+
 Setting channelSetting(const Page& page)
 {
     Setting setting;
@@ -93,6 +95,7 @@ Setting channelSetting(const Page& page)
     setting.label = labelText(page.lblChannel);
     setting.controls = {page.txtChannel.name()};
     setting.control = [](Page& shown) -> Control& { return shown.txtChannel; };
+    setting.needs = Needs(&startOnTrigger, 1);
     setting.read = channelChosen;
     setting.offer = offeredChannels;
     setting.write = pickChannel;
@@ -127,16 +130,17 @@ Offer offerOfParameter(const HeadlessPage& played, std::int32_t row)
     const Page& page = played.page();
     const CellStyle& style = page.grdParam.cell(row, Grid::valueColumn).style;
     if (style.control == CellStyle::Control::list)
-        return {style.choices, {}};
+        return {style.choices, {}, {}};
     if (style.control == CellStyle::Control::check)
-        return {{"False", "True"}, {}};
+        return {{"False", "True"}, {}, {}};
     TriggerParameters& parameters = parametersOf(played);
     const std::int32_t slot = page.TriggerSlot, channel = page.TriggerChannel, id = idOf(page, row);
     const std::string type = parameters.GetTriggerParamType(slot, channel, id);
     if (type != "Float" && type != "Integer")
         return {};
     return {{},
-            Range{parameters.GetTriggerParamMin(slot, channel, id), parameters.GetTriggerParamMax(slot, channel, id)}};
+            Range{parameters.GetTriggerParamMin(slot, channel, id), parameters.GetTriggerParamMax(slot, channel, id)},
+            {}};
 }
 
 Request editCell(const HeadlessPage& played, std::int32_t row, const std::string& value)

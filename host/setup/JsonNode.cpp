@@ -84,7 +84,7 @@ void JsonNode::onlyKeys(std::initializer_list<std::string_view> keys) const
         refuse("must be an object");
     for (const auto& [key, value] : value_.items())
         if (std::find(keys.begin(), keys.end(), key) == keys.end())
-            JsonNode(value, *this, key, 0).refuse("is not known here");
+            JsonNode(value, *this, key, 0).refuse("unknown key");
 }
 
 void JsonNode::requireArray() const

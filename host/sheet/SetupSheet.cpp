@@ -34,12 +34,16 @@ public:
         html_.heading(2, text(sheetText::channels));
         for (const auto& instrument : root_.rows())
             channels(*instrument);
-        return html_.document(text(hostText::languageCode), text(sheetText::sheet) + QStringLiteral(": ") + name());
+        return html_.document(text(hostText::languageCode), named(text(sheetText::sheet), name()));
     }
 
 private:
     [[nodiscard]] QString text(int number) const { return source_.texts(number); }
     [[nodiscard]] QString plain(int number) const { return withoutMnemonic(text(number)); }
+    [[nodiscard]] QString named(const QString& name, const QString& value) const
+    {
+        return text(sheetText::namedValue).arg(name, value);
+    }
     [[nodiscard]] QString name() const { return toShown(source_.file.empty() ? source_.title : source_.file); }
 
     /// A caption without mnemonic and colon.
@@ -75,7 +79,7 @@ private:
 
 void Sheet::head()
 {
-    html_.heading(1, text(sheetText::sheet) + QStringLiteral(": ") + toShown(source_.title));
+    html_.heading(1, named(text(sheetText::sheet), toShown(source_.title)));
     QString file = source_.file.empty() ? nothing : toShown(source_.file);
     if (source_.isChanged)
         file = text(sheetText::changed).arg(file);
@@ -205,7 +209,7 @@ QString Sheet::parameters(InstrumentRow& channel) const
 {
     QStringList all;
     for (const auto& parameter : channel.rows())
-        all << nameOf(*parameter, source_.texts) + QStringLiteral(": ") + valueIn(*parameter);
+        all << named(nameOf(*parameter, source_.texts), valueIn(*parameter));
     return all.isEmpty() ? nothing : all.join(QStringLiteral("; "));
 }
 

@@ -149,7 +149,7 @@ QByteArray sheetPdf(const SheetSource& source, QPageSize::PageSizeId paper)
     content.open(QIODevice::WriteOnly);
     QPdfWriter writer(&content);
     writer.setPageSize(QPageSize(paper));
-    writer.setTitle(source.texts(sheetText::sheet) + QStringLiteral(": ") + toQt(source.title));
+    writer.setTitle(source.texts(sheetText::namedValue).arg(source.texts(sheetText::sheet), toQt(source.title)));
     printSheet(source, writer);
     return content.data();
 }

@@ -18,6 +18,7 @@ inline constexpr int parameters = 3365;
 inline constexpr int changed = 3366;
 inline constexpr int pageOf = 3367;
 inline constexpr int notPrinted = 3368;
+inline constexpr int namedValue = 3369; ///< a name and what it is
 } // namespace sheetText
 
 } // namespace ko

@@ -26,6 +26,7 @@ inline constexpr int notOpened = 3118;
 inline constexpr int noSetup = 3119;
 inline constexpr int reports = 3120;
 inline constexpr int reportCount = 3121;
+inline constexpr int helpOnPage = 3122;
 inline constexpr int aboutText = 3123;
 inline constexpr int reportsHint = 3124;
 inline constexpr int changedOnDisk = 3125;

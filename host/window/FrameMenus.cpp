@@ -138,8 +138,9 @@ void FrameWindow::makeHelpMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::helpMenu));
     // F1 is the page's key first; the text behind the tabulator only shows it.
-    QAction& contents = addEntry(menu, hostText::contents, {}, [this] { runCommand(command::help); });
-    contents.setText(contents.text() + QStringLiteral("\tF1"));
+    QAction& onPage = addEntry(menu, hostText::helpOnPage, {}, [this] { runCommand(command::help); });
+    onPage.setText(onPage.text() + QStringLiteral("\tF1"));
+    addEntry(menu, hostText::contents, {}, [this] { showHelp(contentsTopic); });
     addEntry(menu, hostText::about, {}, [this] { showAbout(); });
 }
 

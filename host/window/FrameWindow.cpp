@@ -133,7 +133,8 @@ void FrameWindow::makePage()
 {
     document_ = component_->createDocument(*this);
     page_ = new PageWidget(
-        document_->page(), [this](int number) { return text(number); }, this);
+        document_->page(), [this](int number) { return text(number); }, this,
+        {text(hostText::fileMenu), text(hostText::editMenu), text(hostText::viewMenu), text(hostText::helpMenu)});
     static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, page_, 1);
     page_->view().formChanged = [this] { showHint(); };
 }

@@ -107,7 +107,7 @@ void HelpWindow::connectButtons(QPushButton& contents, QPushButton& back, QPushB
 {
     back.setEnabled(false);
     forward.setEnabled(false);
-    onSignal(&contents, &QPushButton::clicked, this, [this] { showPage(pageOf(0)); });
+    onSignal(&contents, &QPushButton::clicked, this, [this] { turnTo(contentsTopic); });
     onSignal(&back, &QPushButton::clicked, browser_, [this] { browser_->backward(); });
     onSignal(&forward, &QPushButton::clicked, browser_, [this] { browser_->forward(); });
     onSignal(browser_, &QTextBrowser::backwardAvailable, &back, [&back](bool on) { back.setEnabled(on); });

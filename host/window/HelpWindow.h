@@ -9,13 +9,15 @@ class QTextBrowser;
 
 namespace ko {
 
+inline constexpr std::int32_t contentsTopic = 0;
+
 /// The host's help: pages that lead to each other, with the way back. It shows files of its folder and nothing else.
 class HelpWindow : public QDialog {
 public:
     /// `folder` holds the pages of one language.
     HelpWindow(const Texts& texts, const QString& folder, QWidget* parent);
 
-    /// Turns to the page of this topic, one of `helpTopic`, or to the contents for any other number.
+    /// Turns to the page of this topic, one of `helpTopic`, or to the contents for `contentsTopic` and other numbers.
     void turnTo(std::int32_t topic);
 
     [[nodiscard]] QTextBrowser& browser() { return *browser_; }

@@ -15,6 +15,7 @@ namespace {
 
 /// Texts by their numbers in the string table.
 namespace fitText {
+constexpr int either = 3246;
 constexpr int fits = 3273;
 constexpr int longestDuration = 3274;
 constexpr int latestStop = 3275;
@@ -64,7 +65,7 @@ void WhatFits::tell(std::int32_t code, const Rates& rates)
         const Forecast forecast(page_);
         std::string offered = offerDuration(forecast);
         if (const std::string rate = offerRate(forecast, rates); !rate.empty())
-            offered += ", " + rate;
+            offered = filled(support_.text(fitText::either), {offered, rate});
         show(step, withOneFullStop(filled(support_.text(fitText::fits), {offered})));
     });
 }

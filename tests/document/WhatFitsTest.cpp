@@ -38,14 +38,14 @@ TEST_F(WhatFitsTest, IsToldInTheHintLineWithTheMessageAsItIs)
     open();
     document->mode().setClientSite(host.site());
     refuse(page().txtDuration, "1e9");
-    EXPECT_EQ(lastHint(), "  These fit, if the instruments keep them: duration up to 524 seconds, Sample Rate (Sa/s) "
+    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: duration up to 524 seconds or Sample Rate (Sa/s) "
                           "up to 52428.");
     EXPECT_EQ("  " + page().lblWhatFits.caption(), lastHint());
     EXPECT_EQ(page().cmdTakeRate.tag(), page().lblWhatFits.caption());
     const std::string scans = page().lblNumScansValue.caption();
     refuse(page().txtScanPeriod, "1e-9");
     EXPECT_EQ(page().lblNumScansValue.caption(), scans);
-    EXPECT_EQ(lastHint(), "  These fit, if the instruments keep them: duration up to 524 seconds, Scan Rate (Sc/s) up "
+    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: duration up to 524 seconds or Scan Rate (Sc/s) up "
                           "to 53687075.");
     EXPECT_EQ(host.takeReports(), Texts());
     type(page().txtDuration, "9");
@@ -123,7 +123,7 @@ TEST_F(WhatFitsTest, WhereNothingFitsThatIsSaidAndNothingIsOffered)
     open();
     refuse(page().txtDuration, "5");
     EXPECT_EQ(page().lblWhatFits.caption(),
-              "These fit, if the instruments keep them: no duration, no value of Sample Rate (Sa/s).");
+              "The 2 GB limit allows: no duration or no value of Sample Rate (Sa/s).");
     EXPECT_FALSE(page().cmdTakeDuration.visible() || page().cmdTakeRate.visible());
     document->mode().setReadOnly(true);
     EXPECT_FALSE(page().lblWhatFits.visible());

@@ -130,7 +130,7 @@ TEST_F(PlanTest, FiguresThatAreNotKnownAreLeftOut)
 
 TEST_F(PlanTest, ADurationThatIsNotKnownIsSaid)
 {
-    const auto expectUnknown = [this] { EXPECT_NE(plan().find("not known."), std::string::npos) << plan(); };
+    const auto expectUnknown = [this] { EXPECT_NE(plan().find("unknown."), std::string::npos) << plan(); };
     figures.actualSeconds.reset();
     expectUnknown();
     figures.actualSeconds = 90.0;
@@ -141,11 +141,11 @@ TEST_F(PlanTest, ADurationThatIsNotKnownIsSaid)
     startAt("");
     expectUnknown();
     page.optStartTime.showSelected();
-    EXPECT_EQ(plan(), "Starts at 9:30:00 AM; how long it records is not known.");
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM; recording time unknown.");
     figures.plannedSeconds = 90.0;
     page.optStopTime.showSelected();
     figures.stopTime.reset();
-    EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM; how long that is, is not known.");
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM; recording time unknown.");
 }
 
 TEST_F(PlanTest, DurationsAreToldInTheUnitEnteredAndInTheTwoLargest)
@@ -174,7 +174,7 @@ TEST_F(PlanTest, DurationsAreToldInTheUnitEnteredAndInTheTwoLargest)
         EXPECT_NE(plan().find(std::string("about ") + it.later + " later"), std::string::npos) << plan();
     }
     figures.actualSeconds = 1e30;
-    EXPECT_NE(plan().find("not known"), std::string::npos);
+    EXPECT_NE(plan().find("unknown"), std::string::npos);
 }
 
 TEST_F(PlanTest, EachLanguageHasItsOwnSentencesPluralsAndSeparators)
@@ -189,12 +189,12 @@ TEST_F(PlanTest, EachLanguageHasItsOwnSentencesPluralsAndSeparators)
               "und 12,8 KB statisch, endet etwa 1 min 30 s später.");
     locale.digitGroupSeparator = narrowBlank;
     page.frmStatic.setVisible(false);
-    EXPECT_EQ(planIn("fr", locale), "Démarre sur déclenchement à Crank (Level 0,5), enregistre 90 s, 2" + narrowBlank +
+    EXPECT_EQ(planIn("fr", locale), "Démarre sur déclenchement par Crank (Level 0,5), enregistre 90 s, 2" + narrowBlank +
                                         "304" + narrowBlank +
                                         "000 échantillons, 17,6 Mo en dynamique, se termine environ 1 min 30 s plus "
                                         "tard.");
     EXPECT_EQ(planIn("ja", Locale()),
-              "Crank（Level 0,5） のトリガで開始し、90 秒 記録します。2,304,000 サンプル、動的 17.6 MB。約 1 分 30 秒 "
+              "Crank (Level 0,5) のトリガで開始し、90 秒 記録します。2,304,000 サンプル、動的 17.6 MB。約 1 分 30 秒 "
               "後に終了します。");
 }
 

@@ -13,7 +13,7 @@ TOGETHER = {
     "menu View": [3111, 3139, 3140, 3141],
     "dialog of faults": [3174, 3175],
     "menu Edit": [3106, 3107, 3108, 3109],
-    "menu Help": [3113, 3114],
+    "menu Help": [3113, 3114, 3122],
     "help window": [3113, 3221, 3222, 3223],
 }
 # English texts that are given as they are.

@@ -34,33 +34,33 @@ TEST(OfferAccountTest, SaysWhatEachDriverOffersAndWhatThatDoesToTheOthers)
         {"nobody", {}, {}, "The instruments share no values and no range."},
         {"lists",
          {{{4, 1, 2}, {}}, {{2, 4, 9}, {}}, {{4, 2}, {}}},
-         {"3 values, from 1 to 4|All that it offers is taken over", "3 values, from 2 to 9|Removes: 1",
+         {"3 values, from 1 to 4|All its values are used", "3 values, from 2 to 9|Removes: 1",
           "2 values, from 2 to 4|None"},
          "All instruments share: 2 values, from 2 to 4."},
         {"a range among lists",
          {{{1, 5, 9}, {}}, {{}, {5, 100}}, {{}, {0, 6}}, {{}, {0, 0}}},
-         {"3 values, from 1 to 9|All that it offers is taken over", "Any value from 5 to 100|Removes: 1",
+         {"3 values, from 1 to 9|All its values are used", "Any value from 5 to 100|Removes: 1",
           "Any value up to 6|Removes: 9", "Nothing|None"},
          "All instruments share: One value: 5."},
         {"a list after a range",
          {{{}, {2, 6}}, {{1, 3, 7}, {}}, {{}, {2, 5}}},
-         {"Any value from 2 to 6|All that it offers is taken over",
-          "3 values, from 1 to 7|All that it offers is taken over, except: 1; 7", "Any value from 2 to 5|None"},
+         {"Any value from 2 to 6|All its values are used",
+          "3 values, from 1 to 7|All its values are used, except: 1; 7", "Any value from 2 to 5|None"},
          "All instruments share: One value: 3."},
         {"a list that no value of fits the range",
          {{{}, {2, 6}}, {{7, 8}, {}}, {{5}, {}}},
-         {"Any value from 2 to 6|All that it offers is taken over",
-          "2 values, from 7 to 8|None of its values is shared", "One value: 5|All that it offers is taken over"},
+         {"Any value from 2 to 6|All its values are used",
+          "2 values, from 7 to 8|None of its values is shared", "One value: 5|All its values are used"},
          "All instruments share: One value: 5."},
         {"afresh",
          {{{1, 2}, {}}, {{3, NAN, -1}, {}}, {{7}, {}}},
-         {"2 values, from 1 to 2|All that it offers is taken over",
-          "One value: 3 (2 more that cannot be used)|Removes all that is left: 1; 2. The next list starts anew.",
-          "One value: 7|All that it offers is taken over"},
+         {"2 values, from 1 to 2|All its values are used",
+          "One value: 3 (2 more that cannot be used)|No value in common; removes 1; 2. The list restarts with the next instrument.",
+          "One value: 7|All its values are used"},
          "All instruments share: One value: 7."},
         {"ranges",
          {{{NAN}, {1, 10}}, {{}, {4, 20}}, {{}, {2, 30}}, {{}, {11, 12}}},
-         {"Any value from 1 to 10 (1 more that cannot be used)|All that it offers is taken over",
+         {"Any value from 1 to 10 (1 more that cannot be used)|All its values are used",
           "Any value from 4 to 20|Narrows the range to: Any value from 4 to 10", "Any value from 2 to 30|None",
           "Any value from 11 to 12|Narrows the range to: No value"},
          "All instruments share: No value."},
@@ -81,7 +81,7 @@ TEST(OfferAccountTest, SaysWhatEachDriverOffersAndWhatThatDoesToTheOthers)
 TEST(OfferAccountTest, PeriodsAreToldAsRatesWithTheEndsExchanged)
 {
     const OfferAccount account = accountOf({{{}, {0, 0.001}}, {{0.5, 0.25, 0.001, 0.0001}, {}}, {{0.5}, {}}});
-    const Texts first{"Any value from 1000", "All that it offers is taken over", "Kept as asked, or none written"};
+    const Texts first{"Any value from 1000", "All its values are used", "No difference"};
     EXPECT_EQ(english(true).row(account, 0), first);
     EXPECT_EQ(english(true).row(account, 1)[0], "4 values, from 2 to 10000");
     EXPECT_EQ(english(true).common(account), "All instruments share: Any value from 1000.");
@@ -159,20 +159,20 @@ TEST_F(ShowOffersTest, EachButtonTellsOfItsQuantityAndOfWhatWasKeptOtherwise)
     EXPECT_EQ(shown.common, "All instruments share: 2 values, from 250 to 500.");
     ASSERT_EQ(shown.rows.size(), 3U);
     EXPECT_EQ(shown.rows[1],
-              (Texts{"Second", "2 values, from 250 to 500", "Removes: 1000", "Kept as asked, or none written"}));
+              (Texts{"Second", "2 values, from 250 to 500", "Removes: 1000", "No difference"}));
     EXPECT_EQ(shown.rows[2][0] + " " + shown.rows[2][1], "3 No timebase");
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:cmdSampleRateOffers_Click 1000: DriverName failed"});
     EXPECT_EQ(press(page().cmdSamplePeriodOffers).rows[1][2], "Removes: 0.001");
     EXPECT_EQ(press(page().cmdBlockSizeOffers).rows[1][1], "Nothing (it failed to answer)");
 
     page().txtScanRate.userReplaced("2", 0, 0);
-    EXPECT_EQ(press(page().cmdScanPeriodOffers).rows[0][3], "Asked for 0.5, kept 0.4");
-    EXPECT_EQ(press(page().cmdScanRateOffers).rows[0][3], "Asked for 2, kept 2.5");
-    EXPECT_EQ(press(page().cmdScanRateOffers).rows[1][3], "Kept as asked, or none written");
+    EXPECT_EQ(press(page().cmdScanPeriodOffers).rows[0][3], "Requested 0.5, set to 0.4");
+    EXPECT_EQ(press(page().cmdScanRateOffers).rows[0][3], "Requested 2, set to 2.5");
+    EXPECT_EQ(press(page().cmdScanRateOffers).rows[1][3], "No difference");
     second.failing = {"ScanPeriod"};
     page().txtScanRate.userReplaced("4", 0, 0);
-    EXPECT_EQ(press(page().cmdScanRateOffers).rows[0][3], "Kept as asked, or none written");
-    EXPECT_EQ(press(page().cmdScanRateOffers).rows[1][3], "Asked for 4, not read back");
+    EXPECT_EQ(press(page().cmdScanRateOffers).rows[0][3], "No difference");
+    EXPECT_EQ(press(page().cmdScanRateOffers).rows[1][3], "Requested 4, not read back");
     host.takeReports();
 }
 
@@ -204,7 +204,7 @@ TEST_F(ShowOffersTest, AfterARefusalItTellsOfTheValuesPutBack)
     driver.keeps = [](double value) { return value == 0.5 ? 0.25 : value; };
     page().txtSamplePeriod.userReplaced("0.0001", 0, 0);
     EXPECT_EQ(host.takeMessages().size(), 1U);
-    EXPECT_EQ(press(page().cmdSamplePeriodOffers).rows[0][3], "Asked for 0.5, kept 0.25");
+    EXPECT_EQ(press(page().cmdSamplePeriodOffers).rows[0][3], "Requested 0.5, set to 0.25");
 }
 
 } // namespace

@@ -42,7 +42,7 @@ FormView::~FormView()
 QString FormView::withMnemonic(const QString& caption)
 {
     if (!mnemonics_)
-        mnemonics_.emplace(form_);
+        mnemonics_.emplace(form_, reserved_);
     return mnemonics_->marked(caption);
 }
 

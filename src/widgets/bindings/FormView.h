@@ -82,6 +82,8 @@ public:
     /// A menu with the items that stand in it.
     QMenu& menu(Menu& control, const std::vector<Menu*>& items);
 
+    /// Letters that these captions mark lead elsewhere. Said before any label is made.
+    void reserveMnemonics(const QStringList& captions) { reserved_ = captions; }
     /// A caption with the mnemonic that leads to what it names. The form has its captions by then.
     QString withMnemonic(const QString& caption);
 
@@ -102,6 +104,7 @@ private:
     Form& form_;
     Texts texts_;
     FocusKeeper focus_;
+    QStringList reserved_;
     std::optional<Mnemonics> mnemonics_;
     std::map<const Control*, std::unique_ptr<QObject>> bindings_;
     std::map<const Control*, QWidget*> widgets_;

@@ -3,6 +3,8 @@
 #include "platform/CaptionControls.h"
 #include "widgets/support/Convert.h"
 
+#include <algorithm>
+
 namespace ko {
 
 namespace {
@@ -22,16 +24,45 @@ qsizetype markedLetter(const QString& caption)
     return -1;
 }
 
+/// The keys of a menu's entries are its own.
+bool isInMenu(const Control& control)
+{
+    return dynamic_cast<const Menu*>(control.container()) != nullptr;
+}
+
+bool needsInputMethod(QChar letter)
+{
+    const auto script = letter.script();
+    return script == QChar::Script_Han || script == QChar::Script_Hiragana || script == QChar::Script_Katakana ||
+           script == QChar::Script_Hangul;
+}
+
+/// The end of the text before a unit or a colon in a caption that no key types; 0 for others.
+qsizetype endOfForeignText(const QString& caption)
+{
+    if (std::none_of(caption.begin(), caption.end(), needsInputMethod))
+        return 0;
+    qsizetype end = caption.size();
+    while (!caption[end - 1].isLetter() || caption[end - 1].unicode() < 0x80)
+        --end;
+    return end;
+}
+
 } // namespace
 
-Mnemonics::Mnemonics(const Form& form)
+Mnemonics::Mnemonics(const Form& form, const QStringList& elsewhere)
 {
-    for (const Control* control : form.controls()) {
-        const auto* captioned = dynamic_cast<const CaptionControl*>(control);
-        const QString caption = captioned ? toQt(captioned->caption()) : QString();
-        if (const qsizetype at = markedLetter(caption); at >= 0)
-            taken_.insert(caption[at].toLower());
-    }
+    for (const QString& caption : elsewhere)
+        take(caption);
+    for (const Control* control : form.controls())
+        if (const auto* captioned = dynamic_cast<const CaptionControl*>(control); captioned && !isInMenu(*control))
+            take(toQt(captioned->caption()));
+}
+
+void Mnemonics::take(const QString& caption)
+{
+    if (const qsizetype at = markedLetter(caption); at >= 0)
+        taken_.insert(caption[at].toLower());
 }
 
 bool Mnemonics::isFree(const QString& caption, qsizetype at, bool atWordStart) const
@@ -41,10 +72,23 @@ bool Mnemonics::isFree(const QString& caption, qsizetype at, bool atWordStart) c
     return hasKey && (startsWord || !atWordStart) && !taken_.contains(caption[at].toLower());
 }
 
+QString Mnemonics::appended(const QString& caption, qsizetype at)
+{
+    const QString candidates = caption.toUpper() + QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+    for (qsizetype i = 0; i < candidates.size(); ++i)
+        if (isFree(candidates, i, false)) {
+            taken_.insert(candidates[i].toLower());
+            return QString(caption).insert(at, QStringLiteral("(&%1)").arg(candidates[i]));
+        }
+    return caption;
+}
+
 QString Mnemonics::marked(const QString& caption)
 {
     if (markedLetter(caption) >= 0)
         return caption;
+    if (const qsizetype end = endOfForeignText(caption); end > 0)
+        return appended(caption, end);
     for (const bool atWordStart : {true, false})
         for (qsizetype i = 0; i < caption.size(); ++i)
             if (isFree(caption, i, atWordStart)) {

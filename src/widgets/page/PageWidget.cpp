@@ -9,7 +9,7 @@
 
 namespace ko {
 
-PageWidget::PageWidget(Page& page, const Texts& texts, QWidget* parent)
+PageWidget::PageWidget(Page& page, const Texts& texts, QWidget* parent, const QStringList& menus)
     : QScrollArea(parent), page_(page), view_(new FormView(page, texts)),
       picture_(new NoInstrumentPicture(texts, view_)),
       menu_(&view_->menu(page.mnuTimebase, {&page.mnuTimebaseTriggerLines}))
@@ -18,6 +18,7 @@ PageWidget::PageWidget(Page& page, const Texts& texts, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     setWidget(view_);
+    view_->reserveMnemonics(menus);
     layDynamic();
     layStatic();
     layStart();

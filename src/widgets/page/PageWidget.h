@@ -22,7 +22,8 @@ class NoInstrumentPicture;
 /// The page outlives the widget.
 class PageWidget : public QScrollArea {
 public:
-    PageWidget(Page& page, const Texts& texts, QWidget* parent = nullptr);
+    /// `menus` are the titles of the window's other menus: no label takes one of their letters.
+    PageWidget(Page& page, const Texts& texts, QWidget* parent = nullptr, const QStringList& menus = {});
     ~PageWidget() override;
 
     [[nodiscard]] FormView& view() { return *view_; }

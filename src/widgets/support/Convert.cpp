@@ -30,10 +30,27 @@ std::size_t charactersOf(const QString& text, qsizetype units)
     return static_cast<std::size_t>(part.size() - pairs);
 }
 
+namespace {
+
+constexpr qsizetype appendedMnemonic = 4; // "(&S)"
+
+/// As captions of East Asian languages have it.
+bool isAppendedMnemonic(const QString& caption, qsizetype at)
+{
+    return at + appendedMnemonic <= caption.size() && caption[at] == u'(' && caption[at + 1] == u'&' &&
+           caption[at + 2].isLetter() && caption[at + 3] == u')';
+}
+
+} // namespace
+
 QString withoutMnemonic(const QString& caption)
 {
     QString plain;
     for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (isAppendedMnemonic(caption, i)) {
+            i += appendedMnemonic - 1;
+            continue;
+        }
         if (caption[i] == u'&' && i + 1 < caption.size())
             ++i;
         plain += caption[i];

@@ -23,7 +23,7 @@ std::string fromQt(const QString& text);
 int unitsOf(const QString& text, std::size_t characters);
 std::size_t charactersOf(const QString& text, qsizetype units);
 
-/// A caption as it reads: without the ampersand of its mnemonic.
+/// A caption as it reads: without the ampersand of its mnemonic, or without a mnemonic appended as "(&S)".
 QString withoutMnemonic(const QString& caption);
 
 /// `font`, where it differs from its form's font, put on top of what `widget` inherits.

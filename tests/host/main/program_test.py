@@ -119,6 +119,18 @@ class Program(unittest.TestCase):
         settings = json.loads(run(SETUP, "--list", "--json").stdout)
         self.assertEqual([one["name"] for one in settings], run(SETUP, "--list", "--names").stdout.split())
 
+    def test_a_command_line_that_cannot_be_done_says_what_to_write(self):
+        for arguments, status, complaint in (
+                ((SETUP, "--choices", "span"), 1, "span: can only be read"),
+                ((SETUP, "--choices", "duration"), 0, "note: duration: 0 or more; s, min, h, d"),
+                ((SETUP, "--sheet", "x.pdf", "--paper", "A3"), 2, "--paper: use A4 or Letter; "),
+                ((SETUP, "--set", "duration"), 2, "duration: --set needs NAME=VALUE"),
+                ((SETUP, "--headless", "--language", "xx"), 2, "xx: unknown language; use en, de, fr, ja or a string file"),
+                (("--list",), 2, "give a set-up file, e.g. korvell-host bench.json --list")):
+            done = run(*arguments)
+            self.assertEqual((done.returncode, done.stdout), (status, ""), arguments)
+            self.assertTrue(done.stderr.startswith("korvell-host: " + complaint), done.stderr)
+
     def test_the_examples_of_the_help_work(self):
         examples = re.findall(r"^  (korvell-host .*?)(?:   .*)?$", run("--help").stdout, re.MULTILINE)
         examples.remove("korvell-host bench.json")  # waits in a window
@@ -148,7 +160,9 @@ class Program(unittest.TestCase):
             done = run(SETUP, "--set", "duration=90", "--sheet", page, "--language", "de")
             self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
             text = page.read_text(encoding="utf-8")
-            for part in ('lang="de"', "zeichnet 1.5 min auf", "Änderungen", "Torque", "Camshaft (0:3:2)"):
+            self.assertEqual(run(SETUP, "--sheet", sheet.with_suffix(".fr.html"), "--language", "fr").returncode, 0)
+            self.assertIn("Fiche de configuration\u00a0: ", sheet.with_suffix(".fr.html").read_text(encoding="utf-8"))
+            for part in ('lang="de"', "zeichnet 1,5 min auf", "Änderungen", "Torque", "Camshaft (0:3:2)"):
                 self.assertIn(part, text)
             for paper, region, width in (((), "de_DE.UTF-8", "595"), ((), "en_US.UTF-8", "612"),
                                          (("--paper", "A4"), "en_US.UTF-8", "595")):

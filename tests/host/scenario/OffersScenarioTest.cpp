@@ -59,9 +59,9 @@ TEST(OffersScenario, TheListOfSettingsTellsItToo)
     HeadlessPage played({parseSetup(bench, "bench.json"), {}, {}, {}});
     EXPECT_NE(offersText(played).find(R"(
 block-size: All instruments share: Any value from 64 to 1024.
-  Sampler | Any value from 16 to 1024 | All that it offers is taken over | Kept as asked, or none written
-  Scanner | Any value from 64 to 4096 | Narrows the range to: Any value from 64 to 1024 | Kept as asked, or none written
-  Bare | No timebase | None | Kept as asked, or none written
+  Sampler | Any value from 16 to 1024 | All its values are used | No difference
+  Scanner | Any value from 64 to 4096 | Narrows the range to: Any value from 64 to 1024 | No difference
+  Bare | No timebase | None | No difference
 )"),
               std::string::npos)
         << offersText(played);
@@ -85,7 +85,7 @@ expect lblWhatFits visible false
     EXPECT_EQ(run.fault, "");
     EXPECT_TRUE(run.expectationsMet) << run.only({"expectation"});
     const std::string told = run.only({"hint", "message"});
-    EXPECT_NE(told.find("duration up to 536870 seconds, Sample Rate (Sa/s) up to 1000."), std::string::npos) << told;
+    EXPECT_NE(told.find("duration up to 536870 seconds or Sample Rate (Sa/s) up to 1000."), std::string::npos) << told;
 }
 
 } // namespace

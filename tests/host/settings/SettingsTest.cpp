@@ -119,12 +119,14 @@ TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
         {ranges, {"duration=-1"}, "duration: A valid real number in the range 0 to 3.40282346638529E+38 is required."},
         {ranges, {"duration=0,5 s"}, "duration: A valid real number is required."},
         {"demo", {"duration=90 d"}, "duration: Total required disk space for dynamic measurements can never exceed"},
-        {ranges, {"duration=5 weeks"}, "duration: \"5 weeks\" is no duration such as"},
-        {ranges, {"duration="}, "duration: \"\" is no duration such as"},
+        {ranges, {"duration=5 weeks"}, "duration: \"5 weeks\" is not a duration; write 90 s"},
+        {ranges, {"duration="}, "duration: \"\" is not a duration; write 90 s"},
         {ranges, {"start=now"}, "start: \"now\" is not offered; choose one of immediately, trigger, time"},
-        {ranges, {"stop=time"}, "stop: \"time\" is not offered; choose one of after"},
-        {ranges, {"start-time=08:00:00"}, "start-time: not available:"},
-        {ranges, {"start=time", "start-time=soon"}, "start-time: \"soon\" is no time such as"},
+        {ranges, {"stop=time"}, "stop: time needs start=time (add --set start=time before it)"},
+        {ranges, {"start-time=08:00:00"}, "start-time: needs start=time (add --set start=time before it)"},
+        {ranges, {"stop-time=08:00:00"}, "stop-time: needs start=time and stop=time (add --set start=time --set stop=time "},
+        {ranges, {"trigger-channel=A"}, "trigger-channel: needs start=trigger (add --set start=trigger before it)"},
+        {ranges, {"start=time", "start-time=soon"}, "start-time: \"soon\" is not a time; write 2026"},
         {ranges, {"start=time", "start-time=1899-12-30T09:30:00"}, "start-time: \"1899-12-30T09:30:00\" is too early"},
         {ranges, {"start=time", "start-time=5/7/1850"}, "start-time: \"5/7/1850\" is too early"},
         {ranges,
@@ -235,10 +237,12 @@ TEST(Settings, AreListedWithWhatTheyCanBeSetTo)
                                   "\ntrigger.Level     0.1                 at least -10\n",
                                   "\ntrigger.Rising    True                False, True\n",
                                   "\ntrigger.Serial    77                  (read-only)\n",
-                                  "\nstop-time         -                   (not available now)\n"})
+                                  "\nstop-time         -                   (needs start=time and stop=time)\n",
+                                  "\nduration          10            s     0 or more; s, min, h, d\n"})
         EXPECT_NE(table.find(row), std::string::npos) << row << table;
-    EXPECT_EQ(settingChoices(bench.played(), "trigger-channel"), "A\n0:3:1\n");
-    EXPECT_EQ(settingChoices(bench.played(), "duration"), "");
+    EXPECT_EQ(settingChoices(bench.played(), "trigger-channel").lines, "A\n0:3:1\n");
+    EXPECT_EQ(settingChoices(bench.played(), "duration").note, "duration: 0 or more; s, min, h, d");
+    EXPECT_THROW(settingChoices(bench.played(), "span"), Refusal);
 }
 
 TEST(Settings, AreListedInALineEachAndSetByThatNameWhateverItIs)

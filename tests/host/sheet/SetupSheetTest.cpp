@@ -80,7 +80,7 @@ TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
           "No. of Samples|90112", "Scan Period (s)|0.5", "Start|On Trigger", "Trigger Channel|Crank <1>", "Level|0.5",
           "Filter|Yes", "Remark|a<b>&c", "Duration|1.5 minutes",
           "Instrument|Sample period|Block size|Scan period|Start|Start time|Stop|Duration",
-          "Digitizer \"A\" & B|0.001 s|1024|0.5 s|On a trigger|12:00:00 AM|After the duration|90 s",
+          "Digitizer \"A\" & B|0.001 s|1024|0.5 s|On trigger|12:00:00 AM|After the duration|90 s",
           "Odd one|\u2013|\u2013|\u2013|\u2013|\u2013|\u2013|\u2013",
           "In|Crank <1> (0:3:1)|Yes|Yes|Level: 0.5; Filter: Yes; Remark: a<b>&c", "In|0:3:2|No|\u2013|\u2013",
           "T|2:1|Yes|No|\u2013"})

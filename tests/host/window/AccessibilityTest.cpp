@@ -1,12 +1,16 @@
 #include "host/window/FrameWindow.h"
 #include "platform/DateControls.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QDialog>
+#include <QFile>
+#include <QLabel>
 #include <QLayout>
 #include <QMenu>
+#include <QMenuBar>
 #include <QProgressBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -143,6 +147,44 @@ TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleVal
     ASSERT_EQ(menu->childCount(), 1);
     EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);
     EXPECT_EQ(menu->child(0)->text(QAccessible::Name), window.text(1127).remove(u'&'));
+}
+
+/// The texts that the Alt key with a letter leads to: menus, labels of fields, buttons.
+QStringList altTexts(FrameWindow& window)
+{
+    QStringList texts;
+    for (const QAction* menu : window.menuBar()->actions())
+        texts << menu->text();
+    for (const QLabel* label : window.findChildren<QLabel*>())
+        if (label->buddy())
+            texts << label->text();
+    for (const QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        if (button->text().contains(u'&'))
+            texts << button->text();
+    return texts;
+}
+
+TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
+{
+    for (const char* language : {"en", "de", "fr", "ja"}) {
+        QFile strings(QStringLiteral(KO_DEMO_FOLDER "/../strings/%1.txt").arg(language));
+        ASSERT_TRUE(strings.open(QIODevice::ReadOnly));
+        FrameWindow window(strings.readAll().toStdString());
+        window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
+        QMap<QKeySequence, QString> places;
+        const QStringList texts = altTexts(window);
+        EXPECT_GT(texts.size(), 15);
+        for (const QString& text : texts) {
+            const QKeySequence key = QKeySequence::mnemonic(text);
+            EXPECT_FALSE(key.isEmpty()) << language << ": " << text.toStdString();
+            // The two options for a time share their text; in English it is given, as is the menu's.
+            const bool isGiven = text == places.value(key) || text == "&Timebase" || text == "At &Time:";
+            EXPECT_TRUE(isGiven || !places.contains(key))
+                << language << ": " << text.toStdString() << " and " << places[key].toStdString();
+            places[key] = text;
+            EXPECT_EQ(*language == 'j' && text.contains(u'&'), text.contains(QStringLiteral("(&"))) << text.toStdString();
+        }
+    }
 }
 
 TEST_F(AccessibilityTest, FiguresInvalidEntriesAndSharesReadWell)

@@ -87,7 +87,7 @@ TEST_F(FailureStripTest, TryAgainRebuildsThePageAndHandsTheFocusBack)
     QTest::keyClick(&button, Qt::Key_Space);
     QCoreApplication::processEvents();
     EXPECT_EQ(lines.count(), 0);
-    EXPECT_EQ(strip.accessibleName(), "All instruments answer again.");
+    EXPECT_EQ(strip.accessibleName(), "All instruments respond again.");
     EXPECT_TRUE(isGone());
     EXPECT_TRUE(window.page().isAncestorOf(QApplication::focusWidget()));
 }

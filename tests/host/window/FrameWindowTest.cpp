@@ -120,8 +120,13 @@ TEST_F(FrameWindowTest, ReadOnlyAndHelpReachThePage)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
     const auto* help = window.findChild<QDialog*>("help");
     ASSERT_NE(help, nullptr);
-    EXPECT_EQ(help->findChild<QTextBrowser*>()->source().fileName(), "read-only.html");
+    const auto topic = [help] { return help->findChild<QTextBrowser*>()->source().fileName(); };
+    EXPECT_EQ(topic(), "read-only.html");
     EXPECT_TRUE(help->isVisible());
+    action(hostText::helpMenu, hostText::contents).trigger();
+    EXPECT_EQ(topic(), "index.html");
+    window.menuBar()->actions().constLast()->menu()->actions().constFirst()->trigger();
+    EXPECT_EQ(topic(), "read-only.html");
 }
 
 TEST_F(FrameWindowTest, OnlyF1AloneOpensTheHelpWhereverTheFocusIs)

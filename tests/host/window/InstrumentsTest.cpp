@@ -150,14 +150,14 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
     };
     tick("SamplePeriod set", "");
     tick("BlockSize set", "");
-    EXPECT_EQ(value({"Digitizer"}), "Fails at: SamplePeriod set, BlockSize set");
+    EXPECT_EQ(value({"Digitizer"}), "Simulated faults: SamplePeriod set, BlockSize set");
     EXPECT_TRUE(window.isWindowModified());
     page().cmbSampleRate.userChose(0);
     page().cmbSampleRate.userChose(1);
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
     EXPECT_TRUE(logged(1, DriverLogModel::Result).contains("simulated failure")) << "the last call that was heard";
     tick("SamplePeriod set", "");
-    EXPECT_EQ(value({"Digitizer"}), "Fails at: BlockSize set");
+    EXPECT_EQ(value({"Digitizer"}), "Simulated faults: BlockSize set");
     tick("", "healAll");
     EXPECT_EQ(value({"Digitizer"}), "");
 }
