@@ -141,51 +141,39 @@ TEST_F(Controls, InputToWhatCannotBeUsedIsInertAndInputThatIsNotLetInIsRefused)
     EXPECT_EQ(grid.cell(2, 1).value, "text");
 }
 
-TEST_F(Controls, WhatIsPutInEndsAtItsFirstLineBreakWhateverTheWay)
-{
-    struct Case {
-        const char* text;
-        std::size_t cursor; ///< after what was put into "AB" behind its A
-        const char *left, *whole;
-    };
-    for (const Case& c :
-         {Case{"A1\n2B", 4, "A1B", "A1"}, Case{"A1\r\n2B", 5, "A1B", "A1"}, Case{"A\n1\n2B", 5, "AB", "A"},
-          Case{"A\u00e9\u20282B", 4, "A\u00e9B", "A\u00e9"}, Case{"A12B", 3, "A12B", "A12B"}}) {
-        const std::string given(utf8Part(c.text, 1, c.cursor - 1));
-        const std::pair<const char*, std::function<std::string()>> ways[] = {
-            {c.left, [&] { return box.userReplaced(c.text, c.cursor, 0), box.text(); }},
-            {c.left, [&] { return box.userReplaced("AB", 1, 0), box.userTyped(given), box.text(); }},
-            {c.left, [&] { return box.userReplaced("AB", 1, 0), box.setSelText(given), box.text(); }},
-            {c.left, [&] { return grid.userTypedInCell(c.text, c.cursor, 0), grid.editor().text(); }},
-            {c.left, [&] { return grid.userTypedInCell("AB", 1, 0), grid.setSelText(given), grid.editor().text(); }},
-            {c.whole, [&] { return grid.userEditedCell(1, c.text), grid.cell(1, 1).value; }},
-            {c.whole, [&] { return box.userReplaced(c.text, utf8Length(c.text), 0), box.text(); }}};
-        grid.cellEdited = [&](CellEvent& event) { grid.setValue(event.row, event.text); };
-        for (const auto& [expected, way] : ways) {
-            ASSERT_EQ(grid.userOpenedCell(1), Outcome::Done);
-            EXPECT_EQ(way(), expected) << c.text << &way - &ways[0].second;
-            grid.userDroppedEdit();
-        }
-        EXPECT_EQ(box.selStart(), utf8Length(c.whole));
-    }
-}
-
-TEST_F(Controls, OnlyTheEmptyTextDeletesTheSelection)
+TEST_F(Controls, WhatIsPutInEndsAtItsFirstLineBreakAndOneThatBeginsWithItChangesNothing)
 {
     const struct {
-        const char *given, *text, *selected;
-    } cases[] = {{"\n7", "A12B", "12"}, {"\r\n", "A12B", "12"}, {"\u20287", "A12B", "12"},
-                 {"", "AB", ""},        {"7\n", "A7B", ""},     {" \n7", "A B", ""}};
-    ASSERT_EQ(grid.userOpenedCell(1), Outcome::Done);
+        std::string given; // for the "12" of "A12B"
+        const char *text, *selected;
+    } cases[] = {{"1\n2", "A1B", ""},      {"1\r\n2", "A1B", ""},    {"\u00e9\u20282", "A\u00e9B", ""},
+                 {"12", "A12B", ""},       {"7\n", "A7B", ""},       {" \n7", "A B", ""},
+                 {"", "AB", ""},           {"\n1\n2", "A12B", "12"}, {"\r\n", "A12B", "12"},
+                 {"\u20287", "A12B", "12"}};
+    grid.cellEdited = [&](CellEvent& event) { grid.setValue(event.row, event.text); };
     for (const auto& c : cases) {
-        box.userReplaced("A12B", 1, 2);
-        box.setSelText(c.given);
-        EXPECT_EQ(box.text(), c.text) << &c - cases;
-        EXPECT_EQ(box.selText(), c.selected) << &c - cases;
-        grid.userTypedInCell("A12B", 1, 2);
-        grid.setSelText(c.given);
-        EXPECT_EQ(grid.editor().text(), c.text) << &c - cases;
-        EXPECT_EQ(grid.selText(), c.selected) << &c - cases;
+        const std::string edited = "A" + c.given + "B";
+        const std::size_t cursor = utf8Length(edited) - 1;
+        const std::function<void()> ways[] = {[&] { box.userTyped(c.given); }, [&] { box.setSelText(c.given); },
+                                              [&] { box.userReplaced(edited, cursor, 0); },
+                                              [&] { grid.setSelText(c.given); },
+                                              [&] { grid.userTypedInCell(edited, cursor, 0); }};
+        for (const auto& way : ways) {
+            ASSERT_EQ(grid.userOpenedCell(1), Outcome::Done);
+            box.userReplaced("A12B", 1, 2);
+            grid.userTypedInCell("A12B", 1, 2);
+            way();
+            const bool inBox = &way < &ways[3];
+            EXPECT_EQ(inBox ? box.text() : grid.editor().text(), c.text) << c.given << &way - ways;
+            EXPECT_EQ(inBox ? box.selText() : grid.selText(), c.selected) << c.given << &way - ways;
+            grid.userDroppedEdit();
+        }
+        grid.setValue(1, "12");
+        box.setText("12");
+        EXPECT_EQ(grid.userEditedCell(1, c.given), Outcome::Done);
+        box.userReplaced(c.given, utf8Length(c.given), 0);
+        EXPECT_EQ("A" + box.text() + "B", c.text) << "as a whole";
+        EXPECT_EQ("A" + grid.cell(1, 1).value + "B", c.text) << "as a whole";
     }
 }
 
