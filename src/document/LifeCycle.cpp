@@ -82,13 +82,8 @@ void TimebaseEditor::UserDocument_Show()
     if (page_.readOnly || step.isSuperseded())
         return;
     step([&] {
-        OptionButton* const options[] = {&page_.optImmediate, &page_.optStartTime};
-        for (OptionButton* option : options)
-            if (option->value()) {
-                page_.moveFocus(option);
-                return;
-            }
-        page_.moveFocus(&page_.optOnTrigger);
+        OptionButton* selected = page_.startOption();
+        page_.moveFocus(selected ? selected : &page_.optImmediate);
     });
 }
 

@@ -102,6 +102,14 @@ Drivers Page::currentDrivers() const
     return Drivers(drivers).first(std::min(announced, drivers.size()));
 }
 
+OptionButton* Page::startOption()
+{
+    for (OptionButton* option : {&optImmediate, &optOnTrigger, &optStartTime})
+        if (option->value())
+            return option;
+    return nullptr;
+}
+
 Driver* Page::driverAt(std::int32_t index) const
 {
     const Drivers current = currentDrivers();

@@ -140,6 +140,9 @@ public:
     std::string hertzText;
     std::string notApplicableText;
 
+    /// The start option that is selected; null while the start mode is not known.
+    [[nodiscard]] OptionButton* startOption();
+
     /// The drivers that the host announced, as far as it handed them over.
     [[nodiscard]] Drivers currentDrivers() const;
     /// The driver of this index; null for -1, an index outside the list or an empty entry.

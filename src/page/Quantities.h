@@ -6,6 +6,7 @@
 #include "support/Steps.h"
 #include "support/Validation.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -99,9 +100,12 @@ template <class Visit> void forEachQuantityOf(const TimebaseNumber& number, Visi
             visit(quantity);
 }
 
-/// The bounds of periods in seconds and of their rates in 1/s; 0 is no bound.
-NumberBounds periodBounds(Range periods);
-NumberBounds rateBounds(Range periods);
+/// The quantity that shows a period as a rate.
+inline const Quantity& rateOf(const TimebaseNumber& period)
+{
+    return *std::find_if(quantities.begin(), quantities.end(),
+                         [&](const Quantity& quantity) { return quantity.number == &period && quantity.isRate; });
+}
 
 /// The timebase whose number the editors show: the current dynamic driver's, or for a number that all drivers share
 /// the current static driver's, else the first static driver's that has one, else the first of all. Failures of the
@@ -115,6 +119,11 @@ struct NumberSetting {
 
     [[nodiscard]] NumberSetting read(const Steps& step, Timebase& timebase) const;
     bool write(const Steps& step, Timebase& timebase) const;
+    [[nodiscard]] NumberSetting without(const NumberSetting& other) const
+    {
+        return value == other.value ? NumberSetting{} : *this;
+    }
+    [[nodiscard]] bool isEmpty() const { return !value; }
 };
 
 } // namespace ko

@@ -83,9 +83,9 @@ int Plan::start() const
 {
     if (page_.optOnTrigger.value())
         return page_.txtChannel.text().empty() ? planText::onAnyTrigger : planText::onTrigger;
-    if (!page_.optStartTime.value())
+    if (page_.optImmediate.value())
         return planText::immediately;
-    if (page_.txtStartTime.text().empty())
+    if (!page_.optStartTime.value() || page_.txtStartTime.text().empty())
         return planText::atUnknownTime;
     return page_.optStopTime.value() ? planText::fromTimeToTime : planText::atTime;
 }

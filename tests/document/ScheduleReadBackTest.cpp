@@ -132,10 +132,57 @@ TEST_F(ScheduleReadBack, AStartTimeThatCannotBeReadOrShownIsNeitherInventedNorWr
                 for (const std::string& write : driver->writes)
                     EXPECT_FALSE(write.starts_with("setStartTime")) << write;
             failIn({});
-            start(0).userClicked();
             start(1).userClicked();
             EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
-            EXPECT_EQ(held(), Texts(2, "1 0 9:30:00 AM 10"));
+            EXPECT_EQ(page().txtStopTime.text(), stops == 1 ? "9:30:10 AM" : "");
+            EXPECT_EQ(held(), Texts(2, stops == 1 ? "1 1 9:30:00 AM 10" : "1 0 9:30:00 AM 10"));
+        }
+}
+
+TEST_F(ScheduleReadBack, AClickActsOnWhatIsShownForAModeThatCouldNotBeRead)
+{
+    const struct {
+        const char* failing;
+        std::int32_t held;
+        const char *shown, *plan;
+        std::function<void()> click;
+        const char* then;
+        int changes;
+    } cases[] = {
+        {"StartMode", 1, "00010", "The start time is not", [this] { start(0).userClicked(); }, "0 0 8:00:00 AM 10", 1},
+        {"StartMode", 0, "00010", "The start time is not", [this] { start(0).userClicked(); }, "0 0 8:00:00 AM 10", 0},
+        {"StartMode", 0, "00010", "The start time is not", [this] { start(1).userClicked(); }, "1 0 9:30:00 AM 10", 1},
+        {"StartMode", 1, "00010", "The start time is not", [this] { start(2).userClicked(); }, "2 0 8:00:00 AM 10", 1},
+        {"queryTimebase", 1, "00010", "The start time is not", [this] { start(0).userClicked(); }, "0 0 8:00:00 AM 10",
+         1},
+        {"StopMode", 1, "01010", "Starts at 8:00:00 AM,", [this] { stop(0).userClicked(); }, "1 0 8:00:00 AM 10", 1},
+        {"StopMode", 1, "01010", "Starts at 8:00:00 AM,", [this] { start(0).userClicked(); }, "0 0 8:00:00 AM 10", 1},
+    };
+    for (const bool isRefused : {false, true})
+        for (const auto& it : cases) {
+            document = makeDocument(shared, host);
+            fakes.clear();
+            openTwo(it.held, it.held);
+            document = makeDocument(shared, host);
+            failIn({it.failing});
+            open();
+            host.takeReports();
+            const std::string before = shown();
+            EXPECT_EQ(before.substr(0, 5), it.shown);
+            EXPECT_EQ(plan().substr(0, 21), it.plan) << plan();
+            EXPECT_EQ(held(), Texts(2, std::to_string(it.held) + " " + std::to_string(it.held) + " 8:00:00 AM 10"));
+            host.changes = 0;
+            failIn(isRefused ? std::set<std::string>{"setStartMode", "setStopMode", "setStartTime", "setDuration"}
+                             : std::set<std::string>{});
+            it.click();
+            EXPECT_EQ(host.changes, isRefused ? 0 : it.changes) << it.failing;
+            if (!isRefused || it.changes == 0) {
+                EXPECT_EQ(held(), Texts(2, it.then)) << it.failing;
+                EXPECT_NE(plan().substr(0, 21), "The start time is not") << plan();
+            } else {
+                EXPECT_EQ(shown(), before) << it.failing;
+                EXPECT_FALSE(host.takeReports().empty());
+            }
         }
 }
 
@@ -205,7 +252,7 @@ TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAn
     const std::set<std::string> writes{"setDuration", "setStartMode", "setStartTime", "setStopMode"};
     std::set<std::string> all = writes;
     all.insert({"Duration", "StartMode", "StartTime", "StopMode"});
-    const char* const decisive[] = {"setStartMode", "setStopMode", "setStartTime", "setStopMode"};
+    const char* const decisive[] = {"setStartMode", "setStopMode", "setStartTime", "setDuration"};
     for (const bool atTime : {false, true})
         for (std::set<std::string> failing : {writes, all, {}})
             for (std::size_t i = 0; i < (atTime ? 4U : 2U); ++i) {

@@ -30,8 +30,8 @@ public:
                 "one block size editor is shown");
         if (!isUpToDate())
             return broken_;
-        require(page_.optImmediate.value() + page_.optStartTime.value() + page_.optOnTrigger.value() == 1,
-                "one start option is selected");
+        require(page_.optImmediate.value() + page_.optStartTime.value() + page_.optOnTrigger.value() <= 1,
+                "one start option is selected, or none while the mode is not known");
         require(page_.optAfter.value() + page_.optStopTime.value() == 1, "one stop option is selected");
         require(page_.optAfter.value() || page_.optStartTime.value(), "only a start at a time has a stop at a time");
         for (const Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
@@ -147,7 +147,10 @@ private:
             first = timebase(i);
         if (!first)
             return;
-        const std::int32_t shownMode = page_.optImmediate.value() ? 0 : page_.optStartTime.value() ? 1 : 2;
+        const std::int32_t shownMode = page_.optImmediate.value()   ? startMode::immediately
+                                       : page_.optStartTime.value() ? startMode::atTime
+                                       : page_.optOnTrigger.value() ? startMode::onTrigger
+                                                                    : -1;
         require(shownMode == first->startMode, "the start option is the driver's start mode");
         require(page_.optStopTime.value() == (first->startMode == 1 && first->stopMode == 1),
                 "the stop option is the driver's stop mode");

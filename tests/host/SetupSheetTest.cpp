@@ -97,6 +97,9 @@ TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
                             "Start time|9:30:00 AM", "Stop|9:31:30 AM"})
         EXPECT_TRUE(rows.contains(row)) << row << "\n" << rows.join('\n').toStdString();
     EXPECT_FALSE(rows.contains("Trigger Channel|Crank <1>"));
+    page.play({"fail 0 \"StartMode get\"", "fail 0 \"Duration get\"", "read-only on"});
+    for (const char* row : {"Start|\u2013", "Duration|\u2013"})
+        EXPECT_TRUE(rowsOf(sheetOf(page, "x")).contains(row)) << row;
     PlayedPage none = played(R"({"drivers": []})");
     EXPECT_TRUE(sheetOf(none, "").contains("Records nothing"));
 }
