@@ -71,7 +71,7 @@ constexpr std::array scheduleMembers{
 QString timebaseName(std::size_t item, const Texts& texts)
 {
     const std::size_t numbers = heldNumbers.size();
-    return texts(item < numbers ? hostText::samplePeriod + static_cast<int>(item)
+    return texts(item < numbers ? hostText::firstNumber + static_cast<int>(item)
                                 : scheduleMembers[item - numbers].name);
 }
 

@@ -37,7 +37,7 @@ public:
         html_.heading(2, plain(hostText::instruments));
         instruments(Kind::Timebase, hostText::timebase, quantityCount());
         instruments(Kind::Lines, hostText::triggerLines, lineCount());
-        html_.heading(2, text(sheetText::channels));
+        html_.heading(2, text(textNumber::page::channels));
         for (const auto& instrument : root_.rows())
             channels(*instrument);
         return html_.document(text(hostText::languageCode), text(sheetText::sheet) + QStringLiteral(": ") + name());

@@ -4,6 +4,7 @@
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
+#include "support/TextNumbers.h"
 
 namespace ko {
 
@@ -171,8 +172,8 @@ struct Line {
 };
 
 constexpr Line lines[]{
-    {"start-line", 1302, 0, "optStartTrig", LineTrigger::start},
-    {"sync-line", 1303, 1, "optScanTrig", LineTrigger::scan},
+    {"start-line", textNumber::lines::startTab, 0, "optStartTrig", LineTrigger::start},
+    {"sync-line", textNumber::lines::syncTab, 1, "optScanTrig", LineTrigger::scan},
 };
 
 Offer offeredLines(const Page& page, const Line& line)

@@ -4,6 +4,7 @@
 #include "page/Page.h"
 #include "page/Timebases.h"
 #include "support/Steps.h"
+#include "support/TextNumbers.h"
 #include "support/Validation.h"
 
 #include <algorithm>
@@ -80,16 +81,21 @@ struct Quantity {
 
 /// All quantities, in the order of the page. A further one is a row here, its controls in `Page` and its texts.
 inline constexpr std::array quantities{
-    Quantity{"sample-rate", "Sa/s", &timebaseNumber::samplePeriod, true, NumberType::Double, 1118, 1138,
-             &Page::lblSampleRate, &Page::cmbSampleRate, &Page::txtSampleRate, &Page::cmdSampleRateOffers},
-    Quantity{"sample-period", "s", &timebaseNumber::samplePeriod, false, NumberType::Double, 1119, 1139,
-             &Page::lblSamplePeriod, &Page::cmbSamplePeriod, &Page::txtSamplePeriod, &Page::cmdSamplePeriodOffers},
-    Quantity{"block-size", "Sa", &timebaseNumber::blockSize, false, NumberType::Long, 1120, 1140, &Page::lblBlockSize,
-             &Page::cmbBlockSize, &Page::txtBlockSize, &Page::cmdBlockSizeOffers},
-    Quantity{"scan-rate", "Sc/s", &timebaseNumber::scanPeriod, true, NumberType::Double, 1123, 1141, &Page::lblScanRate,
-             &Page::cmbScanRate, &Page::txtScanRate, &Page::cmdScanRateOffers},
-    Quantity{"scan-period", "s", &timebaseNumber::scanPeriod, false, NumberType::Double, 1124, 1142,
-             &Page::lblScanPeriod, &Page::cmbScanPeriod, &Page::txtScanPeriod, &Page::cmdScanPeriodOffers},
+    Quantity{"sample-rate", "Sa/s", &timebaseNumber::samplePeriod, true, NumberType::Double,
+             textNumber::page::sampleRate, textNumber::page::sampleRateHint, &Page::lblSampleRate, &Page::cmbSampleRate,
+             &Page::txtSampleRate, &Page::cmdSampleRateOffers},
+    Quantity{"sample-period", "s", &timebaseNumber::samplePeriod, false, NumberType::Double,
+             textNumber::page::samplePeriod, textNumber::page::samplePeriodHint, &Page::lblSamplePeriod,
+             &Page::cmbSamplePeriod, &Page::txtSamplePeriod, &Page::cmdSamplePeriodOffers},
+    Quantity{"block-size", "Sa", &timebaseNumber::blockSize, false, NumberType::Long, textNumber::page::blockSize,
+             textNumber::page::blockSizeHint, &Page::lblBlockSize, &Page::cmbBlockSize, &Page::txtBlockSize,
+             &Page::cmdBlockSizeOffers},
+    Quantity{"scan-rate", "Sc/s", &timebaseNumber::scanPeriod, true, NumberType::Double, textNumber::page::scanRate,
+             textNumber::page::scanRateHint, &Page::lblScanRate, &Page::cmbScanRate, &Page::txtScanRate,
+             &Page::cmdScanRateOffers},
+    Quantity{"scan-period", "s", &timebaseNumber::scanPeriod, false, NumberType::Double, textNumber::page::scanPeriod,
+             textNumber::page::scanPeriodHint, &Page::lblScanPeriod, &Page::cmbScanPeriod, &Page::txtScanPeriod,
+             &Page::cmdScanPeriodOffers},
 };
 
 /// Calls `visit(const Quantity&)` for each quantity that shows the number, rate before period.

@@ -5,6 +5,7 @@
 #include "schedule/DiskSpace.h"
 #include "support/Numbers.h"
 #include "support/Phrases.h"
+#include "support/TextNumbers.h"
 
 #include <limits>
 
@@ -12,15 +13,7 @@ namespace ko {
 
 namespace {
 
-/// Texts by their numbers in the string table.
-namespace fitText {
-constexpr int fits = 3273;
-constexpr int longestDuration = 3274;
-constexpr int latestStop = 3275;
-constexpr int highestRate = 3276;
-constexpr int noDuration = 3277;
-constexpr int noRate = 3278;
-} // namespace fitText
+namespace fitText = textNumber::fit;
 
 constexpr double finestDuration = 1e-3;
 constexpr double finestRate = 1e-9;
