@@ -137,7 +137,8 @@ TEST_F(TriggeringTest, TheChannelAndItsParametersAreBetweenOnTriggerAndAtTimeFor
         EXPECT_TRUE(next->value()) << next->name();
     }
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Space}) { // with none selected, from the option with the focus
-        page().startOption()->deselect();
+        for (OptionButton* option : {&page().optImmediate, &page().optStartTime})
+            option->deselect();
         press(key);
         EXPECT_TRUE(page().optImmediate.value()) << key;
         EXPECT_TRUE(at(page().optImmediate).hasFocus()) << key;
