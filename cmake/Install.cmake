@@ -22,6 +22,8 @@ foreach(header document/ClassFactory.h
   install(FILES src/${header} DESTINATION ${headers_folder}/${folder} COMPONENT dev)
 endforeach()
 
+install(FILES ${PROJECT_BINARY_DIR}/names/support/TextNumbers.h DESTINATION ${headers_folder}/support COMPONENT dev)
+
 # find_package(KoTimebaseEditor)
 write_basic_package_version_file(${PROJECT_NAME}ConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(EXPORT ${PROJECT_NAME}Targets NAMESPACE ${PROJECT_NAME}:: FILE ${PROJECT_NAME}Config.cmake

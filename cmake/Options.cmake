@@ -1,6 +1,7 @@
 # What every target of the project is built with.
 add_library(ko_options INTERFACE)
-target_include_directories(ko_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+# Generated headers have their names apart from the build's other files.
+target_include_directories(ko_options INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/names)
 target_compile_options(ko_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
   -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual)
 if(KO_WARNINGS_AS_ERRORS)

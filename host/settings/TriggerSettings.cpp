@@ -4,6 +4,7 @@
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
+#include "support/TextNumbers.h"
 #include "triggering/AdvancedTrig.h"
 #include "triggering/SelectChannel.h"
 
@@ -181,8 +182,8 @@ struct Line {
 };
 
 constexpr Line lines[]{
-    {"start-line", 1302, &AdvancedTrig::optStartTrig, LineTrigger::start},
-    {"sync-line", 1303, &AdvancedTrig::optScanTrig, LineTrigger::scan},
+    {"start-line", textNumber::lines::startTab, &AdvancedTrig::optStartTrig, LineTrigger::start},
+    {"sync-line", textNumber::lines::syncTab, &AdvancedTrig::optScanTrig, LineTrigger::scan},
 };
 
 Offer offeredLines(const Page& page, const Line& line)

@@ -1,6 +1,7 @@
 #include "host/setup/InstrumentReader.h"
 
 #include "host/instruments/CallGate.h"
+#include "host/instruments/HeldNumbers.h"
 #include "host/instruments/ParameterTypes.h"
 
 namespace ko {
@@ -133,11 +134,13 @@ QuantitySettings readQuantity(const JsonNode& node)
 
 TimebaseSettings readTimebase(const JsonNode& node)
 {
-    node.onlyKeys({"samplePeriod", "blockSize", "scanPeriod", "startTime", "duration", "stopMode", "startMode"});
+    std::vector<std::string_view> keys{"startTime", "duration", "stopMode", "startMode"};
+    for (const HeldNumber& it : heldNumbers)
+        keys.push_back(it.number->name);
+    node.onlyKeys(keys);
     TimebaseSettings timebase;
-    node.take("samplePeriod", timebase.samplePeriod, readQuantity);
-    node.take("blockSize", timebase.blockSize, readQuantity);
-    node.take("scanPeriod", timebase.scanPeriod, readQuantity);
+    for (const HeldNumber& it : heldNumbers)
+        node.take(it.number->name, timebase.*it.held, readQuantity);
     node.take("startTime", timebase.startTime.days, number);
     node.take("duration", timebase.duration, [](const JsonNode& n) { return n.single(); });
     node.take("stopMode", timebase.stopMode, integer);

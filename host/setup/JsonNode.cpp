@@ -78,7 +78,7 @@ Value JsonNode::scalar() const
     return whole ? Value{*whole} : Value{wide};
 }
 
-void JsonNode::onlyKeys(std::initializer_list<std::string_view> keys) const
+void JsonNode::onlyKeys(const std::vector<std::string_view>& keys) const
 {
     if (!value_.is_object())
         refuse("must be an object");

@@ -2,7 +2,6 @@
 
 #include "interfaces/Values.h"
 
-#include <initializer_list>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
@@ -47,7 +46,7 @@ public:
     [[nodiscard]] Value scalar() const;
 
     /// Refuses a value that is no object or has a key not named here.
-    void onlyKeys(std::initializer_list<std::string_view> keys) const;
+    void onlyKeys(const std::vector<std::string_view>& keys) const;
 
     /// What `read` makes of each element of an array.
     template <class Read> auto list(const Read& read) const

@@ -1,5 +1,6 @@
 #include "host/setup/SetupWriter.h"
 
+#include "host/instruments/HeldNumbers.h"
 #include "host/setup/SetupFile.h"
 #include "platform/DateTimes.h"
 
@@ -63,13 +64,14 @@ Json quantityJson(const QuantitySettings& quantity)
 
 Json timebaseJson(const TimebaseSettings& timebase)
 {
-    return {{"samplePeriod", quantityJson(timebase.samplePeriod)},
-            {"blockSize", quantityJson(timebase.blockSize)},
-            {"scanPeriod", quantityJson(timebase.scanPeriod)},
-            {"startTime", toJson(timebase.startTime)},
-            {"duration", timebase.duration},
-            {"stopMode", timebase.stopMode},
-            {"startMode", timebase.startMode}};
+    Json result;
+    for (const HeldNumber& it : heldNumbers)
+        result[std::string(it.number->name)] = quantityJson(timebase.*it.held);
+    result["startTime"] = toJson(timebase.startTime);
+    result["duration"] = timebase.duration;
+    result["stopMode"] = timebase.stopMode;
+    result["startMode"] = timebase.startMode;
+    return result;
 }
 
 Json wiringJson(const TriggerLineSettings& lines)

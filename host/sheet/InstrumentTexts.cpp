@@ -1,3 +1,4 @@
+#include "host/instruments/HeldNumbers.h"
 #include "host/sheet/InstrumentRow.h"
 #include "host/support/HostTexts.h"
 #include "platform/DateTimes.h"
@@ -48,28 +49,39 @@ private:
 constexpr std::array startModes{hostText::startImmediately, hostText::startAtTime, hostText::startOnTrigger};
 constexpr std::array stopModes{hostText::stopAfterDuration, hostText::stopAtTime};
 
-/// A setting that an instrument's timebase holds, and its text.
-struct TimebaseMember {
+/// A setting of the schedule that an instrument's timebase holds, and its text.
+struct ScheduleMember {
     int name;
     QString (*value)(const TimebaseSettings&, const Shown&);
 };
 
-constexpr std::array timebaseMembers{
-    TimebaseMember{hostText::samplePeriod,
-                   [](const TimebaseSettings& t, const Shown& as) { return as.seconds(t.samplePeriod.value); }},
-    TimebaseMember{hostText::blockSize,
-                   [](const TimebaseSettings& t, const Shown& as) { return as.number(t.blockSize.value); }},
-    TimebaseMember{hostText::scanPeriod,
-                   [](const TimebaseSettings& t, const Shown& as) { return as.seconds(t.scanPeriod.value); }},
-    TimebaseMember{hostText::startMode,
+constexpr std::array scheduleMembers{
+    ScheduleMember{hostText::startMode,
                    [](const TimebaseSettings& t, const Shown& as) { return as.mode(t.startMode, startModes); }},
-    TimebaseMember{hostText::startTime,
+    ScheduleMember{hostText::startTime,
                    [](const TimebaseSettings& t, const Shown& as) { return as.time(t.startTime); }},
-    TimebaseMember{hostText::stopMode,
+    ScheduleMember{hostText::stopMode,
                    [](const TimebaseSettings& t, const Shown& as) { return as.mode(t.stopMode, stopModes); }},
-    TimebaseMember{hostText::duration, [](const TimebaseSettings& t,
+    ScheduleMember{hostText::duration, [](const TimebaseSettings& t,
                                           const Shown& as) { return as.seconds(static_cast<double>(t.duration)); }},
 };
+
+// The numbers of a timebase come first.
+
+QString timebaseName(std::size_t item, const Texts& texts)
+{
+    const std::size_t numbers = heldNumbers.size();
+    return texts(item < numbers ? hostText::firstNumber + static_cast<int>(item)
+                                : scheduleMembers[item - numbers].name);
+}
+
+QString timebaseValue(std::size_t item, const TimebaseSettings& held, const Shown& as)
+{
+    if (item >= heldNumbers.size())
+        return scheduleMembers[item - heldNumbers.size()].value(held, as);
+    const double value = (held.*heldNumbers[item].held).value;
+    return heldNumbers[item].number->isPeriod ? as.seconds(value) : as.number(value);
+}
 
 struct Line {
     int name;
@@ -110,7 +122,7 @@ const ParameterSettings& parameterOf(const InstrumentRow& row)
 
 std::size_t quantityCount()
 {
-    return timebaseMembers.size();
+    return heldNumbers.size() + scheduleMembers.size();
 }
 
 std::size_t lineCount()
@@ -124,7 +136,7 @@ QString nameOf(const InstrumentRow& row, const Texts& texts)
     case InstrumentRow::Kind::Root: break;
     case InstrumentRow::Kind::Instrument: return toShown(row.driver().name());
     case InstrumentRow::Kind::Timebase: return texts(hostText::timebase);
-    case InstrumentRow::Kind::Quantity: return texts(timebaseMembers[row.item()].name);
+    case InstrumentRow::Kind::Quantity: return timebaseName(row.item(), texts);
     case InstrumentRow::Kind::Group: return toShown(row.groupSettings().name);
     case InstrumentRow::Kind::Channel: return channelName(row.channelSettings());
     case InstrumentRow::Kind::Parameter: return toShown(parameterOf(row).name);
@@ -140,7 +152,7 @@ QString valueOf(const InstrumentRow& row, const Texts& texts, const Locale& loca
     const InstrumentSettings& held = row.driver().held();
     switch (row.kind()) {
     case InstrumentRow::Kind::Instrument: return faultsOf(row, texts);
-    case InstrumentRow::Kind::Quantity: return timebaseMembers[row.item()].value(*held.timebase, as);
+    case InstrumentRow::Kind::Quantity: return timebaseValue(row.item(), *held.timebase, as);
     case InstrumentRow::Kind::Channel: return row.channelSettings().triggerSource ? texts(hostText::triggerSource) : "";
     case InstrumentRow::Kind::Parameter: return as.value(parameterOf(row).value);
     case InstrumentRow::Kind::Line: return QString::number((*held.triggerLines).*lines[row.item()].value);

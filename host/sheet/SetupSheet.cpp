@@ -18,6 +18,12 @@ using Rows = QList<QStringList>;
 
 const QString nothing = QStringLiteral("\u2013");
 
+/// What is not known is marked as nothing.
+QString known(const QString& value)
+{
+    return value.isEmpty() ? nothing : value;
+}
+
 /// Writes the sheet section by section.
 class Sheet {
 public:
@@ -31,7 +37,7 @@ public:
         html_.heading(2, plain(hostText::instruments));
         instruments(Kind::Timebase, hostText::timebase, quantityCount());
         instruments(Kind::Lines, hostText::triggerLines, lineCount());
-        html_.heading(2, text(sheetText::channels));
+        html_.heading(2, text(textNumber::page::channels));
         for (const auto& instrument : root_.rows())
             channels(*instrument);
         return html_.document(text(hostText::languageCode), named(text(sheetText::sheet), name()));
@@ -118,18 +124,22 @@ void Sheet::schedule()
         return;
     html_.heading(2, text(sheetText::schedule));
     Rows rows;
+    QString start;
     for (const OptionButton* option : {&page_.optImmediate, &page_.optStartTime, &page_.optOnTrigger})
         if (option->value())
-            rows << Cells{text(hostText::startMode), caption(*option)};
+            start = caption(*option);
+    rows << Cells{text(hostText::startMode), known(start)};
     if (page_.optStartTime.value())
-        rows << Cells{text(hostText::startTime), toShown(page_.txtStartTime.text())};
+        rows << Cells{text(hostText::startTime), known(toShown(page_.txtStartTime.text()))};
     if (page_.optOnTrigger.value())
         rows << trigger();
     if (page_.optStopTime.value())
-        rows << Cells{text(hostText::stopMode), toShown(page_.txtStopTime.text())};
+        rows << Cells{text(hostText::stopMode), known(toShown(page_.txtStopTime.text()))};
     else
         rows << Cells{text(hostText::duration),
-                      toShown(page_.txtDuration.text()) + u' ' + toShown(page_.cmbInterval.text())};
+                      page_.txtDuration.text().empty()
+                          ? nothing
+                          : toShown(page_.txtDuration.text()) + u' ' + toShown(page_.cmbInterval.text())};
     rows << entry(page_.lblDuration, page_.lblDurationValue);
     if (page_.lblStopTime.visible())
         rows << entry(page_.lblStopTime, page_.lblStopTimeValue);

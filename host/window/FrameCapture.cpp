@@ -5,6 +5,7 @@
 #include "host/support/InputError.h"
 #include "host/window/Later.h"
 #include "schedule/SetDateTime.h"
+#include "support/TextNumbers.h"
 #include "timebase/ShowOffers.h"
 #include "triggering/AdvancedTrig.h"
 #include "triggering/SelectChannel.h"
@@ -20,15 +21,7 @@ namespace ko {
 
 namespace {
 
-namespace captureText {
-constexpr int menu = 3200;
-constexpr int title = 3201;
-constexpr int files = 3202;
-constexpr int allFiles = 3117;
-constexpr int stopped = 3203;
-constexpr int sign = 3204;
-constexpr int exists = 3205;
-} // namespace captureText
+namespace captureText = textNumber::capture;
 
 /// The set-up that a replay of the scenario starts with.
 std::string setupBeside(const std::string& scenario)
@@ -136,7 +129,7 @@ void FrameCapture::chooseFile()
     const auto text = frame_.texts;
     QString file = QFileDialog::getSaveFileName(
         &frame_.window, text(captureText::title), QString(),
-        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(captureText::allFiles)));
+        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(hostText::allFiles)));
     if (file.isEmpty() || !mayOverwrite(setupBeside(fromQt(file))))
         return;
     try {

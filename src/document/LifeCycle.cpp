@@ -19,7 +19,7 @@ void TimebaseEditor::UserDocument_Initialize()
     const Steps step(support_.errors, "UserDocument_Initialize");
     page_.isShown = false;
     step([&] { support_.readTimeSettings(); });
-    loadFormStrings(step, support_.strings, page_, page_.font(), pageTextBase);
+    loadFormStrings(step, support_.strings, page_, page_.font(), textNumber::page::block);
     step([&] { setIntervalSeconds(); });
     page_.hertzText = step.value([&] { return support_.text(textNumber::page::hertz); });
     page_.notApplicableText = step.value([&] { return support_.text(textNumber::page::notApplicable); });
@@ -82,13 +82,8 @@ void TimebaseEditor::UserDocument_Show()
     if (page_.readOnly || step.isSuperseded())
         return;
     step([&] {
-        OptionButton* const options[] = {&page_.optImmediate, &page_.optStartTime};
-        for (OptionButton* option : options)
-            if (option->value()) {
-                page_.moveFocus(option);
-                return;
-            }
-        page_.moveFocus(&page_.optOnTrigger);
+        OptionButton* selected = page_.startOption();
+        page_.moveFocus(selected ? selected : &page_.optImmediate);
     });
 }
 

@@ -58,9 +58,7 @@ std::int32_t TimebaseEditor::updateDiskSpace()
 void TimebaseEditor::tellWhatFits(std::int32_t code)
 {
     const bool isStatic = code == diskSpace::staticTooLarge;
-    const std::vector<double>& periods = isStatic ? staticEditors_.periods() : dynamicEditors_.periods();
-    schedule_.whatFits().tell(
-        code, {periods, rateBounds((isStatic ? page_.scanPeriodOffers : page_.samplePeriodOffers).range)});
+    schedule_.whatFits().tell(code, isStatic ? staticEditors_.periods() : dynamicEditors_.periods());
 }
 
 void TimebaseEditor::refreshEstimate()

@@ -12,8 +12,8 @@ public:
     virtual void markChanged() = 0;
 
     /// Brings the derived labels up to date and checks the 2 GB limit: 0 when the recording fits, else the number
-    /// that, added to `pageTextBase`, is the message's; the plan's sentence stays as it was then. Reports its own
-    /// failures.
+    /// that, added to `textNumber::page::block`, is the message's; the plan's sentence stays as it was then. Reports
+    /// its own failures.
     virtual std::int32_t updateDiskSpace() = 0;
 
     /// Brings the derived labels up to date with values that are in force whatever the limit says, such as old ones

@@ -3,6 +3,7 @@
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
+#include "support/TextNumbers.h"
 
 #include <limits>
 
@@ -46,8 +47,9 @@ std::string describeAddress(const std::string& address, const StringTable& strin
     const std::size_t slot = fields.size() == 2 ? 0 : 1;
     std::string text;
     if (slot == 1)
-        text = strings.text(1156) + fields[0] + " ";
-    return text + strings.text(1157) + fields[slot] + " " + strings.text(1158) + fields[slot + 1];
+        text = strings.text(textNumber::page::mainframe) + fields[0] + " ";
+    return text + strings.text(textNumber::page::slot) + fields[slot] + " " + strings.text(textNumber::page::channel) +
+           fields[slot + 1];
 }
 
 std::int32_t numberOfScans(Driver& driver)

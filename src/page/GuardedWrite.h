@@ -17,11 +17,14 @@ namespace ko {
 /// One object serves one event. When the host hands over another list meanwhile, only drivers that are in that list,
 /// too, get their old value back, and nothing else is done.
 ///
-/// A `Setting` is a value of optional members with two operations:
+/// A `Setting` is a value of optional members with these operations:
 ///     Setting read(const Steps&, Timebase&) const   the members that are set here, as the driver has them; a member
 ///                                                   whose reading failed is not set
 ///     bool write(const Steps&, Timebase&) const     writes the members that are set; whether all writes succeeded
-/// Both report their failures to the steps.
+///     Setting without(const Setting&) const         the members that are set here and that the other lacks or has
+///                                                   otherwise
+///     bool isEmpty() const                          no member is set
+/// The first two report their failures to the steps.
 template <class Setting> class GuardedWrite {
 public:
     /// What became of the value at one driver.
@@ -41,44 +44,39 @@ public:
         written_.reserve(atMost);
     }
 
-    /// Reads, writes and reads back one driver; one that `holds(before)` already is not written. `beforeFirst` runs
-    /// once an event, before the first write.
-    template <class Holds, class First>
-    const Written& write(const Steps& step, IndexedTimebase at, Holds&& holds, First&& beforeFirst)
+    /// Reads one driver, writes what it lacks and reads it back: `lacking(before)` is that part of the setting. A
+    /// driver that lacks nothing is not written. `beforeFirst` runs once an event, before the first write.
+    template <class Lacking, class First>
+    const Written& write(const Steps& step, IndexedTimebase at, Lacking&& lacking, First&& beforeFirst)
     {
         Written& it = written_.emplace_back();
         it.at = at;
         it.owner = page_.driverAt(at.driver);
         it.kept = it.before = wanted_.read(step, *at.timebase);
-        if (holds(std::as_const(it.before)))
+        const Setting change = lacking(std::as_const(it.before));
+        if (change.isEmpty())
             return it;
         if (!std::exchange(anyTried_, true))
             beforeFirst();
         if (step.isSuperseded())
             return it;
         it.tried = true;
-        it.written = wanted_.write(step, *at.timebase);
+        it.written = change.write(step, *at.timebase);
         it.kept = wanted_.read(step, *at.timebase);
         anyWritten_ = anyWritten_ || it.written;
         return it;
     }
-    const Written& write(const Steps& step, IndexedTimebase at)
-    {
-        return write(
-            step, at, [](const Setting&) { return false; }, [] {});
-    }
-
     /// Where a part of the write failed, what the other parts changed goes back to its old value without a question.
     /// For settings of more than one member.
     void restoreIncomplete(const Steps& step)
     {
         for (Written& it : written_)
-            if (it.tried && !it.written && !(it.kept == it.before))
+            if (!it.written)
                 restore(step, it);
     }
 
-    /// Asks the limit. Within it: true. Beyond it a message is shown, each driver that was written gets its old value
-    /// back (members that could not be read before are not written) and is read again, `putBack` restores what the
+    /// Asks the limit. Within it: true. Beyond it a message is shown, each driver that was written gets back the
+    /// members that changed (not those that could not be read before) and is read again, `putBack` restores what the
     /// page shows, the derived labels follow, and what would fit is offered: false.
     template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)
     {
@@ -105,10 +103,11 @@ public:
 private:
     void restore(const Steps& step, Written& it)
     {
-        if (!it.tried || (step.isSuperseded() && !isListed(it.owner)))
+        const Setting changed = it.tried ? it.before.without(it.kept) : Setting{};
+        if (changed.isEmpty() || (step.isSuperseded() && !isListed(it.owner)))
             return;
         const Steps again(support_.errors, step.procedure(), Steps::Begin::Anew);
-        it.before.write(again, *it.at.timebase);
+        changed.write(again, *it.at.timebase);
         it.kept = wanted_.read(again, *it.at.timebase);
     }
     [[nodiscard]] bool isListed(const Driver* driver) const

@@ -1,7 +1,8 @@
 #include "page/Hints.h"
 
-#include "platform/NumberText.h"
 #include "platform/Utf8.h"
+#include "support/TextNumbers.h"
+#include "support/Validation.h"
 
 namespace ko {
 
@@ -9,8 +10,7 @@ void setToolTip(const Page& page, const Support& support, double min, double max
 {
     std::string hint;
     if (min != max)
-        hint = "  " + support.text(1149) + numberText(min, support.locale()) + support.text(1146) +
-               numberText(max, support.locale()) + support.text(1147);
+        hint = "  " + requiredRange(support, textNumber::page::realInRange, {min, max});
     showHint(page, hint);
 }
 

@@ -1,17 +1,19 @@
 #include "page/Messages.h"
 
 #include "page/Page.h"
+#include "support/TextNumbers.h"
 
 namespace ko {
 
-void showError(const Support& support, int textNumber)
+void showError(const Support& support, int text)
 {
-    support.platform.messageBox.show(support.text(textNumber), support.text(1160), messageStyle::exclamation);
+    support.platform.messageBox.show(support.text(text), support.text(textNumber::page::error),
+                                     messageStyle::exclamation);
 }
 
 void showLimitMessage(const Support& support, std::int32_t code)
 {
-    showError(support, pageTextBase + code);
+    showError(support, textNumber::page::block + code);
 }
 
 } // namespace ko

@@ -2,6 +2,7 @@
 
 #include "platform/NumberText.h"
 #include "support/Phrases.h"
+#include "support/TextNumbers.h"
 
 #include <algorithm>
 
@@ -9,35 +10,7 @@ namespace ko {
 
 namespace {
 
-/// Texts by their numbers in the string table.
-namespace offerText {
-constexpr int offers = 3247;
-constexpr int effect = 3248;
-constexpr int asked = 3249;
-constexpr int noTimebase = 3250;
-constexpr int nothing = 3251;
-constexpr int oneValue = 3252;
-constexpr int values = 3253;
-constexpr int fromTo = 3254;
-constexpr int atLeast = 3255;
-constexpr int atMost = 3256;
-constexpr int noValue = 3257;
-constexpr int failed = 3258;
-constexpr int unusable = 3259;
-constexpr int noEffect = 3260;
-constexpr int begins = 3261;
-constexpr int outside = 3262;
-constexpr int noneInside = 3263;
-constexpr int removes = 3264;
-constexpr int removesAll = 3265;
-constexpr int andMore = 3266;
-constexpr int narrows = 3267;
-constexpr int asAsked = 3268;
-constexpr int keptOtherwise = 3269;
-constexpr int notReadBack = 3270;
-constexpr int common = 3271;
-constexpr int nothingCommon = 3272;
-} // namespace offerText
+namespace offerText = textNumber::offers;
 
 /// More values than these are counted, not listed.
 constexpr std::uint32_t listedAtMost = 20;

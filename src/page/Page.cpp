@@ -1,6 +1,8 @@
 #include "page/Page.h"
 
 #include "page/Quantities.h"
+#include "support/ResourceUtils.h"
+#include "support/TextNumbers.h"
 
 #include <algorithm>
 
@@ -8,76 +10,77 @@ namespace ko {
 
 namespace {
 
+namespace pageText = textNumber::page;
+
 /// A design-time number: the offset of a text in the page's block of the string table.
-void caption(CaptionControl& control, int offset)
+void caption(CaptionControl& control, int text)
 {
-    control.setTag(std::to_string(offset));
+    control.setTag(offsetOf(text, pageText::block));
 }
 
-void toolTip(Control& control, int offset)
+void toolTip(Control& control, int text)
 {
-    control.setToolTipText(std::to_string(offset));
+    control.setToolTipText(offsetOf(text, pageText::block));
 }
 
 void numberQuantities(Page& page)
 {
-    constexpr int explainHint = 3242 - pageTextBase;
     for (const Quantity& quantity : quantities) {
-        caption(page.*quantity.label, quantity.captionText - pageTextBase);
-        toolTip(page.*quantity.list, quantity.toolTipText - pageTextBase);
-        toolTip(page.*quantity.box, quantity.toolTipText - pageTextBase);
+        caption(page.*quantity.label, quantity.captionText);
+        toolTip(page.*quantity.list, quantity.toolTipText);
+        toolTip(page.*quantity.box, quantity.toolTipText);
         // Its text is outside the page's block.
         CommandButton& button = page.*quantity.button;
         button.setCaption("?");
-        toolTip(button, explainHint);
+        toolTip(button, textNumber::offers::explainHint);
     }
 }
 
 void numberTakingButtons(Page& page)
 {
-    caption(page.cmdTakeDuration, 3279 - pageTextBase);
-    caption(page.cmdTakeRate, 3241 - pageTextBase);
+    caption(page.cmdTakeDuration, textNumber::offers::setLongestDuration);
+    caption(page.cmdTakeRate, textNumber::offers::setHighestRate);
 }
 
 void numberCaptions(Page& page)
 {
-    caption(page.mnuTimebase, 26);
-    caption(page.mnuTimebaseTriggerLines, 27);
-    caption(page.frmDynamic, 3);
-    caption(page.lblSpan, 21);
-    caption(page.lblNumSamples, 22);
-    caption(page.lblNumDynamicBytes, 63);
-    caption(page.frmStatic, 4);
-    caption(page.lblNumScans, 25);
-    caption(page.lblNumStaticBytes, 63);
-    caption(page.frmStart, 55);
-    caption(page.optImmediate, 5);
-    caption(page.optOnTrigger, 6);
-    caption(page.lblChannel, 13);
-    caption(page.optStartTime, 7);
-    caption(page.frmStop, 2);
-    caption(page.optAfter, 8);
-    caption(page.optStopTime, 7);
-    caption(page.lblDuration, 68);
-    caption(page.lblStopTime, 69);
+    caption(page.mnuTimebase, pageText::timebaseMenu);
+    caption(page.mnuTimebaseTriggerLines, pageText::triggerLinesEntry);
+    caption(page.frmDynamic, pageText::dynamicMeasurements);
+    caption(page.lblSpan, pageText::span);
+    caption(page.lblNumSamples, pageText::numSamples);
+    caption(page.lblNumDynamicBytes, pageText::diskSpace);
+    caption(page.frmStatic, pageText::staticMeasurements);
+    caption(page.lblNumScans, pageText::numScans);
+    caption(page.lblNumStaticBytes, pageText::diskSpace);
+    caption(page.frmStart, pageText::start);
+    caption(page.optImmediate, pageText::startImmediately);
+    caption(page.optOnTrigger, pageText::startOnTrigger);
+    caption(page.lblChannel, pageText::triggerChannel);
+    caption(page.optStartTime, pageText::atTime);
+    caption(page.frmStop, pageText::stop);
+    caption(page.optAfter, pageText::stopAfter);
+    caption(page.optStopTime, pageText::atTime);
+    caption(page.lblDuration, pageText::actualDuration);
+    caption(page.lblStopTime, pageText::actualStopTime);
 }
 
 void numberToolTips(Page& page)
 {
-    toolTip(page.optImmediate, 28);
-    toolTip(page.optOnTrigger, 30);
-    toolTip(page.txtChannel, 34);
-    toolTip(page.cmdChannel, 33);
-    toolTip(page.grdParam, 35);
-    toolTip(page.optStartTime, 29);
-    toolTip(page.txtStartTime, 29);
-    toolTip(page.cmdStartTime, 29);
-    toolTip(page.optAfter, 31);
-    toolTip(page.txtDuration, 36);
-    toolTip(page.cmbInterval, 37);
-    toolTip(page.optStopTime, 32);
-    toolTip(page.txtStopTime, 32);
-    toolTip(page.cmdStopTime, 32);
+    toolTip(page.optImmediate, pageText::startImmediatelyHint);
+    toolTip(page.optOnTrigger, pageText::startOnTriggerHint);
+    toolTip(page.txtChannel, pageText::triggerChannelHint);
+    toolTip(page.cmdChannel, pageText::triggerGroupHint);
+    toolTip(page.grdParam, pageText::parametersHint);
+    toolTip(page.optStartTime, pageText::startTimeHint);
+    toolTip(page.txtStartTime, pageText::startTimeHint);
+    toolTip(page.cmdStartTime, pageText::startTimeHint);
+    toolTip(page.optAfter, pageText::stopAfterHint);
+    toolTip(page.txtDuration, pageText::durationHint);
+    toolTip(page.cmbInterval, pageText::intervalHint);
+    toolTip(page.optStopTime, pageText::stopTimeHint);
+    toolTip(page.txtStopTime, pageText::stopTimeHint);
+    toolTip(page.cmdStopTime, pageText::stopTimeHint);
 }
 
 } // namespace
@@ -89,7 +92,10 @@ Page::Page() : Form("TimebaseEditor")
     numberQuantities(*this);
     numberTakingButtons(*this);
     lblNoTriggerLine.setVisible(false);
-    cmbInterval.setItems({{"", 9}, {"", 10}, {"", 11}, {"", 12}});
+    std::vector<ComboBox::Item> units;
+    for (const int unit : {pageText::seconds, pageText::minutes, pageText::hours, pageText::days})
+        units.push_back({"", unit - pageText::block});
+    cmbInterval.setItems(std::move(units));
     for (CommandButton* button : {&cmdChannel, &cmdStartTime, &cmdStopTime})
         button->setCaption("...");
     for (TextBox* box : {&txtChannel, &txtStartTime, &txtStopTime})
@@ -100,6 +106,14 @@ Drivers Page::currentDrivers() const
 {
     const auto announced = static_cast<std::size_t>(std::max(numDrivers, 0));
     return Drivers(drivers).first(std::min(announced, drivers.size()));
+}
+
+OptionButton* Page::startOption()
+{
+    for (OptionButton* option : {&optImmediate, &optOnTrigger, &optStartTime})
+        if (option->value())
+            return option;
+    return nullptr;
 }
 
 Driver* Page::driverAt(std::int32_t index) const

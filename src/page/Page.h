@@ -25,9 +25,6 @@ inline constexpr std::int16_t copy = 1;  ///< the focused control's text can be 
 inline constexpr std::int16_t paste = 2; ///< it accepts pasted and deleted text
 } // namespace editFlag
 
-/// Where the page's block of the string table begins, from which its design-time offsets count.
-inline constexpr int pageTextBase = 1100;
-
 /// The timebase page as data: its controls by name, in tab order, and the document's fields. Captions and hints
 /// stand in the controls as offsets into the string table until they are loaded.
 ///
@@ -139,6 +136,9 @@ public:
 
     std::string hertzText;
     std::string notApplicableText;
+
+    /// The start option that is selected; null while the start mode is not known.
+    [[nodiscard]] OptionButton* startOption();
 
     /// The drivers that the host announced, as far as it handed them over.
     [[nodiscard]] Drivers currentDrivers() const;

@@ -18,7 +18,7 @@ std::optional<double> reciprocalBound(double value)
     return value > 0.0 ? bound(1.0 / value) : std::nullopt;
 }
 
-} // namespace
+// The bounds of periods in seconds and of their rates in 1/s; 0 is no bound.
 
 NumberBounds periodBounds(Range periods)
 {
@@ -32,6 +32,8 @@ NumberBounds rateBounds(Range periods)
 {
     return {reciprocalBound(periods.maximum), reciprocalBound(periods.minimum), true};
 }
+
+} // namespace
 
 double Quantity::shown(double held) const
 {

@@ -4,8 +4,10 @@
 #include "page/Page.h"
 #include "page/Timebases.h"
 #include "support/Steps.h"
+#include "support/TextNumbers.h"
 #include "support/Validation.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -79,16 +81,21 @@ struct Quantity {
 
 /// All quantities, in the order of the page. A further one is a row here, its controls in `Page` and its texts.
 inline constexpr std::array quantities{
-    Quantity{"sample-rate", "Sa/s", &timebaseNumber::samplePeriod, true, NumberType::Double, 1118, 1138,
-             &Page::lblSampleRate, &Page::cmbSampleRate, &Page::txtSampleRate, &Page::cmdSampleRateOffers},
-    Quantity{"sample-period", "s", &timebaseNumber::samplePeriod, false, NumberType::Double, 1119, 1139,
-             &Page::lblSamplePeriod, &Page::cmbSamplePeriod, &Page::txtSamplePeriod, &Page::cmdSamplePeriodOffers},
-    Quantity{"block-size", "Sa", &timebaseNumber::blockSize, false, NumberType::Long, 1120, 1140, &Page::lblBlockSize,
-             &Page::cmbBlockSize, &Page::txtBlockSize, &Page::cmdBlockSizeOffers},
-    Quantity{"scan-rate", "Sc/s", &timebaseNumber::scanPeriod, true, NumberType::Double, 1123, 1141, &Page::lblScanRate,
-             &Page::cmbScanRate, &Page::txtScanRate, &Page::cmdScanRateOffers},
-    Quantity{"scan-period", "s", &timebaseNumber::scanPeriod, false, NumberType::Double, 1124, 1142,
-             &Page::lblScanPeriod, &Page::cmbScanPeriod, &Page::txtScanPeriod, &Page::cmdScanPeriodOffers},
+    Quantity{"sample-rate", "Sa/s", &timebaseNumber::samplePeriod, true, NumberType::Double,
+             textNumber::page::sampleRate, textNumber::page::sampleRateHint, &Page::lblSampleRate, &Page::cmbSampleRate,
+             &Page::txtSampleRate, &Page::cmdSampleRateOffers},
+    Quantity{"sample-period", "s", &timebaseNumber::samplePeriod, false, NumberType::Double,
+             textNumber::page::samplePeriod, textNumber::page::samplePeriodHint, &Page::lblSamplePeriod,
+             &Page::cmbSamplePeriod, &Page::txtSamplePeriod, &Page::cmdSamplePeriodOffers},
+    Quantity{"block-size", "Sa", &timebaseNumber::blockSize, false, NumberType::Long, textNumber::page::blockSize,
+             textNumber::page::blockSizeHint, &Page::lblBlockSize, &Page::cmbBlockSize, &Page::txtBlockSize,
+             &Page::cmdBlockSizeOffers},
+    Quantity{"scan-rate", "Sc/s", &timebaseNumber::scanPeriod, true, NumberType::Double, textNumber::page::scanRate,
+             textNumber::page::scanRateHint, &Page::lblScanRate, &Page::cmbScanRate, &Page::txtScanRate,
+             &Page::cmdScanRateOffers},
+    Quantity{"scan-period", "s", &timebaseNumber::scanPeriod, false, NumberType::Double, textNumber::page::scanPeriod,
+             textNumber::page::scanPeriodHint, &Page::lblScanPeriod, &Page::cmbScanPeriod, &Page::txtScanPeriod,
+             &Page::cmdScanPeriodOffers},
 };
 
 /// Calls `visit(const Quantity&)` for each quantity that shows the number, rate before period.
@@ -99,9 +106,12 @@ template <class Visit> void forEachQuantityOf(const TimebaseNumber& number, Visi
             visit(quantity);
 }
 
-/// The bounds of periods in seconds and of their rates in 1/s; 0 is no bound.
-NumberBounds periodBounds(Range periods);
-NumberBounds rateBounds(Range periods);
+/// The quantity that shows a period as a rate.
+inline const Quantity& rateOf(const TimebaseNumber& period)
+{
+    return *std::find_if(quantities.begin(), quantities.end(),
+                         [&](const Quantity& quantity) { return quantity.number == &period && quantity.isRate; });
+}
 
 /// The timebase whose number the editors show: the current dynamic driver's, or for a number that all drivers share
 /// the current static driver's, else the first static driver's that has one, else the first of all. Failures of the
@@ -115,6 +125,11 @@ struct NumberSetting {
 
     [[nodiscard]] NumberSetting read(const Steps& step, Timebase& timebase) const;
     bool write(const Steps& step, Timebase& timebase) const;
+    [[nodiscard]] NumberSetting without(const NumberSetting& other) const
+    {
+        return value == other.value ? NumberSetting{} : *this;
+    }
+    [[nodiscard]] bool isEmpty() const { return !value; }
 };
 
 } // namespace ko

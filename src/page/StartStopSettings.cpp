@@ -15,6 +15,20 @@ void StartStopSettings::complete(const StartStopSettings& other)
     duration = duration ? duration : other.duration;
 }
 
+StartStopSettings StartStopSettings::without(const StartStopSettings& other) const
+{
+    StartStopSettings rest = *this;
+    const auto drop = [](auto& member, const auto& same) {
+        if (member == same)
+            member.reset();
+    };
+    drop(rest.startMode, other.startMode);
+    drop(rest.startTime, other.startTime);
+    drop(rest.stopMode, other.stopMode);
+    drop(rest.duration, other.duration);
+    return rest;
+}
+
 StartStopSettings StartStopSettings::read(const Steps& step, Timebase& timebase) const
 {
     StartStopSettings read;

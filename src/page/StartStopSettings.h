@@ -41,7 +41,9 @@ struct StartStopSettings {
     /// Writes the members that are set; whether all writes succeeded. Failures are reported to `step`.
     bool write(const Steps& step, Timebase& timebase, Order order = Order::Edited) const;
 
-    bool operator==(const StartStopSettings&) const = default;
+    /// The members that are set here and that `other` lacks or has otherwise.
+    [[nodiscard]] StartStopSettings without(const StartStopSettings& other) const;
+    [[nodiscard]] bool isEmpty() const { return !(startMode || startTime || stopMode || duration); }
 };
 
 } // namespace ko

@@ -77,7 +77,7 @@ Outcome OptionButton::userClicked()
     if (entered != Outcome::Done)
         return entered;
     form().tellUserActs("click", name());
-    select();
+    raise(take() ? click : clickAgain);
     return entered;
 }
 

@@ -97,6 +97,9 @@ public:
     void deselect();
     Outcome userClicked() override;
 
+    /// The user clicked the option that is selected already.
+    std::function<void()> clickAgain;
+
 private:
     bool take();
 

@@ -38,15 +38,29 @@ bool EditText::put(const std::string& text, std::size_t start, std::size_t lengt
     return differs;
 }
 
-EditText EditText::entered(const std::string& text, std::size_t start, std::size_t length)
+std::string EditText::beforeSelection() const
+{
+    return std::string(utf8Part(text_, 0, selStart_));
+}
+
+std::string EditText::afterSelection() const
+{
+    return std::string(utf8Part(text_, selStart_ + selLength_, std::string::npos));
+}
+
+EditText EditText::entered(const std::string& text, std::size_t start, std::size_t length) const
 {
     EditText result;
     const std::string line(firstLine(text));
-    const std::size_t end = utf8Length(line);
-    if (line == text)
+    if (line == text) {
         result.put(text, start, length);
-    else
-        result.put(line + std::string(start > end ? firstLine(utf8Part(text, start, std::string::npos)) : ""), end, 0);
+        return result;
+    }
+    const std::string_view after = utf8Part(text, start, std::string::npos);
+    if (line.empty() || (line == beforeSelection() && after == afterSelection()))
+        return *this;
+    const std::size_t end = utf8Length(line);
+    result.put(line + std::string(start > end ? firstLine(after) : ""), end, 0);
     return result;
 }
 
@@ -55,10 +69,8 @@ EditText EditText::replaced(const std::string& text) const
     const std::string line(firstLine(text));
     if (line.empty() && !text.empty())
         return *this;
-    const std::string before(utf8Part(text_, 0, selStart_));
-    const std::string after(utf8Part(text_, selStart_ + selLength_, std::string::npos));
     EditText result;
-    result.put(before + line + after, selStart_ + utf8Length(line), 0);
+    result.put(beforeSelection() + line + afterSelection(), selStart_ + utf8Length(line), 0);
     return result;
 }
 

@@ -36,11 +36,14 @@ public:
     /// What the text becomes with the first line of `text` in place of the selection, the cursor after it. The
     /// empty text deletes the selection; a text with nothing on its first line changes nothing.
     [[nodiscard]] EditText replaced(const std::string& text) const;
-    /// A text that a user's input has left, with its selection. Of what was put in before the cursor only the first
-    /// line counts.
-    [[nodiscard]] static EditText entered(const std::string& text, std::size_t start, std::size_t length);
+    /// What a user's input, which has made `text` of it, leaves, with its selection. Of what was put in before the
+    /// cursor only the first line counts; where that holds nothing the input changes nothing.
+    [[nodiscard]] EditText entered(const std::string& text, std::size_t start, std::size_t length) const;
 
 private:
+    [[nodiscard]] std::string beforeSelection() const;
+    [[nodiscard]] std::string afterSelection() const;
+
     std::string text_;
     std::size_t selStart_ = 0;
     std::size_t selLength_ = 0;

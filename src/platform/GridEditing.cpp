@@ -152,7 +152,7 @@ Outcome Grid::userTypedInCell(const std::string& text, std::size_t start, std::s
 {
     if (!editor_ || !isUsable())
         return Outcome::Inert;
-    const EditText typed = EditText::entered(text, start, length);
+    const EditText typed = editor_->text.entered(text, start, length);
     form().tellUserActs("text", name(), typed.text(), typed.selStart(), typed.selLength());
     put(typed);
     return Outcome::Done;
@@ -173,8 +173,11 @@ Outcome Grid::userEditedCell(std::int32_t row, const std::string& given)
 {
     if (!isEditable(row))
         return Outcome::Inert;
-    const bool isList = cell(row, valueColumn).style.control == CellStyle::Control::list;
-    const std::string text(isList ? std::string_view(given) : firstLine(given));
+    const Cell& edited = cell(row, valueColumn);
+    const bool isList = edited.style.control == CellStyle::Control::list;
+    EditText old;
+    old.put(edited.value, 0, utf8Length(edited.value));
+    const std::string text = isList ? given : old.replaced(given).text();
     if (!takes(row, text))
         return Outcome::Inert;
     const Outcome entered = enter();

@@ -73,7 +73,7 @@ void TextBox::tellReplaced(const EditText& edit) const
 
 Outcome TextBox::userReplaced(const std::string& text, std::size_t start, std::size_t length)
 {
-    const EditText edit = EditText::entered(text, start, length);
+    const EditText edit = edit_.entered(text, start, length);
     if (form().userActs)
         tellReplaced(edit);
     if (!isUsable() || locked_)

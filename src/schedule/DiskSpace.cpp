@@ -40,14 +40,15 @@ double toHundredths(double value)
 
 std::string formatByteCount(const Support& support, double bytes)
 {
+    namespace pageText = textNumber::page;
     constexpr struct {
         double bytes;
         int text;
-    } units[] = {{1073741824.0, 1167}, {1048576.0, 1166}, {1024.0, 1165}};
+    } units[] = {{1073741824.0, pageText::gigabytes}, {1048576.0, pageText::megabytes}, {1024.0, pageText::kilobytes}};
     for (const auto& unit : units)
         if (bytes > unit.bytes)
             return numberText(toHundredths(bytes / unit.bytes), support.locale()) + support.text(unit.text);
-    return numberText(bytes, support.locale()) + support.text(1164);
+    return numberText(bytes, support.locale()) + support.text(pageText::bytes);
 }
 
 } // namespace ko

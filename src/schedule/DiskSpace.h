@@ -2,6 +2,7 @@
 
 #include "page/Drivers.h"
 #include "support/Support.h"
+#include "support/TextNumbers.h"
 
 namespace ko {
 
@@ -11,8 +12,8 @@ inline constexpr double fileSizeLimit = 2147483647.0;
 /// Codes of `Actions::updateDiskSpace`.
 namespace diskSpace {
 inline constexpr std::int32_t fits = 0;
-inline constexpr std::int32_t dynamicTooLarge = 70;
-inline constexpr std::int32_t staticTooLarge = 72;
+inline constexpr std::int32_t dynamicTooLarge = textNumber::page::dynamicTooLarge - textNumber::page::block;
+inline constexpr std::int32_t staticTooLarge = textNumber::page::staticTooLarge - textNumber::page::block;
 } // namespace diskSpace
 
 /// Compares the totals with the limit, the dynamic one first. A total that is not positive although there are

@@ -56,10 +56,9 @@ std::optional<Recording::Result> DurationEntry::write(const Steps& step, double 
     StartStopSettings change;
     if (!step([&] { change.duration = toSingle(entered * unit()); }))
         return std::nullopt;
-    const Recording::Holds isHeld = [&](const StartStopSettings& before) {
-        return before.duration && holds(widen(*before.duration), entered);
-    };
-    return recording_.commit(step, change, putBack, isHeld);
+    return recording_.commit(step, change, putBack, [&](const StartStopSettings& before) {
+        return before.duration && holds(widen(*before.duration), entered) ? StartStopSettings{} : change;
+    });
 }
 
 void DurationEntry::cmbInterval_GotFocus()
@@ -86,9 +85,7 @@ void DurationEntry::cmbInterval_click()
         step([&] { unitRefused(recording_.durationInForce(step)); });
         return;
     }
-    const auto refused = [this] { unitRefused(recording_.durationReadBack()); };
-    if (write(step, *value, refused) == Recording::Result::Held)
-        recording_.refreshLabels();
+    write(step, *value, [this] { unitRefused(recording_.durationReadBack()); });
 }
 
 /// The focus is in the list: the text is not selected.

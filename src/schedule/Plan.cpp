@@ -5,6 +5,7 @@
 #include "schedule/DiskSpace.h"
 #include "support/Phrases.h"
 #include "support/Steps.h"
+#include "support/TextNumbers.h"
 
 #include <cmath>
 
@@ -12,33 +13,9 @@ namespace ko {
 
 namespace {
 
-/// The sentence's texts. The place holders of a sentence are the same for all starts: %1 the duration, %2 the figures,
-/// %3 how much later it ends, %4 the start time or the trigger, %5 the stop time, %6 the time at which it really ends.
-namespace planText {
-constexpr int samples = 3321; ///< and in the plural
-constexpr int scans = 3323;
-constexpr int days = 3325;
-constexpr int hours = 3327;
-constexpr int minutes = 3328;
-constexpr int seconds = 3329;
-constexpr int twoUnits = 3330;
-constexpr int conditionedTrigger = 3331;
-constexpr int condition = 3332;
-constexpr int conditions = 3333;
-constexpr int samplesOfBoth = 3334;
-constexpr int bytesOfBoth = 3335;
-constexpr int samplesOfDynamic = 3336;
-constexpr int bytesOfDynamic = 3337;
-constexpr int scansOfStatic = 3338;
-constexpr int bytesOfStatic = 3339;
-constexpr int immediately = 3340; ///< with figures, then without, then with a duration that is not known
-constexpr int atTime = 3343;
-constexpr int fromTimeToTime = 3346;
-constexpr int onTrigger = 3349;
-constexpr int onAnyTrigger = 3352;
-constexpr int nothing = 3355;
-constexpr int atUnknownTime = 3390;
-} // namespace planText
+/// The place holders of a sentence are the same for all starts: %1 the duration, %2 the figures, %3 how much later it
+/// ends, %4 the start time or the trigger, %5 the stop time, %6 the time at which it really ends.
+namespace planText = textNumber::plan;
 
 constexpr std::int64_t secondsPerMinute = 60;
 constexpr std::int64_t minutesPerHour = 60;
@@ -83,9 +60,9 @@ int Plan::start() const
 {
     if (page_.optOnTrigger.value())
         return page_.txtChannel.text().empty() ? planText::onAnyTrigger : planText::onTrigger;
-    if (!page_.optStartTime.value())
+    if (page_.optImmediate.value())
         return planText::immediately;
-    if (page_.txtStartTime.text().empty())
+    if (!page_.optStartTime.value() || page_.txtStartTime.text().empty())
         return planText::atUnknownTime;
     return page_.optStopTime.value() ? planText::fromTimeToTime : planText::atTime;
 }

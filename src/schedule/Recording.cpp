@@ -138,7 +138,7 @@ void Recording::showDuration(double seconds)
 }
 
 Recording::Result Recording::write(const Steps& step, const StartStopSettings& change,
-                                   const std::function<void()>& putBack, const Holds& holds)
+                                   const std::function<void()>& putBack, const Lacking& lacking)
 {
     const Drivers drivers = page_.currentDrivers();
     GuardedWrite<StartStopSettings> guarded(page_, support_, actions_, change, drivers.size());
@@ -150,7 +150,9 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
         putBack();
         kept_ = before;
     };
-    forEachTimebase(step, drivers, [&](const IndexedTimebase& at) { guarded.write(step, at, holds, [] {}); });
+    const Lacking differing = [&](const StartStopSettings& before) { return change.without(before); };
+    const Lacking& missing = lacking ? lacking : differing;
+    forEachTimebase(step, drivers, [&](const IndexedTimebase& at) { guarded.write(step, at, missing, [] {}); });
     if (step.isSuperseded())
         return Result::PutBack;
     guarded.restoreIncomplete(step);
@@ -160,15 +162,14 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
         actions_.refreshEstimate();
         return Result::PutBack;
     }
+    isStopModeKnown_ = isStopModeKnown_ || change.stopMode;
     showKept(step, readBack_);
-    if (!guarded.drivers().empty() && !guarded.anyTried()) {
-        accept(durationReadBack());
+    if (!guarded.drivers().empty() && !guarded.anyTried())
         return Result::Held;
-    }
     return guarded.fits(step, restore) && !step.isSuperseded() ? Result::Taken : Result::PutBack;
 }
 
-void Recording::accepted(const Steps& step)
+void Recording::accepted(const Steps& step, Result result)
 {
     std::optional<double> seconds = durationReadBack();
     if (!readBack_.duration)
@@ -177,7 +178,10 @@ void Recording::accepted(const Steps& step)
                 seconds = largerOf(*planned, 0.0);
         });
     accept(seconds);
-    step([&] { actions_.markChanged(); });
+    if (result == Result::Taken)
+        step([&] { actions_.markChanged(); });
+    else
+        actions_.refreshEstimate();
     captureStartStop(readBack_);
     if (!accepted_.seconds && isFirstCaptured_ && page_.triggerVars)
         follow(step, widen(page_.triggerVars->duration));
@@ -194,11 +198,11 @@ void Recording::follow(const Steps& step, double seconds)
 }
 
 Recording::Result Recording::commit(const Steps& step, const StartStopSettings& change,
-                                    const std::function<void()>& putBack, const Holds& holds)
+                                    const std::function<void()>& putBack, const Lacking& lacking)
 {
-    const Result result = write(step, change, putBack, holds);
-    if (result == Result::Taken)
-        accepted(step);
+    const Result result = write(step, change, putBack, lacking);
+    if (result != Result::PutBack)
+        accepted(step, result);
     return result;
 }
 
@@ -232,9 +236,11 @@ StartStopSettings Recording::settingsOfFirst(const Steps& step)
     return read;
 }
 
-void Recording::loaded(const Steps& step, std::optional<double> seconds)
+void Recording::loaded(const Steps& step, const StartStopSettings& shown)
 {
+    const auto seconds = shown.duration ? std::optional(widen(*shown.duration)) : std::nullopt;
     accept(seconds);
+    isStopModeKnown_ = shown.startMode && shown.stopMode;
     kept_.reset();
     if (seconds && isEntered())
         step([&] { kept_ = Kept{getDurationSeconds(), *seconds}; });
@@ -242,9 +248,7 @@ void Recording::loaded(const Steps& step, std::optional<double> seconds)
 
 void Recording::accept(std::optional<double> seconds)
 {
-    for (OptionButton* option : {&page_.optImmediate, &page_.optOnTrigger, &page_.optStartTime})
-        if (option->value())
-            accepted_.start = option;
+    accepted_.start = page_.startOption();
     accepted_.stop = page_.optStopTime.value() ? &page_.optStopTime : &page_.optAfter;
     accepted_.startTime = page_.txtStartTime.text();
     accepted_.stopTime = page_.txtStopTime.text();
@@ -256,6 +260,8 @@ void Recording::putBack()
     for (OptionButton* option : {accepted_.start, accepted_.stop})
         if (option)
             option->showSelected();
+    if (OptionButton* option = page_.startOption(); option && !accepted_.start)
+        option->deselect();
     putBackStartTime();
     putBackStopTime();
 }

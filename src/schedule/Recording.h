@@ -19,8 +19,8 @@ public:
         Taken,   ///< it is in force
         PutBack, ///< it exceeds the limit, or no driver took it: the old values are in force and shown
     };
-    /// Whether a driver with these values holds a change already.
-    using Holds = std::function<bool(const StartStopSettings& before)>;
+    /// The part of a change that a driver with these values lacks.
+    using Lacking = std::function<StartStopSettings(const StartStopSettings& before)>;
 
     Recording(Page& page, Support& support, Actions& actions) : page_(page), support_(support), actions_(actions) {}
 
@@ -61,18 +61,20 @@ public:
     /// Sets the text of a time box without the handlers of a change.
     void show(TextBox& box, const std::string& text);
 
-    /// Writes a change to the drivers that do not hold it, shows what they keep of it and asks the limit once. Beyond
-    /// it the user is told and each driver gets its own values back, as one does that took only a part; then, and where
-    /// no driver took the whole change, `putBack` restores what the page showed and the derived labels follow.
+    /// Writes each driver the part of a change that it lacks (none: the members that it has otherwise), shows what the
+    /// drivers keep of it and asks the limit once. Beyond it the user is told and each driver gets its own values back,
+    /// as one does that took only a part; then, and where no driver took its whole part, `putBack` restores what the
+    /// page showed and the derived labels follow.
     Result write(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
-                 const Holds& holds = noneHolds);
+                 const Lacking& lacking = {});
 
-    /// After a change was taken: what the page shows counts as accepted, the host is notified, the settings captured.
-    void accepted(const Steps& step);
+    /// After a change that was not put back: what the page shows counts as accepted and the settings are captured. The
+    /// host is notified of a change that was taken; for one that all drivers held the labels follow.
+    void accepted(const Steps& step, Result result);
 
     /// Both in one.
     Result commit(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
-                  const Holds& holds = noneHolds);
+                  const Lacking& lacking = {});
 
     /// Copies the start and stop settings of the first driver that offers a timebase and answers all four to the
     /// page's `triggerVars`, unless the page is read-only; without such a driver they stay as they are. What the first
@@ -87,9 +89,12 @@ public:
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
 
-    /// The page was built, and shows what the drivers hold, `seconds` of duration among it where it is known:
-    /// what a later refusal returns to.
-    void loaded(const Steps& step, std::optional<double> seconds);
+    /// The page was built, and shows these settings as far as they are known: what a later refusal returns to.
+    void loaded(const Steps& step, const StartStopSettings& shown);
+
+    /// Whether the stop mode was read from a driver, or written, since the page was built. While the start mode is not
+    /// known, the stop mode is not known either.
+    [[nodiscard]] bool isStopModeKnown() const { return isStopModeKnown_; }
 
     /// Puts the options and both times back as they were last accepted.
     void putBack();
@@ -104,13 +109,12 @@ private:
     };
     /// What the page shows and the drivers hold.
     struct Accepted {
-        OptionButton* start = nullptr;
+        OptionButton* start = nullptr; ///< none while the start mode is not known
         OptionButton* stop = nullptr;
         std::string startTime, stopTime;
         std::optional<double> seconds = 0.0;
     };
 
-    static bool noneHolds(const StartStopSettings& /*before*/) { return false; }
     [[nodiscard]] DateTime onToday(DateTime time) const;
     [[nodiscard]] bool isEntered() const;
     [[nodiscard]] bool lacksStopTime() const;
@@ -125,6 +129,7 @@ private:
     StartStopSettings readBack_; ///< by the last write, from the first driver, whose settings are shown for all
     std::optional<Kept> kept_;
     Accepted accepted_;
+    bool isStopModeKnown_ = false;
     bool isFirstCaptured_ = false; ///< `triggerVars` came from the first timebase when they were captured last
 };
 

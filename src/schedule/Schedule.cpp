@@ -65,7 +65,7 @@ StartStopSettings Schedule::settingsToApply(const Steps& step)
     return settings;
 }
 
-/// What the first timebase then holds; without one the default duration, unless a driver could not be asked.
+/// What the first timebase then holds; without one the defaults, unless a driver could not be asked.
 StartStopSettings Schedule::applyStartStop(const Steps& loading)
 {
     const Steps step(support_.errors, "applyStartStop", errorSource::triggering);
@@ -85,7 +85,7 @@ StartStopSettings Schedule::applyStartStop(const Steps& loading)
         return *first;
     StartStopSettings without;
     if (!firstTimebase(page_.currentDrivers()).isAfterFailing)
-        without.duration = defaultSeconds;
+        without = {startMode::immediately, std::nullopt, stopMode::afterDuration, defaultSeconds};
     return without;
 }
 
@@ -100,9 +100,9 @@ void Schedule::loadStartStop(const Steps& step)
 
 void Schedule::loaded(const Steps& step)
 {
-    startStop_.enableStartControls(loaded_.startMode.has_value());
+    startStop_.enableStartControls();
     startStop_.enableStopControls();
-    recording_.loaded(step, loadedSeconds());
+    recording_.loaded(step, loaded_);
 }
 
 /// None where a driver has one that could not be read.
@@ -111,7 +111,8 @@ std::optional<double> Schedule::loadedSeconds() const
     return loaded_.duration ? std::optional(widen(*loaded_.duration)) : std::nullopt;
 }
 
-/// A time that could not be read, or cannot be shown, leaves its box empty.
+/// A start mode that could not be read selects no option. A time that could not be read, or cannot be shown, leaves its
+/// box empty.
 void Schedule::show(const Steps& step)
 {
     if (page_.driverChangesPending) {
@@ -120,8 +121,13 @@ void Schedule::show(const Steps& step)
     }
     const bool stopsAtTime = loaded_.startMode == startMode::atTime && loaded_.stopMode == stopMode::atTime;
     (stopsAtTime ? page_.optStopTime : page_.optAfter).showSelected();
-    if (loaded_.startMode != startMode::atTime) {
-        (loaded_.startMode == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate).showSelected();
+    if (!loaded_.startMode) {
+        if (OptionButton* option = page_.startOption())
+            option->deselect();
+        return;
+    }
+    if (*loaded_.startMode != startMode::atTime) {
+        (*loaded_.startMode == startMode::onTrigger ? page_.optOnTrigger : page_.optImmediate).showSelected();
         return;
     }
     page_.optStartTime.showSelected();

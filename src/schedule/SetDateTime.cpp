@@ -1,26 +1,28 @@
 #include "schedule/SetDateTime.h"
 
 #include "schedule/ClockFace.h"
+#include "support/TextNumbers.h"
 
 namespace ko {
 
 namespace {
 
-constexpr int textBase = 1200;
+namespace dateText = textNumber::dateDialog;
 
 } // namespace
 
-SetDateTime::SetDateTime(Support& support) : DialogForm(support, "SetDateTime", 1, helpTopic::setDateTime)
+SetDateTime::SetDateTime(Support& support)
+    : DialogForm(support, "SetDateTime", dateText::block, dateText::title, helpTopic::setDateTime)
 {
-    btnOK.setTag("2");
-    btnCancel.setTag("3");
-    btnHelp.setTag("4");
-    frmDate.setTag("5");
-    frmTime.setTag("6");
-    optCurrentDay.setTag("7");
-    optSpecifiedDay.setTag("8");
+    btnOK.setTag(offset(dateText::ok));
+    btnCancel.setTag(offset(dateText::cancel));
+    btnHelp.setTag(offset(dateText::help));
+    frmDate.setTag(offset(dateText::date));
+    frmTime.setTag(offset(dateText::time));
+    optCurrentDay.setTag(offset(dateText::anyDate));
+    optSpecifiedDay.setTag(offset(dateText::specificDate));
     resize(7800, 5400);
-    load(textBase, btnOK, btnCancel, &btnHelp);
+    load(btnOK, btnCancel, &btnHelp);
     optCurrentDay.click = [this] { optCurrentDay_Click(); };
     optSpecifiedDay.click = [this] { optSpecifiedDay_Click(); };
     calDate.change = [this] { rememberedDay_ = calDate.day(); };

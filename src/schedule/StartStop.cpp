@@ -13,6 +13,15 @@ StartStop::StartStop(Page& page, Support& support, Actions& actions, Recording& 
     page.optStartTime.click = [this] { startClicked("optStartTime_Click", startMode::atTime); };
     page.optAfter.click = [this] { stopClicked("optAfter_Click", stopMode::afterDuration); };
     page.optStopTime.click = [this] { stopClicked("optStopTime_Click", stopMode::atTime); };
+    // A selected option acts on a click while what it says is not known.
+    page.optStartTime.clickAgain = [this] {
+        if (page_.txtStartTime.text().empty())
+            startClicked("optStartTime_Click", startMode::atTime);
+    };
+    page.optAfter.clickAgain = [this] {
+        if (!recording_.isStopModeKnown())
+            stopClicked("optAfter_Click", stopMode::afterDuration);
+    };
     page.optImmediate.gotFocus = [this] { optionGotFocus("optImmediate_GotFocus"); };
     page.optOnTrigger.gotFocus = [this] { optionGotFocus("optOnTrigger_GotFocus"); };
     page.optStartTime.gotFocus = [this] { optionGotFocus("optStartTime_GotFocus"); };
@@ -42,23 +51,26 @@ void StartStop::startClicked(std::string_view procedure, std::int32_t mode)
     StartStopSettings change;
     change.startMode = mode;
     const bool forced = forceStopAfter();
-    if (forced)
-        change.stopMode = stopMode::afterDuration;
+    if (forced || !recording_.isStopModeKnown())
+        change.stopMode = page_.optAfter.value() ? stopMode::afterDuration : stopMode::atTime;
     const bool ready = mode != startMode::atTime || step([&] {
                            recording_.fillStartTime();
                            change.startTime = recording_.timeIn(page_.txtStartTime);
+                           if (page_.optStopTime.value())
+                               recording_.fillStopTime();
                        });
     if (!ready) {
         recording_.putBack();
         return;
     }
     // A refusal must find the trigger untouched, so the limit comes first.
-    if (!write(step, change))
+    const Recording::Result result = write(step, change);
+    if (result == Recording::Result::PutBack)
         return;
     enableStartControls();
     if (forced)
         enableStopControls();
-    recording_.accepted(step);
+    recording_.accepted(step, result);
 }
 
 void StartStop::stopClicked(std::string_view procedure, std::int32_t mode)
@@ -72,15 +84,16 @@ void StartStop::stopClicked(std::string_view procedure, std::int32_t mode)
     }
     StartStopSettings change;
     change.stopMode = mode;
-    if (!write(step, change))
+    const Recording::Result result = write(step, change);
+    if (result == Recording::Result::PutBack)
         return;
     enableStopControls();
-    recording_.accepted(step);
+    recording_.accepted(step, result);
 }
 
 /// Writes the mode with the duration that goes with it, as far as that is known; where a time on the page cannot be
 /// told the options go back unwritten.
-bool StartStop::write(const Steps& step, StartStopSettings change)
+Recording::Result StartStop::write(const Steps& step, StartStopSettings change)
 {
     const bool known = step([&] {
         if (const auto seconds = recording_.plannedSeconds(); seconds >= 0.0)
@@ -88,12 +101,12 @@ bool StartStop::write(const Steps& step, StartStopSettings change)
     });
     if (!known) {
         recording_.putBack();
-        return false;
+        return Recording::Result::PutBack;
     }
-    return recording_.write(step, change, [this] { recording_.putBack(); }) == Recording::Result::Taken;
+    return recording_.write(step, change, [this] { recording_.putBack(); });
 }
 
-void StartStop::enableStartControls(bool isStartKnown)
+void StartStop::enableStartControls()
 {
     const Steps step(support_.errors, "enableStartControls");
     const bool onTrigger = page_.optOnTrigger.value();
@@ -108,7 +121,7 @@ void StartStop::enableStartControls(bool isStartKnown)
     page_.optStopTime.setEnabled(editable);
     if (page_.optStartTime.value() && !page_.isLoading)
         step([&] { recording_.fillStartTime(); });
-    if (!onTrigger && isStartKnown && !page_.readOnly && !page_.isLoading)
+    if (!onTrigger && !page_.readOnly && !page_.isLoading)
         actions_.clearTriggerSource();
 }
 

@@ -11,9 +11,8 @@ public:
     StartStop(Page& page, Support& support, Actions& actions, Recording& recording);
 
     /// Lets the user at the controls that go with the selected start; a start that is not at a time is stopped after
-    /// a duration. The trigger source is cleared only for a start that is known not to be on a trigger. Reports its
-    /// own failures.
-    void enableStartControls(bool isStartKnown = true);
+    /// a duration. On a page that is being built the trigger source is not cleared. Reports its own failures.
+    void enableStartControls();
 
     /// Lets the user at the controls that go with the selected stop; a stop at a time gets a time where it has none
     /// that is later than the start, but on a page that is being built. Reports its own failures.
@@ -23,7 +22,7 @@ private:
     void startClicked(std::string_view procedure, std::int32_t mode);
     void stopClicked(std::string_view procedure, std::int32_t mode);
     void optionGotFocus(std::string_view procedure);
-    bool write(const Steps& step, StartStopSettings change);
+    Recording::Result write(const Steps& step, StartStopSettings change);
     bool forceStopAfter();
 
     Page& page_;

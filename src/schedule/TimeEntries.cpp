@@ -5,16 +5,11 @@
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
+#include "support/TextNumbers.h"
 
 #include <utility>
 
 namespace ko {
-
-namespace {
-
-constexpr int stopNotLater = 1171;
-
-} // namespace
 
 TimeEntries::TimeEntries(Page& page, Support& support, Recording& recording, Dialog dialog)
     : page_(page), support_(support), recording_(recording), dialog_(std::move(dialog))
@@ -76,7 +71,7 @@ void TimeEntries::txtStopTime_Change()
         return;
     }
     if (seconds <= 0.0) {
-        step([&] { showError(support_, stopNotLater); });
+        step([&] { showError(support_, textNumber::page::stopNotLater); });
         step([&] { showStopTimeInForce(step); });
         recording_.refreshLabels();
         return;

@@ -1,11 +1,11 @@
 #include "schedule/WhatFits.h"
 
-#include "interfaces/Timebase.h"
 #include "page/Hints.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
 #include "support/Numbers.h"
 #include "support/Phrases.h"
+#include "support/TextNumbers.h"
 
 #include <limits>
 
@@ -13,30 +13,12 @@ namespace ko {
 
 namespace {
 
-/// Texts by their numbers in the string table.
-namespace fitText {
-constexpr int either = 3246;
-constexpr int fits = 3273;
-constexpr int longestDuration = 3274;
-constexpr int latestStop = 3275;
-constexpr int highestRate = 3276;
-constexpr int noDuration = 3277;
-constexpr int noRate = 3278;
-} // namespace fitText
+namespace fitText = textNumber::fit;
 
 constexpr double finestDuration = 1e-3;
 constexpr double finestRate = 1e-9;
 
 } // namespace
-
-/// The editors of the rate that the message was about.
-struct WhatFits::Editors {
-    const Label& label;
-    ComboBox& list;
-    TextBox& box;
-    std::int32_t driver;
-    double (Timebase::*period)();
-};
 
 WhatFits::WhatFits(Page& page, Support& support, Recording& recording)
     : page_(page), support_(support), recording_(recording)
@@ -46,25 +28,16 @@ WhatFits::WhatFits(Page& page, Support& support, Recording& recording)
     withdraw();
 }
 
-WhatFits::Editors WhatFits::editors() const
-{
-    if (isStatic_)
-        return {page_.lblScanRate, page_.cmbScanRate, page_.txtScanRate, page_.scannedDriverIndex,
-                &Timebase::ScanPeriod};
-    return {page_.lblSampleRate, page_.cmbSampleRate, page_.txtSampleRate, page_.dynamicDriverIndex,
-            &Timebase::SamplePeriod};
-}
-
-void WhatFits::tell(std::int32_t code, const Rates& rates)
+void WhatFits::tell(std::int32_t code, const std::vector<double>& periods)
 {
     const Steps step(support_.errors, "tellWhatFits");
-    isStatic_ = code == diskSpace::staticTooLarge;
+    quantity_ = &rateOf(code == diskSpace::staticTooLarge ? timebaseNumber::scanPeriod : timebaseNumber::samplePeriod);
     duration_.reset();
     rate_.reset();
     step([&] {
         const Forecast forecast(page_);
         std::string offered = offerDuration(forecast);
-        if (const std::string rate = offerRate(forecast, rates); !rate.empty())
+        if (const std::string rate = offerRate(forecast, periods); !rate.empty())
             offered = filled(support_.text(fitText::either), {offered, rate});
         show(step, withOneFullStop(filled(support_.text(fitText::fits), {offered})));
     });
@@ -119,7 +92,7 @@ std::string WhatFits::offerDuration(const Forecast& forecast)
 bool WhatFits::fits(const Forecast& forecast, double period) const
 {
     Forecast::Change change;
-    (isStatic_ ? change.scanPeriod : change.samplePeriod) = period;
+    (quantity_->number == &timebaseNumber::scanPeriod ? change.scanPeriod : change.samplePeriod) = period;
     return forecast.check(change) == diskSpace::fits;
 }
 
@@ -131,15 +104,16 @@ std::optional<WhatFits::Offered> WhatFits::rateFromList(const Forecast& forecast
             best = i;
     if (!best)
         return std::nullopt;
-    return Offered{editors().list.items().at(*best).text, static_cast<std::int32_t>(*best)};
+    return Offered{(page_.*quantity_->list).items().at(*best).text, static_cast<std::int32_t>(*best)};
 }
 
-std::optional<WhatFits::Offered> WhatFits::rateForBox(const Forecast& forecast, const NumberBounds& bounds)
+std::optional<WhatFits::Offered> WhatFits::rateForBox(const Forecast& forecast)
 {
-    const Editors editor = editors();
     const auto fitsAt = [&](double rate) { return fits(forecast, reciprocal(rate)); };
-    const double present = reciprocal((required(page_.timebaseAt(editor.driver)).*editor.period)());
+    const TimebaseNumber& number = *quantity_->number;
+    const double present = quantity_->shown((required(shownTimebase(page_, number).timebase).*number.get)());
     const double least = fitsAt(present) ? present : 0.0;
+    const NumberBounds bounds = quantity_->bounds(page_);
     const Range within{largerOf(bounds.minimum.value_or(0.0), least), bounds.maximum.value_or(endless)};
     auto found = largestThatFits(within, finestRate, fitsAt);
     if (!found && least > 0.0)
@@ -149,15 +123,15 @@ std::optional<WhatFits::Offered> WhatFits::rateForBox(const Forecast& forecast, 
     return Offered{numberText(*found, support_.locale()), -1};
 }
 
-std::string WhatFits::offerRate(const Forecast& forecast, const Rates& rates)
+std::string WhatFits::offerRate(const Forecast& forecast, const std::vector<double>& periods)
 {
-    const Editors editor = editors();
-    if (!page_.timebaseAt(editor.driver) || (rates.periods.empty() && !editor.box.isUsable()))
+    if (!shownTimebase(page_, *quantity_->number) || (periods.empty() && !(page_.*quantity_->box).isUsable()))
         return {};
-    rate_ = rates.periods.empty() ? rateForBox(forecast, rates.bounds) : rateFromList(forecast, rates.periods);
+    rate_ = periods.empty() ? rateForBox(forecast) : rateFromList(forecast, periods);
+    const std::string& label = (page_.*quantity_->label).caption();
     if (!rate_)
-        return filled(support_.text(fitText::noRate), {editor.label.caption()});
-    return filled(support_.text(fitText::highestRate), {editor.label.caption(), rate_->text});
+        return filled(support_.text(fitText::noRate), {label});
+    return filled(support_.text(fitText::highestRate), {label, rate_->text});
 }
 
 /// As the user would: to the editor, where leaving the control before asks its questions, and in with the value.
@@ -190,17 +164,18 @@ void WhatFits::takeRate()
     const auto offered = std::exchange(rate_, std::nullopt);
     if (!offered)
         return;
-    const Editors editor = editors();
+    ComboBox& list = page_.*quantity_->list;
+    TextBox& box = page_.*quantity_->box;
     const bool fromList = offered->entry >= 0;
-    if (!page_.moveFocus(fromList ? static_cast<Control*>(&editor.list) : static_cast<Control*>(&editor.box)))
+    if (!page_.moveFocus(fromList ? static_cast<Control*>(&list) : static_cast<Control*>(&box)))
         return;
     step([&] {
         if (!fromList) {
-            editor.box.setText(offered->text);
+            box.setText(offered->text);
             return;
         }
-        editor.list.select(offered->entry);
-        raise(editor.list.click);
+        list.select(offered->entry);
+        raise(list.click);
     });
 }
 

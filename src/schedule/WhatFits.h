@@ -1,8 +1,8 @@
 #pragma once
 
+#include "page/Quantities.h"
 #include "schedule/Forecast.h"
 #include "schedule/Recording.h"
-#include "support/Validation.h"
 
 namespace ko {
 
@@ -10,33 +10,26 @@ namespace ko {
 /// force, told in the hint line and on the page, each with a button that enters it.
 class WhatFits {
 public:
-    /// The rates that the user can enter.
-    struct Rates {
-        const std::vector<double>& periods; ///< of the list's entries, in seconds; none: a box is shown
-        NumberBounds bounds;                ///< of the box
-    };
-
     /// Takes over the events of its buttons. Everything passed in outlives it.
     WhatFits(Page& page, Support& support, Recording& recording);
 
-    /// For a code of `Actions::updateDiskSpace`. Reports its own failures.
-    void tell(std::int32_t code, const Rates& rates);
+    /// For a code of `Actions::updateDiskSpace`; `periods` are those of the rate list's entries, in seconds (none: a
+    /// box is shown). Reports its own failures.
+    void tell(std::int32_t code, const std::vector<double>& periods);
 
     /// Other settings are in force: nothing is offered any more.
     void withdraw();
 
 private:
-    struct Editors;
     struct Offered {
         std::string text; ///< of the box, or of the stop time
         std::int32_t entry = -1;
     };
 
-    [[nodiscard]] Editors editors() const;
     [[nodiscard]] std::string offerDuration(const Forecast& forecast);
-    [[nodiscard]] std::string offerRate(const Forecast& forecast, const Rates& rates);
+    [[nodiscard]] std::string offerRate(const Forecast& forecast, const std::vector<double>& periods);
     [[nodiscard]] std::optional<Offered> rateFromList(const Forecast& forecast, const std::vector<double>& periods);
-    [[nodiscard]] std::optional<Offered> rateForBox(const Forecast& forecast, const NumberBounds& bounds);
+    [[nodiscard]] std::optional<Offered> rateForBox(const Forecast& forecast);
     [[nodiscard]] std::optional<double> longest(const Forecast& forecast) const;
     [[nodiscard]] bool fits(const Forecast& forecast, double period) const;
     void show(const Steps& step, const std::string& text);
@@ -46,7 +39,7 @@ private:
     Page& page_;
     Support& support_;
     Recording& recording_;
-    bool isStatic_ = false;
+    const Quantity* quantity_ = &rateOf(timebaseNumber::samplePeriod); ///< the rate that the message was about
     std::optional<Offered> duration_, rate_;
 };
 

@@ -4,18 +4,23 @@
 
 namespace ko {
 
-DialogForm::DialogForm(Support& support, std::string name, int caption, std::int32_t topic)
-    : Form(std::move(name)), helpContextId(topic), support_(support)
+DialogForm::DialogForm(Support& support, std::string name, int block, int caption, std::int32_t topic)
+    : Form(std::move(name)), helpContextId(topic), support_(support), block_(block)
 {
-    setCaption(std::to_string(caption));
+    setCaption(offset(caption));
     keyDown = [this](KeyPress& press) { Form_KeyDown(press); };
 }
 
-void DialogForm::load(int base, PressControl& ok, PressControl& cancel, PressControl* help)
+std::string DialogForm::offset(int text) const
+{
+    return offsetOf(text, block_);
+}
+
+void DialogForm::load(PressControl& ok, PressControl& cancel, PressControl* help)
 {
     // The texts are the component's own: nothing that fails in the host may keep them away.
     Steps(support_.errors, "Form_Load")([&] { setFont(support_.platform.screen.formFont()); });
-    loadFormCaption(Steps(support_.errors, "Form_Load"), support_.strings, *this, base);
+    loadFormCaption(Steps(support_.errors, "Form_Load"), support_.strings, *this, block_);
     setButtons(ok, cancel);
     const auto handler = [](const PressControl& button) { return button.name() + "_Click"; };
     ok.click = [this, name = handler(ok)] { accept(name); };

@@ -13,8 +13,8 @@ namespace ko {
 /// way; the host's help on a help button and F1.
 class DialogForm : public Form {
 public:
-    /// `caption` is the offset of the form's caption in its block of the string table.
-    DialogForm(Support& support, std::string name, int caption, std::int32_t topic);
+    /// The form's texts are in the block of the string table that begins at `block`; `caption` is among them.
+    DialogForm(Support& support, std::string name, int block, int caption, std::int32_t topic);
 
     /// The host's help; may be empty.
     std::shared_ptr<HelpSite> IHelp;
@@ -25,9 +25,11 @@ protected:
     /// How the dialog is placed, such as `placeAtCursor`.
     using Placing = void (*)(Form&, Screen&);
 
-    /// Once the controls are there: loads the texts and fonts from the block that begins at `base`, and takes over the
-    /// buttons. `ok` accepts the dialog, `cancel` ends it (the same button where there is nothing to accept).
-    void load(int base, PressControl& ok, PressControl& cancel, PressControl* help = nullptr);
+    /// How a control names its text until that is loaded.
+    [[nodiscard]] std::string offset(int text) const;
+    /// Once the controls are there: loads their texts and fonts, and takes over the buttons. `ok` accepts the dialog,
+    /// `cancel` ends it (the same button where there is nothing to accept).
+    void load(PressControl& ok, PressControl& cancel, PressControl* help = nullptr);
     /// Places the dialog, gives `first` the focus, shows the dialog and waits until the user has ended it. Whether the
     /// user has accepted it.
     bool show(const Steps& step, Placing place, Control& first);
@@ -45,6 +47,7 @@ private:
     void Form_KeyDown(KeyPress& press);
 
     Support& support_;
+    int block_;
     bool accepted_ = false;
 };
 

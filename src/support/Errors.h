@@ -4,6 +4,7 @@
 #include "interfaces/IKopDrivers.h"
 #include "platform/Failure.h"
 #include "support/StringTable.h"
+#include "support/TextNumbers.h"
 
 #include <cstdint>
 #include <functional>
@@ -16,11 +17,8 @@ namespace ko {
 
 class Steps;
 
-/// Where a module's error source stands in the string table.
-namespace errorSource {
-inline constexpr int page = 1101;
-inline constexpr int triggering = 1351;
-} // namespace errorSource
+/// The numbers of the modules' names in the string table.
+namespace errorSource = textNumber::errorSource;
 
 /// The events of one document that are in progress. A host may hand over another list of drivers, or end the document,
 /// from inside any call that an event makes: the event is over then.

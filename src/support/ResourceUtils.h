@@ -12,6 +12,12 @@ namespace ko {
 ///
 /// A missing text and every other failure is reported to `step`; the other controls are still loaded.
 
+/// What a control carries for a text of the block that begins at `base`.
+[[nodiscard]] inline std::string offsetOf(int text, int base)
+{
+    return std::to_string(text - base);
+}
+
 /// Fonts first, then texts, each in the order of the form's controls.
 void loadFormStrings(const Steps& step, const StringTable& strings, Form& form, const Font& font, int base);
 

@@ -1,13 +1,15 @@
 #include "support/Validation.h"
 
-#include "interfaces/Values.h"
 #include "platform/NumberText.h"
+#include "support/TextNumbers.h"
 
 #include <cmath>
 
 namespace ko {
 
 namespace {
+
+namespace pageText = textNumber::page;
 
 bool isWhole(NumberType type)
 {
@@ -17,7 +19,7 @@ bool isWhole(NumberType type)
 /// The text for what is no number. A trigger parameter of type Float is asked for an integer, too.
 const std::string& notANumber(const Support& support, NumberType type)
 {
-    return support.text(type == NumberType::Double ? 1148 : 1144);
+    return support.text(type == NumberType::Double ? pageText::realRequired : pageText::integerRequired);
 }
 
 /// The bounds as a message names them: whole ones, rounded inwards, where only whole numbers are accepted; as they are
@@ -32,16 +34,15 @@ std::string outOfRange(const Support& support, NumberType type, const NumberBoun
 {
     if (!bounds.minimum || !bounds.maximum)
         return notANumber(support, type);
-    const Range shown = shownBounds(type, {*bounds.minimum, *bounds.maximum});
-    return support.text(isWhole(type) ? 1145 : 1149) + numberText(shown.minimum, support.locale()) +
-           support.text(1146) + numberText(shown.maximum, support.locale()) + support.text(1147);
+    return requiredRange(support, isWhole(type) ? pageText::integerInRange : pageText::realInRange,
+                         shownBounds(type, {*bounds.minimum, *bounds.maximum}));
 }
 
 std::optional<double> converted(std::string_view text, NumberType type, const Locale& locale)
 {
     try {
-        const double number = toDouble(text, locale);
-        return isWhole(type) ? toLong(number) : number;
+        const double value = toDouble(text, locale);
+        return isWhole(type) ? toLong(value) : value;
     } catch (const Failure&) {
         return std::nullopt;
     }
@@ -67,18 +68,24 @@ bool isInside(double value, const NumberBounds& bounds, const Locale& locale)
 
 } // namespace
 
+std::string requiredRange(const Support& support, int text, Range range)
+{
+    return support.text(text) + numberText(range.minimum, support.locale()) + support.text(pageText::to) +
+           numberText(range.maximum, support.locale()) + support.text(pageText::isRequired);
+}
+
 std::optional<double> readNumber(const Support& support, std::string_view text, NumberType type,
                                  const NumberBounds& bounds, bool showMessage)
 {
     const bool numeric = isNumeric(text, support.locale());
     if (numeric) {
-        const std::optional<double> number = converted(text, type, support.locale());
-        if (number && isInside(*number, bounds, support.locale()))
-            return number;
+        const std::optional<double> value = converted(text, type, support.locale());
+        if (value && isInside(*value, bounds, support.locale()))
+            return value;
     }
     if (showMessage)
         support.platform.messageBox.show(numeric ? outOfRange(support, type, bounds) : notANumber(support, type),
-                                         support.text(1143), messageStyle::exclamation);
+                                         support.text(pageText::invalidInput), messageStyle::exclamation);
     return std::nullopt;
 }
 

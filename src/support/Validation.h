@@ -1,5 +1,6 @@
 #pragma once
 
+#include "interfaces/Values.h"
 #include "support/Support.h"
 
 #include <optional>
@@ -25,6 +26,9 @@ struct NumberBounds {
 
 /// A value counts as inside a bound when it is at most this far outside.
 inline constexpr double rangeTolerance = 1e-9;
+
+/// That a number of the range is required: the text of this number, then the bounds. Failures reach the caller.
+[[nodiscard]] std::string requiredRange(const Support& support, int text, Range range);
 
 /// The text as a number of this type, rounded to a whole number for `Long` and `Integer`; none when it is not
 /// numeric, does not fit or is out of bounds. A number equal to what a bound's text reads as is inside. When there

@@ -109,9 +109,12 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
     Timebase* timebase = step.value([&] { return page_.timebaseAt(driver); });
     if (!timebase)
         return {};
-    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, {&number, value}, 1);
-    const auto& it = guarded.write(
-        step, {driver, timebase}, [&](const NumberSetting& before) { return holds && holds(before.value); }, [] {});
+    const NumberSetting wanted{&number, value};
+    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, wanted, 1);
+    const auto lacking = [&](const NumberSetting& before) {
+        return holds && holds(before.value) ? NumberSetting{} : wanted;
+    };
+    const auto& it = guarded.write(step, {driver, timebase}, lacking, [] {});
     if (!it.tried)
         return {Fate::Untouched, it.kept.value};
     note(number, value, it.kept.value);

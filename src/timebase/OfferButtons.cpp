@@ -4,14 +4,9 @@
 #include "platform/Failure.h"
 #include "platform/Scoped.h"
 #include "support/Phrases.h"
+#include "support/TextNumbers.h"
 
 namespace ko {
-
-namespace {
-
-constexpr int titleText = 3244;
-
-} // namespace
 
 OfferButtons::OfferButtons(Page& page, Support& support, Dialog dialog)
     : page_(page), support_(support), dialog_(std::move(dialog))
@@ -36,8 +31,8 @@ void OfferButtons::pressed(const Quantity& quantity)
     const OfferTexts texts([this](int number) { return support_.text(number); }, support_.locale(), quantity.isRate);
     const OfferAccount& account = page_.*quantity.number->offers;
     step([&] {
-        dialog_().Display(filled(support_.text(titleText), {(page_.*quantity.label).caption()}), texts.common(account),
-                          texts.columns(), rows(step, account, texts));
+        dialog_().Display(filled(support_.text(textNumber::offers::titleOf), {(page_.*quantity.label).caption()}),
+                          texts.common(account), texts.columns(), rows(step, account, texts));
     });
 }
 

@@ -1,18 +1,17 @@
 #include "timebase/ShowOffers.h"
 
+#include "support/TextNumbers.h"
+
 namespace ko {
 
-namespace {
+namespace offerText = textNumber::offers;
 
-constexpr int textBase = 3240;
-
-} // namespace
-
-ShowOffers::ShowOffers(Support& support) : DialogForm(support, "ShowOffers", 3, helpTopic::page)
+ShowOffers::ShowOffers(Support& support)
+    : DialogForm(support, "ShowOffers", offerText::block, offerText::title, helpTopic::page)
 {
-    btnClose.setTag("5");
+    btnClose.setTag(offset(offerText::close));
     resize(9000, 4500);
-    load(textBase, btnClose, btnClose);
+    load(btnClose, btnClose);
 }
 
 void ShowOffers::Display(const std::string& title, const std::string& common, std::vector<std::string> columns,

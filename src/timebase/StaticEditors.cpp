@@ -71,14 +71,15 @@ StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool
     OfferAccount& offers = page_.scanPeriodOffers;
     offers.keptOtherwise.clear();
     const Drivers drivers = page_.currentDrivers();
-    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, {&timebaseNumber::scanPeriod, newScanPeriod},
-                                        drivers.size());
+    const NumberSetting wanted{&timebaseNumber::scanPeriod, newScanPeriod};
+    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, wanted, drivers.size());
     if (!holds)
         notify();
     ScanPeriod result;
     forEachTimebase(step, drivers, [&](IndexedTimebase at) {
         const auto& it = guarded.write(
-            step, at, [&](const NumberSetting& before) { return holds && holds(before.value); },
+            step, at,
+            [&](const NumberSetting& before) { return holds && holds(before.value) ? NumberSetting{} : wanted; },
             [&] {
                 if (holds)
                     notify();

@@ -8,13 +8,6 @@ namespace {
 
 namespace number = textNumber::lines;
 
-constexpr int dialogTexts = 1300;
-/// How a control names its text until that is loaded.
-std::string offset(int text)
-{
-    return std::to_string(text - dialogTexts);
-}
-
 /// The controls of one trigger's tab.
 struct Column {
     const AdvancedTrig::Options& options;
@@ -31,7 +24,8 @@ Column columnOf(AdvancedTrig& form, LineTrigger trigger)
 
 } // namespace
 
-AdvancedTrig::AdvancedTrig(Support& support) : DialogForm(support, "AdvancedTrig", 1, helpTopic::advancedTrig)
+AdvancedTrig::AdvancedTrig(Support& support)
+    : DialogForm(support, "AdvancedTrig", number::block, number::title, helpTopic::advancedTrig)
 {
     tabTrigger.setTabCaption(startTab, offset(number::startTab));
     tabTrigger.setTabCaption(scanTab, offset(number::syncTab));
@@ -44,7 +38,7 @@ AdvancedTrig::AdvancedTrig(Support& support) : DialogForm(support, "AdvancedTrig
         label->setTag(offset(number::map));
     for (const LineTrigger trigger : lineTriggers)
         columnOf(*this, trigger).map.gotFocus = [this, trigger] { showTab(trigger); };
-    load(dialogTexts, btnOK, btnCancel, &btnHelp);
+    load(btnOK, btnCancel, &btnHelp);
     resize(4200, 4800);
 }
 

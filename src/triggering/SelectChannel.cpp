@@ -1,21 +1,25 @@
 #include "triggering/SelectChannel.h"
 
+#include "support/TextNumbers.h"
+
 namespace ko {
 
 namespace {
 
-constexpr int browserTexts = 2400;
+namespace channelText = textNumber::channelDialog;
+
 /// Twips, around the controls and between them.
 constexpr std::int32_t margin = 120;
 
 } // namespace
 
-SelectChannel::SelectChannel(Support& support) : DialogForm(support, "SelectChannel", 1, 0)
+SelectChannel::SelectChannel(Support& support)
+    : DialogForm(support, "SelectChannel", channelText::block, channelText::title, 0)
 {
-    cmdOK.setTag("2");
-    cmdCancel.setTag("3");
-    cmdHelp.setTag("4");
-    load(browserTexts, cmdOK, cmdCancel, &cmdHelp);
+    cmdOK.setTag(offset(channelText::ok));
+    cmdCancel.setTag(offset(channelText::cancel));
+    cmdHelp.setTag(offset(channelText::help));
+    load(cmdOK, cmdCancel, &cmdHelp);
     for (CommandButton* button : {&cmdOK, &cmdCancel, &cmdHelp})
         button->move({0, 0, 1215, 375});
     chsNavigate.activated = [this] { accept("chsNavigate_Activate"); };

@@ -2,7 +2,7 @@
 #include "triggering/AdvancedTrig.h"
 #include "triggering/SelectChannel.h"
 
-#include <ostream>
+#include <sstream>
 #include <tuple>
 
 namespace ko::test {
@@ -16,6 +16,16 @@ Counts operator+(Counts sum, const Counts& other)
     for (const auto& [operation, count] : other)
         sum[operation] += count;
     return sum;
+}
+
+/// Each of these operations, so often.
+Counts each(int times, const std::string& operations)
+{
+    Counts counts;
+    std::istringstream words(operations);
+    for (std::string word; words >> word;)
+        counts[word] += times;
+    return counts;
 }
 
 /// Dynamic drivers, then static ones, and the channels of each.
@@ -41,7 +51,7 @@ protected:
             driver.numberOfScans = 100;
         }
     }
-    void expectCalls(const char* event, const std::function<void()>& run, const Counts& expected)
+    void expectCalls(const char* event, const Counts& expected, const std::function<void()>& run)
     {
         for (const auto& driver : fakes)
             driver->calls.clear();
@@ -56,173 +66,119 @@ protected:
     }
 
     /// Until there is one of each kind; the first driver is asked for both tests.
-    Counts survey() const { return {{"MeasurementMode", d + 2}, {"SamplingMode", d + 2}}; }
-    static Counts capture()
-    {
-        return {{"queryTimebase", 1}, {"StartMode", 1}, {"StartTime", 1}, {"StopMode", 1}, {"Duration", 1}};
-    }
+    Counts survey() const { return each(d + 2, "MeasurementMode SamplingMode"); }
+    static Counts capture() { return each(1, "queryTimebase StartMode StartTime StopMode Duration"); }
     Counts estimate() const
     {
-        return {{"MeasurementMode", n},
-                {"SamplingMode", n},
-                {"queryDynamicMeasurement", d},
-                {"DynamicBytes", d},
-                {"GroupCount", s},
-                {"ChannelCount", s},
-                {"queryStaticMeasurement", s},
-                {"NumberOfScans", s},
-                {"ChannelAttribute", s * c},
-                {"queryTimebase", 2},
-                {"SamplePeriod", 1},
-                {"BlockSize", 1},
-                {"ScanPeriod", 1}};
+        return each(n, "MeasurementMode SamplingMode") + each(d, "queryDynamicMeasurement DynamicBytes") +
+               each(s, "GroupCount ChannelCount queryStaticMeasurement NumberOfScans") +
+               each(s * c, "ChannelAttribute") + each(2, "queryTimebase") +
+               each(1, "SamplePeriod BlockSize ScanPeriod");
     }
-    /// Reading, writing and reading back for all drivers.
-    Counts pushScanPeriod() const { return {{"queryTimebase", n}, {"ScanPeriod", 2 * n}, {"setScanPeriod", n}}; }
-    /// A setting of the schedule is read, written and read back at every driver. What was read back from the first is
-    /// captured, and is not asked for again.
-    Counts written(const char* get, const char* set) const { return {{get, 2 * n - 1}, {set, n}}; }
-    /// A change of the schedule, which writes the duration, too.
-    Counts change() const
+    /// A number is read, written, read back and estimated: of the current dynamic driver, or of all.
+    Counts entered(const std::string& number) const
     {
-        return estimate() + capture() + written("Duration", "setDuration") + Counts{{"queryTimebase", n}};
+        return estimate() + each(1, "queryTimebase set" + number) + each(2, number);
     }
-    Counts startModeChange() const { return change() + written("StartMode", "setStartMode"); }
-    Counts stopModeChange() const { return change() + written("StopMode", "setStopMode"); }
+    Counts pushScanPeriod() const { return each(n, "queryTimebase setScanPeriod") + each(2 * n, "ScanPeriod"); }
+    /// A setting of the schedule is read and read back at every driver. What was read back from the first is captured,
+    /// and is not asked for again.
+    Counts reread(const std::string& settings) const { return each(2 * n - 1, settings); }
+    /// A change of the schedule writes to each driver the one setting that differs there; the duration goes with all.
+    Counts change(const std::string& set) const
+    {
+        return estimate() + capture() + reread("Duration") + each(n, "queryTimebase " + set);
+    }
+    Counts startModeChange() const { return change("setStartMode") + reread("StartMode"); }
+    Counts stopModeChange() const { return change("setStopMode") + reread("StopMode"); }
     static Counts parameterGrid()
     {
-        return {{"queryTriggerParameters", 1}, {"GetTriggerParamCount", 1}, {"GetTriggerParamId", 2},
-                {"GetTriggerParamName", 2},    {"GetTriggerParamType", 2},  {"GetTriggerParamValue", 2},
-                {"GetTriggerParamChoices", 1}};
+        return each(1, "queryTriggerParameters GetTriggerParamCount GetTriggerParamChoices") +
+               each(2, "GetTriggerParamId GetTriggerParamName GetTriggerParamType GetTriggerParamValue");
     }
     Counts lines(int drivers) const
     {
-        return {{"queryTriggerLines", 2 * drivers},
-                {"setStartTriggerLine", 1},
-                {"StartTriggerLine", 1},
-                {"setStartTriggerInput", drivers - 1},
-                {"setScanTriggerInput", drivers - 1},
-                {"setScanTriggerLine", 1},
-                {"ScanTriggerLine", 1}};
+        return each(2 * drivers, "queryTriggerLines") +
+               each(1, "setStartTriggerLine StartTriggerLine setScanTriggerLine ScanTriggerLine") +
+               each(drivers - 1, "setStartTriggerInput setScanTriggerInput");
     }
     /// Choosing a channel asks each but the old and the new one; the old one is switched off, the new one is switched
     /// on and read back.
     Counts sourceSwitch() const
     {
-        return {{"queryTriggerParameters", 1}, {"GroupCount", 1}, {"ChannelCount", 1}, {"TriggerEnabled", c - 1}};
+        return each(1, "queryTriggerParameters GroupCount ChannelCount") + each(c - 1, "TriggerEnabled");
     }
     /// A page that is built, once the masters are known; `ranges` is n where no driver has lists.
     Counts build(int ranges) const
     {
-        return estimate() + pushScanPeriod() + lines(n) +
-               Counts{{"queryTriggerLines", 3 * n},
-                      {"StartLinesAsMaster", 1},
-                      {"ScanLinesAsMaster", 1},
-                      {"StartLinesAsListener", n - 1},
-                      {"ScanLinesAsListener", n - 1},
-                      {"queryTimebase", 2 + 3 * n + n}, // both editors, three offers, the settings
-                      {"SamplePeriod", 1},
-                      {"BlockSize", 1},
-                      {"ScanPeriod", 1},
-                      {"SampleChoiceList", n},
-                      {"BlockSizeChoiceList", n},
-                      {"ScanChoiceList", n},
-                      {"ChoiceRange", 2 * ranges},
-                      {"BlockSizeRange", ranges},
-                      {"MeasurementMode", 1},
-                      {"SamplingMode", 1},
-                      {"setStartMode", n},
-                      {"setStopMode", n},
-                      {"setDuration", n},
-                      {"StartMode", n},
-                      {"StartTime", 1},
-                      {"StopMode", n},
-                      {"Duration", n}};
+        return estimate() + pushScanPeriod() + lines(n) + each(3 * n, "queryTriggerLines") +
+               each(1, "StartLinesAsMaster ScanLinesAsMaster MeasurementMode SamplingMode") +
+               each(n - 1, "StartLinesAsListener ScanLinesAsListener") +
+               each(2 + 3 * n + n, "queryTimebase") + // both editors, three offers, the settings
+               each(1, "SamplePeriod BlockSize ScanPeriod StartTime") +
+               each(n, "SampleChoiceList BlockSizeChoiceList ScanChoiceList") + each(2 * ranges, "ChoiceRange") +
+               each(ranges, "BlockSizeRange") +
+               each(n, "setStartMode setStopMode setDuration StartMode StopMode Duration");
     }
-    Counts unwired() const
-    {
-        return {{"StartTriggerLine", n}, {"ScanTriggerLine", n}, {"StartMasterRank", n}, {"ScanMasterRank", n}};
-    }
+    Counts unwired() const { return each(n, "StartTriggerLine ScanTriggerLine StartMasterRank ScanMasterRank"); }
     /// Start master and scan master are found where they were wired.
-    Counts wired() const { return {{"StartTriggerLine", 1}, {"StartMasterRank", 1}, {"ScanTriggerLine", d + 1}}; }
+    Counts wired() const { return each(1, "StartTriggerLine StartMasterRank") + each(d + 1, "ScanTriggerLine"); }
 };
 
 TEST_P(CallCounts, OpeningAsksForEachThingOnce)
 {
     addDrivers({});
-    expectCalls(
-        "hand-over", [&] { handOver(); }, survey() + capture());
-    expectCalls(
-        "show", [&] { document->UserDocument_Show(); }, build(n) + unwired());
-    expectCalls(
-        "show again", [&] { document->UserDocument_Show(); }, build(n) + wired());
-    const Counts cleared{{"queryTriggerLines", n}, {"setScanTriggerLine", n}, {"setStartTriggerLine", n}};
+    expectCalls("hand-over", survey() + capture(), [&] { handOver(); });
+    expectCalls("show", build(n) + unwired(), [&] { document->UserDocument_Show(); });
+    expectCalls("show again", build(n) + wired(), [&] { document->UserDocument_Show(); });
+    const Counts cleared = each(n, "queryTriggerLines setScanTriggerLine setStartTriggerLine");
     addDrivers({0.001, 0.01, 0.1});
-    expectCalls(
-        "hand-over while shown", [&] { handOver(); }, survey() + capture() + cleared + build(0) + unwired());
+    expectCalls("hand-over while shown", survey() + capture() + cleared + build(0) + unwired(), [&] { handOver(); });
 }
 
 TEST_P(CallCounts, AKeystrokeReadsWritesReadsBackAndEstimatesOnce)
 {
     addDrivers({});
     open();
-    const auto samples = [this](const char* get, const char* set) {
-        return estimate() + Counts{{"queryTimebase", 1}, {get, 2}, {set, 1}};
-    };
-    const Counts samplePeriod = samples("SamplePeriod", "setSamplePeriod");
     const Counts scanPeriod = pushScanPeriod() + estimate();
-    const Counts duration = change();
     const struct {
         TextBox& box;
-        const char* key;
-        const char* read;
+        const char *key, *read;
         Counts keystroke;
-    } boxes[] = {{page().txtSampleRate, "7", "SamplePeriod", samplePeriod},
-                 {page().txtSamplePeriod, "6", "SamplePeriod", samplePeriod},
-                 {page().txtBlockSize, "64", "BlockSize", samples("BlockSize", "setBlockSize")},
+    } boxes[] = {{page().txtSampleRate, "7", "SamplePeriod", entered("SamplePeriod")},
+                 {page().txtSamplePeriod, "6", "SamplePeriod", entered("SamplePeriod")},
+                 {page().txtBlockSize, "64", "BlockSize", entered("BlockSize")},
                  {page().txtScanRate, "7", "ScanPeriod", scanPeriod},
                  {page().txtScanPeriod, "6", "ScanPeriod", scanPeriod},
-                 {page().txtDuration, "5", "Duration", duration}};
+                 {page().txtDuration, "5", "Duration", change("setDuration")}};
     for (const auto& it : boxes) {
         ASSERT_TRUE(page().moveFocus(&it.box));
-        expectCalls(
-            it.key, [&] { it.box.userTyped(it.key); }, it.keystroke);
-        const Counts look{{"queryTimebase", 1}, {it.read, 1}};
-        expectCalls(
-            "a key that makes no number", [&] { it.box.userTyped("x"); }, look);
+        expectCalls(it.key, it.keystroke, [&] { it.box.userTyped(it.key); });
+        const Counts look = each(1, std::string("queryTimebase ") + it.read);
+        expectCalls("a key that makes no number", look, [&] { it.box.userTyped("x"); });
         it.box.userUndid();
-        expectCalls(
-            "leaving", [&] { page().moveFocus(&page().optAfter); }, look);
+        expectCalls("leaving", look, [&] { page().moveFocus(&page().optAfter); });
     }
     page().moveFocus(&page().txtDuration);
     bool allowed = false;
-    expectCalls("leave check", [&] { document->state().OKToLeave(allowed); }, {});
-    expectCalls("accept", [&] { document->menu().OnCommand(command::acceptEntry); },
-                {{"queryTimebase", 1}, {"Duration", 1}});
+    expectCalls("leave check", Counts{}, [&] { document->state().OKToLeave(allowed); });
+    expectCalls("accept", each(1, "queryTimebase Duration"), [&] { document->menu().OnCommand(command::acceptEntry); });
 }
 
 TEST_P(CallCounts, AChoiceReadsWritesReadsBackAndEstimatesOnce)
 {
     addDrivers({0.001, 0.01, 1024, 2048});
     open();
-    const Counts samplePeriod = estimate() + Counts{{"queryTimebase", 1}, {"SamplePeriod", 2}, {"setSamplePeriod", 1}};
-    const Counts blockSize = estimate() + Counts{{"queryTimebase", 1}, {"BlockSize", 2}, {"setBlockSize", 1}};
     const Counts scanPeriod = estimate() + pushScanPeriod();
-    expectCalls(
-        "rate", [&] { page().cmbSampleRate.userChose(1); }, samplePeriod);
-    expectCalls(
-        "period", [&] { page().cmbSamplePeriod.userChose(2); }, samplePeriod);
-    expectCalls(
-        "block size", [&] { page().cmbBlockSize.userChose(3); }, blockSize);
-    expectCalls(
-        "scan rate", [&] { page().cmbScanRate.userChose(1); }, scanPeriod);
-    expectCalls(
-        "scan period", [&] { page().cmbScanPeriod.userChose(2); }, scanPeriod);
-    expectCalls(
-        "unit", [&] { page().cmbInterval.userChose(1); }, change());
+    expectCalls("rate", entered("SamplePeriod"), [&] { page().cmbSampleRate.userChose(1); });
+    expectCalls("period", entered("SamplePeriod"), [&] { page().cmbSamplePeriod.userChose(2); });
+    expectCalls("block size", entered("BlockSize"), [&] { page().cmbBlockSize.userChose(3); });
+    expectCalls("scan rate", scanPeriod, [&] { page().cmbScanRate.userChose(1); });
+    expectCalls("scan period", scanPeriod, [&] { page().cmbScanPeriod.userChose(2); });
+    expectCalls("unit", change("setDuration"), [&] { page().cmbInterval.userChose(1); });
 }
 
-TEST_P(CallCounts, AnOptionWritesItsModeAndTheDurationAndEstimatesOnce)
+TEST_P(CallCounts, AChangeOfTheScheduleWritesWhatDiffersAndEstimatesOnce)
 {
     addDrivers({});
     open();
@@ -232,19 +188,13 @@ TEST_P(CallCounts, AnOptionWritesItsModeAndTheDurationAndEstimatesOnce)
         dialog.calDate.userChose(2026, 11, 22);
         dialog.btnOK.userClicked();
     };
-    const Counts startTime = written("StartTime", "setStartTime");
-    expectCalls(
-        "at time", [&] { page().optStartTime.userClicked(); }, startModeChange() + startTime);
-    expectCalls(
-        "stop at time", [&] { page().optStopTime.userClicked(); }, stopModeChange());
-    expectCalls(
-        "stop time", [&] { page().cmdStopTime.userClicked(); }, stopModeChange());
-    expectCalls(
-        "start time", [&] { page().cmdStartTime.userClicked(); }, change() + startTime);
-    expectCalls(
-        "after", [&] { page().optAfter.userClicked(); }, stopModeChange());
-    expectCalls(
-        "immediately", [&] { page().optImmediate.userClicked(); }, startModeChange());
+    expectCalls("at time", startModeChange() + reread("StartTime"), [&] { page().optStartTime.userClicked(); });
+    expectCalls("stop at time", stopModeChange(), [&] { page().optStopTime.userClicked(); });
+    expectCalls("stop time", change("setDuration") + reread("StopMode"), [&] { page().cmdStopTime.userClicked(); });
+    expectCalls("start time", change("setStartTime") + reread("StartTime") + each(n, "setDuration"),
+                [&] { page().cmdStartTime.userClicked(); });
+    expectCalls("after", stopModeChange(), [&] { page().optAfter.userClicked(); });
+    expectCalls("immediately", startModeChange(), [&] { page().optImmediate.userClicked(); });
 }
 
 TEST_P(CallCounts, TheTriggerIsSwitchedOnceAndReadOnlyModeBuildsThePageOnce)
@@ -260,47 +210,35 @@ TEST_P(CallCounts, TheTriggerIsSwitchedOnceAndReadOnlyModeBuildsThePageOnce)
         dialog.chsNavigate.userPicked({*dialog.chsNavigate.lineOf(nullptr, 0, 0)});
         dialog.cmdOK.userClicked();
     };
-    const Counts caption{{"ChannelAttribute", 2}};
-    const Counts browser{
-        {"DriverName", 1}, {"GroupCount", 1},   {"GroupName", 1},           {"queryTriggerParameters", 1},
-        {"CanTrigger", c}, {"ChannelCount", 1}, {"ChannelAttribute", 2 * c}};
-    expectCalls(
-        "channel", [&] { page().cmdChannel.userClicked(); },
-        browser + sourceSwitch() + caption + parameterGrid() + Counts{{"setTriggerEnabled", 2}});
-    expectCalls("cell", [&] { page().grdParam.userEditedCell(1, "7"); },
-                {{"queryTriggerParameters", 2},
-                 {"GetTriggerParamType", 4},
-                 {"GetTriggerParamMin", 1},
-                 {"GetTriggerParamMax", 1},
-                 {"SetTriggerParamValue", 1},
-                 {"GetTriggerParamValue", 2}});
+    const Counts caption = each(2, "ChannelAttribute");
+    const Counts browser = each(1, "DriverName GroupCount GroupName queryTriggerParameters ChannelCount") +
+                           each(c, "CanTrigger") + each(2 * c, "ChannelAttribute");
+    expectCalls("channel", browser + sourceSwitch() + caption + parameterGrid() + each(2, "setTriggerEnabled"),
+                [&] { page().cmdChannel.userClicked(); });
+    expectCalls("cell",
+                each(2, "queryTriggerParameters GetTriggerParamValue") + each(4, "GetTriggerParamType") +
+                    each(1, "GetTriggerParamMin GetTriggerParamMax SetTriggerParamValue"),
+                [&] { page().grdParam.userEditedCell(1, "7"); });
     host.inModalForm = [](Form& form) {
         auto& dialog = dynamic_cast<AdvancedTrig&>(form);
         dialog.optStartTrig[5]->userClicked();
         dialog.optScanTrig[6]->userClicked();
         dialog.btnOK.userClicked();
     };
-    const Counts tips{{"queryTriggerLines", n}, {"DriverName", n}, {"StartTriggerLine", n}, {"ScanTriggerLine", n}};
-    expectCalls(
-        "lines", [&] { page().mnuTimebaseTriggerLines.userClicked(); }, tips + lines(n));
+    const Counts tips = each(n, "queryTriggerLines DriverName StartTriggerLine ScanTriggerLine");
+    expectCalls("lines", tips + lines(n), [&] { page().mnuTimebaseTriggerLines.userClicked(); });
     const Counts onTrigger = caption + parameterGrid() +
-                             Counts{{"queryTriggerParameters", 1},
-                                    {"setTriggerEnabled", 1},
-                                    {"TriggerEnabled", 1},
-                                    {"ChannelAttribute", 1}, // is it enabled?
-                                    {"GroupCount", 1},
-                                    {"ChannelCount", 1}}; // is it still there?
-    expectCalls(
-        "read-only", [&] { document->mode().setReadOnly(true); }, build(n) + wired() + onTrigger + capture());
-    expectCalls(
-        "editable", [&] { document->mode().setReadOnly(false); }, build(n) + wired() + onTrigger);
-    expectCalls(
-        "immediately", [&] { page().optImmediate.userClicked(); },
-        startModeChange() + Counts{{"queryTriggerParameters", 1}, {"setTriggerEnabled", 1}});
-    expectCalls(
-        "on trigger", [&] { page().optOnTrigger.userClicked(); },
-        startModeChange() + sourceSwitch() + caption + parameterGrid() +
-            Counts{{"setTriggerEnabled", 1}, {"TriggerEnabled", 1}, {"ChannelAttribute", 1}});
+                             each(1, "queryTriggerParameters setTriggerEnabled TriggerEnabled") +
+                             each(1, "ChannelAttribute") +       // is it enabled?
+                             each(1, "GroupCount ChannelCount"); // is it still there?
+    expectCalls("read-only", build(n) + wired() + onTrigger + capture(), [&] { document->mode().setReadOnly(true); });
+    expectCalls("editable", build(n) + wired() + onTrigger, [&] { document->mode().setReadOnly(false); });
+    expectCalls("immediately", startModeChange() + each(1, "queryTriggerParameters setTriggerEnabled"),
+                [&] { page().optImmediate.userClicked(); });
+    expectCalls("on trigger",
+                startModeChange() + sourceSwitch() + caption + parameterGrid() +
+                    each(1, "setTriggerEnabled TriggerEnabled ChannelAttribute"),
+                [&] { page().optOnTrigger.userClicked(); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, CallCounts, testing::Values(Size{2, 1, 2}, Size{3, 4, 5}));

@@ -31,6 +31,28 @@ protected:
         for (const auto& driver : fakes)
             driver->writes.clear();
     }
+    /// The same in a document of its own.
+    void openAnew(std::int32_t start = 0, std::int32_t stop = 0, const char* startTime = "8:00:00 AM",
+                  float seconds = 10)
+    {
+        document = makeDocument(shared, host);
+        fakes.clear();
+        openTwo(start, stop, startTime, seconds);
+    }
+    /// Another document is built on the same drivers while they fail at these operations, which is reported.
+    void openFailing(const std::set<std::string>& operations)
+    {
+        document = makeDocument(shared, host);
+        failIn(operations);
+        open();
+        EXPECT_FALSE(host.takeReports().empty());
+    }
+    void failIn(const std::set<std::string>& operations)
+    {
+        for (const auto& driver : fakes)
+            driver->failing = operations;
+    }
+
     OptionButton& start(std::int32_t mode)
     {
         OptionButton* const options[] = {&page().optImmediate, &page().optStartTime, &page().optOnTrigger};
@@ -46,6 +68,17 @@ protected:
             all.push_back(std::to_string(it->startMode) + " " + std::to_string(it->stopMode) + " " +
                           generalDate(it->startTime, {}) + " " + numberText(widen(it->duration), {}));
         return all;
+    }
+    std::string plan() { return page().lblPlan.caption(); }
+    /// Options, times and duration as the page shows them.
+    std::string shown()
+    {
+        std::string all;
+        for (const OptionButton* option : {&start(0), &start(1), &start(2), &stop(0), &stop(1)})
+            all += option->value() ? '1' : '0';
+        return all + "|" + page().txtStartTime.text() + "|" + page().txtStopTime.text() + "|" +
+               page().txtDuration.text() + " " + page().cmbInterval.text() + "|" + page().lblDurationValue.caption() +
+               "|" + (page().lblStopTimeValue.visible() ? page().lblStopTimeValue.caption() : "");
     }
     /// The same as the page shows it, and as it keeps it for the next list.
     void expectEverywhere(const std::string& settings)

@@ -30,8 +30,8 @@ public:
                 "one block size editor is shown");
         if (!isUpToDate())
             return broken_;
-        require(page_.optImmediate.value() + page_.optStartTime.value() + page_.optOnTrigger.value() == 1,
-                "one start option is selected");
+        require(page_.optImmediate.value() + page_.optStartTime.value() + page_.optOnTrigger.value() <= 1,
+                "one start option is selected, or none while the mode is not known");
         require(page_.optAfter.value() + page_.optStopTime.value() == 1, "one stop option is selected");
         require(page_.optAfter.value() || page_.optStartTime.value(), "only a start at a time has a stop at a time");
         for (const Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
@@ -84,6 +84,8 @@ private:
                 rates.name() + " or " + rate.name() + " is shown with its partner");
     }
 
+    /// Durations and whole numbers stay as they are typed until their box is left, whatever the driver keeps of them.
+    static bool isBeingTyped(const TextBox& box) { return box.hasFocus() && isNumeric(box.text(), {}); }
     /// A text that is being typed may be on its way to a number.
     void number(const TextBox& box, double held)
     {
@@ -106,8 +108,8 @@ private:
         number(page_.txtSampleRate, 1.0 / driver.samplePeriod);
         entry(page_.cmbSamplePeriod, driver.samplePeriod);
         entry(page_.cmbBlockSize, driver.blockSize);
-        if (driver.blockSize >= page_.blockSizeOffers.range.minimum &&
-            driver.blockSize <= page_.blockSizeOffers.range.maximum)
+        const Range range = page_.blockSizeOffers.range;
+        if (driver.blockSize >= range.minimum && driver.blockSize <= range.maximum && !isBeingTyped(page_.txtBlockSize))
             number(page_.txtBlockSize, driver.blockSize);
         same("span", page_.lblSpanValue.caption(), text(1.0 / driver.samplePeriod / 2.56) + " Hz");
     }
@@ -147,7 +149,10 @@ private:
             first = timebase(i);
         if (!first)
             return;
-        const std::int32_t shownMode = page_.optImmediate.value() ? 0 : page_.optStartTime.value() ? 1 : 2;
+        const std::int32_t shownMode = page_.optImmediate.value()   ? startMode::immediately
+                                       : page_.optStartTime.value() ? startMode::atTime
+                                       : page_.optOnTrigger.value() ? startMode::onTrigger
+                                                                    : -1;
         require(shownMode == first->startMode, "the start option is the driver's start mode");
         require(page_.optStopTime.value() == (first->startMode == 1 && first->stopMode == 1),
                 "the stop option is the driver's stop mode");
@@ -158,11 +163,11 @@ private:
         if (page_.optStopTime.value())
             stopTime(*first);
     }
-    /// A text that is being typed stays, whatever the driver keeps of it; the figures follow at once.
+    /// The figures follow at once.
     void duration(double seconds)
     {
         const TextBox& box = page_.txtDuration;
-        if (!box.hasFocus() || !isNumeric(box.text(), {}))
+        if (!isBeingTyped(box))
             number(box, seconds / page_.cmbInterval.itemData());
         same("the plan", text(page_.figures.plannedSeconds.value_or(seconds)), text(seconds));
     }

@@ -1,5 +1,5 @@
-"""string_files.py FOLDER NAMES: every translation in FOLDER has just the entries of en.txt, each in the shape that the
-program relies on; NAMES names texts of en.txt, each once."""
+"""string_files.py FOLDER NAMES SOURCES...: every translation in FOLDER has just the entries of en.txt, each in the shape
+that the program relies on; NAMES names texts of en.txt, each once, and the folders of sources use the names."""
 import re
 import sys
 from pathlib import Path
@@ -18,6 +18,8 @@ TOGETHER = {
 }
 # English texts that are given as they are.
 GIVEN = {(1107, 1126)}
+# Numbers in the sources that mean something else: dots per inch.
+NO_TEXTS = {("QtPrinters.cpp", "1200")}
 
 
 def entries(path):
@@ -80,12 +82,26 @@ def misnamed(path, english):
             named.add(int(entry[1]))
 
 
-def main(folder, names):
+def code(path):
+    """The lines of a source without its comments and quoted texts."""
+    return [re.sub(r"//.*", "", re.sub(r'"(\\.|[^"\\])*"', '""', line)) for line in path.read_text().splitlines()]
+
+
+def unnamed(folders, english):
+    """Numbers of texts that the sources write instead of a name."""
+    for path in sorted(path for folder in folders for path in folder.rglob("*") if path.suffix in (".h", ".cpp")):
+        for number, line in enumerate(code(path), 1):
+            for literal in re.findall(r"(?<![\w.'])\d{4}(?![\w.'])", line):
+                if int(literal) in english and (path.name, literal) not in NO_TEXTS:
+                    yield f"{path}:{number}: {literal} is a text's number; it has a name in TextNames.txt or gets one"
+
+
+def main(folder, names, *sources):
     files = {path.stem: entries(path) for path in sorted(folder.glob("*.txt"))}
     english = files.pop("en")
     if not files:
         sys.exit(f"{folder}: no translation")
-    wrong = [*ambiguous("en", english, GIVEN), *misnamed(names, english)]
+    wrong = [*ambiguous("en", english, GIVEN), *misnamed(names, english), *unnamed(sources, english)]
     for name, texts in files.items():
         wrong += [*unlike(name, english, texts), *ambiguous(name, texts, set())]
     print("\n".join(wrong))
@@ -93,4 +109,4 @@ def main(folder, names):
 
 
 if __name__ == "__main__":
-    sys.exit(main(Path(sys.argv[1]), Path(sys.argv[2])))
+    sys.exit(main(*map(Path, sys.argv[1:])))

@@ -4,6 +4,7 @@
 #include "platform/Grid.h"
 #include "platform/TextBox.h"
 #include "support/LocaleSettings.h"
+#include "support/Phrases.h"
 #include "support/ResourceUtils.h"
 
 #include <gtest/gtest.h>
@@ -30,6 +31,12 @@ TEST(StringTableTest, KeepsBlanksAndQuotesAndLacksWhatIsNotThere)
     EXPECT_EQ(english.text(1351), english.text(1101));
     for (const int missing : {1117, 1099, 1173, 0, -1})
         EXPECT_EQ(failureOf([&] { (void)english.text(missing); }), failure::resourceNotFound) << missing;
+}
+
+TEST(PhrasesTest, APatternTakesWhatItHasAPlaceFor)
+{
+    EXPECT_EQ(filled("%2 of %1, %1 %3", {"a%2", "b"}), "b of a%2, a%2 %3");
+    EXPECT_EQ(filled("no place % %", {"a"}), "no place % %");
 }
 
 TEST(StringTableTest, AnotherLanguageLiesOverTheEnglishTexts)

@@ -119,10 +119,17 @@ TEST_F(Dropping, AnEntryBringsTheFocusAndIsCheckedAsOneThatIsTyped)
 TEST_F(Dropping, WhatIsPastedEndsAtItsFirstLineBreak)
 {
     typeInto(at(page().txtScanPeriod), "0");
-    QApplication::clipboard()->setText(QStringLiteral(".25\r\n7"));
-    static_cast<QLineEdit&>(at(page().txtScanPeriod)).paste();
-    EXPECT_EQ(page().txtScanPeriod.text(), "0.25");
-    EXPECT_EQ(static_cast<QLineEdit&>(at(page().txtScanPeriod)).text(), "0.25");
+    auto& edit = static_cast<QLineEdit&>(at(page().txtScanPeriod));
+    const std::pair<const char*, const char*> cases[] = {{".25\r\n7", ""}, {"\n7", "2"}};
+    for (const auto& [text, selected] : cases) {
+        QApplication::clipboard()->setText(QString::fromLatin1(text));
+        edit.paste();
+        EXPECT_EQ(page().txtScanPeriod.text(), "0.25") << text;
+        EXPECT_EQ(edit.text(), "0.25");
+        EXPECT_EQ(edit.selectedText(), selected) << "nothing on the first line replaces nothing";
+        edit.setSelection(2, 1);
+    }
+    EXPECT_EQ(fakes[1]->scanPeriod, 0.25);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryBox, Typing,

@@ -35,7 +35,7 @@ public:
     OffersView(ShowOffers& form, const Texts& texts) : FormView(form, texts)
     {
         QTableWidget& table = this->table(form.tblOffers);
-        table.setAccessibleName(text(pageText::offers));
+        table.setAccessibleName(text(textNumber::offers::title));
         table.setItemDelegate(new SentenceDelegate(&table));
         table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
         fit_.setSingleShot(true);

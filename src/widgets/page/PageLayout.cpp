@@ -62,7 +62,7 @@ void PageWidget::addQuantity(QGridLayout& grid, const Quantity& quantity)
     grid.addWidget(&kept(view_->numberBox(box)), row, fields);
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
     QPushButton& explain = view_->button(button);
-    explain.setAccessibleName(view_->text(pageText::offersOf).arg(toQt(label.caption())));
+    explain.setAccessibleName(view_->text(textNumber::offers::titleOf).arg(toQt(label.caption())));
     explain.setToolTip(plainTip(toQt(button.tag())));
     grid.addWidget(&explain, row, buttons);
 }

@@ -98,6 +98,12 @@ TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
                             "Start time|9:30:00 AM", "Stop|9:31:30 AM"})
         EXPECT_TRUE(rows.contains(row)) << row << "\n" << rows.join('\n').toStdString();
     EXPECT_FALSE(rows.contains("Trigger Channel|Crank <1>"));
+    QString failing = toQt(bench);
+    failing.replace("\"timebase\": {\"samplePeriod\"",
+                    "\"failing\": [\"StartMode get\", \"Duration get\"], \"timebase\": {\"samplePeriod\"");
+    HeadlessPage unknown = played(failing.toStdString());
+    for (const char* row : {"Start|\u2013", "Duration|\u2013"})
+        EXPECT_TRUE(rowsOf(sheetOf(unknown, "x")).contains(row)) << row;
     HeadlessPage none = played(R"({"drivers": []})");
     EXPECT_TRUE(sheetOf(none, "").contains("Records nothing"));
 }

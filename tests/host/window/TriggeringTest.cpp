@@ -136,6 +136,13 @@ TEST_F(TriggeringTest, TheChannelAndItsParametersAreBetweenOnTriggerAndAtTimeFor
         press(Qt::Key_Down);
         EXPECT_TRUE(next->value()) << next->name();
     }
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Space}) { // with none selected, from the option with the focus
+        for (OptionButton* option : {&page().optImmediate, &page().optStartTime})
+            option->deselect();
+        press(key);
+        EXPECT_TRUE(page().optImmediate.value()) << key;
+        EXPECT_TRUE(at(page().optImmediate).hasFocus()) << key;
+    }
 }
 
 TEST_F(TriggeringTest, ARefusedTextStaysOpenWhereverTheUserTriesToGo)
