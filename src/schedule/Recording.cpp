@@ -103,6 +103,14 @@ void Recording::fillStopTime()
     show(page_.txtStopTime, stop);
 }
 
+DateTime Recording::enteredStart()
+{
+    const DateTime start = timeIn(page_.txtStartTime);
+    if (page_.optStopTime.value())
+        fillStopTime();
+    return start;
+}
+
 /// Only a start at a time has a stop at a time.
 void Recording::showModes(const StartStopSettings& kept)
 {

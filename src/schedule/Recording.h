@@ -61,6 +61,9 @@ public:
     /// empty while that is not known.
     void fillStopTime();
 
+    /// The start time entered; for a stop at a time, its time is filled in where it is missing or not later.
+    [[nodiscard]] DateTime enteredStart();
+
     /// Sets the text of a time box without the handlers of a change.
     void show(TextBox& box, const std::string& text);
 
