@@ -1,6 +1,13 @@
 #include "page/StartStopSettings.h"
 
+#include "platform/NumberText.h"
+
 namespace ko {
+
+std::optional<double> StartStopSettings::seconds() const
+{
+    return duration ? std::optional(widen(*duration)) : std::nullopt;
+}
 
 StartStopSettings StartStopSettings::readAll(const Steps& step, Timebase& timebase)
 {

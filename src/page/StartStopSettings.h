@@ -17,6 +17,8 @@ struct StartStopSettings {
     std::optional<std::int32_t> stopMode;
     std::optional<float> duration; ///< seconds
 
+    [[nodiscard]] std::optional<double> seconds() const;
+
     /// The order in which the members are written.
     enum class Order : std::uint8_t {
         Edited, ///< of a user's change: duration, start time, then the modes

@@ -71,7 +71,7 @@ std::optional<double> Recording::durationInForce(const Steps& step) const
 
 std::optional<double> Recording::durationReadBack() const
 {
-    return readBack_.duration ? std::optional(widen(*readBack_.duration)) : accepted_.seconds;
+    return readBack_.duration ? readBack_.seconds() : accepted_.seconds;
 }
 
 void Recording::show(TextBox& box, const std::string& text)
@@ -101,6 +101,14 @@ void Recording::fillStopTime()
         stop = computeStopTime(toDouble(text, support_.locale()) * page_.cmbInterval.itemData(),
                                timeIn(page_.txtStartTime));
     show(page_.txtStopTime, stop);
+}
+
+DateTime Recording::enteredStart()
+{
+    const DateTime start = timeIn(page_.txtStartTime);
+    if (page_.optStopTime.value())
+        fillStopTime();
+    return start;
 }
 
 /// Only a start at a time has a stop at a time.
@@ -182,9 +190,9 @@ void Recording::accepted(const Steps& step, Result result)
         step([&] { actions_.markChanged(); });
     else
         actions_.refreshEstimate();
-    captureStartStop(readBack_);
-    if (!accepted_.seconds && isFirstCaptured_ && page_.triggerVars)
-        follow(step, widen(page_.triggerVars->duration));
+    captured_.capture(readBack_);
+    if (const auto held = captured_.secondsOfFirst(); held && !accepted_.seconds)
+        follow(step, *held);
 }
 
 void Recording::follow(const Steps& step, double seconds)
@@ -206,39 +214,9 @@ Recording::Result Recording::commit(const Steps& step, const StartStopSettings& 
     return result;
 }
 
-void Recording::captureStartStop(StartStopSettings known)
-{
-    if (page_.readOnly)
-        return;
-    const auto from = firstTimebase(page_.currentDrivers(), [&](Driver&, Timebase& timebase) {
-        const StartStopSettings held = std::exchange(known, {});
-        page_.triggerVars = TriggerVars{held.startMode ? *held.startMode : timebase.StartMode(),
-                                        held.startTime ? *held.startTime : timebase.StartTime(),
-                                        held.stopMode ? *held.stopMode : timebase.StopMode(),
-                                        held.duration ? *held.duration : timebase.Duration()};
-        return true;
-    });
-    if (from || from.isAfterFailing)
-        isFirstCaptured_ = from && !from.isAfterFailing;
-}
-
-StartStopSettings Recording::settingsOfFirst(const Steps& step)
-{
-    if (page_.triggerVars && isFirstCaptured_)
-        return StartStopSettings::of(*page_.triggerVars);
-    const IndexedTimebase first = firstTimebase(page_.currentDrivers());
-    if (!first || first.isAfterFailing)
-        return {};
-    const StartStopSettings read = StartStopSettings::readAll(step, *first.timebase);
-    isFirstCaptured_ = read.isComplete();
-    if (isFirstCaptured_)
-        page_.triggerVars = TriggerVars{*read.startMode, *read.startTime, *read.stopMode, *read.duration};
-    return read;
-}
-
 void Recording::loaded(const Steps& step, const StartStopSettings& shown)
 {
-    const auto seconds = shown.duration ? std::optional(widen(*shown.duration)) : std::nullopt;
+    const auto seconds = shown.seconds();
     accept(seconds);
     isStopModeKnown_ = shown.startMode && shown.stopMode;
     kept_.reset();

@@ -2,7 +2,7 @@
 
 #include "page/GuardedWrite.h"
 #include "page/Page.h"
-#include "page/StartStopSettings.h"
+#include "schedule/CapturedSettings.h"
 #include "support/Support.h"
 
 #include <functional>
@@ -22,7 +22,10 @@ public:
     /// The part of a change that a driver with these values lacks.
     using Lacking = std::function<StartStopSettings(const StartStopSettings& before)>;
 
-    Recording(Page& page, Support& support, Actions& actions) : page_(page), support_(support), actions_(actions) {}
+    Recording(Page& page, Support& support, Actions& actions, CapturedSettings& captured)
+        : page_(page), support_(support), actions_(actions), captured_(captured)
+    {
+    }
 
     /// The date or time of day in a time box.
     [[nodiscard]] DateTime timeIn(const TextBox& box) const;
@@ -58,6 +61,9 @@ public:
     /// empty while that is not known.
     void fillStopTime();
 
+    /// The start time entered; for a stop at a time, its time is filled in where it is missing or not later.
+    [[nodiscard]] DateTime enteredStart();
+
     /// Sets the text of a time box without the handlers of a change.
     void show(TextBox& box, const std::string& text);
 
@@ -75,16 +81,6 @@ public:
     /// Both in one.
     Result commit(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
                   const Lacking& lacking = {});
-
-    /// Copies the start and stop settings of the first driver that offers a timebase and answers all four to the
-    /// page's `triggerVars`, unless the page is read-only; without such a driver they stay as they are. What the first
-    /// timebase is `known` to hold is not asked again. A failing driver is passed over without a report.
-    void captureStartStop(StartStopSettings known = {});
-
-    /// The settings that a page which is built hands on to all drivers: those in `triggerVars` where the first timebase
-    /// gave them, else what it answers now, which is captured when it is complete. What was captured from a later
-    /// driver, because the first one failed, never replaces the settings of the first.
-    [[nodiscard]] StartStopSettings settingsOfFirst(const Steps& step);
 
     /// Brings the derived labels up to date where nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
@@ -126,11 +122,11 @@ private:
     Page& page_;
     Support& support_;
     Actions& actions_;
+    CapturedSettings& captured_;
     StartStopSettings readBack_; ///< by the last write, from the first driver, whose settings are shown for all
     std::optional<Kept> kept_;
     Accepted accepted_;
     bool isStopModeKnown_ = false;
-    bool isFirstCaptured_ = false; ///< `triggerVars` came from the first timebase when they were captured last
 };
 
 } // namespace ko

@@ -29,7 +29,7 @@ void normalizeModes(StartStopSettings& settings)
 } // namespace
 
 Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog)
-    : page_(page), support_(support), recording_(page, support, actions),
+    : page_(page), support_(support), captured_(page), recording_(page, support, actions, captured_),
       startStop_(page, support, actions, recording_), duration_(page, support, recording_),
       times_(page, support, recording_, std::move(dialog)), estimate_(page, support, recording_),
       whatFits_(page, support, recording_), plan_(page, support)
@@ -44,7 +44,7 @@ StartStopSettings Schedule::settingsToApply(const Steps& step)
     StartStopSettings settings;
     const std::int32_t master = page_.dynamicDriverIndex < 0 ? page_.staticDriverIndex : page_.dynamicDriverIndex;
     if (!page_.readOnly) {
-        settings = recording_.settingsOfFirst(step);
+        settings = captured_.ofFirst(step);
         normalizeModes(settings);
     } else if (Timebase* timebase = step.value([&] { return page_.timebaseAt(master); })) {
         settings = StartStopSettings::readAll(step, *timebase);
@@ -94,7 +94,7 @@ void Schedule::loadStartStop(const Steps& step)
     loaded_ = applyStartStop(step);
     step([&] { page_.cmbInterval.select(0); });
     show(step);
-    step([&] { duration_.showDuration(loadedSeconds()); });
+    step([&] { duration_.showDuration(loaded_.seconds()); });
     page_.isDurationKnown = true;
 }
 
@@ -103,12 +103,6 @@ void Schedule::loaded(const Steps& step)
     startStop_.enableStartControls();
     startStop_.enableStopControls();
     recording_.loaded(step, loaded_);
-}
-
-/// None where a driver has one that could not be read.
-std::optional<double> Schedule::loadedSeconds() const
-{
-    return loaded_.duration ? std::optional(widen(*loaded_.duration)) : std::nullopt;
 }
 
 /// A start mode that could not be read selects no option. A time that could not be read, or cannot be shown, leaves its
@@ -136,7 +130,7 @@ void Schedule::show(const Steps& step)
     if (loaded_.startTime)
         step([&] {
             start = generalDate(*loaded_.startTime, support_.locale());
-            if (const auto seconds = loadedSeconds(); seconds && stopsAtTime)
+            if (const auto seconds = loaded_.seconds(); seconds && stopsAtTime)
                 stop = recording_.computeStopTime(*seconds, *loaded_.startTime);
         });
     page_.txtStartTime.setText(start);

@@ -16,8 +16,8 @@ public:
     /// component's date-and-time dialog.
     Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog);
 
-    /// See `Recording`.
-    void captureStartStop() { recording_.captureStartStop(); }
+    /// See `CapturedSettings`.
+    void captureStartStop() { captured_.capture(); }
 
     /// Writes one set of start and stop settings to every driver with a timebase, and shows what the first of them
     /// then holds; without one: immediately, after 10 seconds. The page is being loaded.
@@ -36,10 +36,10 @@ private:
     [[nodiscard]] StartStopSettings settingsToApply(const Steps& step);
     [[nodiscard]] StartStopSettings applyStartStop(const Steps& loading);
     void show(const Steps& step);
-    [[nodiscard]] std::optional<double> loadedSeconds() const;
 
     Page& page_;
     Support& support_;
+    CapturedSettings captured_;
     Recording recording_;
     StartStop startStop_;
     DurationEntry duration_;

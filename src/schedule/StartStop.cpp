@@ -55,9 +55,7 @@ void StartStop::startClicked(std::string_view procedure, std::int32_t mode)
         change.stopMode = page_.optAfter.value() ? stopMode::afterDuration : stopMode::atTime;
     const bool ready = mode != startMode::atTime || step([&] {
                            recording_.fillStartTime();
-                           change.startTime = recording_.timeIn(page_.txtStartTime);
-                           if (page_.optStopTime.value())
-                               recording_.fillStopTime();
+                           change.startTime = recording_.enteredStart();
                        });
     if (!ready) {
         recording_.putBack();

@@ -43,9 +43,7 @@ void TimeEntries::txtStartTime_Change()
     const Steps step(support_.errors, "txtStartTime_Change");
     StartStopSettings change;
     const bool known = step([&] {
-        change.startTime = recording_.timeIn(page_.txtStartTime);
-        if (page_.optStopTime.value())
-            recording_.fillStopTime();
+        change.startTime = recording_.enteredStart();
         if (const auto seconds = recording_.plannedSeconds(); seconds >= 0.0)
             change.duration = toSingle(*seconds);
     });

@@ -8,7 +8,8 @@ namespace {
 
 class RecordingTest : public SectionTest {
 protected:
-    Recording recording{page, support, *this};
+    CapturedSettings captured{page};
+    Recording recording{page, support, *this, captured};
 
     RecordingTest() { page.cmbInterval.setItems({{"s", 1}, {"n", 60}, {"h", 3600}, {"d", 86400}}); }
 };
