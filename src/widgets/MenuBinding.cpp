@@ -1,15 +1,15 @@
 #include "widgets/MenuBinding.h"
 
 #include "widgets/Convert.h"
-#include "widgets/Guarded.h"
+#include "widgets/FormView.h"
 
 namespace ko {
 
-MenuBinding::MenuBinding(Menu& control, QAction& action) : menu_(control), action_(action)
+MenuBinding::MenuBinding(FormView& view, Menu& control, QAction& action) : menu_(control), action_(action)
 {
     action.setObjectName(toQt(control.name()));
     control.view = [this](Aspect) { refresh(); };
-    onSignal(&action, &QAction::triggered, this, [this] { guarded([&] { menu_.userClicked(); }); });
+    onSignal(&action, &QAction::triggered, this, [this, &view] { view.act([&] { menu_.userClicked(); }); });
     refresh();
 }
 
