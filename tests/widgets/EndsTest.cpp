@@ -11,7 +11,7 @@
 namespace ko::test {
 namespace {
 
-const char* const bench = R"({"drivers": [
+const char* const triggeredBench = R"({"drivers": [
   {"name": "Digitizer", "hasTriggerParameters": true,
    "timebase": {"samplePeriod": {"value": 0.001, "choices": [1e-12, 0.001]}},
    "triggerLines": {"startMasterRank": 5},
@@ -24,7 +24,7 @@ const char* const bench = R"({"drivers": [
 struct Desk {
     QTemporaryDir folder;
     std::unique_ptr<FrameWindow> window = std::make_unique<FrameWindow>("");
-    std::string setup = file("bench.json", bench);
+    std::string setup = file("bench.json", triggeredBench);
 
     Desk()
     {
@@ -258,7 +258,7 @@ TEST_P(Ends, InTheMiddleOfWhatTheUserDoes)
             continue;
         // What is left of the window is of use.
         desk.window->document().mode().setReadOnly(false);
-        desk.window->open(desk.file("again.json", bench));
+        desk.window->open(desk.file("again.json", triggeredBench));
         desk.window->show();
         desk.activate();
         desk.page().moveFocus(&desk.page().txtDuration);
