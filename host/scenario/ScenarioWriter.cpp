@@ -27,7 +27,9 @@ void ScenarioWriter::dialogOpened(const std::string& form)
 
 void ScenarioWriter::dialogClosed()
 {
-    open_.pop_back();
+    // One that was open when the writing began has no block.
+    if (!open_.empty())
+        open_.pop_back();
 }
 
 std::string ScenarioWriter::dialog() const

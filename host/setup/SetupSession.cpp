@@ -26,12 +26,17 @@ void SetupSession::load(const std::string& file)
     std::string content = readFile(file);
     Setup setup = parseSetup(content, file);
     drivers_ = makeDrivers(setup);
-    setup_ = std::move(setup);
+    setup_ = std::make_shared<Setup>(std::move(setup));
     content_ = std::move(content);
     file_ = file;
     setChanged(false);
     if (loaded)
         loaded();
+}
+
+bool SetupSession::pageAllows() const
+{
+    return !mayLeavePage || asked(mayLeavePage, false);
 }
 
 bool SetupSession::open(const std::string& file, SessionQuestions& questions)
@@ -60,7 +65,7 @@ bool SetupSession::save(SessionQuestions& questions)
         return false;
     if (!hasChangedSince(file_, content_))
         return write(file_, questions);
-    switch (questions.settleConflict()) {
+    switch (asked([&] { return questions.settleConflict(); }, Conflict::Cancel)) {
     case Conflict::Overwrite: return write(file_, questions);
     case Conflict::SaveElsewhere: return saveElsewhere(questions);
     case Conflict::Reload: tryLoad(file_, questions); break;
@@ -76,7 +81,7 @@ bool SetupSession::saveAs(SessionQuestions& questions)
 
 bool SetupSession::saveElsewhere(SessionQuestions& questions)
 {
-    const std::string file = questions.fileToSave();
+    const std::string file = asked([&] { return questions.fileToSave(); }, std::string());
     return !file.empty() && write(file, questions);
 }
 
@@ -86,7 +91,7 @@ bool SetupSession::mayLeave(SessionQuestions& questions)
         return false;
     if (!changed_)
         return true;
-    switch (questions.keepChanges()) {
+    switch (asked([&] { return questions.keepChanges(); }, Unsaved::Cancel)) {
     case Unsaved::Save: return save(questions);
     case Unsaved::Discard: return true;
     case Unsaved::Cancel: break;
@@ -106,7 +111,7 @@ void SetupSession::offerReload(SessionQuestions& questions)
     } catch (const InputError&) {
         return;
     }
-    if (questions.reload())
+    if (asked([&] { return questions.reload(); }, false))
         open(file_, questions);
 }
 
@@ -133,7 +138,7 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     try {
         if (checkFree)
             checkFree(file);
-        content_ = saveSetup(file, withPresentValues(setup_, drivers_));
+        content_ = saveSetup(file, withPresentValues(*setup_, drivers_));
     } catch (const InputError& error) {
         questions.tellNotSaved(error.what());
         return false;

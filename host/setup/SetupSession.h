@@ -3,6 +3,7 @@
 #include "host/setup/SetupFile.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace ko {
@@ -30,7 +31,8 @@ public:
 };
 
 /// The set-up that is open: its file, its instruments, and whether anything has changed since it was saved. It knows
-/// neither windows nor the page.
+/// neither windows nor the page. While it asks, another set-up may be opened, or the session destroyed: then nothing is
+/// done.
 class SetupSession {
 public:
     /// Opens a file in place of what is open, without asking. Fails with an `InputError`, which leaves everything as
@@ -57,10 +59,10 @@ public:
     [[nodiscard]] const std::string& file() const { return file_; }
     /// The file's name without its folder.
     [[nodiscard]] std::string name() const;
-    [[nodiscard]] const std::string& title() const { return setup_.title; }
+    [[nodiscard]] const std::string& title() const { return setup_->title; }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
     /// The time at which the set-up's clock stands, if it does.
-    [[nodiscard]] std::optional<DateTime> clock() const { return setup_.clock; }
+    [[nodiscard]] std::optional<DateTime> clock() const { return setup_->clock; }
     [[nodiscard]] bool isOpen() const { return !file_.empty(); }
 
     [[nodiscard]] bool isChanged() const { return changed_; }
@@ -76,7 +78,14 @@ public:
     std::function<void()> titleChanged;
 
 private:
-    [[nodiscard]] bool pageAllows() const { return !mayLeavePage || mayLeavePage(); }
+    /// An answer counts for the set-up that was open when the question was asked, and is `none` for any other.
+    template <class Ask, class Answer> Answer asked(Ask&& ask, Answer none) const
+    {
+        const std::weak_ptr<const Setup> about = setup_;
+        Answer answer = ask();
+        return about.expired() ? none : answer;
+    }
+    [[nodiscard]] bool pageAllows() const;
     bool tryLoad(const std::string& file, SessionQuestions& questions);
     bool saveElsewhere(SessionQuestions& questions);
     bool write(const std::string& file, SessionQuestions& questions);
@@ -84,7 +93,7 @@ private:
     std::string file_;
     std::string content_;  ///< of the file, as it was read or written last
     std::string declined_; ///< a later one that the user did not want
-    Setup setup_;
+    std::shared_ptr<const Setup> setup_ = std::make_shared<Setup>();
     SimulatedDrivers drivers_;
     bool changed_ = false;
 };

@@ -10,6 +10,7 @@
 #include "triggering/AdvancedTrig.h"
 #include "triggering/SelectChannel.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
 #include <QFileDialog>
@@ -35,7 +36,10 @@ FrameCapture::FrameCapture(CaptureFrame frame) : frame_(std::move(frame))
 {
     action_.setText(frame_.texts(captureText::menu));
     action_.setCheckable(true);
-    onSignal(&action_, &QAction::triggered, this, [this](bool on) { on ? chooseFile() : stop(); });
+    onSignal(&action_, &QAction::triggered, this, [this](bool on) {
+        const UserActions::Action action(frame_.actions);
+        on ? chooseFile() : stop();
+    });
     sign_.setObjectName(QStringLiteral("capture"));
     sign_.hide();
     frame_.window.statusBar()->addPermanentWidget(&sign_);
@@ -126,10 +130,7 @@ void FrameCapture::chooseFile()
     showState();
     if (!frame_.mayLeave())
         return;
-    const auto text = frame_.texts;
-    QString file = QFileDialog::getSaveFileName(
-        &frame_.window, text(captureText::title), QString(),
-        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(hostText::allFiles)));
+    const QString file = fileToWrite();
     if (file.isEmpty() || !mayOverwrite(setupBeside(fromQt(file))))
         return;
     try {
@@ -140,17 +141,28 @@ void FrameCapture::chooseFile()
     }
 }
 
+/// Empty when the user wants none.
+QString FrameCapture::fileToWrite()
+{
+    const auto text = frame_.texts;
+    Modal<QFileDialog> dialog(
+        &frame_.window, text(captureText::title), QString(),
+        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(captureText::allFiles)));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    return dialog.isAccepted() ? dialog->selectedFiles().value(0) : QString();
+}
+
 /// The user has named the scenario, not the set-up beside it.
 bool FrameCapture::mayOverwrite(const std::string& file)
 {
     const QFileInfo info(toQt(file));
     if (!info.exists())
         return true;
-    PlainBox box(QMessageBox::Question, frame_.texts(captureText::title),
-                 frame_.texts(captureText::exists).arg(info.fileName()), {}, QMessageBox::Cancel, &frame_.window);
-    const auto* const overwrite = box.addButton(frame_.texts(hostText::overwrite), QMessageBox::DestructiveRole);
-    box.exec();
-    return box.clickedButton() == overwrite;
+    Modal<PlainBox> box(QMessageBox::Question, frame_.texts(captureText::title),
+                        frame_.texts(captureText::exists).arg(info.fileName()), QString(), QMessageBox::Cancel,
+                        &frame_.window);
+    const auto* const overwrite = box->addButton(frame_.texts(hostText::overwrite), QMessageBox::DestructiveRole);
+    return box.answer() == overwrite;
 }
 
 void FrameCapture::showState()
@@ -172,9 +184,9 @@ void FrameCapture::failed()
 
 void FrameCapture::warn(const QString& reason)
 {
-    PlainBox(QMessageBox::Warning, frame_.texts(captureText::title), frame_.texts(captureText::stopped), reason,
-             QMessageBox::Ok, &frame_.window)
-        .exec();
+    Modal<PlainBox>(QMessageBox::Warning, frame_.texts(captureText::title), frame_.texts(captureText::stopped), reason,
+                    QMessageBox::Ok, &frame_.window)
+        .wait();
 }
 
 } // namespace ko

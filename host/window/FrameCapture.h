@@ -6,6 +6,7 @@
 #include "widgets/services/QtServices.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/UserActions.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -16,6 +17,7 @@ namespace ko {
 /// What a capture needs of the window in which it happens.
 struct CaptureFrame {
     QMainWindow& window;
+    const UserActions& actions;
     Texts texts;
     QtServices& services;
     const Platform& platform;
@@ -60,6 +62,7 @@ public:
 
 private:
     void chooseFile();
+    [[nodiscard]] QString fileToWrite();
     [[nodiscard]] bool mayOverwrite(const std::string& file);
     void showState();
     void failed();

@@ -25,7 +25,7 @@ QString draggedFile(const QDropEvent& event)
 
 void FrameWindow::makeSession()
 {
-    questions_ = std::make_unique<BoxQuestions>(*this, session_, [this](int number) { return text(number); });
+    questions_ = std::make_unique<BoxQuestions>(*this, session_, texts());
     session_.mayLeavePage = [this] { return okToLeave(); };
     session_.checkFree = [this](const std::string& file) { capture_->refuseOwn(file); };
     session_.loaded = [this] { showLoaded(); };
@@ -48,6 +48,7 @@ void FrameWindow::showLoaded()
 
 void FrameWindow::openAsking(const QString& file)
 {
+    const UserActions::Action action(actions_);
     guarded([&] { session_.open(fromQt(file), *questions_); }, file);
 }
 
@@ -60,8 +61,9 @@ void FrameWindow::chooseSetup()
 
 void FrameWindow::openRecent(const QString& file)
 {
+    const UserActions::Action action(actions_);
     openAsking(file);
-    if (!QFileInfo::exists(file))
+    if (!action.isOver() && !QFileInfo::exists(file))
         recent_.remove(file);
 }
 
@@ -87,6 +89,7 @@ void FrameWindow::rememberFile()
 
 void FrameWindow::offerReload()
 {
+    const UserActions::Action action(actions_);
     if (isVisible() && !QApplication::activeModalWidget())
         session_.offerReload(*questions_);
 }
@@ -114,6 +117,7 @@ void FrameWindow::OnChanged()
 
 void FrameWindow::closeEvent(QCloseEvent* event)
 {
+    const UserActions::Action action(actions_);
     // An event starts accepted, and a failure must not close the window.
     event->ignore();
     event->setAccepted(session_.mayLeave(*questions_));

@@ -29,7 +29,7 @@ void FrameWindow::showOnPage(const SimulatedDrivers& drivers)
 /// have failed to take them.
 void FrameWindow::rebuildPage(const std::function<void()>& before)
 {
-    QWidget* const focused = QApplication::focusWidget();
+    const QPointer<QWidget> focused = QApplication::focusWidget();
     watch_.health().rebuild([&] {
         before();
         capture_->host({"show"});
@@ -76,7 +76,9 @@ void FrameWindow::faultChanged(const SimulatedDriver& driver, const std::string&
 
 bool FrameWindow::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
 {
-    if (!okToLeave())
+    // The message that refuses it may be open while another set-up is.
+    const SimulatedDrivers shown = session_.drivers();
+    if (!okToLeave() || session_.drivers() != shown)
         return false;
     capture_->host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
     driver.enableChannel(group, channel, on);

@@ -6,6 +6,7 @@
 #include "host/window/InstrumentsView.h"
 #include "host/window/Reports.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
 #include <QApplication>
@@ -39,7 +40,10 @@ QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, 
 {
     QAction* entry = menu.addAction(text(label));
     entry->setShortcut(key);
-    onSignal(entry, &QAction::triggered, this, std::move(act));
+    onSignal(entry, &QAction::triggered, this, [this, act = std::move(act)] {
+        const UserActions::Action action(actions_);
+        act();
+    });
     return *entry;
 }
 
@@ -146,14 +150,14 @@ void FrameWindow::makeHelpMenu()
 
 void FrameWindow::showHelp(std::int32_t topic)
 {
-    ko::showHelp([this](int number) { return text(number); }, *this, topic);
+    ko::showHelp(texts(), *this, topic);
 }
 
 void FrameWindow::showAbout()
 {
-    PlainBox(QMessageBox::NoIcon, withoutMnemonic(text(hostText::about)), text(hostText::aboutText), {},
-             QMessageBox::Ok, this)
-        .exec();
+    Modal<PlainBox>(QMessageBox::NoIcon, withoutMnemonic(text(hostText::about)), text(hostText::aboutText), QString(),
+                    QMessageBox::Ok, this)
+        .wait();
 }
 
 } // namespace ko

@@ -6,6 +6,7 @@
 #include "host/window/FrameWindow.h"
 #include "widgets/services/PdfDetour.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
 #include <QPrintDialog>
@@ -16,8 +17,7 @@ namespace ko {
 void FrameWindow::print()
 {
     QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
+    if (!Modal<QPrintDialog>(&printer, this).isAccepted())
         return;
     const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
     if (toFile)
@@ -29,10 +29,10 @@ void FrameWindow::print()
 void FrameWindow::previewPrint()
 {
     QPrinter printer(QPrinter::HighResolution);
-    QPrintPreviewDialog dialog(&printer, this);
-    dialog.resize(size().expandedTo(dialog.sizeHint()));
-    onSignal(&dialog, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* asked) { printOn(*asked); });
-    dialog.exec();
+    Modal<QPrintPreviewDialog> dialog(&printer, this);
+    dialog->resize(size().expandedTo(dialog->sizeHint()));
+    onSignal(dialog.get(), &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* asked) { printOn(*asked); });
+    dialog.wait();
 }
 
 void FrameWindow::printOn(QPrinter& printer)
@@ -46,8 +46,7 @@ void FrameWindow::printSheet()
     if (!okToLeave())
         return;
     QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted)
+    if (Modal<QPrintDialog>(&printer, this).isAccepted())
         printSheetOn(printer);
 }
 
@@ -59,12 +58,13 @@ SheetSource FrameWindow::sheet()
             .file = session_.name(),
             .isChanged = session_.isChanged(),
             .made = services_.clock.now(),
-            .texts = [this](int number) { return text(number); },
+            .texts = texts(),
             .locale = platform_.locale};
 }
 
 void FrameWindow::printSheetOn(QPrinter& printer)
 {
+    const UserActions::Action action(actions_);
     const PdfDetour detour(printer);
     QString reason;
     bool isPrinted = ko::printSheet(sheet(), printer);
@@ -76,9 +76,9 @@ void FrameWindow::printSheetOn(QPrinter& printer)
         reason = toQt(error.what());
     }
     if (!isPrinted)
-        PlainBox(QMessageBox::Warning, text(hostText::product), text(sheetText::notPrinted), reason, QMessageBox::Ok,
-                 this)
-            .exec();
+        Modal<PlainBox>(QMessageBox::Warning, text(hostText::product), text(sheetText::notPrinted), reason,
+                        QMessageBox::Ok, this)
+            .wait();
 }
 
 void FrameWindow::savePdf(const QString& file, const QByteArray& content)

@@ -21,22 +21,40 @@
 
 namespace ko {
 
+FrameWindow::Parts::Parts(QtPrinters::Surfaces surfaces)
+    : services(std::move(surfaces)),
+      platform(services.platform([this] { return reports ? makeReporter(*reports) : nullptr; }))
+{
+}
+
+QString FrameWindow::Parts::text(int number) const
+{
+    QString text;
+    guarded([&] { text = toQt(component->text(number)); });
+    return text;
+}
+
+/// They outlive the window where its widgets do.
+Texts FrameWindow::texts() const
+{
+    return [parts = parts_.get()](int number) { return parts->text(number); };
+}
+
 FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
-    : memory_(memory), services_([this](const Form& form) -> QWidget* {
+    : memory_(memory), parts_(std::make_shared<Parts>([this](const Form& form) -> QWidget* {
           const bool shown = document_ && &form == &document_->page();
           return shown && page_ ? &page_->view() : nullptr;
-      }),
-      platform_(services_.platform([this] { return makeReporter(*reports_); }))
+      }))
 {
+    actions_.keep(parts_);
     services_.messageBox.setOwner(this);
     services_.modalForms.setOwner(this);
     services_.printers.savePdf = [this](const QString& file, const QByteArray& content) { savePdf(file, content); };
-    component_.reset(createKoTimebaseEditor(platform_, language));
-    const Texts texts = [this](int number) { return text(number); };
-    const DialogForms dialogs = component_->dialogs();
-    addTriggerDialogs(services_.modalForms, dialogs.selectChannel, dialogs.advancedTrig, texts);
-    addOffersDialog(services_.modalForms, dialogs.showOffers, texts);
-    addDateDialog(services_.modalForms, dialogs.setDateTime, texts);
+    parts_->component.reset(createKoTimebaseEditor(platform_, language));
+    const DialogForms dialogs = parts_->component->dialogs();
+    addTriggerDialogs(services_.modalForms, dialogs.selectChannel, dialogs.advancedTrig, texts());
+    addOffersDialog(services_.modalForms, dialogs.showOffers, texts());
+    addDateDialog(services_.modalForms, dialogs.setDateTime, texts());
     makeDocks();
     makeCentre();
     makeStatusBar();
@@ -60,16 +78,18 @@ FrameWindow::~FrameWindow()
     page_->view().formChanged = nullptr;
     // They take their texts from the component until they are gone.
     delete page_;
-    delete instruments_;
-    delete log_;
+    if (!actions_.end(*this)) {
+        delete instruments_;
+        delete log_;
+    }
     document_->UserDocument_Hide();
     document_.reset();
-    component_.reset();
+    services_.printers.savePdf = nullptr;
 }
 
 void FrameWindow::makeCentre()
 {
-    failures_ = new FailureStrip([this](int number) { return text(number); }, this);
+    failures_ = new FailureStrip(texts(), this);
     auto* centre = new QWidget(this);
     auto* column = new QVBoxLayout(centre);
     column->setContentsMargins(0, 0, 0, 0);
@@ -92,10 +112,9 @@ void FrameWindow::makeCentre()
 
 void FrameWindow::makeDocks()
 {
-    const Texts texts = [this](int number) { return text(number); };
-    reports_ = new Reports(texts, this);
-    log_ = new DriverLog(texts, this);
-    instruments_ = new InstrumentsView(texts, platform_.locale, this);
+    parts_->reports = reports_ = new Reports(texts(), this);
+    log_ = new DriverLog(texts(), this);
+    instruments_ = new InstrumentsView(texts(), platform_.locale, this);
     addDockWidget(Qt::BottomDockWidgetArea, reports_);
     addDockWidget(Qt::BottomDockWidgetArea, log_);
     addDockWidget(Qt::RightDockWidgetArea, instruments_);
@@ -131,10 +150,11 @@ void FrameWindow::makeSite()
 
 void FrameWindow::makePage()
 {
-    document_ = component_->createDocument(*this);
+    document_ = parts_->component->createDocument(*this);
     page_ = new PageWidget(
-        document_->page(), [this](int number) { return text(number); }, this,
+        document_->page(), texts(), this,
         {text(hostText::fileMenu), text(hostText::editMenu), text(hostText::viewMenu), text(hostText::helpMenu)});
+    page_->view().actions().keep(parts_);
     static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, page_, 1);
     page_->view().formChanged = [this] { showHint(); };
 }
@@ -156,8 +176,7 @@ void FrameWindow::renewPage()
 
 void FrameWindow::makeCapture()
 {
-    CaptureFrame frame{
-        *this, [this](int number) { return text(number); }, services_, platform_, *component_, {}, {}, {}, {}, {}, {}};
+    CaptureFrame frame{*this, actions_, texts(), services_, platform_, *parts_->component, {}, {}, {}, {}, {}, {}};
     frame.document = [this]() -> Document& { return *document_; };
     frame.refuseOwn = [this](const std::string& file) { session_.refuseOwn(file); };
     frame.mayLeave = [this] { return okToLeave(); };
@@ -179,13 +198,6 @@ void FrameWindow::makeStatusBar()
     statusBar()->addPermanentWidget(&reports_->button());
 }
 
-QString FrameWindow::text(int number) const
-{
-    QString text;
-    guarded([&] { text = toQt(component_->text(number)); });
-    return text;
-}
-
 std::string FrameWindow::focusHint()
 {
     const Control* active = document_->page().activeControl();
@@ -204,12 +216,13 @@ void FrameWindow::showHint()
 
 bool FrameWindow::okToLeave()
 {
+    const UserActions::Action action(actions_);
     bool allowed = false;
     capture_->host({"ok-to-leave"});
     document_->state().OKToLeave(allowed);
-    if (allowed)
+    if (allowed && !action.isOver())
         sendCommand(command::acceptEntry);
-    return allowed;
+    return allowed && !action.isOver();
 }
 
 bool FrameWindow::isInDock(const QWidget* widget) const
@@ -230,6 +243,7 @@ bool FrameWindow::isAvailable(std::int32_t command)
 
 void FrameWindow::sendCommand(std::int32_t command)
 {
+    const UserActions::Action action(actions_);
     capture_->command(command);
     document_->menu().OnCommand(command);
 }

@@ -25,7 +25,8 @@ class InstrumentsView;
 class Reports;
 
 /// The reference host's frame: the component's page in a window with menus, docks, status line and help. It owns the
-/// component, its one document and the set-up that is open.
+/// component, its one document and the set-up that is open. It may be destroyed while one of its dialogs or message
+/// boxes is open; the action that has opened it ends there.
 class FrameWindow : public QMainWindow, private PropertyNotifySink {
 public:
     /// `language` as the component takes it; what the component throws at it reaches the caller. The window's place,
@@ -52,7 +53,7 @@ public:
     [[nodiscard]] InstrumentsView& instruments() { return *instruments_; }
     [[nodiscard]] DriverLog& driverLog() { return *log_; }
     [[nodiscard]] DriverHealth& health() { return watch_.health(); }
-    [[nodiscard]] QString text(int number) const;
+    [[nodiscard]] QString text(int number) const { return parts_->text(number); }
     /// Prints the page on a printer that the toolkit has made ready, such as that of a preview.
     void printOn(QPrinter& printer);
     /// What a set-up sheet is made from now.
@@ -70,8 +71,20 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// What the events in progress need until they have returned, with the window or without it.
+    struct Parts {
+        explicit Parts(QtPrinters::Surfaces surfaces);
+        [[nodiscard]] QString text(int number) const;
+
+        QtServices services;
+        QPointer<Reports> reports;
+        Platform platform;
+        std::unique_ptr<Component> component;
+    };
+
     void OnChanged() override;
 
+    [[nodiscard]] Texts texts() const;
     void makeSite();
     void makeDocks();
     void makeCentre();
@@ -130,10 +143,11 @@ private:
     void showHelp(std::int32_t topic);
     void showAbout();
 
+    UserActions actions_;
     FrameMemory memory_;
-    QtServices services_;
-    Platform platform_;
-    std::unique_ptr<Component> component_;
+    std::shared_ptr<Parts> parts_;
+    QtServices& services_ = parts_->services;
+    const Platform& platform_ = parts_->platform;
     std::unique_ptr<Document> document_;
     std::shared_ptr<FrameSite> site_;
     SetupSession session_;

@@ -1,6 +1,7 @@
 #include "host/window/GuardedApplication.h"
 
 #include "host/support/HostTexts.h"
+#include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
 #include <algorithm>
@@ -68,9 +69,9 @@ void GuardedApplication::show(const Failed& failed)
     const QString what =
         failed.doing.isEmpty() ? text(hostText::programFailed) : text(hostText::actionFailed).arg(failed.doing);
     QWidget* const modal = activeModalWidget();
-    PlainBox box(QMessageBox::Warning, text(hostText::product), what, failed.reason, QMessageBox::Ok,
-                 modal ? modal : activeWindow());
-    box.exec();
+    Modal<PlainBox>(QMessageBox::Warning, text(hostText::product), what, failed.reason, QMessageBox::Ok,
+                    modal ? modal : activeWindow())
+        .wait();
 }
 
 } // namespace ko

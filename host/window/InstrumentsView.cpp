@@ -66,6 +66,7 @@ void InstrumentsView::makeActions()
 
 void InstrumentsView::show(const SimulatedDrivers& drivers)
 {
+    delete faultDialog_;
     model_->show(drivers);
 }
 
@@ -80,6 +81,7 @@ void InstrumentsView::askForFaults()
     if (!row)
         return;
     auto* dialog = new FaultDialog(texts_, row->driver(), this);
+    faultDialog_ = dialog;
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->changed = [this, &driver = row->driver()](const std::string& operation, bool fails) {
         refresh();

@@ -2,7 +2,9 @@
 
 #include "host/window/InstrumentsModel.h"
 
+#include <QDialog>
 #include <QDockWidget>
+#include <QPointer>
 
 class QAction;
 class QTreeView;
@@ -16,6 +18,7 @@ class InstrumentsView : public QDockWidget {
 public:
     InstrumentsView(const Texts& texts, const Locale& locale, QWidget* parent);
 
+    /// Shows these in place of others; what was asked about one of those is no longer asked.
     void show(const SimulatedDrivers& drivers);
     /// A value has changed.
     void refresh();
@@ -36,6 +39,7 @@ private:
     QTreeView* view_;
     QAction* faults_ = nullptr;
     QAction* handOver_ = nullptr;
+    QPointer<QDialog> faultDialog_;
 };
 
 } // namespace ko

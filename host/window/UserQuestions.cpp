@@ -1,7 +1,7 @@
 #include "host/window/UserQuestions.h"
 
 #include "host/support/HostTexts.h"
-#include "widgets/support/PlainText.h"
+#include "widgets/support/Modal.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -16,11 +16,11 @@ BoxQuestions::BoxQuestions(QWidget& window, const SetupSession& session, Texts t
 
 Unsaved BoxQuestions::keepChanges()
 {
-    PlainBox box(QMessageBox::Question, texts_(hostText::product),
-                 texts_(hostText::keepChanges).arg(toQt(session_.name())), texts_(hostText::changesGetLost),
-                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
-    box.setDefaultButton(QMessageBox::Save);
-    switch (box.exec()) {
+    Modal<PlainBox> box(QMessageBox::Question, texts_(hostText::product),
+                        texts_(hostText::keepChanges).arg(toQt(session_.name())), texts_(hostText::changesGetLost),
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
+    box->setDefaultButton(QMessageBox::Save);
+    switch (box.wait()) {
     case QMessageBox::Save: return Unsaved::Save;
     case QMessageBox::Discard: return Unsaved::Discard;
     default: return Unsaved::Cancel;
@@ -30,49 +30,48 @@ Unsaved BoxQuestions::keepChanges()
 std::string BoxQuestions::fileToOpen()
 {
     const QString folder = QFileInfo(toQt(session_.file())).path();
-    return fromQt(QFileDialog::getOpenFileName(&window_, texts_(hostText::openTitle), folder, filter()));
+    Modal<QFileDialog> dialog(&window_, texts_(hostText::openTitle), folder, filter());
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
 }
 
 std::string BoxQuestions::fileToSave()
 {
-    QFileDialog dialog(&window_, texts_(hostText::saveTitle), QFileInfo(toQt(session_.file())).path(), filter());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("json"));
-    dialog.selectFile(toQt(session_.name()));
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    return fromQt(dialog.selectedFiles().value(0));
+    Modal<QFileDialog> dialog(&window_, texts_(hostText::saveTitle), QFileInfo(toQt(session_.file())).path(), filter());
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("json"));
+    dialog->selectFile(toQt(session_.name()));
+    return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
 }
 
-std::unique_ptr<QMessageBox> BoxQuestions::conflictBox(const QString& question)
+Modal<PlainBox> BoxQuestions::conflictBox(const QString& question)
 {
-    return std::make_unique<PlainBox>(QMessageBox::Warning, texts_(hostText::product),
-                                      texts_(hostText::changedOnDisk).arg(toQt(session_.name())), question,
-                                      QMessageBox::Cancel, &window_);
+    return Modal<PlainBox>(QMessageBox::Warning, texts_(hostText::product),
+                           texts_(hostText::changedOnDisk).arg(toQt(session_.name())), question, QMessageBox::Cancel,
+                           &window_);
 }
 
 Conflict BoxQuestions::settleConflict()
 {
-    const auto box = conflictBox(texts_(hostText::conflictHint));
+    Modal<PlainBox> box = conflictBox(texts_(hostText::conflictHint));
     const auto* const overwrite = box->addButton(texts_(hostText::overwrite), QMessageBox::DestructiveRole);
     const auto* const elsewhere = box->addButton(texts_(hostText::saveAs), QMessageBox::AcceptRole);
     const auto* const reload = box->addButton(texts_(hostText::reload), QMessageBox::DestructiveRole);
     box->setDefaultButton(QMessageBox::Cancel);
-    box->exec();
-    if (box->clickedButton() == overwrite)
+    const auto* const answer = box.answer();
+    if (answer == overwrite)
         return Conflict::Overwrite;
-    if (box->clickedButton() == elsewhere)
+    if (answer == elsewhere)
         return Conflict::SaveElsewhere;
-    return box->clickedButton() == reload ? Conflict::Reload : Conflict::Cancel;
+    return answer == reload ? Conflict::Reload : Conflict::Cancel;
 }
 
 bool BoxQuestions::reload()
 {
-    const auto box = conflictBox(texts_(hostText::reloadQuestion));
+    Modal<PlainBox> box = conflictBox(texts_(hostText::reloadQuestion));
     QPushButton* const reload = box->addButton(texts_(hostText::reload), QMessageBox::AcceptRole);
     box->setDefaultButton(reload);
-    box->exec();
-    return box->clickedButton() == reload;
+    return box.answer() == reload;
 }
 
 QString BoxQuestions::filter() const
@@ -92,7 +91,7 @@ void BoxQuestions::tellNotOpened(const std::string& reason)
 
 void BoxQuestions::refuse(int title, int text, const std::string& reason)
 {
-    PlainBox(QMessageBox::Warning, texts_(title), texts_(text), toQt(reason), QMessageBox::Ok, &window_).exec();
+    Modal<PlainBox>(QMessageBox::Warning, texts_(title), texts_(text), toQt(reason), QMessageBox::Ok, &window_).wait();
 }
 
 } // namespace ko

@@ -2,10 +2,8 @@
 
 #include "host/setup/SetupSession.h"
 #include "widgets/support/Convert.h"
-
-#include <memory>
-
-class QMessageBox;
+#include "widgets/support/Modal.h"
+#include "widgets/support/PlainText.h"
 
 namespace ko {
 
@@ -16,7 +14,8 @@ public:
     virtual std::string fileToOpen() = 0;
 };
 
-/// The same by message boxes and file dialogs.
+/// The same by message boxes and file dialogs. One that is destroyed with the window, and this with it, counts as
+/// cancelled.
 class BoxQuestions : public UserQuestions {
 public:
     /// `window` and `session` outlive it.
@@ -33,7 +32,7 @@ public:
 private:
     [[nodiscard]] QString filter() const;
     /// A box that says that another program has changed the file, with this question.
-    [[nodiscard]] std::unique_ptr<QMessageBox> conflictBox(const QString& question);
+    [[nodiscard]] Modal<PlainBox> conflictBox(const QString& question);
     void refuse(int title, int text, const std::string& reason);
 
     QWidget& window_;

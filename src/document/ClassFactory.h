@@ -24,8 +24,9 @@ class ShowOffers;
 /// show and drive. Everything on the user-interface thread; nothing ever throws. Destroying it ends the document.
 ///
 /// Every member may be called, and the document ended, from inside any call that the document makes: of a driver, a
-/// site, the error reporter, a message box or a dialog. After its end no event of it does anything, and its drivers are
-/// released once the events in progress have returned. Its page's controls must not be used any more.
+/// site, the error reporter, a message box or a dialog. After its end no event of it does anything but put back a value
+/// that it has written and that is refused, as it does when the page is hidden or made read-only meanwhile. Its drivers
+/// are released once the events in progress have returned. Its page's controls must not be used any more.
 class Document {
 public:
     virtual ~Document() = default;

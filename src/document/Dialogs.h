@@ -5,7 +5,8 @@
 #include "triggering/AdvancedTrig.h"
 #include "triggering/SelectChannel.h"
 
-#include <optional>
+#include <memory>
+#include <utility>
 
 namespace ko {
 
@@ -23,18 +24,20 @@ public:
     void setHelp(const std::shared_ptr<HelpSite>& help);
 
 private:
-    template <class Form> Form& made(std::optional<Form>& form)
+    /// Making one calls the host, which may be the first to ask for the same one.
+    template <class Form> Form& made(std::unique_ptr<Form>& form)
     {
         if (!form)
-            form.emplace(support_);
+            if (auto another = std::make_unique<Form>(support_); !form)
+                form = std::move(another);
         return *form;
     }
 
     Support& support_;
-    std::optional<AdvancedTrig> advancedTrig_;
-    std::optional<SetDateTime> setDateTime_;
-    std::optional<SelectChannel> selectChannel_;
-    std::optional<ShowOffers> showOffers_;
+    std::unique_ptr<AdvancedTrig> advancedTrig_;
+    std::unique_ptr<SetDateTime> setDateTime_;
+    std::unique_ptr<SelectChannel> selectChannel_;
+    std::unique_ptr<ShowOffers> showOffers_;
 };
 
 } // namespace ko

@@ -27,8 +27,9 @@ inline constexpr std::int32_t name = 3;    ///< the user-given name, text
 ///
 /// From inside any of these calls, and of the views' calls, the host may call any member of the document, hand over
 /// another list of drivers, or end the document. The event in progress keeps the list that it began with alive; once
-/// the list or the document is another the rest of that event does nothing, and no driver of the old list is written,
-/// except that a driver that is in the new list, too, gets a value back that this event had written to it.
+/// the list or the document is another the rest of that event does nothing, except that a value that the event has
+/// written, and that is refused, is put back: after the end of the document in every driver, and once another list is
+/// there in the drivers that are in that list, too. No other driver of the old list is written.
 ///
 /// Group and channel indices count from 0.
 class Driver {

@@ -21,7 +21,8 @@ public:
     virtual bool HasProcessedDriverChanges() = 0;
 
     /// Hands the list over; the document copies as many entries as were announced. A shown page is rebuilt: at once,
-    /// or, from inside a call that the document makes, as soon as the event in progress has returned.
+    /// or, from inside a call that the document makes, as soon as the event in progress has returned. A value that this
+    /// event had written and that is refused is put back in the drivers that are in the new list, too.
     virtual void setDrivers(const DriverList& drivers) = 0;
 
     /// Tells the document that the drivers' settings were changed by somebody else: it notes their start and

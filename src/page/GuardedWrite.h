@@ -14,8 +14,9 @@ namespace ko {
 /// written and read back; then the 2 GB limit is asked once. Beyond it a message is shown and each driver gets its own
 /// old value back.
 ///
-/// One object serves one event. When the host hands over another list meanwhile, only drivers that are in that list,
-/// too, get their old value back, and nothing else is done.
+/// One object serves one event. When the host ends the document meanwhile, hides the page or makes it read-only, a
+/// value that is refused is put back all the same; when it hands over another list, only in drivers that are in that
+/// list, too. Once the list or the document is another nothing else is done.
 ///
 /// A `Setting` is a value of optional members with these operations:
 ///     Setting read(const Steps&, Timebase&) const   the members that are set here, as the driver has them; a member
@@ -104,9 +105,9 @@ private:
     void restore(const Steps& step, Written& it)
     {
         const Setting changed = it.tried ? it.before.without(it.kept) : Setting{};
-        if (changed.isEmpty() || (step.isSuperseded() && !isListed(it.owner)))
+        if (changed.isEmpty() || (step.hasOtherList() && !isListed(it.owner)))
             return;
-        const Steps again(support_.errors, step.procedure(), Steps::Begin::Anew);
+        const Steps again(support_.errors, step.procedure(), Steps::Begin::ToTheEnd);
         changed.write(again, *it.at.timebase);
         it.kept = wanted_.read(again, *it.at.timebase);
     }

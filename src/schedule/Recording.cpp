@@ -174,7 +174,12 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
     showKept(step, readBack_);
     if (!guarded.drivers().empty() && !guarded.anyTried())
         return Result::Held;
-    return guarded.fits(step, restore) && !step.isSuperseded() ? Result::Taken : Result::PutBack;
+    const auto captured = page_.triggerVars;
+    const bool fits = guarded.fits(step, restore);
+    // The host may have had the value captured that is refused.
+    if (!fits && page_.triggerVars != captured)
+        Steps(support_.errors, step.procedure(), Steps::Begin::Anew)([&] { captured_.capture(); });
+    return fits && !step.isSuperseded() ? Result::Taken : Result::PutBack;
 }
 
 void Recording::accepted(const Steps& step, Result result)

@@ -7,16 +7,20 @@ namespace ko {
 void Events::supersede(DriverList old)
 {
     ++generation_;
-    if (!innermost_)
-        return;
-    isUnsettled_ = true;
-    kept_.push_back(std::move(old));
+    isUnsettled_ = areInProgress();
+    keep(std::move(old));
 }
 
 void Events::end(DriverList old)
 {
-    supersede(std::move(old));
     isEnded_ = true;
+    keep(std::move(old));
+}
+
+void Events::keep(DriverList old)
+{
+    if (areInProgress())
+        kept_.push_back(std::move(old));
 }
 
 Errors::Errors(const StringTable& strings, CreateReporter create)

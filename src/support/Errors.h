@@ -38,6 +38,8 @@ public:
 private:
     friend class Steps;
 
+    void keep(DriverList old);
+
     const Steps* innermost_ = nullptr;
     std::uint64_t generation_ = 0;
     bool isEnded_ = false;

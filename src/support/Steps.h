@@ -19,13 +19,14 @@ namespace ko {
 class Steps {
 public:
     enum class Begin : std::uint8_t {
-        Within, ///< of the event that called it between two of its steps, else a new event
-        Anew    ///< always a new event: a host's call
+        Within,  ///< of the event that called it between two of its steps, else a new event
+        Anew,    ///< always a new event: a host's call
+        ToTheEnd ///< a value is put back: neither another list nor the end of the document stops it
     };
 
     Steps(Errors& errors, std::string_view procedure, int sourceText = errorSource::page, Begin begin = Begin::Within)
         : errors_(errors), procedure_(procedure), sourceText_(sourceText), outer_(errors.events.innermost_),
-          outerIsInStatement_(std::exchange(errors.events.isInStatement_, false)),
+          outerIsInStatement_(std::exchange(errors.events.isInStatement_, false)), goesOn_(begin == Begin::ToTheEnd),
           generation_(outer_ && !outerIsInStatement_ && begin == Begin::Within ? outer_->generation_
                                                                                : errors.events.generation_)
     {
@@ -76,10 +77,9 @@ public:
     /// Whether nothing more is to be done: the reporter has failed, or the list of drivers or the document is another.
     [[nodiscard]] bool isOver() const { return ended_ || isSuperseded(); }
     /// The list of drivers or the document is another.
-    [[nodiscard]] bool isSuperseded() const
-    {
-        return generation_ != errors_.events.generation_ || errors_.events.isEnded_;
-    }
+    [[nodiscard]] bool isSuperseded() const { return !goesOn_ && (hasOtherList() || errors_.events.isEnded_); }
+    /// Another list of drivers has been handed over.
+    [[nodiscard]] bool hasOtherList() const { return generation_ != errors_.events.generation_; }
 
 private:
     class InStatement {
@@ -101,6 +101,7 @@ private:
     int sourceText_;
     const Steps* outer_;
     bool outerIsInStatement_;
+    bool goesOn_;
     std::uint64_t generation_;
     mutable bool ended_ = false;
 };

@@ -77,7 +77,9 @@ private:
     void pair(const ComboBox& rates, const ComboBox& periods, const TextBox& rate, const TextBox& period)
     {
         require(rates.items().size() == periods.items().size(), rates.name() + " and its partner are as long");
-        require(rates.index() == periods.index(), rates.name() + " and its partner stand at the same entry");
+        // Without drivers that it is for, a frame is hidden and keeps what it showed.
+        require(rates.index() == periods.index() || !rates.container()->isShown(),
+                rates.name() + " and its partner stand at the same entry");
         require(!rates.container()->visible() ||
                     (rates.visible() == periods.visible() && rate.visible() == period.visible() &&
                      rate.visible() != rates.visible()),

@@ -39,7 +39,7 @@ PressBinding::PressBinding(FormView& view, PressControl& control, QAbstractButto
 
 void PressBinding::clicked(PressControl& control) const
 {
-    guarded([&] { control.userClicked(); });
+    view_.act([&] { control.userClicked(); });
 }
 
 void PressBinding::refresh(Aspect aspect)
@@ -134,7 +134,7 @@ bool ImageBinding::eventFilter(QObject*, QEvent* event)
         return false;
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton && widget().rect().contains(mouse->position().toPoint()))
-        guarded([&] { image_.userClicked(); });
+        return !view_.act([&] { image_.userClicked(); });
     return false;
 }
 

@@ -75,8 +75,8 @@ void CellEditor::typed()
         return;
     const QString text = box_->text();
     const std::size_t cursor = charactersOf(text, box_->cursorPosition());
-    guarded([&] { grid_.userTypedInCell(fromQt(text), cursor, 0); });
-    if (box_ && grid_.editedRow() == row_)
+    const bool stays = view_.act([&] { grid_.userTypedInCell(fromQt(text), cursor, 0); });
+    if (stays && box_ && grid_.editedRow() == row_)
         showText();
 }
 
@@ -89,7 +89,7 @@ void CellEditor::selected()
     const qsizetype from = some ? box_->selectionStart() : box_->cursorPosition();
     const std::size_t start = charactersOf(text, from);
     const std::size_t end = charactersOf(text, some ? box_->selectionEnd() : from);
-    guarded([&] { grid_.userSelectedInCell(start, end - start); });
+    view_.act([&] { grid_.userSelectedInCell(start, end - start); });
 }
 
 bool CellEditor::eventFilter(QObject*, QEvent* event)
@@ -107,10 +107,10 @@ bool CellEditor::eventFilter(QObject*, QEvent* event)
     case Qt::Key_Enter: {
         // A message box of the check takes the focus and gives it back.
         const FocusKeeper::Hold hold(view_.focus());
-        guarded([&] { grid_.userEndedEdit(); });
+        view_.act([&] { grid_.userEndedEdit(); });
         return true;
     }
-    case Qt::Key_Escape: guarded([&] { grid_.userDroppedEdit(); }); return true;
+    case Qt::Key_Escape: view_.act([&] { grid_.userDroppedEdit(); }); return true;
     default: return false;
     }
 }

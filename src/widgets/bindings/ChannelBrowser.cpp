@@ -145,8 +145,8 @@ void ChannelSelectorBinding::picked()
     ChannelSelector::Lines lines;
     for (const QTreeWidgetItem* item : browser_.tree->selectedItems())
         lines.push_back(lineOf(item));
-    guarded([&] { selector_.userPicked(std::move(lines)); });
-    if (selector_.selected().size() != static_cast<std::size_t>(browser_.tree->selectedItems().size()))
+    const bool stays = view_.act([&] { selector_.userPicked(std::move(lines)); });
+    if (stays && selector_.selected().size() != static_cast<std::size_t>(browser_.tree->selectedItems().size()))
         showSelection();
 }
 
@@ -154,14 +154,14 @@ void ChannelSelectorBinding::activated(const QTreeWidgetItem& item)
 {
     // A double click on a driver or a group opens or shuts it.
     if (item.childCount() == 0)
-        guarded([&] { selector_.userActivated(lineOf(&item)); });
+        view_.act([&] { selector_.userActivated(lineOf(&item)); });
 }
 
 bool ChannelSelectorBinding::eventFilter(QObject* object, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn) {
         browser_.setFocusProxy(static_cast<QWidget*>(object));
-        view_.focus().request(selector_);
+        return !view_.focus().request(selector_);
     }
     if (object == browser_.filter && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {

@@ -76,8 +76,8 @@ ComboBoxBinding::ComboBoxBinding(FormView& view, ComboBox& control, QComboBox& w
 
 void ComboBoxBinding::chosen(int index)
 {
-    guarded([&] { list_.userChose(index); });
-    combo_.setCurrentIndex(list_.index());
+    if (view_.act([&] { list_.userChose(index); }))
+        combo_.setCurrentIndex(list_.index());
 }
 
 void ComboBoxBinding::showItems()

@@ -86,8 +86,8 @@ void CalendarBinding::picked()
     if (showing_)
         return;
     const QDate date = widget_.selectedDate();
-    guarded([&] { calendar_.userChose(date.year(), date.month(), date.day()); });
-    showDate();
+    if (view_.act([&] { calendar_.userChose(date.year(), date.month(), date.day()); }))
+        showDate();
 }
 
 void CalendarBinding::showDate()
@@ -146,8 +146,8 @@ void TimePickerBinding::picked()
     if (showing_)
         return;
     const QTime time = widget_.time();
-    guarded([&] { picker_.userChose(time.hour(), time.minute(), time.second()); });
-    showTime();
+    if (view_.act([&] { picker_.userChose(time.hour(), time.minute(), time.second()); }))
+        showTime();
 }
 
 void TimePickerBinding::showFormat()

@@ -12,7 +12,8 @@
 
 namespace ko {
 
-FocusKeeper::FocusKeeper(Form& form, QWidget& surface) : form_(form), surface_(surface)
+FocusKeeper::FocusKeeper(Form& form, QWidget& surface, const UserActions& actions)
+    : form_(form), surface_(surface), actions_(actions)
 {
     surface.installEventFilter(this);
     later_.setSingleShot(true);
@@ -56,7 +57,8 @@ bool FocusKeeper::request(Control& control)
     {
         // A message box that the control left shows makes the toolkit's focus come and go.
         const Hold hold(*this);
-        guarded([&] { came = form_.userMovedFocus(&control); });
+        if (!actions_.run([&] { came = form_.userMovedFocus(&control); }))
+            return false;
     }
     follow();
     return came;
@@ -175,8 +177,7 @@ bool FocusKeeper::keyPressed(const QKeyEvent& event) const
     // The platform knows no fourth key to hold: with it, every key is another one.
     if (press.keyCode == 0 || !form_.keyDown || event.modifiers().testFlag(Qt::MetaModifier))
         return false;
-    guarded([&] { form_.userPressedKey(press); });
-    return press.keyCode == 0;
+    return !actions_.run([&] { form_.userPressedKey(press); }) || press.keyCode == 0;
 }
 
 bool FocusKeeper::eventFilter(QObject* object, QEvent* event)

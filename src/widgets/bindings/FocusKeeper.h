@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/Form.h"
+#include "widgets/support/UserActions.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
 #include <vector>
@@ -21,22 +23,26 @@ public:
     /// While it lives, what the toolkit does with the focus is none of the user's doing.
     class Hold {
     public:
-        explicit Hold(FocusKeeper& keeper) : keeper_(keeper) { ++keeper_.held_; }
-        ~Hold() { --keeper_.held_; }
+        explicit Hold(FocusKeeper& keeper) : keeper_(&keeper) { ++keeper.held_; }
+        ~Hold()
+        {
+            if (keeper_)
+                --keeper_->held_;
+        }
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
 
     private:
-        FocusKeeper& keeper_;
+        QPointer<FocusKeeper> keeper_;
     };
 
     /// `surface` holds the form's widgets and has the toolkit's focus while no control of the form has it.
-    FocusKeeper(Form& form, QWidget& surface);
+    FocusKeeper(Form& form, QWidget& surface, const UserActions& actions);
 
     /// `widget` shows `control`; a press on `pressed` (the widget, or its viewport) asks for the focus.
     void watch(Control& control, QWidget& widget, QWidget& pressed);
 
-    /// The user wants the focus on `control`; false when it stays where it was.
+    /// The user wants the focus on `control`; false when it stays where it was, or the view is gone.
     bool request(Control& control);
     /// The user tabs to the next or the previous control; after the last one to the window's widgets outside the
     /// form, or round to the first.
@@ -68,6 +74,7 @@ private:
 
     Form& form_;
     QWidget& surface_;
+    const UserActions& actions_;
     std::vector<Watched> watched_;
     QTimer later_;
     int held_ = 0;

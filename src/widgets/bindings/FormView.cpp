@@ -23,7 +23,7 @@
 namespace ko {
 
 FormView::FormView(Form& form, Texts texts, QWidget* parent)
-    : QWidget(parent), form_(form), texts_(std::move(texts)), focus_(form, *this)
+    : QWidget(parent), form_(form), texts_(std::move(texts)), focus_(form, *this, actions_)
 {
     describeOwnWidgets();
     setObjectName(toQt(form.name()));
@@ -37,6 +37,9 @@ FormView::FormView(Form& form, Texts texts, QWidget* parent)
 FormView::~FormView()
 {
     form_.view = nullptr;
+    bindings_.clear();
+    const FocusKeeper::Hold hold(focus_);
+    actions_.end(*this);
 }
 
 QString FormView::withMnemonic(const QString& caption)
@@ -184,9 +187,9 @@ void FormView::image(Image& control, QWidget& picture)
 QMenu& FormView::menu(Menu& control, const std::vector<Menu*>& items)
 {
     auto* menu = new QMenu(this);
-    bindings_[&control] = std::make_unique<MenuBinding>(control, *menu->menuAction());
+    bindings_[&control] = std::make_unique<MenuBinding>(*this, control, *menu->menuAction());
     for (Menu* item : items)
-        bindings_[item] = std::make_unique<MenuBinding>(*item, *menu->addAction(QString()));
+        bindings_[item] = std::make_unique<MenuBinding>(*this, *item, *menu->addAction(QString()));
     return *menu;
 }
 

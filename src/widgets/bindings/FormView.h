@@ -7,6 +7,7 @@
 #include "widgets/bindings/Binding.h"
 #include "widgets/bindings/FocusKeeper.h"
 #include "widgets/bindings/Mnemonics.h"
+#include "widgets/support/UserActions.h"
 
 #include <QWidget>
 #include <map>
@@ -39,7 +40,8 @@ class TimePicker;
 /// The surface on which a form is shown: makes the widgets of its controls, bound to them, and keeps the focus with
 /// the form. Whoever lays the form out puts the widgets where they belong; the surface owns them.
 ///
-/// The form outlives its view, and has one view at a time.
+/// The form outlives its view, and has one view at a time. The view may be destroyed at any time, also by what the user
+/// does in it.
 class FormView : public QWidget {
 public:
     FormView(Form& form, Texts texts, QWidget* parent = nullptr);
@@ -47,6 +49,7 @@ public:
 
     [[nodiscard]] Form& form() const { return form_; }
     [[nodiscard]] FocusKeeper& focus() { return focus_; }
+    [[nodiscard]] UserActions& actions() { return actions_; }
     [[nodiscard]] QString text(int number) const { return texts_(number); }
 
     QLineEdit& textBox(TextBox& control);
@@ -93,6 +96,9 @@ public:
     /// The form's caption, its place, the control that has the focus, or a control's mark has changed.
     std::function<void()> formChanged;
 
+    /// Has the form do what the user wants. Whether the view is still there then, and so the binding that has called.
+    template <class Act> bool act(Act&& act) { return actions_.run(std::forward<Act>(act)); }
+
 protected:
     bool focusNextPrevChild(bool next) override { return focus_.step(next); }
     /// The form takes the view's size.
@@ -103,6 +109,7 @@ private:
 
     Form& form_;
     Texts texts_;
+    UserActions actions_;
     FocusKeeper focus_;
     QStringList reserved_;
     std::optional<Mnemonics> mnemonics_;

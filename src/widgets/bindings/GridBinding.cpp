@@ -73,6 +73,11 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
+QString checkText(bool on)
+{
+    return on ? QStringLiteral("True") : QStringLiteral("False");
+}
+
 QStringList textsOf(const std::vector<std::string>& choices)
 {
     QStringList texts;
@@ -177,8 +182,7 @@ void GridBinding::showCheck(int row)
     box->setChecked(checkState(grid_.cell(row, Grid::valueColumn).value).value_or(false));
     box->setEnabled(grid_.isEditable(row));
     box->setAccessibleName(toQt(grid_.cell(row, Grid::nameColumn).value));
-    onSignal(box, &QCheckBox::clicked, this,
-             [this, row](bool on) { edited(row, on ? QStringLiteral("True") : QStringLiteral("False")); });
+    onSignal(box, &QCheckBox::clicked, this, [this, row](bool on) { edited(row, checkText(on)); });
 }
 
 void GridBinding::showList(int row)
@@ -221,27 +225,30 @@ void GridBinding::tellSize()
     grid_.setVisibleRows(table_.viewport()->height() / rowHeight);
 }
 
-void GridBinding::edited(int row, const QString& text)
+/// Whether this is still there then.
+bool GridBinding::edited(int row, const QString& text)
 {
-    guarded([&] { grid_.userEditedCell(row, fromQt(text)); });
+    if (!view_.act([&] { grid_.userEditedCell(row, fromQt(text)); }))
+        return false;
     // Where the grid has kept its value the widget goes back to it.
     showRows();
+    return true;
 }
 
-/// What pressing the value cell of a row does.
-void GridBinding::open(int row)
+/// What pressing the value cell of a row does. Whether this is still there then.
+bool GridBinding::open(int row)
 {
     if (row < 1 || row > grid_.rowCount() || !grid_.isEditable(row))
-        return;
+        return true;
     QWidget* widget = table_.cellWidget(row - 1, Grid::valueColumn);
     if (auto* check = dynamic_cast<CheckCell*>(widget))
-        check->box->click();
-    else if (auto* list = dynamic_cast<ListCell*>(widget))
+        return edited(row, checkText(!check->box->isChecked()));
+    if (auto* list = dynamic_cast<ListCell*>(widget)) {
         list->showPopup();
-    else {
-        const FocusKeeper::Hold hold(view_.focus());
-        guarded([&] { grid_.userOpenedCell(row); });
+        return true;
     }
+    const FocusKeeper::Hold hold(view_.focus());
+    return view_.act([&] { grid_.userOpenedCell(row); });
 }
 
 bool GridBinding::keyPressed(const QKeyEvent& key)
@@ -260,8 +267,7 @@ bool GridBinding::keyPressed(const QKeyEvent& key)
     if (!types || dynamic_cast<QComboBox*>(table_.cellWidget(row - 1, Grid::valueColumn)) ||
         dynamic_cast<CheckCell*>(table_.cellWidget(row - 1, Grid::valueColumn)))
         return false;
-    open(row);
-    if (editor_.box())
+    if (open(row) && editor_.box())
         editor_.box()->insert(key.text());
     return true;
 }

@@ -30,8 +30,8 @@ private:
     void showWidths();
     void tellSize();
     template <class W> W* cellWidget(int row);
-    void edited(int row, const QString& text);
-    void open(int row);
+    bool edited(int row, const QString& text);
+    bool open(int row);
     bool keyPressed(const QKeyEvent& key);
     void focusChanged(const QFocusEvent& event);
 

@@ -1,15 +1,15 @@
 #include "widgets/bindings/MenuBinding.h"
 
+#include "widgets/bindings/FormView.h"
 #include "widgets/support/Convert.h"
-#include "widgets/support/Guarded.h"
 
 namespace ko {
 
-MenuBinding::MenuBinding(Menu& control, QAction& action) : menu_(control), action_(action)
+MenuBinding::MenuBinding(FormView& view, Menu& control, QAction& action) : menu_(control), action_(action)
 {
     action.setObjectName(toQt(control.name()));
     control.view = [this](Aspect) { refresh(); };
-    onSignal(&action, &QAction::triggered, this, [this] { guarded([&] { menu_.userClicked(); }); });
+    onSignal(&action, &QAction::triggered, this, [this, &view] { view.act([&] { menu_.userClicked(); }); });
     refresh();
 }
 

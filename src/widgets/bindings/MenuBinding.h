@@ -6,10 +6,12 @@
 
 namespace ko {
 
+class FormView;
+
 /// A menu, by the action that stands for it, or one of its items.
 class MenuBinding : public QObject {
 public:
-    MenuBinding(Menu& control, QAction& action);
+    MenuBinding(FormView& view, Menu& control, QAction& action);
     ~MenuBinding() override;
 
 private:

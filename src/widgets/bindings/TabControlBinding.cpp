@@ -49,8 +49,8 @@ void TabControlBinding::chosen(int index)
 {
     if (index == control_.tab())
         return;
-    guarded([&] { control_.userChoseTab(index); });
-    tabs_.setCurrentIndex(control_.tab());
+    if (view_.act([&] { control_.userChoseTab(index); }))
+        tabs_.setCurrentIndex(control_.tab());
 }
 
 } // namespace ko

@@ -40,8 +40,8 @@ void TextBoxBinding::edited()
         return;
     const QString text = edit_.text();
     const std::size_t cursor = charactersOf(text, edit_.cursorPosition());
-    guarded([&] { box_.userReplaced(fromQt(text), cursor, 0); });
-    showText();
+    if (view_.act([&] { box_.userReplaced(fromQt(text), cursor, 0); }))
+        showText();
 }
 
 void TextBoxBinding::selected()
@@ -54,7 +54,7 @@ void TextBoxBinding::selected()
     const qsizetype from = some ? edit_.selectionStart() : edit_.cursorPosition();
     const qsizetype to = some ? edit_.selectionEnd() : from;
     const std::size_t start = charactersOf(text, from);
-    guarded([&] { box_.userSelected(start, charactersOf(text, to) - start); });
+    view_.act([&] { box_.userSelected(start, charactersOf(text, to) - start); });
 }
 
 void TextBoxBinding::refresh(Aspect aspect)
@@ -137,12 +137,12 @@ bool TextBoxBinding::takesDrop(QDropEvent& drop)
     if (box_.hasFocus())
         return true;
     Outcome outcome = Outcome::Inert;
-    guarded([&] { outcome = box_.userDropsText(); });
-    if (outcome == Outcome::Done)
+    const bool stays = view_.act([&] { outcome = box_.userDropsText(); });
+    if (stays && outcome == Outcome::Done)
         edit_.setCursorPosition(edit_.cursorPositionAt(drop.position().toPoint()));
     else
         drop.ignore();
-    return outcome == Outcome::Done;
+    return stays && outcome == Outcome::Done;
 }
 
 bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
@@ -156,12 +156,12 @@ bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {
-        guarded([&] { box_.userUndid(); });
+        view_.act([&] { box_.userUndid(); });
         return true;
     }
     if (event->type() != QEvent::MouseButtonDblClick || !box_.doubleClick)
         return false;
-    guarded([&] { box_.userDoubleClicked(); });
+    view_.act([&] { box_.userDoubleClicked(); });
     return true;
 }
 

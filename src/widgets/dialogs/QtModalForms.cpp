@@ -5,6 +5,7 @@
 #include "widgets/bindings/FormView.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/Modal.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -92,18 +93,18 @@ void QtModalForms::add(Form& form, Build build)
 void QtModalForms::showModal(Form& form)
 {
     const auto build = builds_.find(&form);
-    if (build == builds_.end())
+    if (build == builds_.end() || open_[&form])
         fail(failure::invalidCall);
     QWidget* top = QApplication::activeModalWidget();
-    FormDialog dialog(form, build->second(), top ? top : owner_.data());
-    if (auto* view = dynamic_cast<FormView*>(dialog.findChild<QWidget*>(toQt(form.name())))) {
-        view->formChanged = [&dialog] { dialog.follow(); };
+    Modal<FormDialog> dialog(form, build->second(), top ? top : owner_.data());
+    if (auto* view = dynamic_cast<FormView*>(dialog->findChild<QWidget*>(toQt(form.name())))) {
+        view->formChanged = [shown = dialog.get()] { shown->follow(); };
         view->focus().follow();
     }
-    open_[&form] = &dialog;
+    open_[&form] = dialog.get();
     if (opened)
         opened(form);
-    dialog.exec();
+    dialog.wait();
     if (closed)
         closed();
     open_.erase(&form);
@@ -112,7 +113,7 @@ void QtModalForms::showModal(Form& form)
 void QtModalForms::hide(Form& form)
 {
     const auto dialog = open_.find(&form);
-    if (dialog != open_.end())
+    if (dialog != open_.end() && dialog->second)
         dialog->second->done(QDialog::Accepted);
 }
 

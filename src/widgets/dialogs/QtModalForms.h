@@ -2,17 +2,17 @@
 
 #include "platform/Services.h"
 
+#include <QDialog>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <map>
 
-class QDialog;
-
 namespace ko {
 
 /// Shows forms as dialogs. Each form must have been registered with a way to make its widget. Enter, Escape and the
-/// close button press the form's buttons for them, so that they end it as its buttons do.
+/// close button press the form's buttons for them, so that they end it as its buttons do. A dialog that is destroyed
+/// with its window has not been accepted.
 class QtModalForms : public ModalForms {
 public:
     /// Makes the widget that shows a form; the dialog owns it.
@@ -24,7 +24,7 @@ public:
     /// The window that dialogs belong to while no other window is active.
     void setOwner(QWidget* owner) { owner_ = owner; }
 
-    /// Failure 5 for a form that is not registered.
+    /// Failure 5 for a form that is not registered or is shown already.
     void showModal(Form& form) override;
     void hide(Form& form) override;
 
@@ -34,7 +34,7 @@ public:
 
 private:
     std::map<const Form*, Build> builds_;
-    std::map<const Form*, QDialog*> open_;
+    std::map<const Form*, QPointer<QDialog>> open_;
     QPointer<QWidget> owner_;
 };
 

@@ -1,6 +1,7 @@
 #include "widgets/services/QtMessageBox.h"
 
 #include "widgets/support/Convert.h"
+#include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
 
@@ -24,8 +25,8 @@ QMessageBox::Icon iconOf(int style)
 void QtMessageBox::show(const std::string& text, const std::string& title, int style)
 {
     QWidget* top = QApplication::activeModalWidget();
-    PlainBox box(iconOf(style), toShown(title), toShown(text), {}, QMessageBox::Ok, top ? top : owner_.data());
-    box.exec();
+    Modal<PlainBox>(iconOf(style), toShown(title), toShown(text), QString(), QMessageBox::Ok, top ? top : owner_.data())
+        .wait();
 }
 
 } // namespace ko

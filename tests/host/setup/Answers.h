@@ -11,20 +11,24 @@ struct Answers : SessionQuestions {
     bool wantsReload = false;
     std::string saveAs;
     std::string asked;
+    std::function<void()> meanwhile = [] {}; ///< what happens before the answer
 
     Unsaved keepChanges() override
     {
         asked += "changes ";
+        meanwhile();
         return unsaved;
     }
     std::string fileToSave() override
     {
         asked += "file ";
+        meanwhile();
         return saveAs;
     }
     Conflict settleConflict() override
     {
         asked += "conflict ";
+        meanwhile();
         return conflict;
     }
     bool reload() override

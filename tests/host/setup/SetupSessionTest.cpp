@@ -61,6 +61,31 @@ TEST_F(SetupSessionTest, SavingWritesThePresentValuesAndKeepsTitleAndClock)
     EXPECT_EQ(saved.clock, loadSetup(bench("other.json")).clock);
 }
 
+TEST_F(SetupSessionTest, AnAnswerCountsForNoOtherSetUpThanItWasAskedAbout)
+{
+    const std::string other = bench("other.json");
+    user.unsaved = Unsaved::Discard;
+    user.conflict = Conflict::Overwrite;
+    user.saveAs = file("copy.json");
+    user.meanwhile = [&] { session.load(other); };
+    const std::pair<const char*, std::function<bool()>> deeds[] = {
+        {"changes ", [&] { return session.open(bench("third.json"), user); }},
+        {"file ", [&] { return session.saveAs(user); }},
+        {"conflict ", [&] {
+             std::ofstream(session.file()) << "{}";
+             return session.save(user);
+         }}};
+    for (const auto& [asked, deed] : deeds) {
+        session.load(bench());
+        change();
+        user.asked.clear();
+        EXPECT_FALSE(deed());
+        EXPECT_EQ(user.asked, asked);
+        EXPECT_EQ(session.name(), "other.json");
+    }
+    EXPECT_FALSE(fs::exists(file("copy.json")));
+}
+
 TEST_F(SetupSessionTest, SavingUnderAnotherNameMovesTheSessionThereAndLeavesTheOldFile)
 {
     session.load(bench());

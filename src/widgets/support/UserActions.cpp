@@ -1,0 +1,68 @@
+#include "widgets/support/UserActions.h"
+
+#include <QDialog>
+
+namespace ko {
+
+namespace {
+
+class Remains : public QWidget {
+public:
+    Remains(QWidget& surface, std::shared_ptr<void> kept) : kept_(std::move(kept))
+    {
+        // Who waits in a dialog has to be freed.
+        for (QWidget* child : surface.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (!dynamic_cast<QDialog*>(child))
+                child->setParent(this, child->windowFlags());
+    }
+    /// The widgets go before what they show.
+    ~Remains() override { qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly)); }
+
+private:
+    std::shared_ptr<void> kept_;
+};
+
+} // namespace
+
+struct UserActions::State {
+    int inProgress = 0;
+    bool isOver = false;
+    std::shared_ptr<void> kept;
+    std::unique_ptr<QWidget> remains;
+};
+
+UserActions::UserActions() : state_(std::make_shared<State>()) {}
+
+UserActions::~UserActions() = default;
+
+UserActions::Action::Action(const UserActions& actions) : state_(actions.state_)
+{
+    ++state_->inProgress;
+}
+
+UserActions::Action::~Action()
+{
+    // The toolkit is in the middle of the event until control is back in its loop.
+    if (--state_->inProgress == 0 && state_->remains)
+        state_->remains.release()->deleteLater();
+}
+
+bool UserActions::Action::isOver() const
+{
+    return state_->isOver;
+}
+
+void UserActions::keep(std::shared_ptr<void> kept)
+{
+    state_->kept = std::move(kept);
+}
+
+bool UserActions::end(QWidget& surface)
+{
+    state_->isOver = true;
+    if (state_->inProgress > 0)
+        state_->remains = std::make_unique<Remains>(surface, state_->kept);
+    return state_->remains != nullptr;
+}
+
+} // namespace ko

@@ -1,0 +1,275 @@
+#include "FrameTest.h"
+#include "host/window/InstrumentsView.h"
+
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QListView>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTreeWidget>
+
+namespace ko::test {
+namespace {
+
+const char* const triggeredBench = R"({"drivers": [
+  {"name": "Digitizer", "hasTriggerParameters": true,
+   "timebase": {"samplePeriod": {"value": 0.001, "choices": [1e-12, 0.001]}},
+   "triggerLines": {"startMasterRank": 5},
+   "groups": [{"name": "Inputs", "channels": [
+     {"address": "0:3:1", "name": "Crank", "triggerSource": true, "triggerParameters": [
+       {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]},
+  {"name": "Scanner", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}}]})";
+
+/// A window on a set-up, and whoever ends it, or what it shows, while one of its boxes, dialogs or menus is open.
+struct Desk {
+    QTemporaryDir folder;
+    std::unique_ptr<FrameWindow> window = std::make_unique<FrameWindow>("");
+    std::string setup = file("bench.json", triggeredBench);
+
+    Desk()
+    {
+        window->open(setup);
+        window->show();
+        activate();
+    }
+    void activate() const
+    {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    std::string file(const char* name, const char* content) const
+    {
+        QFile out(folder.filePath(name));
+        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(content);
+        return fromQt(out.fileName());
+    }
+    [[nodiscard]] Page& page() const { return window->document().page(); }
+    template <class Widget = QWidget> [[nodiscard]] Widget& at(const Control& control) const
+    {
+        return dynamic_cast<Widget&>(*window->page().view().widget(control));
+    }
+    void click(PressControl& control) const { QTest::mouseClick(&at(control), Qt::LeftButton); }
+    /// Leaves a text in the box of the duration that is refused.
+    QWidget& mistype() const
+    {
+        page().moveFocus(&page().txtDuration);
+        page().txtDuration.userReplaced("x", 1, 0);
+        return at(page().txtDuration);
+    }
+    /// By the keys, as the menu is open.
+    static void choose(QMenu& menu, int entry)
+    {
+        menu.popup({});
+        menu.setActiveAction(menu.actions().at(entry));
+        QTest::keyClick(&menu, Qt::Key_Return);
+    }
+    void choose(int menu, int text) const
+    {
+        for (QAction* bar : window->menuBar()->actions())
+            for (int i = 0; bar->text() == window->text(menu) && i < bar->menu()->actions().size(); ++i)
+                if (bar->menu()->actions()[i]->text() == window->text(text))
+                    return choose(*bar->menu(), i);
+        ADD_FAILURE() << "no such menu entry";
+    }
+};
+
+/// What opens a box, a dialog or a menu.
+struct Opening {
+    const char* name;
+    void (*open)(Desk&);
+    bool isPopup = false;
+};
+
+void send(QWidget& widget, QEvent::Type type)
+{
+    const QPointF place(4, 4);
+    QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&widget, &event);
+}
+
+const Opening openings[] = {
+    {"Typed",
+     [](Desk& desk) {
+         desk.page().moveFocus(&desk.page().txtDuration);
+         desk.page().txtDuration.userReplaced("1e", 2, 0);
+         QTest::keyClick(&desk.at(desk.page().txtDuration), '9');
+     }},
+    {"ChosenByKey", [](Desk& desk) { QTest::keyClick(&desk.at(desk.page().cmbSamplePeriod), Qt::Key_Up); }},
+    {"ChosenByMouse",
+     [](Desk& desk) {
+         auto& list = desk.at<QComboBox>(desk.page().cmbSamplePeriod);
+         list.showPopup();
+         QAbstractItemView& view = *list.view();
+         // The press that opens a list does not choose from it.
+         QTest::qWait(QApplication::doubleClickInterval() + 50);
+         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(0, 0)).center());
+     }},
+    {"LeftByTab", [](Desk& desk) { QTest::keyClick(&desk.mistype(), Qt::Key_Tab); }},
+    {"LeftByPress",
+     [](Desk& desk) {
+         desk.mistype();
+         QTest::mousePress(&desk.at(desk.page().cmbSamplePeriod), Qt::LeftButton);
+     }},
+    {"Entered", [](Desk& desk) { QTest::keyClick(&desk.mistype(), Qt::Key_Return); }},
+    {"DateButton",
+     [](Desk& desk) {
+         desk.page().optStartTime.userClicked();
+         desk.click(desk.page().cmdStartTime);
+     }},
+    {"DateByDoubleClick",
+     [](Desk& desk) {
+         desk.page().optStartTime.userClicked();
+         desk.page().moveFocus(&desk.page().txtStartTime);
+         send(desk.at(desk.page().txtStartTime), QEvent::MouseButtonDblClick);
+     }},
+    {"Offers", [](Desk& desk) { desk.click(desk.page().cmdSamplePeriodOffers); }},
+    {"Lines", [](Desk& desk) { Desk::choose(desk.window->page().menu(), 0); }},
+    {"Channel",
+     [](Desk& desk) {
+         desk.page().optOnTrigger.userClicked();
+         desk.click(desk.page().cmdChannel);
+     }},
+    {"Cell",
+     [](Desk& desk) {
+         desk.page().optOnTrigger.userClicked();
+         auto& table = desk.at<QTableWidget>(desk.page().grdParam);
+         QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualItemRect(table.item(0, 1)).center());
+         auto* box = table.findChild<QLineEdit*>();
+         box->setText("99");
+         desk.page().grdParam.userTypedInCell("99", 2, 0);
+         QTest::keyClick(box, Qt::Key_Return);
+     }},
+    {"NoInstruments",
+     [](Desk& desk) {
+         desk.window->open(desk.file("none.json", R"({"drivers": []})"));
+         send(desk.at(desk.page().imgNoInst), QEvent::MouseButtonRelease);
+     }},
+    {"ContextMenu",
+     [](Desk& desk) {
+         QContextMenuEvent event(QContextMenuEvent::Mouse, {4, 4}, {4, 4});
+         QApplication::sendEvent(&desk.at(desk.page().txtDuration), &event);
+     },
+     true},
+    {"DropDown", [](Desk& desk) { desk.at<QComboBox>(desk.page().cmbSamplePeriod).showPopup(); }, true},
+    {"About", [](Desk& desk) { desk.choose(hostText::helpMenu, hostText::about); }},
+    {"FileToOpen", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::openSetup); }},
+    {"FileToSave", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::saveAs); }},
+    {"Print", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::print); }},
+    {"Preview", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::printPreview); }},
+    {"Capture",
+     [](Desk& desk) {
+         QAction& entry = desk.window->capture().action();
+         auto* menu = dynamic_cast<QMenu*>(entry.associatedObjects().front());
+         Desk::choose(*menu, static_cast<int>(menu->actions().indexOf(&entry)));
+     }},
+    {"Unsaved",
+     [](Desk& desk) {
+         desk.window->session().setChanged(true);
+         desk.window->close();
+     }},
+    {"Conflict",
+     [](Desk& desk) {
+         desk.file("bench.json", R"({"drivers": []})");
+         desk.choose(hostText::fileMenu, hostText::save);
+     }},
+    {"NotOpened", [](Desk& desk) { desk.window->openAsking("/none.json"); }},
+    {"NotLeft",
+     [](Desk& desk) {
+         desk.mistype();
+         desk.choose(hostText::fileMenu, hostText::quit);
+     }},
+    {"Ticked",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.setVisible(true);
+         auto& tree = *dock.findChild<QTreeView*>();
+         tree.expandAll();
+         const auto found = Qt::MatchStartsWith | Qt::MatchRecursive;
+         tree.setCurrentIndex(
+             dock.model().match(dock.model().index(0, 0), Qt::DisplayRole, "Crank", 1, found).value(0));
+         desk.mistype();
+         QTest::keyClick(&tree, Qt::Key_Space);
+     }},
+    {"Faults",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
+         dock.findChild<QAction*>("faults")->trigger();
+     }},
+};
+
+/// What the host does meanwhile.
+struct Deed {
+    const char* name;
+    void (*play)(Desk&);
+
+    friend std::ostream& operator<<(std::ostream& out, const Deed& deed) { return out << deed.name; }
+};
+
+const Deed deeds[] = {
+    {"DestroysTheWindow", [](Desk& desk) { desk.window.reset(); }},
+    {"EndsTheDocument",
+     [](Desk& desk) { desk.window->capture().startFromHere(fromQt(desk.folder.filePath("a.scenario"))); }},
+    {"OpensAnotherSetUp",
+     [](Desk& desk) { desk.window->open(desk.file("other.json", R"({"drivers": [{"name": "B"}]})")); }},
+    {"HandsOverAnotherList",
+     [](Desk& desk) {
+         const SimulatedDrivers& drivers = desk.window->session().drivers();
+         const DriverList list(drivers.begin(), drivers.empty() ? drivers.end() : drivers.begin() + 1);
+         desk.window->document().drivers().setNumberOfDrivers(static_cast<std::int32_t>(list.size()));
+         desk.window->document().drivers().setDrivers(list);
+     }},
+    {"Hides",
+     [](Desk& desk) {
+         desk.window->document().UserDocument_Hide();
+         desk.window->hide();
+     }},
+    {"LocksThePage", [](Desk& desk) { desk.window->document().mode().setReadOnly(true); }},
+};
+
+class Ends : public testing::TestWithParam<Deed> {};
+
+TEST_P(Ends, InTheMiddleOfWhatTheUserDoes)
+{
+    for (const Opening& opening : openings) {
+        SCOPED_TRACE(opening.name);
+        Desk desk;
+        bool isPlayed = false;
+        QTimer host;
+        QObject::connect(&host, &QTimer::timeout, [&] {
+            QWidget* const front =
+                opening.isPopup && !isPlayed ? QApplication::activePopupWidget() : QApplication::activeModalWidget();
+            if (front && !std::exchange(isPlayed, true))
+                GetParam().play(desk);
+            else if (auto* dialog = qobject_cast<QDialog*>(front))
+                dialog->reject();
+        });
+        host.start(0);
+        opening.open(desk);
+        for (int i = 0; i < 3 || QApplication::activeModalWidget(); ++i)
+            QApplication::processEvents();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(isPlayed);
+        host.stop();
+        if (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        if (!desk.window)
+            continue;
+        // What is left of the window is of use.
+        desk.window->document().mode().setReadOnly(false);
+        desk.window->open(desk.file("again.json", triggeredBench));
+        desk.window->show();
+        desk.activate();
+        desk.page().moveFocus(&desk.page().txtDuration);
+        desk.at<QLineEdit>(desk.page().txtDuration).selectAll();
+        QTest::keyClick(&desk.at(desk.page().txtDuration), '7');
+        EXPECT_EQ(desk.window->session().drivers().front()->held().timebase->duration, 7.0F);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AHost, Ends, testing::ValuesIn(deeds),
+                         [](const auto& deed) { return std::string(deed.param.name); });
+
+} // namespace
+} // namespace ko::test
