@@ -66,6 +66,8 @@ public:
     {
         return FormView::sizeHint().expandedTo({fontMetrics().averageCharWidth() * 135, fontMetrics().height() * 20});
     }
+    /// Else the dialog takes its height from the label's, not from the hint.
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override
