@@ -184,7 +184,8 @@ TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
             EXPECT_TRUE(isGiven || !places.contains(key))
                 << language << ": " << text.toStdString() << " and " << places[key].toStdString();
             places[key] = text;
-            EXPECT_EQ(*language == 'j' && text.contains(u'&'), text.contains(QStringLiteral("(&"))) << text.toStdString();
+            EXPECT_EQ(*language == 'j' && text.contains(u'&'), text.contains(QStringLiteral("(&")))
+                << text.toStdString();
         }
     }
 }
