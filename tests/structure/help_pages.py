@@ -1,4 +1,6 @@
-"""help_pages.py FOLDER: the help has the same pages in each of its languages, and nothing in them leads nowhere."""
+"""help_pages.py FOLDER STRINGS: the help has the same pages in each of its languages, nothing in them leads nowhere, and
+what is in bold, menus and captions, is a text of the program in that language."""
+import re
 import sys
 from html.parser import HTMLParser
 from pathlib import Path
@@ -11,7 +13,7 @@ class Page(HTMLParser):
 
     def __init__(self, path):
         super().__init__()
-        self.refers, self.elements, self.wrong, self.open = [], [], [], []
+        self.refers, self.elements, self.wrong, self.open, self.bold = [], [], [], [], []
         self.feed(path.read_text(encoding="utf-8"))
         self.wrong += [f"<{tag}> is left open" for tag in self.open]
 
@@ -28,8 +30,21 @@ class Page(HTMLParser):
         if not self.open or self.open.pop() != tag:
             self.wrong.append(f"</{tag}> closes nothing")
 
+    def handle_data(self, data):
+        if self.open and self.open[-1] == "b":
+            self.bold += re.split(", |、", " ".join(data.split()))
 
-def complaints(folder):
+
+def plain(text):
+    """A text of the program as the help quotes it: without mnemonic, dots and colon."""
+    return " ".join(re.sub(r"\(&\w\)|&", "", text).split()).rstrip(" .:")
+
+
+def quoted_wrong(page, texts):
+    return [text for text in page.bold if re.search(r"\w", text) and plain(text) not in texts]
+
+
+def complaints(folder, strings):
     pages = {path.relative_to(folder): Page(path) for path in sorted(folder.glob("*/*.html"))}
     for name, page in pages.items():
         english = pages.get(Path("en", name.name))
@@ -40,12 +55,16 @@ def complaints(folder):
         yield from (f"{name}: {what}" for what in page.wrong)
         yield from (f"{name}: {to} is missing" for to in page.refers if not (folder / name.parent / to).exists())
     for language in {name.parent for name in pages}:
+        entries = (strings / f"{language}.txt").read_text(encoding="utf-8")
+        texts = {plain(text) for text in re.findall(r'^\d+ "(.*)"$', entries, re.MULTILINE)}
+        yield from (f"{name}: the program has no text {text!r}" for name, page in pages.items()
+                    if name.parent == language for text in quoted_wrong(page, texts))
         yield from (f"{language / name.name}: is missing" for name in pages if not (folder / language / name.name).exists())
     if not pages:
         yield f"{folder}: no page"
 
 
 if __name__ == "__main__":
-    found = list(complaints(Path(sys.argv[1])))
+    found = list(complaints(Path(sys.argv[1]), Path(sys.argv[2])))
     print(*found, sep="\n")
     sys.exit(1 if found else 0)

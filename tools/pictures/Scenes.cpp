@@ -111,7 +111,7 @@ QPixmap failingInstruments(FrameWindow& window)
     window.health().now = [&window] { return window.services().clock.now(); };
     const SimulatedDrivers& drivers = window.session().drivers();
     drivers[0]->calls().fail({"SampleChoiceList", 13, "Type mismatch"});
-    drivers[1]->calls().fail({"GroupCount"});
+    drivers[1]->calls().fail({"BlockSizeChoiceList"});
     drivers[3]->calls().fail({"StopMode set", 70, "Permission denied"});
     page(window).optStopTime.userClicked();
     window.instruments().handOver();

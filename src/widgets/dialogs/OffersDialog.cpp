@@ -37,14 +37,17 @@ public:
         QTableWidget& table = this->table(form.tblOffers);
         table.setAccessibleName(text(textNumber::offers::title));
         table.setItemDelegate(new SentenceDelegate(&table));
-        table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+        QHeaderView& columns = *table.horizontalHeader();
+        columns.setSectionResizeMode(QHeaderView::Stretch);
+        columns.setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
+        columns.setMinimumHeight(columns.sizeHint().height() + fontMetrics().lineSpacing());
         fit_.setSingleShot(true);
         onSignal(&fit_, &QTimer::timeout, &table, [&table] {
             QHeaderView& rows = *table.verticalHeader();
             rows.setMinimumSectionSize(rows.defaultSectionSize());
             table.resizeRowsToContents();
         });
-        onSignal(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this] { fit_.start(0); });
+        onSignal(&columns, &QHeaderView::sectionResized, this, [this] { fit_.start(0); });
         QLabel& common = label(form.lblCommon);
         common.setWordWrap(true);
         common.setTextFormat(Qt::PlainText);
@@ -61,8 +64,10 @@ public:
     /// A few drivers without scrolling.
     [[nodiscard]] QSize sizeHint() const override
     {
-        return FormView::sizeHint().expandedTo({fontMetrics().averageCharWidth() * 135, fontMetrics().height() * 18});
+        return FormView::sizeHint().expandedTo({fontMetrics().averageCharWidth() * 135, fontMetrics().height() * 20});
     }
+    /// Else the dialog takes its height from the label's, not from the hint.
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override

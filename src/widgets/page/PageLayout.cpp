@@ -141,7 +141,7 @@ void PageWidget::layTrigger(QGridLayout& grid)
     grid.addWidget(&view_->textBox(page_.txtChannel), row, fields);
     grid.addWidget(&more, row, buttons);
     QLabel& label = view_->label(page_.lblChannel, {&page_.txtChannel});
-    more.setAccessibleName(label.text());
+    more.setAccessibleName(withoutMnemonic(label.text()));
     label.setContentsMargins(indent, 0, 0, 0);
     grid.addWidget(&label, row, labels);
     QTableWidget& table = view_->grid(page_.grdParam);

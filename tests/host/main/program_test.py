@@ -154,6 +154,19 @@ class Program(unittest.TestCase):
         for _, meaning in statuses:
             for other in (man, readme):
                 self.assertIn(" ".join(meaning.split()), " ".join(other.lower().split()))
+
+    def test_every_command_key_option_and_setting_is_documented(self):
+        sources = "".join(path.read_text(encoding="utf-8") for path in (SOURCE / "host").rglob("*.cpp"))
+        commands = re.findall(r'\{"([a-z-]+)", Giver::', sources)
+        keys = [key for keys in re.findall(r"onlyKeys\(\{([^}]*)\}", sources) for key in re.findall(r'"(\w+)"', keys)]
+        options = re.findall(r"--[a-z]+", run("--help").stdout)
+        names = [name for name in run(SETUP, "--list", "--names").stdout.split() if not name.startswith("trigger.")]
+        for words, page in ((commands, "docs/SCENARIOS.md"), (keys, "help/en/setup-file.html"),
+                            (options + names, "help/en/command-line.html")):
+            text = (SOURCE / page).read_text(encoding="utf-8")
+            self.assertGreater(len(words), 20)
+            self.assertEqual([word for word in words if not re.search(rf"(?<![\w-]){word}(?![\w-])", text)], [], page)
+
     def test_a_sheet_is_written_whole_or_not_at_all(self):
         with tempfile.TemporaryDirectory() as folder:
             page, sheet = Path(folder) / "sheet.html", Path(folder) / "sheet.pdf"
