@@ -147,7 +147,7 @@ QString FrameCapture::fileToWrite()
     const auto text = frame_.texts;
     Modal<QFileDialog> dialog(
         &frame_.window, text(captureText::title), QString(),
-        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(captureText::allFiles)));
+        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(hostText::allFiles)));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     return dialog.isAccepted() ? dialog->selectedFiles().value(0) : QString();
 }
