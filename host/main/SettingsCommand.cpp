@@ -11,6 +11,7 @@
 
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 

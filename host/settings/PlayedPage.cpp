@@ -1,5 +1,7 @@
 #include "host/settings/PlayedPage.h"
 
+#include <nlohmann/json.hpp>
+
 namespace ko {
 
 namespace {

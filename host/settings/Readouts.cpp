@@ -12,27 +12,27 @@ struct Readout {
     const char* name;
     Label Page::*label;
     Control& (*value)(Page&);
-    Json (*read)(const Page&, const std::string& caption);
+    Value (*read)(const Page&, const std::string& caption);
     const char* unit = "";
 };
 
 /// None for what is not known or endless.
-template <auto figure> Json number(const Page& page, const std::string& /*caption*/)
+template <auto figure> Value number(const Page& page, const std::string& /*caption*/)
 {
     const auto& known = page.figures.*figure;
-    return known && std::isfinite(*known) ? Json(*known) : Json();
+    return known && std::isfinite(*known) ? Value(*known) : Value();
 }
 
 /// With its unit, as the page shows it.
-template <auto figure> Json text(const Page& page, const std::string& caption)
+template <auto figure> Value text(const Page& page, const std::string& caption)
 {
-    return page.figures.*figure ? Json(caption) : Json();
+    return page.figures.*figure ? Value(caption) : Value();
 }
 
-Json time(const Page& page, const std::string& /*caption*/)
+Value time(const Page& page, const std::string& /*caption*/)
 {
     const auto& known = page.figures.stopTime;
-    return known ? Json(isoText(*known)) : Json();
+    return known ? Value(isoText(*known)) : Value();
 }
 
 template <class Label, Label Page::*member> Control& of(Page& page)

@@ -23,14 +23,14 @@ double rateOf(double period)
     return shown && 1.0 / *shown == period ? *shown : rate;
 }
 
-Json read(const PlayedPage& played, const Quantity& quantity)
+Value read(const PlayedPage& played, const Quantity& quantity)
 {
     const IndexedTimebase at = shownTimebase(played.page(), *quantity.number);
     if (!at)
         return {};
     const double held = (at.timebase->*quantity.number->get)();
     const double figure = quantity.isRate ? rateOf(held) : held;
-    return std::isfinite(figure) ? Json(figure) : Json();
+    return std::isfinite(figure) ? Value(figure) : Value();
 }
 
 std::optional<Range> rangeOf(const Page& page, const Quantity& quantity)
@@ -60,7 +60,7 @@ Request requestOf(const PlayedPage& played, const Quantity& quantity, const std:
 {
     const Control& control = shown(played.page(), quantity);
     const auto number = numberIn(value);
-    const Json wanted = number ? Json(*number) : Json(value);
+    const Value wanted = number ? Value(*number) : Value(value);
     if (&control == &(played.page().*quantity.box))
         return {{"focus " + control.name(), "text " + control.name() + " " + quotedWord(value), "leave"}, wanted};
     const std::vector<std::string> choices = offerOf(played, quantity).choices;

@@ -33,7 +33,7 @@ std::vector<std::string> wordsOf(Options options, const Page& page)
     return words;
 }
 
-Json selected(Options options, const Page& page)
+Value selected(Options options, const Page& page)
 {
     for (const Option& option : options)
         if ((page.*option.button).value())
@@ -76,10 +76,10 @@ constexpr std::array timeBoxes{
     TimeBox{"stop-time", &Page::txtStopTime, &Page::cmdStopTime, &Page::optStopTime},
 };
 
-Json timeShown(const std::string& text)
+Value timeShown(const std::string& text)
 {
     const auto time = timeIn(text);
-    return time ? Json(isoText(*time)) : Json();
+    return time ? Value(isoText(*time)) : Value();
 }
 
 Request pickTime(const Page& page, const TimeBox& times, const std::string& value)
@@ -159,13 +159,13 @@ Request enterDuration(const Page& page, const std::string& value)
     std::vector<std::string> script{"focus txtDuration", "text txtDuration " + quotedWord(amount.number), "leave"};
     script.insert(amount.unit < page.cmbInterval.itemData() ? script.begin() : script.end(), choose);
     const auto number = numberIn(amount.number);
-    return {script, number ? Json(*number * amount.unit) : Json(value)};
+    return {script, number ? Value(*number * amount.unit) : Value(value)};
 }
 
-Json durationHeld(const PlayedPage& played)
+Value durationHeld(const PlayedPage& played)
 {
     const IndexedTimebase first = firstTimebase(played.page().currentDrivers());
-    return first ? Json(widen(first.timebase->Duration())) : Json();
+    return first ? Value(widen(first.timebase->Duration())) : Value();
 }
 
 Setting durationSetting(const Page& page)

@@ -1,5 +1,6 @@
 #include "host/settings/SettingTexts.h"
 
+#include "host/instruments/ParameterTypes.h"
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
@@ -57,20 +58,20 @@ bool isTimeOfDay(const std::string& text)
     return timeIn(text) && timeIn("2000-01-01 " + text);
 }
 
-std::string settingText(const Json& value)
+std::string settingText(const Value& value)
 {
-    if (value.is_null())
-        return {};
-    if (value.is_number_float())
-        return exactText(value.get<double>());
-    return value.is_string() ? value.get<std::string>() : value.dump();
+    if (const auto number = numberOf(value))
+        return exactText(*number);
+    const auto* const text = std::get_if<std::string>(&value);
+    return text ? *text : "";
 }
 
-bool readsSame(const Json& one, const Json& other)
+bool readsSame(const Value& one, const Value& other)
 {
-    if (!one.is_number() || !other.is_number())
+    const auto number = numberOf(one), otherNumber = numberOf(other);
+    if (!number || !otherNumber)
         return one == other;
-    return numberText(one.get<double>(), Locale{}) == numberText(other.get<double>(), Locale{});
+    return numberText(*number, Locale{}) == numberText(*otherNumber, Locale{});
 }
 
 std::string quotedWord(std::string_view word)

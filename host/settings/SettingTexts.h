@@ -2,14 +2,11 @@
 
 #include "interfaces/Values.h"
 
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace ko {
-
-using Json = nlohmann::ordered_json;
 
 /// Settings as text on the command line: numbers with a point and as many digits as bring back the same double, dates
 /// in the ISO form, whatever the regional settings are.
@@ -27,9 +24,9 @@ std::optional<DateTime> timeIn(std::string text);
 bool isTimeOfDay(const std::string& text);
 
 /// A value read: a number or a text as it is, none as the empty text.
-std::string settingText(const Json& value);
+std::string settingText(const Value& value);
 /// Whether both read the same on the page, which shows 15 digits of a number.
-bool readsSame(const Json& one, const Json& other);
+bool readsSame(const Value& one, const Value& other);
 
 /// A word as scripts hold it, in quotes.
 std::string quotedWord(std::string_view word);

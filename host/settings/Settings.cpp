@@ -117,17 +117,17 @@ Assignment assignmentIn(const PlayedPage& played, const std::string& text)
     return {settingNamed(played, text.substr(0, first)), text.substr(first + 1)};
 }
 
-Json valueOf(const Setting& setting, const PlayedPage& played)
+Value valueOf(const Setting& setting, const PlayedPage& played)
 {
     if (!setting.control(played.page()).isShown())
         throw Refusal(setting.name + ": not available: the page does not show it now");
-    Json value;
+    Value value;
     try {
         value = setting.read(played);
     } catch (const Failure& failure) {
         throw Refusal(setting.name + ": not available: " + failure.what());
     }
-    if (value.is_null())
+    if (value == Value())
         throw Refusal(setting.name + ": not available: it has no value now");
     return value;
 }
@@ -143,7 +143,7 @@ std::vector<std::string> set(const Setting& setting, PlayedPage& played, const s
     PlayedPage::Outcome outcome = played.play(request.script);
     if (outcome.inert)
         refuse("not available: the page does not take \"" + value + "\" now");
-    const Json kept = valueOf(setting, played);
+    const Value kept = valueOf(setting, played);
     if (readsSame(kept, request.value))
         return outcome.told;
     if (!outcome.told.empty())

@@ -21,7 +21,7 @@ struct Offer {
 /// How the user sets a setting.
 struct Request {
     std::vector<std::string> script;
-    Json value; ///< what the setting then reads
+    Value value; ///< what the setting then reads
 };
 
 /// A setting of the page under a name that the command line knows.
@@ -32,7 +32,7 @@ struct Setting {
     /// The control that shows it now.
     std::function<Control&(Page&)> control;
     /// None where there is nothing to read. Failures reach the caller.
-    std::function<Json(const PlayedPage&)> read;
+    std::function<Value(const PlayedPage&)> read;
     /// Empty where everything goes.
     std::function<Offer(const PlayedPage&)> offer;
     /// Empty for a setting that can only be read. Fails with a `Refusal`.
@@ -70,7 +70,7 @@ struct Assignment {
 Assignment assignmentIn(const PlayedPage& played, const std::string& text);
 
 /// The present value. Fails with a `Refusal` where the page does not show one.
-Json valueOf(const Setting& setting, const PlayedPage& played);
+Value valueOf(const Setting& setting, const PlayedPage& played);
 
 /// Sets a setting as the user does. Answers what there is to tell of it: that another value than the one asked for was
 /// kept, say. Fails with a `Refusal`.

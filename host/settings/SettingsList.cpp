@@ -1,19 +1,22 @@
 #include "host/settings/SettingsList.h"
 
+#include "host/instruments/ParameterTypes.h"
 #include "host/settings/OffersList.h"
+#include "host/setup/SetupWriter.h"
 #include "host/support/InputError.h"
 #include "platform/Utf8.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 
 namespace {
 
 /// None where the page does not show the setting, or nothing in it.
-Json presentValue(const Setting& setting, const PlayedPage& played)
+Value presentValue(const Setting& setting, const PlayedPage& played)
 {
     try {
         return valueOf(setting, played);
@@ -114,17 +117,17 @@ Json choicesJson(const std::vector<std::string>& choices, bool asNumbers)
 
 Json settingJson(const Setting& setting, const PlayedPage& played)
 {
-    const Json value = presentValue(setting, played);
+    const Value value = presentValue(setting, played);
     const Offer offer = presentOffer(setting, played);
     Json json{{"name", setting.name},
               {"label", setting.label},
-              {"value", value},
+              {"value", toJson(callValue(value))},
               {"readOnly", !setting.write},
               {"canBeSet", canBeSet(setting, played)}};
     if (!setting.unit.empty())
         json["unit"] = setting.unit;
     if (!offer.choices.empty())
-        json["choices"] = choicesJson(offer.choices, value.is_number());
+        json["choices"] = choicesJson(offer.choices, numberOf(value).has_value());
     if (offer.range)
         json["range"] = {{"minimum", boundJson(offer.range->minimum)}, {"maximum", boundJson(offer.range->maximum)}};
     if (Json offers = offersOf(played, setting.name); !offers.is_null())
@@ -145,8 +148,8 @@ std::string settingsTable(const Settings& settings, const PlayedPage& played)
 {
     std::vector<Row> rows{{"NAME", "VALUE", "UNIT", "CAN BE SET TO"}};
     for (const Setting& setting : settings) {
-        const Json value = presentValue(setting, played);
-        rows.push_back({setting.name, value.is_null() ? "-" : oneLine(settingText(value)), setting.unit,
+        const Value value = presentValue(setting, played);
+        rows.push_back({setting.name, value == Value() ? "-" : oneLine(settingText(value)), setting.unit,
                         oneLine(offerText(setting, played))});
     }
     return table(rows);

@@ -1,5 +1,6 @@
 #include "host/settings/Settings.h"
 
+#include "host/instruments/ParameterTypes.h"
 #include "host/support/InputError.h"
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
@@ -41,7 +42,7 @@ std::vector<Channel> channelsOf(const PlayedPage& played)
     return channels;
 }
 
-Json channelChosen(const PlayedPage& played)
+Value channelChosen(const PlayedPage& played)
 {
     const Page& page = played.page();
     for (const Channel& channel : channelsOf(played))
@@ -101,7 +102,7 @@ std::int32_t idOf(const Page& page, std::int32_t row)
     return toLong(page.grdParam.cell(row, Grid::idColumn).value, Locale{});
 }
 
-Json parameterHeld(const PlayedPage& played, std::int32_t row)
+Value parameterHeld(const PlayedPage& played, std::int32_t row)
 {
     const Page& page = played.page();
     const Grid::Cell& cell = page.grdParam.cell(row, Grid::valueColumn);
@@ -109,11 +110,7 @@ Json parameterHeld(const PlayedPage& played, std::int32_t row)
         return cell.value;
     const Value value =
         parametersOf(played).GetTriggerParamValue(page.TriggerSlot, page.TriggerChannel, idOf(page, row));
-    if (const auto* const number = std::get_if<double>(&value))
-        return *number;
-    if (const auto* const number = std::get_if<std::int32_t>(&value))
-        return *number;
-    return cell.value;
+    return numberOf(value) ? value : Value(cell.value);
 }
 
 Offer offerOfParameter(const PlayedPage& played, std::int32_t row)
@@ -142,7 +139,7 @@ Request editCell(const PlayedPage& played, std::int32_t row, const std::string& 
     if (!offer.choices.empty())
         text = offer.choices.at(choiceOf(offer.choices, text));
     const auto number = offer.range ? numberIn(text) : std::nullopt;
-    return {{"cell " + std::to_string(row) + " " + quotedWord(text)}, number ? Json(*number) : Json(text)};
+    return {{"cell " + std::to_string(row) + " " + quotedWord(text)}, number ? Value(*number) : Value(text)};
 }
 
 Setting parameterSetting(const Grid& grid, std::int32_t row)
@@ -202,7 +199,7 @@ Setting lineSetting(const Line& line, const PlayedPage& shownOn)
     setting.control = [](Page& shown) -> Control& { return shown.mnuTimebaseTriggerLines; };
     setting.read = [line](const PlayedPage& played) {
         const std::int32_t chosen = played.page().lines.line(line.trigger);
-        return chosen < 0 ? Json() : Json(chosen);
+        return chosen < 0 ? Value() : Value(chosen);
     };
     setting.offer = [line](const PlayedPage& played) { return offeredLines(played.page(), line); };
     setting.write = [line](const PlayedPage& played, const std::string& value) {
