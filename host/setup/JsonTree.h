@@ -56,7 +56,8 @@ JsonPlace placeOf(const JsonValue& value, const JsonValue& root);
 /// The line of a text, from 1, in which its byte `at` is.
 int lineAt(const std::string& text, std::size_t at);
 
-/// A value is not what it must be. What it says follows the value's path: ": must be a text", ".name: is missing".
+/// A value, which outlives the refusal, is not what it must be. What it says follows the value's path: ": must be a
+/// text", ".name: is missing".
 class JsonRefusal : public std::runtime_error {
 public:
     JsonRefusal(const JsonValue& value, const std::string& what) : std::runtime_error(what), value_(&value) {}

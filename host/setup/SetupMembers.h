@@ -144,7 +144,7 @@ template <class Visit> void visitMembers(Is<Setup> auto& setup, const Visit& vis
     visit("drivers", setup.instruments, Rule::Required);
 }
 
-struct AnyVisit {
+struct NoVisit {
     template <class... Arguments> void operator()(const Arguments&... /*arguments*/) const {}
 };
 
@@ -152,7 +152,7 @@ struct AnyVisit {
 template <class T>
 concept Described = requires(T& object)
 {
-    visitMembers(object, AnyVisit());
+    visitMembers(object, NoVisit());
 };
 
 } // namespace ko
