@@ -15,17 +15,6 @@ double nearest(double requested, const std::vector<double>& choices)
 
 } // namespace
 
-std::string_view keepsName(Keeps keeps)
-{
-    switch (keeps) {
-    case Keeps::Nearest: return "nearest";
-    case Keeps::Clamp: return "clamp";
-    case Keeps::Any: return "any";
-    case Keeps::Nothing: break;
-    }
-    return "nothing";
-}
-
 Keeps QuantitySettings::rule() const
 {
     const bool ranged = range != Range{};

@@ -2,6 +2,7 @@
 
 #include "interfaces/Values.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,8 +18,8 @@ enum class Keeps {
     Nothing  ///< the value it had
 };
 
-/// The rule's name in set-up files.
-std::string_view keepsName(Keeps keeps);
+/// The rules' names in set-up files, in their order.
+inline constexpr std::array<std::string_view, 4> keepsNames{"nearest", "clamp", "any", "nothing"};
 
 /// A timebase quantity: a period in seconds or a block size in samples.
 struct QuantitySettings {

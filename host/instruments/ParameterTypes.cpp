@@ -12,14 +12,6 @@ template <class T> std::optional<Value> onlyIf(const Value& value)
     return std::holds_alternative<T>(value) ? std::optional(value) : std::nullopt;
 }
 
-std::optional<double> numberIn(const Value& value)
-{
-    if (const auto* whole = std::get_if<std::int32_t>(&value))
-        return *whole;
-    const auto* number = std::get_if<double>(&value);
-    return number ? std::optional(*number) : std::nullopt;
-}
-
 } // namespace
 
 bool isNumericType(std::string_view type)
@@ -46,10 +38,18 @@ std::optional<Value> fitted(const Value& value, std::string_view type)
         return onlyIf<bool>(value);
     if (!isNumericType(type))
         return onlyIf<std::string>(value);
-    const std::optional<double> number = numberIn(value);
+    const std::optional<double> number = numberOf(value);
     if (!number || type == "Float")
         return number;
     return wholeNumber(*number);
+}
+
+std::optional<double> numberOf(const Value& value)
+{
+    if (const auto* whole = std::get_if<std::int32_t>(&value))
+        return *whole;
+    const auto* number = std::get_if<double>(&value);
+    return number ? std::optional(*number) : std::nullopt;
 }
 
 std::optional<std::int32_t> wholeNumber(double value)

@@ -17,6 +17,9 @@ std::string_view valueTypeName(std::string_view type);
 /// None when the parameter cannot hold it.
 std::optional<Value> fitted(const Value& value, std::string_view type);
 
+/// The number that a value is; none for a value of another kind.
+std::optional<double> numberOf(const Value& value);
+
 /// The number as a 32-bit integer; none when it is not whole or does not fit.
 std::optional<std::int32_t> wholeNumber(double value);
 

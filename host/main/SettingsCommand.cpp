@@ -13,6 +13,7 @@
 #include "widgets/support/Convert.h"
 
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 

@@ -75,12 +75,12 @@ void DialogPlayer::cancel(Form& form)
 void DialogPlayer::tell(const Shown& shown, bool opened)
 {
     const Bounds& bounds = shown.form->bounds();
-    Json members{{"form", shown.form->name()},
-                 {"action", opened ? "opened" : "closed"},
-                 {"left", bounds.left},
-                 {"top", bounds.top}};
+    std::vector<EventMember> members{{"form", shown.form->name()},
+                                     {"action", opened ? "opened" : "closed"},
+                                     {"left", bounds.left},
+                                     {"top", bounds.top}};
     if (shown.unanswered)
-        members["unanswered"] = true;
+        members.push_back({"unanswered", true});
     log_.event("dialog", members);
 }
 

@@ -1,5 +1,8 @@
 #include "host/scenario/EventLog.h"
 
+#include "host/setup/SetupWriter.h"
+
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 namespace ko {
@@ -9,7 +12,15 @@ bool EventLog::isWritten() const
     return output_.good();
 }
 
-void EventLog::event(std::string_view name, const Json& members)
+void EventLog::event(std::string_view name, const std::vector<EventMember>& members)
+{
+    Json json = Json::object();
+    for (const EventMember& member : members)
+        json[std::string(member.key)] = toJson(member.value);
+    jsonEvent(name, json);
+}
+
+void EventLog::jsonEvent(std::string_view name, const Json& members)
 {
     if (muted_)
         return;

@@ -1,12 +1,21 @@
 #pragma once
 
+#include "host/instruments/CallValue.h"
+
 #include <iosfwd>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string_view>
+#include <vector>
 
 namespace ko {
 
 using Json = nlohmann::ordered_json;
+
+/// A member of an event, as `toJson` writes values.
+struct EventMember {
+    std::string_view key;
+    CallValue value;
+};
 
 /// What happened, one JSON object a line, each written out at once.
 class EventLog {
@@ -24,7 +33,9 @@ public:
     /// False once a line could not be written.
     [[nodiscard]] bool isWritten() const;
 
-    void event(std::string_view name, const Json& members = Json::object());
+    void event(std::string_view name, const std::vector<EventMember>& members = {});
+    /// The same with members of any shape.
+    void jsonEvent(std::string_view name, const Json& members);
 
 private:
     std::ostream& output_;

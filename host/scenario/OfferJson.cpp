@@ -1,6 +1,7 @@
 #include "host/scenario/OfferJson.h"
 
 #include <cmath>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 

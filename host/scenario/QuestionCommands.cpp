@@ -6,6 +6,7 @@
 #include "platform/Table.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 
@@ -34,11 +35,11 @@ Json wholeState(const Scenario& scenario)
 void state(Scenario& scenario, const Arguments& words)
 {
     if (words.count() == 0)
-        return scenario.log.event("state", wholeState(scenario));
+        return scenario.log.jsonEvent("state", wholeState(scenario));
     Json controls = Json::object();
     for (std::size_t i = 0; i < words.count(); ++i)
         controls[words.text(i)] = stateOf(scenario, words.text(i));
-    scenario.log.event("state", {{"controls", std::move(controls)}});
+    scenario.log.jsonEvent("state", {{"controls", std::move(controls)}});
 }
 
 void drivers(Scenario& scenario, const Arguments&)
@@ -46,7 +47,7 @@ void drivers(Scenario& scenario, const Arguments&)
     Json list = Json::array();
     for (const auto& driver : scenario.drivers())
         list.push_back(toJson(driver->settings()));
-    scenario.log.event("drivers", {{"drivers", std::move(list)}});
+    scenario.log.jsonEvent("drivers", {{"drivers", std::move(list)}});
 }
 
 void expect(Scenario& scenario, const Arguments& words)
@@ -70,7 +71,7 @@ void offers(Scenario& scenario, const Arguments& words)
         if (number->name == words.text(0)) {
             Json event = offersJson(scenario.document().page().*number->offers, scenario.drivers());
             event["quantity"] = words.text(0);
-            return scenario.log.event("offers", event);
+            return scenario.log.jsonEvent("offers", event);
         }
     scenario.refuse("\"" + words.text(0) + "\" is none of samplePeriod, blockSize and scanPeriod");
 }
@@ -113,7 +114,7 @@ Json toJson(const DriverFailure& failure)
     Json members{{"driver", failure.driver}, {"name", failure.name}, {"operation", failingName(failure.operation)}};
     if (!failure.arguments.empty())
         members["arguments"] = failure.arguments;
-    members.update({{"number", failure.number}, {"reason", failure.reason}, {"time", ko::toJson(failure.time)}});
+    members.update({{"number", failure.number}, {"reason", failure.reason}, {"time", failure.time.days}});
     return members;
 }
 
@@ -122,7 +123,7 @@ void failing(Scenario& scenario, const Arguments&)
     Json list = Json::array();
     for (const DriverFailure& failure : scenario.watch.health().failing())
         list.push_back(toJson(failure));
-    scenario.log.event("failing", {{"drivers", std::move(list)}});
+    scenario.log.jsonEvent("failing", {{"drivers", std::move(list)}});
 }
 
 void expectFailing(Scenario& scenario, const Arguments& words)

@@ -1,7 +1,6 @@
 #include "host/scenario/Scenario.h"
 
 #include "host/scenario/Commands.h"
-#include "host/setup/SetupWriter.h"
 #include "host/support/InputError.h"
 #include "platform/Scoped.h"
 
@@ -38,10 +37,11 @@ bool Scenario::logs(Operation operation) const
 
 void Scenario::logCall(std::size_t index, const DriverCall& call)
 {
-    Json members{{"driver", index}, {"operation", operationName(call.operation)}};
+    std::vector<EventMember> members{{"driver", static_cast<std::int32_t>(index)},
+                                     {"operation", std::string(operationName(call.operation))}};
     if (call.arguments.size() > 0)
-        members["arguments"] = call.arguments;
-    members["value"] = toJson(call.value);
+        members.push_back({"arguments", LineList(call.arguments)});
+    members.push_back({"value", call.value});
     log.event(isWrite(call.operation) ? "write" : "read", members);
 }
 

@@ -19,7 +19,7 @@ namespace {
 
 void tellInert(Scenario& scenario, const Control* control)
 {
-    scenario.log.event("inert", {{"control", control ? Json(control->name()) : Json()}});
+    scenario.log.event("inert", {{"control", control ? CallValue(control->name()) : CallValue()}});
 }
 
 /// Gives the user's input to a control, unless its form is out of the user's reach.

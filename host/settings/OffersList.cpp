@@ -5,6 +5,8 @@
 #include "page/OfferTexts.h"
 #include "page/Quantities.h"
 
+#include <nlohmann/json.hpp>
+
 namespace ko {
 
 namespace {

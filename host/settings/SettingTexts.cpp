@@ -1,5 +1,6 @@
 #include "host/settings/SettingTexts.h"
 
+#include "host/instruments/ParameterTypes.h"
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
@@ -67,15 +68,6 @@ std::string settingText(const Value& value)
         return *isOn ? "true" : "false";
     const auto* const text = std::get_if<std::string>(&value);
     return text ? *text : std::string();
-}
-
-std::optional<double> numberOf(const Value& value)
-{
-    if (const auto* const number = std::get_if<double>(&value))
-        return *number;
-    if (const auto* const number = std::get_if<std::int32_t>(&value))
-        return *number;
-    return std::nullopt;
 }
 
 std::string joined(const std::vector<std::string>& texts, const std::string& separator)

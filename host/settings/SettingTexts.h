@@ -32,8 +32,6 @@ bool readsSame(const Value& one, const Value& other);
 {
     return std::holds_alternative<std::monostate>(value);
 }
-/// The value as a number; none for one that is no number.
-std::optional<double> numberOf(const Value& value);
 
 std::string joined(const std::vector<std::string>& texts, const std::string& separator);
 

@@ -1,5 +1,6 @@
 #include "host/settings/SettingsList.h"
 
+#include "host/instruments/ParameterTypes.h"
 #include "host/settings/OffersList.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/InputError.h"
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 
@@ -133,7 +135,7 @@ Json settingJson(const Setting& setting, const HeadlessPage& played)
     const Offer offer = presentOffer(setting, played);
     Json json{{"name", setting.name},
               {"label", setting.label},
-              {"value", toJson(value)},
+              {"value", toJson(callValue(value))},
               {"readOnly", !setting.write},
               {"canBeSet", canBeSet(setting, played)}};
     if (!setting.unit.empty())

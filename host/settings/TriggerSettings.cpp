@@ -1,5 +1,6 @@
 #include "host/settings/Settings.h"
 
+#include "host/instruments/ParameterTypes.h"
 #include "host/support/InputError.h"
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"

@@ -1,7 +1,6 @@
 #include "host/setup/SetupFile.h"
 
-#include "host/setup/InstrumentReader.h"
-#include "host/setup/JsonText.h"
+#include "host/setup/SetupReader.h"
 #include "host/support/InputError.h"
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
@@ -11,28 +10,6 @@
 #include <sstream>
 
 namespace ko {
-
-namespace {
-
-DateTime readClock(const JsonNode& node)
-{
-    const auto time = readClockTime(node.text());
-    if (!time)
-        node.refuse("must be a date and time such as 2026-11-21 09:30:00");
-    return *time;
-}
-
-Setup readSetup(const JsonNode& node)
-{
-    node.onlyKeys({"title", "clock", "drivers"});
-    Setup setup;
-    node.take("title", setup.title, [](const JsonNode& n) { return n.text(); });
-    node.take("clock", setup.clock, readClock);
-    node.need("drivers", setup.instruments, [](const JsonNode& n) { return n.list(readInstrument); });
-    return setup;
-}
-
-} // namespace
 
 std::optional<DateTime> readClockTime(const std::string& text)
 {
@@ -46,11 +23,12 @@ std::optional<DateTime> readClockTime(const std::string& text)
 
 Setup parseSetup(const std::string& text, const std::string& file)
 {
-    const nlohmann::json json = parseJson(text, file);
+    const JsonValue json = parseJson(text, file);
     try {
-        return readSetup(JsonNode(json));
+        return readSetup(json);
     } catch (const JsonRefusal& refusal) {
-        throw InputError(file, lineOfPath(text, refusal.at()), refusal.what());
+        const JsonPlace place = placeOf(refusal.value(), json);
+        throw InputError(file, lineAt(text, place.begin), place.path + refusal.what());
     }
 }
 

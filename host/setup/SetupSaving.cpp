@@ -13,7 +13,7 @@ std::string saveSetup(const std::string& file, const Setup& setup)
     std::string text;
     try {
         text = setupText(setup);
-    } catch (const nlohmann::json::exception& error) {
+    } catch (const std::exception& error) {
         throw InputError(file + ": cannot be saved: " + error.what());
     }
     writeWhole(file, text);

@@ -1,94 +1,16 @@
 #include "host/setup/SetupWriter.h"
 
-#include "host/instruments/HeldNumbers.h"
-#include "host/setup/SetupFile.h"
+#include "host/setup/SetupMembers.h"
 #include "platform/DateTimes.h"
 
 #include <cstdio>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-template <class T> void putIf(Json& object, const char* key, const std::optional<T>& value)
-{
-    if (value)
-        object[key] = toJson(*value);
-}
-
-Json parameterJson(const ParameterSettings& parameter)
-{
-    Json result{{"id", parameter.id}, {"name", parameter.name}, {"type", parameter.type}};
-    putIf(result, "min", parameter.minimum);
-    putIf(result, "max", parameter.maximum);
-    if (!parameter.choices.empty())
-        result["choices"] = parameter.choices;
-    result["value"] = toJson(parameter.value);
-    return result;
-}
-
-Json channelJson(const ChannelSettings& channel)
-{
-    Json parameters = Json::array();
-    for (const ParameterSettings& parameter : channel.triggerParameters)
-        parameters.push_back(parameterJson(parameter));
-    return {{"address", channel.address},
-            {"name", channel.name},
-            {"enabled", toJson(channel.enabled)},
-            {"canTrigger", channel.canTrigger},
-            {"triggerSource", channel.triggerSource},
-            {"triggerParameters", std::move(parameters)}};
-}
-
-Json groupJson(const GroupSettings& group)
-{
-    Json channels = Json::array();
-    for (const ChannelSettings& channel : group.channels)
-        channels.push_back(channelJson(channel));
-    return {{"name", group.name}, {"channels", std::move(channels)}};
-}
-
-Json quantityJson(const QuantitySettings& quantity)
-{
-    Json result{{"value", quantity.value}};
-    if (!quantity.choices.empty())
-        result["choices"] = quantity.choices;
-    if (quantity.range != Range{})
-        result["range"] = toJson(quantity.range);
-    if (quantity.keeps)
-        result["keeps"] = keepsName(*quantity.keeps);
-    return result;
-}
-
-Json timebaseJson(const TimebaseSettings& timebase)
-{
-    Json result;
-    for (const HeldNumber& it : heldNumbers)
-        result[std::string(it.number->name)] = quantityJson(timebase.*it.held);
-    result["startTime"] = toJson(timebase.startTime);
-    result["duration"] = timebase.duration;
-    result["stopMode"] = timebase.stopMode;
-    result["startMode"] = timebase.startMode;
-    return result;
-}
-
-Json wiringJson(const TriggerLineSettings& lines)
-{
-    return {{"startMasterRank", lines.startMasterRank},       {"startTriggerLine", lines.startTriggerLine},
-            {"startTriggerInput", lines.startTriggerInput},   {"scanMasterRank", lines.scanMasterRank},
-            {"scanTriggerLine", lines.scanTriggerLine},       {"scanTriggerInput", lines.scanTriggerInput},
-            {"startLinesAsMaster", lines.startLinesAsMaster}, {"startLinesAsListener", lines.startLinesAsListener},
-            {"scanLinesAsMaster", lines.scanLinesAsMaster},   {"scanLinesAsListener", lines.scanLinesAsListener}};
-}
-
-Json failingJson(const SimulatedFailure& failure)
-{
-    if (failure == SimulatedFailure{.operation = failure.operation})
-        return failure.operation;
-    return {{"operation", failure.operation}, {"number", failure.number}, {"description", failure.description}};
-}
 
 /// The form that `readClockTime` reads.
 std::string clockText(DateTime time)
@@ -98,6 +20,71 @@ std::string clockText(DateTime time)
     std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.day, parts.hour,
                   parts.minute, parts.second);
     return text;
+}
+
+// What a set-up file makes of each type, and below of the structures.
+
+template <class T> Json written(const T& value)
+{
+    return value;
+}
+
+Json written(const Value& value)
+{
+    return toJson(callValue(value));
+}
+
+Json written(const Range& range)
+{
+    return toJson(CallValue(range));
+}
+
+Json written(DateTime time)
+{
+    return clockText(time);
+}
+
+Json written(Keeps keeps)
+{
+    return keepsNames.at(static_cast<std::size_t>(keeps));
+}
+
+template <Described T> Json written(const T& object);
+Json written(const SimulatedFailure& failure);
+
+template <class T> Json written(const std::optional<T>& value)
+{
+    return written(*value);
+}
+
+template <class T> Json written(const std::vector<T>& list)
+{
+    Json result = Json::array();
+    for (const T& element : list)
+        result.push_back(written(element));
+    return result;
+}
+
+template <class T> Json writtenMembers(const T& object)
+{
+    Json result = Json::object();
+    visitMembers(object, [&](std::string_view key, const auto& member, Rule rule = Rule::Defaulted, const auto&...) {
+        const bool isSparse = rule == Rule::Sparse || rule == Rule::Nullable;
+        if (!isSparse || member != std::decay_t<decltype(member)>{})
+            result[std::string(key)] = written(member);
+    });
+    return result;
+}
+
+template <Described T> Json written(const T& object)
+{
+    return writtenMembers(object);
+}
+
+Json written(const SimulatedFailure& failure)
+{
+    const bool isPlain = failure == SimulatedFailure{.operation = failure.operation};
+    return isPlain ? Json(failure.operation) : writtenMembers(failure);
 }
 
 constexpr std::size_t lineWidth = 110;
@@ -124,60 +111,34 @@ std::string layOut(const Json& json, std::size_t indent)
 
 std::string setupText(const Setup& setup)
 {
-    Json json{{"title", setup.title}};
-    if (setup.clock)
-        json["clock"] = clockText(*setup.clock);
-    json["drivers"] = Json::array();
-    for (const InstrumentSettings& instrument : setup.instruments)
-        json["drivers"].push_back(toJson(instrument));
-    return layOut(json, 0) + "\n";
+    return layOut(written(setup), 0) + "\n";
+}
+
+Json toJson(const InstrumentSettings& instrument)
+{
+    return written(instrument);
 }
 
 Json toJson(const CallValue& value)
 {
     return std::visit(
         [](const auto& held) -> Json {
-            if constexpr (std::is_same_v<std::decay_t<decltype(held)>, std::monostate>)
+            using T = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<T, std::monostate>)
                 return nullptr;
+            else if constexpr (std::is_same_v<T, DateTime>)
+                return held.days;
+            else if constexpr (std::is_same_v<T, Range>)
+                return Json::array({held.minimum, held.maximum});
             else
-                return toJson(held);
+                return held;
         },
         value);
 }
 
-Json toJson(const Value& value)
+std::string jsonText(const CallValue& value)
 {
-    return toJson(callValue(value));
-}
-
-Json toJson(const Range& range)
-{
-    return Json::array({range.minimum, range.maximum});
-}
-
-Json toJson(const DateTime& time)
-{
-    return time.days;
-}
-
-Json toJson(const InstrumentSettings& instrument)
-{
-    Json result{{"name", instrument.name},
-                {"measurementMode", instrument.measurementMode},
-                {"samplingMode", instrument.samplingMode},
-                {"groups", Json::array()},
-                {"hasTriggerParameters", instrument.hasTriggerParameters}};
-    for (const GroupSettings& group : instrument.groups)
-        result["groups"].push_back(groupJson(group));
-    if (instrument.timebase)
-        result["timebase"] = timebaseJson(*instrument.timebase);
-    if (instrument.triggerLines)
-        result["triggerLines"] = wiringJson(*instrument.triggerLines);
-    putIf(result, "dynamicBytes", instrument.dynamicBytes);
-    putIf(result, "numberOfScans", instrument.numberOfScans);
-    for (const SimulatedFailure& failure : instrument.failing)
-        result["failing"].push_back(failingJson(failure));
-    return result;
+    return toJson(value).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 } // namespace ko

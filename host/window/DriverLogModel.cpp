@@ -21,7 +21,7 @@ static_assert(headers.size() == DriverLogModel::columns);
 
 QString shown(const std::optional<CallValue>& value)
 {
-    return value ? toQt(toJson(*value).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)) : QString();
+    return value ? toQt(jsonText(*value)) : QString();
 }
 
 QString joined(const std::vector<std::int32_t>& arguments)

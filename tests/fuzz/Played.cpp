@@ -6,6 +6,7 @@
 #include "host/setup/SetupWriter.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 namespace ko::fuzz {

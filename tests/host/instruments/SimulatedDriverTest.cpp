@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 #include <limits>
-#include <nlohmann/json.hpp>
 
 namespace ko {
 namespace {
@@ -164,12 +163,12 @@ public:
     bool hears(Operation) override { return true; }
     void called(const DriverCall& call) override
     {
-        heard += std::string(operationName(call.operation)) + toJson(call.value).dump();
-        heard += call.kept ? "->" + toJson(*call.kept).dump() + " " : " ";
+        heard += std::string(operationName(call.operation)) + jsonText(call.value);
+        heard += call.kept ? "->" + jsonText(*call.kept) + " " : " ";
     }
     void failed(const FailedCall& call) override
     {
-        failures += std::string(operationName(call.operation)) + (call.value ? toJson(*call.value).dump() : "");
+        failures += std::string(operationName(call.operation)) + (call.value ? jsonText(*call.value) : "");
         failures += "!" + std::to_string(call.failure.number()) + " ";
     }
 

@@ -3,6 +3,7 @@
 #include "host/scenario/Scenario.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <sstream>

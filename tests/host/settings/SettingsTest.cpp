@@ -5,6 +5,7 @@
 #include "host/support/InputError.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 namespace {

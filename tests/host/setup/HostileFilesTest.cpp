@@ -60,9 +60,7 @@ TEST(HostileFilesTest, ANumberBeyondItsTypeIsRefused)
         R"("startTime": NaN)",
         R"("startTime": Infinity)",
         R"("startTime": 1)" + std::string(400, '0'),
-        R"("duration": 1e39)",
         R"("startMode": 99999999999999999999)",
-        R"("startMode": 2147483648)",
         R"("samplePeriod": {"value": 1e999})",
         R"("samplePeriod": {"value": 1, "choices": [1e999]})",
     };

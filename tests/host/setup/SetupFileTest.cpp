@@ -1,4 +1,5 @@
 #include "host/setup/SetupFile.h"
+#include "host/setup/JsonTree.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/InputError.h"
@@ -93,31 +94,19 @@ TEST(SetupFileTest, WhatIsWrittenReadsBackAsTheSameSetup)
     EXPECT_EQ(setupText(ko::Setup{}), "{\"title\":\"Timebase Editor\",\"drivers\":[]}\n");
 }
 
-TEST(SetupFileTest, AFileIsSavedWholeOrNotAtAll)
+TEST(SetupFileTest, WhatCannotBeWrittenLeavesTheFileAsItIs)
 {
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "AFileIsSavedWholeOrNotAtAll";
-    std::filesystem::remove_all(folder);
+    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "WhatCannotBeWritten";
     std::filesystem::create_directory(folder);
-    const std::string file = (folder / "bench.json").string();
-    const std::string link = (folder / "link.json").string();
-    std::filesystem::create_symlink("bench.json", link);
+    const std::string file = (folder / "bench.json").string(), pipe = (folder / "pipe").string();
     ko::Setup setup = parseSetup(everything, "bench.json");
     saveSetup(file, setup);
-    setup.title = "Changed";
-    saveSetup(link, setup);
-    EXPECT_TRUE(std::filesystem::is_symlink(link));
-    EXPECT_EQ(loadSetup(file), setup);
-
-    ko::Setup unwritable = setup;
-    unwritable.title = "\xff";
-    EXPECT_THROW(saveSetup(file, unwritable), InputError);
-    EXPECT_EQ(loadSetup(file), setup);
-    EXPECT_THROW(saveSetup((folder / "missing" / "bench.json").string(), setup), InputError);
-    const std::string pipe = (folder / "pipe").string();
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_THROW(saveSetup(pipe, setup), InputError);
     EXPECT_TRUE(std::filesystem::is_fifo(pipe));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3);
+    setup.instruments[1].name = "\xff";
+    EXPECT_THROW(saveSetup(file, setup), InputError);
+    EXPECT_EQ(loadSetup(file), parseSetup(everything, "bench.json"));
     std::filesystem::remove_all(folder);
 }
 
@@ -133,10 +122,8 @@ TEST(SetupFileTest, AFileThatIsNoSetupIsRefusedWithItsLine)
         {"{\"drivers\": [\n{\"name\": ", "bench.json:2: "},
         {"{\"drivers\":\n\n [}", "bench.json:3: "},
         {"\x01\xff\xfe", "bench.json:1: "},
-        {"{\"title\": \"\xff\"}", "bench.json:1: "},
         {"[]", "bench.json:1: $: must be an object"},
         {"{}", "bench.json:1: $.drivers: is missing"},
-        {"{\"drivers\": [],\n\"clock\": 1e999}", "bench.json:2: "},
         {"{\"drivers\": [],\n\"title\": 5}", "bench.json:2: $.title: must be a text"},
         {"{\"drivers\": [],\n\"titel\": \"x\"}", "bench.json:2: $.titel: unknown key"},
         {"{\"drivers\": [],\n\"a\\nb\": 1}", "bench.json:2: $.a b: unknown key"},
@@ -150,12 +137,6 @@ TEST(SetupFileTest, AFileThatIsNoSetupIsRefusedWithItsLine)
     for (const Refused& refused : cases)
         EXPECT_EQ(refusalOf(refused.text).rfind(refused.message, 0), 0U)
             << refused.text << " -> " << refusalOf(refused.text);
-    for (const char* const open : {"[", "{\"a\":"}) {
-        std::string deep;
-        for (int i = 0; i < 200000; ++i)
-            deep += open;
-        EXPECT_EQ(refusalOf(deep), "bench.json:1: nested too deep");
-    }
 }
 
 TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
@@ -172,6 +153,7 @@ TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
         {R"("failing": ["SamplePeriod"])", "failing[0]: is no operation that can fail"},
         {R"("failing": ["#0"])", "failing[0]: is no operation that can fail"},
         {R"("failing": [{"operation": "GroupName", "why": ""}])", "failing[0].why: unknown key"},
+        {R"("timebase": null)", "timebase: must be an object"},
         {R"("timebase": {"samplePeriod": 5})", "timebase.samplePeriod: must be an object"},
         {R"("timebase": {"samplePeriod": {}})", "timebase.samplePeriod.value: is missing"},
         {R"("timebase": {"blockSize": {"value": 1, "range": [1]}})", "timebase.blockSize.range: must be a minimum"},
@@ -198,6 +180,32 @@ TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
     for (const auto& [member, message] : cases)
         EXPECT_EQ(refusalOf(withMember(member)).rfind("bench.json:2: $.drivers[0]." + message, 0), 0U)
             << member << " -> " << refusalOf(withMember(member));
+}
+
+/// The bytes of each value, before those of the values in it.
+std::string bytesOf(const JsonValue& value, const std::string& text)
+{
+    std::string all = text.substr(value.begin, value.end - value.begin) + " ~ ";
+    if (const auto* const list = std::get_if<JsonList>(&value.content))
+        for (const JsonValue& element : *list)
+            all += bytesOf(element, text);
+    if (const auto* const members = std::get_if<JsonObject>(&value.content))
+        for (const JsonMember& member : *members)
+            all += text.substr(member.keyBegin, 3) + bytesOf(member, text);
+    return all;
+}
+
+TEST(SetupFileTest, EveryValueIsParsedWithItsBytes)
+{
+    const std::string text = R"({"a" : ["\\", "\"", "x\\\"y"/*"*/,"", "\u00e4" ] , // "
+        "b":[1,-2.5E+3/*5*/,1e9 ,0 ],/**/"c":{ "d":7}, "e": [true,false , null,[ ],{}]})";
+    const std::string parts = R"( ~ "a"["\\", "\"", "x\\\"y"/*"*/,"", "\u00e4" ] ~ "\\" ~ "\"" ~ "x\\\"y" ~ "" ~ )"
+                              R"("\u00e4" ~ "b"[1,-2.5E+3/*5*/,1e9 ,0 ] ~ 1 ~ -2.5E+3 ~ 1e9 ~ 0 ~ "c"{ "d":7} ~ )"
+                              R"("d"7 ~ "e"[true,false , null,[ ],{}] ~ true ~ false ~ null ~ [ ] ~ {} ~ )";
+    for (const char* const before : {"", "\xEF\xBB\xBF", "/**/\n"})
+        EXPECT_EQ(bytesOf(parseJson(before + text, ""), before + text), text + parts);
+    for (const std::string alone : {"12", "\"a\"", "null", "-1.5"})
+        EXPECT_EQ(bytesOf(parseJson(alone, ""), alone), alone + " ~ ");
 }
 
 TEST(SetupFileTest, AFileCutOffAnywhereIsRefusedAndNothingElse)

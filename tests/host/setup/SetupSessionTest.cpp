@@ -86,11 +86,15 @@ TEST_F(SetupSessionTest, AnAnswerCountsForNoOtherSetUpThanItWasAskedAbout)
     EXPECT_FALSE(fs::exists(file("copy.json")));
 }
 
-TEST_F(SetupSessionTest, SavingUnderAnotherNameMovesTheSessionThereAndLeavesTheOldFile)
+TEST_F(SetupSessionTest, SavingUnderAnotherNameMovesTheSessionThereUnlessItIsRefused)
 {
     session.load(bench());
     change();
     EXPECT_FALSE(session.saveAs(user)) << "no file was named";
+    user.saveAs = file("nowhere/copy.json");
+    EXPECT_FALSE(session.saveAs(user));
+    EXPECT_EQ(user.asked.find("file file not saved: " + user.saveAs), 0U) << user.asked;
+    EXPECT_EQ(session.name(), "bench.json");
     EXPECT_TRUE(session.isChanged());
     user.saveAs = file("copy.json");
     titles = 0;
@@ -99,17 +103,6 @@ TEST_F(SetupSessionTest, SavingUnderAnotherNameMovesTheSessionThereAndLeavesTheO
     EXPECT_EQ(titles, 1);
     EXPECT_EQ(loadSetup(file("bench.json")).instruments.at(0).timebase->duration, 10);
     EXPECT_EQ(loadSetup(file("copy.json")).instruments.at(0).timebase->duration, 25);
-}
-
-TEST_F(SetupSessionTest, ARefusedSaveIsToldOfAndLeavesFileNameAndMark)
-{
-    session.load(bench());
-    change();
-    user.saveAs = (folder / "nowhere" / "copy.json").string();
-    EXPECT_FALSE(session.saveAs(user));
-    EXPECT_EQ(user.asked.find("file not saved: " + user.saveAs), 0U) << user.asked;
-    EXPECT_EQ(session.name(), "bench.json");
-    EXPECT_TRUE(session.isChanged());
 }
 
 TEST_F(SetupSessionTest, LeavingAsksThePageAndThenForTheChanges)
