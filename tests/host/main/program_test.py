@@ -158,7 +158,8 @@ class Program(unittest.TestCase):
     def test_every_command_key_option_and_setting_is_documented(self):
         sources = "".join(path.read_text(encoding="utf-8") for path in (SOURCE / "host").rglob("*.cpp"))
         commands = re.findall(r'\{"([a-z-]+)", Giver::', sources)
-        keys = [key for keys in re.findall(r"onlyKeys\(\{([^}]*)\}", sources) for key in re.findall(r'"(\w+)"', keys)]
+        members = (SOURCE / "host/setup/SetupMembers.h").read_text(encoding="utf-8")
+        keys = re.findall(r'visit\(\w*(?:"|::)(\w+)', members)
         options = re.findall(r"--[a-z]+", run("--help").stdout)
         names = [name for name in run(SETUP, "--list", "--names").stdout.split() if not name.startswith("trigger.")]
         for words, page in ((commands, "docs/SCENARIOS.md"), (keys, "help/en/setup-file.html"),
