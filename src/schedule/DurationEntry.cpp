@@ -1,6 +1,7 @@
 #include "schedule/DurationEntry.h"
 
 #include "page/Hints.h"
+#include "page/LastAnswer.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
 #include "support/Numbers.h"
@@ -56,8 +57,9 @@ std::optional<Recording::Result> DurationEntry::write(const Steps& step, double 
     StartStopSettings change;
     if (!step([&] { change.duration = toSingle(entered * unit()); }))
         return std::nullopt;
+    auto reads = lastAnswer<float>([&](float held) { return holds(widen(held), entered); });
     return recording_.commit(step, change, putBack, [&](const StartStopSettings& before) {
-        return before.duration && holds(widen(*before.duration), entered) ? StartStopSettings{} : change;
+        return before.duration && reads(*before.duration) ? StartStopSettings{} : change;
     });
 }
 

@@ -1,5 +1,6 @@
 #include "timebase/StaticEditors.h"
 
+#include "page/LastAnswer.h"
 #include "timebase/QuantityEntry.h"
 
 namespace ko {
@@ -34,8 +35,9 @@ protected:
     void accept(const Steps& step, double value) override
     {
         const double requested = quantity().held(value);
+        auto reads = lastAnswer<double>([&](double held) { return holds(held, value); });
         const auto result = owner_.setDriversScanRate(
-            requested, [this, &value](const std::optional<double>& held) { return holds(held, value); });
+            requested, [&](const std::optional<double>& held) { return held && reads(*held); });
         show(step, {result.inForce, requested, result.written, result.rejected});
     }
 
