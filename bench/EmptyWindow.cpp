@@ -2,8 +2,8 @@
 #include <QLabel>
 #include <QMainWindow>
 
-/// What any Qt program takes at the least: a main window of the host's size with nothing in it, or with a word, for
-/// which the toolkit finds out what fonts there are.
+/// The minimum start-up of a Qt program: a main window of the host's size, either empty or with a word, for which the
+/// toolkit must load the font list.
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);

@@ -10,7 +10,7 @@ using test::BareDriver;
 
 constexpr std::int32_t channels = 64;
 
-/// Lists that differ from driver to driver, so that merging them is work.
+/// Lists that differ from driver to driver, so that merging them takes time.
 BareDriver::Choices choices(int entries, int variant)
 {
     std::vector<double> values;
@@ -21,7 +21,7 @@ BareDriver::Choices choices(int entries, int variant)
     return std::make_shared<const std::vector<double>>(std::move(values));
 }
 
-/// Replaces the text of a box by one character, typed.
+/// Types one character that replaces the text of a box.
 Event keystroke(const std::string& name, TextBox Page::*box, const char* before, const char* key)
 {
     const auto type = [box](Setup& setup, const char* text) {

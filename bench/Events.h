@@ -10,16 +10,16 @@
 
 namespace ko::bench {
 
-/// A document with drivers of 64 channels, half of them dynamic, that is shown once.
+/// A shown document with drivers of 64 channels each, half of them dynamic.
 class Setup {
 public:
-    /// Each driver offers lists of about `entries` choices, no two neighbours the same; 0: ranges.
+    /// Each driver offers lists of about `entries` choices, different from the next driver's; 0: ranges.
     Setup(int drivers, int entries);
 
     Page& page() { return document.page(); }
-    /// Hands the drivers over and shows the page.
+    /// Passes the drivers to the document and shows the page.
     void open();
-    /// What the user does in the next dialogs.
+    /// Sets the user's actions in the next dialogs.
     void inDialog(const std::function<void(Form&)>& user) { host_.inModalForm = user; }
 
 private:
@@ -34,12 +34,12 @@ private:
     DriverList drivers_;
 };
 
-/// Something that the host or the user does, and what has to come before it each time.
+/// An action of the host or the user, and its preparation before each run.
 struct Event {
     enum class Offers { Boxes, Lists, Both };
 
     std::string name;
-    Offers offers = Offers::Boxes; ///< which set-ups it can happen in
+    Offers offers = Offers::Boxes; ///< the set-ups in which it is possible
     std::function<void(Setup&)> prepare;
     std::function<void(Setup&)> run;
 };

@@ -25,7 +25,7 @@ double secondsOn(clockid_t clock)
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-/// How often this thread had to make room for others.
+/// Number of involuntary context switches of this thread.
 long interruptions()
 {
     rusage usage{};
@@ -33,8 +33,8 @@ long interruptions()
     return usage.ru_nivcsw;
 }
 
-/// What else runs on the machine does not count: where the work was interrupted its processor time is taken, which is
-/// too coarse for short work.
+/// The duration of the work, excluding other processes: the elapsed time or, when the thread was interrupted, its
+/// processor time, which is too coarse for short work.
 template <class Work> double seconds(Work&& work)
 {
     const long before = interruptions();
@@ -46,7 +46,7 @@ template <class Work> double seconds(Work&& work)
     return interruptions() == before ? taken : processorTime;
 }
 
-/// How many rounds of a call's work take so many nanoseconds.
+/// The number of rounds of a call's work that take `nanoseconds`.
 int rounds(int nanoseconds)
 {
     constexpr int tried = 1'000'000;
@@ -59,7 +59,7 @@ int rounds(int nanoseconds)
     return static_cast<int>(nanoseconds * 1e-9 * tried / fastest);
 }
 
-/// Calls in a row that differ only in the channel become one: the bare loop runs over channels, too.
+/// Merges consecutive calls that differ only in the channel, because the bare loop also iterates over channels.
 std::vector<MadeCall> inRows(const std::vector<MadeCall>& made)
 {
     std::vector<MadeCall> rows;
@@ -78,7 +78,7 @@ std::vector<MadeCall> inRows(const std::vector<MadeCall>& made)
     return rows;
 }
 
-/// The set-up asked for last is kept: making a large one takes longer than measuring it.
+/// Caches the last set-up, because creating a large one takes longer than measuring it.
 Setup& setupOf(int drivers, int entries)
 {
     static std::unique_ptr<Setup> setup;
@@ -91,15 +91,15 @@ Setup& setupOf(int drivers, int entries)
     return *setup;
 }
 
-/// Both the event and its floor many times in turn; what counts is the least time of each, which other work on the
-/// machine disturbs least.
+/// Measures the event and its lower bound many times alternately and takes the minimum of each, which other work on the
+/// machine affects least.
 void measure(benchmark::State& state, const Event& event, int drivers, int entries, int nanoseconds)
 {
     Setup& setup = setupOf(drivers, entries);
     std::vector<MadeCall> made;
     CallCost noting{0, &made};
     CallCost working{rounds(nanoseconds), nullptr};
-    // Once to warm up.
+    // The first run is a warm-up.
     for (int i = 0; i < 2; ++i) {
         made.clear();
         event.prepare(setup);
@@ -140,7 +140,7 @@ void add(const Event& event, int drivers, int entries)
     }
 }
 
-/// All events of one set-up stand together.
+/// Groups the events by set-up.
 void addAll()
 {
     const std::vector<Event> all = events();

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int keys = 200;
 
-/// Prints the milliseconds that one key takes from the event to the repainted page: the middle and the longest of many.
+/// Prints the time in milliseconds from one key event to the repainted page: median and maximum of many.
 void typeInto(PageWidget& page, const TextBox& box)
 {
     QWidget& edit = *page.view().widget(box);
@@ -36,7 +36,7 @@ void typeInto(PageWidget& page, const TextBox& box)
 
 } // namespace ko::bench
 
-/// Types into the boxes of a page with 1,000 drivers. Prints a line for each box: its name, middle and longest time.
+/// Types into the boxes of a page with 1,000 drivers. Prints one line per box: its name, median and maximum time.
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);

@@ -1,12 +1,12 @@
-# What `cmake --install` puts where. Components: lib (the component), dev (what building a host needs), host
-# (the program).
+# Files installed by `cmake --install`. Components: lib (the component), dev (headers and package for building a host),
+# host (the program).
 include(CMakePackageConfigHelpers)
 
 set(headers_folder ${CMAKE_INSTALL_INCLUDEDIR}/${PROJECT_NAME})
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})
 
-# The component, with what a host includes: the interfaces, the class factory, the data
-# of the page and of the dialogs, and the control models.
+# The component and the headers that a host includes: the interfaces, the class factory, the data of the page and of the
+# dialogs, and the control models.
 install(TARGETS KoTimebaseEditor ko_platform EXPORT ${PROJECT_NAME}Targets
   LIBRARY COMPONENT lib NAMELINK_COMPONENT dev
   ARCHIVE COMPONENT dev

@@ -1,6 +1,6 @@
-# What every target of the project is built with.
+# Options of every target of the project.
 add_library(ko_options INTERFACE)
-# Generated headers have their names apart from the build's other files.
+# Generated headers are in a directory of their own.
 target_include_directories(ko_options INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/names)
 target_compile_options(ko_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
   -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual)
@@ -14,13 +14,13 @@ if(KO_SANITIZE)
   target_compile_definitions(ko_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
-# ko_apart(FILES...): sources of this folder that stand alone also where several are compiled as one, because they use a
-# name that another file gives to something else.
+# ko_apart(FILES...): excludes sources of this folder from unity builds, because a name in them clashes with another
+# file of the folder.
 function(ko_apart)
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
-# ko_folder(NAME SOURCES... LINKS targets...): one folder of src/ as a static library.
+# ko_folder(NAME SOURCES... LINKS targets...): builds one folder of src/ as a static library.
 function(ko_folder name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_library(ko_${name} STATIC ${arg_SOURCES})

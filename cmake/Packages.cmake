@@ -1,4 +1,4 @@
-# Debian packages, one for each component: cpack -G DEB, in the build folder.
+# Debian packages, one per component: run cpack -G DEB in the build folder.
 set(CPACK_PACKAGE_VENDOR "The Korvell developers")
 set(CPACK_PACKAGE_CONTACT "The Korvell developers <developers@korvell.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")

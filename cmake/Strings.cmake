@@ -1,4 +1,4 @@
-# Turns a string file into a source file that holds its content as ko::englishStrings().
+# Generates a source file that defines ko::englishStrings() from a string file.
 function(ko_embed_strings input output)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${input})
   file(READ ${input} content)
@@ -8,7 +8,7 @@ function(ko_embed_strings input output)
   file(CONFIGURE OUTPUT ${output} CONTENT "${source}" @ONLY)
 endfunction()
 
-# Turns a file of names into a header with a constant for each: textNumber::GROUP::NAME.
+# Generates a header with a constant textNumber::GROUP::NAME for each line of a file of names.
 function(ko_name_texts input output)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${input})
   file(STRINGS ${input} lines REGEX "^[^#]")

@@ -3,7 +3,7 @@
 #include "interfaces/Driver.h"
 #include "interfaces/Timebase.h"
 
-/// An instrument that samples at any period and has one input: what a host's driver has to answer at least.
+/// An instrument that samples at any period and has one input: the minimum that a host's driver must implement.
 class Instrument final : public ko::Driver, private ko::Timebase, private ko::DynamicMeasurement {
 public:
     std::int32_t GroupCount() override { return 1; }

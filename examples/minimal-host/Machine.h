@@ -11,8 +11,8 @@ struct Reporter final : ko::ErrorReporter {
     }
 };
 
-/// What the component asks of the machine it runs on, answered without a window. A host with one shows message boxes
-/// and dialogs here, and hands out its clipboard and its printers.
+/// The platform services for the component, without a window. A host with a window shows message boxes and dialogs
+/// here, and provides its clipboard and printers.
 class Machine : ko::MessageBox, ko::Clipboard, ko::Printers, ko::Screen, ko::Clock, ko::ModalForms {
 public:
     ko::Platform platform()

@@ -20,13 +20,13 @@ class SelectChannel;
 class SetDateTime;
 class ShowOffers;
 
-/// The document as its host holds it: the five interfaces, the life cycle, and the page for a view or a script to
-/// show and drive. Everything on the user-interface thread; nothing ever throws. Destroying it ends the document.
+/// The host's handle to a document: the five interfaces, the life cycle, and the page for a view or a script. All calls
+/// are made on the user-interface thread; none throws. Destroying the handle ends the document.
 ///
-/// Every member may be called, and the document ended, from inside any call that the document makes: of a driver, a
-/// site, the error reporter, a message box or a dialog. After its end no event of it does anything but put back a value
-/// that it has written and that is refused, as it does when the page is hidden or made read-only meanwhile. Its drivers
-/// are released once the events in progress have returned. Its page's controls must not be used any more.
+/// Every member may be called, and the document ended, from inside any call that the document makes to a driver, a
+/// site, the error reporter, a message box or a dialog. After the end, an event in progress only restores a value that
+/// it wrote and that is refused, as it also does when the page is hidden or made read-only in the meantime. The drivers
+/// are released once the events in progress have returned. The page's controls must not be used after the end.
 class Document {
 public:
     virtual ~Document() = default;
@@ -37,14 +37,14 @@ public:
     virtual IKopPrint& print() = 0;
     virtual IKopState& state() = 0;
 
-    /// The host has put the page on the screen, or has taken it off. Keys go to the page's `keyDown`.
+    /// Called by the host when it shows or hides the page. Key presses go to the page's `keyDown`.
     virtual void UserDocument_Show() = 0;
     virtual void UserDocument_Hide() = 0;
 
     virtual Page& page() = 0;
 };
 
-/// The component's dialogs, for a view to show. Their classes' headers name their controls.
+/// The component's dialogs, for views. The headers of their classes declare their controls.
 struct DialogForms {
     AdvancedTrig& advancedTrig;
     SetDateTime& setDateTime;
@@ -52,16 +52,16 @@ struct DialogForms {
     ShowOffers& showOffers;
 };
 
-/// The component: makes documents and owns what they share, which are the string table, the error reporter and the
-/// dialogs. It outlives its documents.
+/// The component: creates documents and owns the string table, the error reporter and the dialogs that they share. It
+/// must outlive its documents.
 class Component {
 public:
     virtual ~Component() = default;
 
-    /// A new, initialized document. `sink` is told of every accepted change and outlives the document.
+    /// Creates and initializes a document. `sink` is notified of every accepted change and must outlive the document.
     virtual std::unique_ptr<Document> createDocument(PropertyNotifySink& sink) = 0;
 
-    /// The text of this number in the component's language. Failure 326 when there is none.
+    /// The text with this number in the component's language. Failure 326 when there is none.
     virtual std::string text(int number) = 0;
 
     virtual DialogForms dialogs() = 0;
@@ -69,7 +69,7 @@ public:
 
 } // namespace ko
 
-/// The component's one exported entry; the caller deletes what it gets. The component keeps a copy of `platform`.
-/// `language` is the content of a string file whose entries take the place of the English ones, or empty; a file that
-/// cannot be understood is a failure (an exception) that names the line.
+/// The only exported symbol of the component. Returns a new component, which the caller deletes and which keeps a copy
+/// of `platform`. `language` is the content of a string file whose entries replace the English ones, or empty. Throws a
+/// `Failure` that names the line when the file cannot be parsed.
 extern "C" KO_VISIBLE ko::Component* createKoTimebaseEditor(const ko::Platform& platform, const std::string& language);

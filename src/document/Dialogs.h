@@ -10,7 +10,7 @@
 
 namespace ko {
 
-/// The component's dialogs: one instance each, made on first use, shared by all documents.
+/// The component's dialogs: one instance each, created on first use, shared by all documents.
 class Dialogs {
 public:
     explicit Dialogs(Support& support) : support_(support) {}
@@ -20,11 +20,11 @@ public:
     SelectChannel& selectChannel() { return made(selectChannel_); }
     ShowOffers& showOffers() { return made(showOffers_); }
 
-    /// Gives the host's help to all; none takes it away.
+    /// Sets the host's help for all dialogs; null removes it.
     void setHelp(const std::shared_ptr<HelpSite>& help);
 
 private:
-    /// Making one calls the host, which may be the first to ask for the same one.
+    /// The constructor calls the host, which may request the same dialog and so create it first.
     template <class Form> Form& made(std::unique_ptr<Form>& form)
     {
         if (!form)

@@ -33,7 +33,7 @@ bool TimebaseEditor::HasProcessedDriverChanges()
     return !page_.driverChangesPending;
 }
 
-/// From inside an event the page follows once that event has returned.
+/// When called from inside an event, the page is rebuilt after that event has returned.
 void TimebaseEditor::setDrivers(const DriverList& handedOver)
 {
     constexpr std::string_view procedure = "IKopDrivers_Drivers";
@@ -65,7 +65,7 @@ void TimebaseEditor::setDrivers(const DriverList& handedOver)
     }
 }
 
-/// A list that comes while the user cannot edit the page is another set-up, which brings its own settings.
+/// A list that arrives while the user cannot edit the page is a different set-up, with its own settings.
 void TimebaseEditor::forgetSettings()
 {
     page_.triggerVars.reset();
@@ -73,7 +73,7 @@ void TimebaseEditor::forgetSettings()
     page_.TriggerChannel = -1;
 }
 
-/// Each of the two tests asks for itself, so that a driver whose first answer fails still counts by the second.
+/// The two tests query the driver separately, so that a driver that fails in the first may still count in the second.
 void TimebaseEditor::takeOver(Driver* driver, const Steps& step)
 {
     if (!step([&] { required(driver); }))
@@ -84,7 +84,7 @@ void TimebaseEditor::takeOver(Driver* driver, const Steps& step)
         page_.hasDynamicDrivers = true;
 }
 
-/// Elements that are missing stay out of the page's list, where they count as empty entries.
+/// Missing elements are not in the page's list; they count as empty entries.
 void TimebaseEditor::reportMissing(std::size_t count, const Steps& step)
 {
     constexpr std::size_t reportedSingly = 100;

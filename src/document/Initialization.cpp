@@ -32,7 +32,7 @@ void TimebaseEditor::initializeDocument()
         page_.driverChangesPending = false;
 }
 
-/// Which driver is start and which is scan master, and on which lines they drive the others.
+/// Determines the start and the scan master and the lines on which they drive the other drivers.
 void TimebaseEditor::initializeTriggering()
 {
     triggerChannel_.beginBuild();
@@ -40,7 +40,7 @@ void TimebaseEditor::initializeTriggering()
     page_.dynamicDriverIndex = masters.start;
     page_.staticDriverIndex = page_.scannedDriverIndex = masters.scan;
     if (page_.dynamicDriverIndex >= 0) {
-        // The options still show the page before; they switch triggering on once they are loaded.
+        // The options still show the previous list; loading them switches triggering on.
         enableTriggering(false);
     } else {
         disableTriggering(true);

@@ -14,7 +14,7 @@ constexpr int noInstrumentPicture = 101;
 
 void TimebaseEditor::UserDocument_Initialize()
 {
-    // What follows is the component's own: nothing that fails in the host may keep it away.
+    // A failure of the host, above, must not prevent the rest, which belongs to the component.
     Steps(support_.errors, "UserDocument_Initialize")([&] { page_.setFont(support_.platform.screen.formFont()); });
     const Steps step(support_.errors, "UserDocument_Initialize");
     page_.isShown = false;
@@ -37,7 +37,7 @@ void TimebaseEditor::UserDocument_Initialize()
     });
 }
 
-/// The loader finds the units' texts by their item data; from then on it holds each unit's length.
+/// The item data is the text offset until the texts are loaded, and then each unit's length in seconds.
 void TimebaseEditor::setIntervalSeconds()
 {
     auto items = page_.cmbInterval.items();
@@ -67,7 +67,7 @@ void TimebaseEditor::prepareGrid()
 void TimebaseEditor::UserDocument_Show()
 {
     const Steps step(support_.errors, "UserDocument_Show", Steps::Begin::Anew);
-    // Lowered whatever fails below.
+    // The value that `loading` restores on return.
     page_.isLoading = false;
     const Scoped loading(page_.isLoading, true);
     page_.isShown = true;
@@ -107,7 +107,7 @@ void TimebaseEditor::UserDocument_Hide()
 
 void TimebaseEditor::UserDocument_Resize()
 {
-    // The view arranges the controls by itself.
+    // The view lays out the controls.
 }
 
 void TimebaseEditor::UserDocument_KeyDown(KeyPress& press)

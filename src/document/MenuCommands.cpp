@@ -4,7 +4,7 @@ namespace ko {
 
 namespace {
 
-/// The text that the edit commands work on: failure 91 when no control has the focus, 13 when none is edited there.
+/// The text that the edit commands change. Failure 91 when no control has the focus, 13 when it edits no text.
 TextEditing& focusedText(const Page& page)
 {
     TextEditing* text = required(page.activeControl()).textEditing();

@@ -28,7 +28,7 @@ void TimebaseEditor::end()
     support_.errors.events.end(std::exchange(page_.drivers, {}));
 }
 
-/// An event that was in progress when another list was handed over has returned: the page shows the new list.
+/// Runs after the event during which the list was replaced has returned.
 void TimebaseEditor::settle()
 {
     if (page_.isShown)
@@ -47,7 +47,7 @@ std::int32_t TimebaseEditor::updateDiskSpace()
     const Steps step(support_.errors, "updateDiskSpace");
     dynamicEditors_.follow(step, page_.figures.samplePeriod, page_.figures.blockSize);
     staticEditors_.follow(step);
-    // What does not fit is about to be taken back, and is no plan.
+    // A recording that does not fit is about to be undone, so the plan does not show it.
     if (code == diskSpace::fits) {
         schedule_.plan().show();
         schedule_.whatFits().withdraw();
@@ -102,7 +102,7 @@ bool TimebaseEditor::validateActiveControl(bool apply)
 
 namespace {
 
-/// The host's end of a document, whose events keep the document itself.
+/// The host's handle; the document itself outlives it while its events are in progress.
 class DocumentHandle final : public Document {
 public:
     DocumentHandle(Shared& shared, PropertyNotifySink& sink)

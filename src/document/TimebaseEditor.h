@@ -15,22 +15,22 @@ namespace ko {
 
 class TimebaseEditor;
 
-/// What the documents of a component share.
+/// State shared by the documents of a component.
 struct Shared {
     Shared(const Platform& platform, std::string_view language) : support(platform, language) {}
 
     Support support;
     Dialogs dialogs{support};
-    /// Documents that have ended, kept while a control's own code may still be running. Those with no event in progress
-    /// go when the next document is made.
+    /// Documents that have ended, kept while code of their controls may still be running. Those without an event in
+    /// progress are destroyed when the next document is created.
     std::vector<std::shared_ptr<TimebaseEditor>> ended;
 };
 
-/// A new, initialized document of a component. Destroying it ends the document, also from inside a call that it makes.
-/// `shared` and `sink` outlive it.
+/// Creates and initializes a document of a component. Destroying it ends the document, also from inside a call that the
+/// document makes. `shared` and `sink` must outlive it.
 std::unique_ptr<Document> makeDocument(Shared& shared, PropertyNotifySink& sink);
 
-/// The document: owns the page and its sections, and is what the host drives.
+/// The document: owns the page and its sections, and implements the interfaces to the host.
 class TimebaseEditor final : public Document,
                              private IKopDrivers,
                              private IKopMenu,
@@ -39,11 +39,11 @@ class TimebaseEditor final : public Document,
                              private IKopState,
                              private Actions {
 public:
-    /// `shared` and `sink` outlive the document.
+    /// `shared` and `sink` must outlive the document.
     TimebaseEditor(Shared& shared, PropertyNotifySink& sink);
 
-    /// No event of the document does anything from now on; its drivers are released once the events in progress have
-    /// returned.
+    /// Ends the document: its events do nothing from now on, and its drivers are released once the events in progress
+    /// have returned.
     void end();
     [[nodiscard]] bool hasEvents() const { return support_.errors.events.areInProgress(); }
 
@@ -106,7 +106,7 @@ private:
     [[nodiscard]] std::int32_t firstDriver(const Steps& step, bool dynamic) const;
 
     // Editing
-    /// Checks the entry field that has the focus; when `apply` is true and the check passes, applies its value.
+    /// Checks the focused entry field; when `apply` is true and the check passes, applies its value.
     bool validateActiveControl(bool apply);
     void forgetSettings();
     void takeOver(Driver* driver, const Steps& step);

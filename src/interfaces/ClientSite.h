@@ -29,15 +29,15 @@ class StatusSite {
 public:
     virtual ~StatusSite() = default;
 
-    /// The text that the host wants back with every hint.
+    /// The caption that the document passes back with every hint.
     virtual std::string Caption() = 0;
 
     /// Shows a hint; an empty hint clears the line.
     virtual void ShowHint(const std::string& hint, const std::string& caption) = 0;
 };
 
-/// The place in the host's frame that holds the document. Each query answers an empty pointer when the host does
-/// not offer that view; the document shares ownership of what it gets.
+/// The site in the host's frame that contains the document. Each query returns an empty pointer when the host does not
+/// offer that view; the document shares ownership of the returned object.
 class ClientSite {
 public:
     virtual ~ClientSite() = default;
@@ -46,7 +46,7 @@ public:
     virtual std::shared_ptr<HelpSite> queryHelpSite() = 0;
 };
 
-/// Told when a property of the document has changed, so that the host can mark the set-up as changed.
+/// Notified when a property of the document changes, so that the host can mark the set-up as changed.
 class PropertyNotifySink {
 public:
     virtual ~PropertyNotifySink() = default;

@@ -25,11 +25,11 @@ inline constexpr std::int32_t name = 3;    ///< the user-given name, text
 /// Every operation may fail by throwing. A `Failure` carries its own number and description; of any other
 /// `std::exception` only the description is kept. A failing driver never stops the page.
 ///
-/// From inside any of these calls, and of the views' calls, the host may call any member of the document, hand over
-/// another list of drivers, or end the document. The event in progress keeps the list that it began with alive; once
-/// the list or the document is another the rest of that event does nothing, except that a value that the event has
-/// written, and that is refused, is put back: after the end of the document in every driver, and once another list is
-/// there in the drivers that are in that list, too. No other driver of the old list is written.
+/// From inside any of these calls, and of the views' calls, the host may call any member of the document, replace the
+/// list of drivers, or end the document. The event in progress keeps the drivers it started with alive. Once the list
+/// has been replaced or the document has ended, the rest of that event does nothing, with one exception: a value that
+/// the event wrote and that is refused is restored, in every driver if the document has ended, or in the drivers that
+/// are also in the new list if the list was replaced. No other driver of the old list is written.
 ///
 /// Group and channel indices count from 0.
 class Driver {
@@ -41,12 +41,12 @@ public:
     virtual Value ChannelAttribute(std::int32_t group, std::int32_t channel, std::int32_t attribute) = 0;
     virtual std::int32_t MeasurementMode() = 0;
     virtual std::int32_t SamplingMode() = 0;
-    /// The display name; the document always asks with 0.
+    /// The display name; the document always passes 0.
     virtual std::string DriverName(std::int32_t form) = 0;
     virtual std::string GroupName(std::int32_t group) = 0;
 
-    /// Views of the same module. Null when the module does not offer the view; the driver owns what it returns,
-    /// which stays valid as long as the driver lives.
+    /// Views of the same module, or null when the module does not offer the view. The driver owns the returned object,
+    /// which stays valid for the driver's lifetime.
     virtual Timebase* queryTimebase() = 0;
     virtual TriggerParameters* queryTriggerParameters() = 0;
     virtual TriggerLines* queryTriggerLines() = 0;
@@ -54,20 +54,20 @@ public:
     virtual DynamicMeasurement* queryDynamicMeasurement() = 0;
 };
 
-/// What a scanning module tells of the recording.
+/// Recording size of a scanning module.
 class StaticMeasurement {
 public:
-    /// How many scans the recording will hold.
+    /// Number of scans in the recording.
     virtual std::int32_t NumberOfScans() = 0;
 
 protected:
     ~StaticMeasurement() = default;
 };
 
-/// What a sampling module tells of the recording.
+/// Recording size of a sampling module.
 class DynamicMeasurement {
 public:
-    /// How many bytes the recording will take.
+    /// Size of the recording in bytes.
     virtual double DynamicBytes() = 0;
 
 protected:

@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// The host's error reporter. The component creates one on first use and keeps it for its life.
+/// The host's error reporter. The component creates one on first use and keeps it for its lifetime.
 class ErrorReporter {
 public:
     virtual ~ErrorReporter() = default;

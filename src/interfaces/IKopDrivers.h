@@ -11,22 +11,22 @@ namespace ko {
 /// pointer is a missing driver.
 using DriverList = std::vector<std::shared_ptr<Driver>>;
 
-/// Hand-over of the driver list to the document. All calls on the user-interface thread; none ever throws.
+/// Passes the driver list to the document. All calls are made on the user-interface thread; none throws.
 class IKopDrivers {
 public:
-    /// Announces how many drivers the next list holds. Required before `setDrivers`.
+    /// Announces the number of drivers in the next list. Must be called before `setDrivers`.
     virtual void setNumberOfDrivers(std::int32_t count) = 0;
 
-    /// False from the moment a list arrives until the page has taken it in.
+    /// False from `setDrivers` until the page has been rebuilt for the new list.
     virtual bool HasProcessedDriverChanges() = 0;
 
-    /// Hands the list over; the document copies as many entries as were announced. A shown page is rebuilt: at once,
-    /// or, from inside a call that the document makes, as soon as the event in progress has returned. A value that this
-    /// event had written and that is refused is put back in the drivers that are in the new list, too.
+    /// Sets the list; the document copies the announced number of entries. A shown page is rebuilt at once or, when
+    /// called from inside a call that the document makes, as soon as the event in progress has returned. A value that
+    /// this event wrote and that is refused is then restored in the drivers that are also in the new list.
     virtual void setDrivers(const DriverList& drivers) = 0;
 
-    /// Tells the document that the drivers' settings were changed by somebody else: it notes their start and
-    /// stop settings anew, unless the page is read-only.
+    /// Notifies the document that the drivers' settings were changed from outside: it captures their start and stop
+    /// settings again, unless the page is read-only.
     virtual void DriversHaveChanged() = 0;
 
 protected:

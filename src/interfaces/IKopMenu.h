@@ -14,11 +14,11 @@ inline constexpr std::int32_t paste = 57637;
 inline constexpr std::int32_t help = 57670;
 } // namespace command
 
-/// The host's menu. All calls on the user-interface thread; none ever throws.
+/// The host's menu. All calls are made on the user-interface thread; none throws.
 class IKopMenu {
 public:
-    /// Carries the command out on the focused control; an unknown command does nothing. The host is expected to
-    /// have asked `OnUpdateCommandUI` first.
+    /// Runs the command on the focused control; an unknown command does nothing. The host is expected to call
+    /// `OnUpdateCommandUI` first.
     virtual void OnCommand(std::int32_t commandId) = 0;
 
     /// Sets `enable` to 1 when the command applies now, else to 0.

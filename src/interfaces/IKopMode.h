@@ -6,15 +6,14 @@
 
 namespace ko {
 
-/// Client site and read-only mode. All calls on the user-interface thread; none ever throws.
+/// Client site and read-only mode. All calls are made on the user-interface thread; none throws.
 class IKopMode {
 public:
-    /// Puts the page into read-only mode or back; a shown page follows at once.
+    /// Switches read-only mode on or off; a shown page is updated at once.
     virtual void setReadOnly(bool flag) = 0;
 
-    /// Gives the document its client site. The document keeps the two views it asks the site for; a view that the
-    /// site does not offer is reported as a failure, and the view known before stays. No site at all (an empty
-    /// pointer) takes both views away.
+    /// Sets the document's client site. The document queries and keeps its two views; a view that the site does not
+    /// offer is reported as a failure, and the previous view is kept. An empty pointer clears both views.
     virtual void setClientSite(const std::shared_ptr<ClientSite>& site) = 0;
 
 protected:

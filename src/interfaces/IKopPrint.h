@@ -6,18 +6,18 @@
 
 namespace ko {
 
-/// Printing. All calls on the user-interface thread; none ever throws.
+/// Printing. All calls are made on the user-interface thread; none throws.
 class IKopPrint {
 public:
-    /// Stores a print mode of the host's choosing; the document only gives it back.
+    /// Stores a print mode chosen by the host; the document only returns it from `PrintMode`.
     virtual void setPrintMode(std::int32_t mode) = 0;
     virtual std::int32_t PrintMode() = 0;
 
-    /// The text that names the document's print mode, the same for every mode.
+    /// Sets `description` to the name of the document's print mode, the same for every mode.
     virtual void GetPrintModeDescription(std::string& description) = 0;
 
-    /// Prints the page's visible surface on the printer of exactly this name, or on the current printer when there
-    /// is none, after copying the six settings onto that printer.
+    /// Prints the page's visible surface on the printer with exactly this name, or on the current printer when there is
+    /// none, after applying the six settings to that printer.
     virtual void DefaultPrint(const std::string& printerName, const DeviceMode& settings) = 0;
 
 protected:

@@ -2,11 +2,11 @@
 
 namespace ko {
 
-/// May the user leave the page? All calls on the user-interface thread; none ever throws.
+/// Queries whether the user may leave the page. All calls are made on the user-interface thread; none throws.
 class IKopState {
 public:
-    /// Sets `allowed` to true when the focused entry field holds an acceptable value or none has the focus; when it
-    /// sets false, the user has been told why.
+    /// Sets `allowed` to true when the focused entry field holds an acceptable value or no entry field has the focus.
+    /// Otherwise sets it to false, after a message to the user that says why.
     virtual void OKToLeave(bool& allowed) = 0;
 
     /// Does nothing: the page does not depend on recorded files.

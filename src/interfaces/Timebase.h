@@ -6,9 +6,9 @@
 
 namespace ko {
 
-/// The acquisition timebase of a driver, in the order in which hosts declare it. A driver may keep another value
-/// than the one requested: the document always reads back. Rates are never stored (rate = 1 / period). Choice
-/// lists are empty when the driver offers no discrete values; their order is the driver's.
+/// The acquisition timebase of a driver, in the order in which hosts declare it. A driver may store another value than
+/// the one requested, so the document always reads back. Rates are never stored (rate = 1 / period). Choice lists are
+/// empty when the driver offers no discrete values; the driver decides their order.
 class Timebase {
 public:
     virtual void setSamplePeriod(double seconds) = 0;
@@ -21,15 +21,15 @@ public:
 
     /// Discrete sample periods in seconds.
     virtual std::vector<double> SampleChoiceList() = 0;
-    /// Holds the place of a member that the document never calls.
+    /// Placeholder for a member that the document never calls.
     virtual void Reserved() {}
     /// Discrete block sizes in samples.
     virtual std::vector<double> BlockSizeChoiceList() = 0;
     virtual Range BlockSizeRange() = 0;
     /// Discrete scan periods in seconds.
     virtual std::vector<double> ScanChoiceList() = 0;
-    /// The continuous period range in seconds that belongs to the choice list asked for last: sample periods after
-    /// `SampleChoiceList`, scan periods after `ScanChoiceList`. The document always asks the list first.
+    /// The continuous period range in seconds for the choice list that was read last: sample periods after
+    /// `SampleChoiceList`, scan periods after `ScanChoiceList`. The document always reads the list first.
     virtual Range ChoiceRange() = 0;
 
     virtual DateTime StartTime() = 0;

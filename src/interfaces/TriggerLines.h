@@ -4,8 +4,8 @@
 
 namespace ko {
 
-/// How a driver is wired to the 8 hardware trigger lines, numbered 0 to 7; a line below 0 is no line. Ranks tell
-/// how well the driver can be master: below 0 it cannot, 10 is best.
+/// A driver's connections to the 8 hardware trigger lines, numbered 0 to 7; a negative number means no line. A rank
+/// rates the driver as a master: negative if it cannot be one, 10 is best.
 class TriggerLines {
 public:
     virtual std::int32_t StartMasterRank() = 0;

@@ -19,10 +19,10 @@ public:
     virtual std::string GetTriggerParamName(std::int32_t slot, std::int32_t channel, std::int32_t id) = 0;
     virtual std::string GetTriggerParamType(std::int32_t slot, std::int32_t channel, std::int32_t id) = 0;
     virtual Value GetTriggerParamValue(std::int32_t slot, std::int32_t channel, std::int32_t id) = 0;
-    /// Only for "Enum".
+    /// Called only for type "Enum".
     virtual std::vector<std::string> GetTriggerParamChoices(std::int32_t slot, std::int32_t channel,
                                                             std::int32_t id) = 0;
-    /// Only for "Float" and "Integer"; where there is no bound, the smallest or largest value of the type.
+    /// Called only for types "Float" and "Integer"; where there is no bound, the smallest or largest value of the type.
     virtual double GetTriggerParamMin(std::int32_t slot, std::int32_t channel, std::int32_t id) = 0;
     virtual double GetTriggerParamMax(std::int32_t slot, std::int32_t channel, std::int32_t id) = 0;
     virtual void SetTriggerParamValue(std::int32_t slot, std::int32_t channel, std::int32_t id, const Value& value) = 0;
@@ -32,7 +32,7 @@ public:
     virtual void setTriggerEnabled(std::int32_t slot, std::int32_t channel, bool enabled) = 0;
     /// Whether the channel can act as a trigger source at all.
     virtual bool CanTrigger(std::int32_t slot, std::int32_t channel) = 0;
-    /// The group's name as the trigger hardware knows it, for drivers that cannot answer `Driver::GroupName`.
+    /// The group's name in the trigger hardware, for drivers whose `Driver::GroupName` fails.
     virtual std::string GetTriggerGroupName(std::int32_t slot) = 0;
 
 protected:

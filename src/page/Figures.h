@@ -7,18 +7,18 @@
 
 namespace ko {
 
-/// What the recording will produce. A figure that is not set is not known, or not of use now.
+/// Estimated figures of the recording. A figure that is not set is unknown or does not apply.
 struct Figures {
     std::optional<double> span;           ///< in hertz
-    std::optional<double> plannedSeconds; ///< as entered, and kept by the drivers
-    std::optional<double> actualSeconds;  ///< as the instruments record
-    std::optional<DateTime> stopTime;     ///< when they end; only of a stop at a time
-    std::optional<std::int32_t> samples;  ///< of the driver that the dynamic editors show
-    std::optional<std::int32_t> scans;    ///< of the driver that the static editors show
-    std::optional<double> samplePeriod;   ///< in seconds, as read from the driver for the samples
-    std::optional<double> blockSize;      ///< likewise
-    std::optional<double> scanPeriod;     ///< in seconds, as read from the driver for the scans
-    std::optional<double> dynamicBytes;   ///< of all drivers of the kind
+    std::optional<double> plannedSeconds; ///< as entered and accepted by the drivers
+    std::optional<double> actualSeconds;  ///< as the instruments will record
+    std::optional<DateTime> stopTime;     ///< end of the recording; only for a stop at a time
+    std::optional<std::int32_t> samples;  ///< of the driver shown in the dynamic editors
+    std::optional<std::int32_t> scans;    ///< of the driver shown in the static editors
+    std::optional<double> samplePeriod;   ///< in seconds, as read for `samples`
+    std::optional<double> blockSize;      ///< as read for `samples`
+    std::optional<double> scanPeriod;     ///< in seconds, as read for `scans`
+    std::optional<double> dynamicBytes;   ///< of all dynamic drivers
     std::optional<double> staticBytes;
 };
 

@@ -10,43 +10,44 @@
 
 namespace ko {
 
-/// The one way in which a value that the user enters reaches the drivers: each driver's old value is read, the new one
-/// written and read back; then the 2 GB limit is asked once. Beyond it a message is shown and each driver gets its own
-/// old value back.
+/// Writes a value that the user entered to the drivers; the only code that does so. Each driver's old value is read,
+/// the new one written and read back; then the 2 GB limit is checked once. Beyond it, a message is shown and each
+/// driver's own old value is restored.
 ///
-/// One object serves one event. When the host ends the document meanwhile, hides the page or makes it read-only, a
-/// value that is refused is put back all the same; when it hands over another list, only in drivers that are in that
-/// list, too. Once the list or the document is another nothing else is done.
+/// One object serves one event. If the host ends the document, hides the page or makes it read-only during the event, a
+/// refused value is still restored; if it replaces the list, only in drivers that are also in the new list. Nothing
+/// else is done once the list has been replaced or the document has ended.
 ///
 /// A `Setting` is a value of optional members with these operations:
-///     Setting read(const Steps&, Timebase&) const   the members that are set here, as the driver has them; a member
+///     Setting read(const Steps&, Timebase&) const   reads from the driver the members that are set here; a member
 ///                                                   whose reading failed is not set
-///     bool write(const Steps&, Timebase&) const     writes the members that are set; whether all writes succeeded
-///     Setting without(const Setting&) const         the members that are set here and that the other lacks or has
-///                                                   otherwise
+///     bool write(const Steps&, Timebase&) const     writes the members that are set; returns whether all writes
+///                                                   succeeded
+///     Setting without(const Setting&) const         the members that are set here and not set or different in the
+///                                                   other
 ///     bool isEmpty() const                          no member is set
-/// The first two report their failures to the steps.
+/// `read` and `write` report their failures to the steps.
 template <class Setting> class GuardedWrite {
 public:
-    /// What became of the value at one driver.
+    /// The result of the write to one driver.
     struct Written {
         IndexedTimebase at;
         const Driver* owner = nullptr; ///< of the timebase
         Setting before;                ///< as read before the write
-        Setting kept;                  ///< as read back; `before` for a driver that was not written
-        bool written = false;          ///< a write was made and every part of it succeeded
-        bool tried = false;            ///< a write was made
+        Setting kept;                  ///< as read back; equals `before` for a driver that was not written
+        bool written = false;          ///< a write was attempted and every part of it succeeded
+        bool tried = false;            ///< a write was attempted
     };
 
-    /// `atMost` drivers of the page's list are going to be written.
+    /// `atMost` is the maximum number of drivers that will be written.
     GuardedWrite(const Page& page, Support& support, Actions& actions, const Setting& wanted, std::size_t atMost)
         : page_(page), support_(support), actions_(actions), wanted_(wanted)
     {
         written_.reserve(atMost);
     }
 
-    /// Reads one driver, writes what it lacks and reads it back: `lacking(before)` is that part of the setting. A
-    /// driver that lacks nothing is not written. `beforeFirst` runs once an event, before the first write.
+    /// Reads one driver, writes the missing part of the setting and reads back. `lacking(before)` returns the missing
+    /// part; when it is empty, the driver is not written. `beforeFirst` runs once per event, before the first write.
     template <class Lacking, class First>
     const Written& write(const Steps& step, IndexedTimebase at, Lacking&& lacking, First&& beforeFirst)
     {
@@ -67,8 +68,8 @@ public:
         anyWritten_ = anyWritten_ || it.written;
         return it;
     }
-    /// Where a part of the write failed, what the other parts changed goes back to its old value without a question.
-    /// For settings of more than one member.
+    /// Restores the drivers where a part of the write failed, without a check of the limit. For settings of more than
+    /// one member.
     void restoreIncomplete(const Steps& step)
     {
         for (Written& it : written_)
@@ -76,9 +77,9 @@ public:
                 restore(step, it);
     }
 
-    /// Asks the limit. Within it: true. Beyond it a message is shown, each driver that was written gets back the
-    /// members that changed (not those that could not be read before) and is read again, `putBack` restores what the
-    /// page shows, the derived labels follow, and what would fit is offered: false.
+    /// Checks the limit; returns true when the recording fits. Otherwise shows a message, restores the changed members
+    /// of each written driver (except those that could not be read before) and reads them again, calls `putBack` to
+    /// restore the page, updates the derived labels, offers what would fit, and returns false.
     template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)
     {
         const std::int32_t code = actions_.updateDiskSpace();
@@ -95,9 +96,9 @@ public:
         return false;
     }
 
-    /// The drivers of this event, in the order in which they were written.
+    /// The drivers of this event, in order of `write`.
     [[nodiscard]] const std::vector<Written>& drivers() const { return written_; }
-    /// Whether a write was made in this event, and whether one succeeded.
+    /// Whether a write was attempted in this event, and whether one succeeded.
     [[nodiscard]] bool anyTried() const { return anyTried_; }
     [[nodiscard]] bool anyWritten() const { return anyWritten_; }
 

@@ -5,18 +5,18 @@
 
 namespace ko {
 
-/// Passed for both bounds: no range.
+/// Passed for both bounds when there is no range.
 inline constexpr double noRange = -1e300;
 
-/// Gives the host's status site the hint of the focused field: the range from `min` to `max`, or an empty hint when
-/// both are equal. Does nothing in read-only mode, with no driver, or without a status site. Failures reach the
+/// Shows the hint of the focused field in the host's status site: the range from `min` to `max`, or an empty hint when
+/// both are equal. Does nothing in read-only mode, with no drivers, or without a status site. Failures reach the
 /// caller.
 void setToolTip(const Page& page, const Support& support, double min, double max);
 
-/// Gives the status site a hint, under the same conditions.
+/// Shows a hint in the status site, under the same conditions.
 void showHint(const Page& page, const std::string& hint);
 
-/// Puts the cursor at the start and selects the whole text.
+/// Selects the whole text from the start.
 void selectAllText(TextBox& box);
 
 } // namespace ko

@@ -6,10 +6,10 @@
 
 namespace ko {
 
-/// The trigger lines are numbered from 0 to one less.
+/// The trigger lines are numbered from 0 to `triggerLineCount` - 1.
 inline constexpr std::int32_t triggerLineCount = 8;
 
-/// A mark for each trigger line, such as whether it may be chosen.
+/// A flag for each trigger line, for example whether it may be chosen.
 using LineMask = std::array<bool, triggerLineCount>;
 
 /// The two triggers that share the lines.
@@ -20,7 +20,7 @@ constexpr LineTrigger otherThan(LineTrigger trigger)
     return trigger == LineTrigger::start ? LineTrigger::scan : LineTrigger::start;
 }
 
-/// One of each for the two triggers.
+/// A value for each of the two triggers.
 template <class T> struct PerTrigger {
     T start{};
     T scan{};
@@ -33,18 +33,18 @@ template <class T> struct PerTrigger {
     bool operator==(const PerTrigger&) const = default;
 };
 
-/// Which line carries the start trigger and which one the sync trigger (-1: none), and which lines may be chosen for
-/// each. The two never share a line: the line of one may not be chosen for the other.
+/// The lines of the start trigger and of the sync trigger (-1: none), and the lines that may be chosen for each. The
+/// two never share a line: the line of one cannot be chosen for the other.
 class LinePlan {
 public:
-    /// No line may be chosen, and none is.
+    /// No line is chosen, and none may be.
     LinePlan() = default;
-    /// The lines that the drivers offer, and those that masters drive already (-1: none); where both drive one line it
-    /// is the start's.
+    /// `offered`: lines that the drivers offer; `driven`: lines that masters already drive (-1: none). A line that both
+    /// drive becomes the start trigger's.
     LinePlan(const PerTrigger<LineMask>& offered, const PerTrigger<std::int32_t>& driven);
 
     [[nodiscard]] std::int32_t line(LineTrigger trigger) const { return lines_[trigger]; }
-    /// What is offered for the trigger, but for the line that the other one has. Inline, as hosts call it, too.
+    /// The lines offered for the trigger, except the other trigger's line. Inline, because hosts call it, too.
     [[nodiscard]] LineMask available(LineTrigger trigger) const
     {
         LineMask mask = offered_[trigger];
@@ -52,17 +52,17 @@ public:
             mask.at(static_cast<std::size_t>(others)) = false;
         return mask;
     }
-    /// The trigger's line; where it has none the first one that may be chosen; -1 when there is none.
+    /// The trigger's line, else the first line that may be chosen, else -1.
     [[nodiscard]] std::int32_t lineOrFirst(LineTrigger trigger) const;
-    /// The trigger has no line, and none may be chosen for it.
+    /// Whether the trigger has no line and none may be chosen for it.
     [[nodiscard]] bool lacksLine(LineTrigger trigger) const { return lineOrFirst(trigger) < 0; }
 
-    /// The user's choice. The line that the trigger leaves is offered for the other one from now on.
+    /// Sets the line that the user chose. The trigger's previous line becomes available to the other trigger.
     void choose(LineTrigger trigger, std::int32_t line);
-    /// Gives the trigger this line (-1: none), as its driver has it. Of a line that the other trigger has, the start's
-    /// claim counts.
+    /// Sets the line that the trigger's driver holds (-1: none). When the other trigger has the same line, the start
+    /// trigger keeps it.
     void put(LineTrigger trigger, std::int32_t line);
-    /// Offers for the trigger what the other plan does.
+    /// Copies the lines offered for the trigger from another plan.
     void restoreOffer(LineTrigger trigger, const LinePlan& from) { offered_[trigger] = from.offered_[trigger]; }
 
     bool operator==(const LinePlan&) const = default;

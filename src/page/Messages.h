@@ -4,10 +4,10 @@
 
 namespace ko {
 
-/// Tells the user why a change is taken back: the text of this number, titled "Error". Failures reach the caller.
+/// Shows why a change is undone: the text with this number, titled "Error". Failures reach the caller.
 void showError(const Support& support, int text);
 
-/// The message for a code of `Actions::updateDiskSpace` that is not 0. Failures reach the caller.
+/// Shows the message for a non-zero code of `Actions::updateDiskSpace`. Failures reach the caller.
 void showLimitMessage(const Support& support, std::int32_t code);
 
 } // namespace ko

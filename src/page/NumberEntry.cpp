@@ -70,7 +70,7 @@ void NumberEntry::change()
         lastAccepted_ = box_.text();
 }
 
-/// A value in force may lie where no user may enter it.
+/// The value in force may be outside the bounds for user input.
 bool NumberEntry::standsForHeld(const Steps& step)
 {
     return step.value([&] {
@@ -103,7 +103,7 @@ void NumberEntry::apply(const Steps& step, double value)
     accept(step, value);
 }
 
-/// The text stays where the value in force cannot be read.
+/// The text stays when the value in force cannot be read.
 void NumberEntry::refuse(const Steps& step)
 {
     const Scoped guard(page_.isUpdating, true);
@@ -125,7 +125,7 @@ void NumberEntry::showInForce(const Steps& step)
         step([&] { box_.setText(textOf(*now)); });
         showElsewhere(step, *now);
     } else if (isNumeric(box_.text(), support_.locale())) {
-        // "1." was on the way to "1.5".
+        // The user may leave "1." unfinished.
         step([&] { box_.setText(text(toDouble(box_.text(), support_.locale()))); });
     }
 }
@@ -139,7 +139,7 @@ void NumberEntry::undo()
             now = held();
             showSelected(now);
         })) {
-        // The value in force cannot be read: the text from before takes its place.
+        // The value in force cannot be read, so the last accepted text is restored.
         box_.setText(lastAccepted_);
         box_.setMarked(false);
         selectAllText(box_);

@@ -9,11 +9,12 @@
 
 namespace ko {
 
-/// A numeric text box of the page and its three moments: getting the focus, every change of the text, and being
-/// left. A valid text is written as it is typed; an invalid one is written never, and the box is not left with it.
+/// Handles the events of a numeric text box: focus, every change of the text, and leaving. A valid text is written
+/// while it is typed; an invalid one is never written, and the box cannot be left with it.
 class NumberEntry {
 public:
-    /// Takes over the box's events. Failures are reported under the box's name and the event's: "txtDuration_Change".
+    /// Sets the box's event handlers. Failures are reported under the names of the box and the event:
+    /// "txtDuration_Change".
     NumberEntry(Page& page, Support& support, TextBox& box, NumberType type);
     virtual ~NumberEntry() = default;
     NumberEntry(const NumberEntry&) = delete;
@@ -21,40 +22,40 @@ public:
 
     [[nodiscard]] const TextBox& box() const { return box_; }
 
-    /// Whether the text is acceptable; when it is not and `showMessage` is true, the user is told why. What the page
-    /// itself shows in the box is acceptable, also where no user may enter it.
+    /// Whether the text is acceptable; when it is not and `showMessage` is true, a message says why. A text that the
+    /// page itself set is acceptable, even if a user could not enter it.
     bool check(bool showMessage);
 
-    /// The box is about to be left: shows the value in force. An invalid text is refused: the value in force takes its
-    /// place, and the result is false.
+    /// Called before the box is left: shows the value in force. Returns false for an invalid text, which is replaced by
+    /// the value in force.
     bool leave();
 
 protected:
-    /// What the box accepts now.
+    /// The bounds that apply now.
     virtual NumberBounds bounds() = 0;
-    /// The number in force, as a driver holds it; none where no driver has a timebase. Failures reach the caller.
+    /// The number in force, as a driver holds it; none when no driver has a timebase. Failures reach the caller.
     virtual std::optional<double> held() = 0;
-    /// The number that replaces a refused text; none: an empty text does. Failures reach the caller.
+    /// The number that replaces a refused text; none for an empty text. Failures reach the caller.
     virtual std::optional<double> heldAfterRefusal() { return held(); }
-    /// The number that the box shows for one that a driver holds. Failures reach the caller.
+    /// Converts a number that a driver holds to the number that the box shows. Failures reach the caller.
     [[nodiscard]] virtual double shown(double held) const = 0;
     /// Writes an accepted number, as the box shows it, to each driver that does not hold it (`holds`), and shows the
-    /// outcome with `show`. `step` is the handler's.
+    /// result with `show`. `step` is the handler's.
     virtual void accept(const Steps& step, double value) = 0;
-    /// Shows a number in force wherever else the page shows it.
+    /// Shows a number in force in the other controls of the page.
     virtual void showElsewhere(const Steps&, double) {}
-    /// Both ends of the range that the hint names; `noRange` in both for none.
+    /// The range in the hint; `noRange` in both bounds for none.
     virtual Range hintRange() { return {noRange, noRange}; }
-    /// Whether the box's handlers act at all.
+    /// Whether the box's handlers do anything.
     virtual bool isActive() { return true; }
 
-    /// Whether a number that a driver holds reads as `value` in the box: a text that reads as the number in force
-    /// means exactly that number, so that it need not be written.
+    /// Whether a number that a driver holds is displayed like `value`. A text equal to the displayed number in force
+    /// means exactly that number, which need not be written.
     [[nodiscard]] bool holds(const std::optional<double>& held, double value) const;
-    /// Shows a number that a driver holds in this box, which the user is typing in: the text stays as long as it
-    /// reads as that number. A box for whole numbers is rewritten only when it is left.
+    /// Shows a number that a driver holds while the user is typing: the text stays if it reads as that number. A box
+    /// for integers is rewritten only when it is left.
     void show(double held);
-    /// Shows a number that a driver holds (none: nothing) in this box with the whole text selected.
+    /// Shows a number that a driver holds (none: empty) with the whole text selected.
     void showSelected(std::optional<double> held);
 
     [[nodiscard]] Page& page() const { return page_; }
@@ -73,7 +74,7 @@ private:
 
     Page& page_;
     Support& support_;
-    TextBox& box_; ///< marked while the user's text in it is not acceptable
+    TextBox& box_; ///< marked while the user's text is not acceptable
     NumberType type_;
     struct {
         std::string gotFocus, change, validate;

@@ -12,7 +12,7 @@ namespace {
 
 namespace offerText = textNumber::offers;
 
-/// More values than these are counted, not listed.
+/// More values than this are counted instead of listed.
 constexpr std::uint32_t listedAtMost = 20;
 
 Range ratesOf(Range periods)
@@ -93,7 +93,7 @@ std::string OfferTexts::effect(const OfferAccount& account, const DriverOffer& o
     return texts_(offerText::noEffect);
 }
 
-std::string OfferTexts::asked(const OfferAccount& account, std::size_t driver) const
+std::string OfferTexts::lastWrite(const OfferAccount& account, std::size_t driver) const
 {
     const auto& all = account.keptOtherwise;
     const auto found = std::find_if(all.begin(), all.end(), [&](const KeptOtherwise& it) {
@@ -122,7 +122,7 @@ std::vector<std::string> OfferTexts::columns() const
 std::vector<std::string> OfferTexts::row(const OfferAccount& account, std::size_t driver) const
 {
     const DriverOffer& offer = account.drivers.at(driver);
-    return {offered(offer), effect(account, offer), asked(account, driver)};
+    return {offered(offer), effect(account, offer), lastWrite(account, driver)};
 }
 
 } // namespace ko

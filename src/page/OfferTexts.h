@@ -9,25 +9,24 @@
 
 namespace ko {
 
-/// The account of what the drivers offer, in words.
+/// Describes an `OfferAccount` in words.
 class OfferTexts {
 public:
-    /// A text of the string table.
+    /// Returns a text of the string table by number.
     using Texts = std::function<std::string(int)>;
 
-    /// `asRates` tells of periods by the rates that they stand for.
+    /// `asRates` shows periods as rates.
     OfferTexts(Texts texts, Locale locale, bool asRates)
         : texts_(std::move(texts)), locale_(std::move(locale)), asRates_(asRates)
     {
     }
 
-    /// What all drivers have in common, as a sentence.
+    /// A sentence on the values that all drivers have in common.
     [[nodiscard]] std::string common(const OfferAccount& account) const;
 
-    /// What stands over the columns of a row.
+    /// The column headers.
     [[nodiscard]] std::vector<std::string> columns() const;
-    /// What the driver of this index offers, what that did to what all have in common, and what the driver made of the
-    /// last value written.
+    /// The cells of one driver: its offer, the effect on the common values, and the value it kept after the last write.
     [[nodiscard]] std::vector<std::string> row(const OfferAccount& account, std::size_t driver) const;
 
 private:
@@ -38,7 +37,7 @@ private:
     [[nodiscard]] std::string effect(const OfferAccount& account, const DriverOffer& offer) const;
     [[nodiscard]] std::string beginning(const OfferAccount& account, const DriverOffer& offer) const;
     [[nodiscard]] std::string removed(const OfferAccount& account, const DriverOffer& offer) const;
-    [[nodiscard]] std::string asked(const OfferAccount& account, std::size_t driver) const;
+    [[nodiscard]] std::string lastWrite(const OfferAccount& account, std::size_t driver) const;
 
     Texts texts_;
     Locale locale_;

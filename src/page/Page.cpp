@@ -12,7 +12,7 @@ namespace {
 
 namespace pageText = textNumber::page;
 
-/// A design-time number: the offset of a text in the page's block of the string table.
+/// Sets a design-time caption: the offset of a text in the page's block of the string table.
 void caption(CaptionControl& control, int text)
 {
     control.setTag(offsetOf(text, pageText::block));
@@ -29,7 +29,7 @@ void numberQuantities(Page& page)
         caption(page.*quantity.label, quantity.captionText);
         toolTip(page.*quantity.list, quantity.toolTipText);
         toolTip(page.*quantity.box, quantity.toolTipText);
-        // Its text is outside the page's block.
+        // The hint is not in the page's block, but its offset from the block's start finds it, too.
         CommandButton& button = page.*quantity.button;
         button.setCaption("?");
         toolTip(button, textNumber::offers::explainHint);

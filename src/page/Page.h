@@ -25,10 +25,10 @@ inline constexpr std::int16_t copy = 1;  ///< the focused control's text can be 
 inline constexpr std::int16_t paste = 2; ///< it accepts pasted and deleted text
 } // namespace editFlag
 
-/// The timebase page as data: its controls by name, in tab order, and the document's fields. Captions and hints
-/// stand in the controls as offsets into the string table until they are loaded.
+/// The timebase page as data: its controls by name, in tab order, and the document's fields. Captions and hints are
+/// offsets into the string table until they are loaded.
 ///
-/// The buttons that stand beside an editor and explain it belong to no frame: they can be used while it cannot.
+/// The buttons that explain an editor belong to no frame, so that they can be used while the editor is disabled.
 class Page : public Form {
 public:
     Page();
@@ -95,13 +95,13 @@ public:
     Label lblStopTime{*this, "lblStopTime", &frmStop};
     Label lblStopTimeValue{*this, "lblStopTimeValue", &frmStop};
 
-    // After a refusal: what would fit.
+    // Settings that would fit, shown after a refusal.
     Label lblWhatFits{*this, "lblWhatFits"};
     CommandButton cmdTakeDuration{*this, "cmdTakeDuration"};
     CommandButton cmdTakeRate{*this, "cmdTakeRate"};
-    Label lblPlan{*this, "lblPlan"}; ///< the whole page in one sentence
+    Label lblPlan{*this, "lblPlan"}; ///< summary of the page in one sentence
 
-    // What the host handed over.
+    // Set by the host.
     std::int32_t numDrivers = 0;
     DriverList drivers; ///< entries may be empty
     std::shared_ptr<StatusSite> statusSite;
@@ -109,24 +109,24 @@ public:
     std::int32_t printMode = 0;
     bool readOnly = false;
 
-    // What the document knows of the list.
+    // Properties of the list of drivers.
     bool hasStaticDrivers = false;
     bool hasDynamicDrivers = false;
     bool driverChangesPending = false;
     std::int32_t dynamicDriverIndex = -1; ///< driver of the dynamic editors and start master; -1 none
     std::int32_t staticDriverIndex = -1;  ///< scan master, else the first static driver; -1 none
-    std::int32_t scannedDriverIndex = -1; ///< driver of the static editors: the same unless it has no timebase
+    std::int32_t scannedDriverIndex = -1; ///< driver of the static editors: the scan master unless it has no timebase
 
     bool isShown = false;
-    bool isLoading = false;       ///< the document fills its controls itself: no handler acts
-    bool isDurationKnown = false; ///< false while a page is built, until the start and stop settings are loaded
+    bool isLoading = false;       ///< the document fills its controls; handlers do nothing
+    bool isDurationKnown = false; ///< false while the page is being built, until the start and stop settings are loaded
     bool isDialogOpen = false;    ///< a dialog of the document is shown
-    bool isUpdating = false;      ///< one editor changes another: no re-entry
+    bool isUpdating = false;      ///< one editor changes another; prevents re-entry
     std::int16_t editFlags = editFlag::none;
 
-    Figures figures; ///< what the estimate found last
+    Figures figures; ///< of the last estimate
 
-    // What the drivers offer together, and how that comes about.
+    // Common offers of the drivers and how they result.
     OfferAccount samplePeriodOffers, blockSizeOffers, scanPeriodOffers;
 
     std::optional<TriggerVars> triggerVars;
@@ -137,14 +137,14 @@ public:
     std::string hertzText;
     std::string notApplicableText;
 
-    /// The start option that is selected; null while the start mode is not known.
+    /// The selected start option; null while the start mode is unknown.
     [[nodiscard]] OptionButton* startOption();
 
-    /// The drivers that the host announced, as far as it handed them over.
+    /// The announced drivers that the host has passed.
     [[nodiscard]] Drivers currentDrivers() const;
-    /// The driver of this index; null for -1, an index outside the list or an empty entry.
+    /// The driver with this index; null for -1, an index outside the list or an empty entry.
     [[nodiscard]] Driver* driverAt(std::int32_t index) const;
-    /// Its timebase; null where there is no driver or it offers none.
+    /// The timebase of that driver; null when there is no driver or it offers none.
     [[nodiscard]] Timebase* timebaseAt(std::int32_t index) const;
 };
 

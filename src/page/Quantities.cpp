@@ -18,11 +18,11 @@ std::optional<double> reciprocalBound(double value)
     return value > 0.0 ? bound(1.0 / value) : std::nullopt;
 }
 
-// The bounds of periods in seconds and of their rates in 1/s; 0 is no bound.
+// Bounds of periods in seconds and of their rates in 1/s; 0 means no bound.
 
 NumberBounds periodBounds(Range periods)
 {
-    // No period is below 0: such a range is reversed.
+    // No period is below 0: returns bounds that accept nothing.
     if (periods.maximum < 0.0)
         return {periods.minimum, periods.maximum, true};
     return {bound(periods.minimum), bound(periods.maximum), true};

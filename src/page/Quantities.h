@@ -13,17 +13,17 @@
 
 namespace ko {
 
-/// A number that each timebase holds: a period in seconds or a block size in samples.
+/// A number of a timebase: a period in seconds or a block size in samples.
 struct TimebaseNumber {
-    std::string_view name; ///< as set-up files and scripts know it: "samplePeriod"
+    std::string_view name; ///< in set-up files and scripts: "samplePeriod"
     double (Timebase::*get)();
     void (Timebase::*set)(double);
-    std::vector<double> (Timebase::*choices)(); ///< what a driver offers: a list of values,
-    Range (Timebase::*range)();                 ///< or where that is empty a range
-    OfferAccount Page::*offers;                 ///< what all drivers offer together
-    bool isPeriod;                              ///< only numbers above 0 with a finite reciprocal
-    bool toAllDrivers;                          ///< written to every driver, else to the current dynamic one
-    Frame Page::*frame;                         ///< holds its editors
+    std::vector<double> (Timebase::*choices)(); ///< the discrete values that a driver offers
+    Range (Timebase::*range)();                 ///< the range that it offers when there are none
+    OfferAccount Page::*offers;                 ///< the drivers' common offer
+    bool isPeriod;                              ///< accepts only numbers above 0 with a finite reciprocal
+    bool toAllDrivers;                          ///< true: written to every driver; false: to the current dynamic one
+    Frame Page::*frame;                         ///< contains its editors
 };
 
 namespace timebaseNumber {
@@ -57,29 +57,28 @@ inline constexpr TimebaseNumber scanPeriod{"scanPeriod",
 inline constexpr std::array all{&samplePeriod, &blockSize, &scanPeriod};
 } // namespace timebaseNumber
 
-/// One of the quantities that the page edits: a number of the timebases in the form in which its controls show it.
+/// A quantity that the page edits: a number of a timebase as its controls show it.
 struct Quantity {
-    std::string_view name; ///< as settings and scripts know it: "sample-rate"
+    std::string_view name; ///< in settings and scripts: "sample-rate"
     std::string_view unit; ///< symbol
     const TimebaseNumber* number;
     bool isRate; ///< shows the reciprocal of the number
     NumberType type;
     int captionText, toolTipText; ///< numbers in the string table
     Label Page::*label;
-    ComboBox Page::*list;        ///< shown where the drivers share choices,
-    TextBox Page::*box;          ///< else this
+    ComboBox Page::*list;        ///< shown when the drivers share discrete values
+    TextBox Page::*box;          ///< shown otherwise
     CommandButton Page::*button; ///< explains what the drivers offer
 
-    /// What the page shows for a number that a driver holds, and the number of what is shown. Failure 11
-    /// for the reciprocal of 0.
+    /// Convert between the number that a driver holds and the number shown. Failure 11 for the reciprocal of 0.
     [[nodiscard]] double shown(double held) const;
     [[nodiscard]] double held(double shown) const { return this->shown(shown); }
 
-    /// What the drivers together accept, as the box shows it.
+    /// The bounds that all drivers accept, in the quantity's unit.
     [[nodiscard]] NumberBounds bounds(const Page& page) const;
 };
 
-/// All quantities, in the order of the page. A further one is a row here, its controls in `Page` and its texts.
+/// All quantities, in the order of the page. A new one needs a row here, its controls in `Page` and its texts.
 inline constexpr std::array quantities{
     Quantity{"sample-rate", "Sa/s", &timebaseNumber::samplePeriod, true, NumberType::Double,
              textNumber::page::sampleRate, textNumber::page::sampleRateHint, &Page::lblSampleRate, &Page::cmbSampleRate,
@@ -113,9 +112,9 @@ inline const Quantity& rateOf(const TimebaseNumber& period)
                          [&](const Quantity& quantity) { return quantity.number == &period && quantity.isRate; });
 }
 
-/// The timebase whose number the editors show: the current dynamic driver's, or for a number that all drivers share
-/// the current static driver's, else the first static driver's that has one, else the first of all. Failures of the
-/// current driver reach the caller.
+/// The timebase whose number the editors show: that of the current dynamic driver or, for a number that is written to
+/// every driver, that of the current static driver, else of the first static driver that has a timebase, else the first
+/// of all. Failures of the current driver reach the caller.
 IndexedTimebase shownTimebase(const Page& page, const TimebaseNumber& number);
 
 /// A number to be written to drivers, for `GuardedWrite`.

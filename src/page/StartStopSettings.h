@@ -9,8 +9,8 @@
 
 namespace ko {
 
-/// Start and stop of a recording as far as they are known, read from a driver or to be written to one. A member that
-/// is not set could not be read, or stays as the driver has it.
+/// The known start and stop settings of a recording, read from a driver or to be written to one. A member that is not
+/// set could not be read, or is not to be written.
 struct StartStopSettings {
     std::optional<std::int32_t> startMode;
     std::optional<DateTime> startTime;
@@ -21,29 +21,29 @@ struct StartStopSettings {
 
     /// The order in which the members are written.
     enum class Order : std::uint8_t {
-        Edited, ///< of a user's change: duration, start time, then the modes
-        Loaded  ///< of a page that is built: start mode, start time, stop mode, duration
+        Edited, ///< for a user's change: duration, start time, then the modes
+        Loaded  ///< for building the page: start mode, start time, stop mode, duration
     };
 
-    /// All four members of a copy.
+    /// Sets all four members from `vars`.
     static StartStopSettings of(const TriggerVars& vars)
     {
         return {vars.startMode, vars.startTime, vars.stopMode, vars.duration};
     }
     [[nodiscard]] bool isComplete() const { return startMode && startTime && stopMode && duration; }
-    /// Members that are not set are taken from `other`: what was written where reading it back failed.
+    /// Takes members that are not set from `other`: the written values whose reading back failed.
     void complete(const StartStopSettings& other);
-    /// All members as the driver has them: start mode, start time, stop mode, duration, in this order. Failures are
-    /// reported to `step`.
+    /// Reads start mode, start time, stop mode and duration from the driver, in this order. Failures are reported to
+    /// `step`.
     static StartStopSettings readAll(const Steps& step, Timebase& timebase);
 
-    /// The members that are set here, as the driver has them. Failures are reported to `step`.
+    /// Reads those members from the driver that are set here. Failures are reported to `step`.
     [[nodiscard]] StartStopSettings read(const Steps& step, Timebase& timebase) const;
 
-    /// Writes the members that are set; whether all writes succeeded. Failures are reported to `step`.
+    /// Writes the members that are set; returns whether all writes succeeded. Failures are reported to `step`.
     bool write(const Steps& step, Timebase& timebase, Order order = Order::Edited) const;
 
-    /// The members that are set here and that `other` lacks or has otherwise.
+    /// The members that are set here and not set or different in `other`.
     [[nodiscard]] StartStopSettings without(const StartStopSettings& other) const;
     [[nodiscard]] bool isEmpty() const { return !(startMode || startTime || stopMode || duration); }
 };

@@ -12,13 +12,13 @@ namespace ko {
 struct IndexedTimebase {
     std::int32_t driver = -1;
     Timebase* timebase = nullptr;
-    bool isAfterFailing = false; ///< a driver before it was passed over because it failed
+    bool isAfterFailing = false; ///< an earlier driver was skipped because it failed
 
     explicit operator bool() const { return timebase != nullptr; }
 };
 
-/// Calls `visit(IndexedTimebase)` for each driver of the list that offers a timebase, in list order. A failing query
-/// is reported to `step`; that driver is passed over.
+/// Calls `visit(IndexedTimebase)` for each driver of the list that offers a timebase, in list order. A failing query is
+/// reported to `step`, and that driver is skipped.
 template <class Visit> void forEachTimebase(const Steps& step, Drivers drivers, Visit&& visit)
 {
     for (std::size_t i = 0; i < drivers.size(); ++i)
@@ -27,8 +27,8 @@ template <class Visit> void forEachTimebase(const Steps& step, Drivers drivers, 
                 visit(IndexedTimebase{.driver = static_cast<std::int32_t>(i), .timebase = timebase});
 }
 
-/// The first timebase that `accepts(Driver&, Timebase&)` takes; a driver whose query or test fails is passed over
-/// without a report.
+/// The first timebase for which `accepts(Driver&, Timebase&)` returns true; a driver whose query or test fails is
+/// skipped without a report.
 template <class Accepts> IndexedTimebase firstTimebase(Drivers drivers, Accepts&& accepts)
 {
     bool anyFailed = false;

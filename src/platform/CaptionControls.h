@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// A control whose text is its caption. An ampersand marks the mnemonic, two stand for one.
+/// A control whose text is its caption. An ampersand marks the mnemonic; two ampersands show one.
 class CaptionControl : public Control {
 public:
     using Control::Control;
@@ -22,12 +22,12 @@ public:
     [[nodiscard]] std::string_view typeName() const override { return "Label"; }
 };
 
-/// A label whose figure has a limit.
+/// A label that shows a figure with a limit.
 class LimitedLabel : public Label {
 public:
     using Label::Label;
 
-    /// How much of its limit the figure takes, 0 to 1; 0 while the figure is not known.
+    /// The fraction of the limit that the figure uses, 0 to 1; 0 while the figure is unknown.
     [[nodiscard]] double share() const { return share_; }
     void setShare(double share);
 
@@ -58,7 +58,7 @@ public:
     [[nodiscard]] bool takesFocus() const override { return true; }
 };
 
-/// A menu or one of its items: an item's container is the menu it stands in.
+/// A menu or a menu item; an item's container is its menu.
 class Menu : public PressControl {
 public:
     using PressControl::PressControl;
@@ -67,7 +67,7 @@ public:
     [[nodiscard]] bool hasToolTip() const override { return false; }
 };
 
-/// A picture, named by the number of the resource that holds it (0: none). It has no caption of its own.
+/// A picture, identified by its resource number (0: none). It has no caption.
 class Image : public PressControl {
 public:
     using PressControl::PressControl;
@@ -81,7 +81,7 @@ private:
     int picture_ = 0;
 };
 
-/// One of the options of its frame: selecting it deselects the others. An option that becomes selected raises its
+/// One of the options in its frame: selecting it deselects the others. An option that becomes selected raises its
 /// click, whether the program or the user selects it.
 class OptionButton : public PressControl {
 public:
@@ -91,13 +91,13 @@ public:
 
     [[nodiscard]] bool value() const { return value_; }
     void select();
-    /// Moves the selection here without a click, for putting an option back or showing one.
+    /// Selects this option without raising its click, to restore or show a selection.
     void showSelected();
-    /// No option of the frame is selected any more; no click.
+    /// Clears the frame's selection without raising a click.
     void deselect();
     Outcome userClicked() override;
 
-    /// The user clicked the option that is selected already.
+    /// The user clicked the option that was already selected.
     std::function<void()> clickAgain;
 
 private:

@@ -17,8 +17,8 @@ std::string textOf(const Value& value)
 
 } // namespace
 
-/// The answer to a question, or nothing of its type when the driver fails.
-template <class Question> auto ChannelSelector::asked(Question&& question) const
+/// The result of `question`, or a default-constructed one when the driver fails.
+template <class Question> auto ChannelSelector::resultOf(Question&& question) const
 {
     using Answer = std::decay_t<std::invoke_result_t<Question>>;
     try {
@@ -41,17 +41,17 @@ void ChannelSelector::list()
     entries_.clear();
     selected_.clear();
     for (const auto& driver : drivers_)
-        if (driver && asked([&] { return letsThrough(*driver); }))
+        if (driver && resultOf([&] { return letsThrough(*driver); }))
             listDriver(driver);
     tellView(Aspect::Items);
 }
 
 void ChannelSelector::listDriver(const std::shared_ptr<Driver>& driver)
 {
-    entries_.push_back({driver, -1, -1, asked([&] { return driver->DriverName(0); })});
-    const std::int32_t groups = asked([&] { return driver->GroupCount(); });
+    entries_.push_back({driver, -1, -1, resultOf([&] { return driver->DriverName(0); })});
+    const std::int32_t groups = resultOf([&] { return driver->GroupCount(); });
     TriggerParameters* trigger = nullptr;
-    const bool isOffered = !canTrigger_ || asked([&] {
+    const bool isOffered = !canTrigger_ || resultOf([&] {
         trigger = driver->queryTriggerParameters();
         return true;
     });
@@ -61,13 +61,13 @@ void ChannelSelector::listDriver(const std::shared_ptr<Driver>& driver)
 
 void ChannelSelector::listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot, TriggerParameters* trigger)
 {
-    const std::int32_t channels = asked([&] { return driver->ChannelCount(slot); });
+    const std::int32_t channels = resultOf([&] { return driver->ChannelCount(slot); });
     const std::size_t groupLine = entries_.size();
     for (std::int32_t channel = 0; channel < channels; ++channel) {
-        if (trigger && !asked([&] { return trigger->CanTrigger(slot, channel); }))
+        if (trigger && !resultOf([&] { return trigger->CanTrigger(slot, channel); }))
             continue;
         const auto attributeText = [&](std::int32_t number) {
-            return asked([&] { return textOf(driver->ChannelAttribute(slot, channel, number)); });
+            return resultOf([&] { return textOf(driver->ChannelAttribute(slot, channel, number)); });
         };
         const std::string name = attributeText(attribute::name);
         const std::string address = attributeText(attribute::address);
@@ -76,7 +76,7 @@ void ChannelSelector::listGroup(const std::shared_ptr<Driver>& driver, std::int3
     }
     if (entries_.size() == groupLine)
         return;
-    Entry group{driver, slot, -1, asked([&] { return driver->GroupName(slot); })};
+    Entry group{driver, slot, -1, resultOf([&] { return driver->GroupName(slot); })};
     entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(groupLine), std::move(group));
 }
 
@@ -146,7 +146,7 @@ std::optional<std::size_t> ChannelSelector::lineOf(const Driver* driver, std::in
     return found == entries_.end() ? std::nullopt : std::optional(static_cast<std::size_t>(found - entries_.begin()));
 }
 
-void ChannelSelector::tellLines(const char* verb, const Lines& lines) const
+void ChannelSelector::recordLines(const char* verb, const Lines& lines) const
 {
     std::vector<std::string> words{verb};
     for (const std::size_t line : lines) {
@@ -171,7 +171,7 @@ Outcome ChannelSelector::pick(const char* verb, Lines lines)
     if (entered != Outcome::Done)
         return entered;
     if (form().userActs)
-        tellLines(verb, lines);
+        recordLines(verb, lines);
     select(std::move(lines));
     return entered;
 }

@@ -9,7 +9,7 @@
 namespace ko {
 
 /// Channels as three parallel arrays: the driver of each, its slot (the group's index, in `groups`) and its index in
-/// the group. -1 stands for a whole group, or for a whole device where both are -1.
+/// the group. A channel of -1 means a whole group; a slot and channel of -1 mean a whole device.
 struct ChannelSelections {
     OneBased<std::shared_ptr<Driver>> drivers;
     OneBased<std::int32_t> groups;
@@ -18,11 +18,11 @@ struct ChannelSelections {
     bool operator==(const ChannelSelections&) const = default;
 };
 
-/// A browser of the drivers' channels: a tree of driver, group and channel, as far as its filters let them through.
-/// A group of which nothing is listed is not listed either. The selector shares ownership of its drivers.
+/// A browser of the drivers' channels: a tree of drivers, groups and channels that pass its filters. A group without
+/// listed channels is not listed. The selector shares ownership of its drivers.
 class ChannelSelector : public Control, private IKopDrivers {
 public:
-    /// A line of the tree, in depth-first order.
+    /// A line of the tree; lines are in depth-first order.
     struct Entry {
         std::shared_ptr<Driver> driver;
         std::int32_t slot = -1;
@@ -36,7 +36,7 @@ public:
 
     /// Values of the driver-type filter.
     enum DriverTypes : std::int32_t { everyDriver, dynamicDrivers, staticDrivers };
-    /// Values of the direction filter. What drivers tell of their channels makes all of them inputs.
+    /// Values of the direction filter. Drivers report no direction, so every channel counts as an input.
     enum Directions : std::int32_t { inputs, outputs };
 
     using Control::Control;
@@ -45,44 +45,44 @@ public:
     [[nodiscard]] bool takesFocus() const override { return true; }
     [[nodiscard]] bool hasFont() const override { return false; }
 
-    /// Hands over the drivers whose channels are listed.
+    /// Accepts the drivers whose channels are listed.
     [[nodiscard]] IKopDrivers& driverList() { return *this; }
 
-    // Filters; each change lists the channels anew.
+    // Filters; each change rebuilds the list of channels.
     void setDriverType(std::int32_t type) { set(driverType_, type); }
-    /// Leaves out the channels that their driver says cannot be a trigger source.
+    /// Omits the channels that cannot be a trigger source according to their driver.
     void setCanTrigger(bool only) { set(canTrigger_, only); }
     void setDirection(std::int32_t direction) { set(direction_, direction); }
-    /// Only drivers that scan single values, that sample blocks of them; both or neither: every driver.
+    /// Lists only drivers that scan single values, or only drivers that sample blocks; both or neither: every driver.
     void setSingleValue(bool only) { set(singleValue_, only); }
     void setMultiValue(bool only) { set(multiValue_, only); }
-    /// Off: one selection at most, whatever the limit.
+    /// When off, at most one line can be selected, whatever the limit.
     void setMultipleSelection(bool on) { multipleSelection_ = on; }
     [[nodiscard]] bool multipleSelection() const { return multipleSelection_; }
     void setSelectionLimit(std::int32_t limit) { selectionLimit_ = limit; }
     [[nodiscard]] std::size_t mostSelections() const;
 
-    /// Nothing is selected any more.
+    /// Clears the selection.
     void reset();
-    /// Selects what of `channels` is listed; a whole device is not preselected.
+    /// Selects those of `channels` that are listed; a whole device is not preselected.
     void preselect(const ChannelSelections& channels);
-    /// Fills the arrays with what is selected, in the tree's order, and returns how many that are.
+    /// Fills the arrays with the selection, in the tree's order, and returns the number of selections.
     std::int32_t getSelections(ChannelSelections& selections) const;
 
     [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
     [[nodiscard]] const Lines& selected() const { return selected_; }
-    /// The line of a channel, group or device; of any driver when `driver` is null. None where it is not listed.
+    /// The line of a channel, group or device; of any driver when `driver` is null. None when it is not listed.
     [[nodiscard]] std::optional<std::size_t> lineOf(const Driver* driver, std::int32_t slot,
                                                     std::int32_t channel) const;
 
-    /// The user selects these lines and no others, as many as may be selected. Inert where a line does not exist.
+    /// The user selects exactly these lines, up to the maximum number of selections. Inert when a line does not exist.
     Outcome userPicked(Lines lines);
     /// The user activates a line, which selects it.
     Outcome userActivated(std::size_t line);
 
     std::function<void()> activated;
-    /// Raised while a driver's failure (the current exception) is being handled; the listing goes on without what
-    /// the driver could not tell.
+    /// Raised while a driver's failure (the current exception) is being handled; the listing continues without the
+    /// value that failed.
     std::function<void()> failed;
 
 private:
@@ -100,13 +100,13 @@ private:
     }
     void list();
     Outcome pick(const char* verb, Lines lines);
-    void tellLines(const char* verb, const Lines& lines) const;
+    void recordLines(const char* verb, const Lines& lines) const;
     void listDriver(const std::shared_ptr<Driver>& driver);
-    /// `trigger` answers whether a channel can be a trigger source; without it all are listed.
+    /// `trigger` decides whether a channel can be a trigger source; when it is null, all channels are listed.
     void listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot, TriggerParameters* trigger);
     [[nodiscard]] bool letsThrough(Driver& driver) const;
     void select(Lines lines);
-    template <class Question> auto asked(Question&& question) const;
+    template <class Question> auto resultOf(Question&& question) const;
 
     std::int32_t announced_ = 0;
     DriverList drivers_;

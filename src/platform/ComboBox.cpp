@@ -55,7 +55,7 @@ Outcome ComboBox::userChose(std::int32_t index)
     const Outcome entered = enter();
     if (entered != Outcome::Done)
         return entered;
-    // Leaving the other control may have filled the list anew.
+    // Leaving the other control may have replaced the items.
     if (!isEntry(index))
         return Outcome::Inert;
     form().tellUserActs("choose", name(), "#" + std::to_string(index));

@@ -6,7 +6,7 @@
 
 namespace ko {
 
-/// A drop-down list. Choosing an entry from the program raises nothing; only a user's choice clicks.
+/// A drop-down list. Selecting an entry from the program raises nothing; only a user's choice raises the click.
 class ComboBox : public Control {
 public:
     struct Item {
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] const std::vector<Item>& items() const { return items_; }
     /// Replaces all entries at once; none is selected afterwards.
     void setItems(std::vector<Item> items);
-    /// Replaces one entry and keeps the selection. Failure 5 where there is no such entry.
+    /// Replaces one entry and keeps the selection. Failure 5 when there is no such entry.
     void replaceItem(std::int32_t index, Item item);
 
     /// The selected entry, -1 for none.
@@ -36,7 +36,7 @@ public:
     /// The selected entry's item data. Failure 5 when none is selected.
     [[nodiscard]] std::int32_t itemData() const;
 
-    /// The user picks an entry, which may be the selected one. Inert where there is no such entry.
+    /// The user chooses an entry, which may be the selected one. Inert when there is no such entry.
     Outcome userChose(std::int32_t index);
 
     std::function<void()> click;

@@ -12,14 +12,14 @@ namespace ko {
 class Form;
 class TextEditing;
 
-/// What of a control has changed; a view refreshes just that.
+/// The part of a control that has changed; a view refreshes only that.
 enum class Aspect { Usability, Text, Selection, Items, Font, Hint, Bounds, Mark };
 
-/// What became of a user's input.
+/// The result of a user's input.
 enum class Outcome {
-    Done,   ///< the control took it
+    Done,   ///< the control accepted the input
     Inert,  ///< the control is disabled, hidden or locked, by itself or by its frame
-    Refused ///< the control that has the focus did not let it go
+    Refused ///< the focused control refused to give up the focus
 };
 
 /// Position and size in twips within the form.
@@ -29,31 +29,32 @@ struct Bounds {
     bool operator==(const Bounds&) const = default;
 };
 
-/// One control of a form: its properties, the events it raises and the door by which the user's input enters.
+/// One control of a form: its properties, its events and the `user…` members through which the user's input enters.
 ///
-/// A setter compares, stores, tells the view, raises. Event handlers report their own failures; a handler that
-/// throws all the same reaches whoever gave the input. Controls live as long as their form and are never copied.
+/// A setter compares, stores, notifies the view and raises the event. Event handlers report their own failures; an
+/// exception that a handler throws all the same propagates to the caller of the input member. A control must not
+/// outlive its form and cannot be copied.
 class Control {
 public:
-    /// `container` is the frame that holds the control, or null when it stands on the form itself.
+    /// `container` is the frame that holds the control, or null when the control is placed directly on the form.
     Control(Form& form, std::string name, Control* container = nullptr);
     virtual ~Control() = default;
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
-    /// The type name that loaders and scripts know: "TextBox", "ComboBox", ...
+    /// The type name that loaders and scripts use: "TextBox", "ComboBox", ...
     [[nodiscard]] virtual std::string_view typeName() const = 0;
     [[nodiscard]] virtual bool takesFocus() const { return false; }
     [[nodiscard]] virtual bool hasFont() const { return true; }
     [[nodiscard]] virtual bool hasToolTip() const { return true; }
-    /// The text that is being edited in the control, for the edit commands; null when there is none.
+    /// The text being edited in the control, for the edit commands; null when there is none.
     [[nodiscard]] virtual TextEditing* textEditing() { return nullptr; }
 
     [[nodiscard]] const std::string& name() const { return name_; }
     [[nodiscard]] Form& form() const { return form_; }
     [[nodiscard]] Control* container() const { return container_; }
 
-    /// The control's own switches, whatever its frame's are. A focused control that can no longer be used loses the
+    /// The control's own settings, regardless of its frame's. A focused control that can no longer be used loses the
     /// focus without validation.
     [[nodiscard]] bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
@@ -77,14 +78,14 @@ public:
 
     std::function<void()> gotFocus;
     std::function<void()> lostFocus;
-    /// Asked before the focus leaves; false keeps it.
+    /// Called before the focus leaves; false keeps it.
     std::function<bool()> validate;
-    /// Set by the one view that shows the control, cleared when the view goes.
+    /// Set by the one view that shows the control, cleared when the view is destroyed.
     std::function<void(Aspect)> view;
 
 protected:
     void tellView(Aspect aspect) const;
-    /// The start of every input by the user: refused when the control cannot be used, else the focus moves here.
+    /// First step of every user input: inert when the control cannot be used, otherwise moves the focus to the control.
     Outcome enter();
 
 private:

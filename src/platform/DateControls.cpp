@@ -24,7 +24,7 @@ bool isTime(int hour, int minute, int second)
     return hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
 }
 
-/// "2026-11-24" or "15:04:05"
+/// For example "2026-11-24" or "15:04:05".
 std::string joined(int first, int second, int third, char separator)
 {
     const auto twoDigits = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };

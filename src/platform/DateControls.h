@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// A month calendar. A date that the program sets counts as a change, too.
+/// A month calendar. A date set by the program raises `change`, too.
 class Calendar : public Control {
 public:
     using Control::Control;
@@ -16,11 +16,11 @@ public:
     [[nodiscard]] int year() const { return year_; }
     [[nodiscard]] int month() const { return month_; }
     [[nodiscard]] int day() const { return day_; }
-    /// Takes the date as a whole. Failure 5 for a date that is none.
+    /// Sets the whole date at once. Failure 5 for an invalid date.
     void setDate(int year, int month, int day);
 
-    /// The user picks a date; one that is none is inert, and so is one before 31 December 1899, whose day number
-    /// would be that of a time of day.
+    /// The user picks a date. Inert for an invalid date, and for one before 31 December 1899, whose day number would
+    /// mean a time of day.
     Outcome userChose(int year, int month, int day);
 
     std::function<void()> change;
@@ -31,7 +31,7 @@ private:
     int day_ = 1;
 };
 
-/// How a selector shows a time of day.
+/// The format in which a selector shows a time of day.
 struct TimeFormat {
     std::string picture = "h:mm:ss tt"; ///< as in `Locale`
     std::string amDesignator = "AM";
@@ -51,13 +51,13 @@ public:
     [[nodiscard]] int hour() const { return hour_; }
     [[nodiscard]] int minute() const { return minute_; }
     [[nodiscard]] int second() const { return second_; }
-    /// Failure 5 for a time of day that is none.
+    /// Failure 5 for an invalid time of day.
     void setTime(int hour, int minute, int second);
 
     [[nodiscard]] const TimeFormat& format() const { return format_; }
     void setFormat(const TimeFormat& format);
 
-    /// The user picks a time; one that is none is inert.
+    /// The user picks a time. Inert for an invalid time.
     Outcome userChose(int hour, int minute, int second);
 
     std::function<void()> change;

@@ -35,7 +35,7 @@ void appendLiteral(DatePicture& picture, char character)
     picture.back().text += character;
 }
 
-/// Takes quoted text off, or two quotes; a quote that is never closed reaches to the end.
+/// Consumes quoted text or two quotes; an unclosed quote extends to the end.
 void takeQuoted(std::string_view& rest, DatePicture& picture)
 {
     constexpr std::string_view quoteItself = "''";
@@ -120,7 +120,7 @@ public:
         return false;
     }
 
-    /// What has been read, when it is a date and a time of day.
+    /// The parts read, if they are a valid date and time of day.
     [[nodiscard]] std::optional<DateParts> parts() const
     {
         using namespace std::chrono;
@@ -171,7 +171,7 @@ private:
         return true;
     }
 
-    /// The longest designator counts, so that "AM" is not taken for an "A".
+    /// The longest designator wins, so that "AM" is not read as "A".
     bool readDesignator()
     {
         const std::array<std::string_view, 4> texts{locale_.amDesignator, "AM", locale_.pmDesignator, "PM"};
@@ -186,7 +186,7 @@ private:
         return length > 0;
     }
 
-    /// Turns an hour of the 12-hour clock into one of the day; an hour of the day must suit its designator.
+    /// Converts an hour of the 12-hour clock to 24 hours; an hour of the 24-hour clock must match its designator.
     bool agreeWithDesignator(int& hour) const
     {
         if (designator_ == Designator::am) {

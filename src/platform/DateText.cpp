@@ -51,8 +51,7 @@ std::vector<DatePicture> datePictures(std::string_view text, const Locale& local
     return {date, inOrderOf(date, "/"), inOrderOf(date, "-"), inOrderOf(date, ".")};
 }
 
-/// Hours, minutes and seconds, with the designator behind them, in front of them, or without one; then the same
-/// without seconds.
+/// Hours, minutes and seconds, with the designator after them, before them or absent; then the same without seconds.
 void addClocks(std::vector<DatePicture>& pictures, std::string_view separator)
 {
     DatePicture clock{
@@ -79,7 +78,7 @@ std::vector<DatePicture> timePictures(const Locale& locale)
     return pictures;
 }
 
-/// The time of day, when the whole text is one.
+/// The time of day, if the whole text is one.
 std::optional<DateTime> readTime(std::string_view text, const Locale& locale)
 {
     for (const DatePicture& picture : timePictures(locale)) {
@@ -91,7 +90,7 @@ std::optional<DateTime> readTime(std::string_view text, const Locale& locale)
     return std::nullopt;
 }
 
-/// The date, and the time behind it if there is one, when the whole text matches the picture of the date.
+/// The date and the optional time after it, if the whole text is a date in this picture and such a time.
 std::optional<DateTime> readDate(const DatePicture& picture, std::string_view text, const Locale& locale)
 {
     const auto parts = readPicture(picture, text, locale);

@@ -37,14 +37,14 @@ Seconds inValidYears(Seconds seconds)
     return seconds;
 }
 
-constexpr double reach = 4e6; // days beyond every valid one, well within the whole numbers
+constexpr double reach = 4e6; // days; beyond every valid day, well within the range of integers
 
-/// Whole seconds since the start of day 0, which unlike day numbers count evenly across it.
+/// Whole seconds since the start of day 0; unlike day numbers they are monotonic before it.
 Seconds roundedSeconds(DateTime time)
 {
     const double day = std::trunc(time.days);
     const Seconds ofDay = std::llround(std::abs(time.days - day) * static_cast<double>(secondsPerDay));
-    // What carries no date is not rounded into one.
+    // A time of day must not be rounded up into a date.
     return static_cast<Seconds>(day) * secondsPerDay + (day == 0.0 ? std::min(ofDay, secondsPerDay - 1) : ofDay);
 }
 
@@ -87,7 +87,7 @@ DateParts dateParts(DateTime time)
 DateTime dateSerial(int year, int month, int day)
 {
     using namespace std::chrono;
-    constexpr std::int64_t reach = 30000; // the years that the calendar computes with
+    constexpr std::int64_t reach = 30000; // years that the calendar arithmetic supports
     const std::int64_t monthsBefore = static_cast<std::int64_t>(month) - 1;
     const std::int64_t carriedYear = year + floorDivide(monthsBefore, 12);
     if (std::abs(carriedYear) > reach)
@@ -122,7 +122,7 @@ std::int32_t secondsPerUnit(TimeUnit unit)
 
 DateTime dateAdd(TimeUnit unit, double amount, DateTime time)
 {
-    constexpr double reach = 1e12; // more seconds than lie between any two valid times
+    constexpr double reach = 1e12; // seconds; more than between any two valid times
     const double seconds = amount * secondsPerUnit(unit);
     if (!(std::abs(seconds) < reach))
         fail(failure::invalidCall);

@@ -6,15 +6,15 @@
 
 namespace ko {
 
-/// The text up to its first line break: what a one-line text takes of it.
+/// The text up to its first line break, which is all that a one-line text accepts.
 std::string_view firstLine(std::string_view text);
 
-/// What the edit commands ask of the text that is being edited. Text is UTF-8; positions count characters.
+/// Access of the edit commands to the text being edited. Text is UTF-8; positions count characters.
 class TextEditing {
 public:
     [[nodiscard]] virtual std::size_t selLength() const = 0;
     [[nodiscard]] virtual std::string selText() const = 0;
-    /// Replaces the selection, or inserts at the cursor, by the first line of `text`; the cursor goes after it.
+    /// Replaces the selection by the first line of `text`, or inserts it at the cursor; the cursor moves after it.
     virtual void setSelText(const std::string& text) = 0;
 
 protected:
@@ -29,15 +29,15 @@ public:
     [[nodiscard]] std::size_t selLength() const { return selLength_; }
     [[nodiscard]] std::string selText() const;
 
-    /// Positions beyond the text are drawn back to its end. Whether the selection is another one now.
+    /// Positions beyond the text are clamped to its end. Returns whether the selection changed.
     bool select(std::size_t start, std::size_t length);
-    /// Whether the text is another one now.
+    /// Returns whether the text changed.
     bool put(const std::string& text, std::size_t start, std::size_t length);
-    /// What the text becomes with the first line of `text` in place of the selection, the cursor after it. The
-    /// empty text deletes the selection; a text with nothing on its first line changes nothing.
+    /// The result of replacing the selection with the first line of `text`, with the cursor after it. An empty text
+    /// deletes the selection; a text whose first line is empty changes nothing.
     [[nodiscard]] EditText replaced(const std::string& text) const;
-    /// What a user's input, which has made `text` of it, leaves, with its selection. Of what was put in before the
-    /// cursor only the first line counts; where that holds nothing the input changes nothing.
+    /// The result of a user's input that turned this text into `text` with the given selection. Of the text inserted
+    /// before the cursor only the first line is kept; if that line is empty the input changes nothing.
     [[nodiscard]] EditText entered(const std::string& text, std::size_t start, std::size_t length) const;
 
 private:

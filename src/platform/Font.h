@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// A font as controls carry it. An empty face name and a size of 0 mean the system's own.
+/// The font of a control. An empty face name and a size of 0 mean the system's default.
 struct Font {
     std::string name;
     double size = 0.0; ///< in points

@@ -29,7 +29,7 @@ bool Form::moveFocus(Control* control)
         return true;
     if (control && (!control->takesFocus() || !control->isUsable()))
         return false;
-    // A validate handler that shows a message box may make the toolkit move the focus again.
+    // A message box that a validate handler shows may cause the toolkit to move the focus again.
     if (validating_)
         return false;
     if (activeControl_ && activeControl_->validate) {

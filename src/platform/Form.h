@@ -9,7 +9,7 @@ namespace ko {
 
 class PressControl;
 
-/// A key press on its way to a form. A handler swallows it by setting `keyCode` to 0.
+/// A key press on its way to a form. A handler consumes it by setting `keyCode` to 0.
 struct KeyPress {
     std::int16_t keyCode = 0;
     std::int16_t shift = 0; ///< 1 Shift, 2 Ctrl, 4 Alt, added up
@@ -20,8 +20,7 @@ inline constexpr std::int16_t f1 = 112;
 inline constexpr std::int16_t f12 = 123;
 } // namespace key
 
-/// A page or a dialog: its controls in the order in which they were made, its caption, its font, and which of its
-/// controls has the focus.
+/// A page or a dialog: its controls in order of creation, its caption, its font and its focused control.
 class Form {
 public:
     explicit Form(std::string name);
@@ -36,11 +35,11 @@ public:
     void setFont(const Font& font) { font_ = font; }
 
     [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }
-    /// The control of this name, `optStartTrig(3)` for a member of a control array; null when there is none.
+    /// The control with this name (`optStartTrig(3)` for a member of a control array); null when there is none.
     [[nodiscard]] Control* find(std::string_view name) const;
 
-    /// The buttons of a dialog that Enter presses, and Escape; the latter also ends a dialog that nothing else ends.
-    /// Null where there is none.
+    /// The buttons of a dialog that Enter and Escape press, or null. A dialog that is closed by other means also
+    /// presses the cancel button.
     [[nodiscard]] PressControl* okButton() const { return okButton_; }
     [[nodiscard]] PressControl* cancelButton() const { return cancelButton_; }
     void setButtons(PressControl& ok, PressControl& cancel)
@@ -51,35 +50,36 @@ public:
 
     /// The control that has the focus, or null.
     [[nodiscard]] Control* activeControl() const { return activeControl_; }
-    /// Moves the focus to `control` (null: to no control). The control left is asked first and may keep the focus;
-    /// false then. A control that is disabled, hidden or takes no focus leaves everything as it is: false, too.
+    /// Moves the focus to `control` (null: to no control). Returns false when the focused control's `validate` keeps
+    /// the focus, or when `control` is disabled, hidden or takes no focus; nothing changes then.
     bool moveFocus(Control* control);
     /// The user moves the focus; as `moveFocus`.
     bool userMovedFocus(Control* control);
     /// The user presses a key; raises `keyDown`.
     void userPressedKey(KeyPress& press) const;
-    /// Takes the focus away without asking; the control left runs its lost-focus event.
+    /// Removes the focus without validation; the control that had it raises `lostFocus`.
     void dropFocus();
 
-    /// Position and size in twips; dialogs are placed by them.
+    /// Position and size in twips; used to place dialogs.
     [[nodiscard]] const Bounds& bounds() const { return bounds_; }
     void move(std::int32_t left, std::int32_t top);
-    /// Sets the size of the inner area and raises `resized` when it is another one.
+    /// Sets the size of the inner area and raises `resized` when it changes.
     void resize(std::int32_t width, std::int32_t height);
 
-    /// Set by whoever shows the form as a dialog, raised before the form is placed: resizes it to what its view needs.
+    /// Set by the service that shows the form as a dialog and raised before the form is placed: resizes the form to the
+    /// size that its view needs.
     std::function<void()> measure;
-    /// Every key that reaches the form before its controls see it.
+    /// Raised for every key press before the form's controls receive it.
     std::function<void(KeyPress&)> keyDown;
-    /// The inner area has another size; the form lays its controls out.
+    /// The size of the inner area has changed; the form lays out its controls.
     std::function<void()> resized;
     /// Set by the view: the focus moved, the caption or the bounds changed.
     std::function<void()> view;
-    /// Set by whoever records the user's input: each step of an input, in the words of a scenario ("choose",
-    /// "cmbSampleRate", "#3"), before it takes effect. Moving the focus to the control is a step of its own.
+    /// Set by a recorder of the user's input. Raised with each step of an input, in the words of a scenario ("choose",
+    /// "cmbSampleRate", "#3"), before it takes effect. Moving the focus to the control is a separate step.
     std::function<void(const std::vector<std::string>& words)> userActs;
 
-    /// Raises `userActs` with these words, texts and whole numbers; without a listener no word is made.
+    /// Raises `userActs` with these words (texts and integers); without a listener no strings are created.
     template <class... Words> void tellUserActs(const Words&... words) const
     {
         if (userActs)

@@ -9,10 +9,10 @@
 
 namespace ko {
 
-/// Colours that the system's palette gives.
+/// Colours of the system palette.
 enum class SystemColor { windowBackground = 5, inactiveBorder = 11, buttonFace = 15 };
 
-/// How a grid cell looks and is edited.
+/// Appearance and editing of a grid cell.
 struct CellStyle {
     enum class Control { edit, check, list };
     enum class Alignment { left = 0, center = 1, right = 2 };
@@ -30,8 +30,8 @@ struct CellStyle {
     bool operator==(const CellStyle&) const = default;
 };
 
-/// An edited cell that is about to be left, or whose edit ends. A handler refuses by setting `Value` to false; it
-/// clears `staysOpen`, too, where the user has nothing to correct.
+/// An edited cell whose edit is being checked or ends. A handler refuses by setting `Value` to false; it also clears
+/// `staysOpen` when there is nothing for the user to correct.
 struct CellEvent {
     std::int32_t row = 0, column = 0;
     std::string text;
@@ -39,17 +39,17 @@ struct CellEvent {
     bool staysOpen = true;
 };
 
-/// What a check cell's text says: "True" or "False" in any case, 0, 1 or -1; none for every other text.
+/// The state that a check cell's text means: "True" or "False" in any case, 0, 1 or -1; none for any other text.
 std::optional<bool> checkState(std::string_view text);
 
-/// A grid of names and values: column 0 holds each row's name, column 1 its value, column 2 its id, which is not
-/// shown. Rows count from 1, row 0 is the header.
+/// A grid of names and values: column 0 holds each row's name, column 1 its value, column 2 its id, which is not shown.
+/// Rows are numbered from 1; row 0 is the header.
 ///
-/// The user edits value cells, one at a time, in an editor that opens with the cell's text. An edit ends with the
-/// check and then the edit-end event; refused by either, it stays open with the user's text and keeps the focus. A
-/// refused edit is given up, and the cell keeps its value, where there is nothing to correct: in a list or check cell,
-/// which takes only its choices, and where the handler says so. An edit that changed nothing ends without events. The
-/// grid's own `validate` and `lostFocus` handlers end and drop it.
+/// The user edits value cells, one at a time, in an editor that opens with the cell's text. An edit ends with
+/// `OnValidateCell` and then `cellEdited`; when either refuses, the editor stays open with the user's text and keeps
+/// the focus. A refused edit is cancelled, and the cell keeps its value, when there is nothing to correct: in a list or
+/// check cell, which accepts only its choices, or when the handler clears `staysOpen`. An edit that changed nothing
+/// ends without events. The grid's own `validate` handler ends the edit, its `lostFocus` handler drops it.
 class Grid : public Control, public TextEditing {
 public:
     enum Column : std::int32_t { nameColumn, valueColumn, idColumn };
@@ -70,7 +70,7 @@ public:
     [[nodiscard]] TextEditing* textEditing() override { return editor_ ? this : nullptr; }
 
     [[nodiscard]] std::int32_t rowCount() const { return static_cast<std::int32_t>(rows_.size()) - 1; }
-    /// Drops an open edit: the rows are about to be others.
+    /// Drops an open edit, because the rows are being replaced.
     void setRowCount(std::int32_t count);
     /// Failure 9 outside the grid.
     [[nodiscard]] const Cell& cell(std::int32_t row, std::int32_t column) const;
@@ -88,47 +88,47 @@ public:
     /// Twips. A hidden column is 0 wide.
     [[nodiscard]] std::int32_t columnWidth(std::int32_t column) const;
     void setColumnWidth(std::int32_t column, std::int32_t width);
-    /// Inner width in twips, a vertical scroll bar included, and how many rows it shows at once; told by the view.
+    /// Inner width in twips, including a vertical scroll bar, and the number of rows visible at once; set by the view.
     [[nodiscard]] std::int32_t innerWidth() const { return innerWidth_; }
     [[nodiscard]] std::int32_t visibleRows() const { return visibleRows_; }
     void setInnerWidth(std::int32_t width) { innerWidth_ = width; }
     void setVisibleRows(std::int32_t rows) { visibleRows_ = rows; }
 
-    /// While drawing is locked the view hears nothing; unlocking tells it once.
+    /// While drawing is locked the view is not notified; unlocking notifies it once.
     void lockDrawing(bool locked);
 
     /// Whether the user can edit the value cell of this row.
     [[nodiscard]] bool isEditable(std::int32_t row) const;
-    /// The row whose value cell is open in an editor; 0 for none.
+    /// The row whose value cell is being edited; 0 for none.
     [[nodiscard]] std::int32_t editedRow() const { return editor_ ? editor_->row : 0; }
-    /// The open editor's text and selection; the view hears of them as of a text box's.
+    /// The open editor's text and selection; the view is notified of changes as for a text box.
     [[nodiscard]] const EditText& editor() const;
     [[nodiscard]] std::size_t selLength() const override { return editor().selLength(); }
     [[nodiscard]] std::string selText() const override { return editor().selText(); }
     void setSelText(const std::string& text) override;
-    /// Ends an open edit; false when it stays open.
+    /// Ends an open edit; returns false when it stays open.
     bool endEdit();
-    /// Whether an open edit would be allowed to end; one that is given up is closed.
+    /// Returns whether an open edit may end; closes an edit that is cancelled.
     bool checkEdit();
     /// Closes an open editor; the cell keeps its value.
     void dropEdit();
 
-    /// The user opens the value cell of a row, its whole text selected. An edit open in another row ends first, and
-    /// may refuse.
+    /// The user opens the value cell of a row with its whole text selected. An edit open in another row is ended first,
+    /// which may be refused.
     Outcome userOpenedCell(std::int32_t row);
-    /// The user's input left the open editor with this text and selection.
+    /// The user's input has changed the open editor to this text and selection.
     Outcome userTypedInCell(const std::string& text, std::size_t start, std::size_t length);
     Outcome userSelectedInCell(std::size_t start, std::size_t length);
-    /// The user gives a value cell another value and ends the edit: a text, an entry of the list, a check. Inert
-    /// where there is no such cell, entry or check.
+    /// The user sets a value cell (a text, a list entry or a check state) and ends the edit. Inert when there is no
+    /// such cell, entry or state.
     Outcome userEditedCell(std::int32_t row, const std::string& given);
-    /// The user ends an open edit, or gives it up. Inert where none is open.
+    /// The user ends or cancels an open edit. Inert when none is open.
     Outcome userEndedEdit();
     Outcome userDroppedEdit();
 
-    /// The check, before an edit ends.
+    /// Raised before an edit ends; may refuse.
     std::function<void(CellEvent&)> OnValidateCell;
-    /// The edit ends.
+    /// Raised when an edit ends; may refuse.
     std::function<void(CellEvent&)> cellEdited;
     /// An editor was opened or closed.
     std::function<void()> editorChanged;

@@ -42,7 +42,7 @@ const EditText& Grid::editor() const
     return editor_->text;
 }
 
-/// Whether the cell of the row can have this value at all.
+/// Whether the row's value cell accepts this value.
 bool Grid::takes(std::int32_t row, const std::string& text) const
 {
     const CellStyle& style = cell(row, valueColumn).style;
@@ -89,7 +89,7 @@ Grid::Ending Grid::end(bool apply)
 {
     if (!editor_)
         return Ending::Accepted;
-    // A message box that a handler shows may make the toolkit end the edit again.
+    // A message box that a handler shows may cause the toolkit to end the edit again.
     if (ending_)
         return Ending::StaysOpen;
     const Scoped guard(ending_, true);

@@ -15,7 +15,7 @@ namespace {
 
 using Field = PictureItem::Field;
 
-/// Dates and times in which fields that are mixed up or missing show.
+/// Dates and times that reveal swapped or missing fields.
 constexpr std::array probedTimes{0.0, 1.0 / 86400, 0.5, 3723.0 / 86400, 64987.0 / 86400, 86399.0 / 86400};
 constexpr std::array probedDays{2.0, 36526.0, 41223.0, 46347.0, -657434.0, 2958465.0};
 constexpr std::array probedTimesOfDays{0.0, 64987.0 / 86400};
@@ -55,7 +55,7 @@ bool datesReadBack(const Locale& locale)
     });
 }
 
-/// The clock that the other settings describe.
+/// The time format that the other settings describe.
 std::string plainTimeFormat(const Locale& locale, const std::string& separator)
 {
     const bool is24Hour = has(locale.timeFormat, {Field::hour24}) ||
@@ -81,7 +81,7 @@ Locale withTimes(const Locale& given)
     return locale;
 }
 
-/// The picture with the fields that it lacks at its end.
+/// The picture with its missing fields appended.
 std::string withAllFields(std::string picture)
 {
     const DatePicture items = parsePicture(picture);
@@ -95,7 +95,7 @@ std::string withAllFields(std::string picture)
     return picture;
 }
 
-/// The picture with years of four digits.
+/// The picture with four-digit years.
 std::string withLongYears(std::string picture)
 {
     const std::size_t year = picture.find('y');

@@ -4,8 +4,8 @@
 
 namespace ko {
 
-/// The user's regional settings, as the system tells them. Format pictures use d dd M MM yyyy h hh H HH mm ss and
-/// tt (the AM/PM designator). The default is English (United States).
+/// The user's regional settings, as reported by the system. Format pictures use d dd M MM yyyy h hh H HH mm ss and tt
+/// (the AM/PM designator). The default is English (United States).
 struct Locale {
     std::string decimalSeparator = ".";
     std::string digitGroupSeparator = ","; ///< between thousands; empty: digits are not grouped
@@ -20,8 +20,8 @@ struct Locale {
     bool operator==(const Locale&) const = default;
 };
 
-/// The settings with pictures in which every date and time reads back as it was written: what a picture lacks, such as
-/// AM and PM beside 12 hours or a year, is added, and a picture that cannot be completed is replaced.
+/// The settings with pictures in which every date and time reads back as it was written: missing fields, such as the
+/// year, or AM/PM on a 12-hour clock, are added, and a picture that cannot be completed is replaced.
 Locale completed(const Locale& given);
 
 } // namespace ko

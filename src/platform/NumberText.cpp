@@ -39,7 +39,7 @@ std::string_view decimalSeparator(const Locale& locale)
     return locale.decimalSeparator.empty() ? std::string_view(".") : std::string_view(locale.decimalSeparator);
 }
 
-/// Moves a leading sign from `text` to `plain`, which has no use for a plus.
+/// Moves a leading sign from `text` to `plain`, without a plus, which `std::from_chars` rejects.
 void takeSign(std::string_view& text, std::string& plain)
 {
     if (text.empty() || (text.front() != '-' && text.front() != '+'))
@@ -59,7 +59,7 @@ std::size_t takeDigits(std::string_view& text, std::string& plain)
     return count;
 }
 
-/// Takes a whole exponent; an incomplete one stays in `text`.
+/// Consumes a complete exponent; an incomplete one stays in `text`.
 void takeExponent(std::string_view& text, std::string& plain)
 {
     if (text.empty() || (text.front() != 'e' && text.front() != 'E'))
@@ -73,7 +73,7 @@ void takeExponent(std::string_view& text, std::string& plain)
     text = rest;
 }
 
-/// Takes the longest number that `text` begins with, in the form that `std::from_chars` reads.
+/// Consumes the longest number at the start of `text`; returns it in the form that `std::from_chars` reads.
 std::optional<std::string> takeNumber(std::string_view& text, std::string_view separator)
 {
     std::string plain;
@@ -111,7 +111,7 @@ std::int64_t exponentOf(std::string_view plain)
     return exponent;
 }
 
-/// Tells underflow from overflow: `std::from_chars` reports both alike.
+/// Distinguishes underflow from overflow, which `std::from_chars` reports alike.
 bool isBelowOne(std::string_view plain)
 {
     const auto mantissa = plain.substr(0, plain.find('e'));
@@ -122,7 +122,7 @@ bool isBelowOne(std::string_view plain)
     return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) + exponentOf(plain) <= 0;
 }
 
-/// The value, infinite when it is too large and 0 when it is too small for a double.
+/// The value; infinite when too large and 0 when too small for a double.
 double valueOf(const std::string& plain)
 {
     double value = 0.0;
@@ -188,7 +188,7 @@ double toDouble(std::string_view text, const Locale& locale)
 std::int32_t toLong(double value)
 {
     using Limits = std::numeric_limits<std::int32_t>;
-    // The remainder of 1 is what halves-to-even leaves over, whatever the rounding mode in force.
+    // std::remainder rounds halves to even whatever the current rounding mode.
     const double rounded = value - std::remainder(value, 1.0);
     if (!(rounded >= Limits::min() && rounded <= Limits::max()))
         fail(failure::overflow);
@@ -203,7 +203,7 @@ std::int32_t toLong(std::string_view text, const Locale& locale)
 float toSingle(double value)
 {
     constexpr double largest = std::numeric_limits<float>::max();
-    constexpr double firstBeyond = 0x1.ffffffp127; // half a step above the largest single rounds away from it
+    constexpr double firstBeyond = 0x1.ffffffp127; // half a unit above the largest single, which rounds up to infinity
     if (!(std::abs(value) < firstBeyond))
         fail(failure::overflow);
     return static_cast<float>(std::clamp(value, -largest, largest));

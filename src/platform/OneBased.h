@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// An array whose indices run from 1 to its count. Failure 9 for any other index.
+/// An array indexed from 1 to its count. Failure 9 for any other index.
 template <class T> class OneBased {
 public:
     OneBased() = default;

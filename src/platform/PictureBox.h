@@ -6,7 +6,7 @@
 
 namespace ko {
 
-/// What a picture shows, in its own units from its upper left corner, x to the right and y down.
+/// The contents of a picture, in units of its own, from the upper left corner, x to the right and y down.
 struct Drawing {
     struct Position {
         double x = 0.0, y = 0.0;
@@ -31,9 +31,9 @@ public:
 
     [[nodiscard]] std::string_view typeName() const override { return "PictureBox"; }
 
-    /// Asked by the view whenever it paints a picture of this size.
+    /// Called by the view to paint a picture of this size.
     std::function<Drawing(double width, double height)> paint;
-    /// The picture has changed: the view paints it again.
+    /// Requests the view to repaint.
     void redraw() { tellView(Aspect::Text); }
 };
 

@@ -2,7 +2,7 @@
 
 namespace ko {
 
-/// Gives a variable another value for the life of a scope.
+/// Sets a variable for the lifetime of a scope and then restores it.
 template <class T> class Scoped {
 public:
     Scoped(T& variable, T value) : variable_(variable), previous_(variable) { variable = value; }

@@ -14,7 +14,7 @@ namespace ko {
 
 class Form;
 
-/// Styles of a message box; every box has just an OK button.
+/// Styles of a message box; every box has only an OK button.
 namespace messageStyle {
 inline constexpr int plain = 0;
 inline constexpr int exclamation = 48;
@@ -24,11 +24,11 @@ inline constexpr int information = 64;
 class MessageBox {
 public:
     virtual ~MessageBox() = default;
-    /// Shows the box and waits until the user has answered it.
+    /// Shows the box and waits until the user closes it.
     virtual void show(const std::string& text, const std::string& title, int style) = 0;
 };
 
-/// Text only. Every operation may fail.
+/// A clipboard for text. Every operation may fail.
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
@@ -37,7 +37,7 @@ public:
     virtual std::string text() = 0;
 };
 
-/// The machine's printers, in the order in which it lists them. Every operation may fail.
+/// The system's printers, in its order. Every operation may fail.
 class Printers {
 public:
     virtual ~Printers() = default;
@@ -45,7 +45,7 @@ public:
     virtual std::string deviceName(std::int32_t index) = 0;
     virtual void makeCurrent(std::int32_t index) = 0;
 
-    /// One setting each of the current printer, with the codes of `DeviceMode`.
+    /// Each sets one property of the current printer, with the codes of `DeviceMode`.
     virtual void setCopies(std::int32_t copies) = 0;
     virtual void setColorMode(std::int32_t color) = 0;
     virtual void setDuplex(std::int32_t duplex) = 0;
@@ -66,19 +66,19 @@ struct Rectangle {
     std::int32_t left = 0, top = 0, right = 0, bottom = 0;
 };
 
-/// The screen. Pixels unless said otherwise.
+/// The screen. Units are pixels unless stated otherwise.
 class Screen {
 public:
     virtual ~Screen() = default;
     virtual Point cursorPosition() = 0;
-    /// The desktop less its task bars; none when the system cannot tell.
+    /// The desktop without its task bars; none when unknown.
     virtual std::optional<Rectangle> workArea() = 0;
     /// Width and height in twips.
     virtual Point size() = 0;
     virtual double twipsPerPixelX() = 0;
     virtual double twipsPerPixelY() = 0;
     virtual std::int32_t verticalScrollBarWidth() = 0;
-    /// The font that forms start with.
+    /// The default font of forms.
     virtual Font formFont() = 0;
 };
 
@@ -92,12 +92,12 @@ public:
 class ModalForms {
 public:
     virtual ~ModalForms() = default;
-    /// Shows the form until `hide` is called for it, from one of its own events.
+    /// Shows the form and returns when `hide` is called for it, from one of its own events.
     virtual void showModal(Form& form) = 0;
     virtual void hide(Form& form) = 0;
 };
 
-/// What the component asks of the machine it runs on. The host provides it; everything it refers to outlives
+/// The services that the component needs from its platform. The host provides them; everything referred to must outlive
 /// the component.
 struct Platform {
     MessageBox& messageBox;
@@ -107,10 +107,10 @@ struct Platform {
     Clock& clock;
     ModalForms& modalForms;
     Locale locale;
-    /// Makes the host's error reporter; called on first use, may fail.
+    /// Creates the host's error reporter; called on first use, may fail.
     std::function<std::shared_ptr<ErrorReporter>()> createErrorReporter;
-    /// Reads the regional settings as they are now; a new document takes its time format from them. Where it is not
-    /// set, `locale` holds.
+    /// Reads the current regional settings; a new document takes its time format from them. When not set, `locale`
+    /// applies.
     std::function<Locale()> readLocale = {};
 };
 

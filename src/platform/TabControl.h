@@ -6,8 +6,8 @@
 
 namespace ko {
 
-/// A row of tabs, each before a frame of its own of which one is in front. The frames are no less usable behind the
-/// others: whoever gives input to a control brings its tab to the front first.
+/// A row of tabs, each with its own frame; the selected tab's frame is in front. The controls of the other frames stay
+/// usable: a caller that sends input to a control selects its tab first.
 class TabControl : public Control {
 public:
     struct Tab {
@@ -21,16 +21,16 @@ public:
     [[nodiscard]] bool takesFocus() const override { return true; }
 
     [[nodiscard]] const std::vector<Tab>& tabs() const { return tabs_; }
-    /// What stands behind a tab. Failure 9 where there is no such tab, here and below.
+    /// The frame of a tab. Failure 9 when there is no such tab, here and below.
     [[nodiscard]] Control& frame(std::int32_t index) const;
     void setTabCaption(std::int32_t index, const std::string& caption);
-    /// A disabled tab disables its frame and cannot be chosen; it may be in front all the same.
+    /// A disabled tab disables its frame and cannot be chosen by the user; it may still be the selected one.
     void setTabEnabled(std::int32_t index, bool enabled);
 
-    /// The tab in front.
+    /// The selected tab.
     [[nodiscard]] std::int32_t tab() const { return tab_; }
     void setTab(std::int32_t index);
-    /// Inert where there is no such tab or it is disabled.
+    /// Inert when there is no such tab or it is disabled.
     Outcome userChoseTab(std::int32_t index);
 
 private:

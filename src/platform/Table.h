@@ -6,15 +6,14 @@
 
 namespace ko {
 
-/// A table that is only read: cells of a short text each, under the headers of their columns and behind those of their
-/// rows. The user goes from cell to cell.
+/// A read-only table: cells with short texts, with column and row headers. The user can move from cell to cell.
 class Table : public Control {
 public:
     enum class Emphasis { none, strong, weak };
 
     struct Cell {
         std::string text;
-        std::string meaning; ///< the text as a whole sentence, for whoever meets the cell alone
+        std::string meaning; ///< the text as a full sentence, for a cell read out of context
         Emphasis emphasis = Emphasis::none;
 
         bool operator==(const Cell&) const = default;

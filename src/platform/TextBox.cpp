@@ -56,8 +56,8 @@ Outcome TextBox::userTyped(const std::string& text)
     return Outcome::Done;
 }
 
-/// A character that was put in place of the selection reads as typed, which needs no other text to be known.
-void TextBox::tellReplaced(const EditText& edit) const
+/// A single character typed over the selection is recorded as "type", which does not depend on the rest of the text.
+void TextBox::recordReplacement(const EditText& edit) const
 {
     const std::string& text = edit.text();
     const std::size_t start = edit.selStart();
@@ -75,7 +75,7 @@ Outcome TextBox::userReplaced(const std::string& text, std::size_t start, std::s
 {
     const EditText edit = edit_.entered(text, start, length);
     if (form().userActs)
-        tellReplaced(edit);
+        recordReplacement(edit);
     if (!isUsable() || locked_)
         return Outcome::Inert;
     put(edit.text(), edit.selStart(), edit.selLength());
@@ -91,7 +91,7 @@ Outcome TextBox::userSelected(std::size_t start, std::size_t length)
 {
     if (!isUsable())
         return Outcome::Inert;
-    // Views tell again what the box has told them.
+    // Views also report selections that the box itself has set.
     if (start != selStart() || length != selLength())
         form().tellUserActs("select", name(), start, length);
     select(start, length);

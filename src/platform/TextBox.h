@@ -15,35 +15,35 @@ public:
     [[nodiscard]] TextEditing* textEditing() override { return this; }
 
     [[nodiscard]] const std::string& text() const { return edit_.text(); }
-    /// A text that differs raises `change`; the cursor goes to the start.
+    /// A different text raises `change` and moves the cursor to the start.
     void setText(const std::string& text);
 
     /// A locked box can be selected and copied but not typed in.
     [[nodiscard]] bool locked() const { return locked_; }
     void setLocked(bool locked);
 
-    /// An entry that is marked as not acceptable; only the look of the box.
+    /// Marks the entry as not acceptable; affects only the appearance.
     [[nodiscard]] bool marked() const { return marked_; }
     void setMarked(bool marked);
 
     [[nodiscard]] std::size_t selStart() const { return edit_.selStart(); }
     [[nodiscard]] std::size_t selLength() const override { return edit_.selLength(); }
-    /// Positions beyond the text are drawn back to its end.
+    /// Positions beyond the text are clamped to its end.
     void select(std::size_t start, std::size_t length);
     [[nodiscard]] std::string selText() const override { return edit_.selText(); }
     void setSelText(const std::string& text) override;
 
-    /// The user puts the first line of `text` in place of the selection, in one change.
+    /// The user replaces the selection with the first line of `text`, in one change.
     Outcome userTyped(const std::string& text);
-    /// The user's input left the box with this text and selection, in one change (see `EditText::entered`). Does not
-    /// move the focus.
+    /// The user's input has changed the box to this text and selection, in one change (see `EditText::entered`). Does
+    /// not move the focus.
     Outcome userReplaced(const std::string& text, std::size_t start, std::size_t length);
-    /// The user is about to drop text on the box: the focus comes here, as by a click. Only when that is done may the
-    /// text follow, as `userReplaced`.
+    /// The user is about to drop text on the box: moves the focus here, as a click does. Only if this returns Done may
+    /// the text follow, by `userReplaced`.
     Outcome userDropsText();
     Outcome userSelected(std::size_t start, std::size_t length);
     Outcome userDoubleClicked();
-    /// The user gives up what was typed.
+    /// The user reverts what was typed.
     Outcome userUndid();
 
     std::function<void()> change;
@@ -51,7 +51,7 @@ public:
     std::function<void()> undo;
 
 private:
-    void tellReplaced(const EditText& edit) const;
+    void recordReplacement(const EditText& edit) const;
     void put(const std::string& text, std::size_t start, std::size_t length);
 
     EditText edit_;

@@ -45,7 +45,7 @@ std::string withoutDirections(std::string text)
     const auto turns = [](std::string_view character) {
         return (character >= "\u202A" && character <= "\u202E") || (character >= "\u2066" && character <= "\u2069");
     };
-    // Each of them takes three bytes, and so does what replaces it.
+    // All of these characters and the replacement are three bytes long.
     constexpr std::size_t length = 3;
     for (std::size_t at = text.find('\xE2'); at != std::string::npos; at = text.find('\xE2', at + 1))
         if (turns(std::string_view(text).substr(at, length)))

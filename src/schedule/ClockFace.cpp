@@ -11,7 +11,7 @@ namespace {
 
 constexpr double pi = 3.14159265358979;
 
-/// A hand whose tip stands at `turns` of a full turn clockwise from the top.
+/// A hand that points `turns` full turns clockwise from the top.
 Drawing::Line hand(Drawing::Position centre, double length, int width, double turns)
 {
     const double angle = pi / 2 - 2 * pi * turns;

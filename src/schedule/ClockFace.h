@@ -5,8 +5,8 @@
 
 namespace ko {
 
-/// An analog clock that shows a time of day in a picture of this size: the face, then second, minute and hour hand,
-/// each from the centre outwards. Failure 5 for a time that is none.
+/// Draws an analog clock in a picture of this size: the face, then the second, minute and hour hands, each from the
+/// centre outwards. Failure 5 for an invalid time.
 Drawing clockFace(double width, double height, DateTime time);
 
 } // namespace ko

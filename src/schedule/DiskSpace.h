@@ -6,7 +6,7 @@
 
 namespace ko {
 
-/// The largest file, in bytes, that a recording of one kind of measurement may become.
+/// The maximum size in bytes of the file of a recording, for each kind of measurement.
 inline constexpr double fileSizeLimit = 2147483647.0;
 
 /// Codes of `Actions::updateDiskSpace`.
@@ -16,18 +16,18 @@ inline constexpr std::int32_t dynamicTooLarge = textNumber::page::dynamicTooLarg
 inline constexpr std::int32_t staticTooLarge = textNumber::page::staticTooLarge - textNumber::page::block;
 } // namespace diskSpace
 
-/// Compares the totals with the limit, the dynamic one first. A total that is not positive although there are
-/// drivers of its kind, or that is not a number, counts as too large: it signals an overflow.
+/// Compares the totals with the limit, the dynamic one first. A total that is NaN, or not positive although there are
+/// drivers of its kind, counts as too large, because it indicates an overflow.
 std::int32_t checkDiskSpace(const ByteTotals& totals, bool hasDynamicDrivers, bool hasStaticDrivers);
 
-/// A number of samples raised to whole blocks of `blockSize` samples, at least one; a fraction stays. A block size
-/// below 1 leaves it as it is. Failure 6 when the number does not fit into 32 bits.
+/// Rounds a number of samples up to whole blocks of `blockSize` samples, at least one; a fraction is kept. A block size
+/// below 1 leaves the number unchanged. Failure 6 when the number does not fit into 32 bits.
 double wholeBlocks(double samples, std::int32_t blockSize);
 
-/// Rounded to two decimals, halves to even.
+/// Rounds to two decimals, halves to even.
 double toHundredths(double value);
 
-/// A byte count in bytes, KB, MB or GB, the larger units with at most two decimals.
+/// Formats a byte count in bytes, KB, MB or GB, the larger units with at most two decimals.
 std::string formatByteCount(const Support& support, double bytes);
 
 } // namespace ko

@@ -49,7 +49,8 @@ void DurationEntry::accept(const Steps& step, double value)
     write(step, value, [this] { showSelected(recording_.durationReadBack()); });
 }
 
-/// A driver whose duration reads as the text holds it already. None when the value has no number of seconds.
+/// Writes only to drivers whose duration is not displayed like the text. None when the value cannot be converted to
+/// seconds.
 std::optional<Recording::Result> DurationEntry::write(const Steps& step, double value,
                                                       const std::function<void()>& putBack)
 {
@@ -90,7 +91,7 @@ void DurationEntry::cmbInterval_click()
     write(step, *value, [this] { unitRefused(recording_.durationReadBack()); });
 }
 
-/// The focus is in the list: the text is not selected.
+/// Does not select the text, because the list has the focus.
 void DurationEntry::unitRefused(std::optional<double> seconds)
 {
     page().cmbInterval.select(intervalAtFocus_);

@@ -10,8 +10,8 @@ class DurationEntry : public NumberEntry {
 public:
     DurationEntry(Page& page, Support& support, Recording& recording);
 
-    /// Shows a duration in seconds in the largest unit that fits; an empty box in seconds while it is not known.
-    /// Failures reach the caller.
+    /// Shows a duration, given in seconds, in the largest unit that is not longer than it; an unknown one as an empty
+    /// box with the unit seconds. Failures reach the caller.
     void showDuration(std::optional<double> seconds);
 
 protected:
@@ -27,7 +27,7 @@ private:
     void cmbInterval_click();
     void cmbInterval_GotFocus();
     void unitRefused(std::optional<double> seconds);
-    /// The length of the unit that is chosen, in seconds. Failure 5 when none is.
+    /// The length of the chosen unit in seconds. Failure 5 when none is chosen.
     [[nodiscard]] std::int32_t unit() const { return page().cmbInterval.itemData(); }
     std::optional<Recording::Result> write(const Steps& step, double value, const std::function<void()>& putBack);
 

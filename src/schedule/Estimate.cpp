@@ -58,7 +58,7 @@ void Estimate::estimateDynamic(const Steps& step)
     });
 }
 
-/// `scans` are those that the totals were made from, as far as they were.
+/// `scans` is the number that the totals were computed from, if any.
 void Estimate::estimateStatic(const Steps& step, const std::optional<std::int32_t>& scans)
 {
     page_.figures.scans = scans;
@@ -87,8 +87,8 @@ void Estimate::showBytes(const Steps& step, LimitedLabel& label, const std::opti
     label.setShare(std::clamp(bytes.value_or(0.0) / fileSizeLimit, 0.0, 1.0));
 }
 
-/// `intervals` periods of a driver, in seconds; 0 where there is nothing to multiply. A `period` that is known already
-/// is not read.
+/// The length of `intervals` periods of a driver in seconds; 0 when `intervals` is not positive. Reads `period` only
+/// when it is not set.
 double Estimate::lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
                          std::optional<double>& period) const
 {

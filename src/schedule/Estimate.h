@@ -4,8 +4,7 @@
 
 namespace ko {
 
-/// What the recording will produce, as the page's figures and in its labels: samples, scans, disk space, actual
-/// duration and stop time.
+/// Computes the page's figures and shows them in its labels: samples, scans, disk space, actual duration and stop time.
 class Estimate {
 public:
     Estimate(Page& page, Support& support, const Recording& recording)
@@ -13,11 +12,11 @@ public:
     {
     }
 
-    /// See `Actions::updateDiskSpace`. Does nothing while the page is built or a time on it cannot be told. What
-    /// hangs on a duration that is not known is not available.
+    /// See `Actions::updateDiskSpace`. Does nothing while the page is being built or when a time on the page cannot be
+    /// read. Figures that depend on an unknown duration are not available.
     std::int32_t updateDiskSpace();
 
-    /// No figure is known.
+    /// Clears all figures.
     void clear();
 
 private:
@@ -30,7 +29,7 @@ private:
     [[nodiscard]] double lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
                                  std::optional<double>& period) const;
     [[nodiscard]] double actualSeconds(const Steps& step) const;
-    /// The text, or the one for what is not available where the figure is not known.
+    /// The figure's text, or the text for "not available" when the figure is unknown.
     template <class Figure, class Text>
     [[nodiscard]] std::string textOf(const Steps& step, const std::optional<Figure>& figure, Text&& text) const
     {

@@ -56,7 +56,7 @@ void Forecast::readDynamic(Driver& driver, Timebase* timebase, File& file)
     file.period = nonZero(timebase->SamplePeriod());
     file.blockSize = timebase->BlockSize();
     const double now = samples(file, file.seconds, file.period);
-    // Without samples there is nothing to see of what one takes.
+    // The present size shows the size of a sample only if there are samples.
     file.bytesPerSample =
         now > 0.0 ? (file.present - bytesPerFile) / now : bytesPerValue * countEnabledChannels(driver);
 }
@@ -73,7 +73,7 @@ void Forecast::readStatic(Driver& driver, Timebase* timebase, File& file)
     file.scansOfFormula = now / scans(file.seconds, file.period);
 }
 
-/// Part of a block takes a whole one.
+/// A partial block counts as a whole one.
 double Forecast::samples(const File& file, double seconds, double period)
 {
     const double samples = seconds / period;
@@ -109,7 +109,7 @@ std::int32_t Forecast::check(const Change& change) const
         try {
             total += bytes(file, change);
         } catch (...) {
-            // Only a figure beyond every limit cannot be told.
+            // The computation fails only when a number is too large.
             total = std::numeric_limits<double>::infinity();
         }
     }

@@ -8,35 +8,35 @@
 
 namespace ko {
 
-/// What the drivers' files would take with another duration or rate, from what they take now, by arithmetic alone:
-/// nothing is written to find out. A driver is taken to keep a value as it is, to fill whole blocks, and to need for
-/// each sample and each scan what it needs now.
+/// Computes the size of the drivers' files with another duration or rate from their present size, without writing to a
+/// driver. Assumes that a driver keeps each value exactly, records whole blocks, and uses as many bytes per sample and
+/// scan as now.
 class Forecast {
 public:
-    /// What is to change; what is not set stays as the drivers have it.
+    /// The changes; a member that is not set stays as the drivers have it.
     struct Change {
         std::optional<float> seconds{};       ///< of every driver
-        std::optional<double> samplePeriod{}; ///< of the driver that the dynamic editors show, in seconds
+        std::optional<double> samplePeriod{}; ///< of the driver shown in the dynamic editors, in seconds
         std::optional<double> scanPeriod{};   ///< of every driver, in seconds
     };
 
-    /// Reads the present settings and figures. A driver whose figure fails is left out, as in the estimate.
+    /// Reads the present settings and figures. A driver whose figure fails is skipped, as in the estimate.
     explicit Forecast(const Page& page);
 
-    /// As `Actions::updateDiskSpace` would answer after the change.
+    /// Returns the code that `Actions::updateDiskSpace` would return after the change.
     [[nodiscard]] std::int32_t check(const Change& change) const;
 
 private:
-    /// A driver's settings, and how its file grows.
+    /// A driver's settings and the growth of its file.
     struct File {
         bool isDynamic = false;
         bool takesSamplePeriod = false;
         double seconds = 0.0;
         double period = 0.0; ///< of its samples or scans
         double blockSize = 0.0;
-        double present = 0.0; ///< bytes of a driver without a timebase, which no change reaches
+        double present = 0.0; ///< bytes of a driver without a timebase, which no change affects
         double bytesPerSample = 0.0;
-        double scansOfFormula = 0.0; ///< how many scans it counts for each one that the formula gives
+        double scansOfFormula = 0.0; ///< ratio of the driver's number of scans to that of the formula
         std::int32_t channels = 0;
     };
 
@@ -51,11 +51,11 @@ private:
     std::vector<File> files_;
 };
 
-/// No number of this size or above is looked at.
+/// Upper bound of the numbers that `largestThatFits` tries.
 inline constexpr double endless = 1e15;
 
-/// The largest number of the range that fits: a whole one or, where no whole one does, one in tenths, hundredths and
-/// so on down to `finest`. What fits at a number fits at every smaller one. None where nothing fits.
+/// The largest number of the range that fits: an integer or, when no integer fits, a multiple of 0.1, 0.01 and so on
+/// down to `finest`. `fits` must be monotonic: true for every number below one that fits. None when nothing fits.
 std::optional<double> largestThatFits(Range within, double finest, const std::function<bool(double)>& fits);
 
 } // namespace ko

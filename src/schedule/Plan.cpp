@@ -13,8 +13,8 @@ namespace ko {
 
 namespace {
 
-/// The place holders of a sentence are the same for all starts: %1 the duration, %2 the figures, %3 how much later it
-/// ends, %4 the start time or the trigger, %5 the stop time, %6 the time at which it really ends.
+/// Placeholders of the sentences, the same for all starts: %1 the duration, %2 the figures, %3 by how much it ends
+/// later than planned, %4 the start time or the trigger, %5 the stop time, %6 the actual end time.
 namespace planText = textNumber::plan;
 
 constexpr std::int64_t secondsPerMinute = 60;
@@ -27,7 +27,7 @@ bool isCountable(const std::optional<double>& seconds)
     return seconds && *seconds >= 0.0 && *seconds < longest;
 }
 
-/// A number with decimals or an entry of a list: what sets a trigger off, as a rule.
+/// A number with decimals or a list entry, which usually is a trigger condition.
 bool isCondition(const Grid::Cell& value)
 {
     return value.style.format != 0 || value.style.control == CellStyle::Control::list;
@@ -74,7 +74,7 @@ bool Plan::isDurationKnown() const
     return isCountable(known.plannedSeconds) && isCountable(known.actualSeconds) && isEndKnown;
 }
 
-/// The duration as the user has entered it, in the unit that was chosen.
+/// The duration as entered by the user, in the chosen unit.
 std::string Plan::entered() const
 {
     constexpr int symbols[] = {planText::seconds, planText::minutes, planText::hours};
@@ -115,7 +115,7 @@ std::string Plan::unit(std::int64_t count, int number) const
     return filled(text(number), {countText(count, support_.locale())});
 }
 
-/// Two decimals, unless they would be 0.
+/// Rounds to two decimals, unless that would yield 0.
 std::string Plan::shortNumber(double value) const
 {
     const double rounded = toHundredths(value);
@@ -146,7 +146,7 @@ std::string Plan::triggerConditions() const
     return all;
 }
 
-/// What the recording takes, as far as it is known.
+/// The known figures on the size of the recording.
 std::string Plan::figures() const
 {
     const Figures& known = page_.figures;

@@ -5,13 +5,13 @@
 
 namespace ko {
 
-/// What the page plans, in one sentence: how the recording starts, how long it lasts, what it takes and when it ends.
-/// It is made from what the page shows and from the figures of the last estimate; no driver is asked.
+/// Summarizes the recording in one sentence: how it starts, how long it lasts, its size and when it ends. Uses only the
+/// page's controls and the figures of the last estimate; calls no driver.
 class Plan {
 public:
     Plan(Page& page, Support& support) : page_(page), support_(support) {}
 
-    /// Brings `lblPlan` in line with the page. Reports its own failures.
+    /// Updates `lblPlan` from the page. Reports its own failures.
     void show();
 
 private:

@@ -17,7 +17,7 @@ DateTime Recording::onToday(DateTime time) const
     return {datePart(support_.platform.clock.now()).days + timePart(time).days};
 }
 
-/// What could not be read from the drivers is not shown.
+/// False when the duration or a time could not be read from the drivers and its box is empty.
 bool Recording::isEntered() const
 {
     if (page_.optAfter.value())
@@ -111,7 +111,7 @@ DateTime Recording::enteredStart()
     return start;
 }
 
-/// Only a start at a time has a stop at a time.
+/// A stop at a time is possible only with a start at a time.
 void Recording::showModes(const StartStopSettings& kept)
 {
     if (kept.startMode) {
@@ -122,7 +122,7 @@ void Recording::showModes(const StartStopSettings& kept)
     (stopsAtTime && page_.optStartTime.value() ? page_.optStopTime : page_.optAfter).showSelected();
 }
 
-/// What a driver keeps of a change is what is shown.
+/// Shows the values that the driver kept, which may differ from the change.
 void Recording::showKept(const Steps& step, const StartStopSettings& kept)
 {
     showModes(kept);
@@ -133,7 +133,7 @@ void Recording::showKept(const Steps& step, const StartStopSettings& kept)
         step([&] { showDuration(widen(*kept.duration)); });
 }
 
-/// A text that is being typed stays until its box is left.
+/// The text of the focused box is not replaced while the user types.
 void Recording::showDuration(double seconds)
 {
     if (page_.optStopTime.value() && !page_.txtStartTime.text().empty() &&
@@ -176,7 +176,7 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
         return Result::Held;
     const auto captured = page_.triggerVars;
     const bool fits = guarded.fits(step, restore);
-    // The host may have had the value captured that is refused.
+    // During the event the host may have caused the refused value to be captured.
     if (!fits && page_.triggerVars != captured)
         Steps(support_.errors, step.procedure(), Steps::Begin::Anew)([&] { captured_.capture(); });
     return fits && !step.isSuperseded() ? Result::Taken : Result::PutBack;

@@ -9,17 +9,17 @@
 
 namespace ko {
 
-/// The schedule as the page shows it and as the drivers hold it, and the one way from the first to the second. All
-/// failures reach the caller unless a `Steps` is passed.
+/// The schedule on the page and in the drivers; writes changes from the page to the drivers. Failures reach the caller
+/// unless a `Steps` is passed.
 class Recording {
 public:
-    /// What became of a change.
+    /// The result of a change.
     enum class Result : std::uint8_t {
-        Held,    ///< every driver holds it already: nothing was written
-        Taken,   ///< it is in force
-        PutBack, ///< it exceeds the limit, or no driver took it: the old values are in force and shown
+        Held,    ///< every driver already holds it; nothing was written
+        Taken,   ///< the change is in force
+        PutBack, ///< it exceeds the limit or no driver accepted it; the old values are in force and shown
     };
-    /// The part of a change that a driver with these values lacks.
+    /// Returns the part of a change that a driver with these values does not hold.
     using Lacking = std::function<StartStopSettings(const StartStopSettings& before)>;
 
     Recording(Page& page, Support& support, Actions& actions, CapturedSettings& captured)
@@ -27,85 +27,87 @@ public:
     {
     }
 
-    /// The date or time of day in a time box.
+    /// Reads the date or time of day in a time box.
     [[nodiscard]] DateTime timeIn(const TextBox& box) const;
 
     /// The duration entered on the page, in seconds; may be 0 or negative when stopping at a time.
     [[nodiscard]] double getDurationSeconds() const;
 
-    /// The same as the drivers keep it, as far as that is known; what they hold where the page lacks a time or the
-    /// duration; none where that is not known either.
+    /// The duration entered, as the drivers keep it if that is known. When the page lacks a time or the duration, the
+    /// duration that the drivers hold; none when that is unknown, too.
     [[nodiscard]] std::optional<double> plannedSeconds() const;
 
-    /// `start` plus a duration. Where a time of day runs over midnight it is taken on today's date.
+    /// `start` plus a duration. A time of day that passes midnight is first given today's date.
     [[nodiscard]] DateTime stopTime(double seconds, DateTime start) const;
-    /// The same as General Date text.
+    /// The stop time as General Date text.
     [[nodiscard]] std::string computeStopTime(double seconds, DateTime start) const;
 
-    /// The duration that the drivers hold, in seconds; without a timebase the one last accepted.
+    /// The duration that the drivers hold, in seconds; without a timebase the last accepted one.
     [[nodiscard]] std::optional<double> durationInForce() const;
-    /// The same; where it cannot be read, which is reported, the one last accepted.
+    /// As above, but a failure is reported and the last accepted duration returned.
     [[nodiscard]] std::optional<double> durationInForce(const Steps& step) const;
-    /// The same without asking a driver, as `write` has read it back.
+    /// The duration read back by `write`, without calling a driver.
     [[nodiscard]] std::optional<double> durationReadBack() const;
     /// Whether the duration was read from a driver, or accepted, since the page was built.
     [[nodiscard]] bool isDurationKnown() const { return accepted_.seconds.has_value(); }
 
-    /// The drivers hold this duration: an empty box shows it, and plan and labels follow when they showed another.
+    /// Called when the drivers hold this duration: shows it in an empty box, and updates plan and labels if they showed
+    /// another.
     void follow(const Steps& step, double seconds);
 
-    /// An empty start time becomes the time of day.
+    /// Sets an empty start time to the current time of day.
     void fillStartTime();
 
-    /// A stop time that is missing or not later than the start becomes the start plus the duration entered;
-    /// empty while that is not known.
+    /// Sets a stop time that is missing or not later than the start to the start plus the duration entered, or clears
+    /// it while that is unknown.
     void fillStopTime();
 
-    /// The start time entered; for a stop at a time, its time is filled in where it is missing or not later.
+    /// The start time entered. For a stop at a time, also calls `fillStopTime`.
     [[nodiscard]] DateTime enteredStart();
 
-    /// Sets the text of a time box without the handlers of a change.
+    /// Sets the text of a time box without running its change handler.
     void show(TextBox& box, const std::string& text);
 
-    /// Writes each driver the part of a change that it lacks (none: the members that it has otherwise), shows what the
-    /// drivers keep of it and asks the limit once. Beyond it the user is told and each driver gets its own values back,
-    /// as one does that took only a part; then, and where no driver took its whole part, `putBack` restores what the
-    /// page showed and the derived labels follow.
+    /// Writes to each driver the part of a change that it does not hold (by default the members that differ), shows
+    /// what the drivers then hold and checks the limit once. A driver that accepted only a part gets its old values
+    /// back. Beyond the limit, shows a message and restores each driver's own old values. Then, and when no driver
+    /// accepted its whole part, `putBack` restores the page and the derived labels are updated.
     Result write(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
                  const Lacking& lacking = {});
 
-    /// After a change that was not put back: what the page shows counts as accepted and the settings are captured. The
-    /// host is notified of a change that was taken; for one that all drivers held the labels follow.
+    /// Called after a change that was not put back: records what the page shows as accepted, captures the settings, and
+    /// notifies the host of a change in force; for a change that all drivers already held, only updates the labels.
     void accepted(const Steps& step, Result result);
 
-    /// Both in one.
+    /// `write`, then `accepted` unless the change was put back.
     Result commit(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
                   const Lacking& lacking = {});
 
-    /// Brings the derived labels up to date where nothing is written.
+    /// Updates the derived labels when nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }
 
-    /// The page was built, and shows these settings as far as they are known: what a later refusal returns to.
+    /// Called after the page was built and shows these settings, as far as they are known; a later refusal returns to
+    /// them.
     void loaded(const Steps& step, const StartStopSettings& shown);
 
-    /// Whether the stop mode was read from a driver, or written, since the page was built. While the start mode is not
-    /// known, the stop mode is not known either.
+    /// Whether the stop mode was read from a driver, or written, since the page was built. The stop mode counts as
+    /// unknown while the start mode is unknown.
     [[nodiscard]] bool isStopModeKnown() const { return isStopModeKnown_; }
 
-    /// Puts the options and both times back as they were last accepted.
+    /// Restores the options and both times that were last accepted.
     void putBack();
     void putBackStartTime() { show(page_.txtStartTime, accepted_.startTime); }
     void putBackStopTime() { show(page_.txtStopTime, accepted_.stopTime); }
 
 private:
-    /// What the drivers keep of a duration that is entered.
+    /// A duration entered, and the one that the drivers keep for it.
     struct Kept {
         double entered = 0.0;
         double seconds = 0.0;
     };
-    /// What the page shows and the drivers hold.
+    /// What the page shows and the drivers hold, to which a refusal returns.
     struct Accepted {
-        OptionButton* start = nullptr; ///< none while the start mode is not known
+        OptionButton* start = nullptr; ///< null while the start mode is unknown
         OptionButton* stop = nullptr;
         std::string startTime, stopTime;
         std::optional<double> seconds = 0.0;

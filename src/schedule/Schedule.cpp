@@ -12,8 +12,8 @@ namespace {
 
 constexpr float defaultSeconds = 10.0F;
 
-/// An unknown mode counts as 0, and only a start at a time has a stop at a time: a stop mode whose start mode could not
-/// be read is none to hand on.
+/// An unknown mode counts as 0, and a stop at a time requires a start at a time. A stop mode whose start mode could not
+/// be read is not written.
 void normalizeModes(StartStopSettings& settings)
 {
     if (settings.startMode &&
@@ -36,9 +36,9 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
 {
 }
 
-/// Those of the first timebase or, on a read-only page, those of the start master or, without one, of the scan master,
-/// as far as they can be read: settings that no driver has given are never written. Without a dynamic driver the
-/// recording does not start on a trigger.
+/// The settings of the first timebase or, on a read-only page, those of the start master or else of the scan master, as
+/// far as they can be read: settings that were not read are never written. Without a dynamic driver the recording does
+/// not start on a trigger.
 StartStopSettings Schedule::settingsToApply(const Steps& step)
 {
     StartStopSettings settings;
@@ -59,13 +59,13 @@ StartStopSettings Schedule::settingsToApply(const Steps& step)
     });
     if (!anyDynamic && settings.startMode == startMode::onTrigger)
         settings.startMode = startMode::immediately;
-    // A time that cannot be shown is none to hand on.
+    // A time that cannot be shown is not written.
     if (settings.startMode != startMode::atTime || !isInValidYears(settings.startTime.value_or(DateTime{})))
         settings.startTime.reset();
     return settings;
 }
 
-/// What the first timebase then holds; without one the defaults, unless a driver could not be asked.
+/// Returns what the first timebase then holds; without one the defaults, unless a driver could not be queried.
 StartStopSettings Schedule::applyStartStop(const Steps& loading)
 {
     const Steps step(support_.errors, "applyStartStop", errorSource::triggering);
@@ -105,8 +105,7 @@ void Schedule::loaded(const Steps& step)
     recording_.loaded(step, loaded_);
 }
 
-/// A start mode that could not be read selects no option. A time that could not be read, or cannot be shown, leaves its
-/// box empty.
+/// An unknown start mode selects no option. A time that is unknown, or cannot be shown, leaves its box empty.
 void Schedule::show(const Steps& step)
 {
     if (page_.driverChangesPending) {

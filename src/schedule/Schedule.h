@@ -9,21 +9,21 @@
 
 namespace ko {
 
-/// Start and stop of the recording, its duration and the disk space that it takes.
+/// Start and stop of the recording, its duration and its disk space.
 class Schedule {
 public:
-    /// Takes over the events of its controls. Everything passed in outlives the schedule; `dialog` answers the
+    /// Sets the event handlers of its controls. All arguments must outlive the schedule; `dialog` returns the
     /// component's date-and-time dialog.
     Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog);
 
     /// See `CapturedSettings`.
     void captureStartStop() { captured_.capture(); }
 
-    /// Writes one set of start and stop settings to every driver with a timebase, and shows what the first of them
-    /// then holds; without one: immediately, after 10 seconds. The page is being loaded.
+    /// Writes one set of start and stop settings to every driver with a timebase, and shows what the first of them then
+    /// holds; without a timebase: start immediately, stop after 10 seconds. Called while the page is being loaded.
     void loadStartStop(const Steps& step);
 
-    /// Lets the user at the controls that go with what was loaded; a later refusal returns to it.
+    /// Enables the controls that apply to the loaded settings; a later refusal returns to these settings.
     void loaded(const Steps& step);
 
     [[nodiscard]] Estimate& estimate() { return estimate_; }

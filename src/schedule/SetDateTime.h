@@ -24,10 +24,10 @@ public:
     CommandButton btnCancel{*this, "btnCancel"};
     CommandButton btnHelp{*this, "btnHelp"};
 
-    /// Shows the dialog at the cursor with a date-time or, below 1.0, a time of day, and waits until the user has
-    /// closed it: the new value (below 1.0: a time of day on any date) after OK, else none. `anyDayOnly` and
-    /// `oneDayOnly` leave the user only that option; with both the options stay enabled as they were. Reports its
-    /// own failures.
+    /// Shows the dialog at the cursor with a date-time or, below 1.0, a time of day, and waits until the user closes
+    /// it. Returns the new value (below 1.0: a time of day on any date) after OK, else none. `anyDayOnly` and
+    /// `oneDayOnly` disable the other option; with both, the options' enabled state is unchanged. Reports its own
+    /// failures.
     std::optional<DateTime> Display(DateTime currentValue, bool anyDayOnly, bool oneDayOnly);
 
 private:

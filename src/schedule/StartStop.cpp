@@ -13,7 +13,7 @@ StartStop::StartStop(Page& page, Support& support, Actions& actions, Recording& 
     page.optStartTime.click = [this] { startClicked("optStartTime_Click", startMode::atTime); };
     page.optAfter.click = [this] { stopClicked("optAfter_Click", stopMode::afterDuration); };
     page.optStopTime.click = [this] { stopClicked("optStopTime_Click", stopMode::atTime); };
-    // A selected option acts on a click while what it says is not known.
+    // A click on the selected option takes effect while its setting is unknown.
     page.optStartTime.clickAgain = [this] {
         if (page_.txtStartTime.text().empty())
             startClicked("optStartTime_Click", startMode::atTime);
@@ -61,7 +61,7 @@ void StartStop::startClicked(std::string_view procedure, std::int32_t mode)
         recording_.putBack();
         return;
     }
-    // A refusal must find the trigger untouched, so the limit comes first.
+    // Check the limit first, so that a refusal leaves the trigger unchanged.
     const Recording::Result result = write(step, change);
     if (result == Recording::Result::PutBack)
         return;
@@ -89,8 +89,8 @@ void StartStop::stopClicked(std::string_view procedure, std::int32_t mode)
     recording_.accepted(step, result);
 }
 
-/// Writes the mode with the duration that goes with it, as far as that is known; where a time on the page cannot be
-/// told the options go back unwritten.
+/// Writes the mode together with the duration, if that is known. When a time on the page cannot be read, restores the
+/// options and writes nothing.
 Recording::Result StartStop::write(const Steps& step, StartStopSettings change)
 {
     const bool known = step([&] {

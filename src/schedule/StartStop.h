@@ -4,18 +4,20 @@
 
 namespace ko {
 
-/// The five options of start and stop, and which controls can be used with them.
+/// The five start and stop options, and the controls that they enable.
 class StartStop {
 public:
-    /// Takes over the options' events.
+    /// Sets the options' event handlers.
     StartStop(Page& page, Support& support, Actions& actions, Recording& recording);
 
-    /// Lets the user at the controls that go with the selected start; a start that is not at a time is stopped after
-    /// a duration. On a page that is being built the trigger source is not cleared. Reports its own failures.
+    /// Enables the controls of the selected start option and disables the others; unless the start is at a time,
+    /// selects a stop after a duration. Does not clear the trigger source while the page is being built. Reports its
+    /// own failures.
     void enableStartControls();
 
-    /// Lets the user at the controls that go with the selected stop; a stop at a time gets a time where it has none
-    /// that is later than the start, but on a page that is being built. Reports its own failures.
+    /// Enables the controls of the selected stop option and disables the others; for a stop at a time, fills in a stop
+    /// time that is missing or not later than the start, except while the page is being built. Reports its own
+    /// failures.
     void enableStopControls();
 
 private:

@@ -104,7 +104,7 @@ void TimeEntries::cmdStopTime_Click()
     editDateTime(step, page_.txtStopTime, isDated);
 }
 
-/// A box that shows no time gets the time of day.
+/// The current time of day when the box contains no time.
 DateTime TimeEntries::timeToEdit(const TextBox& box) const
 {
     return box.text().empty() ? timePart(support_.platform.clock.now()) : recording_.timeIn(box);

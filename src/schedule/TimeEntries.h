@@ -8,10 +8,10 @@ namespace ko {
 /// `txtStartTime`, `txtStopTime` and their "..." buttons.
 class TimeEntries {
 public:
-    /// Answers the one dialog of the component.
+    /// Returns the component's dialog.
     using Dialog = std::function<SetDateTime&()>;
 
-    /// Takes over the controls' events.
+    /// Sets the controls' event handlers.
     TimeEntries(Page& page, Support& support, Recording& recording, Dialog dialog);
 
 private:

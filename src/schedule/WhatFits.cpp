@@ -72,7 +72,7 @@ std::optional<double> WhatFits::longest(const Forecast& forecast) const
     };
     const double present = recording_.durationInForce().value_or(0.0);
     const double least = fitsFor(present) ? present : 0.0;
-    // Times of the day are whole seconds.
+    // Stop times have a resolution of one second.
     const double finest = page_.optAfter.value() ? finestDuration : 1.0;
     const auto found = largestThatFits({least, std::numeric_limits<float>::max()}, finest, fitsFor);
     return !found && least > 0.0 ? present : found;
@@ -134,7 +134,7 @@ std::string WhatFits::offerRate(const Forecast& forecast, const std::vector<doub
     return filled(support_.text(fitText::highestRate), {label, rate_->text});
 }
 
-/// As the user would: to the editor, where leaving the control before asks its questions, and in with the value.
+/// Enters the value as a user does: moving the focus to the editor first validates the control that is left.
 void WhatFits::takeDuration()
 {
     const Steps step(support_.errors, "cmdTakeDuration_Click");

@@ -6,18 +6,18 @@
 
 namespace ko {
 
-/// After a refusal by the 2 GB limit: the longest duration and the highest rate that would have fitted the settings in
-/// force, told in the hint line and on the page, each with a button that enters it.
+/// After a refusal by the 2 GB limit, shows the longest duration and the highest rate that fit the other settings in
+/// force, in the hint line and on the page, each with a button that enters it.
 class WhatFits {
 public:
-    /// Takes over the events of its buttons. Everything passed in outlives it.
+    /// Sets the event handlers of its buttons. All arguments must outlive this object.
     WhatFits(Page& page, Support& support, Recording& recording);
 
-    /// For a code of `Actions::updateDiskSpace`; `periods` are those of the rate list's entries, in seconds (none: a
-    /// box is shown). Reports its own failures.
+    /// Shows what fits after a code of `Actions::updateDiskSpace`. `periods` are those of the rate list's entries in
+    /// seconds (empty when a box is shown). Reports its own failures.
     void tell(std::int32_t code, const std::vector<double>& periods);
 
-    /// Other settings are in force: nothing is offered any more.
+    /// Hides the offers, because other settings are in force.
     void withdraw();
 
 private:
@@ -39,7 +39,7 @@ private:
     Page& page_;
     Support& support_;
     Recording& recording_;
-    const Quantity* quantity_ = &rateOf(timebaseNumber::samplePeriod); ///< the rate that the message was about
+    const Quantity* quantity_ = &rateOf(timebaseNumber::samplePeriod); ///< the rate of the refused kind of measurement
     std::optional<Offered> duration_, rate_;
 };
 

@@ -18,7 +18,7 @@ std::string DialogForm::offset(int text) const
 
 void DialogForm::load(PressControl& ok, PressControl& cancel, PressControl* help)
 {
-    // The texts are the component's own: nothing that fails in the host may keep them away.
+    // The texts belong to the component: a failure of the host must not prevent loading them.
     Steps(support_.errors, "Form_Load")([&] { setFont(support_.platform.screen.formFont()); });
     loadFormCaption(Steps(support_.errors, "Form_Load"), support_.strings, *this, block_);
     setButtons(ok, cancel);

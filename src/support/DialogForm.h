@@ -9,34 +9,34 @@
 
 namespace ko {
 
-/// What the component's dialogs have in common: one instance each, made on first use; placed, shown and ended in one
-/// way; the host's help on a help button and F1.
+/// Base of the component's dialogs: how they load texts, are placed, shown and ended, and open the host's help on a
+/// help button and F1. Each dialog has one instance, created on first use.
 class DialogForm : public Form {
 public:
-    /// The form's texts are in the block of the string table that begins at `block`; `caption` is among them.
+    /// `block` is the number in the string table at which the form's texts begin, `caption` the number of its caption.
     DialogForm(Support& support, std::string name, int block, int caption, std::int32_t topic);
 
     /// The host's help; may be empty.
     std::shared_ptr<HelpSite> IHelp;
-    /// The topic that help opens at.
+    /// The help topic to open.
     std::int32_t helpContextId;
 
 protected:
-    /// How the dialog is placed, such as `placeAtCursor`.
+    /// A function that places the dialog, such as `placeAtCursor`.
     using Placing = void (*)(Form&, Screen&);
 
-    /// How a control names its text until that is loaded.
+    /// The design-time text of a control: the offset of the text in the form's block.
     [[nodiscard]] std::string offset(int text) const;
-    /// Once the controls are there: loads their texts and fonts, and takes over the buttons. `ok` accepts the dialog,
-    /// `cancel` ends it (the same button where there is nothing to accept).
+    /// Called after the controls are created: loads their texts and fonts, and handles the buttons. `ok` accepts the
+    /// dialog, `cancel` ends it (the same button when there is nothing to accept).
     void load(PressControl& ok, PressControl& cancel, PressControl* help = nullptr);
-    /// Places the dialog, gives `first` the focus, shows the dialog and waits until the user has ended it. Whether the
-    /// user has accepted it.
+    /// Places the dialog, moves the focus to `first`, shows the dialog and waits until the user ends it. Returns
+    /// whether the user accepted it.
     bool show(const Steps& step, Placing place, Control& first);
-    /// The user accepts the dialog; failures are reported under the handler's name.
+    /// Accepts the dialog; failures are reported under the handler's name.
     void accept(std::string_view procedure);
 
-    /// Set by a dialog that takes its result from its controls when it is accepted.
+    /// Set by a dialog that reads its result from its controls when it is accepted.
     std::function<void(const Steps&)> accepting;
 
     Support& support() { return support_; }

@@ -17,20 +17,20 @@ namespace ko {
 
 class Steps;
 
-/// The numbers of the modules' names in the string table.
+/// Numbers of the module names in the string table.
 namespace errorSource = textNumber::errorSource;
 
-/// The events of one document that are in progress. A host may hand over another list of drivers, or end the document,
-/// from inside any call that an event makes: the event is over then.
+/// The events in progress of one document. A host may replace the list of drivers, or end the document, from inside any
+/// call that an event makes; this ends the event.
 class Events {
 public:
-    /// The list of drivers is another from now on: events in progress are over. The old list lives until the outermost
-    /// of them has returned, and then `settle` runs, once.
+    /// The list of drivers has been replaced: ends the events in progress. The old list is kept alive until the
+    /// outermost of them has returned; then `settle` runs once.
     void supersede(DriverList old);
-    /// The document has ended: no event of it does anything any more.
+    /// The document has ended: its events do nothing any more.
     void end(DriverList old);
 
-    /// Brings the page in line with the list that superseded an event. Throws nothing.
+    /// Updates the page to the list that superseded an event. Must not throw.
     std::function<void()> settle;
 
     [[nodiscard]] bool areInProgress() const { return innermost_ != nullptr; }
@@ -43,24 +43,24 @@ private:
     const Steps* innermost_ = nullptr;
     std::uint64_t generation_ = 0;
     bool isEnded_ = false;
-    bool isInStatement_ = false; ///< a statement of a step is running since the innermost steps began
+    bool isInStatement_ = false; ///< a step of the innermost `Steps` is running
     bool isUnsettled_ = false;
     std::vector<DriverList> kept_;
 };
 
-/// Gives failures to the host's error reporter, which it creates on first use and keeps.
+/// Reports failures to the host's error reporter, which it creates on first use and keeps.
 class Errors {
 public:
     using CreateReporter = std::function<std::shared_ptr<ErrorReporter>()>;
 
     Errors(const StringTable& strings, CreateReporter create);
-    /// Shares the reporter of `other`; the events are its own.
+    /// Shares the reporter of `other`, but not its events.
     Errors(const Errors& other) : strings_(other.strings_), reporter_(other.reporter_) {}
     Errors& operator=(const Errors&) = delete;
     ~Errors() = default;
 
-    /// Reports the exception being handled under "<text of sourceText>:<procedure>". False when the reporter itself
-    /// fails or cannot be created; nothing is thrown.
+    /// Reports the exception being handled under "<text of sourceText>:<procedure>". Returns false when the reporter
+    /// fails or cannot be created.
     bool reportCurrent(int sourceText, std::string_view procedure) noexcept;
 
     Events events;

@@ -6,7 +6,7 @@ namespace ko {
 
 namespace {
 
-/// The desktop less its task bars in twips; the whole screen when the system cannot tell.
+/// The desktop without its task bars, in twips; the whole screen when unknown.
 Rectangle workArea(Screen& screen)
 {
     const auto pixels = screen.workArea();
@@ -19,7 +19,7 @@ Rectangle workArea(Screen& screen)
     return {toLong(pixels->left * x), toLong(pixels->top * y), toLong(pixels->right * x), toLong(pixels->bottom * y)};
 }
 
-/// One axis of the clamping: where an edge goes so that the length fits before `end` but never before `begin`.
+/// One axis of the clamping: the position of an edge such that the length ends before `end`, but never before `begin`.
 std::int32_t clampedEdge(std::int32_t edge, std::int32_t length, std::int32_t begin, std::int32_t end)
 {
     std::int64_t moved = edge;

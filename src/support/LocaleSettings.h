@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// The user's time formats as the component keeps them, in the order in which they are read.
+/// The user's time formats, in the order in which they are read.
 struct LocaleSettings {
     std::string timeFormat;
     std::int32_t timeIs24Hour = 0;
@@ -19,7 +19,7 @@ struct LocaleSettings {
     bool operator==(const LocaleSettings&) const = default;
 };
 
-/// Reads the six settings. A 24-hour or leading-zero setting that is no number counts as 0.
+/// Reads the six settings. A 24-hour or leading-zero setting that is not a number counts as 0.
 LocaleSettings readLocaleSettings(const Locale& locale);
 
 } // namespace ko

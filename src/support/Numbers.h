@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// The larger, the smaller of two values; of equal ones the second.
+/// The larger or the smaller of two values; the second if they compare equal.
 template <class T> T largerOf(T a, T b)
 {
     return a > b ? a : b;

@@ -10,7 +10,7 @@ namespace ko {
 
 namespace {
 
-/// The offset that a design-time text holds; 0 for none.
+/// The offset stored in a design-time text; 0 for none.
 int offsetIn(const std::string& designTimeText)
 {
     return toLong(leadingNumber(designTimeText));
@@ -57,7 +57,7 @@ void loadCaption(Control& control, const StringTable& strings, int base)
         captioned->setCaption(strings.text(base + offset));
 }
 
-/// A tab carries the offset of its caption in the caption itself.
+/// A tab's design-time caption is the offset of its caption.
 void loadTabs(const Steps& step, Control& control, const StringTable& strings, int base)
 {
     auto* tabControl = dynamic_cast<TabControl*>(&control);

@@ -2,7 +2,7 @@
 
 namespace ko {
 
-/// The drivers of old lists may call back while they are destroyed.
+/// Drivers of old lists may call back while they are destroyed, so kept_ is emptied first.
 Steps::~Steps()
 {
     Events& events = errors_.events;

@@ -8,20 +8,22 @@
 
 namespace ko {
 
-/// A handler as a list of steps: each that fails is reported once under the handler's name, and the next one runs.
+/// Runs a handler as a list of steps: a step that fails is reported once under the handler's name, and the next one
+/// runs.
 ///
 ///     const Steps step(errors, "cmbScanRate_Click");
 ///     const double rate = step.value([&] { return toDouble(page.cmbScanRate.text()); });
 ///     step([&] { setDriversScanRate(1.0 / nonZero(rate)); });
 ///
-/// When the reporter itself fails the handler ends quietly: its later steps do nothing. So do the later steps of an
-/// event, and of the procedures that it calls between its steps, once the list of drivers or the document is another.
+/// When the reporter itself fails, the handler's later steps do nothing. Once the list of drivers has been replaced or
+/// the document has ended, the later steps of the event, and of the procedures that it calls between its steps, do
+/// nothing either.
 class Steps {
 public:
     enum class Begin : std::uint8_t {
-        Within,  ///< of the event that called it between two of its steps, else a new event
-        Anew,    ///< always a new event: a host's call
-        ToTheEnd ///< a value is put back: neither another list nor the end of the document stops it
+        Within,  ///< continues the event that called it between two of its steps, else a new event
+        Anew,    ///< always a new event, for calls by the host
+        ToTheEnd ///< restores a value: neither a new list nor the end of the document stops it
     };
 
     Steps(Errors& errors, std::string_view procedure, int sourceText = errorSource::page, Begin begin = Begin::Within)
@@ -39,7 +41,7 @@ public:
     Steps(const Steps&) = delete;
     Steps& operator=(const Steps&) = delete;
 
-    /// Runs a statement. Whether it succeeded and the event goes on.
+    /// Runs a statement. Returns whether it succeeded and the event continues.
     template <class Statement> bool operator()(Statement&& statement) const
     {
         if (isOver())
@@ -54,7 +56,7 @@ public:
         }
     }
 
-    /// Computes a value; 0, false, empty or none when that fails, or when the event is over.
+    /// Computes a value; returns 0, false, empty or none when that fails or the event is over.
     template <class Expression> auto value(Expression&& expression) const
     {
         using Result = std::decay_t<std::invoke_result_t<Expression>>;
@@ -74,11 +76,11 @@ public:
     /// The handler's name.
     [[nodiscard]] std::string_view procedure() const { return procedure_; }
 
-    /// Whether nothing more is to be done: the reporter has failed, or the list of drivers or the document is another.
+    /// Whether later steps do nothing: the reporter has failed, or `isSuperseded`.
     [[nodiscard]] bool isOver() const { return ended_ || isSuperseded(); }
-    /// The list of drivers or the document is another.
+    /// Whether the list of drivers has been replaced or the document has ended, which stops this handler.
     [[nodiscard]] bool isSuperseded() const { return !goesOn_ && (hasOtherList() || errors_.events.isEnded_); }
-    /// Another list of drivers has been handed over.
+    /// Whether the list of drivers has been replaced since the event began.
     [[nodiscard]] bool hasOtherList() const { return generation_ != errors_.events.generation_; }
 
 private:

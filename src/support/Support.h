@@ -11,8 +11,8 @@
 
 namespace ko {
 
-/// What the dialogs of a component and every section of a document work with. Platform, texts, time formats and error
-/// reporter are one for all documents; the events in progress are each document's own.
+/// Services for the dialogs of a component and the sections of a document. All documents share the platform, texts,
+/// time formats and error reporter; each document has its own events.
 class Support {
     struct Common {
         Platform platform;
@@ -22,13 +22,13 @@ class Support {
     };
 
 public:
-    /// Of a component.
+    /// Creates the support of a component.
     Support(const Platform& onPlatform, std::string_view language)
         : Support(std::make_shared<Common>(Common{onPlatform, StringTable(language), completed(onPlatform.locale), {}}))
     {
         common_->localeSettings = readLocaleSettings(common_->locale);
     }
-    /// Of a document of the component.
+    /// Creates the support of a document of the component.
     Support(const Support& ofComponent)
         : common_(ofComponent.common_), platform(ofComponent.platform), strings(ofComponent.strings),
           errors(ofComponent.errors), localeSettings(ofComponent.localeSettings)
@@ -49,11 +49,11 @@ public:
     [[nodiscard]] const std::string& text(int number) const { return strings.text(number); }
     /// The user's regional settings, completed so that every date and time reads back.
     [[nodiscard]] const Locale& locale() const { return common_->locale; }
-    /// Reads the six settings of the time of day anew; the others stay, as documents show numbers and dates in them.
-    /// Failures of the platform reach the caller.
+    /// Reads the six time-of-day settings again; the other settings stay, because documents show numbers and dates with
+    /// them. Failures of the platform reach the caller.
     void readTimeSettings();
 
-    /// The width of a vertical scroll bar in twips, asked for once.
+    /// The width of a vertical scroll bar in twips; queried once.
     std::int32_t scrollBarWidth();
 
 private:

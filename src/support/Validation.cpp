@@ -16,14 +16,14 @@ bool isWhole(NumberType type)
     return type == NumberType::Long || type == NumberType::Integer;
 }
 
-/// The text for what is no number. A trigger parameter of type Float is asked for an integer, too.
+/// The message for a text that is not a number. Trigger parameters of type Float have the same message as integers.
 const std::string& notANumber(const Support& support, NumberType type)
 {
     return support.text(type == NumberType::Double ? pageText::realRequired : pageText::integerRequired);
 }
 
-/// The bounds as a message names them: whole ones, rounded inwards, where only whole numbers are accepted; as they are
-/// where no whole number lies between them.
+/// The bounds as a message names them: rounded inwards to integers where only integers are accepted, unless no integer
+/// lies between them.
 Range shownBounds(NumberType type, Range bounds)
 {
     const Range whole{std::ceil(bounds.minimum - rangeTolerance), std::floor(bounds.maximum + rangeTolerance)};
@@ -48,7 +48,7 @@ std::optional<double> converted(std::string_view text, NumberType type, const Lo
     }
 }
 
-/// Whether `value` is what the bound looks like on the screen.
+/// Whether `value` equals the bound as displayed.
 bool readsAs(double bound, double value, const Locale& locale)
 {
     return numberText(bound, locale) == numberText(value, locale);
@@ -58,7 +58,7 @@ bool isInside(double value, const NumberBounds& bounds, const Locale& locale)
 {
     if (!std::isfinite(value) || !bounds.acceptsAnything())
         return false;
-    // A rate has a period, a period a rate.
+    // The reciprocal, the corresponding rate or period, must be finite, too.
     if (bounds.positive && !(value > 0.0 && std::isfinite(1.0 / value)))
         return false;
     if (bounds.minimum && *bounds.minimum - value > rangeTolerance && !readsAs(*bounds.minimum, value, locale))

@@ -24,7 +24,7 @@ bool isRising(const std::vector<double>& list)
     return rises;
 }
 
-/// Leaves in `a` what also stands in `[b, end)`, both in the order of `before`.
+/// Keeps in `a` the values that are also in `[b, end)`, both sorted by `before`.
 template <class Iterator, class Before>
 void keepCommon(std::vector<double>& a, Iterator b, Iterator end, Before before, std::vector<double>& removed)
 {
@@ -62,7 +62,7 @@ Range endsOf(const std::vector<double>& list)
 
 void commonValues(std::vector<double>& a, std::vector<double> b, std::vector<double>& removed)
 {
-    // Drivers of one make deliver one list, and all mostly in order.
+    // Drivers of the same type return the same list, and most lists are sorted.
     if (a == b)
         return;
     if (!isRising(b)) {
@@ -101,7 +101,7 @@ DriverOffer& MergedChoices::add(DriverOffer::Kind kind, Range offered)
     return offer;
 }
 
-/// What has left the common list since the offer was added is the offer's doing.
+/// Attributes the values removed since the offer was added to this offer.
 void MergedChoices::settle(DriverOffer& offer)
 {
     offer.removed = static_cast<std::uint32_t>(account_.removed.size()) - offer.removedFrom;
@@ -116,7 +116,7 @@ void MergedChoices::begin(DriverOffer& offer, std::vector<double> choices)
     values_ = std::move(choices);
     if (isKept(range_))
         valuesInRange(values_, range_, account_.removed);
-    // None of it was ever common.
+    // These values were never common.
     if (values_.empty())
         account_.removed.resize(offer.removedFrom);
     settle(offer);
@@ -126,7 +126,7 @@ void MergedChoices::begin(DriverOffer& offer, std::vector<double> choices)
 
 bool MergedChoices::addList(std::vector<double> choices)
 {
-    // A rising list holds nothing but choices when both of its ends are.
+    // All values of an ascending list are choices when its first and last are.
     const bool rises = !choices.empty() && isRising(choices);
     unusable_ = choices.size();
     if (!rises || !canBeChosen(choices.front()) || !canBeChosen(choices.back()))

@@ -12,7 +12,7 @@ namespace {
 /// Sample rate per hertz of usable bandwidth.
 constexpr double samplesPerSpan = 2.56;
 
-/// A box whose number the current dynamic driver holds.
+/// A box for a number of the current dynamic driver.
 class DynamicEntry : public QuantityEntry {
 public:
     DynamicEntry(Page& page, Support& support, const Quantity& quantity, ValueEditors& editors, DynamicEditors& owner)
@@ -141,8 +141,8 @@ void DynamicEditors::listClicked(ComboBox& chosen, ValueEditors& editors)
     choose(Steps(support_.errors, procedure), chosen, editors);
 }
 
-/// The lists return to the number in force. Where none of their entries is that number they stay on the choice when
-/// it took effect, else they return to the entry before.
+/// The lists then select the number in force. When it is not among their entries, they keep the user's choice if the
+/// number changed, and otherwise return to the previous entry.
 void DynamicEditors::choose(const Steps& step, const ComboBox& chosen, ValueEditors& editors)
 {
     using Fate = Written::Fate;

@@ -13,38 +13,38 @@ namespace ko {
 /// Sample rate, sample period and block size of the driver at `dynamicDriverIndex`, and the span.
 class DynamicEditors {
 public:
-    /// Takes over the events of its controls. Everything passed in outlives the editors.
+    /// Sets the event handlers of its controls. All arguments must outlive the editors.
     DynamicEditors(Page& page, Support& support, Actions& actions);
     ~DynamicEditors();
 
-    /// Builds the rate and period editors for the period in force in seconds (none: not known) and writes the span.
+    /// Builds the rate and period editors for the period in force in seconds (none: unknown) and shows the span.
     void initSampleRateEditors(std::optional<double> period);
 
-    /// Builds the block-size editors for a block size in samples (none: not known); the block size that is shown.
+    /// Builds the block-size editors for a block size in samples (none: unknown). Returns the block size that is shown.
     std::optional<double> initBlockSizeEditors(std::optional<double> size);
 
-    /// Shows a period and a block size that have just been read where those shown are not known.
+    /// Shows a newly read period and block size where the current ones are unknown.
     void follow(const Steps& step, const std::optional<double>& period, const std::optional<double>& size);
 
-    /// What became of a number written to the driver.
+    /// The result of writing a number to the driver.
     struct Written {
         enum class Fate {
             NoDriver,
-            Untouched, ///< the driver holds it already: nothing was written
+            Untouched, ///< the driver already holds the number; nothing was written
             Failed,    ///< the write failed
-            Kept,      ///< the driver kept the number it had
-            Accepted,  ///< the driver holds another number now, not always the one written
-            Refused    ///< beyond the limit: the user was told, the old number is back
+            Kept,      ///< the driver kept its old number
+            Accepted,  ///< the driver's number changed, not necessarily to the one written
+            Refused    ///< beyond the limit: a message was shown and the old number restored
         };
         Fate fate = Fate::NoDriver;
         std::optional<double> inForce; ///< none when it could not be read
     };
 
-    /// Writes a number to the current driver, unless the driver `holds` it already.
+    /// Writes a number to the current driver, unless `holds` is true for the driver's number.
     Written write(const Steps& step, const TimebaseNumber& number, double value,
                   const std::function<bool(const std::optional<double>&)>& holds = {});
 
-    /// Writes the span of a sample period in seconds; none: an empty text.
+    /// Shows the span of a sample period in seconds; empty when `period` is none.
     void showSpan(const Steps& step, std::optional<double> period);
 
     /// The editors' text boxes.

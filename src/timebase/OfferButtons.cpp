@@ -50,7 +50,7 @@ std::vector<Table::Row> OfferButtons::rows(const Steps& step, const OfferAccount
     return rows;
 }
 
-/// A driver that does not tell its name has its place in the list.
+/// A driver whose name cannot be read is named by its position in the list.
 std::string OfferButtons::nameOf(const Steps& step, std::size_t driver) const
 {
     const auto index = static_cast<std::int32_t>(driver);

@@ -12,17 +12,17 @@ namespace ko {
 
 struct Quantity;
 
-/// The buttons beside the editors of rates, periods and the block size, which tell how it comes that an editor takes
-/// what it takes.
+/// The buttons beside the editors of rates, periods and the block size, which explain why an editor accepts what it
+/// accepts.
 class OfferButtons {
 public:
-    /// Answers the component's dialog.
+    /// Returns the component's dialog.
     using Dialog = std::function<ShowOffers&()>;
 
-    /// Takes over the buttons' events. Everything passed in outlives them.
+    /// Sets the buttons' event handlers. All arguments must outlive this object.
     OfferButtons(Page& page, Support& support, Dialog dialog);
 
-    /// Shows each button where the editors' frames are shown.
+    /// Shows each button if its editor's frame is shown, else hides it.
     void follow();
 
 private:

@@ -8,7 +8,7 @@ namespace ko {
 /// A text box that edits a quantity.
 class QuantityEntry : public NumberEntry {
 public:
-    /// Everything passed in outlives the entry; `editors` show the quantity's number.
+    /// All arguments must outlive the entry; `editors` show the quantity's number.
     QuantityEntry(Page& page, Support& support, const Quantity& quantity, ValueEditors& editors)
         : NumberEntry(page, support, page.*quantity.box, quantity.type), quantity_(quantity), editors_(editors)
     {
@@ -19,18 +19,18 @@ protected:
     std::optional<double> held() override;
     double shown(double held) const override { return quantity_.shown(held); }
     void showElsewhere(const Steps& step, double held) override { editors_.showInBoxes(step, held, &box()); }
-    /// Numbers that all drivers share name their range.
+    /// Only numbers that are written to every driver show their range.
     Range hintRange() override;
 
-    /// What came of a typed number.
+    /// The result of writing a typed number.
     struct Result {
         std::optional<double> inForce; ///< as read back; none when that failed
         double requested = 0.0;
-        bool written = false; ///< a driver took the write
+        bool written = false; ///< at least one driver accepted the write
         bool refused = false; ///< beyond the limit
     };
-    /// Shows it in this box and elsewhere. The other boxes show what was requested where a driver took it but could
-    /// not be read back.
+    /// Shows the result in this box and the other controls. The other boxes show the requested number when a driver
+    /// accepted it but could not be read back.
     void show(const Steps& step, const Result& result);
 
     [[nodiscard]] const Quantity& quantity() const { return quantity_; }

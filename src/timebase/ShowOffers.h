@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// The dialog that tells which driver offers what.
+/// The dialog that shows what each driver offers.
 class ShowOffers : public DialogForm {
 public:
     explicit ShowOffers(Support& support);
@@ -14,7 +14,7 @@ public:
     Table tblOffers{*this, "tblOffers"};
     CommandButton btnClose{*this, "btnClose"};
 
-    /// Shows the dialog at the cursor and waits until the user has closed it. Reports its own failures.
+    /// Shows the dialog at the cursor and waits until the user closes it. Reports its own failures.
     void Display(const std::string& title, const std::string& common, std::vector<std::string> columns,
                  std::vector<Table::Row> rows);
 };

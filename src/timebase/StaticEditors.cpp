@@ -7,7 +7,7 @@ namespace ko {
 
 namespace {
 
-/// The page shows what the last driver with a timebase made of the period. None where no driver has one.
+/// The period of the last driver with a timebase, which the page shows after a write. None when no driver has one.
 std::optional<double> lastScanPeriod(const Page& page)
 {
     const Drivers drivers = page.currentDrivers();
@@ -17,7 +17,7 @@ std::optional<double> lastScanPeriod(const Page& page)
     return std::nullopt;
 }
 
-/// A box whose number all drivers share.
+/// A box for a number that is written to every driver.
 class StaticEntry : public QuantityEntry {
 public:
     StaticEntry(Page& page, Support& support, const Quantity& quantity, ValueEditors& editors, StaticEditors& owner)
@@ -29,7 +29,7 @@ protected:
     bool isActive() override { return page().hasStaticDrivers; }
 
     std::optional<double> held() override { return lastScanPeriod(page()); }
-    /// A refused text makes way for the current static driver's period.
+    /// A refused text is replaced by the current static driver's period.
     std::optional<double> heldAfterRefusal() override { return QuantityEntry::held(); }
 
     void accept(const Steps& step, double value) override
@@ -109,7 +109,7 @@ void StaticEditors::noteRestored(const GuardedWrite<NumberSetting>& guarded)
             offers.noteWritten(it.at.driver, *it.before.value, it.kept.value);
 }
 
-/// Both lists stay on the chosen entry whatever became of it; a period that the drivers made of it is selected.
+/// Both lists select the period that the drivers then hold, or else stay on the chosen entry, even after a refusal.
 void StaticEditors::choose(const ComboBox& chosen)
 {
     if (page_.isLoading || !page_.hasStaticDrivers)

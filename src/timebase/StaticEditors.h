@@ -10,32 +10,33 @@
 
 namespace ko {
 
-/// Scan rate and scan period, one setting that all drivers share.
+/// Scan rate and scan period, one setting for all drivers.
 class StaticEditors {
 public:
-    /// Takes over the events of its controls. Everything passed in outlives the editors.
+    /// Sets the event handlers of its controls. All arguments must outlive the editors.
     StaticEditors(Page& page, Support& support, Actions& actions);
     ~StaticEditors();
 
-    /// Builds the editors for the scan period in force in seconds (none: not known).
+    /// Builds the editors for the scan period in force in seconds (none: unknown).
     void initScanRateEditors(std::optional<double> scanPeriod);
 
-    /// Reads and shows the scan period where the one shown is not known.
+    /// Reads and shows the scan period when the one shown is unknown.
     void follow(const Steps& step);
 
     /// The result of writing a scan period to all drivers.
     struct ScanPeriod {
         std::optional<double> inForce; ///< read back from the last driver with a timebase, in seconds
-        bool rejected = false;         ///< beyond the limit: the user was told, every driver has its old period
-        bool written = false;          ///< at least one driver took the write
+        bool rejected = false;         ///< beyond the limit: a message was shown, and every driver has its old period
+        bool written = false;          ///< at least one driver accepted the write
     };
 
-    /// Notifies, then writes one scan period to every driver that offers a timebase, unless it `holds` it already.
-    /// Where every driver holds it, nothing else is done. Reports its own failures.
+    /// Notifies the host, then writes the scan period to every driver that has a timebase, except those for whose
+    /// period `holds` is true. Does nothing, not even notify, when that is so for every driver. Reports its own
+    /// failures.
     ScanPeriod setDriversScanRate(double newScanPeriod,
                                   const std::function<bool(const std::optional<double>&)>& holds = {});
 
-    /// Pushes the scan period that the editors were built for, and shows what the drivers made of it.
+    /// Writes the scan period that the editors were built for, and shows what the drivers then hold.
     void pushLoaded(double seconds);
 
     /// The editors' text boxes.

@@ -10,7 +10,7 @@ namespace ko {
 
 namespace {
 
-/// Two periods that differ by less are the same choice.
+/// Periods that differ by less than this, in seconds, are the same choice.
 constexpr double periodTolerance = 1e-12;
 
 } // namespace
@@ -20,7 +20,7 @@ std::string ValueEditors::text(double value) const
     return numberText(value, support_.locale());
 }
 
-/// A driver's range is asked for only when it offers no list.
+/// A driver's range is read only when it offers no list.
 MergedChoices ValueEditors::mergeOffers(std::string_view procedure) const
 {
     const Steps step(support_.errors, procedure);
@@ -73,7 +73,7 @@ void ValueEditors::build(std::string_view procedure, std::optional<double> inFor
         showInBoxes(step, *inForce, nullptr);
 }
 
-/// A driver that failed when it was asked may have a timebase.
+/// A driver whose query failed may have a timebase.
 bool ValueEditors::canBeWritten() const
 {
     const std::vector<DriverOffer>& drivers = (page_.*number_.offers).drivers;
@@ -86,7 +86,7 @@ bool ValueEditors::canBeWritten() const
     return current < drivers.size() && !hasNone(drivers[current]);
 }
 
-/// A box that accepts nothing but 0, or nothing at all, is for looking only.
+/// A box that accepts only 0, or nothing, is disabled.
 bool ValueEditors::accepts(const Quantity& quantity) const
 {
     return quantity.bounds(page_).acceptsAnything() &&
@@ -104,7 +104,7 @@ void ValueEditors::fillLists()
     });
 }
 
-/// Of periods the last that is close enough; of block sizes the first that is equal.
+/// For periods the last entry that is close enough; for block sizes the first equal one.
 std::int32_t ValueEditors::loadedEntry(const std::optional<double>& inForce) const
 {
     if (!inForce || !number_.isPeriod)

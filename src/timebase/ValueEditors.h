@@ -10,11 +10,11 @@
 
 namespace ko {
 
-/// The controls that show one number of the timebases, each quantity in its own form: parallel lists where the drivers
-/// share choices, else text boxes.
+/// The controls that show one number of the timebases, one pair for each quantity: parallel lists when the drivers
+/// share discrete values, else text boxes.
 class ValueEditors {
 public:
-    /// Everything passed in outlives the editors.
+    /// All arguments must outlive the editors.
     ValueEditors(Page& page, Support& support, const TimebaseNumber& number)
         : page_(page), support_(support), number_(number)
     {
@@ -22,31 +22,32 @@ public:
 
     [[nodiscard]] const TimebaseNumber& number() const { return number_; }
 
-    /// Merges what the drivers offer, reporting failures under `procedure`, and shows the lists or the boxes with the
-    /// number in force (none: not known). They are disabled where no driver has a timebase to be written, and boxes
-    /// where the range lets nothing through.
+    /// Merges the drivers' offers, reporting failures under `procedure`, and shows the lists or the boxes with the
+    /// number in force (none: unknown). They are disabled when no driver has a timebase to write to, and boxes also
+    /// when the range accepts nothing.
     void build(std::string_view procedure, std::optional<double> inForce);
 
-    /// The number of a list entry, which its text shows to 15 digits. Failure 9 for no entry.
+    /// The exact number of a list entry, whose text has only 15 digits. Failure 9 when there is no such entry.
     [[nodiscard]] double valueAt(std::int32_t entry) const;
     /// The numbers of the entries; none while the boxes are shown.
     [[nodiscard]] const std::vector<double>& values() const { return values_; }
 
-    /// The entry that was selected last by the program or accepted; -1 for none.
+    /// The entry that the program last selected or accepted; -1 for none.
     [[nodiscard]] std::int32_t selected() const { return selected_; }
     /// Selects an entry in all lists.
     void select(std::int32_t entry);
-    /// Selects the entry of a number in all lists: the equal one, for periods else one that differs by less than 1e-12
-    /// or reads the same. Where there is none, or the number is not known, all take `otherwise`.
+    /// Selects the entry of a number in all lists: the equal one or, for periods, one that differs by less than 1e-12
+    /// or has the same text. Selects `otherwise` when there is none or the number is unknown.
     void selectValue(std::optional<double> value, std::int32_t otherwise);
 
-    /// Shows a number in all boxes but the one that the user is typing in (or null).
+    /// Shows a number in all boxes except the one that the user is typing in (may be null).
     void showInBoxes(const Steps& step, double value, const TextBox* typedIn);
 
-    /// A number that could not be read back may differ from what is shown. Cleared when the number is shown.
+    /// Marks the number as unknown because it could not be read back and may differ from the one shown. Cleared when a
+    /// number is shown.
     void markUnknown() { isUnknown_ = true; }
     [[nodiscard]] bool isUnknown() const { return isUnknown_; }
-    /// Shows a number that has just been read where the one shown is not known, but in the box with the focus.
+    /// Shows a newly read number when the current one is unknown, except in the focused box.
     void follow(const Steps& step, const std::optional<double>& value);
 
 private:

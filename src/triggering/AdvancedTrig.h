@@ -11,20 +11,20 @@
 
 namespace ko {
 
-/// What the dialog shows of the drivers on the lines.
+/// The drivers on the trigger lines, as the dialog shows them.
 struct LineDrivers {
     PerTrigger<bool> hasMaster{true, true};
-    std::array<std::string, triggerLineCount> hints{}; ///< which drivers drive each line; "" for none known
-    std::vector<LineDriver> drivers{};                 ///< those that have trigger lines
+    std::array<std::string, triggerLineCount> hints{}; ///< the drivers that drive each line; "" when none is known
+    std::vector<LineDriver> drivers{};                 ///< drivers that have trigger lines
 };
 
-/// The dialog "Trigger Lines": a column of options for each of the two triggers, on a tab each. It shows beside the
-/// options what the drivers do on each line as it is chosen.
+/// The dialog "Trigger Lines": one tab with a column of options for each of the two triggers. Beside the options a
+/// table shows what each driver does on each line, for the lines chosen.
 class AdvancedTrig : public DialogForm {
 public:
     explicit AdvancedTrig(Support& support);
 
-    using Options = std::array<std::unique_ptr<OptionButton>, triggerLineCount>; ///< a line each
+    using Options = std::array<std::unique_ptr<OptionButton>, triggerLineCount>; ///< one per line
     enum Tab : std::int32_t { startTab, scanTab };                               ///< in the order of the triggers
 
     Frame frmStartTrig{*this, "frmStartTrig"};
@@ -42,8 +42,8 @@ public:
     CommandButton btnCancel{*this, "btnCancel"};
     CommandButton btnHelp{*this, "btnHelp"};
 
-    /// Shows the dialog with the plan until the user ends it: the plan that the user has chosen and accepted with OK;
-    /// none when no line was chosen. Reports its own failures.
+    /// Shows the dialog with the plan until the user ends it. Returns the plan accepted with OK; none when no line was
+    /// chosen. Reports its own failures.
     std::optional<LinePlan> Display(const LinePlan& plan, const LineDrivers& lineDrivers = {});
 
 private:

@@ -8,14 +8,14 @@
 
 namespace ko {
 
-/// A driver in front of the lines.
+/// A driver and its roles on the trigger lines.
 struct LineDriver {
-    std::string name; ///< "" where it could not be read
+    std::string name; ///< "" when it could not be read
     PerTrigger<LineRole> roles;
 };
 
-/// Shows in `table` what each driver does on each line for one trigger, a row for a driver and a column for a line, as
-/// it would be with the lines of the plan chosen. Failures reach the caller.
+/// Shows in `table` what each driver would do on each line for one trigger if the lines of the plan were applied: a row
+/// per driver and a column per line. Failures reach the caller.
 void showLineMap(Table& table, const Support& support, std::span<const LineDriver> drivers, LineTrigger trigger,
                  const LinePlan& plan);
 

@@ -20,7 +20,7 @@ LineUse lineUse(const LineRole& role, std::int32_t line, LineTrigger trigger, co
     const bool chosen = line == plan.line(trigger);
     if (offer.isMaster && chosen)
         return refused ? LineUse::mustDrive : LineUse::drives;
-    // What a listener offers says nothing of its driving.
+    // A listener's offer does not apply to the line that it drives.
     if (!offer.isMaster && line == role.drives)
         return LineUse::drives;
     if (chosen)

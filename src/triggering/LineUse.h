@@ -8,22 +8,22 @@
 
 namespace ko {
 
-/// What a driver told of its lines when those of one trigger were worked out.
+/// The lines that a driver offers for one trigger, as surveyed.
 struct LineOffer {
-    bool isMaster = false;         ///< it drives the trigger; the others listen
-    std::optional<LineMask> lines; ///< those that it can use for its part; none where it has not told them
+    bool isMaster = false;         ///< the driver drives the trigger line; the others listen
+    std::optional<LineMask> lines; ///< lines that it can use in its role; none when unknown
 };
 
-/// An offer for each driver of a list.
+/// One offer per driver of a list.
 using LineOffers = std::vector<LineOffer>;
 
-/// The lines that no driver excludes; one that has not told its lines excludes none.
+/// The lines that no driver excludes; a driver with unknown lines excludes none.
 LineMask commonLines(const LineOffers& offers);
 
-/// What a driver does on a line for one of the two triggers, or could do.
+/// What a driver does, or could do, on a line for one of the two triggers.
 enum class LineUse {
-    unknown,   ///< it has not told whether it could use the line
-    unusable,  ///< it cannot use the line for its part
+    unknown,   ///< whether it could use the line is unknown
+    unusable,  ///< it cannot use the line in its role
     canListen, ///< it could listen there
     canDrive,  ///< it could drive the line
     taken,     ///< the line carries the other trigger
@@ -33,14 +33,14 @@ enum class LineUse {
     mustDrive   ///< it drives the line although it does not offer it
 };
 
-/// A driver in front of the lines of one trigger: what it offers, and the line that it drives now (-1: none).
+/// A driver's role on the lines of one trigger: its offer, and the line that it drives now (-1: none).
 struct LineRole {
     LineOffer offer;
     std::int32_t drives = -1;
 };
 
-/// The use of a line for the trigger that the offer was made for, with the lines of the plan chosen. A master drives
-/// the chosen line; another driver that is wired to drive a line goes on doing so.
+/// The use of a line for `trigger`, to which the role belongs, if the lines of the plan are applied. A master drives
+/// the chosen line; any other driver continues to drive the line that it already drives.
 LineUse lineUse(const LineRole& role, std::int32_t line, LineTrigger trigger, const LinePlan& plan);
 
 } // namespace ko

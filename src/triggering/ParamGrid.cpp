@@ -13,7 +13,7 @@ namespace ko {
 
 namespace {
 
-/// Parameters that are the driver's own business.
+/// Internal parameters of the drivers, which are not shown.
 constexpr std::int32_t hiddenIds[] = {1, 3};
 
 bool isHidden(std::int32_t id)
@@ -21,7 +21,7 @@ bool isHidden(std::int32_t id)
     return id == hiddenIds[0] || id == hiddenIds[1];
 }
 
-/// Draws the grid once, however many cells change.
+/// Redraws the grid once for all changes within its scope.
 class DrawingLock {
 public:
     explicit DrawingLock(Grid& grid) : grid_(grid) { grid_.lockDrawing(true); }
@@ -111,7 +111,7 @@ CellStyle ParamGrid::styleOf(const Steps& step, TriggerParameters& parameters, s
     return style;
 }
 
-/// A row that was filled or locked without its type is edited again once that is known.
+/// A row that was filled or locked while its type was unknown becomes editable once the type can be read.
 void ParamGrid::unlockRow(const Steps& step, TriggerParameters& parameters, std::int32_t row, std::int32_t id,
                           const std::string& type)
 {
@@ -154,13 +154,13 @@ std::int32_t ParamGrid::idAt(std::int32_t row) const
     return toLong(grid_.cell(row, Grid::idColumn).value, support_.locale());
 }
 
-/// The text fields of an open cell can be copied from and pasted into.
+/// An open text cell allows copying and pasting.
 void ParamGrid::followEditor()
 {
     page_.editFlags = grid_.editedRow() > 0 ? editFlag::copy | editFlag::paste : editFlag::none;
 }
 
-/// Without its type a value can be shown but not edited.
+/// A value whose type is unknown can be shown but not edited.
 void ParamGrid::lockRow(std::int32_t row)
 {
     Grid::Cell cell = grid_.cell(row, Grid::valueColumn);
@@ -212,7 +212,7 @@ void ParamGrid::grdParam_CellEdited(CellEvent& event)
     const bool written = step([&] { parameters->SetTriggerParamValue(slot_, channel_, id, *value); });
     {
         const DrawingLock lock(grid_);
-        // What was written counts until it can be read.
+        // Show the written value until it can be read back.
         if (written)
             step([&] { grid_.setValue(event.row, parameterText(type, *value, support_.locale())); });
         readAgain(step, *parameters);
@@ -222,7 +222,7 @@ void ParamGrid::grdParam_CellEdited(CellEvent& event)
         step([&] { actions_.markChanged(); });
 }
 
-/// Parameters may depend on each other: every row follows.
+/// Parameters may depend on each other, so every row is read again.
 void ParamGrid::readAgain(const Steps& step, TriggerParameters& parameters)
 {
     for (std::int32_t row = 1; row <= grid_.rowCount(); ++row) {

@@ -9,17 +9,17 @@ namespace ko {
 
 class TriggerParameters;
 
-/// The grid `grdParam`: a view on the trigger parameters of the chosen channel. Every accepted edit is written to the
-/// driver at once, and all rows then show what the driver has made of it.
+/// The grid `grdParam`: the trigger parameters of the chosen channel. Every accepted edit is written to the driver at
+/// once, and all rows are then read again.
 class ParamGrid {
 public:
-    /// Takes over the grid's events. Everything passed in outlives the section.
+    /// Sets the grid's event handlers. All arguments must outlive this object.
     ParamGrid(Page& page, Support& support, Actions& actions);
 
-    /// Fills the grid from a channel of a driver; a driver without trigger parameters, or a channel that has none to
-    /// be shown, leaves it empty and disabled. Reports its own failures.
+    /// Fills the grid from a channel of a driver; leaves it empty and disabled when the driver has no trigger
+    /// parameters or the channel has none to show. Reports its own failures.
     void SetupParamGrid(Driver* driver, std::int32_t slot, std::int32_t channel);
-    /// No rows, disabled.
+    /// Removes all rows and disables the grid.
     void clear();
 
 private:
@@ -41,7 +41,7 @@ private:
     Support& support_;
     Actions& actions_;
     Grid& grid_;
-    std::int32_t slot_ = -1; ///< the channel that the rows belong to
+    std::int32_t slot_ = -1; ///< the channel shown in the rows
     std::int32_t channel_ = -1;
 };
 

@@ -8,7 +8,7 @@ namespace {
 
 namespace channelText = textNumber::channelDialog;
 
-/// Twips, around the controls and between them.
+/// Margin in twips around and between the controls.
 constexpr std::int32_t margin = 120;
 
 } // namespace
@@ -61,7 +61,7 @@ bool SelectChannel::Display(ChannelSelections& channels)
     return true;
 }
 
-/// Whether the user has accepted a selection.
+/// Returns whether the user accepted a selection.
 bool SelectChannel::select(const ChannelSelections& channels)
 {
     const Steps step(support().errors, "Display");
@@ -70,7 +70,7 @@ bool SelectChannel::select(const ChannelSelections& channels)
     return show(step, placeCentredUnderCursor, chsNavigate);
 }
 
-/// The buttons stand in a row at the lower right, the selector fills what is left.
+/// The buttons are in a row at the lower right; the selector fills the rest.
 void SelectChannel::Form_Resize()
 {
     const Bounds& inner = bounds();

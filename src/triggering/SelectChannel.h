@@ -15,11 +15,11 @@ public:
     CommandButton cmdCancel{*this, "cmdCancel"};
     CommandButton cmdHelp{*this, "cmdHelp"};
 
-    /// Shows the dialog on one channel (slot and channel -1: none) until the user ends it. True after OK, with the
-    /// selection in the arguments: no driver, -1 and -1 when nothing is selected, else the first one selected. After
-    /// Cancel they are as they were. Reports its own failures.
+    /// Shows the dialog with one channel preselected (slot and channel -1: none) until the user ends it. Returns true
+    /// after OK and sets the arguments to the first selection, or to no driver, -1 and -1 when nothing is selected.
+    /// After Cancel they are unchanged. Reports its own failures.
     bool Display(std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel);
-    /// The same with any number of channels; an empty selection is one element of no driver, -1 and -1.
+    /// As above with any number of channels; an empty selection is one element with no driver, -1 and -1.
     bool Display(ChannelSelections& channels);
 
     // The selector's filters.
@@ -28,10 +28,10 @@ public:
     void FilterDirection(std::int32_t direction) { chsNavigate.setDirection(direction); }
     void FilterSingleValue(bool only) { chsNavigate.setSingleValue(only); }
     void FilterMultiValue(bool only) { chsNavigate.setMultiValue(only); }
-    /// More than one: several channels can be selected, up to this many.
+    /// The maximum number of channels that can be selected.
     void MaxSelections(std::int32_t count);
 
-    /// The drivers whose channels are offered.
+    /// Sets the drivers whose channels are offered.
     void UpdateDrivers(const DriverList& drivers, std::int32_t count);
 
 private:
@@ -39,7 +39,7 @@ private:
     bool select(const ChannelSelections& channels);
 
     // NOLINTBEGIN(readability-identifier-naming): the names that hosts know
-    ChannelSelections Sel; ///< what was selected when the dialog was accepted
+    ChannelSelections Sel; ///< the selection when the dialog was accepted
     std::int32_t SelCount = 0;
     // NOLINTEND(readability-identifier-naming)
 };

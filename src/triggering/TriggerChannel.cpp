@@ -77,7 +77,7 @@ void TriggerChannel::enableTriggering(bool onTrigger)
     step([&] { page_.optOnTrigger.showSelected(); });
     step([&] { showArea(true); });
     const std::optional<SourceSwitches> driver = switches(step);
-    // A page that is built switches no source off: which one counts is the driver's business.
+    // Building the page switches no source off; the driver decides which one it uses.
     const bool isAsked = driver && !(stored().isChannel() && page_.isLoading);
     auto sources = isAsked ? driver->markedBesides({stored()}) : SourceSwitches::Sources();
     if (!stored().isChannel() && !sources.empty()) {
@@ -92,7 +92,7 @@ void TriggerChannel::enableTriggering(bool onTrigger)
         switchOn(step, *driver, page_.isLoading ? SourceSwitches::Sources() : sources);
 }
 
-/// The page follows a driver that keeps another source.
+/// When the driver keeps another source, the page shows that one.
 void TriggerChannel::switchOn(const Steps& step, const SourceSwitches& driver, const SourceSwitches::Sources& others)
 {
     const TriggerSource source = driver.move(others, stored());
@@ -170,7 +170,7 @@ void TriggerChannel::cmdChannel_Click()
         step([&] { actions_.markChanged(); });
 }
 
-/// Asks until a channel is chosen; none when the user cancels.
+/// Shows the dialog until a channel is chosen; none when the user cancels.
 std::optional<TriggerSource> TriggerChannel::choose(const Steps& step)
 {
     for (;;) {
@@ -187,7 +187,7 @@ std::optional<TriggerSource> TriggerChannel::choose(const Steps& step)
     }
 }
 
-/// False where the driver keeps another source, which the page then shows.
+/// Returns false when the driver keeps another source, which the page then shows.
 bool TriggerChannel::store(const Steps& step, const TriggerSource& chosen)
 {
     if (chosen == stored())
@@ -201,7 +201,7 @@ bool TriggerChannel::store(const Steps& step, const TriggerSource& chosen)
     return isTaken;
 }
 
-/// The driver's source after its switch was moved to the chosen one.
+/// Switches the driver to the chosen source; returns the source that it then has.
 TriggerSource TriggerChannel::moved(const Steps& step, const TriggerSource& chosen) const
 {
     const std::shared_ptr<Driver> driver = master();

@@ -11,22 +11,22 @@ namespace ko {
 class SelectChannel;
 class TriggerParameters;
 
-/// The trigger area: the channel of the start master that starts the recording, its caption, and its parameters.
+/// The trigger area: the channel of the start master that triggers the recording, its caption and its parameters.
 class TriggerChannel {
 public:
-    /// Makes the component's dialog on first use.
+    /// Returns the component's dialog, creating it on first use.
     using Dialog = std::function<SelectChannel&()>;
 
-    /// Takes over the events of its controls. Everything passed in outlives the section.
+    /// Sets the event handlers of its controls. All arguments must outlive this object.
     TriggerChannel(Page& page, Support& support, Actions& actions, Dialog dialog);
 
-    /// A page is being built: triggering counts as switched on anew.
+    /// Called when the page is being built: the next `enableTriggering` counts as switching triggering on.
     void beginBuild() { isOn_ = false; }
-    /// Another driver may be start master, or it may have other channels: a stored channel that it lacks is forgotten,
-    /// and the rows of another driver go. Reports its own failures.
+    /// Called when the start master or its channels may have changed: clears a stored channel that the master lacks,
+    /// and the grid rows of another driver. Reports its own failures.
     void followStartMaster();
 
-    /// See `Actions`. A disabled channel is told of once for each time triggering is switched on.
+    /// See `Actions`. A message warns of a disabled channel once each time triggering is switched on.
     void enableTriggering(bool onTrigger);
     void disableTriggering(bool onTrigger);
     void clearTriggerSource();
@@ -51,7 +51,7 @@ private:
     Actions& actions_;
     Dialog dialog_;
     ParamGrid grid_;
-    std::weak_ptr<Driver> shownFrom_; ///< the driver that the grid's rows belong to
+    std::weak_ptr<Driver> shownFrom_; ///< the driver whose parameters the grid shows
     bool isOn_ = false;
 };
 

@@ -63,7 +63,7 @@ LinePlan TriggerLineChoice::wiredLines(const TriggerMasters& masters)
     return {offered, masters.driven};
 }
 
-/// The page's line becomes what the drivers have made of this one. Whether the master took it.
+/// Updates the page to the line that the master then drives. Returns whether the master accepted the write.
 bool TriggerLineChoice::write(LineTrigger trigger, std::int32_t line, std::int32_t before)
 {
     const PerTrigger<std::int32_t> masters{page_.dynamicDriverIndex, page_.staticDriverIndex};
@@ -127,13 +127,13 @@ void TriggerLineChoice::apply(const Steps& step, const LinePlan& before)
     const LinePlan chosen = page_.lines;
     for (const LineTrigger trigger : lineTriggers) {
         const std::int32_t old = before.line(trigger);
-        // The start's driver may have kept the line that the sync trigger was to have.
+        // The start master may have kept the line that was chosen for the sync trigger.
         if (page_.lines.line(trigger) < 0)
             page_.lines.put(trigger, old);
         const std::int32_t line = page_.lines.line(trigger);
         if (line != old && write(trigger, line, old))
             step([&] { actions_.markChanged(); });
-        // What the clicks have freed was free only for the lines that they chose.
+        // The choice was not applied, so the lines that it freed for the other trigger are not available.
         if (page_.lines.line(trigger) != chosen.line(trigger))
             page_.lines.restoreOffer(otherThan(trigger), before);
     }

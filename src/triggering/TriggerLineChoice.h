@@ -15,18 +15,18 @@ class Triggering;
 struct LineDrivers;
 struct TriggerMasters;
 
-/// Which of the trigger lines carry the start and the sync trigger: chosen when a page is built, and by hand in the
-/// dialog that the menu item opens.
+/// Chooses the trigger lines of the start and the sync trigger: automatically when the page is built, and by the user
+/// in the dialog that the menu item opens.
 class TriggerLineChoice {
 public:
-    /// Makes the component's dialog on first use.
+    /// Returns the component's dialog, creating it on first use.
     using Dialog = std::function<AdvancedTrig&()>;
 
-    /// Takes over the menu item's event. Everything passed in outlives the section.
+    /// Sets the menu item's event handler. All arguments must outlive this object.
     TriggerLineChoice(Page& page, Support& support, Actions& actions, Triggering& triggering, Dialog dialog);
 
-    /// Works the lines out for the page's drivers and masters and writes them to the drivers. Both choices are made
-    /// anew: a line that a master is wired to stays its line, the start's where both are wired to one. Reports its own
+    /// Chooses both lines for the page's drivers and masters and writes them to the drivers. A line that a master
+    /// already drives is kept; when both masters drive the same line, the start trigger keeps it. Reports its own
     /// failures.
     void build(const TriggerMasters& masters);
 
@@ -43,7 +43,7 @@ private:
     Actions& actions_;
     Triggering& triggering_;
     Dialog dialog_;
-    PerTrigger<LineOffers> offers_; ///< of the page's drivers, from the survey for the lists
+    PerTrigger<LineOffers> offers_; ///< of the page's drivers, as surveyed by `build`
 };
 
 } // namespace ko

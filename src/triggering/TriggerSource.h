@@ -9,7 +9,7 @@ namespace ko {
 
 class TriggerParameters;
 
-/// A channel of the start master that starts the recording; without a channel it is a whole group or driver.
+/// The channel of the start master that triggers the recording; a channel or slot of -1 means a whole group or driver.
 struct TriggerSource {
     std::int32_t slot = -1, channel = -1;
 
@@ -17,7 +17,7 @@ struct TriggerSource {
     bool operator==(const TriggerSource&) const = default;
 };
 
-/// The switches by which a driver marks its trigger source. Failures are reported to the steps.
+/// Reads and writes the flags by which a driver marks its trigger source. Failures are reported to the steps.
 class SourceSwitches {
 public:
     using Sources = std::vector<TriggerSource>;
@@ -27,19 +27,19 @@ public:
     {
     }
 
-    /// The channels besides these that the driver marks.
+    /// The channels that the driver marks, except `known`.
     [[nodiscard]] Sources markedBesides(const Sources& known) const;
 
-    /// Switches one channel: whether the driver took the write.
+    /// Switches one channel; returns whether the driver accepted the write.
     bool set(const TriggerSource& source, bool on) const;
 
-    /// Switches one channel, and reads it back: whether the driver marks it then. Where it cannot be read back the
-    /// write counts.
+    /// Switches one channel and reads it back; returns whether the driver then marks it. When reading back fails, the
+    /// result of the write counts.
     bool write(const TriggerSource& source, bool on) const;
 
-    /// A driver has one trigger source: these are switched off, and `to` is switched on. Where that one does not
-    /// become the source, the first of `from` is switched on again unless the driver still marks a channel. The channel
-    /// that counts afterwards; none where that is unknown.
+    /// Switches `from` off and `to` on, because a driver has one trigger source. If `to` does not become the source,
+    /// switches the first of `from` on again, unless the driver still marks a channel. Returns the resulting source; no
+    /// channel when it is unknown.
     [[nodiscard]] TriggerSource move(const Sources& from, const TriggerSource& to) const;
 
 private:

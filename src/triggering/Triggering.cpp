@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::int32_t bestRank = 10;
 
-/// One of the two triggers, by the operations that serve it and the procedures that report for it.
+/// The operations of one of the two triggers, and the procedure names for its reports.
 struct TriggerRole {
     LineList (TriggerLines::*linesAsMaster)();
     LineList (TriggerLines::*linesAsListener)();
@@ -33,7 +33,7 @@ constexpr PerTrigger<TriggerRole> roles{
      &TriggerLines::setScanTriggerLine, &TriggerLines::setScanTriggerInput, "buildScanTriggerList",
      "setScanTriggerLine"}};
 
-/// -1 for all that is no line. Failure 9 for a line that does not exist.
+/// Maps all negative numbers to -1 (no line). Failure 9 for a line that does not exist.
 std::int32_t wiredLine(std::int32_t line)
 {
     if (line >= triggerLineCount)
@@ -41,27 +41,27 @@ std::int32_t wiredLine(std::int32_t line)
     return std::max(line, -1);
 }
 
-/// Asks the drivers no more than it takes to find the masters, and nothing twice.
+/// Queries the drivers only as far as needed to find the masters, and each value once.
 class Survey {
 public:
-    Survey(const Steps& step, Drivers drivers) : step_(step), asked_(drivers.size())
+    Survey(const Steps& step, Drivers drivers) : step_(step), states_(drivers.size())
     {
         for (std::size_t i = 0; i < drivers.size(); ++i)
-            asked_[i].lines = step.value([&] { return drivers[i] ? drivers[i]->queryTriggerLines() : nullptr; });
+            states_[i].lines = step.value([&] { return drivers[i] ? drivers[i]->queryTriggerLines() : nullptr; });
     }
 
-    /// Below 0 for a driver that takes no part.
-    std::int32_t startLine(std::size_t i) { return ask(i, asked_[i].startLine, &TriggerLines::StartTriggerLine); }
-    std::int32_t startRank(std::size_t i) { return ask(i, asked_[i].startRank, &TriggerLines::StartMasterRank); }
-    std::int32_t scanLine(std::size_t i) { return ask(i, asked_[i].scanLine, &TriggerLines::ScanTriggerLine); }
-    std::int32_t scanRank(std::size_t i) { return ask(i, asked_[i].scanRank, &TriggerLines::ScanMasterRank); }
+    /// Negative for a driver that is ignored.
+    std::int32_t startLine(std::size_t i) { return query(i, states_[i].startLine, &TriggerLines::StartTriggerLine); }
+    std::int32_t startRank(std::size_t i) { return query(i, states_[i].startRank, &TriggerLines::StartMasterRank); }
+    std::int32_t scanLine(std::size_t i) { return query(i, states_[i].scanLine, &TriggerLines::ScanTriggerLine); }
+    std::int32_t scanRank(std::size_t i) { return query(i, states_[i].scanRank, &TriggerLines::ScanMasterRank); }
 
-    /// False for -1 and for a driver that has failed.
-    [[nodiscard]] bool takesPart(std::int32_t i) const { return i >= 0 && asked_[static_cast<std::size_t>(i)].lines; }
+    /// False for -1 and for a driver that has failed or has no trigger lines.
+    [[nodiscard]] bool takesPart(std::int32_t i) const { return i >= 0 && states_[static_cast<std::size_t>(i)].lines; }
 
     template <class Condition> std::int32_t first(Condition condition)
     {
-        for (std::size_t i = 0; i < asked_.size(); ++i)
+        for (std::size_t i = 0; i < states_.size(); ++i)
             if (condition(i))
                 return static_cast<std::int32_t>(i);
         return -1;
@@ -71,7 +71,7 @@ public:
     {
         std::int32_t found = -1;
         std::int32_t highest = 0;
-        for (std::size_t i = 0; i < asked_.size() && highest < bestRank; ++i) {
+        for (std::size_t i = 0; i < states_.size() && highest < bestRank; ++i) {
             if (const std::int32_t own = (this->*rank)(i); own > highest) {
                 highest = own;
                 found = static_cast<std::int32_t>(i);
@@ -82,27 +82,27 @@ public:
 
 private:
     using Answer = std::optional<std::int32_t>;
-    struct Asked {
+    struct State {
         TriggerLines* lines = nullptr;
         Answer startLine, startRank, scanLine, scanRank;
     };
 
-    std::int32_t ask(std::size_t i, Answer& answer, std::int32_t (TriggerLines::*question)())
+    std::int32_t query(std::size_t i, Answer& answer, std::int32_t (TriggerLines::*getter)())
     {
-        Asked& driver = asked_[i];
+        State& driver = states_[i];
         if (!driver.lines)
             return -1;
-        const bool isLine = question == &TriggerLines::StartTriggerLine || question == &TriggerLines::ScanTriggerLine;
+        const bool isLine = getter == &TriggerLines::StartTriggerLine || getter == &TriggerLines::ScanTriggerLine;
         if (!answer && !step_([&] {
-                const std::int32_t told = (driver.lines->*question)();
-                answer = isLine ? wiredLine(told) : told;
+                const std::int32_t value = (driver.lines->*getter)();
+                answer = isLine ? wiredLine(value) : value;
             }))
             driver.lines = nullptr;
         return answer.value_or(-1);
     }
 
     const Steps& step_;
-    std::vector<Asked> asked_;
+    std::vector<State> states_;
 };
 
 TriggerLines* linesOf(Drivers drivers, std::size_t index)
@@ -110,7 +110,7 @@ TriggerLines* linesOf(Drivers drivers, std::size_t index)
     return index < drivers.size() && drivers[index] ? drivers[index]->queryTriggerLines() : nullptr;
 }
 
-/// True at the listed lines. A line that does not exist is one failure for the whole list.
+/// True for the listed lines. Lines that do not exist are reported as one failure for the whole list.
 LineMask maskOf(const Steps& step, const LineList& list)
 {
     LineMask mask{};
@@ -126,11 +126,11 @@ LineMask maskOf(const Steps& step, const LineList& list)
     return mask;
 }
 
-/// None where the driver fails.
-std::optional<LineMask> offeredLines(const Steps& step, TriggerLines& lines, LineList (TriggerLines::*question)())
+/// None when the driver fails.
+std::optional<LineMask> offeredLines(const Steps& step, TriggerLines& lines, LineList (TriggerLines::*getter)())
 {
     LineList list;
-    if (!step([&] { list = (lines.*question)(); }))
+    if (!step([&] { list = (lines.*getter)(); }))
         return std::nullopt;
     LineMask all;
     all.fill(true);
@@ -145,7 +145,7 @@ std::int32_t firstStartMaster(Drivers drivers)
             if (lines && lines->StartMasterRank() >= 0)
                 return static_cast<std::int32_t>(i);
         } catch (...) {
-            // The next driver may do.
+            // Try the next driver.
             continue;
         }
     }
@@ -159,7 +159,7 @@ TriggerMasters Triggering::findTriggerMasters(Drivers drivers)
     const Steps step(support_.errors, "findTriggerMasters", errorSource::triggering);
     Survey survey(step, drivers);
     TriggerMasters masters;
-    // A driver that fails takes no part, also when it was to be a master already.
+    // A driver that fails is ignored, so repeat if it was already chosen as a master.
     do {
         masters.start = survey.first([&](auto i) { return survey.startLine(i) >= 0 && survey.startRank(i) > 0; });
         masters.scan = survey.first([&](auto i) { return survey.scanLine(i) >= 0; });

@@ -7,8 +7,8 @@
 
 namespace ko {
 
-/// Which drivers of a list drive the start and the sync trigger line, and the lines on which they were found to do so
-/// already; -1 none.
+/// The indices of the drivers that drive the start and the sync trigger line, and the lines that they already drive; -1
+/// for none.
 struct TriggerMasters : PerTrigger<std::int32_t> {
     PerTrigger<std::int32_t> driven{-1, -1};
 
@@ -16,29 +16,29 @@ struct TriggerMasters : PerTrigger<std::int32_t> {
     bool operator==(const TriggerMasters&) const = default;
 };
 
-/// The trigger-line module: one for all documents of a component. Every procedure reports its own failures and goes
-/// on; a driver without the trigger-line interface takes no part.
+/// The trigger-line module. Every procedure reports its own failures and continues; a driver without the trigger-line
+/// interface is ignored.
 class Triggering {
 public:
     explicit Triggering(Support& support) : support_(support) {}
 
-    /// Looks for the masters anew: drivers that are wired as such already come first, then the best rank, the
-    /// earlier driver among equals. A driver that fails, or that is wired to a line beyond 7, takes no part.
+    /// Finds the masters: drivers that already drive a line come first, then the highest rank, then list order. A
+    /// driver that fails, or drives a line above 7, is ignored.
     TriggerMasters findTriggerMasters(Drivers drivers);
 
-    /// What the master (-1: none) can drive for the trigger, and what the others can listen to. Without a master that
-    /// has trigger lines no driver is asked.
+    /// The lines that the master (-1: none) can drive for the trigger, and those on which the other drivers can listen.
+    /// Without a master that has trigger lines, no driver is queried.
     LineOffers buildTriggerList(LineTrigger trigger, Drivers drivers, std::int32_t master);
 
-    /// What became of a line that was written.
+    /// The result of writing a line.
     struct WrittenLine {
-        std::int32_t line = -1; ///< as the master was read back
-        bool written = false;   ///< the master took the write
+        std::int32_t line = -1; ///< read back from the master
+        bool written = false;   ///< the master accepted the write
     };
-    /// Lets the master drive the line and every other driver listen to what it drives then; -1 for none. Where it
-    /// cannot be read back, that is the line that it took, or else `before`. Without a master (-1) the first driver
-    /// that can be start master is taken, a driver that fails while it is looked for being passed over; for the sync
-    /// trigger nothing is done.
+    /// Makes the master drive the line (-1: none) and every other driver listen on the line that it then drives. When
+    /// that cannot be read back, it is assumed to be the line written, or `before` when the write failed. Without a
+    /// master (-1), the start trigger uses the first driver that can be start master, skipping drivers that fail; for
+    /// the sync trigger nothing is done.
     WrittenLine setTriggerLine(LineTrigger trigger, Drivers drivers, std::int32_t master, std::int32_t line,
                                std::int32_t before);
 

@@ -23,7 +23,7 @@ QAccessible::Role roleOf(QObject* object)
     return dynamic_cast<ChannelBrowser*>(object) ? QAccessible::Grouping : QAccessible::NoRole;
 }
 
-/// The toolkit takes a radio button whose group is kept elsewhere for a check box.
+/// The toolkit reports a radio button outside a button group as a check box.
 class OptionInterface : public QAccessibleWidget {
 public:
     explicit OptionInterface(OptionWidget& option)
@@ -60,7 +60,7 @@ private:
     OptionWidget& option_;
 };
 
-/// The toolkit asks for each of a widget's classes; the roles are for those that it only knows as plain widgets.
+/// The toolkit calls this for each of a widget's classes; the roles apply to plain widgets.
 QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
 {
     if (auto* option = dynamic_cast<OptionWidget*>(object))
@@ -75,7 +75,7 @@ QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
 
 void describeOwnWidgets()
 {
-    // The toolkit leaves out a function that it has already.
+    // The toolkit ignores a function that is already installed.
     QAccessible::installFactory(interfaceOf);
 }
 

@@ -2,8 +2,8 @@
 
 namespace ko {
 
-/// Tells assistive technology what the widgets are that the toolkit has no word for: pictures, options, and
-/// fields that are made of several. Once is enough; to be called before the first of them is asked what it is.
+/// Registers accessible roles for widgets without one in the toolkit: pictures, options, and fields made of several
+/// widgets. Must be called before the first of them is queried; further calls have no effect.
 void describeOwnWidgets();
 
 } // namespace ko

@@ -9,7 +9,7 @@ namespace ko {
 
 namespace {
 
-/// By itself and by every frame around it, whose box is not switched off with it.
+/// Includes the frames around the control, because their group boxes are never disabled.
 bool isEnabled(const Control& control)
 {
     return control.enabled() && (!control.container() || isEnabled(*control.container()));
@@ -53,7 +53,7 @@ void Binding::refreshHint()
     const QString toolTip = control_.hasToolTip() ? toQt(control_.toolTipText()) : QString();
     widget_.setToolTip(plainTip(toolTip));
     QString hint = toolTip.isEmpty() ? toQt(control_.tag()) : toolTip;
-    // A number is where the loader has found the control's text.
+    // A number is the offset of a text for the loader, not a hint.
     bool isNumber = false;
     hint.toInt(&isNumber);
     if (isNumber)
@@ -64,7 +64,7 @@ void Binding::refreshHint()
 
 void Binding::refreshUsability()
 {
-    // A widget that goes hands the toolkit's focus to a neighbour of its own choice.
+    // The toolkit moves the focus from a widget that is disabled or hidden to another one.
     const FocusKeeper::Hold hold(view_.focus());
     widget_.setEnabled(isEnabled(control_));
     widget_.setVisible(control_.visible());

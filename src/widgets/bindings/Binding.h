@@ -9,10 +9,10 @@ namespace ko {
 
 class FormView;
 
-/// Shows one control model in one widget and hands the user's input on to the model. No rule of the form lives
-/// here: after each input the widget shows what the model has made of it.
+/// Shows one control model in one widget and passes the user's input to the model. Contains no rules of the form: after
+/// each input the widget shows the state of the model.
 ///
-/// The control outlives its binding. The binding is the control's one view while it lives.
+/// The control must outlive its binding. The binding is the control's only view during its lifetime.
 class Binding : public QObject {
 public:
     Binding(FormView& view, Control& control, QWidget& widget);
@@ -21,11 +21,11 @@ public:
     [[nodiscard]] QWidget& widget() const { return widget_; }
 
 protected:
-    /// Brings the widget in line with one aspect of the control.
+    /// Updates the widget from one aspect of the control.
     virtual void refresh(Aspect aspect);
-    /// To be called at the end of each binding's constructor.
+    /// Must be called at the end of each binding's constructor.
     void refreshAll();
-    /// What the assistive technology and the status line say about the widget.
+    /// Updates the widget's texts for assistive technology and the status line.
     virtual void refreshHint();
     virtual void refreshUsability();
 

@@ -57,7 +57,7 @@ bool PressBinding::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() != QEvent::Shortcut)
         return false;
-    // Of controls that share a mnemonic each press goes to the next one without clicking it.
+    // When controls share a mnemonic, each press focuses the next one without clicking it.
     if (static_cast<QShortcutEvent*>(event)->isAmbiguous())
         view_.focus().request(press_);
     else

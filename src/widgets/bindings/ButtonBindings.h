@@ -10,7 +10,7 @@
 
 namespace ko {
 
-/// A radio button that changes only when its control does.
+/// A radio button that is checked only by its control.
 class OptionWidget : public QRadioButton {
 public:
     explicit OptionWidget(QWidget* parent);
@@ -19,7 +19,7 @@ protected:
     void nextCheckState() override {}
 };
 
-/// What option and command buttons share: caption, click, mnemonic.
+/// Common parts of option and command buttons: caption, click, mnemonic.
 class PressBinding : public Binding {
 public:
     PressBinding(FormView& view, PressControl& control, QAbstractButton& button);
@@ -57,8 +57,8 @@ public:
     CommandButtonBinding(FormView& view, CommandButton& control, QPushButton& button);
 };
 
-/// An image, shown by a widget that draws the picture of the number in its property `picture`; a click anywhere on
-/// it is a click.
+/// An image, shown by a widget that draws the picture whose number is in its property `picture`; a click anywhere on
+/// the widget clicks the image.
 class ImageBinding : public Binding {
 public:
     ImageBinding(FormView& view, Image& control, QWidget& picture);
@@ -67,15 +67,15 @@ public:
 
 protected:
     void refresh(Aspect aspect) override;
-    /// The picture says itself what it is.
+    /// The picture has its own accessible name.
     void refreshHint() override {}
 
 private:
     Image& image_;
 };
 
-/// A frame in a group box, with its caption as title or in a label of its own. The box is never switched off: the
-/// frame's controls are, each by itself, for what else stands in the box is usable at any time.
+/// A frame in a group box, with its caption as title or in a separate label. The box is never disabled; the frame's
+/// controls are disabled individually, because other widgets in the box remain usable.
 class FrameBinding : public Binding {
 public:
     FrameBinding(FormView& view, Frame& control, QGroupBox& box, QLabel* heading);

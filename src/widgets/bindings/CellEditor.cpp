@@ -13,7 +13,7 @@ void CellEditor::follow()
     const int row = grid_.editedRow();
     if (box_ && row_ != row)
         close();
-    // A check or a list is edited in its own widget.
+    // Check and list cells are edited in their own widgets.
     if (row == 0 || grid_.cell(row, Grid::valueColumn).style.control != CellStyle::Control::edit)
         return;
     if (!box_)
@@ -36,7 +36,7 @@ void CellEditor::open()
     onSignal(box_.data(), &QLineEdit::cursorPositionChanged, this, [this] { selected(); });
     table_.setCurrentCell(row_ - 1, Grid::valueColumn);
     table_.setCellWidget(row_ - 1, Grid::valueColumn, box_);
-    // Whoever gives the table the focus means the open cell.
+    // Focus given to the table goes to the open cell.
     table_.setFocusProxy(box_);
     box_->setFocus(Qt::OtherFocusReason);
 }
@@ -94,7 +94,7 @@ void CellEditor::selected()
 
 bool CellEditor::eventFilter(QObject*, QEvent* event)
 {
-    // A box that loses the focus stops showing its selection, and has it all the same.
+    // A line edit without the focus clears its displayed selection, but the model keeps it.
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
         isAway_ = event->type() == QEvent::FocusOut;
         if (!isAway_ && grid_.editedRow() > 0)
@@ -105,7 +105,7 @@ bool CellEditor::eventFilter(QObject*, QEvent* event)
     switch (static_cast<QKeyEvent*>(event)->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: {
-        // A message box of the check takes the focus and gives it back.
+        // A message box shown by the check takes the focus and returns it.
         const FocusKeeper::Hold hold(view_.focus());
         view_.act([&] { grid_.userEndedEdit(); });
         return true;

@@ -12,13 +12,13 @@ namespace ko {
 
 class FormView;
 
-/// The text box over the grid's open value cell. Enter ends the edit, Escape drops it; what the grid refuses stays
-/// open with the user's text.
+/// The text box over the grid's open value cell. Enter ends the edit, Escape drops it; a refused edit stays open with
+/// the user's text.
 class CellEditor : public QObject {
 public:
     CellEditor(FormView& view, Grid& grid, QTableWidget& table) : view_(view), grid_(grid), table_(table) {}
 
-    /// Brings the text box in line with the grid's open editor; there is none while no cell is open.
+    /// Updates the text box from the grid's open editor; opens or closes it as needed.
     void follow();
     /// The text box, null while no cell is open.
     [[nodiscard]] QLineEdit* box() const { return box_; }
@@ -36,9 +36,9 @@ private:
     Grid& grid_;
     QTableWidget& table_;
     QPointer<QLineEdit> box_;
-    int row_ = 0; ///< the row that the box stands in, as the grid counts
+    int row_ = 0; ///< the grid row of the box
     bool showing_ = false;
-    bool isAway_ = false; ///< the focus was in the box and has left
+    bool isAway_ = false; ///< the box had the focus and has lost it
 };
 
 } // namespace ko

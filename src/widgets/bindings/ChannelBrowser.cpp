@@ -15,7 +15,7 @@ namespace ko {
 
 namespace {
 
-/// Shows the item where it or one above or below it has the text; whether it is shown.
+/// Shows the item if it or an item above or below it contains the text; returns whether it is shown.
 bool filterItem(QTreeWidgetItem& item, const QString& text, bool aboveHas)
 {
     const bool has = aboveHas || item.text(0).contains(text, Qt::CaseInsensitive);
@@ -118,7 +118,7 @@ void ChannelSelectorBinding::applyFilter()
         followFilter();
 }
 
-/// What the filter hides cannot stay selected: the first channel left takes its place.
+/// A hidden line cannot stay selected: selects the first visible channel instead.
 void ChannelSelectorBinding::followFilter()
 {
     const QList<QTreeWidgetItem*> selected = browser_.tree->selectedItems();
@@ -152,7 +152,7 @@ void ChannelSelectorBinding::picked()
 
 void ChannelSelectorBinding::activated(const QTreeWidgetItem& item)
 {
-    // A double click on a driver or a group opens or shuts it.
+    // A double click on a driver or a group expands or collapses it.
     if (item.childCount() == 0)
         view_.act([&] { selector_.userActivated(lineOf(&item)); });
 }

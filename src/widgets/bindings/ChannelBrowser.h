@@ -8,7 +8,7 @@
 
 namespace ko {
 
-/// A tree of channels below a line that filters it. The Tab key goes from the one to the other.
+/// A tree of channels below a line edit that filters it. The Tab key moves between the two.
 class ChannelBrowser : public QWidget {
 public:
     explicit ChannelBrowser(QWidget* parent);
@@ -20,8 +20,8 @@ protected:
     bool focusNextPrevChild(bool next) override;
 };
 
-/// The channel selector in a browser. The filter line hides the lines that lack its text and are above or below none
-/// that has it; a double click activates a channel.
+/// The channel selector in a browser. The filter shows only lines that contain its text, and the lines above and below
+/// them in the tree; a double click activates a channel.
 class ChannelSelectorBinding : public Binding {
 public:
     ChannelSelectorBinding(FormView& view, ChannelSelector& control, ChannelBrowser& browser);

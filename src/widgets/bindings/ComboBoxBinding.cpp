@@ -14,7 +14,7 @@ namespace {
 
 constexpr int shownCharacters = 12;
 
-/// Lets a long list open below its box and scroll, where the style would cover the screen with it.
+/// Opens a long list below its box, with a scroll bar; some styles would cover the screen with it.
 class DropDownStyle : public QProxyStyle {
 public:
     explicit DropDownStyle(QObject* parent) { setParent(parent); }
@@ -98,7 +98,7 @@ void ComboBoxBinding::refresh(Aspect aspect)
 
 bool ComboBoxBinding::eventFilter(QObject*, QEvent* event)
 {
-    // The wheel scrolls the page; it chooses only where the user is.
+    // The wheel scrolls the page; it selects entries only in the focused box.
     if (event->type() != QEvent::Wheel || combo_.hasFocus())
         return false;
     event->ignore();

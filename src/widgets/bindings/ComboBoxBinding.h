@@ -8,12 +8,12 @@
 
 namespace ko {
 
-/// Reads the entries of a combo box control when they are looked at, so that long lists cost nothing.
+/// Reads the entries of a combo box control only when they are displayed, so that long lists cost nothing.
 class ItemsModel : public QAbstractListModel {
 public:
     ItemsModel(const ComboBox& control, Qt::Alignment alignment, QObject* parent);
 
-    /// The control has other entries.
+    /// Must be called when the control's entries have changed.
     void reload();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent) const override;

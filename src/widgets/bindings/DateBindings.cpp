@@ -15,7 +15,7 @@ namespace ko {
 
 namespace {
 
-/// The toolkit's letters for one place of a picture.
+/// The toolkit's format letters for one item of a picture.
 QString displayLetters(const PictureItem& item)
 {
     using Field = PictureItem::Field;
@@ -37,7 +37,7 @@ bool isEnter(const QEvent& event)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-/// A picture in the toolkit's letters.
+/// Converts a picture to the toolkit's format.
 QString displayFormat(const std::string& picture)
 {
     QString format;
@@ -51,7 +51,7 @@ bool hasDesignators(const QLocale& locale, const TimeFormat& format)
     return fromQt(locale.amText()) == format.amDesignator && fromQt(locale.pmText()) == format.pmDesignator;
 }
 
-/// The toolkit takes the designators from a locale: one that has these, as far as there is one.
+/// The toolkit takes the designators from a locale; finds a locale with these designators, if any.
 QLocale localeFor(const TimeFormat& format)
 {
     const QLocale own;
@@ -72,7 +72,7 @@ CalendarBinding::CalendarBinding(FormView& view, Calendar& control, QCalendarWid
     widget.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     widget.setDateEditEnabled(false);
     widget.setMinimumDate(QDate(1899, 12, 31));
-    // The toolkit's red is not of the palette, and stays where the calendar cannot be used.
+    // The toolkit's red for weekends is not from the palette and remains when the calendar is disabled.
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
         widget.setWeekdayTextFormat(day, QTextCharFormat());
     for (QWidget* part : widget.findChildren<QWidget*>())
@@ -109,13 +109,13 @@ bool CalendarBinding::eventFilter(QObject* object, QEvent* event)
     if (!isEnter(*event))
         return false;
     if (object == widget_.focusProxy()) {
-        // Enter belongs to the dialog's default button.
+        // Leave Enter to the dialog's default button.
         event->ignore();
         return true;
     }
     if (!qobject_cast<QSpinBox*>(object))
         return false;
-    // It ends the typing of a year and nothing more.
+    // The key only ends the typing of a year.
     widget_.setFocus();
     return true;
 }
@@ -125,7 +125,7 @@ void TimeWidget::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Shift || event->key() == Qt::Key_AltGr)
         return;
     const QChar typed = event->text().isEmpty() ? QChar() : event->text().front();
-    // The separator behind a part that was left by itself leads no further.
+    // A separator typed after an automatic advance must not advance again.
     if (std::exchange(hasAdvanced_, false) && typed.isPunct())
         return;
     const Section before = currentSection();
@@ -161,7 +161,7 @@ void TimePickerBinding::showTime()
 {
     const QTime time(picker_.hour(), picker_.minute(), picker_.second());
     const Scoped guard(showing_, true);
-    // What is being typed stays as it is.
+    // Do not overwrite what the user is typing.
     if (widget_.time() != time)
         widget_.setTime(time);
 }
@@ -181,7 +181,7 @@ bool TimePickerBinding::eventFilter(QObject*, QEvent* event)
     const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
         return view_.focus().step(key == Qt::Key_Tab);
-    // The wheel turns the time only where the user is.
+    // The wheel changes the time only in a focused selector.
     if (event->type() != QEvent::Wheel || widget_.hasFocus())
         return false;
     event->ignore();

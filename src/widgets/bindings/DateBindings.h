@@ -8,7 +8,7 @@
 
 namespace ko {
 
-/// A calendar. Leafing through the months picks nothing.
+/// A calendar. Changing the displayed month picks no date.
 class CalendarBinding : public Binding {
 public:
     CalendarBinding(FormView& view, Calendar& control, QCalendarWidget& widget);
@@ -27,7 +27,7 @@ private:
     bool showing_ = false;
 };
 
-/// A time edit that can be typed in with its separators, although a finished part leads on to the next by itself.
+/// A time edit that accepts typed separators, although the cursor advances by itself after a completed section.
 class TimeWidget : public QTimeEdit {
 public:
     using QTimeEdit::QTimeEdit;
@@ -36,11 +36,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    bool hasAdvanced_ = false; ///< the last digit has completed a part and led on to the next
+    bool hasAdvanced_ = false; ///< the last digit completed a section and advanced the cursor
 };
 
-/// A selector for a time of day, which the control hears of while it is being typed. Tabbing goes to it and leaves it
-/// as a whole; the arrow keys lead through its parts.
+/// A selector for a time of day, which updates the control while the user types. Tab enters and leaves the whole
+/// selector; the arrow keys move through its sections.
 class TimePickerBinding : public Binding {
 public:
     TimePickerBinding(FormView& view, TimePicker& control, QTimeEdit& widget);

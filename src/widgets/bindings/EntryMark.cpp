@@ -10,7 +10,7 @@ namespace ko {
 EntryMark::EntryMark(QLineEdit& edit, const QString& word) : QWidget(&edit), edit_(edit), word_(word)
 {
     setAccessibleName(word);
-    // A press goes on to the text.
+    // Pass mouse presses to the line edit.
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 

@@ -4,13 +4,13 @@
 
 namespace ko {
 
-/// The mark of an entry that is not valid: a warning sign in the end of the line edit that its text leaves free, with
-/// a word beside it where there is room.
+/// The mark of an invalid entry: a warning sign at the free end of the line edit, with a word beside it if there is
+/// room.
 class EntryMark : public QWidget {
 public:
     EntryMark(QLineEdit& edit, const QString& word);
 
-    /// Brings the mark and the room that it takes in line with the line edit's size and text.
+    /// Places the mark and reserves its room according to the line edit's size and text.
     void place();
 
 protected:

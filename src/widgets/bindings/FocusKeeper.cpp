@@ -18,7 +18,7 @@ FocusKeeper::FocusKeeper(Form& form, QWidget& surface, const UserActions& action
     surface.installEventFilter(this);
     later_.setSingleShot(true);
     onSignal(&later_, &QTimer::timeout, this, [this] {
-        // By then the user may be in a dock.
+        // The focus may have moved to a dock in the meantime.
         const QWidget* focused = surface_.window()->focusWidget();
         if (!focused || focused == &surface_ || surface_.isAncestorOf(focused))
             form_.activeControl() ? follow() : park();
@@ -28,7 +28,7 @@ FocusKeeper::FocusKeeper(Form& form, QWidget& surface, const UserActions& action
 void FocusKeeper::watch(Control& control, QWidget& widget, QWidget& pressed)
 {
     watched_.push_back({&control, &widget});
-    // Without the click the toolkit would take the focus before the form has been asked.
+    // With a click policy the toolkit would move the focus before the form could refuse.
     widget.setFocusPolicy(Qt::TabFocus);
     widget.installEventFilter(this);
     if (&pressed != &widget) {
@@ -55,7 +55,7 @@ bool FocusKeeper::request(Control& control)
 {
     bool came = false;
     {
-        // A message box that the control left shows makes the toolkit's focus come and go.
+        // A message box shown by the control that is left makes the toolkit's focus leave and return.
         const Hold hold(*this);
         if (!actions_.run([&] { came = form_.userMovedFocus(&control); }))
             return false;
@@ -98,10 +98,10 @@ std::vector<Control*> FocusKeeper::tabStops() const
         const bool active = control == form_.activeControl();
         if (!control->takesFocus() || !widgetOf(control) || (!control->isUsable() && !active))
             continue;
-        // What stands behind another tab is reached by its tab.
+        // Controls on a hidden tab are reached through the tab.
         if (!active && !widgetOf(control)->isVisibleTo(&surface_))
             continue;
-        // Of a frame's options the selected one stands for all.
+        // Only the selected option of a frame is a tab stop.
         const auto* option = dynamic_cast<OptionButton*>(control);
         if (!option || option->value() || active)
             stops.push_back(control);
@@ -124,7 +124,7 @@ bool FocusKeeper::step(bool forward)
         next = stops.begin();
     }
     if (next != stops.end() && next != here) {
-        // The style draws the focus of buttons only for the keyboard.
+        // Styles draw the focus of buttons only after a focus change by keyboard.
         surface_.window()->setAttribute(Qt::WA_KeyboardFocusChange);
         request(**next);
     }
@@ -153,7 +153,7 @@ bool FocusKeeper::pressed(Control& control)
     }
     if (!request(control))
         return true;
-    // The press that enters a box would undo the selection that the box makes on entering.
+    // The press that focuses a box would clear the selection that the box makes when it gets the focus.
     const auto* box = dynamic_cast<TextBox*>(&control);
     return box && box->selLength() > 0;
 }
@@ -174,7 +174,7 @@ bool FocusKeeper::focusCame(QObject* object, QEvent* event)
 bool FocusKeeper::keyPressed(const QKeyEvent& event) const
 {
     KeyPress press{keyCodeOf(event), shiftStateOf(event)};
-    // The platform knows no fourth key to hold: with it, every key is another one.
+    // Shift states have no Meta key; a key with it is a different key.
     if (press.keyCode == 0 || !form_.keyDown || event.modifiers().testFlag(Qt::MetaModifier))
         return false;
     return !actions_.run([&] { form_.userPressedKey(press); }) || press.keyCode == 0;
@@ -190,7 +190,7 @@ bool FocusKeeper::eventFilter(QObject* object, QEvent* event)
         return false;
     case QEvent::FocusIn: return focusCame(object, event);
     case QEvent::KeyPress:
-        // A key that a control leaves alone comes to the surface a second time.
+        // A key that a control ignores arrives at the surface a second time.
         if (static_cast<QWidget*>(object)->hasFocus())
             return keyPressed(*static_cast<const QKeyEvent*>(event));
         return false;

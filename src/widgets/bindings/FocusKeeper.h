@@ -15,12 +15,12 @@ class QWidget;
 
 namespace ko {
 
-/// Keeps the toolkit's focus where the form's focus is. The form decides: a user who presses or tabs to a control
-/// asks the form first, which validates the control left once, and the toolkit's focus follows the answer. Going to
-/// a menu, a popup, another window or a dock leaves the form's focus alone.
+/// Keeps the toolkit's focus in line with the form's focus. The form decides: a press on a control, or a Tab to it,
+/// first requests the focus from the form, which validates the focused control once; the toolkit's focus then follows.
+/// Moving to a menu, a popup, another window or a dock does not change the form's focus.
 class FocusKeeper : public QObject {
 public:
-    /// While it lives, what the toolkit does with the focus is none of the user's doing.
+    /// During its lifetime, focus changes by the toolkit are not treated as the user's.
     class Hold {
     public:
         explicit Hold(FocusKeeper& keeper) : keeper_(&keeper) { ++keeper.held_; }
@@ -36,23 +36,23 @@ public:
         QPointer<FocusKeeper> keeper_;
     };
 
-    /// `surface` holds the form's widgets and has the toolkit's focus while no control of the form has it.
+    /// `surface` contains the form's widgets and has the toolkit's focus while no control of the form has it.
     FocusKeeper(Form& form, QWidget& surface, const UserActions& actions);
 
-    /// `widget` shows `control`; a press on `pressed` (the widget, or its viewport) asks for the focus.
+    /// `widget` shows `control`; a press on `pressed` (the widget or its viewport) requests the focus.
     void watch(Control& control, QWidget& widget, QWidget& pressed);
 
-    /// The user wants the focus on `control`; false when it stays where it was, or the view is gone.
+    /// The user moves the focus to `control`; returns false when it stays where it was or the view has been destroyed.
     bool request(Control& control);
-    /// The user tabs to the next or the previous control; after the last one to the window's widgets outside the
-    /// form, or round to the first.
+    /// The user tabs to the next or the previous control; after the last one, to the window's widgets outside the form
+    /// or, if there are none, to the first one.
     bool step(bool forward);
-    /// Brings the toolkit's focus to where the form's is.
+    /// Moves the toolkit's focus to the form's focused control.
     void follow();
-    /// The same once the toolkit has done what it is about to do.
+    /// As `follow`, after the toolkit's current event.
     void followLater();
 
-    /// Told of each widget that gets the focus, so that it can be scrolled into sight.
+    /// Called for each widget that gets the focus, so that it can be scrolled into view.
     std::function<void(QWidget&)> moved;
 
     bool eventFilter(QObject* object, QEvent* event) override;

@@ -57,7 +57,7 @@ QWidget* FormView::widget(const Control& control) const
 
 namespace {
 
-/// The part of a control's widget that takes the keys, and the one that takes the presses.
+/// The parts of a control's widget that receive key presses and mouse presses.
 std::pair<QWidget*, QWidget*> inputParts(QWidget* widget)
 {
     if (dynamic_cast<QCalendarWidget*>(widget))
@@ -75,7 +75,7 @@ template <class B, class C, class W, class... More> W& FormView::bind(C& control
 {
     widgets_[&control] = widget;
     bindings_[&control] = std::make_unique<B>(*this, control, *widget, std::forward<More>(more)...);
-    // After the binding, so that the form sees each event before the control does.
+    // Installed after the binding's event filter, so that the form receives each event before the control.
     if (control.takesFocus()) {
         const auto [keys, presses] = inputParts(widget);
         focus_.watch(control, *keys, *presses);

@@ -37,11 +37,11 @@ class TabControl;
 class Table;
 class TimePicker;
 
-/// The surface on which a form is shown: makes the widgets of its controls, bound to them, and keeps the focus with
-/// the form. Whoever lays the form out puts the widgets where they belong; the surface owns them.
+/// The surface that shows a form: creates the widgets of its controls, bound to them, and keeps the focus in line with
+/// the form. The caller lays out the widgets; the surface owns them.
 ///
-/// The form outlives its view, and has one view at a time. The view may be destroyed at any time, also by what the user
-/// does in it.
+/// The form must outlive its view, and has one view at a time. The view may be destroyed at any time, also during a
+/// user's action in it.
 class FormView : public QWidget {
 public:
     FormView(Form& form, Texts texts, QWidget* parent = nullptr);
@@ -53,55 +53,55 @@ public:
     [[nodiscard]] QString text(int number) const { return texts_(number); }
 
     QLineEdit& textBox(TextBox& control);
-    /// A text box for numbers, which stand at the right.
+    /// A text box for numbers, which are right-aligned.
     QLineEdit& numberBox(TextBox& control);
     QComboBox& comboBox(ComboBox& control);
-    /// A list of numbers, which stand at the right.
+    /// A list of numbers, which are right-aligned.
     QComboBox& numberList(ComboBox& control);
     QRadioButton& option(OptionButton& control);
     QPushButton& button(CommandButton& control);
-    /// `fields` are what the label names, made before it: its mnemonic leads to the one that is shown, and they take
-    /// their accessible names from it.
+    /// `fields` are the controls that the label names, created before it: its mnemonic focuses the visible one, and
+    /// they take their accessible names from the label.
     QLabel& label(Label& control, const std::vector<Control*>& fields = {});
-    /// A value that the form shows, named by `title`.
+    /// A displayed value, named by `title`.
     QLabel& value(Label& control, Label& title);
-    /// The same with a bar, of the caller's making, for how much of its limit the value takes.
+    /// As `value`, with a bar created by the caller that shows how much of its limit the value uses.
     QLabel& limitedValue(LimitedLabel& control, Label& title, QProgressBar& bar);
-    /// A sentence in as many lines as it needs.
+    /// A sentence, wrapped to as many lines as needed.
     QLabel& sentence(Label& control);
-    /// The caption is the box's title, or stands in `heading`, where it can take several lines.
+    /// The caption is the box's title or, if given, the text of `heading`, which can have several lines.
     QGroupBox& frame(Frame& control, QLabel* heading = nullptr);
     QTableWidget& grid(Grid& control);
     QTableWidget& table(Table& control);
-    /// The tabs' frames are made before it.
+    /// The tabs' frames must be created before.
     QTabWidget& tabs(TabControl& control);
     ChannelBrowser& channelBrowser(ChannelSelector& control);
     QCalendarWidget& calendar(Calendar& control);
-    /// Shows the time in the format of `locale`.
+    /// Shows the time in the control's format.
     QTimeEdit& timePicker(TimePicker& control);
     QWidget& picture(PictureBox& control);
-    /// Shows an image in `picture`, a widget of the caller's making; a click on it clicks the image.
+    /// Shows an image in `picture`, a widget created by the caller; a click on it clicks the image.
     void image(Image& control, QWidget& picture);
-    /// A menu with the items that stand in it.
+    /// A menu with its items.
     QMenu& menu(Menu& control, const std::vector<Menu*>& items);
 
-    /// Letters that these captions mark lead elsewhere. Said before any label is made.
+    /// Reserves the mnemonics of these captions for other widgets. Must be called before any label is created.
     void reserveMnemonics(const QStringList& captions) { reserved_ = captions; }
-    /// A caption with the mnemonic that leads to what it names. The form has its captions by then.
+    /// A caption with a mnemonic. The form's captions must be loaded before.
     QString withMnemonic(const QString& caption);
 
-    /// The widget of a control, null when it has none.
+    /// The widget of a control; null when it has none.
     [[nodiscard]] QWidget* widget(const Control& control) const;
 
-    /// The form's caption, its place, the control that has the focus, or a control's mark has changed.
+    /// Called when the form's caption, its position, its focused control or a control's mark has changed.
     std::function<void()> formChanged;
 
-    /// Has the form do what the user wants. Whether the view is still there then, and so the binding that has called.
+    /// Runs a user's action. Returns whether the view, and so the binding that called, still exists afterwards.
     template <class Act> bool act(Act&& act) { return actions_.run(std::forward<Act>(act)); }
 
 protected:
     bool focusNextPrevChild(bool next) override { return focus_.step(next); }
-    /// The form takes the view's size.
+    /// Sets the form's size to the view's.
     void tellSize();
 
 private:

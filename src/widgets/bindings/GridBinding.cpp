@@ -24,7 +24,7 @@ QFont fontOf(const QTableWidget& table, const Font& font)
     return own;
 }
 
-/// A check box in the middle of its cell. Like the list it takes no focus: the table keeps it.
+/// A centred check box. Like the list it takes no focus; the table keeps it.
 class CheckCell : public QWidget {
 public:
     CheckCell() : box(new QCheckBox(this))
@@ -48,7 +48,7 @@ protected:
     }
 
 private:
-    /// A style may take the frame from the window's colour, which a dark field does not show.
+    /// A style may derive the frame from the window's colour, which is invisible on a dark field.
     void showFrame()
     {
         QPalette seen = palette();
@@ -69,7 +69,7 @@ public:
     }
 
 protected:
-    /// The wheel scrolls the table and writes nothing.
+    /// The wheel scrolls the table and changes no value.
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
@@ -151,7 +151,7 @@ void GridBinding::showCell(int row, int column)
         table_.setItem(row - 1, column, item);
     }
     item->setText(toQt(cell.value));
-    // What can only be read does not look like a field.
+    // Read-only cells do not look like a field.
     const SystemColor interior = cell.style.readOnly ? SystemColor::inactiveBorder : cell.style.interior;
     item->setBackground(table_.palette().brush(roleOf(interior)));
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
@@ -164,7 +164,7 @@ void GridBinding::showCell(int row, int column)
     }
 }
 
-/// The cell's widget of this kind; one of another kind goes.
+/// The cell's widget of type `W`; replaces a widget of another type.
 template <class W> W* GridBinding::cellWidget(int row)
 {
     auto* widget = dynamic_cast<W*>(table_.cellWidget(row - 1, Grid::valueColumn));
@@ -192,7 +192,7 @@ void GridBinding::showList(int row)
     list->disconnect(this);
     list->clear();
     list->addItems(textsOf(cell.style.choices));
-    // A value that is none of the choices is shown all the same.
+    // Also shows a value that is not among the choices.
     list->setPlaceholderText(toQt(cell.value));
     list->setCurrentIndex(list->findText(toQt(cell.value), Qt::MatchFixedString | Qt::MatchCaseSensitive));
     list->setEnabled(grid_.isEditable(row));
@@ -216,7 +216,7 @@ void GridBinding::showWidths()
     table_.setColumnWidth(0, wanted > 0 ? std::min(toPixels(table_, wanted), inner * 3 / 4) : inner / 2);
 }
 
-void GridBinding::tellSize()
+void GridBinding::reportSize()
 {
     const QScrollBar* bar = table_.verticalScrollBar();
     const int width = table_.viewport()->width() + (bar->isVisible() ? bar->width() : 0);
@@ -225,17 +225,17 @@ void GridBinding::tellSize()
     grid_.setVisibleRows(table_.viewport()->height() / rowHeight);
 }
 
-/// Whether this is still there then.
+/// Returns whether this object still exists afterwards.
 bool GridBinding::edited(int row, const QString& text)
 {
     if (!view_.act([&] { grid_.userEditedCell(row, fromQt(text)); }))
         return false;
-    // Where the grid has kept its value the widget goes back to it.
+    // Restores the displayed value if the grid has refused the edit.
     showRows();
     return true;
 }
 
-/// What pressing the value cell of a row does. Whether this is still there then.
+/// Activates the value cell of a row. Returns whether this object still exists afterwards.
 bool GridBinding::open(int row)
 {
     if (row < 1 || row > grid_.rowCount() || !grid_.isEditable(row))
@@ -272,7 +272,8 @@ bool GridBinding::keyPressed(const QKeyEvent& key)
     return true;
 }
 
-/// The current cell is shown as selected only while the user is in the table; popups and other windows do not count.
+/// Shows the current cell as selected only while the table has the focus; a focus change to a popup or another window
+/// is ignored.
 void GridBinding::focusChanged(const QFocusEvent& event)
 {
     if (event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason)
@@ -293,7 +294,7 @@ bool GridBinding::eventFilter(QObject* object, QEvent* event)
         return event->type() == QEvent::KeyPress && keyPressed(*static_cast<QKeyEvent*>(event));
     }
     if (event->type() == QEvent::Resize) {
-        tellSize();
+        reportSize();
         showWidths();
     }
     if (event->type() == QEvent::PaletteChange)

@@ -8,9 +8,9 @@
 
 namespace ko {
 
-/// A grid of names and values in a table; the column of ids stays hidden. Value cells are check boxes, drop-down
-/// lists and texts; a click, F2, Enter or typing opens a text, and the space bar presses the other two. The table
-/// keeps its selection and its place when values change.
+/// A grid of names and values in a table; the id column is hidden. Value cells are check boxes, drop-down lists and
+/// texts; a click, F2, Enter or typing opens a text, and the space bar activates the other two. The table keeps its
+/// selection and scroll position when values change.
 class GridBinding : public Binding {
 public:
     GridBinding(FormView& view, Grid& control, QTableWidget& table);
@@ -28,7 +28,7 @@ private:
     void showList(int row);
     void showText(int row);
     void showWidths();
-    void tellSize();
+    void reportSize();
     template <class W> W* cellWidget(int row);
     bool edited(int row, const QString& text);
     bool open(int row);

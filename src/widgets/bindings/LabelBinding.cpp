@@ -50,7 +50,7 @@ void LabelBinding::showBuddy()
 
 void LabelBinding::refreshHint()
 {
-    // A label's tag is the number of its caption; its hint is that of the field it names.
+    // A label's tag is the number of its caption, so it takes its hint from the field that it names.
     if (const Field* shown = shownField())
         label_.setStatusTip(toShown(shown->control->tag()));
 }
@@ -133,7 +133,7 @@ SentenceBinding::SentenceBinding(FormView& view, Label& control, QLabel& label)
     label.setWordWrap(true);
     pause_.setSingleShot(true);
     pause_.setInterval(moment);
-    // A name that changes is an event for assistive technology; one that is the same again is none.
+    // Assistive technology is notified only when the accessible name changes.
     onSignal(&pause_, &QTimer::timeout, &label, [&label] { label.setAccessibleName(label.text()); });
     refreshAll();
 }

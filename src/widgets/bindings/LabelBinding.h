@@ -11,7 +11,7 @@
 
 namespace ko {
 
-/// A label that names fields: it is the buddy of the field that is shown at the time, and has a mnemonic for it.
+/// A label that names fields: its buddy is the field that is currently shown, for which it has a mnemonic.
 class LabelBinding : public Binding {
 public:
     struct Field {
@@ -36,7 +36,7 @@ private:
     std::vector<Field> fields_;
 };
 
-/// A label whose caption is a value: it is read out together with the caption of the label that names it.
+/// A label whose caption is a value; screen readers read it together with the caption of the label that names it.
 class ValueBinding : public Binding {
 public:
     ValueBinding(FormView& view, Label& control, QLabel& label, Label& title);
@@ -44,7 +44,7 @@ public:
 protected:
     void refresh(Aspect aspect) override;
     void refreshHint() override {}
-    /// The caption is a value, not the text that stands for none.
+    /// Whether the caption is a value, not the text for "not available".
     [[nodiscard]] bool isKnown() const;
 
 private:
@@ -53,7 +53,7 @@ private:
     Label& title_;
 };
 
-/// A value with a limit, and a bar for how much of the limit it takes.
+/// A value with a limit, and a bar that shows how much of the limit it uses.
 class LimitedValueBinding : public ValueBinding {
 public:
     LimitedValueBinding(FormView& view, LimitedLabel& control, QLabel& label, Label& title, QProgressBar& bar);
@@ -68,8 +68,8 @@ private:
     QProgressBar& bar_;
 };
 
-/// A label whose caption is a sentence that follows what the user does. It is shown at once, and read out when it has
-/// stayed for a moment, so that it is not read at every key.
+/// A label whose caption is a sentence that changes while the user types. It is shown at once, but announced to screen
+/// readers only after a pause, so that it is not read at every key.
 class SentenceBinding : public Binding {
 public:
     SentenceBinding(FormView& view, Label& control, QLabel& label);

@@ -8,7 +8,7 @@ namespace ko {
 
 class FormView;
 
-/// A menu, by the action that stands for it, or one of its items.
+/// A menu, by its menu action, or one of its items.
 class MenuBinding : public QObject {
 public:
     MenuBinding(FormView& view, Menu& control, QAction& action);

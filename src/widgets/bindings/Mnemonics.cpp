@@ -11,7 +11,7 @@ namespace {
 
 constexpr QChar mark = u'&';
 
-/// The place of the letter that the caption marks itself; -1 for none.
+/// The position of the letter that the caption itself marks; -1 for none.
 qsizetype markedLetter(const QString& caption)
 {
     for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
@@ -24,7 +24,7 @@ qsizetype markedLetter(const QString& caption)
     return -1;
 }
 
-/// The keys of a menu's entries are its own.
+/// Menu items have mnemonics of their own.
 bool isInMenu(const Control& control)
 {
     return dynamic_cast<const Menu*>(control.container()) != nullptr;
@@ -37,7 +37,7 @@ bool needsInputMethod(QChar letter)
            script == QChar::Script_Hangul;
 }
 
-/// The end of the text before a unit or a colon in a caption that no key types; 0 for others.
+/// For a caption in a script that cannot be typed directly, the end of the text before a unit or a colon; else 0.
 qsizetype endOfForeignText(const QString& caption)
 {
     if (std::none_of(caption.begin(), caption.end(), needsInputMethod))

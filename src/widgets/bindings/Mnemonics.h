@@ -7,15 +7,15 @@
 
 namespace ko {
 
-/// The letters by which the Alt key leads to a form's controls. Captions that mark a letter keep it; the others get
-/// one that is still free: one of their own, or, in scripts that keys do not carry, one in parentheses after the text.
+/// Assigns the letters that focus a form's controls with the Alt key. Captions that mark a letter keep it; the others
+/// get a free one: from the caption or, for scripts that cannot be typed directly, in parentheses after it.
 class Mnemonics {
 public:
-    /// The letters that `elsewhere` marks, captions of the same window such as its menus, are not free.
+    /// Letters marked in `elsewhere`, captions of the same window such as its menus, are not free.
     explicit Mnemonics(const Form& form, const QStringList& elsewhere = {});
 
-    /// The caption with a marked letter: its own, or else the first free one, which is the caption's from now on.
-    /// Letters that begin a word come first. The caption as it is when no letter that every keyboard has is free.
+    /// The caption with a marked letter: its own, else the first free one, which is then taken. Letters at the start of
+    /// a word are preferred. Returns the caption unchanged when no letter that every keyboard has is free.
     QString marked(const QString& caption);
 
 private:

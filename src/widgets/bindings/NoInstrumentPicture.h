@@ -8,10 +8,10 @@ class QPainter;
 
 namespace ko {
 
-/// The picture of the no-instrument screen: an empty mainframe and what to do about it, in the palette's colours.
+/// The picture of the no-instrument screen: an empty mainframe and instructions, in the palette's colours.
 class NoInstrumentPicture : public QWidget {
 public:
-    /// The resource number under which the page asks for this picture.
+    /// The resource number of this picture on the page.
     static constexpr int resource = 101;
 
     explicit NoInstrumentPicture(const Texts& texts, QWidget* parent = nullptr);
@@ -27,8 +27,7 @@ private:
     [[nodiscard]] int textWidth() const;
     [[nodiscard]] int mainframeHeight() const;
     [[nodiscard]] int stepIndent() const;
-    /// Lays the texts out below each other from `top` on, draws them where there is a painter, and answers where
-    /// they end.
+    /// Lays out the texts one below the other from `top`, draws them if `painter` is set, and returns their bottom.
     int layTexts(QPainter* painter, int left, int top) const;
     int layText(QPainter* painter, const QRect& place, const QFont& font, const QString& text) const;
     void drawMainframe(QPainter& painter, const QRect& place) const;

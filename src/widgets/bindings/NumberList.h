@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// A drop-down list whose entries are numbers: they stand at the right, as in the text boxes beside it.
+/// A drop-down list of numbers, right-aligned as in the text boxes beside it.
 class NumberList : public QComboBox {
 public:
     using QComboBox::QComboBox;

@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// Draws what a picture box's form draws, in the palette's colours.
+/// Paints the drawing of a picture box, in the palette's colours.
 class PictureWidget : public QWidget {
 public:
     PictureWidget(PictureBox& picture, QWidget* parent);

@@ -11,7 +11,7 @@ namespace ko {
 TabControlBinding::TabControlBinding(FormView& view, TabControl& control, QTabWidget& tabs)
     : Binding(view, control, tabs), control_(control), tabs_(tabs)
 {
-    // Few tabs, all of them to be seen.
+    // There are few tabs, so all of them stay visible.
     tabs.setUsesScrollButtons(false);
     for (std::size_t i = 0; i < control.tabs().size(); ++i) {
         auto* page = new QWidget;

@@ -7,10 +7,10 @@
 
 namespace ko {
 
-/// Tabs; the frame behind each stands on a page of its own.
+/// Tabs, with the frame of each on a page of its own.
 class TabControlBinding : public Binding {
 public:
-    /// The frames' widgets exist already.
+    /// The frames' widgets must exist already.
     TabControlBinding(FormView& view, TabControl& control, QTabWidget& tabs);
 
 protected:

@@ -113,7 +113,7 @@ void TableBinding::showCell(int row, int column, const Table::Cell& cell)
     item->setBackground(background(cell.emphasis));
 }
 
-/// The palette's own colours, so that text stays readable on each.
+/// Colours of the palette, so that text stays readable on each.
 QColor TableBinding::background(Table::Emphasis emphasis) const
 {
     const QPalette& palette = table_.palette();

@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// Takes the room for all of its cells where there is much, and scrolls where there is little.
+/// A table that prefers a size for all of its cells and scrolls when there is less room.
 class TableWidget : public QTableWidget {
 public:
     using QTableWidget::QTableWidget;
@@ -16,8 +16,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 };
 
-/// A table that is only read. Its columns are as wide as their longest word; the user's place in it stays when the
-/// content changes.
+/// A read-only table. Its columns are as wide as their longest word; the current cell is kept when the content changes.
 class TableBinding : public Binding {
 public:
     TableBinding(FormView& view, Table& control, TableWidget& table);
@@ -34,7 +33,7 @@ private:
 
     Table& content_;
     TableWidget& table_;
-    int columnWidth_ = 0; ///< never narrower again, so that nothing moves while the user chooses
+    int columnWidth_ = 0; ///< never shrinks, so that nothing moves while the user chooses
 };
 
 } // namespace ko

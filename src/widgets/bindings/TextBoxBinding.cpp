@@ -14,8 +14,7 @@ namespace ko {
 
 namespace {
 
-/// The clipboard keys belong to the window's edit commands, where it has them; a box without them takes the keys
-/// that nobody else wants.
+/// The clipboard keys belong to the window's edit commands, if it has any; otherwise the box handles them.
 bool isEditCommand(const QKeyEvent& key, bool hasSelection)
 {
     return key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
@@ -47,7 +46,7 @@ void TextBoxBinding::edited()
 void TextBoxBinding::selected()
 {
     const QString text = edit_.text();
-    // While a text is being edited its selection comes with it.
+    // During an edit, the selection is sent together with the text.
     if (showing_ || isAway_ || text != toQt(box_.text()))
         return;
     const bool some = edit_.hasSelectedText();
@@ -123,7 +122,7 @@ void TextBoxBinding::refreshHint()
     edit_.setAccessibleDescription(both);
 }
 
-/// A box that loses the focus stops showing its selection, and has it all the same.
+/// A line edit without the focus clears its displayed selection, but the model keeps it.
 void TextBoxBinding::followFocus(bool came)
 {
     isAway_ = !came;
@@ -131,7 +130,7 @@ void TextBoxBinding::followFocus(bool came)
         showSelection();
 }
 
-/// Whether the toolkit may put the dropped text in, where it was dropped.
+/// Returns whether the toolkit may insert the dropped text at the drop position.
 bool TextBoxBinding::takesDrop(QDropEvent& drop)
 {
     if (box_.hasFocus())

@@ -31,9 +31,9 @@ private:
 
     TextBox& box_;
     QLineEdit& edit_;
-    EntryMark* mark_ = nullptr; ///< made for the first invalid entry
+    EntryMark* mark_ = nullptr; ///< created for the first invalid entry
     bool showing_ = false;
-    bool isAway_ = false; ///< the focus was here and has left
+    bool isAway_ = false; ///< the box had the focus and has lost it
 };
 
 } // namespace ko

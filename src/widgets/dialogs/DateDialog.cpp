@@ -37,7 +37,7 @@ private:
         column->addWidget(&option(form.optCurrentDay));
         column->addWidget(&option(form.optSpecifiedDay));
         QWidget& calendar = this->calendar(form.calDate);
-        // The table of days is what has the focus.
+        // The focus is in the table of days.
         for (QWidget* part : {&calendar, calendar.focusProxy()})
             part->setAccessibleName(withoutMnemonic(box.title()));
         column->addWidget(&calendar, 1);

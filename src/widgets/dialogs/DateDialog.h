@@ -6,7 +6,7 @@
 
 namespace ko {
 
-/// Registers the view of the date-and-time dialog. The form outlives `modalForms`.
+/// Registers the view of the date-and-time dialog. The form must outlive `modalForms`.
 void addDateDialog(QtModalForms& modalForms, SetDateTime& setDateTime, const Texts& texts);
 
 } // namespace ko

@@ -17,7 +17,7 @@ namespace ko {
 
 namespace {
 
-/// Sentences begin at the left.
+/// Left-aligns sentences.
 class SentenceDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -61,12 +61,12 @@ public:
         whole->addLayout(buttons);
     }
 
-    /// A few drivers without scrolling.
+    /// Large enough for a few drivers without scrolling.
     [[nodiscard]] QSize sizeHint() const override
     {
         return FormView::sizeHint().expandedTo({fontMetrics().averageCharWidth() * 135, fontMetrics().height() * 20});
     }
-    /// Else the dialog takes its height from the label's, not from the hint.
+    /// Otherwise the dialog would take its height from the label instead of the size hint.
     [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
 protected:
@@ -77,7 +77,7 @@ protected:
     }
 
 private:
-    QTimer fit_; ///< rows of as many lines as their columns' width asks for, once that is settled
+    QTimer fit_; ///< fits the row heights after the column widths are final
 };
 
 } // namespace

@@ -6,7 +6,7 @@
 
 namespace ko {
 
-/// Registers the view of the dialog of offers. The form outlives `modalForms`.
+/// Registers the view of the offers dialog. The form must outlive `modalForms`.
 void addOffersDialog(QtModalForms& modalForms, ShowOffers& showOffers, const Texts& texts);
 
 } // namespace ko

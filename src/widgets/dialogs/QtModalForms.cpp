@@ -28,21 +28,21 @@ public:
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(content);
-        // Enter presses it wherever the focus is, but on another button.
+        // Enter presses it wherever the focus is, except on another button.
         const PressControl* okButton = form.okButton();
         if (auto* ok = okButton ? findChild<QPushButton*>(toQt(okButton->name())) : nullptr)
             ok->setDefault(true);
-        // The toolkit itself leaves a third of the screen unused.
+        // The toolkit's default limit is two thirds of the screen.
         resize(sizeHint().boundedTo(screen()->availableSize() * 9 / 10));
         follow();
     }
 
-    /// Caption and place as the form has them now.
+    /// Updates caption and position from the form.
     void follow()
     {
         setWindowTitle(toQt(form_.caption()));
         const QPoint place(toPixels(*this, form_.bounds().left), toPixels(*this, form_.bounds().top));
-        // Where the user has moved the dialog to is none of the form's business.
+        // Keep the position to which the user moved the dialog.
         if (place_ != place)
             move(insideWorkArea(place));
         place_ = place;
@@ -52,7 +52,7 @@ public:
     void reject() override { press(form_.cancelButton()); }
 
 private:
-    /// The form knows nothing of a window's frame, which is taken to be as thick as that of the window below.
+    /// The form does not include the window frame, which is assumed to be as thick as the owner window's.
     [[nodiscard]] QPoint insideWorkArea(const QPoint& place) const
     {
         const QScreen* there = QGuiApplication::screenAt(place);

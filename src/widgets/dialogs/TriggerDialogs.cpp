@@ -16,7 +16,7 @@ namespace ko {
 
 namespace {
 
-/// One of a dialog's three buttons; Enter presses the one that has the focus, else the first.
+/// One of a dialog's three buttons; Enter presses the focused one, else the first.
 QPushButton& dialogButton(FormView& view, CommandButton& control)
 {
     QPushButton& button = view.button(control);
@@ -24,7 +24,7 @@ QPushButton& dialogButton(FormView& view, CommandButton& control)
     return button;
 }
 
-/// The form lays itself out; the view gives the buttons their size and shows everything where the form puts it.
+/// The form lays out its controls; the view sets the buttons' sizes and applies the layout to the widgets.
 class SelectChannelView : public FormView {
 public:
     SelectChannelView(SelectChannel& form, const Texts& texts) : FormView(form, texts)
@@ -51,7 +51,7 @@ protected:
     {
         FormView::resizeEvent(event);
         tellSize();
-        // Also for another size of the buttons.
+        // The size of the buttons may have changed, too.
         ko::raise(form().resized);
         for (const Control* control : form().controls()) {
             const Bounds& bounds = control->bounds();

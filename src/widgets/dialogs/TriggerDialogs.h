@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// Registers the views of the trigger dialogs. `texts` and the forms outlive `modalForms`.
+/// Registers the views of the trigger dialogs. `texts` and the forms must outlive `modalForms`.
 void addTriggerDialogs(QtModalForms& modalForms, SelectChannel& selectChannel, AdvancedTrig& advancedTrig,
                        const Texts& texts);
 

@@ -57,7 +57,7 @@ void PageWidget::addQuantity(QGridLayout& grid, const Quantity& quantity)
     TextBox& box = page_.*quantity.box;
     CommandButton& button = page_.*quantity.button;
     const int row = grid.rowCount();
-    // List and box share one place; the hidden one keeps its size.
+    // List and box share one cell; the hidden one keeps its size.
     grid.addWidget(&kept(view_->numberList(list)), row, fields);
     grid.addWidget(&kept(view_->numberBox(box)), row, fields);
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
@@ -205,14 +205,14 @@ void PageWidget::layColumns()
     limited->addLayout(centred, 1000);
     limited->addLayout(whatFits());
     limited->addStretch(1);
-    // The picture covers the place of the frames: one or the other is shown.
+    // The picture and the frames share one cell; only one of them is shown.
     auto* whole = new QGridLayout(view_);
     whole->addLayout(limited, 0, 0);
     whole->addWidget(picture_, 0, 0);
     picture_->raise();
 }
 
-/// Room that is left over goes to the trigger parameters; without them it stays free below the frames.
+/// Extra room goes to the trigger parameters or, without them, below the frames.
 void PageWidget::stretch(bool stacked)
 {
     const int toStart = view_->widget(page_.grdParam)->isVisibleTo(view_) ? 1 : 0;

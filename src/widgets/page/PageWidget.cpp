@@ -49,7 +49,7 @@ void PageWidget::layPlan()
     plan_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-/// Never less than two lines, so that a longer sentence seldom moves the page.
+/// At least two lines, so that a longer sentence seldom moves the page.
 int PageWidget::planHeight(int width) const
 {
     const QMargins margins = plan_->contentsMargins();
@@ -57,7 +57,7 @@ int PageWidget::planHeight(int width) const
     return std::max(plan_->heightForWidth(width), twoLines);
 }
 
-/// Outside of what is scrolled.
+/// Places the plan below the scrolled area.
 void PageWidget::placePlan()
 {
     const QRect room = contentsRect();
@@ -93,7 +93,7 @@ void PageWidget::resizeEvent(QResizeEvent* event)
 
 bool PageWidget::event(QEvent* event)
 {
-    // A label asks for another layout when its text has become another.
+    // A label requests a layout when its text has changed.
     if (plan_ && event->type() == QEvent::LayoutRequest)
         placePlan();
     return QScrollArea::event(event);

@@ -15,14 +15,14 @@ struct Quantity;
 
 class NoInstrumentPicture;
 
-/// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or below
-/// each other where the window is narrow; it scrolls where the window is small. Without instruments only the
-/// picture of the no-instrument screen stands there. The plan's sentence stands below, whatever is scrolled.
+/// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or one below
+/// the other in a narrow window; scrolls in a small window. Without instruments it shows only the picture of the
+/// no-instrument screen. The plan's sentence is below the scrolled area.
 ///
-/// The page outlives the widget.
+/// The page must outlive the widget.
 class PageWidget : public QScrollArea {
 public:
-    /// `menus` are the titles of the window's other menus: no label takes one of their letters.
+    /// `menus` are the titles of the window's other menus, whose mnemonics no label uses.
     PageWidget(Page& page, const Texts& texts, QWidget* parent = nullptr, const QStringList& menus = {});
     ~PageWidget() override;
 
@@ -39,7 +39,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    /// A label column, a column of fields that grows, and room for a button.
+    /// Creates a grid in the frame: a label column, a growing field column, and a button column.
     QGridLayout& framed(Frame& frame);
     void addQuantities(QGridLayout& grid, const Frame& frame);
     void addQuantity(QGridLayout& grid, const Quantity& quantity);
@@ -54,7 +54,7 @@ private:
     void layTrigger(QGridLayout& grid);
     void layStop();
     void layColumns();
-    /// What appears after a refusal, below the frames, where it moves nothing that the user is working in.
+    /// The controls shown after a refusal, below the frames, so that they move no other control.
     QLayout* whatFits();
     void layPlan();
     void placePlan();

@@ -7,7 +7,7 @@ namespace ko {
 
 PdfDetour::PdfDetour(QPrinter& printer) : printer_(printer)
 {
-    // A preview draws on an engine of its own, whatever the printer writes.
+    // A preview draws on its own paint engine, whatever the printer's output.
     if (printer.paintEngine()->type() != QPaintEngine::Pdf || printer.outputFileName().isEmpty())
         return;
     file_ = printer.outputFileName();

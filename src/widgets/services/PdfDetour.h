@@ -5,19 +5,19 @@
 
 namespace ko {
 
-/// While it lives, a printer that writes a PDF file writes a temporary one: the toolkit empties the file at once and
-/// says nothing of a full disk. Printers of paper, and previews, are left alone.
+/// During its lifetime, a printer that writes a PDF file writes to a temporary file instead, because the toolkit
+/// truncates the file at once and does not report a full disk. Paper printers and previews are not affected.
 class PdfDetour {
 public:
-    /// `printer` is not printing, and outlives the detour.
+    /// `printer` must not be printing, and must outlive this object.
     explicit PdfDetour(QPrinter& printer);
     ~PdfDetour();
     PdfDetour(const PdfDetour&) = delete;
     PdfDetour& operator=(const PdfDetour&) = delete;
 
-    /// The file that the printer is to write; empty: none.
+    /// The PDF file that the printer was set to write; empty when not affected.
     [[nodiscard]] const QString& file() const { return file_; }
-    /// What it has written by the end of the job; empty when that is not whole.
+    /// The bytes written by the end of the job; empty when they are incomplete.
     [[nodiscard]] QByteArray content() const;
 
 private:

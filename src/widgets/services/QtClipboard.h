@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// The desktop's clipboard; its text is empty while it holds something else.
+/// The desktop's clipboard; its text is empty while it contains something else.
 class QtClipboard : public Clipboard {
 public:
     void clear() override;

@@ -9,7 +9,7 @@ namespace ko {
 
 namespace {
 
-/// A text as a user types it: with ordinary blanks, and without the marks that only give it a direction.
+/// The text as a user would type it: with ordinary blanks and without direction marks.
 QString typeable(QString text)
 {
     static const QRegularExpression blanks(QStringLiteral("[\\x{a0}\\x{2009}\\x{202f}]"));
@@ -43,14 +43,14 @@ QString timePicture(const QLocale& locale)
     return twelveHours ? QStringLiteral("h:mm:ss tt") : QStringLiteral("HH:mm:ss");
 }
 
-/// What stands between hours and minutes.
+/// The separator between hours and minutes.
 QString separatorOf(const QString& timePicture)
 {
     static const QRegularExpression between(QStringLiteral("[hH]+([^a-zA-Z']+)m"));
     return between.match(timePicture).captured(1);
 }
 
-/// Numbers are written with Latin digits, which the separators of other digits do not suit.
+/// Numbers are written with Latin digits, which must not be combined with separators of other digits.
 void takeNumbers(const QLocale& locale, Locale& settings)
 {
     if (locale.zeroDigit() != QStringLiteral("0"))
@@ -59,7 +59,7 @@ void takeNumbers(const QLocale& locale, Locale& settings)
     settings.digitGroupSeparator = fromQt(locale.groupSeparator());
 }
 
-/// The system may have a locale for numbers and the C locale, which is no user's, for times, or the other way round.
+/// The system may have a user's locale for numbers but the C locale for times, or the reverse.
 bool hasTimesOfC(const QLocale& locale)
 {
     const auto formats = [](const QLocale& of) {

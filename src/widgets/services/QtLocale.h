@@ -6,9 +6,9 @@
 
 namespace ko {
 
-/// The settings of `locale` in the platform's pictures, in which every number, date and time reads back. A picture that
-/// they cannot express, such as one with words in it, gives way to the ISO date or to a plain time. Where a locale's
-/// digits are not Latin, numbers have a point and commas. The C locale counts as English (United States).
+/// Converts `locale` to the platform's settings, with pictures in which every number, date and time reads back. A
+/// format that pictures cannot express, such as one with words, is replaced by the ISO date or a plain time. For
+/// locales with non-Latin digits, numbers use a point and commas. The C locale counts as English (United States).
 Locale toLocale(const QLocale& locale);
 
 } // namespace ko

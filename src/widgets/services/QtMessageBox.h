@@ -7,11 +7,11 @@
 
 namespace ko {
 
-/// Message boxes of the toolkit, modal to the window on top.
+/// Message boxes of the toolkit, modal to the active window.
 class QtMessageBox : public MessageBox {
 public:
     void show(const std::string& text, const std::string& title, int style) override;
-    /// The window that boxes belong to while no other window is active.
+    /// Sets the parent window of boxes while no other window is active.
     void setOwner(QWidget* owner) { owner_ = owner; }
 
 private:

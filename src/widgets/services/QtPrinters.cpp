@@ -22,7 +22,7 @@ enum Duplex { simplex = 1, vertical, horizontal };
 constexpr std::int32_t landscape = 2;
 constexpr std::int32_t inColor = 2;
 
-/// Dots per inch of a quality; draft is -1, high is -4.
+/// Dots per inch of a print quality; draft is -1, high is -4.
 int resolutionOf(std::int32_t quality)
 {
     switch (quality) {
@@ -52,7 +52,7 @@ std::int32_t duplexCode(QPrinter::DuplexMode mode)
     }
 }
 
-/// Paper is white: the surface has no ground of its own, and a dark page is drawn in light colours.
+/// For its lifetime, gives the widget a white background and, if its palette is dark, the style's standard palette.
 class PaperPalette {
 public:
     explicit PaperPalette(QWidget& widget) : widget_(widget), own_(widget.palette())
@@ -71,7 +71,7 @@ private:
     QPalette own_;
 };
 
-/// The widget's drawing commands: straight to a printer it would go as one huge pixmap.
+/// Records the widget's drawing commands; rendered directly to a printer, it would become one huge pixmap.
 QPicture drawingOf(QWidget& widget)
 {
     const PaperPalette paper(widget);
@@ -86,7 +86,7 @@ void drawScaled(QPainter& painter, QWidget& widget, const QSize& sheet)
 {
     const QPicture drawing = drawingOf(widget);
     const QSizeF size = QSizeF(widget.size()).scaled(sheet, Qt::KeepAspectRatio);
-    // A picture is enlarged by itself to the resolution of what it is drawn on.
+    // QPicture scales itself to the resolution of the target device.
     const double itself = double(painter.device()->logicalDpiX()) / drawing.logicalDpiX();
     const double scale = size.width() / std::max(1, widget.width()) / itself;
     painter.save();

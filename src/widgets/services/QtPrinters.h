@@ -19,10 +19,10 @@ class QtPrinters : public Printers {
 public:
     static constexpr const char* pdfName = "PDF file";
 
-    /// Finds the widget that shows a form; null when it is shown nowhere.
+    /// Returns the widget that shows a form; null when the form is not shown.
     using Surfaces = std::function<QWidget*(const Form&)>;
 
-    /// While it lives, every job goes to a printer of the caller's, with the settings that this has.
+    /// During its lifetime, every job goes to the caller's printer, with that printer's settings.
     class Lent {
     public:
         Lent(QtPrinters& printers, QPrinter& printer) : printers_(printers) { printers_.lent_ = &printer; }
@@ -37,11 +37,11 @@ public:
     explicit QtPrinters(Surfaces surfaces);
     ~QtPrinters() override;
 
-    /// Writes the content of a PDF file, empty where it could not be made, whole or not at all. Its failures reach the
-    /// caller of `endDocument` as failure 482.
+    /// Writes a PDF file completely or not at all; `content` is empty when it could not be created. Its failures reach
+    /// the caller of `endDocument` as failure 482.
     std::function<void(const QString& file, const QByteArray& content)> savePdf;
 
-    /// Where the PDF printer writes to.
+    /// Sets the file that the PDF printer writes.
     void setPdfFile(const QString& path) { pdfFile_ = path; }
 
     std::int32_t count() override;
@@ -55,7 +55,7 @@ public:
     void setPaperSize(std::int32_t paperSize) override { settings_.paperSize = paperSize; }
     void setPrintQuality(std::int32_t quality) override { settings_.printQuality = quality; }
 
-    /// Failure 482 when the printer takes no job, failure 5 for a form that is shown nowhere.
+    /// Failure 482 when the printer accepts no job, failure 5 for a form that is not shown.
     void printForm(const Form& form) override;
     void endDocument() override;
 
@@ -69,15 +69,15 @@ private:
     DeviceMode settings_;
     QPrinter* lent_ = nullptr;
     std::unique_ptr<QPrinter> own_;
-    QPrinter* printer_ = nullptr; ///< of the job that is running
+    QPrinter* printer_ = nullptr; ///< of the current job
     std::unique_ptr<PdfDetour> detour_;
     std::unique_ptr<QPainter> painter_;
 };
 
-/// Draws a widget's surface as large as it fits on a sheet of this size, from the top left corner on.
+/// Draws a widget's surface as large as fits on a sheet of this size, from the top left corner.
 void drawScaled(QPainter& painter, QWidget& widget, const QSize& sheet);
 
-/// The six settings as they stand in the toolkit's printer, and the other way round.
+/// Convert the six settings from and to the toolkit's printer.
 DeviceMode settingsOf(const QPrinter& printer);
 void applySettings(QPrinter& printer, const DeviceMode& settings);
 

@@ -16,14 +16,13 @@ public:
     Font formFont() override { return {}; }
 };
 
-/// The system's local time, or a time that stands still: one that is set, or the present one for as long as that is
-/// wanted.
+/// The system's local time, or a fixed time: one that is set, or the time of the last tick until `runOn`.
 class QtClock : public Clock {
 public:
     DateTime now() override;
     void standAt(std::optional<DateTime> time) { standing_ = time; }
     [[nodiscard]] std::optional<DateTime> standing() const { return standing_; }
-    /// Goes on to the present time and stands there until the next tick, or until it runs on.
+    /// Fixes the clock at the present time until the next tick or `runOn`, and returns that time.
     DateTime tick();
     void runOn() { ticked_.reset(); }
 

@@ -9,7 +9,7 @@
 
 namespace ko {
 
-/// The toolkit's services, together. They outlive the component that they are given to.
+/// All services of the toolkit. They must outlive the component that uses them.
 struct QtServices {
     explicit QtServices(QtPrinters::Surfaces surfaces) : printers(std::move(surfaces)) {}
 
@@ -20,7 +20,7 @@ struct QtServices {
     QtClock clock;
     QtModalForms modalForms;
 
-    /// What a component is made with. `makeReporter` makes the host's error reporter.
+    /// The platform for creating a component. `makeReporter` creates the host's error reporter.
     Platform platform(std::function<std::shared_ptr<ErrorReporter>()> makeReporter)
     {
         return {messageBox,

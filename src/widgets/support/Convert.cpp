@@ -34,7 +34,7 @@ namespace {
 
 constexpr qsizetype appendedMnemonic = 4; // "(&S)"
 
-/// As captions of East Asian languages have it.
+/// As in captions of East Asian languages.
 bool isAppendedMnemonic(const QString& caption, qsizetype at)
 {
     return at + appendedMnemonic <= caption.size() && caption[at] == u'(' && caption[at + 1] == u'&' &&

@@ -9,23 +9,23 @@
 
 namespace ko {
 
-/// Hears of failures that nothing has handled. The application object is asked whether it is one.
+/// Receives failures that were not handled. Implemented by the application object, if at all.
 class LeftOvers {
 public:
     virtual ~LeftOvers() = default;
 
-    /// `doing` is what the user wanted, empty where that is not known. Called in the middle of any event.
+    /// `doing` names the user's action; empty when unknown. May be called in the middle of any event.
     virtual void leftOver(const QString& doing, const QString& reason) noexcept = 0;
 };
 
-/// Hands a failure to the application's `LeftOvers`, and logs it.
+/// Passes a failure to the application's `LeftOvers`, and logs it.
 void tellLeftOver(const QString& doing, const std::exception_ptr& failure) noexcept;
 
-/// What a user calls this menu entry, button or other widget.
+/// The visible name of this menu entry, button or other widget.
 QString captionOf(const QObject* sender);
 
-/// Runs what the toolkit has called. Nothing may be thrown through the toolkit's event loop: a failure that gets
-/// this far is left over, and the caller goes on.
+/// Runs a function called by the toolkit, through whose event loop nothing may be thrown: passes a failure to
+/// `LeftOvers` and returns normally.
 template <class Function> void guarded(Function&& function, const QString& doing = {}) noexcept
 {
     try {
@@ -35,7 +35,7 @@ template <class Function> void guarded(Function&& function, const QString& doing
     }
 }
 
-/// What a signal is connected with; takes as many of the signal's arguments as `Act` does.
+/// The callable connected to a signal; takes as many of the signal's arguments as `Act` does.
 template <class Act> struct GuardedSlot {
     QPointer<const QObject> sender;
     Act act;
@@ -52,7 +52,7 @@ template <class Act> struct GuardedSlot {
     }
 };
 
-/// Connects a signal with what may fail. A failure is left over under the sender's caption.
+/// Connects a signal to a function that may fail. A failure is passed to `LeftOvers` under the sender's caption.
 template <class Sender, class Signal, class Act>
 void onSignal(const Sender* sender, Signal signal, const QObject* context, Act act,
               Qt::ConnectionType type = Qt::AutoConnection)

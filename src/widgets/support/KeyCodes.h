@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// The platform's code of a key, 0 for a key that it does not know. Letters and digits are their own codes.
+/// The platform's code of a key; 0 for a key without one. Letters and digits are their own codes.
 inline std::int16_t keyCodeOf(const QKeyEvent& event)
 {
     const int key = event.key();

@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// A dialog or message box that is waited for. It may be destroyed meanwhile, with the window that it belongs to; that
+/// A dialog or message box that is shown modally. If it is destroyed while it is shown, together with its window, it
 /// counts as cancelled.
 template <std::derived_from<QDialog> Dialog> class Modal {
 public:
@@ -23,11 +23,12 @@ public:
     [[nodiscard]] Dialog* get() const { return dialog_; }
     [[nodiscard]] Dialog* operator->() const { return dialog_; }
 
-    /// Shows it and waits for the answer: the toolkit's code of it, `QDialog::Rejected` when it has been destroyed.
+    /// Shows the dialog until it is closed. Returns the toolkit's result code, `QDialog::Rejected` when it has been
+    /// destroyed.
     int wait() { return dialog_->exec(); }
-    /// Whether the user has accepted it.
+    /// Shows the dialog; returns whether the user accepted it.
     bool isAccepted() { return wait() == QDialog::Accepted && dialog_; }
-    /// The button by which the user answers a message box; null when it has been destroyed.
+    /// Shows a message box; returns the button that the user clicked, or null when the box has been destroyed.
     [[nodiscard]] auto* answer()
     {
         wait();

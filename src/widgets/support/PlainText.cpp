@@ -28,7 +28,7 @@ PlainBox::PlainBox(Icon icon, const QString& title, const QString& text, const Q
                    QWidget* parent)
     : QMessageBox(icon, title, QString(), buttons, parent)
 {
-    // The label of the smaller text is made with its first text.
+    // The label for the smaller text is created when its first text is set.
     if (!more.isEmpty())
         setInformativeText(QStringLiteral(" "));
     for (QLabel* label : findChildren<QLabel*>())

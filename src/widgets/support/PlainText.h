@@ -5,13 +5,13 @@
 
 namespace ko {
 
-/// Texts of files, instruments and drivers are shown letter by letter. The toolkit would take some of them for HTML,
-/// and load what they name.
+/// Texts of files, instruments and drivers are shown verbatim. The toolkit would otherwise interpret some of them as
+/// HTML and load the resources that they name.
 
-/// A tool tip or a What's This text that shows just `text`.
+/// A tool tip or What's This text that shows `text` verbatim.
 QString plainTip(const QString& text);
 
-/// Part of a window's title, in which the toolkit puts the mark of a change in place of "[*]".
+/// Escapes "[*]" in a part of a window's title, which the toolkit would replace by the mark of a change.
 QString plainTitle(QString text);
 
 /// A label without HTML.

@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// A text of a file or a driver as it is shown; see `withoutDirections`.
+/// Converts a text of a file or a driver for display; see `withoutDirections`.
 inline QString toShown(const std::string& text)
 {
     return toQt(withoutDirections(text));

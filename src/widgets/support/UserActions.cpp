@@ -10,12 +10,12 @@ class Remains : public QWidget {
 public:
     Remains(QWidget& surface, std::shared_ptr<void> kept) : kept_(std::move(kept))
     {
-        // Who waits in a dialog has to be freed.
+        // Dialogs are not kept, so that code that waits in one can return.
         for (QWidget* child : surface.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
             if (!dynamic_cast<QDialog*>(child))
                 child->setParent(this, child->windowFlags());
     }
-    /// The widgets go before what they show.
+    /// Destroys the widgets before the objects that they show.
     ~Remains() override { qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly)); }
 
 private:
@@ -42,7 +42,7 @@ UserActions::Action::Action(const UserActions& actions) : state_(actions.state_)
 
 UserActions::Action::~Action()
 {
-    // The toolkit is in the middle of the event until control is back in its loop.
+    // The toolkit uses the widgets until control returns to its event loop.
     if (--state_->inProgress == 0 && state_->remains)
         state_->remains.release()->deleteLater();
 }

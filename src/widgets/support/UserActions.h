@@ -8,10 +8,10 @@ class QWidget;
 
 namespace ko {
 
-/// What the user does on a surface, a view or a window, while it is being done. It may wait for the user in a message
-/// box or a dialog, and the host may destroy the surface meanwhile, in the middle of an event of one of its widgets.
-/// The widgets then stay, hidden, until the actions in progress have returned; whoever is in one asks whether it is
-/// over before touching anything of the surface again.
+/// The user's actions in progress on a surface, a view or a window. An action may wait in a message box or a dialog,
+/// during which the host may destroy the surface, in the middle of an event of one of its widgets. The widgets are then
+/// hidden and kept until the actions in progress have returned. Code in an action must check `isOver` before it uses
+/// the surface again.
 class UserActions {
     struct State;
 
@@ -21,7 +21,7 @@ public:
     UserActions(const UserActions&) = delete;
     UserActions& operator=(const UserActions&) = delete;
 
-    /// One of them, from its beginning to its return.
+    /// An action in progress, for the lifetime of this object.
     class Action {
     public:
         explicit Action(const UserActions& actions);
@@ -29,14 +29,14 @@ public:
         Action(const Action&) = delete;
         Action& operator=(const Action&) = delete;
 
-        /// Whether the surface is gone.
+        /// Whether the surface has been destroyed.
         [[nodiscard]] bool isOver() const;
 
     private:
         std::shared_ptr<State> state_;
     };
 
-    /// Runs what the user does. Whether the surface is still there then.
+    /// Runs a user's action. Returns whether the surface still exists afterwards.
     template <class Act> bool run(Act&& act) const
     {
         const Action action(*this);
@@ -44,10 +44,11 @@ public:
         return !action.isOver();
     }
 
-    /// `kept` lives as long as the surface and what is left of it.
+    /// Keeps `kept` alive until the surface and its widgets have been destroyed.
     void keep(std::shared_ptr<void> kept);
 
-    /// For the destructor of the surface: whether its widgets were taken over, because an action is in progress.
+    /// Called by the destructor of the surface. Takes over the widgets when an action is in progress; returns whether
+    /// it did.
     bool end(QWidget& surface);
 
 private:
