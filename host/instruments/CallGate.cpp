@@ -80,7 +80,7 @@ void CallGate::failIfPlanned(Operation operation)
     if (found == planned_.end())
         return;
     const SimulatedFailure failure = found->failure;
-    // A call that fails with its operation has been made, too.
+    // A failure planned for this call number is used up, too, when the operation's own failure comes first.
     std::erase_if(planned_, [&](const Planned& p) { return !p.operation && p.call == calls_; });
     throw Failure(failure.number, failure.description);
 }

@@ -19,7 +19,7 @@ struct DriverCall {
     Operation operation = Operation::GroupCount;
     std::initializer_list<std::int32_t> arguments; ///< valid until `called` returns
     CallValue value;                               ///< returned by a read, requested by a write
-    std::optional<CallValue> kept;                 ///< what a write left in the driver, where that is another value
+    std::optional<CallValue> kept;                 ///< what the driver holds after a write, if it differs from `value`
 };
 
 /// A call that failed.
@@ -30,59 +30,60 @@ struct FailedCall {
     const Failure& failure;                        ///< valid until `failed` returns
 };
 
-/// Is notified of the calls to a simulated driver.
+/// Notified of the calls to a simulated driver.
 class CallObserver {
 public:
     virtual ~CallObserver() = default;
 
-    /// Whether `called` is wanted for this operation; asked before the call's value is copied.
-    virtual bool hears(Operation operation) = 0;
+    /// Returns whether `called` is to be called for this operation. Checked before the call's value is copied.
+    virtual bool observes(Operation operation) = 0;
     virtual void called(const DriverCall& call) = 0;
-    /// Called for every operation, whatever `hears` returns.
+    /// Called for every operation, whatever `observes` returns.
     virtual void failed(const FailedCall&) {}
 };
 
-/// The way into a simulated driver: counts every call, makes it fail when a failure is planned, and notifies the
+/// Passes every call into a simulated driver: counts it, makes it fail if a failure is planned, and notifies the
 /// observer.
 class CallGate {
 public:
     using Arguments = std::initializer_list<std::int32_t>;
 
-    /// `observer` outlives the gate; null removes the previous one.
+    /// Replaces the observer; null removes it. `observer` must outlive the gate or be replaced before it is destroyed.
     void observe(CallObserver* observer) { observer_ = observer; }
     [[nodiscard]] std::int64_t callCount() const { return calls_; }
 
-    /// False when the failure's operation is neither an operation's name nor "#N" with N from 1. The failure of
-    /// an operation or a call replaces an earlier one of the same.
+    /// Plans a failure, in place of an earlier one of the same operation or call. Returns false if the failure's
+    /// operation is neither an operation's name nor "#N" with N from 1.
     bool fail(const SimulatedFailure& failure);
-    /// Lets the operation ("#N" as it was asked for) work again. False when the name is none, see `fail`.
+    /// Removes the failure planned for the operation, or for "#N" as passed to `fail`. Returns false if the name is
+    /// invalid, see `fail`.
     bool heal(std::string_view operation);
     void healAll();
-    /// What is to fail, calls by their number from now on.
+    /// Returns the planned failures; call numbers are relative to the present call count.
     [[nodiscard]] std::vector<SimulatedFailure> failing() const;
 
-    /// Runs `act` inside the next call of this operation, before it is answered. Several queue up.
+    /// Runs `act` inside the next call of this operation, before the call returns. Several acts queue up.
     void during(Operation operation, std::function<void()> act) { during_.emplace_back(operation, std::move(act)); }
 
-    /// Returns what `answer` returns, unless the operation is to fail.
+    /// Returns the result of `answer`, or fails if a failure is planned.
     template <class Answer> auto read(Operation operation, Arguments arguments, const Answer& answer)
     {
         auto value = attempt(operation, answer, [&](const Failure& failure) {
             observer_->failed({operation, arguments, std::nullopt, failure});
         });
-        if (isHeard(operation))
+        if (isObserved(operation))
             observer_->called({operation, arguments, callValue(value), std::nullopt});
         return value;
     }
 
-    /// Runs `change`, which returns the value that the driver then holds, unless the operation is to fail.
+    /// Runs `change`, which returns the value that the driver holds afterwards, or fails if a failure is planned.
     template <class T, class Change>
     void write(Operation operation, Arguments arguments, const T& value, const Change& change)
     {
         const T kept = attempt(operation, change, [&](const Failure& failure) {
             observer_->failed({operation, arguments, callValue(value), failure});
         });
-        if (isHeard(operation))
+        if (isObserved(operation))
             observer_->called({operation, arguments, callValue(value),
                                value == kept ? std::nullopt : std::optional(callValue(kept))});
     }
@@ -90,11 +91,11 @@ public:
 private:
     struct Planned {
         SimulatedFailure failure;
-        std::optional<Operation> operation; ///< none: the call of the number `call`
+        std::optional<Operation> operation; ///< none: the call numbered `call`
         std::int64_t call = 0;
     };
 
-    [[nodiscard]] bool isHeard(Operation operation) const { return observer_ && observer_->hears(operation); }
+    [[nodiscard]] bool isObserved(Operation operation) const { return observer_ && observer_->observes(operation); }
     void enter(Operation operation)
     {
         ++calls_;
@@ -106,7 +107,7 @@ private:
     void failIfPlanned(Operation operation);
     void runDuring(Operation operation);
 
-    /// Returns what `act` returns; hands a failure to `complain` before it reaches the caller.
+    /// Returns the result of `act`; passes a failure to `complain` before it reaches the caller.
     template <class Act, class Complain> auto attempt(Operation operation, const Act& act, const Complain& complain)
     {
         try {

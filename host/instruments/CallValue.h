@@ -9,8 +9,8 @@
 
 namespace ko {
 
-/// What a call to a driver returns or requests: a value of any type that an operation has. A single-precision number
-/// is the double of the same value.
+/// A value that a driver call returns or takes, of any type that occurs in an operation. Single-precision numbers are
+/// held as double.
 using CallValue = std::variant<std::monostate, bool, std::int32_t, double, std::string, DateTime, Range,
                                std::vector<double>, LineList, std::vector<std::string>>;
 

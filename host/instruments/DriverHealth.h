@@ -12,9 +12,9 @@
 
 namespace ko {
 
-/// A call to a driver that failed.
+/// A failed call to a driver.
 struct DriverFailure {
-    std::size_t driver = 0; ///< its place in the list
+    std::size_t driver = 0; ///< index in the list
     std::string name;       ///< the driver's
     Operation operation = Operation::GroupCount;
     std::vector<std::int32_t> arguments;
@@ -23,24 +23,24 @@ struct DriverFailure {
     DateTime time;
 };
 
-/// Which drivers fail at present. A driver fails from its first call that fails until it has answered again, that is
-/// until each of the calls that failed, known by operation and arguments, has succeeded. When the page is rebuilt,
-/// calls of an operation that is called then and does not fail count as answered whatever their arguments; an operation
-/// that is not called has not answered.
+/// Tracks which drivers fail at present. A driver fails from its first failed call until each failed call, identified
+/// by operation and arguments, has succeeded. When the page is rebuilt, an operation that is called without a failure
+/// clears its failed calls with any arguments; operations that are not called stay failed.
 class DriverHealth {
 public:
-    /// `now` is asked for the time of each failure.
+    /// `clock` returns the time of each failure.
     explicit DriverHealth(std::function<DateTime()> clock) : now(std::move(clock)) {}
 
-    /// These drivers and no others from now on. Nothing is known of them yet.
+    /// Tracks these drivers instead of the previous ones. None of them counts as failing yet.
     void watch(const SimulatedDrivers& drivers);
 
     void failed(const SimulatedDriver& driver, const FailedCall& call);
-    /// Whether it matters that a call of this operation succeeds; cheap while the driver does not fail.
+    /// Returns whether a success of this operation has to be passed to `answered`; cheap while the driver does not
+    /// fail.
     [[nodiscard]] bool awaits(const SimulatedDriver& driver, Operation operation) const;
     void answered(const SimulatedDriver& driver, const DriverCall& call);
 
-    /// Runs `build`, which rebuilds the page.
+    /// Runs `build`, which rebuilds the page, and then clears the failures of operations that succeeded meanwhile.
     template <class Build> void rebuild(const Build& build)
     {
         const std::int64_t turn = turn_;
@@ -48,11 +48,12 @@ public:
         afterRebuild(turn);
     }
 
-    /// The last failed call, of those not answered yet, of each driver that fails; in the order of the drivers.
+    /// Returns for each failing driver its latest failed call that has not succeeded since, in the order of the
+    /// drivers.
     [[nodiscard]] std::vector<DriverFailure> failing() const;
 
     std::function<DateTime()> now;
-    /// `failing` answers something else.
+    /// Called after the result of `failing` has changed.
     std::function<void()> changed;
 
 private:
@@ -64,8 +65,8 @@ private:
         DateTime time;
     };
     struct Trouble {
-        std::map<Call, Failed> open;                ///< the calls that failed last time; never empty
-        std::map<Operation, std::int64_t> answered; ///< the turn of each operation's last answer
+        std::map<Call, Failed> open;                ///< calls that have not succeeded since they failed; never empty
+        std::map<Operation, std::int64_t> answered; ///< the turn of each operation's last success
 
         [[nodiscard]] bool hasAnsweredSince(std::int64_t turn, Operation operation) const;
     };
@@ -74,7 +75,7 @@ private:
 
     SimulatedDrivers drivers_;
     std::map<const SimulatedDriver*, Trouble> troubles_;
-    std::int64_t turn_ = 0; ///< counts failures, and answers of drivers that fail
+    std::int64_t turn_ = 0; ///< counts failures, and successful calls of failing drivers
 };
 
 } // namespace ko

@@ -2,7 +2,7 @@
 
 namespace ko {
 
-/// Observes one driver, which it keeps alive meanwhile.
+/// Observes one driver and shares its ownership.
 class DriverWatch::Listener final : public CallObserver {
 public:
     Listener(DriverWatch& watch, std::size_t index, std::shared_ptr<SimulatedDriver> driver)
@@ -14,7 +14,7 @@ public:
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
-    bool hears(Operation operation) override
+    bool observes(Operation operation) override
     {
         return isWanted(operation) || watch_.health_.awaits(*driver_, operation);
     }

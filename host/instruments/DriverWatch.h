@@ -7,27 +7,27 @@
 
 namespace ko {
 
-/// Observes the instruments: keeps account of those that fail, and notifies its owner of the calls that it asks for and
-/// of every call that fails.
+/// Observes the instruments: tracks which ones fail, and notifies its owner of the wanted calls and of every failed
+/// call.
 class DriverWatch {
 public:
-    /// `now` returns the time that failures are noted with.
+    /// `now` returns the time of a failure.
     explicit DriverWatch(std::function<DateTime()> now);
     ~DriverWatch();
     DriverWatch(const DriverWatch&) = delete;
     DriverWatch& operator=(const DriverWatch&) = delete;
 
     struct Watched {
-        std::size_t index; ///< in the list given to `watch`
+        std::size_t index; ///< in the list passed to `watch`
         const SimulatedDriver& driver;
     };
 
-    /// Observes these instruments from now on, and no others.
+    /// Observes these instruments instead of the previous ones.
     void watch(const SimulatedDrivers& drivers);
 
     [[nodiscard]] DriverHealth& health() { return health_; }
 
-    /// Whether `called` is to be called for this operation; every write unless set.
+    /// Returns whether `called` is to be called for this operation. Default: every write.
     std::function<bool(Operation)> wanted = isWrite;
     std::function<void(const Watched&, const DriverCall&)> called;
     std::function<void(const Watched&, const FailedCall&)> failed;

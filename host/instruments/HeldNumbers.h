@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// A number of the timebases, and where a simulated instrument holds it.
+/// A number of a timebase and the member of `TimebaseSettings` that holds it.
 struct HeldNumber {
     const TimebaseNumber* number;
     QuantitySettings TimebaseSettings::*held;

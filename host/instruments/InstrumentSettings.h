@@ -10,12 +10,12 @@
 
 namespace ko {
 
-/// What a simulated driver makes of a requested value. A value that is not finite is never kept.
+/// How a simulated driver rounds a requested value. A value that is not finite is never kept.
 enum class Keeps {
-    Nearest, ///< the nearest choice, of two equally near ones the first; without choices as `Any`
-    Clamp,   ///< drawn into the range; without a range as `Any`
-    Any,     ///< the value as it is
-    Nothing  ///< the value it had
+    Nearest, ///< the nearest choice, the first of two equally near ones; without choices like `Any`
+    Clamp,   ///< clamped to the range; without a range like `Any`
+    Any,     ///< the value unchanged
+    Nothing  ///< keeps the old value
 };
 
 /// The rules' names in set-up files, in their order.
@@ -30,9 +30,9 @@ struct QuantitySettings {
 
     bool operator==(const QuantitySettings&) const = default;
 
-    /// `keeps`, or what follows from the choices and the range.
+    /// `keeps`, or the default for these choices and this range.
     [[nodiscard]] Keeps rule() const;
-    /// Takes what the rule makes of a requested value, and answers it.
+    /// Sets `value` to what the rule makes of `requested`, and returns it.
     double request(double requested);
 };
 
@@ -102,7 +102,7 @@ struct SimulatedFailure {
     bool operator==(const SimulatedFailure&) const = default;
 };
 
-/// A simulated instrument, whole.
+/// All settings of a simulated instrument.
 struct InstrumentSettings {
     std::string name;
     std::int32_t measurementMode = 1;
@@ -111,7 +111,7 @@ struct InstrumentSettings {
     bool hasTriggerParameters = true;
     std::optional<TimebaseSettings> timebase;
     std::optional<TriggerLineSettings> triggerLines;
-    std::optional<double> dynamicBytes; ///< fixes the figure
+    std::optional<double> dynamicBytes; ///< fixed figure; none: computed
     std::optional<std::int32_t> numberOfScans;
     std::vector<SimulatedFailure> failing;
 

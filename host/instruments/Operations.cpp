@@ -36,7 +36,7 @@ bool isOnlyOne(const Entry& entry)
     return std::count_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.name == entry.name; }) == 1;
 }
 
-bool answersTo(const Entry& entry, std::string_view name)
+bool hasFailingName(const Entry& entry, std::string_view name)
 {
     if (name.substr(0, entry.name.size()) != entry.name)
         return false;
@@ -66,7 +66,7 @@ std::string failingName(Operation operation)
 std::optional<Operation> findOperation(std::string_view failingName)
 {
     const auto found =
-        std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return answersTo(e, failingName); });
+        std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return hasFailingName(e, failingName); });
     if (found == entries.end())
         return std::nullopt;
     return static_cast<Operation>(found - entries.begin());

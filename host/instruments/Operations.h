@@ -8,7 +8,7 @@
 namespace ko {
 
 // clang-format off
-/// Every operation that a simulated driver has, its queries for views left out: X(enumerator, name, kind).
+/// Every operation of a simulated driver except the queries for its views: X(enumerator, name, kind).
 #define KO_OPERATIONS(X) \
     X(GroupCount, "GroupCount", Method) \
     X(ChannelCount, "ChannelCount", Method) \
@@ -71,17 +71,17 @@ enum class Operation : std::uint8_t {
 #undef KO_ENUMERATOR
 };
 
-/// The operation's name without `get` or `set`.
+/// Returns the operation's name without `get` or `set`.
 std::string_view operationName(Operation operation);
 
-/// True for an operation that changes the driver.
+/// Returns true for an operation that changes the driver.
 bool isWrite(Operation operation);
 
-/// The name by which failures are asked for: with `get` or `set` where it is a property.
+/// Returns the name that failures use: with `get` or `set` for a property.
 std::string failingName(Operation operation);
 
-/// The operation of this failing name. `get` or `set` may be left out where a property has just one of the two;
-/// none when no operation has this name.
+/// Returns the operation with this failing name; none if there is no such operation. `get` or `set` may be omitted if a
+/// property has only one of the two.
 std::optional<Operation> findOperation(std::string_view failingName);
 
 } // namespace ko

@@ -7,20 +7,21 @@
 
 namespace ko {
 
-/// True for the types that have bounds, "Float" and "Integer".
+/// Returns true for the types with bounds, "Float" and "Integer".
 bool isNumericType(std::string_view type);
 
-/// What a parameter of this type holds, in words; empty for a type that the page does not know, which holds anything.
+/// Describes in words what a parameter of this type holds. Empty for a type that the page does not know, which takes
+/// any value.
 std::string_view valueTypeName(std::string_view type);
 
-/// The value as a parameter of this type holds it: an "Integer" takes whole numbers of 32 bits, a "Float" any number.
-/// None when the parameter cannot hold it.
+/// Converts the value to the parameter's type: "Integer" takes 32-bit whole numbers, "Float" any number. Returns none
+/// if the parameter cannot hold it.
 std::optional<Value> fitted(const Value& value, std::string_view type);
 
-/// The number that a value is; none for a value of another kind.
+/// Returns the value as a number; none for a value of another kind.
 std::optional<double> numberOf(const Value& value);
 
-/// The number as a 32-bit integer; none when it is not whole or does not fit.
+/// Converts to a 32-bit integer; returns none if the number is not whole or does not fit.
 std::optional<std::int32_t> wholeNumber(double value);
 
 } // namespace ko

@@ -7,23 +7,25 @@
 
 namespace ko {
 
-/// An instrument driver without an instrument: it holds its settings, answers from them, keeps of a requested value
-/// what its rules say, and fails where it is told to. Its measurement figures are computed unless fixed.
+/// An instrument driver without an instrument. Reads return its settings, writes round the requested value by its
+/// rules, and calls fail as planned in `calls()`. The measurement figures are computed unless the settings fix them.
 class SimulatedDriver final : public Driver, private StaticMeasurement, private DynamicMeasurement {
 public:
-    /// Failing operations that are none are left out.
+    /// Invalid operation names in `settings.failing` are ignored.
     explicit SimulatedDriver(InstrumentSettings settings);
     SimulatedDriver(const SimulatedDriver&) = delete;
     SimulatedDriver& operator=(const SimulatedDriver&) = delete;
 
-    /// The settings with the present values.
+    /// Returns the settings with the present values and the planned failures.
     [[nodiscard]] InstrumentSettings settings() const;
     [[nodiscard]] const std::string& name() const { return settings_.name; }
-    /// What it holds, seen without a call: nothing is counted, told or made to fail. `failing` is as it was at first.
+    /// Returns what the driver holds without a call: nothing is counted, observed or made to fail. `failing` has its
+    /// initial value.
     [[nodiscard]] const InstrumentSettings& held() const { return settings_; }
-    /// What the owner of the instrument does, behind the page's back. Failure 9 for a channel that there is not.
+    /// Enables or disables a channel, as the instrument's owner does without notifying the page. Fails with 9 for a
+    /// channel that does not exist.
     void enableChannel(std::int32_t group, std::int32_t channel, bool enabled);
-    /// Where calls are counted, observed and made to fail.
+    /// Counts calls, notifies the observer and makes calls fail.
     [[nodiscard]] CallGate& calls() { return calls_; }
     [[nodiscard]] const CallGate& calls() const { return calls_; }
 

@@ -9,7 +9,7 @@
 
 namespace ko {
 
-/// The views of a simulated driver. Each works on the driver's own settings, which outlive it.
+/// The views of a simulated driver. Each refers to the driver's own settings, which must outlive it.
 
 class SimulatedTimebase final : public Timebase {
 public:
@@ -42,9 +42,9 @@ private:
     const QuantitySettings* listAskedLast_ = nullptr;
 };
 
-/// Slots and channels outside the driver's groups fail with 9, unknown parameter ids with 5, and so do the choices of
-/// a parameter that is no "Enum" and the bounds of one that is no number. A value of another type than the parameter's
-/// fails with 13.
+/// Slots and channels outside the driver's groups fail with 9. Unknown parameter ids, the choices of a parameter that
+/// is not an "Enum", and the bounds of one that is not a number fail with 5. A value of another type than the
+/// parameter's fails with 13.
 class SimulatedTriggerParameters final : public TriggerParameters {
 public:
     SimulatedTriggerParameters(CallGate& calls, std::vector<GroupSettings>& groups) : calls_(calls), groups_(groups) {}
@@ -104,7 +104,7 @@ private:
     TriggerLineSettings& settings_;
 };
 
-/// The element of a list; failure 9 outside it.
+/// Returns the element at `index`; fails with 9 outside the list.
 template <class List> auto& elementAt(List& list, std::int32_t index)
 {
     if (index < 0 || static_cast<std::size_t>(index) >= list.size())

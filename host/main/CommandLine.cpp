@@ -33,13 +33,13 @@ constexpr const char* examples =
 
 constexpr const char* group = "Settings of the page, without a window";
 
-/// `text` follows the option in the help.
+/// `text` is printed after the option's name in the help.
 void present(CLI::Option* option, const char* text)
 {
     option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--capture");
 }
 
-/// Accepts these words alone, as an option's check.
+/// A validator for options that accepts only these words.
 auto oneOf(std::vector<std::string> words)
 {
     return [words = std::move(words)](const std::string& word) {
@@ -48,7 +48,7 @@ auto oneOf(std::vector<std::string> words)
     };
 }
 
-/// The options of settings; `--headless`, `--picture` and `--capture` are declared before.
+/// Declares the options for settings. `--headless`, `--picture` and `--capture` must be declared before.
 void declareSettings(CLI::App& app, SettingsCommand& command)
 {
     present(app.add_option("--set", command.set, "Set a setting as the page's user does; several in this order")
@@ -105,7 +105,8 @@ void declare(CLI::App& app, CommandLine& line)
         ->option_text(" ");
 }
 
-/// A file that is written is named for nothing else: only a set-up may be saved where it was read.
+/// Refuses to write a file that is also named for another purpose. Only a set-up may be saved over the file it was read
+/// from.
 void refuseClashes(const CommandLine& line)
 {
     struct Named {
@@ -126,7 +127,7 @@ void refuseClashes(const CommandLine& line)
         }
 }
 
-/// An empty value would read as if the option was not there.
+/// The options use the empty string for "not given".
 void refuseEmptyValues(int argc, const char* const* argv)
 {
     for (int i = 1; i < argc; ++i) {

@@ -7,11 +7,11 @@
 
 namespace ko {
 
-/// What the user asks for on the command line.
+/// The parsed command line.
 struct CommandLine {
     bool headless = false;
     std::string locale;       ///< "system" or empty
-    std::string language;     ///< string file or language code; empty: none named
+    std::string language;     ///< string file or language code; empty: not given
     std::string picture;      ///< file to paint the page into; empty: none
     std::string capture;      ///< file to capture a scenario into; empty: none
     std::string setup;        ///< set-up file; empty: none
@@ -19,9 +19,8 @@ struct CommandLine {
     SettingsCommand settings;
 };
 
-/// Reads the command line. Prints what `--help` and `--version` ask for and returns none then. Fails with an
-/// `InputError` for a command line that cannot be understood, and where a file would be written that is also named as
-/// something else.
+/// Parses the command line. Returns none after printing the output of `--help` or `--version`. Fails with an
+/// `InputError` if the command line is invalid, or if a file to write is also named for another purpose.
 std::optional<CommandLine> commandLine(int argc, const char* const* argv);
 
 } // namespace ko

@@ -14,14 +14,13 @@ namespace {
 
 constexpr std::string_view english = "en";
 
-/// "de_AT.UTF-8@euro" without what says nothing of the language; empty for "C" and "POSIX".
+/// Returns "de_AT" for "de_AT.UTF-8@euro"; empty for "C" and "POSIX".
 std::string codeOf(std::string_view locale)
 {
     const std::string_view code = locale.substr(0, locale.find_first_of(".@"));
     return code == "C" || code == "POSIX" ? std::string() : std::string(code);
 }
 
-/// The environment's locale for messages: the first of the three that says anything.
 std::string systemLanguage()
 {
     for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
@@ -38,7 +37,7 @@ std::optional<std::filesystem::path> stringFile(const std::string& code)
                                                   : findDataFile("strings/" + code.substr(0, territory) + ".txt");
 }
 
-/// The languages that there are strings for, English first.
+/// Lists the languages with a string file, English first.
 std::string languages()
 {
     std::set<std::string> others;

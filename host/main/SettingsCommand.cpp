@@ -19,7 +19,7 @@ namespace ko {
 
 namespace {
 
-void tell(const std::vector<std::string>& notes)
+void printNotes(const std::vector<std::string>& notes)
 {
     for (const std::string& note : notes)
         complain("note: " + note);
@@ -28,7 +28,7 @@ void tell(const std::vector<std::string>& notes)
 void setOne(HeadlessPage& played, const std::string& text)
 {
     const Assignment wanted = assignmentIn(played, text);
-    tell(set(wanted.setting, played, wanted.value));
+    printNotes(set(wanted.setting, played, wanted.value));
 }
 
 std::string listed(const SettingsCommand& command, const HeadlessPage& played)
@@ -43,7 +43,7 @@ std::string choices(const HeadlessPage& played, const std::string& name)
 {
     const Choices found = settingChoices(played, name);
     if (!found.note.empty())
-        tell({found.note});
+        printNotes({found.note});
     return found.lines;
 }
 
@@ -66,7 +66,7 @@ void save(const SettingsCommand& command, const SettingsSource& source, const He
     saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
 }
 
-/// English is written as everywhere without a window.
+/// English means English (United States), the default without a window.
 Locale localeOf(const std::string& language)
 {
     return language == "en" ? Locale{} : toLocale(QLocale(toQt(language)));
@@ -87,7 +87,7 @@ void runSettings(const SettingsCommand& command, const SettingsSource& source, H
 {
     if (!command.sheet.file.empty())
         checkSheetFile(command.sheet.file);
-    tell(played.messagesAtStart());
+    printNotes(played.messagesAtStart());
     for (const std::string& assignment : command.set)
         setOne(played, assignment);
     const std::string text = output(command, played);

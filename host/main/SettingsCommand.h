@@ -5,18 +5,18 @@
 
 namespace ko {
 
-/// What the command line asks of the page's settings.
+/// The command line's options for the page's settings.
 struct SettingsCommand {
     std::vector<std::string> set; ///< NAME=VALUE, in the order in which they are set
     std::vector<std::string> get;
-    std::string save;    ///< file
-    bool force = false;  ///< saves over a file that has changed since it was read
-    std::string choices; ///< setting whose choices are asked for
+    std::string save;    ///< file to write; empty: none
+    bool force = false;  ///< overwrites a file that has changed since it was read
+    std::string choices; ///< setting whose choices are printed; empty: none
     SheetCommand sheet;
     bool list = false;
     bool names = false;
     bool json = false;
-    bool settable = false; ///< only what can be set now
+    bool settable = false; ///< list only what can be set at present
 
     [[nodiscard]] bool isGiven() const
     {
@@ -27,14 +27,14 @@ struct SettingsCommand {
 /// The set-up that the command line works on.
 struct SettingsSource {
     std::string file;
-    std::string content;               ///< of the file, as it was read
-    ScenarioOptions options;           ///< of the page that is set
-    std::optional<Locale> sheetLocale; ///< how a sheet writes numbers and dates; none: as in the page's language
+    std::string content;               ///< content of the file when it was read
+    ScenarioOptions options;           ///< of the page whose settings are used
+    std::optional<Locale> sheetLocale; ///< for a sheet's numbers and dates; none: from the page's language
 };
 
-/// Sets, reads, saves, writes the sheet, in this order, and prints what was asked for once all of it has succeeded.
-/// Nothing is saved unless every setting was accepted, nor, without force, over a set-up that has changed meanwhile.
-/// Fails with a `Refusal` or an `InputError`.
+/// Sets, reads, saves and writes the sheet, in this order, and prints the output after all of it has succeeded. Saves
+/// nothing unless every setting was accepted, and does not overwrite a file changed meanwhile unless forced. Fails with
+/// a `Refusal` or an `InputError`.
 void runSettings(const SettingsCommand& command, const SettingsSource& source, HeadlessPage& played);
 
 } // namespace ko

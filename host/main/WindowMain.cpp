@@ -31,7 +31,7 @@ int refuse(const std::string& reason)
     return refused;
 }
 
-/// The format is that of the file's ending.
+/// Encodes the picture in the format of the file's extension.
 std::string encoded(const QPixmap& picture, const std::string& file)
 {
     QBuffer content;
@@ -57,7 +57,7 @@ int paintInto(FrameWindow& window, const std::string& picture)
     return 0;
 }
 
-/// Does something once a window is on the screen.
+/// Calls `act` once, after the window has appeared on the screen.
 class OnceExposed : public QObject {
 public:
     OnceExposed(QWindow& window, std::function<void()> act) : act_(std::move(act)) { window.installEventFilter(this); }
@@ -77,9 +77,9 @@ private:
 
 int stayOpen(FrameWindow& window, const std::string& refusal)
 {
-    // A message stands in front of the window that it is about.
+    // A message box must appear in front of the window, so it is shown after the window.
     window.winId();
-    const OnceExposed tell(*window.windowHandle(), [&] {
+    const OnceExposed afterExposed(*window.windowHandle(), [&] {
         if (!refusal.empty())
             window.questions().tellNotOpened(refusal);
     });
@@ -87,16 +87,16 @@ int stayOpen(FrameWindow& window, const std::string& refusal)
     return QApplication::exec();
 }
 
-/// Boxes take their texts from the window while there is one.
-class SpokenBoxes {
+/// The application's boxes take their texts from the window during the window's life.
+class BoxTexts {
 public:
-    SpokenBoxes(GuardedApplication& application, const FrameWindow& window) : application_(application)
+    BoxTexts(GuardedApplication& application, const FrameWindow& window) : application_(application)
     {
         application.texts = [&window](int number) { return window.text(number); };
     }
-    ~SpokenBoxes() { application_.texts = nullptr; }
-    SpokenBoxes(const SpokenBoxes&) = delete;
-    SpokenBoxes& operator=(const SpokenBoxes&) = delete;
+    ~BoxTexts() { application_.texts = nullptr; }
+    BoxTexts(const BoxTexts&) = delete;
+    BoxTexts& operator=(const BoxTexts&) = delete;
 
 private:
     GuardedApplication& application_;
@@ -105,10 +105,10 @@ private:
 int run(const WindowOptions& options, GuardedApplication& application)
 {
     const bool isPicture = !options.picture.empty();
-    // A picture looks the same whoever makes it.
+    // A picture must not depend on the user's remembered window state.
     FrameWindow window(options.language, isPicture ? std::string() : FrameMemory::usersFile());
     loadToolkitTexts(window.text(hostText::languageCode));
-    const SpokenBoxes boxes(application, window);
+    const BoxTexts boxTexts(application, window);
     if (!options.capture.empty())
         window.capture().start(options.capture, options.setup);
     std::string refusal;
@@ -122,7 +122,7 @@ int run(const WindowOptions& options, GuardedApplication& application)
     }
     if (!window.restorePlace())
         window.resize(startSize(window));
-    // Where nobody sees a message box nobody answers it.
+    // A message box that is not visible would never be closed.
     const bool isSeen = !isPicture && QGuiApplication::platformName() != QStringLiteral("offscreen");
     application.showsFailures = isSeen;
     if (!isSeen && !refusal.empty())
@@ -139,7 +139,7 @@ bool isSet(const char* variable)
     return !qEnvironmentVariableIsEmpty(variable);
 }
 
-/// A platform that is asked for by name needs no display.
+/// A platform chosen explicitly may need no display.
 bool hasDisplay()
 {
 #if defined(Q_OS_LINUX)
@@ -149,7 +149,7 @@ bool hasDisplay()
 #endif
 }
 
-/// What is wrong with the set-up is worth more than that it cannot be shown.
+/// An error in the set-up is more useful to the user than the missing display, so it is reported first.
 int refuseWithoutDisplay(const WindowOptions& options)
 {
     try {
@@ -173,7 +173,7 @@ int runWindow(int& argc, char** argv, const WindowOptions& options)
     GuardedApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Korvell"));
     QApplication::setApplicationName(QStringLiteral("korvell-host"));
-    // Where desktops find the window's icon and name.
+    // The desktop finds the window's icon and name by this.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.korvell.Host"));
     QApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
     try {

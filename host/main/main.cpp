@@ -18,7 +18,7 @@ constexpr int expectationFailed = 1;
 constexpr int valueRefused = 1;
 constexpr int inputRefused = 2;
 
-/// Opened once only: a script may come through a pipe.
+/// The script is opened only once, because it may be a pipe.
 std::ifstream openScript(const std::string& file)
 {
     ko::refuseDevice(file);
@@ -28,7 +28,7 @@ std::ifstream openScript(const std::string& file)
     return script;
 }
 
-/// Makes what needs the component's texts: a string file that cannot be understood is named.
+/// Constructs an object that loads the component's texts; an error names the string file.
 template <class Made, class... Arguments>
 std::unique_ptr<Made> make(const ko::CommandLine& line, const ko::ScenarioOptions& options, Arguments&... arguments)
 {
@@ -94,7 +94,7 @@ int run(const ko::CommandLine& line, int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    // A file that must not grow is one that cannot be written, as on a full disk.
+    // Exceeding the file size limit is then reported as a failed write, like a full disk.
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     try {
         const auto line = ko::commandLine(argc, argv);

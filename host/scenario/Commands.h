@@ -10,15 +10,16 @@
 
 namespace ko {
 
-/// The words behind a command's name.
+/// A command's arguments. Indices count from 0, after the command's name.
 class Arguments {
 public:
     Arguments(const Scenario& scenario, const ScriptLine& line) : scenario_(scenario), words_(line.words) {}
 
     [[nodiscard]] std::size_t count() const { return words_.size() - 1; }
     [[nodiscard]] const std::string& text(std::size_t index) const { return words_[index + 1]; }
-    /// Faults: a word that is no whole number of 32 bits; one that is neither `on` nor `off`.
+    /// The argument as a 32-bit whole number; any other word is a fault of the line.
     [[nodiscard]] std::int32_t integer(std::size_t index) const;
+    /// True for `on`, false for `off`; any other word is a fault of the line.
     [[nodiscard]] bool onOff(std::size_t index) const;
 
 private:
@@ -26,23 +27,23 @@ private:
     const std::vector<std::string>& words_;
 };
 
-/// A whole number of 32 bits and nothing else; none otherwise.
+/// Parses a 32-bit whole number; returns none if the word is anything else.
 std::optional<std::int32_t> integerIn(std::string_view word);
 
-/// Who gives a command: only users and questions have their place in a dialog block.
+/// Whose action a command is. `Scenario::Place` decides which commands a block may contain.
 enum class Giver { Host, User, Question, Machine };
 
 /// A command of the script's language.
 struct Command {
     std::string_view name;
     Giver giver;
-    std::size_t least, most; ///< how many words may follow the name
+    std::size_t least, most; ///< number of arguments
     void (*run)(Scenario&, const Arguments&);
 };
 
 inline constexpr std::size_t anyNumber = static_cast<std::size_t>(-1);
 
-/// A command that the language knows but that nothing answers yet.
+/// In place of `run` for a command that the language defines but this program does not implement.
 inline constexpr void (*notAvailable)(Scenario&, const Arguments&) = nullptr;
 
 std::span<const Command> hostCommands();
@@ -50,7 +51,7 @@ std::span<const Command> machineCommands();
 std::span<const Command> userCommands();
 std::span<const Command> questionCommands();
 
-/// The command of this name; null when there is none.
+/// Returns the command with this name, or null.
 const Command* findCommand(std::string_view name);
 
 } // namespace ko

@@ -66,7 +66,7 @@ void addContent(Json& state, const ComboBox& box)
     state["text"] = box.text();
 }
 
-/// Three numbers as the command `text` takes them.
+/// Formats three numbers as the command `text` takes them.
 std::string joined(const char* format, int first, int second, int third)
 {
     std::array<char, 48> text{};

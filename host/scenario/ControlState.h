@@ -8,15 +8,15 @@
 
 namespace ko {
 
-/// A control's properties as scripts see them.
+/// Returns the control's properties as scripts see them.
 Json controlState(const Control& control);
-/// A form's own properties.
+/// Returns the form's own properties, without its controls.
 Json formState(const Form& form);
 
-/// The document's fields that scripts see beside the controls.
+/// Returns the document's fields that scripts can query.
 Json pageState(const Page& page);
 
-/// A property as text: texts as they are, everything else as JSON writes it.
+/// Returns a property as text: strings unquoted, everything else as JSON.
 std::string propertyText(const Json& property);
 
 } // namespace ko

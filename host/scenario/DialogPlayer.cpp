@@ -8,7 +8,7 @@
 
 namespace ko {
 
-/// Keeps the form on the list of those shown, and restores the script's line, however the form's handlers end.
+/// Keeps the form in the list of shown forms. Restores the log's line number even if a handler of the form throws.
 class DialogPlayer::Showing {
 public:
     Showing(DialogPlayer& player, Form& form) : player_(player), line_(player.log_.line())
@@ -33,7 +33,7 @@ void DialogPlayer::showModal(Form& form)
     if (find(form))
         fail(failure::invalidCall);
     const Showing showing(*this, form);
-    tell(shown_.back(), true);
+    logChange(shown_.back(), true);
     for (const ScriptLine& line : nextBlock(form.name())) {
         log_.setLine(line.number);
         if (line.words.front() == "end" || !play_(line))
@@ -49,7 +49,7 @@ void DialogPlayer::hide(Form& form)
     if (!shown || !shown->open)
         return;
     shown->open = false;
-    tell(*shown, false);
+    logChange(*shown, false);
 }
 
 std::vector<ScriptLine> DialogPlayer::nextBlock(const std::string& form)
@@ -72,7 +72,7 @@ void DialogPlayer::cancel(Form& form)
     hide(form);
 }
 
-void DialogPlayer::tell(const Shown& shown, bool opened)
+void DialogPlayer::logChange(const Shown& shown, bool opened)
 {
     const Bounds& bounds = shown.form->bounds();
     std::vector<EventMember> members{{"form", shown.form->name()},

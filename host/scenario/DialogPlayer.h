@@ -12,19 +12,20 @@
 
 namespace ko {
 
-/// Shows forms by playing what the script says the user does in them. Blocks queue up for each form. A form that has
-/// no block, or is still open when its block ends, is cancelled.
+/// Shows a form by playing the script's next block for it, which holds the user's input. Blocks queue up by form. A
+/// form without a block, or still open at the end of its block, is cancelled.
 class DialogPlayer final : public ModalForms {
 public:
-    /// `play` runs a line of a block; it does not throw, and false stops the block.
+    /// `play` runs one line of a block; it must not throw, and returns false to stop the block. `log` outlives the
+    /// player.
     DialogPlayer(EventLog& log, std::function<bool(const ScriptLine&)> play) : log_(log), play_(std::move(play)) {}
 
-    /// The user's next answer to the form of this name; `end` is its last line.
+    /// Queues a block for the form with this name. The last line of the block is `end`.
     void queue(const std::string& form, std::vector<ScriptLine> block) { blocks_[form].push_back(std::move(block)); }
 
-    /// The form whose block is being played; null outside of every block.
+    /// Returns the form whose block is being played, or null.
     [[nodiscard]] Form* form() const { return shown_.empty() ? nullptr : shown_.back().form; }
-    /// False when the block has closed its form already.
+    /// Returns whether a form is shown that its block has not closed.
     [[nodiscard]] bool isOpen() const { return !shown_.empty() && shown_.back().open; }
 
     void showModal(Form& form) override;
@@ -35,12 +36,12 @@ private:
     struct Shown {
         Form* form = nullptr;
         bool open = true;
-        bool unanswered = false;
+        bool unanswered = false; ///< cancelled by the player, not by its block
     };
 
     std::vector<ScriptLine> nextBlock(const std::string& form);
     void cancel(Form& form);
-    void tell(const Shown& shown, bool opened);
+    void logChange(const Shown& shown, bool opened);
     [[nodiscard]] Shown* find(const Form& form);
 
     EventLog& log_;

@@ -17,20 +17,20 @@ struct EventMember {
     CallValue value;
 };
 
-/// What happened, one JSON object a line, each written out at once.
+/// Writes events, one JSON object per line, each flushed at once.
 class EventLog {
 public:
     /// `output` outlives the log.
     explicit EventLog(std::ostream& output) : output_(output) {}
 
-    /// The script's line that what happens from now on belongs to.
+    /// Sets the script's line number that later events carry.
     void setLine(int line) { line_ = line; }
     [[nodiscard]] int line() const { return line_; }
 
-    /// From now on nothing is written any more.
+    /// Drops all later events.
     void mute() { muted_ = true; }
 
-    /// False once a line could not be written.
+    /// Returns false once an event could not be written.
     [[nodiscard]] bool isWritten() const;
 
     void event(std::string_view name, const std::vector<EventMember>& members = {});

@@ -10,15 +10,15 @@
 
 namespace ko {
 
-/// A machine without a window: what the component asks of it becomes events, and its state is set by scripts.
+// The component's services without a window: calls are logged as events, and scripts set the state of the machine.
 
-/// Every box is answered with OK at once.
+/// Logs message boxes, which are confirmed with OK at once.
 class LoggedMessageBox final : public MessageBox {
 public:
     explicit LoggedMessageBox(EventLog& log) : log_(log) {}
     void show(const std::string& text, const std::string& title, int style) override;
 
-    /// Runs `act` while the next box is open. Several queue up.
+    /// Runs `act` while the next box is open. Several acts queue up.
     void during(std::function<void()> act) { during_.push_back(std::move(act)); }
 
 private:
@@ -36,8 +36,7 @@ private:
     std::string text_;
 };
 
-/// Two printers, "Office Laser" (the current one at first) and "Lab Plotter". A job that held a form is an event when
-/// it ends.
+/// Two printers, "Office Laser" (initially current) and "Lab Plotter". The end of a job that contains a form is logged.
 class SimulatedPrinters final : public Printers {
 public:
     explicit SimulatedPrinters(EventLog& log) : log_(log) {}
@@ -69,7 +68,7 @@ private:
     bool hasJob_ = false;
 };
 
-/// A screen of 1280 by 1024 pixels of 15 twips.
+/// A screen of 1280 by 1024 pixels, 15 twips per pixel.
 class SimulatedScreen final : public Screen {
 public:
     Point cursorPosition() override { return cursor; }
@@ -84,7 +83,7 @@ public:
     Rectangle area{0, 0, 1280, 1024};
 };
 
-/// A clock that stands still once it has been set.
+/// A clock that returns `time` if set, and the machine's time otherwise.
 class StandingClock final : public Clock {
 public:
     DateTime now() override;
@@ -122,7 +121,7 @@ private:
     EventLog& log_;
 };
 
-/// A site that offers what it was given.
+/// A site with the services that are set.
 class PartialSite final : public ClientSite {
 public:
     std::shared_ptr<StatusSite> queryStatusSite() override { return status; }

@@ -153,7 +153,7 @@ void document(Scenario& scenario, const Arguments&)
     scenario.makeDocument();
 }
 
-/// The block runs inside the next such call, or while the next message box is open.
+/// Runs the block inside the next call of the operation, or while the next message box is open.
 void during(Scenario& scenario, const Arguments& words)
 {
     const bool isMessage = words.count() == 1 && words.text(0) == "message";

@@ -7,10 +7,11 @@
 
 namespace ko {
 
-/// The settings that are not those of English (United States), in the words of a scenario ("decimalSeparator=,").
+/// Returns the settings that differ from English (United States), as the command `locale` takes them
+/// ("decimalSeparator=,").
 std::vector<std::string> localeWords(const Locale& locale);
 
-/// Puts such a setting into `locale`; false when it is none.
+/// Applies such a setting to `locale`; returns false if `word` is not one.
 bool takeLocaleWord(Locale& locale, const std::string& word);
 
 } // namespace ko

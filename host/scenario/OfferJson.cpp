@@ -24,7 +24,7 @@ Json rangeJson(Range range)
     return {range.minimum, range.maximum};
 }
 
-/// The shared values by their number and ends, or the shared range; null for neither.
+/// Returns the number and ends of the shared values, or the shared range; null for neither.
 Json sharedJson(const OfferAccount& account)
 {
     if (account.common > 0)

@@ -6,7 +6,8 @@
 
 namespace ko {
 
-/// What each driver offers, what that does to what all share, and what it made of the last value written.
+/// Returns for each driver what it offers, how that restricts what all drivers share, and what it kept of the last
+/// value written.
 Json offersJson(const OfferAccount& account, const SimulatedDrivers& drivers);
 
 } // namespace ko

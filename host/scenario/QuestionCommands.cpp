@@ -12,7 +12,7 @@ namespace ko {
 
 namespace {
 
-/// The properties of the form or of one of its controls.
+/// Returns the properties of the form or of one of its controls.
 Json stateOf(const Scenario& scenario, const std::string& name)
 {
     const Form& form = scenario.form();
@@ -76,7 +76,7 @@ void offers(Scenario& scenario, const Arguments& words)
     scenario.refuse("\"" + words.text(0) + "\" is none of samplePeriod, blockSize and scanPeriod");
 }
 
-/// The place of a row or column by its header, or by `#INDEX`.
+/// Finds a row or column by its header or by `#INDEX`.
 std::size_t placeOf(const Scenario& scenario, const std::vector<std::string>& headers, const std::string& word)
 {
     const auto index = word.starts_with('#') ? integerIn(std::string_view(word).substr(1)) : std::nullopt;

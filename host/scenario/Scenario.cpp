@@ -104,7 +104,7 @@ void Scenario::setLocale(const Locale& locale)
 
 void Scenario::terminate()
 {
-    static_cast<void>(document()); // a fault where there is none
+    static_cast<void>(document()); // a fault if there is none
     document_.reset();
 }
 
@@ -130,7 +130,7 @@ Control& Scenario::control(const std::string& name) const
 
 void Scenario::rebuild(const std::function<void()>& call)
 {
-    // The few calls that a hidden page makes say nothing of a driver.
+    // A hidden page makes too few calls to show that a driver works again.
     if (document().page().isShown)
         watch.health().rebuild(call);
     else
@@ -166,7 +166,7 @@ void Scenario::execute(const ScriptLine& line)
     } catch (const InputError& error) {
         throw ScriptFault(line.number, error.what());
     } catch (const Failure& failure) {
-        // A handler of the page that leaves its failures to its caller.
+        // Some handlers of the page pass their failures to the caller.
         LoggedErrors(log).ReportError(failure.number(), "korvell-host", failure.what(), 0, "", true);
     } catch (const std::exception& error) {
         LoggedErrors(log).ReportError(failure::unspecified, "korvell-host", error.what(), 0, "", true);
@@ -220,7 +220,7 @@ bool Scenario::playLine(const ScriptLine& line)
         execute(line);
         return !faultInBlock_;
     } catch (const ScriptFault& fault) {
-        // The handler that shows the form would report the fault as a failure of its own.
+        // Thrown from here, the handler that shows the form would catch the fault and report it as its own failure.
         faultInBlock_ = fault;
         log.mute();
         return false;

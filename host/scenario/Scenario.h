@@ -14,19 +14,21 @@ namespace ko {
 
 struct Command;
 
-/// A run of a script: the component with a machine and a host around it that exist only as events, and the state that
-/// commands work on. Everything the page does on the way is written to the log.
+/// Runs a script: owns the component, a simulated machine and host that log events, and the state that commands change.
+/// Everything that the page does is written to the log.
 class Scenario {
 public:
-    /// `output` outlives the scenario. A language that cannot be understood fails (an exception).
+    /// `output` outlives the scenario. Throws if the content of the language file is invalid.
     Scenario(const ScenarioOptions& options, std::ostream& output);
     ~Scenario();
 
-    /// Runs the script to its end, or to where its output cannot be written; false when an expectation failed. A line
-    /// that cannot be understood ends the run with a `ScriptFault`.
+    /// Runs the script to its end, or until its output cannot be written. Returns false if an expectation failed.
+    /// Throws a `ScriptFault` at the first invalid line.
     bool run(std::istream& script);
 
-    // What commands use from here on. A fault of the line being run:
+    // The members below are for commands.
+
+    /// Throws a `ScriptFault` with the line that is being run.
     [[noreturn]] void refuse(const std::string& what) const;
 
     EventLog log;
@@ -38,48 +40,48 @@ public:
     StandingClock clock;
     DriverWatch watch{[this] { return clock.now(); }};
 
-    /// Writes are logged unless the script wants quiet; reads only where it asks for them.
+    /// Writes to drivers are logged unless `quiet` is set; reads only if `showReads` is.
     bool quiet = false;
     bool showReads = false;
     bool expectationFailed = false;
 
-    /// Runs a host's call that may rebuild the page; see `DriverHealth::rebuild`.
+    /// Runs a call of the host that may rebuild the page; see `DriverHealth::rebuild`.
     void rebuild(const std::function<void()>& call);
 
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
     [[nodiscard]] DriverList driverList(std::size_t count) const;
-    /// The driver of this index or name; a fault when there is none.
+    /// Returns the driver with this index or name; a fault if there is none.
     [[nodiscard]] SimulatedDriver& driver(const std::string& word) const;
     [[nodiscard]] const std::string& title() const { return title_; }
-    /// Takes another set-up file's instruments, title and clock.
+    /// Loads the instruments, title and clock of another set-up file.
     void loadSetup(const std::string& file);
 
-    /// A text of the component in its language.
+    /// Returns a text of the component in its language.
     [[nodiscard]] std::string text(int number) const { return component_->text(number); }
 
-    /// The document; a fault when it has been terminated.
+    /// Returns the document; a fault after `terminate`.
     [[nodiscard]] Document& document() const;
     void makeDocument();
     void terminate();
-    /// Gives the machine other regional settings, and makes a document that follows them.
+    /// Changes the machine's regional settings and makes a new document with them.
     void setLocale(const Locale& locale);
 
-    /// The form that the user sees in front: the open dialog, else the page.
+    /// Returns the form in front of the user: the open dialog, or the page.
     [[nodiscard]] Form& form() const;
-    /// False when the page is hidden or the dialog closed: the user cannot reach its controls.
+    /// Returns false if the page is hidden or the dialog closed, so that the user cannot reach its controls.
     [[nodiscard]] bool isFormShown() const;
-    /// The control of that form; a fault when there is none.
+    /// Returns the control of `form()` with this name; a fault if there is none.
     [[nodiscard]] Control& control(const std::string& name) const;
 
-    /// Where a command is given.
+    /// Where a command appears.
     enum class Place {
-        Script, ///< on its own
-        Dialog, ///< by the user of an open dialog
-        During  ///< by the host inside a call that the page makes
+        Script, ///< outside of blocks
+        Dialog, ///< in the block of a dialog
+        During  ///< in a block that runs inside a call of the page
     };
-    /// The lines up to `end`, each checked as far as it can be before it is run.
+    /// Reads the lines up to `end` and checks each as far as possible before it is run.
     std::vector<ScriptLine> readBlock(Place place);
-    /// Runs such a block inside a call; it does not throw.
+    /// Runs such a block inside a call. Does not throw.
     void playDuring(const std::vector<ScriptLine>& block);
 
 private:
@@ -100,7 +102,7 @@ private:
     std::unique_ptr<Component> component_;
     std::unique_ptr<Document> document_;
     ScriptReader* reader_ = nullptr;
-    bool isDuring_ = false; ///< a block inside a call is played
+    bool isDuring_ = false; ///< a block is running inside a call
     std::optional<ScriptFault> faultInBlock_;
 };
 

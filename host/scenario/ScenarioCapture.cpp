@@ -20,7 +20,7 @@ std::string clockText(DateTime time)
     return text;
 }
 
-/// `file` as a scenario names it that stands in the folder of `scenario`.
+/// Returns `file` relative to the folder of `scenario`.
 std::string seenFrom(const std::string& scenario, const std::string& file)
 {
     namespace fs = std::filesystem;
@@ -84,7 +84,7 @@ void ScenarioCapture::dialogClosed()
     writer_.dialogClosed();
 }
 
-/// What does not come from the form in front is the toolkit's doing while a dialog opens or closes.
+/// Input to a form that is not in front comes from the toolkit, while a dialog opens or closes, not from the user.
 void ScenarioCapture::acts(const Form& form, const ScenarioWriter::Words& words)
 {
     const std::string front = writer_.dialog();

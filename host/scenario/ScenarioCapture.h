@@ -11,50 +11,51 @@
 
 namespace ko {
 
-/// What a capture listens to. Everything outlives it.
+/// What a capture observes. Everything referred to outlives the capture.
 struct Captured {
     Form& page;
     std::vector<Form*> dialogs;
-    /// The present time, at which the page's clock stands until it is asked for again: a replay has one time an input.
+    /// Returns the present time and fixes the page's clock at it until the next call, because a replay has one time for
+    /// each input.
     std::function<DateTime()> tick;
     const Locale& locale;
 };
 
-/// Writes what the user does in the forms, and what the host says it does, as a scenario. Each line is in the file
-/// before what it says takes effect, so that a program that dies leaves a scenario that leads there.
+/// Writes the user's input to the forms, and the host's actions passed to it, as a scenario. Each line is in the file
+/// before it takes effect, so that a program that crashes leaves a scenario that reproduces the crash.
 class ScenarioCapture {
 public:
-    /// The scenario begins with the machine's settings and a page without instruments. Fails with an `InputError` where
-    /// the file cannot be written; a file that was there is then as it was.
+    /// The scenario begins with the machine's settings and a page without instruments. Fails with an `InputError` if
+    /// the file cannot be written; an existing file is then unchanged.
     ScenarioCapture(const std::string& file, const Captured& captured);
     ~ScenarioCapture();
     ScenarioCapture(const ScenarioCapture&) = delete;
     ScenarioCapture& operator=(const ScenarioCapture&) = delete;
 
-    /// What the host is about to do, in the words of a scenario.
+    /// Writes what the host is about to do, as a scenario command.
     void host(const ScenarioWriter::Words& words);
-    /// The host is about to take the page off the screen, to hand over a set-up's instruments and to show them. `file`
-    /// is empty for the instruments that the replay has already: at first those that it starts with.
+    /// Writes that the host is about to hide the page, to hand over a set-up's instruments and to show the page. Empty
+    /// `file`: the instruments that the replay has loaded last, initially those of the set-up it starts with.
     void setup(const std::string& file = {});
     void dialogOpened(const Form& form);
     void dialogClosed();
 
     [[nodiscard]] const std::string& file() const { return file_; }
-    /// A line could not be written: nothing is captured any more. The capture must outlive this.
+    /// Called after a line could not be written; capturing has ended then. Must not destroy the capture.
     std::function<void()> failed;
 
 private:
     void acts(const Form& form, const ScenarioWriter::Words& words);
     void begin();
     void line(const ScenarioWriter::Words& words);
-    /// Writes, unless that has failed before.
+    /// Calls `write` unless an earlier write has failed.
     void attempt(const std::function<void()>& write);
 
     std::string file_;
     Captured captured_;
     FileWriter output_;
     ScenarioWriter writer_{[this](const std::string& text, std::size_t at) { output_.write(text, at); }};
-    std::optional<DateTime> time_; ///< what the replay's clock shows
+    std::optional<DateTime> time_; ///< the time of the replay's clock
     bool hasFailed_ = false;
 };
 

@@ -7,10 +7,10 @@
 
 namespace ko {
 
-/// What a page without a window starts from.
+/// The start conditions of a page without a window.
 struct ScenarioOptions {
     Setup setup;
-    std::string folder;   ///< what a script's set-up files are relative to
+    std::string folder;   ///< base of a script's relative set-up paths
     Locale locale;        ///< English (United States) unless given
     std::string language; ///< content of a string file, or empty
 };

@@ -27,7 +27,7 @@ void ScenarioWriter::dialogOpened(const std::string& form)
 
 void ScenarioWriter::dialogClosed()
 {
-    // One that was open when the writing began has no block.
+    // A dialog that was open before the first line has no block.
     if (!open_.empty())
         open_.pop_back();
 }
@@ -37,7 +37,7 @@ std::string ScenarioWriter::dialog() const
     return open_.empty() ? std::string() : blocks_[open_.back()].form;
 }
 
-/// What was written last cannot open a dialog any more.
+/// Dialogs opened from now on belong to this text, so everything before it is final.
 void ScenarioWriter::append(const std::string& text)
 {
     start_ = end_;

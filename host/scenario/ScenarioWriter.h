@@ -6,26 +6,26 @@
 
 namespace ko {
 
-/// Writes a scenario line by line. What it has written can be played at any time, whatever becomes of the writer: the
-/// block of a dialog is ended at once, before the command that opened the dialog, and grows where it stands.
+/// Writes a scenario line by line. The output is a complete scenario at any time: the block of a dialog is written with
+/// its `end` as soon as the dialog opens, before the command that opened it, and is rewritten as it grows.
 class ScenarioWriter {
 public:
     using Words = std::vector<std::string>;
 
-    /// Writes a text from a byte of the scenario on to its end, over what is there, which is never longer. Its failures
-    /// reach the caller of what has been written.
+    /// Writes `text` at byte offset `at` up to the end of the scenario, over what is there, which is never longer. Its
+    /// failures reach the caller of the writer's members.
     using Output = std::function<void(const std::string& text, std::size_t at)>;
 
     explicit ScenarioWriter(Output output) : output_(std::move(output)) {}
 
     void comment(const std::string& text);
-    /// Into the block of the dialog that is open, else to the end.
+    /// Appends to the block of the open dialog, or to the end.
     void line(const Words& words);
 
-    /// What the line written last has opened. Dialogs close in the reverse order.
+    /// The command written last has opened this dialog. Dialogs close in reverse order.
     void dialogOpened(const std::string& form);
     void dialogClosed();
-    /// The name of the dialog in front, empty when none is open.
+    /// Returns the name of the dialog in front; empty if none is open.
     [[nodiscard]] std::string dialog() const;
 
 private:
@@ -41,7 +41,7 @@ private:
     std::size_t start_ = 0; ///< where `blocks_` and `opener_` begin
     std::size_t end_ = 0;
     std::vector<Block> blocks_;     ///< of the dialogs that `opener_` has opened so far
-    std::vector<std::size_t> open_; ///< those that are still open
+    std::vector<std::size_t> open_; ///< indices of blocks whose dialogs are still open
     std::string opener_;
 };
 

@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view blanks = " \t\r";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// Cuts words off the front of a line.
+/// Takes words from the front of a line.
 class WordCutter {
 public:
     WordCutter(std::string_view line, int number) : rest_(line), number_(number) {}

@@ -8,7 +8,7 @@
 
 namespace ko {
 
-/// A line of a script cannot be understood.
+/// A line of a script is invalid.
 class ScriptFault : public std::runtime_error {
 public:
     ScriptFault(int line, const std::string& what) : std::runtime_error(what), line_(line) {}
@@ -19,7 +19,7 @@ private:
     int line_;
 };
 
-/// A command: its first word names it.
+/// A command; the first word is its name.
 struct ScriptLine {
     int number = 0; ///< counts from 1
     std::vector<std::string> words;
@@ -27,24 +27,24 @@ struct ScriptLine {
     bool operator==(const ScriptLine&) const = default;
 };
 
-/// The words of a line: separated by blanks; in double quotes a word may hold blanks, \", \\ and \n. A quote that does
-/// not begin a word stands for itself. Fails with a `ScriptFault` of this line number.
+/// Splits a line at blanks. A word in double quotes may contain blanks, \", \\ and \n; a quote inside a word is an
+/// ordinary character. Throws a `ScriptFault` with this line number.
 std::vector<std::string> splitWords(const std::string& line, int number);
 
-/// The line that `splitWords` takes apart into these words.
+/// Returns a line that `splitWords` splits into these words.
 std::string joinWords(const std::vector<std::string>& words);
 
-/// Reads a script line by line, as far as it is run, so that a script may come through a pipe.
+/// Reads a script line by line, only as far as it is run, so that it can come from a pipe.
 class ScriptReader {
 public:
     /// `input` outlives the reader.
     explicit ScriptReader(std::istream& input) : input_(input) {}
 
-    /// The next command; blank lines and comments are skipped. None at the end.
+    /// Returns the next command, or none at the end. Skips blank lines and comments.
     std::optional<ScriptLine> next();
 
-    /// The commands up to `end`, which is the last of them. `opener` is the line that begins the block; a block that
-    /// does not end is its fault.
+    /// Returns the commands up to and including `end`. `opener` is the number of the line that begins the block, which
+    /// the `ScriptFault` for a missing `end` carries.
     std::vector<ScriptLine> block(int opener);
 
 private:

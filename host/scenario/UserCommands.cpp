@@ -17,19 +17,19 @@ namespace ko {
 
 namespace {
 
-void tellInert(Scenario& scenario, const Control* control)
+void logInert(Scenario& scenario, const Control* control)
 {
     scenario.log.event("inert", {{"control", control ? CallValue(control->name()) : CallValue()}});
 }
 
-/// Gives the user's input to a control, unless its form is out of the user's reach.
+/// Passes the user's input to a control unless its form is not shown.
 template <class Input> void give(Scenario& scenario, const Control& control, const Input& input)
 {
     if (!scenario.isFormShown() || input() == Outcome::Inert)
-        tellInert(scenario, &control);
+        logInert(scenario, &control);
 }
 
-/// The control as one of this type; a fault when it is another.
+/// Returns the control as this type; a fault if it is of another type.
 template <class T> T& controlAs(const Scenario& scenario, const std::string& name, const char* use)
 {
     auto* const control = dynamic_cast<T*>(&scenario.control(name));
@@ -57,14 +57,14 @@ void type(Scenario& scenario, const Arguments& words)
 {
     auto* const box = dynamic_cast<TextBox*>(scenario.form().activeControl());
     if (!box || !scenario.isFormShown())
-        return tellInert(scenario, scenario.form().activeControl());
+        return logInert(scenario, scenario.form().activeControl());
     const std::string_view text = firstLine(words.text(0));
     for (std::size_t at = 0, length = utf8Length(text); at < length; ++at)
         if (box->userTyped(std::string(utf8Part(text, at, 1))) == Outcome::Inert)
-            return tellInert(scenario, box);
+            return logInert(scenario, box);
 }
 
-/// The three numbers of a date such as 2026-11-24 or a time such as 15:04:05.
+/// Parses the three numbers of a date such as 2026-11-24 or a time such as 15:04:05.
 std::array<std::int32_t, 3> partsOf(const Scenario& scenario, const std::string& word, char separator)
 {
     std::array<std::int32_t, 3> parts{};
@@ -93,7 +93,7 @@ Selected selectedAt(const Scenario& scenario, const Arguments& words, std::size_
     return {static_cast<std::size_t>(start), static_cast<std::size_t>(length)};
 }
 
-/// What a new text leaves selected: what stands behind it, else nothing, the cursor at its end.
+/// Returns the selection after a new text: the optional arguments, or an empty selection at its end.
 Selected selectedAfter(const Scenario& scenario, const Arguments& words)
 {
     if (words.count() == 3)
@@ -135,7 +135,7 @@ void undo(Scenario& scenario, const Arguments& words)
     give(scenario, box, [&] { return box.userUndid(); });
 }
 
-/// The place of what has this name or, for `#3`, that place; -1 when there is none.
+/// Returns the index of the element with this name, or 3 for `#3`; -1 if there is none.
 template <class T> std::int32_t placeOf(const std::vector<T>& all, std::string T::*name, const std::string& word)
 {
     const auto found = std::find_if(all.begin(), all.end(), [&](const T& one) { return one.*name == word; });
@@ -197,7 +197,7 @@ void dropCell(Scenario& scenario, const Arguments&)
     give(scenario, grid, [&] { return grid.userDroppedEdit(); });
 }
 
-/// The line of the selector that two words name; beyond the last line when there is none.
+/// Returns the selector's line for the two arguments at `at`; beyond the last line if there is none.
 std::size_t lineOf(const ChannelSelector& selector, const Arguments& words, std::size_t at)
 {
     return selector.lineOf(nullptr, words.integer(at), words.integer(at + 1)).value_or(selector.entries().size());
@@ -255,7 +255,7 @@ void keyCommand(Scenario& scenario, const Arguments& words)
     if (scenario.isFormShown())
         scenario.form().userPressedKey(press);
     else
-        tellInert(scenario, nullptr);
+        logInert(scenario, nullptr);
 }
 
 void dialog(Scenario& scenario, const Arguments& words)

@@ -10,8 +10,8 @@
 
 namespace ko {
 
-/// What the component asks of the machine: messages and reports are collected, dialogs answered as the page's user
-/// wants them answered, everything else is silent.
+/// The component's platform: collects messages and error reports, answers dialogs with `answer_`, and ignores
+/// everything else.
 class HeadlessPage::Machine final : public MessageBox, public ModalForms, public PropertyNotifySink {
 public:
     Machine(HeadlessPage& page, const Locale& locale)

@@ -9,45 +9,46 @@
 
 namespace ko {
 
-/// The page, shown on the instruments of a set-up without a window, and used as its user does: every input goes to the
-/// `user...` members of its controls.
+/// The page of a set-up without a window. All input goes through the `user...` members of its controls, as a user's
+/// does.
 class HeadlessPage {
 public:
-    /// What came of the user's inputs.
+    /// The result of the user's inputs.
     struct Reaction {
-        std::vector<std::string> messages; ///< what the page or an instrument reported, in order
-        bool inert = false;                ///< a control could not be used
+        std::vector<std::string> messages; ///< messages and error reports of the page, in order
+        bool inert = false;                ///< a control was disabled, hidden or locked
     };
     using Answer = std::function<void(const DialogForms&)>;
 
-    /// A language that cannot be understood fails (an exception).
+    /// Throws if the content of the language file is invalid.
     explicit HeadlessPage(const ScenarioOptions& options);
     ~HeadlessPage();
     HeadlessPage(const HeadlessPage&) = delete;
     HeadlessPage& operator=(const HeadlessPage&) = delete;
 
-    /// What was reported while the page was built.
+    /// Returns what was reported while the page was built.
     [[nodiscard]] const std::vector<std::string>& messagesAtStart() const { return atStart_; }
 
-    /// Runs `act`, which gives the user's inputs by the members below.
+    /// Runs `act`, which enters the user's inputs by the members below, and returns the result of all of them.
     Reaction use(const std::function<void(HeadlessPage&)>& act);
-    /// Notes what became of an input.
+    /// Records the outcome of an input.
     void give(Outcome outcome) { reaction_.inert = reaction_.inert || outcome == Outcome::Inert; }
-    /// Moves the focus to the box, replaces its text and leaves it.
+    /// Moves the focus to the box, replaces its text and leaves the box.
     void enter(TextBox& box, const std::string& text);
-    /// Presses `opener` and answers the dialog that it opens. A dialog that is then still open is cancelled.
+    /// Presses `opener` and calls `answer` in the dialog that it opens. Cancels the dialog if it is still open
+    /// afterwards.
     void answer(PressControl& opener, Answer answer);
 
     [[nodiscard]] Page& page() const { return document_->page(); }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
 
-    /// A text of the component in its language.
+    /// Returns a text of the component in its language.
     [[nodiscard]] std::string text(int number) const { return component_->text(number); }
 
-    /// The time of the set-up's clock.
+    /// Returns the time of the set-up's clock.
     [[nodiscard]] DateTime now() { return clock_.now(); }
 
-    /// The driver whose sampling the page edits, whose scanning it edits; null where there is none.
+    /// The drivers whose sampling and whose scanning the page edits; null if there is none.
     [[nodiscard]] Driver* dynamicDriver() const { return driverAt(page().dynamicDriverIndex); }
     [[nodiscard]] Driver* staticDriver() const { return driverAt(page().staticDriverIndex); }
 

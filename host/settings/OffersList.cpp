@@ -17,8 +17,8 @@ std::string offersText(const HeadlessPage& played, const Quantity& quantity, con
     std::string text = "\n" + std::string(quantity.name) + ": " + texts.common(account) + "\n";
     for (std::size_t i = 0; i < account.drivers.size(); ++i) {
         text += "  " + oneLine(played.drivers().at(i)->name());
-        for (const std::string& told : texts.row(account, i))
-            text += " | " + oneLine(told);
+        for (const std::string& cell : texts.row(account, i))
+            text += " | " + oneLine(cell);
         text += "\n";
     }
     return text;

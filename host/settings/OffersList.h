@@ -6,11 +6,11 @@
 
 namespace ko {
 
-/// For each quantity that the page shows: what all instruments share, and, a line each, what every instrument offers
-/// and what that does to what all share.
+/// Returns for each quantity that the page shows what all instruments share, followed by one line per instrument: what
+/// it offers and how that restricts what all share.
 std::string offersText(const HeadlessPage& played);
 
-/// The same of the quantity that a setting stands for; null for a setting that stands for none.
+/// Returns the same as JSON for the quantity of a setting; null for a setting without a quantity.
 nlohmann::ordered_json offersOf(const HeadlessPage& played, const std::string& setting);
 
 } // namespace ko

@@ -7,7 +7,7 @@ namespace ko {
 
 namespace {
 
-/// A figure that the page works out.
+/// A figure that the page computes.
 struct Readout {
     const char* name;
     Label Page::*label;
@@ -16,14 +16,14 @@ struct Readout {
     const char* unit = "";
 };
 
-/// None for what is not known or endless.
+/// Returns none if the figure is unknown or infinite.
 template <auto figure> Value number(const Page& page, const std::string& /*caption*/)
 {
     const auto& known = page.figures.*figure;
     return known && std::isfinite(*known) ? Value(*known) : Value();
 }
 
-/// With its unit, as the page shows it.
+/// Returns the figure with its unit, as the page shows it.
 template <auto figure> Value text(const Page& page, const std::string& caption)
 {
     return page.figures.*figure ? Value(caption) : Value();

@@ -16,7 +16,7 @@ Control& shown(Page& page, const Quantity& quantity)
     return list.visible() ? static_cast<Control&>(list) : page.*quantity.box;
 }
 
-/// The rate of a period, in as few digits as bring back that period.
+/// Returns the rate of a period, rounded as the page shows it if that converts back to the same period.
 double rateOf(double period)
 {
     const double rate = 1.0 / period;
@@ -63,7 +63,7 @@ std::int32_t entryOf(const ComboBox& list, const std::string& text)
     return static_cast<std::int32_t>(found - list.items().begin());
 }
 
-/// The page says itself what is wrong with a number typed into a box.
+/// Numbers typed into a box are not checked here, because the page reports what is wrong with them.
 Request requestOf(const HeadlessPage& played, const Quantity& quantity, const std::string& value)
 {
     const auto number = numberIn(value);

@@ -13,7 +13,7 @@ namespace ko {
 
 namespace {
 
-// Start and stop: a choice of options
+// Start and stop: option buttons
 
 constexpr std::array stopTimeNeeds{Need{"start=time", &Page::optStartTime}, Need{"stop=time", &Page::optStopTime}};
 constexpr Needs startAtTime(stopTimeNeeds.data(), 1);
@@ -70,7 +70,7 @@ Setting optionSetting(const char* name, Options options, Frame Page::*frame, con
     return setting;
 }
 
-// Times: picked in the dialog behind the box
+// Times: chosen in the dialog that the box's button opens
 
 struct TimeBox {
     const char* name;
@@ -136,7 +136,7 @@ Setting timeSetting(const TimeBox& times, const Page& page)
     return setting;
 }
 
-// The duration, in a unit of the page's list
+// Duration: a number, and a unit of the page's list
 
 struct Unit {
     const char* word;
@@ -170,8 +170,8 @@ std::int32_t entryOf(const ComboBox& list, std::int32_t seconds)
     return static_cast<std::int32_t>(found - list.items().begin());
 }
 
-/// Number and unit in the order in which the duration between them is not longer than both: the page refuses what
-/// becomes too large at once.
+/// Enters number and unit in the order in which the intermediate duration is no longer than the old and the new one, as
+/// the page would refuse one beyond the limit.
 Request enterDuration(const Page& page, const std::string& value)
 {
     const Amount amount = amountIn(value);

@@ -9,24 +9,23 @@
 
 namespace ko {
 
-/// Settings as text on the command line: numbers with a point and as many digits as bring back the same double, dates
-/// in the ISO form, whatever the regional settings are.
-
-/// As the page shows it where that is exact.
+// Settings as text on the command line, independent of regional settings: numbers with a decimal point and enough
+// digits to convert back to the same double, dates in ISO form.
+/// Returns the number as the page shows it if that is exact, else with all its digits.
 std::string exactText(double number);
-/// A number and nothing else; none otherwise.
+/// Parses a number; returns none if the text is anything else.
 std::optional<double> numberIn(std::string_view text);
 
-/// "2026-11-21T09:30:00"; a time of day on any date is "09:30:00". Failure 5 for what is no time.
+/// Returns "2026-11-21T09:30:00", or "09:30:00" for a time of day without a date. Fails with 5 for an invalid time.
 std::string isoText(DateTime time);
-/// The same forms, with a blank in place of the T, too.
+/// Parses the forms of `isoText`, also with a blank instead of the T.
 std::optional<DateTime> timeIn(std::string text);
-/// Whether such a text names no date.
+/// Returns whether such a text has no date.
 bool isTimeOfDay(const std::string& text);
 
-/// A value read: a number or a text as it is, none as the empty text.
+/// Returns a number by `exactText`, a text unchanged, and the empty string for none.
 std::string settingText(const Value& value);
-/// Whether both read the same on the page, which shows 15 digits of a number.
+/// Returns whether the page shows both values alike; it shows 15 digits of a number.
 bool readsSame(const Value& one, const Value& other);
 [[nodiscard]] inline bool isEmpty(const Value& value)
 {

@@ -10,7 +10,7 @@ namespace ko {
 
 namespace {
 
-/// How many characters lie between two names (Levenshtein).
+/// Levenshtein distance.
 std::size_t distance(const std::string& one, const std::string& other)
 {
     std::vector<std::size_t> row(other.size() + 1);
@@ -26,7 +26,7 @@ std::size_t distance(const std::string& one, const std::string& other)
     return row.back();
 }
 
-/// The names like this one; all of them where there is none.
+/// Suggests the names similar to this one, or all names if none is.
 std::string suggestion(const Settings& settings, const std::string& name)
 {
     const std::size_t alike = std::min<std::size_t>(3, name.size() / 2);
@@ -54,8 +54,8 @@ Request requestOf(const Setting& setting, const HeadlessPage& played, const std:
     }
 }
 
-/// Names that read alike, such as those of parameters that differ in a line break, get a number each: none of them can
-/// be meant by a name that several have.
+/// Appends a number to each of several equal names, such as those of parameters that differ only in a line break, so
+/// that every setting can be addressed.
 void numberAlike(Settings& settings)
 {
     std::map<std::string, int> uses;

@@ -7,98 +7,99 @@
 
 namespace ko {
 
-/// The user asked for what the page does not take. The message says why.
+/// The page does not accept the user's request. The message contains the reason.
 class Refusal : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// What a setting can be set to: one of the choices, or a number of the range; neither: what the page takes.
+/// The values of a setting: the choices, or the numbers in the range; with neither, whatever the page accepts.
 struct Offer {
     std::vector<std::string> choices;
     std::optional<Range> range;
-    std::string form; ///< how to write what the page takes, where that is not plain
+    std::string form; ///< how to write a value, if that is not obvious
 };
 
-/// How the user sets a setting.
+/// The user's input that sets a setting.
 struct Request {
-    std::function<void(HeadlessPage&)> act; ///< gives the user's inputs
-    Value value;                            ///< what the setting then reads
+    std::function<void(HeadlessPage&)> act; ///< enters the input
+    Value value;                            ///< the value that the setting is to have afterwards
 };
 
-/// An option of the page that has to be selected before a setting can be set.
+/// An option of the page that must be selected before a setting can be set.
 struct Need {
-    const char* assignment; ///< that selects it
+    const char* assignment; ///< "NAME=VALUE" that selects it
     OptionButton Page::*option;
 };
 using Needs = std::span<const Need>;
 
-/// The assignments that are missing; none where the page does not let the first one be made.
+/// Returns the assignments still to be made; empty if the page does not allow the first of them.
 std::vector<std::string> missing(Needs needs, const Page& page);
 
-/// A setting of the page under a name that the command line knows.
+/// A setting of the page with its name on the command line.
 struct Setting {
     std::string name;  ///< one line
     std::string label; ///< as on the page
-    std::string unit;  ///< of numbers; empty: none
-    /// The control that shows it now.
+    std::string unit;  ///< of a number; empty: none
+    /// Returns the control that shows it at present.
     std::function<Control&(Page&)> control;
-    /// None where there is nothing to read. Failures reach the caller.
+    /// Returns the present value, or none. Failures reach the caller.
     std::function<Value(const HeadlessPage&)> read;
-    /// Empty where everything goes.
+    /// Empty if the setting accepts any value.
     std::function<Offer(const HeadlessPage&)> offer;
-    /// Empty for a setting that can only be read. Fails with a `Refusal`.
+    /// Empty for a read-only setting. Fails with a `Refusal`.
     std::function<Request(const HeadlessPage&, const std::string&)> write;
-    /// What has to be set first, in this order.
+    /// What must be set before, in this order.
     Needs needs;
-    /// The page's own names for it.
+    /// Names of the page's controls that show it.
     std::vector<std::string> controls;
 
     [[nodiscard]] Offer offered(const HeadlessPage& played) const { return offer ? offer(played) : Offer{}; }
 };
 
-/// What the names of trigger parameters begin with.
+/// Prefix of the names of trigger parameters.
 inline constexpr const char* parameterPrefix = "trigger.";
 
 using Settings = std::vector<Setting>;
 
-// The table, section by section. What it holds may change with every setting that is set.
+// The list of settings, by section of the page. It may change whenever a setting is set.
 void addSamplingSettings(Settings& settings, const HeadlessPage& played);
 void addScheduleSettings(Settings& settings, const HeadlessPage& played);
 void addTriggerSettings(Settings& settings, const HeadlessPage& played);
 void addReadouts(Settings& settings, const HeadlessPage& played);
 Settings settingsOf(const HeadlessPage& played);
 
-/// The setting of this name, or of this control's name. Fails with an `InputError` that suggests other names, and with
-/// a `Refusal` for a trigger parameter while none is shown.
+/// Finds a setting by its name or a control's name. Fails with an `InputError` that suggests similar names, and with a
+/// `Refusal` for a trigger parameter while the page shows none.
 Setting settingNamed(const HeadlessPage& played, const std::string& name);
 
-/// A setting and what the user wants it to be.
+/// A setting and the text that the user sets it to.
 struct Assignment {
     Setting setting;
     std::string value;
 };
 
-/// Takes "NAME=VALUE" apart. Of several names that fit, one of which holds an equals sign, the longest counts. Fails
-/// as `settingNamed` does.
+/// Parses "NAME=VALUE". A name may contain an equals sign; the longest name that exists is taken. Fails as
+/// `settingNamed` does.
 Assignment assignmentIn(const HeadlessPage& played, const std::string& text);
 
-/// The present value. Fails with a `Refusal` where the page does not show one.
+/// Returns the present value. Fails with a `Refusal` if the page does not show one.
 Value valueOf(const Setting& setting, const HeadlessPage& played);
 
-/// Sets a setting as the user does. Answers what there is to tell of it: that another value than the one asked for was
-/// kept, say. Fails with a `Refusal`.
+/// Sets a setting as a user does. Returns the messages to print, for example that the instruments kept another value.
+/// Fails with a `Refusal`.
 std::vector<std::string> set(const Setting& setting, HeadlessPage& played, const std::string& value);
 
-/// "needs start=time".
+/// Returns "needs start=time".
 std::string needsText(const std::vector<std::string>& assignments);
-/// The same with what to add to the command line.
+/// Returns the same with the options to add to the command line.
 std::string needsAdvice(const std::vector<std::string>& assignments);
 
-/// A caption without its mnemonic mark and colon.
+/// Returns a caption without `&` and a final colon.
 std::string labelText(const CaptionControl& control);
 
-/// The place of `value` among the choices, as they are or as they are listed. Fails with a `Refusal` that names them.
+/// Returns the index of `value` in the choices, compared as text, as `oneLine` or as a number. Fails with a `Refusal`
+/// that lists the choices.
 std::size_t choiceOf(const std::vector<std::string>& choices, const std::string& value);
 
 } // namespace ko

@@ -17,7 +17,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// None where the page does not show the setting, or nothing in it.
+/// Returns none if the page does not show the setting or its value.
 Value presentValue(const Setting& setting, const HeadlessPage& played)
 {
     try {
@@ -27,7 +27,7 @@ Value presentValue(const Setting& setting, const HeadlessPage& played)
     }
 }
 
-/// What an instrument cannot tell is not offered.
+/// Returns an empty offer if an instrument fails.
 Offer presentOffer(const Setting& setting, const HeadlessPage& played)
 {
     try {
@@ -42,7 +42,7 @@ bool canBeSet(const Setting& setting, const HeadlessPage& played)
     return setting.write && setting.control(played.page()).isUsable();
 }
 
-/// Types without bounds have bounds of this size.
+/// A missing bound is reported as the limit of its type.
 bool isBound(double value)
 {
     constexpr double endless = 1e30;
@@ -74,7 +74,7 @@ std::string choicesText(const std::vector<std::string>& choices, const std::stri
     return text;
 }
 
-/// How to write a value of what is no choice.
+/// Describes the values of a setting without choices.
 std::string formText(const Offer& offer)
 {
     return offer.range ? rangeText(*offer.range) : offer.form;

@@ -6,25 +6,25 @@
 
 namespace ko {
 
-/// The settings of the page that can be set now.
+/// Returns the settings of the page that can be set at present.
 Settings settableOnes(const HeadlessPage& played);
 
-/// Settings for people: a line each, with the present value, its unit, and what the setting can be set to.
+/// Returns the settings as a table for reading, one per line: present value, unit and possible values.
 std::string settingsTable(const Settings& settings, const HeadlessPage& played);
 
-/// The same as a JSON array of objects.
+/// Returns the same as a JSON array of objects.
 nlohmann::ordered_json settingsJson(const Settings& settings, const HeadlessPage& played);
 
-/// The names alone, a line each.
+/// Returns the names, one per line.
 std::string settingNames(const Settings& settings);
 
-/// What a setting can be set to.
+/// The possible values of a setting.
 struct Choices {
-    std::string lines; ///< the choices, a line each
-    std::string note;  ///< of a setting without any: how to write its values; empty where there is no more to say
+    std::string lines; ///< the choices, one per line
+    std::string note;  ///< without choices: how to write a value; may be empty
 };
 
-/// Fails as `settingNamed` does, and with a `Refusal` for a setting that can only be read.
+/// Fails as `settingNamed` does, and with a `Refusal` for a read-only setting.
 Choices settingChoices(const HeadlessPage& played, const std::string& name);
 
 } // namespace ko

@@ -13,7 +13,7 @@ namespace ko {
 
 namespace {
 
-// The channel: picked in the dialog behind the box, by its name, its address, or slot:channel
+// The channel: chosen in the dialog that the button opens, by its name, its address, or slot:channel
 
 struct Channel {
     std::int32_t slot = -1, channel = -1;
@@ -31,7 +31,7 @@ std::string attributeText(Driver& driver, std::int32_t slot, std::int32_t channe
     return text ? *text : std::string();
 }
 
-/// The channels that the dialog offers.
+/// Returns the channels that the dialog offers.
 std::vector<Channel> channelsOf(const HeadlessPage& played)
 {
     std::vector<Channel> channels;
@@ -62,7 +62,7 @@ Offer offeredChannels(const HeadlessPage& played)
     return offer;
 }
 
-/// A name that is another channel's address is a name.
+/// A name takes precedence over an equal address of another channel.
 Channel channelNamed(const HeadlessPage& played, const std::string& value)
 {
     const std::vector<Channel> channels = channelsOf(played);
@@ -104,7 +104,7 @@ Setting channelSetting(const Page& page)
     return setting;
 }
 
-// A parameter: a row of the grid
+// Trigger parameters: rows of the grid
 
 TriggerParameters& parametersOf(const HeadlessPage& played)
 {
@@ -173,7 +173,7 @@ Setting parameterSetting(const Grid& grid, std::int32_t row)
     return setting;
 }
 
-// The lines: chosen in the dialog behind the menu
+// Trigger lines: chosen in the dialog that the menu opens
 
 struct Line {
     const char* name;

@@ -9,8 +9,8 @@
 
 namespace ko {
 
-/// A row of the instruments' tree. Rows below it are made when they are first asked for, and stay: what an instrument
-/// consists of never changes, only its values do.
+/// A row of the instruments' tree. Child rows are created on first access and kept, because the structure of an
+/// instrument never changes, only its values.
 class InstrumentRow {
 public:
     enum class Kind { Root, Instrument, Timebase, Quantity, Group, Channel, Parameter, Lines, Line };
@@ -21,18 +21,18 @@ public:
 
     [[nodiscard]] Kind kind() const { return kind_; }
     [[nodiscard]] InstrumentRow* parent() const { return parent_; }
-    /// Its place among its parent's rows.
+    /// Index among the parent's rows.
     [[nodiscard]] int number() const { return number_; }
     [[nodiscard]] bool hasRows() const;
     [[nodiscard]] const std::vector<std::unique_ptr<InstrumentRow>>& rows();
 
-    /// Every row but the root has one.
+    /// Not for the root.
     [[nodiscard]] SimulatedDriver& driver() const { return *driver_; }
     [[nodiscard]] int group() const { return group_; }
     [[nodiscard]] int channel() const { return channel_; }
     [[nodiscard]] const GroupSettings& groupSettings() const;
     [[nodiscard]] const ChannelSettings& channelSettings() const;
-    /// Which quantity, parameter or line it is.
+    /// Index of the quantity, parameter or line.
     [[nodiscard]] std::size_t item() const { return item_; }
 
 private:
@@ -52,11 +52,11 @@ private:
     std::vector<std::unique_ptr<InstrumentRow>> rows_;
 };
 
-/// What a row says, in the program's language; the value is the one of this moment.
+/// Return a row's name and its present value, in the program's language.
 QString nameOf(const InstrumentRow& row, const Texts& texts);
 QString valueOf(const InstrumentRow& row, const Texts& texts, const Locale& locale);
 
-/// How many quantities a timebase shows, and how many values its trigger lines.
+/// Return the number of rows of a timebase and of trigger lines.
 std::size_t quantityCount();
 std::size_t lineCount();
 

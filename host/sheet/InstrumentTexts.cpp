@@ -26,7 +26,7 @@ struct Shown {
             return number(time.days);
         }
     }
-    /// A code that has no name stands for itself.
+    /// Returns the number itself for a code without a name.
     template <std::size_t n> [[nodiscard]] QString mode(std::int32_t code, const std::array<int, n>& names) const
     {
         const bool isKnown = code >= 0 && static_cast<std::size_t>(code) < n;
@@ -49,7 +49,7 @@ private:
 constexpr std::array startModes{hostText::startImmediately, hostText::startAtTime, hostText::startOnTrigger};
 constexpr std::array stopModes{hostText::stopAfterDuration, hostText::stopAtTime};
 
-/// A setting of the schedule that an instrument's timebase holds, and its text.
+/// A setting of the schedule in an instrument's timebase: its name in the string table and its value as text.
 struct ScheduleMember {
     int name;
     QString (*value)(const TimebaseSettings&, const Shown&);
@@ -66,7 +66,7 @@ constexpr std::array scheduleMembers{
                                           const Shown& as) { return as.seconds(static_cast<double>(t.duration)); }},
 };
 
-// The numbers of a timebase come first.
+// Items of a timebase: first `heldNumbers`, then `scheduleMembers`.
 
 QString timebaseName(std::size_t item, const Texts& texts)
 {
@@ -97,7 +97,7 @@ constexpr std::array lines{
     Line{hostText::syncInput, &TriggerLineSettings::scanTriggerInput},
 };
 
-/// What an instrument is told to fail at.
+/// Lists the operations that are set to fail.
 QString faultsOf(const InstrumentRow& row, const Texts& texts)
 {
     QStringList operations;

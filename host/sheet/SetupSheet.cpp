@@ -18,13 +18,11 @@ using Rows = QList<QStringList>;
 
 const QString nothing = QStringLiteral("\u2013");
 
-/// What is not known is marked as nothing.
 QString known(const QString& value)
 {
     return value.isEmpty() ? nothing : value;
 }
 
-/// Writes the sheet section by section.
 class Sheet {
 public:
     explicit Sheet(const SheetSource& source) : source_(source), page_(source.page), root_(source.drivers) {}
@@ -52,7 +50,7 @@ private:
     }
     [[nodiscard]] QString name() const { return toShown(source_.file.empty() ? source_.title : source_.file); }
 
-    /// A caption without mnemonic and colon.
+    /// Returns a caption without mnemonic and colon.
     static QString caption(const CaptionControl& control)
     {
         QString name = withoutMnemonic(toShown(control.caption())).trimmed();
@@ -95,7 +93,7 @@ void Sheet::head()
     html_.paragraph(QStringLiteral("plan"), toShown(page_.lblPlan.caption()));
 }
 
-/// A frame's quantities, then the figures that follow from them.
+/// Writes a frame's quantities, then the figures computed from them.
 void Sheet::measurements(const Frame& frame, const Rows& figures)
 {
     if (!frame.isShown())
@@ -160,7 +158,7 @@ Rows Sheet::trigger() const
     return rows;
 }
 
-/// What an instrument does not have is marked as nothing; so is a line that is none.
+/// Returns `nothing` for a value that the instrument lacks and for a negative line number, which means no line.
 QString Sheet::valueIn(const InstrumentRow& row) const
 {
     const QString value = valueOf(row, source_.texts, source_.locale);
@@ -168,7 +166,7 @@ QString Sheet::valueIn(const InstrumentRow& row) const
     return value.isEmpty() || isNoLine ? nothing : value;
 }
 
-/// A table with a row for each instrument and a column for each of its values of one kind.
+/// Writes a table with a row for each instrument and a column for each of its values of one kind.
 void Sheet::instruments(Kind kind, int heading, std::size_t columns)
 {
     Cells header{text(hostText::instrument)};

@@ -6,21 +6,21 @@
 
 namespace ko {
 
-/// What a set-up sheet is made from.
+/// The content of a set-up sheet.
 struct SheetSource {
     const Page& page;
     const SimulatedDrivers& drivers;
-    std::string title;      ///< the set-up's own
-    std::string file;       ///< the set-up's; empty: none yet
-    bool isChanged = false; ///< it holds changes that are not in the file
-    DateTime made;
+    std::string title;      ///< of the set-up
+    std::string file;       ///< of the set-up; empty: not saved yet
+    bool isChanged = false; ///< the set-up differs from its file
+    DateTime made;          ///< printed as the date of the sheet
     Texts texts;
     Locale locale;
 };
 
-/// Everything that is set, on paper: the plan, the page's values, the trigger, and of each instrument what it holds and
-/// its channels. An HTML document that browsers and the toolkit's documents show alike; whatever it quotes is escaped.
-/// No instrument is called.
+/// Returns all settings as an HTML document to print: the plan, the page's values, the trigger, and the values and
+/// channels of each instrument. Browsers and `QTextDocument` show it alike; all quoted text is escaped. Calls no
+/// instrument.
 QString setupSheet(const SheetSource& source);
 
 } // namespace ko

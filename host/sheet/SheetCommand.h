@@ -4,14 +4,14 @@
 
 namespace ko {
 
-/// The set-up sheet that the command line asks for.
+/// The command line's options for a set-up sheet.
 struct SheetCommand {
-    std::string file;  ///< to write; empty: none
-    std::string paper; ///< "A4", "Letter"; empty: that of the user's region
+    std::string file;  ///< file to write; empty: none
+    std::string paper; ///< "A4", "Letter"; empty: the paper of the user's region
 };
 
-/// Writes the sheet of a set-up as a page shows it that is opened on it with these options. `setupFile` is what the
-/// sheet names; `isChanged` says that it holds something else. Fails with an `InputError`.
+/// Opens a page with these options and writes its set-up sheet. The sheet names `setupFile`; `isChanged` marks the
+/// set-up as different from that file. Fails with an `InputError`.
 void writeSheet(const SheetCommand& command, const ScenarioOptions& options, const std::string& setupFile,
                 bool isChanged);
 

@@ -14,7 +14,7 @@ namespace ko {
 
 namespace {
 
-/// The file's ending in small letters.
+/// Returns the file's extension in lower case.
 std::string endingOf(const std::string& file)
 {
     std::string ending = std::filesystem::path(file).extension().string();
@@ -30,7 +30,7 @@ QPageSize::PageSizeId paperNamed(const std::string& name)
     return name == "Letter" ? QPageSize::Letter : QPageSize::A4;
 }
 
-/// Fonts need an application, which needs no display for them.
+/// Laying out text requires a QGuiApplication; this one needs no display.
 class Fonts {
 public:
     Fonts()

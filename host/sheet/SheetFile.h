@@ -6,11 +6,11 @@
 
 namespace ko {
 
-/// Fails with an `InputError` unless the name ends as that of a sheet's file does: .pdf or .html.
+/// Fails with an `InputError` unless the file's extension is .pdf or .html.
 void checkSheetFile(const std::string& file);
 
-/// Writes a sheet whole or not at all. `paper` is "A4", "Letter", or empty for that of the user's region. Fails with an
-/// `InputError` that names the file and the reason.
+/// Writes a sheet whole or not at all. `paper` is "A4", "Letter", or empty for the paper of the user's region. Fails
+/// with an `InputError` that names the file and the reason.
 void saveSheet(const std::string& file, const SheetSource& source, const std::string& paper);
 
 } // namespace ko

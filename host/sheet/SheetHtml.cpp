@@ -4,7 +4,7 @@ namespace ko {
 
 namespace {
 
-// The toolkit knows a part of all this, browsers the rest.
+// QTextDocument supports only a part of these properties; the others are for browsers.
 constexpr const char* sheetStyle = "body { font-family: sans-serif; font-size: 9pt; }\n"
                                    "h1 { font-size: 16pt; margin-bottom: 4px; }\n"
                                    "h2 { font-size: 12pt; margin-top: 14px; margin-bottom: 4px; }\n"
@@ -19,7 +19,7 @@ constexpr const char* sheetStyle = "body { font-family: sans-serif; font-size: 9
 const QString tableStart = QStringLiteral(
     "<table width=\"100%\" border=\"1\" cellspacing=\"0\" cellpadding=\"3\" style=\"border-collapse: collapse\">\n");
 
-/// The text in HTML; a word too long for a column may be broken.
+/// Escapes the text, with break opportunities in words that are too long for a column.
 QString cellText(const QString& text)
 {
     constexpr int longestWord = 24;

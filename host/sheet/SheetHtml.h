@@ -5,17 +5,17 @@
 
 namespace ko {
 
-/// The parts of a sheet in HTML. What is put in is plain text.
+/// Builds a sheet in HTML. All texts are plain and are escaped.
 class SheetHtml {
 public:
     void heading(int level, const QString& text);
     void paragraph(const QString& style, const QString& text);
-    /// Names at the left, values at the right; rows without a value are left out.
+    /// Adds a table of names and values. Rows without a value are omitted.
     void values(const QList<QStringList>& rows);
-    /// The columns' names stand on every page.
+    /// Adds a table whose header is repeated on every page.
     void table(const QStringList& columns, const QList<QStringList>& rows);
 
-    /// The whole document.
+    /// Returns the complete document.
     [[nodiscard]] QString document(const QString& language, const QString& title) const;
 
 private:

@@ -17,12 +17,12 @@ namespace ko {
 
 namespace {
 
-/// The left edge has room for holes.
+/// The left margin leaves room for punched holes.
 const QMarginsF margins(22.0, 15.0, 15.0, 12.0); // millimetres
 constexpr double fontSize = 9.0;
 constexpr double footerLines = 2.5;
 
-/// The page on which a block ends.
+/// Returns the page on which a block ends.
 int lastPageOf(const QTextDocument& document, const QTextBlock& block)
 {
     const QRectF bounds = document.documentLayout()->blockBoundingRect(block);
@@ -34,7 +34,7 @@ int firstPageOf(const QTextDocument& document, const QTextBlock& block)
     return static_cast<int>(document.documentLayout()->blockBoundingRect(block).top() / document.pageSize().height());
 }
 
-/// What has to stand on a heading's page: the paragraph below it, or a table's names with its first row.
+/// Returns the last block that must be on the heading's page: the paragraph below it, or the first row of a table.
 QTextBlock headedBy(const QTextBlock& heading)
 {
     const QTextBlock below = heading.next();
@@ -43,7 +43,8 @@ QTextBlock headedBy(const QTextBlock& heading)
     return below;
 }
 
-/// Headings that follow each other move together. What is further down is laid out anew by then.
+/// Moves a heading to the next page if what follows it is there. Consecutive headings move together. Each move lays out
+/// the rest of the document again, so one pass from the top is enough.
 void keepHeadings(QTextDocument& document)
 {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {

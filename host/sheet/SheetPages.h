@@ -11,18 +11,18 @@ class QPainter;
 
 namespace ko {
 
-/// The paper of the user's region: Letter or A4.
+/// Returns the paper of the user's region: Letter or A4.
 QPageSize::PageSizeId paperOf(const QLocale& locale);
 
-/// A sheet laid out in pages, each with a footer. A heading is never left behind by what it heads. Needs a
-/// QGuiApplication.
+/// A sheet laid out in pages, each with a footer. A heading is always on the same page as the beginning of its section.
+/// Requires a QGuiApplication.
 class SheetPages {
 public:
-    /// For pages of this size on `device`, which outlives them. The source is not needed any more.
+    /// Lays out pages of this size for `device`, which must outlive them. Copies what it needs from `source`.
     SheetPages(const SheetSource& source, QPaintDevice& device, const QSizeF& size);
 
     [[nodiscard]] int count() const { return document_.pageCount(); }
-    /// Pages count from 0. The painter's origin is the corner of the page.
+    /// Paints a page, counted from 0. The painter's origin is the top left corner of the page.
     void paint(QPainter& painter, int page) const;
 
 private:
@@ -33,10 +33,10 @@ private:
     QTextDocument document_;
 };
 
-/// Prints a sheet on the paper of the device. False when it takes no drawing.
+/// Prints a sheet on the paper of the device. Returns false if painting on the device fails.
 bool printSheet(const SheetSource& source, QPagedPaintDevice& device);
 
-/// The same as the content of a PDF file.
+/// Returns the sheet as the content of a PDF file.
 QByteArray sheetPdf(const SheetSource& source, QPageSize::PageSizeId paper);
 
 } // namespace ko

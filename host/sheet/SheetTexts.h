@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// The set-up sheet's texts by their numbers in the string table.
+/// Numbers of the set-up sheet's texts in the string table.
 namespace sheetText = textNumber::sheet;
 
 } // namespace ko

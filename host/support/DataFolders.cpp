@@ -6,7 +6,7 @@ namespace ko {
 
 namespace {
 
-/// The name that the program was started by may be a link, or be found through PATH; the kernel knows better.
+/// argv[0] may be a symbolic link or a name found through PATH, so the kernel is asked instead.
 std::filesystem::path programFolder()
 {
     std::error_code unknown;

@@ -5,9 +5,9 @@
 
 namespace ko {
 
-/// A file that belongs to the program, by its path within the program's data folder: "strings/de.txt",
-/// "help/index.html". Found beside the program wherever that was installed or built, whatever the current folder is;
-/// none where there is no such file.
+/// Finds one of the program's own data files by its path in the data folder: "strings/de.txt", "help/index.html". The
+/// search starts at the executable, installed or built, and does not depend on the current folder. Returns none if
+/// there is no such file.
 std::optional<std::filesystem::path> findDataFile(const std::filesystem::path& name);
 
 } // namespace ko

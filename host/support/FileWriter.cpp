@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 constexpr int mostLinks = 40;
 
-/// Where a chain of links leads to, also when the file itself is missing.
+/// Resolves a chain of symbolic links, even if the file itself does not exist.
 fs::path placeOf(const std::string& name)
 {
     fs::path place = name;
@@ -31,7 +31,7 @@ fs::path folderOf(const fs::path& place)
     return place.has_parent_path() ? place.parent_path() : fs::path(".");
 }
 
-/// 0, or the system's error.
+/// Returns 0 or errno.
 int writeAll(int file, std::string_view text, std::size_t at)
 {
     while (!text.empty()) {
@@ -46,7 +46,7 @@ int writeAll(int file, std::string_view text, std::size_t at)
     return 0;
 }
 
-/// The content from this byte on.
+/// Returns the content from byte `at` to the end.
 std::string tailOf(int file, std::size_t at)
 {
     struct stat status {};
@@ -57,7 +57,7 @@ std::string tailOf(int file, std::size_t at)
     return tail;
 }
 
-/// Not every file system has files that can be synchronized.
+/// Some file systems do not support fsync.
 int synchronize(int file)
 {
     return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
@@ -71,7 +71,7 @@ FileWriter::FileWriter(const std::string& name) : name_(name), place_(placeOf(na
     const fs::file_type kind = fs::status(name_, ignored).type();
     if (kind != fs::file_type::regular && kind != fs::file_type::not_found && kind != fs::file_type::none)
         throw InputError(name_ + ": cannot be saved: it is no file");
-    // Renaming would replace a file that is protected.
+    // rename() would replace a write-protected file.
     if (kind == fs::file_type::regular && ::access(place_.c_str(), W_OK) != 0)
         refuse(errno);
     create();
@@ -85,7 +85,8 @@ FileWriter::~FileWriter()
         ::unlink(temporary_.c_str());
 }
 
-/// A short name, however long that of the file is. A killed save may leave such a file.
+/// The temporary name is short, because the file's own name may already have the longest possible length. A process
+/// that is killed while it saves leaves the temporary file.
 void FileWriter::create()
 {
     for (int number = 0; file_ < 0; ++number) {
@@ -97,7 +98,7 @@ void FileWriter::create()
     }
 }
 
-/// As far as the user may give them: the content counts for more.
+/// Errors are ignored: the user may lack the right to set the owner, and saving the content matters more.
 void FileWriter::keepOwnership() const
 {
     struct stat status {};
@@ -106,7 +107,7 @@ void FileWriter::keepOwnership() const
     constexpr auto sameOwner = static_cast<uid_t>(-1);
     const bool isGiven =
         ::fchown(file_, status.st_uid, status.st_gid) == 0 || ::fchown(file_, sameOwner, status.st_gid) == 0;
-    // What a group may do is for that group only.
+    // Without the old group, its permissions must not go to another one.
     constexpr mode_t withoutGroup = 0707;
     constexpr mode_t all = 0777;
     static_cast<void>(::fchmod(file_, status.st_mode & (isGiven ? all : withoutGroup)));

@@ -6,24 +6,25 @@
 
 namespace ko {
 
-/// Writes a file of the program's. The content is written beside it under another name and put in its place when it is
-/// whole and on the disk: whatever goes wrong before, a file that was there stays as it was, and nothing is left over.
-/// A symbolic link stays one; the file that it names is written. Every failure is an `InputError` that names the file
-/// and the reason.
+/// Writes a file whole or not at all. The content is written to a temporary file in the same folder, which replaces the
+/// file once it is complete and synchronized to disk. A failure before that leaves an existing file unchanged and
+/// removes the temporary one. A symbolic link is kept; its target is written. Every failure is an `InputError` that
+/// names the file and the reason.
 class FileWriter {
 public:
-    /// `name` is taken as the system's bytes. Fails for what is no file, such as a device, which would be replaced by a
-    /// file, and for a file or a folder that must not be written.
+    /// `name` is a byte string as the system uses it. Fails if it names something other than a regular file, such as a
+    /// device (which would be replaced by a file), and if the file or its folder is not writable.
     explicit FileWriter(const std::string& name);
-    /// What was not committed is dropped.
+    /// Removes the temporary file unless `commit` has been called.
     ~FileWriter();
     FileWriter(const FileWriter&) = delete;
     FileWriter& operator=(const FileWriter&) = delete;
 
-    /// Writes `text` from this byte on, over what is there and past its end. A failure leaves the content as it was.
+    /// Writes `text` at byte offset `at`, overwriting and extending the content. A failure leaves the content
+    /// unchanged.
     void write(std::string_view text, std::size_t at);
 
-    /// Puts the file in its place. What is written after it goes there at once.
+    /// Replaces the file with the temporary one. Later writes go directly to the file.
     void commit();
 
 private:
@@ -32,15 +33,15 @@ private:
     void keepOwnership() const;
 
     std::string name_;
-    std::filesystem::path place_;     ///< of the file itself, not of a link to it
+    std::filesystem::path place_;     ///< of the file itself, with links resolved
     std::filesystem::path temporary_; ///< empty after the commit
     int file_ = -1;
 };
 
-/// Writes a whole file in this way.
+/// Writes a file with this content by `FileWriter`.
 void writeWhole(const std::string& name, std::string_view content);
 
-/// Whether writing to one of the two would change the other; also where neither exists yet.
+/// Returns true if both names lead to the same file, even if it does not exist yet.
 bool isSameFile(const std::string& name, const std::string& other);
 
 } // namespace ko

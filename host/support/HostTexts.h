@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// The frame window's texts by their numbers in the string table.
+/// Numbers of the frame window's texts in the string table.
 namespace hostText = textNumber::host;
 
 } // namespace ko

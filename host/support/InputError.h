@@ -5,11 +5,11 @@
 
 namespace ko {
 
-/// The text in one line: blanks in place of line breaks and other control characters; see also `withoutDirections`.
+/// Returns the text with line breaks and other control characters replaced by blanks; see also `withoutDirections`.
 std::string oneLine(std::string text);
 
-/// A file that cannot be read or understood. The message is one line, whatever stands in the file: the file, the line
-/// (where there is one) and what is wrong.
+/// A file cannot be read, written or parsed. The message is always a single line: the file, the line number if there is
+/// one, and the reason.
 class InputError : public std::runtime_error {
 public:
     explicit InputError(const std::string& what);

@@ -4,10 +4,10 @@
 
 namespace ko {
 
-/// Prints a line on standard error, after the program's name.
+/// Prints a line on standard error, prefixed with the program's name.
 void complain(const std::string& what);
 
-/// Fails with an `InputError` unless standard output has taken everything that was printed.
+/// Flushes standard output. Fails with an `InputError` if anything printed could not be written.
 void finishOutput();
 
 } // namespace ko

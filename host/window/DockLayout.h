@@ -5,8 +5,8 @@ class QDockWidget;
 
 namespace ko {
 
-/// Fills a dock with its view and, below it, a button for each of the view's actions, which are the view's context
-/// menu, too. A button has the name, text, tool tip and state of its action.
+/// Fills a dock with its view and a row of buttons below it, one for each action of the view. The actions are also the
+/// view's context menu. A button has its action's object name, text, tool tip and state.
 void layDock(QDockWidget& dock, QAbstractItemView& view);
 
 } // namespace ko

@@ -8,18 +8,18 @@ class QTreeView;
 
 namespace ko {
 
-/// The driver log in a dock: a table that can be copied as text and cleared.
+/// A dock with the driver log, a table that can be copied as text and cleared.
 class DriverLog : public QDockWidget {
 public:
     DriverLog(const Texts& texts, QWidget* parent);
 
     [[nodiscard]] DriverLogModel& model() { return *model_; }
-    /// The rows that are selected, or all where none is, go to the clipboard as text.
+    /// Copies the selected rows, or all rows if none is selected, to the clipboard as text.
     void copy();
 
 private:
     void makeActions(const Texts& texts);
-    /// The latest row stays in sight where it was.
+    /// Scrolls to new rows while the last row is visible.
     void followTheEnd();
 
     DriverLogModel* model_;

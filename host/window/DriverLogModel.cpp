@@ -76,7 +76,7 @@ void DriverLogModel::flush()
     endInsertRows();
 }
 
-/// More goes than has to, so that a full log is not pushed along with every call.
+/// Removes more rows than necessary, so that a full log does not have to do it on every call.
 void DriverLogModel::makeRoom()
 {
     if (entries_.size() + waiting_.size() <= most)

@@ -9,22 +9,22 @@
 
 namespace ko {
 
-/// The last calls that changed an instrument or failed, the latest at the bottom. What comes in is shown together
-/// as soon as the program is idle, so that a change of a thousand instruments is one change of the view.
+/// The latest calls that changed an instrument or failed, the newest at the bottom. New entries are inserted together
+/// when the program is idle, so that a change of a thousand instruments updates the view once.
 class DriverLogModel : public QAbstractTableModel {
 public:
     enum Column { Time, Instrument, OperationName, Arguments, Value, Result, columns };
-    static constexpr std::size_t most = 10000;
+    static constexpr std::size_t most = 10000; ///< entries
 
     explicit DriverLogModel(Texts texts, QObject* parent = nullptr);
 
     void add(const SimulatedDriver& driver, const DriverCall& call);
     void add(const SimulatedDriver& driver, const FailedCall& call);
     void clear();
-    /// Shows at once what has come in.
+    /// Inserts the waiting entries immediately.
     void flush();
 
-    /// Rows as lines, their cells behind tabulators.
+    /// Returns rows as lines with tab-separated cells.
     [[nodiscard]] QString lines(const QModelIndexList& rows) const;
     [[nodiscard]] QString allLines();
 
@@ -40,8 +40,8 @@ private:
         Operation operation = Operation::GroupCount;
         std::vector<std::int32_t> arguments;
         QString value;
-        QString kept;    ///< where that is not the value
-        QString failure; ///< what is wrong; empty where the call did not fail
+        QString kept;    ///< if different from `value`
+        QString failure; ///< reason; empty if the call succeeded
     };
 
     void put(Entry entry);

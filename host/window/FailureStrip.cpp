@@ -50,7 +50,7 @@ FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
     button_->setObjectName(QStringLiteral("tryAgain"));
     button_->setToolTip(plainTip(texts(hostText::tryAgainHint)));
     button_->setStatusTip(texts(hostText::tryAgainHint));
-    // Enter presses it, too.
+    // Auto-default: Enter presses it, too.
     button_->setAutoDefault(true);
     makeLayout();
     for (QTimer* timer : {&idle_, &quiet_})
@@ -91,7 +91,7 @@ void FailureStrip::forget()
     idle_.stop();
     quiet_.stop();
     list_->clear();
-    told_.clear();
+    announced_.clear();
     room_ = 0;
     hide();
 }
@@ -135,7 +135,7 @@ void FailureStrip::makeRoom(int lines)
     list_->setFixedHeight(lines * std::max(list_->sizeHintForRow(0), fontMetrics().height()) + 2 * list_->frameWidth());
 }
 
-/// After a while without news.
+/// Shrinks or hides the strip after a pause without changes.
 void FailureStrip::settle()
 {
     if (list_->count() > 0)
@@ -146,18 +146,19 @@ void FailureStrip::settle()
     hide();
 }
 
-/// Only a driver that had not failed before is news; one that fails again is not called out with every key.
+/// Sends an alert to screen readers only for a newly failing driver; one that keeps failing would interrupt every
+/// keystroke.
 void FailureStrip::announce(const std::vector<DriverFailure>& failures)
 {
     std::vector<std::size_t> drivers;
     QString news;
     for (const DriverFailure& failure : failures) {
         drivers.push_back(failure.driver);
-        if (news.isEmpty() && std::find(told_.begin(), told_.end(), failure.driver) == told_.end())
+        if (news.isEmpty() && std::find(announced_.begin(), announced_.end(), failure.driver) == announced_.end())
             news = lineOf(failure);
     }
-    const bool isOver = drivers.empty() && !told_.empty();
-    told_ = std::move(drivers);
+    const bool isOver = drivers.empty() && !announced_.empty();
+    announced_ = std::move(drivers);
     if (news.isEmpty() && !isOver)
         return;
     setAccessibleName(isOver ? heading_->text() : heading_->text() + u'\n' + news);

@@ -12,26 +12,26 @@ class QPushButton;
 
 namespace ko {
 
-/// Which instruments fail at present, a line each: what failed last, when and why; and a button that has the page try
-/// again. It is there only while there is something to say. Lines come at once and go once it has been quiet for a
-/// moment, so that nothing moves while the user types.
+/// Lists the instruments that fail at present, one per line with the last failed operation, time and reason, and has a
+/// button to try again. Hidden unless an instrument fails. Lines appear at once, but space is given up only after two
+/// seconds without changes, so that the page does not move while the user types.
 class FailureStrip : public QFrame {
 public:
     FailureStrip(const Texts& texts, QWidget* parent);
 
-    /// Something else fails; the strip shows it as soon as the program is idle.
+    /// Updates the strip when the program is idle. To be called when the result of `failing` has changed.
     void refreshLater();
 
-    /// Goes at once and without a word: what it named is no longer there.
+    /// Hides the strip at once, without an announcement to screen readers, because its instruments are gone.
     void forget();
 
-    /// What to show.
+    /// Returns the failures to show.
     std::function<std::vector<DriverFailure>()> failing;
-    /// The button has been pressed.
+    /// Called when the button is pressed.
     std::function<void()> tryAgain;
-    /// The strip has become higher, or has appeared.
+    /// Called after the strip has grown or appeared.
     std::function<void()> grown;
-    /// The strip is about to go while it has the focus.
+    /// Called before the strip is hidden while it has the focus.
     std::function<void()> leaving;
 
 private:
@@ -52,8 +52,8 @@ private:
     QListWidget* list_;
     QPushButton* button_;
     QTimer idle_, quiet_;
-    std::vector<std::size_t> told_; ///< the drivers that have been announced
-    int room_ = 0;                  ///< lines that the list has room for
+    std::vector<std::size_t> announced_; ///< drivers announced to screen readers
+    int room_ = 0;                       ///< height of the list in lines
 };
 
 } // namespace ko

@@ -14,7 +14,7 @@ namespace ko {
 
 namespace {
 
-/// Operations of a view that the instrument does not offer are never called.
+/// Returns whether the operation can be called: false if it belongs to a view that the instrument lacks.
 bool isOffered(Operation operation, const InstrumentSettings& driver)
 {
     const auto isFrom = [&](Operation first, Operation last) { return operation >= first && operation <= last; };

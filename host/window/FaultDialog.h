@@ -9,13 +9,13 @@ class QListWidget;
 
 namespace ko {
 
-/// Which operations of an instrument are to fail: a list to tick. OK makes and heals the failures. The
-/// instrument outlives the dialog.
+/// A list of an instrument's operations with check boxes: which are to fail. OK plans and removes the failures. The
+/// instrument must outlive the dialog.
 class FaultDialog : public QDialog {
 public:
     FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* parent);
 
-    /// Told of each change; no operation stands for all.
+    /// Called for each change. An empty operation means all operations.
     std::function<void(const std::string& operation, bool fails)> changed;
 
     void accept() override;

@@ -31,7 +31,7 @@ FileWatch::Stamp FileWatch::stamp() const
     return {info.exists(), info.size(), info.lastModified()};
 }
 
-/// What the watcher holds may be the file that was replaced, so it takes the present one.
+/// The path is added again, because the watcher may still watch a file that has been replaced.
 void FileWatch::look(bool isCertain)
 {
     watcher_.removePath(file_);

@@ -6,13 +6,13 @@
 
 namespace ko {
 
-/// Calls a function after a file may have got another content, also when it was replaced, or removed and written anew.
-/// A file whose name is not UTF-8 is not watched.
+/// Calls `changed` after the content of a file may have changed, also when the file was replaced, or removed and
+/// created again. A file whose name is not valid UTF-8 is not watched.
 class FileWatch : public QObject {
 public:
     explicit FileWatch(std::function<void()> changed);
 
-    /// From now on this file in place of any other.
+    /// Watches this file instead of the previous one.
     void watch(const std::string& file);
 
 private:
@@ -25,7 +25,7 @@ private:
     };
 
     [[nodiscard]] Stamp stamp() const;
-    /// Calls the function, unless it is not certain that the file was touched and it looks the same.
+    /// Calls `changed_` if a change is certain or the file's stamp differs.
     void look(bool isCertain);
 
     QFileSystemWatcher watcher_;

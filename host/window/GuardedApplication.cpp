@@ -48,7 +48,7 @@ void GuardedApplication::leftOver(const QString& doing, const QString& reason) n
 
 void GuardedApplication::showWaiting()
 {
-    // A box runs an event loop of its own, in which more may fail.
+    // A box runs its own event loop, in which further failures may occur.
     if (isShowing_)
         return;
     isShowing_ = true;

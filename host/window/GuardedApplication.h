@@ -10,8 +10,8 @@
 
 namespace ko {
 
-/// An application that no failure ends: what an event's handler throws is left over, and what is left over is shown to
-/// the user in a box of its own, once the event is done with. What fails again whenever it is painted is shown once.
+/// An application that survives exceptions from event handlers. Each is shown to the user in a message box after the
+/// event. A failure that repeats with every paint event is shown once.
 class GuardedApplication : public QApplication, public LeftOvers {
 public:
     GuardedApplication(int& argc, char** argv);
@@ -19,9 +19,9 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
     void leftOver(const QString& doing, const QString& reason) noexcept override;
 
-    /// Of the boxes.
+    /// Texts of the boxes.
     Texts texts;
-    /// Whether there is a user who sees boxes; failures are only logged otherwise.
+    /// Whether boxes are visible to a user; otherwise failures are only logged.
     bool showsFailures = true;
 
 private:

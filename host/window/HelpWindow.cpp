@@ -31,7 +31,7 @@ QString pageOf(std::int32_t topic)
     }
 }
 
-/// Shows what is in its folder and nothing else, and a picture that is wider than the page as wide as the page.
+/// Shows only files of its folder, and scales down pictures that are wider than the page.
 class HelpBrowser : public QTextBrowser {
 public:
     HelpBrowser(const QString& folder, QWidget* parent)
@@ -64,7 +64,7 @@ protected:
     }
 
 private:
-    /// A file of the folder itself, as a link or by its path.
+    /// Returns whether the URL, resolved against the present page, is a file in the folder.
     [[nodiscard]] bool isInFolder(const QUrl& name) const
     {
         const QUrl url = source().resolved(name);
@@ -73,7 +73,7 @@ private:
                QFileInfo(file.canonicalFilePath()).path() == folder_;
     }
 
-    QString folder_; ///< canonical; empty where there is none
+    QString folder_; ///< canonical; empty if it does not exist
 };
 
 } // namespace
@@ -98,7 +98,7 @@ HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* paren
     layout->addWidget(browser_);
     layout->addWidget(buttons);
     resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 40);
-    // A page is turned to before the window is shown.
+    // The first page is loaded before the window is shown and needs the final width.
     layout->activate();
     browser_->setFocus();
 }
@@ -146,7 +146,7 @@ void showHelp(const Texts& texts, QWidget& frame, std::int32_t topic)
     auto* window = dynamic_cast<HelpWindow*>(frame.findChild<QDialog*>(QStringLiteral("help")));
     if (!window)
         window = new HelpWindow(texts, helpFolder(texts), &frame);
-    // Only a window of its own stays usable beside a modal dialog.
+    // Only a child window of the modal dialog stays usable beside it.
     QWidget* modal = QApplication::activeModalWidget();
     QWidget* owner = modal ? modal : &frame;
     if (window->parentWidget() != owner)

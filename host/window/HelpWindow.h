@@ -11,13 +11,13 @@ namespace ko {
 
 inline constexpr std::int32_t contentsTopic = 0;
 
-/// The host's help: pages that lead to each other, with the way back. It shows files of its folder and nothing else.
+/// The help: linked pages with back and forward buttons. Shows only files of its folder.
 class HelpWindow : public QDialog {
 public:
     /// `folder` holds the pages of one language.
     HelpWindow(const Texts& texts, const QString& folder, QWidget* parent);
 
-    /// Turns to the page of this topic, one of `helpTopic`, or to the contents for `contentsTopic` and other numbers.
+    /// Shows the page of this topic, one of `helpTopic`; for `contentsTopic` and unknown numbers the contents.
     void turnTo(std::int32_t topic);
 
     [[nodiscard]] QTextBrowser& browser() { return *browser_; }
@@ -31,8 +31,8 @@ private:
     QTextBrowser* browser_;
 };
 
-/// Shows the one help window of `frame` at this topic, in the texts' language where there are pages in it. It can be
-/// used beside a modal dialog that is open.
+/// Shows the help window of `frame`, created on first use, at this topic. The pages are in the language of `texts` if
+/// they exist. The window can be used beside an open modal dialog.
 void showHelp(const Texts& texts, QWidget& frame, std::int32_t topic);
 
 } // namespace ko

@@ -4,13 +4,13 @@
 
 namespace ko {
 
-/// A line of plain text that ends in dots where it is longer than its room; its tool tip then says all of it. It asks
-/// for no width.
+/// A line of plain text that is elided if it does not fit; the tool tip then contains the whole text. It sets no
+/// minimum width for its window.
 class HintLine : public PlainLabel {
 public:
     explicit HintLine(QWidget* parent);
 
-    /// As much of the text as there is room for.
+    /// Returns the text as elided to the present width.
     [[nodiscard]] QString shown() const;
 
 protected:

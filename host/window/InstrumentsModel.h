@@ -7,8 +7,8 @@
 
 namespace ko {
 
-/// The instruments as a tree of instruments, groups and channels with their values. Values are read when a row is
-/// drawn, straight from the instrument: nothing is called, so that watching changes nothing.
+/// A tree of instruments, groups and channels with their values. Values are taken from the simulated instrument when a
+/// row is drawn, without a driver call, so that showing them has no side effects.
 class InstrumentsModel : public QAbstractItemModel {
 public:
     enum Column { Name, Value, columns };
@@ -16,10 +16,10 @@ public:
     InstrumentsModel(Texts texts, const Locale& locale, QObject* parent = nullptr);
 
     void show(const SimulatedDrivers& drivers);
-    /// The row behind an index; null for none.
+    /// Returns the row of an index; null for an invalid index.
     [[nodiscard]] InstrumentRow* row(const QModelIndex& index) const;
 
-    /// Switches a channel; false when it stays as it was.
+    /// Enables or disables a channel; returns false if it was not changed.
     std::function<bool(SimulatedDriver& driver, int group, int channel, bool on)> enable;
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;

@@ -11,23 +11,22 @@ class QTreeView;
 
 namespace ko {
 
-/// The instruments behind the page, in a dock: their values of this moment, a tick for each channel that is enabled,
-/// and failures to be had. What is shown is read when it is drawn, so that a thousand instruments cost no more than
-/// the rows in sight.
+/// A dock with the page's instruments: their present values, a check box for each channel, and simulated faults. Values
+/// are read when they are drawn, so that the cost depends on the visible rows, not on the number of instruments.
 class InstrumentsView : public QDockWidget {
 public:
     InstrumentsView(const Texts& texts, const Locale& locale, QWidget* parent);
 
-    /// Shows these in place of others; what was asked about one of those is no longer asked.
+    /// Shows these instruments instead of the previous ones, and closes a fault dialog of those.
     void show(const SimulatedDrivers& drivers);
-    /// A value has changed.
+    /// Redraws the values.
     void refresh();
 
     [[nodiscard]] InstrumentsModel& model() { return *model_; }
 
-    /// An operation of an instrument has been made to fail, or healed; no operation stands for all.
+    /// Called after an operation has been set to fail or to work again. An empty operation means all operations.
     std::function<void(const SimulatedDriver& driver, const std::string& operation, bool fails)> faultChanged;
-    /// The user wants the instruments handed over to the page again.
+    /// Called when the user wants the instruments handed over to the page again.
     std::function<void()> handOver;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace ko {
 
-/// Runs `act` as soon as the event at hand is done with, unless `owner` has gone by then.
+/// Calls `act` after the present event has been handled, unless `owner` has been destroyed by then.
 inline void later(QObject& owner, std::function<void()> act)
 {
     auto* timer = new QTimer(&owner);

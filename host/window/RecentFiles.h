@@ -4,7 +4,7 @@
 
 namespace ko {
 
-/// The set-up files that were opened or saved last, the latest first, each once and by its absolute path.
+/// The recently opened or saved set-up files as absolute paths without duplicates, the latest first.
 class RecentFiles {
 public:
     static constexpr int most = 8;

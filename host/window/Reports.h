@@ -10,8 +10,8 @@ class QToolButton;
 
 namespace ko {
 
-/// The last failures that the component has reported: a list in a dock, and a button for the status bar that counts
-/// them and opens the list. Nothing pops up. There is room for a hundred.
+/// A dock with the last 100 failures that the component has reported, and a button for the status bar that shows their
+/// number and opens the dock. No message box is shown.
 class Reports : public QDockWidget {
 public:
     Reports(const Texts& texts, QWidget* parent);
@@ -28,7 +28,7 @@ private:
     int count_ = 0;
 };
 
-/// The component's error reporter, which writes into the list as long as that lives.
+/// Returns the component's error reporter, which adds to `reports` and does nothing after its destruction.
 std::shared_ptr<ErrorReporter> makeReporter(Reports& reports);
 
 } // namespace ko

@@ -4,8 +4,8 @@
 
 namespace ko {
 
-/// The toolkit's own texts, such as the buttons of message boxes, from now on in the language of this code ("de",
-/// "pt_BR"). False where the toolkit has no catalogue for it; its texts are then English.
+/// Sets the language of the toolkit's own texts, such as the buttons of message boxes, by a code ("de", "pt_BR").
+/// Returns false if the toolkit has no catalogue for it; its texts are then English.
 bool loadToolkitTexts(const QString& language);
 
 } // namespace ko

@@ -7,18 +7,18 @@
 
 namespace ko {
 
-/// What the frame window asks of its user.
+/// The frame window's questions to the user.
 class UserQuestions : public SessionQuestions {
 public:
-    /// The file to open; empty when the user wants none.
+    /// Asks for a file to open; returns an empty path if the user cancels.
     virtual std::string fileToOpen() = 0;
 };
 
-/// The same by message boxes and file dialogs. One that is destroyed with the window, and this with it, counts as
-/// cancelled.
+/// Asks by message boxes and file dialogs. A box or dialog that is destroyed together with the window and this object
+/// counts as cancelled.
 class BoxQuestions : public UserQuestions {
 public:
-    /// `window` and `session` outlive it.
+    /// `window` and `session` must outlive this object.
     BoxQuestions(QWidget& window, const SetupSession& session, Texts texts);
 
     Unsaved keepChanges() override;
@@ -31,7 +31,7 @@ public:
 
 private:
     [[nodiscard]] QString filter() const;
-    /// A box that says that another program has changed the file, with this question.
+    /// Returns a box which says that another program has changed the file, with this question.
     [[nodiscard]] Modal<PlainBox> conflictBox(const QString& question);
     void refuse(int title, int text, const std::string& reason);
 

@@ -160,7 +160,7 @@ TEST(SimulatedDriverTest, EveryOperationIsFoundByTheNameThatItIsFailedWith)
 
 class Tape final : public CallObserver {
 public:
-    bool hears(Operation) override { return true; }
+    bool observes(Operation) override { return true; }
     void called(const DriverCall& call) override
     {
         heard += std::string(operationName(call.operation)) + jsonText(call.value);
