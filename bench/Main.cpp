@@ -60,7 +60,7 @@ int rounds(int nanoseconds)
 }
 
 /// Merges consecutive calls that differ only in the channel, because the bare loop also iterates over channels.
-std::vector<MadeCall> inRows(const std::vector<MadeCall>& made)
+std::vector<MadeCall> mergedRows(const std::vector<MadeCall>& made)
 {
     std::vector<MadeCall> rows;
     for (const MadeCall& call : made) {
@@ -107,7 +107,7 @@ void measure(benchmark::State& state, const Event& event, int drivers, int entri
         event.run(setup);
         BareDriver::cost = nullptr;
     }
-    const std::vector<MadeCall> rows = inRows(made);
+    const std::vector<MadeCall> rows = mergedRows(made);
     double page = never;
     double floor = never;
     for ([[maybe_unused]] const auto& iteration : state) {

@@ -54,7 +54,7 @@ void TimebaseEditor::setDrivers(const DriverList& handedOver)
     if (!page_.isShown || page_.readOnly)
         forgetSettings();
     for (const auto& driver : list)
-        takeOver(driver.get(), step);
+        noteKind(driver.get(), step);
     reportMissing(announced - given, step);
     if (!page_.isShown || step.isSuperseded())
         return;
@@ -74,7 +74,7 @@ void TimebaseEditor::forgetSettings()
 }
 
 /// The two tests query the driver separately, so that a driver that fails in the first may still count in the second.
-void TimebaseEditor::takeOver(Driver* driver, const Steps& step)
+void TimebaseEditor::noteKind(Driver* driver, const Steps& step)
 {
     if (!step([&] { required(driver); }))
         return;

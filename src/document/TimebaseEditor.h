@@ -109,7 +109,7 @@ private:
     /// Checks the focused entry field; when `apply` is true and the check passes, applies its value.
     bool validateActiveControl(bool apply);
     void forgetSettings();
-    void takeOver(Driver* driver, const Steps& step);
+    void noteKind(Driver* driver, const Steps& step);
     static void reportMissing(std::size_t count, const Steps& step);
     void clearTriggerLines(const Steps& step);
     void settle();

@@ -65,13 +65,13 @@ void NumberEntry::change()
     if (const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), false); }))
         apply(step, *number);
     else
-        box_.setMarked(!standsForHeld(step));
+        box_.setMarked(!showsHeld(step));
     if (!box_.marked())
         lastAccepted_ = box_.text();
 }
 
 /// The value in force may be outside the bounds for user input.
-bool NumberEntry::standsForHeld(const Steps& step)
+bool NumberEntry::showsHeld(const Steps& step)
 {
     return step.value([&] {
         const std::optional<double> now = held();

@@ -68,7 +68,7 @@ private:
     void refuse(const Steps& step);
     void showInForce(const Steps& step);
     void undo();
-    [[nodiscard]] bool standsForHeld(const Steps& step);
+    [[nodiscard]] bool showsHeld(const Steps& step);
     [[nodiscard]] std::string textOf(double held) const;
     [[nodiscard]] std::string text(double value) const;
 

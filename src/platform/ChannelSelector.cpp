@@ -41,7 +41,7 @@ void ChannelSelector::list()
     entries_.clear();
     selected_.clear();
     for (const auto& driver : drivers_)
-        if (driver && resultOf([&] { return letsThrough(*driver); }))
+        if (driver && resultOf([&] { return passesFilters(*driver); }))
             listDriver(driver);
     tellView(Aspect::Items);
 }
@@ -80,7 +80,7 @@ void ChannelSelector::listGroup(const std::shared_ptr<Driver>& driver, std::int3
     entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(groupLine), std::move(group));
 }
 
-bool ChannelSelector::letsThrough(Driver& driver) const
+bool ChannelSelector::passesFilters(Driver& driver) const
 {
     if (direction_ != inputs)
         return false;

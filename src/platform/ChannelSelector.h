@@ -104,7 +104,7 @@ private:
     void listDriver(const std::shared_ptr<Driver>& driver);
     /// `trigger` decides whether a channel can be a trigger source; when it is null, all channels are listed.
     void listGroup(const std::shared_ptr<Driver>& driver, std::int32_t slot, TriggerParameters* trigger);
-    [[nodiscard]] bool letsThrough(Driver& driver) const;
+    [[nodiscard]] bool passesFilters(Driver& driver) const;
     void select(Lines lines);
     template <class Question> auto resultOf(Question&& question) const;
 

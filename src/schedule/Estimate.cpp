@@ -89,8 +89,8 @@ void Estimate::showBytes(const Steps& step, LimitedLabel& label, const std::opti
 
 /// The length of `intervals` periods of a driver in seconds; 0 when `intervals` is not positive. Reads `period` only
 /// when it is not set.
-double Estimate::lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
-                         std::optional<double>& period) const
+double Estimate::lengthOf(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
+                          std::optional<double>& period) const
 {
     if (intervals > 0.0 && !period)
         step([&] {
@@ -105,8 +105,8 @@ double Estimate::actualSeconds(const Steps& step) const
     Figures& figures = page_.figures;
     const double intervals = figures.samples.value_or(1) - 1.0;
     return largerOf(
-        lasting(step, intervals, page_.dynamicDriverIndex, &Timebase::SamplePeriod, figures.samplePeriod),
-        lasting(step, figures.scans.value_or(0), page_.scannedDriverIndex, &Timebase::ScanPeriod, figures.scanPeriod));
+        lengthOf(step, intervals, page_.dynamicDriverIndex, &Timebase::SamplePeriod, figures.samplePeriod),
+        lengthOf(step, figures.scans.value_or(0), page_.scannedDriverIndex, &Timebase::ScanPeriod, figures.scanPeriod));
 }
 
 void Estimate::updateActualDuration()

@@ -26,8 +26,8 @@ private:
     void showActualDuration(const Steps& step);
     void showCounts(const Steps& step);
     void showBytes(const Steps& step, LimitedLabel& label, const std::optional<double>& bytes);
-    [[nodiscard]] double lasting(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
-                                 std::optional<double>& period) const;
+    [[nodiscard]] double lengthOf(const Steps& step, double intervals, std::int32_t driver, double (Timebase::*get)(),
+                                  std::optional<double>& period) const;
     [[nodiscard]] double actualSeconds(const Steps& step) const;
     /// The figure's text, or the text for "not available" when the figure is unknown.
     template <class Figure, class Text>

@@ -53,7 +53,7 @@ std::string Plan::sentence() const
     const std::string what = figures();
     const std::string end = known.stopTime ? generalDate(*known.stopTime, support_.locale()) : std::string();
     return filled(text(what.empty() ? base + 1 : base),
-                  {entered(), what, lasting(*known.actualSeconds), startText, page_.txtStopTime.text(), end});
+                  {entered(), what, durationText(*known.actualSeconds), startText, page_.txtStopTime.text(), end});
 }
 
 int Plan::start() const
@@ -81,12 +81,12 @@ std::string Plan::entered() const
     const double seconds = *page_.figures.plannedSeconds;
     const auto chosen = static_cast<std::size_t>(page_.cmbInterval.index());
     if (!page_.optAfter.value() || chosen >= std::size(symbols))
-        return lasting(seconds);
+        return durationText(seconds);
     return filled(text(symbols[chosen]), {shortNumber(seconds / page_.cmbInterval.itemData())});
 }
 
 /// A duration in its two largest units.
-std::string Plan::lasting(double seconds) const
+std::string Plan::durationText(double seconds) const
 {
     if (toHundredths(seconds) < secondsPerMinute)
         return filled(text(planText::seconds), {shortNumber(seconds)});

@@ -12,7 +12,7 @@ namespace ko {
 /// Start and stop of the recording, its duration and its disk space.
 class Schedule {
 public:
-    /// Sets the event handlers of its controls. All arguments must outlive the schedule; `dialog` returns the
+    /// Sets the event handlers of its controls. Referenced objects must outlive the schedule; `dialog` returns the
     /// component's date-and-time dialog.
     Schedule(Page& page, Support& support, Actions& actions, TimeEntries::Dialog dialog);
 

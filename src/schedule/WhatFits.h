@@ -10,7 +10,7 @@ namespace ko {
 /// force, in the hint line and on the page, each with a button that enters it.
 class WhatFits {
 public:
-    /// Sets the event handlers of its buttons. All arguments must outlive this object.
+    /// Sets the event handlers of its buttons. Referenced objects must outlive this object.
     WhatFits(Page& page, Support& support, Recording& recording);
 
     /// Shows what fits after a code of `Actions::updateDiskSpace`. `periods` are those of the rate list's entries in

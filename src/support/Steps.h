@@ -28,7 +28,8 @@ public:
 
     Steps(Errors& errors, std::string_view procedure, int sourceText = errorSource::page, Begin begin = Begin::Within)
         : errors_(errors), procedure_(procedure), sourceText_(sourceText), outer_(errors.events.innermost_),
-          outerIsInStatement_(std::exchange(errors.events.isInStatement_, false)), goesOn_(begin == Begin::ToTheEnd),
+          outerIsInStatement_(std::exchange(errors.events.isInStatement_, false)),
+          ignoresEnd_(begin == Begin::ToTheEnd),
           generation_(outer_ && !outerIsInStatement_ && begin == Begin::Within ? outer_->generation_
                                                                                : errors.events.generation_)
     {
@@ -79,7 +80,7 @@ public:
     /// Whether later steps do nothing: the reporter has failed, or `isSuperseded`.
     [[nodiscard]] bool isOver() const { return ended_ || isSuperseded(); }
     /// Whether the list of drivers has been replaced or the document has ended, which stops this handler.
-    [[nodiscard]] bool isSuperseded() const { return !goesOn_ && (hasOtherList() || errors_.events.isEnded_); }
+    [[nodiscard]] bool isSuperseded() const { return !ignoresEnd_ && (hasOtherList() || errors_.events.isEnded_); }
     /// Whether the list of drivers has been replaced since the event began.
     [[nodiscard]] bool hasOtherList() const { return generation_ != errors_.events.generation_; }
 
@@ -103,7 +104,7 @@ private:
     int sourceText_;
     const Steps* outer_;
     bool outerIsInStatement_;
-    bool goesOn_;
+    bool ignoresEnd_;
     std::uint64_t generation_;
     mutable bool ended_ = false;
 };

@@ -13,7 +13,7 @@ namespace ko {
 /// Sample rate, sample period and block size of the driver at `dynamicDriverIndex`, and the span.
 class DynamicEditors {
 public:
-    /// Sets the event handlers of its controls. All arguments must outlive the editors.
+    /// Sets the event handlers of its controls. Referenced objects must outlive the editors.
     DynamicEditors(Page& page, Support& support, Actions& actions);
     ~DynamicEditors();
 

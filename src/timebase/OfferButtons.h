@@ -19,7 +19,7 @@ public:
     /// Returns the component's dialog.
     using Dialog = std::function<ShowOffers&()>;
 
-    /// Sets the buttons' event handlers. All arguments must outlive this object.
+    /// Sets the buttons' event handlers. Referenced objects must outlive this object.
     OfferButtons(Page& page, Support& support, Dialog dialog);
 
     /// Shows each button if its editor's frame is shown, else hides it.

@@ -8,7 +8,7 @@ namespace ko {
 /// A text box that edits a quantity.
 class QuantityEntry : public NumberEntry {
 public:
-    /// All arguments must outlive the entry; `editors` show the quantity's number.
+    /// Referenced objects must outlive the entry; `editors` show the quantity's number.
     QuantityEntry(Page& page, Support& support, const Quantity& quantity, ValueEditors& editors)
         : NumberEntry(page, support, page.*quantity.box, quantity.type), quantity_(quantity), editors_(editors)
     {

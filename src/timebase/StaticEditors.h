@@ -13,7 +13,7 @@ namespace ko {
 /// Scan rate and scan period, one setting for all drivers.
 class StaticEditors {
 public:
-    /// Sets the event handlers of its controls. All arguments must outlive the editors.
+    /// Sets the event handlers of its controls. Referenced objects must outlive the editors.
     StaticEditors(Page& page, Support& support, Actions& actions);
     ~StaticEditors();
 

@@ -14,7 +14,7 @@ namespace ko {
 /// share discrete values, else text boxes.
 class ValueEditors {
 public:
-    /// All arguments must outlive the editors.
+    /// Referenced objects must outlive the editors.
     ValueEditors(Page& page, Support& support, const TimebaseNumber& number)
         : page_(page), support_(support), number_(number)
     {

@@ -13,7 +13,7 @@ class TriggerParameters;
 /// once, and all rows are then read again.
 class ParamGrid {
 public:
-    /// Sets the grid's event handlers. All arguments must outlive this object.
+    /// Sets the grid's event handlers. Referenced objects must outlive this object.
     ParamGrid(Page& page, Support& support, Actions& actions);
 
     /// Fills the grid from a channel of a driver; leaves it empty and disabled when the driver has no trigger

@@ -192,7 +192,7 @@ bool TriggerChannel::store(const Steps& step, const TriggerSource& chosen)
 {
     if (chosen == stored())
         return true;
-    const TriggerSource source = moved(step, chosen);
+    const TriggerSource source = moveSource(step, chosen);
     if (step.isOver())
         return false;
     const bool isTaken = source == chosen;
@@ -202,7 +202,7 @@ bool TriggerChannel::store(const Steps& step, const TriggerSource& chosen)
 }
 
 /// Switches the driver to the chosen source; returns the source that it then has.
-TriggerSource TriggerChannel::moved(const Steps& step, const TriggerSource& chosen) const
+TriggerSource TriggerChannel::moveSource(const Steps& step, const TriggerSource& chosen) const
 {
     const std::shared_ptr<Driver> driver = master();
     TriggerParameters* parameters = nullptr;

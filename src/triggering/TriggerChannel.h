@@ -17,7 +17,7 @@ public:
     /// Returns the component's dialog, creating it on first use.
     using Dialog = std::function<SelectChannel&()>;
 
-    /// Sets the event handlers of its controls. All arguments must outlive this object.
+    /// Sets the event handlers of its controls. Referenced objects must outlive this object.
     TriggerChannel(Page& page, Support& support, Actions& actions, Dialog dialog);
 
     /// Called when the page is being built: the next `enableTriggering` counts as switching triggering on.
@@ -35,7 +35,7 @@ private:
     void cmdChannel_Click();
     std::optional<TriggerSource> choose(const Steps& step);
     bool store(const Steps& step, const TriggerSource& chosen);
-    TriggerSource moved(const Steps& step, const TriggerSource& chosen) const;
+    TriggerSource moveSource(const Steps& step, const TriggerSource& chosen) const;
     [[nodiscard]] std::optional<SourceSwitches> switches(const Steps& step) const;
     void switchOn(const Steps& step, const SourceSwitches& driver, const SourceSwitches::Sources& others);
     void keep(const TriggerSource& source);

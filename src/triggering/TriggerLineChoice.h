@@ -22,7 +22,7 @@ public:
     /// Returns the component's dialog, creating it on first use.
     using Dialog = std::function<AdvancedTrig&()>;
 
-    /// Sets the menu item's event handler. All arguments must outlive this object.
+    /// Sets the menu item's event handler. Referenced objects must outlive this object.
     TriggerLineChoice(Page& page, Support& support, Actions& actions, Triggering& triggering, Dialog dialog);
 
     /// Chooses both lines for the page's drivers and masters and writes them to the drivers. A line that a master

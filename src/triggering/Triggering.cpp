@@ -57,7 +57,10 @@ public:
     std::int32_t scanRank(std::size_t i) { return query(i, states_[i].scanRank, &TriggerLines::ScanMasterRank); }
 
     /// False for -1 and for a driver that has failed or has no trigger lines.
-    [[nodiscard]] bool takesPart(std::int32_t i) const { return i >= 0 && states_[static_cast<std::size_t>(i)].lines; }
+    [[nodiscard]] bool isAvailable(std::int32_t i) const
+    {
+        return i >= 0 && states_[static_cast<std::size_t>(i)].lines;
+    }
 
     template <class Condition> std::int32_t first(Condition condition)
     {
@@ -171,8 +174,8 @@ TriggerMasters Triggering::findTriggerMasters(Drivers drivers)
             masters.start = survey.best(&Survey::startRank);
         if (!scanIsWired)
             masters.scan = survey.best(&Survey::scanRank);
-    } while ((masters.start >= 0 && !survey.takesPart(masters.start)) ||
-             (masters.scan >= 0 && !survey.takesPart(masters.scan)));
+    } while ((masters.start >= 0 && !survey.isAvailable(masters.start)) ||
+             (masters.scan >= 0 && !survey.isAvailable(masters.scan)));
     return masters;
 }
 
