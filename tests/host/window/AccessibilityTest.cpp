@@ -40,7 +40,7 @@ const std::map<std::string_view, QAccessible::Role> roles{
     {"Table", QAccessible::Table},
 };
 
-/// What a screen reader is told by the demo's page and its dialogs.
+/// The accessibility data of the demo's page and its dialogs.
 class AccessibilityTest : public testing::Test {
 protected:
     FrameWindow window{""};
@@ -60,7 +60,7 @@ protected:
     {
         return QAccessible::queryAccessibleInterface(object)->text(kind);
     }
-    /// The value that the control has; none for what has no value or says it another way.
+    /// Returns the control's value; none if it has no value or exposes it in another way.
     static std::optional<std::string> valueOf(const Control& control)
     {
         if (const auto* box = dynamic_cast<const TextBox*>(&control))
@@ -80,7 +80,7 @@ protected:
             EXPECT_FALSE(value.empty());
         }
     }
-    /// A mnemonic's mark is not read.
+    /// Names must not contain the mark of a mnemonic.
     static bool isName(const QString& text) { return !text.isEmpty() && !text.contains(u'&'); }
     static void checkControl(const Control& control, QWidget& widget)
     {
@@ -94,7 +94,7 @@ protected:
         }
         checkValue(control, *told);
     }
-    /// Everything that can have the focus has a name, parts of controls included.
+    /// Checks that everything focusable has a name, including parts of controls.
     static void checkParts(QAccessibleInterface& element)
     {
         if (element.state().focusable && !element.state().invisible && element.role() != QAccessible::Client) {
@@ -113,7 +113,7 @@ protected:
             }
         checkParts(*QAccessible::queryAccessibleInterface(&shown));
     }
-    /// Checks the dialog that a press on the control shows, and closes it.
+    /// Presses the control, checks the dialog that it opens, and closes the dialog.
     void checkDialog(PressControl& opens)
     {
         bool shown = false;
@@ -151,7 +151,7 @@ TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleVal
     EXPECT_EQ(menu->child(0)->text(QAccessible::Name), window.text(1127).remove(u'&'));
 }
 
-/// The texts that the Alt key with a letter leads to: menus, labels of fields, buttons.
+/// Returns the texts with a mnemonic: menus, labels of fields, buttons.
 QStringList altTexts(FrameWindow& window)
 {
     QStringList texts;
@@ -179,7 +179,7 @@ TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
         for (const QString& text : texts) {
             const QKeySequence key = QKeySequence::mnemonic(text);
             EXPECT_FALSE(key.isEmpty()) << language << ": " << text.toStdString();
-            // The two options for a time share their text; in English it is given, as is the menu's.
+            // The two options for a time share their text. The English texts, the menu's too, are fixed.
             const bool isGiven = text == places.value(key) || text == "&Timebase" || text == "At &Time:";
             EXPECT_TRUE(isGiven || !places.contains(key))
                 << language << ": " << text.toStdString() << " and " << places[key].toStdString();

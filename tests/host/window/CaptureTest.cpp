@@ -39,7 +39,7 @@ const char* const bench = R"({"drivers": [
   {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2, "scanPeriod": {"value": 0.1, "range": [0.01, 10]}},
    "triggerLines": {"scanMasterRank": 5}, "groups": [{"name": "Slow", "channels": [{"address": "1:1"}]}]}]})";
 
-/// A session in the host's window that is captured and then replayed without one.
+/// A session that is captured in the host's window and then replayed without a window.
 class CaptureTest : public testing::Test {
 protected:
     QTemporaryDir folder;
@@ -76,7 +76,7 @@ protected:
             all += "\n" + control->name() + " " + controlState(*control).dump();
         return all;
     }
-    /// Stops the capture and compares what its replay from this set-up leads to.
+    /// Stops the capture, replays it from this set-up and compares the results.
     void expectSameReplay(const std::string& setup, const char* name = "session.scenario")
     {
         window.capture().stop();
@@ -94,7 +94,7 @@ protected:
     }
 };
 
-/// How many sessions and of how many actions; a longer run is asked for by the environment.
+/// Returns the number of sessions, or of actions of each: an environment variable, or the default.
 int wanted(const char* variable, int usual)
 {
     const char* value = std::getenv(variable);
@@ -105,7 +105,7 @@ class RandomSession : public CaptureTest, public testing::WithParamInterface<int
 protected:
     RandomUser user{window, static_cast<unsigned>(GetParam()) + 1};
 
-    /// Now and then the host does something, too.
+    /// Performs an action of the user, and sometimes one of the host.
     void act()
     {
         switch (user.upTo(40)) {
@@ -158,7 +158,7 @@ TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
     expectSameReplay(demo);
 }
 
-/// Lets no file grow beyond this size while it lives.
+/// Limits the size of files during its life.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN))
