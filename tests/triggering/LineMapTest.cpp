@@ -31,7 +31,7 @@ TEST(LineUseOf, ClassifiesADriverByItsOffersAndTheChosenLines)
         {listener, -1, 2, onEven, LineUse::listens},
         {listener, -1, 4, onEven, LineUse::taken},
         {listener, -1, 3, onOdd, LineUse::mustListen},
-        {listener, 1, 1, onEven, LineUse::drives}, // nobody unwires a driver that is no master
+        {listener, 1, 1, onEven, LineUse::drives}, // a wired driver that is not a master stays wired
         {listener, 4, 4, onEven, LineUse::drives},
         {silentMaster, -1, 2, onEven, LineUse::drives},
         {silent, -1, 2, onEven, LineUse::listens},

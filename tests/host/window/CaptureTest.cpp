@@ -185,16 +185,16 @@ TEST_F(CaptureTest, AFullDiskEndsTheCaptureWithAMessageAndThePageGoesOn)
     QAction& entry = window.capture().action();
     EXPECT_TRUE(entry.isChecked());
     const std::string before = captured();
-    QString told;
+    QString message;
     {
         const FullDisk full(before.size() + 3);
         RandomUser user(window, 1);
         user.have([&] { QTest::mouseClick(window.page().view().widget(page().optAfter), Qt::LeftButton); });
         user.have([&] { QTest::mouseClick(window.page().view().widget(page().txtDuration), Qt::LeftButton); });
-        told = user.told();
+        message = user.lastMessage();
     }
     EXPECT_EQ(page().activeControl(), &page().txtDuration);
-    EXPECT_EQ(told, window.text(3203));
+    EXPECT_EQ(message, window.text(3203));
     EXPECT_FALSE(entry.isChecked());
     EXPECT_EQ(captured().substr(0, before.size()), before);
 }

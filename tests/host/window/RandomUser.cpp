@@ -77,7 +77,7 @@ void RandomUser::useModal(QWidget& modal)
 {
     auto* dialog = qobject_cast<QDialog*>(&modal);
     if (const auto* box = qobject_cast<QMessageBox*>(&modal)) {
-        told_ = box->text();
+        lastMessage_ = box->text();
         return dialog->accept();
     }
     if (modal_ != &modal)

@@ -19,7 +19,7 @@ public:
     void have(const std::function<void()>& done);
 
     /// Returns the text of the message box answered last.
-    [[nodiscard]] const QString& told() const { return told_; }
+    [[nodiscard]] const QString& lastMessage() const { return lastMessage_; }
     /// A number from 0 to `count` - 1.
     int upTo(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
@@ -36,7 +36,7 @@ private:
 
     QWidget& window_;
     std::minstd_rand random_;
-    QString told_;
+    QString lastMessage_;
     QPointer<QWidget> modal_; ///< the dialog in use
     int patience_ = 0;        ///< remaining actions in it
     bool isActing_ = false;
