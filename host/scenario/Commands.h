@@ -37,7 +37,7 @@ enum class Giver { Host, User, Question, Machine };
 struct Command {
     std::string_view name;
     Giver giver;
-    std::size_t least, most; ///< number of arguments
+    std::size_t least, most; ///< minimum and maximum number of arguments
     void (*run)(Scenario&, const Arguments&);
 };
 

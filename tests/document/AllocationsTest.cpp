@@ -13,9 +13,9 @@ std::size_t allocations = 0;
 
 } // namespace
 
-// NOLINTBEGIN(cppcoreguidelines-no-malloc): what stands for new cannot use it
+// NOLINTBEGIN(cppcoreguidelines-no-malloc): a replacement of operator new cannot use it
 
-// An optimizing compiler that inlines only some of these takes them for a mismatch.
+// Not inlined: an optimizing compiler that inlines only some of these warns of mismatched new and delete.
 [[gnu::noinline]] void* operator new(std::size_t size)
 {
     ++allocations;
@@ -39,7 +39,7 @@ std::size_t allocations = 0;
 namespace ko::test {
 namespace {
 
-/// How often memory is asked for by the first key typed into each box of a page with so many drivers.
+/// Counts the allocations for the first key typed into each box of a page with this number of drivers.
 std::vector<std::size_t> allocationsByKey(int drivers)
 {
     FakePlatform host;

@@ -8,7 +8,7 @@
 namespace ko::test {
 namespace {
 
-/// How often each operation of all drivers together is called.
+/// Number of calls by operation, over all drivers.
 using Counts = std::map<std::string, int>;
 
 Counts operator+(Counts sum, const Counts& other)
@@ -18,7 +18,7 @@ Counts operator+(Counts sum, const Counts& other)
     return sum;
 }
 
-/// Each of these operations, so often.
+/// Returns `times` for each of these operations.
 Counts each(int times, const std::string& operations)
 {
     Counts counts;
@@ -28,11 +28,11 @@ Counts each(int times, const std::string& operations)
     return counts;
 }
 
-/// Dynamic drivers, then static ones, and the channels of each.
+/// Numbers of dynamic drivers, of static drivers, and of channels of each.
 using Size = std::tuple<int, int, int>;
 
-/// What each event costs in host calls. The first driver is start master and the first static one scan master; the
-/// counts are for `d` dynamic and `s` static drivers, `n` together, with `c` channels each.
+/// The host calls of each event. The first driver is start master and the first static one scan master. The counts are
+/// for `d` dynamic and `s` static drivers, `n` in total, with `c` channels each.
 class CallCounts : public DocumentTest, public testing::WithParamInterface<Size> {
 protected:
     const int d = std::get<0>(GetParam()), s = std::get<1>(GetParam()), c = std::get<2>(GetParam()), n = d + s;
@@ -65,7 +65,7 @@ protected:
         }
     }
 
-    /// Until there is one of each kind; the first driver is asked for both tests.
+    /// Drivers are queried until one of each kind is found; the first driver by both tests.
     Counts survey() const { return each(d + 2, "MeasurementMode SamplingMode"); }
     static Counts capture() { return each(1, "queryTimebase StartMode StartTime StopMode Duration"); }
     Counts estimate() const
@@ -75,16 +75,17 @@ protected:
                each(s * c, "ChannelAttribute") + each(2, "queryTimebase") +
                each(1, "SamplePeriod BlockSize ScanPeriod");
     }
-    /// A number is read, written, read back and estimated: of the current dynamic driver, or of all.
+    /// A number is read, written and read back, and the estimate made: for the current dynamic driver, or for all
+    /// drivers.
     Counts entered(const std::string& number) const
     {
         return estimate() + each(1, "queryTimebase set" + number) + each(2, number);
     }
     Counts pushScanPeriod() const { return each(n, "queryTimebase setScanPeriod") + each(2 * n, "ScanPeriod"); }
-    /// A setting of the schedule is read and read back at every driver. What was read back from the first is captured,
-    /// and is not asked for again.
+    /// A setting of the schedule is read and read back at every driver, except that the value read back from the first
+    /// driver is reused.
     Counts reread(const std::string& settings) const { return each(2 * n - 1, settings); }
-    /// A change of the schedule writes to each driver the one setting that differs there; the duration goes with all.
+    /// A change of the schedule writes to each driver only the setting that differs there, and the duration to all.
     Counts change(const std::string& set) const
     {
         return estimate() + capture() + reread("Duration") + each(n, "queryTimebase " + set);
@@ -102,13 +103,13 @@ protected:
                each(1, "setStartTriggerLine StartTriggerLine setScanTriggerLine ScanTriggerLine") +
                each(drivers - 1, "setStartTriggerInput setScanTriggerInput");
     }
-    /// Choosing a channel asks each but the old and the new one; the old one is switched off, the new one is switched
+    /// Choosing a channel reads each but the old and the new one; the old one is switched off, the new one is switched
     /// on and read back.
     Counts sourceSwitch() const
     {
         return each(1, "queryTriggerParameters GroupCount ChannelCount") + each(c - 1, "TriggerEnabled");
     }
-    /// A page that is built, once the masters are known; `ranges` is n where no driver has lists.
+    /// Building the page when the masters are known; `ranges` is n if no driver has lists.
     Counts build(int ranges) const
     {
         return estimate() + pushScanPeriod() + lines(n) + each(3 * n, "queryTriggerLines") +
@@ -121,7 +122,7 @@ protected:
                each(n, "setStartMode setStopMode setDuration StartMode StopMode Duration");
     }
     Counts unwired() const { return each(n, "StartTriggerLine ScanTriggerLine StartMasterRank ScanMasterRank"); }
-    /// Start master and scan master are found where they were wired.
+    /// Finding the start master and the scan master by their wired lines.
     Counts wired() const { return each(1, "StartTriggerLine StartMasterRank") + each(d + 1, "ScanTriggerLine"); }
 };
 

@@ -11,7 +11,7 @@ TEST_F(ScheduleTest, ADurationIsTypedInEveryUnitAndOutlivesAHiddenPage)
     page().cmbInterval.userChose(1);
     expectEverywhere("0 0 8:00:00 AM 6");
     EXPECT_EQ(page().lblDurationValue.caption(), "0.1 minutes");
-    fakes[0]->duration = 1; // what the page has accepted holds
+    fakes[0]->duration = 1; // the value accepted by the page is used, not this one
     document->UserDocument_Hide();
     document->UserDocument_Show();
     expectEverywhere("0 0 8:00:00 AM 6");
@@ -32,7 +32,7 @@ TEST_F(ScheduleTest, ADurationIsTypedInEveryUnitAndOutlivesAHiddenPage)
     }
     fakes[0]->bytes = fakes[1]->bytes = nullptr;
     page().txtDuration.userReplaced("1e37", 0, 0);
-    page().cmbInterval.userChose(3); // as days it is more than a single holds
+    page().cmbInterval.userChose(3); // in days it exceeds single precision
     EXPECT_EQ(host.takeMessages().size(), 1U);
     EXPECT_EQ(page().cmbInterval.index(), 0);
     EXPECT_EQ(page().txtDuration.text(), "1E+37");

@@ -6,7 +6,7 @@
 
 namespace ko::test {
 
-/// Two dynamic drivers whose bytes grow with the duration: the limit is passed above 1000 seconds. The clock stands
+/// Two dynamic drivers whose bytes grow with the duration and exceed the limit above 1000 seconds. The clock is fixed
 /// at 21 November 2026, 9:30.
 class ScheduleTest : public DocumentTest {
 protected:
@@ -31,7 +31,7 @@ protected:
         for (const auto& driver : fakes)
             driver->writes.clear();
     }
-    /// The same in a document of its own.
+    /// Opens the page in a new document.
     void openAnew(std::int32_t start = 0, std::int32_t stop = 0, const char* startTime = "8:00:00 AM",
                   float seconds = 10)
     {
@@ -39,7 +39,7 @@ protected:
         fakes.clear();
         openTwo(start, stop, startTime, seconds);
     }
-    /// Another document is built on the same drivers while they fail at these operations, which is reported.
+    /// Builds another document on the same drivers while they fail at these operations, and expects the reports.
     void openFailing(const std::set<std::string>& operations)
     {
         document = makeDocument(shared, host);
@@ -60,7 +60,7 @@ protected:
     }
     OptionButton& stop(std::int32_t mode) { return mode == 1 ? page().optStopTime : page().optAfter; }
 
-    /// "start stop start-time duration" of each driver.
+    /// Returns "start stop start-time duration" of each driver.
     Texts held() const
     {
         Texts all;
@@ -70,7 +70,7 @@ protected:
         return all;
     }
     std::string plan() { return page().lblPlan.caption(); }
-    /// Options, times and duration as the page shows them.
+    /// Returns options, times and duration as the page shows them.
     std::string shown()
     {
         std::string all;
@@ -80,7 +80,7 @@ protected:
                page().txtDuration.text() + " " + page().cmbInterval.text() + "|" + page().lblDurationValue.caption() +
                "|" + (page().lblStopTimeValue.visible() ? page().lblStopTimeValue.caption() : "");
     }
-    /// The same as the page shows it, and as it keeps it for the next list.
+    /// Expects these settings on the page and in the settings kept for the next list.
     void expectEverywhere(const std::string& settings)
     {
         EXPECT_EQ(held(), (Texts{settings, settings}));
@@ -90,7 +90,7 @@ protected:
         EXPECT_EQ(*page().triggerVars,
                   (TriggerVars{fakes[0]->startMode, fakes[0]->startTime, fakes[0]->stopMode, fakes[0]->duration}));
     }
-    /// What the user picks in the dialog when it opens next.
+    /// Sets what the user picks in the dialog when it opens next.
     void pick(const std::function<void(SetDateTime&)>& actions)
     {
         host.inModalForm = [actions](Form& form) { actions(dynamic_cast<SetDateTime&>(form)); };

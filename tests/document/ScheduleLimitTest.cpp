@@ -31,7 +31,7 @@ TEST_F(ScheduleTest, EveryFigureFollowsAnAcceptedChangeAndAnUndoneOneLeavesThemT
     start(1).userClicked();
     stop(1).userClicked();
     EXPECT_EQ(page().lblStopTimeValue.caption(), "9:30:10 AM");
-    dynamic.samplePeriod = 1e-9; // more samples than 32 bits count
+    dynamic.samplePeriod = 1e-9; // more samples than a 32-bit integer holds
     EXPECT_GT(page().lblNumDynamicBytesValue.share(), 0.0);
     dynamic.bytes = nullptr;
     stop(0).userClicked();
@@ -76,7 +76,7 @@ TEST_F(ScheduleTest, WhatPassesTheLimitIsRefusedWithOneMessageAndUndoneInAllDriv
 TEST_F(ScheduleTest, ARefusedOptionComesBackWithEverythingThatWentWithIt)
 {
     openTwo(1, 1);
-    page().txtDuration.setText("3000"); // what a stop after a duration would take; the box does not listen
+    page().txtDuration.setText("3000"); // what a stop after a duration would take; programmatic changes are ignored
     EXPECT_EQ(fakes[0]->duration, 10);
     for (OptionButton* option : {&start(0), &start(2), &stop(0)}) {
         option->userClicked();

@@ -5,10 +5,10 @@
 namespace ko::test {
 namespace {
 
-/// What the page makes of settings that the drivers do not take, or keep otherwise.
+/// The page's reaction to settings that the drivers refuse or change.
 class ScheduleReadBack : public ScheduleTest {
 protected:
-    /// Every way in which the user changes the schedule of a page that starts and stops at a time.
+    /// Every change that the user can make to the schedule of a page that starts and stops at a time.
     std::vector<std::pair<const char*, std::function<void()>>> changesAtTime()
     {
         return {{"start", [this] { start(0).userClicked(); }},

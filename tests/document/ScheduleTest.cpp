@@ -163,7 +163,7 @@ TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
     EXPECT_TRUE(shared.dialogs.setDateTime().optSpecifiedDay.enabled());
 }
 
-TEST_F(ScheduleTest, TheHostIsToldOnceOfEachChangeAndOfNothingElse)
+TEST_F(ScheduleTest, TheHostIsNotifiedOnceOfEachChangeAndOfNothingElse)
 {
     openTwo();
     const std::pair<const char*, std::function<void()>> changes[] = {

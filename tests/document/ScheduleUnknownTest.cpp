@@ -5,13 +5,13 @@
 namespace ko::test {
 namespace {
 
-/// What the page makes of start and stop settings that the drivers cannot tell.
+/// The page's reaction to start and stop settings that cannot be read.
 class ScheduleUnknown : public ScheduleTest {};
 
-TEST_F(ScheduleUnknown, WhatHangsOnASettingThatCannotBeReadIsNotWrittenWhenThePageIsBuilt)
+TEST_F(ScheduleUnknown, SettingsThatDependOnAnUnreadableOneAreNotWrittenWhenThePageIsBuilt)
 {
     const struct {
-        const char *operation, *second; // what the second driver, which differed, then holds
+        const char *operation, *second; // the failing operation, and the settings of the second driver afterwards
     } cases[] = {{"StartMode", "0 0 9:00:00 AM 50"},
                  {"StartTime", "1 1 9:00:00 AM 50"},
                  {"StopMode", "1 0 8:00:00 AM 50"},
@@ -35,7 +35,7 @@ TEST_F(ScheduleUnknown, WhatHangsOnASettingThatCannotBeReadIsNotWrittenWhenThePa
         }
 }
 
-TEST_F(ScheduleUnknown, AModeThatIsNoneCountsAsZeroAndIsWrittenSoUnlessThePageIsReadOnly)
+TEST_F(ScheduleUnknown, AnInvalidModeCountsAsZeroAndIsWrittenUnlessThePageIsReadOnly)
 {
     const struct {
         std::int32_t start, stop;
@@ -67,7 +67,7 @@ TEST_F(ScheduleUnknown, AStartTimeThatCannotBeReadOrShownIsNeitherInventedNorWri
             EXPECT_EQ(plan().substr(0, 26), "Start time unknown; record") << plan();
             const std::string before = shown();
             if (stops == 1) {
-                page().txtDuration.setText("3000"); // the box does not listen while the stop is at a time
+                page().txtDuration.setText("3000"); // ignored while the stop is at a time
                 stop(0).userClicked();
                 EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
                 page().txtDuration.setText("10");
@@ -134,7 +134,7 @@ TEST_F(ScheduleUnknown, ADurationThatCannotBeReadIsNotInventedAndIsShownWhenItIs
         const char* how;
         std::int32_t stops;
         std::function<void()> event;
-        const char* then; // the drivers' settings
+        const char* then; // the drivers' settings afterwards
     } cases[] = {{"mode", 0, [this] { start(0).userClicked(); }, "0 0 8:00:00 AM 77"},
                  {"start time", 0,
                   [this] {

@@ -9,10 +9,10 @@
 namespace ko::test {
 namespace {
 
-/// What is refused at first, and so gets an offer.
+/// The setting that is refused, so that the page offers what fits.
 enum class Refused { Duration, Rate };
 
-/// A page on drivers whose files grow as the sampling does: every value is kept as it is written.
+/// A page on drivers whose bytes grow with duration and rate, and which keep every value unchanged.
 class Bench : public DocumentTest {
 public:
     void TestBody() override {}
@@ -38,7 +38,7 @@ public:
     ComboBox& rates(bool dynamic) { return dynamic ? page().cmbSampleRate : page().cmbScanRate; }
     TextBox& rateBox(bool dynamic) { return dynamic ? page().txtSampleRate : page().txtScanRate; }
 
-    /// What all drivers hold, to see that a refusal changes nothing and an entry arrives.
+    /// Returns the values of all drivers, to check that a refusal changes nothing and an entry is written.
     [[nodiscard]] std::vector<double> held() const
     {
         std::vector<double> values;
@@ -59,7 +59,7 @@ public:
     }
 };
 
-/// The text of a number one step of its last digit higher, at least 1.
+/// Increments a number in its last digit, by at least 1.
 std::string oneStepMore(const std::string& text)
 {
     const std::size_t point = text.find('.');
@@ -83,7 +83,8 @@ Plan anyPlan()
     Plan plan;
     plan.dynamic = *rc::gen::arbitrary<bool>();
     plan.lists = *rc::gen::arbitrary<bool>();
-    // A scanning driver beyond the limit cannot tell its figure and is left out: with others the page takes that.
+    // A static driver beyond the limit fails to compute its figure and is left out; beside others the page accepts
+    // that.
     plan.drivers = plan.dynamic ? *rc::gen::inRange(1, 4) : 1;
     plan.channels = *rc::gen::container<std::vector<int>>(4, rc::gen::inRange(1, 65));
     plan.choices = {10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000, 50000, 1e5, 1e6, 1e9, 1e12};
@@ -112,7 +113,7 @@ void build(Bench& bench, const Plan& plan)
     RC_PRE(bench.page().lblNumSamplesValue.caption() != "N/A" || bench.page().lblNumScansValue.caption() != "N/A");
 }
 
-/// The user asks for far too much and is told what fits instead.
+/// Enters a value far beyond the limit, so that the page shows what fits instead.
 void provoke(Bench& bench, const Plan& plan, Refused what)
 {
     const std::vector<double> before = bench.held();

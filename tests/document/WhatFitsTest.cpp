@@ -33,7 +33,7 @@ protected:
     std::string lastHint() { return host.hints.empty() ? "" : host.hints.back(); }
 };
 
-TEST_F(WhatFitsTest, IsToldInTheHintLineWithTheMessageAsItIs)
+TEST_F(WhatFitsTest, IsShownInTheHintLineAndLeavesTheMessageUnchanged)
 {
     open();
     document->mode().setClientSite(host.site());
@@ -53,7 +53,7 @@ TEST_F(WhatFitsTest, IsToldInTheHintLineWithTheMessageAsItIs)
     EXPECT_EQ(page().lblWhatFits.caption(), "");
 }
 
-TEST_F(WhatFitsTest, WhereNothingIsRecordedYetTheChannelsTellWhatASampleTakes)
+TEST_F(WhatFitsTest, BeforeAnyRecordingTheSampleSizeFollowsFromTheChannels)
 {
     sampler.groups = {{"In", {{}, {}}}};
     sampler.bytes = [](const FakeDriver& it) { return 416 + 8.0 * it.duration / it.samplePeriod; };
@@ -115,21 +115,20 @@ TEST_F(WhatFitsTest, AStopAtATimeIsOfferedAsATime)
 
 TEST_F(WhatFitsTest, WhereNothingFitsThatIsSaidAndNothingIsOffered)
 {
-    // One block is too much.
+    // A single block exceeds the limit.
     sampler.blockSize = 1e6;
     sampler.bytes = [](const FakeDriver& it) {
         return 416 + 4096 * std::ceil(it.duration / it.samplePeriod / 1e6) * 1e6;
     };
     open();
     refuse(page().txtDuration, "5");
-    EXPECT_EQ(page().lblWhatFits.caption(),
-              "The 2 GB limit allows: no duration or no value of Sample Rate (Sa/s).");
+    EXPECT_EQ(page().lblWhatFits.caption(), "The 2 GB limit allows: no duration or no value of Sample Rate (Sa/s).");
     EXPECT_FALSE(page().cmdTakeDuration.visible() || page().cmdTakeRate.visible());
     document->mode().setReadOnly(true);
     EXPECT_FALSE(page().lblWhatFits.visible());
 }
 
-TEST_F(WhatFitsTest, ADriverThatKeepsSomethingElseIsRefusedAsEver)
+TEST_F(WhatFitsTest, ADriverThatKeepsAnotherValueIsRefusedAsUsual)
 {
     open();
     refuse(page().txtDuration, "1e9");

@@ -20,11 +20,11 @@ template <class View, class Result, class... Arguments> struct ResultOf<Result (
     using Type = Result;
 };
 
-/// One call as it was made, or a row of calls that differ only in the channel, the second argument.
+/// A recorded call, or a sequence of calls that differ only in the channel, the second argument.
 struct MadeCall {
     struct Arguments {
-        std::array<std::int32_t, 3> whole{}; ///< each at its place
-        double number = 0.0;                 ///< the one argument that is not whole
+        std::array<std::int32_t, 3> whole{}; ///< integer arguments by position
+        double number = 0.0;                 ///< the only argument that is not an integer
 
         bool operator==(const Arguments&) const = default;
     };
@@ -37,20 +37,20 @@ struct MadeCall {
     void repeat() const { again(*driver, arguments, count); }
 };
 
-/// Keeps the processor busy for so many rounds.
+/// Keeps the processor busy for this number of rounds.
 [[gnu::noinline]] inline void work(int rounds)
 {
     for (int round = 0; round < rounds; ++round)
         asm volatile("" ::: "memory");
 }
 
-/// What every call of every driver does beside answering.
+/// The cost of every call of every driver.
 struct CallCost {
     int work = 0;                          ///< rounds of work
-    std::vector<MadeCall>* made = nullptr; ///< where calls are noted
+    std::vector<MadeCall>* made = nullptr; ///< calls are recorded here; null: not recorded
 };
 
-/// A driver whose calls cost next to nothing but the call: what any host's own calls cost at the least.
+/// A driver whose calls do almost nothing, as the lower bound of the cost of any host's calls.
 class BareDriver : public Driver,
                    public Timebase,
                    public TriggerParameters,

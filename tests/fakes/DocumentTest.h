@@ -14,7 +14,7 @@ namespace ko::test {
 
 using Texts = std::vector<std::string>;
 
-/// A fresh component with one document. A test that ends with a message box or a report that it did not take fails.
+/// A new component with one document. The test fails if a message box or a report is left unclaimed at its end.
 class DocumentTest : public testing::Test {
 protected:
     FakePlatform host;
@@ -24,7 +24,7 @@ protected:
 
     Page& page() { return document->page(); }
 
-    /// A new driver at the end of the list that `handOver` hands over; `samplingMode` 2 makes it a static one.
+    /// Appends a driver to the list that `handOver` hands over. `samplingMode` 2: a static driver.
     FakeDriver& addDriver(std::int32_t samplingMode = 1)
     {
         fakes.push_back(std::make_shared<FakeDriver>());
@@ -42,7 +42,7 @@ protected:
         handOver();
         document->UserDocument_Show();
     }
-    /// The user puts the focus on the box and replaces its text by typing it, one change a character.
+    /// Focuses the box and replaces its text by typing, one change per character.
     void type(TextBox& box, const std::string& text)
     {
         ASSERT_TRUE(page().moveFocus(&box)) << box.name();

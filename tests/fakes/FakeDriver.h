@@ -16,8 +16,8 @@
 
 namespace ko::test {
 
-/// A driver whose every answer a test sets. Calls in `failing` ("SamplePeriod", "setSamplePeriod") fail with number
-/// 1000; every call that writes is noted in `writes`.
+/// A driver whose results a test sets. Calls in `failing` ("SamplePeriod", "setSamplePeriod") fail with number 1000;
+/// every call that writes is recorded in `writes`.
 class FakeDriver : public Driver,
                    public Timebase,
                    public TriggerParameters,
@@ -61,17 +61,17 @@ public:
     std::int32_t startRank = -1, startLine = -1, startInput = -1, scanRank = -1, scanLine = -1, scanInput = -1;
     LineList startMasterLines, scanListenerLines, scanMasterLines, startListenerLines;
     std::vector<Parameter> parameters;
-    /// What the driver makes of a requested sample period, block size, scan period.
+    /// Rounds a requested sample period, block size or scan period.
     std::function<double(double)> keeps = [](double value) { return value; };
     std::function<float(float)> keepsDuration = [](float seconds) { return seconds; };
-    bool refuses = false; ///< what is written stays as it was
-    /// What the driver does after a trigger parameter has been written.
+    bool refuses = false; ///< writes change nothing
+    /// Called after a trigger parameter has been written.
     std::function<void(FakeDriver&)> afterParameter;
 
     std::set<std::string> failing;
     std::vector<std::string> writes;
     std::map<std::string, int> calls;
-    FaultGate* gate = nullptr; ///< where set, every call passes it
+    FaultGate* gate = nullptr; ///< if set, every call passes it
 
     // Driver
     std::int32_t GroupCount() override { return answer("GroupCount", static_cast<std::int32_t>(groups.size())); }

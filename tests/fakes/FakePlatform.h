@@ -14,7 +14,7 @@
 
 namespace ko::test {
 
-/// A whole platform in memory that notes what is asked of it. Every call passes `gate`.
+/// All platform services in memory. Calls are recorded, and every call passes `gate`.
 class FakePlatform : public MessageBox,
                      public Clipboard,
                      public Printers,
@@ -40,11 +40,11 @@ public:
     Point cursor;
     std::optional<Rectangle> area = Rectangle{0, 0, 1280, 1024};
     DateTime time{46347.0};
-    /// What the user does in a modal form; nothing: it is cancelled at once.
+    /// The user's input to a modal form; unset: the form is cancelled at once.
     std::function<void(Form&)> inModalForm;
     std::function<void()> inMessage;
     std::function<void()> onChanged;
-    const Form* hiddenForm = nullptr; ///< the last that was told to go
+    const Form* hiddenForm = nullptr; ///< the form hidden last
     Platform platform{*this, *this, *this, *this, *this, *this, {}, [this] { return createReporter(); }};
 
     void show(const std::string& text, const std::string& title, int style) override
@@ -117,10 +117,10 @@ public:
             onChanged();
     }
 
-    /// The lists' contents so far, which they then forget.
+    /// Return and clear the lists.
     std::vector<std::string> takeMessages() { return std::exchange(messages, {}); }
     std::vector<std::string> takeReports() { return std::exchange(reports, {}); }
-    /// This object as a host's client site.
+    /// Returns this object as a host's client site.
     std::shared_ptr<ClientSite> site() { return unowned<ClientSite>(true); }
 
 private:

@@ -10,14 +10,14 @@
 
 namespace ko::test {
 
-/// The way of every call from the component to its host: it counts them, and fails those numbered `first` to `last`.
+/// Passes every call from the component to its host: counts the calls and fails those numbered `first` to `last`.
 struct FaultGate {
     long calls = 0; ///< numbered from 1
     long first = 0, last = -1;
     long failed = 0;
     std::string firstFailed;        ///< "number: name"
-    long nested = 0;                ///< the number of the call inside which
-    std::function<void()> act = {}; ///< the host does this
+    long nested = 0;                ///< number of the call that runs `act`
+    std::function<void()> act = {}; ///< what the host does inside that call
 
     void pass(const char* call)
     {
@@ -29,7 +29,7 @@ struct FaultGate {
         const std::string name = std::to_string(calls) + ": " + call;
         if (++failed == 1)
             firstFailed = name;
-        // Whatever a host may throw.
+        // Every kind of exception that a host may throw.
         switch (calls % 4) {
         case 0: throw std::bad_alloc();
         case 1: throw Failure(1000, "call " + name);

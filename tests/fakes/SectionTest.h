@@ -12,8 +12,8 @@ namespace ko::test {
 
 using Texts = std::vector<std::string>;
 
-/// A page without its document, for a test of one section. A test that ends with a message box or a report that it
-/// did not take fails.
+/// A page without a document, to test one section. The test fails if a message box or a report is left unclaimed at its
+/// end.
 class SectionTest : public testing::Test, public Actions {
 protected:
     FakePlatform host;

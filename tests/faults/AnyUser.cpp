@@ -12,7 +12,7 @@ std::string anyText(Draw& draw)
     return draw.of(texts);
 }
 
-/// Mostly one that takes input now.
+/// Returns a control, mostly one that accepts input at present.
 Control& anyControl(const Form& form, Draw& draw)
 {
     const auto& controls = form.controls();
@@ -108,7 +108,7 @@ bool AnyUser::use(Form& form, Draw& draw)
     return true;
 }
 
-/// Buttons that close dialogs are named alike.
+/// Recognizes the buttons that close a dialog by their names, which are alike in all dialogs.
 bool AnyUser::press(PressControl& control)
 {
     bench_.click(control);
@@ -154,7 +154,7 @@ bool AnyUser::useSelector(ChannelSelector& selector, Draw& draw)
     return true;
 }
 
-/// Every showing is answered in another way, or a form that opens again and again would never be left.
+/// Each showing gets different input, because a form that reopens after the same input would never be left.
 void AnyUser::answer(Form& form, std::uint32_t seed)
 {
     listen(form);

@@ -13,36 +13,36 @@ namespace ko::test {
 
 using Texts = std::vector<std::string>;
 
-/// A component with a document, the host around it and the host's instruments. What a host and a user do goes through
-/// `act`, which lets nothing escape.
+/// A component with a document, its host and the host's instruments. All actions of host and user go through `act`,
+/// which catches exceptions.
 class Bench {
 public:
     FakePlatform host;
-    std::vector<std::shared_ptr<FakeDriver>> fakes; ///< what is handed over
-    Texts escaped;                                  ///< actions that ended in an exception
+    std::vector<std::shared_ptr<FakeDriver>> fakes; ///< the drivers to hand over
+    Texts escaped;                                  ///< actions that threw an exception
 
     Bench() { restart(); }
 
-    /// False while a document is made or ended.
+    /// Returns false while the document is being created or destroyed.
     [[nodiscard]] bool hasDocument() const { return document_ != nullptr; }
     [[nodiscard]] Document& document() const { return *document_; }
     [[nodiscard]] Page& page() const { return document_->page(); }
-    /// The page and the dialogs.
+    /// Returns the page and the dialogs.
     [[nodiscard]] std::vector<const Form*> forms();
 
     void act(const std::string& name, const std::function<void()>& action);
 
-    // The host.
+    // Actions of the host.
     void restart();
     FakeDriver& addDriver(std::int32_t samplingMode);
     void handOver();
     void show();
     void command(std::int32_t id);
 
-    // The user, on the page.
+    // Actions of the user on the page.
     void focus(Control& control);
     void leave();
-    void type(TextBox& box, const std::string& text); ///< one change a character, the old text replaced
+    void type(TextBox& box, const std::string& text); ///< replaces the text, one change per character
     void replace(TextBox& box, const std::string& text);
     void choose(ComboBox& box, std::int32_t index);
     void click(PressControl& control);
@@ -53,7 +53,7 @@ private:
     std::unique_ptr<Document> document_;
 };
 
-/// Everything that a user could see of the forms and a host could read from the drivers, a line each.
+/// Returns everything that a user can see of the forms and a host can read from the drivers, one item per line.
 Texts stateOf(Bench& bench);
 
 } // namespace ko::test

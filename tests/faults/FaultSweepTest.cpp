@@ -17,7 +17,7 @@ constexpr double fileSizeLimit = 2147483647.0;
 
 constexpr long forGood = std::numeric_limits<long>::max();
 
-/// Plays a script with calls of the host failing, and then again with none.
+/// Plays a script while calls of the host fail, and then again without failures.
 class Sweep {
 public:
     explicit Sweep(Script script) : script_(script)
@@ -52,7 +52,7 @@ public:
         EXPECT_EQ(differing(stateOf(bench), healthy_), Texts());
     }
 
-    std::map<std::string, int> sources; ///< under which names failures were reported
+    std::map<std::string, int> sources; ///< number of reports by source
 
 private:
     static Texts differing(const Texts& found, const Texts& expected)

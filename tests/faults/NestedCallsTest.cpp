@@ -11,7 +11,7 @@ namespace ko::test {
 
 namespace {
 
-/// What a host does in the middle of an event.
+/// An action of the host in the middle of an event.
 struct Deed {
     const char* name;
     void (*play)(Bench&);
@@ -19,7 +19,7 @@ struct Deed {
     friend std::ostream& operator<<(std::ostream& out, const Deed& deed) { return out << deed.name; }
 };
 
-/// Hands over this many drivers, the first of them those that the bench has, unless they are to be `others`.
+/// Hands over `count` drivers, beginning with those of the bench unless `others` is set.
 void handOver(Bench& bench, std::size_t count, bool others = false)
 {
     DriverList list;
@@ -59,7 +59,7 @@ class NestedCalls : public testing::TestWithParam<Deed> {};
 TEST_P(NestedCalls, LeaveNothingAndBreakNothingInsideAnyCall)
 {
     long played = 0;
-    // The seed of the sample moves with the deed, so that together they reach every call of a script.
+    // The first call of the sample depends on the deed, so that together they reach every call of a script.
     const long stride = std::getenv("KO_LONG_RUN") ? 1 : 11;
     long first = GetParam().name[0] % stride + 1;
     for (const Script& script : scripts) {
@@ -113,7 +113,7 @@ TEST_P(NestedCalls, PutBackAValueThatTheLimitRefusesWhenTheyHappenInItsMessage)
         bench.host.inMessage = [&] { ++messages == 1 ? GetParam().play(bench) : void(); };
         entry.enter(bench);
         EXPECT_EQ(messages, 1);
-        // A list that takes the place of the first keeps the host from the drivers that it lacks.
+        // The limit does not restore drivers that a new list lacks.
         const DriverList& list = bench.page().drivers;
         const bool isReplaced = !list.empty() || std::string_view(GetParam().name) == "Empty";
         for (const auto& driver : bench.fakes) {

@@ -15,7 +15,7 @@ constexpr double fileSizeLimit = 2147483647.0;
 
 long stepsTaken = 0;
 
-/// Boxes that come on top of the one that an action may show.
+/// Message boxes allowed in addition to the one that an action may show.
 bool isExtra(const std::string& message)
 {
     return message.find("Unrecognized Parameter Type: ") != std::string::npos ||
@@ -23,8 +23,8 @@ bool isExtra(const std::string& message)
            message.find("you must select a trigger device") != std::string::npos;
 }
 
-/// Failures of no driver: erasing a time leaves no date, a number of samples or scans may not fit into 32 bits, a stop
-/// time may lie beyond the calendar.
+/// Reports that are not due to a driver: an erased time is no date, a number of samples or scans may exceed 32 bits, a
+/// stop time may be beyond the calendar.
 bool isOwn(const std::string& report)
 {
     constexpr const char* own[] = {
@@ -38,7 +38,7 @@ bool isOwn(const std::string& report)
                        [&](const char* text) { return report == std::string("KoTimebaseEditor:") + text; });
 }
 
-/// One run: instruments and steps, each of which follows from its seed. Empty when all held, else what did not.
+/// One run: instruments and steps, each determined by its seed. The result is empty, or the first rule that was broken.
 class Run {
 public:
     Run(std::uint32_t instruments, bool mayFail) : mayFail_(mayFail)
@@ -74,7 +74,7 @@ private:
         if (marked && refused() && bench_.page().activeControl() != box)
             fail(box->name() + " with the refused text '" + text + "' loses the focus");
     }
-    /// Whether all that was done is the user's doing.
+    /// Returns whether all steps were actions of the user.
     [[nodiscard]] bool isUsers() const
     {
         const auto isSetup = [](const std::string& line) { return line.rfind("setup", 0) == 0; };

@@ -77,7 +77,7 @@ private:
     void pair(const ComboBox& rates, const ComboBox& periods, const TextBox& rate, const TextBox& period)
     {
         require(rates.items().size() == periods.items().size(), rates.name() + " and its partner are as long");
-        // Without drivers that it is for, a frame is hidden and keeps what it showed.
+        // A frame without drivers is hidden and keeps its contents.
         require(rates.index() == periods.index() || !rates.container()->isShown(),
                 rates.name() + " and its partner stand at the same entry");
         require(!rates.container()->visible() ||
@@ -86,9 +86,9 @@ private:
                 rates.name() + " or " + rate.name() + " is shown with its partner");
     }
 
-    /// Durations and whole numbers stay as they are typed until their box is left, whatever the driver keeps of them.
+    /// Durations and whole numbers keep the typed text until their box is left, even if the driver keeps another value.
     static bool isBeingTyped(const TextBox& box) { return box.hasFocus() && isNumeric(box.text(), {}); }
-    /// A text that is being typed may be on its way to a number.
+    /// A text that is being typed may be an incomplete number.
     void number(const TextBox& box, double held)
     {
         if (box.isShown() && !box.marked() && !(box.hasFocus() && numberOf(box.text()) == text(held)))
@@ -116,7 +116,7 @@ private:
         same("span", page_.lblSpanValue.caption(), text(1.0 / driver.samplePeriod / 2.56) + " Hz");
     }
 
-    /// Every driver that keeps what is written has the one scan period; the last driver's is shown.
+    /// All drivers that keep written values have the same scan period; the page shows the last driver's.
     void scanning()
     {
         const FakeDriver* last = nullptr;
@@ -137,7 +137,7 @@ private:
         scanBox(page_.txtScanPeriod, last->scanPeriod, timebase(page_.staticDriverIndex)->scanPeriod);
         scanBox(page_.txtScanRate, 1.0 / last->scanPeriod, 1.0 / timebase(page_.staticDriverIndex)->scanPeriod);
     }
-    /// A refused text gives way to what the static driver holds.
+    /// A refused text is replaced by the value of the static driver.
     void scanBox(const TextBox& box, double held, double afterRefusal)
     {
         if (box.text() != text(afterRefusal))
@@ -165,7 +165,7 @@ private:
         if (page_.optStopTime.value())
             stopTime(*first);
     }
-    /// The figures follow at once.
+    /// The figures must match the duration at any time.
     void duration(double seconds)
     {
         const TextBox& box = page_.txtDuration;
@@ -232,7 +232,7 @@ double totalBytes(const Bench& bench)
                 channels += channel.enabled != Value(0) && channel.enabled != Value(false) ? 1.0 : 0.0;
         const double scans = driver->scans ? driver->scans(*driver) : driver->numberOfScans;
         const double bytes = (4.0 * scans + 230.0) * channels + 416.0;
-        // A figure that does not fit 32 bits is left out.
+        // A figure beyond 32 bits is left out.
         if (4.0 * scans + 230.0 <= std::numeric_limits<std::int32_t>::max() &&
             bytes <= std::numeric_limits<std::int32_t>::max())
             staticBytes += bytes;

@@ -4,13 +4,13 @@
 
 namespace ko::test {
 
-/// What does not hold of the page although it always must, whatever fails; a sentence each.
+/// Returns the violated rules of those that must hold whatever fails, one sentence each.
 Texts brokenAlways(const Page& page);
 
-/// What the page shows otherwise than the drivers hold it; for benches where nothing fails.
+/// Returns where the page differs from the drivers; for benches without failures.
 Texts shownWrongly(const Bench& bench);
 
-/// Bytes of the recording as the page has to count them, the larger of its two totals.
+/// Returns the larger of the two totals in bytes that the page has to show.
 double totalBytes(const Bench& bench);
 
 } // namespace ko::test

@@ -4,7 +4,7 @@ namespace ko::test {
 
 namespace {
 
-/// A dynamic driver with everything a driver can have, another one, and one that scans.
+/// Adds a dynamic driver with all views, another dynamic one, and a static one.
 void addInstruments(Bench& bench, bool withLists)
 {
     bench.fakes.clear();
@@ -97,7 +97,7 @@ void scanning(Bench& bench)
     bench.leave();
 }
 
-/// The channels are a tree: the device, a group, its channels.
+/// Lines count the rows of the channel tree: the device, a group, its channels.
 void chooseChannel(Bench& bench, std::size_t line)
 {
     int asked = 0;
@@ -127,7 +127,7 @@ void trigger(Bench& bench)
     chooseChannel(bench, 5);
 }
 
-/// What the user picks in the next dialog for a date and time.
+/// Sets what the user picks in the next dialog for a date and time.
 void willPick(Bench& bench, int day, int hour, int second)
 {
     bench.host.inModalForm = [day, hour, second](Form& form) {

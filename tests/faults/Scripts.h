@@ -6,7 +6,7 @@
 
 namespace ko::test {
 
-/// What a host and its user do, always the same.
+/// A fixed sequence of actions of a host and its user.
 struct Script {
     const char* name;
     void (*play)(Bench&);

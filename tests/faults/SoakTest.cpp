@@ -19,7 +19,7 @@ void release(void* memory)
 
 } // namespace
 
-// What the allocator itself says counts what it keeps for the next who asks.
+// Counted here, because the allocator's own figures include freed memory that it keeps.
 [[gnu::noinline]] void* operator new(std::size_t size)
 {
     void* const memory = std::malloc(size > 0 ? size : 1); // NOLINT(cppcoreguidelines-no-malloc)
@@ -55,7 +55,7 @@ void forgetNotes(Bench& bench, AnyUser& user)
     }
 }
 
-/// An hour of a user who does something every second, each hour something else; the same instruments at its end.
+/// Simulates an hour with an action per second, different each hour, and the same instruments at its end.
 void useForAnHour(Bench& bench, AnyUser& user, std::uint32_t hour)
 {
     for (std::uint32_t second = 0; second < 3600; ++second) {
@@ -86,7 +86,7 @@ TEST(Soak, ADayOfUseTakesNoMoreMemoryThanItsFirstHours)
     for (const std::size_t bytes : hours)
         std::cout << " " << bytes;
     std::cout << "\n";
-    // Lists keep the room that they once had: only the hours that keep least tell what is lost.
+    // Containers keep their capacity, so only the hours with the least memory show a leak.
     const auto middle = hours.begin() + 12;
     constexpr std::size_t room = 8192;
     EXPECT_LE(*std::min_element(middle, hours.end()), *std::min_element(hours.begin(), middle) + room);

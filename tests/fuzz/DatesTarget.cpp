@@ -29,7 +29,7 @@ std::string_view takeLine(std::string_view& text)
     return line;
 }
 
-/// The date that the text reads as; none where it is refused as it has to be.
+/// Parses a date; returns none if the text is refused with the expected failure.
 std::optional<DateTime> read(std::string_view text, const Locale& locale)
 {
     try {
@@ -71,7 +71,7 @@ void run(std::string_view input)
             checkShownAgain(*time, locale);
             checkParts(*time, text);
         }
-    // Pictures of the machine's own need not tell one date from another.
+    // The input's own formats may be ambiguous.
     std::string_view words[5];
     for (std::string_view& word : words)
         word = takeLine(input);

@@ -14,7 +14,7 @@ namespace ko::fuzz {
 
 namespace {
 
-/// A machine with a decimal separator of its own, and its message boxes.
+/// A platform with its own decimal separator and message boxes.
 class Machine {
 public:
     explicit Machine(const char* separator) : support(with(separator), {}) {}
@@ -30,7 +30,7 @@ private:
     }
 };
 
-/// The number that the text reads as; none where it is refused as it has to be.
+/// Parses a number; returns none if the text is refused with the expected failure.
 std::optional<double> read(std::string_view text, const Locale& locale)
 {
     try {
@@ -52,7 +52,7 @@ void checkShownAgain(double value, const Locale& locale)
     const std::string shown = numberText(value, locale);
     const auto again = read(shown, locale);
     require(again.has_value(), "a number that is shown can be read", shown);
-    // Half a step of the 15th digit, and the rounding of what is read to a double.
+    // Half a unit of the 15th digit, plus rounding to double.
     constexpr double tolerance = 5e-15 + std::numeric_limits<double>::epsilon();
     const bool isNear = std::abs(value) < 1e-300 || std::abs(*again - value) <= std::abs(value) * tolerance;
     require(isNear, "15 digits are kept", shown);
@@ -71,7 +71,7 @@ void checkNarrowed(double value, std::string_view text)
     }
 }
 
-/// Against the C library, which reads the same texts and some more.
+/// Compares with the C library, which accepts the same texts and some more.
 void checkAgainstStrtod(const std::string& text)
 {
     if (!isNumeric(text, Locale{}))

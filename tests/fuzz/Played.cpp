@@ -13,8 +13,7 @@ namespace ko::fuzz {
 
 namespace {
 
-/// A report of the host that is no failure of a driver or the page: something escaped from a handler that should not
-/// even have been thrown.
+/// Returns whether the event is a report with the host as its source: an exception that left a handler.
 bool isEscape(const Json& event)
 {
     return event["event"] == "report" && event["source"] == "korvell-host" && event["number"] == failure::unspecified &&
@@ -32,7 +31,7 @@ void checkEvents(const std::string& output, const std::string& script)
     }
 }
 
-/// A page that was never shown is as it was designed.
+/// A page that was never shown still has its designed state and is not checked.
 void checkPage(const Page& page)
 {
     if (!page.isShown)
@@ -56,7 +55,7 @@ void checkSaved(const Setup& setup)
     try {
         text = setupText(setup);
     } catch (const nlohmann::json::exception&) {
-        return; // a text that is not UTF-8, which a script may bring in
+        return; // a text that is not UTF-8, which a script may contain
     }
     require(parseSetup(text, "saved") == setup, "what is saved is read again", text);
 }

@@ -6,14 +6,14 @@
 
 namespace ko::fuzz {
 
-/// Plays a script on the page. Fails with a `Violation` unless it is either refused with the number of its line, or
-/// played to the end with a page in good order and drivers that can be saved.
+/// Plays a script on the page. Throws a `Violation` unless the script is refused with a line number, or runs to the end
+/// and leaves a consistent page and drivers that can be saved.
 void play(const std::string& script, const ScenarioOptions& options);
 
-/// The set-up is read again as it was written.
+/// Throws a `Violation` unless the saved set-up reads back as the same.
 void checkSaved(const Setup& setup);
 
-/// The set-up of the demo.
+/// Returns the demo set-up.
 const Setup& demoSetup();
 
 } // namespace ko::fuzz

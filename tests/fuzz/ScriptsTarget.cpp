@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view divider = "\n----\n";
 
-/// The set-up behind the divider, else the demo's; none where it is refused.
+/// Returns the set-up after the divider, or else the demo's; none if it is refused.
 std::optional<Setup> setupIn(std::string_view input)
 {
     const std::size_t at = input.find(divider);
@@ -25,7 +25,7 @@ std::optional<Setup> setupIn(std::string_view input)
 void run(std::string_view input)
 {
     auto setup = setupIn(input);
-    // A file without an end, which `setup FILE` would read, is the reader's fault.
+    // `setup FILE` would read an endless device.
     if (!setup || input.find("/dev") != std::string_view::npos)
         return;
     setup->clock = setup->clock.value_or(DateTime{46347.0});

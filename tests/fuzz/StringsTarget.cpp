@@ -8,7 +8,7 @@ namespace ko::fuzz {
 
 namespace {
 
-// The page's texts and those of the first dialogs. Each number without a text costs a failure, and time.
+// The texts of the page and of the first dialogs only, because each number without a text costs time for its failure.
 constexpr int firstNumber = 1100;
 constexpr int lastNumber = 1310;
 

@@ -7,31 +7,31 @@
 
 namespace ko::fuzz {
 
-/// Something did not hold that must hold for every input.
+/// A property that must hold for every input was violated.
 class Violation : public std::logic_error {
 public:
     using std::logic_error::logic_error;
 };
 
-/// Fails with a `Violation` that says what did not hold and shows the text in which it did not.
+/// Throws a `Violation` with `what` and `text` unless `holds`.
 void require(bool holds, const std::string& what, std::string_view text);
 
-/// What reads input from outside the program. Every target takes any bytes at all; one that the reader mishandles is
-/// a `Violation`, any other exception or a crash.
+/// A reader of external input. A target accepts any bytes; a fault of the reader shows as a `Violation`, another
+/// exception or a crash.
 struct Target {
-    const char* name; ///< of its folder of inputs, too
+    const char* name; ///< also of its folder of inputs
     void (*run)(std::string_view input);
 };
 
-/// A line of text: read as a number in several locales and as a number of each type that a box takes.
+/// A line of text, read as a number in several locales and as each type of number that a box accepts.
 extern const Target numbers;
-/// A line of text: read as a date in several locales, and in one that is made of the input's further lines.
+/// A line of text, read as a date in several locales, including one that the input's other lines define.
 extern const Target dates;
-/// A string file, and the page and its dialogs in that language.
+/// A string file, with which the page and its dialogs are built.
 extern const Target strings;
 /// A set-up file, saved, read again and shown on the page.
 extern const Target setups;
-/// A script; behind a line `----` perhaps the set-up file that it is played on.
+/// A script, optionally followed by a line `----` and the set-up file that it runs on.
 extern const Target scripts;
 
 std::span<const Target* const> allTargets();

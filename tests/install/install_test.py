@@ -1,5 +1,5 @@
-"""install_test.py CMAKE BUILD SOURCE CONFIG COMPILER sanitize=SANITIZERS: the installed tree, used by another project and
-by a user. The tree is moved after its installation, so that nothing can lean on where it was."""
+"""install_test.py CMAKE BUILD SOURCE CONFIG COMPILER sanitize=SANITIZERS: uses the installed tree as another project and
+as a user. The tree is moved after the installation, so that nothing can depend on its first place."""
 import os
 import re
 import shutil
@@ -27,7 +27,7 @@ def run(*command, status=0, warnings_allowed=True, **environment):
 
 
 def build_project(folder, name):
-    """The output of the only program of a project that is built against the installed tree."""
+    """Builds a project against the installed tree and returns the output of its only program."""
     run(CMAKE, "-S", folder, "-B", WORK / name, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={TREE}",
         f"-DCMAKE_BUILD_TYPE={CONFIG}", f"-DCMAKE_CXX_COMPILER={COMPILER}",
         "-DCMAKE_CXX_FLAGS=" + (f"-fsanitize={SANITIZERS}" if SANITIZERS else ""))
@@ -83,7 +83,7 @@ class InstalledProgram(unittest.TestCase):
     def test_it_uses_no_file_of_the_source_tree_or_the_build(self):
         library = re.search(r"libKoTimebaseEditor\S* => (\S+)", run("ldd", PROGRAM))[1]
         self.assertTrue(Path(library).resolve().is_relative_to(TREE), library)
-        # Data that is not in the tree is found nowhere, whether the source tree is there or not.
+        # Data missing from the installed tree must not be found in the source tree.
         (DATA / "strings").rename(DATA / "hidden")
         try:
             run(PROGRAM, SETUP, "--list", "--language", "de", status=2)

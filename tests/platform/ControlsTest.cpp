@@ -20,7 +20,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// A form with one control of each kind that takes the user's input.
+/// A form with one control of each kind that accepts the user's input.
 class Controls : public testing::Test, protected Form {
 protected:
     Controls() : Form("Any")
@@ -48,7 +48,7 @@ protected:
     Label label{*this, "label", &frame};
     Menu menu{*this, "menu"};
 
-    /// Every door by which the user's input enters a usable control; the one of an open cell aside.
+    /// Every function for the user's input to a control, except those of an open cell.
     const std::pair<const char*, std::function<Outcome()>> doors[7] = {
         {"choose", [this] { return list.userChose(1); }},
         {"double-click", [this] { return box.userDoubleClicked(); }},
@@ -59,7 +59,7 @@ protected:
         {"pick", [this] { return selector.userPicked({}); }}};
 };
 
-TEST_F(Controls, WhatIsNotThereIsAFailureAndChangesNothing)
+TEST_F(Controls, AMissingItemIsAFailureAndChangesNothing)
 {
     const std::function<void()> invalid[] = {[&] { list.select(2); },           [&] { list.select(-2); },
                                              [&] { list.replaceItem(2, {}); },  [&] { return list.itemData(); },
@@ -76,7 +76,7 @@ TEST_F(Controls, WhatIsNotThereIsAFailureAndChangesNothing)
     EXPECT_EQ(list.index() + tabs.tab(), -1);
 }
 
-TEST_F(Controls, ADateOrTimeThatIsNoneIsRefusedPartByPart)
+TEST_F(Controls, AnInvalidDateOrTimeIsRefusedPartByPart)
 {
     const int dates[][3] = {{99, 1, 1},   {10000, 1, 1}, {2026, 0, 1}, {2026, 13, 1},
                             {2026, 1, 0}, {2026, 1, 32}, {2026, 2, 29}};
@@ -155,25 +155,25 @@ TEST_F(Controls, WhatIsPutInEndsAtItsFirstLineBreakAndOneThatBeginsWithItChanges
     }
 }
 
-TEST_F(Controls, InputIsToldInTheWordsOfAScenarioAndMovesTheFocusFirst)
+TEST_F(Controls, InputMovesTheFocusFirstAndIsReportedAsAScenarioCommand)
 {
-    std::vector<Words> told;
-    userActs = [&](const Words& words) { told.push_back(words); };
+    std::vector<Words> reported;
+    userActs = [&](const Words& words) { reported.push_back(words); };
     for (const auto& [name, door] : doors) {
         dropFocus();
-        told.clear();
+        reported.clear();
         EXPECT_EQ(door(), Outcome::Done) << name;
-        ASSERT_FALSE(told.empty()) << name;
-        EXPECT_EQ(told.front().front(), "focus") << name;
+        ASSERT_FALSE(reported.empty()) << name;
+        EXPECT_EQ(reported.front().front(), "focus") << name;
     }
-    EXPECT_EQ(told.back(), (Words{"pick", "none"}));
+    EXPECT_EQ(reported.back(), (Words{"pick", "none"}));
     for (const Outcome outcome : {grid.userOpenedCell(1), grid.userOpenedCell(1), grid.userSelectedInCell(1, 2)})
         EXPECT_EQ(outcome, Outcome::Done);
-    EXPECT_EQ(told.back(), (Words{"select", "grid", "1", "2"}));
+    EXPECT_EQ(reported.back(), (Words{"select", "grid", "1", "2"}));
     EXPECT_EQ(grid.selText(), "ex");
-    told.clear();
+    reported.clear();
     EXPECT_EQ(grid.userSelectedInCell(1, 2), Outcome::Done);
-    EXPECT_EQ(told, std::vector<Words>()) << "views tell again what they have been told";
+    EXPECT_EQ(reported, std::vector<Words>()) << "views repeat input that was already reported";
     grid.setRowCount(2);
     EXPECT_EQ(grid.editedRow(), 0) << "its rows may be others now";
     EXPECT_EQ(grid.userOpenedCell(1), Outcome::Done);
@@ -183,18 +183,18 @@ TEST_F(Controls, InputIsToldInTheWordsOfAScenarioAndMovesTheFocusFirst)
     EXPECT_EQ(grid.editedRow(), 0) << "nor can a cell be edited that was taken away";
     EXPECT_EQ(grid.textEditing(), nullptr);
     EXPECT_TRUE(moveFocus(&box));
-    told.clear();
+    reported.clear();
     for (const Outcome outcome : {box.userReplaced("a", 1, 0), box.userReplaced("ab", 2, 0),
                                   box.userReplaced("xyz", 3, 0), box.userReplaced("xyz", 0, 3)})
         EXPECT_EQ(outcome, Outcome::Done);
-    EXPECT_EQ(told, (std::vector<Words>{
-                        {"type", "a"}, {"type", "b"}, {"text", "box", "xyz"}, {"text", "box", "xyz", "0", "3"}}));
-    told.clear();
+    EXPECT_EQ(reported, (std::vector<Words>{
+                            {"type", "a"}, {"type", "b"}, {"text", "box", "xyz"}, {"text", "box", "xyz", "0", "3"}}));
+    reported.clear();
     for (const std::int16_t code : {key::f1, std::int16_t{key::f1 - 1}, std::int16_t{key::f12 + 1}}) {
         KeyPress press{code, 3};
         userPressedKey(press);
     }
-    EXPECT_EQ(told, (std::vector<Words>{{"key", "Shift+Ctrl+F1"}}));
+    EXPECT_EQ(reported, (std::vector<Words>{{"key", "Shift+Ctrl+F1"}}));
 }
 
 TEST_F(Controls, AnOpenCellIsEndedAsItsStyleSaysAndALockedBoxIsReadOnly)
@@ -206,12 +206,12 @@ TEST_F(Controls, AnOpenCellIsEndedAsItsStyleSaysAndALockedBoxIsReadOnly)
     for (const std::int32_t row : {0, 3})
         EXPECT_EQ(grid.userOpenedCell(row), Outcome::Inert);
     EXPECT_EQ(grid.userOpenedCell(1), Outcome::Done);
-    std::vector<Aspect> told;
-    grid.view = [&](Aspect aspect) { told.push_back(aspect); };
+    std::vector<Aspect> reported;
+    grid.view = [&](Aspect aspect) { reported.push_back(aspect); };
     for (const Outcome outcome :
          {grid.userTypedInCell("text", 4, 0), grid.userTypedInCell("texts", 5, 0), grid.userTypedInCell("texts", 0, 5)})
         EXPECT_EQ(outcome, Outcome::Done);
-    EXPECT_EQ(told, (std::vector{Aspect::Selection, Aspect::Text, Aspect::Selection}));
+    EXPECT_EQ(reported, (std::vector{Aspect::Selection, Aspect::Text, Aspect::Selection}));
     grid.OnValidateCell = [&](CellEvent& event) {
         EXPECT_EQ(grid.userEndedEdit(), Outcome::Refused) << "it is being ended already";
         event.Value = false;
@@ -233,7 +233,7 @@ TEST_F(Controls, AnOpenCellIsEndedAsItsStyleSaysAndALockedBoxIsReadOnly)
         EXPECT_EQ(outcome, Outcome::Inert);
 }
 
-TEST_F(Controls, WhatStaysAsItIsTellsNoView)
+TEST_F(Controls, AnUnchangedPropertyDoesNotNotifyTheView)
 {
     int drawn = 0;
     const auto count = [&](Aspect) { ++drawn; };

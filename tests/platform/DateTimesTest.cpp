@@ -44,7 +44,7 @@ const Locale finnish = localeOf("d.M.yyyy", "H.mm.ss", ".", "ap.", "ip.");
 const Locale korean = localeOf("yy. M. d.", "tt h:mm:ss", ":", "A", "P");
 const Locale quoted = localeOf("dd/MM/yy 'd''s'", "HH 'h' mm 'min' ss 's'");
 
-/// Any second of the years 100 to 9999.
+/// Generates any second of the years 100 to 9999.
 rc::Gen<DateTime> validTimes()
 {
     return rc::gen::map(rc::gen::pair(rc::gen::inRange(-657434, 2958466), rc::gen::inRange(0, 86400)), [](auto at) {

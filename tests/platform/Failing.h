@@ -4,7 +4,7 @@
 
 namespace ko::test {
 
-/// The number of the failure that a call ends with, 0 when it succeeds.
+/// Returns the number of the failure that the call throws, or 0 if it succeeds.
 template <class Call> std::int32_t failureOf(Call call)
 {
     try {

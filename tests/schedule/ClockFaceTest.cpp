@@ -12,7 +12,7 @@ struct Tips {
     Drawing::Position secondHand, minuteHand, hourHand;
 };
 
-// A picture of 240.4 by 199.6: centre (120, 100), radius 100, long hand 87, short hand 58.
+// For a picture of 240.4 by 199.6: centre (120, 100), radius 100, long hand 87, short hand 58.
 const Tips clocks[] = {
     {3, 0, 0, {120, 13}, {120, 13}, {178, 100}},
     {0, 0, 30, {120, 187}, {124.553, 13.119}, {120, 42}},

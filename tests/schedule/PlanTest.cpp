@@ -19,9 +19,9 @@ std::string stringFile(const std::string& language)
     return content.str();
 }
 
-const std::string narrowBlank = "\xE2\x80\xAF"; // as French has it between thousands
+const std::string narrowBlank = "\xE2\x80\xAF"; // the French thousands separator
 
-/// A page as the estimate leaves it: 90 seconds of both kinds of measurement.
+/// A page after the estimate of 90 seconds of both kinds of measurement.
 class PlanTest : public SectionTest {
 protected:
     PlanTest()
@@ -128,7 +128,7 @@ TEST_F(PlanTest, FiguresThatAreNotKnownAreLeftOut)
     EXPECT_EQ(plan(), "Starts immediately, records 90 s, ends about 1 min 30 s later.");
 }
 
-TEST_F(PlanTest, ADurationThatIsNotKnownIsSaid)
+TEST_F(PlanTest, AnUnknownDurationIsMentioned)
 {
     const auto expectUnknown = [this] { EXPECT_NE(plan().find("unknown."), std::string::npos) << plan(); };
     figures.actualSeconds.reset();
@@ -148,7 +148,7 @@ TEST_F(PlanTest, ADurationThatIsNotKnownIsSaid)
     EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM; recording time unknown.");
 }
 
-TEST_F(PlanTest, DurationsAreToldInTheUnitEnteredAndInTheTwoLargest)
+TEST_F(PlanTest, DurationsAreShownInTheUnitEnteredAndInTheTwoLargest)
 {
     const struct {
         double seconds;
@@ -189,8 +189,8 @@ TEST_F(PlanTest, EachLanguageHasItsOwnSentencesPluralsAndSeparators)
               "und 12,8 KB statisch, endet etwa 1 min 30 s später.");
     locale.digitGroupSeparator = narrowBlank;
     page.frmStatic.setVisible(false);
-    EXPECT_EQ(planIn("fr", locale), "Démarre sur déclenchement par Crank (Level 0,5), enregistre 90 s, 2" + narrowBlank +
-                                        "304" + narrowBlank +
+    EXPECT_EQ(planIn("fr", locale), "Démarre sur déclenchement par Crank (Level 0,5), enregistre 90 s, 2" +
+                                        narrowBlank + "304" + narrowBlank +
                                         "000 échantillons, 17,6 Mo en dynamique, se termine environ 1 min 30 s plus "
                                         "tard.");
     EXPECT_EQ(planIn("ja", Locale()),

@@ -16,7 +16,7 @@ protected:
 
 TEST_F(RecordingTest, TheDurationIsWhatIsEnteredOrLiesBetweenTheTimes)
 {
-    // The clock stands at 21 November 2026.
+    // The clock is fixed at 21 November 2026.
     const struct {
         const char *start, *stop;
         double seconds;

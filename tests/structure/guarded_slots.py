@@ -1,10 +1,10 @@
-"""guarded_slots.py FOLDER...: in the Qt code every slot is guarded, every label, box and tip is plain text, and every text is
-filled in at once, so that what has been filled in is not taken for a place holder."""
+"""guarded_slots.py FOLDER...: fails unless in the Qt code every slot is guarded, every label, box and tip is plain text, and
+every text is filled in by one call, so that inserted text is not taken for a place holder."""
 import re
 import sys
 from pathlib import Path
 
-# What is not to be written, what is, and the file that may.
+# Forbidden pattern, its replacement, and the file that may contain it.
 RULES = [
     (r"(?<!\w)connect\s*\(", "onSignal", "Guarded.h"),
     (r"\bnew QLabel\b|\bQLabel\s+\w+[{(;]", "PlainLabel", "PlainText.cpp"),

@@ -1,5 +1,5 @@
-"""help_pages.py FOLDER STRINGS: the help has the same pages in each of its languages, nothing in them leads nowhere, and
-what is in bold, menus and captions, is a text of the program in that language."""
+"""help_pages.py FOLDER STRINGS: fails unless the help has the same pages in each language, without broken links, and
+everything in bold (menus and captions) is a text of the program in that language."""
 import re
 import sys
 from html.parser import HTMLParser
@@ -9,7 +9,7 @@ UNCLOSED = {"meta", "img", "br"}
 
 
 class Page(HTMLParser):
-    """What a page refers to, how it is built, and what is wrong with it."""
+    """Collects the links, the structure and the errors of a page."""
 
     def __init__(self, path):
         super().__init__()
@@ -36,7 +36,7 @@ class Page(HTMLParser):
 
 
 def plain(text):
-    """A text of the program as the help quotes it: without mnemonic, dots and colon."""
+    """Returns a text of the program as the help quotes it: without mnemonic, dots and colon."""
     return " ".join(re.sub(r"\(&\w\)|&", "", text).split()).rstrip(" .:")
 
 

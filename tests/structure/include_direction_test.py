@@ -1,11 +1,11 @@
-"""The include check refuses what it is there to refuse, and only that."""
+"""Checks that include_direction.py refuses forbidden includes and accepts all others."""
 import tempfile
 import unittest
 from pathlib import Path
 
 from include_direction import check
 
-# What one file of a tree includes, and what the complaint about it says; None where it is fine.
+# A file, its contents, and a part of the expected complaint; None: no complaint.
 CASES = [
     ("widgets/page/View.cpp", '#include "page/Page.h"\n#include <QWidget>', None),
     ("document/Editor.cpp", '#include "timebase/Editors.h"\n#include <string_view>', None),

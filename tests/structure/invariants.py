@@ -1,4 +1,4 @@
-"""invariants.py ARCHITECTURE TESTS: each invariant in ARCHITECTURE names tests, and the sources in TESTS have them."""
+"""invariants.py ARCHITECTURE TESTS: fails unless each invariant in ARCHITECTURE names tests that the sources in TESTS have."""
 import re
 import sys
 from pathlib import Path

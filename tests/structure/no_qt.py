@@ -1,4 +1,4 @@
-"""no_qt.py BUILD: fails when anything that the core-only build made, or was made from, refers to Qt."""
+"""no_qt.py BUILD: fails if any input or output of the core-only build refers to Qt."""
 import re
 import subprocess
 import sys

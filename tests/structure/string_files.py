@@ -1,10 +1,10 @@
-"""string_files.py FOLDER NAMES SOURCES...: every translation in FOLDER has just the entries of en.txt, each in the shape
-that the program relies on; NAMES names texts of en.txt, each once, and the folders of sources use the names."""
+"""string_files.py FOLDER NAMES SOURCES...: fails unless every translation in FOLDER has exactly the entries of en.txt, each
+with the same place holders and marks, NAMES names texts of en.txt once each, and the SOURCES folders use the names."""
 import re
 import sys
 from pathlib import Path
 
-# The texts whose mnemonics are pressed in the same place.
+# Groups of texts whose mnemonics must differ.
 TOGETHER = {
     "page and menu bar": [1105, 1106, 1107, 1108, 1126, 3101, 3105, 3110, 3112],
     "date dialog": [1207, 1208],
@@ -16,14 +16,14 @@ TOGETHER = {
     "menu Help": [3113, 3114, 3122],
     "help window": [3113, 3221, 3222, 3223],
 }
-# English texts that are given as they are.
+# Fixed English texts that share a mnemonic.
 GIVEN = {(1107, 1126)}
-# Numbers in the sources that mean something else: dots per inch.
+# Numbers in the sources that are not numbers of texts: dots per inch.
 NO_TEXTS = {("QtPrinters.cpp", "1200")}
 
 
 def entries(path):
-    """The texts of a string file by their numbers."""
+    """Returns the texts of a string file by number."""
     texts = {}
     for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
         if not line or line.startswith("#"):
@@ -38,7 +38,7 @@ def entries(path):
 
 
 def shape(text):
-    """What a translation has to keep: blanks at the ends, place holders, whether there is a mnemonic, dots."""
+    """Returns what a translation must preserve: blanks at the ends, place holders, the presence of a mnemonic, dots."""
     return {
         "leading blanks": len(text) - len(text.lstrip()),
         "trailing blanks": len(text) - len(text.rstrip()),
@@ -83,12 +83,12 @@ def misnamed(path, english):
 
 
 def code(path):
-    """The lines of a source without its comments and quoted texts."""
+    """Returns the lines of a source without comments and string literals."""
     return [re.sub(r"//.*", "", re.sub(r'"(\\.|[^"\\])*"', '""', line)) for line in path.read_text().splitlines()]
 
 
 def unnamed(folders, english):
-    """Numbers of texts that the sources write instead of a name."""
+    """Yields numbers of texts in the sources that should be names."""
     for path in sorted(path for folder in folders for path in folder.rglob("*") if path.suffix in (".h", ".cpp")):
         for number, line in enumerate(code(path), 1):
             for literal in re.findall(r"(?<![\w.'])\d{4}(?![\w.'])", line):

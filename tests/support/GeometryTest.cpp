@@ -7,7 +7,7 @@
 namespace ko::test {
 namespace {
 
-/// A screen whose pixels are higher than wide: 15 by 20 twips.
+/// A screen with non-square pixels: 15 by 20 twips.
 class TallPixels : public FakePlatform {
 public:
     double twipsPerPixelY() override { return 20; }

@@ -119,7 +119,7 @@ TEST(ResourceUtilsTest, TextsFontsAndHintsReachEveryKindOfControl)
     EXPECT_TRUE(form.grid.rowHeaderStyle().font.bold);
     EXPECT_FALSE(form.grid.standardStyle().font.bold);
     EXPECT_EQ(form.grid.standardStyle().font.name, "Face");
-    // The button and the list's third entry ask for 1117, which does not exist; all others were loaded.
+    // The button and the list's third entry refer to 1117, which does not exist; all other texts were loaded.
     EXPECT_EQ(host.takeReports().size(), 2U);
 
     form.setCaption("as designed");

@@ -22,7 +22,7 @@ Texts texts(const ComboBox& list)
 
 class Editors : public DocumentTest {
 protected:
-    /// A driver with lists for all three quantities.
+    /// Adds a driver with lists for all three quantities.
     FakeDriver& addLists()
     {
         FakeDriver& driver = addDriver();
@@ -39,7 +39,7 @@ protected:
         driver.scanRange = {0.01, 100};
         return driver;
     }
-    /// Makes the driver's recording too large below this sample period, as if it lasted long.
+    /// Makes the driver's recording exceed the limit below this sample period.
     static void limitPeriod(FakeDriver& driver, double seconds)
     {
         driver.bytes = [seconds](const FakeDriver& it) { return it.samplePeriod < seconds ? 3e9 : 1000.0; };
@@ -252,7 +252,7 @@ TEST_F(Editors, RefusedChoicesArePutBackExceptInTheScanLists)
     EXPECT_EQ(host.takeMessages(), Texts{staticLimit});
     EXPECT_EQ(still.scanPeriod, 0.1);
     EXPECT_EQ(page().cmbScanPeriod.text(), "0.2") << "both scan lists stay on the refused entry";
-    // Already over the limit: what brings it back under is accepted.
+    // Already over the limit: an entry that brings it below is accepted.
     still.numberOfScans = 10;
     limitPeriod(driver, 0.0015);
     page().cmbSampleRate.userChose(1);

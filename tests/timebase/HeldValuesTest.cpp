@@ -5,7 +5,7 @@
 namespace ko::test {
 namespace {
 
-/// What the page shows stands for what the drivers hold, however they round.
+/// A shown value represents the drivers' exact values, even if they round.
 class HeldValues : public DocumentTest {
 protected:
     static std::function<double(double)> nearest(double a, double b)
@@ -91,7 +91,7 @@ TEST_F(HeldValues, DriversThatRoundDifferentlyAreLeftAloneByAWalk)
     EXPECT_EQ(host.changes, changes);
 }
 
-TEST_F(HeldValues, ABoxShownOutOfBoundsCatchesNobodyAndWritesNothing)
+TEST_F(HeldValues, ABoxShownOutOfBoundsCanBeLeftAndWritesNothing)
 {
     FakeDriver& driver = addDriver();
     driver.blockRange = {4, 64};

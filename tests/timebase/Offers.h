@@ -6,7 +6,7 @@ namespace ko::test {
 
 using Values = std::vector<double>;
 
-/// What one driver offers: a list, or where that is empty a range.
+/// The offer of a driver: a list, or a range if the list is empty.
 struct Offer {
     Values list;
     Range range;

@@ -31,7 +31,7 @@ TEST_F(RebuiltPage, ARefusedTextAndItsMarkAreGone)
     }
 }
 
-TEST_F(RebuiltPage, AScanPeriodThatIsNoneIsNotGivenToTheOtherDrivers)
+TEST_F(RebuiltPage, AnInvalidScanPeriodIsNotWrittenToTheOtherDrivers)
 {
     addRanges(2).scanPeriod = 0;
     FakeDriver& other = addRanges(2);
@@ -41,7 +41,7 @@ TEST_F(RebuiltPage, AScanPeriodThatIsNoneIsNotGivenToTheOtherDrivers)
     host.takeReports();
 }
 
-TEST_F(RebuiltPage, TheOnlyDriverTellsThePeriodThatABoxReturnsTo)
+TEST_F(RebuiltPage, ABoxReturnsToThePeriodOfTheOnlyDriver)
 {
     FakeDriver& driver = addRanges(2);
     open();

@@ -7,13 +7,13 @@
 namespace ko::test {
 namespace {
 
-/// Every quantity entered in its box and chosen from its list, while the driver's calls fail.
+/// Enters every quantity in its box and chooses it from its list while calls of the driver fail.
 class WriteOutcomes : public DocumentTest {
 protected:
     enum class Failing { Write, WriteAndRead, ReadBack };
     FakeDriver* driver = nullptr;
 
-    /// The operation that reads the quantity: "SamplePeriod".
+    /// Returns the operation that reads the quantity, such as "SamplePeriod".
     static std::string readOf(const Quantity& quantity)
     {
         std::string name(quantity.number->name);
@@ -65,7 +65,7 @@ protected:
             EXPECT_EQ(page().lblSpanValue.caption(), numberText(1 / now / 2.56, host.platform.locale) + " Hz") << when;
         }
     }
-    /// Scan values notify before they are written; the others when a driver took the write.
+    /// Scan values notify the host before they are written, the others after a driver has accepted the write.
     void expectNotified(const Quantity& quantity, Failing failing)
     {
         const bool notifies = quantity.number->toAllDrivers || failing == Failing::ReadBack;

@@ -11,7 +11,7 @@ protected:
     SelectChannel channels{support};
 
     ChannelSelector& selector() { return channels.chsNavigate; }
-    /// Two groups: Crank and a channel that cannot trigger, then one without a name.
+    /// Adds a driver with two groups: Crank and a channel that cannot trigger; a channel without a name.
     FakeDriver& offerDriver()
     {
         FakeDriver& driver = addDriver();
@@ -122,17 +122,17 @@ TEST_F(TriggerDialogs, TheBrowserListsWhatItsFiltersLetThrough)
 TEST_F(TriggerDialogs, PickingIsToldByAddressAndAFilterThatStaysListsNothingAnew)
 {
     FakeDriver& driver = offerDriver();
-    std::vector<Texts> told;
-    channels.userActs = [&](const Texts& words) { told.push_back(words); };
+    std::vector<Texts> reported;
+    channels.userActs = [&](const Texts& words) { reported.push_back(words); };
     pick(1, 0);
-    ASSERT_FALSE(told.empty());
-    EXPECT_EQ(told.back(), (Texts{"pick", "1", "0"}));
+    ASSERT_FALSE(reported.empty());
+    EXPECT_EQ(reported.back(), (Texts{"pick", "1", "0"}));
     driver.calls.clear();
     selector().setDriverType(ChannelSelector::everyDriver);
     selector().setDirection(ChannelSelector::inputs);
     EXPECT_TRUE(driver.calls.empty());
     EXPECT_EQ(selector().userActivated(0), Outcome::Done);
-    EXPECT_EQ(told.back().front(), "activate");
+    EXPECT_EQ(reported.back().front(), "activate");
 }
 
 TEST_F(TriggerDialogs, ACancelledDisplayLeavesTheArraysAlone)

@@ -8,7 +8,7 @@
 namespace ko::test {
 namespace {
 
-TEST(LineUseOf, ADriverIsToldByWhatItOffersAndByTheLinesThatAreChosen)
+TEST(LineUseOf, ClassifiesADriverByItsOffersAndTheChosenLines)
 {
     const LineMask evenLines{true, false, true, false, true, false, true, false};
     const LineOffer master{true, evenLines}, listener{false, evenLines}, silentMaster{true, {}}, silent;
@@ -31,7 +31,7 @@ TEST(LineUseOf, ADriverIsToldByWhatItOffersAndByTheLinesThatAreChosen)
         {listener, -1, 2, onEven, LineUse::listens},
         {listener, -1, 4, onEven, LineUse::taken},
         {listener, -1, 3, onOdd, LineUse::mustListen},
-        {listener, 1, 1, onEven, LineUse::drives}, // nobody unwires a driver that is no master
+        {listener, 1, 1, onEven, LineUse::drives}, // a wired driver that is not a master stays wired
         {listener, 4, 4, onEven, LineUse::drives},
         {silentMaster, -1, 2, onEven, LineUse::drives},
         {silent, -1, 2, onEven, LineUse::listens},
@@ -42,7 +42,7 @@ TEST(LineUseOf, ADriverIsToldByWhatItOffersAndByTheLinesThatAreChosen)
         EXPECT_EQ(lineUse({c.offer, c.driven}, c.line, LineTrigger::start, c.plan), c.use) << &c - cases;
 }
 
-/// The dialog behind the menu, on drivers of which the first is start master and the second sync master.
+/// The dialog for trigger lines. The first driver is start master, the second sync master.
 class LineMap : public SectionTest {
 protected:
     Triggering triggering{support};
@@ -57,7 +57,7 @@ protected:
         scan.name = "Scanner";
         start.startRank = scan.scanRank = 5;
     }
-    /// Has the user do `act` in the dialog.
+    /// Opens the dialog and runs `act` in it.
     void inDialog(const std::function<void()>& act)
     {
         const TriggerMasters masters = triggering.findTriggerMasters(page.currentDrivers());
@@ -67,8 +67,8 @@ protected:
         host.inModalForm = [&](Form&) { act(); };
         page.mnuTimebaseTriggerLines.userClicked();
     }
-    /// Row by row: the header, then the cells.
-    static Texts told(const Table& table)
+    /// Returns each row as its header and cells.
+    static Texts rowsOf(const Table& table)
     {
         Texts rows;
         for (const Table::Row& row : table.rows()) {
@@ -85,17 +85,17 @@ TEST_F(LineMap, TheMapFollowsTheOptionsBeforeAnythingIsWritten)
     start.startMasterLines = {0, 2, 3};
     scan.startListenerLines = {0, 1, 2, 3};
     inDialog([&] {
-        EXPECT_EQ(told(dialog.tblStartMap), (Texts{"Digitizer: drives taken can drive can drive no no no no",
-                                                   "Scanner: listens taken can listen can listen no no no no"}));
+        EXPECT_EQ(rowsOf(dialog.tblStartMap), (Texts{"Digitizer: drives taken can drive can drive no no no no",
+                                                     "Scanner: listens taken can listen can listen no no no no"}));
         start.writes.clear();
         scan.writes.clear();
         start.calls.clear();
         scan.calls.clear();
         dialog.optStartTrig[3]->userClicked();
         dialog.optScanTrig[0]->userClicked();
-        EXPECT_EQ(told(dialog.tblStartMap), (Texts{"Digitizer: taken no can drive drives no no no no",
-                                                   "Scanner: taken can listen can listen listens no no no no"}));
-        EXPECT_EQ(told(dialog.tblScanMap)[1],
+        EXPECT_EQ(rowsOf(dialog.tblStartMap), (Texts{"Digitizer: taken no can drive drives no no no no",
+                                                     "Scanner: taken can listen can listen listens no no no no"}));
+        EXPECT_EQ(rowsOf(dialog.tblScanMap)[1],
                   "Scanner: drives can drive can drive taken can drive can drive can drive can drive");
         EXPECT_EQ(dialog.tblScanMap.rows()[1].cells[3].meaning, "Line 3: This line carries the start trigger.");
         EXPECT_EQ(dialog.tblStartMap.rows()[0].cells[3].meaning, "Line 3: Digitizer drives this trigger.");
@@ -103,7 +103,7 @@ TEST_F(LineMap, TheMapFollowsTheOptionsBeforeAnythingIsWritten)
         dialog.btnCancel.userClicked();
     });
     EXPECT_EQ(start.writes, Texts());
-    inDialog([&] { EXPECT_EQ(told(dialog.tblStartMap)[0].substr(0, 23), "Digitizer: drives taken") << "as it was"; });
+    inDialog([&] { EXPECT_EQ(rowsOf(dialog.tblStartMap)[0].substr(0, 23), "Digitizer: drives taken") << "as it was"; });
 }
 
 TEST_F(LineMap, AWiredLineThatItsDriverDoesNotOfferIsMarked)

@@ -6,7 +6,7 @@
 
 namespace ko::test {
 
-/// The page's area for a start on trigger, on a driver with two channels.
+/// The page's trigger area with a driver that has two channels.
 class TriggerArea : public SectionTest {
 protected:
     SelectChannel dialog{support};
@@ -22,7 +22,7 @@ protected:
         page.hasDynamicDrivers = true;
         page.frmStart.setVisible(true);
     }
-    /// Triggering on, with the second channel stored.
+    /// Switches triggering on with the second channel stored.
     void switchOn()
     {
         page.TriggerSlot = 0;

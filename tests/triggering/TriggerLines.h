@@ -5,7 +5,7 @@
 
 namespace ko::test {
 
-/// "013": the lines of a mask.
+/// Returns the lines of a mask, such as "013".
 inline std::string shown(const LineMask& lines)
 {
     std::string text;

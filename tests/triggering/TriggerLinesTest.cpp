@@ -21,7 +21,7 @@ protected:
         choice.build(masters);
         marks = 0;
     }
-    /// Two drivers alone in the list: the start master and the sync master.
+    /// Makes the list of two drivers: the start master and the sync master.
     std::pair<FakeDriver&, FakeDriver&> addMasters()
     {
         page.drivers.clear();
@@ -31,13 +31,13 @@ protected:
         start.startRank = scan.scanRank = 5;
         return {start, scan};
     }
-    /// What the user does in the dialog.
+    /// Opens the dialog and runs `actions` in it.
     void inDialog(const std::function<void()>& actions)
     {
         host.inModalForm = [&](Form&) { actions(); };
         EXPECT_EQ(page.mnuTimebaseTriggerLines.userClicked(), Outcome::Done);
     }
-    /// Start and sync line as the page shows them.
+    /// Returns the start and sync line as the page shows them.
     std::string lines() const
     {
         return std::to_string(page.lines.line(LineTrigger::start)) + " " +
@@ -135,7 +135,7 @@ TEST_F(TriggerLinesOf, ThePageShowsTheLinesThatTheMastersHaveKept)
         const char* listenedTo;
         int marks;
     };
-    // From lines 0 and 1 the user goes to 1 and 0.
+    // The user swaps lines 0 and 1.
     const Case cases[] = {
         {"", "1 0", false, "1 0", 2},
         {"", "0 1", true, "0 1", 1}, // the sync trigger keeps its line beside it

@@ -3,7 +3,7 @@
 namespace ko::test {
 namespace {
 
-/// The module that asks the drivers about lines, and writes them.
+/// The module that reads the drivers' trigger lines and writes them.
 class TriggerMastersOf : public SectionTest {
 protected:
     Triggering triggering{support};

@@ -56,7 +56,7 @@ TEST_F(Bindings, ALockedBoxCanBeSelectedAndCopiedButNotTypedIn)
     EXPECT_EQ(form.box.selText(), "locked");
 }
 
-TEST_F(Bindings, AMarkedBoxSaysSoToEveryone)
+TEST_F(Bindings, AMarkedBoxIsShownAndAnnouncedAsMarked)
 {
     form.box.setTag("A number");
     form.box.setMarked(true);
@@ -161,7 +161,7 @@ TEST_F(Bindings, WhatAHandlerThrowsStaysOutOfTheEventLoop)
     EXPECT_EQ(form.box.text(), "a");
 }
 
-TEST_F(Bindings, AFramesSwitchesReachWhatStandsInIt)
+TEST_F(Bindings, AFramesStateAppliesToTheControlsInIt)
 {
     form.frame.setEnabled(false);
     EXPECT_FALSE(box.isEnabled());

@@ -21,12 +21,12 @@ namespace {
 
 const ko::Texts texts = [](int number) { return QString::number(number); };
 
-/// The real dialog on the page of a document, driven by keys and the mouse.
+/// The dialog's widgets, driven by keys and the mouse.
 class DateDialogTest : public testing::Test {
 protected:
     FakePlatform host;
     QtModalForms modalForms;
-    Locale now; ///< what the machine says when it is asked again
+    Locale now; ///< the locale that the platform returns next
     Platform platform{
         host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter, [this] { return now; }};
     Support support{platform, {}};
@@ -39,7 +39,7 @@ protected:
     }
     void TearDown() override { EXPECT_EQ(host.reports, std::vector<std::string>()); }
 
-    /// What the dialog answers when the user does this in it.
+    /// Shows the dialog, runs `user` in it and returns the dialog's result.
     template <class User> std::optional<DateTime> ask(const char* current, User user)
     {
         QTimer::singleShot(0, [&] {

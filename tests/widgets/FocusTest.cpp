@@ -26,7 +26,7 @@ protected:
 
 class LeavingARefusedBox : public Focus, public testing::WithParamInterface<int> {
 public:
-    /// What a user can do to leave the box.
+    /// Leaves the box in one of the ways that a user has.
     void leave(int way)
     {
         switch (way) {

@@ -56,7 +56,7 @@ TEST_F(PageWidgetTest, EveryControlHasAWidgetAndSaysWhatItIs)
     }
 }
 
-TEST_F(PageWidgetTest, APairOfListAndBoxStandsOnOneSpotAndKeepsTheLayoutWhenItChanges)
+TEST_F(PageWidgetTest, AListAndItsBoxShareOnePlaceAndKeepTheLayoutWhenOneReplacesTheOther)
 {
     openAndShow();
     EXPECT_TRUE(at(page().cmbSampleRate).isVisible() && !at(page().txtSampleRate).isVisible());
@@ -123,7 +123,7 @@ TEST_F(PageWidgetTest, ANarrowWindowStacksTheFramesAndScrollsToTheFocus)
     EXPECT_TRUE(widget.rect().contains(at(page().txtDuration).mapTo(&widget, QPoint())));
 }
 
-TEST_F(PageWidgetTest, ThePlanStandsWholeBelowThePageWhateverTheWindowShows)
+TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageWhateverTheWindowShows)
 {
     openAndShow();
     const auto& plan = dynamic_cast<const QLabel&>(at(page().lblPlan));
@@ -142,7 +142,7 @@ TEST_F(PageWidgetTest, ThePlanStandsWholeBelowThePageWhateverTheWindowShows)
     EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
 }
 
-/// The drawing commands of a PDF file's page, which is its only compressed stream with nothing but a length.
+/// Returns the drawing commands of a PDF file's page: the only compressed stream whose dictionary has only a length.
 QByteArray drawing(const QByteArray& pdf)
 {
     const qsizetype object = pdf.indexOf("obj\n<<\n/Length ");

@@ -70,7 +70,7 @@ TEST(QtLocale, EveryNumberDateAndTimeReadsBackInEveryLocaleAsItIsShownAndAsItIsT
 
 TEST(QtPrinters, SettingsReachThePrinterAndComeBack)
 {
-    // A PDF file has no second side, so that the duplex mode stays out of it.
+    // PDF output has no duplex mode.
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     for (const DeviceMode& mode : {DeviceMode{2, 2, 1, 2, 1, 300}, DeviceMode{1, 1, 1, 1, 9, 600}}) {

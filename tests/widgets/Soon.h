@@ -4,7 +4,7 @@
 
 namespace ko::test {
 
-/// Does something as soon as an event loop runs, such as that of a message box.
+/// Calls a function as soon as an event loop runs, for example that of a message box.
 class Soon {
 public:
     template <class Action> explicit Soon(Action action)

@@ -13,15 +13,18 @@ namespace ko::test {
 namespace {
 
 struct TypedBox {
+    const char* name;
     TextBox Page::*box;
     const char* text;
     double FakeDriver::*kept;
     double value;
     const char* refused;
     const char* message;
+
+    friend std::ostream& operator<<(std::ostream& out, const TypedBox& typed) { return out << typed.name; }
 };
 
-/// The page with ranges for all quantities, typed into with real keys.
+/// The page with ranges for all quantities, and real key events.
 class KeysOnThePage : public DocumentTest {
 protected:
     PageWidget widget{page(), [](int number) { return QString::number(number); }};
@@ -41,7 +44,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
     }
     QWidget& at(const Control& control) { return *widget.view().widget(control); }
-    /// Puts the focus into the box with the mouse and replaces its text.
+    /// Focuses the box with the mouse and replaces its text.
     void typeInto(QWidget& box, const char* text)
     {
         QTest::mouseClick(&box, Qt::LeftButton);
@@ -84,7 +87,7 @@ TEST_P(Typing, WritesAsIsTypedAndHoldsBackWhatCannotBeAccepted)
     EXPECT_DOUBLE_EQ((*fakes[0]).*it.kept, it.value);
 }
 
-/// Text that comes in otherwise than by keys.
+/// Text that is dropped or pasted.
 using Dropping = KeysOnThePage;
 
 bool drop(QWidget& box, const char* text, QPoint where = {3, 8})
@@ -132,18 +135,19 @@ TEST_F(Dropping, WhatIsPastedEndsAtItsFirstLineBreak)
     EXPECT_EQ(fakes[1]->scanPeriod, 0.25);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryBox, Typing,
-                         testing::Values(TypedBox{&Page::txtSampleRate, "400", &FakeDriver::samplePeriod, 0.0025, "0",
-                                                  "A valid real number in the range 1 to 1000000 is required."},
-                                         TypedBox{&Page::txtSamplePeriod, "0.25", &FakeDriver::samplePeriod, 0.25,
-                                                  "abc", "A valid real number is required."},
-                                         TypedBox{&Page::txtBlockSize, "64", &FakeDriver::blockSize, 64, "15",
-                                                  "A valid integer in the range 16 to 4096 is required."},
-                                         TypedBox{&Page::txtScanRate, "50", &FakeDriver::scanPeriod, 0.02, "-",
-                                                  "A valid real number is required."},
-                                         TypedBox{&Page::txtScanPeriod, "0.5", &FakeDriver::scanPeriod, 0.5, "0.001",
-                                                  "A valid real number in the range 0.01 to 100 is required."}),
-                         [](const auto& box) { return "Box" + std::to_string(box.index); });
+INSTANTIATE_TEST_SUITE_P(
+    EveryBox, Typing,
+    testing::Values(TypedBox{"txtSampleRate", &Page::txtSampleRate, "400", &FakeDriver::samplePeriod, 0.0025, "0",
+                             "A valid real number in the range 1 to 1000000 is required."},
+                    TypedBox{"txtSamplePeriod", &Page::txtSamplePeriod, "0.25", &FakeDriver::samplePeriod, 0.25, "abc",
+                             "A valid real number is required."},
+                    TypedBox{"txtBlockSize", &Page::txtBlockSize, "64", &FakeDriver::blockSize, 64, "15",
+                             "A valid integer in the range 16 to 4096 is required."},
+                    TypedBox{"txtScanRate", &Page::txtScanRate, "50", &FakeDriver::scanPeriod, 0.02, "-",
+                             "A valid real number is required."},
+                    TypedBox{"txtScanPeriod", &Page::txtScanPeriod, "0.5", &FakeDriver::scanPeriod, 0.5, "0.001",
+                             "A valid real number in the range 0.01 to 100 is required."}),
+    [](const auto& typed) { return std::string(typed.param.name); });
 
 TEST_F(KeysOnThePage, PageUpAndPageDownStepAList)
 {

@@ -31,7 +31,7 @@ struct SampleForm : Form {
     Grid grid{*this, "grid", &frame};
 };
 
-/// The sample form in a window of its own, which is active.
+/// The sample form in an active window.
 class ViewTest : public testing::Test {
 protected:
     SampleForm form;
@@ -67,7 +67,7 @@ protected:
     }
     static void click(QWidget& widget)
     {
-        // Into the part that all kinds of controls react to.
+        // At a place where all kinds of controls react.
         QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
     }
 };

@@ -29,7 +29,7 @@ QPixmap whole(FrameWindow& window)
     return window.grab();
 }
 
-/// Runs `open`, which shows a modal dialog, and paints the dialog once it is there.
+/// Runs `open`, which shows a modal dialog, and paints the dialog.
 template <class Open> QPixmap dialogOf(const Open& open)
 {
     QPixmap picture;
@@ -43,7 +43,7 @@ template <class Open> QPixmap dialogOf(const Open& open)
     return picture;
 }
 
-/// Starts on a trigger of the first channel that has trigger parameters.
+/// Sets the start to a trigger, with the first channel that has trigger parameters.
 void onTrigger(FrameWindow& window)
 {
     page(window).optOnTrigger.userClicked();
@@ -72,7 +72,7 @@ QPixmap plan(FrameWindow& window)
     return window.page().view().widget(page(window).lblPlan)->grab();
 }
 
-/// The first page of the set-up sheet, on A4 at 96 dots per inch.
+/// Paints the first page of the set-up sheet, A4 at 96 dots per inch.
 QPixmap sheet(FrameWindow& window)
 {
     constexpr QSize paper(794, 1123);
@@ -105,7 +105,7 @@ QPixmap triggerLines(FrameWindow& window)
     return dialogOf([&] { page(window).mnuTimebaseTriggerLines.userClicked(); });
 }
 
-/// Three instruments that fail, each at another call.
+/// Makes three instruments fail, each in another call.
 QPixmap failingInstruments(FrameWindow& window)
 {
     window.health().now = [&window] { return window.services().clock.now(); };
@@ -118,7 +118,7 @@ QPixmap failingInstruments(FrameWindow& window)
     return whole(window);
 }
 
-/// Typed with the keyboard alone, and not a number.
+/// Types an invalid number.
 QPixmap invalid(FrameWindow& window)
 {
     QWidget* box = window.page().view().widget(page(window).txtDuration);
@@ -127,7 +127,7 @@ QPixmap invalid(FrameWindow& window)
     return whole(window);
 }
 
-/// The focus as the keyboard leads to it.
+/// Moves the focus by the keyboard, so that the focus frame is painted.
 QPixmap keyboard(FrameWindow& window)
 {
     for (int i = 0; i < 3; ++i)
@@ -140,7 +140,7 @@ QPixmap offers(FrameWindow& window)
     return dialogOf([&] { page(window).cmdSampleRateOffers.userClicked(); });
 }
 
-/// A duration beyond the limit has been refused.
+/// Enters a duration beyond the limit, which is refused.
 QPixmap whatFits(FrameWindow& window)
 {
     page(window).moveFocus(&page(window).txtDuration);
@@ -149,7 +149,7 @@ QPixmap whatFits(FrameWindow& window)
     return whole(window);
 }
 
-/// What is told of a widget to those who do not see it, a line for each.
+/// Appends the accessibility data of an element and its children, one element per line.
 void describe(QAccessibleInterface& element, int depth, QStringList& lines)
 {
     static const QMetaEnum roles = QMetaEnum::fromType<QAccessible::Role>();

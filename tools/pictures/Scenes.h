@@ -8,7 +8,7 @@
 
 namespace ko::pictures {
 
-/// A picture: what is done in a window that shows the demo set-up, and what is painted then.
+/// A picture: prepares a window that shows the demo set-up, and paints it or a part of it.
 struct Scene {
     std::string_view name;
     QPixmap (*paint)(FrameWindow& window);

@@ -8,7 +8,7 @@ const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
   {"name": "Digitizer", "timebase": {"blockSize": {"value": 32, "range": [16, 1024]}}, "groups": [{"name": "Inputs", "channels": [{"address": "0:1"}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {}}]})";
 
-/// The drivers that fail when the script has run, "NAME: OPERATION" each.
+/// Runs the script and returns the drivers that then fail, each as "NAME: OPERATION".
 std::vector<std::string> failingAfter(const std::string& script)
 {
     const Played run = play("quiet on\nsetup\nshow\n" + script + "\nfailing\n", bench);
@@ -59,7 +59,7 @@ TEST(DriverHealthTest, ARebuildAnswersForTheOperationsThatItCalls)
         << "a driver that is not called has not answered";
 }
 
-TEST(DriverHealthTest, ACallIsKnownByItsArgumentsAndIsToldWithReasonAndTime)
+TEST(DriverHealthTest, ACallIsIdentifiedByItsArgumentsAndReportedWithReasonAndTime)
 {
     const std::string script =
         "quiet on\nsetup\nshow\nfail 0 \"SamplePeriod set\" 77 stuck\nclock \"2026-11-21 12:00:00\"\n"

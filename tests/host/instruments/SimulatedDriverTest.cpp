@@ -82,7 +82,7 @@ TEST(SimulatedDriverTest, TheFiguresFollowFromTheTimebaseUnlessFixed)
     };
     const struct {
         std::string members;
-        double bytes; ///< negative: the failure's number
+        double bytes; ///< negative: expected failure number
         std::int32_t scans;
     } cases[]{
         {channels + timebase("0.001", "1024", "0.1", "10"), 4 * 2 * 10240 + 416, 101},
@@ -204,7 +204,7 @@ TEST(SimulatedDriverTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
     EXPECT_EQ(calls.callCount(), 7);
 }
 
-TEST(SimulatedDriverTest, AnObserverHearsWhatADriverKeepsInsteadAndWhatItRefusesItself)
+TEST(SimulatedDriverTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefusals)
 {
     const auto driver = driverOf(R"(, "timebase": {"samplePeriod": {"value": 2, "choices": [1, 2, 8]},
         "scanPeriod": {"value": 5, "keeps": "nothing"}}, "groups": [{"name": "g", "channels": [{"address": "0:1",

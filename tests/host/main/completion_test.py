@@ -1,4 +1,4 @@
-"""completion_test.py COMPLETION PROGRAM DEMO: what the completion for bash offers, asked as bash asks it."""
+"""completion_test.py COMPLETION PROGRAM DEMO: calls the completion function as bash does and checks its replies."""
 import os
 import subprocess
 import sys
@@ -8,7 +8,7 @@ from pathlib import Path
 
 COMPLETION, PROGRAM, DEMO = (Path(argument).resolve() for argument in sys.argv[1:4])
 SETUP = DEMO / "engine-bench-demo.json"
-# The shell breaks words at = and : before it asks.
+# Bash splits words at = and : before it calls the function.
 ASK = r"""
 source "$1"; shift
 COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1))

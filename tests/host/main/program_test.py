@@ -1,4 +1,4 @@
-"""The reference host as a program: what it prints where, and its exit status. Arguments: the program, the source tree."""
+"""program_test.py PROGRAM SOURCE: checks standard output, standard error and exit status of the reference host."""
 import json
 import os
 import re
@@ -16,7 +16,7 @@ SETUP = DEMO / "engine-bench-demo.json"
 
 
 def full_disk(room):
-    """From here on no file grows beyond `room` bytes."""
+    """Limits the size of files to `room` bytes."""
     return lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (room, room))
 
 

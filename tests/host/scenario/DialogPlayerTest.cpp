@@ -18,7 +18,7 @@ protected:
         CommandButton btnCancel{*this, "btnCancel"};
     };
 
-    /// Runs the commands as the block's lines, numbered from 11, while line 3 shows the form.
+    /// Plays the commands as a block with lines numbered from 11, for a form that line 3 shows.
     std::string show(const std::vector<std::string>& commands)
     {
         std::vector<ScriptLine> block;

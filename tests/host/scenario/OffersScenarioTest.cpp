@@ -54,7 +54,7 @@ click cmdSampleRateOffers
               "1: \"sample-rate\" is none of samplePeriod, blockSize and scanPeriod");
 }
 
-TEST(OffersScenario, TheListOfSettingsTellsItToo)
+TEST(OffersScenario, TheListOfSettingsShowsTheOffersToo)
 {
     HeadlessPage played({parseSetup(bench, "bench.json"), {}, {}, {}});
     EXPECT_NE(offersText(played).find(R"(

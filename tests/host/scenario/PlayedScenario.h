@@ -12,13 +12,13 @@
 
 namespace ko::test {
 
-/// What a script prints, and how it ends.
+/// The events of a script and its result.
 struct Played {
     std::vector<Json> events;
     bool expectationsMet = false;
-    std::string fault; ///< "LINE: what"
+    std::string fault; ///< "LINE: message"; empty: none
 
-    /// The events of these names only, one a line.
+    /// Returns the events with these names, one per line.
     [[nodiscard]] std::string only(const std::vector<std::string>& names) const
     {
         std::string result;
@@ -27,7 +27,7 @@ struct Played {
                 result += event.dump() + "\n";
         return result;
     }
-    /// The last event, which is of this name.
+    /// Returns the last event with this name.
     [[nodiscard]] Json last(const std::string& name) const
     {
         EXPECT_TRUE(!events.empty() && events.back()["event"] == name) << (events.empty() ? "" : events.back().dump());

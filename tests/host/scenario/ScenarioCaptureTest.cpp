@@ -20,7 +20,7 @@ const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
      {"address": "0:3:1", "name": "Crank", "triggerSource": true, "triggerParameters": [
        {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]}]})";
 
-TEST(ScenarioWriterTest, WhatStandsInTheFileCanBePlayedAfterEachStep)
+TEST(ScenarioWriterTest, TheFileCanBePlayedAfterEachStep)
 {
     std::string file;
     ScenarioWriter writer([&](const std::string& text, std::size_t at) {
@@ -63,7 +63,7 @@ RC_GTEST_PROP(ScenarioWriterTest, WordsComeBackAsTheyWereWritten, (Words words, 
     RC_ASSERT(splitWords(line, 1) == words);
 }
 
-/// A page of a scenario that somebody uses while it is captured.
+/// A page whose use is captured.
 class ScenarioCaptureTest : public testing::Test {
 protected:
     std::ostringstream output;

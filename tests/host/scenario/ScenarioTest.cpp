@@ -55,7 +55,7 @@ clipboard
 )");
 }
 
-TEST(ScenarioTest, ReadsAreToldOnRequestAndNeitherReadsNorWritesWhileQuiet)
+TEST(ScenarioTest, ReadsAreLoggedOnRequestAndNeitherReadsNorWritesWhileQuiet)
 {
     const Played run = play("setup\nshow\nread-only on\nquiet on\nread-only off\nreads on\nread-only on\nquiet off\n"
                             "read-only off\nreads off\nread-only on\n");
@@ -118,7 +118,7 @@ TEST(ScenarioTest, TheDriversEventLoadsAsTheSameSetup)
     EXPECT_EQ(drivers[0]["failing"], Json{"#4"});
 }
 
-TEST(ScenarioTest, TheUserEntersByTheControlsDoors)
+TEST(ScenarioTest, InputGoesThroughTheControlsUserMembers)
 {
     const Played run = play(R"(setup
 show
@@ -169,7 +169,7 @@ TEST(ScenarioTest, AnExpectationThatFailsIsAnEventAndTheRestStillRuns)
 )");
 }
 
-// Lines, and what is wrong with them.
+// Invalid lines and their messages.
 constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"dance", "unknown command \"dance\""},
     {"type \"a", "a quoted word does not end"},

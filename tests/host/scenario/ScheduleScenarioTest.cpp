@@ -74,7 +74,7 @@ TEST(ScheduleScenarioTest, ADateOrTimeOfAnotherShapeCannotBeUnderstood)
     }
 }
 
-/// A script that leads through every part of the schedule, with a call that fails somewhere on the way.
+/// Plays a script through every part of the schedule, once for each call that can fail.
 TEST(ScheduleScenarioTest, WhateverCallFailsThePageEndsUpShowingWhatAllDriversHold)
 {
     for (int call = 1; call < 160; ++call) {

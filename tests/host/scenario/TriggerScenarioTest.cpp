@@ -14,7 +14,7 @@ const char* const bench = R"({"drivers": [
      {"address": "0:3:3", "name": "Spare", "canTrigger": false}]}]},
   {"name": "Scanner", "measurementMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}}]})";
 
-/// What a script prints, less what showing the page prints.
+/// Returns the output of a script without that of showing the page.
 std::string played(const std::string& script)
 {
     std::ostringstream output;
@@ -106,7 +106,7 @@ click mnuTimebaseTriggerLines
 )");
 }
 
-TEST(TriggerScenarioTest, ACellThatIsOtherwiseOrIsNotThereIsTold)
+TEST(TriggerScenarioTest, ACellThatDiffersOrDoesNotExistIsReported)
 {
     const auto opened = [](const std::string& question) {
         return test::play("quiet on\nsetup\nshow\ndialog AdvancedTrig\n" + question +

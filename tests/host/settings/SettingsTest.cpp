@@ -12,7 +12,7 @@ namespace {
 
 using Assignments = std::vector<std::string>;
 
-// Two instruments that take any number of their range, beside which the demo's instruments share lists.
+// Two instruments with ranges; those of the demo have lists.
 const char* const ranges = R"({ "clock": "2026-11-21 09:30:00", "drivers": [
   { "name": "Sampler", "timebase": { "samplePeriod": { "value": 0.001, "range": [0.0001, 10] },
                                      "blockSize": { "value": 1000, "range": [1, 4096] } },
@@ -34,7 +34,7 @@ class Bench {
 public:
     explicit Bench(const std::string& setup) : played_({setupOf(setup), {}, {}, {}}) {}
 
-    /// What there is to tell, or the refusal.
+    /// Returns the messages, or the refusal.
     std::string set(const Assignments& assignments)
     {
         std::string notes;
@@ -159,7 +159,7 @@ TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
     }
 }
 
-TEST(Settings, ThatTheInstrumentsKeepOtherwiseAreNotedAndFailingOnesRefuse)
+TEST(Settings, ThatTheInstrumentsRoundAreNotedAndFailingOnesRefuse)
 {
     struct Case {
         const char* drivers;
@@ -183,7 +183,7 @@ TEST(Settings, ThatTheInstrumentsKeepOtherwiseAreNotedAndFailingOnesRefuse)
     }
 }
 
-TEST(Settings, AWarningOfThePageIsToldAndTheValueTaken)
+TEST(Settings, AWarningOfThePageIsReturnedAndTheValueAccepted)
 {
     Bench bench(R"({ "drivers": [ { "name": "A", "timebase": {}, "triggerLines": {}, "groups": [ { "name": "G",
                      "channels": [ { "address": "0:1", "triggerSource": true, "enabled": 0 } ] } ] } ] })");
@@ -322,7 +322,7 @@ TEST(Settings, InJsonHaveNumbersForNumbers)
     const Bench bench(ranges);
     const Json ranged = settingsJson(settableOnes(bench.played()), bench.played());
     EXPECT_EQ(ranged[1]["range"].dump(), R"({"minimum":0.0001,"maximum":10.0})");
-    EXPECT_EQ(ranged.size(), 8U); // neither times nor trigger settings nor figures
+    EXPECT_EQ(ranged.size(), 8U); // no times, trigger settings or figures
 }
 
 TEST(Settings, ShowNothingWithoutInstruments)

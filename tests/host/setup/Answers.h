@@ -4,14 +4,14 @@
 
 namespace ko::test {
 
-/// A user whose mind is made up.
+/// A user with predefined answers.
 struct Answers : SessionQuestions {
     Unsaved unsaved = Unsaved::Cancel;
     Conflict conflict = Conflict::Cancel;
     bool wantsReload = false;
     std::string saveAs;
     std::string asked;
-    std::function<void()> meanwhile = [] {}; ///< what happens before the answer
+    std::function<void()> meanwhile = [] {}; ///< called before the answer
 
     Unsaved keepChanges() override
     {

@@ -8,7 +8,7 @@
 namespace ko {
 namespace {
 
-/// What a set-up's text is refused with, "" when it is taken.
+/// Returns the message that refuses a set-up's text; "" if it is accepted.
 std::string refusalOf(const std::string& text)
 {
     try {

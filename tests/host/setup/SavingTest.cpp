@@ -21,7 +21,7 @@
 
 namespace {
 
-/// How many more calls of the system succeed; below 0: all.
+/// Number of system calls that still succeed; negative: all.
 int callsLeft = -1;
 
 bool failsNow(int error)
@@ -32,7 +32,7 @@ bool failsNow(int error)
 
 } // namespace
 
-// The linker puts these between the program and the system.
+// The linker redirects the program's system calls to these (--wrap).
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" {
 int __real_open(const char* name, int flags, mode_t mode);
@@ -46,7 +46,7 @@ int __wrap_open(const char* name, int flags, mode_t mode)
 }
 ssize_t __wrap_pwrite(int file, const void* bytes, size_t count, off_t at)
 {
-    // A disk takes what it has room for.
+    // Like a nearly full disk, writes only a part.
     return failsNow(ENOSPC) ? -1 : __real_pwrite(file, bytes, std::min<size_t>(count, 4000), at);
 }
 int __wrap_fsync(int file)
@@ -67,7 +67,7 @@ namespace fs = std::filesystem;
 
 enum class End { Killed, Done, NotTraced };
 
-/// Runs `work` in a process of its own and kills that at the `stop`-th time that it enters or leaves the system.
+/// Runs `work` in a child process, which is killed when it enters or leaves a system call for the `stop`-th time.
 template <class Work> End killedAt(int stop, const Work& work)
 {
     const pid_t child = fork();
@@ -105,7 +105,7 @@ protected:
     {
         return parseSetup(R"({"title": ")" + title + R"(", "drivers": []})", "");
     }
-    /// What `save` answers when its n-th call fails, until none does; says how many there were.
+    /// Calls `save` with its n-th system call failing, for each n until none fails. Returns the number of calls.
     int failEachCall(const std::string& file, const std::function<void()>& prepare, const std::function<bool()>& save)
     {
         for (int n = 0;; ++n) {
@@ -238,7 +238,7 @@ TEST_F(SavingTest, WhereverSavingIsKilledTheOldOrTheNewFileIsThereWhole)
         const ko::Setup found = loadSetup(file_);
         EXPECT_TRUE(found == old_ || found == new_) << stop;
         ++(found == old_ ? foundOld : foundNew);
-        // What a killed save has begun is never in the way of the next.
+        // The temporary file of a killed save must not prevent the next save.
     }
     EXPECT_GT(foundOld, 4);
     EXPECT_GT(foundNew, 1);

@@ -11,7 +11,7 @@
 namespace ko {
 namespace {
 
-// Every key once, as the description of set-up files shows them.
+// Every key once, as in the documentation of set-up files.
 const char* const everything = R"({
   "title": "Engine bench",                  // optional
   "clock": "2026-11-21 09:30:00",
@@ -55,7 +55,7 @@ std::string refusalOf(const std::string& text)
     return "taken";
 }
 
-/// A set-up whose only driver has one more member.
+/// Returns a set-up whose only driver has an additional member.
 std::string withMember(const std::string& member)
 {
     return "{\"drivers\": [{\"name\": \"d\",\n" + member + "}]}";

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 class SetupSessionTest : public testing::Test {
 protected:
-    /// Tests run side by side.
+    /// One folder per test, because tests run in parallel.
     fs::path folder = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
     SetupSession session;
     Answers user;
@@ -175,7 +175,7 @@ TEST_F(SetupSessionTest, AFileThatAnotherProgramHasChangedIsOverwrittenOnlyWhenT
     for (const auto& c : cases) {
         session.load(bench());
         change();
-        // As long as what it replaces, and of the same time.
+        // Same size and modification time as the replaced file.
         const auto time = fs::last_write_time(session.file());
         file("bench.json", theirs);
         fs::last_write_time(session.file(), time);

@@ -12,7 +12,7 @@
 namespace ko::test {
 namespace {
 
-/// A played page and what its sheet says.
+/// A page without a window and the sheet of its set-up.
 class SetupSheetTest : public testing::Test {
 protected:
     static HeadlessPage played(const std::string& setup)
@@ -34,7 +34,7 @@ protected:
                 .texts = [&page](int number) { return toQt(page.text(number)); },
                 .locale = {}};
     }
-    /// The texts of the cells, row by row: "name|value".
+    /// Returns the texts of the cells by row: "name|value".
     static QStringList rowsOf(const QString& sheet)
     {
         QString body = sheet.mid(sheet.indexOf("<body"));

@@ -40,7 +40,7 @@ const std::map<std::string_view, QAccessible::Role> roles{
     {"Table", QAccessible::Table},
 };
 
-/// What a screen reader is told by the demo's page and its dialogs.
+/// The accessibility data of the demo's page and its dialogs.
 class AccessibilityTest : public testing::Test {
 protected:
     FrameWindow window{""};
@@ -56,11 +56,11 @@ protected:
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
-    static QString told(QObject* object, QAccessible::Text kind)
+    static QString accessibleText(QObject* object, QAccessible::Text kind)
     {
         return QAccessible::queryAccessibleInterface(object)->text(kind);
     }
-    /// The value that the control has; none for what has no value or says it another way.
+    /// Returns the control's value; none if it has no value or exposes it in another way.
     static std::optional<std::string> valueOf(const Control& control)
     {
         if (const auto* box = dynamic_cast<const TextBox*>(&control))
@@ -69,32 +69,32 @@ protected:
             return list->text();
         return std::nullopt;
     }
-    static void checkValue(const Control& control, QAccessibleInterface& told)
+    static void checkValue(const Control& control, QAccessibleInterface& element)
     {
-        const std::string value = told.text(QAccessible::Value).toStdString();
+        const std::string value = element.text(QAccessible::Value).toStdString();
         EXPECT_EQ(valueOf(control).value_or(value), value) << control.name();
         if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
-            EXPECT_EQ(told.state().checked != 0, option->value()) << control.name();
+            EXPECT_EQ(element.state().checked != 0, option->value()) << control.name();
         }
         if (dynamic_cast<const TimePicker*>(&control)) {
             EXPECT_FALSE(value.empty());
         }
     }
-    /// A mnemonic's mark is not read.
+    /// Names must not contain the mark of a mnemonic.
     static bool isName(const QString& text) { return !text.isEmpty() && !text.contains(u'&'); }
     static void checkControl(const Control& control, QWidget& widget)
     {
-        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&widget);
-        ASSERT_NE(told, nullptr) << control.name();
-        EXPECT_TRUE(isName(told->text(QAccessible::Name))) << control.name();
-        EXPECT_EQ(told->role(), roles.at(control.typeName())) << control.name();
+        QAccessibleInterface* element = QAccessible::queryAccessibleInterface(&widget);
+        ASSERT_NE(element, nullptr) << control.name();
+        EXPECT_TRUE(isName(element->text(QAccessible::Name))) << control.name();
+        EXPECT_EQ(element->role(), roles.at(control.typeName())) << control.name();
         const bool hasHint = std::atoi(control.tag().c_str()) == 0;
         if (control.takesFocus() && hasHint) {
-            EXPECT_EQ(told->text(QAccessible::Description).toStdString(), control.tag()) << control.name();
+            EXPECT_EQ(element->text(QAccessible::Description).toStdString(), control.tag()) << control.name();
         }
-        checkValue(control, *told);
+        checkValue(control, *element);
     }
-    /// Everything that can have the focus has a name, parts of controls included.
+    /// Checks that everything focusable has a name, including parts of controls.
     static void checkParts(QAccessibleInterface& element)
     {
         if (element.state().focusable && !element.state().invisible && element.role() != QAccessible::Client) {
@@ -113,7 +113,7 @@ protected:
             }
         checkParts(*QAccessible::queryAccessibleInterface(&shown));
     }
-    /// Checks the dialog that a press on the control shows, and closes it.
+    /// Presses the control, checks the dialog that it opens, and closes the dialog.
     void checkDialog(PressControl& opens)
     {
         bool shown = false;
@@ -122,10 +122,10 @@ protected:
             ASSERT_NE(dialog, nullptr);
             shown = true;
             auto* view = dynamic_cast<FormView*>(dialog->layout()->itemAt(0)->widget());
-            EXPECT_EQ(told(dialog, QAccessible::Name), toQt(view->form().caption()));
+            EXPECT_EQ(accessibleText(dialog, QAccessible::Name), toQt(view->form().caption()));
             checkForm(view->form(), *view);
             if (const auto* calendar = dialog->findChild<QCalendarWidget*>()) {
-                EXPECT_FALSE(told(calendar->focusProxy(), QAccessible::Name).isEmpty());
+                EXPECT_FALSE(accessibleText(calendar->focusProxy(), QAccessible::Name).isEmpty());
             }
             dialog->reject();
         });
@@ -151,7 +151,7 @@ TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleVal
     EXPECT_EQ(menu->child(0)->text(QAccessible::Name), window.text(1127).remove(u'&'));
 }
 
-/// The texts that the Alt key with a letter leads to: menus, labels of fields, buttons.
+/// Returns the texts with a mnemonic: menus, labels of fields, buttons.
 QStringList altTexts(FrameWindow& window)
 {
     QStringList texts;
@@ -179,7 +179,7 @@ TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
         for (const QString& text : texts) {
             const QKeySequence key = QKeySequence::mnemonic(text);
             EXPECT_FALSE(key.isEmpty()) << language << ": " << text.toStdString();
-            // The two options for a time share their text; in English it is given, as is the menu's.
+            // The two options for a time share their text. The English texts, the menu's too, are fixed.
             const bool isGiven = text == places.value(key) || text == "&Timebase" || text == "At &Time:";
             EXPECT_TRUE(isGiven || !places.contains(key))
                 << language << ": " << text.toStdString() << " and " << places[key].toStdString();
@@ -193,32 +193,35 @@ TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
 TEST_F(AccessibilityTest, FiguresInvalidEntriesAndSharesReadWell)
 {
     const QString title = window.text(1119 + 2);
-    EXPECT_EQ(told(&at(page().lblSpanValue), QAccessible::Name), title + ": " + toQt(page().lblSpanValue.caption()));
+    EXPECT_EQ(accessibleText(&at(page().lblSpanValue), QAccessible::Name),
+              title + ": " + toQt(page().lblSpanValue.caption()));
     page().lblSpanValue.setCaption(fromQt(window.text(1152)));
-    EXPECT_EQ(told(&at(page().lblSpanValue), QAccessible::Name), title + ": " + window.text(3041));
+    EXPECT_EQ(accessibleText(&at(page().lblSpanValue), QAccessible::Name), title + ": " + window.text(3041));
 
     auto* bar = window.page().findChild<QProgressBar*>("lblNumDynamicBytesValueShare");
     page().lblNumDynamicBytesValue.setShare(0.425);
-    EXPECT_EQ(told(bar, QAccessible::Value), "43");
-    EXPECT_TRUE(told(bar, QAccessible::Description).startsWith("42"));
+    EXPECT_EQ(accessibleText(bar, QAccessible::Value), "43");
+    EXPECT_TRUE(accessibleText(bar, QAccessible::Description).startsWith("42"));
     page().lblNumDynamicBytesValue.setCaption(fromQt(window.text(1152)));
-    EXPECT_EQ(told(bar, QAccessible::Description), window.text(3041));
+    EXPECT_EQ(accessibleText(bar, QAccessible::Description), window.text(3041));
 
     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
     QTest::keyClicks(&at(page().txtDuration), "x");
-    EXPECT_EQ(told(&at(page().txtDuration), QAccessible::Description),
+    EXPECT_EQ(accessibleText(&at(page().txtDuration), QAccessible::Description),
               window.text(3009) + ". " + toQt(page().txtDuration.tag()));
 }
 
 TEST_F(AccessibilityTest, ThePlanIsReadWhenTheUserPauses)
 {
     QWidget& plan = at(page().lblPlan);
-    const auto isTold = [&] { return told(&plan, QAccessible::Name).toStdString() == page().lblPlan.caption(); };
-    ASSERT_TRUE(QTest::qWaitFor(isTold));
+    const auto isAnnounced = [&] {
+        return accessibleText(&plan, QAccessible::Name).toStdString() == page().lblPlan.caption();
+    };
+    ASSERT_TRUE(QTest::qWaitFor(isAnnounced));
     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
     QTest::keyClicks(&at(page().txtDuration), "120");
-    EXPECT_FALSE(isTold());
-    EXPECT_TRUE(QTest::qWaitFor(isTold));
+    EXPECT_FALSE(isAnnounced());
+    EXPECT_TRUE(QTest::qWaitFor(isAnnounced));
 }
 
 } // namespace

@@ -40,7 +40,7 @@ const char* const bench = R"({"drivers": [
   {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2, "scanPeriod": {"value": 0.1, "range": [0.01, 10]}},
    "triggerLines": {"scanMasterRank": 5}, "groups": [{"name": "Slow", "channels": [{"address": "1:1"}]}]}]})";
 
-/// A session in the host's window that is captured and then replayed without one.
+/// A session that is captured in the host's window and then replayed without a window.
 class CaptureTest : public testing::Test {
 protected:
     QTemporaryDir folder;
@@ -77,7 +77,7 @@ protected:
             all += "\n" + control->name() + " " + controlState(*control).dump();
         return all;
     }
-    /// Stops the capture and compares what its replay from this set-up leads to.
+    /// Stops the capture, replays it from this set-up and compares the results.
     void expectSameReplay(const std::string& setup, const char* name = "session.scenario")
     {
         window.capture().stop();
@@ -95,7 +95,7 @@ protected:
     }
 };
 
-/// How many sessions and of how many actions; a longer run is asked for by the environment.
+/// Returns the number of sessions, or of actions of each: an environment variable, or the default.
 int wanted(const char* variable, int usual)
 {
     const char* value = std::getenv(variable);
@@ -106,7 +106,7 @@ class RandomSession : public CaptureTest, public testing::WithParamInterface<int
 protected:
     RandomUser user{window, static_cast<unsigned>(GetParam()) + 1};
 
-    /// Now and then the host does something, too.
+    /// Performs an action of the user, and sometimes one of the host.
     void act()
     {
         switch (user.upTo(40)) {
@@ -159,7 +159,7 @@ TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
     expectSameReplay(demo);
 }
 
-/// Lets no file grow beyond this size while it lives.
+/// Limits the size of files during its life.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN))
@@ -186,16 +186,16 @@ TEST_F(CaptureTest, AFullDiskEndsTheCaptureWithAMessageAndThePageGoesOn)
     QAction& entry = window.capture().action();
     EXPECT_TRUE(entry.isChecked());
     const std::string before = captured();
-    QString told;
+    QString message;
     {
         const FullDisk full(before.size() + 3);
         RandomUser user(window, 1);
         user.have([&] { QTest::mouseClick(window.page().view().widget(page().optAfter), Qt::LeftButton); });
         user.have([&] { QTest::mouseClick(window.page().view().widget(page().txtDuration), Qt::LeftButton); });
-        told = user.told();
+        message = user.lastMessage();
     }
     EXPECT_EQ(page().activeControl(), &page().txtDuration);
-    EXPECT_EQ(told, window.text(3203));
+    EXPECT_EQ(message, window.text(3203));
     EXPECT_FALSE(entry.isChecked());
     EXPECT_EQ(captured().substr(0, before.size()), before);
 }

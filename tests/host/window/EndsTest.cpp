@@ -20,7 +20,7 @@ const char* const triggeredBench = R"({"drivers": [
        {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}}]})";
 
-/// A window on a set-up, and whoever ends it, or what it shows, while one of its boxes, dialogs or menus is open.
+/// A window on a set-up. The window or its contents are ended while one of its boxes, dialogs or menus is open.
 struct Desk {
     QTemporaryDir folder;
     std::unique_ptr<FrameWindow> window = std::make_unique<FrameWindow>("");
@@ -50,14 +50,14 @@ struct Desk {
         return dynamic_cast<Widget&>(*window->page().view().widget(control));
     }
     void click(PressControl& control) const { QTest::mouseClick(&at(control), Qt::LeftButton); }
-    /// Leaves a text in the box of the duration that is refused.
+    /// Leaves an invalid text in the box of the duration.
     QWidget& mistype() const
     {
         page().moveFocus(&page().txtDuration);
         page().txtDuration.userReplaced("x", 1, 0);
         return at(page().txtDuration);
     }
-    /// By the keys, as the menu is open.
+    /// Chooses an entry of the open menu by keys.
     static void choose(QMenu& menu, int entry)
     {
         menu.popup({});
@@ -74,7 +74,7 @@ struct Desk {
     }
 };
 
-/// What opens a box, a dialog or a menu.
+/// A way to open a box, a dialog or a menu.
 struct Opening {
     const char* name;
     void (*open)(Desk&);
@@ -101,7 +101,7 @@ const Opening openings[] = {
          auto& list = desk.at<QComboBox>(desk.page().cmbSamplePeriod);
          list.showPopup();
          QAbstractItemView& view = *list.view();
-         // The press that opens a list does not choose from it.
+         // The list ignores a click right after the press that opened it.
          QTest::qWait(QApplication::doubleClickInterval() + 50);
          QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(0, 0)).center());
      }},
@@ -199,7 +199,7 @@ const Opening openings[] = {
      }},
 };
 
-/// What the host does meanwhile.
+/// An action of the host while it is open.
 struct Deed {
     const char* name;
     void (*play)(Desk&);
@@ -256,7 +256,7 @@ TEST_P(Ends, InTheMiddleOfWhatTheUserDoes)
             popup->close();
         if (!desk.window)
             continue;
-        // What is left of the window is of use.
+        // The window must still be usable.
         desk.window->document().mode().setReadOnly(false);
         desk.window->open(desk.file("again.json", triggeredBench));
         desk.window->show();

@@ -125,9 +125,9 @@ TEST_F(FailureStripTest, AScreenReaderIsAlertedOnceForEachInstrumentAndTheKeyboa
     typePeriod("0.25");
     EXPECT_TRUE(line(0).contains("18:00:00"));
     EXPECT_EQ(strip.accessibleName(), announced) << "not with every key";
-    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&strip);
-    EXPECT_EQ(told->role(), QAccessible::AlertMessage);
-    EXPECT_TRUE(told->text(QAccessible::Name).contains("Digitizer: SamplePeriod set failed"));
+    QAccessibleInterface* element = QAccessible::queryAccessibleInterface(&strip);
+    EXPECT_EQ(element->role(), QAccessible::AlertMessage);
+    EXPECT_TRUE(element->text(QAccessible::Name).contains("Digitizer: SamplePeriod set failed"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&lines)->text(QAccessible::Name), "Failing instruments");
     for (int i = 0; i < 40 && !strip.isAncestorOf(QApplication::focusWidget()); ++i)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);

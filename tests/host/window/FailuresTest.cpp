@@ -15,7 +15,7 @@ namespace {
     throw std::runtime_error("stuck <b>");
 }
 
-/// A user of whom nothing can be asked.
+/// Questions that all throw.
 class StuckQuestions : public UserQuestions {
 public:
     Unsaved keepChanges() override { getStuck(); }
@@ -27,7 +27,7 @@ public:
     void tellNotOpened(const std::string&) override { getStuck(); }
 };
 
-/// Fails at one kind of event.
+/// A widget that throws in one kind of event.
 class StuckWidget : public QWidget {
 public:
     using QWidget::QWidget;
@@ -57,7 +57,7 @@ protected:
         application.texts = nullptr;
         application.showsFailures = false;
     }
-    /// The texts of the box that comes of an action; empty where none does.
+    /// Returns the texts of the message box that an action causes; empty if there is none.
     template <class Act> QString boxOf(const Act& act)
     {
         QString texts;
@@ -103,7 +103,7 @@ TEST_F(FailuresTest, WhatTheUserAsksForAndFailsIsNamedInABoxAndTheWindowStays)
     }
 }
 
-TEST_F(FailuresTest, NothingLeavesTheHandlerOfAnEventAndWhatIsPaintedFailsOnce)
+TEST_F(FailuresTest, NoExceptionLeavesAnEventHandlerAndAPaintFailureIsShownOnce)
 {
     show();
     StuckWidget stuck;

@@ -20,7 +20,7 @@ protected:
     const std::string other = file("other.json", R"({"drivers": [{"name": "B", "timebase": {}}]})");
 
     void change() { (page().optImmediate.value() ? page().optStartTime : page().optImmediate).userClicked(); }
-    /// The entries of the list of recent files, as far as they are files.
+    /// Returns the files in the menu of recent files.
     QStringList recent()
     {
         QStringList names;
@@ -111,7 +111,7 @@ TEST_F(FrameFilesTest, AFileThatAnotherProgramChangesIsReloadedHoweverItIsReplac
             ++name;
         }
     EXPECT_EQ(user.offered, 6);
-    // While a question is open it waits.
+    // The reload waits while a message box is open.
     QMessageBox box(&window);
     box.open();
     ways[0](content('X'));
@@ -287,7 +287,7 @@ TEST_F(FrameFilesTest, ThePreviewShowsThePageAsItIsPrinted)
     EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
-TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsTold)
+TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsReported)
 {
     window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
     show();

@@ -6,8 +6,8 @@
 
 namespace {
 
-/// A failure that is left over fails the test, unless the test looks at the boxes.
-void hear(QtMsgType type, const QMessageLogContext&, const QString& message)
+/// An unhandled failure fails the test, unless the test checks the message boxes.
+void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
     const auto* application = dynamic_cast<ko::GuardedApplication*>(QCoreApplication::instance());
     if (type == QtCriticalMsg && application && !application->showsFailures)
@@ -22,9 +22,9 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLocale::setDefault(QLocale::c());
-    qInstallMessageHandler(hear);
+    qInstallMessageHandler(handleMessage);
     ko::GuardedApplication application(argc, argv);
-    // A box that no test expects would wait for ever.
+    // An unexpected message box would block the tests.
     application.showsFailures = false;
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

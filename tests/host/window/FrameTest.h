@@ -17,13 +17,13 @@
 
 namespace ko::test {
 
-/// What a user answers whose mind is made up, and what they have been told.
+/// Predefined answers of the user, and the messages shown.
 struct Decided {
     Unsaved unsaved = Unsaved::Cancel;
-    int asked = 0; ///< about unsaved changes
+    int asked = 0; ///< number of questions about unsaved changes
     Conflict conflict = Conflict::Cancel;
     bool reload = false;
-    int offered = 0; ///< to read the file anew
+    int offered = 0; ///< number of offers to reload the file
     std::string open, saveAs;
     std::string told;
 };
@@ -52,7 +52,7 @@ private:
     Decided& user_;
 };
 
-/// The frame window in front of a user who is asked without message boxes.
+/// The frame window, with questions answered by `Decided` instead of message boxes.
 class FrameTest : public testing::Test {
 protected:
     Decided user;
@@ -84,13 +84,13 @@ protected:
         window.show();
         activate();
     }
-    /// As the desktop does when a dialog has gone.
+    /// Activates the window, as the desktop does after a dialog has closed.
     void activate()
     {
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
-    /// Answers the message box that comes next and keeps its texts.
+    /// Confirms the next message box and stores its texts.
     void answer(QString& texts)
     {
         answer_.emplace([&texts] {

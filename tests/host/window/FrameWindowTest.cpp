@@ -14,7 +14,7 @@ const std::string demo = KO_DEMO_FOLDER "/engine-bench-demo.json";
 
 class FrameWindowTest : public FrameTest {
 protected:
-    /// Puts the focus into the duration, with this text selected.
+    /// Focuses the duration and enters this text, selected.
     QLineEdit& enterDuration(const char* text)
     {
         auto& box = static_cast<QLineEdit&>(at(page().txtDuration));

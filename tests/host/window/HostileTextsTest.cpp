@@ -15,7 +15,7 @@
 namespace ko::test {
 namespace {
 
-/// Freezes who takes it for HTML, and garbles what fills it in twice.
+/// Blocks a view that treats it as HTML, and shows place holders that are filled in twice.
 const QString hostile = QStringLiteral("[*]<img src=\"file:///dev/zero\">%1%2%3%4 & <b>x</b>");
 
 class HostileTextsTest : public FrameTest {
@@ -39,7 +39,7 @@ protected:
     {
         EXPECT_FALSE(tip.contains("<img") || tip.contains("<i>")) << of.metaObject()->className() << tip.toStdString();
     }
-    /// How many cells show the hostile text.
+    /// Counts the cells that show the hostile text.
     static int shownIn(const QAbstractItemModel& model, const QModelIndex& parent = {})
     {
         int shown = 0;
@@ -59,7 +59,7 @@ protected:
             }
         return shown;
     }
-    /// Looks at everything that there is to see; how much of it shows the hostile text.
+    /// Checks all visible texts and returns how many contain the hostile text.
     static int walk()
     {
         int shown = 0;
@@ -79,7 +79,7 @@ protected:
         }
         return shown;
     }
-    /// Walks while what `act` shows is open, and closes it.
+    /// Calls `walk` while the dialog that `act` shows is open, and closes the dialog.
     template <class Act> void expectShownBy(const char* what, const Act& act)
     {
         const int before = walk();

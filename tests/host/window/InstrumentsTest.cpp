@@ -34,7 +34,7 @@ protected:
         show();
     }
     SimulatedDriver& driver() { return *window.session().drivers().front(); }
-    /// The row at the end of a path of names; an invalid index when there is none.
+    /// Returns the row at the end of a path of names; an invalid index if there is none.
     QModelIndex row(const QStringList& path, int column = 0)
     {
         QModelIndex found;
@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(InstrumentsTest, TheTreeShowsTheValuesOfThisMomentWithoutCallingAnyone)
+TEST_F(InstrumentsTest, TheTreeShowsPresentValuesWithoutCallingAnInstrument)
 {
     const auto calls = driver().calls().callCount();
     EXPECT_EQ(value({"Digitizer", "Timebase", "Sample period"}), "0.5 s");
@@ -71,7 +71,7 @@ TEST_F(InstrumentsTest, TheTreeShowsTheValuesOfThisMomentWithoutCallingAnyone)
               QString("%1 s").arg(driver().held().timebase->samplePeriod.value));
 }
 
-TEST_F(InstrumentsTest, AChannelIsSwitchedInTheTreeAndThePageTakesTheInstrumentsInAnew)
+TEST_F(InstrumentsTest, AChannelIsSwitchedInTheTreeAndThePageReloadsTheInstruments)
 {
     const QModelIndex spare = row({"Digitizer", "Inputs", "0:2"});
     tree.scrollTo(spare);
@@ -176,7 +176,7 @@ TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsCaptured)
     EXPECT_TRUE(lines.contains("\nheal 0\n"));
 }
 
-TEST_F(InstrumentsTest, TheLogTellsWritesWhatWasKeptInsteadAndFailuresAndIsCopied)
+TEST_F(InstrumentsTest, TheLogShowsWritesKeptValuesAndFailuresAndCanBeCopied)
 {
     log.clear();
     Timebase& timebase = *driver().queryTimebase();

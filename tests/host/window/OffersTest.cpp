@@ -25,7 +25,7 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), key);
         activate();
     }
-    /// Does something with the dialog that comes next.
+    /// Calls `look` with the next dialog.
     void inDialog(const std::function<void(QDialog&)>& look)
     {
         looked = false;

@@ -30,7 +30,7 @@ bool isInput(const QWidget* widget)
             static_cast<const QAbstractItemView*>(above)->viewport() == widget);
 }
 
-/// Where the keys go.
+/// Returns the widget that receives key events.
 QWidget& keyboardOf(QWidget& front)
 {
     QWidget* focused = front.focusWidget();
@@ -57,7 +57,7 @@ void RandomUser::have(const std::function<void()>& done)
     QApplication::processEvents();
 }
 
-/// A modal dialog runs an event loop of its own, in the middle of what opened it.
+/// By a timer, because a modal dialog runs its own event loop inside the call that opens it.
 void RandomUser::attendSoon()
 {
     QTimer::singleShot(0, &window_, [this] { attend(); });
@@ -77,7 +77,7 @@ void RandomUser::useModal(QWidget& modal)
 {
     auto* dialog = qobject_cast<QDialog*>(&modal);
     if (const auto* box = qobject_cast<QMessageBox*>(&modal)) {
-        told_ = box->text();
+        lastMessage_ = box->text();
         return dialog->accept();
     }
     if (modal_ != &modal)
@@ -137,7 +137,7 @@ void RandomUser::click(QWidget& front)
         return;
     QWidget* target = inputs[upTo(static_cast<int>(inputs.size()))];
     const QPoint place(upTo(std::max(target->width(), 1)), upTo(std::max(target->height(), 1)));
-    // What stands in the target may take the press.
+    // A child widget at that place may take the click.
     if (QWidget* inner = target->childAt(place))
         QTest::mouseClick(inner, Qt::LeftButton, {}, inner->mapFrom(target, place));
     else if (upTo(6) == 0)
@@ -169,7 +169,7 @@ void RandomUser::type(QWidget& front)
     QTest::keyClick(&keyboardOf(front), letters[upTo(sizeof letters - 1)]);
 }
 
-/// Something that may well be accepted, in place of what stands there.
+/// Replaces the text by one that is likely to be accepted.
 void RandomUser::enter(QWidget& front)
 {
     constexpr const char* entries[]{"1", "2.5", "0.01", "1000", "64", "0.0003", "12:30:00", "-3", "abc", "1e9"};

@@ -7,19 +7,19 @@
 
 namespace ko::test {
 
-/// Someone who uses whatever window is in front by mouse and keyboard, without a plan but alike for the same seed.
+/// Uses the window in front with random mouse and keyboard input, reproducible by seed.
 class RandomUser {
 public:
     explicit RandomUser(QWidget& window, unsigned seed) : window_(window), random_(seed) {}
 
-    /// Does one thing, and what it takes to be back in the window: dialogs are used for a while and closed, message
-    /// boxes answered.
+    /// Performs one action and what is needed to return to the window: uses dialogs for a while and closes them,
+    /// answers message boxes.
     void act();
-    /// Has something else done, and does the same about it.
+    /// Calls `done` in place of a random action, and handles dialogs and message boxes in the same way.
     void have(const std::function<void()>& done);
 
-    /// The text of the message box that was answered last.
-    [[nodiscard]] const QString& told() const { return told_; }
+    /// Returns the text of the message box answered last.
+    [[nodiscard]] const QString& lastMessage() const { return lastMessage_; }
     /// A number from 0 to `count` - 1.
     int upTo(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
@@ -36,9 +36,9 @@ private:
 
     QWidget& window_;
     std::minstd_rand random_;
-    QString told_;
-    QPointer<QWidget> modal_; ///< the dialog that is used
-    int patience_ = 0;        ///< how often it will be used
+    QString lastMessage_;
+    QPointer<QWidget> modal_; ///< the dialog in use
+    int patience_ = 0;        ///< remaining actions in it
     bool isActing_ = false;
     bool isSettling_ = false;
 };

@@ -30,7 +30,7 @@ const char* const bench = R"({"drivers": [
      {"address": "0:3:2", "name": "Cam"}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2}, "triggerLines": {"scanMasterRank": 5}}]})";
 
-/// The page of a set-up that starts on the channel "Crank", in the host's window.
+/// The host's window on a set-up that starts on the trigger channel "Crank".
 class TriggeringTest : public FrameTest {
 protected:
     QTableWidget& table = static_cast<QTableWidget&>(at(page().grdParam));
@@ -61,7 +61,7 @@ protected:
             dialog->activateWindow();
             shown = QTest::qWaitFor([&] { return dialog->isActiveWindow(); });
             act(*dialog);
-            // A dialog that `act` should have closed must not hold up the test.
+            // A dialog that `act` has failed to close would block the test.
             if (dialog->isVisible()) {
                 ADD_FAILURE() << "the dialog is still open";
                 dialog->reject();
@@ -70,7 +70,7 @@ protected:
         open();
         EXPECT_TRUE(shown);
     }
-    /// Runs `act`, which brings up a message box, and closes that.
+    /// Runs `act`, which shows a message box, and closes the box.
     template <class Act> void refused(Act act)
     {
         bool shown = false;
@@ -256,7 +256,7 @@ TEST_F(TriggeringTest, LinesAreChosenOnTheirTabs)
     EXPECT_EQ(page().lines.line(LineTrigger::scan), 0);
 }
 
-/// The name of a cell's header, which the toolkit makes anew for whoever asks.
+/// Returns the name of a cell's header. The toolkit creates a new interface for each query.
 QString nameOf(const QList<QAccessibleInterface*>& headers)
 {
     const QString name = headers.at(0)->text(QAccessible::Name);
