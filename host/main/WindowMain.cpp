@@ -81,7 +81,7 @@ int stayOpen(FrameWindow& window, const std::string& refusal)
     window.winId();
     const OnceExposed afterExposed(*window.windowHandle(), [&] {
         if (!refusal.empty())
-            window.questions().tellNotOpened(refusal);
+            window.files().questions().tellNotOpened(refusal);
     });
     window.show();
     return QApplication::exec();

@@ -16,7 +16,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPushButton>
-#include <QStatusBar>
 
 namespace ko {
 
@@ -24,7 +23,7 @@ namespace {
 
 namespace captureText = textNumber::capture;
 
-/// The set-up that a replay of the scenario starts with.
+/// Returns the path of the set-up with which a replay of the scenario starts.
 std::string setupBeside(const std::string& scenario)
 {
     return scenario + ".setup.json";
@@ -34,7 +33,7 @@ std::string setupBeside(const std::string& scenario)
 
 FrameCapture::FrameCapture(CaptureFrame frame) : frame_(std::move(frame))
 {
-    action_.setText(frame_.texts(captureText::menu));
+    action_.setText(frame_.parts.text(captureText::menu));
     action_.setCheckable(true);
     onSignal(&action_, &QAction::triggered, this, [this](bool on) {
         const UserActions::Action action(frame_.actions);
@@ -42,12 +41,11 @@ FrameCapture::FrameCapture(CaptureFrame frame) : frame_(std::move(frame))
     });
     sign_.setObjectName(QStringLiteral("capture"));
     sign_.hide();
-    frame_.window.statusBar()->addPermanentWidget(&sign_);
-    frame_.services.modalForms.opened = [this](const Form& form) {
+    frame_.parts.services.modalForms.opened = [this](const Form& form) {
         if (capture_)
             capture_->dialogOpened(form);
     };
-    frame_.services.modalForms.closed = [this] {
+    frame_.parts.services.modalForms.closed = [this] {
         if (capture_)
             capture_->dialogClosed();
     };
@@ -55,21 +53,21 @@ FrameCapture::FrameCapture(CaptureFrame frame) : frame_(std::move(frame))
 
 FrameCapture::~FrameCapture()
 {
-    frame_.services.modalForms.opened = nullptr;
-    frame_.services.modalForms.closed = nullptr;
+    frame_.parts.services.modalForms.opened = nullptr;
+    frame_.parts.services.modalForms.closed = nullptr;
 }
 
 void FrameCapture::start(const std::string& file, const std::string& setup)
 {
     stop();
-    QtClock& clock = frame_.services.clock;
-    const DialogForms dialogs = frame_.component.dialogs();
+    QtClock& clock = frame_.parts.services.clock;
+    const DialogForms dialogs = frame_.parts.component->dialogs();
     const Captured captured{frame_.document().page(),
                             {&dialogs.advancedTrig, &dialogs.setDateTime, &dialogs.selectChannel, &dialogs.showOffers},
                             [&clock] { return clock.tick(); },
-                            frame_.platform.locale};
+                            frame_.parts.platform.locale};
     capture_ = std::make_unique<ScenarioCapture>(file, captured);
-    // Whoever finds that a line cannot be written is in the middle of the user's input.
+    // A line that cannot be written is found in the middle of the user's input, where no message box may open.
     capture_->failed = [this] { later(*this, [this] { failed(); }); };
     startSetup_ = setup;
     showState();
@@ -78,9 +76,9 @@ void FrameCapture::start(const std::string& file, const std::string& setup)
 void FrameCapture::startFromHere(const std::string& file)
 {
     const std::string beside = setupBeside(file);
-    frame_.refuseOwn(file);
-    frame_.refuseOwn(beside);
-    saveSetup(beside, frame_.present());
+    frame_.session.refuseOwn(file);
+    frame_.session.refuseOwn(beside);
+    saveSetup(beside, withPresentValues({"", frame_.parts.services.clock.standing(), {}}, frame_.session.drivers()));
     stop();
     frame_.renewPage();
     start(file, {});
@@ -93,7 +91,7 @@ void FrameCapture::startFromHere(const std::string& file)
 void FrameCapture::stop()
 {
     capture_.reset();
-    frame_.services.clock.runOn();
+    frame_.parts.services.clock.runOn();
     showState();
 }
 
@@ -112,7 +110,7 @@ void FrameCapture::host(const ScenarioWriter::Words& words)
 void FrameCapture::command(std::int32_t id)
 {
     if (capture_ && id == command::paste)
-        guarded([&] { capture_->host({"clipboard", frame_.services.clipboard.text()}); });
+        guarded([&] { capture_->host({"clipboard", frame_.parts.services.clipboard.text()}); });
     host({"command", std::to_string(id)});
 }
 
@@ -126,7 +124,7 @@ void FrameCapture::setup(const std::string& file)
 
 void FrameCapture::chooseFile()
 {
-    // The entry shows what is, not what is being asked for.
+    // The toolkit has already checked the entry, but nothing is being captured yet.
     showState();
     if (!frame_.mayLeave())
         return;
@@ -141,10 +139,10 @@ void FrameCapture::chooseFile()
     }
 }
 
-/// Empty when the user wants none.
+/// Asks for the scenario's file; returns an empty path if the user cancels.
 QString FrameCapture::fileToWrite()
 {
-    const auto text = frame_.texts;
+    const Texts text = frame_.parts.texts();
     Modal<QFileDialog> dialog(
         &frame_.window, text(captureText::title), QString(),
         QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(hostText::allFiles)));
@@ -152,16 +150,16 @@ QString FrameCapture::fileToWrite()
     return dialog.isAccepted() ? dialog->selectedFiles().value(0) : QString();
 }
 
-/// The user has named the scenario, not the set-up beside it.
+/// Asks about the set-up next to the scenario, because the file dialog has asked about the scenario only.
 bool FrameCapture::mayOverwrite(const std::string& file)
 {
     const QFileInfo info(toQt(file));
     if (!info.exists())
         return true;
-    Modal<PlainBox> box(QMessageBox::Question, frame_.texts(captureText::title),
-                        frame_.texts(captureText::exists).arg(info.fileName()), QString(), QMessageBox::Cancel,
+    Modal<PlainBox> box(QMessageBox::Question, frame_.parts.text(captureText::title),
+                        frame_.parts.text(captureText::exists).arg(info.fileName()), QString(), QMessageBox::Cancel,
                         &frame_.window);
-    const auto* const overwrite = box->addButton(frame_.texts(hostText::overwrite), QMessageBox::DestructiveRole);
+    const auto* const overwrite = box->addButton(frame_.parts.text(hostText::overwrite), QMessageBox::DestructiveRole);
     return box.answer() == overwrite;
 }
 
@@ -170,7 +168,7 @@ void FrameCapture::showState()
     action_.setChecked(capture_ != nullptr);
     sign_.setVisible(capture_ != nullptr);
     if (capture_)
-        sign_.setText(frame_.texts(captureText::sign).arg(QFileInfo(toQt(capture_->file())).fileName()));
+        sign_.setText(frame_.parts.text(captureText::sign).arg(QFileInfo(toQt(capture_->file())).fileName()));
 }
 
 void FrameCapture::failed()
@@ -184,8 +182,8 @@ void FrameCapture::failed()
 
 void FrameCapture::warn(const QString& reason)
 {
-    Modal<PlainBox>(QMessageBox::Warning, frame_.texts(captureText::title), frame_.texts(captureText::stopped), reason,
-                    QMessageBox::Ok, &frame_.window)
+    Modal<PlainBox>(QMessageBox::Warning, frame_.parts.text(captureText::title),
+                    frame_.parts.text(captureText::stopped), reason, QMessageBox::Ok, &frame_.window)
         .wait();
 }
 

@@ -1,63 +1,57 @@
 #pragma once
 
-#include "document/ClassFactory.h"
 #include "host/scenario/ScenarioCapture.h"
-#include "host/setup/SetupFile.h"
-#include "widgets/services/QtServices.h"
-#include "widgets/support/Convert.h"
+#include "host/setup/SetupSession.h"
+#include "host/window/FrameParts.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/UserActions.h"
 
 #include <QAction>
-#include <QMainWindow>
 #include <memory>
 
 namespace ko {
 
-/// What a capture needs of the window in which it happens.
+/// The parts of the window that a capture uses. All of them must outlive it.
 struct CaptureFrame {
-    QMainWindow& window;
+    QWidget& window;
     const UserActions& actions;
-    Texts texts;
-    QtServices& services;
-    const Platform& platform;
-    Component& component;
+    FrameParts& parts;
+    const SetupSession& session;
     std::function<Document&()> document;
-    /// Fails with an `InputError` for a file that is open as something else.
-    std::function<void(const std::string&)> refuseOwn;
-    std::function<bool()> mayLeave;  ///< whether the page may be left; the user has been told when it may not
-    std::function<Setup()> present;  ///< the instruments with their present values
-    std::function<void()> renewPage; ///< makes another document, which has no instruments and is shown
-    std::function<void()> showAgain; ///< takes the page off the screen, hands the instruments over and shows it
+    std::function<bool()> mayLeave;  ///< returns whether the page may be left; if not, the user has been shown why
+    std::function<void()> renewPage; ///< makes a new document, shown without instruments
+    std::function<void()> showAgain; ///< hides the page, hands the instruments over and shows the page
 };
 
-/// Captures what happens in a frame window as a scenario: its menu entry, its sign in the status line, and the file
-/// that is being written, if any. A file that cannot be written ends the capture with a message and nothing else.
+/// Captures what happens in a frame window as a scenario: the menu entry, the sign for the status line, and the file
+/// that is being written, if any. If the file cannot be written, the capture ends with a message; nothing else changes.
 class FrameCapture : public QObject {
 public:
     explicit FrameCapture(CaptureFrame frame);
     ~FrameCapture() override;
 
-    /// The checkable entry "Capture Scenario..."
+    /// The checkable menu entry "Capture Scenario...".
     [[nodiscard]] QAction& action() { return action_; }
+    /// Visible during a capture.
+    [[nodiscard]] QWidget& sign() { return sign_; }
 
-    /// Captures from here on, with a page that has just been made and was shown without instruments. `setup` is the
-    /// file that a replay is going to start with. Fails with an `InputError`.
+    /// Starts a capture with a page that has just been made and shown without instruments. `setup` is the file with
+    /// which a replay starts. Throws an `InputError` if the scenario cannot be written.
     void start(const std::string& file, const std::string& setup);
-    /// The same at any time, from the instruments' present state on: it is saved as a set-up beside the scenario, and a
-    /// new page shows them.
+    /// Starts a capture at any time. Saves the instruments' present state as a set-up next to the scenario, and shows
+    /// the instruments on a new page. Throws an `InputError` if a file cannot be written.
     void startFromHere(const std::string& file);
     void stop();
 
-    /// Fails with an `InputError` when the file is that of the scenario.
+    /// Throws an `InputError` if the file is that of the scenario.
     void refuseOwn(const std::string& file) const;
 
-    // What the host is about to do; nothing while nothing is captured.
-    /// A command in the words of a scenario, such as `fail`, `heal`, `enable`, `read-only` or `ok-to-leave`.
+    // Called before the host does something; without effect when nothing is being captured.
+    /// Captures a scenario's command, such as `fail`, `heal`, `enable`, `read-only` or `ok-to-leave`.
     void host(const ScenarioWriter::Words& words);
-    /// A menu command for the page; pasting takes the clipboard's text along.
+    /// Captures a menu command for the page, and for pasting also the clipboard's text.
     void command(std::int32_t id);
-    /// The instruments in `file`, read anew, are about to be shown in place of others.
+    /// Captures that the instruments of `file` are going to be shown instead of the previous ones.
     void setup(const std::string& file);
 
 private:
@@ -70,7 +64,7 @@ private:
 
     CaptureFrame frame_;
     std::unique_ptr<ScenarioCapture> capture_;
-    std::string startSetup_; ///< until it has been shown
+    std::string startSetup_; ///< empty after it has been shown
     QAction action_;
     PlainLabel sign_{nullptr};
 };

@@ -1,12 +1,12 @@
+#include "host/window/FrameFiles.h"
+
 #include "host/support/HostTexts.h"
-#include "host/window/FrameWindow.h"
 #include "host/window/Later.h"
-#include "widgets/support/Guarded.h"
-#include "widgets/support/PlainText.h"
 
 #include <QApplication>
-#include <QCloseEvent>
+#include <QDropEvent>
 #include <QFileInfo>
+#include <QMainWindow>
 #include <QMimeData>
 #include <QUrl>
 
@@ -14,7 +14,7 @@ namespace ko {
 
 namespace {
 
-/// The one local file that is dragged; empty for anything else.
+/// Returns the dragged local file; empty unless it is exactly one.
 QString draggedFile(const QDropEvent& event)
 {
     const QList<QUrl> urls = event.mimeData()->urls();
@@ -23,133 +23,95 @@ QString draggedFile(const QDropEvent& event)
 
 } // namespace
 
-void FrameWindow::makeSession()
+FrameFiles::FrameFiles(QMainWindow& window, const UserActions& actions, FrameParts& parts, FrameMemory& memory)
+    : window_(window), actions_(actions), parts_(parts), recent_(memory),
+      questions_(std::make_unique<BoxQuestions>(window, session_, parts.texts()))
 {
-    questions_ = std::make_unique<BoxQuestions>(*this, session_, texts());
-    session_.mayLeavePage = [this] { return okToLeave(); };
-    session_.checkFree = [this](const std::string& file) { capture_->refuseOwn(file); };
     session_.loaded = [this] { showLoaded(); };
     session_.titleChanged = [this] { showTitle(); };
+    showTitle();
 }
 
-void FrameWindow::open(const std::string& file)
+void FrameFiles::showLoaded()
 {
-    session_.load(file);
-}
-
-void FrameWindow::showLoaded()
-{
-    services_.clock.standAt(session_.clock());
-    capture_->setup(session_.file());
-    handOver();
+    parts_.services.clock.standAt(session_.clock());
+    showInstruments();
     session_.setChanged(false);
-    rememberFile();
+    remember();
 }
 
-void FrameWindow::openAsking(const QString& file)
+void FrameFiles::open(const QString& file)
 {
     const UserActions::Action action(actions_);
     guarded([&] { session_.open(fromQt(file), *questions_); }, file);
 }
 
-void FrameWindow::chooseSetup()
+void FrameFiles::chooseAndOpen()
 {
     const std::string file = questions_->fileToOpen();
     if (!file.empty())
-        openAsking(toQt(file));
+        open(toQt(file));
 }
 
-void FrameWindow::openRecent(const QString& file)
+void FrameFiles::openRecent(const QString& file)
 {
     const UserActions::Action action(actions_);
-    openAsking(file);
+    open(file);
     if (!action.isOver() && !QFileInfo::exists(file))
         recent_.remove(file);
 }
 
-void FrameWindow::save()
+void FrameFiles::acceptDrag(QDragEnterEvent& event)
+{
+    if (!draggedFile(event).isEmpty())
+        event.acceptProposedAction();
+}
+
+void FrameFiles::openDropped(QDropEvent& event)
+{
+    event.acceptProposedAction();
+    // The program at the other end of the drag waits until this event has returned, so no message box is shown here.
+    later(window_, [this, file = draggedFile(event)] { open(file); });
+}
+
+void FrameFiles::save()
 {
     if (session_.save(*questions_))
-        rememberFile();
+        remember();
 }
 
-void FrameWindow::saveAs()
+void FrameFiles::saveAs()
 {
     if (session_.saveAs(*questions_))
-        rememberFile();
+        remember();
 }
 
-void FrameWindow::rememberFile()
+void FrameFiles::remember()
 {
-    fileWatch_.watch(session_.file());
-    // A list of texts cannot keep any other name.
+    watch_.watch(session_.file());
+    // The list of recent files can keep only names in UTF-8.
     if (const QString name = toQt(session_.file()); fromQt(name) == session_.file())
         recent_.add(name);
 }
 
-void FrameWindow::offerReload()
+void FrameFiles::offerReload()
 {
     const UserActions::Action action(actions_);
-    if (isVisible() && !QApplication::activeModalWidget())
+    if (window_.isVisible() && !QApplication::activeModalWidget())
         session_.offerReload(*questions_);
 }
 
-void FrameWindow::changeEvent(QEvent* event)
+void FrameFiles::showTitle()
 {
-    QMainWindow::changeEvent(event);
-    // What a question has kept waiting, or a file system does not say.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        later(*this, [this] { offerReload(); });
+    const QString name = session_.isOpen() ? plainTitle(toQt(session_.name())) : parts_.text(hostText::noSetup);
+    window_.setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, parts_.text(hostText::product)));
+    window_.setWindowModified(session_.isChanged());
 }
 
-void FrameWindow::showTitle()
-{
-    const QString name = session_.isOpen() ? plainTitle(toQt(session_.name())) : text(hostText::noSetup);
-    setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, text(hostText::product)));
-    setWindowModified(session_.isChanged());
-}
-
-void FrameWindow::OnChanged()
+void FrameFiles::OnChanged()
 {
     if (!session_.isChanged())
         session_.setChanged(true);
-}
-
-void FrameWindow::closeEvent(QCloseEvent* event)
-{
-    const UserActions::Action action(actions_);
-    // An event starts accepted, and a failure must not close the window.
-    event->ignore();
-    event->setAccepted(session_.mayLeave(*questions_));
-    if (event->isAccepted())
-        rememberPlace();
-}
-
-void FrameWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!draggedFile(*event).isEmpty())
-        event->acceptProposedAction();
-}
-
-void FrameWindow::dropEvent(QDropEvent* event)
-{
-    const QString file = draggedFile(*event);
-    event->acceptProposedAction();
-    // Whoever drags waits for the drop to end, a message box or not.
-    later(*this, [this, file] { openAsking(file); });
-}
-
-bool FrameWindow::restorePlace()
-{
-    return restoreGeometry(memory_.content().geometry) && restoreState(memory_.content().docks);
-}
-
-void FrameWindow::rememberPlace()
-{
-    memory_.change([this](FrameMemory::Content& content) {
-        content.geometry = saveGeometry();
-        content.docks = saveState();
-    });
 }
 
 } // namespace ko

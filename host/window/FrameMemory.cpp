@@ -51,7 +51,7 @@ Content parse(const std::string& text)
     return content;
 }
 
-/// What was there is worth less than a window that opens.
+/// Ignores a malformed file, because the window must open anyway.
 Content load(const std::string& file)
 {
     try {

@@ -7,24 +7,23 @@
 
 namespace ko {
 
-/// What a frame window keeps from one run to the next, in a file that other windows use, too.
+/// The state that a frame window keeps between runs, in a file shared with other windows.
 class FrameMemory {
 public:
     struct Content {
         QStringList recentFiles;
-        QByteArray geometry, docks; ///< as the toolkit gives them
+        QByteArray geometry, docks; ///< in the toolkit's encoding
     };
 
-    /// Without a file everything is forgotten at the end. A file that is missing or cannot be understood is an empty
-    /// one.
+    /// If `file` is empty, nothing is kept. A missing or malformed file counts as empty.
     explicit FrameMemory(std::string file = {});
 
     [[nodiscard]] const Content& content() const { return content_; }
-    /// Changes what is in the file now and writes it. A file that cannot be written stays as it was; the reason is
+    /// Reads the file again, changes its content and writes it. If that fails, the file is unchanged and the reason is
     /// printed on standard error.
     void change(const std::function<void(Content&)>& change);
 
-    /// The file of the program's user.
+    /// Returns the path of the user's file.
     static std::string usersFile();
 
 private:

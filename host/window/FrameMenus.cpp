@@ -17,7 +17,7 @@ namespace ko {
 
 namespace {
 
-/// A file's name as a menu shows it, reached by its number.
+/// Returns a menu text for a file, with its number as the mnemonic.
 QString entryOf(int number, const QString& file)
 {
     const QFileInfo info(file);
@@ -32,7 +32,6 @@ void FrameWindow::makeMenus()
     makeFileMenu();
     makeEditMenu();
     makeViewMenu();
-    menuBar()->addMenu(&page_->menu());
     makeHelpMenu();
 }
 
@@ -50,18 +49,18 @@ QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, 
 void FrameWindow::makeFileMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::fileMenu));
-    addEntry(menu, hostText::openSetup, QKeySequence::Open, [this] { chooseSetup(); });
+    addEntry(menu, hostText::openSetup, QKeySequence::Open, [this] { files_.chooseAndOpen(); });
     makeRecentMenu(menu);
     menu.addSeparator();
-    addEntry(menu, hostText::save, QKeySequence::Save, [this] { save(); });
-    // Not every desktop has a standard key for it.
-    addEntry(menu, hostText::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveAs(); });
+    addEntry(menu, hostText::save, QKeySequence::Save, [this] { files_.save(); });
+    // Some desktops define no standard key for this.
+    addEntry(menu, hostText::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { files_.saveAs(); });
     menu.addSeparator();
-    addEntry(menu, hostText::print, QKeySequence::Print, [this] { print(); });
-    addEntry(menu, hostText::printPreview, {}, [this] { previewPrint(); });
-    addEntry(menu, sheetText::menuEntry, {}, [this] { printSheet(); });
+    addEntry(menu, hostText::print, QKeySequence::Print, [this] { printing_.printPage(); });
+    addEntry(menu, hostText::printPreview, {}, [this] { printing_.previewPage(); });
+    addEntry(menu, sheetText::menuEntry, {}, [this] { printing_.printSheet(); });
     menu.addSeparator();
-    menu.addAction(&capture_->action());
+    menu.addAction(&capture_.action());
     menu.addSeparator();
     addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
 }
@@ -76,18 +75,18 @@ void FrameWindow::makeRecentMenu(QMenu& menu)
 void FrameWindow::fillRecentMenu(QMenu& menu)
 {
     menu.clear();
-    if (recent_.files().isEmpty()) {
+    if (files_.recent().files().isEmpty()) {
         menu.addAction(text(hostText::noRecentFiles))->setEnabled(false);
         return;
     }
     int number = 0;
-    for (const QString& file : recent_.files()) {
+    for (const QString& file : files_.recent().files()) {
         QAction* entry = menu.addAction(entryOf(++number, file));
         entry->setToolTip(plainTip(file));
-        onSignal(entry, &QAction::triggered, this, [this, file] { openRecent(file); });
+        onSignal(entry, &QAction::triggered, this, [this, file] { files_.openRecent(file); });
     }
     menu.addSeparator();
-    addEntry(menu, hostText::clearRecent, {}, [this] { recent_.clear(); });
+    addEntry(menu, hostText::clearRecent, {}, [this] { files_.recent().clear(); });
 }
 
 void FrameWindow::makeEditMenu()
@@ -107,7 +106,7 @@ void FrameWindow::makeEditMenu()
         onSignal(action, &QAction::triggered, this, [this, id = command] { runCommand(id); });
         onSignal(menu, &QMenu::aboutToShow, action,
                  [this, action, id = command] { action->setEnabled(isAvailable(id)); });
-        // A disabled action would not hear its key.
+        // A disabled action would not receive its shortcut.
         onSignal(menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
     }
 }
@@ -117,14 +116,12 @@ void FrameWindow::makeViewMenu()
     QMenu& menu = *menuBar()->addMenu(text(hostText::viewMenu));
     QAction* readOnly = menu.addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
-    onSignal(readOnly, &QAction::toggled, this, [this](bool on) {
-        capture_->host({"read-only", on ? "on" : "off"});
-        watch_.health().rebuild([&] { document_->mode().setReadOnly(on); });
-    });
+    onSignal(readOnly, &QAction::toggled, this,
+             [this](bool on) { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });
     menu.addSeparator();
-    addDock(menu, *instruments_, hostText::instruments);
-    addDock(menu, *log_, hostText::driverLog);
-    addDock(menu, *reports_, hostText::reportsEntry);
+    addDock(menu, docks_.instruments(), hostText::instruments);
+    addDock(menu, docks_.log(), hostText::driverLog);
+    addDock(menu, docks_.reports(), hostText::reportsEntry);
 }
 
 void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)
@@ -141,16 +138,11 @@ void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)
 void FrameWindow::makeHelpMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::helpMenu));
-    // F1 is the page's key first; the text behind the tabulator only shows it.
+    // The page handles F1 itself; the text after the tab only displays the key.
     QAction& onPage = addEntry(menu, hostText::helpOnPage, {}, [this] { runCommand(command::help); });
     onPage.setText(onPage.text() + QStringLiteral("\tF1"));
-    addEntry(menu, hostText::contents, {}, [this] { showHelp(contentsTopic); });
+    addEntry(menu, hostText::contents, {}, [this] { showHelp(parts_->texts(), *this, contentsTopic); });
     addEntry(menu, hostText::about, {}, [this] { showAbout(); });
-}
-
-void FrameWindow::showHelp(std::int32_t topic)
-{
-    ko::showHelp(texts(), *this, topic);
 }
 
 void FrameWindow::showAbout()

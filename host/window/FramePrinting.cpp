@@ -1,68 +1,85 @@
+#include "host/window/FramePrinting.h"
+
+#include "host/setup/SetupSession.h"
 #include "host/sheet/SheetPages.h"
 #include "host/sheet/SheetTexts.h"
 #include "host/support/FileWriter.h"
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
-#include "host/window/FrameWindow.h"
+#include "host/window/FrameCapture.h"
+#include "host/window/PageHost.h"
 #include "widgets/services/PdfDetour.h"
-#include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
-#include "widgets/support/PlainText.h"
 
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 
 namespace ko {
 
-void FrameWindow::print()
+FramePrinting::FramePrinting(QWidget& window, const UserActions& actions, FrameParts& parts, PageHost& page,
+                             const SetupSession& session, const FrameCapture& capture)
+    : window_(window), actions_(actions), parts_(parts), page_(page), session_(session), capture_(capture)
+{
+    parts.services.printers.savePdf = [this](const QString& file, const QByteArray& content) {
+        savePdf(file, content);
+    };
+}
+
+FramePrinting::~FramePrinting()
+{
+    parts_.services.printers.savePdf = nullptr;
+}
+
+void FramePrinting::printPage()
 {
     QPrinter printer(QPrinter::HighResolution);
-    if (!Modal<QPrintDialog>(&printer, this).isAccepted())
+    if (!Modal<QPrintDialog>(&printer, &window_).isAccepted())
         return;
     const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
     if (toFile)
-        services_.printers.setPdfFile(printer.outputFileName());
+        parts_.services.printers.setPdfFile(printer.outputFileName());
     const std::string name = toFile ? QtPrinters::pdfName : fromQt(printer.printerName());
-    document_->print().DefaultPrint(name, settingsOf(printer));
+    page_.document().print().DefaultPrint(name, settingsOf(printer));
 }
 
-void FrameWindow::previewPrint()
+void FramePrinting::previewPage()
 {
     QPrinter printer(QPrinter::HighResolution);
-    Modal<QPrintPreviewDialog> dialog(&printer, this);
-    dialog->resize(size().expandedTo(dialog->sizeHint()));
-    onSignal(dialog.get(), &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* asked) { printOn(*asked); });
+    Modal<QPrintPreviewDialog> dialog(&printer, &window_);
+    dialog->resize(window_.size().expandedTo(dialog->sizeHint()));
+    onSignal(dialog.get(), &QPrintPreviewDialog::paintRequested, &window_,
+             [this](QPrinter* asked) { printPageOn(*asked); });
     dialog.wait();
 }
 
-void FrameWindow::printOn(QPrinter& printer)
+void FramePrinting::printPageOn(QPrinter& printer)
 {
-    const QtPrinters::Lent lent(services_.printers, printer);
-    document_->print().DefaultPrint(fromQt(printer.printerName()), settingsOf(printer));
+    const QtPrinters::Lent lent(parts_.services.printers, printer);
+    page_.document().print().DefaultPrint(fromQt(printer.printerName()), settingsOf(printer));
 }
 
-void FrameWindow::printSheet()
+void FramePrinting::printSheet()
 {
-    if (!okToLeave())
+    if (!page_.okToLeave())
         return;
     QPrinter printer(QPrinter::HighResolution);
-    if (Modal<QPrintDialog>(&printer, this).isAccepted())
+    if (Modal<QPrintDialog>(&printer, &window_).isAccepted())
         printSheetOn(printer);
 }
 
-SheetSource FrameWindow::sheet()
+SheetSource FramePrinting::sheet()
 {
-    return {.page = document_->page(),
+    return {.page = page_.document().page(),
             .drivers = session_.drivers(),
             .title = session_.title(),
             .file = session_.name(),
             .isChanged = session_.isChanged(),
-            .made = services_.clock.now(),
-            .texts = texts(),
-            .locale = platform_.locale};
+            .made = parts_.services.clock.now(),
+            .texts = parts_.texts(),
+            .locale = parts_.platform.locale};
 }
 
-void FrameWindow::printSheetOn(QPrinter& printer)
+void FramePrinting::printSheetOn(QPrinter& printer)
 {
     const UserActions::Action action(actions_);
     const PdfDetour detour(printer);
@@ -76,16 +93,16 @@ void FrameWindow::printSheetOn(QPrinter& printer)
         reason = toQt(error.what());
     }
     if (!isPrinted)
-        Modal<PlainBox>(QMessageBox::Warning, text(hostText::product), text(sheetText::notPrinted), reason,
-                        QMessageBox::Ok, this)
+        Modal<PlainBox>(QMessageBox::Warning, parts_.text(hostText::product), parts_.text(sheetText::notPrinted),
+                        reason, QMessageBox::Ok, &window_)
             .wait();
 }
 
-void FrameWindow::savePdf(const QString& file, const QByteArray& content)
+void FramePrinting::savePdf(const QString& file, const QByteArray& content)
 {
     const std::string name = fromQt(file);
     session_.refuseOwn(name);
-    capture_->refuseOwn(name);
+    capture_.refuseOwn(name);
     if (content.isEmpty())
         throw InputError(name + ": cannot be saved: there is no room for a temporary file");
     writeWhole(name, content.toStdString());

@@ -82,7 +82,8 @@ QPixmap sheet(FrameWindow& window)
     picture.fill(Qt::white);
     QPainter painter(&picture);
     painter.translate(margins.left(), margins.top());
-    SheetPages(window.sheet(), picture, QRect(QPoint(), paper).marginsRemoved(margins).size()).paint(painter, 0);
+    SheetPages(window.printing().sheet(), picture, QRect(QPoint(), paper).marginsRemoved(margins).size())
+        .paint(painter, 0);
     painter.end();
     return QPixmap::fromImage(picture);
 }
@@ -108,7 +109,7 @@ QPixmap triggerLines(FrameWindow& window)
 /// Makes three instruments fail, each in another call.
 QPixmap failingInstruments(FrameWindow& window)
 {
-    window.health().now = [&window] { return window.services().clock.now(); };
+    window.docks().health().now = [&window] { return window.services().clock.now(); };
     const SimulatedDrivers& drivers = window.session().drivers();
     drivers[0]->calls().fail({"SampleChoiceList", 13, "Type mismatch"});
     drivers[1]->calls().fail({"BlockSizeChoiceList"});

@@ -111,7 +111,7 @@ protected:
     {
         switch (user.upTo(40)) {
         case 0: user.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
-        case 1: user.have([this] { window.openAsking(folder.filePath("bench.json")); }); break;
+        case 1: user.have([this] { window.files().open(folder.filePath("bench.json")); }); break;
         case 2: breakDown(); break;
         case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(user.upTo(2)))}); break;
         default: user.act();

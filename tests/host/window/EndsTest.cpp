@@ -173,7 +173,7 @@ const Opening openings[] = {
          desk.file("bench.json", R"({"drivers": []})");
          desk.choose(hostText::fileMenu, hostText::save);
      }},
-    {"NotOpened", [](Desk& desk) { desk.window->openAsking("/none.json"); }},
+    {"NotOpened", [](Desk& desk) { desk.window->files().open("/none.json"); }},
     {"NotLeft",
      [](Desk& desk) {
          desk.mistype();

@@ -21,7 +21,7 @@ protected:
         for (int i = 1; i <= scanners; ++i)
             drivers += R"(, {"name": "Scanner )" + std::to_string(i) + R"(", "samplingMode": 2, "timebase": {}})";
         window.open(file("bench.json", (R"({"drivers": [)" + drivers + "]}").c_str()));
-        window.health().now = [] { return DateTime{46347.5}; };
+        window.docks().health().now = [] { return DateTime{46347.5}; };
         show();
     }
     SimulatedDriver& driver(std::size_t index) { return *window.session().drivers()[index]; }
@@ -121,7 +121,7 @@ TEST_F(FailureStripTest, AScreenReaderIsAlertedOnceForEachInstrumentAndTheKeyboa
     typePeriod("2");
     const QString announced = strip.accessibleName();
     EXPECT_TRUE(announced.endsWith(line(0)));
-    window.health().now = [] { return DateTime{46347.75}; };
+    window.docks().health().now = [] { return DateTime{46347.75}; };
     typePeriod("0.25");
     EXPECT_TRUE(line(0).contains("18:00:00"));
     EXPECT_EQ(strip.accessibleName(), announced) << "not with every key";

@@ -83,7 +83,7 @@ TEST_F(FailuresTest, WhatTheUserAsksForAndFailsIsNamedInABoxAndTheWindowStays)
     window.open(bench);
     show();
     page().optStartTime.userClicked();
-    window.setQuestions(std::make_unique<StuckQuestions>());
+    window.files().setQuestions(std::make_unique<StuckQuestions>());
     for (const int entry : {hostText::openSetup, hostText::saveAs, hostText::quit}) {
         QAction& chosen = action(hostText::fileMenu, entry);
         const QString expected = window.text(hostText::actionFailed).arg(withoutMnemonic(chosen.text()));
@@ -92,7 +92,7 @@ TEST_F(FailuresTest, WhatTheUserAsksForAndFailsIsNamedInABoxAndTheWindowStays)
                                                         : expected + "\nstuck <b>");
         EXPECT_TRUE(window.isVisible());
     }
-    EXPECT_EQ(boxOf([&] { window.openAsking("/x/%1 other.json"); }),
+    EXPECT_EQ(boxOf([&] { window.files().open("/x/%1 other.json"); }),
               window.text(hostText::actionFailed).arg("/x/%1 other.json") + "\nstuck <b>");
     for (QPushButton* button : window.instruments().findChildren<QPushButton*>()) {
         window.instruments().handOver = getStuck;

@@ -77,11 +77,11 @@ TEST_F(FrameFilesTest, ClosingAndOpeningOfferToSaveWhatHasChanged)
     show();
     change();
     EXPECT_FALSE(window.close());
-    window.openAsking(toQt(other));
+    window.files().open(toQt(other));
     EXPECT_EQ(user.asked, 2);
     EXPECT_EQ(window.session().name(), "bench.json");
     user.unsaved = Unsaved::Save;
-    window.openAsking(toQt(other));
+    window.files().open(toQt(other));
     EXPECT_EQ(window.session().name(), "other.json");
     EXPECT_FALSE(window.isWindowModified());
     EXPECT_EQ(loadSetup(bench).instruments.at(0).timebase->startMode, startMode::atTime);
@@ -282,7 +282,7 @@ TEST_F(FrameFilesTest, ThePreviewShowsThePageAsItIsPrinted)
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(folder.filePath("preview.pdf"));
-    window.printOn(printer);
+    window.printing().printPageOn(printer);
     EXPECT_GT(QFileInfo(folder.filePath("preview.pdf")).size(), 1000);
     EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
@@ -297,7 +297,7 @@ TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsRepo
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(folder.filePath("sheet.pdf"));
         printer.setPageSize(QPageSize(paper));
-        window.printSheetOn(printer);
+        window.printing().printSheetOn(printer);
         QFile file(folder.filePath("sheet.pdf"));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const QByteArray pdf = file.readAll();
@@ -311,9 +311,9 @@ TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsRepo
         printer.setOutputFileName(refused);
         QString told;
         answer(told);
-        window.printSheetOn(printer);
+        window.printing().printSheetOn(printer);
         EXPECT_TRUE(told.startsWith(window.text(3368)) && told.contains(refused)) << fromQt(told);
-        window.printOn(printer);
+        window.printing().printPageOn(printer);
     }
     EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());

@@ -59,7 +59,7 @@ protected:
     FrameWindow window{""};
     QTemporaryDir folder;
 
-    FrameTest() { window.setQuestions(std::make_unique<DecidedQuestions>(user)); }
+    FrameTest() { window.files().setQuestions(std::make_unique<DecidedQuestions>(user)); }
 
     Page& page() { return window.document().page(); }
     QWidget& at(const Control& control) { return *window.page().view().widget(control); }

@@ -46,7 +46,7 @@ TEST_F(FrameWindowTest, AFileThatCannotBeOpenedIsRefusedWithItsPlaceAndTheOldSet
     const DriverList before = page().drivers;
     for (const std::string& bad : {file("broken.json", "{"), file("key.json", "{\"drivers\": [{\"nme\": 1}]}"),
                                    folder.filePath("missing.json").toStdString()}) {
-        window.openAsking(toQt(bad));
+        window.files().open(toQt(bad));
         EXPECT_NE(user.told.find(bad), std::string::npos) << user.told;
         EXPECT_EQ(page().drivers, before);
         EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json"));
@@ -65,7 +65,7 @@ TEST_F(FrameWindowTest, AnEntryThatIsNotValidKeepsThePageFromBeingLeft)
     page().txtScanPeriod.userReplaced("bad", 3, 0);
     QString told;
     answer(told);
-    window.openAsking(toQt(demo));
+    window.files().open(toQt(demo));
     EXPECT_EQ(page().drivers, before);
     answer(told);
     EXPECT_FALSE(window.close());

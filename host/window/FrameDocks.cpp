@@ -1,0 +1,140 @@
+#include "host/window/FrameDocks.h"
+
+#include "host/setup/SetupSession.h"
+#include "host/window/DriverLog.h"
+#include "host/window/FailureStrip.h"
+#include "host/window/FrameCapture.h"
+#include "host/window/InstrumentsView.h"
+#include "host/window/PageHost.h"
+#include "host/window/Reports.h"
+
+#include <QApplication>
+#include <QLayout>
+#include <QMainWindow>
+#include <algorithm>
+
+namespace ko {
+
+FrameDocks::FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, SetupSession& session,
+                       FrameCapture& capture)
+    : page_(page), session_(session), capture_(capture), reports_(new Reports(parts.texts(), &window)),
+      log_(new DriverLog(parts.texts(), &window)),
+      instruments_(new InstrumentsView(parts.texts(), parts.platform.locale, &window)),
+      failures_(new FailureStrip(parts.texts(), &window))
+{
+    parts.reports = reports_;
+    window.addDockWidget(Qt::BottomDockWidgetArea, reports_);
+    window.addDockWidget(Qt::BottomDockWidgetArea, log_);
+    window.addDockWidget(Qt::RightDockWidgetArea, instruments_);
+    window.centralWidget()->layout()->addWidget(failures_);
+    joinWatch();
+    joinInstruments();
+    joinStrip();
+}
+
+void FrameDocks::joinWatch()
+{
+    const auto note = [this](const DriverWatch::Watched& watched, const auto& call) {
+        log_->model().add(watched.driver, call);
+        instruments_->refresh();
+    };
+    watch_.called = note;
+    watch_.failed = note;
+    watch_.health().changed = [this] { failures_->refreshLater(); };
+}
+
+void FrameDocks::joinInstruments()
+{
+    instruments_->model().enable = [this](SimulatedDriver& driver, int group, int channel, bool on) {
+        return enableChannel(driver, group, channel, on);
+    };
+    instruments_->faultChanged = [this](const SimulatedDriver& driver, const std::string& operation, bool fails) {
+        faultChanged(driver, operation, fails);
+    };
+    instruments_->handOver = [this] { handOverAgain(); };
+}
+
+void FrameDocks::joinStrip()
+{
+    failures_->failing = [this] { return watch_.health().failing(); };
+    failures_->tryAgain = [this] { handOverAgain(); };
+    failures_->grown = [this] {
+        QWidget* const focused = failures_->window()->focusWidget();
+        if (focused && page_.widget().view().isAncestorOf(focused))
+            page_.widget().ensureWidgetVisible(focused);
+    };
+    failures_->leaving = [this] { page_.widget().view().focus().follow(); };
+}
+
+void FrameDocks::show(const SimulatedDrivers& drivers)
+{
+    watch_.watch(drivers);
+    failures_->forget();
+    instruments_->show(drivers);
+}
+
+bool FrameDocks::contains(const QWidget* widget) const
+{
+    return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget) ||
+           failures_->isAncestorOf(widget);
+}
+
+void FrameDocks::stop()
+{
+    watch_.health().changed = nullptr;
+    watch_.watch({});
+}
+
+void FrameDocks::remove()
+{
+    delete instruments_;
+    delete log_;
+}
+
+void FrameDocks::rebuildBy(const std::function<void()>& rebuild)
+{
+    const QPointer<QWidget> focused = QApplication::focusWidget();
+    watch_.health().rebuild(rebuild);
+    instruments_->refresh();
+    // Rebuilding the page may have moved the focus there.
+    if (contains(focused))
+        focused->setFocus();
+}
+
+void FrameDocks::handOverAgain()
+{
+    if (page_.okToLeave())
+        rebuildBy([this] { page_.handOverAgain(session_.drivers()); });
+}
+
+bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
+{
+    // Another set-up may have been opened while the page showed a message.
+    const SimulatedDrivers shown = session_.drivers();
+    if (!page_.okToLeave() || session_.drivers() != shown)
+        return false;
+    capture_.host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
+    driver.enableChannel(group, channel, on);
+    session_.setChanged(true);
+    // The instruments are the same, so no list is handed over.
+    rebuildBy([this] { page_.rebuild(); });
+    return true;
+}
+
+void FrameDocks::faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails)
+{
+    ScenarioWriter::Words words{fails ? "fail" : "heal", numberOf(driver)};
+    if (!operation.empty())
+        words.push_back(operation);
+    capture_.host(words);
+    session_.setChanged(true);
+}
+
+std::string FrameDocks::numberOf(const SimulatedDriver& driver) const
+{
+    const SimulatedDrivers& drivers = session_.drivers();
+    const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const auto& d) { return d.get() == &driver; });
+    return std::to_string(found - drivers.begin());
+}
+
+} // namespace ko

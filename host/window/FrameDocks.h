@@ -1,0 +1,64 @@
+#pragma once
+
+#include "host/instruments/DriverWatch.h"
+#include "widgets/services/QtScreen.h"
+
+class QMainWindow;
+class QWidget;
+
+namespace ko {
+
+class DriverLog;
+class FailureStrip;
+class FrameCapture;
+struct FrameParts;
+class InstrumentsView;
+class PageHost;
+class Reports;
+class SetupSession;
+
+/// The docks of the frame window (instruments, driver log, reports) and the strip of failing instruments, and the
+/// user's actions in them.
+class FrameDocks {
+public:
+    /// Adds the docks to the window and the strip to its central column. All arguments must outlive this object.
+    FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, SetupSession& session, FrameCapture& capture);
+
+    [[nodiscard]] InstrumentsView& instruments() { return *instruments_; }
+    [[nodiscard]] DriverLog& log() { return *log_; }
+    [[nodiscard]] Reports& reports() { return *reports_; }
+    [[nodiscard]] DriverHealth& health() { return watch_.health(); }
+
+    /// Observes and shows these instruments instead of the previous ones.
+    void show(const SimulatedDrivers& drivers);
+    /// Returns whether the widget is in a dock or in the strip; false for null.
+    [[nodiscard]] bool contains(const QWidget* widget) const;
+
+    /// Stops observing. Only `remove` and the destructor may be called afterwards.
+    void stop();
+    /// Deletes the docks that need the component's texts until they are deleted.
+    void remove();
+
+private:
+    void joinWatch();
+    void joinInstruments();
+    void joinStrip();
+
+    bool enableChannel(SimulatedDriver& driver, int group, int channel, bool on);
+    [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
+    void faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails);
+    void handOverAgain();
+    /// Calls `rebuild`, which makes the page read its instruments again. Restores the focus if it was in a dock.
+    void rebuildBy(const std::function<void()>& rebuild);
+
+    PageHost& page_;
+    SetupSession& session_;
+    FrameCapture& capture_;
+    DriverWatch watch_{[] { return QtClock().now(); }};
+    Reports* reports_;
+    DriverLog* log_;
+    InstrumentsView* instruments_;
+    FailureStrip* failures_;
+};
+
+} // namespace ko

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "host/sheet/SetupSheet.h"
+#include "widgets/support/UserActions.h"
+
+class QByteArray;
+class QPrinter;
+class QWidget;
+
+namespace ko {
+
+class FrameCapture;
+struct FrameParts;
+class PageHost;
+class SetupSession;
+
+/// Prints the page and the set-up sheet of a frame window, to printers and PDF files, and shows the print preview.
+class FramePrinting {
+public:
+    /// All arguments must outlive this object.
+    FramePrinting(QWidget& window, const UserActions& actions, FrameParts& parts, PageHost& page,
+                  const SetupSession& session, const FrameCapture& capture);
+    ~FramePrinting();
+    FramePrinting(const FramePrinting&) = delete;
+    FramePrinting& operator=(const FramePrinting&) = delete;
+
+    /// Asks the user for a printer and prints the page.
+    void printPage();
+    void previewPage();
+    /// Asks the user for a printer and prints the set-up sheet.
+    void printSheet();
+
+    /// Prints the page on a printer that is already set up, such as that of a preview.
+    void printPageOn(QPrinter& printer);
+    /// Prints the set-up sheet on a printer that is already set up. Shows a message if that fails.
+    void printSheetOn(QPrinter& printer);
+    /// Returns the present content of a set-up sheet.
+    [[nodiscard]] SheetSource sheet();
+
+private:
+    /// Writes a PDF file. Throws an `InputError` if it cannot be written, or if the file is the open set-up or the
+    /// scenario that is being captured.
+    void savePdf(const QString& file, const QByteArray& content);
+
+    QWidget& window_;
+    const UserActions& actions_;
+    FrameParts& parts_;
+    PageHost& page_;
+    const SetupSession& session_;
+    const FrameCapture& capture_;
+};
+
+} // namespace ko
