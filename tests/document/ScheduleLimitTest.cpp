@@ -50,8 +50,7 @@ TEST_F(ScheduleTest, WhatPassesTheLimitIsRefusedWithOneMessageAndUndoneInAllDriv
         EXPECT_EQ(page().lblDurationValue.caption().substr(0, 5), "10.24");
     };
     Texts before = held();
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    page().txtDuration.userReplaced("1500", 0, 0);
+    replace(page().txtDuration, "1500");
     expectRefused(before);
     EXPECT_EQ(page().txtDuration.text(), "10");
     page().cmbInterval.userChose(2);
@@ -103,8 +102,7 @@ TEST_F(ScheduleTest, AnOldValueThatCouldNotBeReadIsNeverWritten)
 {
     openTwo();
     fakes[1]->failing = {"Duration"};
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    page().txtDuration.userReplaced("2000", 0, 0);
+    replace(page().txtDuration, "2000");
     EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
     EXPECT_EQ(fakes[0]->writes, (Texts{"setDuration 2000.0", "setDuration 10.0"}));
     EXPECT_EQ(fakes[1]->writes, Texts{"setDuration 2000.0"});
@@ -122,8 +120,7 @@ TEST_F(ScheduleTest, WithoutATimebaseAnUndoReturnsToWhatWasLastAccepted)
     type(page().txtDuration, "12");
     start(1).userClicked();
     fakes[0]->bytes = [](const FakeDriver&) { return 3e9; };
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    page().txtDuration.userReplaced("1e3", 0, 0);
+    replace(page().txtDuration, "1e3");
     pickTime(page().cmdStartTime, {2026, 11, 22, 0, 0, 0});
     EXPECT_EQ(host.takeMessages(), (Texts{tooLarge, tooLarge}));
     EXPECT_EQ(page().txtDuration.text(), "12");

@@ -26,8 +26,7 @@ protected:
     }
     void refuse(TextBox& box, const char* text)
     {
-        ASSERT_TRUE(page().moveFocus(&box));
-        box.userReplaced(text, 0, 0);
+        replace(box, text);
         EXPECT_EQ(host.takeMessages().size(), 1U) << text;
     }
     std::string lastHint() { return host.hints.empty() ? "" : host.hints.back(); }
@@ -122,8 +121,7 @@ TEST_F(WhatFitsTest, WhereNothingFitsThatIsSaidAndNothingIsOffered)
     };
     open();
     refuse(page().txtDuration, "5");
-    EXPECT_EQ(page().lblWhatFits.caption(),
-              "The 2 GB limit allows: no duration or no value of Sample Rate (Sa/s).");
+    EXPECT_EQ(page().lblWhatFits.caption(), "The 2 GB limit allows: no duration or no value of Sample Rate (Sa/s).");
     EXPECT_FALSE(page().cmdTakeDuration.visible() || page().cmdTakeRate.visible());
     document->mode().setReadOnly(true);
     EXPECT_FALSE(page().lblWhatFits.visible());

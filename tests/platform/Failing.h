@@ -5,7 +5,7 @@
 namespace ko::test {
 
 /// The number of the failure that a call ends with, 0 when it succeeds.
-template <class Call> std::int32_t failureOf(Call call)
+template <class Call> std::int32_t failureOf(const Call& call)
 {
     try {
         static_cast<void>(call());

@@ -1,6 +1,7 @@
 #include "fakes/FakePlatform.h"
 #include "platform/CaptionControls.h"
 #include "platform/ComboBox.h"
+#include "platform/Failing.h"
 #include "platform/Grid.h"
 #include "platform/TextBox.h"
 #include "support/LocaleSettings.h"
@@ -11,16 +12,6 @@
 
 namespace ko::test {
 namespace {
-
-std::int32_t failureOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(StringTableTest, KeepsBlanksAndQuotesAndLacksWhatIsNotThere)
 {

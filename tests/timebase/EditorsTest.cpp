@@ -31,14 +31,6 @@ protected:
         driver.scanChoices = {0.1, 0.2, 1.0 / 3};
         return driver;
     }
-    FakeDriver& addRanges()
-    {
-        FakeDriver& driver = addDriver();
-        driver.sampleRange = {1e-6, 1};
-        driver.blockRange = {16, 4096};
-        driver.scanRange = {0.01, 100};
-        return driver;
-    }
     /// Makes the driver's recording too large below this sample period, as if it lasted long.
     static void limitPeriod(FakeDriver& driver, double seconds)
     {
@@ -46,8 +38,7 @@ protected:
     }
     void refused(TextBox& box, const std::string& text, const std::string& message, const std::string& inForce)
     {
-        ASSERT_TRUE(page().moveFocus(&box));
-        box.userReplaced(text, 0, 0);
+        replace(box, text);
         EXPECT_TRUE(box.marked()) << text;
         EXPECT_FALSE(page().moveFocus(&page().optImmediate)) << text;
         EXPECT_EQ(host.takeMessages(), Texts{"Invalid input: " + message + " (48)"}) << text;

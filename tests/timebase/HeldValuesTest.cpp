@@ -55,10 +55,7 @@ TEST_F(HeldValues, AKeptPeriodSelectsTheEntryThatItIsCloseToOrReadsAs)
 
 TEST_F(HeldValues, AWalkThroughTheBoxesChangesNothing)
 {
-    FakeDriver& driver = addDriver();
-    driver.sampleRange = {1e-6, 1};
-    driver.blockRange = {16, 4096};
-    driver.scanRange = {0.01, 100};
+    FakeDriver& driver = addRanges();
     driver.samplePeriod = 1.0 / 3;
     addDriver(2).scanPeriod = 1.0 / 7;
     open();
@@ -76,8 +73,7 @@ TEST_F(HeldValues, DriversThatRoundDifferentlyAreLeftAloneByAWalk)
     addDriver(2).keeps = nearest(0.1, 0.2);
     addDriver(2).keeps = nearest(0.3, 0.4);
     open();
-    ASSERT_TRUE(page().moveFocus(&page().txtScanPeriod));
-    page().txtScanPeriod.userReplaced("0.25", 0, 0);
+    replace(page().txtScanPeriod, "0.25");
     EXPECT_EQ(page().txtScanPeriod.text(), "0.3");
     EXPECT_EQ(page().txtScanRate.text(), "3.33333333333333");
     for (const auto& driver : fakes)
@@ -105,8 +101,7 @@ TEST_F(HeldValues, ABoxShownOutOfBoundsCatchesNobodyAndWritesNothing)
     walk({&page().txtSamplePeriod, &page().txtSampleRate, &page().txtBlockSize});
     EXPECT_EQ(driver.blockSize, 8);
     EXPECT_EQ(driver.samplePeriod, 0.001);
-    ASSERT_TRUE(page().moveFocus(&page().txtSamplePeriod));
-    page().txtSamplePeriod.userReplaced("0.5", 0, 0);
+    replace(page().txtSamplePeriod, "0.5");
     page().txtSamplePeriod.userReplaced("1.", 0, 0);
     walk({&page().txtBlockSize});
     EXPECT_EQ(page().txtSamplePeriod.text(), "1");

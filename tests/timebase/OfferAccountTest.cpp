@@ -49,13 +49,14 @@ TEST(OfferAccountTest, SaysWhatEachDriverOffersAndWhatThatDoesToTheOthers)
          "All instruments share: One value: 3."},
         {"a list that no value of fits the range",
          {{{}, {2, 6}}, {{7, 8}, {}}, {{5}, {}}},
-         {"Any value from 2 to 6|All its values are used",
-          "2 values, from 7 to 8|None of its values is shared", "One value: 5|All its values are used"},
+         {"Any value from 2 to 6|All its values are used", "2 values, from 7 to 8|None of its values is shared",
+          "One value: 5|All its values are used"},
          "All instruments share: One value: 5."},
         {"afresh",
          {{{1, 2}, {}}, {{3, NAN, -1}, {}}, {{7}, {}}},
          {"2 values, from 1 to 2|All its values are used",
-          "One value: 3 (2 more that cannot be used)|No value in common; removes 1; 2. The list restarts with the next instrument.",
+          "One value: 3 (2 more that cannot be used)|No value in common; removes 1; 2. The list restarts with the next "
+          "instrument.",
           "One value: 7|All its values are used"},
          "All instruments share: One value: 7."},
         {"ranges",
@@ -158,8 +159,7 @@ TEST_F(ShowOffersTest, EachButtonTellsOfItsQuantityAndOfWhatWasKeptOtherwise)
     EXPECT_EQ(shown.caption, "Sample Rate (Sa/s): what each instrument offers");
     EXPECT_EQ(shown.common, "All instruments share: 2 values, from 250 to 500.");
     ASSERT_EQ(shown.rows.size(), 3U);
-    EXPECT_EQ(shown.rows[1],
-              (Texts{"Second", "2 values, from 250 to 500", "Removes: 1000", "No difference"}));
+    EXPECT_EQ(shown.rows[1], (Texts{"Second", "2 values, from 250 to 500", "Removes: 1000", "No difference"}));
     EXPECT_EQ(shown.rows[2][0] + " " + shown.rows[2][1], "3 No timebase");
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:cmdSampleRateOffers_Click 1000: DriverName failed"});
     EXPECT_EQ(press(page().cmdSamplePeriodOffers).rows[1][2], "Removes: 0.001");

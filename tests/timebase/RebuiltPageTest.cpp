@@ -3,17 +3,7 @@
 namespace ko::test {
 namespace {
 
-class RebuiltPage : public DocumentTest {
-protected:
-    FakeDriver& addRanges(std::int32_t samplingMode = 1)
-    {
-        FakeDriver& driver = addDriver(samplingMode);
-        driver.sampleRange = {1e-6, 1};
-        driver.blockRange = {16, 4096};
-        driver.scanRange = {0.01, 100};
-        return driver;
-    }
-};
+class RebuiltPage : public DocumentTest {};
 
 TEST_F(RebuiltPage, ARefusedTextAndItsMarkAreGone)
 {
@@ -46,8 +36,7 @@ TEST_F(RebuiltPage, TheOnlyDriverTellsThePeriodThatABoxReturnsTo)
     FakeDriver& driver = addRanges(2);
     open();
     driver.writes.clear();
-    ASSERT_TRUE(page().moveFocus(&page().txtScanPeriod));
-    page().txtScanPeriod.userReplaced("x", 0, 0);
+    replace(page().txtScanPeriod, "x");
     EXPECT_FALSE(page().moveFocus(&page().optImmediate));
     EXPECT_EQ(host.takeMessages().size(), 1U);
     EXPECT_EQ(page().txtScanPeriod.text(), "0.1");

@@ -50,21 +50,6 @@ protected:
     Asking form;
 };
 
-TEST_F(DialogTest, ABlockAnswersItsFormAndWhatFollowsCarriesTheOpeningLine)
-{
-    form.move(150, 300);
-    form.btnOK.click = [&] { player.hide(form); };
-    EXPECT_EQ(show({"note", "btnOK", "note", "end"}),
-              R"({"line":3,"event":"dialog","form":"SetDateTime","action":"opened","left":150,"top":300}
-{"line":11,"event":"note","open":true}
-{"line":12,"event":"btnOK","open":true}
-{"line":12,"event":"dialog","form":"SetDateTime","action":"closed","left":150,"top":300}
-{"line":13,"event":"note","open":false}
-{"line":3,"event":"shown"}
-)");
-    EXPECT_EQ(form.activeControl(), nullptr);
-}
-
 TEST_F(DialogTest, AFormWithoutAnAnswerIsCancelledByItsButtonOrElseClosed)
 {
     const std::string opened = R"({"line":3,"event":"dialog","form":"SetDateTime","action":"opened","left":0,"top":0}

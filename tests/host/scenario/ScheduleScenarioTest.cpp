@@ -74,42 +74,5 @@ TEST(ScheduleScenarioTest, ADateOrTimeOfAnotherShapeCannotBeUnderstood)
     }
 }
 
-/// A script that leads through every part of the schedule, with a call that fails somewhere on the way.
-TEST(ScheduleScenarioTest, WhateverCallFailsThePageEndsUpShowingWhatAllDriversHold)
-{
-    for (int call = 1; call < 160; ++call) {
-        const Played run = play("setup\nshow\nfail Digitizer #" + std::to_string(call) + R"(
-text txtDuration 20
-choose cmbInterval minutes
-click optStartTime
-click optStopTime
-dialog SetDateTime
-text dtpTimeSelector 11:00:00
-click btnOK
-end
-click cmdStopTime
-click optImmediate
-heal Digitizer
-click optStartTime
-click optStopTime
-click optImmediate
-text txtDuration 31
-state
-drivers
-)",
-                                bench);
-        EXPECT_EQ(run.fault, "") << call;
-        const Json drivers = run.last("drivers")["drivers"];
-        const Json controls = run.events[run.events.size() - 2]["controls"];
-        ASSERT_EQ(drivers.size(), 2U);
-        for (const Json& driver : drivers) {
-            const Json& timebase = driver["timebase"];
-            EXPECT_TRUE(controls["optImmediate"]["value"].get<bool>() && timebase["startMode"] == 0) << call;
-            EXPECT_TRUE(controls["optAfter"]["value"].get<bool>() && timebase["stopMode"] == 0) << call;
-            EXPECT_EQ(timebase["duration"], controls["cmbInterval"]["text"] == "minutes" ? 31 * 60 : 31) << call;
-        }
-    }
-}
-
 } // namespace
 } // namespace ko::test
