@@ -32,12 +32,9 @@ double-click txtStartTime
 expect txtStartTime text "11/24/2026 3:04:05 PM"
 expect txtStopTime text "11/24/2026 3:04:15 PM"
 click cmdStopTime
-expect lblNumSamplesValue caption 10240
-expect lblNumDynamicBytesValue caption "40.41 KB"
-expect lblNumScansValue caption 101
-expect lblNumStaticBytesValue caption "1.03 KB"
-expect lblDurationValue caption "10.24 seconds"
-expect lblStopTimeValue caption "11/24/2026 3:04:15 PM"
+dialog SetDateTime
+end
+click cmdStopTime
 expect lblPlan caption "Starts at 11/24/2026 3:04:05 PM, records until 11/24/2026 3:04:15 PM, that is 10 s, 10,240 samples, 40.41 KB dynamic and 1.03 KB static, ends at about 11/24/2026 3:04:15 PM."
 drivers
 )",
@@ -52,6 +49,8 @@ drivers
 {"line":16,"event":"inert","control":"btnOK"}
 {"line":21,"event":"dialog","form":"SetDateTime","action":"opened","left":1500,"top":1500}
 {"line":21,"event":"dialog","form":"SetDateTime","action":"closed","left":1500,"top":1500,"unanswered":true}
+{"line":24,"event":"dialog","form":"SetDateTime","action":"opened","left":1500,"top":1500}
+{"line":23,"event":"dialog","form":"SetDateTime","action":"closed","left":1500,"top":1500,"unanswered":true}
 )");
     const Json drivers = run.last("drivers")["drivers"];
     ASSERT_EQ(drivers.size(), 2U);
