@@ -6,8 +6,6 @@ namespace ko::bench {
 
 namespace {
 
-using test::BareDriver;
-
 constexpr std::int32_t channels = 64;
 
 /// Lists that differ from driver to driver, so that merging them takes time.

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "bench/BareDriver.h"
 #include "document/TimebaseEditor.h"
-#include "fakes/BareDriver.h"
 #include "fakes/FakePlatform.h"
 
 #include <functional>

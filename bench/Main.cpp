@@ -12,10 +12,6 @@ namespace ko::bench {
 
 namespace {
 
-using test::BareDriver;
-using test::CallCost;
-using test::MadeCall;
-
 constexpr double never = std::numeric_limits<double>::infinity();
 
 double secondsOn(clockid_t clock)
@@ -53,7 +49,7 @@ int rounds(int nanoseconds)
     static const double fastest = [] {
         double least = never;
         for (int i = 0; i < 20; ++i)
-            least = std::min(least, seconds([] { test::work(tried); }));
+            least = std::min(least, seconds([] { work(tried); }));
         return least;
     }();
     return static_cast<int>(nanoseconds * 1e-9 * tried / fastest);

@@ -1,5 +1,5 @@
 #include "document/TimebaseEditor.h"
-#include "fakes/BareDriver.h"
+#include "fakes/FakeDriver.h"
 #include "fakes/FakePlatform.h"
 
 #include <gtest/gtest.h>
@@ -47,8 +47,15 @@ std::vector<std::size_t> allocationsByKey(int drivers)
     TimebaseEditor editor{shared, host};
     Document& document = editor;
     DriverList list;
-    for (int i = 0; i < drivers; ++i)
-        list.push_back(std::make_shared<BareDriver>(i % 2 == 0, 4, std::make_shared<const std::vector<double>>()));
+    for (int i = 0; i < drivers; ++i) {
+        const auto driver = std::make_shared<FakeDriver>();
+        driver->samplingMode = 1 + i % 2;
+        driver->groups = {{"Inputs", std::vector<FakeDriver::Channel>(4)}};
+        driver->sampleRange = driver->scanRange = {1e-6, 100};
+        driver->blockRange = {16, 65536};
+        driver->notes = false;
+        list.push_back(driver);
+    }
     document.drivers().setNumberOfDrivers(drivers);
     document.drivers().setDrivers(list);
     document.UserDocument_Show();

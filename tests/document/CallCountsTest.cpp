@@ -70,10 +70,11 @@ protected:
     static Counts capture() { return each(1, "queryTimebase StartMode StartTime StopMode Duration"); }
     Counts estimate() const
     {
-        return each(n, "MeasurementMode SamplingMode") + each(d, "queryDynamicMeasurement DynamicBytes") +
-               each(s, "GroupCount ChannelCount queryStaticMeasurement NumberOfScans") +
-               each(s * c, "ChannelAttribute") + each(2, "queryTimebase") +
-               each(1, "SamplePeriod BlockSize ScanPeriod");
+        const Counts dynamicBytes = each(d, "queryDynamicMeasurement DynamicBytes");
+        const Counts staticBytes =
+            each(s, "GroupCount ChannelCount queryStaticMeasurement NumberOfScans") + each(s * c, "ChannelAttribute");
+        const Counts figures = each(2, "queryTimebase") + each(1, "SamplePeriod BlockSize ScanPeriod");
+        return each(n, "MeasurementMode SamplingMode") + dynamicBytes + staticBytes + figures;
     }
     /// A number is read, written and read back, and the estimate made: for the current dynamic driver, or for all
     /// drivers.
@@ -112,14 +113,16 @@ protected:
     /// Building the page when the masters are known; `ranges` is n if no driver has lists.
     Counts build(int ranges) const
     {
-        return estimate() + pushScanPeriod() + lines(n) + each(3 * n, "queryTriggerLines") +
-               each(1, "StartLinesAsMaster ScanLinesAsMaster MeasurementMode SamplingMode") +
-               each(n - 1, "StartLinesAsListener ScanLinesAsListener") +
-               each(2 + 3 * n + n, "queryTimebase") + // both editors, three offers, the settings
-               each(1, "SamplePeriod BlockSize ScanPeriod StartTime") +
-               each(n, "SampleChoiceList BlockSizeChoiceList ScanChoiceList") + each(2 * ranges, "ChoiceRange") +
-               each(ranges, "BlockSizeRange") +
-               each(n, "setStartMode setStopMode setDuration StartMode StopMode Duration");
+        const Counts currentDrivers = each(1, "MeasurementMode SamplingMode");
+        const Counts freeLines = each(3 * n, "queryTriggerLines") + each(1, "StartLinesAsMaster ScanLinesAsMaster") +
+                                 each(n - 1, "StartLinesAsListener ScanLinesAsListener");
+        const Counts offers = each(n, "SampleChoiceList BlockSizeChoiceList ScanChoiceList") +
+                              each(3 * n, "queryTimebase") + each(2 * ranges, "ChoiceRange") +
+                              each(ranges, "BlockSizeRange");
+        const Counts bothEditors = each(2, "queryTimebase") + each(1, "SamplePeriod BlockSize ScanPeriod");
+        const Counts settings = each(n, "queryTimebase setStartMode setStopMode setDuration") +
+                                each(n, "StartMode StopMode Duration") + each(1, "StartTime");
+        return currentDrivers + freeLines + lines(n) + offers + bothEditors + pushScanPeriod() + settings + estimate();
     }
     Counts unwired() const { return each(n, "StartTriggerLine ScanTriggerLine StartMasterRank ScanMasterRank"); }
     /// Finding the start master and the scan master by their wired lines.

@@ -1,4 +1,5 @@
 #include "ScheduleFixture.h"
+#include "triggering/SelectChannel.h"
 
 namespace ko::test {
 namespace {
@@ -71,6 +72,34 @@ TEST_F(ScheduleTest, AUnitThatMakesTheTextTheDurationInForceChangesTheLabelsAlon
     EXPECT_TRUE(page().lblDurationValue.caption().ends_with(" minutes")) << page().lblDurationValue.caption();
     for (const auto& driver : fakes)
         EXPECT_EQ(driver->writes, Texts());
+}
+
+TEST_F(ScheduleTest, ThePlanFollowsTheTriggerAndTheHost)
+{
+    const auto expectPart = [this](const char* part) { EXPECT_NE(plan().find(part), std::string::npos) << plan(); };
+    FakeDriver& driver = addDriver();
+    driver.startRank = 5;
+    driver.groups = {{"Inputs", {{.name = "Crank"}, {.name = "Cam"}}}};
+    driver.parameters = {{}};
+    open();
+    page().optOnTrigger.userClicked();
+    expectPart("Starts on trigger at Fake, records");
+    host.inModalForm = [](Form& form) {
+        auto& dialog = dynamic_cast<SelectChannel&>(form);
+        dialog.chsNavigate.userPicked({2});
+        dialog.cmdOK.userClicked();
+    };
+    page().cmdChannel.userClicked();
+    expectPart("Starts on trigger at Crank (Level 0.5), records");
+    EXPECT_EQ(page().grdParam.userEditedCell(1, "0.75"), Outcome::Done);
+    expectPart("(Level 0.75)");
+    const std::string editable = plan();
+    document->mode().setReadOnly(true);
+    EXPECT_EQ(plan(), editable);
+    document->mode().setReadOnly(false);
+    fakes.clear();
+    handOver();
+    EXPECT_EQ(plan(), "Records nothing: this set-up has no instruments.");
 }
 
 } // namespace

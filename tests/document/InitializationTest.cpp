@@ -39,46 +39,17 @@ TEST_F(Initialization, TheFirstDriverOfEachKindIsShown)
     EXPECT_FALSE(host.takeReports().empty());
 }
 
-TEST_F(Initialization, AScanMasterOfAnyKindHasTheScanEditors)
+TEST_F(Initialization, TheMastersAreFoundBeforeTheEditorsAreFilled)
 {
     addDriver().scanRank = 5;
     addDriver(2).scanPeriod = 0.5;
+    addDriver().startRank = 9;
+    fakes[2]->samplePeriod = 0.25;
     open();
-    EXPECT_EQ(page().staticDriverIndex, 0);
+    EXPECT_EQ(page().staticDriverIndex, 0) << "of any kind";
     EXPECT_EQ(page().txtScanPeriod.text(), "0.1");
-}
-
-TEST_F(Initialization, ModesTimesAndTheLargestUnitAreShown)
-{
-    struct Case {
-        std::int32_t start, stop;
-        float duration;
-        const OptionButton Page::*startOption;
-        const OptionButton Page::*stopOption;
-        std::string text, unit, startText, stopText;
-    };
-    const std::string at = "11/21/2026 9:30:00 AM";
-    const Case cases[] = {
-        {0, 0, 90.0F, &Page::optImmediate, &Page::optAfter, "1.5", "minutes", "", ""},
-        {0, 0, 0.1F, &Page::optImmediate, &Page::optAfter, "0.1", "seconds", "", ""},
-        {2, 0, 86400.0F, &Page::optOnTrigger, &Page::optAfter, "1", "days", "", ""},
-        {1, 0, 3600.0F, &Page::optStartTime, &Page::optAfter, "1", "hours", at, ""},
-        {1, 1, 100.0F, &Page::optStartTime, &Page::optStopTime, "1.66666666666667", "minutes", at,
-         "11/21/2026 9:31:40 AM"},
-    };
-    for (const Case& it : cases) {
-        fakes.clear();
-        setSchedule(addDriver(), it.start, 46347 + 9.5 / 24, it.stop, it.duration);
-        document->UserDocument_Hide();
-        open();
-        EXPECT_TRUE((page().*it.startOption).value()) << it.start;
-        EXPECT_TRUE((page().*it.stopOption).value()) << it.start;
-        EXPECT_EQ(page().txtDuration.text(), it.text);
-        EXPECT_EQ(page().cmbInterval.text(), it.unit);
-        EXPECT_EQ(page().txtStartTime.text(), it.startText);
-        EXPECT_EQ(page().txtStopTime.text(), it.stopText);
-        EXPECT_TRUE(page().activeControl()->name().starts_with("opt"));
-    }
+    EXPECT_EQ(page().dynamicDriverIndex, 2);
+    EXPECT_EQ(page().txtSamplePeriod.text(), "0.25");
 }
 
 TEST_F(Initialization, AListHandedToAnEditablePageKeepsThePagesSettingsAndAnyOtherBringsItsOwn)

@@ -68,20 +68,6 @@ TEST_F(LifeCycle, AnEmptyListShowsTheNoInstrumentScreenAndAListTheFrames)
     EXPECT_FALSE(page().frmStatic.visible()) << "announced drivers are gone, whatever the list says";
 }
 
-TEST_F(LifeCycle, HidingTakesTheFocusAwayAndKeepsTheContents)
-{
-    addDriver().sampleRange = {0.001, 1};
-    open();
-    ASSERT_TRUE(page().moveFocus(&page().txtSampleRate));
-    EXPECT_EQ(page().editFlags, 3);
-    EXPECT_EQ(page().txtSampleRate.selLength(), 4U);
-    document->UserDocument_Hide();
-    EXPECT_EQ(page().activeControl(), nullptr);
-    EXPECT_EQ(page().editFlags, 0);
-    EXPECT_FALSE(page().isShown);
-    EXPECT_EQ(page().txtSampleRate.text(), "1000");
-}
-
 TEST_F(LifeCycle, OnlyF1AloneOpensHelpAndIsSwallowed)
 {
     document->mode().setClientSite(host.site());
@@ -108,9 +94,6 @@ TEST_F(LifeCycle, EveryDocumentsEndTakesTheHelpFromTheDialogs)
     EXPECT_TRUE(shared.dialogs.selectChannel().IHelp);
     EXPECT_EQ(shared.dialogs.selectChannel().cmdHelp.caption(), "Help");
     EXPECT_EQ(shared.dialogs.selectChannel().helpContextId, 1004);
-    KeyPress press{key::f1, 0};
-    shared.dialogs.setDateTime().keyDown(press);
-    EXPECT_EQ(host.topics, std::vector<std::int32_t>{1005});
     document.reset();
     EXPECT_FALSE(shared.dialogs.advancedTrig().IHelp);
     EXPECT_FALSE(shared.dialogs.selectChannel().IHelp);

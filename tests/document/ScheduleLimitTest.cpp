@@ -39,41 +39,7 @@ TEST_F(ScheduleTest, EveryFigureFollowsAnAcceptedChangeAndAnUndoneOneLeavesThemT
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:updateDiskSpace 6: Overflow"});
 }
 
-TEST_F(ScheduleTest, WhatPassesTheLimitIsRefusedWithOneMessageAndUndoneInAllDrivers)
-{
-    openTwo();
-    fakes[1]->duration = 20; // each driver gets its own value back
-    const auto expectRefused = [&](const Texts& before) {
-        EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
-        EXPECT_EQ(held(), before);
-        EXPECT_EQ(page().triggerVars->duration, 10);
-        EXPECT_EQ(page().lblDurationValue.caption().substr(0, 5), "10.24");
-    };
-    Texts before = held();
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    page().txtDuration.userReplaced("1500", 0, 0);
-    expectRefused(before);
-    EXPECT_EQ(page().txtDuration.text(), "10");
-    page().cmbInterval.userChose(2);
-    expectRefused(before);
-    EXPECT_EQ(page().cmbInterval.index(), 0);
-    EXPECT_EQ(page().txtDuration.text(), "10");
-
-    start(1).userClicked();
-    stop(1).userClicked();
-    host.changes = 0;
-    fakes[1]->duration = 20;
-    before = held();
-    pickTime(page().cmdStopTime, {2026, 11, 21, 11, 0, 0});
-    expectRefused(before);
-    pickTime(page().cmdStartTime, {0, 0, 0, 8, 0, 0}, false);
-    expectRefused(before);
-    EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
-    EXPECT_EQ(page().txtStopTime.text(), "9:30:10 AM");
-    EXPECT_EQ(host.changes, 0);
-}
-
-TEST_F(ScheduleTest, ARefusedOptionComesBackWithEverythingThatWentWithIt)
+TEST_F(ScheduleTest, ARefusedOptionOrTimeComesBackWithEverythingThatWentWithIt)
 {
     openTwo(1, 1);
     page().txtDuration.setText("3000"); // what a stop after a duration would take; programmatic changes are ignored
@@ -84,6 +50,15 @@ TEST_F(ScheduleTest, ARefusedOptionComesBackWithEverythingThatWentWithIt)
         expectEverywhere("1 1 8:00:00 AM 10");
         EXPECT_TRUE(page().txtStopTime.enabled());
     }
+    const std::string before = shown();
+    host.changes = 0;
+    for (CommandButton* button : {&page().cmdStartTime, &page().cmdStopTime}) {
+        pickTime(*button, {0, 0, 0, button == &page().cmdStopTime ? 11 : 7, 0, 0}, false);
+        EXPECT_EQ(host.takeMessages(), Texts{tooLarge}) << button->name();
+        expectEverywhere("1 1 8:00:00 AM 10");
+        EXPECT_EQ(shown(), before);
+    }
+    EXPECT_EQ(host.changes, 0);
 }
 
 TEST_F(ScheduleTest, ASetUpBeyondTheLimitOpensSilentlyAndCanBeBroughtBack)
@@ -103,33 +78,17 @@ TEST_F(ScheduleTest, AnOldValueThatCouldNotBeReadIsNeverWritten)
 {
     openTwo();
     fakes[1]->failing = {"Duration"};
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    page().txtDuration.userReplaced("2000", 0, 0);
+    replace(page().txtDuration, "2000");
     EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
     EXPECT_EQ(fakes[0]->writes, (Texts{"setDuration 2000.0", "setDuration 10.0"}));
     EXPECT_EQ(fakes[1]->writes, Texts{"setDuration 2000.0"});
     EXPECT_EQ(host.takeReports(), Texts(2, "KoTimebaseEditor:txtDuration_Change 1000: Duration failed"));
     EXPECT_EQ(page().txtDuration.text(), "10");
-}
-
-TEST_F(ScheduleTest, WithoutATimebaseAnUndoReturnsToWhatWasLastAccepted)
-{
-    openTwo();
-    for (const auto& driver : fakes)
-        driver->hasTimebase = false;
-    document->UserDocument_Hide();
-    document->UserDocument_Show();
-    type(page().txtDuration, "12");
-    start(1).userClicked();
-    fakes[0]->bytes = [](const FakeDriver&) { return 3e9; };
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    page().txtDuration.userReplaced("1e3", 0, 0);
-    pickTime(page().cmdStartTime, {2026, 11, 22, 0, 0, 0});
-    EXPECT_EQ(host.takeMessages(), (Texts{tooLarge, tooLarge}));
-    EXPECT_EQ(page().txtDuration.text(), "12");
-    EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
-    for (const auto& driver : fakes)
-        EXPECT_EQ(driver->writes, Texts{});
+    fakes[1]->failing = {};
+    fakes[1]->duration = 20;
+    page().txtDuration.userReplaced("2000", 0, 0);
+    EXPECT_EQ(host.takeMessages(), Texts{tooLarge});
+    EXPECT_EQ(held(), (Texts{"0 0 8:00:00 AM 10", "0 0 8:00:00 AM 20"})) << "each driver gets its own value back";
 }
 
 } // namespace

@@ -23,11 +23,7 @@ protected:
     }
     std::vector<std::pair<const char*, std::function<void()>>> changesOfDuration()
     {
-        return {{"duration",
-                 [this] {
-                     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-                     page().txtDuration.userReplaced("20", 0, 0);
-                 }},
+        return {{"duration", [this] { replace(page().txtDuration, "20"); }},
                 {"unit", [this] {
                      ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
                      page().cmbInterval.userChose(1);
@@ -51,8 +47,7 @@ TEST_F(ScheduleReadBack, WhatASingleKeepsOfADurationIsShownAtOnceInTimesAndOnLea
                  {"1.50", 1.5, "records 1.5 s", "1.5"},
                  {"-0", 0, "records 0 s", "0"}};
     for (const auto& it : cases) {
-        ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-        page().txtDuration.userReplaced(it.typed, 0, 0);
+        replace(page().txtDuration, it.typed);
         EXPECT_EQ(page().txtDuration.text(), it.typed) << "while it is typed";
         EXPECT_NE(plan().find(it.plan), std::string::npos) << plan();
         page().moveFocus(&page().optAfter);

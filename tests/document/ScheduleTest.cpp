@@ -3,6 +3,27 @@
 namespace ko::test {
 namespace {
 
+TEST_F(ScheduleTest, ModesTimesAndTheLargestUnitAreShown)
+{
+    const char* const at = "11/21/2026 9:30:00 AM";
+    const struct {
+        std::int32_t start, stop;
+        float seconds;
+        std::string shown;
+    } cases[] = {
+        {0, 0, 90, "10010|||1.5 minutes|"},
+        {0, 0, 0.1F, "10010|||0.1 seconds|"},
+        {2, 0, 86400, "00110|||1 days|"},
+        {1, 0, 3600, std::string("01010|") + at + "||1 hours|"},
+        {1, 1, 100, std::string("01001|") + at + "|11/21/2026 9:31:40 AM|1.66666666666667 minutes|"},
+    };
+    for (const auto& it : cases) {
+        openAnew(it.start, it.stop, at, it.seconds);
+        EXPECT_EQ(shown().substr(0, it.shown.size()), it.shown);
+        EXPECT_TRUE(page().activeControl()->name().starts_with("opt"));
+    }
+}
+
 TEST_F(ScheduleTest, EveryStepFromOneStartAndStopToAnotherReachesAllDrivers)
 {
     openTwo();
@@ -28,23 +49,6 @@ TEST_F(ScheduleTest, EveryStepFromOneStartAndStopToAnotherReachesAllDrivers)
     }
     EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
     EXPECT_EQ(page().txtStopTime.text(), "9:30:10 AM");
-}
-
-TEST_F(ScheduleTest, AStopTimeThatTheStartDoesNotAllowIsTakenFromTheDriversOnOpening)
-{
-    openTwo(0, 1);
-    expectEverywhere("0 0 8:00:00 AM 10");
-    EXPECT_TRUE(page().txtDuration.enabled());
-    document->UserDocument_Hide();
-    document->mode().setReadOnly(true);
-    document->UserDocument_Show();
-    for (const Control* control : std::initializer_list<Control*>{&page().txtDuration, &page().cmbInterval,
-                                                                  &page().optStopTime, &page().cmdStartTime})
-        EXPECT_FALSE(control->enabled()) << control->name();
-    start(1).select();
-    EXPECT_EQ(fakes[1]->startMode, 1);
-    EXPECT_FALSE(page().txtStartTime.enabled());
-    EXPECT_EQ(page().triggerVars->startMode, 0);
 }
 
 TEST_F(ScheduleTest, TheStopMustBeLaterThanTheStart)
@@ -96,22 +100,6 @@ TEST_F(ScheduleTest, ATextThatIsNoDateIsReportedOnceAndWritesNothing)
     EXPECT_EQ(fakes[0]->writes, Texts{});
 }
 
-TEST_F(ScheduleTest, WhatADriverKeepsIsWhatIsShown)
-{
-    openTwo(1);
-    for (const auto& driver : fakes)
-        driver->keepsDuration = [](float seconds) { return std::min(seconds, 15.0F); };
-    type(page().txtDuration, "60");
-    expectEverywhere("1 0 8:00:00 AM 15");
-    EXPECT_EQ(page().lblDurationValue.caption(), "15.36 seconds");
-    EXPECT_EQ(page().txtDuration.text(), "60") << "while it is typed";
-    page().moveFocus(&page().optAfter);
-    EXPECT_EQ(page().txtDuration.text(), "15");
-    stop(1).userClicked();
-    pickTime(page().cmdStopTime, {0, 0, 0, 9, 0, 0}, false);
-    EXPECT_EQ(page().txtStopTime.text(), "8:00:15 AM");
-}
-
 TEST_F(ScheduleTest, AStopTimeStaysWithTheStartThatADriverKeeps)
 {
     openTwo(1, 1, "11/22/2026 8:00:00 AM", 60);
@@ -161,35 +149,6 @@ TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
     shared.dialogs.setDateTime().Display({}, true, true);
     EXPECT_FALSE(shared.dialogs.setDateTime().optCurrentDay.enabled()) << "both flags leave the options as they were";
     EXPECT_TRUE(shared.dialogs.setDateTime().optSpecifiedDay.enabled());
-}
-
-TEST_F(ScheduleTest, TheHostIsNotifiedOnceOfEachChangeAndOfNothingElse)
-{
-    openTwo();
-    const std::pair<const char*, std::function<void()>> changes[] = {
-        {"start", [&] { start(1).userClicked(); }},
-        {"stop", [&] { stop(1).userClicked(); }},
-        {"start time",
-         [&] {
-             pickTime(page().cmdStartTime, {2026, 11, 24, 15, 4, 5});
-         }},
-        {"stop time",
-         [&] {
-             pickTime(page().cmdStopTime, {2026, 11, 24, 15, 9, 5});
-         }},
-        {"after", [&] { stop(0).userClicked(); }},
-        {"duration", [&] { page().txtDuration.userReplaced("5", 0, 0); }},
-        {"unit", [&] { page().cmbInterval.userChose(1); }},
-    };
-    for (const auto& [name, change] : changes) {
-        host.changes = 0;
-        change();
-        EXPECT_EQ(host.changes, 1) << name;
-    }
-    host.changes = 0;
-    page().cmbInterval.userChose(1);
-    start(1).userClicked();
-    EXPECT_EQ(host.changes, 0);
 }
 
 TEST_F(ScheduleTest, EveryControlClearsTheHintOfTheOneBefore)

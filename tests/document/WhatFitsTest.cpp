@@ -26,8 +26,7 @@ protected:
     }
     void refuse(TextBox& box, const char* text)
     {
-        ASSERT_TRUE(page().moveFocus(&box));
-        box.userReplaced(text, 0, 0);
+        replace(box, text);
         EXPECT_EQ(host.takeMessages().size(), 1U) << text;
     }
     std::string lastHint() { return host.hints.empty() ? "" : host.hints.back(); }

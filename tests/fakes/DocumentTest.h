@@ -31,6 +31,15 @@ protected:
         fakes.back()->samplingMode = samplingMode;
         return *fakes.back();
     }
+    /// One that takes any number of its ranges.
+    FakeDriver& addRanges(std::int32_t samplingMode = 1)
+    {
+        FakeDriver& driver = addDriver(samplingMode);
+        driver.sampleRange = {1e-6, 1};
+        driver.blockRange = {16, 4096};
+        driver.scanRange = {0.01, 100};
+        return driver;
+    }
     void handOver()
     {
         document->drivers().setNumberOfDrivers(static_cast<std::int32_t>(fakes.size()));
@@ -48,6 +57,12 @@ protected:
         ASSERT_TRUE(page().moveFocus(&box)) << box.name();
         for (const char c : text)
             box.userTyped(std::string(1, c));
+    }
+    /// The user replaces the text of the box at once.
+    void replace(TextBox& box, const std::string& text)
+    {
+        ASSERT_TRUE(page().moveFocus(&box)) << box.name();
+        box.userReplaced(text, 0, 0);
     }
     void TearDown() override
     {

@@ -25,6 +25,7 @@ class FakeDriver : public Driver,
                    public StaticMeasurement,
                    public DynamicMeasurement {
 public:
+    using I = std::int32_t;
     struct Channel {
         std::string address = "0:1:0";
         std::string name{};
@@ -37,7 +38,7 @@ public:
         std::vector<Channel> channels{};
     };
     struct Parameter {
-        std::int32_t id = 2;
+        I id = 2;
         std::string name = "Level";
         std::string type = "Float";
         Value value = 0.5;
@@ -47,7 +48,7 @@ public:
     };
 
     std::string name = "Fake";
-    std::int32_t measurementMode = 1, samplingMode = 1;
+    I measurementMode = 1, samplingMode = 1;
     std::vector<Group> groups;
     bool hasTimebase = true, hasParameters = true, hasLines = true;
     double samplePeriod = 0.001, blockSize = 1024, scanPeriod = 0.1;
@@ -55,10 +56,10 @@ public:
     Range sampleRange, blockRange, scanRange;
     DateTime startTime;
     float duration = 10;
-    std::int32_t stopMode = 0, startMode = 0;
-    std::int32_t numberOfScans = 0;
+    I stopMode = 0, startMode = 0;
+    I numberOfScans = 0;
     double dynamicBytes = 416;
-    std::int32_t startRank = -1, startLine = -1, startInput = -1, scanRank = -1, scanLine = -1, scanInput = -1;
+    I startRank = -1, startLine = -1, startInput = -1, scanRank = -1, scanLine = -1, scanInput = -1;
     LineList startMasterLines, scanListenerLines, scanMasterLines, startListenerLines;
     std::vector<Parameter> parameters;
     /// Rounds a requested sample period, block size or scan period.
@@ -71,40 +72,32 @@ public:
     std::set<std::string> failing;
     std::vector<std::string> writes;
     std::map<std::string, int> calls;
+    bool notes = true;         ///< fills `writes` and `calls`; if false, calls allocate nothing
     FaultGate* gate = nullptr; ///< if set, every call passes it
 
     // Driver
-    std::int32_t GroupCount() override { return answer("GroupCount", static_cast<std::int32_t>(groups.size())); }
-    std::int32_t ChannelCount(std::int32_t g) override
-    {
-        return answer("ChannelCount", static_cast<std::int32_t>(group(g).channels.size()));
-    }
-    Value ChannelAttribute(std::int32_t g, std::int32_t c, std::int32_t attribute) override
+    I GroupCount() override { return answer("GroupCount", static_cast<I>(groups.size())); }
+    I ChannelCount(I g) override { return answer("ChannelCount", static_cast<I>(group(g).channels.size())); }
+    Value ChannelAttribute(I g, I c, I attribute) override
     {
         called("ChannelAttribute");
         const Channel& it = channel(g, c);
         return attribute == 1 ? Value(it.address) : attribute == 2 ? it.enabled : Value(it.name);
     }
-    std::int32_t MeasurementMode() override { return answer("MeasurementMode", measurementMode); }
-    std::int32_t SamplingMode() override { return answer("SamplingMode", samplingMode); }
-    std::string DriverName(std::int32_t) override { return answer("DriverName", name); }
-    std::string GroupName(std::int32_t g) override { return answer("GroupName", group(g).name); }
-    Timebase* queryTimebase() override { return answer<Timebase*>("queryTimebase", hasTimebase ? this : nullptr); }
+    I MeasurementMode() override { return answer("MeasurementMode", measurementMode); }
+    I SamplingMode() override { return answer("SamplingMode", samplingMode); }
+    std::string DriverName(I) override { return answer("DriverName", name); }
+    std::string GroupName(I g) override { return answer("GroupName", group(g).name); }
+    Timebase* queryTimebase() override { return view<Timebase>("queryTimebase", hasTimebase); }
     TriggerParameters* queryTriggerParameters() override
     {
-        return answer<TriggerParameters*>("queryTriggerParameters", hasParameters ? this : nullptr);
+        return view<TriggerParameters>("queryTriggerParameters", hasParameters);
     }
-    TriggerLines* queryTriggerLines() override
-    {
-        return answer<TriggerLines*>("queryTriggerLines", hasLines ? this : nullptr);
-    }
-    StaticMeasurement* queryStaticMeasurement() override
-    {
-        return answer<StaticMeasurement*>("queryStaticMeasurement", this);
-    }
+    TriggerLines* queryTriggerLines() override { return view<TriggerLines>("queryTriggerLines", hasLines); }
+    StaticMeasurement* queryStaticMeasurement() override { return view<StaticMeasurement>("queryStaticMeasurement"); }
     DynamicMeasurement* queryDynamicMeasurement() override
     {
-        return answer<DynamicMeasurement*>("queryDynamicMeasurement", this);
+        return view<DynamicMeasurement>("queryDynamicMeasurement");
     }
 
     // Timebase
@@ -131,65 +124,47 @@ public:
     void setStartTime(DateTime v) override { write("setStartTime", startTime, v, v.days); }
     float Duration() override { return answer("Duration", duration); }
     void setDuration(float v) override { write("setDuration", duration, keepsDuration(v), double{v}); }
-    std::int32_t StopMode() override { return answer("StopMode", stopMode); }
-    void setStopMode(std::int32_t v) override { write("setStopMode", stopMode, v, v); }
-    std::int32_t StartMode() override { return answer("StartMode", startMode); }
-    void setStartMode(std::int32_t v) override { write("setStartMode", startMode, v, v); }
+    I StopMode() override { return answer("StopMode", stopMode); }
+    void setStopMode(I v) override { write("setStopMode", stopMode, v, v); }
+    I StartMode() override { return answer("StartMode", startMode); }
+    void setStartMode(I v) override { write("setStartMode", startMode, v, v); }
 
     // Measurements
-    std::int32_t NumberOfScans() override { return answer("NumberOfScans", scans ? scans(*this) : numberOfScans); }
+    I NumberOfScans() override { return answer("NumberOfScans", scans ? scans(*this) : numberOfScans); }
     double DynamicBytes() override { return answer("DynamicBytes", bytes ? bytes(*this) : dynamicBytes); }
-    std::function<double(const FakeDriver&)> bytes;       ///< computes `DynamicBytes` when set
-    std::function<std::int32_t(const FakeDriver&)> scans; ///< computes `NumberOfScans` when set
+    std::function<double(const FakeDriver&)> bytes; ///< computes `DynamicBytes` when set
+    std::function<I(const FakeDriver&)> scans;      ///< computes `NumberOfScans` when set
 
     // TriggerLines
-    std::int32_t StartMasterRank() override { return answer("StartMasterRank", startRank); }
-    std::int32_t StartTriggerLine() override { return answer("StartTriggerLine", startLine); }
-    void setStartTriggerLine(std::int32_t v) override { write("setStartTriggerLine", startLine, v, v); }
-    void setStartTriggerInput(std::int32_t v) override { write("setStartTriggerInput", startInput, v, v); }
-    std::int32_t ScanMasterRank() override { return answer("ScanMasterRank", scanRank); }
-    std::int32_t ScanTriggerLine() override { return answer("ScanTriggerLine", scanLine); }
-    void setScanTriggerLine(std::int32_t v) override { write("setScanTriggerLine", scanLine, v, v); }
-    void setScanTriggerInput(std::int32_t v) override { write("setScanTriggerInput", scanInput, v, v); }
+    I StartMasterRank() override { return answer("StartMasterRank", startRank); }
+    I StartTriggerLine() override { return answer("StartTriggerLine", startLine); }
+    void setStartTriggerLine(I v) override { write("setStartTriggerLine", startLine, v, v); }
+    void setStartTriggerInput(I v) override { write("setStartTriggerInput", startInput, v, v); }
+    I ScanMasterRank() override { return answer("ScanMasterRank", scanRank); }
+    I ScanTriggerLine() override { return answer("ScanTriggerLine", scanLine); }
+    void setScanTriggerLine(I v) override { write("setScanTriggerLine", scanLine, v, v); }
+    void setScanTriggerInput(I v) override { write("setScanTriggerInput", scanInput, v, v); }
     LineList StartLinesAsMaster() override { return answer("StartLinesAsMaster", startMasterLines); }
     LineList ScanLinesAsListener() override { return answer("ScanLinesAsListener", scanListenerLines); }
     LineList ScanLinesAsMaster() override { return answer("ScanLinesAsMaster", scanMasterLines); }
     LineList StartLinesAsListener() override { return answer("StartLinesAsListener", startListenerLines); }
 
     // TriggerParameters
-    std::int32_t GetTriggerParamCount(std::int32_t, std::int32_t) override
-    {
-        return answer("GetTriggerParamCount", static_cast<std::int32_t>(parameters.size()));
-    }
-    std::int32_t GetTriggerParamId(std::int32_t, std::int32_t, std::int32_t index) override
+    I GetTriggerParamCount(I, I) override { return answer("GetTriggerParamCount", static_cast<I>(parameters.size())); }
+    I GetTriggerParamId(I, I, I index) override
     {
         return answer("GetTriggerParamId", parameters.at(static_cast<std::size_t>(index)).id);
     }
-    std::string GetTriggerParamName(std::int32_t, std::int32_t, std::int32_t id) override
-    {
-        return answer("GetTriggerParamName", parameter(id).name);
-    }
-    std::string GetTriggerParamType(std::int32_t, std::int32_t, std::int32_t id) override
-    {
-        return answer("GetTriggerParamType", parameter(id).type);
-    }
-    Value GetTriggerParamValue(std::int32_t, std::int32_t, std::int32_t id) override
-    {
-        return answer("GetTriggerParamValue", parameter(id).value);
-    }
-    std::vector<std::string> GetTriggerParamChoices(std::int32_t, std::int32_t, std::int32_t id) override
+    std::string GetTriggerParamName(I, I, I id) override { return answer("GetTriggerParamName", parameter(id).name); }
+    std::string GetTriggerParamType(I, I, I id) override { return answer("GetTriggerParamType", parameter(id).type); }
+    Value GetTriggerParamValue(I, I, I id) override { return answer("GetTriggerParamValue", parameter(id).value); }
+    std::vector<std::string> GetTriggerParamChoices(I, I, I id) override
     {
         return answer("GetTriggerParamChoices", parameter(id).choices);
     }
-    double GetTriggerParamMin(std::int32_t, std::int32_t, std::int32_t id) override
-    {
-        return answer("GetTriggerParamMin", parameter(id).min);
-    }
-    double GetTriggerParamMax(std::int32_t, std::int32_t, std::int32_t id) override
-    {
-        return answer("GetTriggerParamMax", parameter(id).max);
-    }
-    void SetTriggerParamValue(std::int32_t, std::int32_t, std::int32_t id, const Value& value) override
+    double GetTriggerParamMin(I, I, I id) override { return answer("GetTriggerParamMin", parameter(id).min); }
+    double GetTriggerParamMax(I, I, I id) override { return answer("GetTriggerParamMax", parameter(id).max); }
+    void SetTriggerParamValue(I, I, I id, const Value& value) override
     {
         called("SetTriggerParamValue");
         writes.push_back("SetTriggerParamValue " + std::to_string(id));
@@ -197,11 +172,8 @@ public:
         if (afterParameter)
             afterParameter(*this);
     }
-    bool TriggerEnabled(std::int32_t g, std::int32_t c) override
-    {
-        return answer("TriggerEnabled", channel(g, c).triggerSource);
-    }
-    void setTriggerEnabled(std::int32_t g, std::int32_t c, bool enabled) override
+    bool TriggerEnabled(I g, I c) override { return answer("TriggerEnabled", channel(g, c).triggerSource); }
+    void setTriggerEnabled(I g, I c, bool enabled) override
     {
         called("setTriggerEnabled");
         writes.push_back("setTriggerEnabled " + std::to_string(g) + " " + std::to_string(c) +
@@ -209,39 +181,45 @@ public:
         if (!refuses)
             channel(g, c).triggerSource = enabled;
     }
-    bool CanTrigger(std::int32_t g, std::int32_t c) override { return answer("CanTrigger", channel(g, c).canTrigger); }
-    std::string GetTriggerGroupName(std::int32_t g) override
-    {
-        return answer("GetTriggerGroupName", "trigger " + group(g).name);
-    }
+    bool CanTrigger(I g, I c) override { return answer("CanTrigger", channel(g, c).canTrigger); }
+    std::string GetTriggerGroupName(I g) override { return answer("GetTriggerGroupName", "trigger " + group(g).name); }
 
 private:
-    void called(const std::string& operation)
+    void called(const char* operation)
     {
-        ++calls[operation];
+        if (notes)
+            ++calls[operation];
         if (gate)
-            gate->pass(operation.c_str());
+            gate->pass(operation);
         if (!failing.empty() && (failing.contains(operation) || failing.contains("*")))
-            throw Failure(1000, operation + " failed");
+            throw Failure(1000, std::string(operation) + " failed");
     }
-    template <class T> T answer(const std::string& operation, const T& value)
+    template <class T> T answer(const char* operation, const T& value)
     {
         called(operation);
         return value;
     }
-    template <class T, class Shown> void write(const std::string& operation, T& kept, T value, Shown shown)
+    template <class View> View* view(const char* operation, bool isOffered = true)
+    {
+        return answer<View*>(operation, isOffered ? this : nullptr);
+    }
+    template <class T, class Shown> void write(const char* operation, T& kept, T value, Shown shown)
     {
         called(operation);
-        std::string text = std::to_string(shown);
-        if (text.find('.') != std::string::npos)
-            text.erase(std::max(text.find_last_not_of('0'), text.find('.') + 1) + 1);
-        writes.push_back(operation + " " + text);
+        if (notes)
+            note(operation, std::to_string(shown));
         if (!refuses)
             kept = value;
     }
-    Group& group(std::int32_t g) { return groups.at(static_cast<std::size_t>(g)); }
-    Channel& channel(std::int32_t g, std::int32_t c) { return group(g).channels.at(static_cast<std::size_t>(c)); }
-    Parameter& parameter(std::int32_t id)
+    void note(const char* operation, std::string text)
+    {
+        if (text.find('.') != std::string::npos)
+            text.erase(std::max(text.find_last_not_of('0'), text.find('.') + 1) + 1);
+        writes.push_back(std::string(operation) + " " + text);
+    }
+    Group& group(I g) { return groups.at(static_cast<std::size_t>(g)); }
+    Channel& channel(I g, I c) { return group(g).channels.at(static_cast<std::size_t>(c)); }
+    Parameter& parameter(I id)
     {
         const auto found = std::find_if(parameters.begin(), parameters.end(), [&](auto& p) { return p.id == id; });
         if (found == parameters.end())

@@ -56,4 +56,13 @@ private:
 /// Returns everything that a user can see of the forms and a host can read from the drivers, one item per line.
 Texts stateOf(Bench& bench);
 
+/// What does not hold of the page although it always must, whatever fails; a sentence each.
+Texts brokenAlways(const Page& page);
+
+/// What the page shows otherwise than the drivers hold it; for benches where nothing fails.
+Texts shownWrongly(const Bench& bench);
+
+/// Bytes of the recording as the page has to count them, the larger of its two totals.
+double totalBytes(const Bench& bench);
+
 } // namespace ko::test

@@ -1,4 +1,3 @@
-#include "faults/Rules.h"
 #include "faults/Scripts.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 #include "faults/AnyUser.h"
-#include "faults/Rules.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>

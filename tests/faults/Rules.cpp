@@ -1,4 +1,4 @@
-#include "faults/Rules.h"
+#include "faults/Bench.h"
 
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"

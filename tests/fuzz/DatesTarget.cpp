@@ -2,25 +2,13 @@
 
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
+#include "platform/Locales.h"
 
 #include <optional>
-#include <vector>
 
 namespace ko::fuzz {
 
 namespace {
-
-Locale localeOf(std::string_view date, std::string_view time, std::string_view separator, std::string_view am,
-                std::string_view pm)
-{
-    Locale locale;
-    locale.shortDateFormat = date;
-    locale.timeFormat = time;
-    locale.timeSeparator = separator;
-    locale.amDesignator = am;
-    locale.pmDesignator = pm;
-    return locale;
-}
 
 std::string_view takeLine(std::string_view& text)
 {
@@ -58,15 +46,9 @@ void checkParts(DateTime time, std::string_view text)
 
 void run(std::string_view input)
 {
-    static const std::vector<Locale> known{
-        Locale{},
-        localeOf("dd.MM.yyyy", "HH:mm:ss", ":", "", ""),
-        localeOf("yyyy/MM/dd", "H:mm:ss", ":", "\xE5\x8D\x88\xE5\x89\x8D", "\xE5\x8D\x88\xE5\xBE\x8C"),
-        localeOf("d.M.yyyy", "H.mm.ss", ".", "ap.", "ip."),
-        localeOf("yy. M. d.", "tt h:mm:ss", ":", "A", "P"),
-        localeOf("dd/MM/yy 'd''s'", "HH 'h' mm 'min' ss 's'", ":", "AM", "PM")};
     const std::string_view text = takeLine(input);
-    for (const Locale& locale : known)
+    for (const Locale& locale :
+         {test::english, test::german, test::japanese, test::finnish, test::korean, test::quoted})
         if (const auto time = read(text, locale)) {
             checkShownAgain(*time, locale);
             checkParts(*time, text);
@@ -75,7 +57,7 @@ void run(std::string_view input)
     std::string_view words[5];
     for (std::string_view& word : words)
         word = takeLine(input);
-    const Locale own = localeOf(words[0], words[1], words[2], words[3], words[4]);
+    const Locale own = test::localeOf(words[0], words[1], words[2], words[3], words[4]);
     if (const auto time = read(text, own)) {
         checkParts(*time, text);
         read(generalDate(*time, own), own);

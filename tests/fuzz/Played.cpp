@@ -1,6 +1,6 @@
 #include "fuzz/Played.h"
 
-#include "faults/Rules.h"
+#include "faults/Bench.h"
 #include "fuzz/Targets.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"

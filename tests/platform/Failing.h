@@ -5,7 +5,7 @@
 namespace ko::test {
 
 /// Returns the number of the failure that the call throws, or 0 if it succeeds.
-template <class Call> std::int32_t failureOf(Call call)
+template <class Call> std::int32_t failureOf(const Call& call)
 {
     try {
         static_cast<void>(call());

@@ -1,6 +1,7 @@
 #include "fakes/FakePlatform.h"
 #include "platform/CaptionControls.h"
 #include "platform/ComboBox.h"
+#include "platform/Failing.h"
 #include "platform/Grid.h"
 #include "platform/TextBox.h"
 #include "support/LocaleSettings.h"
@@ -11,16 +12,6 @@
 
 namespace ko::test {
 namespace {
-
-std::int32_t failureOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(StringTableTest, KeepsBlanksAndQuotesAndLacksWhatIsNotThere)
 {
@@ -102,12 +93,10 @@ TEST(ResourceUtilsTest, TextsFontsAndHintsReachEveryKindOfControl)
 
     loadFormCaption(step, strings, form, 1100);
 
-    EXPECT_EQ(form.caption(), "Timebase Editor");
-    EXPECT_EQ(form.frame.caption(), "Stop Recording:");
-    EXPECT_EQ(form.label.caption(), "Trigger Channel");
-    EXPECT_EQ(form.plain.caption(), "as designed");
-    EXPECT_EQ(form.option.caption(), "&After");
-    EXPECT_EQ(form.menu.caption(), "&Timebase");
+    const std::vector<std::string> captions{form.caption(),       form.frame.caption(),  form.label.caption(),
+                                            form.plain.caption(), form.option.caption(), form.menu.caption()};
+    EXPECT_EQ(captions, (std::vector<std::string>{"Timebase Editor", "Stop Recording:", "Trigger Channel",
+                                                  "as designed", "&After", "&Timebase"}));
     EXPECT_EQ(form.list.items(), (std::vector<ComboBox::Item>{{"own", 0}, {"seconds", 9}, {"", 17}}));
     EXPECT_EQ(form.list.index(), 1);
     EXPECT_EQ(form.box.toolTipText(), "no number");

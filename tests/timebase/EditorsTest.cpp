@@ -31,14 +31,6 @@ protected:
         driver.scanChoices = {0.1, 0.2, 1.0 / 3};
         return driver;
     }
-    FakeDriver& addRanges()
-    {
-        FakeDriver& driver = addDriver();
-        driver.sampleRange = {1e-6, 1};
-        driver.blockRange = {16, 4096};
-        driver.scanRange = {0.01, 100};
-        return driver;
-    }
     /// Makes the driver's recording exceed the limit below this sample period.
     static void limitPeriod(FakeDriver& driver, double seconds)
     {
@@ -46,8 +38,7 @@ protected:
     }
     void refused(TextBox& box, const std::string& text, const std::string& message, const std::string& inForce)
     {
-        ASSERT_TRUE(page().moveFocus(&box));
-        box.userReplaced(text, 0, 0);
+        replace(box, text);
         EXPECT_TRUE(box.marked()) << text;
         EXPECT_FALSE(page().moveFocus(&page().optImmediate)) << text;
         EXPECT_EQ(host.takeMessages(), Texts{"Invalid input: " + message + " (48)"}) << text;
@@ -96,65 +87,6 @@ TEST_F(Editors, BoxesAreShownWithoutListsAndWhereNothingCanBeAcceptedTheyAreDisa
     EXPECT_FALSE(page().txtBlockSize.enabled());
     EXPECT_FALSE(page().txtSampleRate.enabled());
     EXPECT_EQ(driver.blockSize, 8);
-}
-
-TEST_F(Editors, AChoiceIsWrittenToTheCurrentDriverAndBothListsFollow)
-{
-    FakeDriver& first = addLists();
-    FakeDriver& second = addLists();
-    open();
-    const int changes = host.changes;
-    page().cmbSampleRate.userChose(1);
-    EXPECT_EQ(first.samplePeriod, 0.002);
-    EXPECT_EQ(second.samplePeriod, 0.001);
-    EXPECT_EQ(page().cmbSamplePeriod.index(), 1);
-    EXPECT_EQ(page().lblSpanValue.caption(), "195.3125 Hz");
-    EXPECT_EQ(host.changes, changes + 1);
-    page().cmbSamplePeriod.userChose(2);
-    EXPECT_NEAR(first.samplePeriod, 1.0 / 51200, 1e-18);
-    EXPECT_EQ(page().cmbSampleRate.text(), "51200");
-    page().cmbBlockSize.userChose(2);
-    EXPECT_EQ(first.blockSize, 2048);
-    page().cmbScanPeriod.userChose(2);
-    EXPECT_EQ(page().hasStaticDrivers, false);
-    EXPECT_EQ(first.scanPeriod, 0.1) << "the scan lists act only with static drivers";
-}
-
-TEST_F(Editors, WhatADriverMakesOfAChoiceIsWhatTheListsShow)
-{
-    FakeDriver& driver = addLists();
-    open();
-    driver.keeps = [](double) { return 0.002; };
-    page().cmbSampleRate.userChose(2);
-    EXPECT_EQ(page().cmbSampleRate.text(), "500") << "rounded";
-    page().cmbSampleRate.userChose(0);
-    EXPECT_EQ(page().cmbSampleRate.text(), "500") << "refused: nothing changed";
-    driver.keeps = [](double) { return 0.1234; };
-    page().cmbSampleRate.userChose(0);
-    EXPECT_EQ(page().cmbSampleRate.index(), 0) << "no entry of its own: stays where chosen";
-    driver.keeps = [](double) { return 512; };
-    page().cmbBlockSize.userChose(2);
-    EXPECT_EQ(page().cmbBlockSize.text(), "512");
-    driver.failing = {"setSamplePeriod"};
-    page().cmbSampleRate.userChose(1);
-    EXPECT_EQ(page().cmbSampleRate.index(), 0);
-    EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:cmbSampleRate_Click 1000: setSamplePeriod failed"});
-}
-
-TEST_F(Editors, AScanPeriodReachesEveryDriver)
-{
-    FakeDriver& dynamic = addLists();
-    FakeDriver& still = addDriver(2);
-    FakeDriver& without = addDriver(2);
-    without.hasTimebase = false;
-    open();
-    page().cmbScanRate.userChose(1);
-    EXPECT_EQ(dynamic.scanPeriod, 0.2);
-    EXPECT_EQ(still.scanPeriod, 0.2);
-    EXPECT_EQ(page().cmbScanPeriod.text(), "0.2");
-    page().cmbScanPeriod.userChose(2);
-    EXPECT_EQ(page().cmbScanRate.text(), "3");
-    EXPECT_EQ(without.writes, Texts());
 }
 
 TEST_F(Editors, TypingWritesEachValidTextAndTheOtherBoxFollows)
@@ -228,52 +160,6 @@ TEST_F(Editors, TheLimitTakesBackWhatItRefusesWithOneMessage)
     EXPECT_EQ(still.scanPeriod, 0.1);
     EXPECT_EQ(page().txtScanPeriod.text(), "0.1");
     EXPECT_EQ(page().txtScanRate.text(), "10");
-}
-
-TEST_F(Editors, RefusedChoicesArePutBackExceptInTheScanLists)
-{
-    FakeDriver& driver = addLists();
-    FakeDriver& still = addDriver(2);
-    still.scanPeriod = 0.1;
-    open();
-    limitPeriod(driver, 0.0005);
-    page().cmbSampleRate.userChose(2);
-    EXPECT_EQ(host.takeMessages(), Texts{dynamicLimit});
-    EXPECT_EQ(driver.samplePeriod, 0.001);
-    EXPECT_EQ(page().cmbSampleRate.index(), 0);
-    driver.bytes = [](const FakeDriver& it) { return it.blockSize > 2000 ? 3e9 : 1000.0; };
-    page().cmbBlockSize.userChose(2);
-    EXPECT_EQ(host.takeMessages(), Texts{dynamicLimit});
-    EXPECT_EQ(page().cmbBlockSize.text(), "1024");
-    driver.bytes = nullptr;
-    still.groups = {{"Inputs", {{}}}};
-    still.numberOfScans = 536870912;
-    page().cmbScanRate.userChose(1);
-    EXPECT_EQ(host.takeMessages(), Texts{staticLimit});
-    EXPECT_EQ(still.scanPeriod, 0.1);
-    EXPECT_EQ(page().cmbScanPeriod.text(), "0.2") << "both scan lists stay on the refused entry";
-    // Already over the limit: an entry that brings it below is accepted.
-    still.numberOfScans = 10;
-    limitPeriod(driver, 0.0015);
-    page().cmbSampleRate.userChose(1);
-    EXPECT_EQ(driver.samplePeriod, 0.002);
-}
-
-TEST_F(Editors, AFailingDriverIsReportedAndTheOthersAreServed)
-{
-    addDriver(2).failing = {"setScanPeriod", "ScanPeriod"};
-    FakeDriver& still = addDriver(2);
-    still.scanRange = {0.01, 100};
-    open();
-    host.takeReports();
-    type(page().txtScanPeriod, "5");
-    EXPECT_EQ(still.scanPeriod, 5);
-    const Texts reports = host.takeReports();
-    EXPECT_FALSE(reports.empty());
-    for (const std::string& report : reports)
-        EXPECT_TRUE(report.starts_with("KoTimebaseEditor:setDriversScanRate 1000") ||
-                    report.starts_with("KoTimebaseEditor:txtScanPeriod_Change 1000"))
-            << report;
 }
 
 TEST_F(Editors, HintsWithRangesAreGivenForTheStaticBoxesOnly)

@@ -51,24 +51,9 @@ TEST_F(HeldValues, AKeptPeriodSelectsTheEntryThatItIsCloseToOrReadsAs)
     driver.keeps = [](double) { return 0.5; };
     page().cmbSampleRate.userChose(2);
     EXPECT_EQ(page().cmbSampleRate.index(), 0) << "back where the driver stays";
-}
-
-TEST_F(HeldValues, AWalkThroughTheBoxesChangesNothing)
-{
-    FakeDriver& driver = addDriver();
-    driver.sampleRange = {1e-6, 1};
-    driver.blockRange = {16, 4096};
-    driver.scanRange = {0.01, 100};
-    driver.samplePeriod = 1.0 / 3;
-    addDriver(2).scanPeriod = 1.0 / 7;
-    open();
-    driver.writes.clear();
-    const int changes = host.changes;
-    walk({&page().txtSampleRate, &page().txtSamplePeriod, &page().txtBlockSize, &page().txtScanRate,
-          &page().txtScanPeriod});
-    EXPECT_EQ(driver.writes, Texts());
-    EXPECT_EQ(driver.samplePeriod, 1.0 / 3);
-    EXPECT_EQ(host.changes, changes);
+    driver.keeps = [](double) { return 0.1234; };
+    page().cmbSampleRate.userChose(2);
+    EXPECT_EQ(page().cmbSampleRate.index(), 2) << "no entry of its own: stays where chosen";
 }
 
 TEST_F(HeldValues, DriversThatRoundDifferentlyAreLeftAloneByAWalk)
@@ -76,8 +61,7 @@ TEST_F(HeldValues, DriversThatRoundDifferentlyAreLeftAloneByAWalk)
     addDriver(2).keeps = nearest(0.1, 0.2);
     addDriver(2).keeps = nearest(0.3, 0.4);
     open();
-    ASSERT_TRUE(page().moveFocus(&page().txtScanPeriod));
-    page().txtScanPeriod.userReplaced("0.25", 0, 0);
+    replace(page().txtScanPeriod, "0.25");
     EXPECT_EQ(page().txtScanPeriod.text(), "0.3");
     EXPECT_EQ(page().txtScanRate.text(), "3.33333333333333");
     for (const auto& driver : fakes)
@@ -105,8 +89,7 @@ TEST_F(HeldValues, ABoxShownOutOfBoundsCanBeLeftAndWritesNothing)
     walk({&page().txtSamplePeriod, &page().txtSampleRate, &page().txtBlockSize});
     EXPECT_EQ(driver.blockSize, 8);
     EXPECT_EQ(driver.samplePeriod, 0.001);
-    ASSERT_TRUE(page().moveFocus(&page().txtSamplePeriod));
-    page().txtSamplePeriod.userReplaced("0.5", 0, 0);
+    replace(page().txtSamplePeriod, "0.5");
     page().txtSamplePeriod.userReplaced("1.", 0, 0);
     walk({&page().txtBlockSize});
     EXPECT_EQ(page().txtSamplePeriod.text(), "1");
@@ -146,19 +129,45 @@ TEST_F(HeldValues, APeriodThatIsTakenBackAsAnotherIsShown)
     EXPECT_EQ(page().cmbSamplePeriod.index(), 1);
 }
 
-TEST_F(HeldValues, UndoShowsTheScanPeriodThatThePageShows)
+TEST_F(HeldValues, OfARebuiltPageShowNoRefusedTextAndNoMark)
 {
-    FakeDriver& still = addDriver(2);
-    still.scanPeriod = 0.5;
-    still.startRank = 5;
-    FakeDriver& last = addDriver(2);
-    last.scanPeriod = 0.25;
-    last.refuses = true;
+    addRanges();
+    addRanges(2);
     open();
-    EXPECT_EQ(page().txtScanRate.text(), "4");
-    ASSERT_TRUE(page().moveFocus(&page().txtScanRate));
-    page().txtScanRate.userUndid();
-    EXPECT_EQ(page().txtScanRate.text(), "4");
+    for (TextBox* box : {&page().txtSampleRate, &page().txtBlockSize, &page().txtScanPeriod}) {
+        const std::string inForce = box->text();
+        type(*box, "x");
+        EXPECT_TRUE(box->marked()) << box->name();
+        document->UserDocument_Show();
+        EXPECT_FALSE(box->marked()) << box->name();
+        EXPECT_EQ(box->text(), inForce);
+        host.takeMessages();
+    }
+}
+
+TEST_F(HeldValues, AScanPeriodThatIsNoneIsNotGivenToTheOtherDrivers)
+{
+    addRanges(2).scanPeriod = 0;
+    FakeDriver& other = addRanges(2);
+    other.scanPeriod = 0.5;
+    open();
+    EXPECT_EQ(other.scanPeriod, 0.5);
+    host.takeReports();
+}
+
+TEST_F(HeldValues, ADriverThatTookAnothersPlaceUnderTheCursorGetsItsOwnPeriodBack)
+{
+    addRanges();
+    open();
+    ASSERT_TRUE(page().moveFocus(&page().txtSamplePeriod));
+    fakes.clear();
+    FakeDriver& next = addRanges();
+    next.samplePeriod = 0.25;
+    next.bytes = [](const FakeDriver& it) { return it.samplePeriod == 0.5 ? 3e9 : 1000.0; };
+    page().drivers = {fakes[0]};
+    page().txtSamplePeriod.userReplaced("0.5", 0, 0);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_EQ(next.samplePeriod, 0.25);
 }
 
 } // namespace

@@ -90,31 +90,6 @@ TEST(OfferAccountTest, PeriodsAreShownAsRatesWithTheEndsExchanged)
     EXPECT_TRUE(english().row(many, 1)[1].find("1; 1; and 10 more") != std::string::npos);
 }
 
-RC_GTEST_PROP(OfferAccountTest, TheValuesRemovedAndThoseLeftAreAllThatWereEverCommonAndNoList_IsKeptWhole, ())
-{
-    const auto value = rc::gen::map(rc::gen::inRange(1, 12), [](int i) { return i * 0.25; });
-    const auto offer = rc::gen::apply(
-        [](Values list, double low, double high, bool isRange) {
-            return isRange ? Offer{{}, {low, high}} : Offer{std::move(list), {}};
-        },
-        rc::gen::container<Values>(value), value, value, rc::gen::arbitrary<bool>());
-    const auto offers = *rc::gen::container<std::vector<Offer>>(offer);
-    const OfferAccount account = accountOf(offers);
-    RC_ASSERT(account.drivers.size() == offers.size());
-    std::size_t begun = 0;
-    std::size_t removed = 0;
-    for (std::size_t i = 0; i < offers.size(); ++i) {
-        const DriverOffer& it = account.drivers[i];
-        const bool begins = it.effect == DriverOffer::Effect::Begins && it.kind == DriverOffer::Kind::List;
-        begun += begins ? offers[i].list.size() : 0;
-        RC_ASSERT(it.removedFrom == removed);
-        removed += it.removed;
-        RC_ASSERT((it.effect == DriverOffer::Effect::Removes) <= (it.removed > 0));
-    }
-    RC_ASSERT(account.removed.size() == removed);
-    RC_ASSERT(removed + account.common == begun);
-}
-
 class ShowOffersTest : public DocumentTest {
 protected:
     struct Shown {

@@ -121,8 +121,7 @@ TEST_F(WriteOutcomes, ARefusedTextIsSelectedAsAWholeWhetherOrNotTheDriverAnswers
         for (const bool answers : {true, false}) {
             openWith(quantity, false);
             TextBox& box = page().*quantity.box;
-            ASSERT_TRUE(page().moveFocus(&box));
-            box.userReplaced("xyz", 0, 0);
+            replace(box, "xyz");
             if (!answers)
                 driver->failing = {readOf(quantity)};
             EXPECT_FALSE(page().moveFocus(nullptr));

@@ -37,32 +37,6 @@ protected:
     }
 };
 
-TEST_F(TriggerDialogs, EachOptionFreesTheLineItLeavesAndTakesItsOwnFromTheOtherTrigger)
-{
-    const LinePlan plan({{true, true, true, true}, {false, true, true, true}}, {0, 1});
-    host.inModalForm = [&](Form&) {
-        EXPECT_EQ(lines.tabTrigger.tab(), AdvancedTrig::startTab);
-        EXPECT_TRUE(lines.optStartTrig[0]->value());
-        EXPECT_TRUE(lines.optScanTrig[1]->value());
-        EXPECT_EQ(lines.optStartTrig[1]->userClicked(), Outcome::Inert);
-        EXPECT_EQ(lines.optStartTrig[3]->userClicked(), Outcome::Done);
-        EXPECT_TRUE(lines.optScanTrig[0]->enabled()) << "even though it was not available";
-        EXPECT_FALSE(lines.optScanTrig[3]->enabled());
-        EXPECT_EQ(lines.optScanTrig[2]->userClicked(), Outcome::Done);
-        EXPECT_EQ(lines.tabTrigger.tab(), AdvancedTrig::scanTab);
-        EXPECT_TRUE(lines.optStartTrig[1]->enabled());
-        EXPECT_FALSE(lines.optStartTrig[2]->enabled());
-        EXPECT_FALSE(lines.optStartTrig[0]->value());
-        lines.btnOK.userClicked();
-    };
-    const std::optional<LinePlan> chosen = lines.Display(plan);
-    ASSERT_TRUE(chosen);
-    EXPECT_EQ(chosen->line(LineTrigger::start), 3);
-    EXPECT_EQ(chosen->line(LineTrigger::scan), 2);
-    EXPECT_EQ(chosen->available(LineTrigger::start), (LineMask{true, true, false, true}));
-    EXPECT_EQ(chosen->available(LineTrigger::scan), (LineMask{true, true, true, false}));
-}
-
 TEST_F(TriggerDialogs, WithoutALineNothingIsFreedAndOkWithoutAChoiceChangesNothing)
 {
     const LinePlan plan({{true}, {}}, {-1, -1});
@@ -119,34 +93,6 @@ TEST_F(TriggerDialogs, TheBrowserListsWhatItsFiltersLetThrough)
     EXPECT_EQ(selector().entries().size(), 5U);
 }
 
-TEST_F(TriggerDialogs, PickingIsToldByAddressAndAFilterThatStaysListsNothingAnew)
-{
-    FakeDriver& driver = offerDriver();
-    std::vector<Texts> reported;
-    channels.userActs = [&](const Texts& words) { reported.push_back(words); };
-    pick(1, 0);
-    ASSERT_FALSE(reported.empty());
-    EXPECT_EQ(reported.back(), (Texts{"pick", "1", "0"}));
-    driver.calls.clear();
-    selector().setDriverType(ChannelSelector::everyDriver);
-    selector().setDirection(ChannelSelector::inputs);
-    EXPECT_TRUE(driver.calls.empty());
-    EXPECT_EQ(selector().userActivated(0), Outcome::Done);
-    EXPECT_EQ(reported.back().front(), "activate");
-}
-
-TEST_F(TriggerDialogs, ACancelledDisplayLeavesTheArraysAlone)
-{
-    offerDriver();
-    host.inModalForm = [&](Form&) {
-        pick(0, 0);
-        channels.cmdCancel.userClicked();
-    };
-    ChannelSelections chosen{{nullptr}, {7}, {8}};
-    EXPECT_FALSE(channels.Display(chosen));
-    EXPECT_EQ(chosen, (ChannelSelections{{nullptr}, {7}, {8}}));
-}
-
 TEST_F(TriggerDialogs, DisplayHandsBackOneChannelOrArrays)
 {
     offerDriver();
@@ -182,6 +128,7 @@ TEST_F(TriggerDialogs, DisplayHandsBackOneChannelOrArrays)
         channels.cmdCancel.userClicked();
     };
     EXPECT_FALSE(channels.Display(driver, slot, channel));
+    EXPECT_FALSE(channels.Display(many));
     EXPECT_EQ(slot, 1);
     EXPECT_EQ(selector().userPicked({99}), Outcome::Inert);
 }

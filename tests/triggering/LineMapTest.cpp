@@ -1,9 +1,4 @@
-#include "fakes/SectionTest.h"
-#include "triggering/AdvancedTrig.h"
-#include "triggering/TriggerLineChoice.h"
-#include "triggering/Triggering.h"
-
-#include <ostream>
+#include "TriggerLines.h"
 
 namespace ko::test {
 namespace {
@@ -43,11 +38,8 @@ TEST(LineUseOf, ClassifiesADriverByItsOffersAndTheChosenLines)
 }
 
 /// The dialog for trigger lines. The first driver is start master, the second sync master.
-class LineMap : public SectionTest {
+class LineMap : public LineChoice {
 protected:
-    Triggering triggering{support};
-    AdvancedTrig dialog{support};
-    TriggerLineChoice choice{page, support, *this, triggering, [this]() -> AdvancedTrig& { return dialog; }};
     FakeDriver& start = addDriver();
     FakeDriver& scan = addDriver();
 
@@ -57,15 +49,10 @@ protected:
         scan.name = "Scanner";
         start.startRank = scan.scanRank = 5;
     }
-    /// Opens the dialog and runs `act` in it.
-    void inDialog(const std::function<void()>& act)
+    void inNewDialog(const std::function<void()>& actions)
     {
-        const TriggerMasters masters = triggering.findTriggerMasters(page.currentDrivers());
-        page.dynamicDriverIndex = masters.start;
-        page.staticDriverIndex = masters.scan;
-        choice.build(masters);
-        host.inModalForm = [&](Form&) { act(); };
-        page.mnuTimebaseTriggerLines.userClicked();
+        survey();
+        inDialog(actions);
     }
     /// Returns each row as its header and cells.
     static Texts rowsOf(const Table& table)
@@ -84,7 +71,7 @@ TEST_F(LineMap, TheMapFollowsTheOptionsBeforeAnythingIsWritten)
 {
     start.startMasterLines = {0, 2, 3};
     scan.startListenerLines = {0, 1, 2, 3};
-    inDialog([&] {
+    inNewDialog([&] {
         EXPECT_EQ(rowsOf(dialog.tblStartMap), (Texts{"Digitizer: drives taken can drive can drive no no no no",
                                                      "Scanner: listens taken can listen can listen no no no no"}));
         start.writes.clear();
@@ -103,14 +90,15 @@ TEST_F(LineMap, TheMapFollowsTheOptionsBeforeAnythingIsWritten)
         dialog.btnCancel.userClicked();
     });
     EXPECT_EQ(start.writes, Texts());
-    inDialog([&] { EXPECT_EQ(rowsOf(dialog.tblStartMap)[0].substr(0, 23), "Digitizer: drives taken") << "as it was"; });
+    inNewDialog(
+        [&] { EXPECT_EQ(rowsOf(dialog.tblStartMap)[0].substr(0, 23), "Digitizer: drives taken") << "as it was"; });
 }
 
 TEST_F(LineMap, AWiredLineThatItsDriverDoesNotOfferIsMarked)
 {
     start.startLine = 6;
     start.startMasterLines = {0, 1};
-    inDialog([&] {
+    inNewDialog([&] {
         EXPECT_EQ(dialog.tblStartMap.rows()[0].cells[6].text, "drives (!)");
         EXPECT_EQ(dialog.tblStartMap.rows()[1].cells[6].text, "listens");
     });
@@ -121,7 +109,7 @@ TEST_F(LineMap, DriversThatFailOrHaveNoLinesDoNotHideTheOthers)
     FakeDriver& silent = addDriver();
     silent.failing = {"StartLinesAsListener", "DriverName"};
     addDriver().hasLines = false;
-    inDialog([&] {
+    inNewDialog([&] {
         const auto& rows = dialog.tblStartMap.rows();
         ASSERT_EQ(rows.size(), 3U);
         EXPECT_EQ(rows[2].header, "Instrument 3");

@@ -1,26 +1,10 @@
 #include "TriggerLines.h"
-#include "triggering/AdvancedTrig.h"
-#include "triggering/TriggerLineChoice.h"
-
-#include <functional>
 
 namespace ko::test {
 namespace {
 
-class TriggerLinesOf : public SectionTest {
+class TriggerLinesOf : public LineChoice {
 protected:
-    Triggering triggering{support};
-    AdvancedTrig dialog{support};
-    TriggerLineChoice choice{page, support, *this, triggering, [this]() -> AdvancedTrig& { return dialog; }};
-
-    void survey()
-    {
-        const TriggerMasters masters = triggering.findTriggerMasters(page.currentDrivers());
-        page.dynamicDriverIndex = masters.start;
-        page.staticDriverIndex = masters.scan;
-        choice.build(masters);
-        marks = 0;
-    }
     /// Makes the list of two drivers: the start master and the sync master.
     std::pair<FakeDriver&, FakeDriver&> addMasters()
     {
@@ -30,12 +14,6 @@ protected:
         FakeDriver& scan = addDriver();
         start.startRank = scan.scanRank = 5;
         return {start, scan};
-    }
-    /// Opens the dialog and runs `actions` in it.
-    void inDialog(const std::function<void()>& actions)
-    {
-        host.inModalForm = [&](Form&) { actions(); };
-        EXPECT_EQ(page.mnuTimebaseTriggerLines.userClicked(), Outcome::Done);
     }
     /// Returns the start and sync line as the page shows them.
     std::string lines() const

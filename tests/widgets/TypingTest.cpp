@@ -31,12 +31,8 @@ protected:
 
     void SetUp() override
     {
-        for (const std::int32_t samplingMode : {1, 2}) {
-            FakeDriver& driver = addDriver(samplingMode);
-            driver.sampleRange = {1e-6, 1};
-            driver.blockRange = {16, 4096};
-            driver.scanRange = {0.01, 100};
-        }
+        addRanges(1);
+        addRanges(2);
         open();
         widget.resize(900, 700);
         widget.show();

@@ -1,6 +1,6 @@
 #include "host/setup/SetupFile.h"
 #include "host/setup/SetupWriter.h"
-#include "platform/Failure.h"
+#include "platform/Failing.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -13,15 +13,7 @@ std::shared_ptr<SimulatedDriver> driverOf(const std::string& members)
     return makeDrivers(parseSetup("{\"drivers\": [{\"name\": \"d\"" + members + "}]}", "test.json")).front();
 }
 
-template <class Call> std::int32_t failureOf(const Call& call)
-{
-    try {
-        call();
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
+using test::failureOf;
 
 TEST(SimulatedDriverTest, AQuantityKeepsOfARequestWhatItsRuleSays)
 {

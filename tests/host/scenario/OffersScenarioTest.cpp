@@ -68,25 +68,5 @@ block-size: All instruments share: Any value from 64 to 1024.
     EXPECT_TRUE(offersOf(played, "start").is_null());
 }
 
-TEST(OffersScenario, WhatFitsIsAHintAndAButtonAway)
-{
-    const Played run = play(R"(
-setup
-site status
-show
-focus txtDuration
-text txtDuration 1e12
-expect cmdTakeRate visible true
-click cmdTakeDuration
-expect txtDuration text 536870
-expect lblWhatFits visible false
-)",
-                            bench);
-    EXPECT_EQ(run.fault, "");
-    EXPECT_TRUE(run.expectationsMet) << run.only({"expectation"});
-    const std::string told = run.only({"hint", "message"});
-    EXPECT_NE(told.find("duration up to 536870 seconds or Sample Rate (Sa/s) up to 1000."), std::string::npos) << told;
-}
-
 } // namespace
 } // namespace ko::test

@@ -158,13 +158,6 @@ TEST_F(ScenarioCaptureTest, SetupsAreNamedAsSeenFromTheScenariosFolder)
     EXPECT_EQ(lines(), "hide\nsetup\nshow\nhide\nsetup \"with blank.json\"\nshow\nhide\nsetup " + above + "\nshow\n");
 }
 
-TEST_F(ScenarioCaptureTest, AFileThatCannotBeWrittenIsRefused)
-{
-    EXPECT_THROW(ScenarioCapture("/no/such/folder/x.scenario", captured()), InputError);
-    EXPECT_THROW(ScenarioCapture("/dev/full", captured()), InputError);
-    EXPECT_FALSE(live.document().page().userActs);
-}
-
 TEST(CapturedCommandsTest, ChannelsAndLocalesAreSetAndWhatIsWrongIsNamed)
 {
     const Played set = play("enable Digitizer 0 0 0\nlocale decimalSeparator=, timeIs24Hour=1\nsetup\nshow\ndrivers\n"

@@ -48,19 +48,6 @@ protected:
     }
 };
 
-TEST_F(SetupSessionTest, SavingWritesThePresentValuesAndKeepsTitleAndClock)
-{
-    session.load(bench());
-    change();
-    EXPECT_TRUE(session.save(user));
-    EXPECT_FALSE(session.isChanged());
-    EXPECT_EQ(user.asked, "");
-    const auto saved = loadSetup(session.file());
-    EXPECT_EQ(saved.instruments.at(0).timebase->duration, 25);
-    EXPECT_EQ(saved.title, "Bench");
-    EXPECT_EQ(saved.clock, loadSetup(bench("other.json")).clock);
-}
-
 TEST_F(SetupSessionTest, AnAnswerCountsForNoOtherSetUpThanItWasAskedAbout)
 {
     const std::string other = bench("other.json");
@@ -140,24 +127,6 @@ TEST_F(SetupSessionTest, AChangeThatLeavingThePageMakesIsAskedForToo)
     };
     EXPECT_FALSE(session.mayLeave(user));
     EXPECT_EQ(user.asked, "changes ");
-}
-
-TEST_F(SetupSessionTest, AnotherFileIsOpenedOnlyWhenTheChangesAreSettledAndItIsWhole)
-{
-    session.load(bench());
-    change();
-    const auto before = session.drivers();
-    EXPECT_FALSE(session.open(bench("other.json"), user));
-    user.unsaved = Unsaved::Save;
-    session.mayLeavePage = [] { return true; };
-    user.asked.clear();
-    EXPECT_FALSE(session.open(file("broken.json", "{"), user));
-    EXPECT_NE(user.asked.find("not opened: " + file("broken.json")), std::string::npos);
-    EXPECT_EQ(session.drivers(), before);
-    EXPECT_EQ(session.name(), "bench.json");
-    EXPECT_TRUE(session.open(file("other.json"), user));
-    EXPECT_NE(session.drivers(), before);
-    EXPECT_FALSE(session.isChanged());
 }
 
 TEST_F(SetupSessionTest, AFileThatAnotherProgramHasChangedIsOverwrittenOnlyWhenTheUserSaysSo)

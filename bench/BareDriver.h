@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace ko::test {
+namespace ko::bench {
 
 class BareDriver;
 
@@ -221,4 +221,4 @@ private:
     Choices choices_;
 };
 
-} // namespace ko::test
+} // namespace ko::bench
