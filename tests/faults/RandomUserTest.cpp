@@ -10,8 +10,6 @@ namespace ko::test {
 
 namespace {
 
-constexpr double fileSizeLimit = 2147483647.0;
-
 long stepsTaken = 0;
 
 /// Boxes that come on top of the one that an action may show.
