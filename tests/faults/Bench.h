@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -64,5 +65,18 @@ Texts shownWrongly(const Bench& bench);
 
 /// Bytes of the recording as the page has to count them, the larger of its two totals.
 double totalBytes(const Bench& bench);
+
+constexpr double fileSizeLimit = 2147483647.0;
+
+/// What a host and its user do, always the same.
+struct Script {
+    const char* name;
+    void (*play)(Bench&);
+
+    friend std::ostream& operator<<(std::ostream& out, const Script& script) { return out << script.name; }
+};
+
+/// Scripts that together use every handler and host member.
+extern const Script scripts[8];
 
 } // namespace ko::test

@@ -1,4 +1,4 @@
-#include "faults/Scripts.h"
+#include "faults/Bench.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,6 @@
 namespace ko::test {
 
 namespace {
-
-constexpr double fileSizeLimit = 2147483647.0;
 
 constexpr long forGood = std::numeric_limits<long>::max();
 

@@ -10,8 +10,6 @@ namespace ko::test {
 
 namespace {
 
-constexpr double fileSizeLimit = 2147483647.0;
-
 long stepsTaken = 0;
 
 /// Message boxes allowed in addition to the one that an action may show.

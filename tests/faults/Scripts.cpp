@@ -1,4 +1,4 @@
-#include "faults/Scripts.h"
+#include "faults/Bench.h"
 
 namespace ko::test {
 

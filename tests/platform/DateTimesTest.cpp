@@ -118,13 +118,6 @@ TEST(DateTimes, additionCountsFractionsAndRefusesWhatLeavesTheCalendar)
         EXPECT_EQ(failureOf([&] { return dateAdd(days, amount, {1.0}); }), failure::invalidCall) << amount;
 }
 
-RC_GTEST_PROP(DateTimes, differenceUndoesAddition, ())
-{
-    const DateTime from = *validTimes(), to = *validTimes();
-    RC_ASSERT(dateAdd(TimeUnit::seconds, dateDiffSeconds(from, to), from) == to);
-    RC_ASSERT(dateAdd(TimeUnit::days, dateDiffSeconds(from, to) / 86400.0, from) == to);
-}
-
 TEST(DateTimes, generalDateFollowsTheLocalesPictures)
 {
     struct Case {

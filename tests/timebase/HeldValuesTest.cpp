@@ -20,21 +20,6 @@ protected:
     }
 };
 
-TEST_F(HeldValues, WhatDriversMakeOfTheLoadedScanPeriodIsShown)
-{
-    FakeDriver& driver = addDriver(2);
-    driver.scanPeriod = 0.15;
-    driver.scanRange = {0.2, 2};
-    driver.keeps = nearest(0.2, 2);
-    open();
-    EXPECT_EQ(page().txtScanPeriod.text(), "0.2");
-    EXPECT_EQ(page().txtScanRate.text(), "5");
-    driver.scanChoices = {0.2, 2};
-    driver.scanPeriod = 1.9;
-    handOver();
-    EXPECT_EQ(page().cmbScanPeriod.index(), 1);
-}
-
 TEST_F(HeldValues, AKeptPeriodSelectsTheEntryThatItIsCloseToOrReadsAs)
 {
     const std::pair<double, double> offeredAndKept[] = {{1e-5, 1e-5 + 5e-13}, {3600.1, 3600.1 + 2e-12}};
@@ -93,25 +78,6 @@ TEST_F(HeldValues, ABoxShownOutOfBoundsCanBeLeftAndWritesNothing)
     page().txtSamplePeriod.userReplaced("1.", 0, 0);
     walk({&page().txtBlockSize});
     EXPECT_EQ(page().txtSamplePeriod.text(), "1");
-}
-
-TEST_F(HeldValues, AChoiceStandsForItsExactPeriod)
-{
-    for (const std::int32_t samplingMode : {1, 2}) {
-        FakeDriver& driver = addDriver(samplingMode);
-        driver.samplePeriod = driver.scanPeriod = 1.0 / 3;
-        driver.sampleChoices = driver.scanChoices = {1.0 / 3, 0.5};
-        driver.blockChoices = {0, 512};
-    }
-    open();
-    EXPECT_EQ(page().cmbBlockSize.items().size(), 1U) << "a block size of 0 is no choice";
-    const int changes = host.changes;
-    page().cmbSamplePeriod.userChose(0);
-    page().cmbSampleRate.userChose(0);
-    EXPECT_EQ(host.changes, changes);
-    page().cmbScanRate.userChose(0);
-    EXPECT_EQ(fakes[0]->samplePeriod, 1.0 / 3);
-    EXPECT_EQ(fakes[1]->scanPeriod, 1.0 / 3);
 }
 
 TEST_F(HeldValues, APeriodThatIsTakenBackAsAnotherIsShown)

@@ -51,19 +51,6 @@ TEST(SimulatedDriverTest, AQuantityKeepsOfARequestWhatItsRuleSays)
     }
 }
 
-TEST(SimulatedDriverTest, TheChoiceRangeBelongsToTheListAskedForLast)
-{
-    const auto driver = driverOf(R"(, "timebase": {"samplePeriod": {"value": 1, "range": [1, 2]},
-        "scanPeriod": {"value": 1, "range": [3, 4]}})");
-    Timebase& timebase = *driver->queryTimebase();
-    EXPECT_EQ(timebase.ChoiceRange(), Range{});
-    timebase.ScanChoiceList();
-    EXPECT_EQ(timebase.ChoiceRange(), (Range{3, 4}));
-    timebase.SampleChoiceList();
-    timebase.BlockSizeChoiceList();
-    EXPECT_EQ(timebase.ChoiceRange(), (Range{1, 2}));
-}
-
 TEST(SimulatedDriverTest, TheFiguresFollowFromTheTimebaseUnlessFixed)
 {
     const std::string channels = R"(, "groups": [{"name": "g", "channels": [{"address": "1:1"},

@@ -20,7 +20,6 @@ TEST(OffersScenario, TheAccountIsAnEventAndTheDialogIsPlayedLikeAnyOther)
 setup
 show
 offers samplePeriod
-offers blockSize
 choose cmbScanPeriod #2
 offers scanPeriod
 dialog ShowOffers
@@ -37,15 +36,11 @@ click cmdSampleRateOffers
         R"({"effect":"begins","values":3,"range":[0.0001,0.01],"name":"Sampler"},)"
         R"({"effect":"removes","values":2,"range":[0.001,0.01],"removed":[0.0001],"name":"Scanner"},)"
         R"({"effect":"none","timebase":false,"name":"Bare"}],"quantity":"samplePeriod"})",
-        R"({"line":5,"event":"offers","shared":{"range":[64.0,1024.0]},"drivers":[)"
-        R"({"effect":"begins","range":[16.0,1024.0],"name":"Sampler"},)"
-        R"({"effect":"narrows","range":[64.0,4096.0],"shared":[64.0,1024.0],"name":"Scanner"},)"
-        R"({"effect":"none","timebase":false,"name":"Bare"}],"quantity":"blockSize"})",
-        R"({"line":7,"event":"offers","shared":{"values":3,"range":[0.5,2.0]},"drivers":[)"
+        R"({"line":6,"event":"offers","shared":{"values":3,"range":[0.5,2.0]},"drivers":[)"
         R"({"effect":"begins","range":[0.1,9.0],"name":"Sampler"},)"
         R"({"effect":"begins","values":3,"range":[0.5,2.0],"name":"Scanner"},)"
         R"({"effect":"none","timebase":false,"name":"Bare"}],"quantity":"scanPeriod"})"};
-    EXPECT_EQ(run.only({"offers"}), std::string(lines[0]) + "\n" + lines[1] + "\n" + lines[2] + "\n");
+    EXPECT_EQ(run.only({"offers"}), std::string(lines[0]) + "\n" + lines[1] + "\n");
     for (const Json& event : run.events)
         if (event["event"] == "state") {
             EXPECT_EQ(event["controls"]["tblOffers"]["rows"][1]["cells"][1], "Removes: 10000");
