@@ -1,7 +1,5 @@
 #include "fakes/DocumentTest.h"
 
-#include <cmath>
-
 namespace ko::test {
 namespace {
 
