@@ -11,9 +11,11 @@ TEST_F(ScheduleTest, ADurationIsTypedInEveryUnitAndOutlivesAHiddenPage)
     expectEverywhere("0 0 8:00:00 AM 0.1");
     page().cmbInterval.userChose(1);
     expectEverywhere("0 0 8:00:00 AM 6");
+    EXPECT_NE(page().activeControl(), nullptr);
     EXPECT_EQ(page().lblDurationValue.caption(), "0.1 minutes");
     fakes[0]->duration = 1; // the value accepted by the page is used, not this one
     document->UserDocument_Hide();
+    EXPECT_EQ(page().activeControl(), nullptr);
     document->UserDocument_Show();
     expectEverywhere("0 0 8:00:00 AM 6");
     EXPECT_EQ(page().txtDuration.text() + page().cmbInterval.text(), "6seconds");

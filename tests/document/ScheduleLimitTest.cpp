@@ -91,5 +91,24 @@ TEST_F(ScheduleTest, AnOldValueThatCouldNotBeReadIsNeverWritten)
     EXPECT_EQ(held(), (Texts{"0 0 8:00:00 AM 10", "0 0 8:00:00 AM 20"})) << "each driver gets its own value back";
 }
 
+TEST_F(ScheduleTest, WithoutATimebaseAnUndoReturnsToWhatWasLastAccepted)
+{
+    openTwo();
+    for (const auto& driver : fakes)
+        driver->hasTimebase = false;
+    document->UserDocument_Hide();
+    document->UserDocument_Show();
+    type(page().txtDuration, "12");
+    start(1).userClicked();
+    fakes[0]->bytes = [](const FakeDriver&) { return 3e9; };
+    replace(page().txtDuration, "1e3");
+    pickTime(page().cmdStartTime, {2026, 11, 22, 0, 0, 0});
+    EXPECT_EQ(host.takeMessages(), (Texts{tooLarge, tooLarge}));
+    EXPECT_EQ(page().txtDuration.text(), "12");
+    EXPECT_EQ(page().txtStartTime.text(), "9:30:00 AM");
+    for (const auto& driver : fakes)
+        EXPECT_EQ(driver->writes, Texts{});
+}
+
 } // namespace
 } // namespace ko::test

@@ -1,7 +1,5 @@
 #include "fakes/DocumentTest.h"
 
-#include <cmath>
-
 namespace ko::test {
 namespace {
 
@@ -160,6 +158,19 @@ TEST_F(Editors, TheLimitTakesBackWhatItRefusesWithOneMessage)
     EXPECT_EQ(still.scanPeriod, 0.1);
     EXPECT_EQ(page().txtScanPeriod.text(), "0.1");
     EXPECT_EQ(page().txtScanRate.text(), "10");
+}
+
+TEST_F(Editors, HintsWithRangesAreGivenForTheStaticBoxesOnly)
+{
+    addRanges();
+    addDriver(2).scanRange = {0.01, 50};
+    open();
+    document->mode().setClientSite(host.site());
+    for (TextBox* box : {&page().txtSampleRate, &page().txtSamplePeriod, &page().txtBlockSize, &page().txtDuration,
+                         &page().txtScanRate, &page().txtScanPeriod})
+        ASSERT_TRUE(page().moveFocus(box));
+    EXPECT_EQ(host.hints, (Texts{"", "", "", "", "  A valid real number in the range 0.02 to 100 is required.",
+                                 "  A valid real number in the range 0.01 to 50 is required."}));
 }
 
 } // namespace

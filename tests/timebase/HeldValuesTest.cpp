@@ -136,5 +136,20 @@ TEST_F(HeldValues, ADriverThatTookAnothersPlaceUnderTheCursorGetsItsOwnPeriodBac
     EXPECT_EQ(next.samplePeriod, 0.25);
 }
 
+TEST_F(HeldValues, WhatDriversMakeOfTheLoadedScanPeriodIsShown)
+{
+    FakeDriver& driver = addDriver(2);
+    driver.scanPeriod = 0.15;
+    driver.scanRange = {0.2, 2};
+    driver.keeps = nearest(0.2, 2);
+    open();
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.2");
+    EXPECT_EQ(page().txtScanRate.text(), "5");
+    driver.scanChoices = {0.2, 2};
+    driver.scanPeriod = 1.9;
+    handOver();
+    EXPECT_EQ(page().cmbScanPeriod.index(), 1);
+}
+
 } // namespace
 } // namespace ko::test

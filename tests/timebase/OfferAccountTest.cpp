@@ -2,11 +2,7 @@
 #include "fakes/DocumentTest.h"
 #include "page/OfferTexts.h"
 
-#include <rapidcheck/gtest.h>
-
-#include <algorithm>
 #include <cmath>
-#include <set>
 #include <utility>
 
 namespace ko::test {

@@ -2,7 +2,6 @@
 
 #include "host/scenario/PlayedScenario.h"
 #include "host/setup/SetupFile.h"
-#include "host/support/InputError.h"
 #include "platform/DateTimes.h"
 
 #include <algorithm>
