@@ -49,6 +49,7 @@ inline constexpr void (*notAvailable)(Scenario&, const Arguments&) = nullptr;
 std::span<const Command> hostCommands();
 std::span<const Command> machineCommands();
 std::span<const Command> userCommands();
+std::span<const Command> gridAndDialogCommands();
 std::span<const Command> questionCommands();
 
 /// Returns the command with this name, or null.

@@ -1,7 +1,6 @@
-#include "host/scenario/Commands.h"
+#include "host/scenario/UserInput.h"
 
 #include "platform/CaptionControls.h"
-#include "platform/ChannelSelector.h"
 #include "platform/ComboBox.h"
 #include "platform/DateControls.h"
 #include "platform/Form.h"
@@ -16,27 +15,6 @@
 namespace ko {
 
 namespace {
-
-void logInert(Scenario& scenario, const Control* control)
-{
-    scenario.log.event("inert", {{"control", control ? CallValue(control->name()) : CallValue()}});
-}
-
-/// Passes the user's input to a control unless its form is not shown.
-template <class Input> void give(Scenario& scenario, const Control& control, const Input& input)
-{
-    if (!scenario.isFormShown() || input() == Outcome::Inert)
-        logInert(scenario, &control);
-}
-
-/// Returns the control as this type; a fault if it is of another type.
-template <class T> T& controlAs(const Scenario& scenario, const std::string& name, const char* use)
-{
-    auto* const control = dynamic_cast<T*>(&scenario.control(name));
-    if (!control)
-        scenario.refuse("the control \"" + name + "\" cannot be " + use);
-    return *control;
-}
 
 void focus(Scenario& scenario, const Arguments& words)
 {
@@ -166,62 +144,6 @@ void doubleClick(Scenario& scenario, const Arguments& words)
     give(scenario, box, [&] { return box.userDoubleClicked(); });
 }
 
-Grid& theGrid(const Scenario& scenario)
-{
-    return controlAs<Grid>(scenario, "grdParam", "edited");
-}
-
-void cell(Scenario& scenario, const Arguments& words)
-{
-    const std::int32_t row = words.integer(0);
-    Grid& grid = theGrid(scenario);
-    give(scenario, grid, [&] { return grid.userEditedCell(row, words.text(1)); });
-}
-
-void openCell(Scenario& scenario, const Arguments& words)
-{
-    Grid& grid = theGrid(scenario);
-    const std::int32_t row = words.integer(0);
-    give(scenario, grid, [&] { return grid.userOpenedCell(row); });
-}
-
-void endCell(Scenario& scenario, const Arguments&)
-{
-    Grid& grid = theGrid(scenario);
-    give(scenario, grid, [&] { return grid.userEndedEdit(); });
-}
-
-void dropCell(Scenario& scenario, const Arguments&)
-{
-    Grid& grid = theGrid(scenario);
-    give(scenario, grid, [&] { return grid.userDroppedEdit(); });
-}
-
-/// Returns the selector's line for the two arguments at `at`; beyond the last line if there is none.
-std::size_t lineOf(const ChannelSelector& selector, const Arguments& words, std::size_t at)
-{
-    return selector.lineOf(nullptr, words.integer(at), words.integer(at + 1)).value_or(selector.entries().size());
-}
-
-void pick(Scenario& scenario, const Arguments& words)
-{
-    auto& selector = controlAs<ChannelSelector>(scenario, "chsNavigate", "picked from");
-    const bool none = words.count() == 1 && words.text(0) == "none";
-    if (!none && words.count() % 2 != 0)
-        scenario.refuse("channels are picked by slot and channel");
-    ChannelSelector::Lines lines;
-    for (std::size_t at = 0; !none && at < words.count(); at += 2)
-        lines.push_back(lineOf(selector, words, at));
-    give(scenario, selector, [&] { return selector.userPicked(lines); });
-}
-
-void activate(Scenario& scenario, const Arguments& words)
-{
-    auto& selector = controlAs<ChannelSelector>(scenario, "chsNavigate", "activated in");
-    const std::size_t line = lineOf(selector, words, 0);
-    give(scenario, selector, [&] { return selector.userActivated(line); });
-}
-
 struct KeyName {
     std::string_view name;
     std::int16_t value;
@@ -258,29 +180,12 @@ void keyCommand(Scenario& scenario, const Arguments& words)
         logInert(scenario, nullptr);
 }
 
-void dialog(Scenario& scenario, const Arguments& words)
-{
-    constexpr std::array<std::string_view, 4> forms{"SelectChannel", "AdvancedTrig", "SetDateTime", "ShowOffers"};
-    if (std::find(forms.begin(), forms.end(), words.text(0)) == forms.end())
-        scenario.refuse("there is no form \"" + words.text(0) + "\"");
-    scenario.dialogs.queue(words.text(0), scenario.readBlock(Scenario::Place::Dialog));
-}
-
-void strayEnd(Scenario& scenario, const Arguments&)
-{
-    scenario.refuse("end without dialog or during");
-}
-
 constexpr Command commands[]{
-    {"focus", Giver::User, 1, 1, focus},       {"leave", Giver::User, 0, 0, leave},
-    {"type", Giver::User, 1, 1, type},         {"text", Giver::User, 2, 4, text},
-    {"select", Giver::User, 3, 3, select},     {"choose", Giver::User, 2, 2, choose},
-    {"click", Giver::User, 1, 1, click},       {"double-click", Giver::User, 1, 1, doubleClick},
-    {"cell", Giver::User, 2, 2, cell},         {"key", Giver::User, 1, 1, keyCommand},
-    {"dialog", Giver::Host, 1, 1, dialog},     {"end", Giver::Host, 0, 0, strayEnd},
-    {"pick", Giver::User, 1, anyNumber, pick}, {"activate", Giver::User, 2, 2, activate},
-    {"undo", Giver::User, 1, 1, undo},         {"open-cell", Giver::User, 1, 1, openCell},
-    {"end-cell", Giver::User, 0, 0, endCell},  {"drop-cell", Giver::User, 0, 0, dropCell},
+    {"focus", Giver::User, 1, 1, focus},    {"leave", Giver::User, 0, 0, leave},
+    {"type", Giver::User, 1, 1, type},      {"text", Giver::User, 2, 4, text},
+    {"select", Giver::User, 3, 3, select},  {"undo", Giver::User, 1, 1, undo},
+    {"choose", Giver::User, 2, 2, choose},  {"click", Giver::User, 1, 1, click},
+    {"key", Giver::User, 1, 1, keyCommand}, {"double-click", Giver::User, 1, 1, doubleClick},
 };
 
 } // namespace

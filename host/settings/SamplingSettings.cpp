@@ -42,18 +42,18 @@ std::optional<Range> rangeOf(const Page& page, const Quantity& quantity)
     return quantity.isRate ? Range{rateOf(range.maximum), rateOf(range.minimum)} : range;
 }
 
-Offer offerOf(const HeadlessPage& played, const Quantity& quantity)
+AllowedValues allowedFor(const HeadlessPage& played, const Quantity& quantity)
 {
-    Offer offer;
+    AllowedValues allowed;
     const ComboBox& list = played.page().*quantity.list;
     if (!list.visible()) {
-        offer.range = rangeOf(played.page(), quantity);
-        return offer;
+        allowed.range = rangeOf(played.page(), quantity);
+        return allowed;
     }
     for (const ComboBox::Item& item : list.items())
         if (numberIn(item.text))
-            offer.choices.push_back(item.text);
-    return offer;
+            allowed.choices.push_back(item.text);
+    return allowed;
 }
 
 std::int32_t entryOf(const ComboBox& list, const std::string& text)
@@ -70,7 +70,7 @@ Request requestOf(const HeadlessPage& played, const Quantity& quantity, const st
     const Value wanted = number ? Value(*number) : Value(value);
     if (!(played.page().*quantity.list).visible())
         return {[&quantity, value](HeadlessPage& at) { at.enter(at.page().*quantity.box, value); }, wanted};
-    const std::vector<std::string> choices = offerOf(played, quantity).choices;
+    const std::vector<std::string> choices = allowedFor(played, quantity).choices;
     return {[&quantity, choice = choices.at(choiceOf(choices, value))](HeadlessPage& at) {
                 ComboBox& list = at.page().*quantity.list;
                 at.give(list.userChose(entryOf(list, choice)));
@@ -87,7 +87,7 @@ Setting settingOf(const Quantity& quantity, const Page& page)
     setting.controls = {(page.*quantity.list).name(), (page.*quantity.box).name()};
     setting.control = [&quantity](Page& shownOn) -> Control& { return shown(shownOn, quantity); };
     setting.read = [&quantity](const HeadlessPage& played) { return read(played, quantity); };
-    setting.offer = [&quantity](const HeadlessPage& played) { return offerOf(played, quantity); };
+    setting.allowed = [&quantity](const HeadlessPage& played) { return allowedFor(played, quantity); };
     setting.write = [&quantity](const HeadlessPage& played, const std::string& value) {
         return requestOf(played, quantity, value);
     };

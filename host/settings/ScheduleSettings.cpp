@@ -63,7 +63,9 @@ Setting optionSetting(const char* name, Options options, Frame Page::*frame, con
     setting.label = labelText(page.*frame);
     setting.control = [frame](Page& shown) -> Control& { return shown.*frame; };
     setting.read = [options](const HeadlessPage& played) { return selected(options, played.page()); };
-    setting.offer = [options](const HeadlessPage& played) { return Offer{wordsOf(options, played.page()), {}, {}}; };
+    setting.allowed = [options](const HeadlessPage& played) {
+        return AllowedValues{wordsOf(options, played.page()), {}, {}};
+    };
     setting.write = [options](const HeadlessPage& played, const std::string& value) {
         return clickOption(options, played.page(), value);
     };
@@ -129,7 +131,7 @@ Setting timeSetting(const TimeBox& times, const Page& page)
     setting.control = [times](Page& shown) -> Control& { return shown.*times.box; };
     setting.needs = times.needs;
     setting.read = [times](const HeadlessPage& played) { return timeShown((played.page().*times.box).text()); };
-    setting.offer = [](const HeadlessPage& /*played*/) { return Offer{{}, {}, timeForms}; };
+    setting.allowed = [](const HeadlessPage& /*played*/) { return AllowedValues{{}, {}, timeForms}; };
     setting.write = [times](const HeadlessPage& /*played*/, const std::string& value) {
         return pickTime(times, value);
     };
@@ -206,7 +208,7 @@ Setting durationSetting(const Page& page)
     setting.controls = {page.txtDuration.name()};
     setting.control = [](Page& shown) -> Control& { return shown.txtDuration; };
     setting.read = durationHeld;
-    setting.offer = [](const HeadlessPage&) { return Offer{{}, {}, "0 or more; s, min, h, d"}; };
+    setting.allowed = [](const HeadlessPage&) { return AllowedValues{{}, {}, "0 or more; s, min, h, d"}; };
     setting.write = [](const HeadlessPage& played, const std::string& value) {
         return enterDuration(played.page(), value);
     };

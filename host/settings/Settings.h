@@ -14,7 +14,7 @@ public:
 };
 
 /// The values of a setting: the choices, or the numbers in the range; with neither, whatever the page accepts.
-struct Offer {
+struct AllowedValues {
     std::vector<std::string> choices;
     std::optional<Range> range;
     std::string form; ///< how to write a value, if that is not obvious
@@ -46,7 +46,7 @@ struct Setting {
     /// Returns the present value, or none. Failures reach the caller.
     std::function<Value(const HeadlessPage&)> read;
     /// Empty if the setting accepts any value.
-    std::function<Offer(const HeadlessPage&)> offer;
+    std::function<AllowedValues(const HeadlessPage&)> allowed;
     /// Empty for a read-only setting. Fails with a `Refusal`.
     std::function<Request(const HeadlessPage&, const std::string&)> write;
     /// What must be set before, in this order.
@@ -54,7 +54,10 @@ struct Setting {
     /// Names of the page's controls that show it.
     std::vector<std::string> controls;
 
-    [[nodiscard]] Offer offered(const HeadlessPage& played) const { return offer ? offer(played) : Offer{}; }
+    [[nodiscard]] AllowedValues allowedOn(const HeadlessPage& played) const
+    {
+        return allowed ? allowed(played) : AllowedValues{};
+    }
 };
 
 /// Prefix of the names of trigger parameters.

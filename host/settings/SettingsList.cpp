@@ -27,11 +27,11 @@ Value presentValue(const Setting& setting, const HeadlessPage& played)
     }
 }
 
-/// Returns an empty offer if an instrument fails.
-Offer presentOffer(const Setting& setting, const HeadlessPage& played)
+/// Returns none if an instrument fails.
+AllowedValues allowedNow(const Setting& setting, const HeadlessPage& played)
 {
     try {
-        return setting.offered(played);
+        return setting.allowedOn(played);
     } catch (const std::exception&) {
         return {};
     }
@@ -75,9 +75,9 @@ std::string choicesText(const std::vector<std::string>& choices, const std::stri
 }
 
 /// Describes the values of a setting without choices.
-std::string formText(const Offer& offer)
+std::string formText(const AllowedValues& allowed)
 {
-    return offer.range ? rangeText(*offer.range) : offer.form;
+    return allowed.range ? rangeText(*allowed.range) : allowed.form;
 }
 
 std::string unavailableText(const Setting& setting, const Page& page)
@@ -92,8 +92,8 @@ std::string offerText(const Setting& setting, const HeadlessPage& played)
         return "(read-only)";
     if (!canBeSet(setting, played))
         return unavailableText(setting, played.page());
-    const Offer offer = presentOffer(setting, played);
-    return offer.choices.empty() ? formText(offer) : choicesText(offer.choices, setting.name);
+    const AllowedValues allowed = allowedNow(setting, played);
+    return allowed.choices.empty() ? formText(allowed) : choicesText(allowed.choices, setting.name);
 }
 
 constexpr std::size_t columns = 4;
@@ -132,7 +132,7 @@ Json choicesJson(const std::vector<std::string>& choices, bool asNumbers)
 Json settingJson(const Setting& setting, const HeadlessPage& played)
 {
     const Value value = presentValue(setting, played);
-    const Offer offer = presentOffer(setting, played);
+    const AllowedValues allowed = allowedNow(setting, played);
     Json json{{"name", setting.name},
               {"label", setting.label},
               {"value", toJson(callValue(value))},
@@ -140,10 +140,11 @@ Json settingJson(const Setting& setting, const HeadlessPage& played)
               {"canBeSet", canBeSet(setting, played)}};
     if (!setting.unit.empty())
         json["unit"] = setting.unit;
-    if (!offer.choices.empty())
-        json["choices"] = choicesJson(offer.choices, numberOf(value).has_value());
-    if (offer.range)
-        json["range"] = {{"minimum", boundJson(offer.range->minimum)}, {"maximum", boundJson(offer.range->maximum)}};
+    if (!allowed.choices.empty())
+        json["choices"] = choicesJson(allowed.choices, numberOf(value).has_value());
+    if (allowed.range)
+        json["range"] = {{"minimum", boundJson(allowed.range->minimum)},
+                         {"maximum", boundJson(allowed.range->maximum)}};
     if (Json offers = offersOf(played, setting.name); !offers.is_null())
         json["offers"] = std::move(offers);
     return json;
@@ -190,11 +191,11 @@ Choices settingChoices(const HeadlessPage& played, const std::string& name)
     const Setting setting = settingNamed(played, name);
     if (!setting.write)
         throw Refusal(setting.name + ": can only be read");
-    const Offer offer = presentOffer(setting, played);
+    const AllowedValues allowed = allowedNow(setting, played);
     Choices choices;
-    for (const std::string& choice : offer.choices)
+    for (const std::string& choice : allowed.choices)
         choices.lines += oneLine(choice) + '\n';
-    if (const std::string form = formText(offer); offer.choices.empty() && !form.empty())
+    if (const std::string form = formText(allowed); allowed.choices.empty() && !form.empty())
         choices.note = setting.name + ": " + form;
     return choices;
 }

@@ -54,12 +54,12 @@ Value channelChosen(const HeadlessPage& played)
     return {};
 }
 
-Offer offeredChannels(const HeadlessPage& played)
+AllowedValues allowedChannels(const HeadlessPage& played)
 {
-    Offer offer;
+    AllowedValues allowed;
     for (const Channel& channel : channelsOf(played))
-        offer.choices.push_back(channel.text());
-    return offer;
+        allowed.choices.push_back(channel.text());
+    return allowed;
 }
 
 /// A name takes precedence over an equal address of another channel.
@@ -70,7 +70,7 @@ Channel channelNamed(const HeadlessPage& played, const std::string& value)
         for (const Channel& channel : channels)
             if ((channel.*spelling)() == value)
                 return channel;
-    return channels.at(choiceOf(offeredChannels(played).choices, value));
+    return channels.at(choiceOf(allowedChannels(played).choices, value));
 }
 
 Request pickChannel(const HeadlessPage& played, const std::string& value)
@@ -99,7 +99,7 @@ Setting channelSetting(const Page& page)
     setting.control = [](Page& shown) -> Control& { return shown.txtChannel; };
     setting.needs = Needs(&startOnTrigger, 1);
     setting.read = channelChosen;
-    setting.offer = offeredChannels;
+    setting.allowed = allowedChannels;
     setting.write = pickChannel;
     return setting;
 }
@@ -127,7 +127,7 @@ Value parameterHeld(const HeadlessPage& played, std::int32_t row)
     return numberOf(value) ? value : Value(cell.value);
 }
 
-Offer offerOfParameter(const HeadlessPage& played, std::int32_t row)
+AllowedValues allowedForParameter(const HeadlessPage& played, std::int32_t row)
 {
     const Page& page = played.page();
     const CellStyle& style = page.grdParam.cell(row, Grid::valueColumn).style;
@@ -147,13 +147,13 @@ Offer offerOfParameter(const HeadlessPage& played, std::int32_t row)
 
 Request editCell(const HeadlessPage& played, std::int32_t row, const std::string& value)
 {
-    const Offer offer = offerOfParameter(played, row);
+    const AllowedValues allowed = allowedForParameter(played, row);
     const bool isCheck = played.page().grdParam.cell(row, Grid::valueColumn).style.control == CellStyle::Control::check;
     const auto checked = isCheck ? checkState(value) : std::nullopt;
-    std::string text = checked ? offer.choices.at(*checked ? 1 : 0) : value;
-    if (!offer.choices.empty())
-        text = offer.choices.at(choiceOf(offer.choices, text));
-    const auto number = offer.range ? numberIn(text) : std::nullopt;
+    std::string text = checked ? allowed.choices.at(*checked ? 1 : 0) : value;
+    if (!allowed.choices.empty())
+        text = allowed.choices.at(choiceOf(allowed.choices, text));
+    const auto number = allowed.range ? numberIn(text) : std::nullopt;
     return {[row, text](HeadlessPage& at) { at.give(at.page().grdParam.userEditedCell(row, text)); },
             number ? Value(*number) : Value(text)};
 }
@@ -165,7 +165,7 @@ Setting parameterSetting(const Grid& grid, std::int32_t row)
     setting.name = parameterPrefix + oneLine(setting.label);
     setting.control = [](Page& shown) -> Control& { return shown.grdParam; };
     setting.read = [row](const HeadlessPage& played) { return parameterHeld(played, row); };
-    setting.offer = [row](const HeadlessPage& played) { return offerOfParameter(played, row); };
+    setting.allowed = [row](const HeadlessPage& played) { return allowedForParameter(played, row); };
     if (grid.isEditable(row))
         setting.write = [row](const HeadlessPage& played, const std::string& value) {
             return editCell(played, row, value);
@@ -187,19 +187,19 @@ constexpr Line lines[]{
     {"sync-line", textNumber::lines::syncTab, &AdvancedTrig::optScanTrig, LineTrigger::scan},
 };
 
-Offer offeredLines(const Page& page, const Line& line)
+AllowedValues allowedLines(const Page& page, const Line& line)
 {
-    Offer offer;
+    AllowedValues allowed;
     const LineMask& available = page.lines.available(line.trigger);
     for (std::size_t i = 0; i < available.size(); ++i)
         if (available[i])
-            offer.choices.push_back(std::to_string(i));
-    return offer;
+            allowed.choices.push_back(std::to_string(i));
+    return allowed;
 }
 
 Request chooseLine(const Page& page, const Line& line, const std::string& value)
 {
-    const std::string number = offeredLines(page, line).choices.at(choiceOf(offeredLines(page, line).choices, value));
+    const std::string number = allowedLines(page, line).choices.at(choiceOf(allowedLines(page, line).choices, value));
     const std::int32_t chosen = toLong(number, Locale{});
     const auto choose = [line, chosen](HeadlessPage& at, AdvancedTrig& dialog) {
         at.give(dialog.tabTrigger.userChoseTab(static_cast<std::int32_t>(line.trigger)));
@@ -223,7 +223,7 @@ Setting lineSetting(const Line& line, const HeadlessPage& shownOn)
         const std::int32_t chosen = played.page().lines.line(line.trigger);
         return chosen < 0 ? Value() : Value(chosen);
     };
-    setting.offer = [line](const HeadlessPage& played) { return offeredLines(played.page(), line); };
+    setting.allowed = [line](const HeadlessPage& played) { return allowedLines(played.page(), line); };
     setting.write = [line](const HeadlessPage& played, const std::string& value) {
         return chooseLine(played.page(), line, value);
     };

@@ -85,7 +85,8 @@ std::string WhatFits::offerDuration(const Forecast& forecast)
     if (!found || *found >= endless || (!after && page_.txtStartTime.text().empty()))
         return support_.text(fitText::noDuration);
     const std::string number = numberText(*found, support_.locale());
-    duration_ = Offered{after ? number : recording_.computeStopTime(*found, recording_.timeIn(page_.txtStartTime)), -1};
+    duration_ =
+        Suggestion{after ? number : recording_.computeStopTime(*found, recording_.timeIn(page_.txtStartTime)), -1};
     return filled(support_.text(after ? fitText::longestDuration : fitText::latestStop), {duration_->text});
 }
 
@@ -96,7 +97,7 @@ bool WhatFits::fits(const Forecast& forecast, double period) const
     return forecast.check(change) == diskSpace::fits;
 }
 
-std::optional<WhatFits::Offered> WhatFits::rateFromList(const Forecast& forecast, const std::vector<double>& periods)
+std::optional<WhatFits::Suggestion> WhatFits::rateFromList(const Forecast& forecast, const std::vector<double>& periods)
 {
     std::optional<std::size_t> best;
     for (std::size_t i = 0; i < periods.size(); ++i)
@@ -104,10 +105,10 @@ std::optional<WhatFits::Offered> WhatFits::rateFromList(const Forecast& forecast
             best = i;
     if (!best)
         return std::nullopt;
-    return Offered{(page_.*quantity_->list).items().at(*best).text, static_cast<std::int32_t>(*best)};
+    return Suggestion{(page_.*quantity_->list).items().at(*best).text, static_cast<std::int32_t>(*best)};
 }
 
-std::optional<WhatFits::Offered> WhatFits::rateForBox(const Forecast& forecast)
+std::optional<WhatFits::Suggestion> WhatFits::rateForBox(const Forecast& forecast)
 {
     const auto fitsAt = [&](double rate) { return fits(forecast, reciprocal(rate)); };
     const TimebaseNumber& number = *quantity_->number;
@@ -120,7 +121,7 @@ std::optional<WhatFits::Offered> WhatFits::rateForBox(const Forecast& forecast)
         found = present;
     if (!found || *found >= endless)
         return std::nullopt;
-    return Offered{numberText(*found, support_.locale()), -1};
+    return Suggestion{numberText(*found, support_.locale()), -1};
 }
 
 std::string WhatFits::offerRate(const Forecast& forecast, const std::vector<double>& periods)

@@ -21,15 +21,15 @@ public:
     void withdraw();
 
 private:
-    struct Offered {
+    struct Suggestion {
         std::string text; ///< of the box, or of the stop time
         std::int32_t entry = -1;
     };
 
     [[nodiscard]] std::string offerDuration(const Forecast& forecast);
     [[nodiscard]] std::string offerRate(const Forecast& forecast, const std::vector<double>& periods);
-    [[nodiscard]] std::optional<Offered> rateFromList(const Forecast& forecast, const std::vector<double>& periods);
-    [[nodiscard]] std::optional<Offered> rateForBox(const Forecast& forecast);
+    [[nodiscard]] std::optional<Suggestion> rateFromList(const Forecast& forecast, const std::vector<double>& periods);
+    [[nodiscard]] std::optional<Suggestion> rateForBox(const Forecast& forecast);
     [[nodiscard]] std::optional<double> longest(const Forecast& forecast) const;
     [[nodiscard]] bool fits(const Forecast& forecast, double period) const;
     void show(const Steps& step, const std::string& text);
@@ -40,7 +40,7 @@ private:
     Support& support_;
     Recording& recording_;
     const Quantity* quantity_ = &rateOf(timebaseNumber::samplePeriod); ///< the rate of the refused kind of measurement
-    std::optional<Offered> duration_, rate_;
+    std::optional<Suggestion> duration_, rate_;
 };
 
 } // namespace ko

@@ -8,17 +8,17 @@
 
 namespace ko {
 
-/// The lines that a driver offers for one trigger, as surveyed.
-struct LineOffer {
+/// The lines that a driver can use for one trigger, as surveyed.
+struct UsableLines {
     bool isMaster = false;         ///< the driver drives the trigger line; the others listen
     std::optional<LineMask> lines; ///< lines that it can use in its role; none when unknown
 };
 
-/// One offer per driver of a list.
-using LineOffers = std::vector<LineOffer>;
+/// One element per driver of a list.
+using UsableLinesByDriver = std::vector<UsableLines>;
 
 /// The lines that no driver excludes; a driver with unknown lines excludes none.
-LineMask commonLines(const LineOffers& offers);
+LineMask commonLines(const UsableLinesByDriver& usable);
 
 /// What a driver does, or could do, on a line for one of the two triggers.
 enum class LineUse {
@@ -33,9 +33,9 @@ enum class LineUse {
     mustDrive   ///< it drives the line although it does not offer it
 };
 
-/// A driver's role on the lines of one trigger: its offer, and the line that it drives now (-1: none).
+/// A driver's role on the lines of one trigger: the lines that it can use, and the line that it drives now (-1: none).
 struct LineRole {
-    LineOffer offer;
+    UsableLines usable;
     std::int32_t drives = -1;
 };
 

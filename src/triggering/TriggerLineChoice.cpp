@@ -24,9 +24,9 @@ void addHint(LineDrivers& lineDrivers, std::int32_t line, const std::string& tex
     hint += (hint.empty() ? "" : "\n") + filled(text, {driver});
 }
 
-LineOffer offerAt(const LineOffers& offers, std::size_t driver)
+UsableLines usableAt(const UsableLinesByDriver& usable, std::size_t driver)
 {
-    return driver < offers.size() ? offers[driver] : LineOffer();
+    return driver < usable.size() ? usable[driver] : UsableLines();
 }
 
 } // namespace
@@ -52,13 +52,13 @@ void TriggerLineChoice::build(const TriggerMasters& masters)
 
 LinePlan TriggerLineChoice::wiredLines(const TriggerMasters& masters)
 {
-    offers_ = {};
+    usable_ = {};
     if (!masters.found())
         return {};
     PerTrigger<LineMask> offered;
     for (const LineTrigger trigger : lineTriggers) {
-        offers_[trigger] = triggering_.buildTriggerList(trigger, page_.currentDrivers(), masters[trigger]);
-        offered[trigger] = commonLines(offers_[trigger]);
+        usable_[trigger] = triggering_.buildTriggerList(trigger, page_.currentDrivers(), masters[trigger]);
+        offered[trigger] = commonLines(usable_[trigger]);
     }
     return {offered, masters.driven};
 }
@@ -96,7 +96,7 @@ LineDrivers TriggerLineChoice::lineDrivers(const Steps& step) const
                 return;
             LineDriver& driver = result.drivers.emplace_back();
             for (const LineTrigger trigger : lineTriggers)
-                driver.roles[trigger].offer = offerAt(offers_[trigger], i);
+                driver.roles[trigger].usable = usableAt(usable_[trigger], i);
             driver.name = drivers[i]->DriverName(0);
             for (const LineTrigger trigger : lineTriggers) {
                 std::int32_t& drives = driver.roles[trigger].drives;

@@ -43,7 +43,7 @@ private:
     Actions& actions_;
     Triggering& triggering_;
     Dialog dialog_;
-    PerTrigger<LineOffers> offers_; ///< of the page's drivers, as surveyed by `build`
+    PerTrigger<UsableLinesByDriver> usable_; ///< of the page's drivers, as surveyed by `build`
 };
 
 } // namespace ko

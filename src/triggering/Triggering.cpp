@@ -179,24 +179,24 @@ TriggerMasters Triggering::findTriggerMasters(Drivers drivers)
     return masters;
 }
 
-LineOffers Triggering::buildTriggerList(LineTrigger trigger, Drivers drivers, std::int32_t master)
+UsableLinesByDriver Triggering::buildTriggerList(LineTrigger trigger, Drivers drivers, std::int32_t master)
 {
     const TriggerRole& role = roles[trigger];
     const Steps step(support_.errors, role.build, errorSource::triggering);
-    LineOffers offers(drivers.size());
+    UsableLinesByDriver usable(drivers.size());
     const auto masterAt = static_cast<std::size_t>(master);
-    if (masterAt < offers.size())
-        offers[masterAt].isMaster = true;
+    if (masterAt < usable.size())
+        usable[masterAt].isMaster = true;
     TriggerLines* masterLines = step.value([&] { return linesOf(drivers, masterAt); });
     if (!masterLines)
-        return offers;
-    offers[masterAt].lines = offeredLines(step, *masterLines, role.linesAsMaster);
+        return usable;
+    usable[masterAt].lines = offeredLines(step, *masterLines, role.linesAsMaster);
     for (std::size_t i = 0; i < drivers.size(); ++i) {
         TriggerLines* lines = i == masterAt ? nullptr : step.value([&] { return linesOf(drivers, i); });
         if (lines)
-            offers[i].lines = offeredLines(step, *lines, role.linesAsListener);
+            usable[i].lines = offeredLines(step, *lines, role.linesAsListener);
     }
-    return offers;
+    return usable;
 }
 
 Triggering::WrittenLine Triggering::setTriggerLine(LineTrigger trigger, Drivers drivers, std::int32_t master,

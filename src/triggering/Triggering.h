@@ -28,7 +28,7 @@ public:
 
     /// The lines that the master (-1: none) can drive for the trigger, and those on which the other drivers can listen.
     /// Without a master that has trigger lines, no driver is queried.
-    LineOffers buildTriggerList(LineTrigger trigger, Drivers drivers, std::int32_t master);
+    UsableLinesByDriver buildTriggerList(LineTrigger trigger, Drivers drivers, std::int32_t master);
 
     /// The result of writing a line.
     struct WrittenLine {

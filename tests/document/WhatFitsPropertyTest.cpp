@@ -13,7 +13,7 @@ namespace {
 enum class Refused { Duration, Rate };
 
 /// A page on drivers whose bytes grow with duration and rate, and which keep every value unchanged.
-class Bench : public DocumentTest {
+class LimitedPage : public DocumentTest {
 public:
     void TestBody() override {}
 
@@ -95,7 +95,7 @@ Plan anyPlan()
     return plan;
 }
 
-void build(Bench& bench, const Plan& plan)
+void build(LimitedPage& bench, const Plan& plan)
 {
     for (int i = 0; i < plan.drivers; ++i) {
         bench.add(plan.dynamic, plan.channels[static_cast<std::size_t>(i)], 1 / plan.rate, plan.blockSize,
@@ -114,7 +114,7 @@ void build(Bench& bench, const Plan& plan)
 }
 
 /// Enters a value far beyond the limit, so that the page shows what fits instead.
-void provoke(Bench& bench, const Plan& plan, Refused what)
+void provoke(LimitedPage& bench, const Plan& plan, Refused what)
 {
     const std::vector<double> before = bench.held();
     if (what == Refused::Duration)
@@ -130,7 +130,7 @@ void provoke(Bench& bench, const Plan& plan, Refused what)
 
 RC_GTEST_PROP(WhatFits, TheLongestDurationIsTakenAndASecondMoreIsRefused, ())
 {
-    Bench bench;
+    LimitedPage bench;
     const Plan plan = anyPlan();
     build(bench, plan);
     provoke(bench, plan, *rc::gen::element(Refused::Duration, Refused::Rate));
@@ -148,7 +148,7 @@ RC_GTEST_PROP(WhatFits, TheLongestDurationIsTakenAndASecondMoreIsRefused, ())
 
 RC_GTEST_PROP(WhatFits, TheHighestRateIsTakenAndTheNextIsRefused, ())
 {
-    Bench bench;
+    LimitedPage bench;
     const Plan plan = anyPlan();
     build(bench, plan);
     provoke(bench, plan, *rc::gen::element(Refused::Duration, Refused::Rate));

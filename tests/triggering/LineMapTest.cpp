@@ -6,10 +6,10 @@ namespace {
 TEST(LineUseOf, ClassifiesADriverByItsOffersAndTheChosenLines)
 {
     const LineMask evenLines{true, false, true, false, true, false, true, false};
-    const LineOffer master{true, evenLines}, listener{false, evenLines}, silentMaster{true, {}}, silent;
+    const UsableLines master{true, evenLines}, listener{false, evenLines}, silentMaster{true, {}}, silent;
     const LinePlan onEven({}, {2, 4}), onOdd({}, {3, 5}), none;
     const struct {
-        LineOffer offer;
+        UsableLines usable;
         std::int32_t driven = 0, line = 0;
         LinePlan plan;
         LineUse use = LineUse::unusable;
@@ -34,7 +34,7 @@ TEST(LineUseOf, ClassifiesADriverByItsOffersAndTheChosenLines)
         {silent, -1, 0, onEven, LineUse::unknown},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(lineUse({c.offer, c.driven}, c.line, LineTrigger::start, c.plan), c.use) << &c - cases;
+        EXPECT_EQ(lineUse({c.usable, c.driven}, c.line, LineTrigger::start, c.plan), c.use) << &c - cases;
 }
 
 /// The dialog for trigger lines. The first driver is start master, the second sync master.

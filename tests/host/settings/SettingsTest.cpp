@@ -30,9 +30,9 @@ Setup setupOf(const std::string& text)
     return text == "demo" ? loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json") : parseSetup(text, "ranges.json");
 }
 
-class Bench {
+class SettingsPage {
 public:
-    explicit Bench(const std::string& setup) : played_({setupOf(setup), {}, {}, {}}) {}
+    explicit SettingsPage(const std::string& setup) : played_({setupOf(setup), {}, {}, {}}) {}
 
     /// Returns the messages, or the refusal.
     std::string set(const Assignments& assignments)
@@ -98,7 +98,7 @@ TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
         {"demo", {"start-line=3", "sync-line=4"}, {{"start-line", "3"}, {"sync-line", "4"}}},
     };
     for (const Case& it : cases) {
-        Bench bench(it.setup);
+        SettingsPage bench(it.setup);
         EXPECT_EQ(bench.set(it.assignments), "") << it.assignments.back();
         for (const auto& [name, value] : it.expected)
             EXPECT_EQ(bench.get(name), value) << it.assignments.back() << ": " << name;
@@ -149,7 +149,7 @@ TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
         {"demo", {"samples=5"}, "samples: can only be read"},
     };
     for (const Case& it : cases) {
-        const std::string refusal = Bench(it.setup).set(it.assignments);
+        const std::string refusal = SettingsPage(it.setup).set(it.assignments);
         EXPECT_NE(refusal.find("refused: " + std::string(it.refusal)), std::string::npos) << refusal;
     }
 }
@@ -172,7 +172,7 @@ TEST(Settings, ThatTheInstrumentsRoundAreNotedAndFailingOnesRefuse)
          "refused: sample-period: "},
     };
     for (const Case& it : cases) {
-        Bench bench(R"({ "drivers": [ { "name": "A", "timebase": { )" + std::string(it.drivers) + "} ] }");
+        SettingsPage bench(R"({ "drivers": [ { "name": "A", "timebase": { )" + std::string(it.drivers) + "} ] }");
         const std::string told = bench.set({it.assignment});
         EXPECT_EQ(told.rfind(it.told, 0), 0U) << told;
     }
@@ -180,7 +180,7 @@ TEST(Settings, ThatTheInstrumentsRoundAreNotedAndFailingOnesRefuse)
 
 TEST(Settings, AWarningOfThePageIsReturnedAndTheValueAccepted)
 {
-    Bench bench(R"({ "drivers": [ { "name": "A", "timebase": {}, "triggerLines": {}, "groups": [ { "name": "G",
+    SettingsPage bench(R"({ "drivers": [ { "name": "A", "timebase": {}, "triggerLines": {}, "groups": [ { "name": "G",
                      "channels": [ { "address": "0:1", "triggerSource": true, "enabled": 0 } ] } ] } ] })");
     const std::string warning = "The currently selected trigger channel is disabled. Either choose another channel or "
                                 "enable the channel using the channel editor.\n";
@@ -193,10 +193,10 @@ TEST(Settings, AWarningOfThePageIsReturnedAndTheValueAccepted)
 TEST(Settings, BringEveryNumberBackThatTheyPrint)
 {
     for (const double period : {0.1, 0.1 + 0.2, 1.0 / 3.0, 1.0 / 49.0, 2.0 / 3.0 * 1e-3, 7.000000000000001}) {
-        Bench first(ranges);
+        SettingsPage first(ranges);
         EXPECT_EQ(first.set({"sample-period=" + exactText(period)}), "");
         EXPECT_EQ(numberIn(first.get("sample-period")), period);
-        Bench second(ranges);
+        SettingsPage second(ranges);
         EXPECT_EQ(second.set({"sample-rate=" + first.get("sample-rate")}), "");
         EXPECT_NEAR(*numberIn(second.get("sample-period")), period, period * 1e-15);
         EXPECT_EQ(second.set({"sample-rate=" + second.get("sample-rate")}), "");
@@ -212,7 +212,7 @@ TEST(Settings, UnknownNamesAreAnsweredWithNamesLikeThem)
         {"xyzzy-plugh", "there are sample-rate, sample-period, block-size"},
         {"", "there are sample-rate"},
     };
-    const Bench bench("demo");
+    const SettingsPage bench("demo");
     for (const auto& [name, answer] : cases) {
         try {
             settingNamed(bench.played(), name);
@@ -225,7 +225,7 @@ TEST(Settings, UnknownNamesAreAnsweredWithNamesLikeThem)
 
 TEST(Settings, AreListedWithWhatTheyCanBeSetTo)
 {
-    Bench bench(ranges);
+    SettingsPage bench(ranges);
     bench.set({"start=trigger", "trigger-channel=A"});
     const std::string table = settingsTable(settingsOf(bench.played()), bench.played());
     for (const char* const row : {"\nsample-rate       1000          Sa/s  0.1 to 10000\n",
@@ -254,7 +254,7 @@ TEST(Settings, AreListedInALineEachAndSetByThatNameWhateverItIs)
             parameter["name"] = name + parameter["type"].get<std::string>();
         channel["triggerParameters"].push_back(
             {{"id", 6}, {"name", name}, {"type", "Enum"}, {"choices", {"Up", name}}, {"value", "Up"}});
-        Bench bench(setup.dump());
+        SettingsPage bench(setup.dump());
         EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=" + oneLine(name)}), "");
         EXPECT_EQ(bench.get("trigger-channel"), name);
         for (const auto& [parameter, value] : {std::pair{name + "Float", std::string("2.5")}, {name, name}}) {
@@ -280,7 +280,7 @@ TEST(Settings, OfNamesThatReadAlikeAreNumberedAndReachedOneByOne)
     const char* const names[]{"x\ny", "x y", "x y (1)"};
     for (std::size_t i = 0; i < std::size(names); ++i)
         parameters[i] = {{"id", i + 4}, {"name", names[i]}, {"type", "String"}, {"value", "old"}};
-    Bench bench(setup.dump());
+    SettingsPage bench(setup.dump());
     EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=A", "trigger.x y (3)=b", "trigger.x y (1)=c"}), "");
     EXPECT_EQ(bench.get("trigger.x y (2)") + bench.get("trigger.x y (3)") + bench.get("trigger.x y (1)"), "oldbc");
     EXPECT_THROW(static_cast<void>(bench.get("trigger.x y")), InputError);
@@ -294,8 +294,8 @@ TEST(Settings, WithoutAFiniteValueHaveNone)
             std::string quantity = shape;
             for (auto at = quantity.find('@'); at != std::string::npos; at = quantity.find('@'))
                 quantity.replace(at, 1, period);
-            const Bench bench(R"({ "drivers": [ { "name": "A", "timebase": { "samplePeriod": )" + quantity +
-                              " } } ] }");
+            const SettingsPage bench(R"({ "drivers": [ { "name": "A", "timebase": { "samplePeriod": )" + quantity +
+                                     " } } ] }");
             const Settings settings = settingsOf(bench.played());
             const std::string list =
                 settingsTable(settings, bench.played()) + settingsJson(settings, bench.played()).dump();
@@ -307,14 +307,14 @@ TEST(Settings, WithoutAFiniteValueHaveNone)
 
 TEST(Settings, InJsonHaveNumbersForNumbers)
 {
-    const Bench demo("demo");
+    const SettingsPage demo("demo");
     Json list = settingsJson(settingsOf(demo.played()), demo.played());
     const Json offers = list[4]["offers"];
     list[4].erase("offers");
     EXPECT_EQ(list[4].dump(), R"json({"name":"scan-period","label":"Scan Period (s)","value":0.5,"readOnly":false,)json"
                               R"json("canBeSet":true,"unit":"s","choices":[0.5,1.0,2.0,5.0,10.0,60.0]})json");
     EXPECT_EQ(offers["shared"].dump(), R"({"values":6,"range":[0.5,60.0]})");
-    const Bench bench(ranges);
+    const SettingsPage bench(ranges);
     const Json ranged = settingsJson(settableOnes(bench.played()), bench.played());
     EXPECT_EQ(ranged[1]["range"].dump(), R"({"minimum":0.0001,"maximum":10.0})");
     EXPECT_EQ(ranged.size(), 8U); // no times, trigger settings or figures
