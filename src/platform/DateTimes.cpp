@@ -87,10 +87,10 @@ DateParts dateParts(DateTime time)
 DateTime dateSerial(int year, int month, int day)
 {
     using namespace std::chrono;
-    constexpr std::int64_t reach = 30000; // years that the calendar arithmetic supports
+    constexpr std::int64_t mostYears = 30000; // years that the calendar arithmetic supports
     const std::int64_t monthsBefore = static_cast<std::int64_t>(month) - 1;
     const std::int64_t carriedYear = year + floorDivide(monthsBefore, 12);
-    if (std::abs(carriedYear) > reach)
+    if (std::abs(carriedYear) > mostYears)
         fail(failure::invalidCall);
     const auto monthInYear = static_cast<unsigned>(monthsBefore - floorDivide(monthsBefore, 12) * 12) + 1;
     const sys_days first = year_month_day(std::chrono::year(static_cast<int>(carriedYear)),
@@ -122,9 +122,9 @@ std::int32_t secondsPerUnit(TimeUnit unit)
 
 DateTime dateAdd(TimeUnit unit, double amount, DateTime time)
 {
-    constexpr double reach = 1e12; // seconds; more than between any two valid times
+    constexpr double mostSeconds = 1e12; // seconds; more than between any two valid times
     const double seconds = amount * secondsPerUnit(unit);
-    if (!(std::abs(seconds) < reach))
+    if (!(std::abs(seconds) < mostSeconds))
         fail(failure::invalidCall);
     return fromSeconds(toSeconds(time) + std::llround(seconds));
 }

@@ -76,8 +76,8 @@ struct Desk {
 
 /// A way to open a box, a dialog or a menu.
 struct Opening {
-    const char* name;
-    void (*open)(Desk&);
+    const char* name = nullptr;
+    void (*open)(Desk&) = nullptr;
     bool isPopup = false;
 };
 
