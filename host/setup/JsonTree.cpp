@@ -146,8 +146,9 @@ private:
     }
     bool addWhole(double number)
     {
-        const auto whole = wholeNumber(number);
-        return addNumber(whole ? Value(*whole) : Value(number));
+        if (const auto whole = wholeNumber(number))
+            return addNumber(*whole);
+        return addNumber(number);
     }
     template <class Members> bool open(Members members)
     {
