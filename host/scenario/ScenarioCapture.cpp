@@ -1,24 +1,14 @@
 #include "host/scenario/ScenarioCapture.h"
 
 #include "host/scenario/LocaleWords.h"
+#include "host/setup/SetupFile.h"
 #include "host/support/InputError.h"
-#include "platform/DateTimes.h"
 
-#include <cstdio>
 #include <filesystem>
 
 namespace ko {
 
 namespace {
-
-std::string clockText(DateTime time)
-{
-    const DateParts parts = dateParts(time);
-    char text[64];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.day, parts.hour,
-                  parts.minute, parts.second);
-    return text;
-}
 
 /// Returns `file` relative to the folder of `scenario`.
 std::string seenFrom(const std::string& scenario, const std::string& file)

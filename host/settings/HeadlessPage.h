@@ -48,9 +48,8 @@ public:
     /// Returns the time of the set-up's clock.
     [[nodiscard]] DateTime now() { return clock_.now(); }
 
-    /// The drivers whose sampling and whose scanning the page edits; null if there is none.
+    /// The driver whose sampling the page edits; null if there is none.
     [[nodiscard]] Driver* dynamicDriver() const { return driverAt(page().dynamicDriverIndex); }
-    [[nodiscard]] Driver* staticDriver() const { return driverAt(page().staticDriverIndex); }
 
 private:
     class Machine;

@@ -17,7 +17,7 @@ using Parser = nlohmann::json;
 
 constexpr std::size_t deepest = 64;
 
-/// Hands a text to the parser and moves a place that others see, which is how far the parser has read.
+/// Iterates over the text for the parser and records how far the parser has read.
 class ReadingIterator {
 public:
     using iterator_category = std::input_iterator_tag;
@@ -41,7 +41,7 @@ private:
     const char** next_;
 };
 
-/// What the parser says after its own "[json.exception...] parse error at line 1, column 2: ".
+/// Returns the parser's message without its prefix "[json.exception...] parse error at line 1, column 2: ".
 std::string plainMessage(const std::string& message)
 {
     const std::size_t place = message.find(" at line ");
@@ -60,7 +60,7 @@ bool isEscaped(const std::string& text, std::size_t at)
     return backslashes % 2 == 1;
 }
 
-/// Builds the tree from the parser's events, each of which comes when the last byte of its token has been read.
+/// Builds the tree from the parser's events, each raised after the last byte of its token has been read.
 class TreeBuilder : public Parser::json_sax_t {
 public:
     TreeBuilder(const std::string& text, const std::string& file) : text_(text), file_(file) {}
@@ -113,7 +113,7 @@ private:
         throw InputError(file_, lineAt(text_, std::max<std::size_t>(position(), 1) - 1), what);
     }
 
-    /// Where the text that has just been read begins: at the quote before its last that no backslash escapes.
+    /// Returns the begin of the string just read: the last unescaped quote before its end.
     [[nodiscard]] std::size_t textBegin() const
     {
         std::size_t quote = position() - 1;
@@ -123,7 +123,7 @@ private:
         return quote;
     }
 
-    /// The place for the value that has just been read, or begun.
+    /// Returns the place of the value just read or begun.
     JsonValue& next()
     {
         if (open_.empty())
@@ -174,7 +174,7 @@ private:
     std::vector<std::set<std::string>> keys_; ///< of the objects among them
 };
 
-/// The one of a list's or an object's values that `value` is part of.
+/// Returns the element of a list or object that contains `value`.
 template <class Values> auto around(const JsonValue& value, const Values& values)
 {
     return std::find_if(values.begin(), values.end(),

@@ -5,11 +5,21 @@
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 namespace ko {
+
+std::string clockText(DateTime time)
+{
+    const DateParts parts = dateParts(time);
+    char text[64];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.day, parts.hour,
+                  parts.minute, parts.second);
+    return text;
+}
 
 std::optional<DateTime> readClockTime(const std::string& text)
 {

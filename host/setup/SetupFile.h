@@ -7,31 +7,33 @@
 
 namespace ko {
 
-/// A set-up file: the simulated instruments and what stands around them.
+/// The content of a set-up file: its title, its clock and the simulated instruments.
 struct Setup {
     std::string title = "Timebase Editor";
-    std::optional<DateTime> clock; ///< the clock stands still at this time
+    std::optional<DateTime> clock; ///< if set, the clock always returns this time
     std::vector<InstrumentSettings> instruments;
 
     bool operator==(const Setup&) const = default;
 };
 
-/// Reads a set-up. Fails with an `InputError`: the file's name, the line, and either the fault in the syntax or the
-/// path of the value and what is wrong with it.
+/// Parses a set-up. Throws an `InputError` with the file's name, the line, and either the syntax error or the path of
+/// the value and what is wrong with it.
 Setup parseSetup(const std::string& text, const std::string& file);
 
-/// The same from a file; one that cannot be read is an `InputError`, too.
+/// As `parseSetup`, from a file. Throws an `InputError` if the file cannot be read.
 Setup loadSetup(const std::string& file);
 
-/// Fails with an `InputError` for a folder, and for a device or a socket, which may keep its reader waiting or never
-/// end. A pipe is taken.
+/// Throws an `InputError` for a folder, and for a device or a socket, which may block its reader or never end. Accepts
+/// a pipe.
 void refuseDevice(const std::string& file);
 
-/// The whole content of a file that is no device. Fails with an `InputError`.
+/// Returns the whole content of a file that is no device. Throws an `InputError`.
 std::string readFile(const std::string& file);
 
-/// A date with its time of day, "2026-11-21 09:30:00"; none when the text is no date.
+/// Parses a date with its time of day, "2026-11-21 09:30:00"; returns none if the text is no such date.
 std::optional<DateTime> readClockTime(const std::string& text);
+/// Formats a date as `readClockTime` reads it.
+std::string clockText(DateTime time);
 
 SimulatedDrivers makeDrivers(const Setup& setup);
 

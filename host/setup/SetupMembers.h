@@ -1,9 +1,9 @@
 #pragma once
 
 #include "host/instruments/CallGate.h"
+#include "host/instruments/HeldNumbers.h"
 #include "host/instruments/ParameterTypes.h"
 #include "host/setup/SetupFile.h"
-#include "page/Quantities.h"
 
 #include <concepts>
 
@@ -40,9 +40,8 @@ template <class Visit> void visitMembers(Is<QuantitySettings> auto& quantity, co
 
 template <class Visit> void visitMembers(Is<TimebaseSettings> auto& timebase, const Visit& visit)
 {
-    visit(timebaseNumber::samplePeriod.name, timebase.samplePeriod);
-    visit(timebaseNumber::blockSize.name, timebase.blockSize);
-    visit(timebaseNumber::scanPeriod.name, timebase.scanPeriod);
+    for (const HeldNumber& it : heldNumbers)
+        visit(it.number->name, timebase.*it.held);
     visit("startTime", timebase.startTime.days);
     visit("duration", timebase.duration);
     visit("stopMode", timebase.stopMode);

@@ -15,7 +15,7 @@ namespace {
     throw JsonRefusal(json, ": " + what);
 }
 
-/// The value as a scalar, a list or an object.
+/// Returns the value as a scalar, a list or an object.
 template <class T> const T& contentOf(const JsonValue& json, const char* wanted)
 {
     const auto* const content = std::get_if<T>(&json.content);
@@ -24,7 +24,7 @@ template <class T> const T& contentOf(const JsonValue& json, const char* wanted)
     return *content;
 }
 
-/// The value as a parameter of this type holds it, in a `T`.
+/// Returns the value converted to a parameter of this type.
 template <class T> T scalarOf(const JsonValue& json, std::string_view type)
 {
     const auto* const scalar = std::get_if<Value>(&json.content);

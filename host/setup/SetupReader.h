@@ -5,7 +5,7 @@
 
 namespace ko {
 
-/// The set-up of a file. Refuses (`JsonRefusal`) unknown and missing keys and values that do not fit.
+/// Converts a parsed file to a set-up. Throws a `JsonRefusal` for unknown and missing keys and for invalid values.
 Setup readSetup(const JsonValue& json);
 
 } // namespace ko

@@ -6,14 +6,14 @@
 
 namespace ko {
 
-/// Writes a set-up file whole or not at all and returns its content. Fails with an `InputError` that names the file and
-/// the reason.
+/// Writes a set-up file whole or not at all and returns its content. Throws an `InputError` with the file
+/// and the reason.
 std::string saveSetup(const std::string& file, const Setup& setup);
 
-/// Whether the file is gone, or has another content than `content`, which it had when it was read or written last.
+/// Returns whether the file is gone or differs from `content`, its content when last read or written.
 bool hasChangedSince(const std::string& file, const std::string& content);
 
-/// `setup` with the drivers' present values, in their order.
+/// Returns `setup` with the present values of the drivers, in their order.
 Setup withPresentValues(Setup setup, const SimulatedDrivers& drivers);
 
 } // namespace ko

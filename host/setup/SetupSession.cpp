@@ -10,7 +10,7 @@ namespace ko {
 
 namespace {
 
-/// A pipe may keep the window waiting, and cannot be saved to.
+/// A pipe may block the window and cannot be saved to.
 void refusePipe(const std::string& file)
 {
     std::error_code unknown;
@@ -104,7 +104,7 @@ void SetupSession::offerReload(SessionQuestions& questions)
     if (!isOpen() || changed_ || !hasChangedSince(file_, content_) || !hasChangedSince(file_, declined_))
         return;
     try {
-        // A file that is still being written is none yet.
+        // An incomplete file is still being written.
         std::string content = readFile(file_);
         parseSetup(content, file_);
         declined_ = std::move(content);

@@ -1,9 +1,7 @@
 #include "host/setup/SetupWriter.h"
 
 #include "host/setup/SetupMembers.h"
-#include "platform/DateTimes.h"
 
-#include <cstdio>
 #include <nlohmann/json.hpp>
 
 namespace ko {
@@ -12,17 +10,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// The form that `readClockTime` reads.
-std::string clockText(DateTime time)
-{
-    const DateParts parts = dateParts(time);
-    char text[40];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.day, parts.hour,
-                  parts.minute, parts.second);
-    return text;
-}
-
-// What a set-up file makes of each type, and below of the structures.
+// How each type is written; the structures follow below.
 
 template <class T> Json written(const T& value)
 {
@@ -89,7 +77,7 @@ Json written(const SimulatedFailure& failure)
 
 constexpr std::size_t lineWidth = 110;
 
-/// What fits into the rest of its line stands in it; anything longer has a line for each member.
+/// Returns the value as text: on one line if it fits, else with one member per line.
 std::string layOut(const Json& json, std::size_t indent)
 {
     std::string whole = json.dump();

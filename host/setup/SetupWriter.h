@@ -10,17 +10,17 @@ namespace ko {
 
 struct Setup;
 
-/// The content of a set-up file, laid out to be read by people; reading it gives the same set-up. Fails (an exception)
-/// for text that is not UTF-8.
+/// Returns the content of a set-up file in a readable layout; parsing it returns the same set-up. Throws for text that
+/// is not UTF-8.
 std::string setupText(const Setup& setup);
 
-/// An instrument in the shape of a set-up file; reading it gives the same instrument.
+/// Converts an instrument to the form of a set-up file; parsing it returns the same instrument.
 nlohmann::ordered_json toJson(const InstrumentSettings& instrument);
 
-/// A value as events show it: times as day numbers, a range as its two bounds, the empty value as null. A double reads
-/// back as the same double; a number that is not finite becomes null.
+/// Converts a value to the form of events: times as day numbers, a range as its two bounds, the empty value as null. A
+/// finite double parses back to the same double; any other becomes null.
 nlohmann::ordered_json toJson(const CallValue& value);
-/// The same in a line of text. What is not UTF-8 is replaced.
+/// As `toJson`, as one line of text. Replaces bytes that are not UTF-8.
 std::string jsonText(const CallValue& value);
 
 } // namespace ko

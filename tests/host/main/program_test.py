@@ -159,7 +159,8 @@ class Program(unittest.TestCase):
         sources = "".join(path.read_text(encoding="utf-8") for path in (SOURCE / "host").rglob("*.cpp"))
         commands = re.findall(r'\{"([a-z-]+)", Giver::', sources)
         members = (SOURCE / "host/setup/SetupMembers.h").read_text(encoding="utf-8")
-        keys = re.findall(r'visit\(\w*(?:"|::)(\w+)', members)
+        numbers = (SOURCE / "src/page/Quantities.h").read_text(encoding="utf-8")
+        keys = re.findall(r'visit\("(\w+)', members) + re.findall(r'TimebaseNumber \w+\{"(\w+)', numbers)
         options = re.findall(r"--[a-z]+", run("--help").stdout)
         names = [name for name in run(SETUP, "--list", "--names").stdout.split() if not name.startswith("trigger.")]
         for words, page in ((commands, "docs/SCENARIOS.md"), (keys, "help/en/setup-file.html"),
