@@ -163,7 +163,10 @@ std::string PageHost::focusHint()
         return {};
     const auto* box = dynamic_cast<const TextBox*>(active);
     const bool marked = box && box->marked();
-    return (marked ? fromQt(parts_->text(pageText::invalidEntry)) + ". " : std::string()) + active->tag();
+    std::string hint = (marked ? fromQt(parts_->text(pageText::invalidEntry)) + ". " : std::string()) + active->tag();
+    if (box && !box->escapeText().empty())
+        hint += (hint.empty() ? "" : ". ") + fromQt(parts_->text(pageText::escapeHint).arg(toQt(box->escapeText())));
+    return hint;
 }
 
 void PageHost::showRange(const std::string& hint)

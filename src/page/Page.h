@@ -103,7 +103,8 @@ public:
 
     // Set by the host.
     std::int32_t numDrivers = 0;
-    DriverList drivers; ///< entries may be empty
+    DriverList drivers;           ///< entries may be empty
+    std::uint32_t listNumber = 0; ///< of the lists handed over so far
     std::shared_ptr<StatusSite> statusSite;
     std::shared_ptr<HelpSite> helpSite;
     std::int32_t printMode = 0;

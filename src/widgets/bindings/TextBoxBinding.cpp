@@ -62,6 +62,10 @@ void TextBoxBinding::refresh(Aspect aspect)
     case Aspect::Text: showText(); break;
     case Aspect::Selection: showSelection(); break;
     case Aspect::Mark: showMark(); break;
+    case Aspect::Hint:
+        refreshHint();
+        ko::raise(view_.formChanged);
+        break;
     case Aspect::Usability:
         edit_.setReadOnly(box_.locked());
         Binding::refresh(aspect);
@@ -113,13 +117,16 @@ void TextBoxBinding::showMark()
 void TextBoxBinding::refreshHint()
 {
     Binding::refreshHint();
-    if (!box_.marked())
-        return;
-    const QString invalid = view_.text(pageText::invalidEntry);
-    const QString both = invalid + QStringLiteral(". ") + toQt(box_.tag());
-    edit_.setToolTip(plainTip(invalid));
-    edit_.setStatusTip(both);
-    edit_.setAccessibleDescription(both);
+    QStringList hints{edit_.statusTip()};
+    if (box_.marked()) {
+        hints.prepend(view_.text(pageText::invalidEntry));
+        edit_.setToolTip(plainTip(hints.front()));
+    }
+    if (!box_.escapeText().empty())
+        hints.append(view_.text(pageText::escapeHint).arg(toQt(box_.escapeText())));
+    hints.removeAll(QString());
+    edit_.setStatusTip(hints.join(QStringLiteral(". ")));
+    edit_.setAccessibleDescription(edit_.statusTip());
 }
 
 /// A line edit without the focus clears its displayed selection, but the model keeps it.

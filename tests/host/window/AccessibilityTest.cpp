@@ -208,7 +208,8 @@ TEST_F(AccessibilityTest, FiguresInvalidEntriesAndSharesReadWell)
     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
     QTest::keyClicks(&at(page().txtDuration), "x");
     EXPECT_EQ(accessibleText(&at(page().txtDuration), QAccessible::Description),
-              window.text(3009) + ". " + toQt(page().txtDuration.tag()));
+              window.text(3009) + ". " + toQt(page().txtDuration.tag()) + ". " +
+                  window.text(3550).arg(toQt(page().txtDuration.escapeText())));
 }
 
 TEST_F(AccessibilityTest, ThePlanIsReadWhenTheUserPauses)
