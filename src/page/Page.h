@@ -131,6 +131,7 @@ public:
     OfferAccount samplePeriodOffers, blockSizeOffers, scanPeriodOffers;
 
     std::optional<TriggerVars> triggerVars;
+    bool triggerVarsAreOfFirst = false; ///< they were captured from the first driver with a timebase
     std::int32_t TriggerSlot = -1;
     std::int32_t TriggerChannel = -1;
     LinePlan lines; ///< of the start and the sync trigger
