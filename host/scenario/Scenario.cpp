@@ -110,6 +110,7 @@ void Scenario::makeDocument()
     document_.reset();
     document_ = component_->createDocument(changes_);
     history.begin(drivers_, document_->page());
+    document_->page().view = [this] { history.focusMoved(); };
 }
 
 void Scenario::setLocale(const Locale& locale)

@@ -60,7 +60,7 @@ void History::absorb()
     raise(changed);
 }
 
-bool History::isEntryInProgress() const
+bool History::hasEntryInProgress() const
 {
     const auto* const box = page_ ? dynamic_cast<const TextBox*>(page_->activeControl()) : nullptr;
     return box && !box->escapeText().empty();
@@ -68,8 +68,16 @@ bool History::isEntryInProgress() const
 
 void History::settle()
 {
-    if (!isEntryInProgress())
+    isTyping_ = hasEntryInProgress();
+    if (!isTyping_)
         finish();
+}
+
+/// An action may leave the box and then do something else, which is another step.
+void History::focusMoved()
+{
+    if (isTyping_ && page_ && !page_->isLoading && !hasEntryInProgress())
+        settle();
 }
 
 void History::finish()

@@ -27,6 +27,8 @@ public:
     /// Called after each action of the user: what has changed since the last step becomes a step. An entry in progress,
     /// a text box that Escape would change, is not finished, and waits for its end.
     void settle();
+    /// Called when the focus of the page may have moved, which ends an entry in progress.
+    void focusMoved();
     /// As `settle`, with an entry in progress, too.
     void finish();
 
@@ -44,6 +46,9 @@ public:
     /// The steps' texts, oldest first, and how many of them are done.
     [[nodiscard]] const std::vector<std::string>& steps() const { return steps_; }
     [[nodiscard]] std::size_t position() const { return position_; }
+
+    /// Whether the user is typing in a text box that Escape would change; the entry is no step yet.
+    [[nodiscard]] bool hasEntryInProgress() const;
 
     /// Whether the present state is the saved one.
     [[nodiscard]] bool isClean() const { return clean_ == position_; }
@@ -63,7 +68,6 @@ public:
     std::function<void()> changed;
 
 private:
-    [[nodiscard]] bool isEntryInProgress() const;
     void push(HistoryState state);
     bool restore(const HistoryState& state);
 
@@ -74,6 +78,7 @@ private:
     std::size_t position_ = 0;
     std::optional<std::size_t> clean_;
     HistoryState present_;     ///< what the instruments held when last looked at
+    bool isTyping_ = false;    ///< an entry was in progress after the last action
     std::shared_ptr<int> run_; ///< replaced when a history begins
 };
 

@@ -115,6 +115,11 @@ void SetupSession::offerReload(SessionQuestions& questions)
         open(file_, questions);
 }
 
+bool SetupSession::hasChangedOnDisk() const
+{
+    return hasChangedSince(file_, content_);
+}
+
 void SetupSession::refuseOwn(const std::string& file) const
 {
     if (isOpen() && isSameFile(file, file_))
@@ -145,6 +150,8 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     }
     file_ = file;
     setChanged(false);
+    if (saved)
+        saved();
     return true;
 }
 

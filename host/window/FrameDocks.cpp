@@ -4,6 +4,7 @@
 #include "host/window/DriverLog.h"
 #include "host/window/FailureStrip.h"
 #include "host/window/FrameCapture.h"
+#include "host/window/FrameHistory.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
 #include "host/window/Reports.h"
@@ -16,9 +17,9 @@
 namespace ko {
 
 FrameDocks::FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, SetupSession& session,
-                       FrameCapture& capture)
-    : page_(page), session_(session), capture_(capture), reports_(new Reports(parts.texts(), &window)),
-      log_(new DriverLog(parts.texts(), &window)),
+                       FrameCapture& capture, FrameHistory& history)
+    : page_(page), session_(session), capture_(capture), history_(history),
+      reports_(new Reports(parts.texts(), &window)), log_(new DriverLog(parts.texts(), &window)),
       instruments_(new InstrumentsView(parts.texts(), parts.platform.locale, &window)),
       failures_(new FailureStrip(parts.texts(), &window))
 {
@@ -76,7 +77,7 @@ void FrameDocks::show(const SimulatedDrivers& drivers)
 bool FrameDocks::contains(const QWidget* widget) const
 {
     return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget) ||
-           failures_->isAncestorOf(widget);
+           failures_->isAncestorOf(widget) || history_.dock().isAncestorOf(widget);
 }
 
 void FrameDocks::stop()
@@ -104,7 +105,7 @@ void FrameDocks::rebuildBy(const std::function<void()>& rebuild)
 void FrameDocks::handOverAgain()
 {
     if (page_.okToLeave())
-        rebuildBy([this] { page_.handOverAgain(session_.drivers()); });
+        history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
 }
 
 bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
@@ -114,10 +115,11 @@ bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, 
     if (!page_.okToLeave() || session_.drivers() != shown)
         return false;
     capture_.host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
-    driver.enableChannel(group, channel, on);
-    session_.setChanged(true);
-    // The instruments are the same, so no list is handed over.
-    rebuildBy([this] { page_.rebuild(); });
+    history_.edit([&] {
+        driver.enableChannel(group, channel, on);
+        // The instruments are the same, so no list is handed over.
+        rebuildBy([this] { page_.rebuild(); });
+    });
     return true;
 }
 
@@ -127,7 +129,7 @@ void FrameDocks::faultChanged(const SimulatedDriver& driver, const std::string& 
     if (!operation.empty())
         words.push_back(operation);
     capture_.host(words);
-    session_.setChanged(true);
+    history_.changedOtherwise();
 }
 
 std::string FrameDocks::numberOf(const SimulatedDriver& driver) const

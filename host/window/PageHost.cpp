@@ -61,7 +61,11 @@ void PageHost::make()
                              {parts.text(hostText::fileMenu), parts.text(hostText::editMenu),
                               parts.text(hostText::viewMenu), parts.text(hostText::helpMenu)});
     widget_->view().actions().keep(parts_);
-    widget_->view().formChanged = [this] { showHint(); };
+    widget_->view().actions().whenDone([this] { ko::raise(actionDone); });
+    widget_->view().formChanged = [this] {
+        showHint();
+        ko::raise(focusMoved);
+    };
     static_cast<QBoxLayout*>(window_.centralWidget()->layout())->insertWidget(0, widget_, 1);
     window_.menuBar()->insertMenu(window_.menuBar()->actions().constLast(), &widget_->menu());
     document_->mode().setClientSite(site_);

@@ -68,8 +68,13 @@ void NumberEntry::followEscape()
 
 void NumberEntry::change()
 {
-    box_.setMarked(false);
+    take();
     followEscape();
+}
+
+void NumberEntry::take()
+{
+    box_.setMarked(false);
     if (page_.isLoading || page_.isUpdating || !isActive()) {
         lastAccepted_ = box_.text();
         return;

@@ -73,6 +73,7 @@ protected:
 private:
     void gotFocus();
     void change();
+    void take();
     void apply(const Steps& step, double value);
     void refuse(const Steps& step);
     void showInForce(const Steps& step);

@@ -14,11 +14,17 @@ namespace ko {
 
 namespace {
 
+/// The box has no history of its own: undoing in it is Escape, redoing is nothing.
+bool isUndo(const QKeyEvent& key)
+{
+    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+}
+
 /// The clipboard keys belong to the window's edit commands, if it has any; otherwise the box handles them.
 bool isEditCommand(const QKeyEvent& key, bool hasSelection)
 {
-    return key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
-           (hasSelection && key.matches(QKeySequence::Delete));
+    return isUndo(key) || key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy) ||
+           key.matches(QKeySequence::Paste) || (hasSelection && key.matches(QKeySequence::Delete));
 }
 
 } // namespace
@@ -151,6 +157,15 @@ bool TextBoxBinding::takesDrop(QDropEvent& drop)
     return stays && outcome == Outcome::Done;
 }
 
+/// Returns whether the key was Escape, or one for undoing or redoing.
+bool TextBoxBinding::reverts(const QKeyEvent& key)
+{
+    const bool isEscape = key.key() == Qt::Key_Escape || key.matches(QKeySequence::Undo);
+    if (isEscape)
+        view_.act([&] { box_.userUndid(); });
+    return isEscape || key.matches(QKeySequence::Redo);
+}
+
 bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::Drop && !takesDrop(*static_cast<QDropEvent*>(event)))
@@ -161,10 +176,8 @@ bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
         followFocus(event->type() == QEvent::FocusIn);
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {
-        view_.act([&] { box_.userUndid(); });
+    if (event->type() == QEvent::KeyPress && box_.undo && reverts(*static_cast<QKeyEvent*>(event)))
         return true;
-    }
     if (event->type() != QEvent::MouseButtonDblClick || !box_.doubleClick)
         return false;
     view_.act([&] { box_.userDoubleClicked(); });

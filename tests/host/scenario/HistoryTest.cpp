@@ -47,6 +47,7 @@ TEST(HistoryTest, AStepIsOneEditAndIsNamedByWhatItChanged)
         const auto steps = stepsOf(edit.script);
         EXPECT_EQ(steps.empty() ? "" : steps.back(), edit.step) << edit.script;
     }
+    EXPECT_EQ(stepsOf("text txtDuration 25\nclick optOnTrigger").size(), 2U) << "leaving the box ends its step";
     EXPECT_EQ(stepsOf("focus txtDuration\ntype 2\nkey Escape\nleave\ntext txtDuration x\nleave"),
               std::vector<std::string>())
         << "nothing has changed";
