@@ -13,6 +13,7 @@
 #include "widgets/bindings/TabControlBinding.h"
 #include "widgets/bindings/TableBinding.h"
 #include "widgets/bindings/TextBoxBinding.h"
+#include "widgets/bindings/TimeWidget.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/PlainText.h"
 
