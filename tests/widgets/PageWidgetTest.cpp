@@ -12,6 +12,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace ko::test {
 namespace {
@@ -140,6 +141,31 @@ TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageWhateverTheWindowShows)
     QApplication::processEvents();
     EXPECT_GT(plan.height(), before);
     EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
+}
+
+TEST_F(PageWidgetTest, EachMinuteTheTimesFollowTheClockWithoutACallToADriver)
+{
+    fakes[0]->startMode = startMode::atTime;
+    fakes[0]->startTime = toDateTime("9:30:00 AM", {});
+    host.time = toDateTime("11/21/2026 9:28:30 AM", {});
+    openAndShow();
+    const auto& day = dynamic_cast<const QLabel&>(at(page().lblStartDay));
+    const QWidget& timeline = at(page().tmlPlan);
+    EXPECT_EQ(day.text(), "today, in 1 min");
+    const QImage before = at(page().tmlPlan).grab().toImage();
+    FaultGate gate;
+    for (const auto& driver : fakes)
+        driver->gate = &gate;
+    host.time = toDateTime("11/21/2026 9:31:00 AM", {});
+    auto& minute = *widget.findChild<QTimer*>(QStringLiteral("minute"));
+    QTimerEvent passed(minute.timerId());
+    QApplication::sendEvent(&minute, &passed);
+    EXPECT_EQ(day.text(), "tomorrow, in 23 h 59 min");
+    EXPECT_TRUE(timeline.accessibleName().contains("tomorrow, 9:30:00 AM, in 23 h 59 min"));
+    EXPECT_NE(at(page().tmlPlan).grab().toImage(), before);
+    EXPECT_TRUE(page().lblPlan.caption().find("(tomorrow)") != std::string::npos);
+    EXPECT_TRUE(minute.isActive());
+    EXPECT_EQ(gate.calls, 0);
 }
 
 /// Returns the drawing commands of a PDF file's page: the only compressed stream whose dictionary has only a length.

@@ -21,6 +21,14 @@ bool isEditCommand(const QKeyEvent& key, bool hasSelection)
            (hasSelection && key.matches(QKeySequence::Delete));
 }
 
+/// The colours of a box that cannot be typed in, which does not look like a field.
+QPalette flat()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    return palette;
+}
+
 } // namespace
 
 TextBoxBinding::TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit)
@@ -64,6 +72,7 @@ void TextBoxBinding::refresh(Aspect aspect)
     case Aspect::Mark: showMark(); break;
     case Aspect::Usability:
         edit_.setReadOnly(box_.locked());
+        edit_.setPalette(box_.locked() ? flat() : QPalette());
         Binding::refresh(aspect);
         break;
     default: Binding::refresh(aspect);

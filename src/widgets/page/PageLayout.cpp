@@ -104,6 +104,15 @@ void PageWidget::addTime(QGridLayout& grid, OptionButton& option, TextBox& box, 
     grid.addWidget(&more, row, buttons);
 }
 
+void PageWidget::addDay(QGridLayout& grid, Label& day, Label* past)
+{
+    auto* line = new QHBoxLayout;
+    if (past)
+        line->addWidget(&view_->warning(*past));
+    line->addWidget(&kept(view_->label(day)), 1);
+    grid.addLayout(line, grid.rowCount(), fields, 1, 2);
+}
+
 void PageWidget::layDynamic()
 {
     QGridLayout& grid = framed(page_.frmDynamic);
@@ -130,6 +139,7 @@ void PageWidget::layStart()
     grid.addWidget(&view_->option(page_.optOnTrigger), grid.rowCount(), labels, 1, 3);
     layTrigger(grid);
     addTime(grid, page_.optStartTime, page_.txtStartTime, page_.cmdStartTime, pageText::startTimeButton);
+    addDay(grid, page_.lblStartDay, &page_.lblStartPast);
     schedule_.push_back(&grid);
 }
 
@@ -166,6 +176,7 @@ void PageWidget::layStop()
     grid.addWidget(&view_->option(page_.optAfter), row, labels);
     grid.addLayout(duration, row, fields, 1, 2);
     addTime(grid, page_.optStopTime, page_.txtStopTime, page_.cmdStopTime, pageText::stopTimeButton);
+    addDay(grid, page_.lblStopDay);
     addValue(grid, page_.lblDuration, page_.lblDurationValue);
     addValue(grid, page_.lblStopTime, page_.lblStopTimeValue);
     schedule_.push_back(&grid);
@@ -203,6 +214,11 @@ void PageWidget::layColumns()
     centred->addStretch(1);
     auto* limited = new QVBoxLayout;
     limited->addLayout(centred, 1000);
+    auto* centredTimes = new QHBoxLayout;
+    centredTimes->addStretch(1);
+    centredTimes->addWidget(&view_->timeline(page_.tmlPlan), 1000);
+    centredTimes->addStretch(1);
+    limited->addLayout(centredTimes);
     limited->addLayout(whatFits());
     limited->addStretch(1);
     // The picture and the frames share one cell; only one of them is shown.
@@ -240,6 +256,7 @@ void PageWidget::applyMetrics()
 {
     const QFontMetrics metrics = view_->fontMetrics();
     content_->setMaximumSize(metrics.averageCharWidth() * 180, metrics.height() * 50);
+    view_->widget(page_.tmlPlan)->setMaximumWidth(content_->maximumWidth());
     const int buttonWidth = metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height();
     for (const CommandButton* button : {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime})
         view_->widget(*button)->setFixedWidth(buttonWidth);

@@ -1,11 +1,14 @@
 #include "widgets/page/PageWidget.h"
 
 #include "widgets/bindings/NoInstrumentPicture.h"
+#include "widgets/support/Guarded.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
+#include <QTime>
 
 namespace ko {
 
@@ -28,10 +31,27 @@ PageWidget::PageWidget(Page& page, const Texts& texts, QWidget* parent, const QS
     view_->image(page.imgNoInst, *picture_);
     applyMetrics();
     content_->installEventFilter(this);
+    followClock();
     view_->focus().moved = [this](QWidget& focused) { ensureWidgetVisible(&focused); };
 }
 
 PageWidget::~PageWidget() = default;
+
+void PageWidget::followClock()
+{
+    minute_.setObjectName(QStringLiteral("minute"));
+    minute_.setSingleShot(true);
+    const auto untilNextMinute = [] {
+        constexpr int minute = 60000; // milliseconds
+        return minute - QTime::currentTime().msecsSinceStartOfDay() % minute;
+    };
+    onSignal(&minute_, &QTimer::timeout, this, [this, untilNextMinute] {
+        minute_.start(untilNextMinute());
+        if (!QApplication::activeModalWidget())
+            view_->act([this] { ko::raise(page_.minutePassed); });
+    });
+    minute_.start(untilNextMinute());
+}
 
 QSize PageWidget::sizeHint() const
 {

@@ -4,6 +4,7 @@
 #include "widgets/bindings/FormView.h"
 
 #include <QScrollArea>
+#include <QTimer>
 
 class QBoxLayout;
 class QGridLayout;
@@ -46,6 +47,8 @@ private:
     void addValue(QGridLayout& grid, Label& label, Label& value);
     void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
     void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);
+    /// Adds a line with the day of a time and, if the time can be past, a warning.
+    void addDay(QGridLayout& grid, Label& day, Label* past = nullptr);
     QWidget& kept(QWidget& widget);
 
     void layDynamic();
@@ -61,6 +64,8 @@ private:
     [[nodiscard]] int planHeight(int width) const;
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
+    /// Calls `Page::minutePassed` at the start of each minute, unless a dialog or a message is open.
+    void followClock();
     void stretch(bool stacked);
     void applyMetrics();
 
@@ -72,6 +77,7 @@ private:
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QBoxLayout* schedules_ = nullptr;
+    QTimer minute_;
     std::vector<QGridLayout*> measurements_, schedule_;
 };
 

@@ -33,6 +33,7 @@ const std::map<std::string_view, QAccessible::Role> roles{
     {"Gridocx", QAccessible::Table},
     {"Image", QAccessible::Graphic},
     {"PictureBox", QAccessible::Graphic},
+    {"Timeline", QAccessible::Graphic},
     {"MonthView", QAccessible::Table},
     {"DTPicker", QAccessible::SpinBox},
     {"ChannelSelector", QAccessible::Grouping},
