@@ -3,13 +3,16 @@
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/services/QtPrinters.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
-#include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -124,23 +127,48 @@ TEST_F(PageWidgetTest, ANarrowWindowStacksTheFramesAndScrollsToTheFocus)
     EXPECT_TRUE(widget.rect().contains(at(page().txtDuration).mapTo(&widget, QPoint())));
 }
 
-TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageWhateverTheWindowShows)
+/// Whether the element or one below it shows `widget`.
+bool isInTree(QAccessibleInterface& tree, const QWidget& widget)
+{
+    for (int i = 0; i < tree.childCount(); ++i)
+        if (tree.child(i)->object() == &widget || isInTree(*tree.child(i), widget))
+            return true;
+    return false;
+}
+
+TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageAndCopiedByKeysAndMouse)
 {
     openAndShow();
-    const auto& plan = dynamic_cast<const QLabel&>(at(page().lblPlan));
+    auto& plan = dynamic_cast<QLabel&>(at(page().lblPlan));
+    const auto& area = *widget.findChild<QScrollArea*>();
+    EXPECT_TRUE(isInTree(*QAccessible::queryAccessibleInterface(&widget), plan));
     EXPECT_EQ(plan.text().toStdString(), page().lblPlan.caption());
+    const auto isWhole = [&] {
+        QApplication::processEvents();
+        return widget.rect().contains(plan.geometry()) && plan.y() > area.geometry().bottom() &&
+               plan.height() >= plan.heightForWidth(plan.width());
+    };
     for (const QSize size : {QSize(800, 600), QSize(480, 300), QSize(300, 300)}) {
         widget.resize(size);
-        QApplication::processEvents();
-        EXPECT_TRUE(widget.rect().contains(plan.geometry()));
-        EXPECT_GE(plan.height(), plan.heightForWidth(plan.width()));
-        EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
+        EXPECT_TRUE(isWhole());
     }
+    EXPECT_TRUE(area.verticalScrollBar()->isVisible());
     const int before = plan.height();
     page().lblPlan.setCaption(page().lblPlan.caption() + page().lblPlan.caption());
-    QApplication::processEvents();
+    EXPECT_TRUE(isWhole());
     EXPECT_GT(plan.height(), before);
-    EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
+
+    const Control* focused = page().activeControl();
+    QTest::mouseDClick(&plan, Qt::LeftButton, {}, plan.contentsRect().topLeft() + QPoint(8, 8));
+    QTest::keyClick(&plan, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Starts");
+    EXPECT_EQ(page().activeControl(), focused);
+    ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(plan.hasFocus());
+    QTest::keyClick(&plan, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&plan, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), plan.text());
 }
 
 TEST_F(PageWidgetTest, EachMinuteTheTimesFollowTheClockWithoutACallToADriver)

@@ -262,6 +262,7 @@ void PageWidget::applyMetrics()
         view_->widget(*button)->setFixedWidth(buttonWidth);
     for (const Quantity& quantity : quantities)
         view_->widget(page_.*quantity.button)->setFixedWidth(buttonWidth);
+    plan_->setMinimumHeight(planHeight());
     auto* unit = static_cast<QComboBox*>(view_->widget(page_.cmbInterval));
     unit->setMinimumContentsLength(8);
     view_->widget(page_.grdParam)->setMinimumHeight(metrics.height() * 8);

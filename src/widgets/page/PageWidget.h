@@ -3,12 +3,13 @@
 #include "page/Page.h"
 #include "widgets/bindings/FormView.h"
 
-#include <QScrollArea>
 #include <QTimer>
+#include <QWidget>
 
 class QBoxLayout;
 class QGridLayout;
 class QLabel;
+class QScrollArea;
 
 namespace ko {
 
@@ -18,10 +19,10 @@ class NoInstrumentPicture;
 
 /// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or one below
 /// the other in a narrow window; scrolls in a small window. Without instruments it shows only the picture of the
-/// no-instrument screen. The plan's sentence is below the scrolled area.
+/// no-instrument screen. The plan's sentence is below the scrolled area; its text can be selected and copied.
 ///
 /// The page must outlive the widget.
-class PageWidget : public QScrollArea {
+class PageWidget : public QWidget {
 public:
     /// `menus` are the titles of the window's other menus, whose mnemonics no label uses.
     PageWidget(Page& page, const Texts& texts, QWidget* parent = nullptr, const QStringList& menus = {});
@@ -31,13 +32,15 @@ public:
     /// The page's own menu, for the host's menu bar.
     [[nodiscard]] QMenu& menu() { return *menu_; }
 
+    /// Scrolls a widget of the view into sight.
+    void ensureWidgetVisible(QWidget* part);
+
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
-    bool event(QEvent* event) override;
 
 private:
     /// Creates a grid in the frame: a label column, a growing field column, and a button column.
@@ -60,8 +63,8 @@ private:
     /// The controls shown after a refusal, below the frames, so that they move no other control.
     QLayout* whatFits();
     void layPlan();
-    void placePlan();
-    [[nodiscard]] int planHeight(int width) const;
+    /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
+    [[nodiscard]] int planHeight() const;
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
     /// Calls `Page::minutePassed` at the start of each minute, unless a dialog or a message is open.
@@ -73,6 +76,7 @@ private:
     FormView* view_;
     NoInstrumentPicture* picture_;
     QMenu* menu_;
+    QScrollArea* area_;
     QLabel* plan_ = nullptr;
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
