@@ -162,6 +162,14 @@ void PageWidget::layTrigger(QGridLayout& grid)
     grid.addWidget(&noLine, row + 2, labels, 1, 3);
 }
 
+/// Assistive technology takes the name of a list from its label alone, so the unit has a hidden one.
+void PageWidget::nameUnit(QComboBox& unit)
+{
+    auto* name = new PlainLabel(view_->text(pageText::durationUnit), unit.parentWidget());
+    name->setBuddy(&unit);
+    name->hide();
+}
+
 void PageWidget::layStop()
 {
     QGridLayout& grid = framed(page_.frmStop);
@@ -175,6 +183,7 @@ void PageWidget::layStop()
     duration->addWidget(&unit);
     grid.addWidget(&view_->option(page_.optAfter), row, labels);
     grid.addLayout(duration, row, fields, 1, 2);
+    nameUnit(unit);
     addTime(grid, page_.optStopTime, page_.txtStopTime, page_.cmdStopTime, pageText::stopTimeButton);
     addDay(grid, page_.lblStopDay);
     addValue(grid, page_.lblDuration, page_.lblDurationValue);

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QBoxLayout;
+class QComboBox;
 class QGridLayout;
 class QLabel;
 class QScrollArea;
@@ -59,6 +60,7 @@ private:
     void layStart();
     void layTrigger(QGridLayout& grid);
     void layStop();
+    void nameUnit(QComboBox& unit);
     void layColumns();
     /// The controls shown after a refusal, below the frames, so that they move no other control.
     QLayout* whatFits();

@@ -83,11 +83,21 @@ protected:
     }
     /// Names must not contain the mark of a mnemonic.
     static bool isName(const QString& text) { return !text.isEmpty() && !text.contains(u'&'); }
+    /// The name of a list is that of the label that refers to it; its own text is its value.
+    static QString nameOf(const Control& control, QAccessibleInterface& element)
+    {
+        if (!dynamic_cast<const ComboBox*>(&control))
+            return element.text(QAccessible::Name);
+        for (const auto& [other, relation] : element.relations(QAccessible::Label))
+            if (relation == QAccessible::Label && other->object() != element.parent()->object())
+                return other->text(QAccessible::Name);
+        return {};
+    }
     static void checkControl(const Control& control, QWidget& widget)
     {
         QAccessibleInterface* element = QAccessible::queryAccessibleInterface(&widget);
         ASSERT_NE(element, nullptr) << control.name();
-        EXPECT_TRUE(isName(element->text(QAccessible::Name))) << control.name();
+        EXPECT_TRUE(isName(nameOf(control, *element))) << control.name();
         EXPECT_EQ(element->role(), roles.at(control.typeName())) << control.name();
         const bool hasHint = std::atoi(control.tag().c_str()) == 0;
         if (control.takesFocus() && hasHint) {
@@ -95,11 +105,16 @@ protected:
         }
         checkValue(control, *element);
     }
-    /// Checks that everything focusable has a name, including parts of controls.
+    /// Checks that everything that can be used has a name, including parts of controls.
     static void checkParts(QAccessibleInterface& element)
     {
-        if (element.state().focusable && !element.state().invisible && element.role() != QAccessible::Client) {
-            EXPECT_TRUE(isName(element.text(QAccessible::Name))) << element.object()->metaObject()->className();
+        const bool isUsed = element.state().focusable || element.role() == QAccessible::Button ||
+                            element.role() == QAccessible::ButtonMenu || element.role() == QAccessible::List;
+        const QString name = element.text(QAccessible::Name);
+        EXPECT_FALSE(name.contains(u'&')) << name.toStdString();
+        if (isUsed && !element.state().invisible && element.role() != QAccessible::Client) {
+            EXPECT_TRUE(isName(name)) << (element.object() ? element.object()->metaObject()->className() : "") << " in "
+                                      << element.parent()->text(QAccessible::Name).toStdString();
         }
         for (int i = 0; i < element.childCount(); ++i)
             if (QAccessibleInterface* child = element.child(i))
@@ -146,6 +161,7 @@ TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleVal
     checkDialog(page().cmdChannel);
     checkDialog(page().mnuTimebaseTriggerLines);
     checkDialog(page().cmdSampleRateOffers);
+    checkParts(*QAccessible::queryAccessibleInterface(&window));
     const QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(&window.page().menu());
     ASSERT_EQ(menu->childCount(), 1);
     EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);
@@ -159,7 +175,7 @@ QStringList altTexts(FrameWindow& window)
     for (const QAction* menu : window.menuBar()->actions())
         texts << menu->text();
     for (const QLabel* label : window.findChildren<QLabel*>())
-        if (label->buddy())
+        if (label->buddy() && (label->text().contains(u'&') || !label->isHidden()))
             texts << label->text();
     for (const QAbstractButton* button : window.findChildren<QAbstractButton*>())
         if (button->text().contains(u'&'))
