@@ -1,4 +1,5 @@
 #include "page/Quantities.h"
+#include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/page/PageWidget.h"
 #include "widgets/support/PageTexts.h"
@@ -272,6 +273,9 @@ void PageWidget::applyMetrics()
     for (const Quantity& quantity : quantities)
         view_->widget(page_.*quantity.button)->setFixedWidth(buttonWidth);
     plan_->setMinimumHeight(planHeight());
+    auto* duration = static_cast<QLineEdit*>(view_->widget(page_.txtDuration));
+    duration->setMinimumWidth(
+        EntryMark::widthFor(*duration, view_->text(pageText::notValid), QStringLiteral("0.0001")));
     auto* unit = static_cast<QComboBox*>(view_->widget(page_.cmbInterval));
     unit->setMinimumContentsLength(8);
     view_->widget(page_.grdParam)->setMinimumHeight(metrics.height() * 8);

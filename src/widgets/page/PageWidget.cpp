@@ -61,7 +61,7 @@ void PageWidget::ensureWidgetVisible(QWidget* part)
 QSize PageWidget::sizeHint() const
 {
     const QFontMetrics metrics = view_->fontMetrics();
-    const QSize size = view_->sizeHint().expandedTo({metrics.averageCharWidth() * 115, metrics.height() * 38});
+    const QSize size = view_->sizeHint().expandedTo({metrics.averageCharWidth() * 128, metrics.height() * 38});
     return size + QSize(0, std::max(plan_->heightForWidth(size.width()), planHeight()));
 }
 

@@ -37,6 +37,8 @@ public:
     void ensureWidgetVisible(QWidget* part);
 
     [[nodiscard]] QSize sizeHint() const override;
+    /// The scrolled area takes any height; the window would otherwise open with the least one.
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;

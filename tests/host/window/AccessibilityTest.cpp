@@ -1,5 +1,6 @@
 #include "host/window/FrameWindow.h"
 #include "platform/DateControls.h"
+#include "widgets/bindings/EntryMark.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -9,6 +10,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -183,12 +185,17 @@ QStringList altTexts(FrameWindow& window)
     return texts;
 }
 
+std::string stringsOf(const char* language)
+{
+    QFile strings(QStringLiteral(KO_DEMO_FOLDER "/../strings/%1.txt").arg(language));
+    EXPECT_TRUE(strings.open(QIODevice::ReadOnly));
+    return strings.readAll().toStdString();
+}
+
 TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
 {
     for (const char* language : {"en", "de", "fr", "ja"}) {
-        QFile strings(QStringLiteral(KO_DEMO_FOLDER "/../strings/%1.txt").arg(language));
-        ASSERT_TRUE(strings.open(QIODevice::ReadOnly));
-        FrameWindow window(strings.readAll().toStdString());
+        FrameWindow window(stringsOf(language));
         window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
         QMap<QKeySequence, QString> places;
         const QStringList texts = altTexts(window);
@@ -204,6 +211,24 @@ TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
             EXPECT_EQ(*language == 'j' && text.contains(u'&'), text.contains(QStringLiteral("(&")))
                 << text.toStdString();
         }
+    }
+}
+
+TEST(MarkTest, TheWordIsBesideTheSignInAWindowOfTheDefaultSizeInEveryLanguage)
+{
+    for (const char* language : {"en", "de", "fr", "ja"}) {
+        FrameWindow window(stringsOf(language));
+        window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
+        window.show();
+        Page& page = window.document().page();
+        auto& box = static_cast<QLineEdit&>(*window.page().view().widget(page.txtDuration));
+        ASSERT_TRUE(page.moveFocus(&page.txtDuration));
+        QTest::keyClicks(&box, "0.25x");
+        const auto* mark = dynamic_cast<EntryMark*>(box.children().constLast());
+        ASSERT_NE(mark, nullptr) << language;
+        EXPECT_GE(mark->width(),
+                  mark->fontMetrics().height() + mark->fontMetrics().horizontalAdvance(mark->accessibleName()));
+        EXPECT_GE(window.page().height(), window.page().view().minimumSizeHint().height()) << "nothing is scrolled";
     }
 }
 
