@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 namespace ko {
@@ -184,6 +185,8 @@ void PageHost::showHint()
 {
     const bool sameControl = hinted_ == document_->page().activeControl();
     hint_->setText(toQt(focusHint() + (sameControl ? rangeHint_ : std::string())));
+    // Otherwise the hint of the widget below the mouse would hide it.
+    window_.statusBar()->clearMessage();
 }
 
 } // namespace ko

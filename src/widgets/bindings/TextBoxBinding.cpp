@@ -27,6 +27,14 @@ bool isEditCommand(const QKeyEvent& key, bool hasSelection)
            key.matches(QKeySequence::Paste) || (hasSelection && key.matches(QKeySequence::Delete));
 }
 
+/// The colours of a box that cannot be typed in, which does not look like a field.
+QPalette flat()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    return palette;
+}
+
 } // namespace
 
 TextBoxBinding::TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit)
@@ -74,6 +82,7 @@ void TextBoxBinding::refresh(Aspect aspect)
         break;
     case Aspect::Usability:
         edit_.setReadOnly(box_.locked());
+        edit_.setPalette(box_.locked() ? flat() : QPalette());
         Binding::refresh(aspect);
         break;
     default: Binding::refresh(aspect);
