@@ -2,6 +2,7 @@
 #include "interfaces/Timebase.h"
 #include "page/Quantities.h"
 #include "support/Steps.h"
+#include "timebase/Readings.h"
 
 #include <cmath>
 
@@ -28,6 +29,9 @@ void TimebaseEditor::initializeDocument()
     schedule_.loadStartStop(step);
     followReadOnly(step);
     refreshEstimate();
+    readOtherDrivers(page_, step);
+    offerButtons_.follow();
+    schedule_.plan().show();
     if (!step.isSuperseded())
         page_.driverChangesPending = false;
 }

@@ -53,6 +53,7 @@ public:
     IKopPrint& print() override { return *this; }
     IKopState& state() override { return *this; }
     Page& page() override { return page_; }
+    Outcome setAll(std::string_view quantity, const std::string& value) override;
 
     void UserDocument_Show() override;
     void UserDocument_Hide() override;
@@ -121,6 +122,7 @@ private:
     Page page_;
     DynamicEditors dynamicEditors_;
     StaticEditors staticEditors_;
+    SetAll setAll_{page_, support_, dynamicEditors_, staticEditors_};
     OfferButtons offerButtons_;
     Schedule schedule_;
     TriggerChannel triggerChannel_;

@@ -33,6 +33,9 @@ void numberQuantities(Page& page)
         CommandButton& button = page.*quantity.button;
         button.setCaption("?");
         toolTip(button, textNumber::offers::explainHint);
+        CommandButton& mark = page.*quantity.mark;
+        mark.setVisible(false);
+        toolTip(mark, textNumber::compare::markHint);
     }
 }
 

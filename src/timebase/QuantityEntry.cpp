@@ -5,7 +5,11 @@ namespace ko {
 std::optional<double> QuantityEntry::held()
 {
     const IndexedTimebase at = shownTimebase(page(), *quantity_.number);
-    return at ? std::optional((at.timebase->*quantity_.number->get)()) : std::nullopt;
+    if (!at)
+        return std::nullopt;
+    const double held = (at.timebase->*quantity_.number->get)();
+    (page().*quantity_.number->offers).noteRead(at.driver, held);
+    return held;
 }
 
 Range QuantityEntry::hintRange()
