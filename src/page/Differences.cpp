@@ -61,12 +61,12 @@ void showDifferences(Page& page, const Support& support, const TimebaseNumber& n
 {
     const Count count = countDifferences(page, number);
     const bool isShown = count.differing > 0 && (page.*number.frame).visible();
+    const std::string caption = isShown ? filled(counted(support, count.differing, textNumber::compare::differ),
+                                                 {{}, countText(count.all, support.locale())})
+                                        : std::string();
     forEachQuantityOf(number, [&](const Quantity& quantity) {
-        CommandButton& mark = page.*quantity.mark;
-        mark.setCaption(isShown ? filled(counted(support, count.differing, textNumber::compare::differ),
-                                         {{}, countText(count.all, support.locale())})
-                                : "");
-        mark.setVisible(isShown);
+        (page.*quantity.mark).setCaption(caption);
+        (page.*quantity.mark).setVisible(isShown);
     });
 }
 
