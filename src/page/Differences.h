@@ -24,6 +24,15 @@ bool isUsedBy(const Page& page, const TimebaseNumber& number, std::size_t driver
 
 /// Whether the driver uses the number and holds another one than `shown`, as last read.
 bool differs(const Page& page, const TimebaseNumber& number, std::size_t driver, double shown);
+/// The same for the number that the page shows; false while that is unknown.
+bool differs(const Page& page, const TimebaseNumber& number, std::size_t driver);
+
+/// The name of a driver as read when the page was built, else its position in the list.
+std::string driverName(const Page& page, std::size_t driver);
+
+/// Names the drivers that differ, with what they hold, a sentence for each number; empty when none does. Calls no
+/// driver. Failures reach the caller.
+std::string differencesText(const Page& page, const Support& support);
 
 /// Shows beside each editor of the number how many drivers differ from it; hides the marks when none does. Calls no
 /// driver. Failures reach the caller.

@@ -1,5 +1,6 @@
 #include "schedule/Plan.h"
 
+#include "page/Differences.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
@@ -38,7 +39,12 @@ bool isCondition(const Grid::Cell& value)
 void Plan::show()
 {
     const Steps step(support_.errors, "showPlan");
-    step([&] { page_.lblPlan.setCaption(withOneFullStop(sentence())); });
+    step([&] {
+        const std::string plan = withOneFullStop(sentence());
+        const std::string differences = differencesText(page_, support_);
+        page_.lblPlan.setCaption(
+            differences.empty() ? plan : filled(text(textNumber::compare::sentences), {plan, differences}));
+    });
 }
 
 std::string Plan::sentence() const

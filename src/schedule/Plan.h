@@ -5,7 +5,8 @@
 
 namespace ko {
 
-/// Summarizes the recording in one sentence: how it starts, how long it lasts, its size and when it ends. Uses only the
+/// Summarizes the recording in one sentence: how it starts, how long it lasts, its size and when it ends; and names the
+/// drivers that hold other numbers than the page shows. Uses only the
 /// page's controls and the figures of the last estimate; calls no driver.
 class Plan {
 public:

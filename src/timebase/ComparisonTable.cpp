@@ -62,7 +62,7 @@ std::vector<Table::Row> ComparisonTable::rows() const
     std::vector<Table::Row> rows;
     for (std::size_t i = 0; i < std::min(account.drivers.size(), schedules_.size()); ++i) {
         Table::Row& row = rows.emplace_back();
-        row.header = nameOf(i);
+        row.header = driverName(page_, i);
         for (const Quantity* shown : shownQuantities(page_))
             row.cells.push_back(quantity(*shown, i));
         row.cells.push_back(start(schedules_[i]));
@@ -75,13 +75,6 @@ std::vector<Table::Row> ComparisonTable::rows() const
                 filled(support_.text(compareText::meaning), {row.header, headers[column], row.cells[column].text});
     }
     return rows;
-}
-
-/// A driver whose name cannot be read is named by its position in the list.
-std::string ComparisonTable::nameOf(std::size_t driver) const
-{
-    const bool isNamed = driver < page_.driverNames.size() && !page_.driverNames[driver].empty();
-    return isNamed ? page_.driverNames[driver] : std::to_string(driver + 1);
 }
 
 ComparisonTable::Cell ComparisonTable::notRead() const
@@ -108,8 +101,7 @@ ComparisonTable::Cell ComparisonTable::quantity(const Quantity& quantity, std::s
     const std::string text = numberText(quantity.isRate ? 1.0 / *held : *held, support_.locale());
     if (!isUsedBy(page_, number, driver))
         return {filled(support_.text(compareText::unused), {text}), {}, Table::Emphasis::weak};
-    const auto shown = shownNumber(page_, number);
-    return compared(text, shown && differs(page_, number, driver, *shown));
+    return compared(text, differs(page_, number, driver));
 }
 
 std::string ComparisonTable::startText(const StartStopSettings& held) const

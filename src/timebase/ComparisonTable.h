@@ -31,7 +31,6 @@ private:
     [[nodiscard]] Cell share(std::size_t driver) const;
     [[nodiscard]] Cell compared(std::string text, bool differs) const;
     [[nodiscard]] std::string startText(const StartStopSettings& held) const;
-    [[nodiscard]] std::string nameOf(std::size_t driver) const;
     [[nodiscard]] Cell notRead() const;
 
     const Page& page_;

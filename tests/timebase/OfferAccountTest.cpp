@@ -208,6 +208,8 @@ TEST_F(ShowOffersTest, TheMarksAndTheTableFollowWhatEachDriverHolds)
     EXPECT_TRUE(mark.isUsable() && page().cmdSamplePeriodDiffers.isUsable());
     EXPECT_FALSE(page().cmdBlockSizeDiffers.visible() || page().cmdScanRateDiffers.visible());
     EXPECT_EQ(mark.caption(), "2 of 3 differ");
+    EXPECT_TRUE(page().lblPlan.caption().ends_with(" later. Sample Rate (Sa/s) differs: Fake (500), Fake (500)."))
+        << page().lblPlan.caption();
     const Shown shown = press(page().cmdSampleRateDiffers);
     EXPECT_EQ(column(shown, "Sample Rate (Sa/s)"), (Texts{"1000", "500 (differs)", "500 (differs)", "2 (not used)"}));
     EXPECT_EQ(column(shown, "Share of the disk space").back(), "12.2 %");

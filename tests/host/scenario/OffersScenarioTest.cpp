@@ -62,13 +62,16 @@ TEST(OffersScenario, TheListOfSettingsShowsTheOffersToo)
     HeadlessPage played({parseSetup(bench, "bench.json"), {}, {}, {}});
     EXPECT_NE(offersText(played).find(R"(
 block-size: All instruments share: Any value from 64 to 1024.
-  Sampler | Any value from 16 to 1024 | All its values are used | 16, nothing requested
+  Sampler | Any value from 16 to 1024 | All its values are used | 16, nothing requested | Differs from the page
   Scanner | Any value from 64 to 4096 | Narrows the range to: Any value from 64 to 1024 | Not read
   Bare | No timebase | None | Not read
 )"),
               std::string::npos)
         << offersText(played);
     EXPECT_TRUE(offersOf(played, "start").is_null());
+    EXPECT_EQ(differencesOf(played, "block-size").dump(), R"([{"name":"Sampler","value":16.0}])");
+    EXPECT_EQ(differencesOf(played, "sample-rate").size(), 0U);
+    EXPECT_TRUE(played.page().lblPlan.caption().ends_with(" later. Blocksize differs: Sampler (16)."));
 }
 
 } // namespace
