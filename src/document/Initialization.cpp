@@ -1,6 +1,7 @@
 #include "document/TimebaseEditor.h"
 #include "interfaces/Timebase.h"
 #include "page/Quantities.h"
+#include "schedule/DiskSpace.h"
 #include "support/Steps.h"
 #include "timebase/Readings.h"
 
@@ -28,10 +29,12 @@ void TimebaseEditor::initializeDocument()
     triggerChannel_.followStartMaster();
     schedule_.loadStartStop(step);
     followReadOnly(step);
-    refreshEstimate();
+    const std::int32_t code = updateDiskSpace();
     readOtherDrivers(page_, step);
     offerButtons_.follow();
     schedule_.plan().show();
+    if (code != diskSpace::fits && !step.isSuperseded())
+        tellWhatFits({.code = code});
     if (!step.isSuperseded())
         page_.driverChangesPending = false;
 }

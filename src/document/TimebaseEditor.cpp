@@ -58,10 +58,10 @@ std::int32_t TimebaseEditor::updateDiskSpace()
     return code;
 }
 
-void TimebaseEditor::tellWhatFits(std::int32_t code)
+void TimebaseEditor::tellWhatFits(const LimitRefusal& refusal)
 {
-    const bool isStatic = code == diskSpace::staticTooLarge;
-    schedule_.whatFits().tell(code, isStatic ? staticEditors_.periods() : dynamicEditors_.periods());
+    const bool isStatic = refusal.code == diskSpace::staticTooLarge;
+    schedule_.whatFits().tell(refusal, isStatic ? staticEditors_.periods() : dynamicEditors_.periods());
 }
 
 void TimebaseEditor::refreshEstimate()

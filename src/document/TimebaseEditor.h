@@ -82,7 +82,8 @@ private:
     void markChanged() override;
     std::int32_t updateDiskSpace() override;
     void refreshEstimate() override;
-    void tellWhatFits(std::int32_t code) override;
+    void tellWhatFits(const LimitRefusal& refusal) override;
+    void setAll(const Quantity& quantity, const std::string& value) override { setAll_.enter(quantity, value); }
     void refreshPlan() override;
     void enableTriggering(bool onTrigger) override;
     void disableTriggering(bool onTrigger) override;

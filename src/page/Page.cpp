@@ -39,12 +39,6 @@ void numberQuantities(Page& page)
     }
 }
 
-void numberTakingButtons(Page& page)
-{
-    caption(page.cmdTakeDuration, textNumber::offers::setLongestDuration);
-    caption(page.cmdTakeRate, textNumber::offers::setHighestRate);
-}
-
 void numberCaptions(Page& page)
 {
     caption(page.mnuTimebase, pageText::timebaseMenu);
@@ -93,7 +87,6 @@ Page::Page() : Form("TimebaseEditor")
     numberCaptions(*this);
     numberToolTips(*this);
     numberQuantities(*this);
-    numberTakingButtons(*this);
     lblNoTriggerLine.setVisible(false);
     std::vector<ComboBox::Item> units;
     for (const int unit : {pageText::seconds, pageText::minutes, pageText::hours, pageText::days})

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "interfaces/Timebase.h"
+#include "page/LimitRefusal.h"
 #include "page/Page.h"
 #include "page/Timebases.h"
 #include "support/Steps.h"
@@ -24,6 +25,7 @@ struct TimebaseNumber {
     bool isPeriod;                              ///< accepts only numbers above 0 with a finite reciprocal
     bool toAllDrivers;                          ///< true: written to every driver; false: to the current dynamic one
     Frame Page::*frame;                         ///< contains its editors
+    std::optional<double> SizeSettings::*size;  ///< its member there
 };
 
 namespace timebaseNumber {
@@ -35,7 +37,8 @@ inline constexpr TimebaseNumber samplePeriod{"samplePeriod",
                                              &Page::samplePeriodOffers,
                                              true,
                                              false,
-                                             &Page::frmDynamic};
+                                             &Page::frmDynamic,
+                                             &SizeSettings::samplePeriod};
 inline constexpr TimebaseNumber blockSize{"blockSize",
                                           &Timebase::BlockSize,
                                           &Timebase::setBlockSize,
@@ -44,7 +47,8 @@ inline constexpr TimebaseNumber blockSize{"blockSize",
                                           &Page::blockSizeOffers,
                                           false,
                                           false,
-                                          &Page::frmDynamic};
+                                          &Page::frmDynamic,
+                                          &SizeSettings::blockSize};
 inline constexpr TimebaseNumber scanPeriod{"scanPeriod",
                                            &Timebase::ScanPeriod,
                                            &Timebase::setScanPeriod,
@@ -53,7 +57,8 @@ inline constexpr TimebaseNumber scanPeriod{"scanPeriod",
                                            &Page::scanPeriodOffers,
                                            true,
                                            true,
-                                           &Page::frmStatic};
+                                           &Page::frmStatic,
+                                           &SizeSettings::scanPeriod};
 inline constexpr std::array all{&samplePeriod, &blockSize, &scanPeriod};
 } // namespace timebaseNumber
 
@@ -131,6 +136,7 @@ struct NumberSetting {
         return value == other.value ? NumberSetting{} : *this;
     }
     [[nodiscard]] bool isEmpty() const { return !value; }
+    [[nodiscard]] SizeSettings sizeSettings() const;
 };
 
 } // namespace ko

@@ -4,11 +4,10 @@
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
+#include "schedule/DurationText.h"
 #include "support/Phrases.h"
 #include "support/Steps.h"
 #include "support/TextNumbers.h"
-
-#include <cmath>
 
 namespace ko {
 
@@ -17,10 +16,6 @@ namespace {
 /// Placeholders of the sentences, the same for all starts: %1 the duration, %2 the figures, %3 by how much it ends
 /// later than planned, %4 the start time or the trigger, %5 the stop time, %6 the actual end time.
 namespace planText = textNumber::plan;
-
-constexpr std::int64_t secondsPerMinute = 60;
-constexpr std::int64_t minutesPerHour = 60;
-constexpr std::int64_t hoursPerDay = 24;
 
 bool isCountable(const std::optional<double>& seconds)
 {
@@ -58,8 +53,8 @@ std::string Plan::sentence() const
     const Figures& known = page_.figures;
     const std::string what = figures();
     const std::string end = known.stopTime ? generalDate(*known.stopTime, support_.locale()) : std::string();
-    return filled(text(what.empty() ? base + 1 : base),
-                  {entered(), what, durationText(*known.actualSeconds), startText, page_.txtStopTime.text(), end});
+    return filled(text(what.empty() ? base + 1 : base), {entered(), what, durationText(support_, *known.actualSeconds),
+                                                         startText, page_.txtStopTime.text(), end});
 }
 
 int Plan::start() const
@@ -87,45 +82,8 @@ std::string Plan::entered() const
     const double seconds = *page_.figures.plannedSeconds;
     const auto chosen = static_cast<std::size_t>(page_.cmbInterval.index());
     if (!page_.optAfter.value() || chosen >= std::size(symbols))
-        return durationText(seconds);
-    return filled(text(symbols[chosen]), {shortNumber(seconds / page_.cmbInterval.itemData())});
-}
-
-/// A duration in its two largest units.
-std::string Plan::durationText(double seconds) const
-{
-    if (toHundredths(seconds) < secondsPerMinute)
-        return filled(text(planText::seconds), {shortNumber(seconds)});
-    const std::int64_t wholeSeconds = std::llround(seconds);
-    if (wholeSeconds < secondsPerMinute * minutesPerHour)
-        return parts(wholeSeconds, secondsPerMinute, planText::minutes, planText::seconds);
-    const std::int64_t wholeMinutes = std::llround(seconds / secondsPerMinute);
-    if (wholeMinutes < minutesPerHour * hoursPerDay)
-        return parts(wholeMinutes, minutesPerHour, planText::hours, planText::minutes);
-    const std::int64_t wholeHours = std::llround(seconds / (secondsPerMinute * minutesPerHour));
-    return parts(wholeHours, hoursPerDay, planText::days, planText::hours);
-}
-
-std::string Plan::parts(std::int64_t count, std::int64_t perLarger, int larger, int smaller) const
-{
-    std::string whole = unit(count / perLarger, larger);
-    if (count % perLarger == 0)
-        return whole;
-    return filled(text(planText::twoUnits), {whole, unit(count % perLarger, smaller)});
-}
-
-std::string Plan::unit(std::int64_t count, int number) const
-{
-    if (number == planText::days)
-        return counted(support_, count, number);
-    return filled(text(number), {countText(count, support_.locale())});
-}
-
-/// Rounds to two decimals, unless that would yield 0.
-std::string Plan::shortNumber(double value) const
-{
-    const double rounded = toHundredths(value);
-    return numberText(rounded > 0.0 ? rounded : value, support_.locale());
+        return durationText(support_, seconds);
+    return filled(text(symbols[chosen]), {shortNumber(support_, seconds / page_.cmbInterval.itemData())});
 }
 
 std::string Plan::trigger() const

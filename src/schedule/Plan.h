@@ -20,10 +20,6 @@ private:
     [[nodiscard]] int start() const;
     [[nodiscard]] bool isDurationKnown() const;
     [[nodiscard]] std::string entered() const;
-    [[nodiscard]] std::string durationText(double seconds) const;
-    [[nodiscard]] std::string shortNumber(double value) const;
-    [[nodiscard]] std::string parts(std::int64_t count, std::int64_t perLarger, int larger, int smaller) const;
-    [[nodiscard]] std::string unit(std::int64_t count, int number) const;
     [[nodiscard]] std::string trigger() const;
     [[nodiscard]] std::string triggerConditions() const;
     [[nodiscard]] std::string figures() const;

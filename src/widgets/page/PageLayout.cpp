@@ -179,17 +179,6 @@ void PageWidget::layStop()
     schedule_.push_back(&grid);
 }
 
-QLayout* PageWidget::whatFits()
-{
-    auto* row = new QHBoxLayout;
-    QLabel& what = view_->label(page_.lblWhatFits);
-    what.setWordWrap(true);
-    row->addWidget(&what, 1);
-    row->addWidget(&view_->button(page_.cmdTakeDuration));
-    row->addWidget(&view_->button(page_.cmdTakeRate));
-    return row;
-}
-
 void PageWidget::layColumns()
 {
     content_ = new QWidget(view_);
@@ -211,7 +200,6 @@ void PageWidget::layColumns()
     centred->addStretch(1);
     auto* limited = new QVBoxLayout;
     limited->addLayout(centred, 1000);
-    limited->addLayout(whatFits());
     limited->addStretch(1);
     // The picture and the frames share one cell; only one of them is shown.
     auto* whole = new QGridLayout(view_);

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 
 namespace ko {
 
@@ -25,6 +26,7 @@ PageWidget::PageWidget(Page& page, const Texts& texts, QWidget* parent, const QS
     layStop();
     layColumns();
     layPlan();
+    layAnswers();
     view_->image(page.imgNoInst, *picture_);
     applyMetrics();
     content_->installEventFilter(this);
@@ -49,6 +51,29 @@ void PageWidget::layPlan()
     plan_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
+void PageWidget::layAnswers()
+{
+    answers_ = new QWidget(this);
+    answers_->hide();
+    auto* whole = new QVBoxLayout(answers_);
+    auto* buttons = new QHBoxLayout;
+    whatFits_ = &view_->label(page_.lblWhatFits);
+    whatFits_->setWordWrap(true);
+    whole->addWidget(whatFits_);
+    whole->addLayout(buttons);
+    for (CommandButton* button : {&page_.cmdTakeDuration, &page_.cmdTakeRate})
+        buttons->addWidget(&view_->button(*button));
+    buttons->addStretch(1);
+    whatFits_->installEventFilter(this);
+    answers_->installEventFilter(this);
+}
+
+int PageWidget::answersHeight(int width) const
+{
+    const QLayout& layout = *answers_->layout();
+    return layout.hasHeightForWidth() ? layout.heightForWidth(width) : layout.sizeHint().height();
+}
+
 /// At least two lines, so that a longer sentence seldom moves the page.
 int PageWidget::planHeight(int width) const
 {
@@ -61,9 +86,13 @@ int PageWidget::planHeight(int width) const
 void PageWidget::placePlan()
 {
     const QRect room = contentsRect();
-    const int height = planHeight(room.width());
+    const bool isRefused = whatFits_->isVisibleTo(answers_);
+    const int height = isRefused ? answersHeight(room.width()) : planHeight(room.width());
     setViewportMargins(0, 0, 0, height);
-    plan_->setGeometry(room.left(), room.bottom() + 1 - height, room.width(), height);
+    for (QWidget* widget : {static_cast<QWidget*>(plan_), answers_})
+        widget->setGeometry(room.left(), room.bottom() + 1 - height, room.width(), height);
+    plan_->setVisible(!isRefused);
+    answers_->setVisible(isRefused);
 }
 
 void PageWidget::arrange()
@@ -79,8 +108,12 @@ void PageWidget::arrange()
 
 bool PageWidget::eventFilter(QObject* object, QEvent* event)
 {
-    if (object == content_ && event->type() == QEvent::LayoutRequest)
+    const QEvent::Type type = event->type();
+    if (object == content_ && type == QEvent::LayoutRequest)
         arrange();
+    if ((object == answers_ && type == QEvent::LayoutRequest) ||
+        (object == whatFits_ && (type == QEvent::ShowToParent || type == QEvent::HideToParent)))
+        placePlan();
     return QScrollArea::eventFilter(object, event);
 }
 

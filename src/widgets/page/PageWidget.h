@@ -17,7 +17,7 @@ class NoInstrumentPicture;
 
 /// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or one below
 /// the other in a narrow window; scrolls in a small window. Without instruments it shows only the picture of the
-/// no-instrument screen. The plan's sentence is below the scrolled area.
+/// no-instrument screen. The plan's sentence is below the scrolled area; the answers to a refusal take its place.
 ///
 /// The page must outlive the widget.
 class PageWidget : public QScrollArea {
@@ -37,6 +37,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
+    /// The answers are outside of the form's view.
+    bool focusNextPrevChild(bool next) override { return view_->focus().step(next); }
 
 private:
     /// Creates a grid in the frame: a label column, a growing field column, and a button column.
@@ -54,11 +56,12 @@ private:
     void layTrigger(QGridLayout& grid);
     void layStop();
     void layColumns();
-    /// The controls shown after a refusal, below the frames, so that they move no other control.
-    QLayout* whatFits();
     void layPlan();
+    /// The controls shown after a refusal, in the place of the plan.
+    void layAnswers();
     void placePlan();
     [[nodiscard]] int planHeight(int width) const;
+    [[nodiscard]] int answersHeight(int width) const;
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
     void stretch(bool stacked);
@@ -69,6 +72,8 @@ private:
     NoInstrumentPicture* picture_;
     QMenu* menu_;
     QLabel* plan_ = nullptr;
+    QWidget* answers_ = nullptr;
+    QLabel* whatFits_ = nullptr;
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QBoxLayout* schedules_ = nullptr;

@@ -129,13 +129,15 @@ TEST_F(OffersTest, AfterARefusalTheStripEntersWhatFitsByAKeyAndGoes)
     EXPECT_EQ(message.trimmed(), window.text(1170));
     QLabel& strip = static_cast<QLabel&>(at(page().lblWhatFits));
     EXPECT_TRUE(strip.isVisible());
+    EXPECT_FALSE(at(page().lblPlan).isVisible()) << "the answer takes its place";
     EXPECT_TRUE(hint->text().endsWith(strip.text())) << hint->text().toStdString();
-    EXPECT_TRUE(strip.text().contains("268435")) << strip.text().toStdString();
+    EXPECT_TRUE(strip.text().contains("3 days 2 h")) << strip.text().toStdString();
     ASSERT_TRUE(page().moveFocus(&page().cmdTakeDuration));
     press(Qt::Key_Space);
-    EXPECT_EQ(page().txtDuration.text(), "268435");
-    EXPECT_EQ(window.session().drivers()[0]->settings().timebase->duration, 268435);
+    EXPECT_EQ(page().txtDuration.text(), "74");
+    EXPECT_EQ(window.session().drivers()[0]->settings().timebase->duration, 74 * 3600);
     EXPECT_FALSE(strip.isVisible() || at(page().cmdTakeDuration).isVisible());
+    EXPECT_TRUE(at(page().lblPlan).isVisible());
     EXPECT_TRUE(box.hasFocus());
 }
 
