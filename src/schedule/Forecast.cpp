@@ -192,6 +192,14 @@ std::int32_t Forecast::check(const SizeSettings& change) const
     return checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
 }
 
+bool Forecast::isBeyondLimit() const
+{
+    ByteTotals totals;
+    for (const File& file : files_)
+        (file.isDynamic ? totals.dynamicBytes : totals.staticBytes) += file.present;
+    return std::max(totals.dynamicBytes, totals.staticBytes) > fileSizeLimit;
+}
+
 std::optional<double> largestThatFits(Range within, double finest, const std::function<bool(double)>& fits)
 {
     for (double scale = 1.0; 1.0 / scale >= finest; scale *= 10.0) {

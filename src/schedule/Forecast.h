@@ -22,6 +22,9 @@ public:
     /// Returns the code that `Actions::updateDiskSpace` would return after the change.
     [[nodiscard]] std::int32_t check(const SizeSettings& change) const;
 
+    /// Whether the present settings exceed the limit. Unlike `check`, takes no missing figure for an overflow.
+    [[nodiscard]] bool isBeyondLimit() const;
+
     /// False when a figure followed the refused change in another way than computed.
     [[nodiscard]] bool isReliable() const { return isReliable_; }
 

@@ -19,14 +19,13 @@ namespace fitText = textNumber::fit;
 } // namespace
 
 WhatFits::WhatFits(Page& page, Support& support, Actions& actions, Recording& recording)
-    : page_(page), support_(support), actions_(actions), recording_(recording)
+    : page_(page), support_(support), actions_(actions),
+      recording_(recording), idleCaptions_{
+                                 filled(support.text(fitText::setOne), {support.text(textNumber::compare::duration)}),
+                                 filled(support.text(fitText::setOne), {support.text(textNumber::page::sampleRate)})}
 {
     page.cmdTakeDuration.click = [this] { take(byDuration_, "cmdTakeDuration_Click"); };
     page.cmdTakeRate.click = [this] { take(byRate_, "cmdTakeRate_Click"); };
-    // What a screen reader calls them until they offer something.
-    page.cmdTakeDuration.setCaption(
-        filled(support.text(fitText::setOne), {support.text(textNumber::compare::duration)}));
-    page.cmdTakeRate.setCaption(filled(support.text(fitText::setOne), {support.text(textNumber::page::sampleRate)}));
     withdraw();
 }
 
@@ -39,21 +38,21 @@ void WhatFits::tell(const LimitRefusal& refusal, const std::vector<double>& peri
     byDuration_.reset();
     byRate_.reset();
     step([&] {
-        std::string text = answers(refusal, periods);
+        const Forecast forecast(page_, refusal);
+        const bool isPresent = refusal.tried.empty();
+        if (isPresent && !forecast.isBeyondLimit())
+            return;
+        std::string text = forecast.isReliable() ? answers(forecast, refusal.wanted, periods) : std::string();
         text = text.empty() ? support_.text(fitText::nothing) : filled(support_.text(fitText::fits), {text});
-        if (refusal.tried.empty())
+        if (isPresent)
             text = filled(support_.text(textNumber::compare::sentences), {support_.text(fitText::exceeded), text});
         show(step, withOneFullStop(text));
     });
 }
 
 /// The answer with the wanted value comes first.
-std::string WhatFits::answers(const LimitRefusal& refusal, const std::vector<double>& periods)
+std::string WhatFits::answers(const Forecast& forecast, SizeSettings wanted, const std::vector<double>& periods)
 {
-    const Forecast forecast(page_, refusal);
-    if (!forecast.isReliable())
-        return {};
-    SizeSettings wanted = refusal.wanted;
     // A value for every driver cannot be entered in an editor of the current one.
     if (wanted.ofEveryDriver)
         wanted.samplePeriod = wanted.blockSize = std::nullopt;
@@ -153,6 +152,8 @@ void WhatFits::withdraw()
     byDuration_.reset();
     byRate_.reset();
     page_.lblWhatFits.setCaption("");
+    page_.cmdTakeDuration.setCaption(idleCaptions_[0]);
+    page_.cmdTakeRate.setCaption(idleCaptions_[1]);
     for (Control* control : {static_cast<Control*>(&page_.lblWhatFits), static_cast<Control*>(&page_.cmdTakeDuration),
                              static_cast<Control*>(&page_.cmdTakeRate)})
         control->setVisible(false);

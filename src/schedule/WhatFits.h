@@ -2,6 +2,8 @@
 
 #include "schedule/LargestFit.h"
 
+#include <array>
+
 namespace ko {
 
 /// After a refusal by the 2 GB limit, and for settings that exceed it when the page is built, answers on the page and
@@ -27,7 +29,8 @@ private:
         bool isForAll = false; ///< the value is for every driver, although its editor sets only the current one
     };
 
-    [[nodiscard]] std::string answers(const LimitRefusal& refusal, const std::vector<double>& periods);
+    [[nodiscard]] std::string answers(const Forecast& forecast, SizeSettings wanted,
+                                      const std::vector<double>& periods);
     [[nodiscard]] std::string answerByRate(const LargestFit& fit, const SizeSettings& wanted);
     [[nodiscard]] std::string answerByDuration(const LargestFit& fit, const SizeSettings& wanted);
     [[nodiscard]] std::string rateText(const EditedValue& value) const;
@@ -46,7 +49,8 @@ private:
     Recording& recording_;
     const Quantity* rate_ = &rateOf(timebaseNumber::samplePeriod); ///< of the refused kind of measurement
     std::optional<Answer> byDuration_, byRate_;
-    std::uint32_t told_ = 0; ///< number of refusals that were answered
+    std::uint32_t told_ = 0;                        ///< number of refusals that were answered
+    const std::array<std::string, 2> idleCaptions_; ///< of the buttons for duration and rate while they offer nothing
 };
 
 } // namespace ko

@@ -168,7 +168,10 @@ TEST_F(WhatFitsTest, WhereTheOtherDriversAreTooLargeTheRateIsOfferedForAll)
 TEST_F(WhatFitsTest, AFigureThatDoesNotFollowTheSettingsIsNeverForecast)
 {
     const auto growing = sampler.bytes;
+    sampler.failing = {"DynamicBytes"};
     open();
+    EXPECT_FALSE(page().lblWhatFits.visible()) << "nothing is known of a figure that fails";
+    sampler.failing.clear();
     sampler.bytes = [](const FakeDriver&) { return 3e9; };
     refuse(page().txtDuration, "9");
     EXPECT_TRUE(page().lblWhatFits.visible() && !page().cmdTakeDuration.visible() && !page().cmdTakeRate.visible());
