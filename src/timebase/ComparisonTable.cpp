@@ -22,6 +22,11 @@ std::string withoutMark(std::string caption)
     return caption;
 }
 
+const std::string& spoken(const Table::Cell& cell)
+{
+    return cell.meaning.empty() ? cell.text : cell.meaning;
+}
+
 } // namespace
 
 std::vector<const Quantity*> shownQuantities(const Page& page)
@@ -55,6 +60,20 @@ std::vector<std::string> ComparisonTable::columns() const
     return columns;
 }
 
+std::size_t ComparisonTable::columnOf(const Quantity& quantity) const
+{
+    const auto shown = shownQuantities(page_);
+    return static_cast<std::size_t>(std::find(shown.begin(), shown.end(), &quantity) - shown.begin());
+}
+
+std::size_t ComparisonTable::firstDiffering(const Quantity& quantity) const
+{
+    std::size_t row = 0;
+    while (row < schedules_.size() && !differs(page_, *quantity.number, row))
+        ++row;
+    return row < schedules_.size() ? row : 0;
+}
+
 std::vector<Table::Row> ComparisonTable::rows() const
 {
     const OfferAccount& account = page_.*explained_.number->offers;
@@ -72,7 +91,7 @@ std::vector<Table::Row> ComparisonTable::rows() const
             row.cells.push_back({std::move(text), {}, Table::Emphasis::none});
         for (std::size_t column = 0; column < row.cells.size(); ++column)
             row.cells[column].meaning =
-                filled(support_.text(compareText::meaning), {row.header, headers[column], row.cells[column].text});
+                filled(support_.text(compareText::meaning), {row.header, headers[column], spoken(row.cells[column])});
     }
     return rows;
 }
@@ -100,7 +119,7 @@ ComparisonTable::Cell ComparisonTable::quantity(const Quantity& quantity, std::s
         return notRead();
     const std::string text = numberText(quantity.isRate ? 1.0 / *held : *held, support_.locale());
     if (!isUsedBy(page_, number, driver))
-        return {filled(support_.text(compareText::unused), {text}), {}, Table::Emphasis::weak};
+        return {text, filled(support_.text(compareText::unused), {text}), Table::Emphasis::weak};
     return compared(text, differs(page_, number, driver));
 }
 

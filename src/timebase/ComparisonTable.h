@@ -22,6 +22,12 @@ public:
     [[nodiscard]] std::vector<std::string> columns() const;
     [[nodiscard]] std::vector<Table::Row> rows() const;
 
+    /// The column of a quantity that the page shows, and the first of those that describe offers.
+    [[nodiscard]] std::size_t columnOf(const Quantity& quantity) const;
+    [[nodiscard]] std::size_t offersColumn() const { return columns().size() - offers_.columns().size(); }
+    /// The row of the first driver that differs; 0 when none does.
+    [[nodiscard]] std::size_t firstDiffering(const Quantity& quantity) const;
+
 private:
     using Cell = Table::Cell;
 

@@ -45,19 +45,22 @@ void OfferButtons::pressed(const CommandButton& button, const Quantity& quantity
     const auto first = static_cast<std::size_t>(std::find(shown.begin(), shown.end(), &quantity) - shown.begin());
     step([&] {
         dialog_().Display(filled(support_.text(textNumber::offers::titleOf), {(page_.*quantity.label).caption()}),
-                          source(step, quantity, schedules), first);
+                          source(step, quantity, &button == &(page_.*quantity.mark), schedules), first);
     });
 }
 
 /// The dialog shows the list for which it was opened, even if the host replaces it meanwhile.
-ShowOffers::Source OfferButtons::source(const Steps& step, const Quantity& quantity,
+ShowOffers::Source OfferButtons::source(const Steps& step, const Quantity& quantity, bool isMark,
                                         const std::vector<StartStopSettings>& schedules)
 {
-    const auto content = [this, &quantity, &schedules] {
+    const auto content = [this, &quantity, &schedules, isMark] {
         const ComparisonTable table(page_, support_, quantity, schedules);
         const OfferTexts texts([this](int number) { return support_.text(number); }, support_.locale(),
                                quantity.isRate);
-        return ShowOffers::Content{texts.common(page_.*quantity.number->offers), table.columns(), table.rows()};
+        ShowOffers::Content shown{texts.common(page_.*quantity.number->offers), table.columns(), table.rows(), 0, 0};
+        shown.column = isMark ? table.columnOf(quantity) : table.offersColumn();
+        shown.row = isMark ? table.firstDiffering(quantity) : 0;
+        return shown;
     };
     const auto setAll = [this, &step](std::size_t chosen, const std::string& value) {
         const auto shown = shownQuantities(page_);

@@ -26,7 +26,7 @@ public:
 
 private:
     void pressed(const CommandButton& button, const Quantity& quantity);
-    [[nodiscard]] ShowOffers::Source source(const Steps& step, const Quantity& quantity,
+    [[nodiscard]] ShowOffers::Source source(const Steps& step, const Quantity& quantity, bool isMark,
                                             const std::vector<StartStopSettings>& schedules);
     [[nodiscard]] std::vector<ShowOffers::Settable> settable() const;
 

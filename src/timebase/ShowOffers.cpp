@@ -26,7 +26,10 @@ void ShowOffers::Display(const std::string& title, Source source, std::size_t fi
     const Steps step(support().errors, "Display");
     source_ = std::move(source);
     setCaption(title);
-    step([&] { fill(); });
+    step([&] {
+        const Content shown = fill();
+        tblOffers.show(shown.row, shown.column);
+    });
     for (Control* control :
          {static_cast<Control*>(&cmbQuantity), static_cast<Control*>(&txtValue), static_cast<Control*>(&cmdSetAll)})
         control->setEnabled(!settable_.empty());
@@ -37,11 +40,11 @@ void ShowOffers::Display(const std::string& title, Source source, std::size_t fi
     source_ = {};
 }
 
-void ShowOffers::fill()
+ShowOffers::Content ShowOffers::fill()
 {
-    Content content = source_.content();
+    const Content content = source_.content();
     lblCommon.setCaption(content.common);
-    tblOffers.setContent(std::move(content.columns), std::move(content.rows));
+    tblOffers.setContent(content.columns, content.rows);
     settable_ = source_.settable();
     std::vector<ComboBox::Item> items;
     for (const Settable& it : settable_)
@@ -50,6 +53,7 @@ void ShowOffers::fill()
     if (items != cmbQuantity.items())
         cmbQuantity.setItems(std::move(items));
     cmbQuantity.select(std::min(chosen, static_cast<std::int32_t>(settable_.size()) - 1));
+    return content;
 }
 
 void ShowOffers::showValue()

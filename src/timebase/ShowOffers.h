@@ -26,6 +26,7 @@ public:
         std::string common; ///< a sentence on what the drivers share
         std::vector<std::string> columns;
         std::vector<Table::Row> rows;
+        std::size_t row = 0, column = 0; ///< of the cell to start from
     };
     /// A quantity that can be set.
     struct Settable {
@@ -45,7 +46,7 @@ public:
     void Display(const std::string& title, Source source, std::size_t first);
 
 private:
-    void fill();
+    Content fill();
     void showValue();
     void setAll();
 

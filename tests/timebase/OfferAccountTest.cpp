@@ -211,7 +211,7 @@ TEST_F(ShowOffersTest, TheMarksAndTheTableFollowWhatEachDriverHolds)
     EXPECT_TRUE(page().lblPlan.caption().ends_with(" later. Sample Rate (Sa/s) differs: Fake (500), Fake (500)."))
         << page().lblPlan.caption();
     const Shown shown = press(page().cmdSampleRateDiffers);
-    EXPECT_EQ(column(shown, "Sample Rate (Sa/s)"), (Texts{"1000", "500 (differs)", "500 (differs)", "2 (not used)"}));
+    EXPECT_EQ(column(shown, "Sample Rate (Sa/s)"), (Texts{"1000", "500 (differs)", "500 (differs)", "2"}));
     EXPECT_EQ(column(shown, "Share of the disk space").back(), "12.2 %");
     EXPECT_EQ(shown.all[1].cells[0].emphasis, Table::Emphasis::strong);
 
@@ -228,7 +228,7 @@ TEST_F(ShowOffersTest, TheMarksAndTheTableFollowWhatEachDriverHolds)
     };
     const int before = host.changes;
     EXPECT_EQ(column(press(page().cmdSampleRateOffers), "Sample Rate (Sa/s)"),
-              (Texts{"100", "50 (differs)", "100", "100 (not used)"}));
+              (Texts{"100", "50 (differs)", "100", "100"}));
     EXPECT_EQ(host.changes, before + 1);
     EXPECT_EQ(mark.caption(), "1 of 3 differs");
     EXPECT_EQ(page().txtSampleRate.text() + " " + page().txtSamplePeriod.text(), "100 0.01");

@@ -133,6 +133,10 @@ private:
         QHeaderView& rows = *table_.verticalHeader();
         rows.setMinimumSectionSize(rows.defaultSectionSize());
         table_.resizeRowsToContents();
+        if (isNew_)
+            for (const int column : {table_.columnCount() - 1, table_.currentColumn()})
+                table_.scrollTo(table_.model()->index(table_.currentRow(), column));
+        isNew_ = false;
     }
     [[nodiscard]] QFont bold() const
     {
@@ -143,7 +147,8 @@ private:
 
     QTableWidget& table_;
     QPushButton* setAll_ = nullptr;
-    QTimer fit_; ///< fits the table after its content or its size has changed
+    bool isNew_ = true; ///< the user has not moved yet
+    QTimer fit_;        ///< fits the table after its content or its size has changed
 };
 
 } // namespace

@@ -85,7 +85,7 @@ int PageWidget::planHeight(int width) const
 /// Places the plan below the scrolled area.
 void PageWidget::placePlan()
 {
-    const QRect room = contentsRect();
+    const QRect room(contentsRect().topLeft(), QSize(viewport()->width(), contentsRect().height()));
     const bool isRefused = whatFits_->isVisibleTo(answers_);
     const int height = isRefused ? answersHeight(room.width()) : planHeight(room.width());
     setViewportMargins(0, 0, 0, height);

@@ -29,7 +29,7 @@ dialog ShowOffers
   choose cmbQuantity "Blocksize"
   text txtValue 128
   click cmdSetAll
-  expect-cell tblOffers Scanner "Blocksize" "128 (not used)"
+  expect-cell tblOffers Scanner "Blocksize" "128"
 end
 click cmdSampleRateOffers
 set-all sample-rate 100
