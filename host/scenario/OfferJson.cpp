@@ -53,6 +53,16 @@ Json offerJson(const OfferAccount& account, const DriverOffer& offer)
     return json;
 }
 
+/// The value asked is added only where the driver holds another one.
+void addReading(Json& offer, const Reading& reading)
+{
+    const Json held = reading.held ? Json(*reading.held) : Json();
+    if (reading.held)
+        offer["held"] = held;
+    if (reading.asked && reading.asked != reading.held)
+        offer.update({{"asked", *reading.asked}, {"kept", held}});
+}
+
 } // namespace
 
 Json offersJson(const OfferAccount& account, const SimulatedDrivers& drivers)
@@ -63,9 +73,8 @@ Json offersJson(const OfferAccount& account, const SimulatedDrivers& drivers)
         offer["name"] = i < drivers.size() ? Json(drivers[i]->settings().name) : Json();
         list.push_back(std::move(offer));
     }
-    for (const KeptOtherwise& it : account.keptOtherwise)
-        list.at(static_cast<std::size_t>(it.driver))
-            .update({{"asked", it.asked}, {"kept", it.kept ? Json(*it.kept) : Json()}});
+    for (std::size_t i = 0; i < account.readings.size() && i < list.size(); ++i)
+        addReading(list.at(i), account.readings[i]);
     return {{"shared", sharedJson(account)}, {"drivers", std::move(list)}};
 }
 

@@ -1,5 +1,6 @@
 #include "host/scenario/UserInput.h"
 
+#include "page/Quantities.h"
 #include "platform/CaptionControls.h"
 #include "platform/ComboBox.h"
 #include "platform/DateControls.h"
@@ -138,6 +139,15 @@ void doubleClick(Scenario& scenario, const Arguments& words)
     give(scenario, box, [&] { return box.userDoubleClicked(); });
 }
 
+void setAll(Scenario& scenario, const Arguments& words)
+{
+    const auto isNamed = [&](const Quantity& quantity) { return quantity.name == words.text(0); };
+    if (std::none_of(quantities.begin(), quantities.end(), isNamed))
+        scenario.refuse("\"" + words.text(0) + "\" is no quantity such as sample-rate");
+    if (scenario.document().setAll(words.text(0), words.text(1)) == Outcome::Inert)
+        logInert(scenario, nullptr);
+}
+
 struct KeyName {
     std::string_view name;
     std::int16_t value;
@@ -200,6 +210,7 @@ constexpr Command commands[]{
     {"choose", Giver::User, 2, 2, choose},
     {"click", Giver::User, 1, 1, click},
     {"double-click", Giver::User, 1, 1, doubleClick},
+    {"set-all", Giver::User, 2, 2, setAll},
 };
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "host/scenario/OfferJson.h"
 #include "host/support/InputError.h"
+#include "page/Differences.h"
 #include "page/OfferTexts.h"
 #include "page/Quantities.h"
 
@@ -19,7 +20,9 @@ std::string offersText(const HeadlessPage& played, const Quantity& quantity, con
         text += "  " + oneLine(played.drivers().at(i)->name());
         for (const std::string& cell : texts.row(account, i))
             text += " | " + oneLine(cell);
-        text += "\n";
+        text += differs(played.page(), *quantity.number, i)
+                    ? " | " + oneLine(played.text(textNumber::compare::otherThanPage)) + "\n"
+                    : "\n";
     }
     return text;
 }
@@ -42,6 +45,19 @@ Json offersOf(const HeadlessPage& played, const std::string& setting)
         if (!quantity.isRate && quantity.name == setting)
             return offersJson(played.page().*quantity.number->offers, played.drivers());
     return {};
+}
+
+Json differencesOf(const HeadlessPage& played, const std::string& setting)
+{
+    Json list = Json::array();
+    for (const Quantity& quantity : quantities) {
+        const OfferAccount& account = played.page().*quantity.number->offers;
+        for (std::size_t i = 0; quantity.name == setting && i < account.readings.size(); ++i)
+            if (differs(played.page(), *quantity.number, i))
+                list.push_back(
+                    {{"name", played.drivers().at(i)->name()}, {"value", quantity.shown(*account.readings[i].held)}});
+    }
+    return list;
 }
 
 } // namespace ko

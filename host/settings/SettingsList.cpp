@@ -147,6 +147,8 @@ Json settingJson(const Setting& setting, const HeadlessPage& played)
                          {"maximum", boundJson(allowed.range->maximum)}};
     if (Json offers = offersOf(played, setting.name); !offers.is_null())
         json["offers"] = std::move(offers);
+    if (Json differences = differencesOf(played, setting.name); !differences.empty())
+        json["differs"] = std::move(differences);
     return json;
 }
 

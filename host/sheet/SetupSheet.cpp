@@ -1,10 +1,11 @@
 #include "host/sheet/SetupSheet.h"
 
+#include "host/instruments/HeldNumbers.h"
 #include "host/sheet/InstrumentRow.h"
 #include "host/sheet/SheetHtml.h"
 #include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
-#include "page/Quantities.h"
+#include "page/Differences.h"
 #include "platform/DateTimes.h"
 #include "widgets/support/ShownText.h"
 
@@ -74,6 +75,7 @@ private:
     [[nodiscard]] Cells channel(InstrumentRow& group, InstrumentRow& row) const;
     [[nodiscard]] QString parameters(InstrumentRow& channel) const;
     [[nodiscard]] QString valueIn(const InstrumentRow& row) const;
+    [[nodiscard]] bool isOtherThanPage(const InstrumentRow& row) const;
 
     const SheetSource& source_;
     const Page& page_;
@@ -158,10 +160,20 @@ Rows Sheet::trigger() const
     return rows;
 }
 
+bool Sheet::isOtherThanPage(const InstrumentRow& row) const
+{
+    if (row.kind() != Kind::Quantity || row.item() >= heldNumbers.size())
+        return false;
+    const auto driver = static_cast<std::size_t>(row.parent()->parent()->number());
+    return differs(page_, *heldNumbers[row.item()].number, driver);
+}
+
 /// Returns `nothing` for a value that the instrument lacks and for a negative line number, which means no line.
 QString Sheet::valueIn(const InstrumentRow& row) const
 {
-    const QString value = valueOf(row, source_.texts, source_.locale);
+    QString value = valueOf(row, source_.texts, source_.locale);
+    if (isOtherThanPage(row))
+        value = text(textNumber::compare::differing).arg(value);
     const bool isNoLine = row.kind() == Kind::Line && value.startsWith(u'-');
     return value.isEmpty() || isNoLine ? nothing : value;
 }

@@ -12,6 +12,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace ko {
 
@@ -42,6 +43,10 @@ public:
     virtual void UserDocument_Hide() = 0;
 
     virtual Page& page() = 0;
+
+    /// The user sets a quantity ("sample-rate") of all drivers, as in the comparison of the drivers. Inert for an
+    /// unknown quantity and for one that the user cannot edit at present.
+    virtual Outcome setAll(std::string_view quantity, const std::string& value) = 0;
 };
 
 /// The component's dialogs, for views. The headers of their classes declare their controls.

@@ -1,7 +1,9 @@
 #include "document/TimebaseEditor.h"
 #include "interfaces/Timebase.h"
 #include "page/Quantities.h"
+#include "schedule/DiskSpace.h"
 #include "support/Steps.h"
+#include "timebase/Readings.h"
 
 #include <cmath>
 
@@ -27,7 +29,12 @@ void TimebaseEditor::initializeDocument()
     triggerChannel_.followStartMaster();
     schedule_.loadStartStop(step);
     followReadOnly(step);
-    refreshEstimate();
+    const std::int32_t code = updateDiskSpace();
+    readOtherDrivers(page_, step);
+    offerButtons_.follow();
+    schedule_.plan().show();
+    if (code != diskSpace::fits && !step.isSuperseded())
+        tellWhatFits({.code = code});
     if (!step.isSuperseded())
         page_.driverChangesPending = false;
 }

@@ -4,12 +4,14 @@
 #include "page/Quantities.h"
 #include "schedule/DiskSpace.h"
 
+#include <algorithm>
+
 namespace ko {
 
 TimebaseEditor::TimebaseEditor(Shared& shared, PropertyNotifySink& sink)
     : shared_(shared), support_(shared.support), sink_(sink), dynamicEditors_(page_, support_, *this),
       staticEditors_(page_, support_, *this),
-      offerButtons_(page_, support_, [&shared]() -> ShowOffers& { return shared.dialogs.showOffers(); }),
+      offerButtons_(page_, support_, setAll_, [&shared]() -> ShowOffers& { return shared.dialogs.showOffers(); }),
       schedule_(page_, support_, *this, [&shared]() -> SetDateTime& { return shared.dialogs.setDateTime(); }),
       triggerChannel_(page_, support_, *this, [&shared]() -> SelectChannel& { return shared.dialogs.selectChannel(); }),
       triggerLines_(page_, support_, *this, triggering_,
@@ -47,6 +49,7 @@ std::int32_t TimebaseEditor::updateDiskSpace()
     const Steps step(support_.errors, "updateDiskSpace");
     dynamicEditors_.follow(step, page_.figures.samplePeriod, page_.figures.blockSize);
     staticEditors_.follow(step);
+    offerButtons_.follow();
     // A recording that does not fit is about to be undone, so the plan does not show it.
     if (code == diskSpace::fits) {
         schedule_.plan().show();
@@ -55,10 +58,10 @@ std::int32_t TimebaseEditor::updateDiskSpace()
     return code;
 }
 
-void TimebaseEditor::tellWhatFits(std::int32_t code)
+void TimebaseEditor::tellWhatFits(const LimitRefusal& refusal)
 {
-    const bool isStatic = code == diskSpace::staticTooLarge;
-    schedule_.whatFits().tell(code, isStatic ? staticEditors_.periods() : dynamicEditors_.periods());
+    const bool isStatic = refusal.code == diskSpace::staticTooLarge;
+    schedule_.whatFits().tell(refusal, isStatic ? staticEditors_.periods() : dynamicEditors_.periods());
 }
 
 void TimebaseEditor::refreshEstimate()
@@ -86,6 +89,13 @@ void TimebaseEditor::disableTriggering(bool onTrigger)
 void TimebaseEditor::clearTriggerSource()
 {
     triggerChannel_.clearTriggerSource();
+}
+
+Outcome TimebaseEditor::setAll(std::string_view quantity, const std::string& value)
+{
+    const auto* found =
+        std::find_if(quantities.begin(), quantities.end(), [&](const Quantity& it) { return it.name == quantity; });
+    return found == quantities.end() || page_.isDialogOpen ? Outcome::Inert : setAll_.enter(*found, value);
 }
 
 bool TimebaseEditor::validateActiveControl(bool apply)
@@ -125,6 +135,10 @@ public:
     void UserDocument_Show() override { editor_->UserDocument_Show(); }
     void UserDocument_Hide() override { editor_->UserDocument_Hide(); }
     Page& page() override { return editor_->page(); }
+    Outcome setAll(std::string_view quantity, const std::string& value) override
+    {
+        return editor_->setAll(quantity, value);
+    }
 
 private:
     Shared& shared_;

@@ -53,6 +53,7 @@ public:
     IKopPrint& print() override { return *this; }
     IKopState& state() override { return *this; }
     Page& page() override { return page_; }
+    Outcome setAll(std::string_view quantity, const std::string& value) override;
 
     void UserDocument_Show() override;
     void UserDocument_Hide() override;
@@ -81,7 +82,8 @@ private:
     void markChanged() override;
     std::int32_t updateDiskSpace() override;
     void refreshEstimate() override;
-    void tellWhatFits(std::int32_t code) override;
+    void tellWhatFits(const LimitRefusal& refusal) override;
+    void setAll(const Quantity& quantity, const std::string& value) override { setAll_.enter(quantity, value); }
     void refreshPlan() override;
     void enableTriggering(bool onTrigger) override;
     void disableTriggering(bool onTrigger) override;
@@ -121,6 +123,7 @@ private:
     Page page_;
     DynamicEditors dynamicEditors_;
     StaticEditors staticEditors_;
+    SetAll setAll_{page_, support_, dynamicEditors_, staticEditors_};
     OfferButtons offerButtons_;
     Schedule schedule_;
     TriggerChannel triggerChannel_;

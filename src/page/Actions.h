@@ -1,8 +1,13 @@
 #pragma once
 
+#include "page/LimitRefusal.h"
+
 #include <cstdint>
+#include <string>
 
 namespace ko {
+
+struct Quantity;
 
 /// Requests of one section of the page to another, implemented by the document.
 class Actions {
@@ -19,9 +24,12 @@ public:
     /// as restored ones. Reports its own failures.
     virtual void refreshEstimate() = 0;
 
-    /// Shows and offers the settings that would fit, after the message for a code of `updateDiskSpace` and after the
-    /// old values are restored. Reports its own failures.
-    virtual void tellWhatFits(std::int32_t code) = 0;
+    /// Shows and offers the settings that would fit in place of a refused change, after the message and after the old
+    /// values are restored. Reports its own failures.
+    virtual void tellWhatFits(const LimitRefusal& refusal) = 0;
+
+    /// Sets a quantity of every driver, as the user does in the comparison of the drivers. Reports its own failures.
+    virtual void setAll(const Quantity& quantity, const std::string& value) = 0;
 
     /// Updates the plan's sentence after a change of how the recording starts, unless the page is being loaded.
     /// `updateDiskSpace` also updates it. Reports its own failures.

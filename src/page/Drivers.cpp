@@ -115,18 +115,23 @@ double dynamicDriverBytes(Driver& driver)
 ByteTotals sumDriverBytes(Drivers drivers, const Driver* scanned)
 {
     ByteTotals totals;
+    totals.each.reserve(drivers.size());
     for (const auto& driver : drivers) {
+        DriverFigures& found = totals.each.emplace_back();
         if (!driver)
             continue;
         try {
-            if (countsAsDynamic(*driver)) {
-                totals.dynamicBytes += dynamicDriverBytes(*driver);
+            found.isDynamic = countsAsDynamic(*driver);
+            if (found.isDynamic) {
+                found.bytes = dynamicDriverBytes(*driver);
+                totals.dynamicBytes += *found.bytes;
                 continue;
             }
             const std::int32_t scans = numberOfScans(*driver);
             if (driver.get() == scanned)
                 totals.scans = scans;
-            totals.staticBytes += staticBytes(scans, countEnabledChannels(*driver));
+            found.bytes = staticBytes(scans, countEnabledChannels(*driver));
+            totals.staticBytes += *found.bytes;
         } catch (...) {
             continue;
         }

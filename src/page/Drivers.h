@@ -1,6 +1,7 @@
 #pragma once
 
 #include "interfaces/Driver.h"
+#include "page/Figures.h"
 #include "platform/Locale.h"
 #include "support/StringTable.h"
 
@@ -43,6 +44,7 @@ struct ByteTotals {
     double staticBytes = 0.0;
     double dynamicBytes = 0.0;
     std::optional<std::int32_t> scans{}; ///< of `scanned`; none when it is not static or failed
+    std::vector<DriverFigures> each{};   ///< one for each entry of the list
 };
 /// `scanned` is the driver whose scans are returned, too; may be null.
 ByteTotals sumDriverBytes(Drivers drivers, const Driver* scanned = nullptr);

@@ -27,8 +27,9 @@ public:
     }
 
     /// Writes to each driver its own earlier values where it holds others, and forgets them. The limit is not checked:
-    /// the values were in force before. Failures are reported to `step`. Returns whether a write was attempted.
-    bool writeBack(const Steps& step)
+    /// the values were in force before. `kept(driver, earlier, now)` is called with what each driver written then
+    /// holds. Failures are reported to `step`. Returns whether a write was attempted.
+    template <class Kept> bool writeBack(const Steps& step, Kept&& kept)
     {
         bool any = false;
         const std::vector<Setting> values = std::exchange(values_, {});
@@ -43,6 +44,7 @@ public:
                 return;
             any = true;
             change.write(step, *at.timebase);
+            kept(at.driver, values[index], values[index].read(step, *at.timebase));
         });
         return any;
     }

@@ -4,8 +4,15 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace ko {
+
+/// What the estimate found of one driver.
+struct DriverFigures {
+    bool isDynamic = false;      ///< false, too, when its modes cannot be read
+    std::optional<double> bytes; ///< of its recording; none when the figure failed
+};
 
 /// Estimated figures of the recording. A figure that is not set is unknown or does not apply.
 struct Figures {
@@ -20,6 +27,7 @@ struct Figures {
     std::optional<double> scanPeriod;     ///< in seconds, as read for `scans`
     std::optional<double> dynamicBytes;   ///< of all dynamic drivers
     std::optional<double> staticBytes;
+    std::vector<DriverFigures> drivers; ///< one for each entry of the list; as last estimated, even beyond the limit
 };
 
 } // namespace ko

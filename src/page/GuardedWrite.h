@@ -27,6 +27,7 @@ namespace ko {
 ///     Setting without(const Setting&) const         the members that are set here and not set or different in the
 ///                                                   other
 ///     bool isEmpty() const                          no member is set
+///     SizeSettings sizeSettings() const             the members that the size of the recording follows from
 /// `read` and `write` report their failures to the steps.
 template <class Setting> class GuardedWrite {
 public:
@@ -90,6 +91,7 @@ public:
         const std::int32_t code = actions_.updateDiskSpace();
         if (code == 0 || step.isSuperseded())
             return true;
+        const LimitRefusal refused = refusal(code);
         step([&] { showLimitMessage(support_, code); });
         for (Written& it : written_)
             restore(step, it);
@@ -97,7 +99,7 @@ public:
             return false;
         step(std::forward<PutBack>(putBack));
         actions_.refreshEstimate();
-        actions_.tellWhatFits(code);
+        actions_.tellWhatFits(refused);
         return false;
     }
 
@@ -108,6 +110,18 @@ public:
     [[nodiscard]] bool anyWritten() const { return anyWritten_; }
 
 private:
+    /// Must be called while the refused values are in force.
+    [[nodiscard]] LimitRefusal refusal(std::int32_t code) const
+    {
+        LimitRefusal refused{.code = code, .wanted = wanted_.sizeSettings(), .tried = {}};
+        refused.wanted.ofEveryDriver = written_.size() > 1;
+        for (const DriverFigures& driver : page_.figures.drivers)
+            refused.tried.push_back({{}, driver.bytes});
+        for (const Written& it : written_)
+            if (const auto driver = static_cast<std::size_t>(it.at.driver); it.tried && driver < refused.tried.size())
+                refused.tried[driver].kept = it.kept.sizeSettings();
+        return refused;
+    }
     void restore(const Steps& step, Written& it)
     {
         const Setting changed = it.tried ? it.before.without(it.kept) : Setting{};

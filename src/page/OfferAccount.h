@@ -35,27 +35,43 @@ struct DriverOffer {
     Range kept;                    ///< the common range after this driver; 0 and 0 for none
 };
 
-/// A driver that read back another value than the one written, or could not be read back.
-struct KeptOtherwise {
-    std::int32_t driver = -1;
-    double asked = 0.0;
-    std::optional<double> kept;
+/// A driver's number as last read. It is read when the page is built, after each write, and when the comparison of the
+/// drivers is opened.
+struct Reading {
+    std::optional<double> asked; ///< the number written last; none: not written since the page was built
+    std::optional<double> held;  ///< none: not read, or the last reading failed
 };
 
-/// Why a quantity's editors accept what they accept. Periods in seconds, block sizes in samples.
+/// Why a quantity's editors accept what they accept, and what the drivers hold. Periods in seconds, block sizes in
+/// samples.
 struct OfferAccount {
-    std::vector<DriverOffer> drivers;         ///< one for each entry of the driver list
-    std::vector<double> removed;              ///< the values removed from the common list, driver by driver
-    std::uint32_t common = 0;                 ///< number of values that all drivers share
-    Range commonValues;                       ///< the lowest and highest of them
-    Range range;                              ///< the range common to all drivers; 0 and 0 for none
-    std::vector<KeptOtherwise> keptOtherwise; ///< drivers that differ after the last write
+    std::vector<DriverOffer> drivers; ///< one for each entry of the driver list
+    std::vector<double> removed;      ///< the values removed from the common list, driver by driver
+    std::uint32_t common = 0;         ///< number of values that all drivers share
+    Range commonValues;               ///< the lowest and highest of them
+    Range range;                      ///< the range common to all drivers; 0 and 0 for none
+    std::vector<Reading> readings;    ///< one for each entry of the driver list
+    std::optional<double> shown;      ///< the number that the editors show; none: the one that the drivers hold
 
-    /// Records the value that a driver kept after a write.
+    /// Records the number that a driver holds; none when its reading failed.
+    void noteRead(std::int32_t driver, const std::optional<double>& held)
+    {
+        if (Reading* reading = readingOf(driver))
+            reading->held = held;
+    }
+    /// Records the number that a driver kept after a write, which the editors are about to show.
     void noteWritten(std::int32_t driver, double asked, const std::optional<double>& kept)
     {
-        if (kept != asked)
-            keptOtherwise.push_back({driver, asked, kept});
+        if (Reading* reading = readingOf(driver))
+            *reading = {asked, kept};
+        shown.reset();
+    }
+
+private:
+    Reading* readingOf(std::int32_t driver)
+    {
+        const auto index = static_cast<std::size_t>(driver);
+        return driver >= 0 && index < readings.size() ? &readings[index] : nullptr;
     }
 };
 

@@ -11,6 +11,7 @@ namespace ko {
 namespace {
 
 namespace offerText = textNumber::offers;
+namespace compareText = textNumber::compare;
 
 /// More values than this are counted instead of listed.
 constexpr std::uint32_t listedAtMost = 20;
@@ -95,15 +96,16 @@ std::string OfferTexts::effect(const OfferAccount& account, const DriverOffer& o
 
 std::string OfferTexts::lastWrite(const OfferAccount& account, std::size_t driver) const
 {
-    const auto& all = account.keptOtherwise;
-    const auto found = std::find_if(all.begin(), all.end(), [&](const KeptOtherwise& it) {
-        return it.driver >= 0 && static_cast<std::size_t>(it.driver) == driver;
-    });
-    if (found == all.end())
-        return texts_(offerText::asAsked);
-    if (!found->kept)
-        return filled(texts_(offerText::notReadBack), {number(found->asked)});
-    return filled(texts_(offerText::keptOtherwise), {number(found->asked), number(*found->kept)});
+    const Reading reading = driver < account.readings.size() ? account.readings[driver] : Reading{};
+    if (!reading.asked)
+        return reading.held ? filled(texts_(compareText::notAsked), {number(*reading.held)})
+                            : texts_(compareText::notRead);
+    if (!reading.held)
+        return filled(texts_(offerText::notReadBack), {number(*reading.asked)});
+    const std::string asked = number(*reading.asked);
+    const std::string held = number(*reading.held);
+    return asked == held ? filled(texts_(offerText::asAsked), {asked})
+                         : filled(texts_(offerText::keptOtherwise), {asked, held});
 }
 
 std::string OfferTexts::common(const OfferAccount& account) const

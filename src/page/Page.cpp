@@ -33,13 +33,10 @@ void numberQuantities(Page& page)
         CommandButton& button = page.*quantity.button;
         button.setCaption("?");
         toolTip(button, textNumber::offers::explainHint);
+        CommandButton& mark = page.*quantity.mark;
+        mark.setVisible(false);
+        toolTip(mark, textNumber::compare::markHint);
     }
-}
-
-void numberTakingButtons(Page& page)
-{
-    caption(page.cmdTakeDuration, textNumber::offers::setLongestDuration);
-    caption(page.cmdTakeRate, textNumber::offers::setHighestRate);
 }
 
 void numberCaptions(Page& page)
@@ -91,7 +88,6 @@ Page::Page() : Form("TimebaseEditor")
     numberCaptions(*this);
     numberToolTips(*this);
     numberQuantities(*this);
-    numberTakingButtons(*this);
     for (Label* label : {&lblNoTriggerLine, &lblStartPast, &lblStartDay, &lblStopDay})
         label->setVisible(false);
     std::vector<ComboBox::Item> units;

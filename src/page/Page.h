@@ -29,7 +29,8 @@ inline constexpr std::int16_t paste = 2; ///< it accepts pasted and deleted text
 /// The timebase page as data: its controls by name, in tab order, and the document's fields. Captions and hints are
 /// offsets into the string table until they are loaded.
 ///
-/// The buttons that explain an editor belong to no frame, so that they can be used while the editor is disabled.
+/// The buttons that explain an editor and those that show that drivers differ belong to no frame, so that they can be
+/// used while the editor is disabled.
 class Page : public Form {
 public:
     Page();
@@ -42,14 +43,17 @@ public:
     Label lblSampleRate{*this, "lblSampleRate", &frmDynamic};
     ComboBox cmbSampleRate{*this, "cmbSampleRate", &frmDynamic};
     TextBox txtSampleRate{*this, "txtSampleRate", &frmDynamic};
+    CommandButton cmdSampleRateDiffers{*this, "cmdSampleRateDiffers"};
     CommandButton cmdSampleRateOffers{*this, "cmdSampleRateOffers"};
     Label lblSamplePeriod{*this, "lblSamplePeriod", &frmDynamic};
     ComboBox cmbSamplePeriod{*this, "cmbSamplePeriod", &frmDynamic};
     TextBox txtSamplePeriod{*this, "txtSamplePeriod", &frmDynamic};
+    CommandButton cmdSamplePeriodDiffers{*this, "cmdSamplePeriodDiffers"};
     CommandButton cmdSamplePeriodOffers{*this, "cmdSamplePeriodOffers"};
     Label lblBlockSize{*this, "lblBlockSize", &frmDynamic};
     ComboBox cmbBlockSize{*this, "cmbBlockSize", &frmDynamic};
     TextBox txtBlockSize{*this, "txtBlockSize", &frmDynamic};
+    CommandButton cmdBlockSizeDiffers{*this, "cmdBlockSizeDiffers"};
     CommandButton cmdBlockSizeOffers{*this, "cmdBlockSizeOffers"};
     Label lblSpan{*this, "lblSpan", &frmDynamic};
     Label lblSpanValue{*this, "lblSpanValue", &frmDynamic};
@@ -62,10 +66,12 @@ public:
     Label lblScanRate{*this, "lblScanRate", &frmStatic};
     ComboBox cmbScanRate{*this, "cmbScanRate", &frmStatic};
     TextBox txtScanRate{*this, "txtScanRate", &frmStatic};
+    CommandButton cmdScanRateDiffers{*this, "cmdScanRateDiffers"};
     CommandButton cmdScanRateOffers{*this, "cmdScanRateOffers"};
     Label lblScanPeriod{*this, "lblScanPeriod", &frmStatic};
     ComboBox cmbScanPeriod{*this, "cmbScanPeriod", &frmStatic};
     TextBox txtScanPeriod{*this, "txtScanPeriod", &frmStatic};
+    CommandButton cmdScanPeriodDiffers{*this, "cmdScanPeriodDiffers"};
     CommandButton cmdScanPeriodOffers{*this, "cmdScanPeriodOffers"};
     Label lblNumScans{*this, "lblNumScans", &frmStatic};
     Label lblNumScansValue{*this, "lblNumScansValue", &frmStatic};
@@ -134,7 +140,9 @@ public:
 
     Figures figures; ///< of the last estimate
 
-    // Common offers of the drivers and how they result.
+    std::vector<std::string> driverNames; ///< as read when the page was built; empty where that failed
+
+    // Common offers of the drivers and how they result, and what the drivers hold.
     OfferAccount samplePeriodOffers, blockSizeOffers, scanPeriodOffers;
 
     std::optional<TriggerVars> triggerVars;

@@ -68,6 +68,14 @@ NumberSetting NumberSetting::read(const Steps& step, Timebase& timebase) const
     return read;
 }
 
+SizeSettings NumberSetting::sizeSettings() const
+{
+    SizeSettings settings;
+    if (number)
+        settings.*number->size = value;
+    return settings;
+}
+
 bool NumberSetting::write(const Steps& step, Timebase& timebase) const
 {
     return !value || step([&] { (timebase.*number->set)(*value); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "interfaces/Timebase.h"
+#include "page/LimitRefusal.h"
 #include "page/Page.h"
 #include "page/Timebases.h"
 #include "support/Steps.h"
@@ -24,6 +25,7 @@ struct TimebaseNumber {
     bool isPeriod;                              ///< accepts only numbers above 0 with a finite reciprocal
     bool toAllDrivers;                          ///< true: written to every driver; false: to the current dynamic one
     Frame Page::*frame;                         ///< contains its editors
+    std::optional<double> SizeSettings::*size;  ///< its member there
 };
 
 namespace timebaseNumber {
@@ -35,7 +37,8 @@ inline constexpr TimebaseNumber samplePeriod{"samplePeriod",
                                              &Page::samplePeriodOffers,
                                              true,
                                              false,
-                                             &Page::frmDynamic};
+                                             &Page::frmDynamic,
+                                             &SizeSettings::samplePeriod};
 inline constexpr TimebaseNumber blockSize{"blockSize",
                                           &Timebase::BlockSize,
                                           &Timebase::setBlockSize,
@@ -44,7 +47,8 @@ inline constexpr TimebaseNumber blockSize{"blockSize",
                                           &Page::blockSizeOffers,
                                           false,
                                           false,
-                                          &Page::frmDynamic};
+                                          &Page::frmDynamic,
+                                          &SizeSettings::blockSize};
 inline constexpr TimebaseNumber scanPeriod{"scanPeriod",
                                            &Timebase::ScanPeriod,
                                            &Timebase::setScanPeriod,
@@ -53,7 +57,8 @@ inline constexpr TimebaseNumber scanPeriod{"scanPeriod",
                                            &Page::scanPeriodOffers,
                                            true,
                                            true,
-                                           &Page::frmStatic};
+                                           &Page::frmStatic,
+                                           &SizeSettings::scanPeriod};
 inline constexpr std::array all{&samplePeriod, &blockSize, &scanPeriod};
 } // namespace timebaseNumber
 
@@ -69,6 +74,7 @@ struct Quantity {
     ComboBox Page::*list;        ///< shown when the drivers share discrete values
     TextBox Page::*box;          ///< shown otherwise
     CommandButton Page::*button; ///< explains what the drivers offer
+    CommandButton Page::*mark;   ///< shown while drivers hold another number than the one shown
 
     /// Convert between the number that a driver holds and the number shown. Failure 11 for the reciprocal of 0.
     [[nodiscard]] double shown(double held) const;
@@ -82,19 +88,20 @@ struct Quantity {
 inline constexpr std::array quantities{
     Quantity{"sample-rate", "Sa/s", &timebaseNumber::samplePeriod, true, NumberType::Double,
              textNumber::page::sampleRate, textNumber::page::sampleRateHint, &Page::lblSampleRate, &Page::cmbSampleRate,
-             &Page::txtSampleRate, &Page::cmdSampleRateOffers},
+             &Page::txtSampleRate, &Page::cmdSampleRateOffers, &Page::cmdSampleRateDiffers},
     Quantity{"sample-period", "s", &timebaseNumber::samplePeriod, false, NumberType::Double,
              textNumber::page::samplePeriod, textNumber::page::samplePeriodHint, &Page::lblSamplePeriod,
-             &Page::cmbSamplePeriod, &Page::txtSamplePeriod, &Page::cmdSamplePeriodOffers},
+             &Page::cmbSamplePeriod, &Page::txtSamplePeriod, &Page::cmdSamplePeriodOffers,
+             &Page::cmdSamplePeriodDiffers},
     Quantity{"block-size", "Sa", &timebaseNumber::blockSize, false, NumberType::Long, textNumber::page::blockSize,
              textNumber::page::blockSizeHint, &Page::lblBlockSize, &Page::cmbBlockSize, &Page::txtBlockSize,
-             &Page::cmdBlockSizeOffers},
+             &Page::cmdBlockSizeOffers, &Page::cmdBlockSizeDiffers},
     Quantity{"scan-rate", "Sc/s", &timebaseNumber::scanPeriod, true, NumberType::Double, textNumber::page::scanRate,
              textNumber::page::scanRateHint, &Page::lblScanRate, &Page::cmbScanRate, &Page::txtScanRate,
-             &Page::cmdScanRateOffers},
+             &Page::cmdScanRateOffers, &Page::cmdScanRateDiffers},
     Quantity{"scan-period", "s", &timebaseNumber::scanPeriod, false, NumberType::Double, textNumber::page::scanPeriod,
              textNumber::page::scanPeriodHint, &Page::lblScanPeriod, &Page::cmbScanPeriod, &Page::txtScanPeriod,
-             &Page::cmdScanPeriodOffers},
+             &Page::cmdScanPeriodOffers, &Page::cmdScanPeriodDiffers},
 };
 
 /// Calls `visit(const Quantity&)` for each quantity that shows the number, rate before period.
@@ -129,6 +136,7 @@ struct NumberSetting {
         return value == other.value ? NumberSetting{} : *this;
     }
     [[nodiscard]] bool isEmpty() const { return !value; }
+    [[nodiscard]] SizeSettings sizeSettings() const;
 };
 
 } // namespace ko

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "interfaces/Timebase.h"
+#include "page/LimitRefusal.h"
 #include "page/TriggerVars.h"
 #include "support/Steps.h"
 
@@ -45,6 +46,7 @@ struct StartStopSettings {
 
     /// The members that are set here and not set or different in `other`.
     [[nodiscard]] StartStopSettings without(const StartStopSettings& other) const;
+    [[nodiscard]] SizeSettings sizeSettings() const { return {.seconds = duration}; }
     [[nodiscard]] bool isEmpty() const { return !(startMode || startTime || stopMode || duration); }
 };
 

@@ -13,4 +13,11 @@ void Table::setContent(std::vector<std::string> columns, std::vector<Row> rows)
     tellView(Aspect::Items);
 }
 
+void Table::show(std::size_t row, std::size_t column)
+{
+    shownRow_ = row;
+    shownColumn_ = column;
+    tellView(Aspect::Selection);
+}
+
 } // namespace ko

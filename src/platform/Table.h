@@ -34,9 +34,15 @@ public:
     [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
     void setContent(std::vector<std::string> columns, std::vector<Row> rows);
 
+    /// Moves the user to a cell. The position is not followed when the user leaves it.
+    void show(std::size_t row, std::size_t column);
+    [[nodiscard]] std::size_t shownRow() const { return shownRow_; }
+    [[nodiscard]] std::size_t shownColumn() const { return shownColumn_; }
+
 private:
     std::vector<std::string> columns_;
     std::vector<Row> rows_;
+    std::size_t shownRow_ = 0, shownColumn_ = 0;
 };
 
 } // namespace ko

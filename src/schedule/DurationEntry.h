@@ -22,7 +22,10 @@ protected:
     void accept(const Steps& step, double value) override;
     void showElsewhere(const Steps& step, double seconds) override { recording_.follow(step, seconds); }
     void forgetEarlier() override { earlier_.clear(); }
-    bool writeEarlier(const Steps& step) override { return earlier_.writeBack(step); }
+    bool writeEarlier(const Steps& step) override
+    {
+        return earlier_.writeBack(step, [](auto&&...) {});
+    }
     void restored(const Steps& step) override { recording_.restored(step); }
     bool isActive() override { return page().optAfter.value(); }
 

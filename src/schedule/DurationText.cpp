@@ -1,5 +1,6 @@
 #include "schedule/DurationText.h"
 
+#include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
 #include "support/Phrases.h"
@@ -58,6 +59,15 @@ std::string shortNumber(const Support& support, double value)
 {
     const double rounded = toHundredths(value);
     return numberText(rounded > 0.0 ? rounded : value, support.locale());
+}
+
+double wholeDuration(double seconds)
+{
+    if (seconds < secondsPerUnit(TimeUnit::hours))
+        return seconds;
+    const double length =
+        secondsPerUnit(seconds < secondsPerUnit(TimeUnit::days) ? TimeUnit::minutes : TimeUnit::hours);
+    return std::floor(seconds / length) * length;
 }
 
 } // namespace ko

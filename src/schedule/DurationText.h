@@ -13,4 +13,7 @@ std::string durationText(const Support& support, double seconds);
 /// A number with at most two decimals, more if it would otherwise be 0.
 std::string shortNumber(const Support& support, double value);
 
+/// The longest duration, not longer than `seconds`, that `durationText` names exactly from an hour on.
+double wholeDuration(double seconds);
+
 } // namespace ko

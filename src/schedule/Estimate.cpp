@@ -27,7 +27,8 @@ std::int32_t Estimate::updateDiskSpace()
     figures.plannedSeconds.reset();
     if (!step([&] { figures.plannedSeconds = recording_.plannedSeconds(); }))
         return diskSpace::fits;
-    const ByteTotals totals = sumDriverBytes(page_.currentDrivers(), page_.driverAt(page_.scannedDriverIndex));
+    ByteTotals totals = sumDriverBytes(page_.currentDrivers(), page_.driverAt(page_.scannedDriverIndex));
+    figures.drivers = std::move(totals.each);
     const std::int32_t code = checkDiskSpace(totals, page_.hasDynamicDrivers, page_.hasStaticDrivers);
     figures.samplePeriod = figures.blockSize = figures.scanPeriod = std::nullopt;
     if (code == diskSpace::fits) {

@@ -36,8 +36,7 @@ std::optional<DateTime> later(std::optional<DateTime> start, std::optional<doubl
 {
     if (!start || !seconds || *seconds < 0.0)
         return std::nullopt;
-    constexpr double secondsPerDay = 86400.0;
-    if (!isInValidYears({start->days + *seconds / secondsPerDay}))
+    if (!isInValidYears({start->days + *seconds / secondsPerUnit(TimeUnit::days)}))
         return std::nullopt;
     return dateAdd(TimeUnit::seconds, *seconds, *start);
 }

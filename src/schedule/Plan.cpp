@@ -1,5 +1,6 @@
 #include "schedule/Plan.h"
 
+#include "page/Differences.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
@@ -7,8 +8,6 @@
 #include "support/Phrases.h"
 #include "support/Steps.h"
 #include "support/TextNumbers.h"
-
-#include <cmath>
 
 namespace ko {
 
@@ -30,7 +29,12 @@ void Plan::show()
 {
     const Steps step(support_.errors, "showPlan");
     const Moments moments = step.value([&] { return momentsOf(page_, support_); });
-    step([&] { page_.lblPlan.setCaption(withOneFullStop(sentence(moments))); });
+    step([&] {
+        const std::string plan = withOneFullStop(sentence(moments));
+        const std::string differences = differencesText(page_, support_);
+        page_.lblPlan.setCaption(
+            differences.empty() ? plan : filled(text(textNumber::compare::sentences), {plan, differences}));
+    });
     times_.show(step, moments);
 }
 

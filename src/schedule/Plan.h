@@ -7,7 +7,8 @@
 namespace ko {
 
 /// Summarizes the recording in one sentence: how it starts, how long it lasts, its size and when it ends; and as a
-/// timeline. Uses only the page's controls, the figures of the last estimate and the clock; calls no driver.
+/// timeline. Names the drivers that hold other numbers than the page shows. Uses only the page's controls, the figures
+/// of the last estimate and the clock; calls no driver.
 class Plan {
 public:
     Plan(Page& page, Support& support) : page_(page), support_(support), times_(page, support) {}

@@ -32,7 +32,7 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
     : page_(page), support_(support), captured_(page), recording_(page, support, actions, captured_),
       startStop_(page, support, actions, recording_), duration_(page, support, recording_),
       times_(page, support, recording_, std::move(dialog)), estimate_(page, support, recording_),
-      whatFits_(page, support, recording_), plan_(page, support)
+      whatFits_(page, support, actions, recording_), plan_(page, support)
 {
     page.minutePassed = [this] {
         if (page_.isShown && !page_.isLoading)

@@ -1,13 +1,14 @@
 #include "schedule/WhatFits.h"
 
+#include "page/Differences.h"
 #include "page/Hints.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
-#include "support/Numbers.h"
+#include "schedule/DurationText.h"
 #include "support/Phrases.h"
 #include "support/TextNumbers.h"
 
-#include <limits>
+#include <cmath>
 
 namespace ko {
 
@@ -15,167 +16,214 @@ namespace {
 
 namespace fitText = textNumber::fit;
 
-constexpr double finestDuration = 1e-3;
-constexpr double finestRate = 1e-9;
-
 } // namespace
 
-WhatFits::WhatFits(Page& page, Support& support, Recording& recording)
-    : page_(page), support_(support), recording_(recording)
+WhatFits::WhatFits(Page& page, Support& support, Actions& actions, Recording& recording)
+    : page_(page), support_(support), actions_(actions),
+      recording_(recording), idleCaptions_{
+                                 filled(support.text(fitText::setOne), {support.text(textNumber::compare::duration)}),
+                                 filled(support.text(fitText::setOne), {support.text(textNumber::page::sampleRate)})}
 {
-    page.cmdTakeDuration.click = [this] { takeDuration(); };
-    page.cmdTakeRate.click = [this] { takeRate(); };
+    page.cmdTakeDuration.click = [this] { take(byDuration_, "cmdTakeDuration_Click"); };
+    page.cmdTakeRate.click = [this] { take(byRate_, "cmdTakeRate_Click"); };
     withdraw();
 }
 
-void WhatFits::tell(std::int32_t code, const std::vector<double>& periods)
+void WhatFits::tell(const LimitRefusal& refusal, const std::vector<double>& periods)
 {
     const Steps step(support_.errors, "tellWhatFits");
-    quantity_ = &rateOf(code == diskSpace::staticTooLarge ? timebaseNumber::scanPeriod : timebaseNumber::samplePeriod);
-    duration_.reset();
-    rate_.reset();
+    ++told_;
+    rate_ =
+        &rateOf(refusal.code == diskSpace::staticTooLarge ? timebaseNumber::scanPeriod : timebaseNumber::samplePeriod);
+    byDuration_.reset();
+    byRate_.reset();
     step([&] {
-        const Forecast forecast(page_);
-        std::string offered = offerDuration(forecast);
-        if (const std::string rate = offerRate(forecast, periods); !rate.empty())
-            offered = filled(support_.text(fitText::either), {offered, rate});
-        show(step, withOneFullStop(filled(support_.text(fitText::fits), {offered})));
+        const Forecast forecast(page_, refusal);
+        const bool isPresent = refusal.tried.empty();
+        if (isPresent && !forecast.isBeyondLimit())
+            return;
+        std::string text = forecast.isReliable() ? answers(forecast, refusal.wanted, periods) : std::string();
+        text = text.empty() ? support_.text(fitText::nothing) : filled(support_.text(fitText::fits), {text});
+        if (isPresent)
+            text = filled(support_.text(textNumber::compare::sentences), {support_.text(fitText::exceeded), text});
+        show(step, withOneFullStop(text));
     });
+}
+
+/// The answer with the wanted value comes first.
+std::string WhatFits::answers(const Forecast& forecast, SizeSettings wanted, const std::vector<double>& periods)
+{
+    // A value for every driver cannot be entered in an editor of the current one.
+    if (wanted.ofEveryDriver)
+        wanted.samplePeriod = wanted.blockSize = std::nullopt;
+    wanted.ofEveryDriver = false;
+    const LargestFit fit(page_, support_, recording_, forecast, *rate_, periods);
+    const std::string byDuration = answerByDuration(fit, wanted);
+    const std::string byRate = wanted.blockSize ? std::string() : answerByRate(fit, wanted);
+    if (byDuration.empty() || byRate.empty())
+        return byDuration + byRate;
+    const bool isRateWanted = wanted.samplePeriod || wanted.scanPeriod;
+    return isRateWanted ? filled(support_.text(fitText::either), {byDuration, byRate})
+                        : filled(support_.text(fitText::either), {byRate, byDuration});
+}
+
+/// The wanted or else the present duration, at the highest rate that allows it: of the current driver or, if the others
+/// alone are too large, of every driver.
+std::string WhatFits::answerByRate(const LargestFit& fit, const SizeSettings& wanted)
+{
+    const auto seconds = wanted.seconds ? std::optional(widen(*wanted.seconds)) : recording_.durationInForce();
+    Answer answer{wanted.seconds ? seconds : std::nullopt};
+    for (const bool isForAll : {false, true}) {
+        if (answer.value || !seconds)
+            break;
+        answer.isForAll = isForAll && !rate_->number->toAllDrivers;
+        answer.value = fit.highestRate({.seconds = wanted.seconds, .ofEveryDriver = isForAll});
+    }
+    if (!answer.value)
+        return {};
+    byRate_ = answer;
+    return filled(support_.text(fitText::durationAtMostRate), {durationText(support_, *seconds), valueText(answer)});
+}
+
+/// The longest duration at the wanted or else the present rate or, for a wanted block size, with that one.
+std::string WhatFits::answerByDuration(const LargestFit& fit, const SizeSettings& wanted)
+{
+    SizeSettings others = wanted;
+    others.seconds.reset();
+    const auto seconds = fit.longest(others);
+    const bool isAfter = page_.optAfter.value();
+    auto value = fit.wanted(others);
+    const auto held = shownNumber(page_, *rate_->number);
+    if (!seconds || (!value && !held) || (!isAfter && page_.txtStartTime.text().empty()))
+        return {};
+    const std::string rate = rateText(value ? *value : fit.rateOf(*held));
+    byDuration_ = Answer{seconds, std::move(value)};
+    return isAfter ? filled(support_.text(fitText::durationAtRate), {durationText(support_, *seconds), rate})
+                   : filled(support_.text(fitText::stopAtRate), {stopText(*seconds), rate});
+}
+
+/// "770 Sa/s" or, for a block size, its name and value.
+std::string WhatFits::rateText(const EditedValue& value) const
+{
+    const std::string unit(value.quantity->unit);
+    return value.quantity->isRate
+               ? filled(support_.text(fitText::rate), {value.text, unit})
+               : filled(support_.text(fitText::rate), {(page_.*value.quantity->label).caption(), value.text});
+}
+
+std::string WhatFits::valueText(const Answer& answer) const
+{
+    const std::string rate = rateText(*answer.value);
+    return answer.isForAll ? filled(support_.text(fitText::forAll), {rate}) : rate;
+}
+
+std::string WhatFits::stopText(double seconds) const
+{
+    return recording_.computeStopTime(seconds, recording_.timeIn(page_.txtStartTime));
+}
+
+std::string WhatFits::captionOf(const Answer& answer) const
+{
+    if (answer.seconds && !page_.optAfter.value() && !answer.value)
+        return filled(support_.text(fitText::stopAt), {stopText(*answer.seconds)});
+    const std::string duration = answer.seconds ? durationText(support_, *answer.seconds) : std::string();
+    const std::string value = answer.value ? valueText(answer) : std::string();
+    return duration.empty() || value.empty() ? filled(support_.text(fitText::setOne), {duration + value})
+                                             : filled(support_.text(fitText::setBoth), {duration, value});
 }
 
 void WhatFits::show(const Steps& step, const std::string& text)
 {
     page_.lblWhatFits.setCaption(text);
     page_.lblWhatFits.setVisible(true);
-    for (const auto& [button, offered] :
-         {std::pair{&page_.cmdTakeDuration, &duration_}, {&page_.cmdTakeRate, &rate_}}) {
+    for (const auto& [button, answer] :
+         {std::pair{&page_.cmdTakeDuration, &byDuration_}, {&page_.cmdTakeRate, &byRate_}}) {
+        const bool isOffered = answer->has_value() && !page_.readOnly;
         button->setTag(text);
-        button->setVisible(offered->has_value());
+        if (isOffered)
+            button->setCaption(captionOf(**answer));
+        button->setVisible(isOffered);
     }
     step([&] { showHint(page_, "  " + text); });
 }
 
 void WhatFits::withdraw()
 {
-    duration_.reset();
-    rate_.reset();
+    byDuration_.reset();
+    byRate_.reset();
     page_.lblWhatFits.setCaption("");
+    page_.cmdTakeDuration.setCaption(idleCaptions_[0]);
+    page_.cmdTakeRate.setCaption(idleCaptions_[1]);
     for (Control* control : {static_cast<Control*>(&page_.lblWhatFits), static_cast<Control*>(&page_.cmdTakeDuration),
                              static_cast<Control*>(&page_.cmdTakeRate)})
         control->setVisible(false);
 }
 
-std::optional<double> WhatFits::longest(const Forecast& forecast) const
+/// First enters what makes the recording smaller. After another refusal, which has shown a message and other answers,
+/// nothing more is entered.
+void WhatFits::take(std::optional<Answer>& offered, const char* handler)
 {
-    const auto fitsFor = [&](double seconds) {
-        return forecast.check({.seconds = toSingle(seconds)}) == diskSpace::fits;
-    };
-    const double present = recording_.durationInForce().value_or(0.0);
-    const double least = fitsFor(present) ? present : 0.0;
-    // Stop times have a resolution of one second.
-    const double finest = page_.optAfter.value() ? finestDuration : 1.0;
-    const auto found = largestThatFits({least, std::numeric_limits<float>::max()}, finest, fitsFor);
-    return !found && least > 0.0 ? present : found;
-}
-
-std::string WhatFits::offerDuration(const Forecast& forecast)
-{
-    const auto found = longest(forecast);
-    const bool after = page_.optAfter.value();
-    if (!found || *found >= endless || (!after && page_.txtStartTime.text().empty()))
-        return support_.text(fitText::noDuration);
-    const std::string number = numberText(*found, support_.locale());
-    duration_ =
-        Suggestion{after ? number : recording_.computeStopTime(*found, recording_.timeIn(page_.txtStartTime)), -1};
-    return filled(support_.text(after ? fitText::longestDuration : fitText::latestStop), {duration_->text});
-}
-
-bool WhatFits::fits(const Forecast& forecast, double period) const
-{
-    Forecast::Change change;
-    (quantity_->number == &timebaseNumber::scanPeriod ? change.scanPeriod : change.samplePeriod) = period;
-    return forecast.check(change) == diskSpace::fits;
-}
-
-std::optional<WhatFits::Suggestion> WhatFits::rateFromList(const Forecast& forecast, const std::vector<double>& periods)
-{
-    std::optional<std::size_t> best;
-    for (std::size_t i = 0; i < periods.size(); ++i)
-        if ((!best || periods[i] < periods[*best]) && fits(forecast, periods[i]))
-            best = i;
-    if (!best)
-        return std::nullopt;
-    return Suggestion{(page_.*quantity_->list).items().at(*best).text, static_cast<std::int32_t>(*best)};
-}
-
-std::optional<WhatFits::Suggestion> WhatFits::rateForBox(const Forecast& forecast)
-{
-    const auto fitsAt = [&](double rate) { return fits(forecast, reciprocal(rate)); };
-    const TimebaseNumber& number = *quantity_->number;
-    const double present = quantity_->shown((required(shownTimebase(page_, number).timebase).*number.get)());
-    const double least = fitsAt(present) ? present : 0.0;
-    const NumberBounds bounds = quantity_->bounds(page_);
-    const Range within{largerOf(bounds.minimum.value_or(0.0), least), bounds.maximum.value_or(endless)};
-    auto found = largestThatFits(within, finestRate, fitsAt);
-    if (!found && least > 0.0)
-        found = present;
-    if (!found || *found >= endless)
-        return std::nullopt;
-    return Suggestion{numberText(*found, support_.locale()), -1};
-}
-
-std::string WhatFits::offerRate(const Forecast& forecast, const std::vector<double>& periods)
-{
-    if (!shownTimebase(page_, *quantity_->number) || (periods.empty() && !(page_.*quantity_->box).isUsable()))
-        return {};
-    rate_ = periods.empty() ? rateForBox(forecast) : rateFromList(forecast, periods);
-    const std::string& label = (page_.*quantity_->label).caption();
-    if (!rate_)
-        return filled(support_.text(fitText::noRate), {label});
-    return filled(support_.text(fitText::highestRate), {label, rate_->text});
-}
-
-/// Enters the value as a user does: moving the focus to the editor first validates the control that is left.
-void WhatFits::takeDuration()
-{
-    const Steps step(support_.errors, "cmdTakeDuration_Click");
-    const auto offered = std::exchange(duration_, std::nullopt);
-    if (!offered)
+    const Steps step(support_.errors, handler);
+    const bool isRateFirst = &offered == &byRate_;
+    const auto answer = std::exchange(offered, std::nullopt);
+    if (!answer)
         return;
-    constexpr std::int32_t seconds = 0;
-    TextBox& box = page_.optAfter.value() ? page_.txtDuration : page_.txtStopTime;
-    if (&box == &page_.txtStopTime || page_.cmbInterval.index() == seconds) {
-        if (page_.moveFocus(&box))
-            step([&] { box.setText(offered->text); });
+    const std::uint32_t told = told_;
+    for (const bool isRate : {isRateFirst, !isRateFirst}) {
+        if (told_ != told || step.isSuperseded())
+            return;
+        if (isRate && answer->isForAll)
+            actions_.setAll(*answer->value->quantity, answer->value->text);
+        else if (isRate && answer->value)
+            enter(step, *answer->value);
+        if (!isRate && answer->seconds)
+            enter(step, *answer->seconds);
+    }
+}
+
+/// Enters a value as a user does: moving the focus to the editor first validates the control that is left.
+void WhatFits::enter(const Steps& step, double seconds)
+{
+    if (!page_.optAfter.value()) {
+        if (page_.moveFocus(&page_.txtStopTime))
+            step([&] { page_.txtStopTime.setText(stopText(seconds)); });
+        return;
+    }
+    ComboBox& units = page_.cmbInterval;
+    std::int32_t unit = static_cast<std::int32_t>(units.items().size()) - 1;
+    const auto length = [&] { return units.items().at(static_cast<std::size_t>(unit)).itemData; };
+    while (unit > 0 && std::fmod(seconds, length()) != 0.0)
+        --unit;
+    const std::string text = numberText(seconds / length(), support_.locale());
+    if (units.index() == unit) {
+        if (page_.moveFocus(&page_.txtDuration))
+            step([&] { page_.txtDuration.setText(text); });
         return;
     }
     // The number and its unit are written together.
-    if (!page_.moveFocus(&page_.cmbInterval))
+    if (!page_.moveFocus(&units))
         return;
     step([&] {
-        recording_.show(box, offered->text);
-        page_.cmbInterval.select(seconds);
-        raise(page_.cmbInterval.click);
+        recording_.show(page_.txtDuration, text);
+        units.select(unit);
+        raise(units.click);
     });
+    page_.moveFocus(&page_.txtDuration);
 }
 
-void WhatFits::takeRate()
+void WhatFits::enter(const Steps& step, const EditedValue& value)
 {
-    const Steps step(support_.errors, "cmdTakeRate_Click");
-    const auto offered = std::exchange(rate_, std::nullopt);
-    if (!offered)
-        return;
-    ComboBox& list = page_.*quantity_->list;
-    TextBox& box = page_.*quantity_->box;
-    const bool fromList = offered->entry >= 0;
+    ComboBox& list = page_.*value.quantity->list;
+    TextBox& box = page_.*value.quantity->box;
+    const bool fromList = value.entry >= 0;
     if (!page_.moveFocus(fromList ? static_cast<Control*>(&list) : static_cast<Control*>(&box)))
         return;
     step([&] {
         if (!fromList) {
-            box.setText(offered->text);
+            box.setText(value.text);
             return;
         }
-        list.select(offered->entry);
+        list.select(value.entry);
         raise(list.click);
     });
 }

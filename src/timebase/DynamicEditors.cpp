@@ -1,9 +1,11 @@
 #include "timebase/DynamicEditors.h"
 
+#include "page/Differences.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
 #include "support/Numbers.h"
 #include "timebase/QuantityEntry.h"
+#include "timebase/WriteToAll.h"
 
 namespace ko {
 
@@ -40,7 +42,7 @@ protected:
         showSpan(step, written.inForce);
     }
 
-    void restored(const Steps& step) override { owner_.restored(step, *quantity().number); }
+    void restored(const Steps& step) override { owner_.restored(step); }
 
 private:
     void showSpan(const Steps& step, std::optional<double> period)
@@ -85,6 +87,9 @@ std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double>
     const Range range = page_.blockSizeOffers.range;
     size = smallerOf(largerOf(*size, range.minimum), range.maximum);
     blockSizes_.showInBoxes(Steps(support_.errors, procedure), *size, nullptr);
+    // Without an offer the box shows 0, which is no number to compare with.
+    if (range == Range{})
+        page_.blockSizeOffers.shown.reset();
     return size;
 }
 
@@ -98,9 +103,7 @@ void DynamicEditors::follow(const Steps& step, const std::optional<double>& peri
 
 void DynamicEditors::note(const TimebaseNumber& number, double asked, const std::optional<double>& kept)
 {
-    OfferAccount& offers = page_.*number.offers;
-    offers.keptOtherwise.clear();
-    offers.noteWritten(page_.dynamicDriverIndex, asked, kept);
+    (page_.*number.offers).noteWritten(page_.dynamicDriverIndex, asked, kept);
 }
 
 DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseNumber& number, double value,
@@ -118,8 +121,10 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
         return holds && holds(before.value) ? NumberSetting{} : wanted;
     };
     const auto& it = guarded.write(step, {driver, timebase}, lacking, [] {});
-    if (!it.tried)
+    if (!it.tried) {
+        (page_.*number.offers).noteRead(driver, it.kept.value);
         return {Fate::Untouched, it.kept.value};
+    }
     note(number, value, it.kept.value);
     if (it.kept.value && it.kept.value == it.before.value)
         return {it.written ? Fate::Kept : Fate::Failed, it.kept.value};
@@ -135,11 +140,26 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
     return {it.written ? Fate::Accepted : Fate::Failed, it.kept.value};
 }
 
-void DynamicEditors::restored(const Steps& step, const TimebaseNumber& number)
+void DynamicEditors::restored(const Steps& step)
 {
-    (page_.*number.offers).keptOtherwise.clear();
     step([&] { actions_.markChanged(); });
     actions_.refreshEstimate();
+}
+
+void DynamicEditors::setAll(const Steps& step, const TimebaseNumber& number, double value)
+{
+    const Scoped guard(page_.isUpdating, true);
+    const WrittenToAll result = writeToAll(
+        step, page_, support_, actions_, {&number, value},
+        [value](const std::optional<double>& held) { return held == value; }, [] {});
+    if (result.written && !result.refused)
+        step([&] { actions_.markChanged(); });
+    if (step.isSuperseded())
+        return;
+    const auto held = shownNumber(page_, number);
+    editors(number).showInForce(step, held);
+    if (number.isPeriod)
+        showSpan(step, held);
 }
 
 void DynamicEditors::listClicked(ComboBox& chosen, ValueEditors& editors)

@@ -46,7 +46,10 @@ public:
                   const std::function<bool(const std::optional<double>&)>& holds = {},
                   EarlierValues<NumberSetting>* earlier = nullptr);
     /// Called when the numbers of drivers have been restored: notifies the host and updates the derived labels.
-    void restored(const Steps& step, const TimebaseNumber& number);
+    void restored(const Steps& step);
+
+    /// Writes a number to every driver that does not hold it, and shows what the current one then holds.
+    void setAll(const Steps& step, const TimebaseNumber& number, double value);
 
     /// Shows the span of a sample period in seconds; empty when `period` is none.
     void showSpan(const Steps& step, std::optional<double> period);
@@ -55,6 +58,10 @@ public:
     [[nodiscard]] const std::vector<std::unique_ptr<NumberEntry>>& entries() const { return entries_; }
     /// The periods in the lists, in seconds; none while the boxes are shown.
     [[nodiscard]] const std::vector<double>& periods() const { return periods_.values(); }
+    [[nodiscard]] ValueEditors& editors(const TimebaseNumber& number)
+    {
+        return &number == &timebaseNumber::blockSize ? blockSizes_ : periods_;
+    }
 
 private:
     void listClicked(ComboBox& chosen, ValueEditors& editors);

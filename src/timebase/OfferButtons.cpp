@@ -1,61 +1,90 @@
 #include "timebase/OfferButtons.h"
 
-#include "page/Quantities.h"
-#include "platform/Failure.h"
+#include "page/Differences.h"
+#include "page/OfferTexts.h"
+#include "platform/NumberText.h"
 #include "platform/Scoped.h"
 #include "support/Phrases.h"
 #include "support/TextNumbers.h"
+#include "timebase/ComparisonTable.h"
+#include "timebase/Readings.h"
+
+#include <algorithm>
 
 namespace ko {
 
-OfferButtons::OfferButtons(Page& page, Support& support, Dialog dialog)
-    : page_(page), support_(support), dialog_(std::move(dialog))
+OfferButtons::OfferButtons(Page& page, Support& support, SetAll& setAll, Dialog dialog)
+    : page_(page), support_(support), setAll_(setAll), dialog_(std::move(dialog))
 {
     for (const Quantity& quantity : quantities)
-        (page_.*quantity.button).click = [this, &quantity] { pressed(quantity); };
+        for (CommandButton* button : {&(page_.*quantity.button), &(page_.*quantity.mark)})
+            button->click = [this, button, &quantity] { pressed(*button, quantity); };
 }
 
 void OfferButtons::follow()
 {
     for (const Quantity& quantity : quantities)
         (page_.*quantity.button).setVisible((page_.*quantity.number->frame).visible());
+    const Steps step(support_.errors, "showDifferences");
+    for (const TimebaseNumber* number : timebaseNumber::all)
+        step([&] { showDifferences(page_, support_, *number); });
 }
 
-void OfferButtons::pressed(const Quantity& quantity)
+void OfferButtons::pressed(const CommandButton& button, const Quantity& quantity)
 {
     if (page_.isLoading || page_.isDialogOpen)
         return;
-    const std::string procedure = (page_.*quantity.button).name() + "_Click";
+    const std::string procedure = button.name() + "_Click";
     const Steps step(support_.errors, procedure);
     const Scoped open(page_.isDialogOpen, true);
-    const OfferTexts texts([this](int number) { return support_.text(number); }, support_.locale(), quantity.isRate);
-    const OfferAccount& account = page_.*quantity.number->offers;
+    const std::vector<StartStopSettings> schedules = readEveryDriver(page_, step);
+    if (step.isOver())
+        return;
+    follow();
+    const auto shown = shownQuantities(page_);
+    const auto first = static_cast<std::size_t>(std::find(shown.begin(), shown.end(), &quantity) - shown.begin());
     step([&] {
         dialog_().Display(filled(support_.text(textNumber::offers::titleOf), {(page_.*quantity.label).caption()}),
-                          texts.common(account), texts.columns(), rows(step, account, texts));
+                          source(step, quantity, &button == &(page_.*quantity.mark), schedules), first);
     });
 }
 
-std::vector<Table::Row> OfferButtons::rows(const Steps& step, const OfferAccount& account,
-                                           const OfferTexts& texts) const
+/// The dialog shows the list for which it was opened, even if the host replaces it meanwhile.
+ShowOffers::Source OfferButtons::source(const Steps& step, const Quantity& quantity, bool isMark,
+                                        const std::vector<StartStopSettings>& schedules)
 {
-    std::vector<Table::Row> rows;
-    rows.reserve(account.drivers.size());
-    for (std::size_t i = 0; i < account.drivers.size(); ++i) {
-        Table::Row& row = rows.emplace_back();
-        row.header = nameOf(step, i);
-        for (std::string& text : texts.row(account, i))
-            row.cells.push_back({std::move(text), {}, Table::Emphasis::none});
-    }
-    return rows;
+    const auto content = [this, &quantity, &schedules, isMark] {
+        const ComparisonTable table(page_, support_, quantity, schedules);
+        const OfferTexts texts([this](int number) { return support_.text(number); }, support_.locale(),
+                               quantity.isRate);
+        ShowOffers::Content shown{texts.common(page_.*quantity.number->offers), table.columns(), table.rows(), 0, 0};
+        shown.column = isMark ? table.columnOf(quantity) : table.offersColumn();
+        shown.row = isMark ? table.firstDiffering(quantity) : 0;
+        return shown;
+    };
+    const auto setAll = [this, &step](std::size_t chosen, const std::string& value) {
+        const auto shown = shownQuantities(page_);
+        if (!step.isSuperseded() && chosen < shown.size())
+            setAll_.enter(*shown[chosen], value);
+    };
+    const auto settableNow = [this, &step] {
+        return step.isSuperseded() ? std::vector<ShowOffers::Settable>{} : settable();
+    };
+    return {content, settableNow, setAll};
 }
 
-/// A driver whose name cannot be read is named by its position in the list.
-std::string OfferButtons::nameOf(const Steps& step, std::size_t driver) const
+std::vector<ShowOffers::Settable> OfferButtons::settable() const
 {
-    const auto index = static_cast<std::int32_t>(driver);
-    std::string name = step.value([&] { return required(page_.driverAt(index)).DriverName(0); });
-    return name.empty() ? std::to_string(driver + 1) : name;
+    std::vector<ShowOffers::Settable> all;
+    for (const Quantity* quantity : shownQuantities(page_)) {
+        if (!setAll_.isPossible(*quantity))
+            return {};
+        const auto shown = shownNumber(page_, *quantity->number);
+        const double value = shown.value_or(0.0);
+        all.push_back({(page_.*quantity->label).caption(),
+                       shown ? numberText(quantity->isRate ? 1.0 / value : value, support_.locale()) : ""});
+    }
+    return all;
 }
 
 } // namespace ko

@@ -1,38 +1,38 @@
 #pragma once
 
-#include "page/OfferTexts.h"
 #include "page/Page.h"
+#include "page/StartStopSettings.h"
 #include "support/Steps.h"
 #include "support/Support.h"
+#include "timebase/SetAll.h"
 #include "timebase/ShowOffers.h"
 
 #include <functional>
 
 namespace ko {
 
-struct Quantity;
-
-/// The buttons beside the editors of rates, periods and the block size, which explain why an editor accepts what it
-/// accepts.
+/// The buttons beside the editors of rates, periods and the block size: one explains why the editor accepts what it
+/// accepts, the other, the mark, is shown while drivers differ. Both open the comparison of the drivers.
 class OfferButtons {
 public:
     /// Returns the component's dialog.
     using Dialog = std::function<ShowOffers&()>;
 
     /// Sets the buttons' event handlers. Referenced objects must outlive this object.
-    OfferButtons(Page& page, Support& support, Dialog dialog);
+    OfferButtons(Page& page, Support& support, SetAll& setAll, Dialog dialog);
 
-    /// Shows each button if its editor's frame is shown, else hides it.
+    /// Shows each explaining button if its editor's frame is shown, else hides it, and updates the marks.
     void follow();
 
 private:
-    void pressed(const Quantity& quantity);
-    [[nodiscard]] std::vector<Table::Row> rows(const Steps& step, const OfferAccount& account,
-                                               const OfferTexts& texts) const;
-    [[nodiscard]] std::string nameOf(const Steps& step, std::size_t driver) const;
+    void pressed(const CommandButton& button, const Quantity& quantity);
+    [[nodiscard]] ShowOffers::Source source(const Steps& step, const Quantity& quantity, bool isMark,
+                                            const std::vector<StartStopSettings>& schedules);
+    [[nodiscard]] std::vector<ShowOffers::Settable> settable() const;
 
     Page& page_;
     Support& support_;
+    SetAll& setAll_;
     Dialog dialog_;
 };
 

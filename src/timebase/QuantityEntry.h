@@ -22,7 +22,7 @@ protected:
     double shown(double held) const override { return quantity_.shown(held); }
     void showElsewhere(const Steps& step, double held) override { editors_.showInBoxes(step, held, &box()); }
     void forgetEarlier() override { earlier_.clear(); }
-    bool writeEarlier(const Steps& step) override { return earlier_.writeBack(step); }
+    bool writeEarlier(const Steps& step) override;
     /// Only numbers that are written to every driver show their range.
     Range hintRange() override;
 

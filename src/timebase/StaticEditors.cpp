@@ -38,7 +38,7 @@ protected:
         auto reads = lastAnswer<double>([&](double held) { return holds(held, value); });
         const auto result = owner_.setDriversScanRate(
             requested, [&](const std::optional<double>& held) { return held && reads(*held); }, &earlier());
-        show(step, {result.inForce, requested, result.written, result.rejected});
+        show(step, {result.last, requested, result.written, result.refused});
     }
 
     void restored(const Steps& step) override { owner_.restored(step); }
@@ -67,56 +67,27 @@ void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
     periods_.build("initScanRateEditors", scanPeriod);
 }
 
-StaticEditors::ScanPeriod
-StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool(const std::optional<double>&)>& holds,
-                                  EarlierValues<NumberSetting>* earlier)
+WrittenToAll StaticEditors::setDriversScanRate(double newScanPeriod,
+                                               const std::function<bool(const std::optional<double>&)>& holds,
+                                               EarlierValues<NumberSetting>* earlier)
 {
     const Steps step(support_.errors, "setDriversScanRate");
     const auto notify = [&] { step([&] { actions_.markChanged(); }); };
-    OfferAccount& offers = page_.scanPeriodOffers;
-    offers.keptOtherwise.clear();
-    const Drivers drivers = page_.currentDrivers();
-    const NumberSetting wanted{&timebaseNumber::scanPeriod, newScanPeriod};
-    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, wanted, drivers.size(), earlier);
     if (!holds)
         notify();
-    ScanPeriod result;
-    forEachTimebase(step, drivers, [&](IndexedTimebase at) {
-        const auto& it = guarded.write(
-            step, at,
-            [&](const NumberSetting& before) { return holds && holds(before.value) ? NumberSetting{} : wanted; },
-            [&] {
-                if (holds)
-                    notify();
-            });
-        result.inForce = it.kept.value;
-        if (it.tried)
-            offers.noteWritten(at.driver, newScanPeriod, it.kept.value);
-    });
-    result.written = guarded.anyWritten();
-    if (holds && !guarded.anyTried())
-        return result;
-    if (!guarded.fits(step, [&] { noteRestored(guarded); })) {
-        result.rejected = true;
-        result.inForce = guarded.drivers().empty() ? std::nullopt : guarded.drivers().back().kept.value;
-    }
-    return result;
+    return writeToAll(
+        step, page_, support_, actions_, {&timebaseNumber::scanPeriod, newScanPeriod}, holds,
+        [&] {
+            if (holds)
+                notify();
+        },
+        earlier);
 }
 
 void StaticEditors::restored(const Steps& step)
 {
-    page_.scanPeriodOffers.keptOtherwise.clear();
     step([&] { actions_.markChanged(); });
     actions_.refreshEstimate();
-}
-
-void StaticEditors::noteRestored(const GuardedWrite<NumberSetting>& guarded)
-{
-    OfferAccount& offers = page_.scanPeriodOffers;
-    offers.keptOtherwise.clear();
-    for (const auto& it : guarded.drivers())
-        if (it.tried && it.before.value)
-            offers.noteWritten(it.at.driver, *it.before.value, it.kept.value);
 }
 
 /// Both lists select the period that the drivers then hold, or else stay on the chosen entry, even after a refusal.
@@ -127,15 +98,23 @@ void StaticEditors::choose(const ComboBox& chosen)
     const std::string procedure = chosen.name() + "_Click";
     const Steps step(support_.errors, procedure);
     const auto period = step.value([&] { return std::optional(periods_.valueAt(chosen.index())); });
-    const ScanPeriod result = period ? setDriversScanRate(*period) : ScanPeriod{};
+    const WrittenToAll result = period ? setDriversScanRate(*period) : WrittenToAll{};
     if (step.isSuperseded())
         return;
-    if (result.written && !result.rejected)
-        periods_.selectValue(result.inForce, chosen.index());
+    if (result.written && !result.refused)
+        periods_.selectValue(result.last, chosen.index());
     else
-        periods_.select(chosen.index());
-    if (!result.inForce)
+        periods_.keep(chosen.index());
+    if (!result.last)
         periods_.markUnknown();
+}
+
+void StaticEditors::setAll(const Steps& step, double seconds)
+{
+    const WrittenToAll result =
+        setDriversScanRate(seconds, [seconds](const std::optional<double>& held) { return held == seconds; });
+    if (!step.isSuperseded())
+        periods_.showInForce(step, result.last);
 }
 
 void StaticEditors::follow(const Steps& step)
@@ -147,13 +126,13 @@ void StaticEditors::follow(const Steps& step)
 void StaticEditors::pushLoaded(double seconds)
 {
     const Steps step(support_.errors, "initScanRateEditors");
-    const ScanPeriod result = setDriversScanRate(seconds);
-    if (!result.inForce || *result.inForce == seconds)
+    const WrittenToAll result = setDriversScanRate(seconds);
+    if (!result.last || *result.last == seconds)
         return;
     if (periods_.values().empty())
-        periods_.showInBoxes(step, *result.inForce, nullptr);
+        periods_.showInBoxes(step, *result.last, nullptr);
     else
-        periods_.selectValue(*result.inForce, -1);
+        periods_.selectValue(*result.last, -1);
 }
 
 } // namespace ko

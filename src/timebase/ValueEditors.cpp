@@ -1,5 +1,6 @@
 #include "timebase/ValueEditors.h"
 
+#include "page/Differences.h"
 #include "platform/NumberText.h"
 #include "platform/Scoped.h"
 
@@ -51,7 +52,8 @@ void ValueEditors::build(std::string_view procedure, std::optional<double> inFor
     MergedChoices merged = mergeOffers(procedure);
     values_ = merged.values();
     OfferAccount& offers = page_.*number_.offers = std::move(merged).account();
-    offers.keptOtherwise.reserve(page_.currentDrivers().size());
+    offers.readings.resize(page_.currentDrivers().size());
+    offers.noteRead(number_.toAllDrivers ? page_.scannedDriverIndex : page_.dynamicDriverIndex, inForce);
     const Steps step(support_.errors, procedure);
     const bool isWritable = canBeWritten();
     forEachQuantityOf(number_, [&](const Quantity& quantity) {
@@ -149,6 +151,40 @@ void ValueEditors::selectValue(std::optional<double> value, std::int32_t otherwi
     const std::int32_t found = value ? entryOf(*value) : -1;
     select(found >= 0 ? found : otherwise);
     isUnknown_ = !value;
+    noteShown(value);
+}
+
+void ValueEditors::keep(std::int32_t entry)
+{
+    select(entry);
+    const auto index = static_cast<std::size_t>(entry);
+    noteShown(entry >= 0 && index < values_.size() ? std::optional(values_[index]) : std::nullopt);
+}
+
+void ValueEditors::noteShown(std::optional<double> value)
+{
+    (page_.*number_.offers).shown = value;
+    showDifferences(page_, support_, number_);
+}
+
+void ValueEditors::showInForce(const Steps& step, std::optional<double> value)
+{
+    if (!values_.empty())
+        selectValue(value, selected_);
+    else if (value)
+        showInBoxes(step, *value, nullptr);
+    if (!value)
+        markUnknown();
+}
+
+double ValueEditors::exactNumber(const Quantity& quantity, double entered) const
+{
+    const std::string wanted = text(entered);
+    const auto meant = [&](double number) { return text(quantity.shown(number)) == wanted; };
+    if (const auto shown = shownNumber(page_, number_); shown && meant(*shown))
+        return *shown;
+    const auto found = std::find_if(values_.begin(), values_.end(), meant);
+    return found != values_.end() ? *found : quantity.held(entered);
 }
 
 void ValueEditors::showInBoxes(const Steps& step, double value, const TextBox* typedIn)
@@ -160,12 +196,15 @@ void ValueEditors::showInBoxes(const Steps& step, double value, const TextBox* t
         if (&box != typedIn)
             step([&] { box.setText(text(quantity.shown(value))); });
     });
+    step([&] { noteShown(value); });
 }
 
 void ValueEditors::follow(const Steps& step, const std::optional<double>& value)
 {
     if (!isUnknown_ || !value)
         return;
+    if (!number_.toAllDrivers)
+        (page_.*number_.offers).noteRead(page_.dynamicDriverIndex, value);
     if (!values_.empty()) {
         selectValue(value, selected_);
         return;

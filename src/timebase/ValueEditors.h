@@ -40,6 +40,14 @@ public:
     /// or has the same text. Selects `otherwise` when there is none or the number is unknown.
     void selectValue(std::optional<double> value, std::int32_t otherwise);
 
+    /// Selects an entry that the drivers may not hold.
+    void keep(std::int32_t entry);
+    /// Shows the number in force, none for unknown, after a write that was not made with these editors.
+    void showInForce(const Steps& step, std::optional<double> value);
+    /// The number that a user's number means: the one shown, or an entry's, if it is displayed alike. Failures reach
+    /// the caller.
+    [[nodiscard]] double exactNumber(const Quantity& quantity, double entered) const;
+
     /// Shows a number in all boxes except the one that the user is typing in (may be null).
     void showInBoxes(const Steps& step, double value, const TextBox* typedIn);
 
@@ -58,6 +66,7 @@ private:
     [[nodiscard]] std::int32_t entryOf(double value) const;
     void fillLists();
     [[nodiscard]] std::string text(double value) const;
+    void noteShown(std::optional<double> value);
 
     Page& page_;
     Support& support_;

@@ -75,7 +75,8 @@ std::vector<std::size_t> allocationsByKey(int drivers)
 
 TEST(AllocationsTest, AKeyTypedTakesNoMoreMemoryWithMoreDrivers)
 {
-    EXPECT_EQ(allocationsByKey(500), allocationsByKey(5));
+    // Numbers with as many digits, because the page counts the drivers that differ.
+    EXPECT_EQ(allocationsByKey(900), allocationsByKey(300));
 }
 
 } // namespace

@@ -122,7 +122,9 @@ protected:
         const Counts bothEditors = each(2, "queryTimebase") + each(1, "SamplePeriod BlockSize ScanPeriod");
         const Counts settings = each(n, "queryTimebase setStartMode setStopMode setDuration") +
                                 each(n, "StartMode StopMode Duration") + each(1, "StartTime");
-        return currentDrivers + freeLines + lines(n) + offers + bothEditors + pushScanPeriod() + settings + estimate();
+        const Counts compared = each(d - 1, "queryTimebase SamplePeriod BlockSize") + each(n, "DriverName");
+        return currentDrivers + freeLines + lines(n) + offers + bothEditors + pushScanPeriod() + settings + estimate() +
+               compared;
     }
     Counts unwired() const { return each(n, "StartTriggerLine ScanTriggerLine StartMasterRank ScanMasterRank"); }
     /// Finding the start master and the scan master by their wired lines.

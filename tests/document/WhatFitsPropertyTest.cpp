@@ -46,11 +46,11 @@ public:
             values.insert(values.end(), {double{it->duration}, it->samplePeriod, it->scanPeriod, it->blockSize});
         return values;
     }
-    void enterDuration(const std::string& seconds)
+    /// In the unit shown.
+    void enterDuration(const std::string& number)
     {
-        page().cmbInterval.userChose(0);
         RC_ASSERT(page().moveFocus(&page().txtDuration));
-        page().txtDuration.userReplaced(seconds, 0, 0);
+        page().txtDuration.userReplaced(number, 0, 0);
     }
     void enterRate(bool dynamic, const std::string& rate)
     {
@@ -108,6 +108,7 @@ void build(LimitedPage& bench, const Plan& plan)
         }
     }
     bench.open();
+    bench.page().cmbInterval.userChose(0);
     bench.enterDuration(numberText(plan.seconds, {}));
     bench.host.takeMessages();
     RC_PRE(bench.page().lblNumSamplesValue.caption() != "N/A" || bench.page().lblNumScansValue.caption() != "N/A");
@@ -133,17 +134,28 @@ RC_GTEST_PROP(WhatFits, TheLongestDurationIsTakenAndASecondMoreIsRefused, ())
     LimitedPage bench;
     const Plan plan = anyPlan();
     build(bench, plan);
-    provoke(bench, plan, *rc::gen::element(Refused::Duration, Refused::Rate));
+    provoke(bench, plan, Refused::Duration);
     RC_ASSERT(bench.page().cmdTakeDuration.userClicked() == Outcome::Done);
     RC_ASSERT(bench.host.takeMessages().empty());
     RC_ASSERT(!bench.page().lblWhatFits.visible());
     const std::string taken = bench.page().txtDuration.text();
-    RC_LOG() << taken;
+    const std::int32_t unit = bench.page().cmbInterval.itemData();
+    RC_LOG() << taken << " x " << unit;
     for (const auto& driver : bench.fakes)
-        RC_ASSERT(driver->duration == toSingle(std::stod(taken)));
-    bench.enterDuration(oneStepMore(taken));
+        RC_ASSERT(driver->duration == toSingle(std::stod(taken) * unit));
+    // Singles have seven digits.
+    bench.enterDuration(unit == 1 ? oneStepMore(taken) : numberText(std::floor(std::stod(taken) * (1 + 1e-6)) + 1, {}));
     RC_ASSERT(bench.host.takeMessages().size() == 1U);
     RC_ASSERT(bench.host.takeReports().empty());
+    // A longer duration is answered with a lower rate.
+    const std::string wanted = numberText(10 * std::stod(taken), {});
+    bench.enterDuration(wanted);
+    RC_ASSERT(bench.host.takeMessages().size() == 1U);
+    RC_PRE(bench.page().cmdTakeRate.visible());
+    RC_ASSERT(bench.page().cmdTakeRate.userClicked() == Outcome::Done);
+    RC_ASSERT(bench.host.takeMessages().empty());
+    for (const auto& driver : bench.fakes)
+        RC_ASSERT(driver->duration == toSingle(std::stod(wanted) * unit));
 }
 
 RC_GTEST_PROP(WhatFits, TheHighestRateIsTakenAndTheNextIsRefused, ())
@@ -151,7 +163,7 @@ RC_GTEST_PROP(WhatFits, TheHighestRateIsTakenAndTheNextIsRefused, ())
     LimitedPage bench;
     const Plan plan = anyPlan();
     build(bench, plan);
-    provoke(bench, plan, *rc::gen::element(Refused::Duration, Refused::Rate));
+    provoke(bench, plan, Refused::Rate);
     const auto rate = [&] { return 1 / (plan.dynamic ? bench.fakes[0]->samplePeriod : bench.fakes[0]->scanPeriod); };
     RC_ASSERT(bench.page().cmdTakeRate.userClicked() == Outcome::Done);
     RC_ASSERT(bench.host.takeMessages().empty());

@@ -37,15 +37,15 @@ TEST_F(WhatFitsTest, IsShownInTheHintLineAndLeavesTheMessageUnchanged)
     open();
     document->mode().setClientSite(host.site());
     refuse(page().txtDuration, "1e9");
-    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: duration up to 524 seconds or Sample Rate (Sa/s) "
-                          "up to 52428.");
+    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: up to 8 min 44 s at 1000 Sa/s.");
     EXPECT_EQ("  " + page().lblWhatFits.caption(), lastHint());
-    EXPECT_EQ(page().cmdTakeRate.tag(), page().lblWhatFits.caption());
+    EXPECT_EQ(page().cmdTakeDuration.tag(), page().lblWhatFits.caption());
+    EXPECT_EQ(page().cmdTakeDuration.caption(), "Set 8 min 44 s");
     const std::string scans = page().lblNumScansValue.caption();
     refuse(page().txtScanPeriod, "1e-9");
     EXPECT_EQ(page().lblNumScansValue.caption(), scans);
-    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: duration up to 524 seconds or Scan Rate (Sc/s) up "
-                          "to 53687075.");
+    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: up to 0.5 s at 1000000000 Sc/s or 10 s at up to 53687075 Sc/s.");
+    EXPECT_EQ(page().cmdTakeDuration.caption(), "Set 0.5 s and 1000000000 Sc/s");
     EXPECT_EQ(host.takeReports(), Texts());
     type(page().txtDuration, "9");
     EXPECT_FALSE(page().lblWhatFits.visible() || page().cmdTakeDuration.visible() || page().cmdTakeRate.visible());
@@ -61,7 +61,8 @@ TEST_F(WhatFitsTest, BeforeAnyRecordingTheSampleSizeFollowsFromTheChannels)
     open();
     refuse(page().txtDuration, "1e9");
     EXPECT_EQ(page().cmdTakeDuration.userClicked(), Outcome::Done);
-    EXPECT_EQ(sampler.duration, 268435.0F);
+    EXPECT_EQ(sampler.duration, 74 * 3600.0F);
+    EXPECT_EQ(page().txtDuration.text() + " " + page().cmbInterval.text(), "74 hours");
 }
 
 TEST_F(WhatFitsTest, ARateBelowOneAndTheFirstOfAListAreOfferedToo)
@@ -103,12 +104,12 @@ TEST_F(WhatFitsTest, AStopAtATimeIsOfferedAsATime)
     sampler.startTime = scanner.startTime = toDateTime("11/22/2026 8:00:00 AM", {});
     sampler.duration = scanner.duration = 120; // its unit plays no part
     open();
-    refuse(page().txtSamplePeriod, "1e-6");
-    EXPECT_TRUE(page().lblWhatFits.caption().find("stop up to 11/22/2026 8:08:44 AM") != std::string::npos)
-        << page().lblWhatFits.caption();
+    refuse(page().txtSampleRate, "100000");
+    EXPECT_EQ(page().lblWhatFits.caption(), "The 2 GB limit allows: a stop by 11/22/2026 8:00:05 AM at 100000 Sa/s or "
+                                            "2 min at up to 4369 Sa/s.");
     EXPECT_EQ(page().cmdTakeDuration.userClicked(), Outcome::Done);
-    EXPECT_EQ(page().txtStopTime.text(), "11/22/2026 8:08:44 AM");
-    EXPECT_EQ(sampler.duration, 524);
+    EXPECT_EQ(page().txtStopTime.text() + " " + page().txtSampleRate.text(), "11/22/2026 8:00:05 AM 100000");
+    EXPECT_EQ(sampler.duration, 5);
     EXPECT_TRUE(page().optStopTime.value());
 }
 
@@ -121,9 +122,74 @@ TEST_F(WhatFitsTest, WhereNothingFitsThatIsSaidAndNothingIsOffered)
     };
     open();
     refuse(page().txtDuration, "5");
-    EXPECT_EQ(page().lblWhatFits.caption(), "The 2 GB limit allows: no duration or no value of Sample Rate (Sa/s).");
+    const std::string nothing = "No duration and no rate is known that the 2 GB limit allows.";
+    EXPECT_EQ(page().lblWhatFits.caption(), nothing);
     EXPECT_FALSE(page().cmdTakeDuration.visible() || page().cmdTakeRate.visible());
     document->mode().setReadOnly(true);
+    EXPECT_EQ(page().lblWhatFits.caption(), "The settings exceed the 2 GB limit. " + nothing);
+}
+
+TEST_F(WhatFitsTest, TheWantedDurationIsAnsweredWithARateThatTheDriverOffers)
+{
+    sampler.sampleRange = scanner.sampleRange = {};
+    scanner.numberOfScans = 10;
+    scanner.scans = nullptr;
+    for (const double rate : {10, 100, 200, 1000, 10000})
+        sampler.sampleChoices.push_back(1 / rate);
+    open();
+    refuse(page().txtDuration, "2700");
+    EXPECT_EQ(page().lblWhatFits.caption(),
+              "The 2 GB limit allows: 45 min at up to 100 Sa/s or up to 8 min 44 s at 1000 Sa/s.");
+    EXPECT_EQ(page().cmdTakeRate.caption(), "Set 45 min and 100 Sa/s");
+    sampler.writes.clear();
+    EXPECT_EQ(page().cmdTakeRate.userClicked(), Outcome::Done);
+    EXPECT_EQ(sampler.writes, (Texts{"setSamplePeriod 0.01", "setDuration 2700.0"}));
+    EXPECT_FALSE(page().lblWhatFits.visible());
+    EXPECT_EQ(page().txtDuration.text() + " " + page().cmbInterval.text(), "45 minutes");
+}
+
+TEST_F(WhatFitsTest, WhereTheOtherDriversAreTooLargeTheRateIsOfferedForAll)
+{
+    FakeDriver& other = addDriver();
+    other.bytes = sampler.bytes;
+    other.blockSize = 1;
+    other.sampleRange = {1e-6, 10};
+    open();
+    refuse(page().txtDuration, "2000");
+    EXPECT_EQ(page().lblWhatFits.caption(),
+              "The 2 GB limit allows: 33 min 20 s at up to 131 Sa/s for all instruments or "
+              "up to 4 min 22 s at 1000 Sa/s.");
+    EXPECT_EQ(page().cmdTakeRate.userClicked(), Outcome::Done);
+    EXPECT_EQ(sampler.duration, 2000);
+    EXPECT_EQ(other.samplePeriod, 1.0 / 131);
+    EXPECT_EQ(page().txtSampleRate.text(), "131");
+}
+
+TEST_F(WhatFitsTest, AFigureThatDoesNotFollowTheSettingsIsNeverForecast)
+{
+    const auto growing = sampler.bytes;
+    sampler.failing = {"DynamicBytes"};
+    open();
+    EXPECT_FALSE(page().lblWhatFits.visible()) << "nothing is known of a figure that fails";
+    sampler.failing.clear();
+    sampler.bytes = [](const FakeDriver&) { return 3e9; };
+    refuse(page().txtDuration, "9");
+    EXPECT_TRUE(page().lblWhatFits.visible() && !page().cmdTakeDuration.visible() && !page().cmdTakeRate.visible());
+    sampler.bytes = [](const FakeDriver& it) { return it.duration > 10 ? 3e9 : 1e6; };
+    handOver();
+    refuse(page().txtDuration, "20");
+    EXPECT_FALSE(page().cmdTakeDuration.visible() || page().cmdTakeRate.visible()) << page().lblWhatFits.caption();
+    sampler.bytes = growing;
+    scanner.scans = nullptr;
+    document->UserDocument_Hide();
+    sampler.duration = scanner.duration = 1000;
+    sampler.groups = {{"In", std::vector<FakeDriver::Channel>(64)}};
+    handOver();
+    document->UserDocument_Show();
+    EXPECT_EQ(page().lblWhatFits.caption(), "The settings exceed the 2 GB limit. The 2 GB limit allows: 16 min 40 s at "
+                                            "up to 524 Sa/s or up to 8 min 44 s at 1000 Sa/s.");
+    EXPECT_EQ(page().cmdTakeDuration.userClicked(), Outcome::Done);
+    EXPECT_EQ(sampler.duration, 524.0F);
     EXPECT_FALSE(page().lblWhatFits.visible());
 }
 

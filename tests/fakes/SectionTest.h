@@ -32,7 +32,8 @@ protected:
     void markChanged() override { ++marks; }
     std::int32_t updateDiskSpace() override { return 0; }
     void refreshEstimate() override {}
-    void tellWhatFits(std::int32_t) override {}
+    void tellWhatFits(const LimitRefusal&) override {}
+    void setAll(const Quantity&, const std::string&) override {}
     void refreshPlan() override {}
     void enableTriggering(bool) override {}
     void disableTriggering(bool) override {}

@@ -78,7 +78,7 @@ TEST(OfferAccountTest, SaysWhatEachDriverOffersAndWhatThatDoesToTheOthers)
 TEST(OfferAccountTest, PeriodsAreShownAsRatesWithTheEndsExchanged)
 {
     const OfferAccount account = accountOf({{{}, {0, 0.001}}, {{0.5, 0.25, 0.001, 0.0001}, {}}, {{0.5}, {}}});
-    const Texts first{"Any value from 1000", "All its values are used", "No difference"};
+    const Texts first{"Any value from 1000", "All its values are used", "Not read"};
     EXPECT_EQ(english(true).row(account, 0), first);
     EXPECT_EQ(english(true).row(account, 1)[0], "4 values, from 2 to 10000");
     EXPECT_EQ(english(true).common(account), "All instruments share: Any value from 1000.");
@@ -90,26 +90,42 @@ class ShowOffersTest : public DocumentTest {
 protected:
     struct Shown {
         std::string caption, common;
-        std::vector<Texts> rows; ///< the driver, then the cells
+        std::vector<Texts> rows; ///< the driver, then the cells on its offer
+        Texts columns;
+        std::vector<Table::Row> all;
     };
     Shown press(CommandButton& button)
     {
         Shown shown;
         host.inModalForm = [&](Form& form) {
             auto& dialog = dynamic_cast<ShowOffers&>(form);
-            shown = {dialog.caption(), dialog.lblCommon.caption(), {}};
-            for (const Table::Row& row : dialog.tblOffers.rows()) {
+            if (inDialog)
+                inDialog(dialog);
+            const Table& table = dialog.tblOffers;
+            shown = {dialog.caption(), dialog.lblCommon.caption(), {}, table.columns(), table.rows()};
+            for (const Table::Row& row : table.rows()) {
                 shown.rows.push_back({row.header});
-                for (const Table::Cell& cell : row.cells)
-                    shown.rows.back().push_back(cell.text);
+                for (std::size_t i = row.cells.size() - 3; i < row.cells.size(); ++i)
+                    shown.rows.back().push_back(row.cells[i].text);
+                EXPECT_EQ(row.cells.size(), table.columns().size());
             }
-            EXPECT_EQ(dialog.tblOffers.columns().size(), 3U);
             EXPECT_EQ(dialog.btnClose.userClicked(), Outcome::Done);
             EXPECT_EQ(std::exchange(host.hiddenForm, nullptr), &form);
         };
         EXPECT_EQ(button.userClicked(), Outcome::Done) << button.name();
         return shown;
     }
+    /// The cells of a column, driver by driver.
+    static Texts column(const Shown& shown, const std::string& name)
+    {
+        const auto at = std::find(shown.columns.begin(), shown.columns.end(), name) - shown.columns.begin();
+        Texts cells;
+        for (const Table::Row& row : shown.all)
+            cells.push_back(row.cells.at(static_cast<std::size_t>(at)).text);
+        return cells;
+    }
+
+    std::function<void(ShowOffers&)> inDialog; ///< what the user does there before closing it
 };
 
 TEST_F(ShowOffersTest, EachButtonShowsItsQuantityAndTheValuesKeptDifferently)
@@ -125,12 +141,13 @@ TEST_F(ShowOffersTest, EachButtonShowsItsQuantityAndTheValuesKeptDifferently)
     addDriver(2).hasTimebase = false;
     fakes[2]->failing = {"DriverName"};
     open();
-    host.takeReports();
+    EXPECT_EQ(host.takeReports().back(), "KoTimebaseEditor:initializeDocument 1000: DriverName failed");
     Shown shown = press(page().cmdSampleRateOffers);
     EXPECT_EQ(shown.caption, "Sample Rate (Sa/s): what each instrument offers");
     EXPECT_EQ(shown.common, "All instruments share: 2 values, from 250 to 500.");
     ASSERT_EQ(shown.rows.size(), 3U);
-    EXPECT_EQ(shown.rows[1], (Texts{"Second", "2 values, from 250 to 500", "Removes: 1000", "No difference"}));
+    EXPECT_EQ(shown.rows[1],
+              (Texts{"Second", "2 values, from 250 to 500", "Removes: 1000", "1000, nothing requested"}));
     EXPECT_EQ(shown.rows[2][0] + " " + shown.rows[2][1], "3 No timebase");
     EXPECT_EQ(host.takeReports(), Texts{"KoTimebaseEditor:cmdSampleRateOffers_Click 1000: DriverName failed"});
     EXPECT_EQ(press(page().cmdSamplePeriodOffers).rows[1][2], "Removes: 0.001");
@@ -139,10 +156,10 @@ TEST_F(ShowOffersTest, EachButtonShowsItsQuantityAndTheValuesKeptDifferently)
     page().txtScanRate.userReplaced("2", 0, 0);
     EXPECT_EQ(press(page().cmdScanPeriodOffers).rows[0][3], "Requested 0.5, set to 0.4");
     EXPECT_EQ(press(page().cmdScanRateOffers).rows[0][3], "Requested 2, set to 2.5");
-    EXPECT_EQ(press(page().cmdScanRateOffers).rows[1][3], "No difference");
+    EXPECT_EQ(press(page().cmdScanRateOffers).rows[1][3], "2, as requested");
     second.failing = {"ScanPeriod"};
     page().txtScanRate.userReplaced("4", 0, 0);
-    EXPECT_EQ(press(page().cmdScanRateOffers).rows[0][3], "No difference");
+    EXPECT_EQ(press(page().cmdScanRateOffers).rows[0][3], "4, as requested");
     EXPECT_EQ(press(page().cmdScanRateOffers).rows[1][3], "Requested 4, not read back");
     host.takeReports();
 }
@@ -176,6 +193,62 @@ TEST_F(ShowOffersTest, AfterARefusalItShowsTheRestoredValues)
     page().txtSamplePeriod.userReplaced("0.0001", 0, 0);
     EXPECT_EQ(host.takeMessages().size(), 1U);
     EXPECT_EQ(press(page().cmdSamplePeriodOffers).rows[0][3], "Requested 0.5, set to 0.25");
+}
+
+TEST_F(ShowOffersTest, TheMarksAndTheTableFollowWhatEachDriverHolds)
+{
+    for (const double period : {0.001, 0.002, 0.002}) {
+        FakeDriver& driver = addRanges();
+        driver.samplePeriod = period;
+        driver.bytes = [](const FakeDriver& it) { return it.samplePeriod < 1e-5 ? 3e9 : 1000; };
+    }
+    addRanges(2).samplePeriod = 0.5;
+    open();
+    const CommandButton& mark = page().cmdSampleRateDiffers;
+    EXPECT_TRUE(mark.isUsable() && page().cmdSamplePeriodDiffers.isUsable());
+    EXPECT_FALSE(page().cmdBlockSizeDiffers.visible() || page().cmdScanRateDiffers.visible());
+    EXPECT_EQ(mark.caption(), "2 of 3 differ");
+    EXPECT_TRUE(page().lblPlan.caption().ends_with(" later. Sample Rate (Sa/s) differs: Fake (500), Fake (500)."))
+        << page().lblPlan.caption();
+    const Shown shown = press(page().cmdSampleRateDiffers);
+    EXPECT_EQ(column(shown, "Sample Rate (Sa/s)"), (Texts{"1000", "500 (differs)", "500 (differs)", "2"}));
+    EXPECT_EQ(column(shown, "Share of the disk space").back(), "12.2 %");
+    EXPECT_EQ(shown.all[1].cells[0].emphasis, Table::Emphasis::strong);
+
+    page().txtSampleRate.userReplaced("500", 0, 0);
+    EXPECT_FALSE(mark.visible());
+    fakes[1]->keeps = [](double value) { return value == 0.01 ? 0.02 : value; };
+    inDialog = [&](ShowOffers& dialog) {
+        EXPECT_EQ(dialog.cmbQuantity.text() + " " + dialog.txtValue.text(), "Sample Rate (Sa/s) 500");
+        dialog.txtValue.userReplaced("abc", 0, 0);
+        dialog.cmdSetAll.userClicked();
+        EXPECT_EQ(host.takeMessages().size(), 1U);
+        dialog.txtValue.userReplaced("100", 0, 0);
+        EXPECT_EQ(dialog.cmdSetAll.userClicked(), Outcome::Done);
+    };
+    const int before = host.changes;
+    EXPECT_EQ(column(press(page().cmdSampleRateOffers), "Sample Rate (Sa/s)"),
+              (Texts{"100", "50 (differs)", "100", "100"}));
+    EXPECT_EQ(host.changes, before + 1);
+    EXPECT_EQ(mark.caption(), "1 of 3 differs");
+    EXPECT_EQ(page().txtSampleRate.text() + " " + page().txtSamplePeriod.text(), "100 0.01");
+
+    const auto held = [&] { return Values{fakes[0]->samplePeriod, fakes[1]->samplePeriod, fakes[3]->samplePeriod}; };
+    const Values old = held();
+    EXPECT_EQ(document->setAll("sample-period", "1e-6"), Outcome::Done);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_EQ(held(), old) << "each has its own old value back";
+    EXPECT_EQ(page().txtSampleRate.text() + " " + mark.caption(), "100 1 of 3 differs");
+    EXPECT_EQ(document->setAll("block-size", "64"), Outcome::Done);
+    EXPECT_EQ(document->setAll("scan-rate", "4"), Outcome::Done);
+    EXPECT_EQ(fakes[3]->blockSize, 64);
+    EXPECT_EQ(fakes[0]->scanPeriod, 0.25);
+    EXPECT_EQ(page().txtScanPeriod.text(), "0.25");
+    EXPECT_EQ(document->setAll("duration", "4"), Outcome::Inert);
+    document->mode().setReadOnly(true);
+    EXPECT_EQ(document->setAll("block-size", "16"), Outcome::Inert);
+    inDialog = [](ShowOffers& dialog) { EXPECT_FALSE(dialog.cmdSetAll.isUsable()); };
+    press(page().cmdSampleRateDiffers);
 }
 
 } // namespace

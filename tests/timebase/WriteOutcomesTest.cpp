@@ -169,7 +169,7 @@ protected:
     }
     Texts allShown()
     {
-        Texts texts{page().lblPlan.caption(), page().lblSpanValue.caption(), page().lblNumScansValue.caption()};
+        Texts texts{page().lblSpanValue.caption(), page().lblNumScansValue.caption(), page().lblDurationValue.caption()};
         for (const TextBox* box : boxes())
             texts.push_back(box->text());
         return texts;

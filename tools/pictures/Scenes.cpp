@@ -146,7 +146,7 @@ QPixmap whatFits(FrameWindow& window)
 {
     page(window).moveFocus(&page(window).txtDuration);
     QTimer::singleShot(300, [] { QApplication::activeModalWidget()->close(); });
-    page(window).txtDuration.userReplaced("1000000", 0, 0);
+    page(window).txtDuration.userReplaced("10800", 0, 0);
     return whole(window);
 }
 

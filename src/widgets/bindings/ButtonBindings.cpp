@@ -105,11 +105,20 @@ bool OptionButtonBinding::eventFilter(QObject* object, QEvent* event)
     return PressBinding::eventFilter(object, event);
 }
 
-CommandButtonBinding::CommandButtonBinding(FormView& view, CommandButton& control, QPushButton& button)
-    : PressBinding(view, control, button)
+CommandButtonBinding::CommandButtonBinding(FormView& view, CommandButton& control, QPushButton& button,
+                                           const Label* title)
+    : PressBinding(view, control, button), button_(button), title_(title)
 {
     button.setAutoDefault(false);
     refreshAll();
+}
+
+void CommandButtonBinding::refresh(Aspect aspect)
+{
+    PressBinding::refresh(aspect);
+    if (aspect == Aspect::Text && title_)
+        button_.setAccessibleName(withoutMnemonic(toQt(title_->caption())) + QStringLiteral(": ") +
+                                  button_.accessibleName());
 }
 
 ImageBinding::ImageBinding(FormView& view, Image& control, QWidget& picture)

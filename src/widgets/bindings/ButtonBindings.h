@@ -54,7 +54,15 @@ private:
 
 class CommandButtonBinding : public PressBinding {
 public:
-    CommandButtonBinding(FormView& view, CommandButton& control, QPushButton& button);
+    /// `title`, unless null, precedes the caption in the accessible name.
+    CommandButtonBinding(FormView& view, CommandButton& control, QPushButton& button, const Label* title = nullptr);
+
+protected:
+    void refresh(Aspect aspect) override;
+
+private:
+    QPushButton& button_;
+    const Label* title_;
 };
 
 /// An image, shown by a widget that draws the picture whose number is in its property `picture`; a click anywhere on

@@ -114,9 +114,9 @@ QRadioButton& FormView::option(OptionButton& control)
     return bind<OptionButtonBinding>(control, static_cast<QRadioButton*>(new OptionWidget(this)));
 }
 
-QPushButton& FormView::button(CommandButton& control)
+QPushButton& FormView::button(CommandButton& control, const Label* title)
 {
-    return bind<CommandButtonBinding>(control, new QPushButton(this));
+    return bind<CommandButtonBinding>(control, new QPushButton(this), title);
 }
 
 QLabel& FormView::label(Label& control, const std::vector<Control*>& fields)

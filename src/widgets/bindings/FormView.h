@@ -60,7 +60,8 @@ public:
     /// A list of numbers, which are right-aligned.
     QComboBox& numberList(ComboBox& control);
     QRadioButton& option(OptionButton& control);
-    QPushButton& button(CommandButton& control);
+    /// `title`, unless null, precedes the caption in the accessible name.
+    QPushButton& button(CommandButton& control, const Label* title = nullptr);
     /// `fields` are the controls that the label names, created before it: its mnemonic focuses the visible one, and
     /// they take their accessible names from the label.
     QLabel& label(Label& control, const std::vector<Control*>& fields = {});

@@ -62,6 +62,9 @@ void TableBinding::refresh(Aspect aspect)
 {
     if (aspect == Aspect::Items)
         showContent();
+    else if (aspect == Aspect::Selection)
+        table_.setCurrentCell(static_cast<int>(content_.shownRow()), static_cast<int>(content_.shownColumn()),
+                              QItemSelectionModel::NoUpdate);
     else
         Binding::refresh(aspect);
 }

@@ -3,15 +3,20 @@
 #include "widgets/bindings/FormView.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PageTexts.h"
+#include "widgets/support/PlainText.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace ko {
 
@@ -30,35 +35,34 @@ protected:
     }
 };
 
+int widestWord(const QFontMetrics& metrics, const QString& text)
+{
+    int widest = 0;
+    for (const QString& word : text.split(u' '))
+        widest = std::max(widest, metrics.horizontalAdvance(word));
+    return widest;
+}
+
 class OffersView : public FormView {
 public:
-    OffersView(ShowOffers& form, const Texts& texts) : FormView(form, texts)
+    OffersView(ShowOffers& form, const Texts& texts) : FormView(form, texts), table_(table(form.tblOffers))
     {
-        QTableWidget& table = this->table(form.tblOffers);
-        table.setAccessibleName(text(textNumber::offers::title));
-        table.setItemDelegate(new SentenceDelegate(&table));
-        QHeaderView& columns = *table.horizontalHeader();
-        columns.setSectionResizeMode(QHeaderView::Stretch);
+        table_.setAccessibleName(text(textNumber::offers::title));
+        table_.setItemDelegate(new SentenceDelegate(&table_));
+        QHeaderView& columns = *table_.horizontalHeader();
         columns.setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
         columns.setMinimumHeight(columns.sizeHint().height() + fontMetrics().lineSpacing());
         fit_.setSingleShot(true);
-        onSignal(&fit_, &QTimer::timeout, &table, [&table] {
-            QHeaderView& rows = *table.verticalHeader();
-            rows.setMinimumSectionSize(rows.defaultSectionSize());
-            table.resizeRowsToContents();
-        });
-        onSignal(&columns, &QHeaderView::sectionResized, this, [this] { fit_.start(0); });
+        onSignal(&fit_, &QTimer::timeout, &table_, [this] { fit(); });
+        onSignal(table_.model(), &QAbstractItemModel::dataChanged, this, [this] { fit_.start(0); });
+        fit_.start(0);
         QLabel& common = label(form.lblCommon);
         common.setWordWrap(true);
         common.setTextFormat(Qt::PlainText);
-        QPushButton& close = button(form.btnClose);
-        auto* buttons = new QHBoxLayout;
-        buttons->addStretch(1);
-        buttons->addWidget(&close);
         auto* whole = new QVBoxLayout(this);
         whole->addWidget(&common);
-        whole->addWidget(&table, 1);
-        whole->addLayout(buttons);
+        whole->addWidget(&table_, 1);
+        whole->addLayout(lastRow(form));
     }
 
     /// Large enough for a few drivers without scrolling.
@@ -74,10 +78,77 @@ protected:
     {
         FormView::resizeEvent(event);
         tellSize();
+        fit_.start(0);
+    }
+    /// Enter in the editor sets the value instead of closing the dialog.
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+            return FormView::eventFilter(object, event);
+        setAll_->click();
+        return true;
     }
 
 private:
-    QTimer fit_; ///< fits the row heights after the column widths are final
+    /// What sets a quantity of all drivers, and the button that closes the dialog.
+    QLayout* lastRow(ShowOffers& form)
+    {
+        auto* row = new QHBoxLayout;
+        QComboBox& quantity = comboBox(form.cmbQuantity);
+        quantity.setAccessibleName(text(textNumber::compare::quantity));
+        QLineEdit& value = numberBox(form.txtValue);
+        value.setAccessibleName(text(textNumber::page::value));
+        value.installEventFilter(this);
+        setAll_ = &button(form.cmdSetAll);
+        setAll_->setToolTip(plainTip(text(textNumber::compare::setAllHint)));
+        row->addWidget(&quantity);
+        row->addWidget(&value);
+        row->addWidget(setAll_);
+        row->addStretch(1);
+        row->addWidget(&button(form.btnClose));
+        return row;
+    }
+
+    /// Columns of values are as wide as their longest cell or word of the header; columns of sentences share the rest.
+    void fit()
+    {
+        constexpr int sentences = 3;
+        const QFontMetrics metrics(bold());
+        const int margin = 2 * metrics.averageCharWidth();
+        const int values = table_.columnCount() - sentences;
+        int used = 0;
+        for (int column = 0; column < values; ++column) {
+            int width = widestWord(metrics, table_.horizontalHeaderItem(column)->text());
+            for (int row = 0; row < table_.rowCount(); ++row)
+                width = std::max(width, metrics.horizontalAdvance(table_.item(row, column)->text()));
+            table_.setColumnWidth(column, width + margin);
+            used += width + margin;
+        }
+        const int share = (table_.viewport()->width() - used) / sentences;
+        for (int column = std::max(values, 0); column < table_.columnCount(); ++column)
+            table_.setColumnWidth(column, std::max(share, metrics.averageCharWidth() * 24));
+        QHeaderView& rows = *table_.verticalHeader();
+        rows.setMinimumSectionSize(rows.defaultSectionSize());
+        table_.resizeRowsToContents();
+        if (isNew_)
+            for (const int column : {table_.columnCount() - 1, table_.currentColumn()})
+                table_.scrollTo(table_.model()->index(table_.currentRow(), column));
+        isNew_ = false;
+    }
+    [[nodiscard]] QFont bold() const
+    {
+        QFont font = table_.font();
+        font.setBold(true);
+        return font;
+    }
+
+    QTableWidget& table_;
+    QPushButton* setAll_ = nullptr;
+    bool isNew_ = true; ///< the user has not moved yet
+    QTimer fit_;        ///< fits the table after its content or its size has changed
 };
 
 } // namespace

@@ -13,6 +13,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QTableWidget>
 
 namespace ko {
@@ -59,8 +60,15 @@ void PageWidget::addQuantity(QGridLayout& grid, const Quantity& quantity)
     CommandButton& button = page_.*quantity.button;
     const int row = grid.rowCount();
     // List and box share one cell; the hidden one keeps its size.
-    grid.addWidget(&kept(view_->numberList(list)), row, fields);
-    grid.addWidget(&kept(view_->numberBox(box)), row, fields);
+    auto* field = new QGridLayout;
+    field->addWidget(&kept(view_->numberList(list)), 0, 0);
+    field->addWidget(&kept(view_->numberBox(box)), 0, 0);
+    field->setColumnStretch(0, 1);
+    QPushButton& mark = view_->button(page_.*quantity.mark, &label);
+    mark.setIcon(mark.style()->standardIcon(QStyle::SP_MessageBoxWarning));
+    mark.setToolTip(plainTip(toQt((page_.*quantity.mark).tag())));
+    field->addWidget(&mark, 0, 1);
+    grid.addLayout(field, row, fields);
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
     QPushButton& explain = view_->button(button);
     explain.setAccessibleName(view_->text(textNumber::offers::titleOf).arg(toQt(label.caption())));
@@ -192,17 +200,6 @@ void PageWidget::layStop()
     schedule_.push_back(&grid);
 }
 
-QLayout* PageWidget::whatFits()
-{
-    auto* row = new QHBoxLayout;
-    QLabel& what = view_->label(page_.lblWhatFits);
-    what.setWordWrap(true);
-    row->addWidget(&what, 1);
-    row->addWidget(&view_->button(page_.cmdTakeDuration));
-    row->addWidget(&view_->button(page_.cmdTakeRate));
-    return row;
-}
-
 void PageWidget::layColumns()
 {
     content_ = new QWidget(view_);
@@ -229,7 +226,6 @@ void PageWidget::layColumns()
     centredTimes->addWidget(&view_->timeline(page_.tmlPlan), 1000);
     centredTimes->addStretch(1);
     limited->addLayout(centredTimes);
-    limited->addLayout(whatFits());
     limited->addStretch(1);
     // The picture and the frames share one cell; only one of them is shown.
     auto* whole = new QGridLayout(view_);
@@ -270,8 +266,15 @@ void PageWidget::applyMetrics()
     const int buttonWidth = metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height();
     for (const CommandButton* button : {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime})
         view_->widget(*button)->setFixedWidth(buttonWidth);
-    for (const Quantity& quantity : quantities)
+    for (const Quantity& quantity : quantities) {
         view_->widget(page_.*quantity.button)->setFixedWidth(buttonWidth);
+        // The editor gives way to the mark, so that the mark seldom makes the page wider.
+        for (const Control* editor :
+             {static_cast<Control*>(&(page_.*quantity.list)), static_cast<Control*>(&(page_.*quantity.box))})
+            view_->widget(*editor)->setMinimumWidth(metrics.averageCharWidth() * 13);
+    }
+    for (QGridLayout* grid : measurements_)
+        grid->setColumnMinimumWidth(fields, metrics.averageCharWidth() * 20);
     plan_->setMinimumHeight(planHeight());
     auto* duration = static_cast<QLineEdit*>(view_->widget(page_.txtDuration));
     duration->setMinimumWidth(

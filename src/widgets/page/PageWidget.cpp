@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QTime>
 
@@ -28,6 +29,7 @@ PageWidget::PageWidget(Page& page, const Texts& texts, QWidget* parent, const QS
     layStop();
     layColumns();
     layPlan();
+    layAnswers();
     view_->image(page.imgNoInst, *picture_);
     applyMetrics();
     content_->installEventFilter(this);
@@ -84,6 +86,37 @@ int PageWidget::planHeight() const
     return 2 * plan_->fontMetrics().lineSpacing() + margins.top() + margins.bottom();
 }
 
+void PageWidget::layAnswers()
+{
+    answers_ = new QWidget(this);
+    auto* whole = new QVBoxLayout(answers_);
+    auto* buttons = new QHBoxLayout;
+    whatFits_ = &view_->label(page_.lblWhatFits);
+    whatFits_->setWordWrap(true);
+    whole->addWidget(whatFits_);
+    whole->addLayout(buttons);
+    for (CommandButton* button : {&page_.cmdTakeDuration, &page_.cmdTakeRate})
+        buttons->addWidget(&view_->button(*button));
+    buttons->addStretch(1);
+    layout()->addWidget(answers_);
+    whatFits_->installEventFilter(this);
+    showPlanOrAnswers();
+}
+
+void PageWidget::showPlanOrAnswers()
+{
+    const bool isRefused = whatFits_->isVisibleTo(answers_);
+    plan_->setVisible(!isRefused);
+    answers_->setVisible(isRefused);
+}
+
+bool PageWidget::focusNextPrevChild(bool next)
+{
+    const QWidget* const focused = focusWidget();
+    const bool isAnswer = focused && answers_->isAncestorOf(focused);
+    return isAnswer ? view_->focus().step(next) : QWidget::focusNextPrevChild(next);
+}
+
 void PageWidget::arrange()
 {
     const QMargins margins = view_->layout()->contentsMargins();
@@ -97,8 +130,11 @@ void PageWidget::arrange()
 
 bool PageWidget::eventFilter(QObject* object, QEvent* event)
 {
-    if (object == content_ && event->type() == QEvent::LayoutRequest)
+    const QEvent::Type type = event->type();
+    if (object == content_ && type == QEvent::LayoutRequest)
         arrange();
+    if (object == whatFits_ && (type == QEvent::ShowToParent || type == QEvent::HideToParent))
+        showPlanOrAnswers();
     return QWidget::eventFilter(object, event);
 }
 

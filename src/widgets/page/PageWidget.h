@@ -21,6 +21,7 @@ class NoInstrumentPicture;
 /// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or one below
 /// the other in a narrow window; scrolls in a small window. Without instruments it shows only the picture of the
 /// no-instrument screen. The plan's sentence is below the scrolled area; its text can be selected and copied.
+/// The answers to a refusal take its place.
 ///
 /// The page must outlive the widget.
 class PageWidget : public QWidget {
@@ -44,6 +45,8 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    /// The answers are outside of the form's view, but in its tab order.
+    bool focusNextPrevChild(bool next) override;
 
 private:
     /// Creates a grid in the frame: a label column, a growing field column, and a button column.
@@ -64,11 +67,12 @@ private:
     void layStop();
     void nameUnit(QComboBox& unit);
     void layColumns();
-    /// The controls shown after a refusal, below the frames, so that they move no other control.
-    QLayout* whatFits();
     void layPlan();
     /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
     [[nodiscard]] int planHeight() const;
+    /// The controls shown after a refusal, in the place of the plan.
+    void layAnswers();
+    void showPlanOrAnswers();
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
     /// Calls `Page::minutePassed` at the start of each minute, unless a dialog or a message is open.
@@ -82,6 +86,8 @@ private:
     QMenu* menu_;
     QScrollArea* area_;
     QLabel* plan_ = nullptr;
+    QWidget* answers_ = nullptr;
+    QLabel* whatFits_ = nullptr;
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QBoxLayout* schedules_ = nullptr;

@@ -104,6 +104,11 @@ TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
     HeadlessPage unknown = played(failing.toStdString());
     for (const char* row : {"Start|\u2013", "Duration|\u2013"})
         EXPECT_TRUE(rowsOf(sheetOf(unknown, "x")).contains(row)) << row;
+    QString differing = toQt(bench);
+    differing.replace("\"Odd one\"", "\"Odd one\", \"timebase\": {\"samplePeriod\": {\"value\": 0.5}}");
+    HeadlessPage other = played(differing.toStdString());
+    EXPECT_TRUE(rowsOf(sheetOf(other, "x"))
+                    .contains("Odd one|0.5 s (differs)|1024|0.5 s|On trigger|12:00:00 AM|After the duration|90 s"));
     HeadlessPage none = played(R"({"drivers": []})");
     EXPECT_TRUE(sheetOf(none, "").contains("Records nothing"));
 }

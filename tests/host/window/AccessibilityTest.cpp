@@ -93,7 +93,7 @@ protected:
         for (const auto& [other, relation] : element.relations(QAccessible::Label))
             if (relation == QAccessible::Label && other->object() != element.parent()->object())
                 return other->text(QAccessible::Name);
-        return {};
+        return qobject_cast<const QWidget*>(element.object())->accessibleName();
     }
     static void checkControl(const Control& control, QWidget& widget)
     {

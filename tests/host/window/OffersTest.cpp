@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QDialog>
+#include <QLineEdit>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -11,7 +12,8 @@ namespace {
 const char* const bench = R"({ "drivers": [
   { "name": "Sampler", "groups": [ { "name": "In", "channels": [ { "address": "0:1:0" }, { "address": "0:1:1" } ] } ],
     "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.0001, 0.001, 0.01] }, "blockSize": { "value": 1 } } },
-  { "name": "Other", "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.001, 0.0001] } } } ] })";
+  { "name": "Other", "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.001, 0.0001] },
+                                   "blockSize": { "value": 1 } } } ] })";
 
 class OffersTest : public FrameTest {
 protected:
@@ -53,11 +55,12 @@ TEST_F(OffersTest, TheButtonIsTheNextTabStopAndItsTableReadsCellByCell)
         ASSERT_NE(table, nullptr);
         EXPECT_TRUE(table->hasFocus());
         ASSERT_EQ(table->rowCount(), 2);
-        EXPECT_EQ(table->horizontalHeaderItem(1)->text(), window.text(3248));
-        EXPECT_EQ(table->item(1, 1)->text(), "Removes: 100");
+        const int effect = table->columnCount() - 2;
+        EXPECT_EQ(table->horizontalHeaderItem(effect)->text(), window.text(3248));
+        EXPECT_EQ(table->item(1, effect)->text(), "Removes: 100");
         QAccessibleInterface* told = QAccessible::queryAccessibleInterface(table);
         EXPECT_EQ(told->tableInterface()->rowDescription(1), "Other");
-        EXPECT_EQ(told->tableInterface()->cellAt(1, 1)->text(QAccessible::Name), "Removes: 100");
+        EXPECT_EQ(told->tableInterface()->cellAt(1, effect)->text(QAccessible::Name), "Removes: 100");
         QTest::keyClick(table, Qt::Key_Down);
         EXPECT_EQ(table->currentRow(), 1);
         QTest::keyClick(table, Qt::Key_Tab);
@@ -86,6 +89,35 @@ TEST_F(OffersTest, OnAReadOnlyPageTheButtonsAreAllThatCanBeReached)
     EXPECT_TRUE(looked);
 }
 
+TEST_F(OffersTest, TheMarkOfADifferenceOpensTheTableWhereEnterSetsAll)
+{
+    ASSERT_TRUE(page().moveFocus(&page().cmbSampleRate));
+    press(Qt::Key_Down);
+    press(Qt::Key_Up);
+    QWidget& mark = at(page().cmdSampleRateDiffers);
+    EXPECT_TRUE(mark.isVisible());
+    EXPECT_EQ(mark.accessibleName(), "Sample Rate (Sa/s): 1 of 2 differs");
+    inDialog([&](QDialog& dialog) {
+        auto* table = dialog.findChild<QTableWidget*>();
+        ASSERT_NE(table, nullptr);
+        EXPECT_TRUE(table->item(1, 0)->text().endsWith("(differs)")) << table->item(1, 0)->text().toStdString();
+        auto* value = dialog.findChild<QLineEdit*>("txtValue");
+        value->setFocus();
+        QTest::keyClicks(value, "1000");
+        QTest::keyClick(value, Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(table->item(1, 0)->text(), "1000");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &mark);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(looked);
+    EXPECT_FALSE(mark.isVisible());
+    for (const auto& driver : window.session().drivers())
+        EXPECT_EQ(driver->settings().timebase->samplePeriod.value, 0.001);
+}
+
 TEST_F(OffersTest, AfterARefusalTheStripEntersWhatFitsByAKeyAndGoes)
 {
     auto* hint = window.findChild<QLabel*>("hint");
@@ -98,13 +130,15 @@ TEST_F(OffersTest, AfterARefusalTheStripEntersWhatFitsByAKeyAndGoes)
     EXPECT_EQ(message.trimmed(), window.text(1170));
     QLabel& strip = static_cast<QLabel&>(at(page().lblWhatFits));
     EXPECT_TRUE(strip.isVisible());
+    EXPECT_FALSE(at(page().lblPlan).isVisible()) << "the answer takes its place";
     EXPECT_TRUE(hint->text().endsWith(strip.text())) << hint->text().toStdString();
-    EXPECT_TRUE(strip.text().contains("268435")) << strip.text().toStdString();
+    EXPECT_TRUE(strip.text().contains("3 days 2 h")) << strip.text().toStdString();
     ASSERT_TRUE(page().moveFocus(&page().cmdTakeDuration));
     press(Qt::Key_Space);
-    EXPECT_EQ(page().txtDuration.text(), "268435");
-    EXPECT_EQ(window.session().drivers()[0]->settings().timebase->duration, 268435);
+    EXPECT_EQ(page().txtDuration.text(), "74");
+    EXPECT_EQ(window.session().drivers()[0]->settings().timebase->duration, 74 * 3600);
     EXPECT_FALSE(strip.isVisible() || at(page().cmdTakeDuration).isVisible());
+    EXPECT_TRUE(at(page().lblPlan).isVisible());
     EXPECT_TRUE(box.hasFocus());
 }
 

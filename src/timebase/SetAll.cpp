@@ -1,0 +1,32 @@
+#include "timebase/SetAll.h"
+
+#include "support/Validation.h"
+
+namespace ko {
+
+bool SetAll::isPossible(const Quantity& quantity) const
+{
+    const Frame& frame = page_.*quantity.number->frame;
+    return page_.isShown && !page_.isLoading && !page_.readOnly && frame.isUsable();
+}
+
+Outcome SetAll::enter(const Quantity& quantity, const std::string& text)
+{
+    if (!isPossible(quantity))
+        return Outcome::Inert;
+    const Steps step(support_.errors, "setAll");
+    const auto entered =
+        step.value([&] { return readNumber(support_, text, quantity.type, quantity.bounds(page_), true); });
+    const TimebaseNumber& number = *quantity.number;
+    ValueEditors& editors = number.toAllDrivers ? staticEditors_.editors() : dynamicEditors_.editors(number);
+    std::optional<double> value;
+    if (!entered || !step([&] { value = editors.exactNumber(quantity, *entered); }))
+        return Outcome::Done;
+    if (number.toAllDrivers)
+        staticEditors_.setAll(step, *value);
+    else
+        dynamicEditors_.setAll(step, number, *value);
+    return Outcome::Done;
+}
+
+} // namespace ko
