@@ -121,7 +121,9 @@ private:
         const int values = table_.columnCount() - sentences;
         int used = 0;
         for (int column = 0; column < values; ++column) {
-            int width = widestWord(metrics, table_.horizontalHeaderItem(column)->text());
+            // The header has room for two lines.
+            const QString header = table_.horizontalHeaderItem(column)->text();
+            int width = std::max(widestWord(metrics, header), metrics.horizontalAdvance(header) * 3 / 5);
             for (int row = 0; row < table_.rowCount(); ++row)
                 width = std::max(width, metrics.horizontalAdvance(table_.item(row, column)->text()));
             table_.setColumnWidth(column, width + margin);
