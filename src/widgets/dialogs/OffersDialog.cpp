@@ -99,6 +99,7 @@ private:
         auto* row = new QHBoxLayout;
         QComboBox& quantity = comboBox(form.cmbQuantity);
         quantity.setAccessibleName(text(textNumber::compare::quantity));
+        quantity.setSizeAdjustPolicy(QComboBox::AdjustToContents);
         QLineEdit& value = numberBox(form.txtValue);
         value.setAccessibleName(text(textNumber::page::value));
         value.installEventFilter(this);
