@@ -16,12 +16,6 @@ namespace {
 
 namespace compareText = textNumber::compare;
 
-std::string withoutMark(std::string caption)
-{
-    std::erase(caption, '&');
-    return caption;
-}
-
 const std::string& spoken(const Table::Cell& cell)
 {
     return cell.meaning.empty() ? cell.text : cell.meaning;
@@ -128,8 +122,8 @@ std::string ComparisonTable::startText(const StartStopSettings& held) const
     switch (*held.startMode) {
     case startMode::atTime:
         return held.startTime ? generalDate(*held.startTime, support_.locale()) : support_.text(compareText::notRead);
-    case startMode::onTrigger: return withoutMark(page_.optOnTrigger.caption());
-    default: return withoutMark(page_.optImmediate.caption());
+    case startMode::onTrigger: return support_.text(compareText::onTrigger);
+    default: return support_.text(compareText::immediately);
     }
 }
 

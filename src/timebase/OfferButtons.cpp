@@ -41,8 +41,9 @@ void OfferButtons::pressed(const CommandButton& button, const Quantity& quantity
     if (step.isOver())
         return;
     follow();
-    const auto shown = shownQuantities(page_);
-    const auto first = static_cast<std::size_t>(std::find(shown.begin(), shown.end(), &quantity) - shown.begin());
+    const auto settable = settableOnes();
+    const auto first =
+        static_cast<std::size_t>(std::find(settable.begin(), settable.end(), &quantity) - settable.begin());
     step([&] {
         dialog_().Display(filled(support_.text(textNumber::offers::titleOf), {(page_.*quantity.label).caption()}),
                           source(step, quantity, &button == &(page_.*quantity.mark), schedules), first);
@@ -63,22 +64,27 @@ ShowOffers::Source OfferButtons::source(const Steps& step, const Quantity& quant
         return shown;
     };
     const auto setAll = [this, &step](std::size_t chosen, const std::string& value) {
-        const auto shown = shownQuantities(page_);
-        if (!step.isSuperseded() && chosen < shown.size())
-            setAll_.enter(*shown[chosen], value);
+        const auto settable = settableOnes();
+        if (!step.isSuperseded() && chosen < settable.size())
+            setAll_.enter(*settable[chosen], value);
     };
-    const auto settableNow = [this, &step] {
-        return step.isSuperseded() ? std::vector<ShowOffers::Settable>{} : settable();
+    const auto settable = [this, &step] {
+        return step.isSuperseded() ? std::vector<ShowOffers::Settable>{} : settableValues();
     };
-    return {content, settableNow, setAll};
+    return {content, settable, setAll};
 }
 
-std::vector<ShowOffers::Settable> OfferButtons::settable() const
+std::vector<const Quantity*> OfferButtons::settableOnes() const
+{
+    auto settable = shownQuantities(page_);
+    std::erase_if(settable, [this](const Quantity* quantity) { return !setAll_.isPossible(*quantity); });
+    return settable;
+}
+
+std::vector<ShowOffers::Settable> OfferButtons::settableValues() const
 {
     std::vector<ShowOffers::Settable> all;
-    for (const Quantity* quantity : shownQuantities(page_)) {
-        if (!setAll_.isPossible(*quantity))
-            return {};
+    for (const Quantity* quantity : settableOnes()) {
         const auto shown = shownNumber(page_, *quantity->number);
         const double value = shown.value_or(0.0);
         all.push_back({(page_.*quantity->label).caption(),

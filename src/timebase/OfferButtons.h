@@ -28,7 +28,9 @@ private:
     void pressed(const CommandButton& button, const Quantity& quantity);
     [[nodiscard]] ShowOffers::Source source(const Steps& step, const Quantity& quantity, bool isMark,
                                             const std::vector<StartStopSettings>& schedules);
-    [[nodiscard]] std::vector<ShowOffers::Settable> settable() const;
+    /// The quantities that can be set at present, and their values on the page.
+    [[nodiscard]] std::vector<const Quantity*> settableOnes() const;
+    [[nodiscard]] std::vector<ShowOffers::Settable> settableValues() const;
 
     Page& page_;
     Support& support_;

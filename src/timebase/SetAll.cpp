@@ -6,8 +6,9 @@ namespace ko {
 
 bool SetAll::isPossible(const Quantity& quantity) const
 {
-    const Frame& frame = page_.*quantity.number->frame;
-    return page_.isShown && !page_.isLoading && !page_.readOnly && frame.isUsable();
+    const ComboBox& list = page_.*quantity.list;
+    const bool canBeEdited = list.visible() ? list.isUsable() : (page_.*quantity.box).isUsable();
+    return page_.isShown && !page_.isLoading && !page_.readOnly && canBeEdited;
 }
 
 Outcome SetAll::enter(const Quantity& quantity, const std::string& text)

@@ -33,8 +33,8 @@ void ShowOffers::Display(const std::string& title, Source source, std::size_t fi
     for (Control* control :
          {static_cast<Control*>(&cmbQuantity), static_cast<Control*>(&txtValue), static_cast<Control*>(&cmdSetAll)})
         control->setEnabled(!settable_.empty());
-    if (first < settable_.size())
-        cmbQuantity.select(static_cast<std::int32_t>(first));
+    if (!settable_.empty())
+        cmbQuantity.select(first < settable_.size() ? static_cast<std::int32_t>(first) : 0);
     showValue();
     show(step, placeAtCursor, tblOffers);
     source_ = {};

@@ -113,6 +113,11 @@ private:
         const Range range = page_.blockSizeOffers.range;
         if (driver.blockSize >= range.minimum && driver.blockSize <= range.maximum && !isBeingTyped(page_.txtBlockSize))
             number(page_.txtBlockSize, driver.blockSize);
+        bool anyDiffers = false;
+        for (std::int32_t i = 0; i < page_.numDrivers; ++i)
+            if (const FakeDriver* other = timebase(i); other && other->measurementMode == 1 && other->samplingMode == 1)
+                anyDiffers = anyDiffers || text(other->samplePeriod) != text(driver.samplePeriod);
+        require(page_.cmdSampleRateDiffers.visible() == anyDiffers, "the mark shows whether drivers differ");
         same("span", page_.lblSpanValue.caption(), text(1.0 / driver.samplePeriod / 2.56) + " Hz");
     }
 

@@ -99,6 +99,7 @@ private:
         auto* row = new QHBoxLayout;
         QComboBox& quantity = comboBox(form.cmbQuantity);
         quantity.setAccessibleName(text(textNumber::compare::quantity));
+        quantity.setSizeAdjustPolicy(QComboBox::AdjustToContents);
         QLineEdit& value = numberBox(form.txtValue);
         value.setAccessibleName(text(textNumber::page::value));
         value.installEventFilter(this);
@@ -121,7 +122,9 @@ private:
         const int values = table_.columnCount() - sentences;
         int used = 0;
         for (int column = 0; column < values; ++column) {
-            int width = widestWord(metrics, table_.horizontalHeaderItem(column)->text());
+            // The header has room for two lines.
+            const QString header = table_.horizontalHeaderItem(column)->text();
+            int width = std::max(widestWord(metrics, header), metrics.horizontalAdvance(header) * 3 / 5);
             for (int row = 0; row < table_.rowCount(); ++row)
                 width = std::max(width, metrics.horizontalAdvance(table_.item(row, column)->text()));
             table_.setColumnWidth(column, width + margin);
