@@ -46,6 +46,7 @@ void numberCaptions(Page& page)
 {
     caption(page.mnuTimebase, pageText::timebaseMenu);
     caption(page.mnuTimebaseTriggerLines, pageText::triggerLinesEntry);
+    caption(page.lblReadOnly, pageText::readOnly);
     caption(page.frmDynamic, pageText::dynamicMeasurements);
     caption(page.lblSpan, pageText::span);
     caption(page.lblNumSamples, pageText::numSamples);
@@ -57,6 +58,7 @@ void numberCaptions(Page& page)
     caption(page.optImmediate, pageText::startImmediately);
     caption(page.optOnTrigger, pageText::startOnTrigger);
     caption(page.lblChannel, pageText::triggerChannel);
+    caption(page.lblChooseChannel, pageText::chooseChannel);
     caption(page.optStartTime, pageText::atTime);
     caption(page.lblStartPast, textNumber::times::past);
     caption(page.frmStop, pageText::stop);
@@ -92,7 +94,7 @@ Page::Page() : Form("TimebaseEditor")
     numberToolTips(*this);
     numberQuantities(*this);
     numberTakingButtons(*this);
-    for (Label* label : {&lblNoTriggerLine, &lblStartPast, &lblStartDay, &lblStopDay})
+    for (Label* label : {&lblReadOnly, &lblChooseChannel, &lblNoTriggerLine, &lblStartPast, &lblStartDay, &lblStopDay})
         label->setVisible(false);
     std::vector<ComboBox::Item> units;
     for (const int unit : {pageText::seconds, pageText::minutes, pageText::hours, pageText::days})

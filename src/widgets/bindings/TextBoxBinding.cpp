@@ -21,14 +21,6 @@ bool isEditCommand(const QKeyEvent& key, bool hasSelection)
            (hasSelection && key.matches(QKeySequence::Delete));
 }
 
-/// The colours of a box that cannot be typed in, which does not look like a field.
-QPalette flat()
-{
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    return palette;
-}
-
 } // namespace
 
 TextBoxBinding::TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit)
@@ -71,8 +63,8 @@ void TextBoxBinding::refresh(Aspect aspect)
     case Aspect::Selection: showSelection(); break;
     case Aspect::Mark: showMark(); break;
     case Aspect::Usability:
-        edit_.setReadOnly(box_.locked());
-        edit_.setPalette(box_.locked() ? flat() : QPalette());
+        edit_.setReadOnly(box_.locked() || isRead());
+        edit_.setPalette(edit_.isReadOnly() ? readPalette() : QPalette());
         Binding::refresh(aspect);
         break;
     default: Binding::refresh(aspect);
@@ -161,6 +153,8 @@ bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
         mark_->place();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         followFocus(event->type() == QEvent::FocusIn);
+    if (isRead())
+        return false;
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {

@@ -66,6 +66,8 @@ private:
     void layColumns();
     /// The controls shown after a refusal, below the frames, so that they move no other control.
     QLayout* whatFits();
+    /// The label of a page that is only read.
+    QLabel& badge();
     void layPlan();
     /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
     [[nodiscard]] int planHeight() const;
