@@ -96,6 +96,8 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
 void TimebaseEditor::followReadOnly(const Steps& step)
 {
     const bool editable = !page_.readOnly;
+    page_.setForReading(!editable);
+    page_.lblReadOnly.setVisible(!editable);
     for (Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
         frame->setEnabled(editable);
     schedule_.loaded(step);

@@ -43,6 +43,7 @@ void numberCaptions(Page& page)
 {
     caption(page.mnuTimebase, pageText::timebaseMenu);
     caption(page.mnuTimebaseTriggerLines, pageText::triggerLinesEntry);
+    caption(page.lblReadOnly, pageText::readOnly);
     caption(page.frmDynamic, pageText::dynamicMeasurements);
     caption(page.lblSpan, pageText::span);
     caption(page.lblNumSamples, pageText::numSamples);
@@ -54,6 +55,7 @@ void numberCaptions(Page& page)
     caption(page.optImmediate, pageText::startImmediately);
     caption(page.optOnTrigger, pageText::startOnTrigger);
     caption(page.lblChannel, pageText::triggerChannel);
+    caption(page.lblChooseChannel, pageText::chooseChannel);
     caption(page.optStartTime, pageText::atTime);
     caption(page.lblStartPast, textNumber::times::past);
     caption(page.frmStop, pageText::stop);
@@ -88,7 +90,7 @@ Page::Page() : Form("TimebaseEditor")
     numberCaptions(*this);
     numberToolTips(*this);
     numberQuantities(*this);
-    for (Label* label : {&lblNoTriggerLine, &lblStartPast, &lblStartDay, &lblStopDay})
+    for (Label* label : {&lblReadOnly, &lblChooseChannel, &lblNoTriggerLine, &lblStartPast, &lblStartDay, &lblStopDay})
         label->setVisible(false);
     std::vector<ComboBox::Item> units;
     for (const int unit : {pageText::seconds, pageText::minutes, pageText::hours, pageText::days})

@@ -38,6 +38,7 @@ public:
     Menu mnuTimebase{*this, "mnuTimebase"};
     Menu mnuTimebaseTriggerLines{*this, "mnuTimebaseTriggerLines", &mnuTimebase};
     Image imgNoInst{*this, "imgNoInst"};
+    Label lblReadOnly{*this, "lblReadOnly"};
 
     Frame frmDynamic{*this, "frmDynamic"};
     Label lblSampleRate{*this, "lblSampleRate", &frmDynamic};
@@ -85,6 +86,7 @@ public:
     TextBox txtChannel{*this, "txtChannel", &frmStart};
     CommandButton cmdChannel{*this, "cmdChannel", &frmStart};
     Grid grdParam{*this, "grdParam", &frmStart};
+    Label lblChooseChannel{*this, "lblChooseChannel", &frmStart}; ///< in place of the parameters without a channel
     Label lblNoTriggerLine{*this, "lblNoTriggerLine", &frmStart};
     OptionButton optStartTime{*this, "optStartTime", &frmStart};
     TextBox txtStartTime{*this, "txtStartTime", &frmStart};

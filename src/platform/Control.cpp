@@ -45,6 +45,11 @@ bool Control::isShown() const
     return true;
 }
 
+bool Control::isRead() const
+{
+    return form_.isForReading() && isShown() && !isUsable();
+}
+
 void Control::setTag(const std::string& tag)
 {
     if (tag_ == tag)

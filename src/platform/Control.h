@@ -63,6 +63,8 @@ public:
     /// Enabled and visible, by itself and by every frame around it.
     [[nodiscard]] bool isUsable() const;
     [[nodiscard]] bool isShown() const;
+    /// Shown, but not usable, on a form that is only read.
+    [[nodiscard]] bool isRead() const;
 
     [[nodiscard]] const std::string& tag() const { return tag_; }
     void setTag(const std::string& tag);
@@ -89,6 +91,8 @@ protected:
     Outcome enter();
 
 private:
+    friend class Form;
+
     Form& form_;
     std::string name_;
     Control* container_;

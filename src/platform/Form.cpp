@@ -95,6 +95,16 @@ void Form::usabilityChanged()
         dropFocus();
 }
 
+void Form::setForReading(bool forReading)
+{
+    if (isForReading_ == forReading)
+        return;
+    isForReading_ = forReading;
+    for (const Control* control : controls_)
+        control->tellView(Aspect::Usability);
+    tellView();
+}
+
 void Form::move(std::int32_t left, std::int32_t top)
 {
     bounds_.left = left;

@@ -60,6 +60,10 @@ public:
     /// Removes the focus without validation; the control that had it raises `lostFocus`.
     void dropFocus();
 
+    /// Whether the form is only read: its view keeps the values of disabled controls readable.
+    [[nodiscard]] bool isForReading() const { return isForReading_; }
+    void setForReading(bool forReading);
+
     /// Position and size in twips; used to place dialogs.
     [[nodiscard]] const Bounds& bounds() const { return bounds_; }
     void move(std::int32_t left, std::int32_t top);
@@ -103,6 +107,7 @@ private:
     PressControl* okButton_ = nullptr;
     PressControl* cancelButton_ = nullptr;
     bool validating_ = false;
+    bool isForReading_ = false;
     Bounds bounds_;
 };
 

@@ -106,6 +106,9 @@ public:
     [[nodiscard]] std::size_t selLength() const override { return editor().selLength(); }
     [[nodiscard]] std::string selText() const override { return editor().selText(); }
     void setSelText(const std::string& text) override;
+    /// Marks the open editor's text as not acceptable; affects only the appearance. An editor opens without the mark.
+    [[nodiscard]] bool editorMarked() const { return editor_ && editor_->marked; }
+    void setEditorMarked(bool marked);
     /// Ends an open edit; returns false when it stays open.
     bool endEdit();
     /// Returns whether an open edit may end; closes an edit that is cancelled.
@@ -132,11 +135,14 @@ public:
     std::function<void(CellEvent&)> cellEdited;
     /// An editor was opened or closed.
     std::function<void()> editorChanged;
+    /// The text in the open editor has changed.
+    std::function<void()> editorTyped;
 
 private:
     struct Editor {
         std::int32_t row = 0;
         EditText text;
+        bool marked = false;
     };
     enum class Ending : std::uint8_t { Accepted, GivenUp, StaysOpen };
 

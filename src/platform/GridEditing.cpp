@@ -60,6 +60,16 @@ void Grid::put(const EditText& text)
     const bool differs = editor().text() != text.text();
     editor_->text = text;
     tellView(differs ? Aspect::Text : Aspect::Selection);
+    if (differs)
+        raise(editorTyped);
+}
+
+void Grid::setEditorMarked(bool marked)
+{
+    if (!editor_ || editor_->marked == marked)
+        return;
+    editor_->marked = marked;
+    tellView(Aspect::Mark);
 }
 
 void Grid::setSelText(const std::string& text)
@@ -139,7 +149,7 @@ Outcome Grid::openCell(std::int32_t row)
     // Leaving the other control or cell may have changed the rows.
     if (!isEditable(row))
         return Outcome::Inert;
-    Editor opened{row, {}};
+    Editor opened{row, {}, false};
     const std::string& value = cell(row, valueColumn).value;
     opened.text.put(value, 0, utf8Length(value));
     editor_ = opened;

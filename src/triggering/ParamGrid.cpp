@@ -46,6 +46,7 @@ ParamGrid::ParamGrid(Page& page, Support& support, Actions& actions)
     grid_.OnValidateCell = [this](CellEvent& event) { grdParam_OnValidateCell(event); };
     grid_.cellEdited = [this](CellEvent& event) { grdParam_CellEdited(event); };
     grid_.editorChanged = [this] { followEditor(); };
+    grid_.editorTyped = [this] { followTyping(); };
 }
 
 void ParamGrid::clear()
@@ -157,7 +158,53 @@ std::int32_t ParamGrid::idAt(std::int32_t row) const
 /// An open text cell allows copying and pasting.
 void ParamGrid::followEditor()
 {
-    page_.editFlags = grid_.editedRow() > 0 ? editFlag::copy | editFlag::paste : editFlag::none;
+    const bool isOpen = grid_.editedRow() > 0;
+    page_.editFlags = isOpen ? editFlag::copy | editFlag::paste : editFlag::none;
+    const bool wasChecked = open_.has_value();
+    const Steps step(support_.errors, "showCellRange");
+    open_ = isOpen ? checkOf(step, grid_.editedRow()) : std::nullopt;
+    if (open_ || wasChecked)
+        showRange(step);
+}
+
+void ParamGrid::followTyping()
+{
+    const bool isChanged = grid_.editor().text() != grid_.cell(grid_.editedRow(), Grid::valueColumn).value;
+    grid_.setEditorMarked(open_ && isChanged &&
+                          !validateNumber(support_, grid_.editor().text(), open_->type, open_->bounds, false));
+}
+
+/// None when the row is not numeric. A failure is not reported here, because the check when the edit ends reads again.
+std::optional<ParamGrid::NumberCheck> ParamGrid::checkOf(const Steps& step, std::int32_t row) const
+{
+    return step.value([&]() -> std::optional<NumberCheck> {
+        try {
+            TriggerParameters& parameters = parametersOfMaster();
+            const std::int32_t id = idAt(row);
+            const auto number = checkedAs(parameters.GetTriggerParamType(slot_, channel_, id));
+            if (!number)
+                return std::nullopt;
+            return NumberCheck{*number,
+                               {bound(parameters.GetTriggerParamMin(slot_, channel_, id)),
+                                bound(parameters.GetTriggerParamMax(slot_, channel_, id))}};
+        } catch (...) {
+            return std::nullopt;
+        }
+    });
+}
+
+/// Shows the range of the open cell in the status site, or an empty hint.
+void ParamGrid::showRange(const Steps& step)
+{
+    std::string hint;
+    if (open_ && open_->bounds.minimum && open_->bounds.maximum) {
+        const bool isInteger = open_->type == NumberType::Integer;
+        const int text = isInteger ? textNumber::page::integerInRange : textNumber::page::realInRange;
+        hint = "  " + step.value([&] {
+            return requiredRange(support_, text, {*open_->bounds.minimum, *open_->bounds.maximum});
+        });
+    }
+    step([&] { showHint(page_, hint); });
 }
 
 /// A value whose type is unknown can be shown but not edited.

@@ -4,6 +4,7 @@
 #include "page/Page.h"
 #include "support/Steps.h"
 #include "support/Support.h"
+#include "support/Validation.h"
 
 namespace ko {
 
@@ -25,7 +26,16 @@ public:
 private:
     void grdParam_CellEdited(CellEvent& event);
     void grdParam_OnValidateCell(CellEvent& event);
+    /// The check of a numeric parameter.
+    struct NumberCheck {
+        NumberType type = NumberType::Float;
+        NumberBounds bounds;
+    };
+
     void followEditor();
+    void followTyping();
+    [[nodiscard]] std::optional<NumberCheck> checkOf(const Steps& step, std::int32_t row) const;
+    void showRange(const Steps& step);
     bool fillRow(const Steps& step, TriggerParameters& parameters, std::int32_t index, std::int32_t row);
     CellStyle styleOf(const Steps& step, TriggerParameters& parameters, std::int32_t id, const std::string& type) const;
     void unlockRow(const Steps& step, TriggerParameters& parameters, std::int32_t row, std::int32_t id,
@@ -43,6 +53,7 @@ private:
     Grid& grid_;
     std::int32_t slot_ = -1; ///< the channel shown in the rows
     std::int32_t channel_ = -1;
+    std::optional<NumberCheck> open_; ///< of the open cell, read when it was opened
 };
 
 } // namespace ko

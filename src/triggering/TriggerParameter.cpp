@@ -49,6 +49,8 @@ CellStyle parameterStyle(const std::string& type)
     } else if (type == "Float") {
         style.format = numberFormat;
     }
+    if (checkedAs(type))
+        style.alignment = CellStyle::Alignment::right;
     style.readOnly = type == "StringReadOnly";
     return style;
 }

@@ -1,5 +1,7 @@
 #include "TriggerArea.h"
 
+#include <algorithm>
+
 namespace ko::test {
 namespace {
 
@@ -119,7 +121,7 @@ TEST_F(TriggerArea, AnEditThatCannotBeCorrectedIsGivenUp)
     page.statusSite = host.queryStatusSite();
     struct Case {
         const char *type, *typed, *failing;
-        std::size_t hints;
+        std::ptrdiff_t hints;
     };
     const Case cases[] = {{"mystery", "b", "", 1},
                           {"Enum", "sideways", "", 0},
@@ -142,7 +144,8 @@ TEST_F(TriggerArea, AnEditThatCannotBeCorrectedIsGivenUp)
             EXPECT_TRUE(way()) << c.type;
             EXPECT_EQ(grid.editedRow(), 0) << c.type;
             EXPECT_EQ(values(), Texts{"False"});
-            EXPECT_EQ(host.hints, Texts(c.hints, "Unrecognized Parameter Type: mystery"));
+            EXPECT_EQ(std::count(host.hints.begin(), host.hints.end(), "Unrecognized Parameter Type: mystery"),
+                      c.hints);
             EXPECT_EQ(host.takeReports().size(), *c.failing ? 1U : 0U);
             EXPECT_EQ(grid.isEditable(1), !*c.failing) << "a value without a type is not edited again";
             EXPECT_EQ(driver.writes, Texts());
@@ -151,6 +154,36 @@ TEST_F(TriggerArea, AnEditThatCannotBeCorrectedIsGivenUp)
     switchOn();
     EXPECT_FALSE(grid.isEditable(1));
     EXPECT_EQ(host.takeReports().size(), 1U);
+}
+
+TEST_F(TriggerArea, AnOpenCellShowsItsRangeAndMarksWhatItWouldRefuse)
+{
+    page.statusSite = host.queryStatusSite();
+    const struct {
+        const char *type, *failing, *hint, *bad;
+    } cases[] = {{"Float", "", "  A valid real number in the range -10 to 10 is required.", "10.5"},
+                 {"Integer", "", "  A valid integer in the range -10 to 10 is required.", "x"},
+                 {"Float", "GetTriggerParamMax", "", ""},
+                 {"String", "", "", ""}};
+    for (const auto& c : cases) {
+        driver.parameters = {{.type = c.type, .value = 2}};
+        switchOn();
+        host.hints.clear();
+        driver.failing = {c.failing};
+        grid.userOpenedCell(1);
+        driver.failing = {};
+        EXPECT_EQ(host.hints, Texts(*c.hint ? 1 : 0, c.hint));
+        for (const char* typed : {"x", c.bad, "5", "2"}) {
+            grid.userTypedInCell(typed, 0, 0);
+            EXPECT_EQ(grid.editorMarked(), *c.hint && (typed == std::string("x") || typed == std::string(c.bad)))
+                << typed;
+        }
+        grid.userDroppedEdit();
+        EXPECT_EQ(host.hints.empty() ? "" : host.hints.back(), "");
+        EXPECT_FALSE(grid.editorMarked());
+        EXPECT_EQ(grid.cell(1, Grid::valueColumn).style.alignment,
+                  *c.type == 'S' ? CellStyle::Alignment::left : CellStyle::Alignment::right);
+    }
 }
 
 TEST_F(TriggerArea, ASwitchIsShownWhateverItsDriverKeepsItAs)

@@ -66,7 +66,7 @@ void Binding::refreshUsability()
 {
     // The toolkit moves the focus from a widget that is disabled or hidden to another one.
     const FocusKeeper::Hold hold(view_.focus());
-    widget_.setEnabled(isEnabled(control_));
+    widget_.setEnabled(isEnabled(control_) || isRead());
     widget_.setVisible(control_.visible());
     view_.focus().followLater();
 }

@@ -28,6 +28,9 @@ protected:
     /// Updates the widget's texts for assistive technology and the status line.
     virtual void refreshHint();
     virtual void refreshUsability();
+    /// Whether the widget shows a value, which stays readable on a form that is only read.
+    [[nodiscard]] virtual bool showsValue() const { return false; }
+    [[nodiscard]] bool isRead() const { return showsValue() && control_.isRead(); }
 
     FormView& view_;
 

@@ -77,6 +77,15 @@ void OptionButtonBinding::refresh(Aspect aspect)
         radio_.setChecked(option_.value());
     else
         PressBinding::refresh(aspect);
+    if (option_.form().isForReading() && aspect == Aspect::Selection)
+        refreshUsability();
+}
+
+void OptionButtonBinding::refreshUsability()
+{
+    PressBinding::refreshUsability();
+    // An enabled radio button would change when it is pressed.
+    radio_.setAttribute(Qt::WA_TransparentForMouseEvents, isRead());
 }
 
 void OptionButtonBinding::selectNeighbour(int direction)
@@ -159,7 +168,7 @@ void FrameBinding::refreshUsability()
 {
     box_.setVisible(frame_.visible());
     if (heading_)
-        heading_->setEnabled(frame_.isUsable() || !frame_.isShown());
+        heading_->setEnabled(frame_.isUsable() || !frame_.isShown() || frame_.isRead());
     for (const Control* control : frame_.form().controls())
         if (control->container() == &frame_ && control->view)
             control->view(Aspect::Usability);

@@ -44,6 +44,8 @@ public:
 
 protected:
     void refresh(Aspect aspect) override;
+    void refreshUsability() override;
+    [[nodiscard]] bool showsValue() const override { return option_.value(); }
 
 private:
     void selectNeighbour(int direction);

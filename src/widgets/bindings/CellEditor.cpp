@@ -1,8 +1,10 @@
 #include "widgets/bindings/CellEditor.h"
 
 #include "platform/Scoped.h"
+#include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/FormView.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/PageTexts.h"
 
 #include <QKeyEvent>
 
@@ -30,6 +32,8 @@ void CellEditor::open()
     box_->setFrame(false);
     box_->setAccessibleName(toQt(grid_.cell(row_, Grid::nameColumn).value));
     box_->setAccessibleDescription(toQt(grid_.tag()));
+    if (grid_.cell(row_, Grid::valueColumn).style.alignment == CellStyle::Alignment::right)
+        box_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     box_->installEventFilter(this);
     onSignal(box_.data(), &QLineEdit::textEdited, this, [this] { typed(); });
     onSignal(box_.data(), &QLineEdit::selectionChanged, this, [this] { selected(); });
@@ -39,6 +43,21 @@ void CellEditor::open()
     // Focus given to the table goes to the open cell.
     table_.setFocusProxy(box_);
     box_->setFocus(Qt::OtherFocusReason);
+}
+
+void CellEditor::showMark()
+{
+    if (!box_ || (!mark_ && !grid_.editorMarked()))
+        return;
+    if (!mark_) {
+        mark_ = new EntryMark(*box_, view_.text(pageText::notValid));
+        onSignal(box_.data(), &QLineEdit::textChanged, mark_.data(), [this] { mark_->place(); });
+    }
+    mark_->setVisible(grid_.editorMarked());
+    mark_->place();
+    const QString hint = toQt(grid_.tag());
+    box_->setAccessibleDescription(
+        grid_.editorMarked() ? view_.text(pageText::invalidEntry) + QStringLiteral(". ") + hint : hint);
 }
 
 void CellEditor::close()

@@ -10,6 +10,7 @@
 
 namespace ko {
 
+class EntryMark;
 class FormView;
 
 /// The text box over the grid's open value cell. Enter ends the edit, Escape drops it; a refused edit stays open with
@@ -20,6 +21,8 @@ public:
 
     /// Updates the text box from the grid's open editor; opens or closes it as needed.
     void follow();
+    /// Updates the mark of a text that is not acceptable.
+    void showMark();
     /// The text box, null while no cell is open.
     [[nodiscard]] QLineEdit* box() const { return box_; }
 
@@ -36,6 +39,7 @@ private:
     Grid& grid_;
     QTableWidget& table_;
     QPointer<QLineEdit> box_;
+    QPointer<EntryMark> mark_; ///< created for the first invalid text of the box
     int row_ = 0; ///< the grid row of the box
     bool showing_ = false;
     bool isAway_ = false; ///< the box had the focus and has lost it

@@ -5,6 +5,7 @@
 #include "widgets/support/Guarded.h"
 
 #include <QEvent>
+#include <QLineEdit>
 #include <QListView>
 #include <QProxyStyle>
 
@@ -22,6 +23,20 @@ public:
                   QStyleHintReturn* data) const override
     {
         return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+/// Covers a combo box with its text, which can be selected and copied.
+class ReadingBox : public QLineEdit {
+public:
+    ReadingBox(QComboBox& combo, Qt::AlignmentFlag alignment) : QLineEdit(&combo)
+    {
+        setReadOnly(true);
+        setAlignment(alignment | Qt::AlignVCenter);
+        setPalette(readPalette());
+        setBackgroundRole(QPalette::Window);
+        setAutoFillBackground(true);
+        setGeometry(combo.rect());
     }
 };
 
@@ -85,19 +100,47 @@ void ComboBoxBinding::showItems()
     combo_.hidePopup();
     items_->reload();
     combo_.setCurrentIndex(list_.index());
+    showReading();
+}
+
+void ComboBoxBinding::showReading()
+{
+    if (!reading_ && !isRead())
+        return;
+    if (!reading_) {
+        reading_ = new ReadingBox(combo_, dynamic_cast<NumberList*>(&combo_) ? Qt::AlignRight : Qt::AlignLeft);
+        view_.focus().watch(list_, *reading_, *reading_);
+        QWidget::setTabOrder(&combo_, reading_);
+    }
+    reading_->setAccessibleName(combo_.accessibleName());
+    reading_->setText(toQt(list_.text()));
+    reading_->setVisible(isRead());
+    combo_.setFocusProxy(isRead() ? reading_ : nullptr);
+}
+
+void ComboBoxBinding::refreshUsability()
+{
+    const FocusKeeper::Hold hold(view_.focus());
+    Binding::refreshUsability();
+    showReading();
 }
 
 void ComboBoxBinding::refresh(Aspect aspect)
 {
     switch (aspect) {
     case Aspect::Items: showItems(); break;
-    case Aspect::Selection: combo_.setCurrentIndex(list_.index()); break;
+    case Aspect::Selection:
+        combo_.setCurrentIndex(list_.index());
+        showReading();
+        break;
     default: Binding::refresh(aspect);
     }
 }
 
 bool ComboBoxBinding::eventFilter(QObject*, QEvent* event)
 {
+    if (event->type() == QEvent::Resize && reading_)
+        reading_->setGeometry(combo_.rect());
     // The wheel scrolls the page; it selects entries only in the focused box.
     if (event->type() != QEvent::Wheel || combo_.hasFocus())
         return false;

@@ -6,6 +6,8 @@
 #include <QAbstractListModel>
 #include <QComboBox>
 
+class QLineEdit;
+
 namespace ko {
 
 /// Reads the entries of a combo box control only when they are displayed, so that long lists cost nothing.
@@ -34,14 +36,18 @@ public:
 
 protected:
     void refresh(Aspect aspect) override;
+    void refreshUsability() override;
+    [[nodiscard]] bool showsValue() const override { return true; }
 
 private:
     void chosen(int index);
     void showItems();
+    void showReading();
 
     ComboBox& list_;
     QComboBox& combo_;
     ItemsModel* items_;
+    QLineEdit* reading_ = nullptr; ///< covers the box with its text while the form is only read
 };
 
 } // namespace ko

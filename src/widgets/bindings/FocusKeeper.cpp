@@ -12,6 +12,18 @@
 
 namespace ko {
 
+namespace {
+
+/// Options show their value, but contain no text to select.
+bool isReadable(const Control& control)
+{
+    if (const auto* box = dynamic_cast<const TextBox*>(&control); box && box->text().empty())
+        return false;
+    return control.isRead() && !dynamic_cast<const PressControl*>(&control);
+}
+
+} // namespace
+
 FocusKeeper::FocusKeeper(Form& form, QWidget& surface, const UserActions& actions)
     : form_(form), surface_(surface), actions_(actions)
 {
@@ -84,9 +96,31 @@ void FocusKeeper::followLater()
     later_.start();
 }
 
+Control* FocusKeeper::readControl() const
+{
+    const QWidget* focused = surface_.window()->focusWidget();
+    Control* control = controlOf(focused);
+    return control && control->isRead() ? control : nullptr;
+}
+
+/// Returns whether the view still exists.
+bool FocusKeeper::read(Control& control, Qt::FocusReason reason)
+{
+    const Hold hold(*this);
+    if (!actions_.run([&] { form_.userMovedFocus(nullptr); }))
+        return false;
+    QWidget* target = widgetOf(&control);
+    target->setFocus(reason);
+    if (moved)
+        moved(*target);
+    return true;
+}
+
 void FocusKeeper::park()
 {
     QWidget* focused = surface_.window()->focusWidget();
+    if (readControl())
+        return;
     if (focused != &surface_ && (!focused || surface_.isAncestorOf(focused)))
         surface_.setFocus(Qt::OtherFocusReason);
 }
@@ -96,7 +130,7 @@ std::vector<Control*> FocusKeeper::tabStops() const
     std::vector<Control*> stops;
     for (Control* control : form_.controls()) {
         const bool active = control == form_.activeControl();
-        if (!control->takesFocus() || !widgetOf(control) || (!control->isUsable() && !active))
+        if (!control->takesFocus() || !widgetOf(control) || (!control->isUsable() && !active && !isReadable(*control)))
             continue;
         // Controls on a hidden tab are reached through the tab.
         if (!active && !widgetOf(control)->isVisibleTo(&surface_))
@@ -116,7 +150,8 @@ bool FocusKeeper::step(bool forward)
     std::vector<Control*> stops = tabStops();
     if (!forward)
         std::reverse(stops.begin(), stops.end());
-    const auto here = std::find(stops.begin(), stops.end(), form_.activeControl());
+    Control* const reading = readControl();
+    const auto here = std::find(stops.begin(), stops.end(), reading ? reading : form_.activeControl());
     auto next = here == stops.end() ? stops.begin() : here + 1;
     if (next == stops.end()) {
         if (stepOutside(forward))
@@ -126,7 +161,7 @@ bool FocusKeeper::step(bool forward)
     if (next != stops.end() && next != here) {
         // Styles draw the focus of buttons only after a focus change by keyboard.
         surface_.window()->setAttribute(Qt::WA_KeyboardFocusChange);
-        request(**next);
+        isReadable(**next) ? read(**next, Qt::TabFocusReason) : request(**next);
     }
     return true;
 }
@@ -147,6 +182,8 @@ bool FocusKeeper::stepOutside(bool forward)
 
 bool FocusKeeper::pressed(Control& control)
 {
+    if (control.isRead())
+        return !isReadable(control) || !read(control, Qt::MouseFocusReason);
     if (form_.activeControl() == &control) {
         follow();
         return false;
@@ -161,7 +198,7 @@ bool FocusKeeper::pressed(Control& control)
 bool FocusKeeper::focusCame(QObject* object, QEvent* event)
 {
     Control* control = controlOf(object);
-    if (held_ > 0 || !control || control == form_.activeControl())
+    if (held_ > 0 || !control || control == form_.activeControl() || control->isRead())
         return false;
     switch (static_cast<QFocusEvent*>(event)->reason()) {
     case Qt::PopupFocusReason:

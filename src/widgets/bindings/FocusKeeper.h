@@ -17,7 +17,8 @@ namespace ko {
 
 /// Keeps the toolkit's focus in line with the form's focus. The form decides: a press on a control, or a Tab to it,
 /// first requests the focus from the form, which validates the focused control once; the toolkit's focus then follows.
-/// Moving to a menu, a popup, another window or a dock does not change the form's focus.
+/// Moving to a menu, a popup, another window or a dock does not change the form's focus. On a form that is only read,
+/// the toolkit's focus moves through the disabled controls with a value, too, and none has the form's.
 class FocusKeeper : public QObject {
 public:
     /// During its lifetime, focus changes by the toolkit are not treated as the user's.
@@ -65,6 +66,9 @@ private:
 
     [[nodiscard]] QWidget* widgetOf(const Control* control) const;
     [[nodiscard]] Control* controlOf(const QObject* object) const;
+    /// The control that has the toolkit's focus for reading, if any.
+    [[nodiscard]] Control* readControl() const;
+    bool read(Control& control, Qt::FocusReason reason);
     bool pressed(Control& control);
     bool focusCame(QObject* object, QEvent* event);
     [[nodiscard]] bool keyPressed(const QKeyEvent& event) const;

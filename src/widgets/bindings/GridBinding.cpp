@@ -38,6 +38,7 @@ void GridBinding::refresh(Aspect aspect)
     case Aspect::Items: cells_.show(); break;
     case Aspect::Text:
     case Aspect::Selection: editor_.follow(); break;
+    case Aspect::Mark: editor_.showMark(); break;
     case Aspect::Usability:
         Binding::refresh(aspect);
         cells_.show();

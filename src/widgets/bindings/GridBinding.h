@@ -19,6 +19,7 @@ public:
 
 protected:
     void refresh(Aspect aspect) override;
+    [[nodiscard]] bool showsValue() const override { return true; }
 
 private:
     void reportSize();

@@ -143,12 +143,16 @@ void GridCells::showCell(int row, int column)
     // Read-only cells do not look like a field.
     const SystemColor interior = cell.style.readOnly ? SystemColor::inactiveBorder : cell.style.interior;
     item->setBackground(table_.palette().brush(roleOf(interior)));
+    const bool isRight = cell.style.alignment == CellStyle::Alignment::right;
+    item->setTextAlignment((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
 }
 
 void GridCells::showValue(int row)
 {
-    switch (grid_.cell(row, Grid::valueColumn).style.control) {
+    const CellStyle::Control kind = grid_.cell(row, Grid::valueColumn).style.control;
+    // While the form is only read, the chosen entry is shown as a text, which can be copied.
+    switch (kind == CellStyle::Control::list && grid_.isRead() ? CellStyle::Control::edit : kind) {
     case CellStyle::Control::check: return showCheck(row);
     case CellStyle::Control::list: return showList(row);
     case CellStyle::Control::edit:
@@ -173,7 +177,8 @@ void GridCells::showCheck(int row)
     QCheckBox* box = cellWidget<CheckCell>(row)->box;
     box->disconnect(this);
     box->setChecked(checkState(grid_.cell(row, Grid::valueColumn).value).value_or(false));
-    box->setEnabled(grid_.isEditable(row));
+    box->setEnabled(grid_.isEditable(row) || grid_.isRead());
+    box->setAttribute(Qt::WA_TransparentForMouseEvents, !grid_.isEditable(row));
     box->setAccessibleName(toQt(grid_.cell(row, Grid::nameColumn).value));
     onSignal(box, &QCheckBox::clicked, this, [this, row](bool on) { edited(row, checkText(on)); });
 }

@@ -6,7 +6,7 @@
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLocale>
 
 namespace ko {
@@ -131,11 +131,21 @@ SentenceBinding::SentenceBinding(FormView& view, Label& control, QLabel& label)
     label.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     label.setFocusPolicy(Qt::StrongFocus);
     label.setWordWrap(true);
+    label.installEventFilter(this);
     pause_.setSingleShot(true);
     pause_.setInterval(moment);
     // Assistive technology is notified only when the accessible name changes.
     onSignal(&pause_, &QTimer::timeout, &label, [&label] { label.setAccessibleName(label.text()); });
     refreshAll();
+}
+
+bool SentenceBinding::eventFilter(QObject*, QEvent* event)
+{
+    // The window's command copies from the form's focused control.
+    const bool copies =
+        event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy);
+    event->setAccepted(copies || event->isAccepted());
+    return copies;
 }
 
 void SentenceBinding::refresh(Aspect aspect)

@@ -26,6 +26,7 @@ public:
 protected:
     void refresh(Aspect aspect) override;
     void refreshHint() override;
+    [[nodiscard]] bool showsValue() const override { return true; }
 
 private:
     [[nodiscard]] const Field* shownField() const;
@@ -44,6 +45,7 @@ public:
 protected:
     void refresh(Aspect aspect) override;
     void refreshHint() override {}
+    [[nodiscard]] bool showsValue() const override { return true; }
     /// Whether the caption is a value, not the text for "not available".
     [[nodiscard]] bool isKnown() const;
 
@@ -73,6 +75,8 @@ private:
 class SentenceBinding : public Binding {
 public:
     SentenceBinding(FormView& view, Label& control, QLabel& label);
+
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 protected:
     void refresh(Aspect aspect) override;

@@ -27,14 +27,6 @@ bool isEditCommand(const QKeyEvent& key, bool hasSelection)
            key.matches(QKeySequence::Paste) || (hasSelection && key.matches(QKeySequence::Delete));
 }
 
-/// The colours of a box that cannot be typed in, which does not look like a field.
-QPalette flat()
-{
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    return palette;
-}
-
 } // namespace
 
 TextBoxBinding::TextBoxBinding(FormView& view, TextBox& control, QLineEdit& edit)
@@ -81,8 +73,8 @@ void TextBoxBinding::refresh(Aspect aspect)
         ko::raise(view_.formChanged);
         break;
     case Aspect::Usability:
-        edit_.setReadOnly(box_.locked());
-        edit_.setPalette(box_.locked() ? flat() : QPalette());
+        edit_.setReadOnly(box_.locked() || isRead());
+        edit_.setPalette(edit_.isReadOnly() ? readPalette() : QPalette());
         Binding::refresh(aspect);
         break;
     default: Binding::refresh(aspect);
@@ -183,6 +175,8 @@ bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
         mark_->place();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         followFocus(event->type() == QEvent::FocusIn);
+    if (isRead())
+        return false;
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
     if (event->type() == QEvent::KeyPress && box_.undo && reverts(*static_cast<QKeyEvent*>(event)))

@@ -214,6 +214,18 @@ void PageWidget::layColumns()
     schedules_->addWidget(view_->widget(page_.frmStop));
     schedules_->addStretch();
     columns_->addLayout(left, 1);
+QLabel& PageWidget::badge()
+{
+    QLabel& badge = view_->label(page_.lblReadOnly);
+    badge.setFrameShape(QFrame::StyledPanel);
+    badge.setMargin(view_->fontMetrics().height() / 4);
+    badge.setWordWrap(true);
+    QFont bold;
+    bold.setBold(true);
+    badge.setFont(bold);
+    return badge;
+}
+
     columns_->addLayout(schedules_, 1);
     auto* centred = new QHBoxLayout;
     centred->addStretch(1);
@@ -233,6 +245,7 @@ void PageWidget::layColumns()
     whole->addWidget(picture_, 0, 0);
     picture_->raise();
 }
+    limited->addWidget(&badge());
 
 /// Extra room goes to the trigger parameters or, without them, below the frames.
 void PageWidget::stretch(bool stacked)

@@ -64,7 +64,9 @@ QSize PageWidget::sizeHint() const
 {
     const QFontMetrics metrics = view_->fontMetrics();
     const QSize size = view_->sizeHint().expandedTo({metrics.averageCharWidth() * 128, metrics.height() * 38});
-    return size + QSize(0, std::max(plan_->heightForWidth(size.width()), planHeight()));
+    // A scroll bar that appears must not stack the frames.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return size + QSize(bar, std::max(plan_->heightForWidth(size.width()), planHeight()));
 }
 
 void PageWidget::layPlan()
@@ -124,6 +126,7 @@ void PageWidget::arrange()
     for (int i = 0; i < columns_->count(); ++i)
         wanted += columns_->itemAt(i)->minimumSize().width();
     const bool stacked = wanted > area_->viewport()->width();
+    content_->setMaximumHeight(stacked ? QWIDGETSIZE_MAX : view_->fontMetrics().height() * 50);
     columns_->setDirection(stacked ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     stretch(stacked);
 }

@@ -67,6 +67,8 @@ private:
     void layStop();
     void nameUnit(QComboBox& unit);
     void layColumns();
+    /// The label of a page that is only read.
+    QLabel& badge();
     void layPlan();
     /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
     [[nodiscard]] int planHeight() const;
@@ -91,7 +93,7 @@ private:
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QBoxLayout* schedules_ = nullptr;
-    QTimer minute_;
+    QTimer minute_{this};
     std::vector<QGridLayout*> measurements_, schedule_;
 };
 

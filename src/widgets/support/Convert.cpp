@@ -88,6 +88,13 @@ std::int32_t toTwips(const QWidget& widget, int pixels)
     return static_cast<std::int32_t>(qint64{pixels} * 1440 / widget.logicalDpiX());
 }
 
+QPalette readPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    return palette;
+}
+
 QPalette::ColorRole roleOf(SystemColor color)
 {
     switch (color) {

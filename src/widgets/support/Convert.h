@@ -33,6 +33,9 @@ void applyFont(QWidget& widget, const Font& font, const Font& formFont);
 int toPixels(const QWidget& widget, std::int32_t twips);
 std::int32_t toTwips(const QWidget& widget, int pixels);
 
+/// The colours of a box that cannot be typed in, which does not look like a field.
+QPalette readPalette();
+
 /// The palette role of a system colour.
 QPalette::ColorRole roleOf(SystemColor color);
 

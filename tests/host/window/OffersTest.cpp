@@ -1,8 +1,10 @@
 #include "FrameTest.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -75,18 +77,35 @@ TEST_F(OffersTest, TheButtonIsTheNextTabStopAndItsTableReadsCellByCell)
     EXPECT_EQ(QApplication::focusWidget(), &at(page().cmbSamplePeriod));
 }
 
-TEST_F(OffersTest, OnAReadOnlyPageTheButtonsAreAllThatCanBeReached)
+TEST_F(OffersTest, OnAReadOnlyPageEveryValueIsReachedAndCopiedByKeysAndNoneIsChanged)
 {
-    action(hostText::viewMenu, hostText::readOnly).trigger();
-    for (const Control* stop : std::initializer_list<const Control*>{
-             &page().cmdSampleRateOffers, &page().cmdSamplePeriodOffers, &page().cmdBlockSizeOffers, &page().lblPlan,
-             &page().cmdSampleRateOffers}) {
+    auto& readOnly = action(hostText::viewMenu, hostText::readOnly);
+    readOnly.trigger();
+    EXPECT_TRUE(at(page().lblReadOnly).isVisible());
+    QStringList stops;
+    for (int i = 0; i < 10; ++i) {
         press(Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), &at(*stop)) << stop->name();
+        QWidget* focused = QApplication::focusWidget();
+        QApplication::clipboard()->clear();
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_C, Qt::Key_X, Qt::Key_V})
+            QTest::keyClick(focused, key, Qt::ControlModifier);
+        QTest::keyClicks(focused, "7");
+        const QString name = focused->objectName().isEmpty() ? focused->parent()->objectName() : focused->objectName();
+        stops << name + QStringLiteral(" ") + QApplication::clipboard()->text();
     }
-    inDialog([](QDialog& dialog) { dialog.accept(); });
-    press(Qt::Key_Space);
-    EXPECT_TRUE(looked);
+    EXPECT_EQ(stops.join(u'\n').toStdString(),
+              "cmbSampleRate 1000\ncmdSampleRateOffers \ncmbSamplePeriod 0.001\ncmdSamplePeriodOffers \n"
+              "txtBlockSize 0\ncmdBlockSizeOffers \ntxtDuration 10\ncmbInterval seconds\nlblPlan " +
+                  page().lblPlan.caption() + "\ncmbSampleRate 1000");
+    EXPECT_FALSE(window.isWindowModified());
+    QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_TRUE(static_cast<QRadioButton&>(at(page().optAfter)).isChecked());
+
+    readOnly.trigger();
+    EXPECT_FALSE(at(page().lblReadOnly).isVisible());
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    QTest::keyClicks(&at(page().txtDuration), "7");
+    EXPECT_EQ(page().txtDuration.text(), "7");
 }
 
 TEST_F(OffersTest, TheMarkOfADifferenceOpensTheTableWhereEnterSetsAll)
