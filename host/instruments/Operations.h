@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -70,6 +71,12 @@ enum class Operation : std::uint8_t {
     KO_OPERATIONS(KO_ENUMERATOR)
 #undef KO_ENUMERATOR
 };
+
+inline constexpr std::size_t operationCount = 0
+#define KO_COUNT(enumerator, name, kind) +1
+    KO_OPERATIONS(KO_COUNT)
+#undef KO_COUNT
+    ;
 
 /// Returns the operation's name without `get` or `set`.
 std::string_view operationName(Operation operation);

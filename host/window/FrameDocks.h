@@ -51,6 +51,7 @@ private:
     /// Calls `rebuild`, which makes the page read its instruments again. Restores the focus if it was in a dock.
     void rebuildBy(const std::function<void()>& rebuild);
 
+    Texts texts_;
     PageHost& page_;
     SetupSession& session_;
     FrameCapture& capture_;

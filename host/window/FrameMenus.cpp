@@ -1,5 +1,6 @@
 #include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
+#include "host/window/DockRoom.h"
 #include "host/window/DriverLog.h"
 #include "host/window/FrameWindow.h"
 #include "host/window/HelpWindow.h"
@@ -129,9 +130,12 @@ void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)
     QAction* toggle = dock.toggleViewAction();
     toggle->setText(text(label));
     menu.addAction(toggle);
-    onSignal(toggle, &QAction::triggered, this, [&dock](bool shown) {
-        if (shown)
-            dock.setFocus(Qt::OtherFocusReason);
+    onSignal(toggle, &QAction::triggered, this, [this, &dock](bool shown) {
+        if (!shown)
+            return;
+        makeRoom(*this, dock, page().sizeHint());
+        dock.raise();
+        dock.setFocus(Qt::OtherFocusReason);
     });
 }
 
