@@ -123,6 +123,14 @@ const ParameterSettings& parameterOf(const InstrumentRow& row)
 
 } // namespace
 
+bool isIdleStartTime(const InstrumentRow& row)
+{
+    const std::size_t member = row.item() - heldNumbers.size(); // wraps around for a number
+    return row.kind() == InstrumentRow::Kind::Quantity && member < scheduleMembers.size() &&
+           scheduleMembers[member].name == hostText::startTime &&
+           row.driver().held().timebase->startMode != startMode::atTime;
+}
+
 std::size_t quantityCount()
 {
     return heldNumbers.size() + scheduleMembers.size();

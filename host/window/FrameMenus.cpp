@@ -60,6 +60,8 @@ void FrameWindow::makeFileMenu()
     addEntry(menu, hostText::print, QKeySequence::Print, [this] { printing_.printPage(); });
     addEntry(menu, hostText::printPreview, {}, [this] { printing_.previewPage(); });
     addEntry(menu, sheetText::menuEntry, {}, [this] { printing_.printSheet(); });
+    addEntry(menu, sheetText::previewEntry, {}, [this] { printing_.previewSheet(); });
+    addEntry(menu, sheetText::exportEntry, {}, [this] { printing_.exportSheet(files_.questions()); });
     menu.addSeparator();
     menu.addAction(&capture_.action());
     menu.addSeparator();

@@ -99,7 +99,7 @@ void Reports::add(std::int32_t number, const QString& source, const QString& des
     const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
     auto* item = new QTreeWidgetItem({time, isCall ? call.instrument : QString(), failure, source});
     for (int column = 0; column < columns; ++column)
-        item->setToolTip(column, plainTip(item->text(column)));
+        item->setData(column, Qt::ToolTipRole, plainTip(item->text(column)));
     if (list_->topLevelItemCount() == kept)
         delete list_->takeTopLevelItem(0);
     list_->addTopLevelItem(item);

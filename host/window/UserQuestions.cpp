@@ -1,6 +1,8 @@
 #include "host/window/UserQuestions.h"
 
+#include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
+#include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
 
 #include <QFileDialog>
@@ -41,6 +43,21 @@ std::string BoxQuestions::fileToSave()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("json"));
     dialog->selectFile(toQt(session_.name()));
+    return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
+}
+
+std::string BoxQuestions::fileForSheet()
+{
+    const QFileInfo setup(toQt(session_.file()));
+    const QString pages = QStringLiteral("%1 (*.html)").arg(texts_(sheetText::htmlFiles));
+    const QString pdf = QStringLiteral("%1 (*.pdf)").arg(texts_(sheetText::pdfFiles));
+    Modal<QFileDialog> dialog(&window_, texts_(sheetText::exportTitle), setup.path(), pages + ";;" + pdf);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("html"));
+    onSignal(dialog.get(), &QFileDialog::filterSelected, dialog.get(), [&](const QString& filter) {
+        dialog->setDefaultSuffix(filter == pdf ? QStringLiteral("pdf") : QStringLiteral("html"));
+    });
+    dialog->selectFile(setup.completeBaseName());
     return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
 }
 

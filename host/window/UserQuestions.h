@@ -12,6 +12,8 @@ class UserQuestions : public SessionQuestions {
 public:
     /// Asks for a file to open; returns an empty path if the user cancels.
     virtual std::string fileToOpen() = 0;
+    /// Asks for a file to write the set-up sheet to; returns an empty path if the user cancels.
+    virtual std::string fileForSheet() = 0;
 };
 
 /// Asks by message boxes and file dialogs. A box or dialog that is destroyed together with the window and this object
@@ -23,6 +25,7 @@ public:
 
     Unsaved keepChanges() override;
     std::string fileToOpen() override;
+    std::string fileForSheet() override;
     std::string fileToSave() override;
     Conflict settleConflict() override;
     bool reload() override;

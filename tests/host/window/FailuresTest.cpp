@@ -30,6 +30,7 @@ class StuckQuestions : public UserQuestions {
 public:
     Unsaved keepChanges() override { getStuck(); }
     std::string fileToOpen() override { getStuck(); }
+    std::string fileForSheet() override { return {}; }
     std::string fileToSave() override { getStuck(); }
     Conflict settleConflict() override { getStuck(); }
     bool reload() override { getStuck(); }

@@ -1,4 +1,5 @@
 #include "FrameTest.h"
+#include "host/sheet/SheetTexts.h"
 #include "host/support/InputError.h"
 #include "host/window/RecentFiles.h"
 #include "interfaces/Timebase.h"
@@ -317,6 +318,26 @@ TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsRepo
     }
     EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
+}
+
+TEST_F(FrameFilesTest, TheSheetIsExportedAndNeverOverTheOpenSetup)
+{
+    window.open(bench);
+    show();
+    QAction& entry = action(hostText::fileMenu, sheetText::exportEntry);
+    entry.trigger();
+    user.sheet = folder.filePath("sheet.html").toStdString();
+    entry.trigger();
+    EXPECT_NE(readFile(user.sheet).find("bench.json"), std::string::npos);
+    const std::string before = readFile(bench);
+    for (const std::string& refused : {bench, folder.filePath("none/sheet.pdf").toStdString()}) {
+        user.sheet = refused;
+        QString told;
+        answer(told);
+        entry.trigger();
+        EXPECT_TRUE(told.contains(toQt(refused))) << fromQt(told);
+    }
+    EXPECT_EQ(readFile(bench), before);
 }
 
 } // namespace
