@@ -119,8 +119,11 @@ Value valueOf(const Setting& setting, const HeadlessPage& played)
     } catch (const Failure& failure) {
         throw Refusal(setting.name + ": not available: " + failure.what());
     }
-    if (isEmpty(value))
-        throw Refusal(setting.name + ": not available: it has no value now");
+    if (isEmpty(value)) {
+        const auto needed = missing(setting.needs, played.page());
+        throw Refusal(setting.name +
+                      ": not available: " + (needed.empty() ? "it has no value now" : needsText(needed)));
+    }
     return value;
 }
 

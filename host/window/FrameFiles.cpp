@@ -56,8 +56,10 @@ void FrameFiles::chooseAndOpen()
 void FrameFiles::openRecent(const QString& file)
 {
     const UserActions::Action action(actions_);
-    open(file);
-    if (!action.isOver() && !QFileInfo::exists(file))
+    if (QFileInfo::exists(file))
+        return open(file);
+    const bool isForgotten = questions_->forget(fromQt(file));
+    if (isForgotten && !action.isOver())
         recent_.remove(file);
 }
 

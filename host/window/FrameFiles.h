@@ -34,7 +34,7 @@ public:
     /// Opens a set-up after asking the page and the user. Shows the user the reason if the file is refused.
     void open(const QString& file);
     void chooseAndOpen();
-    /// Also removes a file that no longer exists from the list of recent files.
+    /// As `open`; offers to remove a file that cannot be found from the list of recent files.
     void openRecent(const QString& file);
     /// Accepts the drag of exactly one local file.
     static void acceptDrag(QDragEnterEvent& event);

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QStyle>
 
 namespace ko {
 
@@ -153,9 +154,13 @@ void FrameWindow::makeHelpMenu()
 
 void FrameWindow::showAbout()
 {
-    Modal<PlainBox>(QMessageBox::NoIcon, withoutMnemonic(text(hostText::about)), text(hostText::aboutText), QString(),
-                    QMessageBox::Ok, this)
-        .wait();
+    const QString name = withoutMnemonic(text(hostText::product)) + u' ';
+    const QString version = text(textNumber::about::version).arg(QLatin1String(KO_VERSION));
+    Modal<PlainBox> box(QMessageBox::NoIcon, withoutMnemonic(text(hostText::about)), name + version,
+                        text(hostText::aboutText) + QStringLiteral("\n\n") + text(textNumber::about::licence),
+                        QMessageBox::Ok, this);
+    box->setIconPixmap(windowIcon().pixmap(style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this)));
+    box.wait();
 }
 
 } // namespace ko

@@ -91,6 +91,16 @@ bool BoxQuestions::reload()
     return box.answer() == reload;
 }
 
+bool BoxQuestions::forget(const std::string& file)
+{
+    Modal<PlainBox> box(QMessageBox::Question, texts_(hostText::openTitle),
+                        texts_(textNumber::recent::missing).arg(toQt(file)), texts_(textNumber::recent::removeQuestion),
+                        QMessageBox::Cancel, &window_);
+    QPushButton* const remove = box->addButton(texts_(textNumber::recent::remove), QMessageBox::AcceptRole);
+    box->setDefaultButton(remove);
+    return box.answer() == remove;
+}
+
 QString BoxQuestions::filter() const
 {
     return QStringLiteral("%1 (*.json);;%2 (*)").arg(texts_(hostText::setupFiles), texts_(hostText::allFiles));

@@ -14,6 +14,8 @@ public:
     virtual std::string fileToOpen() = 0;
     /// Asks for a file to write the set-up sheet to; returns an empty path if the user cancels.
     virtual std::string fileForSheet() = 0;
+    /// Returns whether to remove a recent file that cannot be found from the list.
+    virtual bool forget(const std::string& file) = 0;
 };
 
 /// Asks by message boxes and file dialogs. A box or dialog that is destroyed together with the window and this object
@@ -26,6 +28,7 @@ public:
     Unsaved keepChanges() override;
     std::string fileToOpen() override;
     std::string fileForSheet() override;
+    bool forget(const std::string& file) override;
     std::string fileToSave() override;
     Conflict settleConflict() override;
     bool reload() override;

@@ -207,7 +207,10 @@ TEST_F(FrameFilesTest, RecentFilesAreOpenedForgottenWhenMissingAndCleared)
     EXPECT_EQ(window.session().name(), "other.json");
     QFile::remove(toQt(bench));
     recentEntries().at(1)->trigger();
-    EXPECT_NE(user.told.find(bench), std::string::npos);
+    EXPECT_EQ(user.told, bench);
+    EXPECT_EQ(recent(), QStringList({"other.json", "bench.json"})) << "the user keeps it: a drive may come back";
+    user.forget = true;
+    recentEntries().at(1)->trigger();
     EXPECT_EQ(recent(), QStringList({"other.json"}));
     recentEntries().constLast()->trigger();
     EXPECT_EQ(recent(), QStringList());
@@ -273,6 +276,10 @@ TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
     for (const auto& [text, result] : {std::pair{hostText::reload, true}, {hostText::product, false}}) {
         const Soon soon(press(text));
         EXPECT_EQ(boxes.reload(), result);
+    }
+    for (const auto& [text, result] : {std::pair{textNumber::recent::remove, true}, {hostText::product, false}}) {
+        const Soon soon(press(text));
+        EXPECT_EQ(boxes.forget("bench.json"), result);
     }
 }
 

@@ -25,6 +25,7 @@ struct Decided {
     bool reload = false;
     int offered = 0; ///< number of offers to reload the file
     std::string open, saveAs, sheet;
+    bool forget = false;
     std::string told;
 };
 
@@ -39,6 +40,11 @@ public:
     }
     std::string fileToOpen() override { return user_.open; }
     std::string fileForSheet() override { return user_.sheet; }
+    bool forget(const std::string& file) override
+    {
+        user_.told = file;
+        return user_.forget;
+    }
     std::string fileToSave() override { return user_.saveAs; }
     Conflict settleConflict() override { return user_.conflict; }
     bool reload() override
