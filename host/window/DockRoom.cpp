@@ -41,15 +41,13 @@ QSize wantedSize(const QMainWindow& window, const QDockWidget& dock, const QSize
     return {window.width(), page.height() + gap + dock.sizeHint().height() + bars};
 }
 
-void putBelow(QMainWindow& window, QDockWidget& dock)
+/// Puts a dock below the page into tabs with another open one, if there is any.
+void shareTabs(QMainWindow& window, QDockWidget& dock)
 {
-    QDockWidget* below = nullptr;
     for (QDockWidget* const other : window.findChildren<QDockWidget*>())
-        if (other != &dock && !other->isHidden() && window.dockWidgetArea(other) == Qt::BottomDockWidgetArea)
-            below = other;
-    window.addDockWidget(Qt::BottomDockWidgetArea, &dock);
-    if (below)
-        window.tabifyDockWidget(below, &dock);
+        if (other != &dock && !other->isHidden() && !other->isFloating() &&
+            window.dockWidgetArea(other) == Qt::BottomDockWidgetArea)
+            return window.tabifyDockWidget(other, &dock);
 }
 
 void grow(QMainWindow& window, const QSize& size)
@@ -72,7 +70,9 @@ void makeRoom(QMainWindow& window, QDockWidget& dock, const QSize& page)
         return;
     const QSize most = mostRoom(window);
     if (isBeside(window.dockWidgetArea(&dock)) && wantedSize(window, dock, page).width() > most.width())
-        putBelow(window, dock);
+        window.addDockWidget(Qt::BottomDockWidgetArea, &dock);
+    if (window.dockWidgetArea(&dock) == Qt::BottomDockWidgetArea)
+        shareTabs(window, dock);
     grow(window, wantedSize(window, dock, page).boundedTo(most).expandedTo(window.size()));
     if (isBeside(window.dockWidgetArea(&dock)))
         window.resizeDocks({&dock}, {dock.sizeHint().width()}, Qt::Horizontal);

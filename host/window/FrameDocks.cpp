@@ -27,7 +27,6 @@ FrameDocks::FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, S
     parts.reports = reports_;
     window.addDockWidget(Qt::BottomDockWidgetArea, reports_);
     window.addDockWidget(Qt::BottomDockWidgetArea, log_);
-    window.tabifyDockWidget(reports_, log_);
     window.addDockWidget(Qt::RightDockWidgetArea, instruments_);
     window.centralWidget()->layout()->addWidget(failures_);
     joinWatch();

@@ -114,6 +114,8 @@ void FrameFiles::OnChanged()
 {
     if (!session_.isChanged())
         session_.setChanged(true);
+    if (changed)
+        changed();
 }
 
 } // namespace ko

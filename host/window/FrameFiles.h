@@ -30,6 +30,8 @@ public:
 
     /// Called after a file has been loaded, to show its instruments.
     std::function<void()> showInstruments;
+    /// Called after every change that the document has accepted.
+    std::function<void()> changed;
 
     /// Opens a set-up after asking the page and the user. Shows the user the reason if the file is refused.
     void open(const QString& file);

@@ -7,6 +7,7 @@
 #include "host/window/Reports.h"
 
 #include <QKeyEvent>
+#include <QLayout>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -17,6 +18,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
 {
     actions_.keep(parts_);
     joinFiles();
+    joinSpace();
     statusBar()->addWidget(&page_.hint(), 1);
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
@@ -30,6 +32,8 @@ FrameWindow::~FrameWindow()
 {
     capture_.stop();
     docks_.stop();
+    space_->stop();
+    files_.changed = nullptr;
     page_.end();
     if (!actions_.end(*this))
         docks_.remove();
@@ -59,10 +63,19 @@ void FrameWindow::joinFiles()
     };
 }
 
+void FrameWindow::joinSpace()
+{
+    centralWidget()->layout()->addWidget(space_);
+    space_->figures = [this] { return document().page().figures; };
+    space_->file = [this] { return session().file(); };
+    files_.changed = [this] { space_->refreshLater(); };
+}
+
 void FrameWindow::handOver()
 {
     docks_.show(session().drivers());
     page_.show(session().drivers());
+    space_->refreshLater();
     page().view().focus().follow();
 }
 

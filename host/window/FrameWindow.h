@@ -6,6 +6,7 @@
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/PageHost.h"
+#include "host/window/SpaceGauge.h"
 
 #include <QMainWindow>
 
@@ -33,6 +34,7 @@ public:
     [[nodiscard]] FramePrinting& printing() { return printing_; }
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
+    [[nodiscard]] SpaceGauge& space() { return *space_; }
 
     [[nodiscard]] Document& document() { return page_.document(); }
     [[nodiscard]] PageWidget& page() { return page_.widget(); }
@@ -52,6 +54,7 @@ protected:
 private:
     [[nodiscard]] CaptureFrame captureFrame();
     void joinFiles();
+    void joinSpace();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
     void rememberPlace();
@@ -78,6 +81,7 @@ private:
     FrameCapture capture_{captureFrame()};
     PageHost page_{*this, actions_, parts_, capture_, files_};
     FrameDocks docks_{*this, *parts_, page_, session(), capture_};
+    SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 

@@ -207,6 +207,37 @@ TEST_F(FrameWindowTest, AnOpenedDockLeavesThePageItsWidthOrSharesTabsBelowIt)
             EXPECT_TRUE(view->isHidden() || view->columnWidth(column) >= view->header()->sectionSizeHint(column));
 }
 
+TEST_F(FrameWindowTest, TheSpaceOnTheDiskIsComparedWithTheNeedAndAWarningIsShownWhileItDoesNotSuffice)
+{
+    std::string asked;
+    std::optional<double> free = 20e6;
+    window.space().freeSpace = [&](const std::string& of) {
+        asked = of;
+        return free;
+    };
+    const auto shown = [&] {
+        QTest::qWait(1);
+        return window.space().isVisible() ? window.space().accessibleName().toStdString() : std::string();
+    };
+    const auto later = [&] {
+        window.space().refreshLater();
+        return shown();
+    };
+    show();
+    EXPECT_EQ(later(), "") << "no set-up";
+    window.open(demo);
+    EXPECT_EQ(shown(), "Disk space: 10.31 MB needed, 19.07 MB free");
+    EXPECT_EQ(asked, demo);
+    enterDuration("300");
+    EXPECT_EQ(shown(), "The recording does not fit on the disk of the set-up: 103.02 MB needed, 19.07 MB free.");
+    free = 20e9;
+    EXPECT_EQ(later(), "Disk space: 103.02 MB needed, 18.63 GB free");
+    free.reset();
+    EXPECT_EQ(later(), "");
+    EXPECT_TRUE(freeSpaceBeside(demo));
+    EXPECT_FALSE(freeSpaceBeside("/nowhere/a.json"));
+}
+
 TEST_F(FrameWindowTest, TheStatusLineShowsTheHintOfTheFocusAndItsRange)
 {
     window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
