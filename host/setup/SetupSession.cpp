@@ -138,7 +138,7 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     try {
         if (checkFree)
             checkFree(file);
-        content_ = saveSetup(file, withPresentValues(*setup_, drivers_));
+        content_ = saveSetup(file, withPresentValues(*setup_, drivers_), content_);
     } catch (const InputError& error) {
         questions.tellNotSaved(error.what());
         return false;
