@@ -8,7 +8,7 @@ cmake_path(RELATIVE_PATH from_program BASE_DIRECTORY "${CMAKE_INSTALL_FULL_BINDI
 function(ko_link_data folder)
   cmake_path(SET data NORMALIZE "${folder}/${KO_DATA_FROM_PROGRAM}")
   file(MAKE_DIRECTORY ${data})
-  foreach(name strings help)
+  foreach(name strings help demo)
     file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${name} ${data}/${name} SYMBOLIC)
   endforeach()
   file(CREATE_LINK ${PROJECT_SOURCE_DIR}/packaging/org.korvell.Host-128.png ${data}/icon.png SYMBOLIC)
