@@ -21,6 +21,8 @@ constexpr std::array templates{Entry{"empty", "empty.json"}, Entry{"vibration", 
                                Entry{"engine-bench", "engine-bench-demo.json"},
                                Entry{"temperature-logging", "temperature-logging.json"}, Entry{"mixed", "mixed.json"}};
 
+static_assert(templates.size() == templateCount);
+
 std::string demoFile(const std::string& name)
 {
     const auto file = findDataFile("demo/" + name);

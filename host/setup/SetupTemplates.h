@@ -14,6 +14,7 @@ struct SetupTemplate {
     std::string content; ///< of the file
 };
 
+inline constexpr std::size_t templateCount = 5;
 /// Returns the names of the templates, in the order in which they are offered.
 std::vector<std::string> templateNames();
 /// Reads a template. Throws an `InputError`, which suggests similar names if there is none of this name.

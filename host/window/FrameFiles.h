@@ -36,6 +36,8 @@ public:
     /// Opens a set-up after asking the page and the user. Shows the user the reason if the file is refused.
     void open(const QString& file);
     void chooseAndOpen();
+    /// Begins a new set-up with a template after asking.
+    void beginNew(const std::string& templateName);
     /// As `open`; offers to remove a file that cannot be found from the list of recent files.
     void openRecent(const QString& file);
     /// Accepts the drag of exactly one local file.

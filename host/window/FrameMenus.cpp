@@ -1,3 +1,4 @@
+#include "host/setup/SetupTemplates.h"
 #include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
 #include "host/window/DockRoom.h"
@@ -14,6 +15,7 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QStyle>
+#include <array>
 
 namespace ko {
 
@@ -51,6 +53,7 @@ QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, 
 void FrameWindow::makeFileMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::fileMenu));
+    makeNewMenu(menu);
     addEntry(menu, hostText::openSetup, QKeySequence::Open, [this] { files_.chooseAndOpen(); });
     makeRecentMenu(menu);
     menu.addSeparator();
@@ -67,6 +70,20 @@ void FrameWindow::makeFileMenu()
     menu.addAction(&capture_.action());
     menu.addSeparator();
     addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
+}
+
+void FrameWindow::makeNewMenu(QMenu& menu)
+{
+    namespace newText = textNumber::newSetup;
+    // In the order of the templates.
+    constexpr std::array labels{newText::empty, newText::vibration, newText::engineBench, newText::temperatures,
+                                newText::mixed};
+    static_assert(labels.size() == templateCount);
+    QMenu& submenu = *menu.addMenu(text(newText::menu));
+    const std::vector<std::string> names = templateNames();
+    for (std::size_t i = 0; i < labels.size(); ++i)
+        addEntry(submenu, labels[i], i == 0 ? QKeySequence(QKeySequence::New) : QKeySequence(),
+                 [this, name = names[i]] { files_.beginNew(name); });
 }
 
 void FrameWindow::makeRecentMenu(QMenu& menu)

@@ -91,7 +91,7 @@ SheetSource FramePrinting::sheet()
     return {.page = page_.document().page(),
             .drivers = session_.drivers(),
             .title = session_.title(),
-            .file = session_.name(),
+            .file = session_.isOpen() ? session_.name() : std::string(),
             .isChanged = session_.isChanged(),
             .made = parts_.services.clock.now(),
             .texts = parts_.texts(),

@@ -58,7 +58,7 @@ void FrameWindow::joinFiles()
     session().mayLeavePage = [this] { return page_.okToLeave(); };
     session().checkFree = [this](const std::string& file) { capture_.refuseOwn(file); };
     files_.showInstruments = [this] {
-        capture_.setup(session().file());
+        capture_.setup(session().source());
         handOver();
     };
 }

@@ -61,6 +61,7 @@ private:
 
     void makeMenus();
     void makeFileMenu();
+    void makeNewMenu(QMenu& menu);
     void makeRecentMenu(QMenu& menu);
     void fillRecentMenu(QMenu& menu);
     void makeEditMenu();

@@ -327,6 +327,38 @@ TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsRepo
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
+TEST_F(FrameFilesTest, ANewSetUpBeginsWithATemplateAndAsksForItsFileWhenItIsSaved)
+{
+    window.open(bench);
+    show();
+    QMenu* const menu = action(hostText::fileMenu, textNumber::newSetup::menu).menu();
+    const auto entry = [&](int text) {
+        for (QAction* found : menu->actions())
+            if (found->text() == window.text(text))
+                return found;
+        throw std::out_of_range("no such template");
+    };
+    window.session().setChanged(true);
+    entry(textNumber::newSetup::vibration)->trigger();
+    EXPECT_EQ(window.session().file(), bench) << "the user is asked about the changes and cancels";
+    user.unsaved = Unsaved::Discard;
+    entry(textNumber::newSetup::vibration)->trigger();
+    EXPECT_TRUE(window.windowTitle().startsWith("vibration[*]")) << fromQt(window.windowTitle());
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(page().cmbSampleRate.text(), "51200");
+    EXPECT_EQ(recent(), QStringList({"bench.json"}));
+    user.saveAs = folder.filePath("mine.json").toStdString();
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(readFile(user.saveAs), readFile(KO_DEMO_FOLDER "/vibration.json"));
+    EXPECT_EQ(recent(), QStringList({"mine.json", "bench.json"}));
+    QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_TRUE(page().drivers.empty() && window.session().name() == "empty");
+    for (QAction* each : menu->actions()) {
+        each->trigger();
+        EXPECT_EQ(user.told, "") << fromQt(each->text());
+    }
+}
+
 TEST_F(FrameFilesTest, TheSheetIsExportedAndNeverOverTheOpenSetup)
 {
     window.open(bench);
