@@ -35,9 +35,8 @@ std::string demoFile(const std::string& name)
 
 std::vector<std::string> templateNames()
 {
-    std::vector<std::string> names;
-    for (const Entry& entry : templates)
-        names.emplace_back(entry.name);
+    std::vector<std::string> names(templates.size());
+    std::transform(templates.begin(), templates.end(), names.begin(), [](const Entry& entry) { return entry.name; });
     return names;
 }
 

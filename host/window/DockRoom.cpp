@@ -32,11 +32,11 @@ QSize mostRoom(const QMainWindow& window)
 }
 
 /// Returns the content's size with the page and the dock side by side, or one above the other.
-QSize wantedSize(const QMainWindow& window, const QDockWidget& dock, const QSize& page)
+QSize wantedSize(const QMainWindow& window, QDockWidget& dock, const QSize& page)
 {
     const int gap = window.style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, &window);
     const int bars = window.menuBar()->height() + window.statusBar()->height();
-    if (isBeside(window.dockWidgetArea(const_cast<QDockWidget*>(&dock))))
+    if (isBeside(window.dockWidgetArea(&dock)))
         return {page.width() + gap + dock.sizeHint().width(), window.height()};
     return {window.width(), page.height() + gap + dock.sizeHint().height() + bars};
 }
