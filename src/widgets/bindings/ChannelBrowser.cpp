@@ -4,6 +4,7 @@
 #include "widgets/bindings/FormView.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PageTexts.h"
+#include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
 
 #include <QHeaderView>
@@ -37,6 +38,7 @@ ChannelBrowser::ChannelBrowser(QWidget* parent)
     layout->addWidget(tree);
     filter->setClearButtonEnabled(true);
     tree->setHeaderHidden(true);
+    tree->setWordWrap(true);
     setFocusProxy(tree);
 }
 
@@ -90,6 +92,12 @@ void ChannelSelectorBinding::showEntries()
         items_.push_back(item);
         if (depth < 2)
             above[depth] = item;
+    }
+    for (const std::string& note : selector_.notes()) {
+        auto* item = new QTreeWidgetItem(browser_.tree);
+        item->setText(0, toShown(note));
+        item->setToolTip(0, plainTip(item->text(0)));
+        item->setFlags(Qt::ItemNeverHasChildren);
     }
     browser_.tree->setSelectionMode(selector_.multipleSelection() ? QAbstractItemView::ExtendedSelection
                                                                   : QAbstractItemView::SingleSelection);

@@ -169,6 +169,9 @@ void PageWidget::nameUnit(QComboBox& unit)
     auto* name = new PlainLabel(view_->text(pageText::durationUnit), unit.parentWidget());
     name->setBuddy(&unit);
     name->hide();
+    QLabel& choose = view_->label(page_.lblChooseChannel);
+    grid.addWidget(&choose, row + 1, labels, 1, 3, Qt::AlignCenter);
+    choose.raise();
 }
 
 void PageWidget::layStop()
