@@ -1,6 +1,7 @@
 #include "page/Quantities.h"
 #include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/NoInstrumentPicture.h"
+#include "widgets/bindings/PeriodTip.h"
 #include "widgets/page/PageWidget.h"
 #include "widgets/support/PageTexts.h"
 #include "widgets/support/PlainText.h"
@@ -62,10 +63,20 @@ void PageWidget::addQuantity(QGridLayout& grid, const Quantity& quantity)
     grid.addWidget(&kept(view_->numberList(list)), row, fields);
     grid.addWidget(&kept(view_->numberBox(box)), row, fields);
     grid.addWidget(&view_->label(label, {&list, &box}), row, labels);
+    if (quantity.number->isPeriod && !quantity.isRate)
+        for (const Control* control : std::initializer_list<const Control*>{&list, &box})
+            addPeriodTip(*view_->widget(*control), quantity);
     QPushButton& explain = view_->button(button);
     explain.setAccessibleName(view_->text(textNumber::offers::titleOf).arg(toQt(label.caption())));
     explain.setToolTip(plainTip(toQt(button.tag())));
     grid.addWidget(&explain, row, buttons);
+}
+
+void PageWidget::addPeriodTip(QWidget& field, const Quantity& quantity)
+{
+    const bool isSample = quantity.number == &timebaseNumber::samplePeriod;
+    const auto figure = isSample ? &Figures::samplePeriod : &Figures::scanPeriod;
+    new PeriodTip(field, [this, figure] { return page_.figures.*figure; });
 }
 
 void PageWidget::addValue(QGridLayout& grid, Label& label, Label& value)
@@ -158,6 +169,9 @@ void PageWidget::layTrigger(QGridLayout& grid)
     QTableWidget& table = view_->grid(page_.grdParam);
     table.setAccessibleName(view_->text(pageText::parameters));
     grid.addWidget(&table, row + 1, labels, 1, 3);
+    QLabel& choose = view_->label(page_.lblChooseChannel);
+    grid.addWidget(&choose, row + 1, labels, 1, 3, Qt::AlignCenter);
+    choose.raise();
     QLabel& noLine = view_->label(page_.lblNoTriggerLine);
     noLine.setWordWrap(true);
     grid.addWidget(&noLine, row + 2, labels, 1, 3);
@@ -169,9 +183,6 @@ void PageWidget::nameUnit(QComboBox& unit)
     auto* name = new PlainLabel(view_->text(pageText::durationUnit), unit.parentWidget());
     name->setBuddy(&unit);
     name->hide();
-    QLabel& choose = view_->label(page_.lblChooseChannel);
-    grid.addWidget(&choose, row + 1, labels, 1, 3, Qt::AlignCenter);
-    choose.raise();
 }
 
 void PageWidget::layStop()
@@ -206,6 +217,18 @@ QLayout* PageWidget::whatFits()
     return row;
 }
 
+QLabel& PageWidget::badge()
+{
+    QLabel& badge = view_->label(page_.lblReadOnly);
+    badge.setFrameShape(QFrame::StyledPanel);
+    badge.setMargin(view_->fontMetrics().height() / 4);
+    badge.setWordWrap(true);
+    QFont bold;
+    bold.setBold(true);
+    badge.setFont(bold);
+    return badge;
+}
+
 void PageWidget::layColumns()
 {
     content_ = new QWidget(view_);
@@ -220,24 +243,13 @@ void PageWidget::layColumns()
     schedules_->addWidget(view_->widget(page_.frmStop));
     schedules_->addStretch();
     columns_->addLayout(left, 1);
-QLabel& PageWidget::badge()
-{
-    QLabel& badge = view_->label(page_.lblReadOnly);
-    badge.setFrameShape(QFrame::StyledPanel);
-    badge.setMargin(view_->fontMetrics().height() / 4);
-    badge.setWordWrap(true);
-    QFont bold;
-    bold.setBold(true);
-    badge.setFont(bold);
-    return badge;
-}
-
     columns_->addLayout(schedules_, 1);
     auto* centred = new QHBoxLayout;
     centred->addStretch(1);
     centred->addWidget(content_, 1000);
     centred->addStretch(1);
     auto* limited = new QVBoxLayout;
+    limited->addWidget(&badge());
     limited->addLayout(centred, 1000);
     auto* centredTimes = new QHBoxLayout;
     centredTimes->addStretch(1);
@@ -252,7 +264,6 @@ QLabel& PageWidget::badge()
     whole->addWidget(picture_, 0, 0);
     picture_->raise();
 }
-    limited->addWidget(&badge());
 
 /// Extra room goes to the trigger parameters or, without them, below the frames.
 void PageWidget::stretch(bool stacked)
@@ -281,7 +292,7 @@ void PageWidget::alignLabels(const std::vector<QGridLayout*>& grids)
 void PageWidget::applyMetrics()
 {
     const QFontMetrics metrics = view_->fontMetrics();
-    content_->setMaximumSize(metrics.averageCharWidth() * 180, metrics.height() * 50);
+    content_->setMaximumWidth(metrics.averageCharWidth() * 180);
     view_->widget(page_.tmlPlan)->setMaximumWidth(content_->maximumWidth());
     const int buttonWidth = metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height();
     for (const CommandButton* button : {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime})

@@ -50,6 +50,8 @@ private:
     QGridLayout& framed(Frame& frame);
     void addQuantities(QGridLayout& grid, const Frame& frame);
     void addQuantity(QGridLayout& grid, const Quantity& quantity);
+    /// Shows the period in engineering units in the tool tip of its field.
+    void addPeriodTip(QWidget& field, const Quantity& quantity);
     void addValue(QGridLayout& grid, Label& label, Label& value);
     void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
     void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);
@@ -64,10 +66,10 @@ private:
     void layStop();
     void nameUnit(QComboBox& unit);
     void layColumns();
-    /// The controls shown after a refusal, below the frames, so that they move no other control.
-    QLayout* whatFits();
     /// The label of a page that is only read.
     QLabel& badge();
+    /// The controls shown after a refusal, below the frames, so that they move no other control.
+    QLayout* whatFits();
     void layPlan();
     /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
     [[nodiscard]] int planHeight() const;
@@ -87,7 +89,7 @@ private:
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QBoxLayout* schedules_ = nullptr;
-    QTimer minute_;
+    QTimer minute_{this};
     std::vector<QGridLayout*> measurements_, schedule_;
 };
 
