@@ -4,7 +4,6 @@
 #include "widgets/bindings/FormView.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PageTexts.h"
-#include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
 
 #include <QHeaderView>
@@ -96,7 +95,6 @@ void ChannelSelectorBinding::showEntries()
     for (const std::string& note : selector_.notes()) {
         auto* item = new QTreeWidgetItem(browser_.tree);
         item->setText(0, toShown(note));
-        item->setToolTip(0, plainTip(item->text(0)));
         item->setFlags(Qt::ItemNeverHasChildren);
     }
     browser_.tree->setSelectionMode(selector_.multipleSelection() ? QAbstractItemView::ExtendedSelection
