@@ -46,6 +46,9 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    /// The columns of a frame's grid.
+    enum Column { labels, fields, buttons };
+
     /// Creates a grid in the frame: a label column, a growing field column, and a button column.
     QGridLayout& framed(Frame& frame);
     void addQuantities(QGridLayout& grid, const Frame& frame);
