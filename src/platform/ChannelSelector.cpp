@@ -98,6 +98,12 @@ std::size_t ChannelSelector::mostSelections() const
     return multipleSelection_ ? static_cast<std::size_t>(std::max(selectionLimit_, 0)) : 1;
 }
 
+void ChannelSelector::setNotes(std::vector<std::string> notes)
+{
+    notes_ = std::move(notes);
+    tellView(Aspect::Items);
+}
+
 void ChannelSelector::reset()
 {
     select({});

@@ -69,6 +69,10 @@ public:
     /// Fills the arrays with the selection, in the tree's order, and returns the number of selections.
     std::int32_t getSelections(ChannelSelections& selections) const;
 
+    /// Lines below the entries that say what is not listed; they cannot be selected.
+    [[nodiscard]] const std::vector<std::string>& notes() const { return notes_; }
+    void setNotes(std::vector<std::string> notes);
+
     [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
     [[nodiscard]] const Lines& selected() const { return selected_; }
     /// The line of a channel, group or device; of any driver when `driver` is null. None when it is not listed.
@@ -115,6 +119,7 @@ private:
     bool canTrigger_ = false, singleValue_ = false, multiValue_ = false, multipleSelection_ = false;
     std::int32_t selectionLimit_ = 1;
     std::vector<Entry> entries_;
+    std::vector<std::string> notes_;
     Lines selected_;
 };
 

@@ -135,6 +135,8 @@ public:
     std::function<void(CellEvent&)> cellEdited;
     /// An editor was opened or closed.
     std::function<void()> editorChanged;
+    /// The user has opened a cell to type in it.
+    std::function<void()> cellOpened;
     /// The text in the open editor has changed.
     std::function<void()> editorTyped;
 

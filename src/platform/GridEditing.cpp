@@ -137,7 +137,10 @@ Outcome Grid::userOpenedCell(std::int32_t row)
     if (entered != Outcome::Done || editedRow() == row)
         return entered;
     form().tellUserActs("open-cell", row);
-    return openCell(row);
+    const Outcome opened = openCell(row);
+    if (opened == Outcome::Done)
+        raise(cellOpened);
+    return opened;
 }
 
 Outcome Grid::openCell(std::int32_t row)

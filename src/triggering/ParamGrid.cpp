@@ -7,7 +7,7 @@
 #include "triggering/TriggerParameter.h"
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace ko {
 
@@ -33,11 +33,6 @@ private:
     Grid& grid_;
 };
 
-std::optional<double> bound(double value)
-{
-    return std::isnan(value) ? std::nullopt : std::optional(value);
-}
-
 } // namespace
 
 ParamGrid::ParamGrid(Page& page, Support& support, Actions& actions)
@@ -46,6 +41,7 @@ ParamGrid::ParamGrid(Page& page, Support& support, Actions& actions)
     grid_.OnValidateCell = [this](CellEvent& event) { grdParam_OnValidateCell(event); };
     grid_.cellEdited = [this](CellEvent& event) { grdParam_CellEdited(event); };
     grid_.editorChanged = [this] { followEditor(); };
+    grid_.cellOpened = [this] { grdParam_Open(); };
     grid_.editorTyped = [this] { followTyping(); };
 }
 
@@ -158,12 +154,16 @@ std::int32_t ParamGrid::idAt(std::int32_t row) const
 /// An open text cell allows copying and pasting.
 void ParamGrid::followEditor()
 {
-    const bool isOpen = grid_.editedRow() > 0;
-    page_.editFlags = isOpen ? editFlag::copy | editFlag::paste : editFlag::none;
-    const bool wasChecked = open_.has_value();
-    const Steps step(support_.errors, "showCellRange");
-    open_ = isOpen ? checkOf(step, grid_.editedRow()) : std::nullopt;
-    if (open_ || wasChecked)
+    page_.editFlags = grid_.editedRow() > 0 ? editFlag::copy | editFlag::paste : editFlag::none;
+    if (std::exchange(open_, std::nullopt))
+        showRange(Steps(support_.errors, "grdParam_Close"));
+}
+
+void ParamGrid::grdParam_Open()
+{
+    const Steps step(support_.errors, "grdParam_Open");
+    open_ = checkOf(step, grid_.editedRow());
+    if (open_)
         showRange(step);
 }
 
@@ -174,19 +174,12 @@ void ParamGrid::followTyping()
                           !validateNumber(support_, grid_.editor().text(), open_->type, open_->bounds, false));
 }
 
-/// None when the row is not numeric. A failure is not reported here, because the check when the edit ends reads again.
-std::optional<ParamGrid::NumberCheck> ParamGrid::checkOf(const Steps& step, std::int32_t row) const
+/// A failure is not reported here, because the check when the edit ends reads again.
+std::optional<NumberCheck> ParamGrid::checkOf(const Steps& step, std::int32_t row) const
 {
     return step.value([&]() -> std::optional<NumberCheck> {
         try {
-            TriggerParameters& parameters = parametersOfMaster();
-            const std::int32_t id = idAt(row);
-            const auto number = checkedAs(parameters.GetTriggerParamType(slot_, channel_, id));
-            if (!number)
-                return std::nullopt;
-            return NumberCheck{*number,
-                               {bound(parameters.GetTriggerParamMin(slot_, channel_, id)),
-                                bound(parameters.GetTriggerParamMax(slot_, channel_, id))}};
+            return readNumberCheck(parametersOfMaster(), slot_, channel_, idAt(row));
         } catch (...) {
             return std::nullopt;
         }
@@ -196,15 +189,8 @@ std::optional<ParamGrid::NumberCheck> ParamGrid::checkOf(const Steps& step, std:
 /// Shows the range of the open cell in the status site, or an empty hint.
 void ParamGrid::showRange(const Steps& step)
 {
-    std::string hint;
-    if (open_ && open_->bounds.minimum && open_->bounds.maximum) {
-        const bool isInteger = open_->type == NumberType::Integer;
-        const int text = isInteger ? textNumber::page::integerInRange : textNumber::page::realInRange;
-        hint = "  " + step.value([&] {
-            return requiredRange(support_, text, {*open_->bounds.minimum, *open_->bounds.maximum});
-        });
-    }
-    step([&] { showHint(page_, hint); });
+    const std::string range = open_ ? step.value([&] { return rangeText(support_, *open_); }) : std::string();
+    step([&] { showHint(page_, range.empty() ? range : "  " + range); });
 }
 
 /// A value whose type is unknown can be shown but not edited.
@@ -235,8 +221,8 @@ void ParamGrid::grdParam_OnValidateCell(CellEvent& event)
     if (!number)
         return;
     NumberBounds bounds;
-    step([&] { bounds.minimum = bound(parameters->GetTriggerParamMin(slot_, channel_, id)); });
-    step([&] { bounds.maximum = bound(parameters->GetTriggerParamMax(slot_, channel_, id)); });
+    step([&] { bounds.minimum = boundOf(parameters->GetTriggerParamMin(slot_, channel_, id)); });
+    step([&] { bounds.maximum = boundOf(parameters->GetTriggerParamMax(slot_, channel_, id)); });
     event.Value = validateNumber(support_, event.text, *number, bounds, true);
 }
 

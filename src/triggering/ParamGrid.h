@@ -4,11 +4,9 @@
 #include "page/Page.h"
 #include "support/Steps.h"
 #include "support/Support.h"
-#include "support/Validation.h"
+#include "triggering/TriggerParameter.h"
 
 namespace ko {
-
-class TriggerParameters;
 
 /// The grid `grdParam`: the trigger parameters of the chosen channel. Every accepted edit is written to the driver at
 /// once, and all rows are then read again.
@@ -26,12 +24,7 @@ public:
 private:
     void grdParam_CellEdited(CellEvent& event);
     void grdParam_OnValidateCell(CellEvent& event);
-    /// The check of a numeric parameter.
-    struct NumberCheck {
-        NumberType type = NumberType::Float;
-        NumberBounds bounds;
-    };
-
+    void grdParam_Open();
     void followEditor();
     void followTyping();
     [[nodiscard]] std::optional<NumberCheck> checkOf(const Steps& step, std::int32_t row) const;

@@ -2,6 +2,8 @@
 
 #include "support/TextNumbers.h"
 
+#include <algorithm>
+
 namespace ko {
 
 namespace {
@@ -40,6 +42,12 @@ void SelectChannel::UpdateDrivers(const DriverList& drivers, std::int32_t count)
     chsNavigate.failed = [this] { support().errors.reportCurrent(errorSource::page, "UpdateDrivers"); };
     chsNavigate.driverList().setNumberOfDrivers(count);
     chsNavigate.driverList().setDrivers(drivers);
+}
+
+bool SelectChannel::offersChannels() const
+{
+    const auto& lines = chsNavigate.entries();
+    return std::any_of(lines.begin(), lines.end(), [](const auto& line) { return line.channel >= 0; });
 }
 
 bool SelectChannel::Display(std::shared_ptr<Driver>& driver, std::int32_t& slot, std::int32_t& channel)

@@ -34,6 +34,11 @@ public:
     /// Sets the drivers whose channels are offered.
     void UpdateDrivers(const DriverList& drivers, std::int32_t count);
 
+    /// Whether the drivers have a channel that passes the filters.
+    [[nodiscard]] bool offersChannels() const;
+    /// Sets the lines that say what is not offered.
+    void setNotes(std::vector<std::string> notes) { chsNavigate.setNotes(std::move(notes)); }
+
 private:
     void Form_Resize();
     bool select(const ChannelSelections& channels);

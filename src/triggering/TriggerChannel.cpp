@@ -2,6 +2,7 @@
 
 #include "interfaces/TriggerParameters.h"
 #include "platform/Scoped.h"
+#include "support/Phrases.h"
 #include "support/TextNumbers.h"
 #include "triggering/SelectChannel.h"
 
@@ -52,6 +53,7 @@ void TriggerChannel::showArea(bool on)
         control->setVisible(on);
     }
     page_.grdParam.setVisible(on);
+    page_.lblChooseChannel.setVisible(on && !stored().isChannel());
 }
 
 void TriggerChannel::disableTriggering(bool onTrigger)
@@ -139,6 +141,7 @@ void TriggerChannel::showChannel(const Steps& step)
         return describeChannel(driver.get(), page_.TriggerSlot, page_.TriggerChannel, false, support_.strings,
                                support_.locale());
     }));
+    page_.lblChooseChannel.setVisible(page_.txtChannel.visible() && !stored().isChannel());
     shownFrom_ = driver;
     grid_.SetupParamGrid(driver.get(), page_.TriggerSlot, page_.TriggerChannel);
     actions_.refreshPlan();
@@ -161,6 +164,7 @@ void TriggerChannel::cmdChannel_Click()
     const Steps step(support_.errors, "cmdChannel_Click");
     const Scoped open(page_.isDialogOpen, true);
     step([&] { dialog_().UpdateDrivers({offered}, 1); });
+    step([&] { dialog_().setNotes(notesOn(step, *offered)); });
     const std::optional<TriggerSource> chosen = choose(step);
     if (!chosen)
         return;
@@ -168,6 +172,22 @@ void TriggerChannel::cmdChannel_Click()
     showChannel(step);
     if (isTaken)
         step([&] { actions_.markChanged(); });
+}
+
+/// Why instruments, or the offered one itself, have no channel in the dialog.
+std::vector<std::string> TriggerChannel::notesOn(const Steps& step, const Driver& offered) const
+{
+    std::vector<std::string> notes;
+    for (const auto& driver : page_.currentDrivers()) {
+        const bool isOffered = driver.get() == &offered;
+        if (!driver || (isOffered && dialog_().offersChannels()))
+            continue;
+        const std::string name = step.value([&] { return driver->DriverName(0); });
+        const int reason = isOffered ? textNumber::channelDialog::noSource : textNumber::channelDialog::notStartMaster;
+        if (!name.empty())
+            notes.push_back(filled(support_.text(reason), {name}));
+    }
+    return notes;
 }
 
 /// Shows the dialog until a channel is chosen; none when the user cancels.

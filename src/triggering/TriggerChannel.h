@@ -33,6 +33,7 @@ public:
 
 private:
     void cmdChannel_Click();
+    [[nodiscard]] std::vector<std::string> notesOn(const Steps& step, const Driver& offered) const;
     std::optional<TriggerSource> choose(const Steps& step);
     bool store(const Steps& step, const TriggerSource& chosen);
     TriggerSource moveSource(const Steps& step, const TriggerSource& chosen) const;

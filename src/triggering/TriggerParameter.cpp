@@ -3,9 +3,11 @@
 #include "page/Drivers.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
+#include "support/TextNumbers.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace ko {
 
@@ -71,6 +73,31 @@ std::optional<NumberType> checkedAs(const std::string& type)
     if (type == "Float")
         return NumberType::Float;
     return type == "Integer" ? std::optional(NumberType::Integer) : std::nullopt;
+}
+
+std::optional<NumberCheck> readNumberCheck(TriggerParameters& parameters, std::int32_t slot, std::int32_t channel,
+                                           std::int32_t id)
+{
+    const auto number = checkedAs(parameters.GetTriggerParamType(slot, channel, id));
+    if (!number)
+        return std::nullopt;
+    return NumberCheck{*number,
+                       {boundOf(parameters.GetTriggerParamMin(slot, channel, id)),
+                        boundOf(parameters.GetTriggerParamMax(slot, channel, id))}};
+}
+
+std::optional<double> boundOf(double value)
+{
+    return std::isnan(value) ? std::nullopt : std::optional(value);
+}
+
+std::string rangeText(const Support& support, const NumberCheck& check)
+{
+    if (!check.bounds.minimum || !check.bounds.maximum)
+        return {};
+    const bool isInteger = check.type == NumberType::Integer;
+    return requiredRange(support, isInteger ? textNumber::page::integerInRange : textNumber::page::realInRange,
+                         {*check.bounds.minimum, *check.bounds.maximum});
 }
 
 std::optional<Value> parameterValue(const std::string& type, const std::string& text, const Locale& locale)

@@ -20,6 +20,22 @@ std::string parameterText(const std::string& type, const Value& value, const Loc
 /// The number type to validate with; none for types that are not numeric.
 std::optional<NumberType> checkedAs(const std::string& type);
 
+/// The check of a numeric parameter.
+struct NumberCheck {
+    NumberType type = NumberType::Float;
+    NumberBounds bounds;
+};
+
+/// Reads how a parameter is checked; none for types that are not numeric. Failures reach the caller.
+std::optional<NumberCheck> readNumberCheck(TriggerParameters& parameters, std::int32_t slot, std::int32_t channel,
+                                           std::int32_t id);
+
+/// A bound as a driver returns it; none for NaN.
+std::optional<double> boundOf(double value);
+
+/// The message that requires a number in the range; empty unless both bounds are known.
+std::string rangeText(const Support& support, const NumberCheck& check);
+
 /// Converts an edited text to the value to write. None for a type that is not written. Failure 13 or 6 for a text that
 /// is not a value of the type.
 std::optional<Value> parameterValue(const std::string& type, const std::string& text, const Locale& locale);

@@ -219,7 +219,9 @@ TEST_P(CallCounts, TheTriggerIsSwitchedOnceAndReadOnlyModeBuildsThePageOnce)
     const Counts caption = each(2, "ChannelAttribute");
     const Counts browser = each(1, "DriverName GroupCount GroupName queryTriggerParameters ChannelCount") +
                            each(c, "CanTrigger") + each(2 * c, "ChannelAttribute");
-    expectCalls("channel", browser + sourceSwitch() + caption + parameterGrid() + each(2, "setTriggerEnabled"),
+    expectCalls("channel",
+                browser + each(n - 1, "DriverName") + sourceSwitch() + caption + parameterGrid() +
+                    each(2, "setTriggerEnabled"),
                 [&] { page().cmdChannel.userClicked(); });
     expectCalls("cell",
                 each(2, "queryTriggerParameters GetTriggerParamValue") + each(4, "GetTriggerParamType") +

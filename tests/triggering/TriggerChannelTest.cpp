@@ -67,6 +67,28 @@ TEST_F(TriggerArea, WithoutAStoredChannelTheMarkedOneIsTaken)
     EXPECT_EQ(grid.rowCount(), 0);
 }
 
+TEST_F(TriggerArea, WithoutAChannelThePageSaysHowToChooseOneAndTheTreeWhatIsMissing)
+{
+    addDriver().name = "Other";
+    addDriver().failing = {"DriverName"};
+    area.enableTriggering(true);
+    EXPECT_TRUE(page.lblChooseChannel.visible() && page.grdParam.visible());
+    Texts notes;
+    host.inModalForm = [&](Form&) { notes = dialog.chsNavigate.notes(); };
+    page.cmdChannel.userClicked();
+    EXPECT_EQ(notes, Texts{"Other: not listed, because it does not drive the start trigger"});
+    EXPECT_EQ(host.takeReports().size(), 1U);
+    driver.groups.clear();
+    page.cmdChannel.userClicked();
+    EXPECT_EQ(notes.front(), "Digitizer: none of its channels can be the trigger channel");
+    EXPECT_EQ(host.takeReports().size(), 1U);
+    driver.groups = {{"Inputs", {{.address = "0:3:1"}, {.name = "Crank"}}}};
+    switchOn();
+    EXPECT_FALSE(page.lblChooseChannel.visible());
+    area.disableTriggering(false);
+    EXPECT_FALSE(page.lblChooseChannel.visible());
+}
+
 TEST_F(TriggerArea, AChannelThatTheStartMasterLacksIsForgotten)
 {
     driver.parameters = {{}};

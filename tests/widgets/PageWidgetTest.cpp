@@ -1,6 +1,7 @@
 #include "widgets/page/PageWidget.h"
 #include "fakes/DocumentTest.h"
 #include "widgets/bindings/NoInstrumentPicture.h"
+#include "widgets/bindings/PeriodTip.h"
 #include "widgets/services/QtPrinters.h"
 
 #include <QAccessible>
@@ -18,6 +19,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 
 namespace ko::test {
 namespace {
@@ -196,6 +198,32 @@ TEST_F(PageWidgetTest, EachMinuteTheTimesFollowTheClockWithoutACallToADriver)
     EXPECT_TRUE(page().lblPlan.caption().find("(tomorrow)") != std::string::npos);
     EXPECT_TRUE(minute.isActive());
     EXPECT_EQ(gate.calls, 0);
+    for (const auto& driver : fakes)
+        driver->gate = nullptr;
+}
+
+TEST_F(PageWidgetTest, TheTipOfAPeriodHasItInEngineeringUnits)
+{
+    const std::pair<double, const char*> cases[] = {{3.90625e-5, "39.06 \xC2\xB5s"},
+                                                    {0.0001, "100 \xC2\xB5s"},
+                                                    {0.00099999999, "1 ms"},
+                                                    {0.5, "500 ms"},
+                                                    {1.0, "1 s"},
+                                                    {86400.0, "86400 s"},
+                                                    {1.25e-8, "12.5 ns"},
+                                                    {0.0, ""}};
+    for (const auto& [seconds, text] : cases)
+        EXPECT_EQ(periodText(seconds).toStdString(), text);
+    fakes[0]->samplePeriod = 3.90625e-5;
+    fakes[0]->sampleChoices = {3.90625e-5, 0.001};
+    openAndShow();
+    QWidget& list = at(page().cmbSamplePeriod);
+    const QString hint = list.statusTip();
+    QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), list.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&list, &asked);
+    EXPECT_EQ(QToolTip::text().toStdString(), hint.toStdString() + "\n39.06 \xC2\xB5s");
+    EXPECT_EQ(list.statusTip(), hint);
+    EXPECT_EQ(page().cmbSamplePeriod.text(), "3.90625E-05");
 }
 
 /// Returns the drawing commands of a PDF file's page: the only compressed stream whose dictionary has only a length.

@@ -40,7 +40,7 @@ private:
     QTableWidget& table_;
     QPointer<QLineEdit> box_;
     QPointer<EntryMark> mark_; ///< created for the first invalid text of the box
-    int row_ = 0; ///< the grid row of the box
+    int row_ = 0;              ///< the grid row of the box
     bool showing_ = false;
     bool isAway_ = false; ///< the box had the focus and has lost it
 };

@@ -37,6 +37,7 @@ ChannelBrowser::ChannelBrowser(QWidget* parent)
     layout->addWidget(tree);
     filter->setClearButtonEnabled(true);
     tree->setHeaderHidden(true);
+    tree->setWordWrap(true);
     setFocusProxy(tree);
 }
 
@@ -90,6 +91,11 @@ void ChannelSelectorBinding::showEntries()
         items_.push_back(item);
         if (depth < 2)
             above[depth] = item;
+    }
+    for (const std::string& note : selector_.notes()) {
+        auto* item = new QTreeWidgetItem(browser_.tree);
+        item->setText(0, toShown(note));
+        item->setFlags(Qt::ItemNeverHasChildren);
     }
     browser_.tree->setSelectionMode(selector_.multipleSelection() ? QAbstractItemView::ExtendedSelection
                                                                   : QAbstractItemView::SingleSelection);

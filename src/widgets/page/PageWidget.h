@@ -49,10 +49,15 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    /// The columns of a frame's grid.
+    enum Column { labels, fields, buttons };
+
     /// Creates a grid in the frame: a label column, a growing field column, and a button column.
     QGridLayout& framed(Frame& frame);
     void addQuantities(QGridLayout& grid, const Frame& frame);
     void addQuantity(QGridLayout& grid, const Quantity& quantity);
+    /// Shows the period in engineering units in the tool tip of its field.
+    void addPeriodTip(QWidget& field, const Quantity& quantity);
     void addValue(QGridLayout& grid, Label& label, Label& value);
     void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
     void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);
@@ -69,6 +74,8 @@ private:
     void layColumns();
     /// The label of a page that is only read.
     QLabel& badge();
+    /// The controls shown after a refusal, below the frames, so that they move no other control.
+    QLayout* whatFits();
     void layPlan();
     /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
     [[nodiscard]] int planHeight() const;
