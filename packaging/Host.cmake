@@ -7,6 +7,7 @@ set_target_properties(korvell-host PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries
 install(TARGETS korvell-host RUNTIME COMPONENT host)
 
 install(DIRECTORY strings demo DESTINATION ${KO_DATA_FOLDER} COMPONENT host)
+install(FILES packaging/${host_id}-128.png RENAME icon.png DESTINATION ${KO_DATA_FOLDER} COMPONENT host)
 install(DIRECTORY help DESTINATION ${KO_DATA_FOLDER} COMPONENT host OPTIONAL)
 
 configure_file(packaging/korvell-host.1.in packaging/korvell-host.1 @ONLY)

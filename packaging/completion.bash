@@ -27,7 +27,7 @@ _korvell_host_setup()
         word=${word/#\~/$HOME}
         case $word in
             --save | --sheet | --paper | --get | --set | --choices | --language | --picture | --capture | \
-                --locale) ((++i)) ;;
+                --locale | --new | --add | --name | --remove | --rename | --enable | --disable) ((++i)) ;;
             -*) ;;
             *) [[ -f $word ]] && printf '%s\n' "$word" && return ;;
         esac
@@ -104,6 +104,8 @@ _korvell_host()
         --choices) _korvell_host_offer < <(_korvell_host_settings --list --settable --names) ;;
         --language) _korvell_host_offer < <(_korvell_host_languages "$current") ;;
         --locale) _korvell_host_offer <<<system ;;
+        --new) _korvell_host_offer <<<$'empty\nvibration\nengine-bench\ntemperature-logging\nmixed' ;;
+        --add) _korvell_host_offer <<<$'digitizer\nsignal-analyzer\ncounter\nthermocouple-scanner\ndata-logger' ;;
         --paper) _korvell_host_offer <<<$'A4\nLetter' ;;
         *)
             if [[ $current == -* ]]; then

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -70,6 +71,7 @@ enum class Operation : std::uint8_t {
     KO_OPERATIONS(KO_ENUMERATOR)
 #undef KO_ENUMERATOR
 };
+inline constexpr std::size_t operationCount = static_cast<std::size_t>(Operation::DynamicBytes) + 1;
 
 /// Returns the operation's name without `get` or `set`.
 std::string_view operationName(Operation operation);

@@ -1,11 +1,13 @@
 #include "host/main/CommandLine.h"
 
 #include "host/settings/SettingTexts.h"
+#include "host/setup/SetupTemplates.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <map>
 
 namespace ko {
 
@@ -20,6 +22,7 @@ constexpr const char* examples =
     "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
     "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
     "  korvell-host bench.json --sheet bench.pdf --language de\n"
+    "  korvell-host --new vibration --add counter --name Shaft --save mine.json\n"
     "  korvell-host --headless bench.json walk.scenario\n"
     "\n"
     "Nothing is saved unless every setting was accepted. If an instrument changes a value, a note is printed.\n"
@@ -79,6 +82,64 @@ void declareSettings(CLI::App& app, SettingsCommand& command)
     app.footer(examples);
 }
 
+constexpr const char* changesGroup = "Instruments of the set-up, changed before its settings; several in this order";
+
+/// The options that change the instruments, by their kind of change.
+struct ChangeOption {
+    const char* option;
+    SetupChange::Kind kind;
+    const char* value;
+    const char* text;
+};
+
+constexpr ChangeOption changeOptions[]{
+    {"--add", SetupChange::Kind::Add, "KIND", "Add an instrument: digitizer, signal-analyzer, ..."},
+    {"--remove", SetupChange::Kind::Remove, "NAME", "Remove an instrument"},
+    {"--rename", SetupChange::Kind::Rename, "OLD=NEW", "Rename an instrument"},
+    {"--enable", SetupChange::Kind::Enable, "CHANNEL", "Enable a channel: NAME, ADDRESS or INSTRUMENT/NAME"},
+    {"--disable", SetupChange::Kind::Disable, "CHANNEL", "Disable a channel"},
+};
+constexpr const char* nameOption = "--name";
+
+void declareChanges(CLI::App& app, CommandLine& line)
+{
+    present(app.add_option("--new", line.startFrom,
+                           "Begin with a template instead of a set-up file: " + joined(templateNames(), ", ")),
+            "TEMPLATE");
+    const auto declared = [&](const char* name, const char* value, const char* text) {
+        // The values are read in their order after parsing.
+        auto* const option = app.add_option(name)->description(text)->expected(1);
+        option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->allow_extra_args(false);
+        present(option, value);
+        return option->group(changesGroup);
+    };
+    for (const ChangeOption& change : changeOptions)
+        declared(change.option, change.value, change.text);
+    declared(nameOption, "NAME", "With --add, after it: the new instrument's name")->needs("--add");
+}
+
+/// Returns the changes in the order of the command line.
+std::vector<SetupChange> changesIn(const CLI::App& app)
+{
+    std::vector<SetupChange> changes;
+    std::map<const CLI::Option*, std::size_t> used;
+    for (const CLI::Option* const option : app.parse_order()) {
+        const auto isIt = [&](const ChangeOption& change) { return option->check_name(change.option); };
+        const auto* const change = std::find_if(std::begin(changeOptions), std::end(changeOptions), isIt);
+        const bool isName = option->check_name(nameOption);
+        if (change == std::end(changeOptions) && !isName)
+            continue;
+        const std::string value = option->results().at(used[option]++);
+        if (!isName)
+            changes.push_back({change->kind, value, {}});
+        else if (changes.empty() || changes.back().kind != SetupChange::Kind::Add || !changes.back().name.empty())
+            throw InputError("--name " + value + ": follows no --add");
+        else
+            changes.back().name = value;
+    }
+    return changes;
+}
+
 void declare(CLI::App& app, CommandLine& line)
 {
     app.set_version_flag("--version", "korvell-host " KO_VERSION);
@@ -99,6 +160,7 @@ void declare(CLI::App& app, CommandLine& line)
         ->excludes(headless)
         ->option_text("FILE");
     declareSettings(app, line.settings);
+    declareChanges(app, line);
     app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments")->option_text(" ");
     app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")
         ->needs(headless)
@@ -156,6 +218,7 @@ std::optional<CommandLine> commandLine(int argc, const char* const* argv)
     } catch (const CLI::ParseError& error) {
         throw InputError(std::string(error.what()) + "; --help lists the options");
     }
+    line.settings.changes = changesIn(app);
     refuseClashes(line);
     return line;
 }

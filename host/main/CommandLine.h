@@ -16,6 +16,7 @@ struct CommandLine {
     std::string capture;      ///< file to capture a scenario into; empty: none
     std::string setup;        ///< set-up file; empty: none
     std::string script = "-"; ///< script file; "-": standard input
+    std::string startFrom;    ///< template of a new set-up; empty: none
     SettingsCommand settings;
 };
 

@@ -63,7 +63,7 @@ void save(const SettingsCommand& command, const SettingsSource& source, const He
 {
     if (!command.force && isSameFile(command.save, source.file) && hasChangedSince(source.file, source.content))
         throw InputError(command.save + ": has changed or is gone since it was read; --force saves all the same");
-    saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()));
+    saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()), source.content);
 }
 
 /// English means English (United States), the default without a window.

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "host/settings/HeadlessPage.h"
+#include "host/setup/SetupChanges.h"
 #include "host/sheet/SheetCommand.h"
 
 namespace ko {
 
 /// The command line's options for the page's settings.
 struct SettingsCommand {
-    std::vector<std::string> set; ///< NAME=VALUE, in the order in which they are set
+    std::vector<SetupChange> changes; ///< of the instruments, made first
+    std::vector<std::string> set;     ///< NAME=VALUE, in the order in which they are set
     std::vector<std::string> get;
     std::string save;    ///< file to write; empty: none
     bool force = false;  ///< overwrites a file that has changed since it was read
@@ -20,7 +22,8 @@ struct SettingsCommand {
 
     [[nodiscard]] bool isGiven() const
     {
-        return list || !set.empty() || !get.empty() || !save.empty() || !sheet.file.empty() || !choices.empty();
+        return list || !changes.empty() || !set.empty() || !get.empty() || !save.empty() || !sheet.file.empty() ||
+               !choices.empty();
     }
 };
 

@@ -1,6 +1,7 @@
 #include "host/main/WindowMain.h"
 
 #include "host/setup/SetupFile.h"
+#include "host/support/DataFolders.h"
 #include "host/support/FileWriter.h"
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
@@ -29,6 +30,13 @@ int refuse(const std::string& reason)
 {
     complain(reason);
     return refused;
+}
+
+/// Returns the icon of the desktop's theme, or the one of the program's data where the theme lacks it.
+QIcon programIcon()
+{
+    const auto own = findDataFile("icon.png");
+    return QIcon::fromTheme(QGuiApplication::desktopFileName(), own ? QIcon(toQt(own->string())) : QIcon());
 }
 
 /// Encodes the picture in the format of the file's extension.
@@ -175,7 +183,7 @@ int runWindow(int& argc, char** argv, const WindowOptions& options)
     QApplication::setApplicationName(QStringLiteral("korvell-host"));
     // The desktop finds the window's icon and name by this.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.korvell.Host"));
-    QApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
+    QApplication::setWindowIcon(programIcon());
     try {
         return run(options, application);
     } catch (const std::exception& error) {

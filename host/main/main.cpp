@@ -3,6 +3,7 @@
 #include "host/main/WindowMain.h"
 #include "host/scenario/Scenario.h"
 #include "host/settings/Settings.h"
+#include "host/setup/SetupTemplates.h"
 #include "host/support/InputError.h"
 #include "host/support/StandardStreams.h"
 #include "widgets/services/QtLocale.h"
@@ -65,19 +66,24 @@ int runHeadless(const ko::CommandLine& line, const std::string& language)
 int useSettings(const ko::CommandLine& line, const std::string& language)
 {
     ko::ScenarioOptions options;
-    const std::string content = ko::readFile(line.setup);
-    options.setup = ko::parseSetup(content, line.setup);
+    const ko::SetupTemplate source = line.startFrom.empty()
+                                         ? ko::SetupTemplate{{}, line.setup, ko::readFile(line.setup)}
+                                         : ko::templateNamed(line.startFrom);
+    options.setup = ko::parseSetup(source.content, source.file);
+    for (const ko::SetupChange& change : line.settings.changes)
+        ko::applyChange(options.setup, change);
     options.language = language;
     std::optional<ko::Locale> sheetLocale;
     if (line.locale == "system")
         sheetLocale = ko::toLocale(QLocale::system());
-    ko::runSettings(line.settings, {line.setup, content, options, sheetLocale}, *make<ko::HeadlessPage>(line, options));
+    ko::runSettings(line.settings, {line.setup, source.content, options, sheetLocale},
+                    *make<ko::HeadlessPage>(line, options));
     return 0;
 }
 
 int run(const ko::CommandLine& line, int& argc, char** argv)
 {
-    const bool inWindow = !line.headless && !line.settings.isGiven();
+    const bool inWindow = !line.headless && !line.settings.isGiven() && line.startFrom.empty();
     const bool followsSystem = line.language.empty() && inWindow;
     if (!line.locale.empty() && !line.headless && line.settings.sheet.file.empty())
         throw ko::InputError("--locale requires --headless or --sheet");
@@ -85,7 +91,11 @@ int run(const ko::CommandLine& line, int& argc, char** argv)
     if (inWindow)
         return ko::runWindow(
             argc, argv, {.setup = line.setup, .language = language, .capture = line.capture, .picture = line.picture});
-    if (line.setup.empty())
+    if (!line.startFrom.empty() && !line.setup.empty())
+        throw ko::InputError("--new " + line.startFrom + ": begins without a set-up file, " + line.setup);
+    if (!line.startFrom.empty() && !line.settings.isGiven())
+        throw ko::InputError("--new " + line.startFrom + ": needs --save FILE");
+    if (line.setup.empty() && line.startFrom.empty())
         throw ko::InputError("give a set-up file, e.g. korvell-host bench.json --list");
     return line.headless ? runHeadless(line, language) : useSettings(line, language);
 }

@@ -70,14 +70,6 @@ std::string settingText(const Value& value)
     return text ? *text : std::string();
 }
 
-std::string joined(const std::vector<std::string>& texts, const std::string& separator)
-{
-    std::string result;
-    for (const std::string& text : texts)
-        result += (result.empty() ? "" : separator) + text;
-    return result;
-}
-
 bool readsSame(const Value& one, const Value& other)
 {
     const auto first = numberOf(one), second = numberOf(other);

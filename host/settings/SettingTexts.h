@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/support/Suggestion.h"
+
 #include "interfaces/Values.h"
 
 #include <optional>
@@ -31,7 +33,5 @@ bool readsSame(const Value& one, const Value& other);
 {
     return std::holds_alternative<std::monostate>(value);
 }
-
-std::string joined(const std::vector<std::string>& texts, const std::string& separator);
 
 } // namespace ko

@@ -4,39 +4,17 @@
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 
 namespace ko {
 
 namespace {
 
-/// Levenshtein distance.
-std::size_t distance(const std::string& one, const std::string& other)
+std::vector<std::string> namesOf(const Settings& settings)
 {
-    std::vector<std::size_t> row(other.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < one.size(); ++i) {
-        std::size_t corner = std::exchange(row[0], i + 1);
-        for (std::size_t j = 0; j < other.size(); ++j) {
-            const std::size_t replaced = corner + (one[i] == other[j] ? 0 : 1);
-            corner = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
-        }
-    }
-    return row.back();
-}
-
-/// Suggests the names similar to this one, or all names if none is.
-std::string suggestion(const Settings& settings, const std::string& name)
-{
-    const std::size_t alike = std::min<std::size_t>(3, name.size() / 2);
-    std::vector<std::string> near, all;
-    for (const Setting& setting : settings) {
-        all.push_back(setting.name);
-        if (distance(setting.name, name) <= alike || (!name.empty() && setting.name.find(name) != std::string::npos))
-            near.push_back(setting.name);
-    }
-    return near.empty() ? "there are " + joined(all, ", ") : "did you mean " + joined(near, " or ") + "?";
+    std::vector<std::string> names;
+    for (const Setting& setting : settings)
+        names.push_back(setting.name);
+    return names;
 }
 
 bool isNamed(const Setting& setting, const std::string& name)
@@ -93,7 +71,7 @@ Setting settingNamed(const HeadlessPage& played, const std::string& name)
     if (name.rfind(parameterPrefix, 0) == 0 && std::none_of(settings.begin(), settings.end(), isParameter))
         throw Refusal(name + ": not available: the page shows trigger parameters once start is trigger and a "
                              "trigger-channel with parameters is chosen");
-    throw InputError(name + ": no such setting; " + suggestion(settings, name));
+    throw InputError(name + ": no such setting; " + suggestion(namesOf(settings), name));
 }
 
 Assignment assignmentIn(const HeadlessPage& played, const std::string& text)
@@ -119,8 +97,11 @@ Value valueOf(const Setting& setting, const HeadlessPage& played)
     } catch (const Failure& failure) {
         throw Refusal(setting.name + ": not available: " + failure.what());
     }
-    if (isEmpty(value))
-        throw Refusal(setting.name + ": not available: it has no value now");
+    if (isEmpty(value)) {
+        const auto needed = missing(setting.needs, played.page());
+        throw Refusal(setting.name +
+                      ": not available: " + (needed.empty() ? "it has no value now" : needsText(needed)));
+    }
     return value;
 }
 

@@ -1,5 +1,6 @@
 #include "host/setup/SetupSaving.h"
 
+#include "host/setup/SetupEdit.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
@@ -8,11 +9,11 @@
 
 namespace ko {
 
-std::string saveSetup(const std::string& file, const Setup& setup)
+std::string saveSetup(const std::string& file, const Setup& setup, const std::string& before)
 {
     std::string text;
     try {
-        text = setupText(setup);
+        text = before.empty() ? setupText(setup) : editedText(before, setup);
     } catch (const std::exception& error) {
         throw InputError(file + ": cannot be saved: " + error.what());
     }

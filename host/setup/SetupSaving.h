@@ -6,9 +6,10 @@
 
 namespace ko {
 
-/// Writes a set-up file whole or not at all and returns its content. Throws an `InputError` with the file
-/// and the reason.
-std::string saveSetup(const std::string& file, const Setup& setup);
+/// Writes a set-up file whole or not at all and returns its content. Keeps the comments and the layout of `before`, the
+/// content of the file from which the set-up was read, if there is one. Throws an `InputError` with the file and the
+/// reason.
+std::string saveSetup(const std::string& file, const Setup& setup, const std::string& before = {});
 
 /// Returns whether the file is gone or differs from `content`, its content when last read or written.
 bool hasChangedSince(const std::string& file, const std::string& content);

@@ -1,6 +1,7 @@
 #include "host/setup/SetupSession.h"
 
 #include "host/setup/SetupSaving.h"
+#include "host/setup/SetupTemplates.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
@@ -23,12 +24,24 @@ void refusePipe(const std::string& file)
 void SetupSession::load(const std::string& file)
 {
     refusePipe(file);
-    std::string content = readFile(file);
-    Setup setup = parseSetup(content, file);
+    replace(readFile(file), file, {});
+}
+
+void SetupSession::begin(const std::string& templateName)
+{
+    const SetupTemplate source = templateNamed(templateName);
+    replace(source.content, source.file, source.name);
+}
+
+void SetupSession::replace(std::string content, const std::string& source, const std::string& templateName)
+{
+    Setup setup = parseSetup(content, source);
     drivers_ = makeDrivers(setup);
     setup_ = std::make_shared<Setup>(std::move(setup));
     content_ = std::move(content);
-    file_ = file;
+    source_ = source;
+    template_ = templateName;
+    file_ = templateName.empty() ? source : std::string();
     setChanged(false);
     if (loaded)
         loaded();
@@ -44,15 +57,25 @@ bool SetupSession::open(const std::string& file, SessionQuestions& questions)
     return mayLeave(questions) && tryLoad(file, questions);
 }
 
+bool SetupSession::beginNew(const std::string& templateName, SessionQuestions& questions)
+{
+    return mayLeave(questions) && attempt([&] { begin(templateName); }, templateName, questions);
+}
+
 bool SetupSession::tryLoad(const std::string& file, SessionQuestions& questions)
 {
+    return attempt([&] { load(file); }, file, questions);
+}
+
+bool SetupSession::attempt(const std::function<void()>& load, const std::string& what, SessionQuestions& questions)
+{
     try {
-        load(file);
+        load();
         return true;
     } catch (const InputError& error) {
         questions.tellNotOpened(error.what());
     } catch (const std::exception& error) {
-        questions.tellNotOpened(file + ": " + error.what());
+        questions.tellNotOpened(what + ": " + error.what());
     }
     return false;
 }
@@ -128,7 +151,7 @@ void SetupSession::refuseOwn(const std::string& file) const
 
 std::string SetupSession::name() const
 {
-    return std::filesystem::path(file_).filename().string();
+    return isOpen() ? std::filesystem::path(file_).filename().string() : template_;
 }
 
 void SetupSession::setChanged(bool changed)
@@ -143,12 +166,12 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     try {
         if (checkFree)
             checkFree(file);
-        content_ = saveSetup(file, withPresentValues(*setup_, drivers_));
+        content_ = saveSetup(file, withPresentValues(*setup_, drivers_), content_);
     } catch (const InputError& error) {
         questions.tellNotSaved(error.what());
         return false;
     }
-    file_ = file;
+    file_ = source_ = file;
     setChanged(false);
     if (saved)
         saved();

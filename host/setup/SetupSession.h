@@ -39,8 +39,14 @@ public:
     /// refused.
     void load(const std::string& file);
 
-    /// As `load`, after asking. Returns false if the user cancels, or if the file is refused, after a message.
+    /// Begins a set-up with a template in place of the open one, without asking. It has no file until it is saved.
+    /// Throws an `InputError` and changes nothing if there is no such template.
+    void begin(const std::string& templateName);
+
+    /// As `load` and `begin`, after asking. Return false if the user cancels, or if the file is refused, after a
+    /// message.
     bool open(const std::string& file, SessionQuestions& questions);
+    bool beginNew(const std::string& templateName, SessionQuestions& questions);
     /// Saves to the set-up's own file or, if it has none, to one that the user names; asks if another program has
     /// changed the file. Returns false if nothing was saved; file and changed mark are then unchanged, unless the user
     /// has chosen to reload.
@@ -61,8 +67,10 @@ public:
     void refuseOwn(const std::string& file) const;
 
     [[nodiscard]] const std::string& file() const { return file_; }
-    /// The file's name without its folder.
+    /// The file's name without its folder; without a file, the template's name.
     [[nodiscard]] std::string name() const;
+    /// The file from which the set-up was read: its own, or a template.
+    [[nodiscard]] const std::string& source() const { return source_; }
     [[nodiscard]] const std::string& title() const { return setup_->title; }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
     /// The fixed time of the set-up's clock, if it has one.
@@ -92,11 +100,17 @@ private:
         return about.expired() ? none : answer;
     }
     [[nodiscard]] bool pageAllows() const;
+    /// Replaces the set-up by this content of a file, which is the template of this name, if one is given.
+    void replace(std::string content, const std::string& source, const std::string& templateName);
+    /// Loads or begins a set-up; shows the reason if that fails.
+    static bool attempt(const std::function<void()>& load, const std::string& what, SessionQuestions& questions);
     bool tryLoad(const std::string& file, SessionQuestions& questions);
     bool saveElsewhere(SessionQuestions& questions);
     bool write(const std::string& file, SessionQuestions& questions);
 
     std::string file_;
+    std::string source_;
+    std::string template_; ///< of a set-up without a file
     std::string content_;  ///< of the file, as it was read or written last
     std::string declined_; ///< a later content that the user declined to reload
     std::shared_ptr<const Setup> setup_ = std::make_shared<Setup>();

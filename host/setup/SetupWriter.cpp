@@ -1,6 +1,7 @@
 #include "host/setup/SetupWriter.h"
 
 #include "host/setup/SetupMembers.h"
+#include "platform/NumberText.h"
 
 #include <nlohmann/json.hpp>
 
@@ -20,6 +21,12 @@ template <class T> Json written(const T& value)
 Json written(const Value& value)
 {
     return toJson(callValue(value));
+}
+
+/// A single is written by its shortest decimal form, 25.6 and not 25.600000381469727.
+Json written(float value)
+{
+    return widen(value);
 }
 
 Json written(const Range& range)
@@ -77,29 +84,33 @@ Json written(const SimulatedFailure& failure)
 
 constexpr std::size_t lineWidth = 110;
 
-/// Returns the value as text: on one line if it fits, else with one member per line.
-std::string layOut(const Json& json, std::size_t indent)
+} // namespace
+
+std::string laidOut(const Json& json, const JsonLayout& layout)
 {
     std::string whole = json.dump();
-    if (!json.is_structured() || indent + whole.size() <= lineWidth)
+    if (!json.is_structured() || layout.margin.size() + whole.size() <= lineWidth)
         return whole;
-    const std::string margin(indent + 2, ' ');
+    const JsonLayout inner{layout.margin + layout.unit, layout.unit, layout.lineBreak};
     std::string result;
     for (const auto& member : json.items()) {
-        result += (result.empty() ? "\n" : ",\n") + margin;
+        result += (result.empty() ? "" : ",") + layout.lineBreak + inner.margin;
         if (json.is_object())
             result += Json(member.key()).dump() + ": ";
-        result += layOut(member.value(), indent + 2);
+        result += laidOut(member.value(), inner);
     }
-    const std::string end = "\n" + std::string(indent, ' ');
+    const std::string end = layout.lineBreak + layout.margin;
     return json.is_object() ? "{" + result + end + "}" : "[" + result + end + "]";
 }
 
-} // namespace
-
 std::string setupText(const Setup& setup)
 {
-    return layOut(written(setup), 0) + "\n";
+    return laidOut(written(setup)) + "\n";
+}
+
+Json toJson(const Setup& setup)
+{
+    return written(setup);
 }
 
 Json toJson(const InstrumentSettings& instrument)

@@ -14,6 +14,18 @@ struct Setup;
 /// is not UTF-8.
 std::string setupText(const Setup& setup);
 
+/// How a JSON text is laid out.
+struct JsonLayout {
+    std::string margin;      ///< blanks at the beginning of the line on which the text begins
+    std::string unit = "  "; ///< blanks by which the content of a list or object is indented
+    std::string lineBreak = "\n";
+};
+
+/// Returns the value as text: on one line if it fits, else with one member per line.
+std::string laidOut(const nlohmann::ordered_json& json, const JsonLayout& layout = {});
+
+/// Converts a set-up to the form of a set-up file.
+nlohmann::ordered_json toJson(const Setup& setup);
 /// Converts an instrument to the form of a set-up file; parsing it returns the same instrument.
 nlohmann::ordered_json toJson(const InstrumentSettings& instrument);
 

@@ -38,7 +38,7 @@ public:
     {
         const auto rate = [&](double period) { return number(1.0 / period); };
         compare(named::sampleRate, before.samplePeriod.value, after.samplePeriod.value, rate);
-        compare(host::firstNumber + 1, before.blockSize.value, after.blockSize.value,
+        compare(host::blockSize, before.blockSize.value, after.blockSize.value,
                 [&](double size) { return number(size); });
         compare(named::scanRate, before.scanPeriod.value, after.scanPeriod.value, rate);
         constexpr std::array starts{host::startImmediately, host::startAtTime, host::startOnTrigger};

@@ -56,6 +56,9 @@ private:
 QString nameOf(const InstrumentRow& row, const Texts& texts);
 QString valueOf(const InstrumentRow& row, const Texts& texts, const Locale& locale);
 
+/// Returns whether the row is the start time of an instrument that does not start at a time.
+bool isIdleStartTime(const InstrumentRow& row);
+
 /// Return the number of rows of a timebase and of trigger lines.
 std::size_t quantityCount();
 std::size_t lineCount();

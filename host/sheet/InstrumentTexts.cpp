@@ -62,17 +62,20 @@ constexpr std::array scheduleMembers{
                    [](const TimebaseSettings& t, const Shown& as) { return as.time(t.startTime); }},
     ScheduleMember{hostText::stopMode,
                    [](const TimebaseSettings& t, const Shown& as) { return as.mode(t.stopMode, stopModes); }},
-    ScheduleMember{hostText::duration, [](const TimebaseSettings& t,
-                                          const Shown& as) { return as.seconds(static_cast<double>(t.duration)); }},
+    ScheduleMember{hostText::duration,
+                   [](const TimebaseSettings& t, const Shown& as) { return as.seconds(widen(t.duration)); }},
 };
+
+// In the order of `heldNumbers`.
+constexpr std::array numberNames{hostText::samplePeriod, hostText::blockSize, hostText::scanPeriod};
+static_assert(numberNames.size() == heldNumbers.size());
 
 // Items of a timebase: first `heldNumbers`, then `scheduleMembers`.
 
 QString timebaseName(std::size_t item, const Texts& texts)
 {
     const std::size_t numbers = heldNumbers.size();
-    return texts(item < numbers ? hostText::firstNumber + static_cast<int>(item)
-                                : scheduleMembers[item - numbers].name);
+    return texts(item < numbers ? numberNames[item] : scheduleMembers[item - numbers].name);
 }
 
 QString timebaseValue(std::size_t item, const TimebaseSettings& held, const Shown& as)
@@ -119,6 +122,14 @@ const ParameterSettings& parameterOf(const InstrumentRow& row)
 }
 
 } // namespace
+
+bool isIdleStartTime(const InstrumentRow& row)
+{
+    const std::size_t member = row.item() - heldNumbers.size(); // wraps around for a number
+    return row.kind() == InstrumentRow::Kind::Quantity && member < scheduleMembers.size() &&
+           scheduleMembers[member].name == hostText::startTime &&
+           row.driver().held().timebase->startMode != startMode::atTime;
+}
 
 std::size_t quantityCount()
 {

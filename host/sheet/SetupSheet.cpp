@@ -24,6 +24,17 @@ QString known(const QString& value)
     return value.isEmpty() ? nothing : value;
 }
 
+QString fileOf(const SheetSource& source)
+{
+    const QString file = source.file.empty() ? nothing : toShown(source.file);
+    return source.isChanged ? source.texts(sheetText::changed).arg(file) : file;
+}
+
+QString dateOf(const SheetSource& source)
+{
+    return toShown(generalDate(source.made, source.locale));
+}
+
 class Sheet {
 public:
     explicit Sheet(const SheetSource& source) : source_(source), page_(source.page), root_(source.drivers) {}
@@ -86,11 +97,7 @@ private:
 void Sheet::head()
 {
     html_.heading(1, named(text(sheetText::sheet), toShown(source_.title)));
-    QString file = source_.file.empty() ? nothing : toShown(source_.file);
-    if (source_.isChanged)
-        file = text(sheetText::changed).arg(file);
-    html_.values(
-        {{text(sheetText::file), file}, {text(sheetText::made), toShown(generalDate(source_.made, source_.locale))}});
+    html_.values({{text(sheetText::file), fileOf(source_)}, {text(sheetText::made), dateOf(source_)}});
     html_.heading(2, text(sheetText::plan));
     html_.paragraph(QStringLiteral("plan"), toShown(page_.lblPlan.caption()));
 }
@@ -168,14 +175,15 @@ bool Sheet::isOtherThanPage(const InstrumentRow& row) const
     return differs(page_, *heldNumbers[row.item()].number, driver);
 }
 
-/// Returns `nothing` for a value that the instrument lacks and for a negative line number, which means no line.
+/// Returns `nothing` for a value that the instrument lacks, for a negative line number, which means no line, and for
+/// the time of a start that happens at another moment.
 QString Sheet::valueIn(const InstrumentRow& row) const
 {
     QString value = valueOf(row, source_.texts, source_.locale);
     if (isOtherThanPage(row))
         value = text(textNumber::compare::differing).arg(value);
     const bool isNoLine = row.kind() == Kind::Line && value.startsWith(u'-');
-    return value.isEmpty() || isNoLine ? nothing : value;
+    return value.isEmpty() || isNoLine || isIdleStartTime(row) ? nothing : value;
 }
 
 /// Writes a table with a row for each instrument and a column for each of its values of one kind.
@@ -238,6 +246,11 @@ QString Sheet::parameters(InstrumentRow& channel) const
 QString setupSheet(const SheetSource& source)
 {
     return Sheet(source).whole();
+}
+
+QString sheetCaption(const SheetSource& source)
+{
+    return fileOf(source) + QStringLiteral("  \u00b7  ") + dateOf(source);
 }
 
 } // namespace ko

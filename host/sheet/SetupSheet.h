@@ -23,4 +23,7 @@ struct SheetSource {
 /// instrument.
 QString setupSheet(const SheetSource& source);
 
+/// Returns the file, marked if the set-up differs from it, and the date, in one line.
+QString sheetCaption(const SheetSource& source);
+
 } // namespace ko

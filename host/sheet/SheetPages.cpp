@@ -5,13 +5,17 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QScreen>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextTable>
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <utility>
 
 namespace ko {
 
@@ -22,43 +26,97 @@ const QMarginsF margins(22.0, 15.0, 15.0, 12.0); // millimetres
 constexpr double fontSize = 9.0;
 constexpr double footerLines = 2.5;
 
-/// Returns the page on which a block ends.
-int lastPageOf(const QTextDocument& document, const QTextBlock& block)
+/// The top and the bottom of a part of the document.
+struct Extent {
+    double top;
+    double bottom;
+};
+
+Extent extentOf(const QTextDocument& document, const QTextBlock& block)
 {
     const QRectF bounds = document.documentLayout()->blockBoundingRect(block);
-    return static_cast<int>((bounds.bottom() - 1.0) / document.pageSize().height());
+    return {bounds.top(), bounds.bottom()};
 }
 
-int firstPageOf(const QTextDocument& document, const QTextBlock& block)
+Extent extentOf(const QTextDocument& document, const QTextTable& table, int row)
 {
-    return static_cast<int>(document.documentLayout()->blockBoundingRect(block).top() / document.pageSize().height());
+    Extent extent = extentOf(document, table.cellAt(row, 0).firstCursorPosition().block());
+    for (int column = 0; column < table.columns(); ++column) {
+        const QTextTableCell cell = table.cellAt(row, column);
+        extent.top = std::min(extent.top, extentOf(document, cell.firstCursorPosition().block()).top);
+        extent.bottom = std::max(extent.bottom, extentOf(document, cell.lastCursorPosition().block()).bottom);
+    }
+    return extent;
 }
 
-/// Returns the last block that must be on the heading's page: the paragraph below it, or the first row of a table.
-QTextBlock headedBy(const QTextBlock& heading)
+bool isOnOnePage(const QTextDocument& document, const Extent& extent)
 {
-    const QTextBlock below = heading.next();
-    if (const QTextTable* table = below.isValid() ? QTextCursor(below).currentTable() : nullptr)
-        return table->cellAt(std::min(1, table->rows() - 1), table->columns() - 1).lastCursorPosition().block();
-    return below;
+    const double page = document.pageSize().height();
+    return std::floor(extent.top / page) == std::floor((extent.bottom - 1.0) / page);
 }
 
-/// Moves a heading to the next page if what follows it is there. Consecutive headings move together. Each move lays out
-/// the rest of the document again, so one pass from the top is enough.
-void keepHeadings(QTextDocument& document)
+/// Returns the bottom of what must be on a heading's page: the paragraph below it, or the first row of a table.
+double headedBottom(const QTextDocument& document, const QTextBlock& below)
 {
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (block.blockFormat().headingLevel() == 0)
-            continue;
-        const QTextBlock first = block;
-        while (block.next().isValid() && block.next().blockFormat().headingLevel() > 0)
-            block = block.next();
-        const QTextBlock headed = headedBy(block);
-        if (!headed.isValid() || lastPageOf(document, headed) == firstPageOf(document, first))
-            continue;
+    const QTextTable* table = QTextCursor(below).currentTable();
+    return table ? extentOf(document, *table, std::min(1, table->rows() - 1)).bottom : extentOf(document, below).bottom;
+}
+
+/// Moves consecutive headings to the next page if what follows them is there. Returns the last of them.
+QTextBlock keepHeadings(QTextDocument& document, const QTextBlock& first)
+{
+    QTextBlock last = first;
+    while (last.next().isValid() && last.next().blockFormat().headingLevel() > 0)
+        last = last.next();
+    const QTextBlock below = last.next();
+    if (below.isValid() && !isOnOnePage(document, {extentOf(document, first).top, headedBottom(document, below)})) {
         QTextBlockFormat format = first.blockFormat();
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
         QTextCursor(first).setBlockFormat(format);
+    }
+    return last;
+}
+
+/// Enlarges a row so that less than a line of space is left after it on its page, which moves the next row.
+void fillPage(QTextDocument& document, QTextTable& table, int row, double space)
+{
+    // The layout scales a padding from the screen to the paint device.
+    const double scale = document.documentLayout()->paintDevice()->logicalDpiY() /
+                         QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+    for (int column = 0; column < table.columns(); ++column) {
+        QTextTableCell cell = table.cellAt(row, column);
+        QTextTableCellFormat format = cell.format().toTableCellFormat();
+        format.setBottomPadding(space / scale);
+        cell.setFormat(format);
+    }
+}
+
+/// Moves rows that a page's end would cut to the next page. The first rows stay with their heading.
+void keepRows(QTextDocument& document, QTextTable& table)
+{
+    const double page = document.pageSize().height();
+    for (int row = 2; row < table.rows(); ++row) {
+        const Extent extent = extentOf(document, table, row);
+        if (isOnOnePage(document, extent) || extent.bottom - extent.top > page / 2)
+            continue;
+        const QTextBlock block = table.cellAt(row, 0).firstCursorPosition().block();
+        const double line = block.layout()->lineAt(0).height();
+        const double space = (std::floor(extent.top / page) + 1.0) * page - extent.top;
+        fillPage(document, table, row - 1, std::max(0.0, space - line / 2));
+    }
+}
+
+/// Keeps headings with what follows them, and rows whole. Each change lays out the rest of the document again, so one
+/// pass from the top is enough.
+void keepTogether(QTextDocument& document)
+{
+    const QTextTable* kept = nullptr;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0)
+            block = keepHeadings(document, block);
+        QTextTable* const table = QTextCursor(block).currentTable();
+        if (table && table != std::exchange(kept, table))
+            keepRows(document, *table);
     }
 }
 
@@ -100,7 +158,7 @@ SheetPages::SheetPages(const SheetSource& source, QPaintDevice& device, const QS
     document_.setDefaultTextOption(QTextOption());
     document_.setHtml(setupSheet(source));
     document_.setPageSize({size.width(), size.height() - footer});
-    keepHeadings(document_);
+    keepTogether(document_);
 }
 
 QFont SheetPages::footerFont() const

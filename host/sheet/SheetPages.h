@@ -14,7 +14,8 @@ namespace ko {
 /// Returns the paper of the user's region: Letter or A4.
 QPageSize::PageSizeId paperOf(const QLocale& locale);
 
-/// A sheet laid out in pages, each with a footer. A heading is always on the same page as the beginning of its section.
+/// A sheet laid out in pages, each with a footer. A heading is always on the same page as the beginning of its section,
+/// and a row of a table is on one page unless it is longer than half a page.
 /// Requires a QGuiApplication.
 class SheetPages {
 public:
@@ -22,6 +23,7 @@ public:
     SheetPages(const SheetSource& source, QPaintDevice& device, const QSizeF& size);
 
     [[nodiscard]] int count() const { return document_.pageCount(); }
+    [[nodiscard]] const QTextDocument& document() const { return document_; }
     /// Paints a page, counted from 0. The painter's origin is the top left corner of the page.
     void paint(QPainter& painter, int page) const;
 

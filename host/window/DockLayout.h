@@ -1,12 +1,23 @@
 #pragma once
 
+#include <QString>
+
 class QAbstractItemView;
+class QAction;
 class QDockWidget;
+class QTreeView;
 
 namespace ko {
+
+/// Adds an action with an object name to a view, for `layDock`.
+QAction& addDockAction(QAbstractItemView& view, const QString& text, const char* name);
 
 /// Fills a dock with its view and a row of buttons below it, one for each action of the view. The actions are also the
 /// view's context menu. A button has its action's object name, text, tool tip and state.
 void layDock(QDockWidget& dock, QAbstractItemView& view);
+
+/// Keeps the columns of a view, except the last, wide enough for their visible content, up to a limit. A column becomes
+/// wider only for content that is wider than before, so that a width chosen by the user is respected.
+void fitColumns(QTreeView& view);
 
 } // namespace ko

@@ -14,8 +14,8 @@
 
 namespace ko {
 
-DriverLog::DriverLog(const Texts& texts, QWidget* parent)
-    : QDockWidget(withoutMnemonic(texts(hostText::driverLog)), parent), model_(new DriverLogModel(texts, this)),
+DriverLog::DriverLog(const Texts& texts, const Locale& locale, QWidget* parent)
+    : QDockWidget(withoutMnemonic(texts(hostText::driverLog)), parent), model_(new DriverLogModel(texts, locale, this)),
       view_(new QTreeView(this))
 {
     setObjectName(QStringLiteral("driverLog"));
@@ -26,13 +26,7 @@ DriverLog::DriverLog(const Texts& texts, QWidget* parent)
     view_->setAllColumnsShowFocus(true);
     view_->setTabKeyNavigation(false);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    const int letter = view_->fontMetrics().averageCharWidth();
-    for (const auto& [column, letters] : {std::pair{DriverLogModel::Time, 16},
-                                          {DriverLogModel::Instrument, 24},
-                                          {DriverLogModel::OperationName, 26},
-                                          {DriverLogModel::Arguments, 12},
-                                          {DriverLogModel::Value, 20}})
-        view_->header()->resizeSection(column, letters * letter);
+    fitColumns(*view_);
     followTheEnd();
     makeActions(texts);
     layDock(*this, *view_);
@@ -42,10 +36,7 @@ DriverLog::DriverLog(const Texts& texts, QWidget* parent)
 void DriverLog::makeActions(const Texts& texts)
 {
     const auto add = [&](int text, const char* name, auto act) {
-        auto* action = new QAction(texts(text), view_);
-        action->setObjectName(QLatin1String(name));
-        onSignal(action, &QAction::triggered, this, act);
-        view_->addAction(action);
+        onSignal(&addDockAction(*view_, texts(text), name), &QAction::triggered, this, act);
     };
     add(hostText::copyLog, "copyLog", [this] { copy(); });
     add(hostText::clearLog, "clearLog", [this] { model_->clear(); });

@@ -1,7 +1,7 @@
 #include "host/window/DriverLogModel.h"
 
-#include "host/setup/SetupWriter.h"
 #include "host/support/HostTexts.h"
+#include "host/window/CallText.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 
@@ -19,11 +19,6 @@ constexpr std::array headers{hostText::logTime,      hostText::logInstrument, ho
                              hostText::logArguments, hostText::logValue,      hostText::logResult};
 static_assert(headers.size() == DriverLogModel::columns);
 
-QString shown(const std::optional<CallValue>& value)
-{
-    return value ? toQt(jsonText(*value)) : QString();
-}
-
 QString joined(const std::vector<std::int32_t>& arguments)
 {
     QStringList texts;
@@ -34,7 +29,8 @@ QString joined(const std::vector<std::int32_t>& arguments)
 
 } // namespace
 
-DriverLogModel::DriverLogModel(Texts texts, QObject* parent) : QAbstractTableModel(parent), texts_(std::move(texts))
+DriverLogModel::DriverLogModel(Texts texts, const Locale& locale, QObject* parent)
+    : QAbstractTableModel(parent), texts_(std::move(texts)), locale_(locale)
 {
     idle_.setSingleShot(true);
     onSignal(&idle_, &QTimer::timeout, this, [this] { flush(); });
@@ -52,6 +48,11 @@ void DriverLogModel::add(const SimulatedDriver& driver, const FailedCall& call)
         QStringLiteral("%1 (%2)").arg(toQt(call.failure.what()), QString::number(call.failure.number()));
     put({QDateTime::currentMSecsSinceEpoch(), toQt(driver.name()), call.operation, call.arguments, shown(call.value),
          QString(), failure});
+}
+
+QString DriverLogModel::shown(const std::optional<CallValue>& value) const
+{
+    return value ? callText(*value, texts_, locale_) : QString();
 }
 
 void DriverLogModel::put(Entry entry)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/instruments/DriverWatch.h"
+#include "platform/Locale.h"
 #include "widgets/support/Convert.h"
 
 #include <QAbstractTableModel>
@@ -16,7 +17,8 @@ public:
     enum Column { Time, Instrument, OperationName, Arguments, Value, Result, columns };
     static constexpr std::size_t most = 10000; ///< entries
 
-    explicit DriverLogModel(Texts texts, QObject* parent = nullptr);
+    /// `locale` must outlive this object.
+    DriverLogModel(Texts texts, const Locale& locale, QObject* parent = nullptr);
 
     void add(const SimulatedDriver& driver, const DriverCall& call);
     void add(const SimulatedDriver& driver, const FailedCall& call);
@@ -44,12 +46,14 @@ private:
         QString failure; ///< reason; empty if the call succeeded
     };
 
+    [[nodiscard]] QString shown(const std::optional<CallValue>& value) const;
     void put(Entry entry);
     void makeRoom();
     [[nodiscard]] QString text(const Entry& entry, int column) const;
     [[nodiscard]] QString line(const Entry& entry) const;
 
     Texts texts_;
+    const Locale& locale_;
     std::deque<Entry> entries_;
     std::deque<Entry> waiting_;
     QTimer idle_;

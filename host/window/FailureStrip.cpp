@@ -1,6 +1,7 @@
 #include "host/window/FailureStrip.h"
 
 #include "host/support/HostTexts.h"
+#include "host/window/FailedSetting.h"
 #include "platform/DateTimes.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
@@ -34,9 +35,8 @@ QString timeText(DateTime time)
 } // namespace
 
 FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
-    : QFrame(parent), countText_(texts(hostText::failingCount)), lineText_(texts(hostText::failingLine)),
-      moreText_(texts(hostText::failingMore)), allAnswerText_(texts(hostText::allAnswer)),
-      heading_(new PlainLabel(this)), more_(new PlainLabel(this)), list_(new QListWidget(this)),
+    : QFrame(parent), texts_(texts), sign_(new PlainLabel(this)), heading_(new PlainLabel(this)),
+      more_(new PlainLabel(this)), list_(new QListWidget(this)),
       button_(new QPushButton(texts(hostText::tryAgain), this))
 {
     QAccessible::installFactory(interfaceOf);
@@ -63,11 +63,8 @@ FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
 
 void FailureStrip::makeLayout()
 {
-    auto* sign = new PlainLabel(this);
-    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
     auto* title = new QHBoxLayout;
-    title->addWidget(sign);
+    title->addWidget(sign_);
     title->addWidget(heading_, 1);
     title->addWidget(more_);
     auto* column = new QVBoxLayout;
@@ -125,8 +122,16 @@ void FailureStrip::showLines(const std::vector<DriverFailure>& failures)
         list_->item(line)->setText(text);
         list_->item(line)->setToolTip(plainTip(text));
     }
-    heading_->setText(count > 0 ? countText_.arg(count) : allAnswerText_);
-    more_->setText(count > mostLines ? moreText_.arg(count - mostLines) : QString());
+    showHeading(count);
+}
+
+void FailureStrip::showHeading(int count)
+{
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    const auto sign = count > 0 ? QStyle::SP_MessageBoxWarning : QStyle::SP_DialogApplyButton;
+    sign_->setPixmap(style()->standardIcon(sign, nullptr, this).pixmap(size, size));
+    heading_->setText(count > 0 ? texts_(hostText::failingCount).arg(count) : texts_(hostText::allAnswer));
+    more_->setText(count > mostLines ? texts_(hostText::failingMore).arg(count - mostLines) : QString());
 }
 
 void FailureStrip::makeRoom(int lines)
@@ -169,8 +174,8 @@ void FailureStrip::announce(const std::vector<DriverFailure>& failures)
 QString FailureStrip::lineOf(const DriverFailure& failure) const
 {
     const QString reason = QStringLiteral("%1 (%2)").arg(toShown(failure.reason), QString::number(failure.number));
-    return lineText_.arg(toShown(failure.name), toShown(failingName(failure.operation)), timeText(failure.time),
-                         reason);
+    return texts_(hostText::failingLine)
+        .arg(toShown(failure.name), failedSetting(failure.operation, texts_), timeText(failure.time), reason);
 }
 
 } // namespace ko

@@ -12,7 +12,8 @@ class QPushButton;
 
 namespace ko {
 
-/// Lists the instruments that fail at present, one per line with the last failed operation, time and reason, and has a
+/// Lists the instruments that fail at present, one per line with the time, the setting that
+/// could not be read or set last, and the reason, and has a
 /// button to try again. Hidden unless an instrument fails. Lines appear at once, but space is given up only after two
 /// seconds without changes, so that the page does not move while the user types.
 class FailureStrip : public QFrame {
@@ -41,12 +42,14 @@ private:
     void makeLayout();
     void refresh();
     void showLines(const std::vector<DriverFailure>& failures);
+    void showHeading(int count);
     void makeRoom(int lines);
     void settle();
     void announce(const std::vector<DriverFailure>& failures);
     [[nodiscard]] QString lineOf(const DriverFailure& failure) const;
 
-    QString countText_, lineText_, moreText_, allAnswerText_;
+    Texts texts_;
+    QLabel* sign_;
     QLabel* heading_;
     QLabel* more_;
     QListWidget* list_;

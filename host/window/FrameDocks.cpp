@@ -2,12 +2,14 @@
 
 #include "host/setup/SetupSession.h"
 #include "host/window/DriverLog.h"
+#include "host/window/FailedSetting.h"
 #include "host/window/FailureStrip.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameHistory.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
 #include "host/window/Reports.h"
+#include "widgets/support/ShownText.h"
 
 #include <QApplication>
 #include <QLayout>
@@ -18,8 +20,8 @@ namespace ko {
 
 FrameDocks::FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, SetupSession& session,
                        FrameCapture& capture, FrameHistory& history)
-    : page_(page), session_(session), capture_(capture), history_(history),
-      reports_(new Reports(parts.texts(), &window)), log_(new DriverLog(parts.texts(), &window)),
+    : texts_(parts.texts()), page_(page), session_(session), capture_(capture), history_(history),
+      reports_(new Reports(parts.texts(), &window)), log_(new DriverLog(parts.texts(), parts.platform.locale, &window)),
       instruments_(new InstrumentsView(parts.texts(), parts.platform.locale, &window)),
       failures_(new FailureStrip(parts.texts(), &window))
 {
@@ -40,7 +42,11 @@ void FrameDocks::joinWatch()
         instruments_->refresh();
     };
     watch_.called = note;
-    watch_.failed = note;
+    watch_.failed = [this, note](const DriverWatch::Watched& watched, const FailedCall& call) {
+        note(watched, call);
+        reports_->callFailed(toShown(watched.driver.name()), failedSetting(call.operation, texts_),
+                             call.failure.number(), toShown(call.failure.what()));
+    };
     watch_.health().changed = [this] { failures_->refreshLater(); };
 }
 

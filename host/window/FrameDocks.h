@@ -53,6 +53,7 @@ private:
     [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
     void faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails);
     void handOverAgain();
+    Texts texts_;
     PageHost& page_;
     SetupSession& session_;
     FrameCapture& capture_;

@@ -46,6 +46,12 @@ void FrameFiles::open(const QString& file)
     guarded([&] { session_.open(fromQt(file), *questions_); }, file);
 }
 
+void FrameFiles::beginNew(const std::string& templateName)
+{
+    const UserActions::Action action(actions_);
+    session_.beginNew(templateName, *questions_);
+}
+
 void FrameFiles::chooseAndOpen()
 {
     const std::string file = questions_->fileToOpen();
@@ -56,8 +62,10 @@ void FrameFiles::chooseAndOpen()
 void FrameFiles::openRecent(const QString& file)
 {
     const UserActions::Action action(actions_);
-    open(file);
-    if (!action.isOver() && !QFileInfo::exists(file))
+    if (QFileInfo::exists(file))
+        return open(file);
+    const bool isForgotten = questions_->forget(fromQt(file));
+    if (isForgotten && !action.isOver())
         recent_.remove(file);
 }
 
@@ -89,6 +97,8 @@ void FrameFiles::saveAs()
 void FrameFiles::remember()
 {
     watch_.watch(session_.file());
+    if (!session_.isOpen())
+        return;
     // The list of recent files can keep only names in UTF-8.
     if (const QString name = toQt(session_.file()); fromQt(name) == session_.file())
         recent_.add(name);
@@ -103,7 +113,8 @@ void FrameFiles::offerReload()
 
 void FrameFiles::showTitle()
 {
-    const QString name = session_.isOpen() ? plainTitle(toQt(session_.name())) : parts_.text(hostText::noSetup);
+    const std::string named = session_.name();
+    const QString name = named.empty() ? parts_.text(hostText::noSetup) : plainTitle(toQt(named));
     window_.setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, parts_.text(hostText::product)));
     window_.setWindowModified(session_.isChanged());
 }
@@ -112,6 +123,8 @@ void FrameFiles::OnChanged()
 {
     if (!session_.isChanged())
         session_.setChanged(true);
+    if (changed)
+        changed();
 }
 
 } // namespace ko

@@ -30,11 +30,15 @@ public:
 
     /// Called after a file has been loaded, to show its instruments.
     std::function<void()> showInstruments;
+    /// Called after every change that the document has accepted.
+    std::function<void()> changed;
 
     /// Opens a set-up after asking the page and the user. Shows the user the reason if the file is refused.
     void open(const QString& file);
     void chooseAndOpen();
-    /// Also removes a file that no longer exists from the list of recent files.
+    /// Begins a new set-up with a template after asking.
+    void beginNew(const std::string& templateName);
+    /// As `open`; offers to remove a file that cannot be found from the list of recent files.
     void openRecent(const QString& file);
     /// Accepts the drag of exactly one local file.
     static void acceptDrag(QDragEnterEvent& event);

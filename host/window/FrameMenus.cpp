@@ -1,5 +1,7 @@
+#include "host/setup/SetupTemplates.h"
 #include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
+#include "host/window/DockRoom.h"
 #include "host/window/DriverLog.h"
 #include "host/window/FrameWindow.h"
 #include "host/window/HelpWindow.h"
@@ -12,6 +14,8 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QStyle>
+#include <array>
 
 namespace ko {
 
@@ -49,6 +53,7 @@ QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, 
 void FrameWindow::makeFileMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::fileMenu));
+    makeNewMenu(menu);
     addEntry(menu, hostText::openSetup, QKeySequence::Open, [this] { files_.chooseAndOpen(); });
     makeRecentMenu(menu);
     menu.addSeparator();
@@ -60,10 +65,26 @@ void FrameWindow::makeFileMenu()
     addEntry(menu, hostText::print, QKeySequence::Print, [this] { printing_.printPage(); });
     addEntry(menu, hostText::printPreview, {}, [this] { printing_.previewPage(); });
     addEntry(menu, sheetText::menuEntry, {}, [this] { printing_.printSheet(); });
+    addEntry(menu, sheetText::previewEntry, {}, [this] { printing_.previewSheet(); });
+    addEntry(menu, sheetText::exportEntry, {}, [this] { printing_.exportSheet(files_.questions()); });
     menu.addSeparator();
     menu.addAction(&capture_.action());
     menu.addSeparator();
     addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
+}
+
+void FrameWindow::makeNewMenu(QMenu& menu)
+{
+    namespace newText = textNumber::newSetup;
+    // In the order of the templates.
+    constexpr std::array labels{newText::empty, newText::vibration, newText::engineBench, newText::temperatures,
+                                newText::mixed};
+    static_assert(labels.size() == templateCount);
+    QMenu& submenu = *menu.addMenu(text(newText::menu));
+    const std::vector<std::string> names = templateNames();
+    for (std::size_t i = 0; i < labels.size(); ++i)
+        addEntry(submenu, labels[i], i == 0 ? QKeySequence(QKeySequence::New) : QKeySequence(),
+                 [this, name = names[i]] { files_.beginNew(name); });
 }
 
 void FrameWindow::makeRecentMenu(QMenu& menu)
@@ -132,9 +153,12 @@ void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)
     QAction* toggle = dock.toggleViewAction();
     toggle->setText(text(label));
     menu.addAction(toggle);
-    onSignal(toggle, &QAction::triggered, this, [&dock](bool shown) {
-        if (shown)
-            dock.setFocus(Qt::OtherFocusReason);
+    onSignal(toggle, &QAction::triggered, this, [this, &dock](bool shown) {
+        if (!shown)
+            return;
+        makeRoom(*this, dock, page().sizeHint());
+        dock.raise();
+        dock.setFocus(Qt::OtherFocusReason);
     });
 }
 
@@ -150,9 +174,13 @@ void FrameWindow::makeHelpMenu()
 
 void FrameWindow::showAbout()
 {
-    Modal<PlainBox>(QMessageBox::NoIcon, withoutMnemonic(text(hostText::about)), text(hostText::aboutText), QString(),
-                    QMessageBox::Ok, this)
-        .wait();
+    const QString name = withoutMnemonic(text(hostText::product)) + u' ';
+    const QString version = text(textNumber::about::version).arg(QLatin1String(KO_VERSION));
+    Modal<PlainBox> box(QMessageBox::NoIcon, withoutMnemonic(text(hostText::about)), name + version,
+                        text(hostText::aboutText) + QStringLiteral("\n\n") + text(textNumber::about::licence),
+                        QMessageBox::Ok, this);
+    box->setIconPixmap(windowIcon().pixmap(style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this)));
+    box.wait();
 }
 
 } // namespace ko

@@ -1,6 +1,7 @@
 #include "host/window/FramePrinting.h"
 
 #include "host/setup/SetupSession.h"
+#include "host/sheet/SheetFile.h"
 #include "host/sheet/SheetPages.h"
 #include "host/sheet/SheetTexts.h"
 #include "host/support/FileWriter.h"
@@ -8,8 +9,10 @@
 #include "host/support/InputError.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/PageHost.h"
+#include "host/window/UserQuestions.h"
 #include "widgets/services/PdfDetour.h"
 #include "widgets/support/Modal.h"
+#include "widgets/support/ShownText.h"
 
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
@@ -23,10 +26,15 @@ FramePrinting::FramePrinting(QWidget& window, const UserActions& actions, FrameP
     parts.services.printers.savePdf = [this](const QString& file, const QByteArray& content) {
         savePdf(file, content);
     };
+    parts.services.printers.surroundings = [this]() -> QtPrinters::Surroundings {
+        const SheetSource shown = sheet();
+        return {sheetCaption(shown), toShown(shown.page.lblPlan.caption())};
+    };
 }
 
 FramePrinting::~FramePrinting()
 {
+    parts_.services.printers.surroundings = nullptr;
     parts_.services.printers.savePdf = nullptr;
 }
 
@@ -44,11 +52,22 @@ void FramePrinting::printPage()
 
 void FramePrinting::previewPage()
 {
+    preview(&FramePrinting::printPageOn);
+}
+
+void FramePrinting::previewSheet()
+{
+    if (page_.okToLeave())
+        preview(&FramePrinting::paintSheet);
+}
+
+void FramePrinting::preview(void (FramePrinting::*paint)(QPrinter& printer))
+{
     QPrinter printer(QPrinter::HighResolution);
     Modal<QPrintPreviewDialog> dialog(&printer, &window_);
     dialog->resize(window_.size().expandedTo(dialog->sizeHint()));
     onSignal(dialog.get(), &QPrintPreviewDialog::paintRequested, &window_,
-             [this](QPrinter* asked) { printPageOn(*asked); });
+             [this, paint](QPrinter* asked) { (this->*paint)(*asked); });
     dialog.wait();
 }
 
@@ -72,7 +91,7 @@ SheetSource FramePrinting::sheet()
     return {.page = page_.document().page(),
             .drivers = session_.drivers(),
             .title = session_.title(),
-            .file = session_.name(),
+            .file = session_.isOpen() ? session_.name() : std::string(),
             .isChanged = session_.isChanged(),
             .made = parts_.services.clock.now(),
             .texts = parts_.texts(),
@@ -93,16 +112,47 @@ void FramePrinting::printSheetOn(QPrinter& printer)
         reason = toQt(error.what());
     }
     if (!isPrinted)
-        Modal<PlainBox>(QMessageBox::Warning, parts_.text(hostText::product), parts_.text(sheetText::notPrinted),
-                        reason, QMessageBox::Ok, &window_)
-            .wait();
+        complainBy(sheetText::notPrinted, reason);
+}
+
+void FramePrinting::paintSheet(QPrinter& printer)
+{
+    ko::printSheet(sheet(), printer);
+}
+
+void FramePrinting::exportSheet(UserQuestions& questions)
+{
+    const UserActions::Action action(actions_);
+    if (!page_.okToLeave())
+        return;
+    const std::string file = questions.fileForSheet();
+    if (file.empty())
+        return;
+    try {
+        refuseOwn(file);
+        saveSheet(file, sheet(), {});
+    } catch (const InputError& error) {
+        complainBy(sheetText::notExported, toQt(error.what()));
+    }
+}
+
+void FramePrinting::complainBy(int text, const QString& reason)
+{
+    Modal<PlainBox>(QMessageBox::Warning, parts_.text(hostText::product), parts_.text(text), reason, QMessageBox::Ok,
+                    &window_)
+        .wait();
+}
+
+void FramePrinting::refuseOwn(const std::string& file) const
+{
+    session_.refuseOwn(file);
+    capture_.refuseOwn(file);
 }
 
 void FramePrinting::savePdf(const QString& file, const QByteArray& content)
 {
     const std::string name = fromQt(file);
-    session_.refuseOwn(name);
-    capture_.refuseOwn(name);
+    refuseOwn(name);
     if (content.isEmpty())
         throw InputError(name + ": cannot be saved: there is no room for a temporary file");
     writeWhole(name, content.toStdString());

@@ -13,8 +13,10 @@ class FrameCapture;
 struct FrameParts;
 class PageHost;
 class SetupSession;
+class UserQuestions;
 
-/// Prints the page and the set-up sheet of a frame window, to printers and PDF files, and shows the print preview.
+/// Prints the page and the set-up sheet of a frame window, to printers and files, and shows the
+/// print previews.
 class FramePrinting {
 public:
     /// All arguments must outlive this object.
@@ -29,6 +31,9 @@ public:
     void previewPage();
     /// Asks the user for a printer and prints the set-up sheet.
     void printSheet();
+    void previewSheet();
+    /// Asks the user for a file and writes the set-up sheet to it. Shows a message if that fails.
+    void exportSheet(UserQuestions& questions);
 
     /// Prints the page on a printer that is already set up, such as that of a preview.
     void printPageOn(QPrinter& printer);
@@ -41,6 +46,11 @@ private:
     /// Writes a PDF file. Throws an `InputError` if it cannot be written, or if the file is the open set-up or the
     /// scenario that is being captured.
     void savePdf(const QString& file, const QByteArray& content);
+    /// Throws an `InputError` for the open set-up and for the scenario that is being captured.
+    void refuseOwn(const std::string& file) const;
+    void preview(void (FramePrinting::*paint)(QPrinter& printer));
+    void paintSheet(QPrinter& printer);
+    void complainBy(int text, const QString& reason);
 
     QWidget& window_;
     const UserActions& actions_;

@@ -1,5 +1,6 @@
 #include "host/window/FrameWindow.h"
 
+#include "host/support/HostTexts.h"
 #include "host/window/DriverLog.h"
 #include "host/window/HintLine.h"
 #include "host/window/InstrumentsView.h"
@@ -9,6 +10,7 @@
 #include "widgets/support/PlainText.h"
 
 #include <QKeyEvent>
+#include <QLayout>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -20,6 +22,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     actions_.keep(parts_);
     joinFiles();
     joinHistory();
+    joinSpace();
     statusBar()->addWidget(&page_.hint(), 1);
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
@@ -33,6 +36,8 @@ FrameWindow::~FrameWindow()
 {
     capture_.stop();
     docks_.stop();
+    space_->stop();
+    files_.changed = nullptr;
     page_.end();
     if (!actions_.end(*this))
         docks_.remove();
@@ -58,7 +63,7 @@ void FrameWindow::joinFiles()
     session().mayLeavePage = [this] { return page_.okToLeave(); };
     session().checkFree = [this](const std::string& file) { capture_.refuseOwn(file); };
     files_.showInstruments = [this] {
-        capture_.setup(session().file());
+        capture_.setup(session().source());
         handOver();
     };
 }
@@ -82,11 +87,20 @@ void FrameWindow::revertToSaved()
         session().reload(files_.questions());
 }
 
+void FrameWindow::joinSpace()
+{
+    centralWidget()->layout()->addWidget(space_);
+    space_->figures = [this] { return document().page().figures; };
+    space_->file = [this] { return session().file(); };
+    files_.changed = [this] { space_->refreshLater(); };
+}
+
 void FrameWindow::handOver()
 {
     docks_.show(session().drivers());
     page_.show(session().drivers());
     history_.begin();
+    space_->refreshLater();
     page().view().focus().follow();
 }
 

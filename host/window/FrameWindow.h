@@ -7,6 +7,7 @@
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/PageHost.h"
+#include "host/window/SpaceGauge.h"
 
 #include <QMainWindow>
 
@@ -35,6 +36,7 @@ public:
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
+    [[nodiscard]] SpaceGauge& space() { return *space_; }
 
     [[nodiscard]] Document& document() { return page_.document(); }
     [[nodiscard]] PageWidget& page() { return page_.widget(); }
@@ -56,12 +58,14 @@ private:
     void joinFiles();
     void joinHistory();
     void revertToSaved();
+    void joinSpace();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
     void rememberPlace();
 
     void makeMenus();
     void makeFileMenu();
+    void makeNewMenu(QMenu& menu);
     void makeRecentMenu(QMenu& menu);
     void fillRecentMenu(QMenu& menu);
     void makeEditMenu();
@@ -83,6 +87,7 @@ private:
     PageHost page_{*this, actions_, parts_, capture_, files_};
     FrameHistory history_{*this, actions_, *parts_, page_, session(), capture_};
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
+    SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 

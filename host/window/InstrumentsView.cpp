@@ -7,7 +7,6 @@
 #include "widgets/support/PlainText.h"
 
 #include <QAction>
-#include <QHeaderView>
 #include <QTreeView>
 
 namespace ko {
@@ -20,7 +19,7 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override
     {
-        return {fontMetrics().averageCharWidth() * 52, fontMetrics().height() * 16};
+        return {fontMetrics().averageCharWidth() * 62, fontMetrics().height() * 16};
     }
 };
 
@@ -36,7 +35,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setUniformRowHeights(true);
     view_->setTabKeyNavigation(false);
     view_->setAllColumnsShowFocus(true);
-    view_->header()->resizeSection(InstrumentsModel::Name, view_->sizeHint().width() * 5 / 8);
+    fitColumns(*view_);
     makeActions();
     layDock(*this, *view_);
     hide();
@@ -45,12 +44,10 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
 void InstrumentsView::makeActions()
 {
     const auto add = [this](int text, const char* name, const QKeySequence& key) {
-        auto* action = new QAction(texts_(text), view_);
-        action->setObjectName(QLatin1String(name));
-        action->setShortcut(key);
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        view_->addAction(action);
-        return action;
+        QAction& action = addDockAction(*view_, texts_(text), name);
+        action.setShortcut(key);
+        action.setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        return &action;
     };
     faults_ = add(hostText::faults, "faults", QKeySequence(Qt::CTRL | Qt::Key_F));
     faults_->setToolTip(plainTip(texts_(hostText::faultsHint)));

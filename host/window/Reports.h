@@ -5,26 +5,46 @@
 
 #include <QDockWidget>
 
-class QListWidget;
 class QToolButton;
+class QTreeWidget;
 
 namespace ko {
 
-/// A dock with the last 100 failures that the component has reported, and a button for the status bar that shows their
-/// number and opens the dock. No message box is shown.
+/// A dock with the last 100 failures that the component has reported, each with its time and, if a call to an
+/// instrument has caused it, the instrument and the setting; they can be copied and cleared. A button for the status
+/// bar shows their number and opens the dock. No message box is shown.
 class Reports : public QDockWidget {
 public:
     Reports(const Texts& texts, QWidget* parent);
 
+    /// Notes a call that has failed. The next report with this number and reason is about it.
+    void callFailed(const QString& instrument, const QString& failedSetting, std::int32_t number,
+                    const QString& reason);
     void add(std::int32_t number, const QString& source, const QString& description);
+    void clear();
+    /// Copies the selected reports, or all if none is selected, to the clipboard as lines with tab-separated cells.
+    void copy();
+
     [[nodiscard]] QToolButton& button() { return *button_; }
 
 private:
+    enum Column { Time, Instrument, Failure, ReportedBy, columns };
     static constexpr int kept = 100;
 
-    QListWidget* list_;
+    struct Call {
+        QString instrument, failedSetting;
+        std::int32_t number = 0;
+        QString reason;
+    };
+
+    void makeView(const Texts& texts);
+    void makeButton(const QString& hint);
+    void showCount();
+
+    QTreeWidget* list_;
     QToolButton* button_;
-    QString countText_;
+    QString countText_, failureText_;
+    Call failed_; ///< the last failed call; empty once it has been reported
     int count_ = 0;
 };
 

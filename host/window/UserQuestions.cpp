@@ -1,6 +1,8 @@
 #include "host/window/UserQuestions.h"
 
+#include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
+#include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
 
 #include <QFileDialog>
@@ -44,6 +46,21 @@ std::string BoxQuestions::fileToSave()
     return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
 }
 
+std::string BoxQuestions::fileForSheet()
+{
+    const QFileInfo setup(toQt(session_.file()));
+    const QString pages = QStringLiteral("%1 (*.html)").arg(texts_(sheetText::htmlFiles));
+    const QString pdf = QStringLiteral("%1 (*.pdf)").arg(texts_(sheetText::pdfFiles));
+    Modal<QFileDialog> dialog(&window_, texts_(sheetText::exportTitle), setup.path(), pages + ";;" + pdf);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("html"));
+    onSignal(dialog.get(), &QFileDialog::filterSelected, dialog.get(), [&](const QString& filter) {
+        dialog->setDefaultSuffix(filter == pdf ? QStringLiteral("pdf") : QStringLiteral("html"));
+    });
+    dialog->selectFile(setup.completeBaseName());
+    return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
+}
+
 Modal<PlainBox> BoxQuestions::conflictBox(const QString& question)
 {
     return Modal<PlainBox>(QMessageBox::Warning, texts_(hostText::product),
@@ -72,6 +89,16 @@ bool BoxQuestions::reload()
     QPushButton* const reload = box->addButton(texts_(hostText::reload), QMessageBox::AcceptRole);
     box->setDefaultButton(reload);
     return box.answer() == reload;
+}
+
+bool BoxQuestions::forget(const std::string& file)
+{
+    Modal<PlainBox> box(QMessageBox::Question, texts_(hostText::openTitle),
+                        texts_(textNumber::recent::missing).arg(toQt(file)), texts_(textNumber::recent::removeQuestion),
+                        QMessageBox::Cancel, &window_);
+    QPushButton* const remove = box->addButton(texts_(textNumber::recent::remove), QMessageBox::AcceptRole);
+    box->setDefaultButton(remove);
+    return box.answer() == remove;
 }
 
 QString BoxQuestions::filter() const

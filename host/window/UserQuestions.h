@@ -12,6 +12,10 @@ class UserQuestions : public SessionQuestions {
 public:
     /// Asks for a file to open; returns an empty path if the user cancels.
     virtual std::string fileToOpen() = 0;
+    /// Asks for a file to write the set-up sheet to; returns an empty path if the user cancels.
+    virtual std::string fileForSheet() = 0;
+    /// Returns whether to remove a recent file that cannot be found from the list.
+    virtual bool forget(const std::string& file) = 0;
 };
 
 /// Asks by message boxes and file dialogs. A box or dialog that is destroyed together with the window and this object
@@ -23,6 +27,8 @@ public:
 
     Unsaved keepChanges() override;
     std::string fileToOpen() override;
+    std::string fileForSheet() override;
+    bool forget(const std::string& file) override;
     std::string fileToSave() override;
     Conflict settleConflict() override;
     bool reload() override;

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -222,6 +224,7 @@ TEST_F(PageWidgetTest, PrintingToAPdfFileDrawsThePageOnOneSheetOfTheChosenPaper)
     ASSERT_EQ(printers.deviceName(printers.count() - 1), QtPrinters::pdfName);
     printers.setPaperSize(1);
     printers.setOrientation(2);
+    printers.surroundings = [] { return QtPrinters::Surroundings{"file", "plan"}; };
     printers.printForm(page());
     printers.endDocument();
 
@@ -240,8 +243,12 @@ TEST_F(PageWidgetTest, APrintedPageLooksLikeThePageOnTheScreenAtAnyResolution)
         sheet.setDotsPerMeterY(dotsPerMeter);
         sheet.fill(surface.palette().color(QPalette::Window));
         QPainter painter(&sheet);
-        drawScaled(painter, surface, sheet.size());
+        drawScaled(painter, surface, sheet.rect());
         painter.end();
+        const QWidget& offers = *surface.findChild<QPushButton*>(toQt(page().cmdSampleRateOffers.name()));
+        const QImage button = sheet.copy({offers.mapTo(&surface, QPoint()) * 2, offers.size() * 2});
+        for (int x = 0; x < button.width(); ++x)
+            ASSERT_EQ(button.pixel(x, button.height() / 2), button.pixel(0, 0)) << "no button is printed";
         const QSize coarse(80, 60);
         const QImage printed = sheet.scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         const QImage shown = surface.grab().toImage().scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -200,6 +200,18 @@ void PageWidget::layStop()
     schedule_.push_back(&grid);
 }
 
+QLabel& PageWidget::badge()
+{
+    QLabel& badge = view_->label(page_.lblReadOnly);
+    badge.setFrameShape(QFrame::StyledPanel);
+    badge.setMargin(view_->fontMetrics().height() / 4);
+    badge.setWordWrap(true);
+    QFont bold;
+    bold.setBold(true);
+    badge.setFont(bold);
+    return badge;
+}
+
 void PageWidget::layColumns()
 {
     content_ = new QWidget(view_);
@@ -214,24 +226,13 @@ void PageWidget::layColumns()
     schedules_->addWidget(view_->widget(page_.frmStop));
     schedules_->addStretch();
     columns_->addLayout(left, 1);
-QLabel& PageWidget::badge()
-{
-    QLabel& badge = view_->label(page_.lblReadOnly);
-    badge.setFrameShape(QFrame::StyledPanel);
-    badge.setMargin(view_->fontMetrics().height() / 4);
-    badge.setWordWrap(true);
-    QFont bold;
-    bold.setBold(true);
-    badge.setFont(bold);
-    return badge;
-}
-
     columns_->addLayout(schedules_, 1);
     auto* centred = new QHBoxLayout;
     centred->addStretch(1);
     centred->addWidget(content_, 1000);
     centred->addStretch(1);
     auto* limited = new QVBoxLayout;
+    limited->addWidget(&badge());
     limited->addLayout(centred, 1000);
     auto* centredTimes = new QHBoxLayout;
     centredTimes->addStretch(1);
@@ -245,7 +246,6 @@ QLabel& PageWidget::badge()
     whole->addWidget(picture_, 0, 0);
     picture_->raise();
 }
-    limited->addWidget(&badge());
 
 /// Extra room goes to the trigger parameters or, without them, below the frames.
 void PageWidget::stretch(bool stacked)

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPicture>
 #include <QPrinterInfo>
+#include <QPushButton>
 #include <QStyle>
 #include <QWidget>
 
@@ -71,28 +72,62 @@ private:
     QPalette own_;
 };
 
+/// For its lifetime, leaves out the widget's push buttons: on paper they can only be in the way.
+class WithoutButtons : public QObject {
+public:
+    explicit WithoutButtons(const QWidget& widget)
+    {
+        for (QPushButton* const button : widget.findChildren<QPushButton*>())
+            button->installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*button*/, QEvent* event) override { return event->type() == QEvent::Paint; }
+};
+
 /// Records the widget's drawing commands; rendered directly to a printer, it would become one huge pixmap.
 QPicture drawingOf(QWidget& widget)
 {
     const PaperPalette paper(widget);
+    const WithoutButtons withoutButtons(widget);
     QPicture drawing;
     widget.render(&drawing, QPoint(), QRegion(), QWidget::DrawChildren);
     return drawing;
 }
 
+constexpr double fontSize = 10.0; ///< of the texts around a form, in points
+
+/// Draws a form and its surroundings, one below the other.
+void drawSheet(QPainter& painter, QWidget& widget, const QtPrinters::Surroundings& around, const QSizeF& sheet)
+{
+    constexpr int wrapped = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
+    QFont font = painter.font();
+    font.setPointSizeF(fontSize);
+    painter.setFont(font);
+    const double gap = painter.fontMetrics().height();
+    QRectF room(QPointF(), sheet);
+    const auto heightOf = [&](const QString& text) {
+        return text.isEmpty() ? 0.0 : painter.boundingRect(room, wrapped, text).height() + gap;
+    };
+    painter.drawText(room, wrapped, around.above);
+    room.adjust(0.0, heightOf(around.above), 0.0, -heightOf(around.below));
+    const QRectF drawn = drawScaled(painter, widget, room);
+    painter.drawText(QRectF(QPointF(0.0, drawn.bottom() + gap), sheet), wrapped, around.below);
+}
+
 } // namespace
 
-void drawScaled(QPainter& painter, QWidget& widget, const QSize& sheet)
+QRectF drawScaled(QPainter& painter, QWidget& widget, const QRectF& space)
 {
     const QPicture drawing = drawingOf(widget);
-    const QSizeF size = QSizeF(widget.size()).scaled(sheet, Qt::KeepAspectRatio);
+    const QSizeF size = QSizeF(widget.size()).scaled(space.size(), Qt::KeepAspectRatio);
     // QPicture scales itself to the resolution of the target device.
     const double itself = double(painter.device()->logicalDpiX()) / drawing.logicalDpiX();
     const double scale = size.width() / std::max(1, widget.width()) / itself;
     painter.save();
+    painter.translate(space.topLeft());
     painter.scale(scale, scale);
     painter.drawPicture(0, 0, drawing);
     painter.restore();
+    return {space.topLeft(), size};
 }
 
 DeviceMode settingsOf(const QPrinter& printer)
@@ -180,7 +215,8 @@ void QtPrinters::printForm(const Form& form)
         printer_->newPage();
     else
         begin();
-    drawScaled(*painter_, *surface, printer_->pageLayout().paintRectPixels(printer_->resolution()).size());
+    drawSheet(*painter_, *surface, surroundings ? surroundings() : Surroundings{},
+              printer_->pageLayout().paintRectPixels(printer_->resolution()).size());
 }
 
 void QtPrinters::endDocument()

@@ -41,6 +41,12 @@ public:
     /// the caller of `endDocument` as failure 482.
     std::function<void(const QString& file, const QByteArray& content)> savePdf;
 
+    /// What is printed above and below each form. May be empty.
+    struct Surroundings {
+        QString above, below;
+    };
+    std::function<Surroundings()> surroundings;
+
     /// Sets the file that the PDF printer writes.
     void setPdfFile(const QString& path) { pdfFile_ = path; }
 
@@ -74,8 +80,9 @@ private:
     std::unique_ptr<QPainter> painter_;
 };
 
-/// Draws a widget's surface as large as fits on a sheet of this size, from the top left corner.
-void drawScaled(QPainter& painter, QWidget& widget, const QSize& sheet);
+/// Draws a widget's surface, without its push buttons, as large as fits into the space, from the top left corner.
+/// Returns the place that it takes.
+QRectF drawScaled(QPainter& painter, QWidget& widget, const QRectF& space);
 
 /// Convert the six settings from and to the toolkit's printer.
 DeviceMode settingsOf(const QPrinter& printer);

@@ -79,7 +79,7 @@ class Program(unittest.TestCase):
                     (("--set", "duration=5 min", "--set", "scan-period=1", "--save", saved, "--get", "duration"), 0,
                      "300\n", ""),
                     (("--set", "duration=60", "--set", "sample-rate=7", "--save", bench), 1, "", "not offered"),
-                    (("--set", "duration=60", "--get", "start-time", "--save", bench), 1, "", "no value"),
+                    (("--set", "duration=60", "--get", "start-time", "--save", bench), 1, "", "needs start=time"),
                     (("--set", "duration=60", "--set", "sample-rat=1", "--save", bench), 2, "", "sample-rate?"),
                     (("--set", "duration", "--save", bench), 2, "", "NAME=VALUE"),
                     (("--set", "duration=60", "--save", Path(folder) / "none" / "x"), 2, "", "cannot be saved"),
@@ -205,6 +205,26 @@ class Program(unittest.TestCase):
                     self.assertEqual((done.returncode, file.read_text()), (2, "old"), (option, room))
                     self.assertIn(f"korvell-host: {file}: cannot be saved: ", done.stderr)
                     self.assertEqual(len(os.listdir(folder)), 1)
+
+    def test_a_set_up_is_made_from_a_template_and_its_instruments_are_changed_in_the_order_of_the_options(self):
+        with tempfile.TemporaryDirectory() as folder:
+            done = run("--new", "vibration", "--add", "counter", "--add", "counter", "--name", "Shaft", "--rename",
+                       "Counter=Pump", "--disable", "Shaft/Speed", "--remove", "Signal Analyzer 2", "--set",
+                       "duration=90", "--save", "made.json", cwd=folder)
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+            made = json.loads((Path(folder) / "made.json").read_text(encoding="utf-8"))
+            self.assertEqual([driver["name"] for driver in made["drivers"]], ["Signal Analyzer 1", "Pump", "Shaft"])
+            self.assertEqual(made["drivers"][2]["groups"][0]["channels"][0]["enabled"], 0)
+            self.assertEqual({driver["timebase"]["duration"] for driver in made["drivers"]}, {90})
+            for arguments, complaint in ((("--new", "vibraton", "--save", "x.json"), "did you mean vibration?"),
+                                         (("--new", "mixed"), "needs --save FILE"),
+                                         (("--new", "mixed", "made.json", "--list"), "without a set-up file"),
+                                         (("made.json", "--remove", "Pumpe", "--save", "x.json"), "did you mean Pump?"),
+                                         (("made.json", "--name", "x", "--add", "counter"), "follows no --add")):
+                done = run(*arguments, cwd=folder)
+                self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
+                self.assertIn(complaint, done.stderr)
+            self.assertEqual(os.listdir(folder), ["made.json"])
 
     def test_output_that_cannot_be_written_is_a_failure(self):
         for arguments in (("--list",), ("--list", "--json"), ("--get", "span"), ("--choices", "sample-rate"),

@@ -6,6 +6,7 @@
 #include "host/setup/Answers.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
+#include "interfaces/Timebase.h"
 
 #include <cerrno>
 #include <csignal>
@@ -139,8 +140,10 @@ TEST_F(SavingTest, WhicheverCallFailsTheSessionKeepsItsMarkAndTheFileItsContent)
         SetupSession session;
         Answers user;
         const auto prepare = [&] {
-            std::ofstream(file_) << "{\"drivers\": [], \"title\": \"" << setup->title << "\"}";
+            std::ofstream(file_) << R"({"drivers": [{"name": "A", "timebase": {}}], "title": ")" << setup->title
+                                 << "\"}";
             session.load(file_);
+            session.drivers().front()->queryTimebase()->setDuration(25);
             session.setChanged(true);
             user.asked.clear();
         };

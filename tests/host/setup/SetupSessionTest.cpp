@@ -118,6 +118,22 @@ TEST_F(SetupSessionTest, LeavingAsksThePageAndThenForTheChanges)
     }
 }
 
+TEST_F(SetupSessionTest, SavingKeepsTheCommentsOfTheFileAndSavingElsewhereTakesThemAlong)
+{
+    const std::string name = file("hand.json", "{\"drivers\": [{\"name\": \"A\", \"timebase\": {\n"
+                                               "  \"duration\": 10.0, // s\n  \"stopMode\": 0}}]} // end\n");
+    session.load(name);
+    const std::string before = readFile(name);
+    user.saveAs = file("copy.json");
+    for (const char* const duration : {"25.0", "26.0"}) {
+        session.drivers().front()->queryTimebase()->setDuration(std::stof(duration));
+        EXPECT_TRUE(duration[1] == '5' ? session.save(user) : session.saveAs(user));
+        std::string expected = before;
+        expected.replace(expected.find("10.0"), 4, duration);
+        EXPECT_EQ(readFile(session.file()), expected);
+    }
+}
+
 TEST_F(SetupSessionTest, AChangeThatLeavingThePageMakesIsAskedForToo)
 {
     session.load(bench());

@@ -6,8 +6,12 @@
 #include "host/sheet/SheetPages.h"
 #include "host/support/InputError.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>
+#include <QTextBlock>
+#include <QTextTable>
 #include <QXmlStreamReader>
+#include <cmath>
 
 namespace ko::test {
 namespace {
@@ -80,7 +84,7 @@ TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
           "No. of Samples|90112", "Scan Period (s)|0.5", "Start|On Trigger", "Trigger Channel|Crank <1>", "Level|0.5",
           "Filter|Yes", "Remark|a<b>&c", "Duration|1.5 minutes",
           "Instrument|Sample period|Block size|Scan period|Start|Start time|Stop|Duration",
-          "Digitizer \"A\" & B|0.001 s|1024|0.5 s|On trigger|12:00:00 AM|After the duration|90 s",
+          "Digitizer \"A\" & B|0.001 s|1024|0.5 s|On trigger|\u2013|After the duration|90 s",
           "Odd one|\u2013|\u2013|\u2013|\u2013|\u2013|\u2013|\u2013",
           "In|Crank <1> (0:3:1)|Yes|Yes|Level: 0.5; Filter: Yes; Remark: a<b>&c", "In|0:3:2|No|\u2013|\u2013",
           "T|2:1|Yes|No|\u2013"})
@@ -111,6 +115,41 @@ TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
                     .contains("Odd one|0.5 s (differs)|1024|0.5 s|On trigger|12:00:00 AM|After the duration|90 s"));
     HeadlessPage none = played(R"({"drivers": []})");
     EXPECT_TRUE(sheetOf(none, "").contains("Records nothing"));
+}
+
+TEST_F(SetupSheetTest, NoRowIsCutAtTheEndOfAPage)
+{
+    std::string channels;
+    for (int i = 0; i < 90; ++i) {
+        const std::string name = "Word " + std::string(static_cast<std::size_t>(i * 37 % 300), 'x');
+        channels += (i ? "," : "") + (R"({"address": "0:)" + std::to_string(i) + R"(", "name": ")" + name + "\"}");
+    }
+    HeadlessPage page =
+        played(R"({"drivers": [{"name": "A", "groups": [{"name": "G", "channels": [)" + channels + "]}]}]}");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 1;
+    char name[] = "host_test";
+    char* names[] = {name, nullptr};
+    const QGuiApplication application(count, names);
+    for (const int dotsPerMeter : {3780, 23622}) {
+        QImage paper(dotsPerMeter / 5, dotsPerMeter / 4, QImage::Format_RGB32);
+        paper.setDotsPerMeterX(dotsPerMeter);
+        paper.setDotsPerMeterY(dotsPerMeter);
+        const SheetPages pages(sourceOf(page, "x"), paper, paper.size());
+        EXPECT_GT(pages.count(), 3);
+        const QTextDocument& document = pages.document();
+        const auto pageOf = [&](double y) { return std::floor(y / document.pageSize().height()); };
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+            const QTextTable* table = QTextCursor(block).currentTable();
+            if (!table)
+                continue;
+            const QTextTableCell cell = table->cellAt(block.position());
+            const QTextBlock first = table->cellAt(cell.row(), 0).firstCursorPosition().block();
+            const QRectF bounds = document.documentLayout()->blockBoundingRect(block);
+            EXPECT_EQ(pageOf(bounds.bottom() - 1), pageOf(document.documentLayout()->blockBoundingRect(first).top()))
+                << cell.row();
+        }
+    }
 }
 
 TEST_F(SetupSheetTest, ThePaperIsThatOfTheRegion)

@@ -30,6 +30,8 @@ class StuckQuestions : public UserQuestions {
 public:
     Unsaved keepChanges() override { getStuck(); }
     std::string fileToOpen() override { getStuck(); }
+    std::string fileForSheet() override { getStuck(); }
+    bool forget(const std::string&) override { getStuck(); }
     std::string fileToSave() override { getStuck(); }
     Conflict settleConflict() override { getStuck(); }
     bool reload() override { getStuck(); }

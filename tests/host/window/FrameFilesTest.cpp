@@ -1,4 +1,5 @@
 #include "FrameTest.h"
+#include "host/sheet/SheetTexts.h"
 #include "host/support/InputError.h"
 #include "host/window/RecentFiles.h"
 #include "interfaces/Timebase.h"
@@ -206,7 +207,10 @@ TEST_F(FrameFilesTest, RecentFilesAreOpenedForgottenWhenMissingAndCleared)
     EXPECT_EQ(window.session().name(), "other.json");
     QFile::remove(toQt(bench));
     recentEntries().at(1)->trigger();
-    EXPECT_NE(user.told.find(bench), std::string::npos);
+    EXPECT_EQ(user.told, bench);
+    EXPECT_EQ(recent(), QStringList({"other.json", "bench.json"})) << "the user keeps it: a drive may come back";
+    user.forget = true;
+    recentEntries().at(1)->trigger();
     EXPECT_EQ(recent(), QStringList({"other.json"}));
     recentEntries().constLast()->trigger();
     EXPECT_EQ(recent(), QStringList());
@@ -273,6 +277,10 @@ TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
         const Soon soon(press(text));
         EXPECT_EQ(boxes.reload(), result);
     }
+    for (const auto& [text, result] : {std::pair{textNumber::recent::remove, true}, {hostText::product, false}}) {
+        const Soon soon(press(text));
+        EXPECT_EQ(boxes.forget("bench.json"), result);
+    }
 }
 
 TEST_F(FrameFilesTest, ThePreviewShowsThePageAsItIsPrinted)
@@ -317,6 +325,58 @@ TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsRepo
     }
     EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
+}
+
+TEST_F(FrameFilesTest, ANewSetUpBeginsWithATemplateAndAsksForItsFileWhenItIsSaved)
+{
+    window.open(bench);
+    show();
+    QMenu* const menu = action(hostText::fileMenu, textNumber::newSetup::menu).menu();
+    const auto entry = [&](int text) {
+        for (QAction* found : menu->actions())
+            if (found->text() == window.text(text))
+                return found;
+        throw std::out_of_range("no such template");
+    };
+    window.session().setChanged(true);
+    entry(textNumber::newSetup::vibration)->trigger();
+    EXPECT_EQ(window.session().file(), bench) << "the user is asked about the changes and cancels";
+    user.unsaved = Unsaved::Discard;
+    entry(textNumber::newSetup::vibration)->trigger();
+    EXPECT_TRUE(window.windowTitle().startsWith("vibration[*]")) << fromQt(window.windowTitle());
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(page().cmbSampleRate.text(), "51200");
+    EXPECT_EQ(recent(), QStringList({"bench.json"}));
+    user.saveAs = folder.filePath("mine.json").toStdString();
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(readFile(user.saveAs), readFile(KO_DEMO_FOLDER "/vibration.json"));
+    EXPECT_EQ(recent(), QStringList({"mine.json", "bench.json"}));
+    QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_TRUE(page().drivers.empty() && window.session().name() == "empty");
+    for (QAction* each : menu->actions()) {
+        each->trigger();
+        EXPECT_EQ(user.told, "") << fromQt(each->text());
+    }
+}
+
+TEST_F(FrameFilesTest, TheSheetIsExportedAndNeverOverTheOpenSetup)
+{
+    window.open(bench);
+    show();
+    QAction& entry = action(hostText::fileMenu, sheetText::exportEntry);
+    entry.trigger();
+    user.sheet = folder.filePath("sheet.html").toStdString();
+    entry.trigger();
+    EXPECT_NE(readFile(user.sheet).find("bench.json"), std::string::npos);
+    const std::string before = readFile(bench);
+    for (const std::string& refused : {bench, folder.filePath("none/sheet.pdf").toStdString()}) {
+        user.sheet = refused;
+        QString told;
+        answer(told);
+        entry.trigger();
+        EXPECT_TRUE(told.contains(toQt(refused))) << fromQt(told);
+    }
+    EXPECT_EQ(readFile(bench), before);
 }
 
 } // namespace

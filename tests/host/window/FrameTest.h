@@ -24,7 +24,8 @@ struct Decided {
     Conflict conflict = Conflict::Cancel;
     bool reload = false;
     int offered = 0; ///< number of offers to reload the file
-    std::string open, saveAs;
+    std::string open, saveAs, sheet;
+    bool forget = false;
     std::string told;
 };
 
@@ -38,6 +39,12 @@ public:
         return user_.unsaved;
     }
     std::string fileToOpen() override { return user_.open; }
+    std::string fileForSheet() override { return user_.sheet; }
+    bool forget(const std::string& file) override
+    {
+        user_.told = file;
+        return user_.forget;
+    }
     std::string fileToSave() override { return user_.saveAs; }
     Conflict settleConflict() override { return user_.conflict; }
     bool reload() override

@@ -1,11 +1,17 @@
 #include "FrameTest.h"
 #include "host/support/InputError.h"
+#include "host/window/DriverLog.h"
 #include "host/window/HintLine.h"
+#include "host/window/Reports.h"
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
+#include <QScreen>
 #include <QTextBrowser>
+#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
@@ -168,6 +174,73 @@ TEST_F(FrameWindowTest, AFailingInstrumentIsListedAndNothingPopsUp)
         file("failing.json", R"({"drivers": [{"name": "A", "timebase": {}, "failing": ["SamplePeriod get"]}]})"));
     EXPECT_TRUE(count->isVisible());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    QTest::mouseClick(count, Qt::LeftButton);
+    const auto& reports = *window.findChild<QTreeWidget*>();
+    ASSERT_TRUE(reports.isVisible());
+    const QTreeWidgetItem& first = *reports.topLevelItem(0);
+    EXPECT_EQ(first.text(1), "A");
+    EXPECT_EQ(first.text(2), "Sample period could not be read: simulated failure (-2147467259)");
+    EXPECT_FALSE(first.text(0).isEmpty() || first.text(3).isEmpty());
+    window.docks().reports().add(5, "handler", "no call");
+    const QTreeWidgetItem& last = *reports.topLevelItem(reports.topLevelItemCount() - 1);
+    EXPECT_EQ(last.text(1) + last.text(2), "no call (5)");
+    window.findChild<QPushButton*>("copyReports")->click();
+    EXPECT_EQ(QApplication::clipboard()->text().count('\n'), reports.topLevelItemCount());
+    window.findChild<QPushButton*>("clearReports")->click();
+    EXPECT_EQ(reports.topLevelItemCount(), 0);
+    EXPECT_FALSE(count->isVisible());
+}
+
+TEST_F(FrameWindowTest, AnOpenedDockLeavesThePageItsWidthOrSharesTabsBelowIt)
+{
+    window.open(demo);
+    window.resize(window.page().sizeHint());
+    show();
+    const QSize screen = window.screen()->availableSize();
+    for (const int entry : {hostText::reportsEntry, hostText::instruments, hostText::driverLog}) {
+        const int width = window.page().width();
+        action(hostText::viewMenu, entry).trigger();
+        QCoreApplication::processEvents();
+        EXPECT_GE(window.page().width(), std::min(width, window.page().sizeHint().width())) << entry;
+        EXPECT_LE(window.frameGeometry().right(), std::max(screen.width(), width)) << entry;
+    }
+    const auto& log = window.driverLog();
+    EXPECT_TRUE(window.tabifiedDockWidgets(&window.driverLog()).contains(&window.docks().reports()));
+    EXPECT_FALSE(log.visibleRegion().isEmpty()) << "the dock opened last is in front";
+    for (const auto* view : window.findChildren<QTreeView*>())
+        for (int column = 0; column + 1 < view->model()->columnCount(); ++column)
+            EXPECT_TRUE(view->isHidden() || view->columnWidth(column) >= view->header()->sectionSizeHint(column));
+}
+
+TEST_F(FrameWindowTest, TheSpaceOnTheDiskIsComparedWithTheNeedAndAWarningIsShownWhileItDoesNotSuffice)
+{
+    std::string asked;
+    std::optional<double> free = 20e6;
+    window.space().freeSpace = [&](const std::string& of) {
+        asked = of;
+        return free;
+    };
+    const auto shown = [&] {
+        QTest::qWait(1);
+        return window.space().isVisible() ? window.space().accessibleName().toStdString() : std::string();
+    };
+    const auto later = [&] {
+        window.space().refreshLater();
+        return shown();
+    };
+    show();
+    EXPECT_EQ(later(), "") << "no set-up";
+    window.open(demo);
+    EXPECT_EQ(shown(), "Disk space: 10.31 MB needed, 19.07 MB free");
+    EXPECT_EQ(asked, demo);
+    enterDuration("300");
+    EXPECT_EQ(shown(), "The recording does not fit on the disk of the set-up: 103.02 MB needed, 19.07 MB free.");
+    free = 20e9;
+    EXPECT_EQ(later(), "Disk space: 103.02 MB needed, 18.63 GB free");
+    free.reset();
+    EXPECT_EQ(later(), "");
+    EXPECT_TRUE(freeSpaceBeside(demo));
+    EXPECT_FALSE(freeSpaceBeside("/nowhere/a.json"));
 }
 
 TEST_F(FrameWindowTest, TheStatusLineShowsTheHintOfTheFocusAndItsRange)

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QTextBrowser>
+#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
@@ -105,15 +106,16 @@ TEST_F(HostileTextsTest, EveryViewTipAndDialogShowsTheTextsOfFilesAndDriversLett
     EXPECT_GT(walk(), 8);
     EXPECT_TRUE(window.windowTitle().startsWith("[*][*]<i>&%1.json[*]")) << window.windowTitle().toStdString();
     const QString failed = hostile + " (77)";
-    const auto* reports = window.findChild<QDockWidget*>("reports")->findChild<QListWidget*>();
-    EXPECT_TRUE(reports->item(reports->count() - 1)->text().endsWith("  " + failed));
+    const auto* reports = window.findChild<QDockWidget*>("reports")->findChild<QTreeWidget*>();
+    const QTreeWidgetItem& report = *reports->topLevelItem(reports->topLevelItemCount() - 1);
+    EXPECT_EQ(report.text(1), hostile);
+    EXPECT_TRUE(report.text(2).endsWith(": " + failed));
     window.driverLog().model().flush();
     DriverLogModel& log = window.driverLog().model();
     EXPECT_EQ(log.index(log.rowCount() - 1, DriverLogModel::Result).data().toString(), "Failed: " + failed);
     EXPECT_EQ(log.index(log.rowCount() - 1, DriverLogModel::Instrument).data().toString(), hostile);
     const QString line = window.findChild<QWidget*>("failures")->findChild<QListWidget*>()->item(0)->text();
-    EXPECT_TRUE(line.startsWith(hostile + ": SamplePeriod set failed at ") && line.endsWith(": " + failed))
-        << line.toStdString();
+    EXPECT_TRUE(line.endsWith("  " + hostile + ": Sample period could not be set: " + failed)) << line.toStdString();
 
     driver().calls().healAll();
     expectShownBy("offers", [&] { page().cmdSampleRateOffers.userClicked(); });

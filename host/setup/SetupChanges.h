@@ -1,0 +1,31 @@
+#pragma once
+
+#include "host/setup/SetupFile.h"
+
+#include <string>
+#include <vector>
+
+namespace ko {
+
+/// A change of the instruments of a set-up.
+struct SetupChange {
+    enum class Kind { Add, Remove, Rename, Enable, Disable };
+
+    Kind kind = Kind::Add;
+    std::string argument; ///< a kind of instrument, an instrument's name, "OLD=NEW", or a channel
+    std::string name;     ///< of an instrument to add; empty: the kind's
+};
+
+/// Adds a new instrument of the kind of this word, with channel addresses of a slot that no other instrument has. A
+/// name that is not given gets a number if it exists. Returns the instrument's index.
+std::size_t addInstrument(Setup& setup, const std::string& kind, const std::string& name = {});
+void removeInstrument(Setup& setup, const std::string& name);
+void renameInstrument(Setup& setup, const std::string& name, const std::string& newName);
+/// Switches a channel, which is named by its name, its address, or "INSTRUMENT/" and one of both.
+void enableChannel(Setup& setup, const std::string& channel, bool on);
+
+/// Applies a change as it is written on the command line. As the functions above, fails with an `InputError` that names
+/// what does not exist and suggests what does, and changes nothing then.
+void applyChange(Setup& setup, const SetupChange& change);
+
+} // namespace ko
