@@ -11,7 +11,8 @@ namespace ko {
 TimebaseEditor::TimebaseEditor(Shared& shared, PropertyNotifySink& sink)
     : shared_(shared), support_(shared.support), sink_(sink), dynamicEditors_(page_, support_, *this),
       staticEditors_(page_, support_, *this),
-      offerButtons_(page_, support_, setAll_, [&shared]() -> ShowOffers& { return shared.dialogs.showOffers(); }),
+      offerButtons_(page_, support_, *this, setAll_,
+                    [&shared]() -> ShowOffers& { return shared.dialogs.showOffers(); }),
       schedule_(page_, support_, *this, [&shared]() -> SetDateTime& { return shared.dialogs.setDateTime(); }),
       triggerChannel_(page_, support_, *this, [&shared]() -> SelectChannel& { return shared.dialogs.selectChannel(); }),
       triggerLines_(page_, support_, *this, triggering_,

@@ -13,8 +13,8 @@
 
 namespace ko {
 
-OfferButtons::OfferButtons(Page& page, Support& support, SetAll& setAll, Dialog dialog)
-    : page_(page), support_(support), setAll_(setAll), dialog_(std::move(dialog))
+OfferButtons::OfferButtons(Page& page, Support& support, Actions& actions, SetAll& setAll, Dialog dialog)
+    : page_(page), support_(support), actions_(actions), setAll_(setAll), dialog_(std::move(dialog))
 {
     for (const Quantity& quantity : quantities)
         for (CommandButton* button : {&(page_.*quantity.button), &(page_.*quantity.mark)})
@@ -41,6 +41,7 @@ void OfferButtons::pressed(const CommandButton& button, const Quantity& quantity
     if (step.isOver())
         return;
     follow();
+    actions_.refreshPlan();
     const auto settable = settableOnes();
     const auto first =
         static_cast<std::size_t>(std::find(settable.begin(), settable.end(), &quantity) - settable.begin());

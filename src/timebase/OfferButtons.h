@@ -1,5 +1,6 @@
 #pragma once
 
+#include "page/Actions.h"
 #include "page/Page.h"
 #include "page/StartStopSettings.h"
 #include "support/Steps.h"
@@ -19,7 +20,7 @@ public:
     using Dialog = std::function<ShowOffers&()>;
 
     /// Sets the buttons' event handlers. Referenced objects must outlive this object.
-    OfferButtons(Page& page, Support& support, SetAll& setAll, Dialog dialog);
+    OfferButtons(Page& page, Support& support, Actions& actions, SetAll& setAll, Dialog dialog);
 
     /// Shows each explaining button if its editor's frame is shown, else hides it, and updates the marks.
     void follow();
@@ -34,6 +35,7 @@ private:
 
     Page& page_;
     Support& support_;
+    Actions& actions_;
     SetAll& setAll_;
     Dialog dialog_;
 };

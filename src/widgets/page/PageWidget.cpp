@@ -2,6 +2,7 @@
 
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/PageTexts.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -63,7 +64,11 @@ void PageWidget::ensureWidgetVisible(QWidget* part)
 QSize PageWidget::sizeHint() const
 {
     const QFontMetrics metrics = view_->fontMetrics();
-    const QSize size = view_->sizeHint().expandedTo({metrics.averageCharWidth() * 128, metrics.height() * 38});
+    // A mark that appears beside an editor must not move the columns.
+    const QString mark = view_->text(textNumber::compare::differ).arg(2).arg(3);
+    const int besideMarks = columnsWidth() + metrics.horizontalAdvance(mark) + 3 * metrics.height();
+    const QSize size =
+        view_->sizeHint().expandedTo({std::max(metrics.averageCharWidth() * 128, besideMarks), metrics.height() * 38});
     // A scroll bar that appears must not stack the frames.
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return size + QSize(bar, std::max(plan_->heightForWidth(size.width()), planHeight()));
@@ -119,13 +124,18 @@ bool PageWidget::focusNextPrevChild(bool next)
     return isAnswer ? view_->focus().step(next) : QWidget::focusNextPrevChild(next);
 }
 
-void PageWidget::arrange()
+int PageWidget::columnsWidth() const
 {
     const QMargins margins = view_->layout()->contentsMargins();
-    int wanted = margins.left() + margins.right() + columns_->spacing();
+    int width = margins.left() + margins.right() + columns_->spacing();
     for (int i = 0; i < columns_->count(); ++i)
-        wanted += columns_->itemAt(i)->minimumSize().width();
-    const bool stacked = wanted > area_->viewport()->width();
+        width += columns_->itemAt(i)->minimumSize().width();
+    return width;
+}
+
+void PageWidget::arrange()
+{
+    const bool stacked = columnsWidth() > area_->viewport()->width();
     content_->setMaximumHeight(stacked ? QWIDGETSIZE_MAX : view_->fontMetrics().height() * 50);
     columns_->setDirection(stacked ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     stretch(stacked);

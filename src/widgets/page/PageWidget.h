@@ -83,6 +83,8 @@ private:
     void layAnswers();
     void showPlanOrAnswers();
     void alignLabels(const std::vector<QGridLayout*>& grids);
+    /// The least width at which the columns are beside each other.
+    [[nodiscard]] int columnsWidth() const;
     void arrange();
     /// Calls `Page::minutePassed` at the start of each minute, unless a dialog or a message is open.
     void followClock();
