@@ -22,6 +22,10 @@ public:
     /// Returns what the driver holds without a call: nothing is counted, observed or made to fail. `failing` has its
     /// initial value.
     [[nodiscard]] const InstrumentSettings& held() const { return settings_; }
+    /// Returns to settings that `held` or `settings` has returned, exactly: nothing is rounded. Settings that
+    /// operations write are written by calls, which are counted, observed and fail as planned; planned failures stay.
+    /// Fails with a `Failure` if a call fails, or if the instrument then had other views.
+    void restore(const InstrumentSettings& earlier);
     /// Enables or disables a channel, as the instrument's owner does without notifying the page. Fails with 9 for a
     /// channel that does not exist.
     void enableChannel(std::int32_t group, std::int32_t channel, bool enabled);

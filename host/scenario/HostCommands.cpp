@@ -19,6 +19,7 @@ void setup(Scenario& scenario, const Arguments& words)
     drivers.setNumberOfDrivers(static_cast<std::int32_t>(scenario.drivers().size()));
     handOver(scenario, scenario.drivers().size());
     drivers.DriversHaveChanged();
+    scenario.history.begin(scenario.drivers(), scenario.document().page());
 }
 
 void announce(Scenario& scenario, const Arguments& words)
@@ -67,7 +68,9 @@ void readOnly(Scenario& scenario, const Arguments& words)
 void show(Scenario& scenario, const Arguments&)
 {
     Document& document = scenario.document();
+    scenario.history.finish();
     scenario.watch.health().rebuild([&] { document.UserDocument_Show(); });
+    scenario.history.absorb();
 }
 
 void hide(Scenario& scenario, const Arguments&)
@@ -170,7 +173,33 @@ void during(Scenario& scenario, const Arguments& words)
         driver->calls().during(*operation, act);
 }
 
+/// Moves one step through the history, and logs its text.
+void step(Scenario& scenario, const char* event, bool isUndo)
+{
+    History& history = scenario.history;
+    history.finish();
+    const std::size_t position = history.position();
+    const bool isPossible = isUndo ? position > 0 : position < history.steps().size();
+    if (!isPossible || scenario.dialogs.form() || scenario.document().page().readOnly)
+        return scenario.log.event("inert", {{"control", CallValue()}});
+    const std::string text = history.steps()[isUndo ? position - 1 : position];
+    if (isUndo ? history.undo() : history.redo())
+        scenario.log.event(event, {{"step", text}});
+}
+
+void undo(Scenario& scenario, const Arguments&)
+{
+    step(scenario, "undone", true);
+}
+
+void redo(Scenario& scenario, const Arguments&)
+{
+    step(scenario, "redone", false);
+}
+
 constexpr Command commands[]{
+    {"undo", Giver::Host, 0, 0, undo},
+    {"redo", Giver::Host, 0, 0, redo},
     {"setup", Giver::Host, 0, 1, setup},
     {"announce", Giver::Host, 1, 1, announce},
     {"hand-over", Giver::Host, 0, 1, handOverCommand},

@@ -3,6 +3,7 @@
 #include "host/scenario/Commands.h"
 #include "host/support/InputError.h"
 #include "platform/Scoped.h"
+#include "support/TextNumbers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -17,6 +18,10 @@ Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
     watch.called = [this](const DriverWatch::Watched& watched, const DriverCall& call) {
         logCall(watched.index, call);
     };
+    history.rebuild = [this] { watch.health().rebuild([this] { document().UserDocument_Show(); }); };
+    history.refused = [this](const std::string& instrument, const std::string& reason) {
+        tellNotRestored(instrument, reason);
+    };
     takeSetup(options.setup);
     platform_ =
         std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,
@@ -27,6 +32,7 @@ Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
 Scenario::~Scenario()
 {
     log.mute();
+    history.end();
     document_.reset();
 }
 
@@ -83,8 +89,16 @@ Document& Scenario::document() const
     return *document_;
 }
 
+void Scenario::tellNotRestored(const std::string& instrument, const std::string& reason)
+{
+    std::string message = text(textNumber::history::notRestored);
+    message.replace(message.find("%1"), 2, instrument);
+    messageBox.show(message + "\n" + reason, title_, messageStyle::exclamation);
+}
+
 void Scenario::makeComponent()
 {
+    history.end();
     document_.reset();
     component_.reset(createKoTimebaseEditor(*platform_, language_));
     makeDocument();
@@ -92,8 +106,11 @@ void Scenario::makeComponent()
 
 void Scenario::makeDocument()
 {
+    history.end();
     document_.reset();
     document_ = component_->createDocument(changes_);
+    history.begin(drivers_, document_->page());
+    document_->page().view = [this] { history.focusMoved(); };
 }
 
 void Scenario::setLocale(const Locale& locale)
@@ -105,6 +122,7 @@ void Scenario::setLocale(const Locale& locale)
 void Scenario::terminate()
 {
     static_cast<void>(document()); // a fault if there is none
+    history.end();
     document_.reset();
 }
 
@@ -130,11 +148,13 @@ Control& Scenario::control(const std::string& name) const
 
 void Scenario::rebuild(const std::function<void()>& call)
 {
+    history.finish();
     // A hidden page makes too few calls to show that a driver works again.
     if (document().page().isShown)
         watch.health().rebuild(call);
     else
         call();
+    history.absorb();
 }
 
 void Scenario::refuse(const std::string& what) const
@@ -161,6 +181,8 @@ void Scenario::execute(const ScriptLine& line)
     const Command& command = understood(line, place);
     try {
         command.run(*this, Arguments(*this, line));
+        if (place == Place::Script)
+            history.settle();
     } catch (const ScriptFault&) {
         throw;
     } catch (const InputError& error) {

@@ -5,6 +5,7 @@
 #include "host/scenario/DialogPlayer.h"
 #include "host/scenario/HeadlessPlatform.h"
 #include "host/scenario/ScenarioOptions.h"
+#include "host/setup/History.h"
 
 #include <iosfwd>
 #include <memory>
@@ -40,12 +41,17 @@ public:
     StandingClock clock;
     DriverWatch watch{[this] { return clock.now(); }};
 
+    /// The edits of the script's user.
+    History history{
+        {[this](int number) { return text(number); }, [this]() -> const Locale& { return platform_->locale; }}};
+
     /// Writes to drivers are logged unless `quiet` is set; reads only if `showReads` is.
     bool quiet = false;
     bool showReads = false;
     bool expectationFailed = false;
 
-    /// Runs a call of the host that may rebuild the page; see `DriverHealth::rebuild`.
+    /// Runs a call of the host that may rebuild the page; see `DriverHealth::rebuild`. What the page then writes is no
+    /// edit.
     void rebuild(const std::function<void()>& call);
 
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
@@ -90,6 +96,7 @@ private:
     void takeSetup(const Setup& setup);
     void makeComponent();
     void execute(const ScriptLine& line);
+    void tellNotRestored(const std::string& instrument, const std::string& reason);
     const Command& understood(const ScriptLine& line, Place place) const;
     bool playLine(const ScriptLine& line);
 

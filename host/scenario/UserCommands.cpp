@@ -107,12 +107,6 @@ void select(Scenario& scenario, const Arguments& words)
     give(scenario, box, [&] { return box.userSelected(part.start, part.length); });
 }
 
-void undo(Scenario& scenario, const Arguments& words)
-{
-    auto& box = controlAs<TextBox>(scenario, words.text(0), "undone");
-    give(scenario, box, [&] { return box.userUndid(); });
-}
-
 /// Returns the index of the element with this name, or 3 for `#3`; -1 if there is none.
 template <class T> std::int32_t placeOf(const std::vector<T>& all, std::string T::*name, const std::string& word)
 {
@@ -166,13 +160,29 @@ KeyPress keyOf(const Scenario& scenario, const std::string& word)
     }
     const auto number = rest.substr(0, 1) == "F" ? integerIn(rest.substr(1)) : std::nullopt;
     if (!number || *number < 1 || *number > 12)
-        scenario.refuse("\"" + word + "\" is no key such as F1 or Shift+F1");
+        scenario.refuse("\"" + word + "\" is no key such as F1, Shift+F1 or Escape");
     press.keyCode = static_cast<std::int16_t>(key::f1 + *number - 1);
     return press;
 }
 
+/// Reverts what was typed in the page's focused box, or cancels the open dialog.
+void escape(Scenario& scenario)
+{
+    Control* const active = scenario.form().activeControl();
+    if (!scenario.isFormShown())
+        logInert(scenario, nullptr);
+    else if (PressControl* const cancel = scenario.form().cancelButton())
+        give(scenario, *cancel, [&] { return cancel->userClicked(); });
+    else if (auto* const box = dynamic_cast<TextBox*>(active); box && box->undo)
+        give(scenario, *box, [&] { return box->userUndid(); });
+    else
+        logInert(scenario, active);
+}
+
 void keyCommand(Scenario& scenario, const Arguments& words)
 {
+    if (words.text(0) == "Escape")
+        return escape(scenario);
     KeyPress press = keyOf(scenario, words.text(0));
     if (scenario.isFormShown())
         scenario.form().userPressedKey(press);
@@ -181,11 +191,15 @@ void keyCommand(Scenario& scenario, const Arguments& words)
 }
 
 constexpr Command commands[]{
-    {"focus", Giver::User, 1, 1, focus},    {"leave", Giver::User, 0, 0, leave},
-    {"type", Giver::User, 1, 1, type},      {"text", Giver::User, 2, 4, text},
-    {"select", Giver::User, 3, 3, select},  {"undo", Giver::User, 1, 1, undo},
-    {"choose", Giver::User, 2, 2, choose},  {"click", Giver::User, 1, 1, click},
-    {"key", Giver::User, 1, 1, keyCommand}, {"double-click", Giver::User, 1, 1, doubleClick},
+    {"focus", Giver::User, 1, 1, focus},
+    {"leave", Giver::User, 0, 0, leave},
+    {"type", Giver::User, 1, 1, type},
+    {"text", Giver::User, 2, 4, text},
+    {"select", Giver::User, 3, 3, select},
+    {"key", Giver::User, 1, 1, keyCommand},
+    {"choose", Giver::User, 2, 2, choose},
+    {"click", Giver::User, 1, 1, click},
+    {"double-click", Giver::User, 1, 1, doubleClick},
 };
 
 } // namespace

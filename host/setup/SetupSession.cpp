@@ -138,6 +138,11 @@ void SetupSession::offerReload(SessionQuestions& questions)
         open(file_, questions);
 }
 
+bool SetupSession::hasChangedOnDisk() const
+{
+    return hasChangedSince(file_, content_);
+}
+
 void SetupSession::refuseOwn(const std::string& file) const
 {
     if (isOpen() && isSameFile(file, file_))
@@ -168,6 +173,8 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     }
     file_ = source_ = file;
     setChanged(false);
+    if (saved)
+        saved();
     return true;
 }
 

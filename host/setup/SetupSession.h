@@ -58,6 +58,11 @@ public:
     /// once for each content.
     void offerReload(SessionQuestions& questions);
 
+    /// Whether another program has changed or deleted the file since it was read or written.
+    [[nodiscard]] bool hasChangedOnDisk() const;
+    /// Reads the file again, without asking. Shows the user the reason if it is refused.
+    void reload(SessionQuestions& questions) { tryLoad(file_, questions); }
+
     /// Throws an `InputError` if the file is that of the set-up.
     void refuseOwn(const std::string& file) const;
 
@@ -81,6 +86,8 @@ public:
     std::function<void(const std::string& file)> checkFree;
     /// Called after the instruments of a file have replaced the others.
     std::function<void()> loaded;
+    /// Called after the set-up has been saved.
+    std::function<void()> saved;
     /// Called when the file's name or the changed mark may have changed.
     std::function<void()> titleChanged;
 

@@ -5,6 +5,7 @@
 #include "host/window/FailedSetting.h"
 #include "host/window/FailureStrip.h"
 #include "host/window/FrameCapture.h"
+#include "host/window/FrameHistory.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
 #include "host/window/Reports.h"
@@ -18,8 +19,8 @@
 namespace ko {
 
 FrameDocks::FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, SetupSession& session,
-                       FrameCapture& capture)
-    : texts_(parts.texts()), page_(page), session_(session), capture_(capture),
+                       FrameCapture& capture, FrameHistory& history)
+    : texts_(parts.texts()), page_(page), session_(session), capture_(capture), history_(history),
       reports_(new Reports(parts.texts(), &window)), log_(new DriverLog(parts.texts(), parts.platform.locale, &window)),
       instruments_(new InstrumentsView(parts.texts(), parts.platform.locale, &window)),
       failures_(new FailureStrip(parts.texts(), &window))
@@ -82,7 +83,7 @@ void FrameDocks::show(const SimulatedDrivers& drivers)
 bool FrameDocks::contains(const QWidget* widget) const
 {
     return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget) ||
-           failures_->isAncestorOf(widget);
+           failures_->isAncestorOf(widget) || history_.dock().isAncestorOf(widget);
 }
 
 void FrameDocks::stop()
@@ -110,7 +111,7 @@ void FrameDocks::rebuildBy(const std::function<void()>& rebuild)
 void FrameDocks::handOverAgain()
 {
     if (page_.okToLeave())
-        rebuildBy([this] { page_.handOverAgain(session_.drivers()); });
+        history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
 }
 
 bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
@@ -120,10 +121,11 @@ bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, 
     if (!page_.okToLeave() || session_.drivers() != shown)
         return false;
     capture_.host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
-    driver.enableChannel(group, channel, on);
-    session_.setChanged(true);
-    // The instruments are the same, so no list is handed over.
-    rebuildBy([this] { page_.rebuild(); });
+    history_.edit([&] {
+        driver.enableChannel(group, channel, on);
+        // The instruments are the same, so no list is handed over.
+        rebuildBy([this] { page_.rebuild(); });
+    });
     return true;
 }
 
@@ -133,7 +135,7 @@ void FrameDocks::faultChanged(const SimulatedDriver& driver, const std::string& 
     if (!operation.empty())
         words.push_back(operation);
     capture_.host(words);
-    session_.setChanged(true);
+    history_.changedOtherwise();
 }
 
 std::string FrameDocks::numberOf(const SimulatedDriver& driver) const

@@ -11,6 +11,7 @@ namespace ko {
 class DriverLog;
 class FailureStrip;
 class FrameCapture;
+class FrameHistory;
 struct FrameParts;
 class InstrumentsView;
 class PageHost;
@@ -22,7 +23,8 @@ class SetupSession;
 class FrameDocks {
 public:
     /// Adds the docks to the window and the strip to its central column. All arguments must outlive this object.
-    FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, SetupSession& session, FrameCapture& capture);
+    FrameDocks(QMainWindow& window, FrameParts& parts, PageHost& page, SetupSession& session, FrameCapture& capture,
+               FrameHistory& history);
 
     [[nodiscard]] InstrumentsView& instruments() { return *instruments_; }
     [[nodiscard]] DriverLog& log() { return *log_; }
@@ -33,6 +35,9 @@ public:
     void show(const SimulatedDrivers& drivers);
     /// Returns whether the widget is in a dock or in the strip; false for null.
     [[nodiscard]] bool contains(const QWidget* widget) const;
+
+    /// Calls `rebuild`, which makes the page read its instruments again. Restores the focus if it was in a dock.
+    void rebuildBy(const std::function<void()>& rebuild);
 
     /// Stops observing. Only `remove` and the destructor may be called afterwards.
     void stop();
@@ -48,13 +53,12 @@ private:
     [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
     void faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails);
     void handOverAgain();
-    /// Calls `rebuild`, which makes the page read its instruments again. Restores the focus if it was in a dock.
-    void rebuildBy(const std::function<void()>& rebuild);
 
     Texts texts_;
     PageHost& page_;
     SetupSession& session_;
     FrameCapture& capture_;
+    FrameHistory& history_;
     DriverWatch watch_{[] { return QtClock().now(); }};
     Reports* reports_;
     DriverLog* log_;

@@ -60,6 +60,7 @@ void FrameWindow::makeFileMenu()
     addEntry(menu, hostText::save, QKeySequence::Save, [this] { files_.save(); });
     // Some desktops define no standard key for this.
     addEntry(menu, hostText::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { files_.saveAs(); });
+    addEntry(menu, textNumber::history::revert, {}, [this] { revertToSaved(); });
     menu.addSeparator();
     addEntry(menu, hostText::print, QKeySequence::Print, [this] { printing_.printPage(); });
     addEntry(menu, hostText::printPreview, {}, [this] { printing_.previewPage(); });
@@ -118,6 +119,7 @@ void FrameWindow::makeEditMenu()
         std::int32_t command;
     };
     QMenu* menu = menuBar()->addMenu(text(hostText::editMenu));
+    history_.addEntries(*menu);
     for (const auto& [label, key, command] : {Entry{hostText::cut, QKeySequence::Cut, command::cut},
                                               Entry{hostText::copy, QKeySequence::Copy, command::copy},
                                               Entry{hostText::paste, QKeySequence::Paste, command::paste},
@@ -138,11 +140,12 @@ void FrameWindow::makeViewMenu()
     QAction* readOnly = menu.addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
     onSignal(readOnly, &QAction::toggled, this,
-             [this](bool on) { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });
+             [this](bool on) { history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); }); });
     menu.addSeparator();
     addDock(menu, docks_.instruments(), hostText::instruments);
     addDock(menu, docks_.log(), hostText::driverLog);
     addDock(menu, docks_.reports(), hostText::reportsEntry);
+    addDock(menu, history_.dock(), textNumber::history::history);
 }
 
 void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)

@@ -1,10 +1,13 @@
 #include "host/window/FrameWindow.h"
 
+#include "host/support/HostTexts.h"
 #include "host/window/DriverLog.h"
 #include "host/window/HintLine.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/Later.h"
 #include "host/window/Reports.h"
+#include "widgets/support/Modal.h"
+#include "widgets/support/PlainText.h"
 
 #include <QKeyEvent>
 #include <QLayout>
@@ -19,6 +22,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     actions_.keep(parts_);
     joinFiles();
     joinSpace();
+    joinHistory();
     statusBar()->addWidget(&page_.hint(), 1);
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
@@ -48,7 +52,8 @@ CaptureFrame FrameWindow::captureFrame()
     frame.showAgain = [this] {
         const bool changed = session().isChanged();
         handOver();
-        session().setChanged(changed);
+        if (changed)
+            history_.changedOtherwise();
     };
     return frame;
 }
@@ -71,11 +76,34 @@ void FrameWindow::joinSpace()
     files_.changed = [this] { space_->refreshLater(); };
 }
 
+void FrameWindow::joinHistory()
+{
+    history_.rebuild = [this] {
+        docks_.rebuildBy([this] { document().UserDocument_Show(); });
+        space_->refreshLater();
+    };
+    session().saved = [this] { history_.saved(); };
+    actions_.whenDone([this] { page_.actionDone(); });
+}
+
+/// A file that has changed on disk, and changes that are no steps, are read again.
+void FrameWindow::revertToSaved()
+{
+    if (!session().isOpen() || (!session().hasChangedOnDisk() && history_.revertToSaved()))
+        return;
+    Modal<PlainBox> box(QMessageBox::Question, text(hostText::product), text(textNumber::history::revertQuestion),
+                        QString(), QMessageBox::Discard | QMessageBox::Cancel, this);
+    const UserActions::Action action(actions_);
+    if (box.wait() == QMessageBox::Discard && !action.isOver())
+        session().reload(files_.questions());
+}
+
 void FrameWindow::handOver()
 {
     docks_.show(session().drivers());
     page_.show(session().drivers());
     space_->refreshLater();
+    history_.begin();
     page().view().focus().follow();
 }
 

@@ -3,6 +3,7 @@
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
+#include "host/window/FrameHistory.h"
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/PageHost.h"
@@ -35,6 +36,7 @@ public:
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
+    [[nodiscard]] FrameHistory& history() { return history_; }
 
     [[nodiscard]] Document& document() { return page_.document(); }
     [[nodiscard]] PageWidget& page() { return page_.widget(); }
@@ -55,6 +57,8 @@ private:
     [[nodiscard]] CaptureFrame captureFrame();
     void joinFiles();
     void joinSpace();
+    void joinHistory();
+    void revertToSaved();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
     void rememberPlace();
@@ -81,7 +85,8 @@ private:
     FrameFiles files_{*this, actions_, *parts_, memory_};
     FrameCapture capture_{captureFrame()};
     PageHost page_{*this, actions_, parts_, capture_, files_};
-    FrameDocks docks_{*this, *parts_, page_, session(), capture_};
+    FrameHistory history_{*this, actions_, *parts_, page_, session(), capture_};
+    FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };

@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 namespace ko {
@@ -61,7 +62,11 @@ void PageHost::make()
                              {parts.text(hostText::fileMenu), parts.text(hostText::editMenu),
                               parts.text(hostText::viewMenu), parts.text(hostText::helpMenu)});
     widget_->view().actions().keep(parts_);
-    widget_->view().formChanged = [this] { showHint(); };
+    widget_->view().actions().whenDone([this] { ko::raise(actionDone); });
+    widget_->view().formChanged = [this] {
+        showHint();
+        ko::raise(focusMoved);
+    };
     static_cast<QBoxLayout*>(window_.centralWidget()->layout())->insertWidget(0, widget_, 1);
     window_.menuBar()->insertMenu(window_.menuBar()->actions().constLast(), &widget_->menu());
     document_->mode().setClientSite(site_);
@@ -163,7 +168,10 @@ std::string PageHost::focusHint()
         return {};
     const auto* box = dynamic_cast<const TextBox*>(active);
     const bool marked = box && box->marked();
-    return (marked ? fromQt(parts_->text(pageText::invalidEntry)) + ". " : std::string()) + active->tag();
+    std::string hint = (marked ? fromQt(parts_->text(pageText::invalidEntry)) + ". " : std::string()) + active->tag();
+    if (box && !box->escapeText().empty())
+        hint += (hint.empty() ? "" : ". ") + fromQt(parts_->text(pageText::escapeHint).arg(toQt(box->escapeText())));
+    return hint;
 }
 
 void PageHost::showRange(const std::string& hint)
@@ -177,6 +185,8 @@ void PageHost::showHint()
 {
     const bool sameControl = hinted_ == document_->page().activeControl();
     hint_->setText(toQt(focusHint() + (sameControl ? rangeHint_ : std::string())));
+    // Otherwise the hint of the widget below the mouse would hide it.
+    window_.statusBar()->clearMessage();
 }
 
 } // namespace ko

@@ -32,6 +32,11 @@ public:
     [[nodiscard]] PageWidget& widget() { return *widget_; }
     [[nodiscard]] HintLine& hint() { return *hint_; }
 
+    /// Called after each action of the user on the page.
+    std::function<void()> actionDone;
+    /// Called when the focus of the page may have moved.
+    std::function<void()> focusMoved;
+
     /// Shows these instruments instead of the previous ones.
     void show(const SimulatedDrivers& drivers);
     /// Hands the same instruments over again, after one of them may have failed. Changes no setting.

@@ -48,6 +48,7 @@ void TimebaseEditor::setDrivers(const DriverList& handedOver)
     });
     support_.errors.events.supersede(std::exchange(page_.drivers, list));
     const Steps step(support_.errors, procedure, Steps::Begin::Anew);
+    ++page_.listNumber;
     page_.hasStaticDrivers = false;
     page_.hasDynamicDrivers = false;
     page_.driverChangesPending = true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "page/Actions.h"
+#include "page/EarlierValues.h"
 #include "page/Messages.h"
 #include "page/Page.h"
 #include "page/Timebases.h"
@@ -40,8 +41,10 @@ public:
     };
 
     /// `atMost` is the maximum number of drivers that will be written.
-    GuardedWrite(const Page& page, Support& support, Actions& actions, const Setting& wanted, std::size_t atMost)
-        : page_(page), support_(support), actions_(actions), wanted_(wanted)
+    /// `earlier`, unless null, notes what the drivers held; it must outlive this object.
+    GuardedWrite(const Page& page, Support& support, Actions& actions, const Setting& wanted, std::size_t atMost,
+                 EarlierValues<Setting>* earlier = nullptr)
+        : page_(page), support_(support), actions_(actions), wanted_(wanted), earlier_(earlier)
     {
         written_.reserve(atMost);
     }
@@ -63,6 +66,8 @@ public:
         if (step.isSuperseded())
             return it;
         it.tried = true;
+        if (earlier_)
+            earlier_->note(at.driver, it.before);
         it.written = change.write(step, *at.timebase);
         it.kept = wanted_.read(step, *at.timebase);
         anyWritten_ = anyWritten_ || it.written;
@@ -122,6 +127,7 @@ private:
     Support& support_;
     Actions& actions_;
     Setting wanted_;
+    EarlierValues<Setting>* earlier_;
     std::vector<Written> written_;
     bool anyTried_ = false, anyWritten_ = false;
 };

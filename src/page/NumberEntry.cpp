@@ -11,7 +11,10 @@ NumberEntry::NumberEntry(Page& page, Support& support, TextBox& box, NumberType 
       type_(type), names_{box.name() + "_GotFocus", box.name() + "_Change", box.name() + "_Validate"}
 {
     box.gotFocus = [this] { gotFocus(); };
-    box.lostFocus = [this] { page_.editFlags = editFlag::none; };
+    box.lostFocus = [this] {
+        page_.editFlags = editFlag::none;
+        box_.setEscapeText("");
+    };
     box.change = [this] { change(); };
     box.validate = [this] { return leave(); };
     box.undo = [this] { undo(); };
@@ -21,6 +24,8 @@ void NumberEntry::gotFocus()
 {
     const Steps step(support_.errors, names_.gotFocus);
     page_.editFlags = editFlag::copy | editFlag::paste;
+    focus_ = {box_.text(), page_.listNumber};
+    forgetEarlier();
     step([&] {
         const Range range = hintRange();
         setToolTip(page_, support_, range.minimum, range.maximum);
@@ -54,7 +59,20 @@ bool NumberEntry::check(bool showMessage)
     return !box_.marked() || validateNumber(support_, box_.text(), type_, bounds(), showMessage);
 }
 
+/// An earlier text is offered while the box shows another one.
+void NumberEntry::followEscape()
+{
+    const bool isOffered = box_.hasFocus() && focus_.listNumber == page_.listNumber && box_.text() != focus_.text;
+    box_.setEscapeText(isOffered ? focus_.text : std::string());
+}
+
 void NumberEntry::change()
+{
+    take();
+    followEscape();
+}
+
+void NumberEntry::take()
 {
     box_.setMarked(false);
     if (page_.isLoading || page_.isUpdating || !isActive()) {
@@ -134,6 +152,7 @@ void NumberEntry::undo()
 {
     const Steps step(support_.errors, names_.change);
     const Scoped guard(page_.isUpdating, true);
+    const bool isRestored = focus_.listNumber == page_.listNumber && writeEarlier(step);
     std::optional<double> now;
     if (!step([&] {
             now = held();
@@ -146,6 +165,8 @@ void NumberEntry::undo()
     }
     if (now)
         showElsewhere(step, *now);
+    if (isRestored)
+        restored(step);
 }
 
 void NumberEntry::show(double held)

@@ -10,7 +10,8 @@
 namespace ko {
 
 /// Handles the events of a numeric text box: focus, every change of the text, and leaving. A valid text is written
-/// while it is typed; an invalid one is never written, and the box cannot be left with it.
+/// while it is typed; an invalid one is never written, and the box cannot be left with it. Escape restores the value
+/// that was in force when the box got the focus, in all drivers, unless another list has been handed over since.
 class NumberEntry {
 public:
     /// Sets the box's event handlers. Failures are reported under the names of the box and the event:
@@ -42,6 +43,14 @@ protected:
     /// Writes an accepted number, as the box shows it, to each driver that does not hold it (`holds`), and shows the
     /// result with `show`. `step` is the handler's.
     virtual void accept(const Steps& step, double value) = 0;
+    /// Called when the box gets the focus: forgets what the drivers held before.
+    virtual void forgetEarlier() = 0;
+    /// Writes to each driver what it held when the box got the focus, where typing has changed it, without a check of
+    /// the limit. Returns whether a write was attempted.
+    virtual bool writeEarlier(const Steps& step) = 0;
+    /// Called after `writeEarlier` has changed drivers and the box shows the value in force: notifies the host and
+    /// updates the derived labels.
+    virtual void restored(const Steps& step) = 0;
     /// Shows a number in force in the other controls of the page.
     virtual void showElsewhere(const Steps&, double) {}
     /// The range in the hint; `noRange` in both bounds for none.
@@ -64,10 +73,12 @@ protected:
 private:
     void gotFocus();
     void change();
+    void take();
     void apply(const Steps& step, double value);
     void refuse(const Steps& step);
     void showInForce(const Steps& step);
     void undo();
+    void followEscape();
     [[nodiscard]] bool showsHeld(const Steps& step);
     [[nodiscard]] std::string textOf(double held) const;
     [[nodiscard]] std::string text(double value) const;
@@ -80,6 +91,10 @@ private:
         std::string gotFocus, change, validate;
     } const names_;            ///< of the handlers
     std::string lastAccepted_; ///< the last text that was acceptable
+    struct {
+        std::string text;
+        std::uint32_t listNumber = 0;
+    } focus_; ///< the text, and the list of drivers, when the box got the focus
 };
 
 } // namespace ko

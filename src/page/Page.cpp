@@ -58,6 +58,7 @@ void numberCaptions(Page& page)
     caption(page.optOnTrigger, pageText::startOnTrigger);
     caption(page.lblChannel, pageText::triggerChannel);
     caption(page.optStartTime, pageText::atTime);
+    caption(page.lblStartPast, textNumber::times::past);
     caption(page.frmStop, pageText::stop);
     caption(page.optAfter, pageText::stopAfter);
     caption(page.optStopTime, pageText::atTime);
@@ -91,7 +92,8 @@ Page::Page() : Form("TimebaseEditor")
     numberToolTips(*this);
     numberQuantities(*this);
     numberTakingButtons(*this);
-    lblNoTriggerLine.setVisible(false);
+    for (Label* label : {&lblNoTriggerLine, &lblStartPast, &lblStartDay, &lblStopDay})
+        label->setVisible(false);
     std::vector<ComboBox::Item> units;
     for (const int unit : {pageText::seconds, pageText::minutes, pageText::hours, pageText::days})
         units.push_back({"", unit - pageText::block});

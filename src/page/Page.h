@@ -12,6 +12,7 @@
 #include "platform/Form.h"
 #include "platform/Grid.h"
 #include "platform/TextBox.h"
+#include "platform/Timeline.h"
 
 #include <memory>
 #include <optional>
@@ -82,6 +83,8 @@ public:
     OptionButton optStartTime{*this, "optStartTime", &frmStart};
     TextBox txtStartTime{*this, "txtStartTime", &frmStart};
     CommandButton cmdStartTime{*this, "cmdStartTime", &frmStart};
+    Label lblStartPast{*this, "lblStartPast", &frmStart};
+    Label lblStartDay{*this, "lblStartDay", &frmStart}; ///< the day of the start time and how far it is
 
     Frame frmStop{*this, "frmStop"};
     OptionButton optAfter{*this, "optAfter", &frmStop};
@@ -90,6 +93,7 @@ public:
     OptionButton optStopTime{*this, "optStopTime", &frmStop};
     TextBox txtStopTime{*this, "txtStopTime", &frmStop};
     CommandButton cmdStopTime{*this, "cmdStopTime", &frmStop};
+    Label lblStopDay{*this, "lblStopDay", &frmStop};
     Label lblDuration{*this, "lblDuration", &frmStop};
     Label lblDurationValue{*this, "lblDurationValue", &frmStop};
     Label lblStopTime{*this, "lblStopTime", &frmStop};
@@ -100,10 +104,14 @@ public:
     CommandButton cmdTakeDuration{*this, "cmdTakeDuration"};
     CommandButton cmdTakeRate{*this, "cmdTakeRate"};
     Label lblPlan{*this, "lblPlan"}; ///< summary of the page in one sentence
+    Timeline tmlPlan{*this, "tmlPlan"};
+    /// Set by the document: updates what depends on the clock. Called by the view once a minute; calls no driver.
+    std::function<void()> minutePassed;
 
     // Set by the host.
     std::int32_t numDrivers = 0;
-    DriverList drivers; ///< entries may be empty
+    DriverList drivers;           ///< entries may be empty
+    std::uint32_t listNumber = 0; ///< of the lists handed over so far
     std::shared_ptr<StatusSite> statusSite;
     std::shared_ptr<HelpSite> helpSite;
     std::int32_t printMode = 0;
@@ -130,6 +138,7 @@ public:
     OfferAccount samplePeriodOffers, blockSizeOffers, scanPeriodOffers;
 
     std::optional<TriggerVars> triggerVars;
+    bool triggerVarsAreOfFirst = false; ///< they were captured from the first driver with a timebase
     std::int32_t TriggerSlot = -1;
     std::int32_t TriggerChannel = -1;
     LinePlan lines; ///< of the start and the sync trigger

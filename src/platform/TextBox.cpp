@@ -35,6 +35,14 @@ void TextBox::setMarked(bool marked)
     tellView(Aspect::Mark);
 }
 
+void TextBox::setEscapeText(const std::string& text)
+{
+    if (escapeText_ == text)
+        return;
+    escapeText_ = text;
+    tellView(Aspect::Hint);
+}
+
 void TextBox::select(std::size_t start, std::size_t length)
 {
     if (edit_.select(start, length))
@@ -100,7 +108,7 @@ Outcome TextBox::userSelected(std::size_t start, std::size_t length)
 
 Outcome TextBox::userUndid()
 {
-    form().tellUserActs("undo", name());
+    form().tellUserActs("key", "Escape");
     if (!isUsable() || locked_)
         return Outcome::Inert;
     raise(undo);

@@ -26,6 +26,10 @@ public:
     [[nodiscard]] bool marked() const { return marked_; }
     void setMarked(bool marked);
 
+    /// The text that Escape restores; empty when the box shows it or there is none.
+    [[nodiscard]] const std::string& escapeText() const { return escapeText_; }
+    void setEscapeText(const std::string& text);
+
     [[nodiscard]] std::size_t selStart() const { return edit_.selStart(); }
     [[nodiscard]] std::size_t selLength() const override { return edit_.selLength(); }
     /// Positions beyond the text are clamped to its end.
@@ -43,7 +47,7 @@ public:
     Outcome userDropsText();
     Outcome userSelected(std::size_t start, std::size_t length);
     Outcome userDoubleClicked();
-    /// The user reverts what was typed.
+    /// The user presses Escape, which reverts what was typed.
     Outcome userUndid();
 
     std::function<void()> change;
@@ -57,6 +61,7 @@ private:
     EditText edit_;
     bool locked_ = false;
     bool marked_ = false;
+    std::string escapeText_;
 };
 
 } // namespace ko

@@ -20,26 +20,27 @@ void CapturedSettings::capture(StartStopSettings known)
         return true;
     });
     if (from || from.isAfterFailing)
-        areOfFirst_ = from && !from.isAfterFailing;
+        page_.triggerVarsAreOfFirst = from && !from.isAfterFailing;
 }
 
 StartStopSettings CapturedSettings::ofFirst(const Steps& step)
 {
-    if (page_.triggerVars && areOfFirst_)
+    if (page_.triggerVars && page_.triggerVarsAreOfFirst)
         return StartStopSettings::of(*page_.triggerVars);
     const IndexedTimebase first = firstTimebase(page_.currentDrivers());
     if (!first || first.isAfterFailing)
         return {};
     const StartStopSettings read = StartStopSettings::readAll(step, *first.timebase);
-    areOfFirst_ = read.isComplete();
-    if (areOfFirst_)
+    page_.triggerVarsAreOfFirst = read.isComplete();
+    if (page_.triggerVarsAreOfFirst)
         page_.triggerVars = TriggerVars{*read.startMode, *read.startTime, *read.stopMode, *read.duration};
     return read;
 }
 
 std::optional<double> CapturedSettings::secondsOfFirst() const
 {
-    return page_.triggerVars && areOfFirst_ ? std::optional(widen(page_.triggerVars->duration)) : std::nullopt;
+    return page_.triggerVars && page_.triggerVarsAreOfFirst ? std::optional(widen(page_.triggerVars->duration))
+                                                            : std::nullopt;
 }
 
 } // namespace ko

@@ -5,8 +5,8 @@
 
 namespace ko {
 
-/// The start and stop settings to write to the next list of drivers: the page's `triggerVars`, and which driver they
-/// are from.
+/// The start and stop settings to write to the next list of drivers: the page's `triggerVars`, and
+/// `triggerVarsAreOfFirst`.
 class CapturedSettings {
 public:
     explicit CapturedSettings(Page& page) : page_(page) {}
@@ -26,7 +26,6 @@ public:
 
 private:
     Page& page_;
-    bool areOfFirst_ = false; ///< `triggerVars` were last captured from the first timebase
 };
 
 } // namespace ko

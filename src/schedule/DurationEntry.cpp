@@ -11,7 +11,7 @@
 namespace ko {
 
 DurationEntry::DurationEntry(Page& page, Support& support, Recording& recording)
-    : NumberEntry(page, support, page.txtDuration, NumberType::Double), recording_(recording)
+    : NumberEntry(page, support, page.txtDuration, NumberType::Double), recording_(recording), earlier_(page)
 {
     page.cmbInterval.click = [this] { cmbInterval_click(); };
     page.cmbInterval.gotFocus = [this] { cmbInterval_GotFocus(); };
@@ -46,22 +46,27 @@ std::optional<double> DurationEntry::heldAfterRefusal()
 
 void DurationEntry::accept(const Steps& step, double value)
 {
-    write(step, value, [this] { showSelected(recording_.durationReadBack()); });
+    write(
+        step, value, [this] { showSelected(recording_.durationReadBack()); }, &earlier_);
 }
 
 /// Writes only to drivers whose duration is not displayed like the text. None when the value cannot be converted to
 /// seconds.
 std::optional<Recording::Result> DurationEntry::write(const Steps& step, double value,
-                                                      const std::function<void()>& putBack)
+                                                      const std::function<void()>& putBack,
+                                                      EarlierValues<StartStopSettings>* earlier)
 {
     const double entered = largerOf(value, 0.0);
     StartStopSettings change;
     if (!step([&] { change.duration = toSingle(entered * unit()); }))
         return std::nullopt;
     auto reads = lastAnswer<float>([&](float held) { return holds(widen(held), entered); });
-    return recording_.commit(step, change, putBack, [&](const StartStopSettings& before) {
-        return before.duration && reads(*before.duration) ? StartStopSettings{} : change;
-    });
+    return recording_.commit(
+        step, change, putBack,
+        [&](const StartStopSettings& before) {
+            return before.duration && reads(*before.duration) ? StartStopSettings{} : change;
+        },
+        earlier);
 }
 
 void DurationEntry::cmbInterval_GotFocus()

@@ -21,6 +21,9 @@ protected:
     std::optional<double> heldAfterRefusal() override;
     void accept(const Steps& step, double value) override;
     void showElsewhere(const Steps& step, double seconds) override { recording_.follow(step, seconds); }
+    void forgetEarlier() override { earlier_.clear(); }
+    bool writeEarlier(const Steps& step) override { return earlier_.writeBack(step); }
+    void restored(const Steps& step) override { recording_.restored(step); }
     bool isActive() override { return page().optAfter.value(); }
 
 private:
@@ -29,9 +32,11 @@ private:
     void unitRefused(std::optional<double> seconds);
     /// The length of the chosen unit in seconds. Failure 5 when none is chosen.
     [[nodiscard]] std::int32_t unit() const { return page().cmbInterval.itemData(); }
-    std::optional<Recording::Result> write(const Steps& step, double value, const std::function<void()>& putBack);
+    std::optional<Recording::Result> write(const Steps& step, double value, const std::function<void()>& putBack,
+                                           EarlierValues<StartStopSettings>* earlier = nullptr);
 
     Recording& recording_;
+    EarlierValues<StartStopSettings> earlier_;
     std::int32_t intervalAtFocus_ = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
+#include "schedule/DurationText.h"
 #include "support/Phrases.h"
 #include "support/Steps.h"
 #include "support/TextNumbers.h"
@@ -17,16 +18,6 @@ namespace {
 /// later than planned, %4 the start time or the trigger, %5 the stop time, %6 the actual end time.
 namespace planText = textNumber::plan;
 
-constexpr std::int64_t secondsPerMinute = 60;
-constexpr std::int64_t minutesPerHour = 60;
-constexpr std::int64_t hoursPerDay = 24;
-
-bool isCountable(const std::optional<double>& seconds)
-{
-    constexpr double longest = 1e15;
-    return seconds && *seconds >= 0.0 && *seconds < longest;
-}
-
 /// A number with decimals or a list entry, which usually is a trigger condition.
 bool isCondition(const Grid::Cell& value)
 {
@@ -38,22 +29,38 @@ bool isCondition(const Grid::Cell& value)
 void Plan::show()
 {
     const Steps step(support_.errors, "showPlan");
-    step([&] { page_.lblPlan.setCaption(withOneFullStop(sentence())); });
+    const Moments moments = step.value([&] { return momentsOf(page_, support_); });
+    step([&] { page_.lblPlan.setCaption(withOneFullStop(sentence(moments))); });
+    times_.show(step, moments);
 }
 
-std::string Plan::sentence() const
+std::string Plan::sentence(const Moments& moments) const
 {
     if (page_.numDrivers <= 0)
         return text(planText::nothing);
     const int base = start();
-    const std::string startText = page_.optOnTrigger.value() ? trigger() : page_.txtStartTime.text();
+    const std::string startText = page_.optOnTrigger.value() ? trigger() : startTime(moments);
     if (!isDurationKnown())
         return filled(text(base + 2), {"", "", "", startText, page_.txtStopTime.text()});
     const Figures& known = page_.figures;
     const std::string what = figures();
     const std::string end = known.stopTime ? generalDate(*known.stopTime, support_.locale()) : std::string();
-    return filled(text(what.empty() ? base + 1 : base),
-                  {entered(), what, durationText(*known.actualSeconds), startText, page_.txtStopTime.text(), end});
+    return filled(text(what.empty() ? base + 1 : base), {entered(), what, durationText(support_, *known.actualSeconds),
+                                                         startText, page_.txtStopTime.text(), end});
+}
+
+/// The start time; with the day if it has no date, and marked if it is past.
+std::string Plan::startTime(const Moments& moments) const
+{
+    const std::string& entered = page_.txtStartTime.text();
+    if (!moments.start)
+        return entered;
+    std::string mark;
+    if (moments.isStartPast())
+        mark = text(textNumber::times::past);
+    else if (!toDateTime(entered, support_.locale()).hasDate())
+        mark = dayName(support_, moments, *moments.start);
+    return mark.empty() ? entered : filled(text(textNumber::times::marked), {entered, mark});
 }
 
 int Plan::start() const
@@ -81,45 +88,8 @@ std::string Plan::entered() const
     const double seconds = *page_.figures.plannedSeconds;
     const auto chosen = static_cast<std::size_t>(page_.cmbInterval.index());
     if (!page_.optAfter.value() || chosen >= std::size(symbols))
-        return durationText(seconds);
-    return filled(text(symbols[chosen]), {shortNumber(seconds / page_.cmbInterval.itemData())});
-}
-
-/// A duration in its two largest units.
-std::string Plan::durationText(double seconds) const
-{
-    if (toHundredths(seconds) < secondsPerMinute)
-        return filled(text(planText::seconds), {shortNumber(seconds)});
-    const std::int64_t wholeSeconds = std::llround(seconds);
-    if (wholeSeconds < secondsPerMinute * minutesPerHour)
-        return parts(wholeSeconds, secondsPerMinute, planText::minutes, planText::seconds);
-    const std::int64_t wholeMinutes = std::llround(seconds / secondsPerMinute);
-    if (wholeMinutes < minutesPerHour * hoursPerDay)
-        return parts(wholeMinutes, minutesPerHour, planText::hours, planText::minutes);
-    const std::int64_t wholeHours = std::llround(seconds / (secondsPerMinute * minutesPerHour));
-    return parts(wholeHours, hoursPerDay, planText::days, planText::hours);
-}
-
-std::string Plan::parts(std::int64_t count, std::int64_t perLarger, int larger, int smaller) const
-{
-    std::string whole = unit(count / perLarger, larger);
-    if (count % perLarger == 0)
-        return whole;
-    return filled(text(planText::twoUnits), {whole, unit(count % perLarger, smaller)});
-}
-
-std::string Plan::unit(std::int64_t count, int number) const
-{
-    if (number == planText::days)
-        return counted(support_, count, number);
-    return filled(text(number), {countText(count, support_.locale())});
-}
-
-/// Rounds to two decimals, unless that would yield 0.
-std::string Plan::shortNumber(double value) const
-{
-    const double rounded = toHundredths(value);
-    return numberText(rounded > 0.0 ? rounded : value, support_.locale());
+        return durationText(support_, seconds);
+    return filled(text(symbols[chosen]), {shortNumber(support_, seconds / page_.cmbInterval.itemData())});
 }
 
 std::string Plan::trigger() const

@@ -1,28 +1,26 @@
 #pragma once
 
 #include "page/Page.h"
+#include "schedule/PlanTimes.h"
 #include "support/Support.h"
 
 namespace ko {
 
-/// Summarizes the recording in one sentence: how it starts, how long it lasts, its size and when it ends. Uses only the
-/// page's controls and the figures of the last estimate; calls no driver.
+/// Summarizes the recording in one sentence: how it starts, how long it lasts, its size and when it ends; and as a
+/// timeline. Uses only the page's controls, the figures of the last estimate and the clock; calls no driver.
 class Plan {
 public:
-    Plan(Page& page, Support& support) : page_(page), support_(support) {}
+    Plan(Page& page, Support& support) : page_(page), support_(support), times_(page, support) {}
 
-    /// Updates `lblPlan` from the page. Reports its own failures.
+    /// Updates the sentence and the times from the page. Reports its own failures.
     void show();
 
 private:
-    [[nodiscard]] std::string sentence() const;
+    [[nodiscard]] std::string sentence(const Moments& moments) const;
+    [[nodiscard]] std::string startTime(const Moments& moments) const;
     [[nodiscard]] int start() const;
     [[nodiscard]] bool isDurationKnown() const;
     [[nodiscard]] std::string entered() const;
-    [[nodiscard]] std::string durationText(double seconds) const;
-    [[nodiscard]] std::string shortNumber(double value) const;
-    [[nodiscard]] std::string parts(std::int64_t count, std::int64_t perLarger, int larger, int smaller) const;
-    [[nodiscard]] std::string unit(std::int64_t count, int number) const;
     [[nodiscard]] std::string trigger() const;
     [[nodiscard]] std::string triggerConditions() const;
     [[nodiscard]] std::string figures() const;
@@ -30,6 +28,7 @@ private:
 
     Page& page_;
     Support& support_;
+    PlanTimes times_;
 };
 
 } // namespace ko

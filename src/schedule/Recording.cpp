@@ -146,10 +146,11 @@ void Recording::showDuration(double seconds)
 }
 
 Recording::Result Recording::write(const Steps& step, const StartStopSettings& change,
-                                   const std::function<void()>& putBack, const Lacking& lacking)
+                                   const std::function<void()>& putBack, const Lacking& lacking,
+                                   EarlierValues<StartStopSettings>* earlier)
 {
     const Drivers drivers = page_.currentDrivers();
-    GuardedWrite<StartStopSettings> guarded(page_, support_, actions_, change, drivers.size());
+    GuardedWrite<StartStopSettings> guarded(page_, support_, actions_, change, drivers.size(), earlier);
     const auto readBack = [&] {
         readBack_ = guarded.drivers().empty() ? StartStopSettings{} : guarded.drivers().front().kept;
     };
@@ -211,12 +212,25 @@ void Recording::follow(const Steps& step, double seconds)
 }
 
 Recording::Result Recording::commit(const Steps& step, const StartStopSettings& change,
-                                    const std::function<void()>& putBack, const Lacking& lacking)
+                                    const std::function<void()>& putBack, const Lacking& lacking,
+                                    EarlierValues<StartStopSettings>* earlier)
 {
-    const Result result = write(step, change, putBack, lacking);
+    const Result result = write(step, change, putBack, lacking, earlier);
     if (result != Result::PutBack)
         accepted(step, result);
     return result;
+}
+
+void Recording::restored(const Steps& step)
+{
+    readBack_ = {};
+    step([&] {
+        if (const IndexedTimebase first = firstTimebase(page_.currentDrivers()))
+            readBack_.duration = first.timebase->Duration();
+    });
+    kept_.reset();
+    accepted(step, Result::Taken);
+    actions_.refreshEstimate();
 }
 
 void Recording::loaded(const Steps& step, const StartStopSettings& shown)

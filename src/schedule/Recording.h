@@ -71,9 +71,10 @@ public:
     /// Writes to each driver the part of a change that it does not hold (by default the members that differ), shows
     /// what the drivers then hold and checks the limit once. A driver that accepted only a part gets its old values
     /// back. Beyond the limit, shows a message and restores each driver's own old values. Then, and when no driver
-    /// accepted its whole part, `putBack` restores the page and the derived labels are updated.
+    /// accepted its whole part, `putBack` restores the page and the derived labels are updated. `earlier` as for
+    /// `GuardedWrite`.
     Result write(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
-                 const Lacking& lacking = {});
+                 const Lacking& lacking = {}, EarlierValues<StartStopSettings>* earlier = nullptr);
 
     /// Called after a change that was not put back: records what the page shows as accepted, captures the settings, and
     /// notifies the host of a change in force; for a change that all drivers already held, only updates the labels.
@@ -81,7 +82,10 @@ public:
 
     /// `write`, then `accepted` unless the change was put back.
     Result commit(const Steps& step, const StartStopSettings& change, const std::function<void()>& putBack,
-                  const Lacking& lacking = {});
+                  const Lacking& lacking = {}, EarlierValues<StartStopSettings>* earlier = nullptr);
+
+    /// Called after the drivers got back an earlier duration: reads it, then as after a change in force.
+    void restored(const Steps& step);
 
     /// Updates the derived labels when nothing is written.
     void refreshLabels() { actions_.refreshEstimate(); }

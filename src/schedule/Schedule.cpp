@@ -34,6 +34,10 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
       times_(page, support, recording_, std::move(dialog)), estimate_(page, support, recording_),
       whatFits_(page, support, recording_), plan_(page, support)
 {
+    page.minutePassed = [this] {
+        if (page_.isShown && !page_.isLoading)
+            plan_.show();
+    };
 }
 
 /// The settings of the first timebase or, on a read-only page, those of the start master or else of the scan master, as

@@ -31,14 +31,16 @@ protected:
     {
         using Fate = DynamicEditors::Written::Fate;
         const double requested = quantity().held(value);
-        const auto written =
-            owner_.write(step, *quantity().number, requested,
-                         [this, &value](const std::optional<double>& held) { return holds(held, value); });
+        const auto written = owner_.write(
+            step, *quantity().number, requested,
+            [this, &value](const std::optional<double>& held) { return holds(held, value); }, &earlier());
         if (written.fate == Fate::NoDriver)
             return;
         show(step, {written.inForce, requested, written.fate == Fate::Accepted, written.fate == Fate::Refused});
         showSpan(step, written.inForce);
     }
+
+    void restored(const Steps& step) override { owner_.restored(step, *quantity().number); }
 
 private:
     void showSpan(const Steps& step, std::optional<double> period)
@@ -102,7 +104,8 @@ void DynamicEditors::note(const TimebaseNumber& number, double asked, const std:
 }
 
 DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseNumber& number, double value,
-                                              const std::function<bool(const std::optional<double>&)>& holds)
+                                              const std::function<bool(const std::optional<double>&)>& holds,
+                                              EarlierValues<NumberSetting>* earlier)
 {
     using Fate = Written::Fate;
     const std::int32_t driver = page_.dynamicDriverIndex;
@@ -110,7 +113,7 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
     if (!timebase)
         return {};
     const NumberSetting wanted{&number, value};
-    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, wanted, 1);
+    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, wanted, 1, earlier);
     const auto lacking = [&](const NumberSetting& before) {
         return holds && holds(before.value) ? NumberSetting{} : wanted;
     };
@@ -130,6 +133,13 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
     if (it.written)
         step([&] { actions_.markChanged(); });
     return {it.written ? Fate::Accepted : Fate::Failed, it.kept.value};
+}
+
+void DynamicEditors::restored(const Steps& step, const TimebaseNumber& number)
+{
+    (page_.*number.offers).keptOtherwise.clear();
+    step([&] { actions_.markChanged(); });
+    actions_.refreshEstimate();
 }
 
 void DynamicEditors::listClicked(ComboBox& chosen, ValueEditors& editors)

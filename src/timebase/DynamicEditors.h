@@ -40,9 +40,13 @@ public:
         std::optional<double> inForce; ///< none when it could not be read
     };
 
-    /// Writes a number to the current driver, unless `holds` is true for the driver's number.
+    /// Writes a number to the current driver, unless `holds` is true for the driver's number. `earlier` as for
+    /// `GuardedWrite`.
     Written write(const Steps& step, const TimebaseNumber& number, double value,
-                  const std::function<bool(const std::optional<double>&)>& holds = {});
+                  const std::function<bool(const std::optional<double>&)>& holds = {},
+                  EarlierValues<NumberSetting>* earlier = nullptr);
+    /// Called when the numbers of drivers have been restored: notifies the host and updates the derived labels.
+    void restored(const Steps& step, const TimebaseNumber& number);
 
     /// Shows the span of a sample period in seconds; empty when `period` is none.
     void showSpan(const Steps& step, std::optional<double> period);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "page/EarlierValues.h"
 #include "page/NumberEntry.h"
 #include "timebase/ValueEditors.h"
 
@@ -10,7 +11,8 @@ class QuantityEntry : public NumberEntry {
 public:
     /// Referenced objects must outlive the entry; `editors` show the quantity's number.
     QuantityEntry(Page& page, Support& support, const Quantity& quantity, ValueEditors& editors)
-        : NumberEntry(page, support, page.*quantity.box, quantity.type), quantity_(quantity), editors_(editors)
+        : NumberEntry(page, support, page.*quantity.box, quantity.type), quantity_(quantity), editors_(editors),
+          earlier_(page)
     {
     }
 
@@ -19,6 +21,8 @@ protected:
     std::optional<double> held() override;
     double shown(double held) const override { return quantity_.shown(held); }
     void showElsewhere(const Steps& step, double held) override { editors_.showInBoxes(step, held, &box()); }
+    void forgetEarlier() override { earlier_.clear(); }
+    bool writeEarlier(const Steps& step) override { return earlier_.writeBack(step); }
     /// Only numbers that are written to every driver show their range.
     Range hintRange() override;
 
@@ -34,10 +38,12 @@ protected:
     void show(const Steps& step, const Result& result);
 
     [[nodiscard]] const Quantity& quantity() const { return quantity_; }
+    [[nodiscard]] EarlierValues<NumberSetting>& earlier() { return earlier_; }
 
 private:
     const Quantity& quantity_;
     ValueEditors& editors_;
+    EarlierValues<NumberSetting> earlier_;
 };
 
 } // namespace ko

@@ -37,9 +37,11 @@ protected:
         const double requested = quantity().held(value);
         auto reads = lastAnswer<double>([&](double held) { return holds(held, value); });
         const auto result = owner_.setDriversScanRate(
-            requested, [&](const std::optional<double>& held) { return held && reads(*held); });
+            requested, [&](const std::optional<double>& held) { return held && reads(*held); }, &earlier());
         show(step, {result.inForce, requested, result.written, result.rejected});
     }
+
+    void restored(const Steps& step) override { owner_.restored(step); }
 
 private:
     StaticEditors& owner_;
@@ -66,7 +68,8 @@ void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
 }
 
 StaticEditors::ScanPeriod
-StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool(const std::optional<double>&)>& holds)
+StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool(const std::optional<double>&)>& holds,
+                                  EarlierValues<NumberSetting>* earlier)
 {
     const Steps step(support_.errors, "setDriversScanRate");
     const auto notify = [&] { step([&] { actions_.markChanged(); }); };
@@ -74,7 +77,7 @@ StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool
     offers.keptOtherwise.clear();
     const Drivers drivers = page_.currentDrivers();
     const NumberSetting wanted{&timebaseNumber::scanPeriod, newScanPeriod};
-    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, wanted, drivers.size());
+    GuardedWrite<NumberSetting> guarded(page_, support_, actions_, wanted, drivers.size(), earlier);
     if (!holds)
         notify();
     ScanPeriod result;
@@ -98,6 +101,13 @@ StaticEditors::setDriversScanRate(double newScanPeriod, const std::function<bool
         result.inForce = guarded.drivers().empty() ? std::nullopt : guarded.drivers().back().kept.value;
     }
     return result;
+}
+
+void StaticEditors::restored(const Steps& step)
+{
+    page_.scanPeriodOffers.keptOtherwise.clear();
+    step([&] { actions_.markChanged(); });
+    actions_.refreshEstimate();
 }
 
 void StaticEditors::noteRestored(const GuardedWrite<NumberSetting>& guarded)

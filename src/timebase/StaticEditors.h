@@ -31,10 +31,13 @@ public:
     };
 
     /// Notifies the host, then writes the scan period to every driver that has a timebase, except those for whose
-    /// period `holds` is true. Does nothing, not even notify, when that is so for every driver. Reports its own
-    /// failures.
+    /// period `holds` is true. Does nothing, not even notify, when that is so for every driver. `earlier` as
+    /// for `GuardedWrite`. Reports its own failures.
     ScanPeriod setDriversScanRate(double newScanPeriod,
-                                  const std::function<bool(const std::optional<double>&)>& holds = {});
+                                  const std::function<bool(const std::optional<double>&)>& holds = {},
+                                  EarlierValues<NumberSetting>* earlier = nullptr);
+    /// Called when the scan periods of drivers have been restored: notifies the host and updates the derived labels.
+    void restored(const Steps& step);
 
     /// Writes the scan period that the editors were built for, and shows what the drivers then hold.
     void pushLoaded(double seconds);

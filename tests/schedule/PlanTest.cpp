@@ -84,12 +84,69 @@ TEST_F(PlanTest, EveryWayToStartAndStopHasItsSentence)
     addParameter("Level", "0.5", 3);
     EXPECT_EQ(plan(), "Starts on trigger at Crank (Level 0.5)" + rest);
     page.optStartTime.showSelected();
-    EXPECT_EQ(plan(), "Starts at 9:30:00 AM" + rest);
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM (today)" + rest);
     page.optStopTime.showSelected();
-    EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM, that is 1 min 30 s, 2,304,000 samples, 17.6 MB "
-                      "dynamic and 12.8 KB static, ends at about 9:31:31 AM.");
+    EXPECT_EQ(plan(),
+              "Starts at 9:30:00 AM (today), records until 9:31:30 AM, that is 1 min 30 s, 2,304,000 samples, 17.6 MB "
+              "dynamic and 12.8 KB static, ends at about 9:31:31 AM.");
     page.numDrivers = 0;
     EXPECT_EQ(plan(), "Records nothing: this set-up has no instruments.");
+}
+
+TEST_F(PlanTest, TimesSayTheirDayAndHowFarTheyAreAndAStartInThePastIsMarked)
+{
+    page.optStartTime.showSelected();
+    const struct {
+        const char *now, *start, *plan, *day, *words;
+        bool stopsAtTime = false;
+    } cases[] = {
+        {"2:50:00 AM", "9:30:00 AM", "9:30:00 AM (today)", "today, in 6 h 40 min",
+         "Now; Start: today, 9:30:00 AM, in 6 h 40 min; records 1 min 30 s; Stop: today, 9:31:30 AM, in 6 h 41 min"},
+        {"9:30:00 AM", "9:30:00 AM", "9:30:00 AM (today)", "today, in less than 1 min",
+         "Now; Start: today, 9:30:00 AM, in less than 1 min; records 1 min 30 s; Stop: today, 9:31:30 AM, in 1 min"},
+        {"9:30:01 AM", "9:30:00 AM", "9:30:00 AM (tomorrow)", "tomorrow, in 23 h 59 min",
+         "Now; Start: tomorrow, 9:30:00 AM, in 23 h 59 min; records 1 min 30 s; Stop: tomorrow, 9:31:30 AM, in 1 day"},
+        {"11:59:00 PM", "12:00:00 AM", "12:00:00 AM (tomorrow)", "tomorrow, in 1 min",
+         "Now; Start: tomorrow, 12:00:00 AM, in 1 min; records 1 min 30 s; Stop: tomorrow, 12:01:30 AM, in 2 min"},
+        {"9:00:00 AM", "11/24/2026", "11/24/2026", "in 2 days 15 h",
+         "Now; Start: 11/24/2026, in 2 days 15 h; records 1 min 30 s; Stop: 11/24/2026 12:01:30 AM, in 2 days 15 h"},
+        {"9:31:00 AM", "11/21/2026 9:30:00 AM", "11/21/2026 9:30:00 AM (in the past)", "today, 1 min ago",
+         "Start: today, 9:30:00 AM, 1 min ago; records 1 min 30 s; Now; Stop: today, 9:31:30 AM, in less than 1 min"},
+        {"9:30:01 AM", "11/19/2026", "11/19/2026 (in the past)", "2 days 10 h ago",
+         "Start: 11/19/2026, 2 days 10 h ago; records 1 min 30 s; Stop: 11/19/2026 12:01:30 AM, 2 days 9 h ago; Now"},
+        {"9:30:01 AM", "9:30:00 AM", "9:30:00 AM (in the past)", "today, less than 1 min ago",
+         "Start: today, 9:30:00 AM, less than 1 min ago; records 1 min 30 s; Now; Stop: today, 9:31:30 AM, in 1 min",
+         true},
+    };
+    for (const auto& it : cases) {
+        host.time = {46347.0 + toDateTime(it.now, {}).days};
+        page.txtStartTime.setText(it.start);
+        page.txtStopTime.setText("11/21/2026 9:31:30 AM");
+        (it.stopsAtTime ? page.optStopTime : page.optAfter).showSelected();
+        EXPECT_TRUE(plan().starts_with(std::string("Starts at ") + it.plan + ", records")) << plan();
+        EXPECT_EQ(page.lblStartDay.caption(), it.day);
+        EXPECT_EQ(page.lblStartPast.visible(), plan().find("past") != std::string::npos);
+        EXPECT_EQ(page.lblStopDay.caption().empty(), !it.stopsAtTime);
+        EXPECT_EQ(page.tmlPlan.caption(), it.words);
+    }
+}
+
+TEST_F(PlanTest, TheTimelineShowsWhatIsKnownOfEveryStart)
+{
+    const auto words = [this] { return plan(), page.tmlPlan.caption(); };
+    EXPECT_EQ(words(), "Start: immediately; records 1 min 30 s; Stop: in 1 min 30 s");
+    startAt("Crank");
+    EXPECT_EQ(words(), "Now; waits for the trigger; Trigger: Crank; records 1 min 30 s; Stop");
+    figures.actualSeconds.reset();
+    EXPECT_EQ(words(), "Now; waits for the trigger; Trigger: Crank; records for an unknown time; Stop: unknown");
+    page.optStartTime.showSelected();
+    EXPECT_EQ(words(), "Now; Start: today, 9:30:00 AM, in 9 h 30 min; records for an unknown time; Stop: unknown");
+    page.txtStartTime.setText("12/31/9999");
+    figures.actualSeconds = 1e300;
+    EXPECT_TRUE(words().ends_with("; Stop: unknown"));
+    page.optStartTime.deselect();
+    EXPECT_EQ(words(), "");
+    EXPECT_FALSE(page.tmlPlan.visible());
 }
 
 TEST_F(PlanTest, NumbersAndChoicesSetATriggerOffAndNamesMayHoldAnything)
@@ -141,11 +198,11 @@ TEST_F(PlanTest, AnUnknownDurationIsMentioned)
     startAt("");
     expectUnknown();
     page.optStartTime.showSelected();
-    EXPECT_EQ(plan(), "Starts at 9:30:00 AM; recording time unknown.");
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM (today); recording time unknown.");
     figures.plannedSeconds = 90.0;
     page.optStopTime.showSelected();
     figures.stopTime.reset();
-    EXPECT_EQ(plan(), "Starts at 9:30:00 AM, records until 9:31:30 AM; recording time unknown.");
+    EXPECT_EQ(plan(), "Starts at 9:30:00 AM (today), records until 9:31:30 AM; recording time unknown.");
 }
 
 TEST_F(PlanTest, DurationsAreShownInTheUnitEnteredAndInTheTwoLargest)

@@ -2,6 +2,7 @@
 
 #include "fakes/DocumentTest.h"
 #include "platform/DateTimes.h"
+#include "platform/Locales.h"
 #include "widgets/bindings/FormView.h"
 #include "widgets/page/PageWidget.h"
 
@@ -197,6 +198,43 @@ TEST_F(DateDialogTest, TheTimeIsShownInTheFormatReadLast)
             EXPECT_EQ(part<QTimeEdit>("dtpTimeSelector").text().toStdString(), text);
             key(Qt::Key_Escape);
         });
+    }
+}
+
+TEST_F(DateDialogTest, ATimeIsTypedAsItIsWrittenInEveryFormatHoweverTheFieldGotTheFocus)
+{
+    const auto edit = [] { return &part<QTimeEdit>("dtpTimeSelector"); };
+    const std::function<void()> ways[] = {[&] { key(Qt::Key_Tab); },
+                                          [&] {
+                                              QTest::mouseClick(edit()->findChild<QLineEdit*>(), Qt::LeftButton, {},
+                                                                QPoint(4, edit()->height() / 2));
+                                          },
+                                          [&] {
+                                              edit()->setFocus();
+                                              edit()->setSelectedSection(edit()->sectionAt(2));
+                                              key(Qt::Key_A, Qt::ControlModifier);
+                                          }};
+    for (const Locale& locale : {english, german, japanese, finnish, korean, quoted}) {
+        now = locale;
+        support.readTimeSettings();
+        const std::pair<std::string, const char*> typed[] = {
+            {generalDate(toDateTime("18:05:09", {}), locale), "18:05:09"},
+            {"9:15:08 AM", "9:15:08"},
+            {"21:15:08", "21:15:08"},
+            {"9.5.8 pm", "21:05:08"},
+            {"12 0 0a", "0:00:00"},
+            {"00:00:30", "0:00:30"},
+            {"2145", "21:45:00"}};
+        for (const auto& focus : ways)
+            for (const auto& [text, kept] : typed) {
+                const auto chosen = ask("2:00:00 PM", [&, text = text] {
+                    focus();
+                    for (const QChar character : toQt(text))
+                        QTest::sendKeyEvent(QTest::Click, edit(), Qt::Key_unknown, QString(character), {});
+                    key(Qt::Key_Return);
+                });
+                EXPECT_EQ(this->text(chosen), this->text(toDateTime(kept, {}))) << locale.timeFormat << ": " << text;
+            }
     }
 }
 

@@ -3,16 +3,20 @@
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/services/QtPrinters.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
-#include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace ko::test {
 namespace {
@@ -124,23 +128,73 @@ TEST_F(PageWidgetTest, ANarrowWindowStacksTheFramesAndScrollsToTheFocus)
     EXPECT_TRUE(widget.rect().contains(at(page().txtDuration).mapTo(&widget, QPoint())));
 }
 
-TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageWhateverTheWindowShows)
+/// Whether the element or one below it shows `widget`.
+bool isInTree(QAccessibleInterface& tree, const QWidget& widget)
+{
+    for (int i = 0; i < tree.childCount(); ++i)
+        if (tree.child(i)->object() == &widget || isInTree(*tree.child(i), widget))
+            return true;
+    return false;
+}
+
+TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageAndCopiedByKeysAndMouse)
 {
     openAndShow();
-    const auto& plan = dynamic_cast<const QLabel&>(at(page().lblPlan));
+    auto& plan = dynamic_cast<QLabel&>(at(page().lblPlan));
+    const auto& area = *widget.findChild<QScrollArea*>();
+    EXPECT_TRUE(isInTree(*QAccessible::queryAccessibleInterface(&widget), plan));
     EXPECT_EQ(plan.text().toStdString(), page().lblPlan.caption());
+    const auto isWhole = [&] {
+        QApplication::processEvents();
+        return widget.rect().contains(plan.geometry()) && plan.y() > area.geometry().bottom() &&
+               plan.height() >= plan.heightForWidth(plan.width());
+    };
     for (const QSize size : {QSize(800, 600), QSize(480, 300), QSize(300, 300)}) {
         widget.resize(size);
-        QApplication::processEvents();
-        EXPECT_TRUE(widget.rect().contains(plan.geometry()));
-        EXPECT_GE(plan.height(), plan.heightForWidth(plan.width()));
-        EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
+        EXPECT_TRUE(isWhole());
     }
+    EXPECT_TRUE(area.verticalScrollBar()->isVisible());
     const int before = plan.height();
     page().lblPlan.setCaption(page().lblPlan.caption() + page().lblPlan.caption());
-    QApplication::processEvents();
+    EXPECT_TRUE(isWhole());
     EXPECT_GT(plan.height(), before);
-    EXPECT_GT(plan.y(), widget.viewport()->geometry().bottom());
+
+    const Control* focused = page().activeControl();
+    QTest::mouseDClick(&plan, Qt::LeftButton, {}, plan.contentsRect().topLeft() + QPoint(8, 8));
+    QTest::keyClick(&plan, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Starts");
+    EXPECT_EQ(page().activeControl(), focused);
+    ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(plan.hasFocus());
+    QTest::keyClick(&plan, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&plan, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), plan.text());
+}
+
+TEST_F(PageWidgetTest, EachMinuteTheTimesFollowTheClockWithoutACallToADriver)
+{
+    fakes[0]->startMode = startMode::atTime;
+    fakes[0]->startTime = toDateTime("9:30:00 AM", {});
+    host.time = toDateTime("11/21/2026 9:28:30 AM", {});
+    openAndShow();
+    const auto& day = dynamic_cast<const QLabel&>(at(page().lblStartDay));
+    const QWidget& timeline = at(page().tmlPlan);
+    EXPECT_EQ(day.text(), "today, in 1 min");
+    const QImage before = at(page().tmlPlan).grab().toImage();
+    FaultGate gate;
+    for (const auto& driver : fakes)
+        driver->gate = &gate;
+    host.time = toDateTime("11/21/2026 9:31:00 AM", {});
+    auto& minute = *widget.findChild<QTimer*>(QStringLiteral("minute"));
+    QTimerEvent passed(minute.timerId());
+    QApplication::sendEvent(&minute, &passed);
+    EXPECT_EQ(day.text(), "tomorrow, in 23 h 59 min");
+    EXPECT_TRUE(timeline.accessibleName().contains("tomorrow, 9:30:00 AM, in 23 h 59 min"));
+    EXPECT_NE(at(page().tmlPlan).grab().toImage(), before);
+    EXPECT_TRUE(page().lblPlan.caption().find("(tomorrow)") != std::string::npos);
+    EXPECT_TRUE(minute.isActive());
+    EXPECT_EQ(gate.calls, 0);
 }
 
 /// Returns the drawing commands of a PDF file's page: the only compressed stream whose dictionary has only a length.

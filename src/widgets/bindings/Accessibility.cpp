@@ -5,6 +5,7 @@
 #include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/bindings/PictureBinding.h"
+#include "widgets/bindings/TimelineBinding.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -17,7 +18,7 @@ namespace {
 QAccessible::Role roleOf(QObject* object)
 {
     const bool isPicture = dynamic_cast<PictureWidget*>(object) || dynamic_cast<NoInstrumentPicture*>(object) ||
-                           dynamic_cast<EntryMark*>(object);
+                           dynamic_cast<EntryMark*>(object) || dynamic_cast<TimelineWidget*>(object);
     if (isPicture)
         return QAccessible::Graphic;
     return dynamic_cast<ChannelBrowser*>(object) ? QAccessible::Grouping : QAccessible::NoRole;

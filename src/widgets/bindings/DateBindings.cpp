@@ -9,7 +9,6 @@
 #include <QSpinBox>
 #include <QTextCharFormat>
 #include <algorithm>
-#include <utility>
 
 namespace ko {
 
@@ -118,19 +117,6 @@ bool CalendarBinding::eventFilter(QObject* object, QEvent* event)
     // The key only ends the typing of a year.
     widget_.setFocus();
     return true;
-}
-
-void TimeWidget::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Shift || event->key() == Qt::Key_AltGr)
-        return;
-    const QChar typed = event->text().isEmpty() ? QChar() : event->text().front();
-    // A separator typed after an automatic advance must not advance again.
-    if (std::exchange(hasAdvanced_, false) && typed.isPunct())
-        return;
-    const Section before = currentSection();
-    QTimeEdit::keyPressEvent(event);
-    hasAdvanced_ = typed.isDigit() && currentSection() != before;
 }
 
 TimePickerBinding::TimePickerBinding(FormView& view, TimePicker& control, QTimeEdit& widget)

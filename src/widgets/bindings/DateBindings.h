@@ -27,18 +27,6 @@ private:
     bool showing_ = false;
 };
 
-/// A time edit that accepts typed separators, although the cursor advances by itself after a completed section.
-class TimeWidget : public QTimeEdit {
-public:
-    using QTimeEdit::QTimeEdit;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    bool hasAdvanced_ = false; ///< the last digit completed a section and advanced the cursor
-};
-
 /// A selector for a time of day, which updates the control while the user types. Tab enters and leaves the whole
 /// selector; the arrow keys move through its sections.
 class TimePickerBinding : public Binding {

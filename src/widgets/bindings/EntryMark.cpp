@@ -7,6 +7,16 @@
 
 namespace ko {
 
+namespace {
+
+/// Of the sign and the word.
+int signedWidth(const QFontMetrics& metrics, const QString& word)
+{
+    return metrics.height() * 5 / 4 + metrics.horizontalAdvance(word);
+}
+
+} // namespace
+
 EntryMark::EntryMark(QLineEdit& edit, const QString& word) : QWidget(&edit), edit_(edit), word_(word)
 {
     setAccessibleName(word);
@@ -14,9 +24,11 @@ EntryMark::EntryMark(QLineEdit& edit, const QString& word) : QWidget(&edit), edi
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-int EntryMark::wordSize() const
+int EntryMark::widthFor(const QLineEdit& edit, const QString& word, const QString& text)
 {
-    return fontMetrics().height() / 4 + fontMetrics().horizontalAdvance(word_);
+    const QFontMetrics metrics = edit.fontMetrics();
+    return signedWidth(metrics, word) + metrics.horizontalAdvance(text) + 2 * metrics.averageCharWidth() +
+           metrics.height();
 }
 
 void EntryMark::place()
@@ -26,10 +38,8 @@ void EntryMark::place()
         return;
     }
     const int gap = signSize() / 3;
-    const int text = fontMetrics().horizontalAdvance(edit_.text()) + 2 * fontMetrics().averageCharWidth();
-    const int full = signSize() + wordSize();
-    const bool hasRoom = full + text + 3 * gap <= edit_.width();
-    const int taken = hasRoom ? full : signSize();
+    const bool hasRoom = widthFor(edit_, word_, edit_.text()) <= edit_.width();
+    const int taken = hasRoom ? signedWidth(fontMetrics(), word_) : signSize();
     const bool atLeft = (edit_.alignment() & Qt::AlignRight) != 0;
     setGeometry(atLeft ? gap : edit_.width() - gap - taken, 0, taken, edit_.height());
     edit_.setTextMargins(atLeft ? gap + taken : 0, 0, atLeft ? 0 : gap + taken, 0);

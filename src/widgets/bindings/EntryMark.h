@@ -10,6 +10,9 @@ class EntryMark : public QWidget {
 public:
     EntryMark(QLineEdit& edit, const QString& word);
 
+    /// The width of a line edit in which a mark with this word fits beside `text`.
+    static int widthFor(const QLineEdit& edit, const QString& word, const QString& text);
+
     /// Places the mark and reserves its room according to the line edit's size and text.
     void place();
 
@@ -19,8 +22,6 @@ protected:
 
 private:
     [[nodiscard]] int signSize() const { return fontMetrics().height(); }
-    [[nodiscard]] int wordSize() const;
-
     QLineEdit& edit_;
     QString word_;
 };

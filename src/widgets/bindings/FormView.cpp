@@ -13,7 +13,11 @@
 #include "widgets/bindings/TabControlBinding.h"
 #include "widgets/bindings/TableBinding.h"
 #include "widgets/bindings/TextBoxBinding.h"
+#include "widgets/bindings/TimeWidget.h"
+#include "widgets/bindings/TimelineBinding.h"
+#include "widgets/bindings/WarningLabel.h"
 #include "widgets/support/Convert.h"
+#include "widgets/support/PageTexts.h"
 #include "widgets/support/PlainText.h"
 
 #include <QAbstractScrollArea>
@@ -124,6 +128,11 @@ QLabel& FormView::label(Label& control, const std::vector<Control*>& fields)
     return bind<LabelBinding>(control, new PlainLabel(this), std::move(named));
 }
 
+QLabel& FormView::warning(Label& control)
+{
+    return bind<LabelBinding>(control, new WarningLabel(this), std::vector<LabelBinding::Field>());
+}
+
 QLabel& FormView::value(Label& control, Label& title)
 {
     return bind<ValueBinding>(control, new PlainLabel(this), title);
@@ -177,6 +186,11 @@ QTimeEdit& FormView::timePicker(TimePicker& control)
 QWidget& FormView::picture(PictureBox& control)
 {
     return bind<PictureBinding>(control, new PictureWidget(control, this));
+}
+
+QWidget& FormView::timeline(Timeline& control)
+{
+    return bind<TimelineBinding>(control, new TimelineWidget(control, text(textNumber::times::of), this));
 }
 
 void FormView::image(Image& control, QWidget& picture)

@@ -36,6 +36,7 @@ class PictureBox;
 class TabControl;
 class Table;
 class TimePicker;
+class Timeline;
 
 /// The surface that shows a form: creates the widgets of its controls, bound to them, and keeps the focus in line with
 /// the form. The caller lays out the widgets; the surface owns them.
@@ -63,6 +64,8 @@ public:
     /// `fields` are the controls that the label names, created before it: its mnemonic focuses the visible one, and
     /// they take their accessible names from the label.
     QLabel& label(Label& control, const std::vector<Control*>& fields = {});
+    /// A label with a warning sign.
+    QLabel& warning(Label& control);
     /// A displayed value, named by `title`.
     QLabel& value(Label& control, Label& title);
     /// As `value`, with a bar created by the caller that shows how much of its limit the value uses.
@@ -80,6 +83,7 @@ public:
     /// Shows the time in the control's format.
     QTimeEdit& timePicker(TimePicker& control);
     QWidget& picture(PictureBox& control);
+    QWidget& timeline(Timeline& control);
     /// Shows an image in `picture`, a widget created by the caller; a click on it clicks the image.
     void image(Image& control, QWidget& picture);
     /// A menu with its items.

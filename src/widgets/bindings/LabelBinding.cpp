@@ -128,8 +128,8 @@ SentenceBinding::SentenceBinding(FormView& view, Label& control, QLabel& label)
     : Binding(view, control, label), sentence_(control), label_(label)
 {
     constexpr int moment = 400; // milliseconds
-    label.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label.setFocusPolicy(Qt::NoFocus);
+    label.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    label.setFocusPolicy(Qt::StrongFocus);
     label.setWordWrap(true);
     pause_.setSingleShot(true);
     pause_.setInterval(moment);

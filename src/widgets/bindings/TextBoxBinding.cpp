@@ -14,11 +14,25 @@ namespace ko {
 
 namespace {
 
+/// The box has no history of its own: undoing in it is Escape, redoing is nothing.
+bool isUndo(const QKeyEvent& key)
+{
+    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+}
+
 /// The clipboard keys belong to the window's edit commands, if it has any; otherwise the box handles them.
 bool isEditCommand(const QKeyEvent& key, bool hasSelection)
 {
-    return key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Paste) ||
-           (hasSelection && key.matches(QKeySequence::Delete));
+    return isUndo(key) || key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Copy) ||
+           key.matches(QKeySequence::Paste) || (hasSelection && key.matches(QKeySequence::Delete));
+}
+
+/// The colours of a box that cannot be typed in, which does not look like a field.
+QPalette flat()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    return palette;
 }
 
 } // namespace
@@ -62,8 +76,13 @@ void TextBoxBinding::refresh(Aspect aspect)
     case Aspect::Text: showText(); break;
     case Aspect::Selection: showSelection(); break;
     case Aspect::Mark: showMark(); break;
+    case Aspect::Hint:
+        refreshHint();
+        ko::raise(view_.formChanged);
+        break;
     case Aspect::Usability:
         edit_.setReadOnly(box_.locked());
+        edit_.setPalette(box_.locked() ? flat() : QPalette());
         Binding::refresh(aspect);
         break;
     default: Binding::refresh(aspect);
@@ -113,13 +132,16 @@ void TextBoxBinding::showMark()
 void TextBoxBinding::refreshHint()
 {
     Binding::refreshHint();
-    if (!box_.marked())
-        return;
-    const QString invalid = view_.text(pageText::invalidEntry);
-    const QString both = invalid + QStringLiteral(". ") + toQt(box_.tag());
-    edit_.setToolTip(plainTip(invalid));
-    edit_.setStatusTip(both);
-    edit_.setAccessibleDescription(both);
+    QStringList hints{edit_.statusTip()};
+    if (box_.marked()) {
+        hints.prepend(view_.text(pageText::invalidEntry));
+        edit_.setToolTip(plainTip(hints.front()));
+    }
+    if (!box_.escapeText().empty())
+        hints.append(view_.text(pageText::escapeHint).arg(toQt(box_.escapeText())));
+    hints.removeAll(QString());
+    edit_.setStatusTip(hints.join(QStringLiteral(". ")));
+    edit_.setAccessibleDescription(edit_.statusTip());
 }
 
 /// A line edit without the focus clears its displayed selection, but the model keeps it.
@@ -144,6 +166,15 @@ bool TextBoxBinding::takesDrop(QDropEvent& drop)
     return stays && outcome == Outcome::Done;
 }
 
+/// Returns whether the key was Escape, or one for undoing or redoing.
+bool TextBoxBinding::reverts(const QKeyEvent& key)
+{
+    const bool isEscape = key.key() == Qt::Key_Escape || key.matches(QKeySequence::Undo);
+    if (isEscape)
+        view_.act([&] { box_.userUndid(); });
+    return isEscape || key.matches(QKeySequence::Redo);
+}
+
 bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::Drop && !takesDrop(*static_cast<QDropEvent*>(event)))
@@ -154,10 +185,8 @@ bool TextBoxBinding::eventFilter(QObject*, QEvent* event)
         followFocus(event->type() == QEvent::FocusIn);
     if (event->type() == QEvent::ShortcutOverride)
         return isEditCommand(*static_cast<QKeyEvent*>(event), edit_.hasSelectedText());
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && box_.undo) {
-        view_.act([&] { box_.userUndid(); });
+    if (event->type() == QEvent::KeyPress && box_.undo && reverts(*static_cast<QKeyEvent*>(event)))
         return true;
-    }
     if (event->type() != QEvent::MouseButtonDblClick || !box_.doubleClick)
         return false;
     view_.act([&] { box_.userDoubleClicked(); });

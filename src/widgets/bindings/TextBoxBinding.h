@@ -26,6 +26,7 @@ private:
     void showText();
     void showSelection();
     void showMark();
+    bool reverts(const QKeyEvent& key);
     bool takesDrop(QDropEvent& drop);
     void followFocus(bool came);
 

@@ -3,6 +3,7 @@
 #include "widgets/bindings/DateBindings.h"
 #include "widgets/bindings/FormView.h"
 #include "widgets/support/PageTexts.h"
+#include "widgets/support/PlainText.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -12,6 +13,8 @@
 namespace ko {
 
 namespace {
+
+namespace dateText = textNumber::dateDialog;
 
 class DateDialogView : public FormView {
 public:
@@ -40,8 +43,21 @@ private:
         // The focus is in the table of days.
         for (QWidget* part : {&calendar, calendar.focusProxy()})
             part->setAccessibleName(withoutMnemonic(box.title()));
+        nameParts(calendar);
         column->addWidget(&calendar, 1);
         return box;
+    }
+
+    void nameParts(QWidget& calendar)
+    {
+        const std::pair<const char*, int> parts[] = {{"qt_calendar_prevmonth", dateText::previousMonth},
+                                                     {"qt_calendar_nextmonth", dateText::nextMonth},
+                                                     {"qt_calendar_yearedit", dateText::year}};
+        for (const auto& [name, number] : parts)
+            if (auto* part = calendar.findChild<QWidget*>(QString::fromLatin1(name))) {
+                part->setAccessibleName(text(number));
+                part->setToolTip(plainTip(text(number)));
+            }
     }
 
     QGroupBox& layTime(SetDateTime& form)

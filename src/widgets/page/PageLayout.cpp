@@ -1,4 +1,5 @@
 #include "page/Quantities.h"
+#include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/page/PageWidget.h"
 #include "widgets/support/PageTexts.h"
@@ -104,6 +105,15 @@ void PageWidget::addTime(QGridLayout& grid, OptionButton& option, TextBox& box, 
     grid.addWidget(&more, row, buttons);
 }
 
+void PageWidget::addDay(QGridLayout& grid, Label& day, Label* past)
+{
+    auto* line = new QHBoxLayout;
+    if (past)
+        line->addWidget(&view_->warning(*past));
+    line->addWidget(&kept(view_->label(day)), 1);
+    grid.addLayout(line, grid.rowCount(), fields, 1, 2);
+}
+
 void PageWidget::layDynamic()
 {
     QGridLayout& grid = framed(page_.frmDynamic);
@@ -130,6 +140,7 @@ void PageWidget::layStart()
     grid.addWidget(&view_->option(page_.optOnTrigger), grid.rowCount(), labels, 1, 3);
     layTrigger(grid);
     addTime(grid, page_.optStartTime, page_.txtStartTime, page_.cmdStartTime, pageText::startTimeButton);
+    addDay(grid, page_.lblStartDay, &page_.lblStartPast);
     schedule_.push_back(&grid);
 }
 
@@ -152,6 +163,14 @@ void PageWidget::layTrigger(QGridLayout& grid)
     grid.addWidget(&noLine, row + 2, labels, 1, 3);
 }
 
+/// Assistive technology takes the name of a list from its label alone, so the unit has a hidden one.
+void PageWidget::nameUnit(QComboBox& unit)
+{
+    auto* name = new PlainLabel(view_->text(pageText::durationUnit), unit.parentWidget());
+    name->setBuddy(&unit);
+    name->hide();
+}
+
 void PageWidget::layStop()
 {
     QGridLayout& grid = framed(page_.frmStop);
@@ -165,7 +184,9 @@ void PageWidget::layStop()
     duration->addWidget(&unit);
     grid.addWidget(&view_->option(page_.optAfter), row, labels);
     grid.addLayout(duration, row, fields, 1, 2);
+    nameUnit(unit);
     addTime(grid, page_.optStopTime, page_.txtStopTime, page_.cmdStopTime, pageText::stopTimeButton);
+    addDay(grid, page_.lblStopDay);
     addValue(grid, page_.lblDuration, page_.lblDurationValue);
     addValue(grid, page_.lblStopTime, page_.lblStopTimeValue);
     schedule_.push_back(&grid);
@@ -203,6 +224,11 @@ void PageWidget::layColumns()
     centred->addStretch(1);
     auto* limited = new QVBoxLayout;
     limited->addLayout(centred, 1000);
+    auto* centredTimes = new QHBoxLayout;
+    centredTimes->addStretch(1);
+    centredTimes->addWidget(&view_->timeline(page_.tmlPlan), 1000);
+    centredTimes->addStretch(1);
+    limited->addLayout(centredTimes);
     limited->addLayout(whatFits());
     limited->addStretch(1);
     // The picture and the frames share one cell; only one of them is shown.
@@ -240,11 +266,16 @@ void PageWidget::applyMetrics()
 {
     const QFontMetrics metrics = view_->fontMetrics();
     content_->setMaximumSize(metrics.averageCharWidth() * 180, metrics.height() * 50);
+    view_->widget(page_.tmlPlan)->setMaximumWidth(content_->maximumWidth());
     const int buttonWidth = metrics.horizontalAdvance(QStringLiteral(" ... ")) + metrics.height();
     for (const CommandButton* button : {&page_.cmdChannel, &page_.cmdStartTime, &page_.cmdStopTime})
         view_->widget(*button)->setFixedWidth(buttonWidth);
     for (const Quantity& quantity : quantities)
         view_->widget(page_.*quantity.button)->setFixedWidth(buttonWidth);
+    plan_->setMinimumHeight(planHeight());
+    auto* duration = static_cast<QLineEdit*>(view_->widget(page_.txtDuration));
+    duration->setMinimumWidth(
+        EntryMark::widthFor(*duration, view_->text(pageText::notValid), QStringLiteral("0.0001")));
     auto* unit = static_cast<QComboBox*>(view_->widget(page_.cmbInterval));
     unit->setMinimumContentsLength(8);
     view_->widget(page_.grdParam)->setMinimumHeight(metrics.height() * 8);

@@ -3,11 +3,14 @@
 #include "page/Page.h"
 #include "widgets/bindings/FormView.h"
 
-#include <QScrollArea>
+#include <QTimer>
+#include <QWidget>
 
 class QBoxLayout;
+class QComboBox;
 class QGridLayout;
 class QLabel;
+class QScrollArea;
 
 namespace ko {
 
@@ -17,10 +20,10 @@ class NoInstrumentPicture;
 
 /// The timebase page as a widget: measurements at the left, start and stop of the recording at the right, or one below
 /// the other in a narrow window; scrolls in a small window. Without instruments it shows only the picture of the
-/// no-instrument screen. The plan's sentence is below the scrolled area.
+/// no-instrument screen. The plan's sentence is below the scrolled area; its text can be selected and copied.
 ///
 /// The page must outlive the widget.
-class PageWidget : public QScrollArea {
+class PageWidget : public QWidget {
 public:
     /// `menus` are the titles of the window's other menus, whose mnemonics no label uses.
     PageWidget(Page& page, const Texts& texts, QWidget* parent = nullptr, const QStringList& menus = {});
@@ -30,13 +33,17 @@ public:
     /// The page's own menu, for the host's menu bar.
     [[nodiscard]] QMenu& menu() { return *menu_; }
 
+    /// Scrolls a widget of the view into sight.
+    void ensureWidgetVisible(QWidget* part);
+
     [[nodiscard]] QSize sizeHint() const override;
+    /// The scrolled area takes any height; the window would otherwise open with the least one.
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
-    bool event(QEvent* event) override;
 
 private:
     /// Creates a grid in the frame: a label column, a growing field column, and a button column.
@@ -46,6 +53,8 @@ private:
     void addValue(QGridLayout& grid, Label& label, Label& value);
     void addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& value);
     void addTime(QGridLayout& grid, OptionButton& option, TextBox& box, CommandButton& button, int buttonText);
+    /// Adds a line with the day of a time and, if the time can be past, a warning.
+    void addDay(QGridLayout& grid, Label& day, Label* past = nullptr);
     QWidget& kept(QWidget& widget);
 
     void layDynamic();
@@ -53,14 +62,17 @@ private:
     void layStart();
     void layTrigger(QGridLayout& grid);
     void layStop();
+    void nameUnit(QComboBox& unit);
     void layColumns();
     /// The controls shown after a refusal, below the frames, so that they move no other control.
     QLayout* whatFits();
     void layPlan();
-    void placePlan();
-    [[nodiscard]] int planHeight(int width) const;
+    /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
+    [[nodiscard]] int planHeight() const;
     void alignLabels(const std::vector<QGridLayout*>& grids);
     void arrange();
+    /// Calls `Page::minutePassed` at the start of each minute, unless a dialog or a message is open.
+    void followClock();
     void stretch(bool stacked);
     void applyMetrics();
 
@@ -68,10 +80,12 @@ private:
     FormView* view_;
     NoInstrumentPicture* picture_;
     QMenu* menu_;
+    QScrollArea* area_;
     QLabel* plan_ = nullptr;
     QWidget* content_ = nullptr;
     QBoxLayout* columns_ = nullptr;
     QBoxLayout* schedules_ = nullptr;
+    QTimer minute_;
     std::vector<QGridLayout*> measurements_, schedule_;
 };
 

@@ -27,6 +27,7 @@ private:
 struct UserActions::State {
     int inProgress = 0;
     bool isOver = false;
+    std::function<void()> done;
     std::shared_ptr<void> kept;
     std::unique_ptr<QWidget> remains;
 };
@@ -42,9 +43,23 @@ UserActions::Action::Action(const UserActions& actions) : state_(actions.state_)
 
 UserActions::Action::~Action()
 {
+    if (--state_->inProgress > 0)
+        return;
     // The toolkit uses the widgets until control returns to its event loop.
-    if (--state_->inProgress == 0 && state_->remains)
+    if (state_->remains)
         state_->remains.release()->deleteLater();
+    else if (state_->done && !state_->isOver)
+        guarded(state_->done);
+}
+
+bool UserActions::areInProgress() const
+{
+    return state_->inProgress > 0;
+}
+
+void UserActions::whenDone(std::function<void()> done)
+{
+    state_->done = std::move(done);
 }
 
 bool UserActions::Action::isOver() const

@@ -2,6 +2,7 @@
 
 #include "widgets/support/Guarded.h"
 
+#include <functional>
 #include <memory>
 
 class QWidget;
@@ -43,6 +44,10 @@ public:
         guarded(std::forward<Act>(act));
         return !action.isOver();
     }
+
+    [[nodiscard]] bool areInProgress() const;
+    /// `done` is called each time when the last action in progress has returned, unless the surface has been destroyed.
+    void whenDone(std::function<void()> done);
 
     /// Keeps `kept` alive until the surface and its widgets have been destroyed.
     void keep(std::shared_ptr<void> kept);

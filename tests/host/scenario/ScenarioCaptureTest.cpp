@@ -142,7 +142,7 @@ TEST_F(ScenarioCaptureTest, InputsReadAsAUserWouldWriteThem)
     use("key Shift+F1\nleave\nleave\nopen-cell 1\ntext grdParam 1.5 1 2\nend-cell\nopen-cell 1\ndrop-cell\ncell 1 "
         "99\n");
     EXPECT_EQ(lines(), "type 5\ntype 7\ntext txtDuration 157 1 0\nselect txtDuration 0 1\ntext txtDuration \"a b\"\n"
-                       "undo txtDuration\nkey Shift+F1\nleave\nfocus grdParam\nopen-cell 1\ntext grdParam 1.5 1 2\n"
+                       "key Escape\nkey Shift+F1\nleave\nfocus grdParam\nopen-cell 1\ntext grdParam 1.5 1 2\n"
                        "end-cell\nopen-cell 1\ndrop-cell\ncell 1 99\n");
 }
 

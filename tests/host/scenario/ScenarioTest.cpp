@@ -185,7 +185,7 @@ constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"text cmbInterval 5", "the control \"cmbInterval\" cannot be written in"},
     {"select txtDuration -1 2", "a selection begins at 0 and has no length below 0"},
     {"expect txtDuration caption x", "\"txtDuration\" has no property \"caption\""},
-    {"key Return", "\"Return\" is no key such as F1 or Shift+F1"},
+    {"key Return", "\"Return\" is no key such as F1, Shift+F1 or Escape"},
     {"print P copies", "\"copies\" is no print setting such as copies=2"},
     {"print P size=2", "there is no print setting \"size\""},
     {"clock noon", "\"noon\" is no date and time such as \"2026-11-21 09:30:00\""},

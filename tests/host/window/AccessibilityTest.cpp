@@ -1,5 +1,6 @@
 #include "host/window/FrameWindow.h"
 #include "platform/DateControls.h"
+#include "widgets/bindings/EntryMark.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -9,6 +10,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -33,6 +35,7 @@ const std::map<std::string_view, QAccessible::Role> roles{
     {"Gridocx", QAccessible::Table},
     {"Image", QAccessible::Graphic},
     {"PictureBox", QAccessible::Graphic},
+    {"Timeline", QAccessible::Graphic},
     {"MonthView", QAccessible::Table},
     {"DTPicker", QAccessible::SpinBox},
     {"ChannelSelector", QAccessible::Grouping},
@@ -82,11 +85,21 @@ protected:
     }
     /// Names must not contain the mark of a mnemonic.
     static bool isName(const QString& text) { return !text.isEmpty() && !text.contains(u'&'); }
+    /// The name of a list is that of the label that refers to it; its own text is its value.
+    static QString nameOf(const Control& control, QAccessibleInterface& element)
+    {
+        if (!dynamic_cast<const ComboBox*>(&control))
+            return element.text(QAccessible::Name);
+        for (const auto& [other, relation] : element.relations(QAccessible::Label))
+            if (relation == QAccessible::Label && other->object() != element.parent()->object())
+                return other->text(QAccessible::Name);
+        return {};
+    }
     static void checkControl(const Control& control, QWidget& widget)
     {
         QAccessibleInterface* element = QAccessible::queryAccessibleInterface(&widget);
         ASSERT_NE(element, nullptr) << control.name();
-        EXPECT_TRUE(isName(element->text(QAccessible::Name))) << control.name();
+        EXPECT_TRUE(isName(nameOf(control, *element))) << control.name();
         EXPECT_EQ(element->role(), roles.at(control.typeName())) << control.name();
         const bool hasHint = std::atoi(control.tag().c_str()) == 0;
         if (control.takesFocus() && hasHint) {
@@ -94,11 +107,16 @@ protected:
         }
         checkValue(control, *element);
     }
-    /// Checks that everything focusable has a name, including parts of controls.
+    /// Checks that everything that can be used has a name, including parts of controls.
     static void checkParts(QAccessibleInterface& element)
     {
-        if (element.state().focusable && !element.state().invisible && element.role() != QAccessible::Client) {
-            EXPECT_TRUE(isName(element.text(QAccessible::Name))) << element.object()->metaObject()->className();
+        const bool isUsed = element.state().focusable || element.role() == QAccessible::Button ||
+                            element.role() == QAccessible::ButtonMenu || element.role() == QAccessible::List;
+        const QString name = element.text(QAccessible::Name);
+        EXPECT_FALSE(name.contains(u'&')) << name.toStdString();
+        if (isUsed && !element.state().invisible && element.role() != QAccessible::Client) {
+            EXPECT_TRUE(isName(name)) << (element.object() ? element.object()->metaObject()->className() : "") << " in "
+                                      << element.parent()->text(QAccessible::Name).toStdString();
         }
         for (int i = 0; i < element.childCount(); ++i)
             if (QAccessibleInterface* child = element.child(i))
@@ -145,6 +163,7 @@ TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleVal
     checkDialog(page().cmdChannel);
     checkDialog(page().mnuTimebaseTriggerLines);
     checkDialog(page().cmdSampleRateOffers);
+    checkParts(*QAccessible::queryAccessibleInterface(&window));
     const QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(&window.page().menu());
     ASSERT_EQ(menu->childCount(), 1);
     EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);
@@ -158,7 +177,7 @@ QStringList altTexts(FrameWindow& window)
     for (const QAction* menu : window.menuBar()->actions())
         texts << menu->text();
     for (const QLabel* label : window.findChildren<QLabel*>())
-        if (label->buddy())
+        if (label->buddy() && (label->text().contains(u'&') || !label->isHidden()))
             texts << label->text();
     for (const QAbstractButton* button : window.findChildren<QAbstractButton*>())
         if (button->text().contains(u'&'))
@@ -166,12 +185,17 @@ QStringList altTexts(FrameWindow& window)
     return texts;
 }
 
+std::string stringsOf(const char* language)
+{
+    QFile strings(QStringLiteral(KO_DEMO_FOLDER "/../strings/%1.txt").arg(language));
+    EXPECT_TRUE(strings.open(QIODevice::ReadOnly));
+    return strings.readAll().toStdString();
+}
+
 TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
 {
     for (const char* language : {"en", "de", "fr", "ja"}) {
-        QFile strings(QStringLiteral(KO_DEMO_FOLDER "/../strings/%1.txt").arg(language));
-        ASSERT_TRUE(strings.open(QIODevice::ReadOnly));
-        FrameWindow window(strings.readAll().toStdString());
+        FrameWindow window(stringsOf(language));
         window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
         QMap<QKeySequence, QString> places;
         const QStringList texts = altTexts(window);
@@ -187,6 +211,24 @@ TEST(MnemonicsTest, EachLetterLeadsToOnePlaceOfTheWindowInEveryLanguage)
             EXPECT_EQ(*language == 'j' && text.contains(u'&'), text.contains(QStringLiteral("(&")))
                 << text.toStdString();
         }
+    }
+}
+
+TEST(MarkTest, TheWordIsBesideTheSignInAWindowOfTheDefaultSizeInEveryLanguage)
+{
+    for (const char* language : {"en", "de", "fr", "ja"}) {
+        FrameWindow window(stringsOf(language));
+        window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
+        window.show();
+        Page& page = window.document().page();
+        auto& box = static_cast<QLineEdit&>(*window.page().view().widget(page.txtDuration));
+        ASSERT_TRUE(page.moveFocus(&page.txtDuration));
+        QTest::keyClicks(&box, "0.25x");
+        const auto* mark = dynamic_cast<EntryMark*>(box.children().constLast());
+        ASSERT_NE(mark, nullptr) << language;
+        EXPECT_GE(mark->width(),
+                  mark->fontMetrics().height() + mark->fontMetrics().horizontalAdvance(mark->accessibleName()));
+        EXPECT_GE(window.page().height(), window.page().view().minimumSizeHint().height()) << "nothing is scrolled";
     }
 }
 
@@ -208,7 +250,8 @@ TEST_F(AccessibilityTest, FiguresInvalidEntriesAndSharesReadWell)
     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
     QTest::keyClicks(&at(page().txtDuration), "x");
     EXPECT_EQ(accessibleText(&at(page().txtDuration), QAccessible::Description),
-              window.text(3009) + ". " + toQt(page().txtDuration.tag()));
+              window.text(3009) + ". " + toQt(page().txtDuration.tag()) + ". " +
+                  window.text(3550).arg(toQt(page().txtDuration.escapeText())));
 }
 
 TEST_F(AccessibilityTest, ThePlanIsReadWhenTheUserPauses)

@@ -132,7 +132,7 @@ protected:
     }
     int enable(int on)
     {
-        driver(0).enableChannel(0, 0, on == 1);
+        window.history().edit([&] { driver(0).enableChannel(0, 0, on == 1); });
         return on;
     }
 };

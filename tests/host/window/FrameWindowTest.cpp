@@ -250,7 +250,12 @@ TEST_F(FrameWindowTest, TheStatusLineShowsTheHintOfTheFocusAndItsRange)
     EXPECT_EQ(hint->shown(), hint->text());
     hint->resize(90, hint->height());
     EXPECT_TRUE(hint->shown().endsWith(u'\u2026') && hint->shown().size() > 5) << hint->shown().toStdString();
-    QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton, {}, QPoint(8, 8));
+    QStatusTipEvent hover(QStringLiteral("below the mouse"));
+    QApplication::sendEvent(&at(page().optAfter), &hover);
+    EXPECT_FALSE(hint->isVisible());
+    ASSERT_TRUE(page().optImmediate.isUsable());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_I, Qt::AltModifier);
+    EXPECT_TRUE(hint->isVisible());
     EXPECT_EQ(hint->text(), window.text(1128));
 }
 

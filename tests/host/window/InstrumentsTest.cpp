@@ -123,7 +123,7 @@ TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrument
         {[&] { window.findChild<QPushButton*>("tryAgain")->click(); }, false},
         {tick("B"), true}};
     for (const auto& [change, marks] : changes) {
-        window.session().setChanged(false);
+        window.history().saved();
         change();
         EXPECT_EQ(held(), before);
         EXPECT_EQ(page().lines.line(LineTrigger::start), 5);

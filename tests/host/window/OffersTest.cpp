@@ -75,10 +75,11 @@ TEST_F(OffersTest, TheButtonIsTheNextTabStopAndItsTableReadsCellByCell)
 TEST_F(OffersTest, OnAReadOnlyPageTheButtonsAreAllThatCanBeReached)
 {
     action(hostText::viewMenu, hostText::readOnly).trigger();
-    for (const CommandButton* button : {&page().cmdSampleRateOffers, &page().cmdSamplePeriodOffers,
-                                        &page().cmdBlockSizeOffers, &page().cmdSampleRateOffers}) {
+    for (const Control* stop : std::initializer_list<const Control*>{
+             &page().cmdSampleRateOffers, &page().cmdSamplePeriodOffers, &page().cmdBlockSizeOffers, &page().lblPlan,
+             &page().cmdSampleRateOffers}) {
         press(Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), &at(*button)) << button->name();
+        EXPECT_EQ(QApplication::focusWidget(), &at(*stop)) << stop->name();
     }
     inDialog([](QDialog& dialog) { dialog.accept(); });
     press(Qt::Key_Space);

@@ -1,0 +1,83 @@
+#include "host/instruments/SimulatedDriver.h"
+
+#include <utility>
+
+namespace ko {
+
+namespace {
+
+/// Sets members that differ, each as a call that is counted, observed and made to fail as planned.
+struct Restoring {
+    CallGate& calls;
+
+    template <class T> void set(Operation operation, CallGate::Arguments arguments, T& held, const T& earlier) const
+    {
+        if (held != earlier)
+            calls.write(operation, arguments, earlier, [&] { return held = earlier; });
+    }
+
+    void timebase(TimebaseSettings& held, const TimebaseSettings& earlier) const
+    {
+        set(Operation::SamplePeriodSet, {}, held.samplePeriod.value, earlier.samplePeriod.value);
+        set(Operation::BlockSizeSet, {}, held.blockSize.value, earlier.blockSize.value);
+        set(Operation::ScanPeriodSet, {}, held.scanPeriod.value, earlier.scanPeriod.value);
+        set(Operation::DurationSet, {}, held.duration, earlier.duration);
+        set(Operation::StartTimeSet, {}, held.startTime, earlier.startTime);
+        set(Operation::StopModeSet, {}, held.stopMode, earlier.stopMode);
+        set(Operation::StartModeSet, {}, held.startMode, earlier.startMode);
+    }
+
+    void lines(TriggerLineSettings& held, const TriggerLineSettings& earlier) const
+    {
+        set(Operation::StartTriggerLineSet, {}, held.startTriggerLine, earlier.startTriggerLine);
+        set(Operation::StartTriggerInput, {}, held.startTriggerInput, earlier.startTriggerInput);
+        set(Operation::ScanTriggerLineSet, {}, held.scanTriggerLine, earlier.scanTriggerLine);
+        set(Operation::ScanTriggerInput, {}, held.scanTriggerInput, earlier.scanTriggerInput);
+    }
+
+    void channel(std::int32_t group, std::int32_t number, ChannelSettings& held, const ChannelSettings& earlier) const
+    {
+        set(Operation::TriggerEnabledSet, {group, number}, held.triggerSource, earlier.triggerSource);
+        const std::size_t count = std::min(held.triggerParameters.size(), earlier.triggerParameters.size());
+        for (std::size_t i = 0; i < count; ++i) {
+            ParameterSettings& parameter = held.triggerParameters[i];
+            if (parameter.id == earlier.triggerParameters[i].id)
+                set(Operation::SetTriggerParamValue, {group, number, parameter.id}, parameter.value,
+                    earlier.triggerParameters[i].value);
+        }
+    }
+};
+
+/// Calls `visit` with the index and both elements of each pair.
+template <class T, class Visit> void forEachPair(std::vector<T>& held, const std::vector<T>& earlier, Visit&& visit)
+{
+    for (std::size_t i = 0; i < std::min(held.size(), earlier.size()); ++i)
+        visit(static_cast<std::int32_t>(i), held[i], earlier[i]);
+}
+
+} // namespace
+
+void SimulatedDriver::restore(const InstrumentSettings& earlier)
+{
+    const bool hasSameViews = settings_.timebase.has_value() == earlier.timebase.has_value() &&
+                              settings_.triggerLines.has_value() == earlier.triggerLines.has_value() &&
+                              settings_.hasTriggerParameters == earlier.hasTriggerParameters;
+    if (!hasSameViews)
+        fail(failure::invalidCall);
+    const Restoring restoring{calls_};
+    if (earlier.timebase)
+        restoring.timebase(*settings_.timebase, *earlier.timebase);
+    if (earlier.triggerLines)
+        restoring.lines(*settings_.triggerLines, *earlier.triggerLines);
+    forEachPair(settings_.groups, earlier.groups, [&](std::int32_t group, GroupSettings& held, const auto& before) {
+        forEachPair(held.channels, before.channels, [&](std::int32_t channel, ChannelSettings& now, const auto& was) {
+            restoring.channel(group, channel, now, was);
+        });
+    });
+    // What is left has no operation: names, offers and enabled channels.
+    auto failing = std::move(settings_.failing);
+    settings_ = earlier;
+    settings_.failing = std::move(failing);
+}
+
+} // namespace ko

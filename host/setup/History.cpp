@@ -1,0 +1,177 @@
+#include "host/setup/History.h"
+
+namespace ko {
+
+namespace {
+
+/// Returns to settings that the instrument had before a restore that failed.
+void putBack(SimulatedDriver& driver, const InstrumentSettings& settings)
+{
+    try {
+        driver.restore(settings);
+    } catch (const Failure&) {
+        // The user is told of the failure before this one.
+        return;
+    }
+}
+
+} // namespace
+
+HistoryState HistoryState::present(const SimulatedDrivers& drivers, const Page& page, const HistoryState& like)
+{
+    HistoryState state{drivers, {}, StoredSettings::of(page)};
+    state.settings.reserve(drivers.size());
+    for (std::size_t i = 0; i < drivers.size(); ++i) {
+        const InstrumentSettings& held = drivers[i]->held();
+        const bool isSame = i < like.drivers.size() && like.drivers[i] == drivers[i] && *like.settings[i] == held;
+        state.settings.push_back(isSame ? like.settings[i] : std::make_shared<const InstrumentSettings>(held));
+    }
+    return state;
+}
+
+void History::begin(const SimulatedDrivers& drivers, Page& page)
+{
+    page_ = &page;
+    present_ = HistoryState::present(drivers, page, {});
+    states_ = {present_};
+    steps_.clear();
+    position_ = 0;
+    clean_ = 0;
+    run_ = std::make_shared<int>();
+    raise(changed);
+}
+
+void History::end()
+{
+    page_ = nullptr;
+    run_.reset();
+    present_ = {};
+    states_.clear();
+    steps_.clear();
+    position_ = 0;
+    clean_.reset();
+}
+
+void History::absorb()
+{
+    if (!page_)
+        return;
+    present_ = states_[position_] = HistoryState::present(present_.drivers, *page_, present_);
+    raise(changed);
+}
+
+bool History::hasEntryInProgress() const
+{
+    const auto* const box = page_ ? dynamic_cast<const TextBox*>(page_->activeControl()) : nullptr;
+    return box && !box->escapeText().empty();
+}
+
+void History::settle()
+{
+    isTyping_ = hasEntryInProgress();
+    if (!isTyping_)
+        finish();
+}
+
+/// An action may leave the box and then do something else, which is another step.
+void History::focusMoved()
+{
+    if (isTyping_ && page_ && !page_->isLoading && !hasEntryInProgress())
+        settle();
+}
+
+void History::finish()
+{
+    if (!page_)
+        return;
+    HistoryState now = HistoryState::present(present_.drivers, *page_, present_);
+    const bool isChannelChosen = now.stored.triggerSlot != present_.stored.triggerSlot ||
+                                 now.stored.triggerChannel != present_.stored.triggerChannel;
+    if (!now.hasSameInstruments(present_) || isChannelChosen) {
+        push(std::move(now));
+    } else {
+        states_[position_].stored = now.stored;
+        present_ = std::move(now);
+    }
+    raise(changed);
+}
+
+/// Steps that were undone cannot be redone after another edit.
+void History::push(HistoryState state)
+{
+    const auto done = static_cast<std::ptrdiff_t>(position_);
+    steps_.erase(steps_.begin() + done, steps_.end());
+    states_.erase(states_.begin() + done + 1, states_.end());
+    if (clean_ && *clean_ > position_)
+        clean_.reset();
+    steps_.push_back(stepText(present_, state, words_));
+    present_ = state;
+    states_.push_back(std::move(state));
+    ++position_;
+    if (steps_.size() <= maximumSteps)
+        return;
+    steps_.erase(steps_.begin());
+    states_.erase(states_.begin());
+    --position_;
+    if (clean_)
+        clean_ = *clean_ > 0 ? std::optional(*clean_ - 1) : std::nullopt;
+}
+
+bool History::moveTo(std::size_t position)
+{
+    if (!page_ || position > steps_.size())
+        return false;
+    const HistoryState target = states_[position];
+    if (!restore(target))
+        return false;
+    position_ = position;
+    target.stored.putOn(*page_);
+    // A message of the page may let the user open another set-up or close the window.
+    const std::weak_ptr<int> run = run_;
+    Control* const focused = page_->activeControl();
+    if (page_->isShown)
+        raise(rebuild);
+    if (run.expired())
+        return false;
+    if (focused && page_->activeControl() != focused)
+        page_->moveFocus(focused);
+    present_ = HistoryState::present(target.drivers, *page_, target);
+    raise(changed);
+    return true;
+}
+
+bool History::restore(const HistoryState& state)
+{
+    std::vector<std::pair<SimulatedDriver*, InstrumentSettings>> before;
+    for (std::size_t i = 0; i < state.drivers.size(); ++i) {
+        SimulatedDriver& driver = *state.drivers[i];
+        if (driver.held() == *state.settings[i])
+            continue;
+        before.emplace_back(&driver, driver.held());
+        try {
+            driver.restore(*state.settings[i]);
+        } catch (const Failure& failure) {
+            for (auto it = before.rbegin(); it != before.rend(); ++it)
+                putBack(*it->first, it->second);
+            if (refused)
+                refused(driver.name(), failure.what());
+            return false;
+        }
+    }
+    return true;
+}
+
+void History::setClean()
+{
+    finish();
+    clean_ = position_;
+    raise(changed);
+}
+
+void History::setUnclean()
+{
+    clean_.reset();
+    raise(changed);
+}
+
+} // namespace ko

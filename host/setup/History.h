@@ -1,0 +1,85 @@
+#pragma once
+
+#include "host/setup/HistoryState.h"
+#include "host/setup/StepText.h"
+
+#include <functional>
+#include <string>
+
+namespace ko {
+
+/// The edits of a set-up as steps that can be undone and redone. A step is one edit of the user: what he typed from the
+/// focus to the leaving of a box, one choice, one dialog, one cell, one instrument switched. A state is what all
+/// instruments hold and what the page stores; a step leads from one state to the next. It depends on no window.
+class History {
+public:
+    /// Maximum number of steps; older ones are dropped.
+    static constexpr std::size_t maximumSteps = 500;
+
+    explicit History(StepWords words) : words_(std::move(words)) {}
+
+    /// Begins with the present state of these instruments, which is the saved one, and no steps. `page` outlives the
+    /// history or the next call of `begin` or `end`.
+    void begin(const SimulatedDrivers& drivers, Page& page);
+    /// Forgets the page and all steps.
+    void end();
+
+    /// Called after each action of the user: what has changed since the last step becomes a step. An entry in progress,
+    /// a text box that Escape would change, is not finished, and waits for its end.
+    void settle();
+    /// Called when the focus of the page may have moved, which ends an entry in progress.
+    void focusMoved();
+    /// As `settle`, with an entry in progress, too.
+    void finish();
+
+    /// Called after the host has made the page write to the instruments, which is no edit: the present state becomes
+    /// that of the present position.
+    void absorb();
+
+    /// Undoes or redoes steps until so many are done. The settings of all instruments are restored, and what the page
+    /// stores; then `rebuild` is called. If an instrument does not take its settings, all get back those that they had,
+    /// `refused` is called, and nothing changes. Returns whether the position is reached. Call `finish` before.
+    bool moveTo(std::size_t position);
+    bool undo() { return position_ > 0 && moveTo(position_ - 1); }
+    bool redo() { return position_ < steps().size() && moveTo(position_ + 1); }
+
+    /// The steps' texts, oldest first, and how many of them are done.
+    [[nodiscard]] const std::vector<std::string>& steps() const { return steps_; }
+    [[nodiscard]] std::size_t position() const { return position_; }
+
+    /// Whether the user is typing in a text box that Escape would change; the entry is no step yet.
+    [[nodiscard]] bool hasEntryInProgress() const;
+
+    /// Whether the present state is the saved one.
+    [[nodiscard]] bool isClean() const { return clean_ == position_; }
+    /// The position of the saved state; none if no step leads there.
+    [[nodiscard]] std::optional<std::size_t> cleanPosition() const { return clean_; }
+    /// Called when the present state has been saved.
+    void setClean();
+    /// Called after a change that is saved but is no step: only saving makes the state clean again.
+    void setUnclean();
+
+    /// Makes the page read its instruments again, keeping their trigger lines; called if it is shown. The focus is then
+    /// restored.
+    std::function<void()> rebuild;
+    /// Called with the instrument that did not take its settings, and the reason.
+    std::function<void(const std::string& instrument, const std::string& reason)> refused;
+    /// Called when steps, position or the clean state may have changed.
+    std::function<void()> changed;
+
+private:
+    void push(HistoryState state);
+    bool restore(const HistoryState& state);
+
+    StepWords words_;
+    Page* page_ = nullptr;
+    std::vector<HistoryState> states_; ///< one more than steps
+    std::vector<std::string> steps_;
+    std::size_t position_ = 0;
+    std::optional<std::size_t> clean_;
+    HistoryState present_;     ///< what the instruments held when last looked at
+    bool isTyping_ = false;    ///< an entry was in progress after the last action
+    std::shared_ptr<int> run_; ///< replaced when a history begins
+};
+
+} // namespace ko

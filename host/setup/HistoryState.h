@@ -1,0 +1,53 @@
+#pragma once
+
+#include "host/instruments/SimulatedDriver.h"
+#include "page/Page.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace ko {
+
+/// What the page stores beside the instruments and writes to them, or marks in them, when it is rebuilt.
+struct StoredSettings {
+    std::optional<TriggerVars> triggerVars;
+    bool triggerVarsAreOfFirst = false;
+    std::int32_t triggerSlot = -1;
+    std::int32_t triggerChannel = -1;
+
+    bool operator==(const StoredSettings&) const = default;
+
+    static StoredSettings of(const Page& page)
+    {
+        return {page.triggerVars, page.triggerVarsAreOfFirst, page.TriggerSlot, page.TriggerChannel};
+    }
+    void putOn(Page& page) const
+    {
+        page.triggerVars = triggerVars;
+        page.triggerVarsAreOfFirst = triggerVarsAreOfFirst;
+        page.TriggerSlot = triggerSlot;
+        page.TriggerChannel = triggerChannel;
+    }
+};
+
+/// The settings of all instruments and those that the page stores, at one moment. States share the settings of
+/// instruments that do not differ.
+struct HistoryState {
+    using Settings = std::shared_ptr<const InstrumentSettings>;
+
+    SimulatedDrivers drivers;
+    std::vector<Settings> settings; ///< in the order of `drivers`
+    StoredSettings stored;
+
+    /// Returns the present state; shares what `like` has the same.
+    static HistoryState present(const SimulatedDrivers& drivers, const Page& page, const HistoryState& like);
+    /// Whether the instruments and their settings are the same.
+    [[nodiscard]] bool hasSameInstruments(const HistoryState& other) const
+    {
+        return drivers == other.drivers && settings == other.settings;
+    }
+};
+
+} // namespace ko

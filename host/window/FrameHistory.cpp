@@ -1,0 +1,217 @@
+#include "host/window/FrameHistory.h"
+
+#include "host/setup/SetupSession.h"
+#include "host/support/HostTexts.h"
+#include "host/window/FrameCapture.h"
+#include "host/window/PageHost.h"
+#include "platform/Scoped.h"
+#include "widgets/support/Modal.h"
+#include "widgets/support/ShownText.h"
+
+#include <QMainWindow>
+#include <QMenu>
+#include <QUndoView>
+
+namespace ko {
+
+namespace historyText = textNumber::history;
+
+/// A row of the list of steps.
+class FrameHistory::Step : public QUndoCommand {
+public:
+    using QUndoCommand::QUndoCommand;
+};
+
+FrameHistory::FrameHistory(QMainWindow& window, const UserActions& actions, FrameParts& parts, PageHost& page,
+                           SetupSession& session, FrameCapture& capture)
+    : window_(window), actions_(actions), parts_(parts), page_(page), session_(session), capture_(capture),
+      history_({[&parts](int number) { return parts.component->text(number); },
+                [&parts]() -> const Locale& { return parts.platform.locale; }}),
+      dock_(new QDockWidget(withoutMnemonic(parts.text(historyText::history)), &window)),
+      view_(new QUndoView(&stack_, dock_))
+{
+    dock_->setObjectName(QStringLiteral("historyDock"));
+    view_->setEmptyLabel(parts.text(historyText::opened));
+    view_->setAccessibleName(dock_->windowTitle());
+    dock_->setWidget(view_);
+    dock_->setFocusProxy(view_);
+    window.addDockWidget(Qt::RightDockWidgetArea, dock_);
+    dock_->hide();
+    onSignal(&stack_, &QUndoStack::indexChanged, this, [this](int index) {
+        if (!isShowing_)
+            moveTo(static_cast<std::size_t>(index));
+    });
+    onSignal(&undo_, &QAction::triggered, this, [this] { undo(); });
+    onSignal(&redo_, &QAction::triggered, this, [this] { redo(); });
+    undo_.setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Z)});
+    redo_.setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    page.actionDone = [this] { settle(); };
+    page.focusMoved = [this] { history_.focusMoved(); };
+    history_.changed = [this] { show(); };
+    history_.rebuild = [this] { ko::raise(rebuild); };
+    history_.refused = [this](const std::string& instrument, const std::string& reason) {
+        tellRefused(instrument, reason);
+    };
+}
+
+FrameHistory::~FrameHistory()
+{
+    page_.actionDone = page_.focusMoved = nullptr;
+    history_.end();
+    // Its destructor raises signals.
+    stack_.blockSignals(true);
+    // The dock may outlive the window, in an action in progress.
+    if (dock_)
+        view_->setStack(nullptr);
+}
+
+void FrameHistory::addEntries(QMenu& menu)
+{
+    menu.addAction(&undo_);
+    menu.addAction(&redo_);
+    menu.addSeparator();
+    onSignal(&menu, &QMenu::aboutToShow, this, [this] {
+        undo_.setEnabled(!isLocked() && (history_.position() > 0 || history_.hasEntryInProgress()));
+        redo_.setEnabled(!isLocked() && history_.position() < history_.steps().size());
+    });
+    // A disabled action would not receive its shortcut.
+    onSignal(&menu, &QMenu::aboutToHide, this, [this] {
+        undo_.setEnabled(true);
+        redo_.setEnabled(true);
+    });
+}
+
+void FrameHistory::begin()
+{
+    history_.begin(session_.drivers(), page_.document().page());
+}
+
+/// Actions of the page may be part of one of the window.
+void FrameHistory::settle()
+{
+    if (!actions_.areInProgress() && !page_.widget().view().actions().areInProgress())
+        history_.settle();
+}
+
+void FrameHistory::edit(const std::function<void()>& change)
+{
+    history_.finish();
+    const std::weak_ptr<int> life = life_;
+    change();
+    if (!life.expired())
+        history_.finish();
+}
+
+void FrameHistory::hostCall(const std::function<void()>& call)
+{
+    history_.finish();
+    const std::weak_ptr<int> life = life_;
+    call();
+    if (!life.expired())
+        history_.absorb();
+}
+
+bool FrameHistory::isLocked() const
+{
+    return page_.document().page().readOnly;
+}
+
+void FrameHistory::undo()
+{
+    if (isLocked())
+        return;
+    if (history_.hasEntryInProgress()) {
+        auto* const box = dynamic_cast<TextBox*>(page_.document().page().activeControl());
+        page_.widget().view().act([box] { box->userUndid(); });
+    } else if (history_.position() > 0) {
+        moveTo(history_.position() - 1);
+    }
+}
+
+void FrameHistory::redo()
+{
+    history_.finish();
+    if (!isLocked() && history_.position() < history_.steps().size())
+        moveTo(history_.position() + 1);
+}
+
+void FrameHistory::moveTo(std::size_t position)
+{
+    const UserActions::Action action(actions_);
+    if (isLocked())
+        return show();
+    history_.finish();
+    for (std::size_t at = history_.position(); at != position; at < position ? ++at : --at)
+        capture_.host({at < position ? "redo" : "undo"});
+    const QPointer<QWidget> focused = window_.focusWidget();
+    history_.moveTo(position);
+    if (action.isOver())
+        return;
+    show();
+    // The page takes the focus back while it is rebuilt.
+    if (focused && !page_.widget().isAncestorOf(focused))
+        focused->setFocus();
+}
+
+bool FrameHistory::revertToSaved()
+{
+    const auto clean = history_.cleanPosition();
+    if (!clean || isLocked())
+        return false;
+    moveTo(*clean);
+    return true;
+}
+
+void FrameHistory::show()
+{
+    const bool isChanged = !history_.isClean() || history_.hasEntryInProgress();
+    if (session_.isChanged() != isChanged)
+        session_.setChanged(isChanged);
+    const Scoped showing(isShowing_, true);
+    showSteps();
+    stack_.setIndex(static_cast<int>(history_.position()));
+    showEntries();
+}
+
+/// A new step replaces the rows beyond the present one; anything else fills the list anew.
+void FrameHistory::showSteps()
+{
+    const auto& steps = history_.steps();
+    const auto count = static_cast<int>(steps.size());
+    const auto textAt = [&](int i) { return toShown(steps[static_cast<std::size_t>(i)]); };
+    int same = 0;
+    while (same < std::min(stack_.count(), count) && stack_.text(same) == textAt(same))
+        ++same;
+    if (same == count && stack_.count() == count)
+        return;
+    if (same + 1 != count) {
+        stack_.clear();
+        same = 0;
+    }
+    stack_.setIndex(same);
+    for (int i = same; i < count; ++i)
+        stack_.push(new Step(textAt(i)));
+}
+
+void FrameHistory::showEntries()
+{
+    const auto& steps = history_.steps();
+    const std::size_t at = history_.position();
+    const auto entry = [&](bool any, std::size_t step, int named, int alone) {
+        return any ? parts_.text(named).arg(toShown(steps[step]).replace(u'&', QStringLiteral("&&")))
+                   : parts_.text(alone);
+    };
+    undo_.setText(entry(at > 0, at - 1, historyText::undoStep, historyText::undo));
+    redo_.setText(entry(at < steps.size(), at, historyText::redoStep, historyText::redo));
+    view_->setEnabled(!isLocked());
+}
+
+void FrameHistory::tellRefused(const std::string& instrument, const std::string& reason)
+{
+    Modal<PlainBox>(QMessageBox::Warning, parts_.text(hostText::product),
+                    parts_.text(historyText::notRestored).arg(toShown(instrument)), toShown(reason), QMessageBox::Ok,
+                    &window_)
+        .wait();
+}
+
+} // namespace ko

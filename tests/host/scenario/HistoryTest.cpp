@@ -1,0 +1,161 @@
+#include "host/scenario/PlayedScenario.h"
+#include "host/setup/SetupFile.h"
+
+#include <random>
+
+namespace ko {
+namespace {
+
+using test::play;
+using test::Played;
+
+std::string demo()
+{
+    return readFile(KO_DEMO_FOLDER "/engine-bench-demo.json");
+}
+
+const std::string begin = "quiet on\nclock \"2026-11-21 09:30:00\"\nsetup\nshow\n";
+
+/// The texts of all steps after a script.
+std::vector<std::string> stepsOf(const std::string& script)
+{
+    return play(begin + script + "\nhistory", demo(), {}).last("history")["steps"];
+}
+
+TEST(HistoryTest, AStepIsOneEditAndIsNamedByWhatItChanged)
+{
+    const struct {
+        const char *script, *step;
+    } edits[] = {
+        {"focus txtDuration\ntype 2\ntype 5\nleave", "Duration 30 s → 25 s"},
+        {"focus txtDuration\ntype 2\ntype 30\nleave", "Duration 30 s → 230 s"},
+        {"choose cmbSampleRate #1", "Sample rate 10000 → 5000"},
+        {"choose cmbSamplePeriod #1", "Sample rate 10000 → 5000"},
+        {"choose cmbBlockSize #0", "Block size 1024 → 512"},
+        {"choose cmbScanRate #1", "Scan rate 2 → 1"},
+        {"click optStartTime", "Start Immediately → At time, Start time 12:00:00 AM → 9:30:00 AM"},
+        {"dialog SetDateTime\ntext dtpTimeSelector 15:04:05\nclick btnOK\nend\nclick optStartTime\nclick cmdStartTime",
+         "Start time 9:30:00 AM → 3:04:05 PM"},
+        {"click optOnTrigger\ncell 1 1.5", "Level (V) 2.5 → 1.5"},
+        {"click optOnTrigger\ndialog SelectChannel\npick 0 1\nclick cmdOK\nend\nclick cmdChannel",
+         "Trigger channel Crank → Camshaft"},
+        {"dialog AdvancedTrig\nclick optStartTrig(3)\nclick btnOK\nend\nclick mnuTimebaseTriggerLines",
+         "Start trigger line 1 → 4"},
+        {"enable 0 0 1 0", "Camshaft Yes → No"},
+    };
+    for (const auto& edit : edits) {
+        const auto steps = stepsOf(edit.script);
+        EXPECT_EQ(steps.empty() ? "" : steps.back(), edit.step) << edit.script;
+    }
+    EXPECT_EQ(stepsOf("text txtDuration 25\nclick optOnTrigger").size(), 2U) << "leaving the box ends its step";
+    EXPECT_EQ(stepsOf("focus txtDuration\ntype 2\nkey Escape\nleave\ntext txtDuration x\nleave"),
+              std::vector<std::string>())
+        << "nothing has changed";
+    EXPECT_EQ(stepsOf("focus txtDuration\ntype 25\ntype 6\nkey F1"), std::vector<std::string>()) << "still being typed";
+}
+
+TEST(HistoryTest, AnotherEditDropsWhatCouldBeRedone)
+{
+    const Played run = play(
+        begin + "undo\nchoose cmbSampleRate #1\nchoose cmbSampleRate #2\nundo\nchoose cmbBlockSize #0\nredo\nhistory",
+        demo());
+    EXPECT_EQ(run.only({"inert", "undone", "redone", "history"}),
+              R"({"line":5,"event":"inert","control":null}
+{"line":8,"event":"undone","step":"Sample rate 5000 → 2000"}
+{"line":10,"event":"inert","control":null}
+{"line":11,"event":"history","steps":["Sample rate 10000 → 5000","Block size 1024 → 512"],"position":2}
+)");
+}
+
+TEST(HistoryTest, WhatAnInstrumentRefusesStaysWithOneMessageAndTheHistoryWhereItWas)
+{
+    const std::string edits = "choose cmbSampleRate #1\nfocus txtDuration\ntype 25\nleave\nchoose cmbSampleRate #2\n";
+    for (const char* fails : {"fail 0 \"SamplePeriod set\"", "fail 1 \"Duration set\"", "fail 0 \"Duration set\""}) {
+        const Played run =
+            play(begin + edits + fails + "\nundo\nundo\nheal 0\nheal 1\nhistory\nundo\nundo\nundo", demo());
+        const bool failsAtOnce = std::string(fails).find("Sample") != std::string::npos;
+        int messages = 0;
+        for (const Json& event : run.events) {
+            messages += event["event"] == "message";
+            if (event["event"] == "history") {
+                EXPECT_EQ(event["position"], failsAtOnce ? 3 : 2) << fails;
+            }
+        }
+        EXPECT_EQ(messages, failsAtOnce ? 2 : 1) << fails;
+        EXPECT_NE(run.only({"undone"}).find("Duration"), std::string::npos) << "healed, all steps are taken";
+    }
+}
+
+TEST(HistoryTest, AReadOnlyPageAndAnOpenDialogUndoNothing)
+{
+    const Played run = play(begin + "choose cmbSampleRate #1\nread-only on\nundo\nread-only off\nundo", demo());
+    EXPECT_EQ(run.only({"inert", "undone"}), R"({"line":7,"event":"inert","control":null}
+{"line":9,"event":"undone","step":"Sample rate 10000 → 5000"}
+)");
+}
+
+/// Edits of every kind, any of them, in any order.
+std::string anyEdits(unsigned seed, int count)
+{
+    std::minstd_rand random(seed);
+    const auto upTo = [&](int limit) { return std::to_string(random() % static_cast<unsigned>(limit)); };
+    const std::function<std::string()> edits[] = {
+        [&] { return "choose cmbSampleRate #" + upTo(6); },
+        [&] { return "choose cmbBlockSize #" + upTo(4); },
+        [&] { return "choose cmbScanRate #" + upTo(5); },
+        [&] { return "choose cmbScanPeriod #" + upTo(5); },
+        [&] { return "text txtDuration " + upTo(100); },
+        [&] { return "choose cmbInterval #" + upTo(3); },
+        [&] { return "click optImmediate"; },
+        [&] { return "click optOnTrigger"; },
+        [&] { return "click optStartTime"; },
+        [&] { return "click optStopTime"; },
+        [&] { return "click optAfter"; },
+        [&] { return "cell 1 " + upTo(10); },
+        [&] { return "enable 0 0 " + upTo(4) + " " + upTo(2); },
+        [&] { return "dialog SelectChannel\npick 0 " + upTo(3) + "\nclick cmdOK\nend\nclick cmdChannel"; },
+        [&] {
+            return "dialog AdvancedTrig\nclick optStartTrig(" + upTo(8) + ")\nclick optScanTrig(" + upTo(8) +
+                   ")\nclick btnOK\nend\nclick mnuTimebaseTriggerLines";
+        },
+        [&] {
+            return "dialog SetDateTime\ntext dtpTimeSelector 15:04:" + upTo(60) +
+                   "\nclick btnOK\nend\nclick cmdStartTime";
+        },
+        [&] { return "key Escape"; },
+        [&] { return "undo"; },
+        [&] { return "redo"; },
+        [&] { return "show"; },
+    };
+    std::string script;
+    for (int i = 0; i < count; ++i)
+        script += edits[random() % std::size(edits)]() + "\n";
+    // The last edits leave nothing to be redone.
+    return script + "leave\nenable 0 0 3 1\nenable 0 0 3 0\n";
+}
+
+/// All instruments hold at each position what they held there before, however it is reached.
+TEST(HistoryTest, UndoingEverythingBringsBackTheStartAndRedoingEverythingTheEnd)
+{
+    for (unsigned seed = 1; seed <= 15; ++seed) {
+        const int count = 60;
+        std::string script = begin + "drivers\n" + anyEdits(seed, count) + "drivers\n";
+        for (int i = 0; i < count; ++i)
+            script += "undo\n";
+        script += "drivers\n";
+        for (int i = 0; i < count; ++i)
+            script += "redo\n";
+        const Played run = play(script + "drivers\n", demo());
+        EXPECT_EQ(run.fault, "");
+        std::vector<std::string> held;
+        for (const Json& event : run.events)
+            if (event["event"] == "drivers")
+                held.push_back(event["drivers"].dump());
+        ASSERT_EQ(held.size(), 4U);
+        EXPECT_EQ(held[2], held[0]) << "seed " << seed;
+        EXPECT_EQ(held[3], held[1]) << "seed " << seed;
+    }
+}
+
+} // namespace
+} // namespace ko
