@@ -3,6 +3,7 @@
 #include "interfaces/Values.h"
 #include "platform/Failure.h"
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -49,12 +50,14 @@ struct ArmedSettings {
     bool operator==(const ArmedSettings&) const = default;
 };
 
-/// What the host asks of an armed instrument. Sample k is taken k periods after arming; a scan is a sample, too.
+/// What the host asks of an armed instrument. Sample k is taken k periods after `origin`, which is the same for all
+/// instruments of a recording; a scan is a sample, too.
 struct AcquisitionOrder {
+    std::chrono::steady_clock::time_point origin{};
     std::int64_t samples = 0; ///< of each channel; the acquisition then ends by itself
     bool onTrigger = false;   ///< wait for the own trigger; the pretrigger counts in `samples`
-    double notBefore = 0.0;   ///< seconds after arming: the first sample is the first one not before this time
-    double patience = 0.0;    ///< seconds after arming; the acquisition fails if it has not triggered by then
+    double notBefore = 0.0;   ///< seconds after `origin`: the first sample is the first one not before this time
+    double patience = 0.0;    ///< seconds after `origin`; the acquisition fails if it has not triggered by then
     bool isPaced = true;      ///< in real time; a simulated instrument can do it as fast as its sink takes blocks
 };
 
@@ -82,19 +85,23 @@ public:
     virtual void ended(std::int64_t next, const std::string& reason) = 0;
 };
 
-/// The acquiring side of an instrument. The members are called on one thread of the host; blocks are delivered on a
-/// thread that the acquisition has.
+/// The acquiring side of an instrument. `settings` and `arm` are called on the user-interface thread, `start` and
+/// `stop` on any other, one call at a time; blocks are delivered on a thread that the acquisition has.
 class Acquisition {
 public:
     /// Stops.
     virtual ~Acquisition() = default;
 
-    /// Copies the settings of the instrument and prepares it; time counts from here. Returns the copy. Fails with a
-    /// `Failure` if the instrument is not ready, or is acquiring.
+    /// Returns what `arm` would copy at present. Calls no driver operation. Fails with a `Failure` for settings by
+    /// which nothing can be acquired.
+    [[nodiscard]] virtual ArmedSettings settings() const = 0;
+
+    /// Copies the settings of the instrument, prepares it and returns the copy. Fails with a `Failure` if the
+    /// instrument is not ready, or is acquiring.
     virtual ArmedSettings arm() = 0;
 
-    /// Begins to deliver. The instrument must be armed and is so once; `sink` must live until `stop` has returned.
-    /// Fails with a `Failure`, without a call to the sink.
+    /// Begins to deliver, once after each `arm`. `sink` must live until `stop` has returned. Fails with a `Failure`,
+    /// without a call to the sink.
     virtual void start(const AcquisitionOrder& order, BlockSink& sink) = 0;
 
     /// Ends the acquisition, if it has not ended, and returns after the sink's `ended`. The sink's other calls must

@@ -24,10 +24,7 @@ public:
     /// Fails with a `Failure` if the instrument does not take the settings.
     virtual void restore(const InstrumentSettings& settings) = 0;
 
-    /// What `arm` would copy at present. Calls no driver operation.
-    [[nodiscard]] virtual ArmedSettings toArm() const = 0;
-
-    /// The acquiring side; null if the instrument cannot acquire. The instrument owns it.
+    /// The acquiring side; null if the instrument has no timebase. The instrument owns it.
     [[nodiscard]] virtual Acquisition* acquisition() = 0;
 };
 

@@ -49,12 +49,27 @@ double samplesOf(const TimebaseSettings& timebase)
 
 SimulatedDriver::SimulatedDriver(InstrumentSettings settings) : settings_(std::move(settings))
 {
-    if (settings_.timebase)
+    if (settings_.timebase) {
         timebase_.emplace(calls_, *settings_.timebase);
+        acquisition_.emplace(settings_);
+    }
     if (settings_.hasTriggerParameters)
         parameters_.emplace(calls_, settings_.groups);
     if (settings_.triggerLines)
         lines_.emplace(calls_, *settings_.triggerLines);
+    for (const SimulatedFailure& failure : settings_.failing)
+        calls_.fail(failure);
+}
+
+void SimulatedDriver::restore(const InstrumentSettings& settings)
+{
+    const bool hasSameViews = settings.timebase.has_value() == settings_.timebase.has_value() &&
+                              settings.triggerLines.has_value() == settings_.triggerLines.has_value() &&
+                              settings.hasTriggerParameters == settings_.hasTriggerParameters;
+    if (!hasSameViews)
+        fail(failure::invalidCall);
+    settings_ = settings;
+    calls_.healAll();
     for (const SimulatedFailure& failure : settings_.failing)
         calls_.fail(failure);
 }
