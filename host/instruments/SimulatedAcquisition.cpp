@@ -141,7 +141,7 @@ std::int64_t SimulatedAcquisition::Run::samplesAtOnce() const
     const std::int64_t block = armed_.settings.blockSize;
     const std::int64_t whole = block >= usual ? block : usual / block * block;
     const double tenth = order_.isPaced ? 0.1 / armed_.settings.period : static_cast<double>(most);
-    const auto bound = std::min(most / std::max<std::int64_t>(std::ssize(armed_.signals), 1),
+    const auto bound = std::min(most / std::max<std::int64_t>(std::ssize(armed_.measured), 1),
                                 static_cast<std::int64_t>(std::min(tenth, static_cast<double>(most))));
     return std::clamp<std::int64_t>(whole, 1, std::max<std::int64_t>(bound, 1));
 }
@@ -186,9 +186,9 @@ void SimulatedAcquisition::Run::deliver(const std::stop_token& stop)
 Block SimulatedAcquisition::Run::block(std::int64_t count) const
 {
     const auto size = static_cast<std::size_t>(count);
-    Block made{.first = next_, .count = count, .samples = std::vector<float>(size * armed_.signals.size())};
+    Block made{.first = next_, .count = count, .samples = std::vector<float>(size * armed_.measured.size())};
     float* at = made.samples.data();
-    for (const Signal& signal : armed_.signals) {
+    for (const Signal& signal : armed_.measured) {
         signal.fill({at, size}, next_);
         at += size;
     }
@@ -218,12 +218,12 @@ ArmedSettings SimulatedAcquisition::arm()
 {
     if (thread_.joinable())
         throw Failure(failure::unspecified, "is acquiring");
-    Armed armed{.settings = settings(), .signals = {}, .trigger = {}};
+    Armed armed{.settings = settings(), .measured = {}, .trigger = {}};
     const double period = armed.settings.period;
     forEachChannel(held_, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
         const Signal signal(it.signal.value_or(SignalSettings{}), it.address, period);
         if (it.isEnabled())
-            armed.signals.push_back(signal);
+            armed.measured.push_back(signal);
         const auto& trigger = armed.settings.trigger;
         if (trigger && trigger->group == group && trigger->channel == channel)
             armed.trigger = signal;

@@ -30,7 +30,7 @@ private:
     /// A copy, so that the thread shares nothing with the driver.
     struct Armed {
         ArmedSettings settings;
-        std::vector<Signal> signals; ///< one for each channel
+        std::vector<Signal> measured; ///< one for each channel
         std::optional<Signal> trigger;
     };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/main/RecordCommand.h"
 #include "host/main/SettingsCommand.h"
 
 #include <optional>
@@ -17,6 +18,7 @@ struct CommandLine {
     std::string setup;        ///< set-up file; empty: none
     std::string script = "-"; ///< script file; "-": standard input
     SettingsCommand settings;
+    RecordCommand recording;
 };
 
 /// Parses the command line. Returns none after printing the output of `--help` or `--version`. Fails with an

@@ -1,0 +1,61 @@
+#include "host/recording/RecordedChannel.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace ko {
+
+namespace {
+
+constexpr std::size_t enough = 16384; // samples for a write of their own
+
+/// Samples in a chunk: whole blocks, and enough of them.
+hsize_t chunkOf(const ArmedSettings& settings)
+{
+    constexpr std::int64_t most = std::int64_t{1} << 29; // a chunk is smaller than 4 GB
+    const std::int64_t least = settings.isDynamic ? 16384 : 1024;
+    const std::int64_t block = std::clamp<std::int64_t>(settings.blockSize, 1, most);
+    return static_cast<hsize_t>((least + block - 1) / block * block);
+}
+
+} // namespace
+
+RecordedChannel::RecordedChannel(hid_t group, const ArmedSettings& settings, const ArmedChannel& channel)
+{
+    const float none = std::numeric_limits<float>::quiet_NaN();
+    const std::string name = "channel-" + std::to_string(channel.group) + "-" + std::to_string(channel.channel);
+    data_ = makeList(group, name, H5T_NATIVE_FLOAT, chunkOf(settings), &none);
+    setText(data_.id(), "address", channel.address);
+    setText(data_.id(), "name", channel.name);
+    setText(data_.id(), "unit", channel.unit);
+}
+
+void RecordedChannel::append(std::span<const float> samples)
+{
+    if (collected_.empty() && samples.size() >= enough)
+        return write(samples);
+    collected_.insert(collected_.end(), samples.begin(), samples.end());
+    if (collected_.size() >= enough)
+        flush();
+}
+
+void RecordedChannel::flush()
+{
+    if (!collected_.empty())
+        write(collected_);
+    collected_.clear();
+}
+
+void RecordedChannel::write(std::span<const float> samples)
+{
+    const hsize_t count = samples.size();
+    const hsize_t begin = size_;
+    size_ += count;
+    made(H5Dset_extent(data_.id(), &size_));
+    const Hdf5Space place(made(H5Dget_space(data_.id())));
+    made(H5Sselect_hyperslab(place.id(), H5S_SELECT_SET, &begin, nullptr, &count, nullptr));
+    const Hdf5Space memory(made(H5Screate_simple(1, &count, nullptr)));
+    made(H5Dwrite(data_.id(), H5T_NATIVE_FLOAT, memory.id(), place.id(), H5P_DEFAULT, samples.data()));
+}
+
+} // namespace ko
