@@ -85,7 +85,7 @@ public:
     virtual void ended(std::int64_t next, const std::string& reason) = 0;
 };
 
-/// The acquiring side of an instrument. `settings` and `arm` are called on the user-interface thread, `start` and
+/// The acquiring side of an instrument. `settingsToArm` and `arm` are called on the user-interface thread, `start` and
 /// `stop` on any other, one call at a time; blocks are delivered on a thread that the acquisition has.
 class Acquisition {
 public:
@@ -94,7 +94,7 @@ public:
 
     /// Returns what `arm` would copy at present. Calls no driver operation. Fails with a `Failure` for settings by
     /// which nothing can be acquired.
-    [[nodiscard]] virtual ArmedSettings settings() const = 0;
+    [[nodiscard]] virtual ArmedSettings settingsToArm() const = 0;
 
     /// Copies the settings of the instrument, prepares it and returns the copy. Fails with a `Failure` if the
     /// instrument is not ready, or is acquiring.

@@ -195,7 +195,7 @@ Block SimulatedAcquisition::Run::block(std::int64_t count) const
     return made;
 }
 
-ArmedSettings SimulatedAcquisition::settings() const
+ArmedSettings SimulatedAcquisition::settingsToArm() const
 {
     ArmedSettings armed;
     armed.isDynamic = held_.measurementMode == 1 && held_.samplingMode == 1;
@@ -218,7 +218,7 @@ ArmedSettings SimulatedAcquisition::arm()
 {
     if (thread_.joinable())
         throw Failure(failure::unspecified, "is acquiring");
-    Armed armed{.settings = settings(), .measured = {}, .trigger = {}};
+    Armed armed{.settings = settingsToArm(), .measured = {}, .trigger = {}};
     const double period = armed.settings.period;
     forEachChannel(held_, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
         const Signal signal(it.signal.value_or(SignalSettings{}), it.address, period);

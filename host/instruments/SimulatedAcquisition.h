@@ -19,7 +19,7 @@ public:
     SimulatedAcquisition(const SimulatedAcquisition&) = delete;
     SimulatedAcquisition& operator=(const SimulatedAcquisition&) = delete;
 
-    [[nodiscard]] ArmedSettings settings() const override;
+    [[nodiscard]] ArmedSettings settingsToArm() const override;
     ArmedSettings arm() override;
     void start(const AcquisitionOrder& order, BlockSink& sink) override;
     void stop() override;

@@ -90,11 +90,8 @@ Hdf5Dataset makeList(hid_t group, const std::string& name, hid_t type, hsize_t c
         made(H5Pset_fill_value(creation.id(), type, fill));
     // Every sample is written, so that a new chunk need not be filled.
     made(H5Pset_fill_time(creation.id(), H5D_FILL_TIME_NEVER));
-    const Hdf5Properties access(made(H5Pcreate(H5P_DATASET_ACCESS)));
-    // Whole chunks pass the cache by, and the rest is collected here.
-    made(H5Pset_chunk_cache(access.id(), 0, 0, H5D_CHUNK_CACHE_W0_DEFAULT));
     return Hdf5Dataset(
-        made(H5Dcreate2(group, name.c_str(), type, space.id(), H5P_DEFAULT, creation.id(), access.id())));
+        made(H5Dcreate2(group, name.c_str(), type, space.id(), H5P_DEFAULT, creation.id(), H5P_DEFAULT)));
 }
 
 void overwrite(hid_t object, const char* name, const void* value)

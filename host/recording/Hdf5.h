@@ -69,8 +69,8 @@ void setFixedText(hid_t object, const char* name, const std::string& text, std::
 void setNumber(hid_t object, const char* name, double number);
 void setNumber(hid_t object, const char* name, std::int64_t number);
 
-/// Adds an empty list to a group that grows by chunks of this many elements, which are written without a cache. `fill`
-/// is the value of elements that were never written; null: unknown.
+/// Adds an empty list to a group that grows by chunks of this many elements. `fill` is the value of elements that were
+/// never written; null: unknown.
 Hdf5Dataset makeList(hid_t group, const std::string& name, hid_t type, hsize_t chunk, const void* fill = nullptr);
 
 /// Overwrites an attribute with a value of its own type; works while the file is read. A text must have all its bytes,

@@ -18,16 +18,28 @@ hsize_t chunkOf(const ArmedSettings& settings)
     return static_cast<hsize_t>((least + block - 1) / block * block);
 }
 
+std::string nameOf(const ArmedChannel& channel)
+{
+    return "channel-" + std::to_string(channel.group) + "-" + std::to_string(channel.channel);
+}
+
 } // namespace
 
-RecordedChannel::RecordedChannel(hid_t group, const ArmedSettings& settings, const ArmedChannel& channel)
+void RecordedChannel::create(hid_t group, const ArmedSettings& settings, const ArmedChannel& channel)
 {
     const float none = std::numeric_limits<float>::quiet_NaN();
-    const std::string name = "channel-" + std::to_string(channel.group) + "-" + std::to_string(channel.channel);
-    data_ = makeList(group, name, H5T_NATIVE_FLOAT, chunkOf(settings), &none);
-    setText(data_.id(), "address", channel.address);
-    setText(data_.id(), "name", channel.name);
-    setText(data_.id(), "unit", channel.unit);
+    const Hdf5Dataset data = makeList(group, nameOf(channel), H5T_NATIVE_FLOAT, chunkOf(settings), &none);
+    setText(data.id(), "address", channel.address);
+    setText(data.id(), "name", channel.name);
+    setText(data.id(), "unit", channel.unit);
+}
+
+RecordedChannel::RecordedChannel(hid_t group, const ArmedChannel& channel)
+{
+    const Hdf5Properties access(made(H5Pcreate(H5P_DATASET_ACCESS)));
+    // Without a cache samples are written before the size that shows them to readers.
+    made(H5Pset_chunk_cache(access.id(), 0, 0, H5D_CHUNK_CACHE_W0_DEFAULT));
+    data_ = Hdf5Dataset(made(H5Dopen2(group, nameOf(channel).c_str(), access.id())));
 }
 
 void RecordedChannel::append(std::span<const float> samples)

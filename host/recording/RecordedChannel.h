@@ -10,7 +10,11 @@ namespace ko {
 /// The dataset of a channel. Failures are `LibraryFailure`s.
 class RecordedChannel {
 public:
-    RecordedChannel(hid_t group, const ArmedSettings& settings, const ArmedChannel& channel);
+    /// Adds the dataset to the group of its instrument.
+    static void create(hid_t group, const ArmedSettings& settings, const ArmedChannel& channel);
+
+    /// Opens the dataset, in a file that others can read from now on.
+    RecordedChannel(hid_t group, const ArmedChannel& channel);
 
     void append(std::span<const float> samples);
     /// Writes what has been collected.

@@ -8,9 +8,11 @@
 #include "host/support/InputError.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <limits>
 #include <sys/mman.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace ko {
@@ -42,7 +44,9 @@ struct RecordedFile::Content {
     void describe(const RecordedHead& head) const;
     void add(const RecordedInstrument& instrument);
     void addMarkers() const;
+    [[nodiscard]] int descriptor() const;
     void flush();
+    void extend() const;
     void close();
     void abandon();
 };
@@ -53,6 +57,7 @@ RecordedFile::Content::Content(const std::string& name, const RecordedHead& head
 {
     const Hdf5Properties access(made(H5Pcreate(H5P_FILE_ACCESS)));
     made(H5Pset_libver_bounds(access.id(), H5F_LIBVER_LATEST, H5F_LIBVER_LATEST));
+    made(H5Pset_sieve_buf_size(access.id(), 0));
     // Between two flushes the file must not change, except for samples that no reader can see yet.
     H5AC_cache_config_t cache{};
     cache.version = H5AC__CURR_CACHE_CONFIG_VERSION;
@@ -68,6 +73,9 @@ RecordedFile::Content::Content(const std::string& name, const RecordedHead& head
         add(instrument);
     addMarkers();
     made(H5Fstart_swmr_write(file.id()));
+    for (std::size_t i = 0; i < described.size(); ++i)
+        for (const ArmedChannel& channel : described[i].settings.channels)
+            instruments[i].channels.emplace_back(instruments[i].group.id(), channel);
 }
 
 void RecordedFile::Content::describe(const RecordedHead& head) const
@@ -94,7 +102,7 @@ void RecordedFile::Content::add(const RecordedInstrument& instrument)
     setNumber(group, "start_offset", 0.0);
     setNumber(group, "lost", std::int64_t{0});
     for (const ArmedChannel& channel : settings.channels)
-        made.channels.emplace_back(group, settings, channel);
+        RecordedChannel::create(group, settings, channel);
     instruments.push_back(std::move(made));
 }
 
@@ -110,7 +118,25 @@ void RecordedFile::Content::flush()
     for (Instrument& instrument : instruments)
         for (RecordedChannel& channel : instrument.channels)
             channel.flush();
+    extend();
     made(H5Fflush(file.id(), H5F_SCOPE_LOCAL));
+}
+
+/// Gives the file the size that the next flush says it has. The library does so after it has said it, and a file that
+/// is shorter then cannot be opened.
+void RecordedFile::Content::extend() const
+{
+    haddr_t size = 0;
+    made(H5Fget_eoa(file.id(), &size));
+    if (ftruncate(descriptor(), static_cast<off_t>(size)) != 0)
+        throw LibraryFailure{std::generic_category().message(errno)};
+}
+
+int RecordedFile::Content::descriptor() const
+{
+    void* descriptor = nullptr;
+    made(H5Fget_vfd_handle(file.id(), H5P_DEFAULT, &descriptor));
+    return *static_cast<int*>(descriptor);
 }
 
 void RecordedFile::Content::close()
@@ -124,10 +150,12 @@ void RecordedFile::Content::close()
 void RecordedFile::Content::abandon()
 {
     // The library can only close a file by writing it, so that it gets another one for that.
-    void* descriptor = nullptr;
     const int elsewhere = memfd_create("abandoned", MFD_CLOEXEC);
-    if (H5Fget_vfd_handle(file.id(), H5P_DEFAULT, &descriptor) >= 0 && descriptor)
-        dup2(elsewhere, *static_cast<int*>(descriptor));
+    try {
+        dup2(elsewhere, descriptor());
+    } catch (const LibraryFailure&) {
+        // It has been closed.
+    }
     ::close(elsewhere);
     instruments.clear();
     file.reset();

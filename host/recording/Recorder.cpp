@@ -12,15 +12,13 @@ namespace ko {
 
 namespace {
 
-constexpr std::size_t queueBytes = 64 * 1024 * 1024;
-constexpr auto interval = std::chrono::milliseconds(500); // less than the second that may be lost
-constexpr double patience = 3600.0;                       // seconds for a trigger
+constexpr double patience = 3600.0; // seconds for a trigger
 
 } // namespace
 
 Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions options)
     : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)), start_(now()),
-      queue_(queueBytes)
+      queue_(options_.queueBytes)
 {
     if (!options_.freeBytes)
         options_.freeBytes = [file = options_.file] { return freeBytesFor(file); };
@@ -96,7 +94,7 @@ bool Recorder::awaitStart()
 void Recorder::begin()
 {
     origin_ = Clock::now();
-    tick_ = origin_ + interval;
+    tick_ = origin_ + options_.flushInterval;
     if (options_.isPaced && plan_.startMode != startMode::atTime)
         start_ = now();
     for (const auto& track : tracks_)
@@ -157,7 +155,7 @@ void Recorder::secure()
         fail(options_.file + ": the disk is nearly full, " + byteText(free) + " are free");
         stopAll();
     }
-    tick_ = Clock::now() + interval;
+    tick_ = Clock::now() + options_.flushInterval;
 }
 
 void Recorder::stopAll()

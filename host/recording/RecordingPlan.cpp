@@ -29,7 +29,7 @@ PlannedInstrument planned(Instrument& instrument, Acquisition& acquisition, Plan
     PlannedInstrument plan;
     plan.name = instrument.name();
     try {
-        plan.settings = purpose == PlanFor::Recording ? acquisition.arm() : acquisition.settings();
+        plan.settings = purpose == PlanFor::Recording ? acquisition.arm() : acquisition.settingsToArm();
         if (!(plan.settings.period > 0.0))
             fail(failure::divisionByZero);
         plan.samples = samplesOf(plan.settings, instrument.driver());

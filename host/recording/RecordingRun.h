@@ -18,6 +18,9 @@ struct RecordingOptions {
     bool isPaced = true;           ///< in real time; else as fast as possible
     /// Returns how many bytes can be written in the file's folder; empty: asks the system.
     std::function<double()> freeBytes;
+    std::size_t queueBytes = 64 * 1024 * 1024; ///< for what is on its way to the file
+    /// What was recorded longer ago than this is in the file.
+    std::chrono::milliseconds flushInterval{500};
 };
 
 /// A recording in progress, on threads of its own. Its members are called on the user-interface thread and do not wait,

@@ -28,7 +28,10 @@ Hdf5File openUnfinished(const std::string& file)
     const Hdf5Properties access(made(H5Pcreate(H5P_FILE_ACCESS)));
     const hbool_t clear = true;
     made(H5Pset(access.id(), "clear_status_flags", &clear));
-    return Hdf5File(made(H5Fopen(file.c_str(), H5F_ACC_RDWR, access.id())));
+    Hdf5File opened(made(H5Fopen(file.c_str(), H5F_ACC_RDWR, access.id())));
+    // The size of the file is what a flush writes last; all that follows belongs to the recording.
+    made(H5Fincrement_filesize(opened.id(), 0));
+    return opened;
 }
 
 template <class Act> void reporting(const std::string& file, const Act& act)

@@ -165,10 +165,10 @@ TEST(AcquisitionTest, AnArmedInstrumentKeepsToTheSettingsThatItHasCopied)
     EXPECT_THROW(acquisition.start({.samples = 3}, tape), Failure);
     const InstrumentSettings before = driver->settings();
     const ArmedSettings armed = acquisition.arm();
-    EXPECT_EQ(armed, acquisition.settings());
+    EXPECT_EQ(armed, acquisition.settingsToArm());
     driver->queryTimebase()->setSamplePeriod(0.5);
     driver->enableChannel(0, 0, false);
-    EXPECT_NE(armed, acquisition.settings());
+    EXPECT_NE(armed, acquisition.settingsToArm());
     acquire(acquisition, {.samples = 20, .notBefore = 0.0105}, tape);
     ASSERT_EQ(tape.blocks.size(), 1U);
     EXPECT_EQ(tape.blocks[0].first, 11);
