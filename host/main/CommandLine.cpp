@@ -20,7 +20,7 @@ constexpr const char* examples =
     "  korvell-host bench.json --set sample-rate=5000 --set duration='5 min' --save bench.json\n"
     "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
     "  korvell-host bench.json --sheet bench.pdf --language de\n"
-    "  korvell-host bench.json --record run.h5         record, and compare with the plan\n"
+    "  korvell-host bench.json --set duration=1 --record run.h5\n"
     "  korvell-host --headless bench.json walk.scenario\n"
     "\n"
     "Nothing is saved unless every setting was accepted. If an instrument changes a value, a note is printed.\n"

@@ -40,7 +40,8 @@ struct RecordedFile::Content {
     Hdf5File file;
     std::vector<Instrument> instruments;
 
-    Content(const std::string& name, const RecordedHead& head, const std::vector<RecordedInstrument>& described);
+    explicit Content(const std::string& name) : mark(name) {}
+    void create(const std::string& name, const RecordedHead& head, const std::vector<RecordedInstrument>& described);
     void describe(const RecordedHead& head) const;
     void add(const RecordedInstrument& instrument);
     void addMarkers() const;
@@ -51,9 +52,8 @@ struct RecordedFile::Content {
     void abandon();
 };
 
-RecordedFile::Content::Content(const std::string& name, const RecordedHead& head,
-                               const std::vector<RecordedInstrument>& described)
-    : mark(name)
+void RecordedFile::Content::create(const std::string& name, const RecordedHead& head,
+                                   const std::vector<RecordedInstrument>& described)
 {
     const Hdf5Properties access(made(H5Pcreate(H5P_FILE_ACCESS)));
     made(H5Pset_libver_bounds(access.id(), H5F_LIBVER_LATEST, H5F_LIBVER_LATEST));
@@ -170,7 +170,8 @@ RecordedFile::RecordedFile(std::string name, const RecordedHead& head,
     // Under its own name the file appears when it can be read.
     const std::string temporary = name_ + ".part";
     try {
-        content_ = std::make_unique<Content>(temporary, head, instruments);
+        content_ = std::make_unique<Content>(temporary);
+        content_->create(temporary, head, instruments);
         if (std::filesystem::exists(name_))
             std::filesystem::rename(name_, name_ + "~");
         std::filesystem::rename(temporary, name_);
