@@ -15,7 +15,8 @@ hsize_t chunkOf(const ArmedSettings& settings)
     constexpr std::int64_t most = std::int64_t{1} << 29; // a chunk is smaller than 4 GB
     const std::int64_t least = settings.isDynamic ? 16384 : 1024;
     const std::int64_t block = std::clamp<std::int64_t>(settings.blockSize, 1, most);
-    return static_cast<hsize_t>((least + block - 1) / block * block);
+    const std::int64_t blocks = (least + block - 1) / block;
+    return static_cast<hsize_t>(blocks) * static_cast<hsize_t>(block);
 }
 
 std::string nameOf(const ArmedChannel& channel)

@@ -18,7 +18,7 @@ struct RecordingOptions {
     bool isPaced = true;           ///< in real time; else as fast as possible
     /// Returns how many bytes can be written in the file's folder; empty: asks the system.
     std::function<double()> freeBytes;
-    std::size_t queueBytes = 64 * 1024 * 1024; ///< for what is on its way to the file
+    std::size_t queueBytes = std::size_t{64} * 1024 * 1024; ///< for what is on its way to the file
     /// What was recorded longer ago than this is in the file.
     std::chrono::milliseconds flushInterval{500};
 };

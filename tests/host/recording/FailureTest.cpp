@@ -7,8 +7,8 @@
 #include <cerrno>
 #include <cmath>
 #include <csignal>
-#include <dlfcn.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -42,30 +42,30 @@ struct Writes {
 } // namespace
 
 // The library finds these in the program before those of the system.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): those of the system are reserved
 extern "C" {
-__attribute__((visibility("default"))) ssize_t pwrite(int file, const void* bytes, size_t count, off_t at)
+__attribute__((visibility("default"))) ssize_t pwrite(int fd, const void* buf, size_t n, off_t offset)
 {
-    static auto* const real = reinterpret_cast<decltype(&pwrite)>(dlsym(RTLD_NEXT, "pwrite"));
-    if (!writes.areFailing(file))
-        return real(file, bytes, count, at);
+    if (!writes.areFailing(fd))
+        return syscall(SYS_pwrite64, fd, buf, n, offset);
     // Systems write less than a page whole or not at all.
-    real(file, bytes, count / 2 / 4096 * 4096, at);
+    syscall(SYS_pwrite64, fd, buf, n / 2 / 4096 * 4096, offset);
     if (writes.fate == Fate::Kills)
         kill(getpid(), SIGKILL);
     errno = ENOSPC;
     return -1;
 }
-__attribute__((visibility("default"))) int ftruncate(int file, off_t size) noexcept
+__attribute__((visibility("default"))) int ftruncate(int fd, off_t length) noexcept
 {
-    static auto* const real = reinterpret_cast<decltype(&ftruncate)>(dlsym(RTLD_NEXT, "ftruncate"));
-    if (!writes.areFailing(file))
-        return real(file, size);
+    if (!writes.areFailing(fd))
+        return static_cast<int>(syscall(SYS_ftruncate, fd, length));
     if (writes.fate == Fate::Kills)
         kill(getpid(), SIGKILL);
     errno = EIO;
     return -1;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace ko {
 namespace {
@@ -188,7 +188,7 @@ TEST(RecordingFailureTest, InRealTimeBlocksWithoutRoomAreLostElseTheInstrumentWa
 {
     const Folder folder;
     const Scripted::Script script = [](BlockSink& sink) {
-        for (int block = 0; block < 500; ++block)
+        for (std::int64_t block = 0; block < 500; ++block)
             sink.deliver(numbers(block * 1000, 1000));
         sink.ended(500000, "");
     };

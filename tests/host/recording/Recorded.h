@@ -13,11 +13,7 @@ namespace ko::test {
 /// A recording's file as another program reads it, by the library alone.
 class Reading {
 public:
-    explicit Reading(const std::string& file, unsigned how = H5F_ACC_RDONLY)
-    {
-        H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-        file_ = H5Fopen(file.c_str(), how, H5P_DEFAULT);
-    }
+    explicit Reading(const std::string& file, unsigned how = H5F_ACC_RDONLY) : file_(opened(file, how)) {}
     ~Reading() { H5Fclose(file_); }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
@@ -82,6 +78,12 @@ public:
     }
 
 private:
+    static hid_t opened(const std::string& file, unsigned how)
+    {
+        H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+        return H5Fopen(file.c_str(), how, H5P_DEFAULT);
+    }
+
     hid_t file_;
 };
 

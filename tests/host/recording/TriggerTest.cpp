@@ -1,5 +1,7 @@
 #include "Recorded.h"
 
+#include <cmath>
+
 namespace ko {
 namespace {
 
