@@ -26,7 +26,7 @@ _korvell_host_setup()
         word=${line_words[i]//\\/}
         word=${word/#\~/$HOME}
         case $word in
-            --save | --sheet | --paper | --get | --set | --choices | --language | --picture | --capture | \
+            --save | --sheet | --record | --compare | --paper | --get | --set | --choices | --language | --picture | --capture | \
                 --locale | --new | --add | --name | --remove | --rename | --enable | --disable) ((++i)) ;;
             -*) ;;
             *) [[ -f $word ]] && printf '%s\n' "$word" && return ;;
@@ -89,6 +89,7 @@ _korvell_host_files()
     compgen -d -- "$1"
     compgen -f -X '!*.json' -- "$1"
     compgen -f -X '!*.scenario' -- "$1"
+    compgen -f -X '!*.h5' -- "$1"
 }
 
 _korvell_host()

@@ -61,6 +61,14 @@ struct TriggerLineSettings {
     bool operator==(const TriggerLineSettings&) const = default;
 };
 
+/// The part that a trigger parameter plays when a recording starts on trigger; its names in set-up files.
+namespace parameterRole {
+inline constexpr std::string_view level = "level";           ///< a number; 0 without one
+inline constexpr std::string_view slope = "slope";           ///< a text that begins with Rising, Falling or Either
+inline constexpr std::string_view pretrigger = "pretrigger"; ///< a number of samples; 0 without one
+inline constexpr std::array all{level, slope, pretrigger};
+} // namespace parameterRole
+
 struct ParameterSettings {
     std::int32_t id = 0;
     std::string name;
@@ -68,8 +76,28 @@ struct ParameterSettings {
     std::optional<double> minimum, maximum;
     std::vector<std::string> choices;
     Value value;
+    std::string role; ///< see `parameterRole`; empty: none
 
     bool operator==(const ParameterSettings&) const = default;
+};
+
+/// The shape of a simulated signal, between -1 and 1.
+enum class Shape { Sine, Square, Triangle, Constant };
+
+/// The shapes' names in set-up files, in their order.
+inline constexpr std::array<std::string_view, 4> shapeNames{"sine", "square", "triangle", "constant"};
+
+/// What a simulated channel measures: offset + amplitude x shape + noise.
+struct SignalSettings {
+    Shape shape = Shape::Sine;
+    double frequency = 50.0; ///< hertz
+    double amplitude = 1.0;
+    double offset = 0.0;
+    double phase = 0.0; ///< radians
+    double noise = 0.0; ///< root mean square of Gaussian noise
+    std::int32_t seed = 0;
+
+    bool operator==(const SignalSettings&) const = default;
 };
 
 struct ChannelSettings {
@@ -79,6 +107,8 @@ struct ChannelSettings {
     bool canTrigger = true;
     bool triggerSource = false;
     std::vector<ParameterSettings> triggerParameters;
+    std::optional<std::string> unit;      ///< of the samples; none: volts
+    std::optional<SignalSettings> signal; ///< none: the default signal
 
     bool operator==(const ChannelSettings&) const = default;
 

@@ -57,26 +57,26 @@ template <class T, class Visit> void forEachPair(std::vector<T>& held, const std
 
 } // namespace
 
-void SimulatedDriver::restore(const InstrumentSettings& earlier)
+void SimulatedDriver::restore(const InstrumentSettings& settings)
 {
-    const bool hasSameViews = settings_.timebase.has_value() == earlier.timebase.has_value() &&
-                              settings_.triggerLines.has_value() == earlier.triggerLines.has_value() &&
-                              settings_.hasTriggerParameters == earlier.hasTriggerParameters;
+    const bool hasSameViews = settings_.timebase.has_value() == settings.timebase.has_value() &&
+                              settings_.triggerLines.has_value() == settings.triggerLines.has_value() &&
+                              settings_.hasTriggerParameters == settings.hasTriggerParameters;
     if (!hasSameViews)
         fail(failure::invalidCall);
     const Restoring restoring{calls_};
-    if (earlier.timebase)
-        restoring.timebase(*settings_.timebase, *earlier.timebase);
-    if (earlier.triggerLines)
-        restoring.lines(*settings_.triggerLines, *earlier.triggerLines);
-    forEachPair(settings_.groups, earlier.groups, [&](std::int32_t group, GroupSettings& held, const auto& before) {
+    if (settings.timebase)
+        restoring.timebase(*settings_.timebase, *settings.timebase);
+    if (settings.triggerLines)
+        restoring.lines(*settings_.triggerLines, *settings.triggerLines);
+    forEachPair(settings_.groups, settings.groups, [&](std::int32_t group, GroupSettings& held, const auto& before) {
         forEachPair(held.channels, before.channels, [&](std::int32_t channel, ChannelSettings& now, const auto& was) {
             restoring.channel(group, channel, now, was);
         });
     });
     // What is left has no operation: names, offers and enabled channels.
     auto failing = std::move(settings_.failing);
-    settings_ = earlier;
+    settings_ = settings;
     settings_.failing = std::move(failing);
 }
 

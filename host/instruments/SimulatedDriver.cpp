@@ -49,8 +49,10 @@ double samplesOf(const TimebaseSettings& timebase)
 
 SimulatedDriver::SimulatedDriver(InstrumentSettings settings) : settings_(std::move(settings))
 {
-    if (settings_.timebase)
+    if (settings_.timebase) {
         timebase_.emplace(calls_, *settings_.timebase);
+        acquisition_.emplace(settings_);
+    }
     if (settings_.hasTriggerParameters)
         parameters_.emplace(calls_, settings_.groups);
     if (settings_.triggerLines)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/instruments/Instrument.h"
+#include "host/instruments/SimulatedAcquisition.h"
 #include "host/instruments/SimulatedViews.h"
 
 #include <memory>
@@ -9,7 +11,7 @@ namespace ko {
 
 /// An instrument driver without an instrument. Reads return its settings, writes round the requested value by its
 /// rules, and calls fail as planned in `calls()`. The measurement figures are computed unless the settings fix them.
-class SimulatedDriver final : public Driver, private StaticMeasurement, private DynamicMeasurement {
+class SimulatedDriver final : public Driver, public Instrument, private StaticMeasurement, private DynamicMeasurement {
 public:
     /// Invalid operation names in `settings.failing` are ignored.
     explicit SimulatedDriver(InstrumentSettings settings);
@@ -17,15 +19,16 @@ public:
     SimulatedDriver& operator=(const SimulatedDriver&) = delete;
 
     /// Returns the settings with the present values and the planned failures.
-    [[nodiscard]] InstrumentSettings settings() const;
-    [[nodiscard]] const std::string& name() const { return settings_.name; }
+    [[nodiscard]] InstrumentSettings settings() const override;
+    /// Nothing is rounded. Settings that operations write are written by calls, which are counted, observed and fail as
+    /// planned; planned failures stay. Fails if a call fails, or if the instrument then had other views.
+    void restore(const InstrumentSettings& settings) override;
+    [[nodiscard]] const std::string& name() const override { return settings_.name; }
+    [[nodiscard]] Driver& driver() override { return *this; }
+    [[nodiscard]] Acquisition* acquisition() override { return acquisition_ ? &*acquisition_ : nullptr; }
     /// Returns what the driver holds without a call: nothing is counted, observed or made to fail. `failing` has its
     /// initial value.
     [[nodiscard]] const InstrumentSettings& held() const { return settings_; }
-    /// Returns to settings that `held` or `settings` has returned, exactly: nothing is rounded. Settings that
-    /// operations write are written by calls, which are counted, observed and fail as planned; planned failures stay.
-    /// Fails with a `Failure` if a call fails, or if the instrument then had other views.
-    void restore(const InstrumentSettings& earlier);
     /// Enables or disables a channel, as the instrument's owner does without notifying the page. Fails with 9 for a
     /// channel that does not exist.
     void enableChannel(std::int32_t group, std::int32_t channel, bool enabled);
@@ -56,6 +59,7 @@ private:
     std::optional<SimulatedTimebase> timebase_;
     std::optional<SimulatedTriggerParameters> parameters_;
     std::optional<SimulatedTriggerLines> lines_;
+    std::optional<SimulatedAcquisition> acquisition_;
 };
 
 using SimulatedDrivers = std::vector<std::shared_ptr<SimulatedDriver>>;

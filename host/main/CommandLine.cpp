@@ -23,6 +23,7 @@ constexpr const char* examples =
     "  korvell-host bench.json --set start=time --set start-time=2026-11-21T09:30:00 --save timed.json\n"
     "  korvell-host bench.json --sheet bench.pdf --language de\n"
     "  korvell-host --new vibration --add counter --name Shaft --save mine.json\n"
+    "  korvell-host bench.json --set duration=1 --record run.h5\n"
     "  korvell-host --headless bench.json walk.scenario\n"
     "\n"
     "Nothing is saved unless every setting was accepted. If an instrument changes a value, a note is printed.\n"
@@ -30,7 +31,8 @@ constexpr const char* examples =
     "\n"
     "Exit status:\n"
     "  0  everything was done\n"
-    "  1  the page refused a value or does not offer the setting now, or an expectation of the script failed\n"
+    "  1  the page refused a value or does not offer the setting now, an expectation of the script failed, or a\n"
+    "     recording was refused or does not hold what the set-up promises\n"
     "  2  the command line, a file, a script or the output cannot be understood, read or written, or there is no\n"
     "     display for the window";
 
@@ -140,6 +142,18 @@ std::vector<SetupChange> changesIn(const CLI::App& app)
     return changes;
 }
 
+void declareRecording(CLI::App& app, RecordCommand& command)
+{
+    present(
+        app.add_option("--record", command.record,
+                       "Record as planned, after --set, in real time or, with a standing clock, as fast as possible; "
+                       "then compare"),
+        "OUT.h5");
+    present(
+        app.add_option("--compare", command.compare, "Print what the set-up promises beside what a recording holds"),
+        "OUT.h5");
+}
+
 void declare(CLI::App& app, CommandLine& line)
 {
     app.set_version_flag("--version", "korvell-host " KO_VERSION);
@@ -161,6 +175,7 @@ void declare(CLI::App& app, CommandLine& line)
         ->option_text("FILE");
     declareSettings(app, line.settings);
     declareChanges(app, line);
+    declareRecording(app, line.recording);
     app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments")->option_text(" ");
     app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")
         ->needs(headless)
@@ -179,7 +194,7 @@ void refuseClashes(const CommandLine& line)
         {"the set-up", line.setup, false},    {"the script", line.script == "-" ? std::string() : line.script, false},
         {"--language", line.language, false}, {"--sheet", line.settings.sheet.file, true},
         {"--picture", line.picture, true},    {"--capture", line.capture, true},
-        {"--save", line.settings.save, true}};
+        {"--save", line.settings.save, true}, {"--record", line.recording.record, true}};
     for (const Named* file = std::begin(files); file != std::end(files); ++file)
         for (const Named* other = std::begin(files); other != file; ++other) {
             const bool isSavedInPlace = file->as == "--save" && other->as == "the set-up";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/main/RecordCommand.h"
 #include "host/main/SettingsCommand.h"
 
 #include <optional>
@@ -18,6 +19,7 @@ struct CommandLine {
     std::string script = "-"; ///< script file; "-": standard input
     std::string startFrom;    ///< template of a new set-up; empty: none
     SettingsCommand settings;
+    RecordCommand recording;
 };
 
 /// Parses the command line. Returns none after printing the output of `--help` or `--version`. Fails with an

@@ -1,5 +1,6 @@
 #include "host/main/CommandLine.h"
 #include "host/main/Language.h"
+#include "host/main/RecordCommand.h"
 #include "host/main/WindowMain.h"
 #include "host/scenario/Scenario.h"
 #include "host/settings/Settings.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int expectationFailed = 1;
 constexpr int valueRefused = 1;
+constexpr int promiseBroken = 1;
 constexpr int inputRefused = 2;
 
 /// The script is opened only once, because it may be a pipe.
@@ -76,14 +78,15 @@ int useSettings(const ko::CommandLine& line, const std::string& language)
     std::optional<ko::Locale> sheetLocale;
     if (line.locale == "system")
         sheetLocale = ko::toLocale(QLocale::system());
-    ko::runSettings(line.settings, {line.setup, source.content, options, sheetLocale},
-                    *make<ko::HeadlessPage>(line, options));
-    return 0;
+    const auto page = make<ko::HeadlessPage>(line, options);
+    ko::runSettings(line.settings, {line.setup, source.content, options, sheetLocale}, *page);
+    return ko::runRecording(line.recording, options.setup, *page) ? 0 : promiseBroken;
 }
 
 int run(const ko::CommandLine& line, int& argc, char** argv)
 {
-    const bool inWindow = !line.headless && !line.settings.isGiven() && line.startFrom.empty();
+    const bool inWindow =
+        !line.headless && !line.settings.isGiven() && !line.recording.isGiven() && line.startFrom.empty();
     const bool followsSystem = line.language.empty() && inWindow;
     if (!line.locale.empty() && !line.headless && line.settings.sheet.file.empty())
         throw ko::InputError("--locale requires --headless or --sheet");
@@ -112,6 +115,9 @@ int main(int argc, char** argv)
         ko::finishOutput();
         return status;
     } catch (const ko::Refusal& refusal) {
+        ko::complain(refusal.what());
+        return valueRefused;
+    } catch (const ko::RecordingRefusal& refusal) {
         ko::complain(refusal.what());
         return valueRefused;
     } catch (const std::exception& error) {

@@ -30,8 +30,8 @@ bool Arguments::onOff(std::size_t index) const
 
 const Command* findCommand(std::string_view name)
 {
-    for (const auto& table :
-         {hostCommands(), machineCommands(), userCommands(), gridAndDialogCommands(), questionCommands()}) {
+    for (const auto& table : {hostCommands(), machineCommands(), userCommands(), gridAndDialogCommands(),
+                              questionCommands(), recordCommands()}) {
         const auto found = std::find_if(table.begin(), table.end(), [&](const Command& c) { return c.name == name; });
         if (found != table.end())
             return &*found;

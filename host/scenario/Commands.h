@@ -51,6 +51,7 @@ std::span<const Command> machineCommands();
 std::span<const Command> userCommands();
 std::span<const Command> gridAndDialogCommands();
 std::span<const Command> questionCommands();
+std::span<const Command> recordCommands();
 
 /// Returns the command with this name, or null.
 const Command* findCommand(std::string_view name);

@@ -62,7 +62,12 @@ void Scenario::takeSetup(const Setup& setup)
 
 void Scenario::loadSetup(const std::string& file)
 {
-    takeSetup(ko::loadSetup((std::filesystem::path(folder_) / file).string()));
+    takeSetup(ko::loadSetup(path(file)));
+}
+
+std::string Scenario::path(const std::string& file) const
+{
+    return (std::filesystem::path(folder_) / file).string();
 }
 
 DriverList Scenario::driverList(std::size_t count) const

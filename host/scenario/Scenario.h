@@ -59,6 +59,8 @@ public:
     /// Returns the driver with this index or name; a fault if there is none.
     [[nodiscard]] SimulatedDriver& driver(const std::string& word) const;
     [[nodiscard]] const std::string& title() const { return title_; }
+    /// Returns the path of a file that the script names.
+    [[nodiscard]] std::string path(const std::string& file) const;
     /// Loads the instruments, title and clock of another set-up file.
     void loadSetup(const std::string& file);
 

@@ -39,6 +39,8 @@ public:
     /// afterwards.
     void answer(PressControl& opener, Answer answer);
 
+    void setReadOnly(bool on) { document_->mode().setReadOnly(on); }
+
     [[nodiscard]] Page& page() const { return document_->page(); }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
 

@@ -5,6 +5,7 @@
 #include "host/instruments/ParameterTypes.h"
 #include "host/setup/SetupFile.h"
 
+#include <algorithm>
 #include <concepts>
 
 namespace ko {
@@ -62,6 +63,14 @@ template <class Visit> void visitMembers(Is<TriggerLineSettings> auto& wiring, c
     visit("scanLinesAsListener", wiring.scanLinesAsListener);
 }
 
+/// What is wrong with the role of a trigger parameter.
+inline std::string roleFault(const std::string& role)
+{
+    const auto& roles = parameterRole::all;
+    const bool isRole = std::find(roles.begin(), roles.end(), role) != roles.end();
+    return isRole ? "" : R"(must be "level", "slope" or "pretrigger")";
+}
+
 template <class Visit> void visitMembers(Is<ParameterSettings> auto& parameter, const Visit& visit)
 {
     const std::string& type = parameter.type;
@@ -85,6 +94,19 @@ template <class Visit> void visitMembers(Is<ParameterSettings> auto& parameter, 
     visit("max", parameter.maximum, Rule::Sparse, hasBounds);
     visit("choices", parameter.choices, Rule::Sparse, hasChoices);
     visit("value", parameter.value, Rule::Required, fits);
+    visit("role", parameter.role, Rule::Sparse, roleFault);
+}
+
+template <class Visit> void visitMembers(Is<SignalSettings> auto& signal, const Visit& visit)
+{
+    const auto isPositive = [](double rms) { return rms >= 0.0 ? "" : "must not be negative"; };
+    visit("shape", signal.shape);
+    visit("frequency", signal.frequency);
+    visit("amplitude", signal.amplitude);
+    visit("offset", signal.offset);
+    visit("phase", signal.phase);
+    visit("noise", signal.noise, Rule::Defaulted, isPositive);
+    visit("seed", signal.seed);
 }
 
 template <class Visit> void visitMembers(Is<ChannelSettings> auto& channel, const Visit& visit)
@@ -100,6 +122,8 @@ template <class Visit> void visitMembers(Is<ChannelSettings> auto& channel, cons
     visit("canTrigger", channel.canTrigger);
     visit("triggerSource", channel.triggerSource);
     visit("triggerParameters", channel.triggerParameters);
+    visit("unit", channel.unit, Rule::Sparse);
+    visit("signal", channel.signal, Rule::Sparse);
 }
 
 template <class Visit> void visitMembers(Is<GroupSettings> auto& group, const Visit& visit)

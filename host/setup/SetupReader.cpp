@@ -75,12 +75,26 @@ void read(const JsonValue& json, DateTime& time)
     time = *clock;
 }
 
+/// Reads one of the names of an enumeration, which are in its order.
+template <class Named> Named namedOf(const JsonValue& json, const auto& names)
+{
+    const auto found = std::find(names.begin(), names.end(), scalarOf<std::string>(json, "String"));
+    if (found != names.end())
+        return static_cast<Named>(found - names.begin());
+    std::string wanted = "must be \"" + std::string(names.front());
+    for (auto name = names.begin() + 1; name != names.end(); ++name)
+        wanted += (name + 1 == names.end() ? "\" or \"" : "\", \"") + std::string(*name);
+    refuse(json, wanted + "\"");
+}
+
 void read(const JsonValue& json, Keeps& keeps)
 {
-    const auto* const found = std::find(keepsNames.begin(), keepsNames.end(), scalarOf<std::string>(json, "String"));
-    if (found == keepsNames.end())
-        refuse(json, R"(must be "nearest", "clamp", "any" or "nothing")");
-    keeps = static_cast<Keeps>(found - keepsNames.begin());
+    keeps = namedOf<Keeps>(json, keepsNames);
+}
+
+void read(const JsonValue& json, Shape& shape)
+{
+    shape = namedOf<Shape>(json, shapeNames);
 }
 
 template <Described T> void read(const JsonValue& json, T& object);

@@ -44,6 +44,11 @@ Json written(Keeps keeps)
     return keepsNames.at(static_cast<std::size_t>(keeps));
 }
 
+Json written(Shape shape)
+{
+    return shapeNames.at(static_cast<std::size_t>(shape));
+}
+
 template <Described T> Json written(const T& object);
 Json written(const SimulatedFailure& failure);
 

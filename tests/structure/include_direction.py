@@ -7,7 +7,7 @@ from pathlib import Path
 # come first, then those of the Qt page and of the host, named by their paths.
 COMPONENT = [["interfaces"], ["platform"], ["support"], ["page"], ["timebase", "schedule", "triggering"], ["document"]]
 # The host without a window: may include the component, but not Qt.
-HEADLESS = [["host/support"], ["host/instruments"], ["host/setup"], ["host/scenario"], ["host/settings"]]
+HEADLESS = [["host/support"], ["host/instruments"], ["host/setup"], ["host/recording"], ["host/scenario"], ["host/settings"]]
 TOOLKIT = [["widgets/support"], ["widgets/bindings"], ["widgets/dialogs"], ["widgets/services", "widgets/page"],
            ["host/sheet"], ["host/window"], ["host/main"]]
 RANKS = [*COMPONENT, *HEADLESS, *TOOLKIT]

@@ -97,14 +97,14 @@ void PageWidget::layAnswers()
 {
     answers_ = new QWidget(this);
     auto* whole = new QVBoxLayout(answers_);
-    auto* buttons = new QHBoxLayout;
+    auto* row = new QHBoxLayout;
     whatFits_ = &view_->label(page_.lblWhatFits);
     whatFits_->setWordWrap(true);
     whole->addWidget(whatFits_);
-    whole->addLayout(buttons);
+    whole->addLayout(row);
     for (CommandButton* button : {&page_.cmdTakeDuration, &page_.cmdTakeRate})
-        buttons->addWidget(&view_->button(*button));
-    buttons->addStretch(1);
+        row->addWidget(&view_->button(*button));
+    row->addStretch(1);
     layout()->addWidget(answers_);
     whatFits_->installEventFilter(this);
     showPlanOrAnswers();

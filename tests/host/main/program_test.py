@@ -4,9 +4,11 @@ import os
 import re
 import resource
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -92,6 +94,48 @@ class Program(unittest.TestCase):
             self.assertEqual(run(saved, "--get", "scan-rate", "--get", "duration").stdout, "1\n300\n")
             self.assertEqual(run(saved, "--set", "duration=45", "--save", saved).returncode, 0)
             self.assertEqual(run(saved, "--get", "duration").stdout, "45\n")
+
+    def test_a_recording_is_compared_with_what_the_page_promises(self):
+        with tempfile.TemporaryDirectory() as folder:
+            bench, out = Path(folder) / "bench.json", Path(folder) / "out.h5"
+            bench.write_text(SETUP.read_text(encoding="utf-8").replace("{", '{"clock": "2026-11-21 09:30:00",', 1),
+                             encoding="utf-8")
+            for arguments, status, state in ((("--set", "duration=2", "--record", out), 0, "complete"),
+                                             (("--set", "duration=2", "--compare", out), 0, "complete"),
+                                             (("--compare", out), 1, "complete"),
+                                             (("--record", out, "--compare", out), 0, "complete")):
+                done = run(bench, *arguments)
+                self.assertEqual(done.returncode, status, (arguments, done.stderr))
+                self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state)
+                self.assertEqual(status, int("differs" in done.stdout), done.stdout)
+            for arguments, status, complaint in (
+                    ((bench, "--compare", bench), 2, "is no recording"),
+                    ((bench, "--record", bench), 2, "named as the set-up and as --record"),
+                    ((bench, "--record", "/dev/null"), 2, "is no file"),
+                    ((bench, "--set", "start=time", "--set", "start-time=2026-11-20T09:30:00", "--record", out), 1,
+                     "is past"),
+                    ((bench, "--headless", "--record", out), 2, "excludes")):
+                done = run(*arguments)
+                self.assertEqual((done.returncode, done.stdout), (status, ""), (arguments, done.stderr))
+                self.assertIn(complaint, done.stderr)
+            done = run(bench, "--record", out, preexec_fn=full_disk(1000000))
+            self.assertEqual(done.returncode, 2)
+            self.assertIn("File too large", done.stderr)
+
+    def test_an_interrupt_stops_a_recording_and_a_kill_leaves_it_readable(self):
+        for signal_number, state in ((signal.SIGINT, "stopped"), (signal.SIGTERM, "stopped"), (signal.SIGKILL, "recording")):
+            with tempfile.TemporaryDirectory() as folder:
+                out = Path(folder) / "out.h5"
+                with subprocess.Popen([PROGRAM, SETUP, "--record", out], stdout=subprocess.DEVNULL,
+                                      stderr=subprocess.DEVNULL) as recording:
+                    while not out.exists():
+                        time.sleep(0.02)
+                    recording.send_signal(signal_number)
+                    self.assertNotEqual(recording.wait(), 0)
+                done = run(SETUP, "--compare", out)
+                self.assertEqual(done.returncode, 1)
+                self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state + " +differs")
+                self.assertEqual(done.stderr.count("it is readable now"), int(signal_number == signal.SIGKILL))
 
     def test_a_refusal_speaks_english_unless_another_language_is_asked_for(self):
         for language, speaks_english in (((), True), (("--language", "en"), True), (("--language", "de"), False)):
@@ -243,7 +287,7 @@ class Program(unittest.TestCase):
             cases = [*((f"--{option}", "") for option in options), *((f"--{option}=",) for option in options), ("",),
                      *((option, file) for option in ("--sheet", "--picture", "--capture") for file in (bench, link)),
                      ("--save", link, "--sheet", bench), ("--language", link, "--save", Path(folder) / "." / link.name),
-                     ("--picture", "new.png", "--capture", "./new.png"), ("--record", "new")]
+                     ("--picture", "new.png", "--capture", "./new.png"), ("--unknown", "new")]
             for arguments in cases:
                 done = run(bench, *arguments, cwd=folder, QT_QPA_PLATFORM="offscreen")
                 self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)

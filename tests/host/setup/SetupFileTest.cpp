@@ -22,12 +22,14 @@ const char* const everything = R"({
       "channels": [ {
         "address": "0:3:1", "name": "Crank", "enabled": 1, "canTrigger": true, "triggerSource": false,
         "triggerParameters": [
-          { "id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "choices": [], "value": 0.5 },
+          { "id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "choices": [], "value": 0.5,
+            "role": "level" },
           { "id": 3, "name": "Count", "type": "Integer", "max": 1e3, "value": 7 },
           { "id": 4, "name": "Slope", "type": "Enum", "choices": ["Up", "Down \u00e4"], "value": "Up" },
           { "id": 5, "name": "On", "type": "Bool", "value": true },
           { "id": 6, "name": "Odd", "type": "Colour", "value": null } ] },
-        { "address": "3:2", "enabled": null }, { "address": "3:3", "enabled": "yes" },
+        { "address": "3:2", "enabled": null, "unit": "bar", "signal": { "shape": "square", "frequency": 5,
+          "amplitude": 2, "offset": -1, "phase": 0.5, "noise": 0.25, "seed": 7 } }, { "address": "3:3", "enabled": "yes" },
         { "address": "3:4", "enabled": false }, { "address": "3:5", "enabled": 0.0 } ] } ],
     "hasTriggerParameters": true,
     "timebase": {
@@ -169,6 +171,12 @@ TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
         {inParameter(R"("id": 2, "name": "n", "type": "String", "min": 0, "value": "")"), path + ".min: belongs to"},
         {inParameter(R"("id": 2, "name": "n", "type": "Bool", "choices": ["a"], "value": true)"),
          path + ".choices: belong to"},
+        {inParameter(R"("id": 2, "name": "n", "type": "Bool", "value": true, "role": "edge")"),
+         path + ".role: must be"},
+        {R"("groups": [{"name": "g", "channels": [{"address": "1", "signal": {"shape": "saw"}}]}])",
+         "groups[0].channels[0].signal.shape: must be \"sine\", \"square\", \"triangle\" or \"constant\""},
+        {R"("groups": [{"name": "g", "channels": [{"address": "1", "signal": {"noise": -1}}]}])",
+         "groups[0].channels[0].signal.noise: must not be negative"},
     };
     for (const auto& [member, message] : cases)
         EXPECT_EQ(refusalOf(withMember(member)).rfind("bench.json:2: $.drivers[0]." + message, 0), 0U)

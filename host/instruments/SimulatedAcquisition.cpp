@@ -1,0 +1,252 @@
+#include "host/instruments/SimulatedAcquisition.h"
+
+#include "host/instruments/ParameterTypes.h"
+#include "platform/NumberText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+const ParameterSettings* parameterOf(const ChannelSettings& channel, std::string_view role)
+{
+    const auto& parameters = channel.triggerParameters;
+    const auto found =
+        std::find_if(parameters.begin(), parameters.end(), [&](const auto& p) { return p.role == role; });
+    return found == parameters.end() ? nullptr : &*found;
+}
+
+double numberIn(const ChannelSettings& channel, std::string_view role)
+{
+    const ParameterSettings* const parameter = parameterOf(channel, role);
+    return parameter ? numberOf(parameter->value).value_or(0.0) : 0.0;
+}
+
+Slope slopeOf(const ChannelSettings& channel)
+{
+    const ParameterSettings* const parameter = parameterOf(channel, parameterRole::slope);
+    const auto* const text = parameter ? std::get_if<std::string>(&parameter->value) : nullptr;
+    if (text && text->starts_with("Falling"))
+        return Slope::Falling;
+    return text && text->starts_with("Either") ? Slope::Either : Slope::Rising;
+}
+
+constexpr double mostPretrigger = 2147483647.0;
+
+ArmedTrigger triggerOf(const ChannelSettings& channel, std::int32_t group, std::int32_t index)
+{
+    const double samples = std::clamp(numberIn(channel, parameterRole::pretrigger), 0.0, mostPretrigger);
+    return {.group = group,
+            .channel = index,
+            .level = numberIn(channel, parameterRole::level),
+            .slope = slopeOf(channel),
+            .pretrigger = std::llround(samples)};
+}
+
+void takeTimebase(ArmedSettings& armed, const TimebaseSettings& timebase)
+{
+    armed.period = armed.isDynamic ? timebase.samplePeriod.value : timebase.scanPeriod.value;
+    armed.blockSize = armed.isDynamic ? std::max(toLong(timebase.blockSize.value), 1) : 1;
+    armed.duration = timebase.duration;
+    armed.startMode = timebase.startMode;
+    armed.stopMode = timebase.stopMode;
+    armed.startTime = timebase.startTime;
+}
+
+/// Calls `visit` with each channel, its group's and its own index.
+template <class Visit> void forEachChannel(const InstrumentSettings& instrument, const Visit& visit)
+{
+    for (std::size_t group = 0; group < instrument.groups.size(); ++group) {
+        const auto& channels = instrument.groups[group].channels;
+        for (std::size_t channel = 0; channel < channels.size(); ++channel)
+            visit(channels[channel], static_cast<std::int32_t>(group), static_cast<std::int32_t>(channel));
+    }
+}
+
+bool crosses(double before, double now, double level, Slope slope)
+{
+    const bool rises = before < level && level <= now;
+    const bool falls = before > level && level >= now;
+    return slope == Slope::Rising ? rises : slope == Slope::Falling ? falls : rises || falls;
+}
+
+/// The first sample not before `seconds`; a sample that only rounding places before it counts.
+std::int64_t firstNotBefore(double seconds, double period)
+{
+    const double periods = seconds / period;
+    const double whole = std::round(periods);
+    const bool isWhole = std::abs(periods - whole) <= 1e-9 * std::max(1.0, whole);
+    return static_cast<std::int64_t>(isWhole ? whole : std::ceil(periods));
+}
+
+} // namespace
+
+/// One acquisition on its thread.
+class SimulatedAcquisition::Run {
+public:
+    Run(Armed armed, const AcquisitionOrder& order, BlockSink& sink)
+        : armed_(std::move(armed)), order_(order), sink_(sink)
+    {
+    }
+
+    void operator()(const std::stop_token& stop)
+    {
+        std::string reason;
+        try {
+            if (order_.onTrigger)
+                awaitTrigger(stop);
+            else
+                next_ = firstNotBefore(order_.notBefore, armed_.settings.period);
+            deliver(stop);
+        } catch (const std::exception& error) {
+            reason = error.what();
+        }
+        sink_.ended(next_, reason);
+    }
+
+private:
+    void awaitTrigger(const std::stop_token& stop);
+    void deliver(const std::stop_token& stop);
+    [[nodiscard]] std::int64_t samplesAtOnce() const;
+    [[nodiscard]] Block block(std::int64_t count) const;
+    bool waitFor(std::int64_t sample, const std::stop_token& stop);
+
+    Armed armed_;
+    AcquisitionOrder order_;
+    BlockSink& sink_;
+    std::int64_t next_ = 0;
+    std::mutex mutex_;
+    std::condition_variable_any wake_;
+};
+
+/// Returns false if the acquisition is to stop, else after the sample has been taken.
+bool SimulatedAcquisition::Run::waitFor(std::int64_t sample, const std::stop_token& stop)
+{
+    if (order_.isPaced) {
+        const std::chrono::duration<double> age(static_cast<double>(sample) * armed_.settings.period);
+        const auto due = order_.origin + std::chrono::duration_cast<std::chrono::steady_clock::duration>(age);
+        std::unique_lock lock(mutex_);
+        wake_.wait_until(lock, stop, due, [] { return false; });
+    }
+    return !stop.stop_requested();
+}
+
+/// Whole blocks where they are small; a tenth of a second in real time, so that little is lost with the program.
+std::int64_t SimulatedAcquisition::Run::samplesAtOnce() const
+{
+    constexpr std::int64_t usual = 16384;
+    constexpr std::int64_t most = 4194304; // of all channels
+    const std::int64_t block = armed_.settings.blockSize;
+    const std::int64_t whole = block >= usual ? block : usual / block * block;
+    const double tenth = order_.isPaced ? 0.1 / armed_.settings.period : static_cast<double>(most);
+    const auto bound = std::min(most / std::max<std::int64_t>(std::ssize(armed_.measured), 1),
+                                static_cast<std::int64_t>(std::min(tenth, static_cast<double>(most))));
+    return std::clamp<std::int64_t>(whole, 1, std::max<std::int64_t>(bound, 1));
+}
+
+void SimulatedAcquisition::Run::awaitTrigger(const std::stop_token& stop)
+{
+    if (!armed_.trigger)
+        throw Failure(failure::unspecified, "no channel is the trigger source");
+    const ArmedTrigger& trigger = *armed_.settings.trigger;
+    const std::int64_t step = samplesAtOnce();
+    const auto last = static_cast<std::int64_t>(order_.patience / armed_.settings.period);
+    std::int64_t sample = std::max<std::int64_t>(trigger.pretrigger, 1);
+    double before = armed_.trigger->at(sample - 1);
+    for (std::int64_t end = sample + step; waitFor(std::min(end, last + 1) - 1, stop); end += step)
+        for (; sample < end; ++sample) {
+            if (sample > last)
+                throw Failure(failure::unspecified,
+                              "no trigger within " + std::to_string(std::llround(order_.patience)) + " seconds");
+            const double now = armed_.trigger->at(sample);
+            if (crosses(before, now, trigger.level, trigger.slope)) {
+                next_ = sample - trigger.pretrigger;
+                return sink_.triggered(sample);
+            }
+            before = now;
+        }
+}
+
+void SimulatedAcquisition::Run::deliver(const std::stop_token& stop)
+{
+    const std::int64_t step = samplesAtOnce();
+    const std::int64_t end = next_ + order_.samples;
+    while (next_ < end) {
+        const std::int64_t count = std::min(step, end - next_);
+        if (!waitFor(next_ + count - 1, stop))
+            return;
+        Block made = block(count);
+        next_ += count;
+        sink_.deliver(std::move(made));
+    }
+}
+
+Block SimulatedAcquisition::Run::block(std::int64_t count) const
+{
+    const auto size = static_cast<std::size_t>(count);
+    Block made{.first = next_, .count = count, .samples = std::vector<float>(size * armed_.measured.size())};
+    float* at = made.samples.data();
+    for (const Signal& signal : armed_.measured) {
+        signal.fill({at, size}, next_);
+        at += size;
+    }
+    return made;
+}
+
+ArmedSettings SimulatedAcquisition::settingsToArm() const
+{
+    ArmedSettings armed;
+    armed.isDynamic = held_.measurementMode == 1 && held_.samplingMode == 1;
+    takeTimebase(armed, required(held_.timebase ? &*held_.timebase : nullptr));
+    if (held_.triggerLines) {
+        armed.startMasterRank = held_.triggerLines->startMasterRank;
+        armed.startTriggerLine = held_.triggerLines->startTriggerLine;
+        armed.startTriggerInput = held_.triggerLines->startTriggerInput;
+    }
+    forEachChannel(held_, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
+        if (it.isEnabled())
+            armed.channels.push_back({group, channel, it.address, it.name, it.unit.value_or("V")});
+        if (it.triggerSource && !armed.trigger && held_.hasTriggerParameters)
+            armed.trigger = triggerOf(it, group, channel);
+    });
+    return armed;
+}
+
+ArmedSettings SimulatedAcquisition::arm()
+{
+    if (thread_.joinable())
+        throw Failure(failure::unspecified, "is acquiring");
+    Armed armed{.settings = settingsToArm(), .measured = {}, .trigger = {}};
+    const double period = armed.settings.period;
+    forEachChannel(held_, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
+        const Signal signal(it.signal.value_or(SignalSettings{}), it.address, period);
+        if (it.isEnabled())
+            armed.measured.push_back(signal);
+        const auto& trigger = armed.settings.trigger;
+        if (trigger && trigger->group == group && trigger->channel == channel)
+            armed.trigger = signal;
+    });
+    return armed_.emplace(std::move(armed)).settings;
+}
+
+void SimulatedAcquisition::start(const AcquisitionOrder& order, BlockSink& sink)
+{
+    if (!armed_)
+        throw Failure(failure::unspecified, "is not armed");
+    thread_ = std::jthread(
+        [run = std::make_unique<Run>(std::move(*armed_), order, sink)](const std::stop_token& stop) { (*run)(stop); });
+    armed_.reset();
+}
+
+void SimulatedAcquisition::stop()
+{
+    armed_.reset();
+    if (!thread_.joinable())
+        return;
+    thread_.request_stop();
+    thread_.join();
+}
+
+} // namespace ko

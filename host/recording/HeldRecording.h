@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ko {
+
+/// What a file holds of an instrument.
+struct HeldInstrument {
+    std::size_t index = 0; ///< in the set-up
+    std::string name;
+    bool isDynamic = true;
+    double period = 0.0; ///< seconds
+    std::int64_t blockSize = 1;
+    std::int64_t lost = 0;
+    std::size_t channels = 0;
+    std::int64_t samples = 0; ///< of each channel; the fewest
+    double bytes = 0.0;       ///< of all samples
+};
+
+struct HeldRecording {
+    std::string state;                       ///< see `recordedState`
+    std::vector<HeldInstrument> instruments; ///< by index
+};
+
+/// Reads what a recording's file holds, also while it is being written. Fails with an `InputError`.
+HeldRecording heldIn(const std::string& file);
+
+} // namespace ko

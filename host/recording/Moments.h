@@ -1,0 +1,27 @@
+#pragma once
+
+#include "interfaces/Values.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+namespace ko {
+
+/// A moment on the wall clock.
+using Moment = std::chrono::system_clock::time_point;
+
+/// Returns `moment` plus `seconds`.
+Moment later(Moment moment, double seconds);
+
+/// Returns the moment at which the local clock shows this date and time. Fails with a `Failure` for an invalid one.
+Moment momentOf(DateTime time);
+
+/// Formats a moment as ISO 8601 in local time, always as long: "2026-11-21T09:30:00.000000+01:00".
+std::string isoText(Moment moment);
+inline constexpr std::size_t isoTextSize = 32;
+
+/// The next moment, from `now` on, at which the local clock shows `time`, which may have no date. None if it is past.
+std::optional<Moment> nextMoment(DateTime time, Moment now);
+
+} // namespace ko

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "host/instruments/Acquisition.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ko {
+
+/// The texts with which a file begins.
+struct RecordedHead {
+    std::string title, program, created, start, plan, setup;
+};
+
+/// A group of a file.
+struct RecordedInstrument {
+    std::size_t index = 0; ///< in the set-up
+    std::string name;
+    ArmedSettings settings;
+};
+
+/// The file of a recording while it is written. Others can read it meanwhile (`swmr`); what has been flushed remains if
+/// the program is killed. All members are called on one thread. Every failure is an `InputError` with the file and the
+/// reason; after one the file holds what was flushed before, and takes nothing more than `close`.
+class RecordedFile {
+public:
+    /// Creates the file. An earlier file of that name is kept with "~" appended to its name, in place of another one.
+    RecordedFile(std::string name, const RecordedHead& head, const std::vector<RecordedInstrument>& instruments);
+    /// Closes the file, if it is open, as it is.
+    ~RecordedFile();
+    RecordedFile(const RecordedFile&) = delete;
+    RecordedFile& operator=(const RecordedFile&) = delete;
+
+    [[nodiscard]] const std::string& name() const { return name_; }
+
+    /// Appends `count` samples of each channel from sample `from` of the block on.
+    void append(std::size_t instrument, const Block& block, std::int64_t from, std::int64_t count);
+    /// Appends samples that are not known, in each channel, and stores how many were lost so far.
+    void appendLost(std::size_t instrument, std::int64_t count);
+
+    /// Sets the start of the earliest sample and, in seconds, how much later each instrument starts.
+    void setStart(const std::string& start, const std::vector<double>& offsets);
+
+    /// Passes everything to the system.
+    void flush();
+
+    /// Sets how and when the recording ended, and closes the file. Its content is on the disk afterwards.
+    void close(const std::string& state, const std::string& stop);
+
+private:
+    struct Content;
+
+    /// Runs `act` with the content, if it is open; a failure closes it.
+    template <class Act> void attempt(const Act& act);
+    void discard(const std::string& file);
+
+    std::string name_;
+    std::unique_ptr<Content> content_; ///< null after `close` and after a failure
+};
+
+} // namespace ko

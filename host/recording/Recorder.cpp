@@ -1,0 +1,269 @@
+#include "host/recording/Recorder.h"
+
+#include "host/recording/FreeSpace.h"
+#include "host/recording/RecordingTexts.h"
+#include "host/recording/UnfinishedFile.h"
+#include "host/support/InputError.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ko {
+
+namespace {
+
+constexpr double patience = 3600.0; // seconds for a trigger
+
+} // namespace
+
+Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions options)
+    : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)), start_(now()),
+      queue_(options_.queueBytes)
+{
+    if (!options_.freeBytes)
+        options_.freeBytes = [file = options_.file] { return freeBytesFor(file); };
+    if (plan_.startMode == startMode::atTime) {
+        const auto moment = nextMoment(plan_.startTime, start_);
+        if (!moment)
+            throw RecordingRefusal("the start time " + isoText(momentOf(plan_.startTime)) + " is past");
+        start_ = *moment;
+    }
+    refuseWithoutSpace();
+    std::size_t groups = 0;
+    for (const PlannedInstrument& it : plan_.instruments) {
+        Acquisition& source = *instruments_[it.index]->acquisition();
+        tracks_.push_back(std::make_unique<Track>(it, source, tracks_.size(), queue_, !options_.isPaced));
+        if (it.isRecorded())
+            tracks_.back()->group = groups++;
+    }
+    publish(presentState());
+}
+
+Moment Recorder::now() const
+{
+    return options_.clock ? momentOf(*options_.clock) : std::chrono::system_clock::now();
+}
+
+void Recorder::refuseWithoutSpace() const
+{
+    const double needed = spaceFor(plan_);
+    const double free = options_.freeBytes();
+    if (free < needed)
+        throw RecordingRefusal(options_.file + ": the recording needs " + byteText(needed) + ", and " + byteText(free) +
+                               " are free");
+}
+
+void Recorder::open()
+{
+    std::vector<RecordedInstrument> recorded;
+    for (const PlannedInstrument& it : plan_.instruments)
+        if (it.isRecorded())
+            recorded.push_back({it.index, it.name, it.settings});
+    const RecordedHead head{options_.title,  programText(),   isoText(now()),
+                            isoText(start_), planText(plan_), options_.setup};
+    file_ = std::make_unique<RecordedFile>(options_.file, head, recorded);
+}
+
+void Recorder::record()
+{
+    try {
+        if (awaitStart())
+            begin();
+        while (isAcquiring())
+            takeNext();
+    } catch (const std::exception& error) {
+        fail(error.what());
+        queue_.open();
+    }
+    disarm(instruments_);
+    finish();
+}
+
+/// Returns false if the recording is to stop before.
+bool Recorder::awaitStart()
+{
+    const bool waits = options_.isPaced && plan_.startMode == startMode::atTime;
+    while (waits && !isStopWanted_ && now() < start_) {
+        publish(RunState::WaitingForTime);
+        // The clock may be set meanwhile.
+        queue_.take(Clock::now() + std::min<Clock::duration>(start_ - now(), std::chrono::seconds(1)));
+    }
+    return !isStopWanted_;
+}
+
+void Recorder::begin()
+{
+    origin_ = Clock::now();
+    tick_ = origin_ + options_.flushInterval;
+    if (options_.isPaced && plan_.startMode != startMode::atTime)
+        start_ = now();
+    for (const auto& track : tracks_)
+        if (track->plan.starts != StartsOn::StartLine)
+            start(*track, 0.0);
+}
+
+void Recorder::start(Track& track, double notBefore)
+{
+    const bool onTrigger = track.plan.starts == StartsOn::OwnTrigger;
+    const AcquisitionOrder order{.origin = origin_,
+                                 .samples = track.plan.samples,
+                                 .onTrigger = onTrigger,
+                                 .notBefore = notBefore,
+                                 .patience = patience,
+                                 .isPaced = options_.isPaced};
+    try {
+        track.acquisition.start(order, track);
+        track.phase = Track::Phase::Acquiring;
+    } catch (const std::exception& error) {
+        track.phase = Track::Phase::Over;
+        fail(track.plan.name + ": " + error.what());
+    }
+    if (track.plan.starts == StartsOn::Arming)
+        startsAt(track, 0);
+}
+
+bool Recorder::isAcquiring() const
+{
+    return std::any_of(tracks_.begin(), tracks_.end(),
+                       [](const auto& track) { return track->phase == Track::Phase::Acquiring; });
+}
+
+void Recorder::takeNext()
+{
+    if (const auto delivery = queue_.take(tick_)) {
+        Track& track = *tracks_[delivery->instrument];
+        std::visit([&](const auto& what) { take(track, what); }, delivery->what);
+    }
+    if (Clock::now() >= tick_)
+        secure();
+    if (isStopWanted_)
+        stopAll();
+    publish(presentState());
+}
+
+void Recorder::secure()
+{
+    write([this] { file_->flush(); });
+    // What follows must fit, and at the end the file's own tables.
+    double toCome = 0.0;
+    for (const auto& track : tracks_)
+        toCome +=
+            4.0 * static_cast<double>(track->toCome()) * static_cast<double>(track->plan.settings.channels.size());
+    const double free = options_.freeBytes();
+    if (isFileGood_ && !isStopping_ && free < std::min(toCome, reserveBytes)) {
+        hasFileFailed_ = true;
+        fail(options_.file + ": the disk is nearly full, " + byteText(free) + " are free");
+        stopAll();
+    }
+    tick_ = Clock::now() + options_.flushInterval;
+}
+
+void Recorder::stopAll()
+{
+    if (std::exchange(isStopping_, true))
+        return;
+    queue_.open();
+    for (const auto& track : tracks_)
+        if (track->phase == Track::Phase::Acquiring)
+            track->acquisition.stop();
+}
+
+void Recorder::take(Track& track, const Delivery::Triggered& trigger)
+{
+    startsAt(track, trigger.sample - track.plan.settings.trigger->pretrigger);
+    for (const auto& other : tracks_)
+        if (other->plan.starts == StartsOn::StartLine && other->phase == Track::Phase::Armed && !isStopping_)
+            start(*other, track.timeOf(trigger.sample));
+}
+
+void Recorder::take(Track& track, const Block& block)
+{
+    if (!track.first)
+        startsAt(track, block.first);
+    storeLost(track, block.first);
+    const std::int64_t from = track.next() - block.first;
+    const std::int64_t count = std::min(block.count - from, track.toCome());
+    if (count <= 0)
+        return;
+    track.stored += count;
+    if (track.group)
+        write([&] { file_->append(*track.group, block, from, count); });
+}
+
+/// The samples before `next` will not come any more.
+void Recorder::storeLost(Track& track, std::int64_t next)
+{
+    const std::int64_t count = std::min(next - track.next(), track.toCome());
+    if (count <= 0)
+        return;
+    track.stored += count;
+    track.lost += count;
+    if (track.group)
+        write([&] { file_->appendLost(*track.group, count); });
+}
+
+void Recorder::take(Track& track, const Delivery::Ended& end)
+{
+    if (track.first)
+        storeLost(track, end.next);
+    track.phase = Track::Phase::Over;
+    track.acquisition.stop();
+    if (!end.reason.empty())
+        fail(track.plan.name + ": " + end.reason);
+    else if (track.toCome() > 0 && !isStopping_)
+        fail(track.plan.name + ": ended after " + std::to_string(track.stored) + " of " +
+             std::to_string(track.plan.samples) + " samples");
+}
+
+void Recorder::startsAt(Track& track, std::int64_t first)
+{
+    track.first = first;
+    const double time = earliest();
+    std::vector<double> offsets;
+    for (const auto& it : tracks_)
+        if (it->group)
+            offsets.push_back(it->first ? it->timeOf(*it->first) - time : 0.0);
+    write([&] { file_->setStart(isoText(later(start_, time)), offsets); });
+}
+
+template <class Act> void Recorder::write(const Act& act)
+{
+    if (!isFileGood_)
+        return;
+    try {
+        act();
+    } catch (const std::exception& error) {
+        isFileGood_ = false;
+        hasFileFailed_ = true;
+        fail(error.what());
+        stopAll();
+    }
+}
+
+void Recorder::fail(const std::string& reason)
+{
+    failures_.push_back(reason);
+}
+
+void Recorder::finish()
+{
+    publish(RunState::Finishing);
+    const std::string end = isoText(options_.isPaced ? now() : later(start_, elapsed()));
+    write([&] { file_->close(stateText(endState()), end); });
+    if (!isFileGood_)
+        try {
+            file_->close(recordedState::failed, end);
+        } catch (const std::exception&) {
+            fail(options_.file + ": was not closed, --compare makes it readable");
+        }
+    file_.reset();
+    publish(endState());
+}
+
+void Recorder::stop()
+{
+    isStopWanted_ = true;
+    queue_.wake();
+}
+
+} // namespace ko

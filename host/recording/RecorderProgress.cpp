@@ -1,0 +1,79 @@
+#include "host/recording/Recorder.h"
+
+#include <algorithm>
+
+namespace ko {
+
+/// The recording's earliest sample, in seconds of its time.
+double Recorder::earliest() const
+{
+    std::optional<double> time;
+    for (const auto& track : tracks_)
+        if (track->group && track->first)
+            time = std::min(track->timeOf(*track->first), time.value_or(track->timeOf(*track->first)));
+    return time.value_or(0.0);
+}
+
+RunState Recorder::endState() const
+{
+    const bool isComplete =
+        std::all_of(tracks_.begin(), tracks_.end(), [](const auto& track) { return track->toCome() == 0; });
+    return !failures_.empty() ? RunState::Failed : isComplete ? RunState::Done : RunState::Stopped;
+}
+
+RunState Recorder::presentState() const
+{
+    if (isStopping_)
+        return RunState::Finishing;
+    const bool awaits = std::any_of(tracks_.begin(), tracks_.end(), [](const auto& it) { return it->awaitsTrigger(); });
+    return awaits ? RunState::WaitingForTrigger : RunState::Recording;
+}
+
+double Recorder::elapsed() const
+{
+    double time = 0.0;
+    for (const auto& track : tracks_)
+        time = std::max(time, track->timeOf(track->next()));
+    return time;
+}
+
+void Recorder::publish(RunState state)
+{
+    RecordingProgress progress{.state = state,
+                               .elapsed = elapsed(),
+                               .instruments = {},
+                               .failures = failures_,
+                               .hasFileFailed = hasFileFailed_};
+    const double time = earliest();
+    for (const auto& track : tracks_) {
+        const ArmedSettings& settings = track->plan.settings;
+        if (track->group)
+            progress.instruments.push_back(
+                {.index = track->plan.index,
+                 .name = track->plan.name,
+                 .samples = track->stored,
+                 .planned = track->plan.samples,
+                 .bytes = 4.0 * static_cast<double>(track->stored) * static_cast<double>(settings.channels.size()),
+                 .lost = track->lost,
+                 .period = settings.period,
+                 .startOffset = track->first ? track->timeOf(*track->first) - time : 0.0});
+    }
+    const std::lock_guard lock(mutex_);
+    progress_ = std::move(progress);
+    if (isOver(state))
+        ended_.notify_all();
+}
+
+RecordingProgress Recorder::progress() const
+{
+    const std::lock_guard lock(mutex_);
+    return progress_;
+}
+
+bool Recorder::waitFor(std::chrono::milliseconds time) const
+{
+    std::unique_lock lock(mutex_);
+    return ended_.wait_for(lock, time, [this] { return isOver(progress_.state); });
+}
+
+} // namespace ko

@@ -1,0 +1,68 @@
+#include "host/recording/ReadOnlyPage.h"
+#include "host/recording/RecordingRun.h"
+#include "host/recording/RecordingTexts.h"
+#include "host/scenario/Commands.h"
+#include "host/setup/SetupSaving.h"
+#include "host/setup/SetupWriter.h"
+#include "support/TextNumbers.h"
+
+#include <nlohmann/json.hpp>
+
+namespace ko {
+
+namespace {
+
+Json recordedJson(const InstrumentProgress& instrument)
+{
+    return {{"name", instrument.name},     {"samples", instrument.samples},   {"bytes", instrument.bytes},
+            {"period", instrument.period}, {"start", instrument.startOffset}, {"lost", instrument.lost}};
+}
+
+Json recordedJson(const std::string& file, const RecordingProgress& end)
+{
+    Json members{{"file", file}, {"state", stateText(end.state)}, {"instruments", Json::array()}};
+    for (const InstrumentProgress& instrument : end.instruments)
+        members["instruments"].push_back(recordedJson(instrument));
+    if (!end.failures.empty())
+        members["failures"] = end.failures;
+    return members;
+}
+
+RecordingProgress recordInto(const Scenario& scenario, const std::string& file)
+{
+    const Instruments instruments(scenario.drivers().begin(), scenario.drivers().end());
+    RecordingPlan plan =
+        planRecording(instruments, PlanFor::Recording, [&](int number) { return scenario.text(number); });
+    const Setup setup{.title = scenario.title(), .clock = scenario.clock.time, .instruments = {}};
+    const RecordingRun run(instruments, std::move(plan),
+                           {.file = scenario.path(file),
+                            .title = setup.title,
+                            .setup = setupText(withPresentValues(setup, scenario.drivers())),
+                            .clock = setup.clock,
+                            .isPaced = false,
+                            .freeBytes = {}});
+    return run.wait();
+}
+
+void record(Scenario& scenario, const Arguments& words)
+{
+    constexpr int exclamation = 48;
+    const auto setReadOnly = [&](bool on) { scenario.rebuild([&] { scenario.document().mode().setReadOnly(on); }); };
+    const ReadOnlyPage readOnly(setReadOnly, scenario.document().page().readOnly);
+    try {
+        scenario.log.jsonEvent("recorded", recordedJson(words.text(0), recordInto(scenario, words.text(0))));
+    } catch (const RecordingRefusal& refusal) {
+        scenario.messageBox.show(refusal.what(), scenario.text(textNumber::page::error), exclamation);
+    }
+}
+
+constexpr Command commands[]{{"record", Giver::Host, 1, 1, record}};
+
+} // namespace
+
+std::span<const Command> recordCommands()
+{
+    return commands;
+}
+
+} // namespace ko

@@ -1,0 +1,145 @@
+#pragma once
+
+#include "host/recording/RecordingRun.h"
+#include "host/setup/SetupFile.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <hdf5.h>
+#include <stdexcept>
+
+namespace ko::test {
+
+/// A recording's file as another program reads it, by the library alone.
+class Reading {
+public:
+    explicit Reading(const std::string& file, unsigned how = H5F_ACC_RDONLY) : file_(opened(file, how)) {}
+    ~Reading() { H5Fclose(file_); }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+    [[nodiscard]] bool isOpen() const { return file_ >= 0; }
+
+    [[nodiscard]] std::string text(const std::string& object, const std::string& attribute) const
+    {
+        const hid_t it = H5Aopen_by_name(file_, object.c_str(), attribute.c_str(), H5P_DEFAULT, H5P_DEFAULT);
+        const hid_t type = H5Aget_type(it);
+        std::string result(H5Tget_size(type), '\0');
+        if (H5Tis_variable_str(type) > 0) {
+            char* text = nullptr;
+            H5Aread(it, type, &text);
+            result = text ? text : "no attribute";
+            H5free_memory(text);
+        } else if (H5Aread(it, type, result.data()) < 0) {
+            result = "no attribute";
+        }
+        H5Tclose(type);
+        H5Aclose(it);
+        return result.substr(0, result.find('\0'));
+    }
+
+    [[nodiscard]] double number(const std::string& object, const std::string& attribute) const
+    {
+        const hid_t it = H5Aopen_by_name(file_, object.c_str(), attribute.c_str(), H5P_DEFAULT, H5P_DEFAULT);
+        double number = -1e300;
+        H5Aread(it, H5T_NATIVE_DOUBLE, &number);
+        H5Aclose(it);
+        return number;
+    }
+
+    [[nodiscard]] bool has(const std::string& object) const
+    {
+        return H5Lexists(file_, object.c_str(), H5P_DEFAULT) > 0;
+    }
+
+    /// Samples in a chunk of a dataset.
+    [[nodiscard]] hsize_t chunk(const std::string& dataset) const
+    {
+        const hid_t data = H5Dopen2(file_, dataset.c_str(), H5P_DEFAULT);
+        const hid_t creation = H5Dget_create_plist(data);
+        hsize_t size = 0;
+        H5Pget_chunk(creation, 1, &size);
+        H5Pclose(creation);
+        H5Dclose(data);
+        return size;
+    }
+
+    [[nodiscard]] std::vector<float> samples(const std::string& dataset) const
+    {
+        const hid_t data = H5Dopen2(file_, dataset.c_str(), H5P_DEFAULT);
+        const hid_t space = H5Dget_space(data);
+        std::vector<float> samples(
+            static_cast<std::size_t>(std::max<hssize_t>(H5Sget_simple_extent_npoints(space), 0)));
+        if (data < 0 || H5Dread(data, H5T_NATIVE_FLOAT, H5S_ALL, H5S_ALL, H5P_DEFAULT, samples.data()) < 0)
+            ADD_FAILURE() << dataset << " cannot be read";
+        H5Sclose(space);
+        H5Dclose(data);
+        return samples;
+    }
+
+private:
+    static hid_t opened(const std::string& file, unsigned how)
+    {
+        H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+        return H5Fopen(file.c_str(), how, H5P_DEFAULT);
+    }
+
+    hid_t file_;
+};
+
+/// A folder that is empty at first and removed at the end.
+class Folder {
+public:
+    Folder()
+        : path_(std::filesystem::path(testing::TempDir()) /
+                testing::UnitTest::GetInstance()->current_test_info()->name())
+    {
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
+    ~Folder() { std::filesystem::remove_all(path_); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    [[nodiscard]] std::string file(const std::string& name) const { return (path_ / name).string(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// An instrument with one channel, as a member of "drivers".
+inline std::string instrument(const std::string& timebase, const std::string& more = "", const char* channel = "")
+{
+    return R"({"name": "d", "groups": [{"name": "g", "channels": [{"address": "1:1")" + std::string(channel) +
+           "}]}], \"timebase\": {" + timebase + "}" + more + "}";
+}
+
+/// The instruments of a set-up, "drivers" without its brackets.
+inline Instruments instrumentsOf(const std::string& drivers)
+{
+    const auto made = makeDrivers(parseSetup("{\"drivers\": [" + drivers + "]}", "test.json"));
+    return {made.begin(), made.end()};
+}
+
+inline RecordingPlan armed(const Instruments& instruments)
+{
+    return planRecording(instruments, PlanFor::Recording, [](int number) { return "text " + std::to_string(number); });
+}
+
+/// As fast as possible, at half past nine.
+inline RecordingOptions into(const std::string& file)
+{
+    return {.file = file,
+            .title = "Bench",
+            .setup = "{}",
+            .clock = *readClockTime("2026-11-21 09:30:00"),
+            .isPaced = false,
+            .freeBytes = {}};
+}
+
+inline RecordingProgress recorded(const Instruments& instruments, const RecordingOptions& options)
+{
+    return RecordingRun(instruments, armed(instruments), options).wait();
+}
+
+} // namespace ko::test
