@@ -17,6 +17,7 @@ Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
     watch.called = [this](const DriverWatch::Watched& watched, const DriverCall& call) {
         logCall(watched.index, call);
     };
+    mayRecord = options.mayRecord;
     takeSetup(options.setup);
     platform_ =
         std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,
