@@ -22,6 +22,7 @@ Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
     history.refused = [this](const std::string& instrument, const std::string& reason) {
         tellNotRestored(instrument, reason);
     };
+    mayRecord = options.mayRecord;
     takeSetup(options.setup);
     platform_ =
         std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,

@@ -49,6 +49,7 @@ public:
     bool quiet = false;
     bool showReads = false;
     bool expectationFailed = false;
+    bool mayRecord = true; ///< see `ScenarioOptions`
 
     /// Runs a call of the host that may rebuild the page; see `DriverHealth::rebuild`. What the page then writes is no
     /// edit.

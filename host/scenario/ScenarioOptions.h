@@ -13,6 +13,8 @@ struct ScenarioOptions {
     std::string folder;   ///< base of a script's relative paths
     Locale locale;        ///< English (United States) unless given
     std::string language; ///< content of a string file, or empty
+    /// Whether scripts may write recordings; scripts that are made up may not.
+    bool mayRecord = true;
 };
 
 } // namespace ko
