@@ -37,6 +37,8 @@ public:
 
     /// Begins a history with the instruments of the session that the page has just shown.
     void begin();
+    /// Called before the page is replaced: forgets all steps.
+    void end() { history_.end(); }
     /// Called when the set-up has been saved.
     void saved() { history_.setClean(); }
     /// Called after a change that is saved with the set-up but is no step.

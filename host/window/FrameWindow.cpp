@@ -48,7 +48,10 @@ CaptureFrame FrameWindow::captureFrame()
     CaptureFrame frame{*this, actions_, *parts_, session(), {}, {}, {}, {}};
     frame.document = [this]() -> Document& { return document(); };
     frame.mayLeave = [this] { return page_.okToLeave(); };
-    frame.renewPage = [this] { page_.renew(); };
+    frame.renewPage = [this] {
+        history_.end();
+        page_.renew();
+    };
     frame.showAgain = [this] {
         const bool changed = session().isChanged();
         handOver();

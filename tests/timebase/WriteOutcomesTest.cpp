@@ -169,7 +169,8 @@ protected:
     }
     Texts allShown()
     {
-        Texts texts{page().lblSpanValue.caption(), page().lblNumScansValue.caption(), page().lblDurationValue.caption()};
+        Texts texts{page().lblSpanValue.caption(), page().lblNumScansValue.caption(),
+                    page().lblDurationValue.caption()};
         for (const TextBox* box : boxes())
             texts.push_back(box->text());
         return texts;

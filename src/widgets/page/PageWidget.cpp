@@ -65,7 +65,7 @@ QSize PageWidget::sizeHint() const
 {
     const QFontMetrics metrics = view_->fontMetrics();
     // A mark that appears beside an editor must not move the columns.
-    const QString mark = view_->text(textNumber::compare::differ).arg(2).arg(3);
+    const QString mark = view_->text(textNumber::compare::differ).arg(QStringLiteral("2"), QStringLiteral("3"));
     const int besideMarks = columnsWidth() + metrics.horizontalAdvance(mark) + 3 * metrics.height();
     const QSize size =
         view_->sizeHint().expandedTo({std::max(metrics.averageCharWidth() * 128, besideMarks), metrics.height() * 38});

@@ -112,7 +112,7 @@ TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
     differing.replace("\"Odd one\"", "\"Odd one\", \"timebase\": {\"samplePeriod\": {\"value\": 0.5}}");
     HeadlessPage other = played(differing.toStdString());
     EXPECT_TRUE(rowsOf(sheetOf(other, "x"))
-                    .contains("Odd one|0.5 s (differs)|1024|0.5 s|On trigger|12:00:00 AM|After the duration|90 s"));
+                    .contains("Odd one|0.5 s (differs)|1024|0.5 s|On trigger|\u2013|After the duration|90 s"));
     HeadlessPage none = played(R"({"drivers": []})");
     EXPECT_TRUE(sheetOf(none, "").contains("Records nothing"));
 }
