@@ -68,7 +68,7 @@ QSize PageWidget::sizeHint() const
     const QString mark = view_->text(textNumber::compare::differ).arg(QStringLiteral("2"), QStringLiteral("3"));
     const int besideMarks = columnsWidth() + metrics.horizontalAdvance(mark) + 3 * metrics.height();
     const QSize size =
-        view_->sizeHint().expandedTo({std::max(metrics.averageCharWidth() * 128, besideMarks), metrics.height() * 38});
+        view_->sizeHint().expandedTo({std::max(metrics.averageCharWidth() * 128, besideMarks), metrics.height() * 45});
     // A scroll bar that appears must not stack the frames.
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return size + QSize(bar, std::max(plan_->heightForWidth(size.width()), planHeight()));
