@@ -187,7 +187,7 @@ void Scenario::execute(const ScriptLine& line)
     const Command& command = understood(line, place);
     try {
         command.run(*this, Arguments(*this, line));
-        if (place == Place::Script)
+        if (place != Place::During)
             history.settle();
     } catch (const ScriptFault&) {
         throw;

@@ -47,6 +47,7 @@ FrameHistory::FrameHistory(QMainWindow& window, const UserActions& actions, Fram
     redo_.setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
     page.actionDone = [this] { settle(); };
     page.focusMoved = [this] { history_.focusMoved(); };
+    parts.services.modalForms.actionDone = [this] { history_.settle(); };
     history_.changed = [this] { show(); };
     history_.rebuild = [this] { ko::raise(rebuild); };
     history_.refused = [this](const std::string& instrument, const std::string& reason) {
@@ -56,7 +57,7 @@ FrameHistory::FrameHistory(QMainWindow& window, const UserActions& actions, Fram
 
 FrameHistory::~FrameHistory()
 {
-    page_.actionDone = page_.focusMoved = nullptr;
+    page_.actionDone = page_.focusMoved = parts_.services.modalForms.actionDone = nullptr;
     history_.end();
     // Its destructor raises signals.
     stack_.blockSignals(true);

@@ -4,6 +4,17 @@
 
 namespace ko {
 
+namespace {
+
+/// Where the drivers share a list they have no range in common; each keeps what it can of another number.
+NumberBounds boundsOf(const Page& page, const Quantity& quantity)
+{
+    const bool isList = (page.*quantity.list).visible();
+    return isList ? NumberBounds{.minimum = {}, .maximum = {}, .positive = true} : quantity.bounds(page);
+}
+
+} // namespace
+
 bool SetAll::isPossible(const Quantity& quantity) const
 {
     const ComboBox& list = page_.*quantity.list;
@@ -17,7 +28,7 @@ Outcome SetAll::enter(const Quantity& quantity, const std::string& text)
         return Outcome::Inert;
     const Steps step(support_.errors, "setAll");
     const auto entered =
-        step.value([&] { return readNumber(support_, text, quantity.type, quantity.bounds(page_), true); });
+        step.value([&] { return readNumber(support_, text, quantity.type, boundsOf(page_, quantity), true); });
     const TimebaseNumber& number = *quantity.number;
     ValueEditors& editors = number.toAllDrivers ? staticEditors_.editors() : dynamicEditors_.editors(number);
     std::optional<double> value;

@@ -68,7 +68,7 @@ public:
     /// Large enough for a few drivers without scrolling.
     [[nodiscard]] QSize sizeHint() const override
     {
-        return FormView::sizeHint().expandedTo({fontMetrics().averageCharWidth() * 135, fontMetrics().height() * 20});
+        return FormView::sizeHint().expandedTo({fontMetrics().averageCharWidth() * 135, fontMetrics().height() * 26});
     }
     /// Otherwise the dialog would take its height from the label instead of the size hint.
     [[nodiscard]] bool hasHeightForWidth() const override { return false; }

@@ -99,6 +99,7 @@ void QtModalForms::showModal(Form& form)
     Modal<FormDialog> dialog(form, build->second(), top ? top : owner_.data());
     if (auto* view = dynamic_cast<FormView*>(dialog->findChild<QWidget*>(toQt(form.name())))) {
         view->formChanged = [shown = dialog.get()] { shown->follow(); };
+        view->actions().whenDone([this] { ko::raise(actionDone); });
         view->focus().follow();
     }
     open_[&form] = dialog.get();

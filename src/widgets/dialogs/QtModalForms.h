@@ -30,6 +30,8 @@ public:
     /// Called before a dialog is shown and after it is closed; calls nest.
     std::function<void(const Form& form)> opened;
     std::function<void()> closed;
+    /// Called after each action of the user in a dialog.
+    std::function<void()> actionDone;
 
 private:
     std::map<const Form*, Build> builds_;

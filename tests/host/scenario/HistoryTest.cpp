@@ -47,6 +47,12 @@ TEST(HistoryTest, AStepIsOneEditAndIsNamedByWhatItChanged)
         const auto steps = stepsOf(edit.script);
         EXPECT_EQ(steps.empty() ? "" : steps.back(), edit.step) << edit.script;
     }
+    EXPECT_EQ(stepsOf("set-all sample-rate 5000\nset-all block-size 512"),
+              (std::vector<std::string>{"Sample rate 10000 → 5000", "Block size 1024 → 512"}));
+    EXPECT_EQ(stepsOf("dialog ShowOffers\ntext txtValue 5000\nclick cmdSetAll\ntext txtValue 2000\nclick cmdSetAll\n"
+                      "click btnClose\nend\nclick cmdSampleRateOffers"),
+              (std::vector<std::string>{"Sample rate 10000 → 5000", "Sample rate 5000 → 2000"}))
+        << "each is a step of its own";
     EXPECT_EQ(stepsOf("text txtDuration 25\nclick optOnTrigger").size(), 2U) << "leaving the box ends its step";
     EXPECT_EQ(stepsOf("focus txtDuration\ntype 2\nkey Escape\nleave\ntext txtDuration x\nleave"),
               std::vector<std::string>())
