@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,11 +42,14 @@ public:
     void answered(const SimulatedDriver& driver, const DriverCall& call);
 
     /// Runs `build`, which rebuilds the page, and then clears the failures of operations that succeeded meanwhile.
+    /// This object may be destroyed meanwhile.
     template <class Build> void rebuild(const Build& build)
     {
         const std::int64_t turn = turn_;
+        const std::weak_ptr<int> life = life_;
         build();
-        afterRebuild(turn);
+        if (!life.expired())
+            afterRebuild(turn);
     }
 
     /// Returns for each failing driver its latest failed call that has not succeeded since, in the order of the
@@ -73,6 +77,7 @@ private:
 
     void afterRebuild(std::int64_t turn);
 
+    std::shared_ptr<int> life_ = std::make_shared<int>();
     SimulatedDrivers drivers_;
     std::map<const SimulatedDriver*, Trouble> troubles_;
     std::int64_t turn_ = 0; ///< counts failures, and successful calls of failing drivers

@@ -90,9 +90,9 @@ void setNumber(hid_t object, const char* name, std::int64_t number)
 
 Hdf5Dataset makeList(hid_t group, const std::string& name, hid_t type, hsize_t chunk, const void* fill)
 {
-    const hsize_t none = 0;
+    const hsize_t empty = 0;
     const hsize_t unlimited = H5S_UNLIMITED;
-    const Hdf5Space space(made(H5Screate_simple(1, &none, &unlimited)));
+    const Hdf5Space space(made(H5Screate_simple(1, &empty, &unlimited)));
     const Hdf5Properties creation(made(H5Pcreate(H5P_DATASET_CREATE)));
     made(H5Pset_chunk(creation.id(), 1, &chunk));
     if (fill)

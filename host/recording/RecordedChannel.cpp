@@ -28,8 +28,8 @@ std::string nameOf(const ArmedChannel& channel)
 
 void RecordedChannel::create(hid_t group, const ArmedSettings& settings, const ArmedChannel& channel)
 {
-    const float none = std::numeric_limits<float>::quiet_NaN();
-    const Hdf5Dataset data = makeList(group, nameOf(channel), H5T_NATIVE_FLOAT, chunkOf(settings), &none);
+    const float lost = std::numeric_limits<float>::quiet_NaN();
+    const Hdf5Dataset data = makeList(group, nameOf(channel), H5T_NATIVE_FLOAT, chunkOf(settings), &lost);
     setText(data.id(), "address", channel.address);
     setText(data.id(), "name", channel.name);
     setText(data.id(), "unit", channel.unit);

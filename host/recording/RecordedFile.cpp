@@ -229,10 +229,10 @@ void RecordedFile::appendLost(std::size_t instrument, std::int64_t count)
         Content::Instrument& it = content.instruments.at(instrument);
         it.lost += count;
         overwrite(it.group.id(), "lost", &it.lost);
-        const std::vector<float> none(65536, std::numeric_limits<float>::quiet_NaN());
-        for (std::int64_t left = count; left > 0; left -= std::ssize(none))
+        const std::vector<float> gap(65536, std::numeric_limits<float>::quiet_NaN());
+        for (std::int64_t left = count; left > 0; left -= std::ssize(gap))
             for (RecordedChannel& channel : it.channels)
-                channel.append({none.data(), static_cast<std::size_t>(std::min(left, std::ssize(none)))});
+                channel.append({gap.data(), static_cast<std::size_t>(std::min(left, std::ssize(gap)))});
     });
 }
 

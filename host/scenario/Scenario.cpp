@@ -11,8 +11,8 @@
 namespace ko {
 
 Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
-    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), folder_(options.folder),
-      language_(options.language)
+    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }),
+      mayRecord(options.mayRecord), folder_(options.folder), language_(options.language)
 {
     watch.wanted = [this](Operation operation) { return logs(operation); };
     watch.called = [this](const DriverWatch::Watched& watched, const DriverCall& call) {
@@ -22,7 +22,6 @@ Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
     history.refused = [this](const std::string& instrument, const std::string& reason) {
         tellNotRestored(instrument, reason);
     };
-    mayRecord = options.mayRecord;
     takeSetup(options.setup);
     platform_ =
         std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,

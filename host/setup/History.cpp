@@ -38,6 +38,7 @@ void History::begin(const SimulatedDrivers& drivers, Page& page)
     position_ = 0;
     clean_ = 0;
     run_ = std::make_shared<int>();
+    isTyping_ = isMoving_ = page.isRestored = false;
     raise(changed);
 }
 
@@ -50,20 +51,24 @@ void History::end()
     steps_.clear();
     position_ = 0;
     clean_.reset();
+    isTyping_ = isMoving_ = false;
 }
 
 void History::absorb()
 {
-    if (!page_)
+    if (!page_ || isMoving_)
         return;
-    present_ = states_[position_] = HistoryState::present(present_.drivers, *page_, present_);
+    HistoryState now = HistoryState::present(present_.drivers, *page_, present_);
+    if (clean_ == position_ && !now.hasSameInstruments(states_[position_]))
+        clean_.reset();
+    present_ = states_[position_] = std::move(now);
     raise(changed);
 }
 
 bool History::hasEntryInProgress() const
 {
     const auto* const box = page_ ? dynamic_cast<const TextBox*>(page_->activeControl()) : nullptr;
-    return box && !box->escapeText().empty();
+    return box && box->isEdited();
 }
 
 void History::settle()
@@ -82,7 +87,7 @@ void History::focusMoved()
 
 void History::finish()
 {
-    if (!page_)
+    if (!page_ || isMoving_)
         return;
     HistoryState now = HistoryState::present(present_.drivers, *page_, present_);
     const bool isChannelChosen = now.stored.triggerSlot != present_.stored.triggerSlot ||
@@ -117,30 +122,47 @@ void History::push(HistoryState state)
         clean_ = *clean_ > 0 ? std::optional(*clean_ - 1) : std::nullopt;
 }
 
+/// Calls of drivers and messages of the page may end the document or open another set-up, and so the history.
 bool History::moveTo(std::size_t position)
 {
-    if (!page_ || position > steps_.size())
+    if (!page_ || isMoving_ || position > steps_.size())
         return false;
-    const HistoryState target = states_[position];
-    if (!restore(target))
-        return false;
-    position_ = position;
-    target.stored.putOn(*page_);
-    // A message of the page may let the user open another set-up or close the window.
     const std::weak_ptr<int> run = run_;
-    Control* const focused = page_->activeControl();
-    if (page_->isShown)
-        raise(rebuild);
+    isMoving_ = true;
+    const HistoryState target = states_[position];
+    const bool isRestored = restore(target);
     if (run.expired())
         return false;
-    if (focused && page_->activeControl() != focused)
-        page_->moveFocus(focused);
-    present_ = HistoryState::present(target.drivers, *page_, target);
+    if (isRestored) {
+        position_ = position;
+        target.stored.putOn(*page_);
+        showRestored(run);
+        if (run.expired())
+            return false;
+        present_ = HistoryState::present(target.drivers, *page_, target);
+        if (clean_ == position_ && !present_.hasSameInstruments(target))
+            clean_.reset();
+    }
+    isMoving_ = false;
     raise(changed);
-    return true;
+    return isRestored;
 }
 
-bool History::restore(const HistoryState& state)
+void History::showRestored(const std::weak_ptr<int>& run)
+{
+    Control* const focused = page_->activeControl();
+    if (!page_->isShown)
+        return;
+    page_->isRestored = true;
+    raise(rebuild);
+    if (run.expired())
+        return;
+    page_->isRestored = false;
+    if (focused && page_->activeControl() != focused)
+        page_->moveFocus(focused);
+}
+
+bool History::restore(const HistoryState& state) const
 {
     std::vector<std::pair<SimulatedDriver*, InstrumentSettings>> before;
     for (std::size_t i = 0; i < state.drivers.size(); ++i) {
@@ -151,9 +173,9 @@ bool History::restore(const HistoryState& state)
         try {
             driver.restore(*state.settings[i]);
         } catch (const Failure& failure) {
-            for (auto it = before.rbegin(); it != before.rend(); ++it)
-                putBack(*it->first, it->second);
-            if (refused)
+            for (const auto& [other, held] : before)
+                putBack(*other, held);
+            if (run_ && refused)
                 refused(driver.name(), failure.what());
             return false;
         }

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] const std::vector<std::string>& steps() const { return steps_; }
     [[nodiscard]] std::size_t position() const { return position_; }
 
-    /// Whether the user is typing in a text box that Escape would change; the entry is no step yet.
+    /// Whether the user has typed in the text box that has the focus; the entry is no step yet.
     [[nodiscard]] bool hasEntryInProgress() const;
 
     /// Whether the present state is the saved one.
@@ -69,7 +69,8 @@ public:
 
 private:
     void push(HistoryState state);
-    bool restore(const HistoryState& state);
+    bool restore(const HistoryState& state) const;
+    void showRestored(const std::weak_ptr<int>& run);
 
     StepWords words_;
     Page* page_ = nullptr;
@@ -78,6 +79,7 @@ private:
     std::size_t position_ = 0;
     std::optional<std::size_t> clean_;
     HistoryState present_;     ///< what the instruments held when last looked at
+    bool isMoving_ = false;    ///< `moveTo` is in progress
     bool isTyping_ = false;    ///< an entry was in progress after the last action
     std::shared_ptr<int> run_; ///< replaced when a history begins
 };

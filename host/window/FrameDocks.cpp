@@ -101,7 +101,11 @@ void FrameDocks::remove()
 void FrameDocks::rebuildBy(const std::function<void()>& rebuild)
 {
     const QPointer<QWidget> focused = QApplication::focusWidget();
+    const std::weak_ptr<int> life = life_;
     watch_.health().rebuild(rebuild);
+    // A message of the page may have waited until the window was destroyed.
+    if (life.expired())
+        return;
     instruments_->refresh();
     // Rebuilding the page may have moved the focus there.
     if (contains(focused))

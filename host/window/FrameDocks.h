@@ -58,6 +58,7 @@ private:
     SetupSession& session_;
     FrameCapture& capture_;
     FrameHistory& history_;
+    std::shared_ptr<int> life_ = std::make_shared<int>();
     DriverWatch watch_{[] { return QtClock().now(); }};
     Reports* reports_;
     DriverLog* log_;

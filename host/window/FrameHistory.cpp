@@ -27,8 +27,8 @@ FrameHistory::FrameHistory(QMainWindow& window, const UserActions& actions, Fram
     : window_(window), actions_(actions), parts_(parts), page_(page), session_(session), capture_(capture),
       history_({[&parts](int number) { return parts.component->text(number); },
                 [&parts]() -> const Locale& { return parts.platform.locale; }}),
-      dock_(new QDockWidget(withoutMnemonic(parts.text(historyText::history)), &window)),
-      view_(new QUndoView(&stack_, dock_))
+      dock_(new QDockWidget(withoutMnemonic(parts.text(historyText::history)), &window)), stack_(new QUndoStack(dock_)),
+      view_(new QUndoView(stack_, dock_))
 {
     dock_->setObjectName(QStringLiteral("historyDock"));
     view_->setEmptyLabel(parts.text(historyText::opened));
@@ -37,7 +37,7 @@ FrameHistory::FrameHistory(QMainWindow& window, const UserActions& actions, Fram
     dock_->setFocusProxy(view_);
     window.addDockWidget(Qt::RightDockWidgetArea, dock_);
     dock_->hide();
-    onSignal(&stack_, &QUndoStack::indexChanged, this, [this](int index) {
+    onSignal(stack_, &QUndoStack::indexChanged, this, [this](int index) {
         if (!isShowing_)
             moveTo(static_cast<std::size_t>(index));
     });
@@ -59,11 +59,9 @@ FrameHistory::~FrameHistory()
 {
     page_.actionDone = page_.focusMoved = parts_.services.modalForms.actionDone = nullptr;
     history_.end();
-    // Its destructor raises signals.
-    stack_.blockSignals(true);
-    // The dock may outlive the window, in an action in progress.
+    // The dock, with the stack, may outlive the window, in an action in progress.
     if (dock_)
-        view_->setStack(nullptr);
+        stack_->disconnect(this);
 }
 
 void FrameHistory::addEntries(QMenu& menu)
@@ -139,9 +137,11 @@ void FrameHistory::redo()
 void FrameHistory::moveTo(std::size_t position)
 {
     const UserActions::Action action(actions_);
-    if (isLocked())
-        return show();
+    const std::size_t before = history_.position();
     history_.finish();
+    // What was being typed is a step now, so that the position means another one.
+    if (isLocked() || history_.position() != before)
+        return show();
     for (std::size_t at = history_.position(); at != position; at < position ? ++at : --at)
         capture_.host({at < position ? "redo" : "undo"});
     const QPointer<QWidget> focused = window_.focusWidget();
@@ -156,6 +156,7 @@ void FrameHistory::moveTo(std::size_t position)
 
 bool FrameHistory::revertToSaved()
 {
+    history_.finish();
     const auto clean = history_.cleanPosition();
     if (!clean || isLocked())
         return false;
@@ -165,12 +166,12 @@ bool FrameHistory::revertToSaved()
 
 void FrameHistory::show()
 {
-    const bool isChanged = !history_.isClean() || history_.hasEntryInProgress();
+    const bool isChanged = !history_.isClean();
     if (session_.isChanged() != isChanged)
         session_.setChanged(isChanged);
     const Scoped showing(isShowing_, true);
     showSteps();
-    stack_.setIndex(static_cast<int>(history_.position()));
+    stack_->setIndex(static_cast<int>(history_.position()));
     showEntries();
 }
 
@@ -181,17 +182,17 @@ void FrameHistory::showSteps()
     const auto count = static_cast<int>(steps.size());
     const auto textAt = [&](int i) { return toShown(steps[static_cast<std::size_t>(i)]); };
     int same = 0;
-    while (same < std::min(stack_.count(), count) && stack_.text(same) == textAt(same))
+    while (same < std::min(stack_->count(), count) && stack_->text(same) == textAt(same))
         ++same;
-    if (same == count && stack_.count() == count)
+    if (same == count && stack_->count() == count)
         return;
     if (same + 1 != count) {
-        stack_.clear();
+        stack_->clear();
         same = 0;
     }
-    stack_.setIndex(same);
+    stack_->setIndex(same);
     for (int i = same; i < count; ++i)
-        stack_.push(new Step(textAt(i)));
+        stack_->push(new Step(textAt(i)));
 }
 
 void FrameHistory::showEntries()

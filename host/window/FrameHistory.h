@@ -75,8 +75,8 @@ private:
     SetupSession& session_;
     FrameCapture& capture_;
     History history_;
-    QUndoStack stack_; ///< shows the steps; its commands do nothing
     QPointer<QDockWidget> dock_;
+    QUndoStack* stack_; ///< shows the steps; its commands do nothing
     QUndoView* view_;
     QAction undo_, redo_;
     bool isShowing_ = false; ///< the stack follows the history

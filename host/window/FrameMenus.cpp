@@ -139,8 +139,10 @@ void FrameWindow::makeViewMenu()
     QMenu& menu = *menuBar()->addMenu(text(hostText::viewMenu));
     QAction* readOnly = menu.addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
-    onSignal(readOnly, &QAction::toggled, this,
-             [this](bool on) { history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); }); });
+    onSignal(readOnly, &QAction::toggled, this, [this](bool on) {
+        const UserActions::Action action(actions_);
+        history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });
+    });
     menu.addSeparator();
     addDock(menu, docks_.instruments(), hostText::instruments);
     addDock(menu, docks_.log(), hostText::driverLog);

@@ -124,8 +124,11 @@ void PageHost::handOverAgain(const SimulatedDrivers& drivers)
 /// before it reads those of the instruments.
 void PageHost::rebuild()
 {
+    const UserActions::Action action(actions_);
     capture_.host({"show"});
     document_->UserDocument_Show();
+    if (action.isOver())
+        return;
     capture_.host({"drivers-changed"});
     document_->drivers().DriversHaveChanged();
 }

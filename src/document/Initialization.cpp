@@ -89,7 +89,7 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
         step([&] { scanPeriod = at.timebase->ScanPeriod(); });
     }
     staticEditors_.initScanRateEditors(scanPeriod);
-    if (scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
+    if (!page_.isRestored && scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
         staticEditors_.pushLoaded(*scanPeriod);
 }
 

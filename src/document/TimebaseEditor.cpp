@@ -96,7 +96,10 @@ Outcome TimebaseEditor::setAll(std::string_view quantity, const std::string& val
 {
     const auto* found =
         std::find_if(quantities.begin(), quantities.end(), [&](const Quantity& it) { return it.name == quantity; });
-    return found == quantities.end() || page_.isDialogOpen ? Outcome::Inert : setAll_.enter(*found, value);
+    if (found == quantities.end() || page_.isDialogOpen)
+        return Outcome::Inert;
+    // What is being typed is an entry of its own.
+    return page_.moveFocus(nullptr) ? setAll_.enter(*found, value) : Outcome::Refused;
 }
 
 bool TimebaseEditor::validateActiveControl(bool apply)

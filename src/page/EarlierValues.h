@@ -3,7 +3,7 @@
 #include "page/Page.h"
 #include "page/Timebases.h"
 
-#include <utility>
+#include <optional>
 #include <vector>
 
 namespace ko {
@@ -22,36 +22,37 @@ public:
         const auto index = static_cast<std::size_t>(driver);
         if (values_.size() <= index)
             values_.resize(page_.currentDrivers().size());
-        if (index < values_.size() && values_[index].isEmpty())
+        if (index < values_.size() && !values_[index])
             values_[index] = before;
     }
 
-    /// Writes to each driver its own earlier values where it holds others, and forgets them. The limit is not checked:
+    /// Writes to each driver its own earlier values where it holds others. The limit is not checked:
     /// the values were in force before. `kept(driver, earlier, now)` is called with what each driver written then
     /// holds. Failures are reported to `step`. Returns whether a write was attempted.
     template <class Kept> bool writeBack(const Steps& step, Kept&& kept)
     {
         bool any = false;
-        const std::vector<Setting> values = std::exchange(values_, {});
-        if (values.empty())
-            return false;
+        // The host may move the focus inside a call.
+        const auto values = values_;
         forEachTimebase(step, page_.currentDrivers(), [&](const IndexedTimebase& at) {
             const auto index = static_cast<std::size_t>(at.driver);
-            if (index >= values.size() || values[index].isEmpty())
+            if (index >= values.size() || !values[index] || values[index]->isEmpty())
                 return;
-            const Setting change = values[index].without(values[index].read(step, *at.timebase));
+            const Setting& earlier = *values[index];
+            const Setting change = earlier.without(earlier.read(step, *at.timebase));
             if (change.isEmpty())
                 return;
             any = true;
             change.write(step, *at.timebase);
-            kept(at.driver, values[index], values[index].read(step, *at.timebase));
+            kept(at.driver, earlier, earlier.read(step, *at.timebase));
         });
         return any;
     }
 
 private:
     const Page& page_;
-    std::vector<Setting> values_; ///< by the driver's index; empty: not written
+    /// By the driver's index; none: not written since the focus. An empty setting could not be read.
+    std::vector<std::optional<Setting>> values_;
 };
 
 } // namespace ko

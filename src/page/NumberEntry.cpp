@@ -14,6 +14,7 @@ NumberEntry::NumberEntry(Page& page, Support& support, TextBox& box, NumberType 
     box.lostFocus = [this] {
         page_.editFlags = editFlag::none;
         box_.setEscapeText("");
+        box_.setEdited(false);
     };
     box.change = [this] { change(); };
     box.validate = [this] { return leave(); };
@@ -25,6 +26,7 @@ void NumberEntry::gotFocus()
     const Steps step(support_.errors, names_.gotFocus);
     page_.editFlags = editFlag::copy | editFlag::paste;
     focus_ = {box_.text(), page_.listNumber};
+    box_.setEdited(false);
     forgetEarlier();
     step([&] {
         const Range range = hintRange();
@@ -79,6 +81,7 @@ void NumberEntry::take()
         lastAccepted_ = box_.text();
         return;
     }
+    box_.setEdited(true);
     const Steps step(support_.errors, names_.change);
     if (const auto number = step.value([&] { return readNumber(support_, box_.text(), type_, bounds(), false); }))
         apply(step, *number);
@@ -159,7 +162,7 @@ void NumberEntry::undo()
             showSelected(now);
         })) {
         // The value in force cannot be read, so the last accepted text is restored.
-        box_.setText(lastAccepted_);
+        box_.setText(isRestored ? focus_.text : lastAccepted_);
         box_.setMarked(false);
         selectAllText(box_);
     }
@@ -167,6 +170,7 @@ void NumberEntry::undo()
         showElsewhere(step, *now);
     if (isRestored)
         restored(step);
+    box_.setEdited(false);
 }
 
 void NumberEntry::show(double held)

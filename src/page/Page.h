@@ -119,6 +119,8 @@ public:
     // Set by the host.
     std::int32_t numDrivers = 0;
     DriverList drivers;           ///< entries may be empty
+    bool isRestored = false;      ///< set by a host that shows the page again after restoring what all drivers held:
+                                  ///< building the page then writes no start and stop settings and no scan period
     std::uint32_t listNumber = 0; ///< of the lists handed over so far
     std::shared_ptr<StatusSite> statusSite;
     std::shared_ptr<HelpSite> helpSite;

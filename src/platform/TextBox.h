@@ -30,6 +30,10 @@ public:
     [[nodiscard]] const std::string& escapeText() const { return escapeText_; }
     void setEscapeText(const std::string& text);
 
+    /// Whether the user has changed the text since the box got the focus.
+    [[nodiscard]] bool isEdited() const { return edited_; }
+    void setEdited(bool edited) { edited_ = edited; }
+
     [[nodiscard]] std::size_t selStart() const { return edit_.selStart(); }
     [[nodiscard]] std::size_t selLength() const override { return edit_.selLength(); }
     /// Positions beyond the text are clamped to its end.
@@ -62,6 +66,7 @@ private:
     bool locked_ = false;
     bool marked_ = false;
     std::string escapeText_;
+    bool edited_ = false;
 };
 
 } // namespace ko

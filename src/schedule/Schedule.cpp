@@ -41,10 +41,12 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
 }
 
 /// The settings of the first timebase or, on a read-only page, those of the start master or else of the scan master, as
-/// far as they can be read: settings that were not read are never written. Without a dynamic driver the recording does
-/// not start on a trigger.
+/// far as they can be read: settings that were not read are never written. None when the drivers were restored. Without
+/// a dynamic driver the recording does not start on a trigger.
 StartStopSettings Schedule::settingsToApply(const Steps& step)
 {
+    if (page_.isRestored)
+        return {};
     StartStopSettings settings;
     const std::int32_t master = page_.dynamicDriverIndex < 0 ? page_.staticDriverIndex : page_.dynamicDriverIndex;
     if (!page_.readOnly) {

@@ -105,6 +105,25 @@ TEST_F(UndoTest, InABoxThatIsBeingEditedUndoIsEscape)
     EXPECT_EQ(window.history().steps().steps().size(), 0U);
 }
 
+TEST_F(UndoTest, WhatIsStillTypedIsSavedAndRevertedAsAStep)
+{
+    enter(page().txtSampleRate, "5000");
+    enter(page().txtScanRate, "5");
+    action(hostText::fileMenu, hostText::save).trigger();
+    undo();
+    at(page().txtDuration).setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&at(page().txtDuration), "777");
+    action(hostText::fileMenu, hostText::save).trigger();
+    EXPECT_FALSE(window.isWindowModified()) << "saved with the focus in the box";
+    QTest::keyClicks(&at(page().txtDuration), "8");
+    EXPECT_TRUE(window.isWindowModified());
+    const std::string typed = held();
+    action(hostText::fileMenu, textNumber::history::revert).trigger();
+    EXPECT_NE(held(), typed);
+    EXPECT_EQ(position(), 2U);
+    EXPECT_FALSE(window.isWindowModified());
+}
+
 TEST_F(UndoTest, TheMenuNamesTheStepAndAReadOnlyPageHasNone)
 {
     enter(page().txtSampleRate, "5000");
