@@ -62,7 +62,6 @@ private:
 
 RecordingProgress follow(RecordingRun& run)
 {
-    const Interrupts interrupts;
     ProgressLine line;
     while (!run.waitFor(std::chrono::milliseconds(200))) {
         if (isInterrupted)
@@ -95,6 +94,8 @@ bool record(const std::string& file, const Setup& setup, HeadlessPage& page)
 {
     const ReadOnlyPage readOnly([&](bool on) { page.setReadOnly(on); }, page.page().readOnly);
     const RecordingPlan plan = planned(page, PlanFor::Recording);
+    // An interrupt may come as soon as there is a file.
+    const Interrupts interrupts;
     RecordingRun run(instrumentsOf(page), plan,
                      {.file = file,
                       .title = setup.title,
