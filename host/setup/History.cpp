@@ -10,7 +10,7 @@ void putBack(SimulatedDriver& driver, const InstrumentSettings& settings)
     try {
         driver.restore(settings);
     } catch (const Failure&) {
-        // The user is told of the failure before this one.
+        // Only the failure of the step is shown to the user.
         return;
     }
 }

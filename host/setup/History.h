@@ -8,9 +8,10 @@
 
 namespace ko {
 
-/// The edits of a set-up as steps that can be undone and redone. A step is one edit of the user: what he typed from the
-/// focus to the leaving of a box, one choice, one dialog, one cell, one instrument switched. A state is what all
-/// instruments hold and what the page stores; a step leads from one state to the next. It depends on no window.
+/// The edits of a set-up as steps that can be undone and redone. A step is one edit of the user: everything
+/// typed in a box from the focus to the leaving, one choice, one dialog, one cell, one instrument switched. A state is
+/// what all instruments hold and what the page stores; a step leads from one state to the next. It depends on no
+/// window.
 class History {
 public:
     /// Maximum number of steps; older ones are dropped.
@@ -36,14 +37,14 @@ public:
     /// that of the present position.
     void absorb();
 
-    /// Undoes or redoes steps until so many are done. The settings of all instruments are restored, and what the page
-    /// stores; then `rebuild` is called. If an instrument does not take its settings, all get back those that they had,
-    /// `refused` is called, and nothing changes. Returns whether the position is reached. Call `finish` before.
+    /// Undoes or redoes steps until `position` steps are done: restores the settings of all instruments and what the
+    /// page stores, then calls `rebuild`. If an instrument refuses its settings, restores those that all had before and
+    /// calls `refused`; nothing changes then. Returns whether the position is reached. `finish` must be called before.
     bool moveTo(std::size_t position);
     bool undo() { return position_ > 0 && moveTo(position_ - 1); }
     bool redo() { return position_ < steps().size() && moveTo(position_ + 1); }
 
-    /// The steps' texts, oldest first, and how many of them are done.
+    /// The texts of all steps, oldest first, and the number of steps that are done.
     [[nodiscard]] const std::vector<std::string>& steps() const { return steps_; }
     [[nodiscard]] std::size_t position() const { return position_; }
 

@@ -61,7 +61,7 @@ private:
     void addAfter(const Item& item, bool isLast);
     void rewrite(const JsonValue& value, const Json& after);
 
-    /// Returns a value as text, to stand on the line of `at`.
+    /// Formats a value for insertion on the line of `at`.
     [[nodiscard]] std::string laidOutAt(std::size_t at, const Json& json) const;
 
     const std::string& text_;

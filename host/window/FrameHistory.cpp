@@ -94,20 +94,22 @@ void FrameHistory::settle()
 
 void FrameHistory::edit(const std::function<void()>& change)
 {
-    history_.finish();
-    const std::weak_ptr<int> life = life_;
-    change();
-    if (!life.expired())
+    if (finishAnd(change))
         history_.finish();
 }
 
 void FrameHistory::hostCall(const std::function<void()>& call)
 {
+    if (finishAnd(call))
+        history_.absorb();
+}
+
+bool FrameHistory::finishAnd(const std::function<void()>& call)
+{
     history_.finish();
     const std::weak_ptr<int> life = life_;
     call();
-    if (!life.expired())
-        history_.absorb();
+    return !life.expired();
 }
 
 bool FrameHistory::isLocked() const

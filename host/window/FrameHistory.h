@@ -58,6 +58,8 @@ public:
 private:
     class Step;
 
+    /// Ends the step in progress, then calls `call`. Returns false if this object has been destroyed meanwhile.
+    bool finishAnd(const std::function<void()>& call);
     void settle();
     void undo();
     void redo();
