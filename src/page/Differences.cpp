@@ -80,7 +80,7 @@ std::optional<double> shownNumber(const Page& page, const TimebaseNumber& number
         return current < readings.size() ? readings[current].held : std::nullopt;
     }
     for (std::size_t i = readings.size(); i > 0; --i)
-        if (account.drivers[i - 1].kind != DriverOffer::Kind::NoTimebase)
+        if (account.hasTimebase(i - 1))
             return readings[i - 1].held;
     return std::nullopt;
 }
@@ -88,10 +88,8 @@ std::optional<double> shownNumber(const Page& page, const TimebaseNumber& number
 bool isUsedBy(const Page& page, const TimebaseNumber& number, std::size_t driver)
 {
     const std::vector<DriverFigures>& drivers = page.figures.drivers;
-    const OfferAccount& account = page.*number.offers;
-    return driver < drivers.size() && driver < account.drivers.size() &&
-           drivers[driver].isDynamic != number.toAllDrivers &&
-           account.drivers[driver].kind != DriverOffer::Kind::NoTimebase;
+    return driver < drivers.size() && drivers[driver].isDynamic != number.toAllDrivers &&
+           (page.*number.offers).hasTimebase(driver);
 }
 
 bool differs(const Page& page, const TimebaseNumber& number, std::size_t driver, double shown)

@@ -2,6 +2,7 @@
 
 #include "interfaces/Values.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -53,6 +54,11 @@ struct OfferAccount {
     std::vector<Reading> readings;    ///< one for each entry of the driver list
     std::optional<double> shown;      ///< the number that the editors show; none: the one that the drivers hold
 
+    /// False for a driver that could not be queried, or whose offer is not known while the page is being rebuilt.
+    [[nodiscard]] bool hasTimebase(std::size_t driver) const
+    {
+        return driver < drivers.size() && drivers[driver].kind != DriverOffer::Kind::NoTimebase;
+    }
     /// Records the number that a driver holds; none when its reading failed.
     void noteRead(std::int32_t driver, const std::optional<double>& held)
     {

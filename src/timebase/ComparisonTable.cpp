@@ -106,7 +106,7 @@ ComparisonTable::Cell ComparisonTable::quantity(const Quantity& quantity, std::s
 {
     const TimebaseNumber& number = *quantity.number;
     const OfferAccount& account = page_.*number.offers;
-    if (driver >= account.readings.size() || account.drivers[driver].kind == DriverOffer::Kind::NoTimebase)
+    if (driver >= account.readings.size() || !account.hasTimebase(driver))
         return {page_.notApplicableText, {}, Table::Emphasis::weak};
     const auto& held = account.readings[driver].held;
     if (!held)
