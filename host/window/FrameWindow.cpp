@@ -23,6 +23,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     joinFiles();
     joinHistory();
     joinSpace();
+    joinStart();
     statusBar()->addWidget(&page_.hint(), 1);
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
@@ -38,6 +39,7 @@ FrameWindow::~FrameWindow()
     docks_.stop();
     space_->stop();
     files_.changed = nullptr;
+    files_.recent().changed = nullptr;
     page_.end();
     if (!actions_.end(*this))
         docks_.remove();
@@ -98,13 +100,35 @@ void FrameWindow::joinSpace()
     files_.changed = [this] { space_->refreshLater(); };
 }
 
+void FrameWindow::joinStart()
+{
+    static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, start_, 1);
+    start_->begin = [this](const std::string& name) { files_.beginNew(name); };
+    start_->open = [this] { files_.chooseAndOpen(); };
+    start_->openRecent = [this](const QString& file) { files_.openRecent(file); };
+    files_.recent().changed = [this] { start_->showRecent(files_.recent().files()); };
+    start_->showRecent(files_.recent().files());
+}
+
+void FrameWindow::showPageOrStart()
+{
+    const bool hasSetup = session().hasSetup();
+    start_->setSizeHint(page().sizeHint());
+    start_->setVisible(!hasSetup);
+    page().setVisible(hasSetup);
+}
+
 void FrameWindow::handOver()
 {
     docks_.show(session().drivers());
     page_.show(session().drivers());
     history_.begin();
     space_->refreshLater();
-    page().view().focus().follow();
+    showPageOrStart();
+    if (session().hasSetup())
+        page().view().focus().follow();
+    else
+        start_->setFocus();
 }
 
 bool FrameWindow::isAvailable(std::int32_t command)

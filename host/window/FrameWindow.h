@@ -8,6 +8,7 @@
 #include "host/window/FramePrinting.h"
 #include "host/window/PageHost.h"
 #include "host/window/SpaceGauge.h"
+#include "host/window/StartScreen.h"
 
 #include <QMainWindow>
 
@@ -37,6 +38,7 @@ public:
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
+    [[nodiscard]] StartScreen& start() { return *start_; }
 
     [[nodiscard]] Document& document() { return page_.document(); }
     [[nodiscard]] PageWidget& page() { return page_.widget(); }
@@ -59,6 +61,9 @@ private:
     void joinHistory();
     void revertToSaved();
     void joinSpace();
+    void joinStart();
+    /// Shows the start screen instead of the page while no set-up is open.
+    void showPageOrStart();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
     void rememberPlace();
@@ -73,6 +78,8 @@ private:
     void addDock(QMenu& menu, QDockWidget& dock, int label);
     void makeHelpMenu();
     QAction& addEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
+    /// Adds an entry that does nothing, and is disabled, while no set-up is open.
+    void addSetupEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
     void showAbout();
 
     // A command goes to the dock that has the focus, or to the page.
@@ -88,6 +95,7 @@ private:
     FrameHistory history_{*this, actions_, *parts_, page_, session(), capture_};
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
+    StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 
