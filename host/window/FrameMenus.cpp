@@ -81,6 +81,8 @@ void FrameWindow::makeFileMenu()
     addSetupEntry(menu, sheetText::exportEntry, {}, [this] { printing_.exportSheet(files_.questions()); });
     menu.addSeparator();
     menu.addAction(&capture_.action());
+    menu.addAction(&replay_.action());
+    onSignal(&menu, &QMenu::aboutToShow, this, [this] { replay_.action().setEnabled(!capture_.action().isChecked()); });
     menu.addSeparator();
     addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
 }
@@ -151,6 +153,7 @@ void FrameWindow::makeViewMenu()
     QMenu& menu = *menuBar()->addMenu(text(hostText::viewMenu));
     QAction* readOnly = menu.addAction(text(hostText::readOnly));
     readOnly->setCheckable(true);
+    readOnly->setObjectName(QStringLiteral("readOnly"));
     onSignal(readOnly, &QAction::toggled, this, [this](bool on) {
         const UserActions::Action action(actions_);
         history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });

@@ -12,6 +12,7 @@
 
 #include <QKeyEvent>
 #include <QLayout>
+#include <QSignalBlocker>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -57,6 +58,22 @@ CaptureFrame FrameWindow::captureFrame()
         page_.renew();
     };
     frame.showAgain = [this] { handOverAsIs(); };
+    return frame;
+}
+
+ReplayFrame FrameWindow::replayFrame()
+{
+    ReplayFrame frame{*this, actions_, parts_, files_, page_, docks_, history_, {}, {}};
+    frame.setupLoaded = [this] {
+        docks_.show(session().drivers());
+        space_->refreshLater();
+        showPageOrStart();
+    };
+    frame.showReadOnly = [this] {
+        auto* const entry = findChild<QAction*>(QStringLiteral("readOnly"));
+        const QSignalBlocker silent(entry);
+        entry->setChecked(document().page().readOnly);
+    };
     return frame;
 }
 

@@ -7,6 +7,7 @@
 #include "host/window/FrameHistory.h"
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
+#include "host/window/FrameReplay.h"
 #include "host/window/PageHost.h"
 #include "host/window/SpaceGauge.h"
 #include "host/window/StartScreen.h"
@@ -38,6 +39,7 @@ public:
     [[nodiscard]] FramePrinting& printing() { return printing_; }
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
+    [[nodiscard]] FrameReplay& replay() { return replay_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
     [[nodiscard]] StartScreen& start() { return *start_; }
@@ -59,6 +61,7 @@ protected:
 
 private:
     [[nodiscard]] CaptureFrame captureFrame();
+    [[nodiscard]] ReplayFrame replayFrame();
     void joinFiles();
     void joinHistory();
     void revertToSaved();
@@ -102,6 +105,7 @@ private:
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FrameAutosave autosave_{actions_, session(), memory_.folder()};
+    FrameReplay replay_{replayFrame()};
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 
