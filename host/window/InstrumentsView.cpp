@@ -36,6 +36,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setTabKeyNavigation(false);
     view_->setAllColumnsShowFocus(true);
     fitColumns(*view_);
+    properties_ = new PropertiesAction(*view_, *model_, texts_, locale, describing_);
     makeActions();
     layDock(*this, *view_);
     hide();
@@ -64,6 +65,7 @@ void InstrumentsView::makeActions()
 void InstrumentsView::show(const SimulatedDrivers& drivers)
 {
     delete faultDialog_;
+    properties_->follow(drivers);
     model_->show(drivers);
 }
 

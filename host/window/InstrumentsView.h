@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/window/InstrumentsModel.h"
+#include "host/window/PropertiesAction.h"
 
 #include <QDialog>
 #include <QDockWidget>
@@ -23,6 +24,8 @@ public:
     void refresh();
 
     [[nodiscard]] InstrumentsModel& model() { return *model_; }
+    /// Set by the window.
+    [[nodiscard]] InstrumentDescribing& describing() { return describing_; }
 
     /// Called after an operation has been set to fail or to work again. An empty operation means all operations.
     std::function<void(const SimulatedDriver& driver, const std::string& operation, bool fails)> faultChanged;
@@ -36,6 +39,8 @@ private:
     Texts texts_;
     InstrumentsModel* model_;
     QTreeView* view_;
+    InstrumentDescribing describing_;
+    PropertiesAction* properties_ = nullptr;
     QAction* faults_ = nullptr;
     QAction* handOver_ = nullptr;
     QPointer<QDialog> faultDialog_;
