@@ -27,10 +27,15 @@ constexpr std::array columns{Column{"id", named::id},       Column{"name", named
 
 constexpr std::array typeNames{"Float", "Integer", "Bool", "Enum", "String", "StringReadOnly"};
 
+const char* keyOf(int column)
+{
+    return columns.at(static_cast<std::size_t>(column)).key;
+}
+
 /// Returns the texts that are offered in cells of this column.
 QStringList offeredIn(const QModelIndex& index)
 {
-    const std::string_view key = columns.at(static_cast<std::size_t>(index.column())).key;
+    const std::string_view key = keyOf(index.column());
     QStringList offered;
     if (key == "type")
         offered = {typeNames.begin(), typeNames.end()};
@@ -76,7 +81,7 @@ public:
 } // namespace
 
 ParameterTable::ParameterTable(const Texts& texts, InstrumentProperties& properties, bool isLocked, QWidget* parent)
-    : QTableWidget(0, static_cast<int>(columns.size()), parent), properties_(properties), isLocked_(isLocked)
+    : QTableWidget(0, static_cast<int>(columns.size()), parent), properties_(properties)
 {
     setObjectName(QStringLiteral("parameters"));
     setAccessibleName(texts(textNumber::sheet::parameters));
@@ -109,6 +114,11 @@ std::string ParameterTable::parameterAt(int row) const
     return parameterPath(channel_, static_cast<std::size_t>(row));
 }
 
+std::string ParameterTable::memberAt(int row, int column) const
+{
+    return parameterAt(row).append(".").append(keyOf(column));
+}
+
 void ParameterTable::fill()
 {
     setRowCount(channel_.empty() ? 0 : static_cast<int>(properties_.parameterCount(channel_)));
@@ -119,13 +129,11 @@ void ParameterTable::fill()
 void ParameterTable::fillRow(int row)
 {
     const Scoped filling(isFilling_, true);
-    const std::string parameter = parameterAt(row);
     for (int column = 0; column < columnCount(); ++column) {
-        const std::string key = columns.at(static_cast<std::size_t>(column)).key;
         if (!item(row, column))
             setItem(row, column, new QTableWidgetItem);
-        item(row, column)
-            ->setText(toQt(properties_.text(parameter + "." + key, properties_.parameterForm(parameter, key))));
+        const TextForm form = properties_.parameterForm(parameterAt(row), keyOf(column));
+        item(row, column)->setText(toQt(properties_.text(memberAt(row, column), form)));
     }
 }
 
@@ -133,8 +141,7 @@ void ParameterTable::take(const QTableWidgetItem& item)
 {
     if (isFilling_)
         return;
-    properties_.setParameter(parameterAt(item.row()), columns.at(static_cast<std::size_t>(item.column())).key,
-                             fromQt(item.text()));
+    properties_.setParameter(parameterAt(item.row()), keyOf(item.column()), fromQt(item.text()));
     fillRow(item.row());
 }
 
@@ -159,7 +166,7 @@ QString ParameterTable::focusOn(const PropertyRefusal& refusal)
 {
     for (int row = 0; row < rowCount(); ++row)
         for (int column = 0; column < columnCount(); ++column) {
-            const std::string path = parameterAt(row) + "." + columns.at(static_cast<std::size_t>(column)).key;
+            const std::string path = memberAt(row, column);
             if (refusal.path().compare(0, path.size(), path) != 0)
                 continue;
             setCurrentCell(row, column);

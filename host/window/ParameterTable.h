@@ -26,12 +26,12 @@ public:
 
 private:
     [[nodiscard]] std::string parameterAt(int row) const;
+    [[nodiscard]] std::string memberAt(int row, int column) const;
     void fill();
     void fillRow(int row);
     void take(const QTableWidgetItem& item);
 
     InstrumentProperties& properties_;
-    bool isLocked_;
     bool isFilling_ = false;
     std::string channel_;
 };

@@ -2,6 +2,7 @@
 
 #include "host/support/HostTexts.h"
 #include "widgets/bindings/WarningLabel.h"
+#include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 
 #include <QAccessible>
@@ -26,14 +27,13 @@ PropertiesDialog::PropertiesDialog(const Texts& texts, const Locale& locale, con
                                    bool isLocked, QWidget* parent)
     : QDialog(parent), texts_(texts), original_(settings), properties_(settings, locale),
       fields_(properties_, isLocked), context_{texts_, properties_, fields_, isLocked},
-      kind_(&makeKindList(context_, this)), tabs_(new QTabWidget(this)), channels_(nullptr),
-      message_(new WarningLabel(this))
+      kind_(&makeKindList(context_, this)), tabs_(new QTabWidget(this)),
+      channels_(new ChannelsTab(context_, settings.groups, tabs_)), message_(new WarningLabel(this))
 {
     setWindowTitle(texts(named::title).arg(plainTitle(toQt(settings.name))));
     auto* const column = new QVBoxLayout(this);
     addHead(*column);
     column->addWidget(tabs_);
-    channels_ = new ChannelsTab(context_, settings.groups, tabs_);
     tabs_->addTab(makeSamplingTab(context_, *kind_, tabs_), texts(named::sampling));
     tabs_->addTab(makeLinesTab(context_, tabs_), texts(hostText::triggerLines));
     tabs_->addTab(channels_, texts(textNumber::page::channels));
@@ -49,10 +49,12 @@ void PropertiesDialog::addHead(QBoxLayout& column)
 {
     auto* const form = new QFormLayout;
     column.addLayout(form);
-    fields_.addBox(*form, texts_(named::name), "name", TextForm::Text);
+    QLineEdit& name = fields_.addBox(*form, texts_(named::name), "name", TextForm::Text);
     auto* const caption = new PlainLabel(texts_(named::kind), this);
     caption->setBuddy(kind_);
     form->addRow(caption, kind_);
+    setTabOrder(&name, kind_);
+    name.setFocus();
 }
 
 void PropertiesDialog::addButtons(QBoxLayout& column)
