@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/setup/SetupFile.h"
+#include "host/setup/UnsavedSetup.h"
 
 #include <functional>
 #include <memory>
@@ -43,10 +43,17 @@ public:
     /// Throws an `InputError` and changes nothing if there is no such template.
     void begin(const std::string& templateName);
 
+    /// Shows a set-up with unsaved changes in place of the open one, without asking.
+    void restore(const UnsavedSetup& unsaved);
+    /// The set-up with its changes.
+    [[nodiscard]] UnsavedSetup unsaved() const;
+
     /// As `load` and `begin`, after asking. Return false if the user cancels, or if the file is refused, after a
     /// message.
     bool open(const std::string& file, SessionQuestions& questions);
     bool beginNew(const std::string& templateName, SessionQuestions& questions);
+    /// Closes the set-up after asking, so that none is open. Returns false if the user cancels.
+    bool close(SessionQuestions& questions);
     /// Saves to the set-up's own file or, if it has none, to one that the user names; asks if another program has
     /// changed the file. Returns false if nothing was saved; file and changed mark are then unchanged, unless the user
     /// has chosen to reload.
@@ -77,7 +84,10 @@ public:
     void setDrivers(SimulatedDrivers drivers) { drivers_ = std::move(drivers); }
     /// The fixed time of the set-up's clock, if it has one.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_->clock; }
+    /// Whether the set-up has a file.
     [[nodiscard]] bool isOpen() const { return !file_.empty(); }
+    /// Whether there is a set-up, with a file or without.
+    [[nodiscard]] bool hasSetup() const { return !source_.empty() || !drivers_.empty() || changed_; }
 
     [[nodiscard]] bool isChanged() const { return changed_; }
     void setChanged(bool changed);
@@ -104,6 +114,7 @@ private:
     [[nodiscard]] bool pageAllows() const;
     /// Replaces the set-up by this content of a file, which is the template of this name, if one is given.
     void replace(std::string content, const std::string& source, const std::string& templateName);
+    void take(const UnsavedSetup& set, bool isChanged);
     /// Loads or begins a set-up; shows the reason if that fails.
     static bool attempt(const std::function<void()>& load, const std::string& what, SessionQuestions& questions);
     bool tryLoad(const std::string& file, SessionQuestions& questions);

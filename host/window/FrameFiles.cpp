@@ -34,9 +34,10 @@ FrameFiles::FrameFiles(QMainWindow& window, const UserActions& actions, FramePar
 
 void FrameFiles::showLoaded()
 {
+    const bool isRestored = session_.isChanged();
     parts_.services.clock.standAt(session_.clock());
     showInstruments();
-    session_.setChanged(false);
+    session_.setChanged(isRestored);
     remember();
 }
 
@@ -80,6 +81,12 @@ void FrameFiles::openDropped(QDropEvent& event)
     event.acceptProposedAction();
     // The program at the other end of the drag waits until this event has returned, so no message box is shown here.
     later(window_, [this, file = draggedFile(event)] { open(file); });
+}
+
+void FrameFiles::close()
+{
+    const UserActions::Action action(actions_);
+    session_.close(*questions_);
 }
 
 void FrameFiles::save()

@@ -59,6 +59,8 @@ public:
     std::function<void()> rebuild, restored;
     std::function<void(const SimulatedDrivers& drivers, History::HandOver how)> handOver;
     [[nodiscard]] bool isLocked() const;
+    /// Called when the set-up or its changed mark may have changed.
+    std::function<void()> changed;
 
 private:
     class Step;

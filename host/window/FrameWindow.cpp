@@ -8,6 +8,7 @@
 #include "host/window/Reports.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QKeyEvent>
 #include <QLayout>
@@ -23,6 +24,8 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     joinFiles();
     joinHistory();
     joinSpace();
+    joinStart();
+    joinAutosave();
     statusBar()->addWidget(&page_.hint(), 1);
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
@@ -38,6 +41,7 @@ FrameWindow::~FrameWindow()
     docks_.stop();
     space_->stop();
     files_.changed = nullptr;
+    files_.recent().changed = history_.changed = nullptr;
     page_.end();
     if (!actions_.end(*this))
         docks_.remove();
@@ -52,12 +56,7 @@ CaptureFrame FrameWindow::captureFrame()
         history_.end();
         page_.renew();
     };
-    frame.showAgain = [this] {
-        const bool changed = session().isChanged();
-        handOver();
-        if (changed)
-            history_.changedOtherwise();
-    };
+    frame.showAgain = [this] { handOverAsIs(); };
     return frame;
 }
 
@@ -67,7 +66,7 @@ void FrameWindow::joinFiles()
     session().checkFree = [this](const std::string& file) { capture_.refuseOwn(file); };
     files_.showInstruments = [this] {
         capture_.setup(session().source());
-        handOver();
+        handOverAsIs();
     };
 }
 
@@ -98,13 +97,51 @@ void FrameWindow::joinSpace()
     files_.changed = [this] { space_->refreshLater(); };
 }
 
+void FrameWindow::joinStart()
+{
+    static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, start_, 1);
+    start_->begin = [this](const std::string& name) { files_.beginNew(name); };
+    start_->open = [this] { files_.chooseAndOpen(); };
+    start_->openRecent = [this](const QString& file) { files_.openRecent(file); };
+    files_.recent().changed = [this] { start_->showRecent(files_.recent().files()); };
+    start_->showRecent(files_.recent().files());
+}
+
+void FrameWindow::joinAutosave()
+{
+    history_.changed = [this] { autosave_.changed(); };
+    autosave_.failed = [this](const std::string& reason) {
+        docks_.reports().add(text(textNumber::autosave::name), toShown(reason));
+    };
+}
+
+void FrameWindow::showPageOrStart()
+{
+    const bool hasSetup = session().hasSetup();
+    start_->setSizeHint(page().sizeHint());
+    start_->setVisible(!hasSetup);
+    page().setVisible(hasSetup);
+}
+
 void FrameWindow::handOver()
 {
     docks_.show(session().drivers());
     page_.show(session().drivers());
     history_.begin();
     space_->refreshLater();
-    page().view().focus().follow();
+    showPageOrStart();
+    if (session().hasSetup())
+        page().view().focus().follow();
+    else
+        start_->setFocus();
+}
+
+void FrameWindow::handOverAsIs()
+{
+    const bool changed = session().isChanged();
+    handOver();
+    if (changed)
+        history_.changedOtherwise();
 }
 
 bool FrameWindow::isAvailable(std::int32_t command)
@@ -152,8 +189,10 @@ void FrameWindow::closeEvent(QCloseEvent* event)
     // Events are accepted by default, but a failure below must not close the window.
     event->ignore();
     event->setAccepted(files_.mayLeave());
-    if (event->isAccepted())
-        rememberPlace();
+    if (!event->isAccepted())
+        return;
+    rememberPlace();
+    autosave_.end();
 }
 
 void FrameWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/window/FrameAutosave.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
@@ -9,6 +10,7 @@
 #include "host/window/FramePrinting.h"
 #include "host/window/PageHost.h"
 #include "host/window/SpaceGauge.h"
+#include "host/window/StartScreen.h"
 
 #include <QMainWindow>
 
@@ -33,12 +35,14 @@ public:
     bool restorePlace();
 
     [[nodiscard]] FrameFiles& files() { return files_; }
+    [[nodiscard]] FrameAutosave& autosave() { return autosave_; }
     [[nodiscard]] FramePrinting& printing() { return printing_; }
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
     [[nodiscard]] FrameInstruments& instrumentList() { return list_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
+    [[nodiscard]] StartScreen& start() { return *start_; }
 
     [[nodiscard]] Document& document() { return page_.document(); }
     [[nodiscard]] PageWidget& page() { return page_.widget(); }
@@ -61,8 +65,14 @@ private:
     void joinHistory();
     void revertToSaved();
     void joinSpace();
+    void joinStart();
+    void joinAutosave();
+    /// Shows the start screen instead of the page while no set-up is open.
+    void showPageOrStart();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
+    /// As `handOver`; a set-up that was changed stays so.
+    void handOverAsIs();
     void rememberPlace();
 
     void makeMenus();
@@ -75,6 +85,8 @@ private:
     void addDock(QMenu& menu, QDockWidget& dock, int label);
     void makeHelpMenu();
     QAction& addEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
+    /// Adds an entry that does nothing, and is disabled, while no set-up is open.
+    void addSetupEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
     void showAbout();
 
     // A command goes to the dock that has the focus, or to the page.
@@ -91,6 +103,8 @@ private:
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
     FrameInstruments list_{*this, actions_, *parts_, page_, session(), history_, docks_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
+    StartScreen* start_ = new StartScreen(parts_->texts(), this);
+    FrameAutosave autosave_{actions_, session(), memory_.folder()};
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 
