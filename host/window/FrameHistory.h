@@ -55,12 +55,12 @@ public:
     /// As `edit`, to these instruments with these settings. Returns whether they are changed.
     bool edit(const HeldState& to);
 
-    /// Called when the set-up or its changed mark may have changed.
-    std::function<void()> changed;
     /// See `History`; set by the window.
     std::function<void()> rebuild, restored;
     std::function<void(const SimulatedDrivers& drivers, History::HandOver how)> handOver;
     [[nodiscard]] bool isLocked() const;
+    /// Called when the set-up or its changed mark may have changed.
+    std::function<void()> changed;
 
 private:
     class Step;
