@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/window/FrameAutosave.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
@@ -33,6 +34,7 @@ public:
     bool restorePlace();
 
     [[nodiscard]] FrameFiles& files() { return files_; }
+    [[nodiscard]] FrameAutosave& autosave() { return autosave_; }
     [[nodiscard]] FramePrinting& printing() { return printing_; }
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
@@ -62,10 +64,13 @@ private:
     void revertToSaved();
     void joinSpace();
     void joinStart();
+    void joinAutosave();
     /// Shows the start screen instead of the page while no set-up is open.
     void showPageOrStart();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
+    /// As `handOver`; a set-up that was changed stays so.
+    void handOverAsIs();
     void rememberPlace();
 
     void makeMenus();
@@ -96,6 +101,7 @@ private:
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
+    FrameAutosave autosave_{actions_, session(), memory_.folder()};
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 

@@ -5,7 +5,12 @@
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
+#include <QDateTime>
+
 namespace ko {
+
+/// The user's decision about unsaved changes of a program that has ended without asking.
+enum class Recovery { Restore, Discard, Later };
 
 /// The frame window's questions to the user.
 class UserQuestions : public SessionQuestions {
@@ -16,6 +21,10 @@ public:
     virtual std::string fileForSheet() = 0;
     /// Returns whether to remove a recent file that cannot be found from the list.
     virtual bool forget(const std::string& file) = 0;
+    /// Asks whether to restore the unsaved changes to a set-up that were kept at this time.
+    virtual Recovery restoreCopy(const std::string& setup, const QDateTime& time) = 0;
+    /// Names a copy of unsaved changes that cannot be read, and the reason.
+    virtual void tellDamagedCopy(const std::string& file, const std::string& reason) = 0;
 };
 
 /// Asks by message boxes and file dialogs. A box or dialog that is destroyed together with the window and this object
@@ -29,6 +38,8 @@ public:
     std::string fileToOpen() override;
     std::string fileForSheet() override;
     bool forget(const std::string& file) override;
+    Recovery restoreCopy(const std::string& setup, const QDateTime& time) override;
+    void tellDamagedCopy(const std::string& file, const std::string& reason) override;
     std::string fileToSave() override;
     Conflict settleConflict() override;
     bool reload() override;
