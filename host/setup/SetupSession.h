@@ -80,6 +80,8 @@ public:
     [[nodiscard]] const std::string& source() const { return source_; }
     [[nodiscard]] const std::string& title() const { return setup_->title; }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
+    /// Replaces the list of instruments by an edit, which its caller marks as a change.
+    void setDrivers(SimulatedDrivers drivers) { drivers_ = std::move(drivers); }
     /// The fixed time of the set-up's clock, if it has one.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_->clock; }
     /// Whether the set-up has a file.
