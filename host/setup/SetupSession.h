@@ -80,12 +80,17 @@ public:
     [[nodiscard]] const std::string& source() const { return source_; }
     [[nodiscard]] const std::string& title() const { return setup_->title; }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
+    /// Replaces the list of instruments by an edit, which its caller marks as a change.
+    void setDrivers(SimulatedDrivers drivers) { drivers_ = std::move(drivers); }
     /// The fixed time of the set-up's clock, if it has one.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_->clock; }
     /// Whether the set-up has a file.
     [[nodiscard]] bool isOpen() const { return !file_.empty(); }
     /// Whether there is a set-up, with a file or without.
     [[nodiscard]] bool hasSetup() const { return !source_.empty() || !drivers_.empty() || changed_; }
+
+    /// Expires when another set-up is opened or this one is closed.
+    [[nodiscard]] std::weak_ptr<const void> presence() const { return setup_; }
 
     [[nodiscard]] bool isChanged() const { return changed_; }
     void setChanged(bool changed);

@@ -8,6 +8,7 @@
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameParts.h"
 #include "host/window/InputLock.h"
+#include "host/window/PageHost.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"

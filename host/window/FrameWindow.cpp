@@ -126,7 +126,10 @@ void FrameWindow::joinStart()
 
 void FrameWindow::joinAutosave()
 {
-    history_.changed = [this] { autosave_.changed(); };
+    history_.changed = [this] {
+        autosave_.changed();
+        showPageOrStart();
+    };
     autosave_.failed = [this](const std::string& reason) {
         docks_.reports().add(text(textNumber::autosave::name), toShown(reason));
     };
@@ -135,7 +138,8 @@ void FrameWindow::joinAutosave()
 void FrameWindow::showPageOrStart()
 {
     const bool hasSetup = session().hasSetup();
-    start_->setSizeHint(page().sizeHint());
+    if (!hasSetup)
+        start_->setSizeHint(page().sizeHint());
     start_->setVisible(!hasSetup);
     page().setVisible(hasSetup);
 }

@@ -5,6 +5,7 @@
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameHistory.h"
+#include "host/window/FrameInstruments.h"
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/FrameReplay.h"
@@ -41,6 +42,7 @@ public:
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] FrameReplay& replay() { return replay_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
+    [[nodiscard]] FrameInstruments& instrumentList() { return list_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
     [[nodiscard]] StartScreen& start() { return *start_; }
 
@@ -102,6 +104,7 @@ private:
     PageHost page_{*this, actions_, parts_, capture_, files_};
     FrameHistory history_{*this, actions_, *parts_, page_, session(), capture_};
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
+    FrameInstruments list_{*this, actions_, *parts_, page_, session(), history_, docks_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FrameAutosave autosave_{actions_, session(), memory_.folder()};

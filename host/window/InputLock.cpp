@@ -51,8 +51,7 @@ bool InputLock::eventFilter(QObject* object, QEvent* event)
 {
     const auto* const widget = qobject_cast<const QWidget*>(object);
     const bool isAction = event->type() == QEvent::Shortcut;
-    if (!isInput(*event) || (!widget && !isAction) ||
-        (widget && qobject_cast<const QMessageBox*>(widget->window())))
+    if (!isInput(*event) || (!widget && !isAction) || (widget && qobject_cast<const QMessageBox*>(widget->window())))
         return false;
     escaped_ = escaped_ || isEscape(*event);
     // The toolkit asks a widget first whether it takes the key as text.

@@ -53,7 +53,7 @@ QTreeWidget* table(const Texts& texts, const std::vector<ReplayDifference>& diff
         auto* row = new QTreeWidgetItem(list, {QString::number(difference.line), toShown(difference.command),
                                                toShown(difference.expected.value_or("")), found});
         for (int column = 0; column < list->columnCount(); ++column)
-            row->setToolTip(column, plainTip(row->text(column)));
+            row->setData(column, Qt::ToolTipRole, plainTip(row->text(column)));
     }
     for (int column = 0; column < list->columnCount(); ++column)
         list->resizeColumnToContents(column);

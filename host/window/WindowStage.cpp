@@ -14,7 +14,7 @@ namespace ko {
 
 WindowStage::WindowStage(const ReplayFrame& frame, std::function<bool(int line)> proceed)
     : frame_(frame), proceed_(std::move(proceed)), action_(frame.actions), document_(&frame.page.document()),
-      drivers_(frame.files.session().drivers()), refused_(frame.history.history().refused)
+      setup_(frame.files.session().presence()), refused_(frame.history.history().refused)
 {
 }
 
@@ -35,11 +35,9 @@ void WindowStage::showWhole()
     if (isLoaded_)
         setupShown();
     const DriverList& shown = frame_.page.document().page().drivers;
-    if (!std::equal(shown.begin(), shown.end(), drivers_.begin(), drivers_.end()) ||
+    if (!std::equal(shown.begin(), shown.end(), drivers().begin(), drivers().end()) ||
         !frame_.page.document().page().isShown)
-        frame_.history.hostCall([this] {
-            frame_.docks.rebuildBy([this] { frame_.page.handOverAgain(frame_.files.session().drivers()); });
-        });
+        frame_.history.hostCall([this] { frame_.docks.rebuildBy([this] { frame_.page.handOverAgain(drivers()); }); });
 }
 
 Document* WindowStage::document()
@@ -76,7 +74,7 @@ void WindowStage::loadSetup(const std::string& file)
 {
     const Scoped loaded(frame_.files.showInstruments, frame_.setupLoaded);
     frame_.files.session().load(file);
-    drivers_ = frame_.files.session().drivers();
+    setup_ = frame_.files.session().presence();
     if (const auto clock = frame_.files.session().clock())
         clock_ = clock;
     frame_.parts->services.clock.standAt(clock_);
@@ -94,7 +92,7 @@ void WindowStage::setupShown()
 
 bool WindowStage::isOver() const
 {
-    return action_.isOver() || &frame_.page.document() != document_ || frame_.files.session().drivers() != drivers_;
+    return action_.isOver() || &frame_.page.document() != document_ || setup_.expired();
 }
 
 bool WindowStage::lineDone(const ScriptLine& line)

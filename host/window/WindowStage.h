@@ -64,9 +64,9 @@ private:
     std::function<bool(int line)> proceed_;
     UserActions::Action action_;
     const Document* document_;
-    SimulatedDrivers drivers_;
+    std::weak_ptr<const void> setup_;
     std::function<void(const std::string&, const std::string&)> refused_; ///< the window's own
-    std::optional<DateTime> clock_; ///< set by the script
+    std::optional<DateTime> clock_;                                       ///< set by the script
     bool isLoaded_ = false; ///< a file has been loaded and not been shown yet
 };
 

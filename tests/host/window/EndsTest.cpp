@@ -213,11 +213,31 @@ const Opening openings[] = {
          desk.mistype();
          QTest::keyClick(&tree, Qt::Key_Space);
      }},
+    {"Gallery",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.setVisible(true);
+         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Insert);
+     }},
+    {"Removed",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.setVisible(true);
+         dock.select(0);
+         desk.mistype();
+         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Delete);
+     }},
     {"Faults",
      [](Desk& desk) {
          InstrumentsView& dock = desk.window->instruments();
          dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
          dock.findChild<QAction*>("faults")->trigger();
+     }},
+    {"Properties",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
+         dock.findChild<QAction*>("properties")->trigger();
      }},
 };
 
