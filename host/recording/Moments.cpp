@@ -32,6 +32,11 @@ Moment onDayOf(Moment moment, int days, DateTime time)
 
 } // namespace
 
+Moment momentNow(const std::optional<DateTime>& standing)
+{
+    return standing ? momentOf(*standing) : std::chrono::system_clock::now();
+}
+
 Moment later(Moment moment, double seconds)
 {
     using std::chrono::duration;

@@ -11,6 +11,9 @@ namespace ko {
 /// A moment on the wall clock.
 using Moment = std::chrono::system_clock::time_point;
 
+/// Returns what a clock that stands at this time shows, or the machine's clock.
+Moment momentNow(const std::optional<DateTime>& standing);
+
 /// Returns `moment` plus `seconds`.
 Moment later(Moment moment, double seconds);
 

@@ -41,7 +41,7 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
 
 Moment Recorder::now() const
 {
-    return options_.clock ? momentOf(*options_.clock) : std::chrono::system_clock::now();
+    return momentNow(options_.clock);
 }
 
 void Recorder::refuseWithoutSpace() const

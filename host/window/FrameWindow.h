@@ -6,6 +6,7 @@
 #include "host/window/FrameHistory.h"
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
+#include "host/window/FrameRecording.h"
 #include "host/window/PageHost.h"
 #include "host/window/SpaceGauge.h"
 
@@ -36,6 +37,7 @@ public:
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
+    [[nodiscard]] FrameRecording& recording() { return recording_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
 
     [[nodiscard]] Document& document() { return page_.document(); }
@@ -59,6 +61,9 @@ private:
     void joinHistory();
     void revertToSaved();
     void joinSpace();
+    void joinRecording();
+    /// Makes the page read-only for the set-up of a recording, and editable for the next one.
+    void lockOpenedRecording();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
     void rememberPlace();
@@ -87,6 +92,9 @@ private:
     PageHost page_{*this, actions_, parts_, capture_, files_};
     FrameHistory history_{*this, actions_, *parts_, page_, session(), capture_};
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
+    FrameRecording recording_{*this, actions_, *parts_, page_, files_};
+    QAction* readOnly_ = nullptr;
+    bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
