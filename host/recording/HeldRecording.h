@@ -16,8 +16,8 @@ struct HeldInstrument {
     std::int64_t blockSize = 1;
     std::int64_t lost = 0;
     std::size_t channels = 0;
-    std::int64_t samples = 0; ///< of each channel; the fewest
-    double bytes = 0.0;       ///< of all samples
+    std::int64_t samples = 0;             ///< of each channel; the fewest
+    double bytes = 0.0;                   ///< of all samples
     std::optional<std::int64_t> promised; ///< samples of each channel by the plan in the file
 };
 

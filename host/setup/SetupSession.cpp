@@ -65,6 +65,19 @@ bool SetupSession::beginNew(const std::string& templateName, SessionQuestions& q
     return mayLeave(questions) && attempt([&] { begin(templateName); }, templateName, questions);
 }
 
+bool SetupSession::close(SessionQuestions& questions)
+{
+    if (!mayLeave(questions))
+        return false;
+    drivers_.clear();
+    setup_ = std::make_shared<Setup>();
+    file_ = source_ = template_ = content_ = {};
+    setChanged(false);
+    if (loaded)
+        loaded();
+    return true;
+}
+
 bool SetupSession::tryLoad(const std::string& file, SessionQuestions& questions)
 {
     return attempt([&] { load(file); }, file, questions);

@@ -47,6 +47,8 @@ public:
     /// message.
     bool open(const std::string& file, SessionQuestions& questions);
     bool beginNew(const std::string& templateName, SessionQuestions& questions);
+    /// Closes the set-up after asking, so that none is open. Returns false if the user cancels.
+    bool close(SessionQuestions& questions);
     /// Saves to the set-up's own file or, if it has none, to one that the user names; asks if another program has
     /// changed the file. Returns false if nothing was saved; file and changed mark are then unchanged, unless the user
     /// has chosen to reload.
@@ -77,13 +79,16 @@ public:
     [[nodiscard]] Setup presentSetup() const;
     /// The fixed time of the set-up's clock, if it has one.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_->clock; }
+    /// Whether the set-up has a file.
     [[nodiscard]] bool isOpen() const { return !file_.empty(); }
+    /// Whether there is a set-up, with a file or without.
+    [[nodiscard]] bool hasSetup() const { return !source_.empty() || !drivers_.empty() || changed_; }
 
     [[nodiscard]] bool isChanged() const { return changed_; }
     void setChanged(bool changed);
 
-    /// Returns the set-up that a file of another kind contains; none for a set-up file. The set-up then has no file until
-    /// it is saved.
+    /// Returns the set-up that a file of another kind contains; none for a set-up file. The set-up then has no file
+    /// until it is saved.
     std::function<std::optional<std::string>(const std::string& file)> setupInside;
     /// Returns whether another set-up may replace this one, before anything else is asked.
     std::function<bool()> mayReplace;

@@ -82,6 +82,12 @@ void FrameFiles::openDropped(QDropEvent& event)
     later(window_, [this, file = draggedFile(event)] { open(file); });
 }
 
+void FrameFiles::close()
+{
+    const UserActions::Action action(actions_);
+    session_.close(*questions_);
+}
+
 void FrameFiles::save()
 {
     if (session_.save(*questions_))

@@ -46,6 +46,8 @@ public:
     static void acceptDrag(QDragEnterEvent& event);
     void openDropped(QDropEvent& event);
 
+    /// Closes the set-up after asking the page and the user.
+    void close();
     void save();
     void saveAs();
     [[nodiscard]] bool mayLeave() { return session_.mayLeave(*questions_); }

@@ -52,6 +52,17 @@ QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, 
     return *entry;
 }
 
+void FrameWindow::addSetupEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act)
+{
+    QAction& entry = addEntry(menu, label, key, [this, act = std::move(act)] {
+        if (session().hasSetup())
+            act();
+    });
+    onSignal(&menu, &QMenu::aboutToShow, &entry, [this, &entry] { entry.setEnabled(session().hasSetup()); });
+    // A disabled action would not receive its shortcut.
+    onSignal(&menu, &QMenu::aboutToHide, &entry, [&entry] { entry.setEnabled(true); });
+}
+
 void FrameWindow::makeFileMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::fileMenu));
@@ -59,16 +70,17 @@ void FrameWindow::makeFileMenu()
     addEntry(menu, hostText::openSetup, QKeySequence::Open, [this] { files_.chooseAndOpen(); });
     makeRecentMenu(menu);
     menu.addSeparator();
-    addEntry(menu, hostText::save, QKeySequence::Save, [this] { files_.save(); });
+    addSetupEntry(menu, textNumber::start::close, QKeySequence::Close, [this] { files_.close(); });
+    addSetupEntry(menu, hostText::save, QKeySequence::Save, [this] { files_.save(); });
     // Some desktops define no standard key for this.
-    addEntry(menu, hostText::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { files_.saveAs(); });
-    addEntry(menu, textNumber::history::revert, {}, [this] { revertToSaved(); });
+    addSetupEntry(menu, hostText::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { files_.saveAs(); });
+    addSetupEntry(menu, textNumber::history::revert, {}, [this] { revertToSaved(); });
     menu.addSeparator();
-    addEntry(menu, hostText::print, QKeySequence::Print, [this] { printing_.printPage(); });
-    addEntry(menu, hostText::printPreview, {}, [this] { printing_.previewPage(); });
-    addEntry(menu, sheetText::menuEntry, {}, [this] { printing_.printSheet(); });
-    addEntry(menu, sheetText::previewEntry, {}, [this] { printing_.previewSheet(); });
-    addEntry(menu, sheetText::exportEntry, {}, [this] { printing_.exportSheet(files_.questions()); });
+    addSetupEntry(menu, hostText::print, QKeySequence::Print, [this] { printing_.printPage(); });
+    addSetupEntry(menu, hostText::printPreview, {}, [this] { printing_.previewPage(); });
+    addSetupEntry(menu, sheetText::menuEntry, {}, [this] { printing_.printSheet(); });
+    addSetupEntry(menu, sheetText::previewEntry, {}, [this] { printing_.previewSheet(); });
+    addSetupEntry(menu, sheetText::exportEntry, {}, [this] { printing_.exportSheet(files_.questions()); });
     menu.addSeparator();
     recording_.addEntries(menu);
     menu.addSeparator();

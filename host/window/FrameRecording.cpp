@@ -133,8 +133,8 @@ bool FrameRecording::chooseStart(RecordingPlan& plan)
     const Locale& locale = parts_.platform.locale;
     const double today = std::floor(parts_.services.clock.now().days);
     const DateTime tomorrow{today + 1.0 + (plan.startTime.days - std::floor(plan.startTime.days))};
-    switch (files_.questions().pastStart(toQt(generalDate(plan.startTime, locale)),
-                                         toQt(generalDate(tomorrow, locale)))) {
+    switch (
+        files_.questions().pastStart(toQt(generalDate(plan.startTime, locale)), toQt(generalDate(tomorrow, locale)))) {
     case PastStart::Now: plan.startMode = startMode::immediately; return true;
     case PastStart::Tomorrow: plan.startTime = tomorrow; return true;
     case PastStart::Cancel: break;
@@ -207,8 +207,8 @@ void FrameRecording::follow()
         return view_->showRun({parts_.text(recordText::opening), {}});
     const RecordingProgress progress = run->progress();
     noteFailures(progress);
-    view_->showRun(runText(progress, task_->plan(), momentNow(files_.session().clock()), parts_.texts(),
-                        parts_.platform.locale));
+    view_->showRun(
+        runText(progress, task_->plan(), momentNow(files_.session().clock()), parts_.texts(), parts_.platform.locale));
 }
 
 void FrameRecording::noteFailures(const RecordingProgress& progress)

@@ -1,10 +1,10 @@
 #include "host/window/FrameWindow.h"
 
 #include "host/support/HostTexts.h"
+#include "host/window/DockRoom.h"
 #include "host/window/DriverLog.h"
 #include "host/window/HintLine.h"
 #include "host/window/InstrumentsView.h"
-#include "host/window/DockRoom.h"
 #include "host/window/Later.h"
 #include "host/window/RecordingView.h"
 #include "host/window/Reports.h"
@@ -26,6 +26,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     joinHistory();
     joinSpace();
     joinRecording();
+    joinStart();
     statusBar()->addWidget(&page_.hint(), 1);
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
@@ -41,6 +42,7 @@ FrameWindow::~FrameWindow()
     docks_.stop();
     space_->stop();
     files_.changed = nullptr;
+    files_.recent().changed = nullptr;
     page_.end();
     if (!actions_.end(*this))
         docks_.remove();
@@ -129,89 +131,109 @@ void FrameWindow::lockOpenedRecording()
     const QSignalBlocker silent(readOnly_);
     readOnly_->setChecked(isWanted);
     page_.setReadOnly(isWanted);
-}
-
-void FrameWindow::handOver()
-{
-    lockOpenedRecording();
-    docks_.show(session().drivers());
-    page_.show(session().drivers());
-    history_.begin();
-    recording_.showOpened();
-    space_->refreshLater();
-    page().view().focus().follow();
-}
-
-bool FrameWindow::isAvailable(std::int32_t command)
-{
-    const QWidget* const focused = focusWidget();
-    if (command != command::help && docks_.contains(focused))
-        return command == command::copy && driverLog().isAncestorOf(focused);
-    return page_.isAvailable(command);
-}
-
-void FrameWindow::runCommand(std::int32_t command)
-{
-    if (!isAvailable(command))
-        return;
-    if (command != command::help && driverLog().isAncestorOf(focusWidget()))
-        driverLog().copy();
-    else
-        page_.sendCommand(command);
-}
-
-void FrameWindow::keyPressEvent(QKeyEvent* event)
-{
-    const bool isHelp = event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier;
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (!docks_.contains(focusWidget()))
-            page_.sendCommand(command::acceptEntry);
-        break;
-    default: isHelp ? runCommand(command::help) : QMainWindow::keyPressEvent(event);
+    void FrameWindow::joinStart()
+    {
+        static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, start_, 1);
+        start_->begin = [this](const std::string& name) { files_.beginNew(name); };
+        start_->open = [this] { files_.chooseAndOpen(); };
+        start_->openRecent = [this](const QString& file) { files_.openRecent(file); };
+        files_.recent().changed = [this] { start_->showRecent(files_.recent().files()); };
+        start_->showRecent(files_.recent().files());
     }
-}
 
-void FrameWindow::changeEvent(QEvent* event)
-{
-    QMainWindow::changeEvent(event);
-    // Repeats an offer that an open dialog has suppressed, and finds changes that the file system does not report.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        later(*this, [this] { files_.offerReload(); });
-}
+    void FrameWindow::showPageOrStart()
+    {
+        const bool hasSetup = session().hasSetup();
+        start_->setSizeHint(page().sizeHint());
+        start_->setVisible(!hasSetup);
+        page().setVisible(hasSetup);
+    }
 
-void FrameWindow::closeEvent(QCloseEvent* event)
-{
-    const UserActions::Action action(actions_);
-    // Events are accepted by default, but a failure below must not close the window.
-    event->ignore();
-    event->setAccepted(files_.mayLeave());
-    if (event->isAccepted())
-        rememberPlace();
-}
+    void FrameWindow::handOver()
+    {
+        lockOpenedRecording();
+        docks_.show(session().drivers());
+        page_.show(session().drivers());
+        history_.begin();
+        recording_.showOpened();
+        space_->refreshLater();
+        showPageOrStart();
+        if (session().hasSetup())
+            page().view().focus().follow();
+        else
+            start_->setFocus();
+    }
 
-void FrameWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    FrameFiles::acceptDrag(*event);
-}
+    bool FrameWindow::isAvailable(std::int32_t command)
+    {
+        const QWidget* const focused = focusWidget();
+        if (command != command::help && docks_.contains(focused))
+            return command == command::copy && driverLog().isAncestorOf(focused);
+        return page_.isAvailable(command);
+    }
 
-void FrameWindow::dropEvent(QDropEvent* event)
-{
-    files_.openDropped(*event);
-}
+    void FrameWindow::runCommand(std::int32_t command)
+    {
+        if (!isAvailable(command))
+            return;
+        if (command != command::help && driverLog().isAncestorOf(focusWidget()))
+            driverLog().copy();
+        else
+            page_.sendCommand(command);
+    }
 
-bool FrameWindow::restorePlace()
-{
-    return restoreGeometry(memory_.content().geometry) && restoreState(memory_.content().docks);
-}
+    void FrameWindow::keyPressEvent(QKeyEvent * event)
+    {
+        const bool isHelp = event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier;
+        switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (!docks_.contains(focusWidget()))
+                page_.sendCommand(command::acceptEntry);
+            break;
+        default: isHelp ? runCommand(command::help) : QMainWindow::keyPressEvent(event);
+        }
+    }
 
-void FrameWindow::rememberPlace()
-{
-    memory_.change([this](FrameMemory::Content& content) {
-        content.geometry = saveGeometry();
-        content.docks = saveState();
-    });
-}
+    void FrameWindow::changeEvent(QEvent * event)
+    {
+        QMainWindow::changeEvent(event);
+        // Repeats an offer that an open dialog has suppressed, and finds changes that the file system does not report.
+        if (event->type() == QEvent::ActivationChange && isActiveWindow())
+            later(*this, [this] { files_.offerReload(); });
+    }
+
+    void FrameWindow::closeEvent(QCloseEvent * event)
+    {
+        const UserActions::Action action(actions_);
+        // Events are accepted by default, but a failure below must not close the window.
+        event->ignore();
+        event->setAccepted(files_.mayLeave());
+        if (event->isAccepted())
+            rememberPlace();
+    }
+
+    void FrameWindow::dragEnterEvent(QDragEnterEvent * event)
+    {
+        FrameFiles::acceptDrag(*event);
+    }
+
+    void FrameWindow::dropEvent(QDropEvent * event)
+    {
+        files_.openDropped(*event);
+    }
+
+    bool FrameWindow::restorePlace()
+    {
+        return restoreGeometry(memory_.content().geometry) && restoreState(memory_.content().docks);
+    }
+
+    void FrameWindow::rememberPlace()
+    {
+        memory_.change([this](FrameMemory::Content& content) {
+            content.geometry = saveGeometry();
+            content.docks = saveState();
+        });
+    }
 
 } // namespace ko

@@ -9,6 +9,7 @@
 #include "host/window/FrameRecording.h"
 #include "host/window/PageHost.h"
 #include "host/window/SpaceGauge.h"
+#include "host/window/StartScreen.h"
 
 #include <QMainWindow>
 
@@ -39,6 +40,7 @@ public:
     [[nodiscard]] FrameHistory& history() { return history_; }
     [[nodiscard]] FrameRecording& recording() { return recording_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
+    [[nodiscard]] StartScreen& start() { return *start_; }
 
     [[nodiscard]] Document& document() { return page_.document(); }
     [[nodiscard]] PageWidget& page() { return page_.widget(); }
@@ -64,6 +66,9 @@ private:
     void joinRecording();
     /// Makes the page read-only for the set-up of a recording, and editable for the next one.
     void lockOpenedRecording();
+    void joinStart();
+    /// Shows the start screen instead of the page while no set-up is open.
+    void showPageOrStart();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
     void rememberPlace();
@@ -78,6 +83,8 @@ private:
     void addDock(QMenu& menu, QDockWidget& dock, int label);
     void makeHelpMenu();
     QAction& addEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
+    /// Adds an entry that does nothing, and is disabled, while no set-up is open.
+    void addSetupEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
     void showAbout();
 
     // A command goes to the dock that has the focus, or to the page.
@@ -96,6 +103,7 @@ private:
     QAction* readOnly_ = nullptr;
     bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
+    StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 

@@ -18,9 +18,16 @@ QStringList RecentFiles::files() const
     return memory_.content().recentFiles.mid(0, most);
 }
 
+void RecentFiles::change(const std::function<void(FrameMemory::Content&)>& change)
+{
+    memory_.change(change);
+    if (changed)
+        changed();
+}
+
 void RecentFiles::add(const QString& file)
 {
-    memory_.change([&](FrameMemory::Content& content) {
+    change([&](FrameMemory::Content& content) {
         content.recentFiles.removeAll(pathOf(file));
         content.recentFiles.prepend(pathOf(file));
         content.recentFiles = content.recentFiles.mid(0, most);
@@ -29,12 +36,12 @@ void RecentFiles::add(const QString& file)
 
 void RecentFiles::remove(const QString& file)
 {
-    memory_.change([&](FrameMemory::Content& content) { content.recentFiles.removeAll(pathOf(file)); });
+    change([&](FrameMemory::Content& content) { content.recentFiles.removeAll(pathOf(file)); });
 }
 
 void RecentFiles::clear()
 {
-    memory_.change([](FrameMemory::Content& content) { content.recentFiles.clear(); });
+    change([](FrameMemory::Content& content) { content.recentFiles.clear(); });
 }
 
 } // namespace ko

@@ -17,7 +17,12 @@ public:
     void remove(const QString& file);
     void clear();
 
+    /// Called after the list may have changed.
+    std::function<void()> changed;
+
 private:
+    void change(const std::function<void(FrameMemory::Content&)>& change);
+
     FrameMemory& memory_;
 };
 

@@ -74,11 +74,12 @@ void RecordDialog::browse()
 void RecordDialog::askForSpace()
 {
     record_->setEnabled(!file_->text().trimmed().isEmpty());
-    inBackground(*this, [file = file()] { return freeSpaceBeside(file); },
-                 [this, file = file()](std::optional<double> free) {
-                     if (file == this->file())
-                         showSpace(free);
-                 });
+    inBackground(
+        *this, [file = file()] { return freeSpaceBeside(file); },
+        [this, file = file()](std::optional<double> free) {
+            if (file == this->file())
+                showSpace(free);
+        });
 }
 
 void RecordDialog::showSpace(std::optional<double> free)

@@ -16,8 +16,7 @@ PastStart askPastStart(QWidget& window, const Texts& texts, const QString& time,
     Modal<PlainBox> box(QMessageBox::Question, texts(recordText::title), texts(recordText::startIsPast).arg(time),
                         texts(recordText::startHint), QMessageBox::Cancel, &window);
     auto* const now = box->addButton(texts(recordText::startNow), QMessageBox::AcceptRole);
-    const auto* const nextDay =
-        box->addButton(texts(recordText::startTomorrow).arg(tomorrow), QMessageBox::AcceptRole);
+    const auto* const nextDay = box->addButton(texts(recordText::startTomorrow).arg(tomorrow), QMessageBox::AcceptRole);
     box->setDefaultButton(now);
     const auto* const answer = box.answer();
     if (!answer)

@@ -23,8 +23,8 @@ struct RecordOffer {
 /// Asks what to do about a start at `time`, which is past; `tomorrow` is the same time of the next day.
 PastStart askPastStart(QWidget& window, const Texts& texts, const QString& time, const QString& tomorrow);
 
-/// Asks for the file of a recording, showing needed and free space. Never returns an existing file that the user has not
-/// agreed to replace. Returns an empty path if the user cancels.
+/// Asks for the file of a recording, showing needed and free space. Never returns an existing file that the user has
+/// not agreed to replace. Returns an empty path if the user cancels.
 std::string askFileToRecord(QWidget& window, const Texts& texts, const Locale& locale, const RecordOffer& offer);
 
 /// Returns whether the recording in progress is to be stopped.

@@ -102,8 +102,8 @@ void RecordingView::showRun(const RunText& text)
     details_->setVisible(!text.details.isEmpty());
     progress_->setVisible(text.share >= 0.0);
     progress_->setValue(static_cast<int>(text.share * 1000.0));
-    for (QWidget* const widget : {static_cast<QWidget*>(file_), static_cast<QWidget*>(folder_),
-                                  static_cast<QWidget*>(summary_)})
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(file_), static_cast<QWidget*>(folder_), static_cast<QWidget*>(summary_)})
         widget->hide();
     if (text.state.section(u',', 0, 0) != was)
         announce(text.state);
@@ -118,8 +118,8 @@ void RecordingView::showEnd(const std::string& file, const HeldRecording& held, 
     path_ = toQt(file);
     file_->setText(toShown(file));
     fillSummary(held);
-    for (QWidget* const widget : {static_cast<QWidget*>(file_), static_cast<QWidget*>(folder_),
-                                  static_cast<QWidget*>(summary_)})
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(file_), static_cast<QWidget*>(folder_), static_cast<QWidget*>(summary_)})
         widget->setVisible(true);
     announce(state_->text());
 }

@@ -69,10 +69,10 @@ RunText recordingText(const RecordingProgress& progress, const Texts& texts, con
     const double speed = done > 0.0 ? sums.bytes / done : 0.0;
     RunText text;
     text.state = texts(recordText::recording).arg(spanText(done, texts, locale), spanText(whole, texts, locale));
-    text.details = texts(recordText::details)
-                       .arg(count(sums.samples, locale), sizeText(sums.bytes, texts, locale),
-                            sizeText(speed, texts, locale), spanText(std::max(whole - done, 0.0), texts, locale),
-                            count(sums.lost, locale));
+    text.details =
+        texts(recordText::details)
+            .arg(count(sums.samples, locale), sizeText(sums.bytes, texts, locale), sizeText(speed, texts, locale),
+                 spanText(std::max(whole - done, 0.0), texts, locale), count(sums.lost, locale));
     text.share = whole > 0.0 ? std::min(done / whole, 1.0) : 1.0;
     return text;
 }

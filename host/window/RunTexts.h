@@ -9,8 +9,8 @@ namespace ko {
 
 /// What is shown of a recording in progress.
 struct RunText {
-    QString state;   ///< "Recording, 12.3 s of 0:05:00"
-    QString details; ///< samples, size, speed, time to go, lost samples; empty while nothing is recorded
+    QString state;       ///< "Recording, 12.3 s of 0:05:00"
+    QString details;     ///< samples, size, speed, time to go, lost samples; empty while nothing is recorded
     double share = -1.0; ///< of the whole recording; negative: unknown
 };
 

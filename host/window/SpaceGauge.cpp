@@ -61,11 +61,12 @@ void SpaceGauge::refresh()
     if (isAsking_)
         return;
     isAsking_ = true;
-    inBackground(*this, [freeSpace = freeSpace, file = file()] { return freeSpace(file); },
-                 [this](std::optional<double> free) {
-                     isAsking_ = false;
-                     show(free);
-                 });
+    inBackground(
+        *this, [freeSpace = freeSpace, file = file()] { return freeSpace(file); },
+        [this](std::optional<double> free) {
+            isAsking_ = false;
+            show(free);
+        });
 }
 
 /// The estimate may have changed since the question.
