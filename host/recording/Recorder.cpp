@@ -86,7 +86,7 @@ bool Recorder::awaitStart()
     while (waits && !isStopWanted_ && now() < start_) {
         publish(RunState::WaitingForTime);
         // The clock may be set meanwhile.
-        queue_.take(Clock::now() + std::min<Clock::duration>(start_ - now(), std::chrono::seconds(1)));
+        queue_.take(Clock::now() + std::min<Moment::duration>(start_ - now(), std::chrono::seconds(1)));
     }
     return !isStopWanted_;
 }

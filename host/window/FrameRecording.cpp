@@ -5,6 +5,7 @@
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/HostTexts.h"
+#include "host/window/FrameCapture.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/PageHost.h"
 #include "host/window/RecordingView.h"
@@ -55,8 +56,8 @@ public:
 } // namespace
 
 FrameRecording::FrameRecording(QMainWindow& window, const UserActions& actions, FrameParts& parts, PageHost& page,
-                               FrameFiles& files)
-    : window_(window), actions_(actions), parts_(parts), page_(page), files_(files),
+                               FrameFiles& files, FrameCapture& capture)
+    : window_(window), actions_(actions), parts_(parts), page_(page), files_(files), capture_(capture),
       view_(new RecordingView(parts.texts(), parts.platform.locale, &window)),
       toolBar_(new QToolBar(withoutMnemonic(parts.text(recordText::dock)), &window)),
       record_(parts.text(recordText::record)), stop_(parts.text(recordText::stop))
@@ -80,7 +81,15 @@ FrameRecording::FrameRecording(QMainWindow& window, const UserActions& actions, 
 
 FrameRecording::~FrameRecording()
 {
+    close();
     delete waiting_;
+}
+
+void FrameRecording::close()
+{
+    setReadOnly = nullptr;
+    timer_.stop();
+    task_.reset();
 }
 
 void FrameRecording::addEntries(QMenu& menu)
@@ -166,12 +175,13 @@ void FrameRecording::begin(const std::string& file, const RecordingPlan& start)
 {
     failures_.clear();
     Page& page = page_.document().page();
-    readOnly_.emplace([this](bool on) { setReadOnly(on); }, page.readOnly);
+    readOnly_.emplace([this](bool on) { setReadOnly ? setReadOnly(on) : void(); }, page.readOnly);
     try {
         RecordingPlan plan = planned(PlanFor::Recording);
         plan.startMode = start.startMode;
         plan.startTime = start.startTime;
         const SetupSession& session = files_.session();
+        capture_.host({"record", file});
         task_ = std::make_unique<RecordingTask>(instruments(), std::move(plan),
                                                 RecordingOptions{.file = file,
                                                                  .title = session.title(),
@@ -272,16 +282,22 @@ std::optional<std::string> FrameRecording::setupIn(const std::string& file)
     if (!isRecordingFile(file))
         return std::nullopt;
     opened_ = heldIn(file);
+    openedFile_ = file;
     return opened_->setup;
+}
+
+bool FrameRecording::isOpened() const
+{
+    return opened_ && files_.session().source() == openedFile_;
 }
 
 void FrameRecording::showOpened()
 {
     failures_.clear();
     ko::raise(failed);
-    if (!opened_)
+    if (!isOpened())
         return view_->showNote(parts_.text(recordText::none));
-    view_->showEnd(files_.session().source(), *opened_, {});
+    view_->showEnd(openedFile_, *opened_, {});
     ko::raise(reveal);
 }
 

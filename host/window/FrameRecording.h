@@ -17,6 +17,7 @@ class QToolBar;
 
 namespace ko {
 
+class FrameCapture;
 class FrameFiles;
 class PageHost;
 class RecordingView;
@@ -27,9 +28,11 @@ class FrameRecording : public QObject {
 public:
     /// Adds the dock, hidden, and the toolbar to the window. All arguments must outlive this object.
     FrameRecording(QMainWindow& window, const UserActions& actions, FrameParts& parts, PageHost& page,
-                   FrameFiles& files);
-    /// Stops a recording and waits for its end.
+                   FrameFiles& files, FrameCapture& capture);
     ~FrameRecording() override;
+    /// Ends a recording in progress, waits for its end, and leaves the page as it is. Only the destructor may be called
+    /// afterwards.
+    void close();
 
     void addEntries(QMenu& menu);
     [[nodiscard]] RecordingView& view() { return *view_; }
@@ -47,8 +50,8 @@ public:
     /// Returns the set-up that a recording was made with; none if the file is no recording. The recording is then the
     /// opened one. Throws an `InputError` if it cannot be read.
     std::optional<std::string> setupIn(const std::string& file);
-    /// Whether the set-up last read was that of a recording.
-    [[nodiscard]] bool isOpened() const { return opened_.has_value(); }
+    /// Whether the open set-up was read from a recording.
+    [[nodiscard]] bool isOpened() const;
     /// Shows the opened recording, or nothing, in place of the one shown.
     void showOpened();
 
@@ -80,6 +83,7 @@ private:
     FrameParts& parts_;
     PageHost& page_;
     FrameFiles& files_;
+    FrameCapture& capture_;
     RecordingView* view_;
     QToolBar* toolBar_;
     QAction record_, stop_;
@@ -87,7 +91,8 @@ private:
     std::optional<ReadOnlyPage> readOnly_;
     std::unique_ptr<RecordingTask> task_;
     std::vector<std::string> failures_;
-    std::optional<HeldRecording> opened_;
+    std::optional<HeldRecording> opened_; ///< the recording that was read as a set-up last
+    std::string openedFile_;
     QPointer<QDialog> waiting_; ///< shown until the recording has ended
 };
 

@@ -39,6 +39,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
 FrameWindow::~FrameWindow()
 {
     capture_.stop();
+    recording_.close();
     docks_.stop();
     space_->stop();
     files_.changed = nullptr;
@@ -131,109 +132,111 @@ void FrameWindow::lockOpenedRecording()
     const QSignalBlocker silent(readOnly_);
     readOnly_->setChecked(isWanted);
     page_.setReadOnly(isWanted);
-    void FrameWindow::joinStart()
-    {
-        static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, start_, 1);
-        start_->begin = [this](const std::string& name) { files_.beginNew(name); };
-        start_->open = [this] { files_.chooseAndOpen(); };
-        start_->openRecent = [this](const QString& file) { files_.openRecent(file); };
-        files_.recent().changed = [this] { start_->showRecent(files_.recent().files()); };
-        start_->showRecent(files_.recent().files());
-    }
+}
 
-    void FrameWindow::showPageOrStart()
-    {
-        const bool hasSetup = session().hasSetup();
-        start_->setSizeHint(page().sizeHint());
-        start_->setVisible(!hasSetup);
-        page().setVisible(hasSetup);
-    }
+void FrameWindow::joinStart()
+{
+    static_cast<QBoxLayout*>(centralWidget()->layout())->insertWidget(0, start_, 1);
+    start_->begin = [this](const std::string& name) { files_.beginNew(name); };
+    start_->open = [this] { files_.chooseAndOpen(); };
+    start_->openRecent = [this](const QString& file) { files_.openRecent(file); };
+    files_.recent().changed = [this] { start_->showRecent(files_.recent().files()); };
+    start_->showRecent(files_.recent().files());
+}
 
-    void FrameWindow::handOver()
-    {
-        lockOpenedRecording();
-        docks_.show(session().drivers());
-        page_.show(session().drivers());
-        history_.begin();
-        recording_.showOpened();
-        space_->refreshLater();
-        showPageOrStart();
-        if (session().hasSetup())
-            page().view().focus().follow();
-        else
-            start_->setFocus();
-    }
+void FrameWindow::showPageOrStart()
+{
+    const bool hasSetup = session().hasSetup();
+    start_->setSizeHint(page().sizeHint());
+    start_->setVisible(!hasSetup);
+    page().setVisible(hasSetup);
+}
 
-    bool FrameWindow::isAvailable(std::int32_t command)
-    {
-        const QWidget* const focused = focusWidget();
-        if (command != command::help && docks_.contains(focused))
-            return command == command::copy && driverLog().isAncestorOf(focused);
-        return page_.isAvailable(command);
-    }
+void FrameWindow::handOver()
+{
+    lockOpenedRecording();
+    docks_.show(session().drivers());
+    page_.show(session().drivers());
+    history_.begin();
+    recording_.showOpened();
+    space_->refreshLater();
+    showPageOrStart();
+    if (session().hasSetup())
+        page().view().focus().follow();
+    else
+        start_->setFocus();
+}
 
-    void FrameWindow::runCommand(std::int32_t command)
-    {
-        if (!isAvailable(command))
-            return;
-        if (command != command::help && driverLog().isAncestorOf(focusWidget()))
-            driverLog().copy();
-        else
-            page_.sendCommand(command);
-    }
+bool FrameWindow::isAvailable(std::int32_t command)
+{
+    const QWidget* const focused = focusWidget();
+    if (command != command::help && docks_.contains(focused))
+        return command == command::copy && driverLog().isAncestorOf(focused);
+    return page_.isAvailable(command);
+}
 
-    void FrameWindow::keyPressEvent(QKeyEvent * event)
-    {
-        const bool isHelp = event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier;
-        switch (event->key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            if (!docks_.contains(focusWidget()))
-                page_.sendCommand(command::acceptEntry);
-            break;
-        default: isHelp ? runCommand(command::help) : QMainWindow::keyPressEvent(event);
-        }
-    }
+void FrameWindow::runCommand(std::int32_t command)
+{
+    if (!isAvailable(command))
+        return;
+    if (command != command::help && driverLog().isAncestorOf(focusWidget()))
+        driverLog().copy();
+    else
+        page_.sendCommand(command);
+}
 
-    void FrameWindow::changeEvent(QEvent * event)
-    {
-        QMainWindow::changeEvent(event);
-        // Repeats an offer that an open dialog has suppressed, and finds changes that the file system does not report.
-        if (event->type() == QEvent::ActivationChange && isActiveWindow())
-            later(*this, [this] { files_.offerReload(); });
+void FrameWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool isHelp = event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!docks_.contains(focusWidget()))
+            page_.sendCommand(command::acceptEntry);
+        break;
+    default: isHelp ? runCommand(command::help) : QMainWindow::keyPressEvent(event);
     }
+}
 
-    void FrameWindow::closeEvent(QCloseEvent * event)
-    {
-        const UserActions::Action action(actions_);
-        // Events are accepted by default, but a failure below must not close the window.
-        event->ignore();
-        event->setAccepted(files_.mayLeave());
-        if (event->isAccepted())
-            rememberPlace();
-    }
+void FrameWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    // Repeats an offer that an open dialog has suppressed, and finds changes that the file system does not report.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        later(*this, [this] { files_.offerReload(); });
+}
 
-    void FrameWindow::dragEnterEvent(QDragEnterEvent * event)
-    {
-        FrameFiles::acceptDrag(*event);
-    }
+void FrameWindow::closeEvent(QCloseEvent* event)
+{
+    const UserActions::Action action(actions_);
+    // Events are accepted by default, but a failure below must not close the window.
+    event->ignore();
+    event->setAccepted(files_.mayLeave());
+    if (event->isAccepted())
+        rememberPlace();
+}
 
-    void FrameWindow::dropEvent(QDropEvent * event)
-    {
-        files_.openDropped(*event);
-    }
+void FrameWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    FrameFiles::acceptDrag(*event);
+}
 
-    bool FrameWindow::restorePlace()
-    {
-        return restoreGeometry(memory_.content().geometry) && restoreState(memory_.content().docks);
-    }
+void FrameWindow::dropEvent(QDropEvent* event)
+{
+    files_.openDropped(*event);
+}
 
-    void FrameWindow::rememberPlace()
-    {
-        memory_.change([this](FrameMemory::Content& content) {
-            content.geometry = saveGeometry();
-            content.docks = saveState();
-        });
-    }
+bool FrameWindow::restorePlace()
+{
+    return restoreGeometry(memory_.content().geometry) && restoreState(memory_.content().docks);
+}
+
+void FrameWindow::rememberPlace()
+{
+    memory_.change([this](FrameMemory::Content& content) {
+        content.geometry = saveGeometry();
+        content.docks = saveState();
+    });
+}
 
 } // namespace ko

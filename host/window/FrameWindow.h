@@ -99,7 +99,7 @@ private:
     PageHost page_{*this, actions_, parts_, capture_, files_};
     FrameHistory history_{*this, actions_, *parts_, page_, session(), capture_};
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
-    FrameRecording recording_{*this, actions_, *parts_, page_, files_};
+    FrameRecording recording_{*this, actions_, *parts_, page_, files_, capture_};
     QAction* readOnly_ = nullptr;
     bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);

@@ -243,7 +243,9 @@ TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
 {
     window.open(bench);
     show();
-    BoxQuestions boxes(window, window.session(), [this](int number) { return window.text(number); });
+    const Locale locale;
+    BoxQuestions boxes(
+        window, window.session(), [this](int number) { return window.text(number); }, locale);
     for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
                                          {QMessageBox::Discard, Unsaved::Discard},
                                          {QMessageBox::Cancel, Unsaved::Cancel}}) {

@@ -15,10 +15,12 @@ namespace {
 /// `clock` lets the recording run as fast as possible.
 std::string setupOf(const std::string& timebase, const std::string& clock = {}, const std::string& more = {})
 {
-    return R"({"title": "Bench 1/2", )" + clock + R"("drivers": [{"name": "A", "timebase": {)" + timebase +
+    return R"({"title": "Bench 1/2", )" + clock +
+           R"("drivers": [{"name": "A", "hasTriggerParameters": true, "timebase": {)" + timebase +
            R"("samplePeriod": {"value": 0.001, "range": [1e-6, 1]}}, )" + more +
-           R"("groups": [{"name": "G", "channels": [{"address": "0:1", "triggerSource": true},
-                                                   {"address": "0:2", "enabled": false}]}]}]})";
+           R"("groups": [{"name": "G", "channels": [{"address": "0:1", "triggerSource": true, "triggerParameters": [
+               {"id": 1, "name": "Level", "type": "Float", "value": 5, "role": "level"}]},
+             {"address": "0:2", "enabled": false}]}]}]})";
 }
 
 const std::string standing = R"("clock": "11/21/2026 9:30:00 AM", )";
@@ -74,7 +76,7 @@ TEST_F(RecordingWindowTest, WaitsForTimeAndTriggerAndIsStoppedByAKeyOrAQuestion)
         const char* start;
         const char* state;
     };
-    const Case cases[] = {{R"("startMode": 1, "startTime": "1/1/2990 9:30:00 AM", )", "Waiting for the start"},
+    const Case cases[] = {{R"("startMode": 1, "startTime": 400000.25, )", "Waiting for the start"},
                           {R"("startMode": 2, )", "Waiting for the trigger"},
                           {R"("duration": 1000, )", "Recording"}};
     for (const Case& it : cases) {
@@ -126,7 +128,7 @@ TEST_F(RecordingWindowTest, AnotherSetUpAndADestroyedWindowEndTheRecordingWithAW
 
 TEST_F(RecordingWindowTest, AStartThatIsPastIsAskedAbout)
 {
-    open(setupOf(R"("startMode": 1, "startTime": "11/20/2026 8:00:00 AM", "duration": 1, )", standing));
+    open(setupOf(R"("startMode": 1, "startTime": 46346.333333333336, "duration": 1, )", standing));
     press(Qt::Key_F9);
     EXPECT_FALSE(recording().isActive());
     EXPECT_EQ(user.told, "11/20/2026 8:00:00 AM|11/22/2026 8:00:00 AM");
