@@ -15,6 +15,16 @@ struct ArmedChannel {
     std::int32_t group = 0;   ///< index in the driver
     std::int32_t channel = 0; ///< index in the group
     std::string address, name, unit;
+    Range range; ///< of what can be measured; 0 and 0: not known
+
+    /// Whether a sample is at a limit of the range, so that the signal may have been beyond it.
+    [[nodiscard]] bool isClipped(float sample) const
+    {
+        const bool isAtLimit =
+            sample <= static_cast<float>(range.minimum) || sample >= static_cast<float>(range.maximum);
+        return hasRange() && isAtLimit;
+    }
+    [[nodiscard]] bool hasRange() const { return range != Range{}; }
 
     bool operator==(const ArmedChannel&) const = default;
 };

@@ -109,6 +109,7 @@ struct ChannelSettings {
     std::vector<ParameterSettings> triggerParameters;
     std::optional<std::string> unit;      ///< of the samples; none: volts
     std::optional<SignalSettings> signal; ///< none: the default signal
+    Range range;                          ///< to which samples are limited; 0 and 0: not limited
 
     bool operator==(const ChannelSettings&) const = default;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
+#include <limits>
 #include <numbers>
 
 namespace ko {
@@ -56,8 +57,10 @@ double shapeAt(Shape shape, double cycles)
 
 } // namespace
 
-Signal::Signal(const SignalSettings& settings, const std::string& address, double period)
-    : settings_(settings), period_(period), phase_(settings.phase / turn), seed_(seedOf(settings.seed, address))
+Signal::Signal(const SignalSettings& settings, const std::string& address, double period, const Range& range)
+    : settings_(settings), period_(period), phase_(settings.phase / turn), seed_(seedOf(settings.seed, address)),
+      lowest_(range != Range{} ? range.minimum : -std::numeric_limits<double>::infinity()),
+      highest_(range != Range{} ? range.maximum : std::numeric_limits<double>::infinity())
 {
 }
 
@@ -78,7 +81,7 @@ double Signal::noise(std::int64_t sample) const
 double Signal::at(std::int64_t sample) const
 {
     const double clean = settings_.offset + settings_.amplitude * shapeAt(settings_.shape, cycles(sample));
-    return settings_.noise > 0.0 ? clean + noise(sample) : clean;
+    return std::clamp(settings_.noise > 0.0 ? clean + noise(sample) : clean, lowest_, highest_);
 }
 
 void Signal::fill(std::span<float> samples, std::int64_t first) const
@@ -100,7 +103,7 @@ void Signal::fillSine(std::span<float> samples, std::int64_t first) const
         double re = std::cos(angle);
         double im = std::sin(angle);
         for (std::size_t i = begin; i < end; ++i) {
-            samples[i] = static_cast<float>(settings_.offset + settings_.amplitude * im);
+            samples[i] = static_cast<float>(std::clamp(settings_.offset + settings_.amplitude * im, lowest_, highest_));
             const double turned = re * step.real() - im * step.imag();
             im = re * step.imag() + im * step.real();
             re = turned;

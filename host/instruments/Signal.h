@@ -9,8 +9,9 @@ namespace ko {
 /// What a simulated channel measures, sample by sample. Sample k is taken k periods after the start of time.
 class Signal {
 public:
-    /// The noise depends on the settings' seed, `address` and the sample's number alone.
-    Signal(const SignalSettings& settings, const std::string& address, double period);
+    /// The noise depends on the settings' seed, `address` and the sample's number alone. Samples are limited to
+    /// `range`, if there is one.
+    Signal(const SignalSettings& settings, const std::string& address, double period, const Range& range = {});
 
     [[nodiscard]] double at(std::int64_t sample) const;
 
@@ -27,6 +28,7 @@ private:
     double period_;
     double phase_; ///< in cycles
     std::uint64_t seed_;
+    double lowest_, highest_;
 };
 
 } // namespace ko

@@ -207,7 +207,7 @@ ArmedSettings SimulatedAcquisition::settingsToArm() const
     }
     forEachChannel(held_, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
         if (it.isEnabled())
-            armed.channels.push_back({group, channel, it.address, it.name, it.unit.value_or("V")});
+            armed.channels.push_back({group, channel, it.address, it.name, it.unit.value_or("V"), it.range});
         if (it.triggerSource && !armed.trigger && held_.hasTriggerParameters)
             armed.trigger = triggerOf(it, group, channel);
     });
@@ -221,7 +221,7 @@ ArmedSettings SimulatedAcquisition::arm()
     Armed armed{.settings = settingsToArm(), .measured = {}, .trigger = {}};
     const double period = armed.settings.period;
     forEachChannel(held_, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
-        const Signal signal(it.signal.value_or(SignalSettings{}), it.address, period);
+        const Signal signal(it.signal.value_or(SignalSettings{}), it.address, period, it.range);
         if (it.isEnabled())
             armed.measured.push_back(signal);
         const auto& trigger = armed.settings.trigger;

@@ -103,11 +103,40 @@ Hdf5Dataset makeList(hid_t group, const std::string& name, hid_t type, hsize_t c
         made(H5Dcreate2(group, name.c_str(), type, space.id(), H5P_DEFAULT, creation.id(), H5P_DEFAULT)));
 }
 
+GrowingList::GrowingList(hid_t group, const std::string& name, Hdf5Type type) : type_(std::move(type))
+{
+    const Hdf5Properties access(made(H5Pcreate(H5P_DATASET_ACCESS)));
+    // Without a cache elements are written before the size that shows them to readers.
+    made(H5Pset_chunk_cache(access.id(), 0, 0, H5D_CHUNK_CACHE_W0_DEFAULT));
+    data_ = Hdf5Dataset(made(H5Dopen2(group, name.c_str(), access.id())));
+}
+
+void GrowingList::write(hsize_t first, hsize_t count, const void* elements)
+{
+    const hsize_t end = first + count;
+    made(H5Dset_extent(data_.id(), &end));
+    const Hdf5Space place(made(H5Dget_space(data_.id())));
+    made(H5Sselect_hyperslab(place.id(), H5S_SELECT_SET, &first, nullptr, &count, nullptr));
+    const Hdf5Space memory(made(H5Screate_simple(1, &count, nullptr)));
+    made(H5Dwrite(data_.id(), type_.id(), memory.id(), place.id(), H5P_DEFAULT, elements));
+}
+
 void overwrite(hid_t object, const char* name, const void* value)
 {
     const Hdf5Attribute attribute(made(H5Aopen(object, name, H5P_DEFAULT)));
     const Hdf5Type type(made(H5Aget_type(attribute.id())));
     made(H5Awrite(attribute.id(), type.id(), value));
+}
+
+std::string shortened(std::string text, std::size_t size)
+{
+    const auto continues = [&](std::size_t at) { return (static_cast<unsigned char>(text[at]) & 0xc0U) == 0x80U; };
+    if (text.size() <= size)
+        return text;
+    while (size > 0 && continues(size))
+        --size;
+    text.resize(size);
+    return text;
 }
 
 std::string padded(const std::string& text, std::size_t size)

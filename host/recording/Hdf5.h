@@ -73,9 +73,27 @@ void setNumber(hid_t object, const char* name, std::int64_t number);
 /// never written; null: unknown.
 Hdf5Dataset makeList(hid_t group, const std::string& name, hid_t type, hsize_t chunk, const void* fill = nullptr);
 
+/// A list of `makeList`, opened in a file that others can read from now on. Failures are `LibraryFailure`s.
+class GrowingList {
+public:
+    GrowingList() = default;
+    GrowingList(hid_t group, const std::string& name, Hdf5Type type);
+
+    [[nodiscard]] hid_t id() const { return data_.id(); }
+    /// Writes `count` elements from number `first` on; the list ends with them.
+    void write(hsize_t first, hsize_t count, const void* elements);
+
+private:
+    Hdf5Dataset data_;
+    Hdf5Type type_; ///< of the elements
+};
+
 /// Overwrites an attribute with a value of its own type; works while the file is read. A text must have all its bytes,
 /// see `padded`.
 void overwrite(hid_t object, const char* name, const void* value);
+
+/// Returns the text, without its last letters if it is longer than `size` bytes of UTF-8.
+std::string shortened(std::string text, std::size_t size);
 
 /// Returns the text with as many null bytes as make it this long.
 std::string padded(const std::string& text, std::size_t size);

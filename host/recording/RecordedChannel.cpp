@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace ko {
 
@@ -33,14 +34,16 @@ void RecordedChannel::create(hid_t group, const ArmedSettings& settings, const A
     setText(data.id(), "address", channel.address);
     setText(data.id(), "name", channel.name);
     setText(data.id(), "unit", channel.unit);
+    if (channel.hasRange()) {
+        setNumber(data.id(), "minimum", channel.range.minimum);
+        setNumber(data.id(), "maximum", channel.range.maximum);
+        setNumber(data.id(), "clipped", std::int64_t{0});
+    }
 }
 
 RecordedChannel::RecordedChannel(hid_t group, const ArmedChannel& channel)
+    : list_(group, nameOf(channel), Hdf5Type(made(H5Tcopy(H5T_NATIVE_FLOAT))))
 {
-    const Hdf5Properties access(made(H5Pcreate(H5P_DATASET_ACCESS)));
-    // Without a cache samples are written before the size that shows them to readers.
-    made(H5Pset_chunk_cache(access.id(), 0, 0, H5D_CHUNK_CACHE_W0_DEFAULT));
-    data_ = Hdf5Dataset(made(H5Dopen2(group, nameOf(channel).c_str(), access.id())));
 }
 
 void RecordedChannel::append(std::span<const float> samples)
@@ -61,14 +64,15 @@ void RecordedChannel::flush()
 
 void RecordedChannel::write(std::span<const float> samples)
 {
-    const hsize_t count = samples.size();
-    const hsize_t begin = size_;
-    size_ += count;
-    made(H5Dset_extent(data_.id(), &size_));
-    const Hdf5Space place(made(H5Dget_space(data_.id())));
-    made(H5Sselect_hyperslab(place.id(), H5S_SELECT_SET, &begin, nullptr, &count, nullptr));
-    const Hdf5Space memory(made(H5Screate_simple(1, &count, nullptr)));
-    made(H5Dwrite(data_.id(), H5T_NATIVE_FLOAT, memory.id(), place.id(), H5P_DEFAULT, samples.data()));
+    list_.write(size_, samples.size(), samples.data());
+    size_ += samples.size();
+}
+
+void RecordedChannel::setClipped(std::int64_t count)
+{
+    // Of a channel without a range nothing is clipped, so that its missing attribute is never set.
+    if (std::exchange(clipped_, count) != count)
+        overwrite(list_.id(), "clipped", &count);
 }
 
 } // namespace ko

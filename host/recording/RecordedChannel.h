@@ -19,13 +19,16 @@ public:
     void append(std::span<const float> samples);
     /// Writes what has been collected.
     void flush();
+    /// Stores how many samples are clipped, if the channel has a range.
+    void setClipped(std::int64_t count);
 
 private:
     void write(std::span<const float> samples);
 
-    Hdf5Dataset data_;
+    GrowingList list_;
     hsize_t size_ = 0;             ///< samples that were written
     std::vector<float> collected_; ///< later ones, too few for a write of their own
+    std::int64_t clipped_ = 0;     ///< as stored
 };
 
 } // namespace ko

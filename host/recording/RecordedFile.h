@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/Acquisition.h"
+#include "host/recording/ChartSource.h"
 
 #include <memory>
 #include <string>
@@ -19,6 +19,8 @@ struct RecordedInstrument {
     std::string name;
     ArmedSettings settings;
 };
+
+struct RecordedContent;
 
 /// The file of a recording while it is written. Others can read it meanwhile (`swmr`); what has been flushed remains if
 /// the program is killed. All members are called on one thread. Every failure is an `InputError` with the file and the
@@ -42,6 +44,12 @@ public:
     /// Sets the start of the earliest sample and, in seconds, how much later each instrument starts.
     void setStart(const std::string& start, const std::vector<double>& offsets);
 
+    /// Sets how many samples of each channel of an instrument are clipped; channels without a range do not say.
+    void setClipped(std::size_t instrument, const std::vector<std::int64_t>& counts);
+
+    /// Sets all markers.
+    void setMarkers(const std::vector<Marker>& markers);
+
     /// Passes everything to the system.
     void flush();
 
@@ -49,14 +57,12 @@ public:
     void close(const std::string& state, const std::string& stop);
 
 private:
-    struct Content;
-
     /// Runs `act` with the content, if it is open; a failure closes it.
     template <class Act> void attempt(const Act& act);
     void discard(const std::string& file);
 
     std::string name_;
-    std::unique_ptr<Content> content_; ///< null after `close` and after a failure
+    std::unique_ptr<RecordedContent> content_; ///< null after `close` and after a failure
 };
 
 } // namespace ko

@@ -29,13 +29,16 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
         start_ = *moment;
     }
     refuseWithoutSpace();
-    std::size_t groups = 0;
+    std::vector<PlannedInstrument> recorded;
     for (const PlannedInstrument& it : plan_.instruments) {
         Acquisition& source = *instruments_[it.index]->acquisition();
         tracks_.push_back(std::make_unique<Track>(it, source, tracks_.size(), queue_, !options_.isPaced));
-        if (it.isRecorded())
-            tracks_.back()->group = groups++;
+        if (it.isRecorded()) {
+            tracks_.back()->group = recorded.size();
+            recorded.push_back(it);
+        }
     }
+    signals_ = std::make_shared<LiveSignals>(recorded);
     publish(presentState());
 }
 
@@ -134,28 +137,12 @@ void Recorder::takeNext()
         Track& track = *tracks_[delivery->instrument];
         std::visit([&](const auto& what) { take(track, what); }, delivery->what);
     }
+    takeMarkers();
     if (Clock::now() >= tick_)
         secure();
     if (isStopWanted_)
         stopAll();
     publish(presentState());
-}
-
-void Recorder::secure()
-{
-    write([this] { file_->flush(); });
-    // What follows must fit, and at the end the file's own tables.
-    double toCome = 0.0;
-    for (const auto& track : tracks_)
-        toCome +=
-            4.0 * static_cast<double>(track->toCome()) * static_cast<double>(track->plan.settings.channels.size());
-    const double free = options_.freeBytes();
-    if (isFileGood_ && !isStopping_ && free < std::min(toCome, reserveBytes)) {
-        hasFileFailed_ = true;
-        fail(options_.file + ": the disk is nearly full, " + byteText(free) + " are free");
-        stopAll();
-    }
-    tick_ = Clock::now() + options_.flushInterval;
 }
 
 void Recorder::stopAll()
@@ -170,6 +157,7 @@ void Recorder::stopAll()
 
 void Recorder::take(Track& track, const Delivery::Triggered& trigger)
 {
+    trigger_ = track.timeOf(trigger.sample);
     startsAt(track, trigger.sample - track.plan.settings.trigger->pretrigger);
     for (const auto& other : tracks_)
         if (other->plan.starts == StartsOn::StartLine && other->phase == Track::Phase::Armed && !isStopping_)
@@ -186,8 +174,10 @@ void Recorder::take(Track& track, const Block& block)
     if (count <= 0)
         return;
     track.stored += count;
-    if (track.group)
-        write([&] { file_->append(*track.group, block, from, count); });
+    if (!track.group)
+        return;
+    signals_->append(*track.group, block, from, count);
+    write([&] { file_->append(*track.group, block, from, count); });
 }
 
 /// The samples before `next` will not come any more.
@@ -198,8 +188,10 @@ void Recorder::storeLost(Track& track, std::int64_t next)
         return;
     track.stored += count;
     track.lost += count;
-    if (track.group)
-        write([&] { file_->appendLost(*track.group, count); });
+    if (!track.group)
+        return;
+    signals_->appendLost(*track.group, count);
+    write([&] { file_->appendLost(*track.group, count); });
 }
 
 void Recorder::take(Track& track, const Delivery::Ended& end)
@@ -213,51 +205,6 @@ void Recorder::take(Track& track, const Delivery::Ended& end)
     else if (track.toCome() > 0 && !isStopping_)
         fail(track.plan.name + ": ended after " + std::to_string(track.stored) + " of " +
              std::to_string(track.plan.samples) + " samples");
-}
-
-void Recorder::startsAt(Track& track, std::int64_t first)
-{
-    track.first = first;
-    const double time = earliest();
-    std::vector<double> offsets;
-    for (const auto& it : tracks_)
-        if (it->group)
-            offsets.push_back(it->first ? it->timeOf(*it->first) - time : 0.0);
-    write([&] { file_->setStart(isoText(later(start_, time)), offsets); });
-}
-
-template <class Act> void Recorder::write(const Act& act)
-{
-    if (!isFileGood_)
-        return;
-    try {
-        act();
-    } catch (const std::exception& error) {
-        isFileGood_ = false;
-        hasFileFailed_ = true;
-        fail(error.what());
-        stopAll();
-    }
-}
-
-void Recorder::fail(const std::string& reason)
-{
-    failures_.push_back(reason);
-}
-
-void Recorder::finish()
-{
-    publish(RunState::Finishing);
-    const std::string end = isoText(options_.isPaced ? now() : later(start_, elapsed()));
-    write([&] { file_->close(stateText(endState()), end); });
-    if (!isFileGood_)
-        try {
-            file_->close(recordedState::failed, end);
-        } catch (const std::exception&) {
-            fail(options_.file + ": was not closed, --compare makes it readable");
-        }
-    file_.reset();
-    publish(endState());
 }
 
 void Recorder::stop()

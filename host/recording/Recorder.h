@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/recording/LiveSignals.h"
 #include "host/recording/Moments.h"
 #include "host/recording/RecordedFile.h"
 #include "host/recording/RecordingRun.h"
@@ -22,6 +23,8 @@ public:
 
     void stop();
     [[nodiscard]] RecordingProgress progress() const;
+    [[nodiscard]] std::shared_ptr<const ChartSource> signals() const { return signals_; }
+    bool addMarker(const std::string& text);
     bool waitFor(std::chrono::milliseconds time) const;
 
 private:
@@ -45,14 +48,20 @@ private:
     void take(Track& track, const Delivery::Ended& end);
     void storeLost(Track& track, std::int64_t next);
     void startsAt(Track& track, std::int64_t first);
+    [[nodiscard]] std::vector<double> starts() const;
+    void placeInTime();
+    void takeMarkers();
+    void writeMarkers();
+    void writeClipped();
     [[nodiscard]] double earliest() const;
     /// Runs `act`, which writes the file, unless the file has failed.
-    template <class Act> void write(const Act& act);
+    void write(const std::function<void()>& act);
     void fail(const std::string& reason);
 
     [[nodiscard]] RunState presentState() const;
     [[nodiscard]] RunState endState() const;
     [[nodiscard]] double elapsed() const;
+    [[nodiscard]] bool takesMarkers(RunState state) const;
     void publish(RunState state);
 
     Instruments instruments_;
@@ -64,15 +73,25 @@ private:
     BlockQueue queue_;
     std::vector<std::unique_ptr<Track>> tracks_; ///< one for each instrument of the plan
     std::unique_ptr<RecordedFile> file_;
+    std::shared_ptr<LiveSignals> signals_; ///< of the recorded instruments
+    std::optional<double> trigger_;        ///< in the recording's time
+    std::vector<Marker> markers_;          ///< the same
+    bool areMarkersWritten_ = true;
     std::vector<std::string> failures_;
     bool isFileGood_ = true;     ///< the file can be written
     bool hasFileFailed_ = false; ///< or nearly
     bool isStopping_ = false;
     std::atomic<bool> isStopWanted_ = false;
 
-    mutable std::mutex mutex_; ///< protects `progress_`
+    struct NewMarker {
+        Clock::time_point moment;
+        std::string text;
+    };
+
+    mutable std::mutex mutex_; ///< protects the rest
     mutable std::condition_variable ended_;
     RecordingProgress progress_;
+    std::vector<NewMarker> newMarkers_;
 };
 
 } // namespace ko

@@ -4,16 +4,6 @@
 
 namespace ko {
 
-/// The recording's earliest sample, in seconds of its time.
-double Recorder::earliest() const
-{
-    std::optional<double> time;
-    for (const auto& track : tracks_)
-        if (track->group && track->first)
-            time = std::min(track->timeOf(*track->first), time.value_or(track->timeOf(*track->first)));
-    return time.value_or(0.0);
-}
-
 RunState Recorder::endState() const
 {
     const bool isComplete =
@@ -43,7 +33,8 @@ void Recorder::publish(RunState state)
                                .elapsed = elapsed(),
                                .instruments = {},
                                .failures = failures_,
-                               .hasFileFailed = hasFileFailed_};
+                               .hasFileFailed = hasFileFailed_,
+                               .takesMarkers = takesMarkers(state)};
     const double time = earliest();
     for (const auto& track : tracks_) {
         const ArmedSettings& settings = track->plan.settings;
@@ -55,6 +46,7 @@ void Recorder::publish(RunState state)
                  .planned = track->plan.samples,
                  .bytes = 4.0 * static_cast<double>(track->stored) * static_cast<double>(settings.channels.size()),
                  .lost = track->lost,
+                 .clipped = signals_->clipped(*track->group),
                  .period = settings.period,
                  .startOffset = track->first ? track->timeOf(*track->first) - time : 0.0});
     }

@@ -23,8 +23,9 @@ struct InstrumentProgress {
     std::int64_t planned = 0;
     double bytes = 0.0; ///< of the samples of all channels
     std::int64_t lost = 0;
-    double period = 0.0;      ///< seconds
-    double startOffset = 0.0; ///< seconds after the start of the recording
+    std::vector<std::int64_t> clipped; ///< samples of each channel at a limit of its range
+    double period = 0.0;               ///< seconds
+    double startOffset = 0.0;          ///< seconds after the start of the recording
 };
 
 struct RecordingProgress {
@@ -33,6 +34,7 @@ struct RecordingProgress {
     std::vector<InstrumentProgress> instruments;
     std::vector<std::string> failures; ///< in English, each with the instrument or the file that failed
     bool hasFileFailed = false;        ///< the file does not hold all that was delivered
+    bool takesMarkers = false;         ///< its time has begun, and it is not being finished
 };
 
 } // namespace ko

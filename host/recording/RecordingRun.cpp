@@ -40,6 +40,16 @@ RecordingProgress RecordingRun::progress() const
     return recorder_->progress();
 }
 
+std::shared_ptr<const ChartSource> RecordingRun::signals() const
+{
+    return recorder_->signals();
+}
+
+bool RecordingRun::addMarker(const std::string& text)
+{
+    return recorder_->addMarker(text);
+}
+
 void RecordingRun::stop()
 {
     recorder_->stop();

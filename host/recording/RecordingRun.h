@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/recording/ChartSource.h"
 #include "host/recording/RecordingPlan.h"
 #include "host/recording/RecordingProgress.h"
 
@@ -36,6 +37,13 @@ public:
     RecordingRun& operator=(const RecordingRun&) = delete;
 
     [[nodiscard]] RecordingProgress progress() const;
+
+    /// What is being recorded, for charts; remains when the recording has ended.
+    [[nodiscard]] std::shared_ptr<const ChartSource> signals() const;
+
+    /// Marks the present time, in the file at the next flush. The text is shortened to `Marker::textSize`. Does nothing
+    /// and returns false unless the recording `takesMarkers`.
+    bool addMarker(const std::string& text);
 
     /// Ends the recording early; what the instruments have delivered is still recorded. Can be called on any thread.
     void stop();

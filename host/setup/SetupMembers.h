@@ -116,6 +116,9 @@ template <class Visit> void visitMembers(Is<ChannelSettings> auto& channel, cons
             enabled = std::int32_t{*flag};
         return "";
     };
+    const auto isOrdered = [](const Range& range) {
+        return range.minimum < range.maximum ? "" : "must be a minimum and a larger maximum";
+    };
     visit("address", channel.address, Rule::Required);
     visit("name", channel.name);
     visit("enabled", channel.enabled, Rule::Defaulted, flagAsNumber);
@@ -124,6 +127,7 @@ template <class Visit> void visitMembers(Is<ChannelSettings> auto& channel, cons
     visit("triggerParameters", channel.triggerParameters);
     visit("unit", channel.unit, Rule::Sparse);
     visit("signal", channel.signal, Rule::Sparse);
+    visit("range", channel.range, Rule::Sparse, isOrdered);
 }
 
 template <class Visit> void visitMembers(Is<GroupSettings> auto& group, const Visit& visit)

@@ -72,59 +72,6 @@ namespace {
 
 using namespace test;
 
-/// A simulated instrument that delivers what a script says.
-class Scripted final : public Instrument, private Acquisition {
-public:
-    using Script = std::function<void(BlockSink&)>;
-
-    Scripted(const std::string& settings, Script script)
-        : simulated_(makeDrivers(parseSetup("{\"drivers\": [" + settings + "]}", "test.json")).front()),
-          script_(std::move(script))
-    {
-    }
-
-    [[nodiscard]] const std::string& name() const override { return simulated_->name(); }
-    Driver& driver() override { return *simulated_; }
-    [[nodiscard]] InstrumentSettings settings() const override { return simulated_->settings(); }
-    void restore(const InstrumentSettings& settings) override { simulated_->restore(settings); }
-    Acquisition* acquisition() override { return this; }
-
-private:
-    [[nodiscard]] ArmedSettings settingsToArm() const override { return simulated_->acquisition()->settingsToArm(); }
-    ArmedSettings arm() override { return simulated_->acquisition()->settingsToArm(); }
-    void start(const AcquisitionOrder&, BlockSink& sink) override
-    {
-        if (!script_)
-            throw Failure(failure::unspecified, "is switched off");
-        thread_ = std::jthread([this, &sink] { script_(sink); });
-    }
-    void stop() override
-    {
-        if (thread_.joinable())
-            thread_.join();
-    }
-
-    std::shared_ptr<SimulatedDriver> simulated_;
-    Script script_;
-    std::jthread thread_;
-};
-
-/// An instrument of one channel whose samples are their own numbers.
-std::string counter(int samples)
-{
-    return R"({"name": "Counter", "groups": [{"name": "g", "channels": [{"address": "1:1"}]}], "timebase":
-        {"samplePeriod": {"value": 0.001}, "blockSize": {"value": 1}, "duration": )" +
-           std::to_string(0.001 * samples) + "}}";
-}
-
-Block numbers(std::int64_t first, std::int64_t count)
-{
-    Block block{.first = first, .count = count, .samples = std::vector<float>(static_cast<std::size_t>(count))};
-    for (std::int64_t i = 0; i < count; ++i)
-        block.samples[static_cast<std::size_t>(i)] = static_cast<float>(first + i);
-    return block;
-}
-
 /// Checks that each sample is its own number or lost; returns how many are lost.
 std::int64_t lostOf(const std::vector<float>& samples)
 {
@@ -223,13 +170,23 @@ TEST(RecordingFailureTest, ADiskThatGetsFullEndsTheRecordingWithAWholeFile)
 }
 
 /// Two instruments, flushed at each step, so that every kind of write occurs many times.
-const std::string twoInstruments = instrument(R"("samplePeriod": {"value": 0.0001})") + "," + instrument("");
+const std::string clipping = R"(, "range": [-0.5, 1])";
+const std::string twoInstruments = instrument(R"("samplePeriod": {"value": 0.0001})", "", clipping.c_str()) + "," +
+                                   instrument("", "", clipping.c_str());
 
 RecordingOptions flushing(const std::string& file)
 {
     RecordingOptions options = into(file);
     options.flushInterval = std::chrono::milliseconds(0);
     return options;
+}
+
+/// Waits for the end, and adds markers meanwhile.
+RecordingProgress markedToTheEnd(RecordingRun& run)
+{
+    while (!run.waitFor(std::chrono::milliseconds(1)))
+        run.addMarker("mark");
+    return run.progress();
 }
 
 /// Checks a file that has lost its program or its disk: it can be read as it is, and by all programs once the mark is
@@ -243,7 +200,7 @@ std::size_t expectWhole(const std::string& file)
         const std::size_t before = std::exchange(count, 0);
         for (const auto& [dataset, period] :
              {std::pair("instrument-0/channel-0-0", 0.0001), {"instrument-1/channel-0-0", 0.001}}) {
-            const Signal signal({}, "1:1", period);
+            const Signal signal({}, "1:1", period, {-0.5, 1});
             const auto samples = held.samples(dataset);
             count += samples.size();
             for (std::size_t i = 0; i < samples.size(); ++i)
@@ -252,6 +209,8 @@ std::size_t expectWhole(const std::string& file)
                     break;
                 }
         }
+        for (const Marker& marker : held.markers())
+            EXPECT_EQ(marker.text, "mark");
         EXPECT_TRUE(how != H5F_ACC_RDONLY || before == 0 || before == count);
     };
     if (const Reading held(file); !held.isOpen())
@@ -274,8 +233,8 @@ TEST(RecordingFailureTest, EveryWriteMayFailAndWhatWasRecordedIsWhole)
             RecordingPlan plan = armed(instruments);
             writes.plan(fate, number);
             try {
-                const RecordingRun run(instruments, std::move(plan), flushing(file));
-                const RecordingProgress end = run.wait();
+                RecordingRun run(instruments, std::move(plan), flushing(file));
+                const RecordingProgress end = markedToTheEnd(run);
                 worked = writes.left.load() >= 0 && writes.fate != Fate::Works;
                 writes.plan(Fate::Works, 0);
                 EXPECT_EQ(end.state, worked ? RunState::Done : RunState::Failed) << number;
@@ -308,7 +267,7 @@ TEST(RecordingFailureTest, AProgramThatIsKilledInAnyWriteLeavesAFileThatIsWhole)
             RecordingPlan plan = armed(instruments);
             writes.plan(Fate::Kills, number);
             auto run = std::make_unique<RecordingRun>(instruments, std::move(plan), flushing(file));
-            const bool isDone = run->wait().state == RunState::Done;
+            const bool isDone = markedToTheEnd(*run).state == RunState::Done;
             run.reset();
             _exit(isDone ? 0 : 1);
         }

@@ -3,10 +3,12 @@
 #include "host/recording/RecordingRun.h"
 #include "host/setup/SetupFile.h"
 
+#include <array>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <hdf5.h>
 #include <stdexcept>
+#include <thread>
 
 namespace ko::test {
 
@@ -64,20 +66,41 @@ public:
         return size;
     }
 
+    [[nodiscard]] std::vector<Marker> markers() const
+    {
+        const auto times = elements<double>("markers/time", H5T_NATIVE_DOUBLE);
+        const hid_t type = H5Tcopy(H5T_C_S1);
+        H5Tset_size(type, Marker::textSize);
+        H5Tset_cset(type, H5T_CSET_UTF8);
+        const auto texts = elements<std::array<char, Marker::textSize>>("markers/text", type);
+        H5Tclose(type);
+        std::vector<Marker> markers;
+        for (std::size_t i = 0; i < std::min(times.size(), texts.size()); ++i) {
+            const std::string text(texts[i].data(), texts[i].size());
+            markers.push_back({times[i], text.substr(0, text.find('\0'))});
+        }
+        return markers;
+    }
+
     [[nodiscard]] std::vector<float> samples(const std::string& dataset) const
+    {
+        return elements<float>(dataset, H5T_NATIVE_FLOAT);
+    }
+
+private:
+    template <class Element> [[nodiscard]] std::vector<Element> elements(const std::string& dataset, hid_t type) const
     {
         const hid_t data = H5Dopen2(file_, dataset.c_str(), H5P_DEFAULT);
         const hid_t space = H5Dget_space(data);
-        std::vector<float> samples(
+        std::vector<Element> samples(
             static_cast<std::size_t>(std::max<hssize_t>(H5Sget_simple_extent_npoints(space), 0)));
-        if (data < 0 || H5Dread(data, H5T_NATIVE_FLOAT, H5S_ALL, H5S_ALL, H5P_DEFAULT, samples.data()) < 0)
+        if (data < 0 || H5Dread(data, type, H5S_ALL, H5S_ALL, H5P_DEFAULT, samples.data()) < 0)
             ADD_FAILURE() << dataset << " cannot be read";
         H5Sclose(space);
         H5Dclose(data);
         return samples;
     }
 
-private:
     static hid_t opened(const std::string& file, unsigned how)
     {
         H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
@@ -140,6 +163,59 @@ inline RecordingOptions into(const std::string& file)
 inline RecordingProgress recorded(const Instruments& instruments, const RecordingOptions& options)
 {
     return RecordingRun(instruments, armed(instruments), options).wait();
+}
+
+/// A simulated instrument that delivers what a script says.
+class Scripted final : public Instrument, private Acquisition {
+public:
+    using Script = std::function<void(BlockSink&)>;
+
+    Scripted(const std::string& settings, Script script)
+        : simulated_(makeDrivers(parseSetup("{\"drivers\": [" + settings + "]}", "test.json")).front()),
+          script_(std::move(script))
+    {
+    }
+
+    [[nodiscard]] const std::string& name() const override { return simulated_->name(); }
+    Driver& driver() override { return *simulated_; }
+    [[nodiscard]] InstrumentSettings settings() const override { return simulated_->settings(); }
+    void restore(const InstrumentSettings& settings) override { simulated_->restore(settings); }
+    Acquisition* acquisition() override { return this; }
+
+private:
+    [[nodiscard]] ArmedSettings settingsToArm() const override { return simulated_->acquisition()->settingsToArm(); }
+    ArmedSettings arm() override { return simulated_->acquisition()->settingsToArm(); }
+    void start(const AcquisitionOrder&, BlockSink& sink) override
+    {
+        if (!script_)
+            throw Failure(failure::unspecified, "is switched off");
+        thread_ = std::jthread([this, &sink] { script_(sink); });
+    }
+    void stop() override
+    {
+        if (thread_.joinable())
+            thread_.join();
+    }
+
+    std::shared_ptr<SimulatedDriver> simulated_;
+    Script script_;
+    std::jthread thread_;
+};
+
+/// An instrument of one channel whose samples are their own numbers.
+inline std::string counter(int samples, const std::string& more = "")
+{
+    return R"({"name": "Counter", "groups": [{"name": "g", "channels": [{"address": "1:1")" + more +
+           R"(}]}], "timebase": {"samplePeriod": {"value": 0.001}, "blockSize": {"value": 1}, "duration": )" +
+           std::to_string(0.001 * samples) + "}}";
+}
+
+inline Block numbers(std::int64_t first, std::int64_t count)
+{
+    Block block{.first = first, .count = count, .samples = std::vector<float>(static_cast<std::size_t>(count))};
+    for (std::int64_t i = 0; i < count; ++i)
+        block.samples[static_cast<std::size_t>(i)] = static_cast<float>(first + i);
+    return block;
 }
 
 } // namespace ko::test

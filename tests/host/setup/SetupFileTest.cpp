@@ -177,6 +177,8 @@ TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
          "groups[0].channels[0].signal.shape: must be \"sine\", \"square\", \"triangle\" or \"constant\""},
         {R"("groups": [{"name": "g", "channels": [{"address": "1", "signal": {"noise": -1}}]}])",
          "groups[0].channels[0].signal.noise: must not be negative"},
+        {R"("groups": [{"name": "g", "channels": [{"address": "1", "range": [0, 0]}]}])",
+         "groups[0].channels[0].range: must be a minimum and a larger maximum"},
     };
     for (const auto& [member, message] : cases)
         EXPECT_EQ(refusalOf(withMember(member)).rfind("bench.json:2: $.drivers[0]." + message, 0), 0U)
