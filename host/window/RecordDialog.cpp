@@ -24,7 +24,7 @@ RecordDialog::RecordDialog(QWidget* parent, Texts texts, const Locale& locale, c
       file_(new QLineEdit(toQt(offer.file), this)), sign_(new PlainLabel(this)), space_(new PlainLabel(this))
 {
     setWindowTitle(texts_(recordText::title));
-    auto* const label = new QLabel(texts_(recordText::fileLabel), this);
+    auto* const label = new PlainLabel(texts_(recordText::fileLabel), this);
     label->setBuddy(file_);
     auto* const browse = new QPushButton(texts_(recordText::browse), this);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);

@@ -6,7 +6,6 @@
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 
-#include <QTime>
 #include <algorithm>
 #include <cmath>
 
@@ -115,10 +114,8 @@ QString spanText(double seconds, const Texts& texts, const Locale& locale)
     if (seconds < minute)
         return texts(textNumber::plan::seconds).arg(number(std::floor(seconds * 10.0) / 10.0, locale));
     const auto whole = static_cast<std::int64_t>(seconds);
-    return QStringLiteral("%1:%2:%3")
-        .arg(whole / 3600)
-        .arg(whole / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(whole % 60, 2, 10, QLatin1Char('0'));
+    return QString::asprintf("%lld:%02lld:%02lld", static_cast<long long>(whole / 3600),
+                             static_cast<long long>(whole / 60 % 60), static_cast<long long>(whole % 60));
 }
 
 } // namespace ko

@@ -85,9 +85,9 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     const auto mark = [&](const std::string& text) {
         while (!running->progress().takesMarkers) {
         }
-        const std::size_t before = running->signals()->state().markers.size();
+        const std::size_t before = running->chart()->state().markers.size();
         EXPECT_TRUE(running->addMarker(text));
-        while (running->signals()->state().markers.size() == before) {
+        while (running->chart()->state().markers.size() == before) {
         }
     };
     std::promise<void> begun;
@@ -118,7 +118,7 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     };
     const Reading held(file);
     expectMarkers(held.markers());
-    const ChartState state = run.signals()->state();
+    const ChartState state = run.chart()->state();
     expectMarkers(state.markers);
     // 50 to 60, and 290 to 299.
     EXPECT_EQ(end.instruments[0].clipped, std::vector<std::int64_t>{11 + 10});
@@ -127,8 +127,8 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     EXPECT_EQ(held.number("instrument-0/channel-0-0", "minimum"), 60.0);
     EXPECT_EQ(held.number("instrument-0/channel-0-0", "maximum"), 290.0);
     EXPECT_EQ(state.channels[0].latest, 299.0F);
-    EXPECT_NEAR(state.end(run.signals()->channels()), 0.3, 1e-9);
-    const auto extents = run.signals()->extents(0, {.first = 0, .width = 50, .count = 7});
+    EXPECT_NEAR(state.end(run.chart()->channels()), 0.3, 1e-9);
+    const auto extents = run.chart()->extents(0, {.first = 0, .width = 50, .count = 7});
     EXPECT_EQ(extents, (std::vector<Extent>{{}, {50, 99}, {100, 149}, {}, {200, 249}, {250, 299}, {}}));
 }
 

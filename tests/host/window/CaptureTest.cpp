@@ -45,10 +45,13 @@ class Questions : public BoxQuestions {
 public:
     explicit Questions(FrameWindow& window)
         : BoxQuestions(
-              window, window.session(), [&window](int number) { return window.text(number); }, window.services().locale)
+              window, window.session(), [&window](int number) { return window.text(number); }, usual)
     {
     }
     std::string fileToRecord(const RecordOffer&) override { return {}; }
+
+private:
+    inline static const Locale usual;
 };
 
 /// A session that is captured in the host's window and then replayed without a window.
