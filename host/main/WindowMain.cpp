@@ -83,13 +83,16 @@ private:
     std::function<void()> act_;
 };
 
-int stayOpen(FrameWindow& window, const std::string& refusal)
+int stayOpen(FrameWindow& window, const std::string& refusal, bool isCapturing)
 {
     // A message box must appear in front of the window, so it is shown after the window.
     window.winId();
     const OnceExposed afterExposed(*window.windowHandle(), [&] {
         if (!refusal.empty())
             window.files().questions().tellNotOpened(refusal);
+        // A replay could not repeat what is restored.
+        if (!isCapturing)
+            window.autosave().offer(window.files().questions());
     });
     window.show();
     return QApplication::exec();
@@ -135,7 +138,7 @@ int run(const WindowOptions& options, GuardedApplication& application)
     application.showsFailures = isSeen;
     if (!isSeen && !refusal.empty())
         return refuse(refusal);
-    return isPicture ? paintInto(window, options.picture) : stayOpen(window, refusal);
+    return isPicture ? paintInto(window, options.picture) : stayOpen(window, refusal, !options.capture.empty());
 }
 
 } // namespace

@@ -39,15 +39,32 @@ void SetupSession::begin(const std::string& templateName)
 void SetupSession::replace(std::string content, const std::string& source, const std::string& templateName)
 {
     Setup setup = parseSetup(content, source);
-    drivers_ = makeDrivers(setup);
-    setup_ = std::make_shared<Setup>(std::move(setup));
-    content_ = std::move(content);
     source_ = source;
-    template_ = templateName;
-    file_ = templateName.empty() ? source : std::string();
-    setChanged(false);
+    const std::string file = templateName.empty() ? source : std::string();
+    take({file, templateName, std::move(content), std::move(setup)}, false);
+}
+
+void SetupSession::take(const UnsavedSetup& set, bool isChanged)
+{
+    drivers_ = makeDrivers(set.setup);
+    setup_ = std::make_shared<Setup>(set.setup);
+    content_ = set.saved;
+    template_ = set.templateName;
+    file_ = set.file;
+    setChanged(isChanged);
     if (loaded)
         loaded();
+}
+
+void SetupSession::restore(const UnsavedSetup& unsaved)
+{
+    source_ = unsaved.file.empty() ? unsaved.templateName : unsaved.file;
+    take(unsaved, true);
+}
+
+UnsavedSetup SetupSession::unsaved() const
+{
+    return {file_, template_, content_, withPresentValues(*setup_, drivers_)};
 }
 
 bool SetupSession::pageAllows() const
@@ -69,12 +86,8 @@ bool SetupSession::close(SessionQuestions& questions)
 {
     if (!mayLeave(questions))
         return false;
-    drivers_.clear();
-    setup_ = std::make_shared<Setup>();
-    file_ = source_ = template_ = content_ = {};
-    setChanged(false);
-    if (loaded)
-        loaded();
+    source_.clear();
+    take({}, false);
     return true;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/setup/SetupFile.h"
+#include "host/setup/UnsavedSetup.h"
 
 #include <functional>
 #include <memory>
@@ -42,6 +42,11 @@ public:
     /// Begins a set-up with a template in place of the open one, without asking. It has no file until it is saved.
     /// Throws an `InputError` and changes nothing if there is no such template.
     void begin(const std::string& templateName);
+
+    /// Shows a set-up with unsaved changes in place of the open one, without asking.
+    void restore(const UnsavedSetup& unsaved);
+    /// The set-up with its changes.
+    [[nodiscard]] UnsavedSetup unsaved() const;
 
     /// As `load` and `begin`, after asking. Return false if the user cancels, or if the file is refused, after a
     /// message.
@@ -114,6 +119,7 @@ private:
     [[nodiscard]] bool pageAllows() const;
     /// Replaces the set-up by this content of a file, which is the template of this name, if one is given.
     void replace(std::string content, const std::string& source, const std::string& templateName);
+    void take(const UnsavedSetup& set, bool isChanged);
     /// Loads or begins a set-up; shows the reason if that fails.
     static bool attempt(const std::function<void()>& load, const std::string& what, SessionQuestions& questions);
     bool tryLoad(const std::string& file, SessionQuestions& questions);

@@ -23,7 +23,7 @@ void FileWatch::watch(const std::string& file)
     const QFileInfo info(toQt(file));
     file_ = info.absoluteFilePath();
     last_ = stamp();
-    if (fromQt(toQt(file)) == file)
+    if (!file.empty() && fromQt(toQt(file)) == file)
         watcher_.addPaths({file_, info.absolutePath()});
 }
 

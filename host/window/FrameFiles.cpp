@@ -34,9 +34,10 @@ FrameFiles::FrameFiles(QMainWindow& window, const UserActions& actions, FramePar
 
 void FrameFiles::showLoaded()
 {
+    const bool isRestored = session_.isChanged();
     parts_.services.clock.standAt(session_.clock());
     showInstruments();
-    session_.setChanged(false);
+    session_.setChanged(isRestored);
     remember();
 }
 

@@ -171,6 +171,7 @@ void FrameHistory::show()
     const bool isChanged = !history_.isClean();
     if (session_.isChanged() != isChanged)
         session_.setChanged(isChanged);
+    ko::raise(changed);
     const Scoped showing(isShowing_, true);
     showSteps();
     stack_->setIndex(static_cast<int>(history_.position()));

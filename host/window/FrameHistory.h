@@ -52,6 +52,8 @@ public:
     /// Undoes or redoes until the set-up is as it was saved. Returns false if no step leads there.
     bool revertToSaved();
 
+    /// Called when the set-up or its changed mark may have changed.
+    std::function<void()> changed;
     /// Makes the page read its instruments again; set by the window.
     std::function<void()> rebuild;
 

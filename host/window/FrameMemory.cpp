@@ -86,6 +86,12 @@ void FrameMemory::change(const std::function<void(Content&)>& change)
     }
 }
 
+std::string FrameMemory::folder() const
+{
+    const std::string folder = std::filesystem::path(file_).parent_path().string();
+    return folder.empty() && !file_.empty() ? "." : folder;
+}
+
 std::string FrameMemory::usersFile()
 {
     return fromQt(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/window.json";

@@ -23,6 +23,8 @@ public:
     /// printed on standard error.
     void change(const std::function<void(Content&)>& change);
 
+    /// Returns the folder of the file; empty if nothing is kept.
+    [[nodiscard]] std::string folder() const;
     /// Returns the path of the user's file.
     static std::string usersFile();
 

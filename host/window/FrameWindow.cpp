@@ -10,6 +10,7 @@
 #include "host/window/Reports.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QKeyEvent>
 #include <QLayout>
@@ -27,6 +28,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     joinSpace();
     joinRecording();
     joinStart();
+    joinAutosave();
     statusBar()->addWidget(&page_.hint(), 1);
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
@@ -43,7 +45,7 @@ FrameWindow::~FrameWindow()
     docks_.stop();
     space_->stop();
     files_.changed = nullptr;
-    files_.recent().changed = nullptr;
+    files_.recent().changed = history_.changed = nullptr;
     page_.end();
     if (!actions_.end(*this))
         docks_.remove();
@@ -58,12 +60,7 @@ CaptureFrame FrameWindow::captureFrame()
         history_.end();
         page_.renew();
     };
-    frame.showAgain = [this] {
-        const bool changed = session().isChanged();
-        handOver();
-        if (changed)
-            history_.changedOtherwise();
-    };
+    frame.showAgain = [this] { handOverAsIs(); };
     return frame;
 }
 
@@ -73,7 +70,7 @@ void FrameWindow::joinFiles()
     session().checkFree = [this](const std::string& file) { capture_.refuseOwn(file); };
     files_.showInstruments = [this] {
         capture_.setup(session().source());
-        handOver();
+        handOverAsIs();
     };
 }
 
@@ -144,6 +141,14 @@ void FrameWindow::joinStart()
     start_->showRecent(files_.recent().files());
 }
 
+void FrameWindow::joinAutosave()
+{
+    history_.changed = [this] { autosave_.changed(); };
+    autosave_.failed = [this](const std::string& reason) {
+        docks_.reports().add(text(textNumber::autosave::name), toShown(reason));
+    };
+}
+
 void FrameWindow::showPageOrStart()
 {
     const bool hasSetup = session().hasSetup();
@@ -165,6 +170,14 @@ void FrameWindow::handOver()
         page().view().focus().follow();
     else
         start_->setFocus();
+}
+
+void FrameWindow::handOverAsIs()
+{
+    const bool changed = session().isChanged();
+    handOver();
+    if (changed)
+        history_.changedOtherwise();
 }
 
 bool FrameWindow::isAvailable(std::int32_t command)
@@ -212,8 +225,10 @@ void FrameWindow::closeEvent(QCloseEvent* event)
     // Events are accepted by default, but a failure below must not close the window.
     event->ignore();
     event->setAccepted(files_.mayLeave());
-    if (event->isAccepted())
-        rememberPlace();
+    if (!event->isAccepted())
+        return;
+    rememberPlace();
+    autosave_.end();
 }
 
 void FrameWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/window/FrameAutosave.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
@@ -34,6 +35,7 @@ public:
     bool restorePlace();
 
     [[nodiscard]] FrameFiles& files() { return files_; }
+    [[nodiscard]] FrameAutosave& autosave() { return autosave_; }
     [[nodiscard]] FramePrinting& printing() { return printing_; }
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
@@ -67,10 +69,13 @@ private:
     /// Makes the page read-only for the set-up of a recording, and editable for the next one.
     void lockOpenedRecording();
     void joinStart();
+    void joinAutosave();
     /// Shows the start screen instead of the page while no set-up is open.
     void showPageOrStart();
     /// Shows the session's instruments in the docks and on the page.
     void handOver();
+    /// As `handOver`; a set-up that was changed stays so.
+    void handOverAsIs();
     void rememberPlace();
 
     void makeMenus();
@@ -104,6 +109,7 @@ private:
     bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
+    FrameAutosave autosave_{actions_, session(), memory_.folder()};
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 

@@ -96,8 +96,13 @@ void Reports::add(std::int32_t number, const QString& source, const QString& des
     QString failure = QStringLiteral("%1 (%2)").arg(description, QString::number(number));
     if (isCall)
         failure = failureText_.arg(call.failedSetting, failure);
+    addRow(isCall ? call.instrument : QString(), failure, source);
+}
+
+void Reports::addRow(const QString& instrument, const QString& failure, const QString& source)
+{
     const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
-    auto* item = new QTreeWidgetItem({time, isCall ? call.instrument : QString(), failure, source});
+    auto* item = new QTreeWidgetItem({time, instrument, failure, source});
     for (int column = 0; column < columns; ++column)
         item->setData(column, Qt::ToolTipRole, plainTip(item->text(column)));
     if (list_->topLevelItemCount() == kept)

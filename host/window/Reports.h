@@ -21,6 +21,8 @@ public:
     void callFailed(const QString& instrument, const QString& failedSetting, std::int32_t number,
                     const QString& reason);
     void add(std::int32_t number, const QString& source, const QString& description);
+    /// Adds a failure of the program itself.
+    void add(const QString& source, const QString& failure) { addRow({}, failure, source); }
     void clear();
     /// Copies the selected reports, or all if none is selected, to the clipboard as lines with tab-separated cells.
     void copy();
@@ -37,6 +39,7 @@ private:
         QString reason;
     };
 
+    void addRow(const QString& instrument, const QString& failure, const QString& source);
     void makeView(const Texts& texts);
     void makeButton(const QString& hint);
     void showCount();

@@ -4,6 +4,7 @@
 #include "host/support/HostTexts.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
+#include "widgets/support/ShownText.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -120,6 +121,31 @@ bool BoxQuestions::stopRecording()
 void BoxQuestions::tellNotRecorded(const std::string& reason)
 {
     refuse(textNumber::record::title, textNumber::record::notBegun, reason);
+}
+
+Recovery BoxQuestions::restoreCopy(const std::string& setup, const QDateTime& time)
+{
+    namespace autosave = textNumber::autosave;
+    const QString when = QLocale().toString(time, QLocale::ShortFormat);
+    Modal<PlainBox> box(QMessageBox::Question, texts_(hostText::product),
+                        texts_(autosave::found).arg(toShown(setup), when), texts_(autosave::question),
+                        QMessageBox::NoButton, &window_);
+    QPushButton* const restore = box->addButton(texts_(autosave::restore), QMessageBox::AcceptRole);
+    const auto* const discard = box->addButton(texts_(autosave::discard), QMessageBox::DestructiveRole);
+    box->setEscapeButton(box->addButton(texts_(autosave::later), QMessageBox::RejectRole));
+    box->setDefaultButton(restore);
+    const auto* const answer = box.answer();
+    if (answer == restore)
+        return Recovery::Restore;
+    return answer == discard ? Recovery::Discard : Recovery::Later;
+}
+
+void BoxQuestions::tellDamagedCopy(const std::string& file, const std::string& reason)
+{
+    Modal<PlainBox>(QMessageBox::Warning, texts_(hostText::product),
+                    texts_(textNumber::autosave::damaged).arg(toShown(file)), toShown(reason), QMessageBox::Ok,
+                    &window_)
+        .wait();
 }
 
 QString BoxQuestions::filter() const

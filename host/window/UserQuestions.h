@@ -6,7 +6,12 @@
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
+#include <QDateTime>
+
 namespace ko {
+
+/// The user's decision about unsaved changes of a program that has ended without asking.
+enum class Recovery { Restore, Discard, Later };
 
 /// The frame window's questions to the user.
 class UserQuestions : public SessionQuestions {
@@ -22,6 +27,10 @@ public:
     virtual std::string fileToRecord(const RecordOffer& offer) = 0;
     virtual bool stopRecording() = 0;
     virtual void tellNotRecorded(const std::string& reason) = 0;
+    /// Asks whether to restore the unsaved changes to a set-up that were kept at this time.
+    virtual Recovery restoreCopy(const std::string& setup, const QDateTime& time) = 0;
+    /// Names a copy of unsaved changes that cannot be read, and the reason.
+    virtual void tellDamagedCopy(const std::string& file, const std::string& reason) = 0;
 };
 
 /// Asks by message boxes and file dialogs. A box or dialog that is destroyed together with the window and this object
@@ -39,6 +48,8 @@ public:
     std::string fileToRecord(const RecordOffer& offer) override;
     bool stopRecording() override;
     void tellNotRecorded(const std::string& reason) override;
+    Recovery restoreCopy(const std::string& setup, const QDateTime& time) override;
+    void tellDamagedCopy(const std::string& file, const std::string& reason) override;
     std::string fileToSave() override;
     Conflict settleConflict() override;
     bool reload() override;

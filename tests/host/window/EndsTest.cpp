@@ -173,6 +173,20 @@ const Opening openings[] = {
          desk.file("bench.json", R"({"drivers": []})");
          desk.choose(hostText::fileMenu, hostText::save);
      }},
+    {"Restore",
+     [](Desk& desk) {
+         desk.file("a.unsaved", copyText({"a.json", {}, {}, {}}).c_str());
+         desk.window = std::make_unique<FrameWindow>("", fromQt(desk.folder.filePath("window.json")));
+         desk.window->show();
+         desk.window->autosave().offer(desk.window->files().questions());
+     }},
+    {"DamagedCopy",
+     [](Desk& desk) {
+         desk.file("a.unsaved", "?");
+         desk.window = std::make_unique<FrameWindow>("", fromQt(desk.folder.filePath("window.json")));
+         desk.window->show();
+         desk.window->autosave().offer(desk.window->files().questions());
+     }},
     {"NotOpened", [](Desk& desk) { desk.window->files().open("/none.json"); }},
     {"NotLeft",
      [](Desk& desk) {

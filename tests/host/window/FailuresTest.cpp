@@ -32,6 +32,8 @@ public:
     std::string fileToOpen() override { getStuck(); }
     std::string fileForSheet() override { getStuck(); }
     bool forget(const std::string&) override { getStuck(); }
+    Recovery restoreCopy(const std::string&, const QDateTime&) override { getStuck(); }
+    void tellDamagedCopy(const std::string&, const std::string&) override { getStuck(); }
     std::string fileToSave() override { getStuck(); }
     Conflict settleConflict() override { getStuck(); }
     bool reload() override { getStuck(); }

@@ -26,6 +26,8 @@ struct Decided {
     int reloads = 0; ///< number of offers to reload the file
     std::string open, saveAs, sheet;
     bool forget = false;
+    Recovery recovery = Recovery::Later;
+    std::string offeredCopy;
     std::string told;
     std::string record; ///< the file to record; empty: cancels
     RecordOffer offered;
@@ -50,6 +52,12 @@ public:
         user_.told = file;
         return user_.forget;
     }
+    Recovery restoreCopy(const std::string& setup, const QDateTime&) override
+    {
+        user_.offeredCopy = setup;
+        return user_.recovery;
+    }
+    void tellDamagedCopy(const std::string& file, const std::string&) override { user_.told = file; }
     std::string fileToSave() override { return user_.saveAs; }
     Conflict settleConflict() override { return user_.conflict; }
     bool reload() override

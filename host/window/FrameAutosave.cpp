@@ -1,0 +1,163 @@
+#include "host/window/FrameAutosave.h"
+
+#include "host/setup/SetupSession.h"
+#include "host/support/FileWriter.h"
+#include "host/support/InputError.h"
+#include "host/window/UserQuestions.h"
+
+namespace ko {
+
+namespace {
+
+/// Returns the reason if it fails.
+std::string writeCopy(const std::string& file, const UnsavedSetup& unsaved)
+{
+    try {
+        writeWhole(file, copyText(unsaved));
+        return {};
+    } catch (const InputError& error) {
+        return error.what();
+    } catch (const std::exception& error) {
+        return file + ": " + error.what();
+    }
+}
+
+} // namespace
+
+FrameAutosave::FrameAutosave(const UserActions& actions, SetupSession& session, std::string folder)
+    : actions_(actions), session_(session), folder_(std::move(folder))
+{
+    timer_.setSingleShot(true);
+    timer_.setInterval(usualDelay);
+    onSignal(&timer_, &QTimer::timeout, this, [this] { write(); });
+}
+
+FrameAutosave::~FrameAutosave() = default;
+
+void FrameAutosave::changed()
+{
+    if (!session_.isChanged())
+        drop();
+    else if (!folder_.empty() && !timer_.isActive())
+        timer_.start();
+}
+
+void FrameAutosave::write()
+{
+    if (writing_.valid())
+        return timer_.start();
+    auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
+    if (copy_ && kept_ && *now == *kept_)
+        return;
+    attempt([&] {
+        if (!copy_)
+            copy_ = UnsavedCopy::create(folder_);
+        kept_ = std::move(now);
+        writing_ = std::async(std::launch::async, [this, file = copy_->file(), unsaved = kept_] {
+            std::string reason = writeCopy(file, *unsaved);
+            QMetaObject::invokeMethod(
+                this, [this] { written(); }, Qt::QueuedConnection);
+            return reason;
+        });
+    });
+}
+
+void FrameAutosave::written()
+{
+    // The window may have been closed meanwhile.
+    if (!writing_.valid())
+        return;
+    const std::string reason = writing_.get();
+    if (reason.empty()) {
+        hasFailed_ = false;
+    } else {
+        kept_.reset();
+        fail(reason);
+    }
+    if (!session_.isChanged())
+        drop();
+}
+
+/// A copy that is still being written is removed afterwards.
+void FrameAutosave::drop()
+{
+    timer_.stop();
+    if (!copy_ || writing_.valid())
+        return;
+    attempt([this] {
+        copy_->remove();
+        copy_.reset();
+        kept_.reset();
+    });
+}
+
+void FrameAutosave::end()
+{
+    folder_.clear();
+    if (writing_.valid())
+        writing_.get();
+    drop();
+}
+
+void FrameAutosave::attempt(const std::function<void()>& act)
+{
+    try {
+        act();
+    } catch (const std::exception& error) {
+        fail(error.what());
+    }
+}
+
+void FrameAutosave::fail(const std::string& reason)
+{
+    if (!std::exchange(hasFailed_, true) && failed)
+        failed(reason);
+}
+
+void FrameAutosave::offer(UserQuestions& questions)
+{
+    if (folder_.empty())
+        return;
+    const UserActions::Action action(actions_);
+    for (UnsavedCopy& copy : UnsavedCopy::abandoned(folder_))
+        if (offer(copy, questions, action) == Answered::Done)
+            return;
+}
+
+FrameAutosave::Answered FrameAutosave::offer(UnsavedCopy& copy, UserQuestions& questions,
+                                             const UserActions::Action& action)
+{
+    try {
+        const UnsavedSetup unsaved = parseCopy(readFile(copy.file()), copy.file());
+        const Recovery recovery = isSaved(unsaved) ? Recovery::Discard : ask(copy, unsaved, questions);
+        if (action.isOver() || recovery == Recovery::Later)
+            return Answered::Done;
+        if (recovery == Recovery::Restore)
+            return restore(copy, unsaved, questions, action);
+        attempt([&] { copy.remove(); });
+    } catch (const InputError& error) {
+        questions.tellDamagedCopy(copy.setAside(), error.what());
+    }
+    return action.isOver() ? Answered::Done : Answered::Next;
+}
+
+Recovery FrameAutosave::ask(const UnsavedCopy& copy, const UnsavedSetup& unsaved, UserQuestions& questions)
+{
+    return questions.restoreCopy(unsaved.file.empty() ? unsaved.templateName : unsaved.file, copy.time());
+}
+
+FrameAutosave::Answered FrameAutosave::restore(UnsavedCopy& copy, const UnsavedSetup& unsaved, UserQuestions& questions,
+                                               const UserActions::Action& action)
+{
+    if (!session_.mayLeave(questions) || action.isOver())
+        return Answered::Done;
+    session_.restore(unsaved);
+    if (action.isOver() || copy_)
+        return Answered::Done;
+    // It stays until it is replaced or nothing is unsaved.
+    copy_ = std::move(copy);
+    kept_.reset();
+    return Answered::Done;
+}
+
+} // namespace ko
