@@ -1,6 +1,7 @@
 #include "host/instruments/DriverHealth.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace ko {
 
@@ -8,6 +9,17 @@ void DriverHealth::watch(const SimulatedDrivers& drivers)
 {
     drivers_ = drivers;
     troubles_.clear();
+    if (changed)
+        changed();
+}
+
+void DriverHealth::follow(const SimulatedDrivers& drivers)
+{
+    std::unordered_set<const SimulatedDriver*> tracked;
+    for (const auto& driver : drivers)
+        tracked.insert(driver.get());
+    std::erase_if(troubles_, [&](const auto& trouble) { return !tracked.contains(trouble.first); });
+    drivers_ = drivers;
     if (changed)
         changed();
 }

@@ -35,6 +35,9 @@ public:
     /// Tracks these drivers instead of the previous ones. None of them counts as failing yet.
     void watch(const SimulatedDrivers& drivers);
 
+    /// As `watch`, but the drivers that have been tracked before still count as failing.
+    void follow(const SimulatedDrivers& drivers);
+
     void failed(const SimulatedDriver& driver, const FailedCall& call);
     /// Returns whether a success of this operation has to be passed to `answered`; cheap while the driver does not
     /// fail.

@@ -46,6 +46,18 @@ void DriverWatch::watch(const SimulatedDrivers& drivers)
 {
     listeners_.clear();
     health_.watch(drivers);
+    listenTo(drivers);
+}
+
+void DriverWatch::follow(const SimulatedDrivers& drivers)
+{
+    listeners_.clear();
+    health_.follow(drivers);
+    listenTo(drivers);
+}
+
+void DriverWatch::listenTo(const SimulatedDrivers& drivers)
+{
     for (std::size_t i = 0; i < drivers.size(); ++i)
         listeners_.push_back(std::make_unique<Listener>(*this, i, drivers[i]));
 }

@@ -25,6 +25,9 @@ public:
     /// Observes these instruments instead of the previous ones.
     void watch(const SimulatedDrivers& drivers);
 
+    /// As `watch`, but instruments that have been observed before still count as failing.
+    void follow(const SimulatedDrivers& drivers);
+
     [[nodiscard]] DriverHealth& health() { return health_; }
 
     /// Returns whether `called` is to be called for this operation. Default: every write.
@@ -34,6 +37,8 @@ public:
 
 private:
     class Listener;
+
+    void listenTo(const SimulatedDrivers& drivers);
 
     DriverHealth health_;
     std::vector<std::unique_ptr<Listener>> listeners_;

@@ -1,5 +1,10 @@
 #include "host/setup/History.h"
 
+#include "host/setup/InstrumentEdits.h"
+
+#include <algorithm>
+#include <unordered_map>
+
 namespace ko {
 
 namespace {
@@ -17,14 +22,18 @@ void putBack(SimulatedDriver& driver, const InstrumentSettings& settings)
 
 } // namespace
 
-HistoryState HistoryState::present(const SimulatedDrivers& drivers, const Page& page, const HistoryState& like)
+HeldState HeldState::present(const SimulatedDrivers& drivers, const HeldState& like)
 {
-    HistoryState state{drivers, {}, StoredSettings::of(page)};
+    const bool isSameList = drivers == like.drivers;
+    std::unordered_map<const SimulatedDriver*, Settings> known;
+    for (std::size_t i = 0; i < like.drivers.size() && !isSameList; ++i)
+        known.emplace(like.drivers[i].get(), like.settings[i]);
+    HeldState state{drivers, {}};
     state.settings.reserve(drivers.size());
     for (std::size_t i = 0; i < drivers.size(); ++i) {
         const InstrumentSettings& held = drivers[i]->held();
-        const bool isSame = i < like.drivers.size() && like.drivers[i] == drivers[i] && *like.settings[i] == held;
-        state.settings.push_back(isSame ? like.settings[i] : std::make_shared<const InstrumentSettings>(held));
+        const Settings before = isSameList ? like.settings[i] : known[drivers[i].get()];
+        state.settings.push_back(before && *before == held ? before : std::make_shared<const InstrumentSettings>(held));
     }
     return state;
 }
@@ -32,7 +41,7 @@ HistoryState HistoryState::present(const SimulatedDrivers& drivers, const Page& 
 void History::begin(const SimulatedDrivers& drivers, Page& page)
 {
     page_ = &page;
-    present_ = HistoryState::present(drivers, page, {});
+    present_ = {HeldState::present(drivers, {}), StoredSettings::of(page)};
     states_ = {present_};
     steps_.clear();
     position_ = 0;
@@ -58,7 +67,7 @@ void History::absorb()
 {
     if (!page_ || isMoving_)
         return;
-    HistoryState now = HistoryState::present(present_.drivers, *page_, present_);
+    HistoryState now = presentOf(present_.drivers);
     if (clean_ == position_ && !now.hasSameInstruments(states_[position_]))
         clean_.reset();
     present_ = states_[position_] = std::move(now);
@@ -89,7 +98,17 @@ void History::finish()
 {
     if (!page_ || isMoving_)
         return;
-    HistoryState now = HistoryState::present(present_.drivers, *page_, present_);
+    take(presentOf(present_.drivers));
+}
+
+HistoryState History::presentOf(const SimulatedDrivers& drivers) const
+{
+    return {HeldState::present(drivers, present_), StoredSettings::of(*page_)};
+}
+
+/// What differs from the state last looked at is a step.
+void History::take(HistoryState now)
+{
     const bool isChannelChosen = now.stored.triggerSlot != present_.stored.triggerSlot ||
                                  now.stored.triggerChannel != present_.stored.triggerChannel;
     if (!now.hasSameInstruments(present_) || isChannelChosen) {
@@ -122,6 +141,34 @@ void History::push(HistoryState state)
         clean_ = *clean_ > 0 ? std::optional(*clean_ - 1) : std::nullopt;
 }
 
+bool History::edit(const HeldState& to)
+{
+    finish();
+    if (!page_ || isMoving_)
+        return false;
+    const std::weak_ptr<int> run = run_;
+    isMoving_ = true;
+    const bool isTaken = restore(to);
+    if (run.expired())
+        return false;
+    if (isTaken) {
+        followTrigger(to);
+        if (to.drivers != present_.drivers) {
+            handOver(to.drivers, HandOver::Edited);
+        } else {
+            raise(restored);
+            if (page_->isShown)
+                raise(rebuild);
+        }
+        if (run.expired())
+            return false;
+        take(presentOf(to.drivers));
+    }
+    isMoving_ = false;
+    raise(changed);
+    return isTaken;
+}
+
 /// Calls of drivers and messages of the page may end the document or open another set-up, and so the history.
 bool History::moveTo(std::size_t position)
 {
@@ -135,11 +182,10 @@ bool History::moveTo(std::size_t position)
         return false;
     if (isRestored) {
         position_ = position;
-        target.stored.putOn(*page_);
-        showRestored(run);
+        showRestored(target, run);
         if (run.expired())
             return false;
-        present_ = HistoryState::present(target.drivers, *page_, target);
+        present_ = {HeldState::present(target.drivers, target), StoredSettings::of(*page_)};
         if (clean_ == position_ && !present_.hasSameInstruments(target))
             clean_.reset();
     }
@@ -148,10 +194,18 @@ bool History::moveTo(std::size_t position)
     return isRestored;
 }
 
-void History::showRestored(const std::weak_ptr<int>& run)
+void History::showRestored(const HistoryState& target, const std::weak_ptr<int>& run)
 {
     Control* const focused = page_->activeControl();
-    if (!page_->isShown)
+    const bool isShown = page_->isShown;
+    if (target.drivers != present_.drivers)
+        handOver(target.drivers, HandOver::Restored);
+    else
+        raise(restored);
+    if (run.expired())
+        return;
+    target.stored.putOn(*page_);
+    if (!isShown)
         return;
     page_->isRestored = true;
     raise(rebuild);
@@ -162,7 +216,23 @@ void History::showRestored(const std::weak_ptr<int>& run)
         page_->moveFocus(focused);
 }
 
-bool History::restore(const HistoryState& state) const
+/// The page knows its trigger channel by its place in the instrument, which the change may have moved.
+void History::followTrigger(const HeldState& to)
+{
+    const auto master = static_cast<std::size_t>(page_->dynamicDriverIndex);
+    if (page_->dynamicDriverIndex < 0 || master >= present_.drivers.size())
+        return;
+    const auto kept = std::find(to.drivers.begin(), to.drivers.end(), present_.drivers[master]);
+    const ChannelPlace before{page_->TriggerSlot, page_->TriggerChannel};
+    const ChannelPlace now = kept == to.drivers.end()
+                                 ? ChannelPlace{}
+                                 : movedTrigger(before, *present_.settings[master],
+                                                *to.settings[static_cast<std::size_t>(kept - to.drivers.begin())]);
+    page_->TriggerSlot = now.group;
+    page_->TriggerChannel = now.channel;
+}
+
+bool History::restore(const HeldState& state) const
 {
     std::vector<std::pair<SimulatedDriver*, InstrumentSettings>> before;
     for (std::size_t i = 0; i < state.drivers.size(); ++i) {

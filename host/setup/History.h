@@ -33,13 +33,19 @@ public:
     /// As `settle`, with an entry in progress, too.
     void finish();
 
+    /// Changes the instruments as one step: brings each of `to` to its settings, calls `handOver` if the list differs
+    /// and `rebuild` otherwise. If an instrument refuses, acts as `moveTo`. Returns whether the instruments are
+    /// changed.
+    bool edit(const HeldState& to);
+
     /// Called after the host has made the page write to the instruments, which is no edit: the present state becomes
     /// that of the present position.
     void absorb();
 
     /// Undoes or redoes steps until `position` steps are done: restores the settings of all instruments and what the
-    /// page stores, then calls `rebuild`. If an instrument refuses its settings, restores those that all had before and
-    /// calls `refused`; nothing changes then. Returns whether the position is reached. `finish` must be called before.
+    /// page stores, calls `handOver` if the list differs, then calls `rebuild`. If an instrument refuses its settings,
+    /// restores those that all had before and calls `refused`; nothing changes then. Returns whether the position is
+    /// reached. `finish` must be called before.
     bool moveTo(std::size_t position);
     bool undo() { return position_ > 0 && moveTo(position_ - 1); }
     bool redo() { return position_ < steps().size() && moveTo(position_ + 1); }
@@ -60,6 +66,15 @@ public:
     /// Called after a change that is saved but is no step: only saving makes the state clean again.
     void setUnclean();
 
+    /// How another list reaches the page.
+    enum class HandOver {
+        Edited,  ///< to the visible page, which clears the trigger lines
+        Restored ///< to the hidden page, which is shown afterwards and writes nothing
+    };
+    /// Makes the host and the page take this list.
+    std::function<void(const SimulatedDrivers& drivers, HandOver how)> handOver;
+    /// Called after the settings of instruments have been changed by the history, before the page reads them.
+    std::function<void()> restored;
     /// Makes the page read its instruments again, keeping their trigger lines; called if it is shown. The focus is then
     /// restored.
     std::function<void()> rebuild;
@@ -70,8 +85,11 @@ public:
 
 private:
     void push(HistoryState state);
-    bool restore(const HistoryState& state) const;
-    void showRestored(const std::weak_ptr<int>& run);
+    [[nodiscard]] HistoryState presentOf(const SimulatedDrivers& drivers) const;
+    void take(HistoryState now);
+    bool restore(const HeldState& state) const;
+    void showRestored(const HistoryState& target, const std::weak_ptr<int>& run);
+    void followTrigger(const HeldState& to);
 
     StepWords words_;
     Page* page_ = nullptr;

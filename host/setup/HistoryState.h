@@ -32,22 +32,26 @@ struct StoredSettings {
     }
 };
 
-/// The settings of all instruments and those that the page stores, at one moment. States share the settings of
-/// instruments that do not differ.
-struct HistoryState {
+/// A list of instruments and the settings of each, at one moment.
+struct HeldState {
     using Settings = std::shared_ptr<const InstrumentSettings>;
 
     SimulatedDrivers drivers;
     std::vector<Settings> settings; ///< in the order of `drivers`
-    StoredSettings stored;
 
-    /// Returns the present state; shares what `like` has the same.
-    static HistoryState present(const SimulatedDrivers& drivers, const Page& page, const HistoryState& like);
+    /// Returns what these instruments hold; shares the settings of those that hold what they have in `like`.
+    static HeldState present(const SimulatedDrivers& drivers, const HeldState& like);
     /// Whether the instruments and their settings are the same.
-    [[nodiscard]] bool hasSameInstruments(const HistoryState& other) const
+    [[nodiscard]] bool hasSameInstruments(const HeldState& other) const
     {
         return drivers == other.drivers && settings == other.settings;
     }
+};
+
+/// The settings of all instruments and those that the page stores, at one moment. States share the settings of
+/// instruments that do not differ.
+struct HistoryState : HeldState {
+    StoredSettings stored;
 };
 
 } // namespace ko

@@ -173,6 +173,12 @@ void removeInstrument(Setup& setup, const std::string& name)
     setup.instruments.erase(instrumentNamed(setup, name));
 }
 
+void removeInstruments(Setup& setup, const std::vector<std::size_t>& indices)
+{
+    for (auto index = indices.rbegin(); index != indices.rend(); ++index)
+        setup.instruments.erase(setup.instruments.begin() + static_cast<std::ptrdiff_t>(*index));
+}
+
 void renameInstrument(Setup& setup, const std::string& name, const std::string& newName)
 {
     const auto instrument = instrumentNamed(setup, name);

@@ -20,6 +20,8 @@ struct SetupChange {
 /// name that is not given gets a number if it exists. Returns the instrument's index.
 std::size_t addInstrument(Setup& setup, const std::string& kind, const std::string& name = {});
 void removeInstrument(Setup& setup, const std::string& name);
+/// `indices` increase.
+void removeInstruments(Setup& setup, const std::vector<std::size_t>& indices);
 void renameInstrument(Setup& setup, const std::string& name, const std::string& newName);
 /// Switches a channel, which is named by its name, its address, or "INSTRUMENT/" and one of both.
 void enableChannel(Setup& setup, const std::string& channel, bool on);

@@ -82,6 +82,8 @@ public:
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
     /// The set-up with the present values of the instruments.
     [[nodiscard]] Setup presentSetup() const;
+    /// Replaces the list of instruments by an edit, which its caller marks as a change.
+    void setDrivers(SimulatedDrivers drivers) { drivers_ = std::move(drivers); }
     /// The fixed time of the set-up's clock, if it has one.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_->clock; }
     /// Whether the set-up has a file.

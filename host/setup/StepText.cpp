@@ -4,6 +4,7 @@
 #include "platform/NumberText.h"
 #include "support/TextNumbers.h"
 
+#include <algorithm>
 #include <array>
 
 namespace ko {
@@ -12,6 +13,7 @@ namespace {
 
 namespace named = textNumber::history;
 namespace host = textNumber::host;
+namespace edit = textNumber::instrumentEdit;
 
 std::string filledIn(std::string pattern, const std::vector<std::string>& arguments)
 {
@@ -147,6 +149,8 @@ private:
 
 std::string describe(const InstrumentSettings& before, const InstrumentSettings& after, const StepWords& words)
 {
+    if (before.name != after.name)
+        return filledIn(words.text(edit::named), {before.name, after.name});
     Differences differences(words);
     if (before.timebase && after.timebase)
         differences.timebase(*before.timebase, *after.timebase);
@@ -156,10 +160,38 @@ std::string describe(const InstrumentSettings& before, const InstrumentSettings&
     return differences.joined();
 }
 
+const InstrumentSettings* missingIn(const HistoryState& in, const HistoryState& of)
+{
+    for (std::size_t i = 0; i < of.drivers.size(); ++i)
+        if (std::find(in.drivers.begin(), in.drivers.end(), of.drivers[i]) == in.drivers.end())
+            return of.settings[i].get();
+    return nullptr;
+}
+
+/// Describes the first difference of two lists of other instruments, or of another order.
+std::string describeLists(const HistoryState& before, const HistoryState& after, const StepWords& words)
+{
+    const InstrumentSettings* const removed = missingIn(after, before);
+    const InstrumentSettings* const added = missingIn(before, after);
+    if (removed && added && before.drivers.size() == after.drivers.size())
+        return filledIn(words.text(named::settingsOf), {added->name});
+    if (added)
+        return filledIn(words.text(edit::added), {added->name});
+    if (removed)
+        return filledIn(words.text(edit::removed), {removed->name});
+    std::size_t first = 0;
+    while (before.drivers[first] == after.drivers[first])
+        ++first;
+    const bool isMovedUp = first + 1 < before.drivers.size() && before.drivers[first] == after.drivers[first + 1];
+    return filledIn(words.text(edit::moved), {(isMovedUp ? after : before).settings[first]->name});
+}
+
 } // namespace
 
 std::string stepText(const HistoryState& before, const HistoryState& after, const StepWords& words)
 {
+    if (before.drivers != after.drivers)
+        return describeLists(before, after, words);
     const std::size_t count = std::min(before.settings.size(), after.settings.size());
     for (std::size_t i = 0; i < count; ++i) {
         if (*before.settings[i] == *after.settings[i])

@@ -89,6 +89,8 @@ void layDock(QDockWidget& dock, QAbstractItemView& view)
     column->addLayout(buttons);
     buttons->addStretch();
     for (QAction* action : view.actions()) {
+        if (action->priority() == QAction::LowPriority)
+            continue;
         auto* button = new QPushButton(action->text(), content);
         button->setObjectName(action->objectName());
         button->setToolTip(action->toolTip());

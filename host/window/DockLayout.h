@@ -12,8 +12,9 @@ namespace ko {
 /// Adds an action with an object name to a view, for `layDock`.
 QAction& addDockAction(QAbstractItemView& view, const QString& text, const char* name);
 
-/// Fills a dock with its view and a row of buttons below it, one for each action of the view. The actions are also the
-/// view's context menu. A button has its action's object name, text, tool tip and state.
+/// Fills a dock with its view and a row of buttons below it, one for each action of the view that has not
+/// `QAction::LowPriority`. All actions are also the view's context menu. A button has its action's object name, text,
+/// tool tip and state.
 void layDock(QDockWidget& dock, QAbstractItemView& view);
 
 /// Keeps the columns of a view, except the last, wide enough for their visible content, up to a limit. A column becomes

@@ -83,6 +83,12 @@ void FrameDocks::show(const SimulatedDrivers& drivers)
     instruments_->show(drivers);
 }
 
+void FrameDocks::follow(const SimulatedDrivers& drivers)
+{
+    watch_.follow(drivers);
+    instruments_->show(drivers);
+}
+
 bool FrameDocks::contains(const QWidget* widget) const
 {
     return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget) ||

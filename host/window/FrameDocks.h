@@ -33,6 +33,8 @@ public:
 
     /// Observes and shows these instruments instead of the previous ones.
     void show(const SimulatedDrivers& drivers);
+    /// As `show`, after an edit: instruments that remain keep their failures and their rows.
+    void follow(const SimulatedDrivers& drivers);
     /// Returns whether the widget is in a dock or in the strip; false for null.
     [[nodiscard]] bool contains(const QWidget* widget) const;
 

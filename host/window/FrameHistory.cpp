@@ -50,6 +50,8 @@ FrameHistory::FrameHistory(QMainWindow& window, const UserActions& actions, Fram
     parts.services.modalForms.actionDone = [this] { history_.settle(); };
     history_.changed = [this] { show(); };
     history_.rebuild = [this] { ko::raise(rebuild); };
+    history_.restored = [this] { ko::raise(restored); };
+    history_.handOver = [this](const SimulatedDrivers& drivers, History::HandOver how) { handOver(drivers, how); };
     history_.refused = [this](const std::string& instrument, const std::string& reason) {
         tellRefused(instrument, reason);
     };
@@ -96,6 +98,15 @@ void FrameHistory::edit(const std::function<void()>& change)
 {
     if (finishAnd(change))
         history_.finish();
+}
+
+bool FrameHistory::edit(const HeldState& to)
+{
+    const UserActions::Action action(actions_);
+    const bool isChanged = history_.edit(to);
+    if (!action.isOver())
+        show();
+    return isChanged;
 }
 
 void FrameHistory::hostCall(const std::function<void()>& call)

@@ -52,10 +52,15 @@ public:
     /// Undoes or redoes until the set-up is as it was saved. Returns false if no step leads there.
     bool revertToSaved();
 
+    /// As `edit`, to these instruments with these settings. Returns whether they are changed.
+    bool edit(const HeldState& to);
+
+    /// See `History`; set by the window.
+    std::function<void()> rebuild, restored;
+    std::function<void(const SimulatedDrivers& drivers, History::HandOver how)> handOver;
+    [[nodiscard]] bool isLocked() const;
     /// Called when the set-up or its changed mark may have changed.
     std::function<void()> changed;
-    /// Makes the page read its instruments again; set by the window.
-    std::function<void()> rebuild;
 
 private:
     class Step;
@@ -66,7 +71,6 @@ private:
     void undo();
     void redo();
     void moveTo(std::size_t position);
-    [[nodiscard]] bool isLocked() const;
     void show();
     void showSteps();
     void showEntries();

@@ -5,6 +5,7 @@
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameHistory.h"
+#include "host/window/FrameInstruments.h"
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/FrameRecording.h"
@@ -41,6 +42,7 @@ public:
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
     [[nodiscard]] FrameRecording& recording() { return recording_; }
+    [[nodiscard]] FrameInstruments& instrumentList() { return list_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
     [[nodiscard]] StartScreen& start() { return *start_; }
 
@@ -107,6 +109,7 @@ private:
     FrameRecording recording_{*this, actions_, *parts_, page_, files_, capture_};
     QAction* readOnly_ = nullptr;
     bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
+    FrameInstruments list_{*this, actions_, *parts_, page_, session(), history_, docks_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FrameAutosave autosave_{actions_, session(), memory_.folder()};

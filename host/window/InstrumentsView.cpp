@@ -3,6 +3,7 @@
 #include "host/support/HostTexts.h"
 #include "host/window/DockLayout.h"
 #include "host/window/FaultDialog.h"
+#include "host/window/TreeState.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 
@@ -35,6 +36,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setUniformRowHeights(true);
     view_->setTabKeyNavigation(false);
     view_->setAllColumnsShowFocus(true);
+    view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     fitColumns(*view_);
     makeActions();
     layDock(*this, *view_);
@@ -43,6 +45,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
 
 void InstrumentsView::makeActions()
 {
+    edits_ = new InstrumentActions(*view_, *model_, texts_, editing_);
     const auto add = [this](int text, const char* name, const QKeySequence& key) {
         QAction& action = addDockAction(*view_, texts_(text), name);
         action.setShortcut(key);
@@ -64,7 +67,14 @@ void InstrumentsView::makeActions()
 void InstrumentsView::show(const SimulatedDrivers& drivers)
 {
     delete faultDialog_;
+    const TreeState state(*view_, *model_);
     model_->show(drivers);
+    state.restore(*view_, *model_);
+}
+
+void InstrumentsView::select(std::size_t instrument)
+{
+    view_->setCurrentIndex(model_->index(static_cast<int>(instrument), 0));
 }
 
 void InstrumentsView::refresh()

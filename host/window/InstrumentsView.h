@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/window/InstrumentActions.h"
 #include "host/window/InstrumentsModel.h"
 
 #include <QDialog>
@@ -17,12 +18,18 @@ class InstrumentsView : public QDockWidget {
 public:
     InstrumentsView(const Texts& texts, const Locale& locale, QWidget* parent);
 
-    /// Shows these instruments instead of the previous ones, and closes a fault dialog of those.
+    /// Shows these instruments instead of the previous ones, and closes a fault dialog of those. Rows of instruments
+    /// that are shown again stay as they are.
     void show(const SimulatedDrivers& drivers);
     /// Redraws the values.
     void refresh();
 
+    /// Selects an instrument.
+    void select(std::size_t instrument);
+
     [[nodiscard]] InstrumentsModel& model() { return *model_; }
+    /// Set by the window.
+    [[nodiscard]] InstrumentEditing& editing() { return editing_; }
 
     /// Called after an operation has been set to fail or to work again. An empty operation means all operations.
     std::function<void(const SimulatedDriver& driver, const std::string& operation, bool fails)> faultChanged;
@@ -36,6 +43,8 @@ private:
     Texts texts_;
     InstrumentsModel* model_;
     QTreeView* view_;
+    InstrumentEditing editing_;
+    InstrumentActions* edits_ = nullptr;
     QAction* faults_ = nullptr;
     QAction* handOver_ = nullptr;
     QPointer<QDialog> faultDialog_;

@@ -107,6 +107,22 @@ void PageHost::show(const SimulatedDrivers& drivers)
     document_->UserDocument_Show();
 }
 
+void PageHost::handOver(const SimulatedDrivers& drivers)
+{
+    const UserActions::Action action(actions_);
+    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
+    document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
+    if (!action.isOver())
+        document_->drivers().DriversHaveChanged();
+}
+
+void PageHost::handOverHidden(const SimulatedDrivers& drivers)
+{
+    document_->UserDocument_Hide();
+    document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
+    document_->drivers().setDrivers(DriverList(drivers.begin(), drivers.end()));
+}
+
 /// A visible page clears the trigger lines of the instruments that it receives, so the page is hidden first.
 void PageHost::handOverAgain(const SimulatedDrivers& drivers)
 {

@@ -39,6 +39,11 @@ public:
 
     /// Shows these instruments instead of the previous ones.
     void show(const SimulatedDrivers& drivers);
+    /// Hands over another list after an edit of the instruments: a visible page clears their trigger lines and is
+    /// rebuilt.
+    void handOver(const SimulatedDrivers& drivers);
+    /// Hands over another list to the page, which is hidden until it is shown again and writes nothing.
+    void handOverHidden(const SimulatedDrivers& drivers);
     /// Hands the same instruments over again, after one of them may have failed. Changes no setting.
     void handOverAgain(const SimulatedDrivers& drivers);
     /// Makes the page read its instruments again. Keeps their trigger lines.

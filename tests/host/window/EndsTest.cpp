@@ -205,6 +205,20 @@ const Opening openings[] = {
          desk.mistype();
          QTest::keyClick(&tree, Qt::Key_Space);
      }},
+    {"Gallery",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.setVisible(true);
+         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Insert);
+     }},
+    {"Removed",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.setVisible(true);
+         dock.select(0);
+         desk.mistype();
+         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Delete);
+     }},
     {"Faults",
      [](Desk& desk) {
          InstrumentsView& dock = desk.window->instruments();

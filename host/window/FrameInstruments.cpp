@@ -1,0 +1,97 @@
+#include "host/window/FrameInstruments.h"
+
+#include "host/setup/SetupChanges.h"
+#include "host/setup/SetupSession.h"
+#include "host/setup/SetupTemplates.h"
+#include "host/support/HostTexts.h"
+#include "host/support/InputError.h"
+#include "host/window/FrameDocks.h"
+#include "host/window/FrameHistory.h"
+#include "host/window/InstrumentGallery.h"
+#include "host/window/InstrumentsView.h"
+#include "host/window/PageHost.h"
+#include "widgets/support/Modal.h"
+#include "widgets/support/PlainText.h"
+
+#include <QMainWindow>
+
+namespace ko {
+
+FrameInstruments::FrameInstruments(QMainWindow& window, const UserActions& actions, FrameParts& parts, PageHost& page,
+                                   SetupSession& session, FrameHistory& history, FrameDocks& docks)
+    : window_(window), actions_(actions), parts_(parts), page_(page), session_(session), history_(history),
+      docks_(docks)
+{
+    history.restored = [this] { docks_.follow(session_.drivers()); };
+    history.handOver = [this](const SimulatedDrivers& drivers, History::HandOver how) {
+        handOver(drivers, how == History::HandOver::Restored);
+    };
+    InstrumentEditing& editing = docks.instruments().editing();
+    editing.edit = [this](const InstrumentChange& change) { return edit(change); };
+    editing.add = [this] { add(); };
+}
+
+void FrameInstruments::handOver(const SimulatedDrivers& drivers, bool isRestored)
+{
+    session_.setDrivers(drivers);
+    docks_.follow(drivers);
+    if (isRestored)
+        page_.handOverHidden(drivers);
+    else
+        docks_.rebuildBy([&] { page_.handOver(drivers); });
+}
+
+bool FrameInstruments::isOpen()
+{
+    if (history_.isLocked())
+        refuse(parts_.text(textNumber::instrumentEdit::readOnly));
+    return !history_.isLocked();
+}
+
+bool FrameInstruments::edit(const InstrumentChange& change)
+{
+    const UserActions::Action action(actions_);
+    // Another set-up may have been opened while the page showed a message.
+    const SimulatedDrivers shown = session_.drivers();
+    if (!isOpen() || !page_.okToLeave() || session_.drivers() != shown)
+        return false;
+    try {
+        return history_.edit(changedInstruments(shown, change));
+    } catch (const std::exception& error) {
+        refuse(toQt(error.what()));
+        return false;
+    }
+}
+
+bool FrameInstruments::describe(const SimulatedDriver& driver, const InstrumentSettings& settings)
+{
+    const SimulatedDrivers& drivers = session_.drivers();
+    const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const auto& d) { return d.get() == &driver; });
+    const auto index = static_cast<std::size_t>(found - drivers.begin());
+    return found != drivers.end() && edit([&](Setup& setup) { setup.instruments[index] = settings; });
+}
+
+void FrameInstruments::add()
+{
+    const UserActions::Action action(actions_);
+    if (!isOpen())
+        return;
+    std::string kind;
+    {
+        Modal<InstrumentGallery> gallery(parts_.texts(), instrumentKinds(), &window_);
+        if (!gallery.isAccepted() || action.isOver())
+            return;
+        kind = gallery->kind();
+    }
+    if (edit([&](Setup& setup) { addInstrument(setup, kind); }) && !action.isOver())
+        docks_.instruments().select(session_.drivers().size() - 1);
+}
+
+void FrameInstruments::refuse(const QString& reason)
+{
+    Modal<PlainBox>(QMessageBox::Warning, parts_.text(hostText::product),
+                    parts_.text(textNumber::instrumentEdit::refused), reason, QMessageBox::Ok, &window_)
+        .wait();
+}
+
+} // namespace ko
