@@ -64,7 +64,7 @@ void SetupSession::restore(const UnsavedSetup& unsaved)
 
 UnsavedSetup SetupSession::unsaved() const
 {
-    return {file_, template_, content_, withPresentValues(*setup_, drivers_)};
+    return {file_, template_, content_, presentSetup()};
 }
 
 bool SetupSession::pageAllows() const
