@@ -2,6 +2,7 @@
 
 #include "host/instruments/DriverWatch.h"
 #include "widgets/services/QtScreen.h"
+#include "widgets/support/Convert.h"
 
 class QMainWindow;
 class QWidget;
