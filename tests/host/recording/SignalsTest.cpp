@@ -149,12 +149,12 @@ TEST(MonitorTest, ShowsWhatAllInstrumentsMeasureUntilItIsStoppedAndOneThatFailsS
     instruments.push_back(std::make_shared<Scripted>(counter(1), delivers));
     instruments.push_back(std::make_shared<Scripted>(counter(1), nullptr));
     Monitor monitor(instruments);
-    const auto samples = [&](std::size_t channel) { return monitor.signals()->state().channels[channel].samples; };
+    const auto samples = [&](std::size_t channel) { return monitor.chart()->state().channels[channel].samples; };
     while (samples(0) < 300 || samples(1) < 200)
         EXPECT_FALSE(monitor.isOver());
-    EXPECT_EQ(monitor.signals()->extents(1, {.first = 0, .width = 50, .count = 4}),
+    EXPECT_EQ(monitor.chart()->extents(1, {.first = 0, .width = 50, .count = 4}),
               (std::vector<Extent>{{0, 49}, {50, 99}, {}, {150, 199}}));
-    EXPECT_EQ(monitor.signals()->channels()[1].instrument, 2U);
+    EXPECT_EQ(monitor.chart()->channels()[1].instrument, 2U);
     shown.set_value();
     while (monitor.failures().size() < 2) {
     }
