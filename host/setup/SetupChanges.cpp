@@ -179,6 +179,14 @@ void removeInstruments(Setup& setup, const std::vector<std::size_t>& indices)
         setup.instruments.erase(setup.instruments.begin() + static_cast<std::ptrdiff_t>(*index));
 }
 
+void describeInstrument(Setup& setup, std::size_t index, const InstrumentSettings& settings)
+{
+    InstrumentSettings& instrument = setup.instruments.at(index);
+    if (settings.name != instrument.name)
+        checkNewName(setup, settings.name);
+    instrument = settings;
+}
+
 void renameInstrument(Setup& setup, const std::string& name, const std::string& newName)
 {
     const auto instrument = instrumentNamed(setup, name);

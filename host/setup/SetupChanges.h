@@ -22,6 +22,8 @@ std::size_t addInstrument(Setup& setup, const std::string& kind, const std::stri
 void removeInstrument(Setup& setup, const std::string& name);
 /// `indices` increase.
 void removeInstruments(Setup& setup, const std::vector<std::size_t>& indices);
+/// Replaces the description of an instrument. Its name may be another one that no instrument has.
+void describeInstrument(Setup& setup, std::size_t index, const InstrumentSettings& settings);
 void renameInstrument(Setup& setup, const std::string& name, const std::string& newName);
 /// Switches a channel, which is named by its name, its address, or "INSTRUMENT/" and one of both.
 void enableChannel(Setup& setup, const std::string& channel, bool on);

@@ -38,6 +38,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setAllColumnsShowFocus(true);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     fitColumns(*view_);
+    properties_ = new PropertiesAction(*view_, *model_, texts_, locale, describing_);
     makeActions();
     layDock(*this, *view_);
     hide();
@@ -67,6 +68,7 @@ void InstrumentsView::makeActions()
 void InstrumentsView::show(const SimulatedDrivers& drivers)
 {
     delete faultDialog_;
+    properties_->follow(drivers);
     const TreeState state(*view_, *model_);
     model_->show(drivers);
     state.restore(*view_, *model_);

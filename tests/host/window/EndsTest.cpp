@@ -225,6 +225,12 @@ const Opening openings[] = {
          dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
          dock.findChild<QAction*>("faults")->trigger();
      }},
+    {"Properties",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
+         dock.findChild<QAction*>("properties")->trigger();
+     }},
 };
 
 /// An action of the host while it is open.
