@@ -1,6 +1,7 @@
 #include "FrameTest.h"
 #include "host/recording/HeldRecording.h"
 #include "host/window/FailureStrip.h"
+#include "host/window/InstrumentsView.h"
 #include "host/window/RecordDialog.h"
 #include "host/window/RecordingView.h"
 
