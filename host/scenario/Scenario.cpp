@@ -20,7 +20,7 @@ Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
 }
 
 Scenario::Scenario(ScenarioStage& stage, std::string folder, std::ostream& output)
-    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), mayRecord(false),
+    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), skipsRecordings(true),
       folder_(std::move(folder)), stage_(&stage)
 {
     join();

@@ -6,6 +6,7 @@
 #include "host/window/FrameWindow.h"
 #include "host/window/HelpWindow.h"
 #include "host/window/InstrumentsView.h"
+#include "host/window/RecordingView.h"
 #include "host/window/Reports.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
@@ -15,6 +16,7 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QStyle>
+#include <QToolBar>
 #include <array>
 
 namespace ko {
@@ -80,9 +82,12 @@ void FrameWindow::makeFileMenu()
     addSetupEntry(menu, sheetText::previewEntry, {}, [this] { printing_.previewSheet(); });
     addSetupEntry(menu, sheetText::exportEntry, {}, [this] { printing_.exportSheet(files_.questions()); });
     menu.addSeparator();
+    recording_.addEntries(menu);
+    menu.addSeparator();
     menu.addAction(&capture_.action());
     menu.addAction(&replay_.action());
-    onSignal(&menu, &QMenu::aboutToShow, this, [this] { replay_.action().setEnabled(!capture_.action().isChecked()); });
+    onSignal(&menu, &QMenu::aboutToShow, this,
+             [this] { replay_.action().setEnabled(!capture_.action().isChecked() && !recording_.isActive()); });
     menu.addSeparator();
     addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
 }
@@ -151,11 +156,12 @@ void FrameWindow::makeEditMenu()
 void FrameWindow::makeViewMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::viewMenu));
-    QAction* readOnly = menu.addAction(text(hostText::readOnly));
-    readOnly->setCheckable(true);
-    readOnly->setObjectName(QStringLiteral("readOnly"));
-    onSignal(readOnly, &QAction::toggled, this, [this](bool on) {
+    readOnly_ = menu.addAction(text(hostText::readOnly));
+    readOnly_->setCheckable(true);
+    onSignal(&menu, &QMenu::aboutToShow, this, [this] { readOnly_->setEnabled(!recording_.isActive()); });
+    onSignal(readOnly_, &QAction::toggled, this, [this](bool on) {
         const UserActions::Action action(actions_);
+        isLockedForRecording_ = false;
         history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });
     });
     menu.addSeparator();
@@ -163,6 +169,8 @@ void FrameWindow::makeViewMenu()
     addDock(menu, docks_.log(), hostText::driverLog);
     addDock(menu, docks_.reports(), hostText::reportsEntry);
     addDock(menu, history_.dock(), textNumber::history::history);
+    addDock(menu, recording_.view(), textNumber::record::dock);
+    menu.addAction(recording_.toolBar().toggleViewAction());
 }
 
 void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)

@@ -32,7 +32,7 @@ namespace {
 namespace replayTexts = textNumber::replay;
 
 /// What a window cannot do, or must not do without its user.
-constexpr std::array<std::string_view, 4> notInWindows{"terminate", "document", "print", "record"};
+constexpr std::array<std::string_view, 3> notInWindows{"terminate", "document", "print"};
 
 std::vector<ScriptLine> linesIn(const std::string& script)
 {

@@ -117,8 +117,8 @@ TEST_F(ReplayTest, EscapeStopsAScriptAndOtherInputOfTheUserDoesNothing)
 TEST_F(ReplayTest, WhatAWindowCannotPlayIsRefusedBeforeAnythingIsPlayed)
 {
     window.open(bench);
-    for (const char* line : {"terminate", "document", "print Laser", "record a.h5", "locale decimalSeparator=,",
-                             "locale nothing", "fly", "\"open"}) {
+    for (const char* line :
+         {"terminate", "document", "print Laser", "locale decimalSeparator=,", "locale nothing", "fly", "\"open"}) {
         SCOPED_TRACE(line);
         try {
             play("text txtDuration 9\n" + std::string(line) + "\n");
