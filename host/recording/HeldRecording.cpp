@@ -1,7 +1,6 @@
 #include "host/recording/HeldRecording.h"
 
-#include "host/recording/Hdf5.h"
-#include "host/setup/SetupFile.h"
+#include "host/recording/Hdf5Reading.h"
 #include "host/support/InputError.h"
 
 #include <algorithm>
@@ -11,47 +10,10 @@ namespace ko {
 
 namespace {
 
-std::string textOf(hid_t object, const char* name)
-{
-    const Hdf5Attribute attribute(made(H5Aopen(object, name, H5P_DEFAULT)));
-    const Hdf5Type type(made(H5Aget_type(attribute.id())));
-    if (made(H5Tis_variable_str(type.id())) > 0) {
-        char* text = nullptr;
-        made(H5Aread(attribute.id(), textType().id(), &text));
-        std::string result = text ? text : "";
-        H5free_memory(text);
-        return result;
-    }
-    std::string text(H5Tget_size(type.id()), '\0');
-    made(H5Aread(attribute.id(), type.id(), text.data()));
-    return text.substr(0, text.find('\0'));
-}
-
-template <class Number> Number numberOf(hid_t object, const char* name, hid_t type)
-{
-    const Hdf5Attribute attribute(made(H5Aopen(object, name, H5P_DEFAULT)));
-    Number number{};
-    made(H5Aread(attribute.id(), type, &number));
-    return number;
-}
-
-/// Calls `visit` with the name of each member of a group.
-template <class Visit> void forEachName(hid_t group, const Visit& visit)
-{
-    H5G_info_t info{};
-    made(H5Gget_info(group, &info));
-    for (hsize_t i = 0; i < info.nlinks; ++i) {
-        char name[256];
-        made(H5Lget_name_by_idx(group, ".", H5_INDEX_NAME, H5_ITER_INC, i, name, sizeof name, H5P_DEFAULT));
-        visit(std::string(name));
-    }
-}
-
 void addChannel(HeldInstrument& instrument, hid_t group, const std::string& name)
 {
     const Hdf5Dataset data(made(H5Dopen2(group, name.c_str(), H5P_DEFAULT)));
-    const Hdf5Space space(made(H5Dget_space(data.id())));
-    const auto samples = static_cast<std::int64_t>(made(H5Sget_simple_extent_npoints(space.id())));
+    const std::int64_t samples = sizeOf(data);
     instrument.samples = instrument.channels == 0 ? samples : std::min(instrument.samples, samples);
     instrument.bytes += 4.0 * static_cast<double>(samples);
     ++instrument.channels;
@@ -62,9 +24,9 @@ HeldInstrument instrumentIn(hid_t file, const std::string& name, std::size_t ind
     const Hdf5Group group(made(H5Gopen2(file, name.c_str(), H5P_DEFAULT)));
     HeldInstrument held{.index = index, .name = textOf(group.id(), "name")};
     held.isDynamic = textOf(group.id(), "kind") == "dynamic";
-    held.period = numberOf<double>(group.id(), "period", H5T_NATIVE_DOUBLE);
-    held.blockSize = numberOf<std::int64_t>(group.id(), "block_size", H5T_NATIVE_INT64);
-    held.lost = numberOf<std::int64_t>(group.id(), "lost", H5T_NATIVE_INT64);
+    held.period = numberOf(group.id(), "period");
+    held.blockSize = wholeOf(group.id(), "block_size");
+    held.lost = wholeOf(group.id(), "lost");
     forEachName(group.id(), [&](const std::string& channel) {
         if (channel.starts_with("channel-"))
             addChannel(held, group.id(), channel);
@@ -91,13 +53,7 @@ HeldRecording recordingIn(hid_t file)
 
 HeldRecording heldIn(const std::string& file)
 {
-    refuseDevice(file);
-    beginHdf5();
-    Hdf5File opened(H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT));
-    if (opened.id() < 0)
-        opened = Hdf5File(H5Fopen(file.c_str(), H5F_ACC_RDONLY | H5F_ACC_SWMR_READ, H5P_DEFAULT));
-    if (opened.id() < 0)
-        throw InputError(file + ": is no recording: " + hdf5Reason());
+    const Hdf5File opened = openedToRead(file);
     try {
         return recordingIn(opened.id());
     } catch (const LibraryFailure& failure) {

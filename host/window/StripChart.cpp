@@ -104,10 +104,11 @@ void StripChart::selectRows()
 
 void StripChart::run()
 {
-    if (isRunning_ && isVisible())
-        timer_.start();
-    else
+    const bool isChanging = isRunning_ || (source_ && source_->isGrowing());
+    if (!isVisible() || !isChanging)
         timer_.stop();
+    else if (!timer_.isActive())
+        timer_.start();
 }
 
 void StripChart::refresh()
@@ -170,6 +171,8 @@ void StripChart::paintEvent(QPaintEvent*)
 {
     QPainter painter(viewport());
     paint(painter);
+    // What has been painted may have been asked for.
+    run();
 }
 
 void StripChart::paint(QPainter& painter)

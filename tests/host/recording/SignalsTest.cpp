@@ -1,6 +1,8 @@
 #include "Recorded.h"
 
 #include "host/recording/Monitor.h"
+#include "host/recording/RecordedSignals.h"
+#include "host/support/InputError.h"
 
 #include <cmath>
 #include <future>
@@ -120,6 +122,7 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     };
     const Reading held(file);
     expectMarkers(held.markers());
+    expectMarkers(signalsIn(file)->state().markers);
     const ChartState state = run.signals()->state();
     expectMarkers(state.markers);
     // 50 to 60, and 290 to 299.
@@ -132,6 +135,47 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     EXPECT_NEAR(state.end(run.signals()->channels()), 0.3, 1e-9);
     const auto extents = run.signals()->extents(0, {.first = 0, .width = 50, .count = 7});
     EXPECT_EQ(extents, (std::vector<Extent>{{}, {50, 99}, {100, 149}, {}, {200, 249}, {250, 299}, {}}));
+}
+
+TEST(SignalsTest, AFileIsShownAsTheRecordingWasAndAsFinelyAsItIsAskedFor)
+{
+    const Folder folder;
+    const std::string file = folder.file("out.h5");
+    const std::string noise = R"(, "range": [-1.1, 1.1], "name": "Noise", "signal": {"noise": 0.1})";
+    const Instruments instruments =
+        instrumentsOf(instrument(R"("samplePeriod": {"value": 0.00001}, "duration": 12)", "", noise.c_str()) + "," +
+                      instrument(R"("startTime": 0, "samplePeriod": {"value": 0.1})"));
+    RecordingRun run(instruments, armed(instruments), into(file));
+    run.wait();
+    const auto shown = signalsIn(file);
+    const auto live = run.signals();
+    ASSERT_EQ(shown->channels().size(), 2U);
+    for (std::size_t i = 0; i < 2; ++i) {
+        const ChartChannel& was = live->channels()[i];
+        const ChartChannel& is = shown->channels()[i];
+        EXPECT_EQ(is.channel, was.channel);
+        EXPECT_EQ(std::tuple(is.instrument, is.instrumentName, is.period),
+                  std::tuple(was.instrument, was.instrumentName, was.period));
+    }
+    const auto read = [&](std::size_t channel, const SampleSpan& span) {
+        shown->extents(channel, span);
+        while (shown->isGrowing()) {
+        }
+        return shown->extents(channel, span);
+    };
+    const auto samples = Reading(file).samples("instrument-0/channel-0-0");
+    for (const SampleSpan& span : {SampleSpan{0, 1024, 1200}, {700000.0, 1, 900}, {1199990.0, 1.5, 20}, {-3, 2, 1000}})
+        EXPECT_EQ(read(0, span), extentsOf(samples, span)) << span.first;
+    EXPECT_EQ(read(1, {0, 1, 100}), live->extents(1, {0, 1, 100}));
+    const ChartState was = live->state();
+    const ChartState is = shown->state();
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(is.channels[i].samples, was.channels[i].samples);
+        EXPECT_EQ(is.channels[i].clipped, was.channels[i].clipped);
+        EXPECT_EQ(is.channels[i].latest, was.channels[i].latest);
+    }
+    EXPECT_GT(is.channels[0].clipped, 0);
+    EXPECT_THROW(signalsIn(folder.file("none.h5")), InputError);
 }
 
 TEST(MonitorTest, ShowsWhatAllInstrumentsMeasureUntilItIsStoppedAndOneThatFailsStopsNoOther)
