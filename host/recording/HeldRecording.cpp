@@ -4,7 +4,11 @@
 #include "host/support/InputError.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 
@@ -22,7 +26,9 @@ void addChannel(HeldInstrument& instrument, hid_t group, const std::string& name
 HeldInstrument instrumentIn(hid_t file, const std::string& name, std::size_t index)
 {
     const Hdf5Group group(made(H5Gopen2(file, name.c_str(), H5P_DEFAULT)));
-    HeldInstrument held{.index = index, .name = textOf(group.id(), "name")};
+    HeldInstrument held;
+    held.index = index;
+    held.name = textOf(group.id(), "name");
     held.isDynamic = textOf(group.id(), "kind") == "dynamic";
     held.period = numberOf(group.id(), "period");
     held.blockSize = wholeOf(group.id(), "block_size");
@@ -34,10 +40,27 @@ HeldInstrument instrumentIn(hid_t file, const std::string& name, std::size_t ind
     return held;
 }
 
+/// A plan that another program has written may be anything.
+void addPromised(HeldRecording& held, const std::string& plan)
+{
+    const auto json = nlohmann::json::parse(plan, nullptr, false);
+    if (!json.is_object() || !json.contains("instruments") || !json["instruments"].is_array())
+        return;
+    for (const auto& promised : json["instruments"])
+        for (HeldInstrument& instrument : held.instruments)
+            if (promised.is_object() && promised.value("index", nlohmann::json()) == instrument.index &&
+                promised.value("samples", nlohmann::json()).is_number_integer())
+                instrument.promised = promised["samples"].get<std::int64_t>();
+}
+
 HeldRecording recordingIn(hid_t file)
 {
     const std::string prefix = "instrument-";
-    HeldRecording held{.state = textOf(file, "state"), .instruments = {}};
+    HeldRecording held{.state = textOf(file, "state"),
+                       .instruments = {},
+                       .title = textOf(file, "title"),
+                       .start = textOf(file, "start"),
+                       .setup = textOf(file, "setup")};
     forEachName(file, [&](const std::string& name) {
         std::size_t index = 0;
         const char* const end = name.data() + name.size();
@@ -46,10 +69,22 @@ HeldRecording recordingIn(hid_t file)
     });
     std::sort(held.instruments.begin(), held.instruments.end(),
               [](const auto& a, const auto& b) { return a.index < b.index; });
+    addPromised(held, textOf(file, "plan"));
     return held;
 }
 
 } // namespace
+
+bool isRecordingFile(const std::string& file)
+{
+    constexpr std::array signature{'\x89', 'H', 'D', 'F', '\r', '\n', '\x1a', '\n'};
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(file, unknown))
+        return false;
+    std::array<char, signature.size()> beginning{};
+    std::ifstream content(file, std::ios::binary);
+    return content.read(beginning.data(), beginning.size()) && beginning == signature;
+}
 
 HeldRecording heldIn(const std::string& file)
 {

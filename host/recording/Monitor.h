@@ -21,7 +21,7 @@ public:
     Monitor& operator=(const Monitor&) = delete;
 
     /// What is being measured; remains when the monitor has ended.
-    [[nodiscard]] std::shared_ptr<const ChartSource> signals() const { return signals_; }
+    [[nodiscard]] std::shared_ptr<const ChartSource> chart() const { return signals_; }
     /// In English, each with the instrument that failed.
     [[nodiscard]] std::vector<std::string> failures() const;
 

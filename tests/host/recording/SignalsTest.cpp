@@ -89,9 +89,9 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     const auto mark = [&](const std::string& text) {
         while (!running->progress().takesMarkers) {
         }
-        const std::size_t before = running->signals()->state().markers.size();
+        const std::size_t before = running->chart()->state().markers.size();
         EXPECT_TRUE(running->addMarker(text));
-        while (running->signals()->state().markers.size() == before) {
+        while (running->chart()->state().markers.size() == before) {
         }
     };
     std::promise<void> begun;
@@ -123,7 +123,7 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     const Reading held(file);
     expectMarkers(held.markers());
     expectMarkers(signalsIn(file)->state().markers);
-    const ChartState state = run.signals()->state();
+    const ChartState state = run.chart()->state();
     expectMarkers(state.markers);
     // 50 to 60, and 290 to 299.
     EXPECT_EQ(end.instruments[0].clipped, std::vector<std::int64_t>{11 + 10});
@@ -132,8 +132,8 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     EXPECT_EQ(held.number("instrument-0/channel-0-0", "minimum"), 60.0);
     EXPECT_EQ(held.number("instrument-0/channel-0-0", "maximum"), 290.0);
     EXPECT_EQ(state.channels[0].latest, 299.0F);
-    EXPECT_NEAR(state.end(run.signals()->channels()), 0.3, 1e-9);
-    const auto extents = run.signals()->extents(0, {.first = 0, .width = 50, .count = 7});
+    EXPECT_NEAR(state.end(run.chart()->channels()), 0.3, 1e-9);
+    const auto extents = run.chart()->extents(0, {.first = 0, .width = 50, .count = 7});
     EXPECT_EQ(extents, (std::vector<Extent>{{}, {50, 99}, {100, 149}, {}, {200, 249}, {250, 299}, {}}));
 }
 
@@ -148,7 +148,7 @@ TEST(SignalsTest, AFileIsShownAsTheRecordingWasAndAsFinelyAsItIsAskedFor)
     RecordingRun run(instruments, armed(instruments), into(file));
     run.wait();
     const auto shown = signalsIn(file);
-    const auto live = run.signals();
+    const auto live = run.chart();
     ASSERT_EQ(shown->channels().size(), 2U);
     for (std::size_t i = 0; i < 2; ++i) {
         const ChartChannel& was = live->channels()[i];
@@ -193,12 +193,12 @@ TEST(MonitorTest, ShowsWhatAllInstrumentsMeasureUntilItIsStoppedAndOneThatFailsS
     instruments.push_back(std::make_shared<Scripted>(counter(1), delivers));
     instruments.push_back(std::make_shared<Scripted>(counter(1), nullptr));
     Monitor monitor(instruments);
-    const auto samples = [&](std::size_t channel) { return monitor.signals()->state().channels[channel].samples; };
+    const auto samples = [&](std::size_t channel) { return monitor.chart()->state().channels[channel].samples; };
     while (samples(0) < 300 || samples(1) < 200)
         EXPECT_FALSE(monitor.isOver());
-    EXPECT_EQ(monitor.signals()->extents(1, {.first = 0, .width = 50, .count = 4}),
+    EXPECT_EQ(monitor.chart()->extents(1, {.first = 0, .width = 50, .count = 4}),
               (std::vector<Extent>{{0, 49}, {50, 99}, {}, {150, 199}}));
-    EXPECT_EQ(monitor.signals()->channels()[1].instrument, 2U);
+    EXPECT_EQ(monitor.chart()->channels()[1].instrument, 2U);
     shown.set_value();
     while (monitor.failures().size() < 2) {
     }

@@ -66,7 +66,7 @@ TEST(TriggerTest, TheTriggerSampleIsWhereTheFormulaSaysForAnyBlockSize)
             // The start is that of the instrument which has begun when it was armed.
             EXPECT_EQ(held.text("/", "start").substr(0, 26), "2026-11-21T09:30:00.000000");
             const auto time = static_cast<double>(c.trigger) * 0.001;
-            for (const auto& shown : {run.signals(), signalsIn(file)})
+            for (const auto& shown : {run.chart(), signalsIn(file)})
                 EXPECT_NEAR(shown->state().trigger.value_or(-1.0), time, 1e-9);
             EXPECT_NEAR(held.number("instrument-0", "start_offset"), static_cast<double>(first) * 0.001, 1e-12);
             EXPECT_NEAR(held.number("instrument-1", "start_offset"), std::ceil(time / 0.004 - 1e-9) * 0.004, 1e-12);
