@@ -53,7 +53,7 @@ ChannelsTab::ChannelsTab(const PropertyContext& context, const std::vector<Group
     fields_.setOwner(channelPath(0, 0) + ".");
     addFields(context, *column);
     addTable(context, *column);
-    onSignal(list_, &QListWidget::currentRowChanged, this, [this] { showChannel(); });
+    onSignal(list_, &QListWidget::currentRowChanged, this, [this] { showCurrent(); });
     content_->setEnabled(list_->count() > 0);
     list_->setCurrentRow(0);
 }
@@ -115,11 +115,20 @@ void ChannelsTab::addTable(const PropertyContext& context, QBoxLayout& column)
     onSignal(removes, &QPushButton::clicked, this, [this] { table_->removeParameter(); });
 }
 
-void ChannelsTab::showChannel()
+void ChannelsTab::showCurrent()
 {
     const std::string path = fromQt(list_->currentItem()->data(pathRole).toString());
     fields_.setOwner(path + ".");
     table_->show(path);
+}
+
+void ChannelsTab::showChannel(const std::string& path)
+{
+    bringForward(*list_);
+    for (int row = 0; row < list_->count(); ++row)
+        if (list_->item(row)->data(pathRole).toString() == toQt(path))
+            list_->setCurrentRow(row);
+    list_->setFocus();
 }
 
 QString ChannelsTab::focusOn(const PropertyRefusal& refusal)
@@ -127,6 +136,7 @@ QString ChannelsTab::focusOn(const PropertyRefusal& refusal)
     for (int row = 0; row < list_->count(); ++row)
         if (refusal.path().rfind(fromQt(list_->item(row)->data(pathRole).toString()) + ".", 0) == 0) {
             list_->setCurrentRow(row);
+            bringForward(*table_);
             const QString name = table_->focusOn(refusal);
             return name.isEmpty() ? fields_.focusOn(refusal) : name;
         }

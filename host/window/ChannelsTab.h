@@ -16,6 +16,8 @@ public:
     /// `groups` are the instrument's; its channels stay as many as they are.
     ChannelsTab(const PropertyContext& context, const std::vector<GroupSettings>& groups, QWidget* parent);
 
+    /// Brings the tab forward with the channel of this path.
+    void showChannel(const std::string& path);
     /// Takes what is in the boxes.
     void take() { fields_.take(); }
     /// Shows the channel of a refused member and moves the focus to the member. Returns its name; an empty text for a
@@ -26,7 +28,7 @@ private:
     void fillList(const std::vector<GroupSettings>& groups);
     void addFields(const PropertyContext& context, QBoxLayout& column);
     void addTable(const PropertyContext& context, QBoxLayout& column);
-    void showChannel();
+    void showCurrent();
 
     PropertyFields fields_; ///< of the selected channel
     QListWidget* list_;

@@ -22,7 +22,12 @@ PropertiesAction::PropertiesAction(QTreeView& tree, const InstrumentsModel& mode
     action_.setShortcutContext(Qt::WidgetShortcut);
     action_.setToolTip(plainTip(texts(textNumber::properties::hint)));
     action_.setEnabled(false);
+    action_.setPriority(QAction::LowPriority);
     onSignal(&action_, &QAction::triggered, this, [this] { show(); });
+    onSignal(&tree, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (index.column() == InstrumentsModel::Value)
+            show();
+    });
     onSignal(tree.selectionModel(), &QItemSelectionModel::currentChanged, this,
              [this](const QModelIndex& current) { action_.setEnabled(current.isValid()); });
     onSignal(&model, &QAbstractItemModel::modelReset, this,
@@ -49,6 +54,9 @@ void PropertiesAction::show()
     dialog->apply = [this](const InstrumentSettings& settings) {
         return window_.describe && window_.describe(*driver_, settings);
     };
+    if (row->channel() >= 0)
+        dialog->showChannel(
+            channelPath(static_cast<std::size_t>(row->group()), static_cast<std::size_t>(row->channel())));
     dialog->open();
 }
 

@@ -23,7 +23,8 @@ struct InstrumentDescribing {
     std::function<bool()> isLocked;
 };
 
-/// The action of the instruments' tree that shows the properties of the current row's instrument.
+/// The action of the instruments' tree that shows the properties of the current row's instrument. A double click on a
+/// value does so, too.
 class PropertiesAction : public QObject {
 public:
     /// Adds the action to the tree. All arguments must outlive this object.

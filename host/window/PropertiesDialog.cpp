@@ -26,20 +26,13 @@ namespace named = textNumber::properties;
 PropertiesDialog::PropertiesDialog(const Texts& texts, const Locale& locale, const InstrumentSettings& settings,
                                    bool isLocked, QWidget* parent)
     : QDialog(parent), texts_(texts), original_(settings), properties_(settings, locale),
-      fields_(properties_, isLocked), context_{texts_, properties_, fields_, isLocked},
-      kind_(&makeKindList(context_, this)), tabs_(new QTabWidget(this)),
-      channels_(new ChannelsTab(context_, settings.groups, tabs_)), message_(new WarningLabel(this))
+      fields_(properties_, isLocked), context_{texts_, properties_, fields_, isLocked}
 {
     setWindowTitle(texts(named::title).arg(plainTitle(toQt(settings.name))));
     auto* const column = new QVBoxLayout(this);
+    // In this order the Tab key leads through them.
     addHead(*column);
-    column->addWidget(tabs_);
-    tabs_->addTab(makeSamplingTab(context_, *kind_, tabs_), texts(named::sampling));
-    tabs_->addTab(makeLinesTab(context_, tabs_), texts(hostText::triggerLines));
-    tabs_->addTab(channels_, texts(textNumber::page::channels));
-    message_->setWordWrap(true);
-    message_->hide();
-    column->addWidget(message_);
+    addTabs(*column);
     addButtons(*column);
     const QSize wanted(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 44);
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
@@ -49,12 +42,26 @@ void PropertiesDialog::addHead(QBoxLayout& column)
 {
     auto* const form = new QFormLayout;
     column.addLayout(form);
-    QLineEdit& name = fields_.addBox(*form, texts_(named::name), "name", TextForm::Text);
+    fields_.addBox(*form, texts_(named::name), "name", TextForm::Text);
+    kind_ = &makeKindList(context_, this);
     auto* const caption = new PlainLabel(texts_(named::kind), this);
     caption->setBuddy(kind_);
     form->addRow(caption, kind_);
-    setTabOrder(&name, kind_);
-    name.setFocus();
+}
+
+void PropertiesDialog::addTabs(QBoxLayout& column)
+{
+    auto* const tabs = new QTabWidget(this);
+    column.addWidget(tabs);
+    tabs->addTab(makeSamplingTab(context_, *kind_, tabs), texts_(named::sampling));
+    tabs->addTab(makeLinesTab(context_, tabs), texts_(hostText::triggerLines));
+    channels_ = new ChannelsTab(context_, original_.groups, tabs);
+    tabs->addTab(channels_, texts_(textNumber::page::channels));
+    message_ = new WarningLabel(this);
+    message_->setObjectName(QStringLiteral("refusal"));
+    message_->setWordWrap(true);
+    message_->hide();
+    column.addWidget(message_);
 }
 
 void PropertiesDialog::addButtons(QBoxLayout& column)

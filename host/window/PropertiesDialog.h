@@ -5,8 +5,6 @@
 #include <QDialog>
 #include <functional>
 
-class QTabWidget;
-
 namespace ko {
 
 class WarningLabel;
@@ -24,10 +22,14 @@ public:
     /// reason, and the dialog stays open. The dialog may be closed or destroyed meanwhile.
     std::function<bool(const InstrumentSettings& settings)> apply;
 
+    /// Shows the channel of this path.
+    void showChannel(const std::string& path) { channels_->showChannel(path); }
+
     void accept() override;
 
 private:
     void addHead(QBoxLayout& column);
+    void addTabs(QBoxLayout& column);
     void addButtons(QBoxLayout& column);
     void showRefusal(const PropertyRefusal& refusal);
     void showMessage(const QString& text);
@@ -37,10 +39,9 @@ private:
     InstrumentProperties properties_;
     PropertyFields fields_;
     PropertyContext context_;
-    QComboBox* kind_;
-    QTabWidget* tabs_;
-    ChannelsTab* channels_;
-    WarningLabel* message_;
+    QComboBox* kind_ = nullptr;
+    ChannelsTab* channels_ = nullptr;
+    WarningLabel* message_ = nullptr;
 };
 
 } // namespace ko

@@ -39,17 +39,16 @@ void selectEntry(QLineEdit& box, int index, bool isReversed)
         box.selectAll();
 }
 
-/// Makes the box's tab the current one and scrolls to the box.
-void bringForward(QWidget& box)
+} // namespace
+
+void bringForward(QWidget& widget)
 {
-    for (QWidget* page = &box; page->parentWidget(); page = page->parentWidget())
+    for (QWidget* page = &widget; page->parentWidget(); page = page->parentWidget())
         if (auto* const tabs = dynamic_cast<QTabWidget*>(page->parentWidget()->parentWidget()))
             tabs->setCurrentWidget(page);
         else if (auto* const area = dynamic_cast<QScrollArea*>(page))
-            area->ensureWidgetVisible(&box);
+            area->ensureWidgetVisible(&widget);
 }
-
-} // namespace
 
 void PropertyFields::addRow(QFormLayout& form, const QString& label, Field field)
 {

@@ -13,6 +13,9 @@ class QLineEdit;
 
 namespace ko {
 
+/// Makes a widget's tab the current one and scrolls to the widget.
+void bringForward(QWidget& widget);
+
 /// The boxes for members of an instrument on one form. Paths are relative to an owner, for example a channel.
 class PropertyFields {
 public:

@@ -85,7 +85,8 @@ QGroupBox* makeQuantity(const PropertyContext& context, const SampledQuantity& q
     return group;
 }
 
-/// Adds a check box for a view of the instrument, without which `content` is disabled.
+/// Adds a check box for a view of the instrument, without which `content` is disabled. It is reached before the boxes
+/// that are added to `content` later.
 void addViewSwitch(const PropertyContext& context, QBoxLayout& column, const char* view, int label, QWidget* content)
 {
     auto* const box = new QCheckBox(context.texts(label), content->parentWidget());
@@ -114,6 +115,7 @@ QWidget* scrolledTab(QWidget& content, QWidget* parent)
 {
     auto* const area = new QScrollArea(parent);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     area->setWidget(&content);
     // The tab's background is seen through.
@@ -146,6 +148,7 @@ QWidget* makeSamplingTab(const PropertyContext& context, QComboBox& kind, QWidge
     auto* const content = new QWidget(tab);
     auto* const groups = new QVBoxLayout(content);
     groups->setContentsMargins(0, 0, 0, 0);
+    addViewSwitch(context, *column, "timebase", named::hasTimebase, content);
     const auto add = [&](const SampledQuantity& quantity) {
         QGroupBox* const group = makeQuantity(context, quantity, content);
         groups->addWidget(group);
@@ -163,7 +166,6 @@ QWidget* makeSamplingTab(const PropertyContext& context, QComboBox& kind, QWidge
     };
     follow(kind.currentIndex());
     onSignal(&kind, &QComboBox::currentIndexChanged, tab, follow);
-    addViewSwitch(context, *column, "timebase", named::hasTimebase, content);
     column->addStretch();
     return scrolledTab(*tab, parent);
 }
@@ -175,12 +177,12 @@ QWidget* makeLinesTab(const PropertyContext& context, QWidget* parent)
     auto* const content = new QWidget(tab);
     auto* const form = new QFormLayout(content);
     form->setContentsMargins(0, 0, 0, 0);
+    addViewSwitch(context, *column, "triggerLines", named::hasLines, content);
     for (const Member& it : ranksAndLines)
         context.fields.addBox(*form, context.texts(it.label), std::string("triggerLines.") + it.path, TextForm::Number);
     for (const Member& it : lineLists)
         context.fields.addBox(*form, context.texts(it.label), std::string("triggerLines.") + it.path, TextForm::Numbers)
             .setPlaceholderText(context.texts(named::linesHint));
-    addViewSwitch(context, *column, "triggerLines", named::hasLines, content);
     column->addStretch();
     return scrolledTab(*tab, parent);
 }

@@ -3,10 +3,10 @@
 #include "host/setup/SetupWriter.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/PropertiesDialog.h"
-#include "widgets/bindings/WarningLabel.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTreeView>
@@ -118,7 +118,7 @@ TEST_F(PropertiesTest, ARefusalIsShownAtItsPlaceAndNothingTypedIsLost)
 {
     const std::string before = held();
     PropertiesDialog& dialog = open(0);
-    auto& message = *dialog.findChild<WarningLabel*>();
+    auto& message = *dialog.findChild<QLabel*>("refusal");
     QLineEdit& rates = box(dialog, "timebase.samplePeriod.choices");
     type(rates, "100; 2x0;300");
     auto& channels = box<QListWidget>(dialog, "channels");
@@ -172,6 +172,19 @@ TEST_F(PropertiesTest, AViewThatIsSwitchedOffAndOnAgainIsAsItWas)
             undo();
         EXPECT_EQ(held(), before);
     }
+}
+
+TEST_F(PropertiesTest, ADoubleClickOnAValueOfAChannelLeadsToTheChannel)
+{
+    tree.expandAll();
+    QAbstractItemModel& rows = *tree.model();
+    const auto found = Qt::MatchStartsWith | Qt::MatchRecursive;
+    const QModelIndex level = rows.match(rows.index(0, 0), Qt::DisplayRole, "Level", 1, found).value(0);
+    tree.setCurrentIndex(level);
+    emit tree.doubleClicked(level.siblingAtColumn(1));
+    auto& dialog = *window.findChild<PropertiesDialog*>();
+    EXPECT_EQ(dialog.findChild<QTabWidget*>()->currentIndex(), 2);
+    EXPECT_EQ(box<QListWidget>(dialog, "channels").currentRow(), 1);
 }
 
 TEST_F(PropertiesTest, AReadOnlyPageShowsThePropertiesAndChangesNone)
