@@ -219,7 +219,7 @@ TEST_F(PropertiesTest, EveryBoxSaysItsNameAndF1LeadsToTheHelp)
             EXPECT_FALSE(seen->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
         }
     }
-    QTest::keyClick(dialog.focusWidget(), Qt::Key_F1);
+    QTest::keyClick(&box(dialog, "name"), Qt::Key_F1);
     auto* const help = window.findChild<QTextBrowser*>();
     ASSERT_NE(help, nullptr);
     EXPECT_EQ(help->source().fileName(), "properties.html");
