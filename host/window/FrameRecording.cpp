@@ -1,57 +1,32 @@
 #include "host/window/FrameRecording.h"
 
 #include "host/recording/FreeSpace.h"
-#include "host/recording/Moments.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/HostTexts.h"
+#include "host/window/ChartPanel.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/PageHost.h"
+#include "host/window/RecordStart.h"
 #include "host/window/RecordingView.h"
-#include "platform/DateTimes.h"
+#include "host/window/WaitingBox.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PageTexts.h"
 #include "widgets/support/ShownText.h"
 
-#include <QDateTime>
-#include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
-#include <QRegularExpression>
-#include <QStandardPaths>
 #include <QStyle>
 #include <QToolBar>
-#include <QVBoxLayout>
-#include <cmath>
 
 namespace ko {
 
-namespace {
-
 namespace recordText = textNumber::record;
 
+namespace {
+
 constexpr int refreshPeriod = 100; // milliseconds
-
-/// Text as a part of a file's name on every system.
-QString asFileName(QString text)
-{
-    static const QRegularExpression reserved(QStringLiteral("[/\\\\:*?\"<>|\\p{C}]"));
-    constexpr int atMost = 80;
-    return text.replace(reserved, QStringLiteral("-")).trimmed().left(atMost);
-}
-
-/// Shown until a recording has ended; cannot be closed by the user.
-class WaitingBox : public QDialog {
-public:
-    WaitingBox(const QString& title, const QString& text, QWidget* parent) : QDialog(parent)
-    {
-        setWindowTitle(title);
-        auto* const column = new QVBoxLayout(this);
-        column->addWidget(new PlainLabel(text, this));
-    }
-    void reject() override {}
-};
 
 } // namespace
 
@@ -60,7 +35,8 @@ FrameRecording::FrameRecording(QMainWindow& window, const UserActions& actions, 
     : window_(window), actions_(actions), parts_(parts), page_(page), files_(files), capture_(capture),
       view_(new RecordingView(parts.texts(), parts.platform.locale, &window)),
       toolBar_(new QToolBar(withoutMnemonic(parts.text(recordText::dock)), &window)),
-      record_(parts.text(recordText::record)), stop_(parts.text(recordText::stop))
+      chart_(new ChartPanel(parts.texts(), parts.platform.locale, view_)), record_(parts.text(recordText::record)),
+      showSignals_(parts.text(textNumber::chart::monitor)), stop_(parts.text(recordText::stop))
 {
     window.addDockWidget(Qt::BottomDockWidgetArea, view_);
     view_->hide();
@@ -71,9 +47,15 @@ FrameRecording::FrameRecording(QMainWindow& window, const UserActions& actions, 
     record_.setShortcut(Qt::Key_F9);
     stop_.setIcon(window.style()->standardIcon(QStyle::SP_MediaStop));
     stop_.setShortcut(Qt::SHIFT | Qt::Key_F9);
-    toolBar_->addAction(&record_);
-    toolBar_->addAction(&stop_);
+    for (QAction* const action : {&record_, &showSignals_, &stop_})
+        toolBar_->addAction(action);
+    view_->add(*chart_);
+    chart_->addMarker = [this](const std::string& text) {
+        const auto run = task_ ? task_->run() : nullptr;
+        return run && run->addMarker(text);
+    };
     onSignal(&record_, &QAction::triggered, this, [this] { record(); });
+    onSignal(&showSignals_, &QAction::triggered, this, [this] { monitor(); });
     onSignal(&stop_, &QAction::triggered, this, [this] { stop(); });
     onSignal(&timer_, &QTimer::timeout, this, [this] { follow(); });
     enableEntries();
@@ -90,17 +72,19 @@ void FrameRecording::close()
     setReadOnly = nullptr;
     timer_.stop();
     task_.reset();
+    monitor_.reset();
 }
 
 void FrameRecording::addEntries(QMenu& menu)
 {
-    menu.addAction(&record_);
-    menu.addAction(&stop_);
+    for (QAction* const action : {&record_, &showSignals_, &stop_})
+        menu.addAction(action);
 }
 
 void FrameRecording::enableEntries()
 {
     record_.setEnabled(!isActive());
+    showSignals_.setEnabled(!isActive());
     stop_.setEnabled(isActive());
 }
 
@@ -123,9 +107,10 @@ void FrameRecording::record()
     try {
         const Instruments about = instruments();
         RecordingPlan plan = planned(PlanFor::Comparison);
-        if (!chooseStart(plan) || action.isOver())
+        if (!chooseStart(plan, files_.session(), files_.questions(), parts_) || action.isOver())
             return;
-        const std::string file = files_.questions().fileToRecord({suggestedFile(), spaceFor(plan)});
+        const std::string file = files_.questions().fileToRecord(
+            {suggestedFile(files_.session(), parts_.services.clock.now()), spaceFor(plan)});
         if (!action.isOver() && !file.empty() && instruments() == about && !isActive())
             begin(file, plan);
     } catch (const std::exception& error) {
@@ -134,48 +119,26 @@ void FrameRecording::record()
     }
 }
 
-bool FrameRecording::chooseStart(RecordingPlan& plan)
+void FrameRecording::lock(int badge)
 {
-    const auto standing = files_.session().clock();
-    if (plan.startMode != startMode::atTime || nextMoment(plan.startTime, momentNow(standing)))
-        return true;
-    const Locale& locale = parts_.platform.locale;
-    const double today = std::floor(parts_.services.clock.now().days);
-    const DateTime tomorrow{today + 1.0 + (plan.startTime.days - std::floor(plan.startTime.days))};
-    switch (
-        files_.questions().pastStart(toQt(generalDate(plan.startTime, locale)), toQt(generalDate(tomorrow, locale)))) {
-    case PastStart::Now: plan.startMode = startMode::immediately; return true;
-    case PastStart::Tomorrow: plan.startTime = tomorrow; return true;
-    case PastStart::Cancel: break;
-    }
-    return false;
+    noteFailures(std::vector<std::string>());
+    Page& page = page_.document().page();
+    readOnly_.emplace([this](bool on) { setReadOnly ? setReadOnly(on) : void(); }, page.readOnly);
+    page.lblReadOnly.setCaption(fromQt(parts_.text(badge)));
 }
 
-/// A name of title, date and time beside the set-up that no file has.
-std::string FrameRecording::suggestedFile() const
+bool FrameRecording::unlock()
 {
-    const SetupSession& session = files_.session();
-    const DateParts now = dateParts(parts_.services.clock.now());
-    const QString date = QDateTime(QDate(now.year, now.month, now.day), QTime(now.hour, now.minute, now.second))
-                             .toString(QStringLiteral("yyyy-MM-dd HHmmss"));
-    QString title = asFileName(toQt(session.title()));
-    if (title.isEmpty())
-        title = QFileInfo(toQt(session.name())).completeBaseName();
-    const QString folder = session.isOpen() ? QFileInfo(toQt(session.file())).absolutePath()
-                                            : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const QString name = QStringLiteral("%1/%2 %3").arg(folder, title, date).trimmed();
-    QString file = name + QStringLiteral(".h5");
-    for (int number = 2; QFileInfo::exists(file); ++number)
-        file = QStringLiteral("%1 (%2).h5").arg(name, QString::number(number));
-    return fromQt(file);
+    const UserActions::Action action(actions_);
+    page_.document().page().lblReadOnly.setCaption(parts_.component->text(pageText::readOnly));
+    readOnly_.reset();
+    return !action.isOver();
 }
 
 /// `start` says when the recording begins.
 void FrameRecording::begin(const std::string& file, const RecordingPlan& start)
 {
-    failures_.clear();
-    Page& page = page_.document().page();
-    readOnly_.emplace([this](bool on) { setReadOnly ? setReadOnly(on) : void(); }, page.readOnly);
+    lock(recordText::badge);
     try {
         RecordingPlan plan = planned(PlanFor::Recording);
         plan.startMode = start.startMode;
@@ -190,12 +153,32 @@ void FrameRecording::begin(const std::string& file, const RecordingPlan& start)
                                                                  .isPaced = !session.clock(),
                                                                  .freeBytes = {}});
     } catch (...) {
-        readOnly_.reset();
+        unlock();
         throw;
     }
-    page.lblReadOnly.setCaption(fromQt(parts_.text(recordText::badge)));
+    isCharted_ = false;
     enableEntries();
     follow();
+    ko::raise(reveal);
+    timer_.start(refreshPeriod);
+}
+
+void FrameRecording::monitor()
+{
+    const UserActions::Action action(actions_);
+    if (isActive() || !page_.okToLeave() || action.isOver())
+        return;
+    lock(textNumber::chart::monitoring);
+    try {
+        monitor_ = std::make_unique<Monitor>(instruments());
+    } catch (const std::exception& error) {
+        if (unlock())
+            refuse(error.what());
+        return;
+    }
+    enableEntries();
+    view_->showNote(parts_.text(textNumber::chart::monitoring));
+    chart_->chart().show(monitor_->chart(), true);
     ko::raise(reveal);
     timer_.start(refreshPeriod);
 }
@@ -204,59 +187,8 @@ void FrameRecording::stop()
 {
     if (task_)
         task_->stop();
-}
-
-void FrameRecording::follow()
-{
-    if (!task_)
-        return;
-    if (task_->isOver())
-        return end();
-    const auto run = task_->run();
-    if (!run)
-        return view_->showRun({parts_.text(recordText::opening), {}});
-    const RecordingProgress progress = run->progress();
-    noteFailures(progress);
-    view_->showRun(
-        runText(progress, task_->plan(), momentNow(files_.session().clock()), parts_.texts(), parts_.platform.locale));
-}
-
-void FrameRecording::noteFailures(const RecordingProgress& progress)
-{
-    std::vector<std::string> failures = progress.failures;
-    for (const InstrumentProgress& it : progress.instruments)
-        if (it.lost > 0)
-            failures.push_back(it.name + ": " +
-                               fromQt(parts_.text(recordText::lostSamples).arg(static_cast<qlonglong>(it.lost))));
-    if (failures == failures_)
-        return;
-    failures_ = std::move(failures);
-    ko::raise(failed);
-}
-
-void FrameRecording::end()
-{
-    const UserActions::Action action(actions_);
-    timer_.stop();
-    const auto task = std::exchange(task_, nullptr);
-    const RecordingOutcome& outcome = task->outcome();
-    noteFailures(outcome.end);
-    page_.document().page().lblReadOnly.setCaption(parts_.component->text(pageText::readOnly));
-    readOnly_.reset();
-    if (action.isOver())
-        return;
-    enableEntries();
-    QString reason;
-    for (const std::string& failure : outcome.end.failures)
-        reason += (reason.isEmpty() ? QString() : QStringLiteral("\n")) + toShown(failure);
-    if (outcome.held)
-        view_->showEnd(task->file(), *outcome.held, reason);
-    else
-        view_->showNote(toShown(outcome.refusal.empty() ? fromQt(reason) : outcome.refusal));
-    if (waiting_)
-        waiting_->accept();
-    else if (!outcome.refusal.empty())
-        refuse(outcome.refusal);
+    if (monitor_)
+        monitor_->stop();
 }
 
 bool FrameRecording::mayLeave()
@@ -264,7 +196,8 @@ bool FrameRecording::mayLeave()
     if (!isActive())
         return true;
     const UserActions::Action action(actions_);
-    const bool stops = files_.questions().stopRecording();
+    // A monitor loses nothing.
+    const bool stops = monitor_ || files_.questions().stopRecording();
     if (action.isOver() || !stops)
         return false;
     stop();
@@ -274,31 +207,6 @@ bool FrameRecording::mayLeave()
         box.wait();
     }
     return !action.isOver() && !isActive();
-}
-
-std::optional<std::string> FrameRecording::setupIn(const std::string& file)
-{
-    opened_.reset();
-    if (!isRecordingFile(file))
-        return std::nullopt;
-    opened_ = heldIn(file);
-    openedFile_ = file;
-    return opened_->setup;
-}
-
-bool FrameRecording::isOpened() const
-{
-    return opened_ && files_.session().source() == openedFile_;
-}
-
-void FrameRecording::showOpened()
-{
-    failures_.clear();
-    ko::raise(failed);
-    if (!isOpened())
-        return view_->showNote(parts_.text(recordText::none));
-    view_->showEnd(openedFile_, *opened_, {});
-    ko::raise(reveal);
 }
 
 void FrameRecording::refuse(const std::string& reason)

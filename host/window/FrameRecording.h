@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/recording/Monitor.h"
 #include "host/recording/ReadOnlyPage.h"
 #include "host/recording/RecordingTask.h"
 #include "host/window/FrameParts.h"
@@ -17,13 +18,14 @@ class QToolBar;
 
 namespace ko {
 
+class ChartPanel;
 class FrameCapture;
 class FrameFiles;
 class PageHost;
 class RecordingView;
 
-/// Recordings in the frame window: the entries Record and Stop, the toolbar, the dock that shows the recording in
-/// progress, and the read-only page meanwhile. Nothing of it waits for an instrument or the file.
+/// Recordings in the frame window: the entries Record, Monitor and Stop, the toolbar, the dock that shows the recording
+/// in progress with its chart, and the read-only page meanwhile. Nothing of it waits for an instrument or the file.
 class FrameRecording : public QObject {
 public:
     /// Adds the dock, hidden, and the toolbar to the window. All arguments must outlive this object.
@@ -36,13 +38,17 @@ public:
 
     void addEntries(QMenu& menu);
     [[nodiscard]] RecordingView& view() { return *view_; }
+    [[nodiscard]] ChartPanel& chart() { return *chart_; }
     [[nodiscard]] QToolBar& toolBar() { return *toolBar_; }
 
     /// Asks for the file and begins to record. Shows the user why if that is impossible.
     void record();
+    /// Shows the signals of the instruments until it is stopped; nothing is written.
+    void monitor();
+    /// Ends the recording or the monitor in progress early; does not wait.
     void stop();
-    /// Whether a recording is in progress, from the first question about it on.
-    [[nodiscard]] bool isActive() const { return task_ != nullptr; }
+    /// Whether a recording or a monitor is in progress.
+    [[nodiscard]] bool isActive() const { return task_ || monitor_; }
     /// Returns whether the set-up may be closed: asks the user to stop a recording in progress and waits for its end,
     /// while the window handles events.
     [[nodiscard]] bool mayLeave();
@@ -68,13 +74,17 @@ public:
 private:
     [[nodiscard]] Instruments instruments() const;
     [[nodiscard]] RecordingPlan planned(PlanFor purpose) const;
-    [[nodiscard]] std::string suggestedFile() const;
-    /// Decides when the recording begins; false if the user cancels.
-    bool chooseStart(RecordingPlan& plan);
     void begin(const std::string& file, const RecordingPlan& start);
+    /// Makes the page read-only and shows the dock.
+    void lock(int badge);
+    /// Makes the page as it was before. Returns false if the window has been destroyed by that.
+    bool unlock();
     void follow();
+    void followMonitor();
     void end();
+    void showOutcome(const std::string& file, const RecordingOutcome& outcome);
     void noteFailures(const RecordingProgress& progress);
+    void noteFailures(std::vector<std::string> failures);
     void refuse(const std::string& reason);
     void enableEntries();
 
@@ -86,10 +96,13 @@ private:
     FrameCapture& capture_;
     RecordingView* view_;
     QToolBar* toolBar_;
-    QAction record_, stop_;
+    ChartPanel* chart_;
+    QAction record_, showSignals_, stop_;
     QTimer timer_;
     std::optional<ReadOnlyPage> readOnly_;
     std::unique_ptr<RecordingTask> task_;
+    std::unique_ptr<Monitor> monitor_;
+    bool isCharted_ = false; ///< the chart shows the recording in progress
     std::vector<std::string> failures_;
     std::optional<HeldRecording> opened_; ///< the recording that was read as a set-up last
     std::string openedFile_;

@@ -1,6 +1,7 @@
 #include "host/window/FrameWindow.h"
 
 #include "host/support/HostTexts.h"
+#include "host/window/ChartPanel.h"
 #include "host/window/DockRoom.h"
 #include "host/window/DriverLog.h"
 #include "host/window/HintLine.h"
@@ -106,6 +107,7 @@ void FrameWindow::joinRecording()
     session().setupInside = [this](const std::string& file) { return recording_.setupIn(file); };
     session().mayReplace = [this] { return recording_.mayLeave(); };
     files_.isRecordingOpen = [this] { return recording_.isOpened(); };
+    instruments().selectionChanged = [this] { chooseCharted(); };
     docks_.locked = [this] { return recording_.isActive(); };
     docks_.recordingFailures = [this] { return recording_.failures(); };
     recording_.failed = [this] { docks_.showRecordingFailures(); };
@@ -118,6 +120,14 @@ void FrameWindow::joinRecording()
         recording_.view().show();
         recording_.view().raise();
     };
+}
+
+/// Without a selection the chart shows all channels.
+void FrameWindow::chooseCharted()
+{
+    recording_.chart().chart().choose([this](const ChartChannel& it) {
+        return instruments().isSelected(it.instrument, it.channel.group, it.channel.channel);
+    });
 }
 
 void FrameWindow::lockOpenedRecording()

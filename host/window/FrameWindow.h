@@ -68,6 +68,8 @@ private:
     void revertToSaved();
     void joinSpace();
     void joinRecording();
+    /// Charts the channels that are selected in the instruments' dock.
+    void chooseCharted();
     /// Makes the page read-only for the set-up of a recording, and editable for the next one.
     void lockOpenedRecording();
     void joinStart();

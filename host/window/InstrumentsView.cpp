@@ -60,6 +60,8 @@ void InstrumentsView::makeActions()
     handOver_ = add(hostText::handOver, "handOver", QKeySequence(QKeySequence::Refresh));
     handOver_->setToolTip(plainTip(texts_(hostText::handOverHint)));
     onSignal(handOver_, &QAction::triggered, this, [this] { handOver ? handOver() : void(); });
+    onSignal(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+             [this] { selectionChanged ? selectionChanged() : void(); });
     onSignal(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
              [this](const QModelIndex& current) { faults_->setEnabled(current.isValid()); });
     onSignal(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
@@ -72,6 +74,22 @@ void InstrumentsView::show(const SimulatedDrivers& drivers)
     const TreeState state(*view_, *model_);
     model_->show(drivers);
     state.restore(*view_, *model_);
+}
+
+bool InstrumentsView::isSelected(std::size_t instrument, int group, int channel) const
+{
+    for (const QModelIndex& index : view_->selectionModel()->selectedRows()) {
+        const InstrumentRow& row = *model_->row(index);
+        const InstrumentRow* top = &row;
+        while (top->kind() != InstrumentRow::Kind::Instrument)
+            top = top->parent();
+        if (static_cast<std::size_t>(top->number()) != instrument)
+            continue;
+        if (row.kind() == InstrumentRow::Kind::Instrument || (row.group() == group && row.channel() == channel) ||
+            (row.kind() == InstrumentRow::Kind::Group && row.group() == group))
+            return true;
+    }
+    return false;
 }
 
 void InstrumentsView::select(std::size_t instrument)

@@ -27,6 +27,10 @@ public:
 
     /// Selects an instrument.
     void select(std::size_t instrument);
+    /// Whether a channel is selected, by itself or by its group or instrument.
+    [[nodiscard]] bool isSelected(std::size_t instrument, int group, int channel) const;
+    /// Called when the selection has changed.
+    std::function<void()> selectionChanged;
 
     [[nodiscard]] InstrumentsModel& model() { return *model_; }
     /// Set by the window.

@@ -17,7 +17,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QUrl>
-#include <array>
+#include <algorithm>
 
 namespace ko {
 
@@ -143,6 +143,11 @@ void RecordingView::fillSummary(const HeldRecording& held)
         summary_->setItem(row, Size, cell(sizeText(it.bytes, texts_, locale_)));
     }
     summary_->setVerticalHeaderLabels(names);
+    // As high as its rows, up to a limit: the chart gets the rest.
+    constexpr int mostRows = 4;
+    const int rows = std::min(summary_->rowCount(), mostRows);
+    summary_->setFixedHeight(summary_->horizontalHeader()->sizeHint().height() + rows * summary_->rowHeight(0) +
+                             2 * summary_->frameWidth());
 }
 
 void RecordingView::announce(const QString& text)

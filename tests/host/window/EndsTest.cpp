@@ -20,6 +20,22 @@ const char* const triggeredBench = R"({"drivers": [
        {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}}]})";
 
+/// Boxes, but the file to record is known.
+class Recorded : public BoxQuestions {
+public:
+    Recorded(FrameWindow& window, const QString& file)
+        : BoxQuestions(
+              window, window.session(), [&window](int number) { return window.text(number); }, usual),
+          file_(fromQt(file))
+    {
+    }
+    std::string fileToRecord(const RecordOffer&) override { return file_; }
+
+private:
+    inline static const Locale usual;
+    std::string file_;
+};
+
 /// A window on a set-up. The window or its contents are ended while one of its boxes, dialogs or menus is open.
 struct Desk {
     QTemporaryDir folder;
@@ -192,6 +208,18 @@ const Opening openings[] = {
      [](Desk& desk) {
          desk.mistype();
          desk.choose(hostText::fileMenu, hostText::quit);
+     }},
+    {"RecordAs", [](Desk& desk) { desk.choose(hostText::fileMenu, textNumber::record::record); }},
+    {"StopMonitor",
+     [](Desk& desk) {
+         desk.window->recording().monitor();
+         desk.window->close();
+     }},
+    {"StopRecording",
+     [](Desk& desk) {
+         desk.window->files().setQuestions(std::make_unique<Recorded>(*desk.window, desk.folder.filePath("a.h5")));
+         desk.window->recording().record();
+         desk.window->close();
      }},
     {"Ticked",
      [](Desk& desk) {

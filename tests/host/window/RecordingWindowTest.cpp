@@ -1,10 +1,13 @@
 #include "FrameTest.h"
 #include "host/recording/HeldRecording.h"
+#include "host/recording/RecordedSignals.h"
+#include "host/window/ChartPanel.h"
 #include "host/window/FailureStrip.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/RecordDialog.h"
 #include "host/window/RecordingView.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QListWidget>
 #include <QPushButton>
@@ -19,7 +22,7 @@ std::string setupOf(const std::string& timebase, const std::string& clock = {}, 
     return R"({"title": "Bench 1/2", )" + clock +
            R"("drivers": [{"name": "A", "hasTriggerParameters": true, "timebase": {)" + timebase +
            R"("samplePeriod": {"value": 0.001, "range": [1e-6, 1]}}, )" + more +
-           R"("groups": [{"name": "G", "channels": [{"address": "0:1", "triggerSource": true, "triggerParameters": [
+           R"("groups": [{"name": "G", "channels": [{"address": "0:1", "name": "First", "triggerSource": true, "triggerParameters": [
                {"id": 1, "name": "Level", "type": "Float", "value": 5, "role": "level"}]},
              {"address": "0:2", "enabled": false}]}]}]})";
 }
@@ -125,6 +128,62 @@ TEST_F(RecordingWindowTest, AnotherSetUpAndADestroyedWindowEndTheRecordingWithAW
     user.record = fromQt(folder.filePath("second.h5"));
     second.recording().record();
     EXPECT_TRUE(second.recording().isActive());
+}
+
+TEST_F(RecordingWindowTest, ChartsTheChosenChannelsAndStoresMarkers)
+{
+    open(setupOf(R"("duration": 1000, )"));
+    const StripChart& chart = recording().chart().chart();
+    const auto shows = [&](const char* text) {
+        return QTest::qWaitFor([&] { return chart.latestValues().contains(text); });
+    };
+    recording().monitor();
+    EXPECT_TRUE(page().readOnly && page().lblReadOnly.caption().starts_with("Monitoring"));
+    EXPECT_TRUE(shows("First"));
+    window.instruments().select(0);
+    EXPECT_TRUE(shows("First"));
+    EXPECT_FALSE(QFile::exists(toQt(user.record)));
+    press(Qt::Key_M);
+    press(Qt::Key_F9, Qt::ShiftModifier);
+    ASSERT_TRUE(ends());
+    EXPECT_FALSE(page().readOnly);
+    EXPECT_EQ(page().lblReadOnly.caption().substr(0, 10), "Read-only:");
+
+    press(Qt::Key_F9);
+    auto& text = *recording().chart().findChild<QLineEdit*>("markerText");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return text.isEnabled(); }));
+    text.setText("knock");
+    press(Qt::Key_M);
+    EXPECT_EQ(text.text(), "");
+    press(Qt::Key_M);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state().starts_with("Recording, 0.2"); }));
+    recording().stop();
+    ASSERT_TRUE(ends());
+    EXPECT_FALSE(text.isEnabled());
+    const auto markers = signalsIn(user.record)->state().markers;
+    ASSERT_EQ(markers.size(), 2U);
+    EXPECT_EQ(markers[0].text, "knock");
+    EXPECT_GE(markers[1].time, markers[0].time);
+
+    recording().monitor();
+    window.files().open(toQt(user.record));
+    EXPECT_EQ(user.askedToStop, 0) << "a monitor loses nothing";
+    EXPECT_TRUE(shows("First"));
+}
+
+TEST_F(RecordingWindowTest, AnHourOfRecordingsLeavesHandlesAndThreadsWhereTheyWere)
+{
+    open(setupOf(R"("duration": 3600, )", standing));
+    const auto count = [](const char* what) { return QDir(what).entryList(QDir::AllEntries | QDir::System).size(); };
+    const auto round = [&] {
+        press(Qt::Key_F9);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !recording().isActive(); }, 60000));
+        QTest::qWait(50);
+        return std::pair(count("/proc/self/fd"), count("/proc/self/task"));
+    };
+    const auto first = round();
+    EXPECT_EQ(heldIn(user.record).instruments.at(0).samples, 3600384);
+    EXPECT_EQ(round(), first);
 }
 
 TEST_F(RecordingWindowTest, AStartThatIsPastIsAskedAbout)
