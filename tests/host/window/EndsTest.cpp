@@ -189,6 +189,14 @@ const Opening openings[] = {
          desk.file("bench.json", R"({"drivers": []})");
          desk.choose(hostText::fileMenu, hostText::save);
      }},
+    {"FileToPlay", [](Desk& desk) { desk.choose(hostText::fileMenu, textNumber::replay::menu); }},
+    {"Played",
+     [](Desk& desk) {
+         desk.window->replay().setPace(0);
+         desk.window->replay().play(desk.file("a.scenario", "click optStartTime\n"
+                                                            "dialog SetDateTime\nfocus btnOK\nfocus btnCancel\nend\n"
+                                                            "click cmdStartTime\nfocus txtDuration\n"));
+     }},
     {"Restore",
      [](Desk& desk) {
          desk.file("a.unsaved", copyText({"a.json", {}, {}, {}}).c_str());
