@@ -37,6 +37,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setTabKeyNavigation(false);
     view_->setAllColumnsShowFocus(true);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     fitColumns(*view_);
     makeActions();
     layDock(*this, *view_);
@@ -74,7 +75,8 @@ void InstrumentsView::show(const SimulatedDrivers& drivers)
 
 void InstrumentsView::select(std::size_t instrument)
 {
-    view_->setCurrentIndex(model_->index(static_cast<int>(instrument), 0));
+    view_->selectionModel()->setCurrentIndex(model_->index(static_cast<int>(instrument), 0),
+                                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void InstrumentsView::refresh()
