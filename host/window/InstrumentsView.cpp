@@ -3,11 +3,13 @@
 #include "host/support/HostTexts.h"
 #include "host/window/DockLayout.h"
 #include "host/window/FaultDialog.h"
+#include "host/window/InstrumentFilter.h"
 #include "host/window/TreeState.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 
 #include <QAction>
+#include <QBoxLayout>
 #include <QTreeView>
 
 namespace ko {
@@ -41,6 +43,8 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     fitColumns(*view_);
     makeActions();
     layDock(*this, *view_);
+    static_cast<QBoxLayout*>(widget()->layout())
+        ->insertWidget(0, new InstrumentFilter(texts, *view_, *model_, widget()));
     hide();
 }
 

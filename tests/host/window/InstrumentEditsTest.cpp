@@ -64,10 +64,66 @@ protected:
     void rename(const char* name)
     {
         press(Qt::Key_F2);
+        press(Qt::Key_Delete);
         QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(name));
         press(Qt::Key_Return);
         QCoreApplication::processEvents();
         tree.setFocus();
+    }
+    /// Goes to an instrument, group or channel by the arrow keys.
+    void seek(const SetupPlace& place)
+    {
+        press(Qt::Key_Home);
+        for (int i = 0; i < 200; ++i) {
+            const InstrumentRow& row = *rows.row(tree.currentIndex());
+            const SetupPlace at = InstrumentsModel::placeOf(row);
+            const bool isPlace = row.kind() == (place.isInstrument() ? InstrumentRow::Kind::Instrument
+                                                : place.isChannel()  ? InstrumentRow::Kind::Channel
+                                                                     : InstrumentRow::Kind::Group);
+            if (isPlace && at == place)
+                return;
+            const bool isAbove = at.instrument == place.instrument && (at.group < 0 || at.group == place.group) &&
+                                 at.channel < 0 && !tree.isExpanded(tree.currentIndex()) &&
+                                 rows.hasChildren(tree.currentIndex());
+            press(isAbove ? Qt::Key_Right : Qt::Key_Down);
+        }
+        FAIL() << "no such place";
+    }
+    /// Adds an instrument of the kind at this place in the gallery and edits it to what the dock sets of `wanted`.
+    void make(std::size_t number, const InstrumentSettings& wanted)
+    {
+        insert(static_cast<int>(number));
+        seek({number});
+        rename(wanted.name.c_str());
+        for (std::size_t g = 0; g < wanted.groups.size(); ++g) {
+            if (drivers()[number]->held().groups.size() == g)
+                press(Qt::Key_G, Qt::ControlModifier);
+            seek({number, static_cast<int>(g)});
+            rename(wanted.groups[g].name.c_str());
+            makeChannels({number, static_cast<int>(g)}, wanted.groups[g].channels);
+        }
+    }
+    void makeChannels(SetupPlace place, const std::vector<ChannelSettings>& wanted)
+    {
+        const auto count = [&] {
+            return drivers()[place.instrument]->held().groups[static_cast<std::size_t>(place.group)].channels.size();
+        };
+        while (count() < wanted.size())
+            press(Qt::Key_Insert, Qt::ShiftModifier);
+        place.channel = 0;
+        for (const ChannelSettings& channel : wanted) {
+            seek(place);
+            rename(channel.name.c_str());
+            if (!channel.isEnabled())
+                press(Qt::Key_Space);
+            if (channel.triggerSource)
+                press(Qt::Key_T, Qt::ControlModifier);
+            ++place.channel;
+        }
+        while (count() > wanted.size()) {
+            seek(place);
+            press(Qt::Key_Delete);
+        }
     }
     const SimulatedDrivers& drivers() { return window.session().drivers(); }
     std::vector<std::string> names()
@@ -167,6 +223,74 @@ TEST_F(InstrumentEditsTest, EveryEditIsDoneByItsKeyAndIsAStepNamedByIt)
     EXPECT_EQ(held(), opened);
     redoAll();
     EXPECT_EQ(held(), edited);
+}
+
+/// What the dock sets of a set-up.
+std::string outline(const ko::Setup& setup)
+{
+    std::string text;
+    for (const InstrumentSettings& instrument : setup.instruments) {
+        text += instrument.name + " " + std::to_string(instrument.timebase->duration) + "\n";
+        for (const GroupSettings& group : instrument.groups) {
+            text += "  " + group.name + ":";
+            for (const ChannelSettings& channel : group.channels)
+                text += " [" + channel.name + (channel.isEnabled() ? "" : " off") +
+                        (channel.triggerSource ? " source]" : "]");
+            text += "\n";
+        }
+    }
+    return text;
+}
+
+TEST_F(InstrumentEditsTest, TheEngineBenchIsMadeFromNothingByTheKeyboardAndSaved)
+{
+    const ko::Setup demo = loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json");
+    window.session().begin("empty");
+    tree.setFocus();
+    for (std::size_t i = 0; i < demo.instruments.size(); ++i)
+        make(i, demo.instruments[i]);
+    at(page().txtDuration).setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&at(page().txtDuration), "0.5"); // minutes
+    user.saveAs = fromQt(folder.filePath("made.json"));
+    QTest::keyClick(&at(page().txtDuration), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(outline(loadSetup(user.saveAs)), outline(demo));
+    EXPECT_FALSE(window.isWindowModified());
+    undoAll();
+    EXPECT_TRUE(drivers().empty());
+}
+
+TEST_F(InstrumentEditsTest, AThousandInstrumentsAreSearchedByNameChannelAndAddress)
+{
+    ko::Setup setup;
+    for (int i = 0; i < 1000; ++i) {
+        InstrumentSettings one;
+        one.name = "Unit " + std::to_string(i);
+        ChannelSettings& channel = one.groups.emplace_back().channels.emplace_back();
+        channel.address = "0:" + std::to_string(i) + ":1";
+        channel.name = i == 77 ? "Oil" : "";
+        setup.instruments.push_back(one);
+    }
+    window.open(file("large.json", setupText(setup).c_str()));
+    auto& filter = *window.instruments().findChild<QLineEdit*>("filter");
+    const auto shown = [&] {
+        std::string found;
+        for (int i = 0; i < rows.rowCount(); ++i)
+            if (!tree.isRowHidden(i, {}))
+                found += rows.index(i, 0).data().toString().toStdString() + ";";
+        return found;
+    };
+    filter.setFocus();
+    QTest::keyClicks(&filter, "OIL");
+    EXPECT_EQ(shown(), "Unit 77;");
+    QTest::keyClick(&filter, Qt::Key_Escape);
+    QTest::keyClicks(&filter, "0:998:");
+    EXPECT_EQ(shown(), "Unit 998;");
+    QTest::keyClick(&filter, Qt::Key_Down);
+    EXPECT_TRUE(tree.hasFocus());
+    go({998});
+    press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(tree.currentIndex().data().toString(), "Unit 1000");
+    EXPECT_EQ(filter.text(), "") << "the copy would be hidden";
 }
 
 /// Whatever is edited, undoing all of it returns to the state after opening, and redoing to the last one.
