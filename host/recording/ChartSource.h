@@ -50,6 +50,8 @@ public:
     /// The channels, always the same ones.
     [[nodiscard]] virtual const std::vector<ChartChannel>& channels() const = 0;
     [[nodiscard]] virtual ChartState state() const = 0;
+    /// Whether what is returned can still become finer or more by itself, without a recording or a monitor that runs.
+    [[nodiscard]] virtual bool isGrowing() const { return false; }
     /// See `Envelope::extents`. The time does not depend on the number of samples.
     [[nodiscard]] virtual std::vector<Extent> extents(std::size_t channel, const SampleSpan& span) const = 0;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,14 +16,21 @@ struct HeldInstrument {
     std::int64_t blockSize = 1;
     std::int64_t lost = 0;
     std::size_t channels = 0;
-    std::int64_t samples = 0; ///< of each channel; the fewest
-    double bytes = 0.0;       ///< of all samples
+    std::int64_t samples = 0;             ///< of each channel; the fewest
+    double bytes = 0.0;                   ///< of all samples
+    std::optional<std::int64_t> promised; ///< samples of each channel by the plan in the file
 };
 
 struct HeldRecording {
     std::string state;                       ///< see `recordedState`
     std::vector<HeldInstrument> instruments; ///< by index
+    std::string title;
+    std::string start; ///< of the earliest sample, ISO 8601
+    std::string setup; ///< the text of the set-up
 };
+
+/// Returns whether the file begins as an HDF5 file does. False for a file that cannot be read.
+bool isRecordingFile(const std::string& file);
 
 /// Reads what a recording's file holds, also while it is being written. Fails with an `InputError`.
 HeldRecording heldIn(const std::string& file);

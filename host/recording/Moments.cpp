@@ -11,7 +11,8 @@ namespace {
 
 std::tm localTime(Moment moment)
 {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(std::chrono::floor<std::chrono::seconds>(moment));
+    const auto whole = std::chrono::floor<std::chrono::seconds>(moment);
+    const auto seconds = static_cast<std::time_t>(whole.time_since_epoch().count());
     std::tm local{};
     localtime_r(&seconds, &local);
     return local;
@@ -27,15 +28,20 @@ Moment onDayOf(Moment moment, int days, DateTime time)
     local.tm_min = parts.minute;
     local.tm_sec = parts.second;
     local.tm_isdst = -1;
-    return std::chrono::system_clock::from_time_t(std::mktime(&local));
+    return Moment(std::chrono::seconds(std::mktime(&local)));
 }
 
 } // namespace
 
+Moment momentNow(const std::optional<DateTime>& standing)
+{
+    return standing ? momentOf(*standing) : std::chrono::floor<Moment::duration>(std::chrono::system_clock::now());
+}
+
 Moment later(Moment moment, double seconds)
 {
     using std::chrono::duration;
-    return moment + std::chrono::round<std::chrono::system_clock::duration>(duration<double>(seconds));
+    return moment + std::chrono::round<Moment::duration>(duration<double>(seconds));
 }
 
 Moment momentOf(DateTime time)
@@ -49,7 +55,7 @@ Moment momentOf(DateTime time)
     local.tm_min = parts.minute;
     local.tm_sec = parts.second;
     local.tm_isdst = -1;
-    return std::chrono::system_clock::from_time_t(std::mktime(&local));
+    return Moment(std::chrono::seconds(std::mktime(&local)));
 }
 
 std::string isoText(Moment moment)

@@ -8,8 +8,11 @@
 
 namespace ko {
 
-/// A moment on the wall clock.
-using Moment = std::chrono::system_clock::time_point;
+/// A moment on the wall clock. The clock's own resolution would end in the year 2262.
+using Moment = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
+
+/// Returns what a clock that stands at this time shows, or the machine's clock.
+Moment momentNow(const std::optional<DateTime>& standing);
 
 /// Returns `moment` plus `seconds`.
 Moment later(Moment moment, double seconds);

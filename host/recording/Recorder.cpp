@@ -44,7 +44,7 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
 
 Moment Recorder::now() const
 {
-    return options_.clock ? momentOf(*options_.clock) : std::chrono::system_clock::now();
+    return momentNow(options_.clock);
 }
 
 void Recorder::refuseWithoutSpace() const
@@ -89,7 +89,7 @@ bool Recorder::awaitStart()
     while (waits && !isStopWanted_ && now() < start_) {
         publish(RunState::WaitingForTime);
         // The clock may be set meanwhile.
-        queue_.take(Clock::now() + std::min<Clock::duration>(start_ - now(), std::chrono::seconds(1)));
+        queue_.take(Clock::now() + std::min<Moment::duration>(start_ - now(), std::chrono::seconds(1)));
     }
     return !isStopWanted_;
 }

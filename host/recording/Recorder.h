@@ -23,7 +23,7 @@ public:
 
     void stop();
     [[nodiscard]] RecordingProgress progress() const;
-    [[nodiscard]] std::shared_ptr<const ChartSource> signals() const { return signals_; }
+    [[nodiscard]] std::shared_ptr<const ChartSource> chart() const { return signals_; }
     bool addMarker(const std::string& text);
     bool waitFor(std::chrono::milliseconds time) const;
 

@@ -1,3 +1,4 @@
+#include "host/recording/Hdf5.h"
 #include "host/recording/Recorder.h"
 
 #include <algorithm>

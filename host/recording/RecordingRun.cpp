@@ -40,9 +40,9 @@ RecordingProgress RecordingRun::progress() const
     return recorder_->progress();
 }
 
-std::shared_ptr<const ChartSource> RecordingRun::signals() const
+std::shared_ptr<const ChartSource> RecordingRun::chart() const
 {
-    return recorder_->signals();
+    return recorder_->chart();
 }
 
 bool RecordingRun::addMarker(const std::string& text)

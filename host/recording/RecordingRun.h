@@ -39,7 +39,7 @@ public:
     [[nodiscard]] RecordingProgress progress() const;
 
     /// What is being recorded, for charts; remains when the recording has ended.
-    [[nodiscard]] std::shared_ptr<const ChartSource> signals() const;
+    [[nodiscard]] std::shared_ptr<const ChartSource> chart() const;
 
     /// Marks the present time, in the file at the next flush. The text is shortened to `Marker::textSize`. Does nothing
     /// and returns false unless the recording `takesMarkers`.

@@ -173,6 +173,14 @@ void removeInstrument(Setup& setup, const std::string& name)
     setup.instruments.erase(instrumentNamed(setup, name));
 }
 
+void describeInstrument(Setup& setup, std::size_t index, const InstrumentSettings& settings)
+{
+    InstrumentSettings& instrument = setup.instruments.at(index);
+    if (settings.name != instrument.name)
+        checkNewName(setup, settings.name);
+    instrument = settings;
+}
+
 void renameInstrument(Setup& setup, const std::string& name, const std::string& newName)
 {
     const auto instrument = instrumentNamed(setup, name);

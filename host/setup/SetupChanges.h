@@ -20,6 +20,8 @@ struct SetupChange {
 /// name that is not given gets a number if it exists. Returns the instrument's index.
 std::size_t addInstrument(Setup& setup, const std::string& kind, const std::string& name = {});
 void removeInstrument(Setup& setup, const std::string& name);
+/// Replaces the description of an instrument. Its name may be another one that no instrument has.
+void describeInstrument(Setup& setup, std::size_t index, const InstrumentSettings& settings);
 void renameInstrument(Setup& setup, const std::string& name, const std::string& newName);
 /// Switches a channel, which is named by its name, its address, or "INSTRUMENT/" and one of both.
 void enableChannel(Setup& setup, const std::string& channel, bool on);

@@ -178,4 +178,11 @@ Setup readSetup(const JsonValue& json)
     return setup;
 }
 
+InstrumentSettings readInstrument(const JsonValue& json)
+{
+    InstrumentSettings instrument;
+    read(json, instrument);
+    return instrument;
+}
+
 } // namespace ko

@@ -7,5 +7,7 @@ namespace ko {
 
 /// Converts a parsed file to a set-up. Throws a `JsonRefusal` for unknown and missing keys and for invalid values.
 Setup readSetup(const JsonValue& json);
+/// The same for one instrument.
+InstrumentSettings readInstrument(const JsonValue& json);
 
 } // namespace ko

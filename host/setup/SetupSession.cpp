@@ -24,7 +24,10 @@ void refusePipe(const std::string& file)
 void SetupSession::load(const std::string& file)
 {
     refusePipe(file);
-    replace(readFile(file), file, {});
+    if (std::optional<std::string> inside = setupInside ? setupInside(file) : std::nullopt)
+        replace(std::move(*inside), file, std::filesystem::path(file).filename().string());
+    else
+        replace(readFile(file), file, {});
 }
 
 void SetupSession::begin(const std::string& templateName)
@@ -61,7 +64,7 @@ void SetupSession::restore(const UnsavedSetup& unsaved)
 
 UnsavedSetup SetupSession::unsaved() const
 {
-    return {file_, template_, content_, withPresentValues(*setup_, drivers_)};
+    return {file_, template_, content_, presentSetup()};
 }
 
 bool SetupSession::pageAllows() const
@@ -136,7 +139,7 @@ bool SetupSession::saveElsewhere(SessionQuestions& questions)
 
 bool SetupSession::mayLeave(SessionQuestions& questions)
 {
-    if (!pageAllows())
+    if ((mayReplace && !asked(mayReplace, false)) || !pageAllows())
         return false;
     if (!changed_)
         return true;
@@ -180,6 +183,11 @@ std::string SetupSession::name() const
     return isOpen() ? std::filesystem::path(file_).filename().string() : template_;
 }
 
+Setup SetupSession::presentSetup() const
+{
+    return withPresentValues(*setup_, drivers_);
+}
+
 void SetupSession::setChanged(bool changed)
 {
     changed_ = changed;
@@ -192,7 +200,7 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     try {
         if (checkFree)
             checkFree(file);
-        content_ = saveSetup(file, withPresentValues(*setup_, drivers_), content_);
+        content_ = saveSetup(file, presentSetup(), content_);
     } catch (const InputError& error) {
         questions.tellNotSaved(error.what());
         return false;

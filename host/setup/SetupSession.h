@@ -80,6 +80,8 @@ public:
     [[nodiscard]] const std::string& source() const { return source_; }
     [[nodiscard]] const std::string& title() const { return setup_->title; }
     [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
+    /// The set-up with the present values of the instruments.
+    [[nodiscard]] Setup presentSetup() const;
     /// Replaces the list of instruments by an edit, which its caller marks as a change.
     void setDrivers(SimulatedDrivers drivers) { drivers_ = std::move(drivers); }
     /// The fixed time of the set-up's clock, if it has one.
@@ -92,6 +94,11 @@ public:
     [[nodiscard]] bool isChanged() const { return changed_; }
     void setChanged(bool changed);
 
+    /// Returns the set-up that a file of another kind contains; none for a set-up file. The set-up then has no file
+    /// until it is saved.
+    std::function<std::optional<std::string>(const std::string& file)> setupInside;
+    /// Returns whether another set-up may replace this one, before anything else is asked.
+    std::function<bool()> mayReplace;
     /// Returns whether the page may be left as it is; shows the reason if not.
     std::function<bool()> mayLeavePage;
     /// Throws an `InputError` for a file that the program is writing as something else.

@@ -93,15 +93,27 @@ void FailureStrip::forget()
     hide();
 }
 
+std::vector<FailureStrip::Line> FailureStrip::lines() const
+{
+    std::vector<Line> lines;
+    if (failing)
+        for (const DriverFailure& failure : failing())
+            lines.push_back({std::to_string(failure.driver), lineOf(failure)});
+    if (recordingFailures)
+        for (const std::string& failure : recordingFailures())
+            lines.push_back({failure, toShown(failure)});
+    return lines;
+}
+
 void FailureStrip::refresh()
 {
-    const std::vector<DriverFailure> failures = failing ? failing() : std::vector<DriverFailure>();
+    const std::vector<Line> failures = lines();
     if (failures.empty() && isHidden())
         return;
     showLines(failures);
-    const int lines = std::min(static_cast<int>(failures.size()), mostLines);
-    if (lines > room_) {
-        makeRoom(lines);
+    const int shown = std::min(static_cast<int>(failures.size()), mostLines);
+    if (shown > room_) {
+        makeRoom(shown);
         show();
         if (grown)
             grown();
@@ -110,15 +122,15 @@ void FailureStrip::refresh()
     quiet_.start(quietTime);
 }
 
-void FailureStrip::showLines(const std::vector<DriverFailure>& failures)
+void FailureStrip::showLines(const std::vector<Line>& lines)
 {
-    const auto count = static_cast<int>(failures.size());
+    const auto count = static_cast<int>(lines.size());
     while (list_->count() > count)
         delete list_->takeItem(list_->count() - 1);
     while (list_->count() < count)
         list_->addItem(QString());
     for (int line = 0; line < count; ++line) {
-        const QString text = lineOf(failures[static_cast<std::size_t>(line)]);
+        const QString& text = lines[static_cast<std::size_t>(line)].text;
         list_->item(line)->setText(text);
         list_->item(line)->setToolTip(plainTip(text));
     }
@@ -153,17 +165,17 @@ void FailureStrip::settle()
 
 /// Sends an alert to screen readers only for a newly failing driver; one that keeps failing would interrupt every
 /// keystroke.
-void FailureStrip::announce(const std::vector<DriverFailure>& failures)
+void FailureStrip::announce(const std::vector<Line>& lines)
 {
-    std::vector<std::size_t> drivers;
+    std::vector<std::string> keys;
     QString news;
-    for (const DriverFailure& failure : failures) {
-        drivers.push_back(failure.driver);
-        if (news.isEmpty() && std::find(announced_.begin(), announced_.end(), failure.driver) == announced_.end())
-            news = lineOf(failure);
+    for (const Line& line : lines) {
+        keys.push_back(line.key);
+        if (news.isEmpty() && std::find(announced_.begin(), announced_.end(), line.key) == announced_.end())
+            news = line.text;
     }
-    const bool isOver = drivers.empty() && !announced_.empty();
-    announced_ = std::move(drivers);
+    const bool isOver = keys.empty() && !announced_.empty();
+    announced_ = std::move(keys);
     if (news.isEmpty() && !isOver)
         return;
     setAccessibleName(isOver ? heading_->text() : heading_->text() + u'\n' + news);

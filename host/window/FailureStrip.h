@@ -5,6 +5,8 @@
 
 #include <QFrame>
 #include <QTimer>
+#include <string>
+#include <vector>
 
 class QLabel;
 class QListWidget;
@@ -28,6 +30,8 @@ public:
 
     /// Returns the failures to show.
     std::function<std::vector<DriverFailure>()> failing;
+    /// Returns what has failed in the recording, one line each, shown below.
+    std::function<std::vector<std::string>()> recordingFailures;
     /// Called when the button is pressed.
     std::function<void()> tryAgain;
     /// Called after the strip has grown or appeared.
@@ -41,11 +45,18 @@ private:
 
     void makeLayout();
     void refresh();
-    void showLines(const std::vector<DriverFailure>& failures);
+    /// A line, and what it is about: the same failure has the same key later.
+    struct Line {
+        std::string key;
+        QString text;
+    };
+
+    [[nodiscard]] std::vector<Line> lines() const;
+    void showLines(const std::vector<Line>& lines);
     void showHeading(int count);
     void makeRoom(int lines);
     void settle();
-    void announce(const std::vector<DriverFailure>& failures);
+    void announce(const std::vector<Line>& lines);
     [[nodiscard]] QString lineOf(const DriverFailure& failure) const;
 
     Texts texts_;
@@ -55,7 +66,7 @@ private:
     QListWidget* list_;
     QPushButton* button_;
     QTimer idle_, quiet_;
-    std::vector<std::size_t> announced_; ///< drivers announced to screen readers
+    std::vector<std::string> announced_; ///< keys of the lines announced to screen readers
     int room_ = 0;                       ///< height of the list in lines
 };
 

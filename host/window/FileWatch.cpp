@@ -18,6 +18,8 @@ void FileWatch::watch(const std::string& file)
 {
     if (const QStringList watched = watcher_.files() + watcher_.directories(); !watched.isEmpty())
         watcher_.removePaths(watched);
+    if (file.empty())
+        return file_.clear();
     const QFileInfo info(toQt(file));
     file_ = info.absoluteFilePath();
     last_ = stamp();

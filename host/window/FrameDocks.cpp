@@ -64,6 +64,9 @@ void FrameDocks::joinInstruments()
 void FrameDocks::joinStrip()
 {
     failures_->failing = [this] { return watch_.health().failing(); };
+    failures_->recordingFailures = [this] {
+        return recordingFailures ? recordingFailures() : std::vector<std::string>();
+    };
     failures_->tryAgain = [this] { handOverAgain(); };
     failures_->grown = [this] {
         QWidget* const focused = failures_->window()->focusWidget();
@@ -118,9 +121,19 @@ void FrameDocks::rebuildBy(const std::function<void()>& rebuild)
         focused->setFocus();
 }
 
+bool FrameDocks::isLocked() const
+{
+    return locked && locked();
+}
+
+void FrameDocks::showRecordingFailures()
+{
+    failures_->refreshLater();
+}
+
 void FrameDocks::handOverAgain()
 {
-    if (page_.okToLeave())
+    if (!isLocked() && page_.okToLeave())
         history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
 }
 
@@ -128,7 +141,7 @@ bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, 
 {
     // Another set-up may have been opened while the page showed a message.
     const SimulatedDrivers shown = session_.drivers();
-    if (!page_.okToLeave() || session_.drivers() != shown)
+    if (isLocked() || !page_.okToLeave() || session_.drivers() != shown)
         return false;
     capture_.host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
     history_.edit([&] {

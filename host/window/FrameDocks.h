@@ -2,6 +2,7 @@
 
 #include "host/instruments/DriverWatch.h"
 #include "widgets/services/QtScreen.h"
+#include "widgets/support/Convert.h"
 
 class QMainWindow;
 class QWidget;
@@ -41,6 +42,13 @@ public:
     /// Calls `rebuild`, which makes the page read its instruments again. Restores the focus if it was in a dock.
     void rebuildBy(const std::function<void()>& rebuild);
 
+    /// Returns whether a recording is in progress, which the instruments are not disturbed in.
+    std::function<bool()> locked;
+    /// Returns what has failed in the recording, for the strip; see `showRecordingFailures`.
+    std::function<std::vector<std::string>()> recordingFailures;
+    /// Called when `recordingFailures` has changed.
+    void showRecordingFailures();
+
     /// Stops observing. Only `remove` and the destructor may be called afterwards.
     void stop();
     /// Deletes the docks that need the component's texts until they are deleted.
@@ -55,6 +63,8 @@ private:
     [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
     void faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails);
     void handOverAgain();
+    [[nodiscard]] bool isLocked() const;
+
     Texts texts_;
     PageHost& page_;
     SetupSession& session_;

@@ -25,7 +25,7 @@ QString draggedFile(const QDropEvent& event)
 
 FrameFiles::FrameFiles(QMainWindow& window, const UserActions& actions, FrameParts& parts, FrameMemory& memory)
     : window_(window), actions_(actions), parts_(parts), recent_(memory),
-      questions_(std::make_unique<BoxQuestions>(window, session_, parts.texts()))
+      questions_(std::make_unique<BoxQuestions>(window, session_, parts.texts(), parts.platform.locale))
 {
     session_.loaded = [this] { showLoaded(); };
     session_.titleChanged = [this] { showTitle(); };
@@ -104,10 +104,9 @@ void FrameFiles::saveAs()
 void FrameFiles::remember()
 {
     watch_.watch(session_.file());
-    if (!session_.isOpen())
-        return;
+    const std::string& file = isRecordingOpen && isRecordingOpen() ? session_.source() : session_.file();
     // The list of recent files can keep only names in UTF-8.
-    if (const QString name = toQt(session_.file()); fromQt(name) == session_.file())
+    if (const QString name = toQt(file); !file.empty() && fromQt(name) == file)
         recent_.add(name);
 }
 

@@ -32,6 +32,11 @@ FrameInstruments::FrameInstruments(QMainWindow& window, const UserActions& actio
     InstrumentEditing& editing = docks.instruments().editing();
     editing.edit = [this](const InstrumentChange& change) { return edit(change); };
     editing.add = [this] { add(); };
+    InstrumentDescribing& describing = docks.instruments().describing();
+    describing.describe = [this](const SimulatedDriver& driver, const InstrumentSettings& settings) {
+        return describe(driver, settings);
+    };
+    describing.isLocked = [this] { return history_.isLocked(); };
 }
 
 void FrameInstruments::joinPage()
@@ -83,7 +88,7 @@ bool FrameInstruments::describe(const SimulatedDriver& driver, const InstrumentS
     const SimulatedDrivers& drivers = session_.drivers();
     const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const auto& d) { return d.get() == &driver; });
     const auto index = static_cast<std::size_t>(found - drivers.begin());
-    return found != drivers.end() && edit([&](Setup& setup) { setup.instruments[index] = settings; });
+    return found != drivers.end() && edit([&](Setup& setup) { describeInstrument(setup, index, settings); });
 }
 
 void FrameInstruments::add()

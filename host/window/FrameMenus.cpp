@@ -6,6 +6,7 @@
 #include "host/window/FrameWindow.h"
 #include "host/window/HelpWindow.h"
 #include "host/window/InstrumentsView.h"
+#include "host/window/RecordingView.h"
 #include "host/window/Reports.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
@@ -15,6 +16,7 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QStyle>
+#include <QToolBar>
 #include <array>
 
 namespace ko {
@@ -79,6 +81,8 @@ void FrameWindow::makeFileMenu()
     addSetupEntry(menu, sheetText::menuEntry, {}, [this] { printing_.printSheet(); });
     addSetupEntry(menu, sheetText::previewEntry, {}, [this] { printing_.previewSheet(); });
     addSetupEntry(menu, sheetText::exportEntry, {}, [this] { printing_.exportSheet(files_.questions()); });
+    menu.addSeparator();
+    recording_.addEntries(menu);
     menu.addSeparator();
     menu.addAction(&capture_.action());
     menu.addSeparator();
@@ -149,10 +153,12 @@ void FrameWindow::makeEditMenu()
 void FrameWindow::makeViewMenu()
 {
     QMenu& menu = *menuBar()->addMenu(text(hostText::viewMenu));
-    QAction* readOnly = menu.addAction(text(hostText::readOnly));
-    readOnly->setCheckable(true);
-    onSignal(readOnly, &QAction::toggled, this, [this](bool on) {
+    readOnly_ = menu.addAction(text(hostText::readOnly));
+    readOnly_->setCheckable(true);
+    onSignal(&menu, &QMenu::aboutToShow, this, [this] { readOnly_->setEnabled(!recording_.isActive()); });
+    onSignal(readOnly_, &QAction::toggled, this, [this](bool on) {
         const UserActions::Action action(actions_);
+        isLockedForRecording_ = false;
         history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });
     });
     menu.addSeparator();
@@ -160,6 +166,8 @@ void FrameWindow::makeViewMenu()
     addDock(menu, docks_.log(), hostText::driverLog);
     addDock(menu, docks_.reports(), hostText::reportsEntry);
     addDock(menu, history_.dock(), textNumber::history::history);
+    addDock(menu, recording_.view(), textNumber::record::dock);
+    menu.addAction(recording_.toolBar().toggleViewAction());
 }
 
 void FrameWindow::addDock(QMenu& menu, QDockWidget& dock, int label)

@@ -1,10 +1,13 @@
 #include "host/window/FrameWindow.h"
 
 #include "host/support/HostTexts.h"
+#include "host/window/ChartPanel.h"
+#include "host/window/DockRoom.h"
 #include "host/window/DriverLog.h"
 #include "host/window/HintLine.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/Later.h"
+#include "host/window/RecordingView.h"
 #include "host/window/Reports.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
@@ -24,6 +27,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     joinFiles();
     joinHistory();
     joinSpace();
+    joinRecording();
     joinStart();
     joinAutosave();
     statusBar()->addWidget(&page_.hint(), 1);
@@ -39,6 +43,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
 FrameWindow::~FrameWindow()
 {
     capture_.stop();
+    recording_.close();
     docks_.stop();
     space_->stop();
     files_.changed = nullptr;
@@ -52,7 +57,7 @@ CaptureFrame FrameWindow::captureFrame()
 {
     CaptureFrame frame{*this, actions_, *parts_, session(), {}, {}, {}, {}};
     frame.document = [this]() -> Document& { return document(); };
-    frame.mayLeave = [this] { return page_.okToLeave(); };
+    frame.mayLeave = [this] { return recording_.mayLeave() && page_.okToLeave(); };
     frame.renewPage = [this] {
         history_.end();
         page_.renew();
@@ -81,7 +86,7 @@ void FrameWindow::joinHistory()
 /// A file that has changed on disk, and changes that are no steps, are read again.
 void FrameWindow::revertToSaved()
 {
-    if (!session().isOpen() || (!session().hasChangedOnDisk() && history_.revertToSaved()))
+    if (!session().isOpen() || recording_.isActive() || (!session().hasChangedOnDisk() && history_.revertToSaved()))
         return;
     Modal<PlainBox> box(QMessageBox::Question, text(hostText::product), text(textNumber::history::revertQuestion),
                         QString(), QMessageBox::Discard | QMessageBox::Cancel, this);
@@ -96,6 +101,45 @@ void FrameWindow::joinSpace()
     space_->figures = [this] { return document().page().figures; };
     space_->file = [this] { return session().file(); };
     files_.changed = [this] { space_->refreshLater(); };
+}
+
+void FrameWindow::joinRecording()
+{
+    session().setupInside = [this](const std::string& file) { return recording_.setupIn(file); };
+    session().mayReplace = [this] { return recording_.mayLeave(); };
+    files_.isRecordingOpen = [this] { return recording_.isOpened(); };
+    instruments().selectionChanged = [this] { chooseCharted(); };
+    docks_.locked = [this] { return recording_.isActive(); };
+    docks_.recordingFailures = [this] { return recording_.failures(); };
+    recording_.failed = [this] { docks_.showRecordingFailures(); };
+    recording_.setReadOnly = [this](bool on) {
+        history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });
+    };
+    recording_.reveal = [this] {
+        if (recording_.view().isHidden())
+            makeRoom(*this, recording_.view(), page().sizeHint());
+        recording_.view().show();
+        recording_.view().raise();
+    };
+}
+
+/// Without a selection the chart shows all channels.
+void FrameWindow::chooseCharted()
+{
+    recording_.chart().chart().choose([this](const ChartChannel& it) {
+        return instruments().isSelected(it.instrument, it.channel.group, it.channel.channel);
+    });
+}
+
+void FrameWindow::lockOpenedRecording()
+{
+    const bool isWanted = recording_.isOpened() && !readOnly_->isChecked();
+    if (!isWanted && (recording_.isOpened() || !std::exchange(isLockedForRecording_, false)))
+        return;
+    isLockedForRecording_ = isWanted;
+    const QSignalBlocker silent(readOnly_);
+    readOnly_->setChecked(isWanted);
+    page_.setReadOnly(isWanted);
 }
 
 void FrameWindow::joinStart()
@@ -126,9 +170,11 @@ void FrameWindow::showPageOrStart()
 
 void FrameWindow::handOver()
 {
+    lockOpenedRecording();
     docks_.show(session().drivers());
     page_.show(session().drivers());
     history_.begin();
+    recording_.showOpened();
     space_->refreshLater();
     showPageOrStart();
     if (session().hasSetup())

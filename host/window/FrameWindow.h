@@ -8,6 +8,7 @@
 #include "host/window/FrameInstruments.h"
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
+#include "host/window/FrameRecording.h"
 #include "host/window/PageHost.h"
 #include "host/window/SpaceGauge.h"
 #include "host/window/StartScreen.h"
@@ -40,6 +41,7 @@ public:
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
+    [[nodiscard]] FrameRecording& recording() { return recording_; }
     [[nodiscard]] FrameInstruments& instrumentList() { return list_; }
     [[nodiscard]] SpaceGauge& space() { return *space_; }
     [[nodiscard]] StartScreen& start() { return *start_; }
@@ -65,6 +67,11 @@ private:
     void joinHistory();
     void revertToSaved();
     void joinSpace();
+    void joinRecording();
+    /// Charts the channels that are selected in the instruments' dock.
+    void chooseCharted();
+    /// Makes the page read-only for the set-up of a recording, and editable for the next one.
+    void lockOpenedRecording();
     void joinStart();
     void joinAutosave();
     /// Shows the start screen instead of the page while no set-up is open.
@@ -101,6 +108,9 @@ private:
     PageHost page_{*this, actions_, parts_, capture_, files_};
     FrameHistory history_{*this, actions_, *parts_, page_, session(), capture_};
     FrameDocks docks_{*this, *parts_, page_, session(), capture_, history_};
+    FrameRecording recording_{*this, actions_, *parts_, page_, files_, capture_};
+    QAction* readOnly_ = nullptr;
+    bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
     FrameInstruments list_{*this, actions_, *parts_, page_, session(), history_, docks_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);

@@ -41,6 +41,7 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     fitColumns(*view_);
+    properties_ = new PropertiesAction(*view_, *model_, texts_, locale, describing_);
     makeActions();
     layDock(*this, *view_);
     static_cast<QBoxLayout*>(widget()->layout())
@@ -64,6 +65,8 @@ void InstrumentsView::makeActions()
     handOver_ = add(hostText::handOver, "handOver", QKeySequence(QKeySequence::Refresh));
     handOver_->setToolTip(plainTip(texts_(hostText::handOverHint)));
     onSignal(handOver_, &QAction::triggered, this, [this] { handOver ? handOver() : void(); });
+    onSignal(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+             [this] { selectionChanged ? selectionChanged() : void(); });
     onSignal(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
              [this](const QModelIndex& current) { faults_->setEnabled(current.isValid()); });
     onSignal(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
@@ -72,9 +75,26 @@ void InstrumentsView::makeActions()
 void InstrumentsView::show(const SimulatedDrivers& drivers)
 {
     delete faultDialog_;
+    properties_->follow(drivers);
     const TreeState state(*view_, *model_);
     model_->show(drivers);
     state.restore(*view_, *model_);
+}
+
+bool InstrumentsView::isSelected(std::size_t instrument, int group, int channel) const
+{
+    for (const QModelIndex& index : view_->selectionModel()->selectedRows()) {
+        const InstrumentRow& row = *model_->row(index);
+        const InstrumentRow* top = &row;
+        while (top->kind() != InstrumentRow::Kind::Instrument)
+            top = top->parent();
+        if (static_cast<std::size_t>(top->number()) != instrument)
+            continue;
+        if (row.kind() == InstrumentRow::Kind::Instrument || (row.group() == group && row.channel() == channel) ||
+            (row.kind() == InstrumentRow::Kind::Group && row.group() == group))
+            return true;
+    }
+    return false;
 }
 
 void InstrumentsView::select(std::size_t instrument)

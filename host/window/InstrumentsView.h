@@ -2,6 +2,7 @@
 
 #include "host/window/InstrumentActions.h"
 #include "host/window/InstrumentsModel.h"
+#include "host/window/PropertiesAction.h"
 
 #include <QDialog>
 #include <QDockWidget>
@@ -26,9 +27,14 @@ public:
 
     /// Selects an instrument.
     void select(std::size_t instrument);
+    /// Whether a channel is selected, by itself or by its group or instrument.
+    [[nodiscard]] bool isSelected(std::size_t instrument, int group, int channel) const;
+    /// Called when the selection has changed.
+    std::function<void()> selectionChanged;
 
     [[nodiscard]] InstrumentsModel& model() { return *model_; }
     /// Set by the window.
+    [[nodiscard]] InstrumentDescribing& describing() { return describing_; }
     [[nodiscard]] InstrumentEditing& editing() { return editing_; }
 
     /// Called after an operation has been set to fail or to work again. An empty operation means all operations.
@@ -43,6 +49,8 @@ private:
     Texts texts_;
     InstrumentsModel* model_;
     QTreeView* view_;
+    InstrumentDescribing describing_;
+    PropertiesAction* properties_ = nullptr;
     InstrumentEditing editing_;
     InstrumentActions* edits_ = nullptr;
     QAction* faults_ = nullptr;

@@ -1,14 +1,13 @@
 #include "host/window/SpaceGauge.h"
 
-#include "platform/NumberText.h"
+#include "host/window/Background.h"
+#include "host/window/SizeText.h"
 #include "support/TextNumbers.h"
 #include "widgets/support/Guarded.h"
-#include "widgets/support/PageTexts.h"
 #include "widgets/support/PlainText.h"
 
 #include <QAccessible>
 #include <QBoxLayout>
-#include <QStyle>
 #include <cmath>
 #include <filesystem>
 
@@ -17,12 +16,6 @@ namespace ko {
 namespace {
 
 namespace diskText = textNumber::disk;
-
-QPixmap warningSign(const QWidget& widget)
-{
-    const int size = widget.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &widget);
-    return widget.style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, &widget).pixmap(size, size);
-}
 
 /// Returns the bytes of both kinds of measurement; none if neither is known.
 std::optional<double> neededBytes(const Figures& figures)
@@ -63,10 +56,26 @@ void SpaceGauge::refresh()
 {
     timer_.start(period);
     const auto needed = neededBytes(figures());
-    const auto free = needed ? freeSpace(file()) : std::nullopt;
-    setVisible(free.has_value());
-    if (free)
-        show(sizeText(*needed), sizeText(*free), *needed <= *free);
+    if (!needed)
+        return hide();
+    if (isAsking_)
+        return;
+    isAsking_ = true;
+    inBackground(
+        *this, [freeSpace = freeSpace, file = file()] { return freeSpace(file); },
+        [this](std::optional<double> free) {
+            isAsking_ = false;
+            show(free);
+        });
+}
+
+/// The estimate may have changed since the question.
+void SpaceGauge::show(std::optional<double> free)
+{
+    const auto needed = isStopped_ ? std::nullopt : neededBytes(figures());
+    setVisible(needed && free);
+    if (needed && free)
+        show(sizeText(*needed, texts_, locale_), sizeText(*free, texts_, locale_), *needed <= *free);
 }
 
 void SpaceGauge::show(const QString& needed, const QString& free, bool fits)
@@ -80,19 +89,6 @@ void SpaceGauge::show(const QString& needed, const QString& free, bool fits)
     sign_->setPixmap(warningSign(*this));
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
-}
-
-/// Returns a size in the units of the page.
-QString SpaceGauge::sizeText(double bytes) const
-{
-    int text = pageText::bytes;
-    for (const int larger : {pageText::kilobytes, pageText::megabytes, pageText::gigabytes}) {
-        if (bytes <= 1024.0)
-            break;
-        bytes /= 1024.0;
-        text = larger;
-    }
-    return toQt(numberText(std::round(bytes * 100.0) / 100.0, locale_)) + texts_(text);
 }
 
 } // namespace ko

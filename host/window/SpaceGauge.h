@@ -27,25 +27,32 @@ public:
     std::function<Figures()> figures;
     /// Returns the set-up file; empty: the program's current folder is meant.
     std::function<std::string()> file;
+    /// Called on another thread, because a disk may not answer.
     std::function<std::optional<double>(const std::string& file)> freeSpace = freeSpaceBeside;
 
     /// Compares when the program is idle. Calls no instrument.
     void refreshLater() { timer_.start(0); }
     /// Stops comparing, for good.
-    void stop() { timer_.stop(); }
+    void stop()
+    {
+        isStopped_ = true;
+        timer_.stop();
+    }
 
 private:
     static constexpr int period = 5000; ///< milliseconds
 
     void refresh();
+    void show(std::optional<double> free);
     void show(const QString& needed, const QString& free, bool fits);
-    [[nodiscard]] QString sizeText(double bytes) const;
 
     Texts texts_;
     const Locale& locale_;
     QLabel* sign_;
     QLabel* text_;
     QTimer timer_;
+    bool isAsking_ = false; ///< the disk has not answered yet
+    bool isStopped_ = false;
 };
 
 } // namespace ko

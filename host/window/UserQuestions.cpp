@@ -12,8 +12,8 @@
 
 namespace ko {
 
-BoxQuestions::BoxQuestions(QWidget& window, const SetupSession& session, Texts texts)
-    : window_(window), session_(session), texts_(std::move(texts))
+BoxQuestions::BoxQuestions(QWidget& window, const SetupSession& session, Texts texts, const Locale& locale)
+    : window_(window), session_(session), texts_(std::move(texts)), locale_(locale)
 {
 }
 
@@ -33,7 +33,8 @@ Unsaved BoxQuestions::keepChanges()
 std::string BoxQuestions::fileToOpen()
 {
     const QString folder = QFileInfo(toQt(session_.file())).path();
-    Modal<QFileDialog> dialog(&window_, texts_(hostText::openTitle), folder, filter());
+    const QString all = QStringLiteral("%1 (*.json *.h5)").arg(texts_(textNumber::record::setupsAndRecordings));
+    Modal<QFileDialog> dialog(&window_, texts_(hostText::openTitle), folder, all + ";;" + filter());
     dialog->setFileMode(QFileDialog::ExistingFile);
     return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
 }
@@ -100,6 +101,26 @@ bool BoxQuestions::forget(const std::string& file)
     QPushButton* const remove = box->addButton(texts_(textNumber::recent::remove), QMessageBox::AcceptRole);
     box->setDefaultButton(remove);
     return box.answer() == remove;
+}
+
+PastStart BoxQuestions::pastStart(const QString& time, const QString& tomorrow)
+{
+    return askPastStart(window_, texts_, time, tomorrow);
+}
+
+std::string BoxQuestions::fileToRecord(const RecordOffer& offer)
+{
+    return askFileToRecord(window_, texts_, locale_, offer);
+}
+
+bool BoxQuestions::stopRecording()
+{
+    return askToStop(window_, texts_);
+}
+
+void BoxQuestions::tellNotRecorded(const std::string& reason)
+{
+    refuse(textNumber::record::title, textNumber::record::notBegun, reason);
 }
 
 Recovery BoxQuestions::restoreCopy(const std::string& setup, const QDateTime& time)

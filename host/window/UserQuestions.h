@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/setup/SetupSession.h"
+#include "host/window/RecordQuestions.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
@@ -21,6 +22,11 @@ public:
     virtual std::string fileForSheet() = 0;
     /// Returns whether to remove a recent file that cannot be found from the list.
     virtual bool forget(const std::string& file) = 0;
+    /// See `askPastStart`, `askFileToRecord` and `askToStop`.
+    virtual PastStart pastStart(const QString& time, const QString& tomorrow) = 0;
+    virtual std::string fileToRecord(const RecordOffer& offer) = 0;
+    virtual bool stopRecording() = 0;
+    virtual void tellNotRecorded(const std::string& reason) = 0;
     /// Asks whether to restore the unsaved changes to a set-up that were kept at this time.
     virtual Recovery restoreCopy(const std::string& setup, const QDateTime& time) = 0;
     /// Names a copy of unsaved changes that cannot be read, and the reason.
@@ -31,13 +37,17 @@ public:
 /// counts as cancelled.
 class BoxQuestions : public UserQuestions {
 public:
-    /// `window` and `session` must outlive this object.
-    BoxQuestions(QWidget& window, const SetupSession& session, Texts texts);
+    /// All references must outlive this object.
+    BoxQuestions(QWidget& window, const SetupSession& session, Texts texts, const Locale& locale);
 
     Unsaved keepChanges() override;
     std::string fileToOpen() override;
     std::string fileForSheet() override;
     bool forget(const std::string& file) override;
+    PastStart pastStart(const QString& time, const QString& tomorrow) override;
+    std::string fileToRecord(const RecordOffer& offer) override;
+    bool stopRecording() override;
+    void tellNotRecorded(const std::string& reason) override;
     Recovery restoreCopy(const std::string& setup, const QDateTime& time) override;
     void tellDamagedCopy(const std::string& file, const std::string& reason) override;
     std::string fileToSave() override;
@@ -55,6 +65,7 @@ private:
     QWidget& window_;
     const SetupSession& session_;
     Texts texts_;
+    const Locale& locale_;
 };
 
 } // namespace ko

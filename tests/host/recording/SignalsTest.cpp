@@ -1,5 +1,9 @@
 #include "Recorded.h"
 
+#include "host/recording/Monitor.h"
+#include "host/recording/RecordedSignals.h"
+#include "host/support/InputError.h"
+
 #include <cmath>
 #include <future>
 #include <random>
@@ -85,9 +89,9 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     const auto mark = [&](const std::string& text) {
         while (!running->progress().takesMarkers) {
         }
-        const std::size_t before = running->signals()->state().markers.size();
+        const std::size_t before = running->chart()->state().markers.size();
         EXPECT_TRUE(running->addMarker(text));
-        while (running->signals()->state().markers.size() == before) {
+        while (running->chart()->state().markers.size() == before) {
         }
     };
     std::promise<void> begun;
@@ -118,7 +122,8 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     };
     const Reading held(file);
     expectMarkers(held.markers());
-    const ChartState state = run.signals()->state();
+    expectMarkers(signalsIn(file)->state().markers);
+    const ChartState state = run.chart()->state();
     expectMarkers(state.markers);
     // 50 to 60, and 290 to 299.
     EXPECT_EQ(end.instruments[0].clipped, std::vector<std::int64_t>{11 + 10});
@@ -127,9 +132,84 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
     EXPECT_EQ(held.number("instrument-0/channel-0-0", "minimum"), 60.0);
     EXPECT_EQ(held.number("instrument-0/channel-0-0", "maximum"), 290.0);
     EXPECT_EQ(state.channels[0].latest, 299.0F);
-    EXPECT_NEAR(state.end(run.signals()->channels()), 0.3, 1e-9);
-    const auto extents = run.signals()->extents(0, {.first = 0, .width = 50, .count = 7});
+    EXPECT_NEAR(state.end(run.chart()->channels()), 0.3, 1e-9);
+    const auto extents = run.chart()->extents(0, {.first = 0, .width = 50, .count = 7});
     EXPECT_EQ(extents, (std::vector<Extent>{{}, {50, 99}, {100, 149}, {}, {200, 249}, {250, 299}, {}}));
+}
+
+TEST(SignalsTest, AFileIsShownAsTheRecordingWasAndAsFinelyAsItIsAskedFor)
+{
+    const Folder folder;
+    const std::string file = folder.file("out.h5");
+    const std::string noise = R"(, "range": [-1.1, 1.1], "name": "Noise", "signal": {"noise": 0.1})";
+    const Instruments instruments =
+        instrumentsOf(instrument(R"("samplePeriod": {"value": 0.00001}, "duration": 12)", "", noise.c_str()) + "," +
+                      instrument(R"("startTime": 0, "samplePeriod": {"value": 0.1})"));
+    RecordingRun run(instruments, armed(instruments), into(file));
+    run.wait();
+    const auto shown = signalsIn(file);
+    const auto live = run.chart();
+    ASSERT_EQ(shown->channels().size(), 2U);
+    for (std::size_t i = 0; i < 2; ++i) {
+        const ChartChannel& was = live->channels()[i];
+        const ChartChannel& is = shown->channels()[i];
+        EXPECT_EQ(is.channel, was.channel);
+        EXPECT_EQ(std::tuple(is.instrument, is.instrumentName, is.period),
+                  std::tuple(was.instrument, was.instrumentName, was.period));
+    }
+    const auto read = [&](std::size_t channel, const SampleSpan& span) {
+        shown->extents(channel, span);
+        while (shown->isGrowing()) {
+        }
+        return shown->extents(channel, span);
+    };
+    const auto samples = Reading(file).samples("instrument-0/channel-0-0");
+    for (const SampleSpan& span : {SampleSpan{0, 1024, 1200}, {700000.0, 1, 900}, {1199990.0, 1.5, 20}, {-3, 2, 1000}})
+        EXPECT_EQ(read(0, span), extentsOf(samples, span)) << span.first;
+    EXPECT_EQ(read(1, {0, 1, 100}), live->extents(1, {0, 1, 100}));
+    const ChartState was = live->state();
+    const ChartState is = shown->state();
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(is.channels[i].samples, was.channels[i].samples);
+        EXPECT_EQ(is.channels[i].clipped, was.channels[i].clipped);
+        EXPECT_EQ(is.channels[i].latest, was.channels[i].latest);
+    }
+    EXPECT_GT(is.channels[0].clipped, 0);
+    EXPECT_THROW(signalsIn(folder.file("none.h5")), InputError);
+}
+
+TEST(MonitorTest, ShowsWhatAllInstrumentsMeasureUntilItIsStoppedAndOneThatFailsStopsNoOther)
+{
+    std::promise<void> shown;
+    const auto delivers = [&](BlockSink& sink) {
+        sink.deliver(numbers(0, 100));
+        sink.deliver(numbers(150, 50));
+        shown.get_future().wait();
+        sink.ended(200, "the cable is unplugged");
+    };
+    // A start on trigger, which no instrument can send, does not matter; nor does the end of the schedule.
+    const std::string schedule = R"("startMode": 2, "duration": 0.001, "samplePeriod": {"value": 0.001})";
+    Instruments instruments = instrumentsOf("{\"name\": \"Bare\"}," + instrument(schedule));
+    instruments.push_back(std::make_shared<Scripted>(counter(1), delivers));
+    instruments.push_back(std::make_shared<Scripted>(counter(1), nullptr));
+    Monitor monitor(instruments);
+    const auto samples = [&](std::size_t channel) { return monitor.chart()->state().channels[channel].samples; };
+    while (samples(0) < 300 || samples(1) < 200)
+        EXPECT_FALSE(monitor.isOver());
+    EXPECT_EQ(monitor.chart()->extents(1, {.first = 0, .width = 50, .count = 4}),
+              (std::vector<Extent>{{0, 49}, {50, 99}, {}, {150, 199}}));
+    EXPECT_EQ(monitor.chart()->channels()[1].instrument, 2U);
+    shown.set_value();
+    while (monitor.failures().size() < 2) {
+    }
+    EXPECT_FALSE(monitor.isOver());
+    monitor.stop();
+    EXPECT_TRUE(monitor.waitFor(std::chrono::hours(1)));
+    EXPECT_EQ(monitor.failures(),
+              (std::vector<std::string>{"Counter: is switched off", "Counter: the cable is unplugged"}));
+    EXPECT_GE(samples(0), 300);
+    EXPECT_NO_THROW(instruments[1]->acquisition()->arm());
+    EXPECT_THROW(Monitor{instrumentsOf("{\"name\": \"Bare\"}")}, RecordingRefusal);
 }
 
 } // namespace

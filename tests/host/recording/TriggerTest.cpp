@@ -1,5 +1,7 @@
 #include "Recorded.h"
 
+#include "host/recording/RecordedSignals.h"
+
 #include <cmath>
 
 namespace ko {
@@ -52,7 +54,8 @@ TEST(TriggerTest, TheTriggerSampleIsWhereTheFormulaSaysForAnyBlockSize)
             const auto instruments =
                 instrumentsOf(wired(blockSize, parameter("level", c.level) + "," + parameter("slope", c.slope) + "," +
                                                    parameter("pretrigger", std::to_string(c.pretrigger))));
-            const RecordingProgress end = recorded(instruments, into(file));
+            const RecordingRun run(instruments, armed(instruments), into(file));
+            const RecordingProgress end = run.wait();
             ASSERT_EQ(end.state, RunState::Done) << testing::PrintToString(end.failures);
             const Reading held(file);
             const auto samples = held.samples("instrument-0/channel-0-0");
@@ -63,6 +66,8 @@ TEST(TriggerTest, TheTriggerSampleIsWhereTheFormulaSaysForAnyBlockSize)
             // The start is that of the instrument which has begun when it was armed.
             EXPECT_EQ(held.text("/", "start").substr(0, 26), "2026-11-21T09:30:00.000000");
             const auto time = static_cast<double>(c.trigger) * 0.001;
+            for (const auto& shown : {run.chart(), signalsIn(file)})
+                EXPECT_NEAR(shown->state().trigger.value_or(-1.0), time, 1e-9);
             EXPECT_NEAR(held.number("instrument-0", "start_offset"), static_cast<double>(first) * 0.001, 1e-12);
             EXPECT_NEAR(held.number("instrument-1", "start_offset"), std::ceil(time / 0.004 - 1e-9) * 0.004, 1e-12);
             EXPECT_NEAR(held.number("instrument-2", "start_offset"), std::ceil(time / 0.1 - 1e-9) * 0.1, 1e-12);

@@ -40,6 +40,20 @@ const char* const bench = R"({"drivers": [
   {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2, "scanPeriod": {"value": 0.1, "range": [0.01, 10]}},
    "triggerLines": {"scanMasterRank": 5}, "groups": [{"name": "Slow", "channels": [{"address": "1:1"}]}]}]})";
 
+/// Boxes and dialogs, but no recordings: one that is still in progress is not replayed as such.
+class Questions : public BoxQuestions {
+public:
+    explicit Questions(FrameWindow& window)
+        : BoxQuestions(
+              window, window.session(), [&window](int number) { return window.text(number); }, usual)
+    {
+    }
+    std::string fileToRecord(const RecordOffer&) override { return {}; }
+
+private:
+    inline static const Locale usual;
+};
+
 /// A session that is captured in the host's window and then replayed without a window.
 class CaptureTest : public testing::Test {
 protected:
@@ -49,6 +63,7 @@ protected:
     void SetUp() override
     {
         write("bench.json", bench);
+        window.files().setQuestions(std::make_unique<Questions>(window));
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));

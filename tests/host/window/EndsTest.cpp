@@ -225,6 +225,22 @@ const Opening openings[] = {
          dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
          dock.findChild<QAction*>("faults")->trigger();
      }},
+    {"Properties",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
+         dock.findChild<QAction*>("properties")->trigger();
+     }},
+    {"PropertiesTaken",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
+         dock.findChild<QAction*>("properties")->trigger();
+         auto* const dialog = dock.findChild<QDialog*>();
+         dialog->findChild<QLineEdit*>("name")->setText("Other");
+         desk.mistype();
+         QTest::keyClick(dialog, Qt::Key_Return);
+     }},
 };
 
 /// An action of the host while it is open.

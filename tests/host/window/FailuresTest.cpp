@@ -39,6 +39,10 @@ public:
     bool reload() override { getStuck(); }
     void tellNotSaved(const std::string&) override { getStuck(); }
     void tellNotOpened(const std::string&) override { getStuck(); }
+    PastStart pastStart(const QString&, const QString&) override { getStuck(); }
+    std::string fileToRecord(const RecordOffer&) override { getStuck(); }
+    bool stopRecording() override { getStuck(); }
+    void tellNotRecorded(const std::string&) override { getStuck(); }
 };
 
 /// A widget that throws in one kind of event.

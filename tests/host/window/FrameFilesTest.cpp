@@ -111,17 +111,17 @@ TEST_F(FrameFilesTest, AFileThatAnotherProgramChangesIsReloadedHoweverItIsReplac
             EXPECT_FALSE(window.isWindowModified());
             ++name;
         }
-    EXPECT_EQ(user.offered, 6);
+    EXPECT_EQ(user.reloads, 6);
     // The reload waits while a message box is open.
     QMessageBox box(&window);
     box.open();
     ways[0](content('X'));
     for (int i = 0; i < 9; ++i)
         QCoreApplication::processEvents();
-    EXPECT_EQ(user.offered, 6);
+    EXPECT_EQ(user.reloads, 6);
     box.close();
     activate();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return user.offered == 7; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return user.reloads == 7; }));
 }
 
 TEST_F(FrameFilesTest, AFileThatIsOpenIsNotWrittenAsSomethingElse)
@@ -243,7 +243,9 @@ TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
 {
     window.open(bench);
     show();
-    BoxQuestions boxes(window, window.session(), [this](int number) { return window.text(number); });
+    const Locale locale;
+    BoxQuestions boxes(
+        window, window.session(), [this](int number) { return window.text(number); }, locale);
     for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
                                          {QMessageBox::Discard, Unsaved::Discard},
                                          {QMessageBox::Cancel, Unsaved::Cancel}}) {

@@ -23,12 +23,17 @@ struct Decided {
     int asked = 0; ///< number of questions about unsaved changes
     Conflict conflict = Conflict::Cancel;
     bool reload = false;
-    int offered = 0; ///< number of offers to reload the file
+    int reloads = 0; ///< number of offers to reload the file
     std::string open, saveAs, sheet;
     bool forget = false;
     Recovery recovery = Recovery::Later;
     std::string offeredCopy;
     std::string told;
+    std::string record; ///< the file to record; empty: cancels
+    RecordOffer offered;
+    PastStart pastStart = PastStart::Cancel;
+    bool stops = false;
+    int askedToStop = 0;
 };
 
 class DecidedQuestions : public UserQuestions {
@@ -57,9 +62,25 @@ public:
     Conflict settleConflict() override { return user_.conflict; }
     bool reload() override
     {
-        ++user_.offered;
+        ++user_.reloads;
         return user_.reload;
     }
+    PastStart pastStart(const QString& time, const QString& tomorrow) override
+    {
+        user_.told = fromQt(time + u'|' + tomorrow);
+        return user_.pastStart;
+    }
+    std::string fileToRecord(const RecordOffer& offer) override
+    {
+        user_.offered = offer;
+        return user_.record;
+    }
+    bool stopRecording() override
+    {
+        ++user_.askedToStop;
+        return user_.stops;
+    }
+    void tellNotRecorded(const std::string& reason) override { user_.told = reason; }
     void tellNotSaved(const std::string& reason) override { user_.told = reason; }
     void tellNotOpened(const std::string& reason) override { user_.told = reason; }
 

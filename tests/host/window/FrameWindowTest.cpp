@@ -221,25 +221,24 @@ TEST_F(FrameWindowTest, TheSpaceOnTheDiskIsComparedWithTheNeedAndAWarningIsShown
         asked = of;
         return free;
     };
-    const auto shown = [&] {
-        QTest::qWait(1);
-        return window.space().isVisible() ? window.space().accessibleName().toStdString() : std::string();
-    };
-    const auto later = [&] {
-        window.space().refreshLater();
-        return shown();
+    const auto shows = [&](const char* text) {
+        return QTest::qWaitFor([&] {
+            return (window.space().isVisible() ? window.space().accessibleName().toStdString() : std::string()) == text;
+        });
     };
     show();
-    EXPECT_EQ(later(), "") << "no set-up";
+    EXPECT_TRUE(shows("")) << "no set-up";
     window.open(demo);
-    EXPECT_EQ(shown(), "Disk space: 10.31 MB needed, 19.07 MB free");
+    EXPECT_TRUE(shows("Disk space: 10.31 MB needed, 19.07 MB free"));
     EXPECT_EQ(asked, demo);
     enterDuration("300");
-    EXPECT_EQ(shown(), "The recording does not fit on the disk of the set-up: 103.02 MB needed, 19.07 MB free.");
+    EXPECT_TRUE(shows("The recording does not fit on the disk of the set-up: 103.02 MB needed, 19.07 MB free."));
     free = 20e9;
-    EXPECT_EQ(later(), "Disk space: 103.02 MB needed, 18.63 GB free");
+    window.space().refreshLater();
+    EXPECT_TRUE(shows("Disk space: 103.02 MB needed, 18.63 GB free"));
     free.reset();
-    EXPECT_EQ(later(), "");
+    window.space().refreshLater();
+    EXPECT_TRUE(shows(""));
     EXPECT_TRUE(freeSpaceBeside(demo));
     EXPECT_FALSE(freeSpaceBeside("/nowhere/a.json"));
 }

@@ -123,7 +123,9 @@ TEST_F(HostileTextsTest, EveryViewTipAndDialogShowsTheTextsOfFilesAndDriversLett
     expectShownBy("trigger lines", [&] { page().mnuTimebaseTriggerLines.userClicked(); });
     expectShownBy("message",
                   [&] { window.services().messageBox.show(hostile.toStdString(), "x", messageStyle::plain); });
-    BoxQuestions boxes(window, window.session(), [this](int number) { return window.text(number); });
+    const Locale locale;
+    BoxQuestions boxes(
+        window, window.session(), [this](int number) { return window.text(number); }, locale);
     expectShownBy("refusal", [&] { boxes.tellNotOpened(hostile.toStdString()); });
     auto* tree = window.instruments().findChild<QAbstractItemView*>();
     tree->setCurrentIndex(tree->model()->index(0, 0));

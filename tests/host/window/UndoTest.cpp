@@ -1,6 +1,7 @@
 #include "FrameTest.h"
 #include "RandomUser.h"
 #include "host/setup/SetupWriter.h"
+#include "host/window/InstrumentsView.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -180,7 +181,7 @@ TEST_F(UndoTest, ARandomUserComesBackToTheStart)
         const std::string opened = held();
         const SimulatedDrivers drivers = window.session().drivers();
         RandomUser hands(window, seed);
-        for (int i = 0; i < 80; ++i)
+        for (int i = 0; i < 120; ++i)
             hands.act();
         window.document().mode().setReadOnly(false);
         window.history().edit([] {});

@@ -1,0 +1,62 @@
+#include "host/window/RecordStart.h"
+
+#include "host/recording/Moments.h"
+#include "host/setup/SetupSession.h"
+#include "host/window/FrameParts.h"
+#include "host/window/UserQuestions.h"
+#include "platform/DateTimes.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <cmath>
+
+namespace ko {
+
+namespace {
+
+/// Text as a part of a file's name on every system.
+QString asFileName(QString text)
+{
+    static const QRegularExpression reserved(QStringLiteral("[/\\\\:*?\"<>|\\p{C}]"));
+    constexpr int atMost = 80;
+    return text.replace(reserved, QStringLiteral("-")).trimmed().left(atMost);
+}
+
+} // namespace
+
+std::string suggestedFile(const SetupSession& session, DateTime now)
+{
+    const DateParts parts = dateParts(now);
+    const QString date =
+        QDateTime(QDate(parts.year, parts.month, parts.day), QTime(parts.hour, parts.minute, parts.second))
+            .toString(QStringLiteral("yyyy-MM-dd HHmmss"));
+    QString title = asFileName(toQt(session.title()));
+    if (title.isEmpty())
+        title = QFileInfo(toQt(session.name())).completeBaseName();
+    const QString folder = session.isOpen() ? QFileInfo(toQt(session.file())).absolutePath()
+                                            : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString name = QStringLiteral("%1/%2 %3").arg(folder, title, date).trimmed();
+    QString file = name + QStringLiteral(".h5");
+    for (int number = 2; QFileInfo::exists(file); ++number)
+        file = QStringLiteral("%1 (%2).h5").arg(name, QString::number(number));
+    return fromQt(file);
+}
+
+bool chooseStart(RecordingPlan& plan, const SetupSession& session, UserQuestions& questions, FrameParts& parts)
+{
+    if (plan.startMode != startMode::atTime || nextMoment(plan.startTime, momentNow(session.clock())))
+        return true;
+    const Locale& locale = parts.platform.locale;
+    const double today = std::floor(parts.services.clock.now().days);
+    const DateTime tomorrow{today + 1.0 + (plan.startTime.days - std::floor(plan.startTime.days))};
+    switch (questions.pastStart(toQt(generalDate(plan.startTime, locale)), toQt(generalDate(tomorrow, locale)))) {
+    case PastStart::Now: plan.startMode = startMode::immediately; return true;
+    case PastStart::Tomorrow: plan.startTime = tomorrow; return true;
+    case PastStart::Cancel: break;
+    }
+    return false;
+}
+
+} // namespace ko

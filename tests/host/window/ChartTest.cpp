@@ -1,0 +1,234 @@
+#include "host/window/ChartPanel.h"
+#include "host/window/FrameParts.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QScrollBar>
+#include <QTest>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace ko::test {
+namespace {
+
+/// Sines of any rate, without a memory of their own.
+class Sines final : public ChartSource {
+public:
+    Sines(std::size_t count, double period, std::int64_t samples)
+    {
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::string number = std::to_string(i);
+            const ArmedChannel channel{0, static_cast<int>(i), "1:" + number, "Signal " + number, "V", {-0.5, 2}};
+            described.push_back({0, "Digitizer", channel, period});
+            now.channels.push_back({0.0, samples, static_cast<std::int64_t>(i) * 7, 0.25F});
+        }
+    }
+
+    [[nodiscard]] const std::vector<ChartChannel>& channels() const override { return described; }
+    [[nodiscard]] ChartState state() const override
+    {
+        ++frames;
+        return now;
+    }
+    [[nodiscard]] std::vector<Extent> extents(std::size_t channel, const SampleSpan& span) const override
+    {
+        asked += span.count;
+        std::vector<Extent> parts(span.count);
+        for (std::size_t i = 0; i < span.count; ++i) {
+            const double sample = span.first + static_cast<double>(i) * span.width;
+            if (sample < 0.0 || sample >= static_cast<double>(now.channels[channel].samples) || isLost(sample))
+                continue;
+            const double time = sample * described[channel].period;
+            const auto value = static_cast<float>(std::max(-0.5, std::sin(time * static_cast<double>(channel + 1))));
+            parts[i] = {value, value + (span.width > 1.0 ? 0.1F : 0.0F)};
+        }
+        return parts;
+    }
+
+    std::vector<ChartChannel> described;
+    ChartState now;
+    std::function<bool(double sample)> isLost = [](double) { return false; };
+    mutable std::size_t asked = 0;
+    mutable int frames = 0;
+};
+
+class ChartTest : public testing::Test {
+protected:
+    QMainWindow window;
+    FrameParts parts{window, ""};
+    ChartPanel* panel = new ChartPanel(parts.texts(), parts.platform.locale, &window);
+    StripChart& chart = panel->chart();
+
+    ChartTest()
+    {
+        window.setCentralWidget(panel);
+        window.resize(900, 500);
+        window.show();
+    }
+};
+
+TEST(ChartTimeTest, WhateverIsZoomedAndScrolledTheViewIsWithinTheTimeAndItsMiddleStays)
+{
+    std::mt19937 random(3);
+    for (const double end : {0.0, 1e-4, 3.0, 12.345, 86400.0}) {
+        ChartTime time;
+        for (int i = 0; i < 2000; ++i) {
+            const double before = time.span(end);
+            const auto from = [&] { return time.view(end, 1000000).from; };
+            const double middle = from() + before / 2.0;
+            switch (random() % 6) {
+            case 0: time.follow(10.0); break;
+            case 1: time.showAll(); break;
+            case 2: time.followEnd(); break;
+            case 3: time.scroll(static_cast<int>(random() % 1001), end); break;
+            case 4: {
+                time.zoom(true, end);
+                EXPECT_TRUE(time.span(end) < before || before <= 2 * ChartTime::shortest) << before;
+                const bool isClamped = from() <= 0.0 || from() + time.span(end) >= end * (1 - 1e-6);
+                EXPECT_TRUE(isClamped || std::abs(from() + time.span(end) / 2.0 - middle) < 2e-6 * before) << before;
+                break;
+            }
+            default: time.zoom(false, end); EXPECT_TRUE(time.span(end) > before || time.span(end) >= end);
+            }
+            const double last = from() + time.span(end);
+            ASSERT_TRUE(from() >= 0.0 && last <= std::max(end, time.span(end)) * (1 + 1e-9)) << from() << " " << last;
+            const auto place = time.place(end);
+            EXPECT_EQ(place.has_value(), time.span(end) < end);
+            EXPECT_TRUE(!place || (*place >= 0 && *place <= ChartTime::scrollSteps));
+        }
+    }
+    ChartScale scale{0.0, 0.0};
+    for (int i = 0; i < 2000; ++i) {
+        const double size = std::pow(10.0, static_cast<double>(random() % 12) - 6.0);
+        const double low = static_cast<double>(random() % 2000) * size - 1000.0 * size;
+        const double high = low + static_cast<double>(random() % 100) * size;
+        scale = scale.fitted(low, high);
+        ASSERT_TRUE(scale.low <= low && scale.high >= high && scale.high > scale.low) << low << " " << high;
+        const ChartScale kept = scale.fitted(low, high);
+        ASSERT_TRUE(high == low || (kept.low == scale.low && kept.high == scale.high)) << low << " " << high;
+    }
+}
+
+TEST_F(ChartTest, AFrameCostsTheSameAtAnyRateAndIsPaintedOnlyWhileItIsSeen)
+{
+    std::vector<std::size_t> costs;
+    for (const double period : {1e-3, 1e-6}) {
+        const auto source = std::make_shared<Sines>(4, period, static_cast<std::int64_t>(60.0 / period));
+        chart.show(source, true);
+        QApplication::processEvents();
+        source->asked = 0;
+        chart.viewport()->repaint();
+        costs.push_back(source->asked);
+    }
+    EXPECT_EQ(costs[0], costs[1]);
+    EXPECT_GT(costs[0], 1000U);
+    EXPECT_LT(costs[0], 4U * 900U * 3U);
+
+    const auto source = std::make_shared<Sines>(1, 1e-3, 1000);
+    const auto isFollowed = [&] {
+        const int before = source->frames;
+        return QTest::qWaitFor([&] { return source->frames > before + 1; });
+    };
+    const auto isLeftAlone = [&] {
+        const int before = source->frames;
+        QTest::qWait(200);
+        return source->frames == before;
+    };
+    chart.show(source, true);
+    EXPECT_TRUE(isFollowed());
+    panel->hide();
+    EXPECT_TRUE(isLeftAlone());
+    panel->show();
+    EXPECT_TRUE(isFollowed());
+    chart.setEnded();
+    EXPECT_TRUE(isLeftAlone());
+}
+
+TEST_F(ChartTest, EachChannelIsDrawnWithItsGapsMarksAndWords)
+{
+    const auto source = std::make_shared<Sines>(3, 1e-3, 10000);
+    source->isLost = [](double sample) { return sample >= 4000 && sample < 6000; };
+    chart.show(source, false);
+    const auto shown = [&] {
+        QApplication::processEvents();
+        return chart.viewport()->grab().toImage();
+    };
+    const QImage plain = shown();
+    const ChartLayout layout(*chart.viewport(), 3);
+    const auto at = [&](double seconds) {
+        const double place = layout.plots().left() + layout.plots().width() * seconds / 10.0;
+        return static_cast<int>(place * chart.devicePixelRatioF());
+    };
+    const auto columnOf = [&](const QImage& image, double seconds) {
+        return image.copy(at(seconds) - 4, at(0) / 20, 9, image.height() * 3 / 4);
+    };
+    const auto inks = [&](const QImage& image, double seconds, QPalette::ColorRole role) {
+        const QImage part = columnOf(image, seconds).convertToFormat(QImage::Format_RGB32);
+        int count = 0;
+        for (int y = 0; y < part.height(); ++y)
+            for (int x = 0; x < part.width(); ++x)
+                count += part.pixel(x, y) == chart.palette().color(role).rgb();
+        return count;
+    };
+    EXPECT_GT(inks(plain, 2.5, QPalette::Highlight), 20);
+    EXPECT_EQ(inks(plain, 5.0, QPalette::Highlight), 0) << "lost samples";
+    EXPECT_GT(inks(plain, 5.0, QPalette::Mid), 20) << "their hatching";
+    source->now.trigger = 2.5;
+    source->now.markers = {{7.5, "door"}};
+    chart.showAll();
+    const QImage marked = shown();
+    for (const double seconds : {2.5, 7.5})
+        EXPECT_GT(inks(marked, seconds, QPalette::Text), inks(plain, seconds, QPalette::Text) + 50);
+
+    auto* const spoken = QAccessible::queryAccessibleInterface(&chart);
+    EXPECT_EQ(spoken->role(), QAccessible::Chart);
+    EXPECT_EQ(spoken->text(QAccessible::Name), "Signals");
+    EXPECT_EQ(spoken->text(QAccessible::Value),
+              "Signal 0: 0.25 V; Signal 1: 0.25 V, 7 clipped; Signal 2: 0.25 V, 14 clipped");
+    chart.choose([](const ChartChannel& it) { return it.channel.channel == 1; });
+    EXPECT_EQ(chart.latestValues(), "Signal 1: 0.25 V, 7 clipped");
+    chart.choose([](const ChartChannel&) { return false; });
+    EXPECT_EQ(chart.latestValues().count(';'), 2);
+    chart.show(nullptr, false);
+    EXPECT_EQ(shown().size(), plain.size());
+    EXPECT_EQ(spoken->text(QAccessible::Value), parts.text(chartText::nothing));
+}
+
+TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
+{
+    std::vector<std::string> marks;
+    panel->addMarker = [&](const std::string& text) {
+        marks.push_back(text);
+        return true;
+    };
+    auto& text = *panel->findChild<QLineEdit*>("markerText");
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    chart.setFocus();
+    QTest::keyClick(&chart, Qt::Key_M);
+    EXPECT_TRUE(marks.empty()) << "nothing is being recorded";
+    panel->setMarking(true);
+    QTest::keyClick(&chart, Qt::Key_M);
+    text.setFocus();
+    QTest::keyClicks(&text, "Mm");
+    QTest::keyClick(&text, Qt::Key_Return);
+    EXPECT_EQ(marks, (std::vector<std::string>{"", "Mm"}));
+    EXPECT_EQ(text.text(), "");
+    chart.show(std::make_shared<Sines>(1, 1e-3, 60000), false);
+    chart.setFocus();
+    EXPECT_EQ(chart.horizontalScrollBar()->maximum(), 0);
+    QTest::keyClick(&chart, Qt::Key_Plus);
+    const int middle = chart.horizontalScrollBar()->value();
+    EXPECT_GT(middle, 0);
+    QTest::keyClick(&chart, Qt::Key_Left);
+    EXPECT_LT(chart.horizontalScrollBar()->value(), middle);
+    QTest::keyClick(&chart, Qt::Key_End);
+    EXPECT_EQ(chart.horizontalScrollBar()->value(), chart.horizontalScrollBar()->maximum());
+    QTest::keyClick(&chart, Qt::Key_Home);
+    EXPECT_EQ(chart.horizontalScrollBar()->maximum(), 0);
+}
+
+} // namespace
+} // namespace ko::test

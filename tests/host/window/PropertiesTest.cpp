@@ -1,0 +1,207 @@
+#include "FrameTest.h"
+#include "host/setup/SetupSaving.h"
+#include "host/setup/SetupWriter.h"
+#include "host/window/InstrumentsView.h"
+#include "host/window/PropertiesDialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace ko::test {
+namespace {
+
+const char* const propertiesBench = R"({"drivers": [
+  {"name": "Digitizer", "triggerLines": {"startMasterRank": 5},
+   "timebase": {"samplePeriod": {"value": 0.0003, "choices": [0.0003, 0.001, 0.30000000000000004]}},
+   "groups": [{"name": "Inputs", "channels": [{"address": "0:1", "name": "Crank"}, {"address": "0:2",
+     "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1.5}]}]}]},
+  {"name": "Scanner", "samplingMode": 2, "timebase": {}}]})";
+
+class PropertiesTest : public FrameTest {
+protected:
+    QTreeView& tree = *window.instruments().findChild<QTreeView*>();
+
+    void SetUp() override
+    {
+        window.open(file("bench.json", propertiesBench));
+        action(hostText::viewMenu, hostText::instruments).trigger();
+        show();
+    }
+    [[nodiscard]] std::string held() { return setupText(withPresentValues({}, window.session().drivers())); }
+    SimulatedDriver& driver(std::size_t instrument) { return *window.session().drivers().at(instrument); }
+    /// Opens the dialog of an instrument by keys.
+    PropertiesDialog& open(int instrument)
+    {
+        tree.setFocus();
+        tree.setCurrentIndex(tree.model()->index(instrument, 0));
+        QTest::keyClick(&tree, Qt::Key_Return, Qt::AltModifier);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto* const dialog = window.findChild<PropertiesDialog*>();
+        if (!dialog)
+            throw std::out_of_range("no dialog");
+        return *dialog;
+    }
+    /// Returns a box of a dialog by its member in set-up files.
+    template <class Widget = QLineEdit> static Widget& box(PropertiesDialog& dialog, const char* name)
+    {
+        auto* const found = dialog.findChild<Widget*>(QLatin1String(name));
+        if (!found)
+            throw std::out_of_range(name);
+        return *found;
+    }
+    static void type(QLineEdit& box, const char* text)
+    {
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, QLatin1String(text));
+    }
+    void undo()
+    {
+        activate();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    }
+    static void press(QDialog& dialog, Qt::Key key) { QTest::keyClick(&dialog, key); }
+};
+
+TEST_F(PropertiesTest, OkWithoutAnEditAndEscapeAfterManyChangeNothing)
+{
+    const std::string before = held();
+    for (const int instrument : {0, 1}) {
+        PropertiesDialog& untouched = open(instrument);
+        untouched.findChild<QTabWidget*>()->setCurrentIndex(2);
+        press(untouched, Qt::Key_Return);
+        EXPECT_FALSE(untouched.isVisible());
+    }
+    PropertiesDialog& dialog = open(0);
+    type(box(dialog, "timebase.samplePeriod.choices"), "1;2;3");
+    type(box(dialog, "name"), "Other");
+    press(dialog, Qt::Key_Escape);
+    EXPECT_EQ(held(), before);
+    EXPECT_TRUE(window.history().steps().steps().empty());
+    EXPECT_FALSE(window.isWindowModified());
+}
+
+TEST_F(PropertiesTest, OneStepTakesWhatWasEditedAndThePageFollows)
+{
+    const std::string before = held();
+    PropertiesDialog& dialog = open(0);
+    QLineEdit& rates = box(dialog, "timebase.samplePeriod.choices");
+    EXPECT_EQ(rates.text(), "3.33333333333333; 1000; 3333.33333333333");
+    type(rates, "3.33333333333333; 500; 3333.33333333333");
+    dialog.findChild<QTabWidget*>()->setCurrentIndex(2);
+    box<QListWidget>(dialog, "channels").setCurrentRow(1);
+    type(box(dialog, "signal.frequency"), "12.5");
+    box<QPushButton>(dialog, "addParameter").click();
+    QTest::keyClicks(dialog.focusWidget(), "Hold-off");
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    press(dialog, Qt::Key_Return);
+    const InstrumentSettings changed = window.session().drivers()[0]->held();
+    EXPECT_EQ(changed.timebase->samplePeriod.choices, (std::vector<double>{0.0003, 0.002, 0.30000000000000004}));
+    EXPECT_EQ(changed.groups[0].channels[1].signal->frequency, 12.5);
+    EXPECT_FALSE(changed.groups[0].channels[0].signal);
+    EXPECT_EQ(changed.groups[0].channels[1].triggerParameters.at(1).name, "Hold-off");
+    EXPECT_EQ(page().cmbSampleRate.items().size(), 3U);
+    EXPECT_EQ(window.history().steps().steps().size(), 1U);
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_EQ(parseSetup(held(), "").instruments[0], changed);
+    undo();
+    EXPECT_EQ(held(), before);
+    EXPECT_FALSE(window.isWindowModified());
+}
+
+TEST_F(PropertiesTest, ARefusalIsShownAtItsPlaceAndNothingTypedIsLost)
+{
+    const std::string before = held();
+    PropertiesDialog& dialog = open(0);
+    auto& message = *dialog.findChild<QLabel*>("refusal");
+    QLineEdit& rates = box(dialog, "timebase.samplePeriod.choices");
+    type(rates, "100; 2x0;300");
+    auto& channels = box<QListWidget>(dialog, "channels");
+    channels.setCurrentRow(1);
+    type(box(dialog, "signal.noise"), "-1");
+    channels.setCurrentRow(0);
+    press(dialog, Qt::Key_Return);
+    ASSERT_TRUE(dialog.isVisible());
+    EXPECT_EQ(channels.currentRow(), 1) << "the groups precede the timebase in a set-up";
+    EXPECT_EQ(message.text(), "Noise (RMS): must not be negative");
+    EXPECT_EQ(dialog.focusWidget(), &box(dialog, "signal.noise"));
+    type(box(dialog, "signal.noise"), "1");
+    press(dialog, Qt::Key_Return);
+    EXPECT_EQ(message.text(), "Available values: must be a number");
+    EXPECT_EQ(dialog.focusWidget(), &rates);
+    EXPECT_EQ(rates.selectedText(), " 2x0");
+    EXPECT_EQ(held(), before);
+    type(rates, "100;200");
+    driver(0).calls().fail({"SamplePeriod set"});
+    type(box(dialog, "timebase.samplePeriod.value"), "200");
+    QString told;
+    answer(told);
+    press(dialog, Qt::Key_Return);
+    EXPECT_TRUE(told.contains("Digitizer")) << told.toStdString();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(rates.text(), "100;200");
+    driver(0).calls().healAll();
+    type(box(dialog, "name"), "Scanner");
+    answer(told);
+    press(dialog, Qt::Key_Return);
+    EXPECT_TRUE(told.contains("Scanner: an instrument of this name exists")) << told.toStdString();
+    type(box(dialog, "name"), "Shaft");
+    press(dialog, Qt::Key_Return);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(driver(0).name(), "Shaft");
+    EXPECT_EQ(driver(0).held().timebase->samplePeriod.value, 0.005);
+}
+
+TEST_F(PropertiesTest, AViewThatIsSwitchedOffAndOnAgainIsAsItWas)
+{
+    const std::string before = held();
+    for (const bool onAgain : {false, true}) {
+        PropertiesDialog& dialog = open(0);
+        box<QCheckBox>(dialog, "triggerLines").click();
+        EXPECT_FALSE(box(dialog, "triggerLines.startMasterRank").isEnabled());
+        if (onAgain)
+            box<QCheckBox>(dialog, "triggerLines").click();
+        press(dialog, Qt::Key_Return);
+        EXPECT_EQ(driver(0).held().triggerLines.has_value(), onAgain);
+        if (!onAgain)
+            undo();
+        EXPECT_EQ(held(), before);
+    }
+}
+
+TEST_F(PropertiesTest, ADoubleClickOnAValueOfAChannelLeadsToTheChannel)
+{
+    tree.expandAll();
+    QAbstractItemModel& rows = *tree.model();
+    const auto found = Qt::MatchStartsWith | Qt::MatchRecursive;
+    const QModelIndex level = rows.match(rows.index(0, 0), Qt::DisplayRole, "Level", 1, found).value(0);
+    tree.setCurrentIndex(level);
+    emit tree.doubleClicked(level.siblingAtColumn(1));
+    auto& dialog = *window.findChild<PropertiesDialog*>();
+    EXPECT_EQ(dialog.findChild<QTabWidget*>()->currentIndex(), 2);
+    EXPECT_EQ(box<QListWidget>(dialog, "channels").currentRow(), 1);
+}
+
+TEST_F(PropertiesTest, AReadOnlyPageShowsThePropertiesAndChangesNone)
+{
+    action(hostText::viewMenu, hostText::readOnly).trigger();
+    PropertiesDialog& dialog = open(0);
+    const std::string before = held();
+    auto& units = *dialog.findChild<QComboBox*>("timebase.samplePeriod");
+    EXPECT_TRUE(units.isEnabled());
+    units.setCurrentIndex(1);
+    EXPECT_EQ(box(dialog, "timebase.samplePeriod.choices").text(), "0.0003; 0.001; 0.3");
+    type(box(dialog, "timebase.samplePeriod.choices"), "5");
+    EXPECT_FALSE(box<QPushButton>(dialog, "addParameter").isEnabled());
+    EXPECT_FALSE(box<QComboBox>(dialog, "kind").isEnabled());
+    dialog.accept();
+    EXPECT_EQ(held(), before);
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,297 @@
+#include "FrameTest.h"
+#include "host/recording/HeldRecording.h"
+#include "host/recording/RecordedSignals.h"
+#include "host/window/ChartPanel.h"
+#include "host/window/FailureStrip.h"
+#include "host/window/InstrumentsView.h"
+#include "host/window/RecordDialog.h"
+#include "host/window/RecordingView.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableWidget>
+
+namespace ko::test {
+namespace {
+
+/// `clock` lets the recording run as fast as possible.
+std::string setupOf(const std::string& timebase, const std::string& clock = {}, const std::string& more = {})
+{
+    return R"({"title": "Bench 1/2", )" + clock +
+           R"("drivers": [{"name": "A", "hasTriggerParameters": true, "timebase": {)" + timebase +
+           R"("samplePeriod": {"value": 0.001, "range": [1e-6, 1]}}, )" + more +
+           R"("groups": [{"name": "G", "channels": [{"address": "0:1", "name": "First", "triggerSource": true, "triggerParameters": [
+               {"id": 1, "name": "Level", "type": "Float", "value": 5, "role": "level"}]},
+             {"address": "0:2", "enabled": false}]}]}]})";
+}
+
+const std::string standing = R"("clock": "11/21/2026 9:30:00 AM", )";
+
+class RecordingWindowTest : public FrameTest {
+protected:
+    FrameRecording& recording() { return window.recording(); }
+    std::string state() { return fromQt(recording().view().stateText()); }
+    const QTableWidget& summary() { return recording().view().summary(); }
+
+    void open(const std::string& content)
+    {
+        window.open(file("bench.json", content.c_str()));
+        show();
+        user.record = fromQt(folder.filePath("out.h5"));
+    }
+    void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, static_cast<Qt::Key>(key), modifiers);
+    }
+    bool begins(const std::string& text)
+    {
+        return QTest::qWaitFor([&] { return state().starts_with(text); });
+    }
+    bool ends()
+    {
+        return QTest::qWaitFor([&] { return !recording().isActive(); });
+    }
+    std::string stateOfFile() { return heldIn(user.record).state; }
+};
+
+TEST_F(RecordingWindowTest, AKeyRecordsAndThePageIsReadOnlyMeanwhile)
+{
+    open(setupOf(R"("duration": 5, )", standing));
+    press(Qt::Key_F9);
+    EXPECT_TRUE(page().readOnly && page().lblReadOnly.visible());
+    EXPECT_EQ(page().lblReadOnly.caption(), "Read-only while recording");
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(user.offered.file, fromQt(folder.filePath("Bench 1-2 2026-11-21 093000.h5")));
+    EXPECT_FALSE(page().readOnly);
+    EXPECT_EQ(state(), "The recording is complete.");
+    ASSERT_EQ(summary().rowCount(), 1);
+    EXPECT_EQ(summary().verticalHeaderItem(0)->text(), "A");
+    EXPECT_EQ(summary().item(0, 0)->text(), summary().item(0, 1)->text());
+    EXPECT_EQ(heldIn(user.record).instruments.at(0).samples, 5120);
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_TRUE(window.history().steps().steps().empty());
+}
+
+TEST_F(RecordingWindowTest, WaitsForTimeAndTriggerAndIsStoppedByAKeyOrAQuestion)
+{
+    struct Case {
+        const char* start;
+        const char* state;
+    };
+    const Case cases[] = {{R"("startMode": 1, "startTime": 400000.25, )", "Waiting for the start"},
+                          {R"("startMode": 2, )", "Waiting for the trigger"},
+                          {R"("duration": 1000, )", "Recording"}};
+    for (const Case& it : cases) {
+        SCOPED_TRACE(it.start);
+        QFile::remove(toQt(user.record));
+        open(setupOf(it.start, {}, R"("triggerLines": {"startMasterRank": 5}, )"));
+        press(Qt::Key_F9);
+        ASSERT_TRUE(begins(it.state)) << state() << user.told;
+        user.stops = false;
+        window.close();
+        EXPECT_TRUE(window.isVisible() && recording().isActive()) << "the user wants to go on";
+        EXPECT_FALSE(window.instruments().model().enable(*window.session().drivers()[0], 0, 1, true));
+        press(Qt::Key_F9, Qt::ShiftModifier);
+        ASSERT_TRUE(ends());
+        EXPECT_EQ(stateOfFile(), "stopped");
+        EXPECT_EQ(state(), "The recording was stopped early.");
+    }
+    press(Qt::Key_F9);
+    ASSERT_TRUE(begins("Recording"));
+    user.stops = true;
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(stateOfFile(), "stopped");
+}
+
+TEST_F(RecordingWindowTest, AnotherSetUpAndADestroyedWindowEndTheRecordingWithAWholeFile)
+{
+    const std::string endless = setupOf(R"("duration": 1000, )");
+    open(endless);
+    press(Qt::Key_F9);
+    ASSERT_TRUE(begins("Recording"));
+    window.files().open(toQt(file("other.json", R"({"drivers": []})")));
+    EXPECT_EQ(window.session().drivers().size(), 1U);
+    EXPECT_EQ(user.askedToStop, 1);
+    user.stops = true;
+    window.files().open(toQt(file("other.json", R"({"drivers": []})")));
+    EXPECT_TRUE(window.session().drivers().empty());
+    EXPECT_EQ(stateOfFile(), "stopped");
+    EXPECT_FALSE(page().readOnly);
+
+    FrameWindow second("");
+    auto decided = std::make_unique<DecidedQuestions>(user);
+    second.files().setQuestions(std::move(decided));
+    second.open(file("bench.json", endless.c_str()));
+    user.record = fromQt(folder.filePath("second.h5"));
+    second.recording().record();
+    EXPECT_TRUE(second.recording().isActive());
+}
+
+TEST_F(RecordingWindowTest, ChartsTheChosenChannelsAndStoresMarkers)
+{
+    open(setupOf(R"("duration": 1000, )"));
+    const StripChart& chart = recording().chart().chart();
+    const auto shows = [&](const char* text) {
+        return QTest::qWaitFor([&] { return chart.latestValues().contains(text); });
+    };
+    recording().monitor();
+    EXPECT_TRUE(page().readOnly && page().lblReadOnly.caption().starts_with("Monitoring"));
+    EXPECT_TRUE(shows("First"));
+    window.instruments().select(0);
+    EXPECT_TRUE(shows("First"));
+    EXPECT_FALSE(QFile::exists(toQt(user.record)));
+    press(Qt::Key_M);
+    press(Qt::Key_F9, Qt::ShiftModifier);
+    ASSERT_TRUE(ends());
+    EXPECT_FALSE(page().readOnly);
+    EXPECT_EQ(page().lblReadOnly.caption().substr(0, 10), "Read-only:");
+
+    press(Qt::Key_F9);
+    auto& text = *recording().chart().findChild<QLineEdit*>("markerText");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return text.isEnabled(); }));
+    text.setText("knock");
+    press(Qt::Key_M);
+    EXPECT_EQ(text.text(), "");
+    press(Qt::Key_M);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state().starts_with("Recording, 0.2"); }));
+    recording().stop();
+    ASSERT_TRUE(ends());
+    EXPECT_FALSE(text.isEnabled());
+    const auto markers = signalsIn(user.record)->state().markers;
+    ASSERT_EQ(markers.size(), 2U);
+    EXPECT_EQ(markers[0].text, "knock");
+    EXPECT_GE(markers[1].time, markers[0].time);
+
+    recording().monitor();
+    window.files().open(toQt(user.record));
+    EXPECT_EQ(user.askedToStop, 0) << "a monitor loses nothing";
+    EXPECT_TRUE(shows("First"));
+}
+
+TEST_F(RecordingWindowTest, AnHourOfRecordingsLeavesHandlesAndThreadsWhereTheyWere)
+{
+    open(setupOf(R"("duration": 3600, )", standing));
+    const auto count = [](const char* what) { return QDir(what).entryList(QDir::AllEntries | QDir::System).size(); };
+    const auto round = [&] {
+        press(Qt::Key_F9);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !recording().isActive(); }, 60000));
+        QTest::qWait(50);
+        return std::pair(count("/proc/self/fd"), count("/proc/self/task"));
+    };
+    const auto first = round();
+    EXPECT_EQ(heldIn(user.record).instruments.at(0).samples, 3600384);
+    EXPECT_EQ(round(), first);
+}
+
+TEST_F(RecordingWindowTest, AStartThatIsPastIsAskedAbout)
+{
+    open(setupOf(R"("startMode": 1, "startTime": 46346.333333333336, "duration": 1, )", standing));
+    press(Qt::Key_F9);
+    EXPECT_FALSE(recording().isActive());
+    EXPECT_EQ(user.told, "11/20/2026 8:00:00 AM|11/22/2026 8:00:00 AM");
+    const std::pair<PastStart, const char*> answers[] = {{PastStart::Now, "2026-11-21T09:30:00"},
+                                                         {PastStart::Tomorrow, "2026-11-22T08:00:00"}};
+    for (const auto& [answer, start] : answers) {
+        user.pastStart = answer;
+        press(Qt::Key_F9);
+        ASSERT_TRUE(ends());
+        EXPECT_EQ(heldIn(user.record).start.substr(0, 19), start);
+        EXPECT_EQ(page().optStartTime.value(), true) << "the page keeps its setting";
+    }
+}
+
+TEST_F(RecordingWindowTest, WhatFailsIsSaidAndThePageCanBeEditedAgain)
+{
+    open(setupOf(R"("startMode": 2, )", standing, R"("triggerLines": {"startMasterRank": 5}, )"));
+    press(Qt::Key_F9);
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(state(), "The recording has failed.");
+    auto& strip = *window.findChild<FailureStrip*>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return strip.isVisible(); }));
+    EXPECT_TRUE(strip.findChild<QListWidget*>()->item(0)->text().startsWith("A: "));
+    EXPECT_FALSE(page().readOnly);
+
+    open(setupOf(R"("duration": 1, )", standing));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !strip.isVisible(); }));
+    user.record = fromQt(folder.filePath("no/such/folder.h5"));
+    press(Qt::Key_F9);
+    ASSERT_TRUE(ends());
+    EXPECT_NE(user.told.find("no/such/folder.h5"), std::string::npos) << user.told;
+    EXPECT_FALSE(page().readOnly);
+
+    open(R"({"drivers": []})");
+    press(Qt::Key_F9);
+    EXPECT_NE(user.told.find("no instrument"), std::string::npos) << user.told;
+    EXPECT_FALSE(page().readOnly);
+}
+
+TEST_F(RecordingWindowTest, ARecordingOpensWithItsSetUpReadOnlyAndItsSummary)
+{
+    open(setupOf(R"("duration": 2, )", standing));
+    press(Qt::Key_F9);
+    ASSERT_TRUE(ends());
+    window.files().open(toQt(file("other.json", R"({"drivers": []})")));
+    EXPECT_EQ(state(), "There is no recording to show.");
+    window.files().open(toQt(user.record));
+    ASSERT_EQ(window.session().drivers().size(), 1U);
+    EXPECT_TRUE(page().readOnly);
+    EXPECT_EQ(page().txtDuration.text(), "2");
+    EXPECT_EQ(state(), "The recording is complete.");
+    EXPECT_EQ(summary().rowCount(), 1);
+    EXPECT_TRUE(window.windowTitle().startsWith("out.h5"));
+    EXPECT_EQ(window.files().recent().files().value(0), toQt(user.record));
+    user.saveAs = fromQt(folder.filePath("again.json"));
+    window.files().save();
+    EXPECT_EQ(window.session().file(), user.saveAs) << "the recording itself is never overwritten";
+    EXPECT_EQ(heldIn(user.record).instruments.size(), 1U);
+    window.files().open(toQt(file("other.json", R"({"drivers": [{"name": "B"}]})")));
+    EXPECT_FALSE(page().readOnly);
+
+    const std::string damaged = file("damaged.h5", "\x89HDF\r\n\x1a\nand no more");
+    window.files().open(toQt(damaged));
+    EXPECT_NE(user.told.find("damaged.h5: is no recording"), std::string::npos) << user.told;
+    EXPECT_EQ(window.session().drivers().front()->name(), "B");
+}
+
+TEST_F(RecordingWindowTest, TheDialogReplacesNoFileWithoutAQuestion)
+{
+    const Locale locale;
+    RecordDialog dialog(&window, [&](int number) { return window.text(number); }, locale,
+                        {fromQt(folder.filePath("free.h5")), 1e15});
+    dialog.show();
+    auto& name = *dialog.findChild<QLineEdit*>();
+    EXPECT_EQ(name.selectedText(), "free");
+    const auto shows = [&](const char* text) {
+        return QTest::qWaitFor([&] {
+            const auto labels = dialog.findChildren<QLabel*>();
+            return std::any_of(labels.begin(), labels.end(), [&](auto* it) { return it->text().contains(text); });
+        });
+    };
+    EXPECT_TRUE(shows("needed"));
+    name.setText("/nowhere/at/all.h5");
+    dialog.accept();
+    EXPECT_TRUE(shows("/nowhere/at does not exist"));
+    const std::string taken = file("taken.h5", "x");
+    name.setText(folder.filePath("taken"));
+    QString question;
+    {
+        const Soon cancel([&] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            question = box->text() + box->informativeText();
+            box->reject();
+        });
+        dialog.accept();
+    }
+    EXPECT_TRUE(question.contains("taken.h5 already exists") && question.contains("taken.h5~"));
+    EXPECT_TRUE(dialog.isVisible());
+    name.setText(folder.filePath("other"));
+    dialog.accept();
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.file(), fromQt(folder.filePath("other.h5")));
+}
+
+} // namespace
+} // namespace ko::test
