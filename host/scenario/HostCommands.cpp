@@ -15,11 +15,11 @@ void setup(Scenario& scenario, const Arguments& words)
 {
     IKopDrivers& drivers = scenario.document().drivers();
     if (words.count() > 0)
-        scenario.loadSetup(words.text(0));
+        scenario.stage().loadSetup(scenario.path(words.text(0)));
     drivers.setNumberOfDrivers(static_cast<std::int32_t>(scenario.drivers().size()));
     handOver(scenario, scenario.drivers().size());
     drivers.DriversHaveChanged();
-    scenario.history.begin(scenario.drivers(), scenario.document().page());
+    scenario.stage().setupShown();
 }
 
 void announce(Scenario& scenario, const Arguments& words)
@@ -56,7 +56,7 @@ void site(Scenario& scenario, const Arguments& words)
     const bool none = words.count() == 1 && words.text(0) == "none";
     for (std::size_t i = 0; i < words.count() && !none; ++i)
         offer(scenario, *site, words.text(i));
-    scenario.document().mode().setClientSite(site);
+    scenario.stage().setSite(site);
 }
 
 void readOnly(Scenario& scenario, const Arguments& words)
@@ -68,9 +68,9 @@ void readOnly(Scenario& scenario, const Arguments& words)
 void show(Scenario& scenario, const Arguments&)
 {
     Document& document = scenario.document();
-    scenario.history.finish();
-    scenario.watch.health().rebuild([&] { document.UserDocument_Show(); });
-    scenario.history.absorb();
+    scenario.history().finish();
+    scenario.health().rebuild([&] { document.UserDocument_Show(); });
+    scenario.history().absorb();
 }
 
 void hide(Scenario& scenario, const Arguments&)
@@ -148,12 +148,13 @@ void print(Scenario& scenario, const Arguments& words)
 
 void terminate(Scenario& scenario, const Arguments&)
 {
-    scenario.terminate();
+    static_cast<void>(scenario.document()); // a fault if there is none
+    scenario.stage().terminate();
 }
 
 void document(Scenario& scenario, const Arguments&)
 {
-    scenario.makeDocument();
+    scenario.stage().makeDocument();
 }
 
 /// Runs the block inside the next call of the operation, or while the next message box is open.
@@ -176,7 +177,7 @@ void during(Scenario& scenario, const Arguments& words)
 /// Moves one step through the history, and logs its text.
 void step(Scenario& scenario, const char* event, bool isUndo)
 {
-    History& history = scenario.history;
+    History& history = scenario.history();
     history.finish();
     const std::size_t position = history.position();
     const bool isPossible = isUndo ? position > 0 : position < history.steps().size();

@@ -71,7 +71,7 @@ void locale(Scenario& scenario, const Arguments& words)
     for (std::size_t i = 0; i < words.count(); ++i)
         if (!takeLocaleWord(settings, words.text(i)))
             scenario.refuse("\"" + words.text(i) + "\" is no setting such as decimalSeparator=,");
-    scenario.setLocale(settings);
+    scenario.stage().setLocale(settings);
 }
 
 constexpr Command commands[]{

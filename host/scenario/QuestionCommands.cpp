@@ -121,7 +121,7 @@ Json toJson(const DriverFailure& failure)
 void failing(Scenario& scenario, const Arguments&)
 {
     Json list = Json::array();
-    for (const DriverFailure& failure : scenario.watch.health().failing())
+    for (const DriverFailure& failure : scenario.health().failing())
         list.push_back(toJson(failure));
     scenario.log.jsonEvent("failing", {{"drivers", std::move(list)}});
 }
@@ -130,7 +130,7 @@ void expectFailing(Scenario& scenario, const Arguments& words)
 {
     const SimulatedDriver* const driver = &scenario.driver(words.text(0));
     std::string actual = "none";
-    for (const DriverFailure& failure : scenario.watch.health().failing())
+    for (const DriverFailure& failure : scenario.health().failing())
         if (scenario.drivers()[failure.driver].get() == driver)
             actual = failingName(failure.operation);
     if (words.text(1) != "none" && !findOperation(words.text(1)))
@@ -153,8 +153,8 @@ void reads(Scenario& scenario, const Arguments& words)
 
 void history(Scenario& scenario, const Arguments&)
 {
-    scenario.log.event("history", {{"steps", scenario.history.steps()},
-                                   {"position", static_cast<std::int32_t>(scenario.history.position())}});
+    scenario.log.event("history", {{"steps", scenario.history().steps()},
+                                   {"position", static_cast<std::int32_t>(scenario.history().position())}});
 }
 
 constexpr Command commands[]{

@@ -47,6 +47,8 @@ RecordingProgress recordInto(const Scenario& scenario, const std::string& file)
 void record(Scenario& scenario, const Arguments& words)
 {
     constexpr int exclamation = 48;
+    if (scenario.skipsRecordings)
+        return scenario.log.event("inert", {{"control", CallValue()}});
     if (!scenario.mayRecord)
         scenario.refuse("this program records nothing");
     const auto setReadOnly = [&](bool on) { scenario.rebuild([&] { scenario.document().mode().setReadOnly(on); }); };

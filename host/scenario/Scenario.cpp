@@ -1,6 +1,7 @@
 #include "host/scenario/Scenario.h"
 
 #include "host/scenario/Commands.h"
+#include "host/scenario/HeadlessStage.h"
 #include "host/support/InputError.h"
 #include "platform/Scoped.h"
 #include "support/TextNumbers.h"
@@ -12,57 +13,29 @@ namespace ko {
 
 Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
     : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }),
-      mayRecord(options.mayRecord), folder_(options.folder), language_(options.language)
+      mayRecord(options.mayRecord), folder_(options.folder), own_(std::make_unique<HeadlessStage>(*this, options)),
+      stage_(own_.get())
 {
-    watch.wanted = [this](Operation operation) { return logs(operation); };
-    watch.called = [this](const DriverWatch::Watched& watched, const DriverCall& call) {
-        logCall(watched.index, call);
-    };
-    history.rebuild = [this] { watch.health().rebuild([this] { document().UserDocument_Show(); }); };
-    history.refused = [this](const std::string& instrument, const std::string& reason) {
+    join();
+}
+
+Scenario::Scenario(ScenarioStage& stage, std::string folder, std::ostream& output)
+    : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }), skipsRecordings(true),
+      folder_(std::move(folder)), stage_(&stage)
+{
+    join();
+}
+
+void Scenario::join()
+{
+    history().refused = [this](const std::string& instrument, const std::string& reason) {
         tellNotRestored(instrument, reason);
     };
-    takeSetup(options.setup);
-    platform_ =
-        std::make_unique<Platform>(Platform{messageBox, clipboard, printers, screen, clock, dialogs, options.locale,
-                                            [this] { return std::make_shared<LoggedErrors>(log); }});
-    makeComponent();
 }
 
 Scenario::~Scenario()
 {
     log.mute();
-    history.end();
-    document_.reset();
-}
-
-bool Scenario::logs(Operation operation) const
-{
-    return !quiet && (showReads || isWrite(operation));
-}
-
-void Scenario::logCall(std::size_t index, const DriverCall& call)
-{
-    std::vector<EventMember> members{{"driver", static_cast<std::int32_t>(index)},
-                                     {"operation", std::string(operationName(call.operation))}};
-    if (call.arguments.size() > 0)
-        members.push_back({"arguments", LineList(call.arguments)});
-    members.push_back({"value", call.value});
-    log.event(isWrite(call.operation) ? "write" : "read", members);
-}
-
-void Scenario::takeSetup(const Setup& setup)
-{
-    drivers_ = makeDrivers(setup);
-    watch.watch(drivers_);
-    title_ = setup.title;
-    if (setup.clock)
-        clock.time = setup.clock;
-}
-
-void Scenario::loadSetup(const std::string& file)
-{
-    takeSetup(ko::loadSetup(path(file)));
 }
 
 std::string Scenario::path(const std::string& file) const
@@ -72,63 +45,35 @@ std::string Scenario::path(const std::string& file) const
 
 DriverList Scenario::driverList(std::size_t count) const
 {
-    const auto end = drivers_.begin() + static_cast<std::ptrdiff_t>(std::min(count, drivers_.size()));
-    return {drivers_.begin(), end};
+    const auto end = drivers().begin() + static_cast<std::ptrdiff_t>(std::min(count, drivers().size()));
+    return {drivers().begin(), end};
 }
 
 SimulatedDriver& Scenario::driver(const std::string& word) const
 {
     const auto index = integerIn(word);
-    if (index && *index >= 0 && static_cast<std::size_t>(*index) < drivers_.size())
-        return *drivers_[static_cast<std::size_t>(*index)];
-    const auto named = std::find_if(drivers_.begin(), drivers_.end(), [&](const auto& d) { return d->name() == word; });
-    if (named == drivers_.end())
+    if (index && *index >= 0 && static_cast<std::size_t>(*index) < drivers().size())
+        return *drivers()[static_cast<std::size_t>(*index)];
+    const auto named =
+        std::find_if(drivers().begin(), drivers().end(), [&](const auto& d) { return d->name() == word; });
+    if (named == drivers().end())
         refuse("there is no driver \"" + word + "\"");
     return **named;
 }
 
 Document& Scenario::document() const
 {
-    if (!document_)
+    Document* const present = stage_->document();
+    if (!present)
         refuse("there is no document");
-    return *document_;
+    return *present;
 }
 
 void Scenario::tellNotRestored(const std::string& instrument, const std::string& reason)
 {
     std::string message = text(textNumber::history::notRestored);
     message.replace(message.find("%1"), 2, instrument);
-    messageBox.show(message + "\n" + reason, title_, messageStyle::exclamation);
-}
-
-void Scenario::makeComponent()
-{
-    history.end();
-    document_.reset();
-    component_.reset(createKoTimebaseEditor(*platform_, language_));
-    makeDocument();
-}
-
-void Scenario::makeDocument()
-{
-    history.end();
-    document_.reset();
-    document_ = component_->createDocument(changes_);
-    history.begin(drivers_, document_->page());
-    document_->page().view = [this] { history.focusMoved(); };
-}
-
-void Scenario::setLocale(const Locale& locale)
-{
-    platform_->locale = locale;
-    makeComponent();
-}
-
-void Scenario::terminate()
-{
-    static_cast<void>(document()); // a fault if there is none
-    history.end();
-    document_.reset();
+    messageBox.show(message + "\n" + reason, title(), messageStyle::exclamation);
 }
 
 Form& Scenario::form() const
@@ -153,13 +98,14 @@ Control& Scenario::control(const std::string& name) const
 
 void Scenario::rebuild(const std::function<void()>& call)
 {
-    history.finish();
+    history().finish();
     // A hidden page makes too few calls to show that a driver works again.
     if (document().page().isShown)
-        watch.health().rebuild(call);
+        health().rebuild(call);
     else
         call();
-    history.absorb();
+    if (!stage_->isOver())
+        history().absorb();
 }
 
 void Scenario::refuse(const std::string& what) const
@@ -171,7 +117,7 @@ bool Scenario::run(std::istream& script)
 {
     ScriptReader reader(script);
     reader_ = &reader;
-    for (auto line = reader.next(); line && log.isWritten(); line = reader.next()) {
+    for (auto line = reader.next(); line && !isEnded_ && log.isWritten(); line = reader.next()) {
         log.setLine(line->number);
         execute(*line);
         if (faultInBlock_)
@@ -186,8 +132,8 @@ void Scenario::execute(const ScriptLine& line)
     const Command& command = understood(line, place);
     try {
         command.run(*this, Arguments(*this, line));
-        if (place != Place::During)
-            history.settle();
+        if (place != Place::During && !stage_->isOver())
+            history().settle();
     } catch (const ScriptFault&) {
         throw;
     } catch (const InputError& error) {
@@ -198,6 +144,7 @@ void Scenario::execute(const ScriptLine& line)
     } catch (const std::exception& error) {
         LoggedErrors(log).ReportError(failure::unspecified, "korvell-host", error.what(), 0, "", true);
     }
+    isEnded_ = isEnded_ || !stage_->lineDone(line);
 }
 
 const Command& Scenario::understood(const ScriptLine& line, Place place) const
@@ -245,7 +192,7 @@ bool Scenario::playLine(const ScriptLine& line)
 {
     try {
         execute(line);
-        return !faultInBlock_;
+        return !faultInBlock_ && !isEnded_;
     } catch (const ScriptFault& fault) {
         // Thrown from here, the handler that shows the form would catch the fault and report it as its own failure.
         faultInBlock_ = fault;

@@ -91,6 +91,9 @@ public:
     /// Whether there is a set-up, with a file or without.
     [[nodiscard]] bool hasSetup() const { return !source_.empty() || !drivers_.empty() || changed_; }
 
+    /// Expires when another set-up is opened or this one is closed.
+    [[nodiscard]] std::weak_ptr<const void> presence() const { return setup_; }
+
     [[nodiscard]] bool isChanged() const { return changed_; }
     void setChanged(bool changed);
 

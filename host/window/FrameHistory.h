@@ -34,6 +34,8 @@ public:
     void addEntries(QMenu& menu);
     [[nodiscard]] QDockWidget& dock() { return *dock_; }
     [[nodiscard]] const History& steps() const { return history_; }
+    /// For scenarios that are played in the window.
+    [[nodiscard]] History& history() { return history_; }
 
     /// Begins a history with the instruments of the session that the page has just shown.
     void begin();

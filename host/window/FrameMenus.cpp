@@ -85,6 +85,9 @@ void FrameWindow::makeFileMenu()
     recording_.addEntries(menu);
     menu.addSeparator();
     menu.addAction(&capture_.action());
+    menu.addAction(&replay_.action());
+    onSignal(&menu, &QMenu::aboutToShow, this,
+             [this] { replay_.action().setEnabled(!capture_.action().isChecked() && !recording_.isActive()); });
     menu.addSeparator();
     addEntry(menu, hostText::quit, QKeySequence::Quit, [this] { close(); });
 }

@@ -15,6 +15,7 @@
 
 #include <QKeyEvent>
 #include <QLayout>
+#include <QSignalBlocker>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -63,6 +64,23 @@ CaptureFrame FrameWindow::captureFrame()
         page_.renew();
     };
     frame.showAgain = [this] { handOverAsIs(); };
+    return frame;
+}
+
+ReplayFrame FrameWindow::replayFrame()
+{
+    ReplayFrame frame{*this, actions_, parts_, files_, page_, docks_, history_, {}, {}};
+    frame.setupLoaded = [this] {
+        lockOpenedRecording();
+        docks_.show(session().drivers());
+        recording_.showOpened();
+        space_->refreshLater();
+        showPageOrStart();
+    };
+    frame.showReadOnly = [this] {
+        const QSignalBlocker silent(readOnly_);
+        readOnly_->setChecked(document().page().readOnly);
+    };
     return frame;
 }
 
@@ -154,7 +172,10 @@ void FrameWindow::joinStart()
 
 void FrameWindow::joinAutosave()
 {
-    history_.changed = [this] { autosave_.changed(); };
+    history_.changed = [this] {
+        autosave_.changed();
+        showPageOrStart();
+    };
     autosave_.failed = [this](const std::string& reason) {
         docks_.reports().add(text(textNumber::autosave::name), toShown(reason));
     };
@@ -163,7 +184,8 @@ void FrameWindow::joinAutosave()
 void FrameWindow::showPageOrStart()
 {
     const bool hasSetup = session().hasSetup();
-    start_->setSizeHint(page().sizeHint());
+    if (!hasSetup)
+        start_->setSizeHint(page().sizeHint());
     start_->setVisible(!hasSetup);
     page().setVisible(hasSetup);
 }

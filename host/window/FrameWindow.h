@@ -9,6 +9,7 @@
 #include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/FrameRecording.h"
+#include "host/window/FrameReplay.h"
 #include "host/window/PageHost.h"
 #include "host/window/SpaceGauge.h"
 #include "host/window/StartScreen.h"
@@ -40,6 +41,7 @@ public:
     [[nodiscard]] FramePrinting& printing() { return printing_; }
     [[nodiscard]] FrameDocks& docks() { return docks_; }
     [[nodiscard]] FrameCapture& capture() { return capture_; }
+    [[nodiscard]] FrameReplay& replay() { return replay_; }
     [[nodiscard]] FrameHistory& history() { return history_; }
     [[nodiscard]] FrameRecording& recording() { return recording_; }
     [[nodiscard]] FrameInstruments& instrumentList() { return list_; }
@@ -63,6 +65,7 @@ protected:
 
 private:
     [[nodiscard]] CaptureFrame captureFrame();
+    [[nodiscard]] ReplayFrame replayFrame();
     void joinFiles();
     void joinHistory();
     void revertToSaved();
@@ -115,6 +118,7 @@ private:
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FrameAutosave autosave_{actions_, session(), memory_.folder()};
+    FrameReplay replay_{replayFrame()};
     FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
 };
 

@@ -27,6 +27,7 @@ QString pageOf(std::int32_t topic)
     case helpTopic::selectChannel: return QStringLiteral("select-channel.html");
     case helpTopic::setDateTime: return QStringLiteral("date-time.html");
     case helpTopic::advancedTrig: return QStringLiteral("trigger-lines.html");
+    case propertiesTopic: return QStringLiteral("properties.html");
     default: return QStringLiteral("index.html");
     }
 }

@@ -9,7 +9,9 @@ class QTextBrowser;
 
 namespace ko {
 
+// Topics of the window itself, beside `helpTopic`.
 inline constexpr std::int32_t contentsTopic = 0;
+inline constexpr std::int32_t propertiesTopic = 1;
 
 /// The help: linked pages with back and forward buttons. Shows only files of its folder.
 class HelpWindow : public QDialog {
@@ -17,7 +19,7 @@ public:
     /// `folder` holds the pages of one language.
     HelpWindow(const Texts& texts, const QString& folder, QWidget* parent);
 
-    /// Shows the page of this topic, one of `helpTopic`; for `contentsTopic` and unknown numbers the contents.
+    /// Shows the page of this topic, one of `helpTopic` or of the window; for unknown numbers the contents.
     void turnTo(std::int32_t topic);
 
     [[nodiscard]] QTextBrowser& browser() { return *browser_; }

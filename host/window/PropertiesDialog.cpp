@@ -1,6 +1,7 @@
 #include "host/window/PropertiesDialog.h"
 
 #include "host/support/HostTexts.h"
+#include "host/window/HelpWindow.h"
 #include "widgets/bindings/WarningLabel.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
@@ -10,6 +11,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
@@ -52,6 +54,7 @@ void PropertiesDialog::addHead(QBoxLayout& column)
 void PropertiesDialog::addTabs(QBoxLayout& column)
 {
     auto* const tabs = new QTabWidget(this);
+    tabs->setAccessibleName(windowTitle());
     column.addWidget(tabs);
     tabs->addTab(makeSamplingTab(context_, *kind_, tabs), texts_(named::sampling));
     tabs->addTab(makeLinesTab(context_, tabs), texts_(hostText::triggerLines));
@@ -87,6 +90,14 @@ void PropertiesDialog::accept()
     } catch (const PropertyRefusal& refusal) {
         showRefusal(refusal);
     }
+}
+
+void PropertiesDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F1)
+        showHelp(texts_, *parentWidget()->window(), propertiesTopic);
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void PropertiesDialog::showRefusal(const PropertyRefusal& refusal)

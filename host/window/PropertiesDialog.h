@@ -27,6 +27,9 @@ public:
 
     void accept() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void addHead(QBoxLayout& column);
     void addTabs(QBoxLayout& column);

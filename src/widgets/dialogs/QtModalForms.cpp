@@ -105,14 +105,30 @@ void QtModalForms::showModal(Form& form)
     open_[&form] = dialog.get();
     if (opened)
         opened(form);
-    dialog.wait();
+    wait(form, *dialog.get());
     if (closed)
         closed();
     open_.erase(&form);
 }
 
+void QtModalForms::wait(Form& form, QDialog& dialog) const
+{
+    if (!standIn) {
+        dialog.exec();
+        return;
+    }
+    const QPointer<QDialog> shown = &dialog;
+    dialog.setModal(true);
+    dialog.show();
+    guarded([&] { standIn->showModal(form); });
+    if (shown)
+        shown->done(QDialog::Rejected);
+}
+
 void QtModalForms::hide(Form& form)
 {
+    if (standIn)
+        standIn->hide(form);
     const auto dialog = open_.find(&form);
     if (dialog != open_.end() && dialog->second)
         dialog->second->done(QDialog::Accepted);

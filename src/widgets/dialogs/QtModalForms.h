@@ -30,10 +30,15 @@ public:
     /// Called before a dialog is shown and after it is closed; calls nest.
     std::function<void(const Form& form)> opened;
     std::function<void()> closed;
+    /// If set, shows the form in place of the user, while its dialog is visible, and is called when it is hidden. The
+    /// dialog is closed afterwards.
+    ModalForms* standIn = nullptr;
     /// Called after each action of the user in a dialog.
     std::function<void()> actionDone;
 
 private:
+    void wait(Form& form, QDialog& dialog) const;
+
     std::map<const Form*, Build> builds_;
     std::map<const Form*, QPointer<QDialog>> open_;
     QPointer<QWidget> owner_;

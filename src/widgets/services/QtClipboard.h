@@ -10,6 +10,8 @@ public:
     void clear() override;
     void setText(const std::string& text) override;
     std::string text() override;
+    /// If set, used in place of the desktop's clipboard.
+    Clipboard* standIn = nullptr;
 };
 
 } // namespace ko

@@ -24,6 +24,8 @@ QMessageBox::Icon iconOf(int style)
 
 void QtMessageBox::show(const std::string& text, const std::string& title, int style)
 {
+    if (standIn)
+        return standIn->show(text, title, style);
     QWidget* top = QApplication::activeModalWidget();
     Modal<PlainBox>(iconOf(style), toShown(title), toShown(text), QString(), QMessageBox::Ok, top ? top : owner_.data())
         .wait();

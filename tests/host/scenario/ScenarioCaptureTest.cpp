@@ -97,7 +97,7 @@ TEST_F(ScenarioCaptureTest, NumbersAndTimesOfTheUsersLocaleReplayAnywhere)
     locale.decimalSeparator = ",";
     locale.timeFormat = "HH:mm:ss";
     locale.timeIs24Hour = "1";
-    live.setLocale(locale);
+    live.stage().setLocale(locale);
     {
         ScenarioCapture capture(file, captured());
         capture.setup();

@@ -54,7 +54,7 @@ private:
     inline static const Locale usual;
 };
 
-/// A session that is captured in the host's window and then replayed without a window.
+/// A session that is captured in the host's window and then replayed, without a window and in another one.
 class CaptureTest : public testing::Test {
 protected:
     QTemporaryDir folder;
@@ -107,6 +107,20 @@ protected:
         const Page& replayed = replay.document().page();
         EXPECT_EQ(driversOf(replayed), driversOf(page())) << captured(name);
         EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << captured(name);
+        expectSameInWindow(setup, path(name));
+    }
+    void expectSameInWindow(const std::string& setup, const std::string& file)
+    {
+        FrameWindow other("");
+        other.open(setup);
+        other.show();
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        other.replay().setPace(0);
+        const ReplayResult result = other.replay().play(file);
+        EXPECT_TRUE(result.isWhole) << result.lastLine << ": " << result.fault << "\n" << readFile(file);
+        EXPECT_EQ(driversOf(other.document().page()), driversOf(page())) << readFile(file);
+        EXPECT_EQ(controlsOf(other.document().page()), controlsOf(page())) << readFile(file);
     }
 };
 

@@ -20,6 +20,22 @@ const char* const triggeredBench = R"({"drivers": [
        {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}}]})";
 
+/// Boxes, but the file to record is known.
+class Recorded : public BoxQuestions {
+public:
+    Recorded(FrameWindow& window, const QString& file)
+        : BoxQuestions(
+              window, window.session(), [&window](int number) { return window.text(number); }, usual),
+          file_(fromQt(file))
+    {
+    }
+    std::string fileToRecord(const RecordOffer&) override { return file_; }
+
+private:
+    inline static const Locale usual;
+    std::string file_;
+};
+
 /// A window on a set-up. The window or its contents are ended while one of its boxes, dialogs or menus is open.
 struct Desk {
     QTemporaryDir folder;
@@ -173,6 +189,14 @@ const Opening openings[] = {
          desk.file("bench.json", R"({"drivers": []})");
          desk.choose(hostText::fileMenu, hostText::save);
      }},
+    {"FileToPlay", [](Desk& desk) { desk.choose(hostText::fileMenu, textNumber::replay::menu); }},
+    {"Played",
+     [](Desk& desk) {
+         desk.window->replay().setPace(0);
+         desk.window->replay().play(desk.file("a.scenario", "click optStartTime\n"
+                                                            "dialog SetDateTime\nfocus btnOK\nfocus btnCancel\nend\n"
+                                                            "click cmdStartTime\nfocus txtDuration\n"));
+     }},
     {"Restore",
      [](Desk& desk) {
          desk.file("a.unsaved", copyText({"a.json", {}, {}, {}}).c_str());
@@ -192,6 +216,18 @@ const Opening openings[] = {
      [](Desk& desk) {
          desk.mistype();
          desk.choose(hostText::fileMenu, hostText::quit);
+     }},
+    {"RecordAs", [](Desk& desk) { desk.choose(hostText::fileMenu, textNumber::record::record); }},
+    {"StopMonitor",
+     [](Desk& desk) {
+         desk.window->recording().monitor();
+         desk.window->close();
+     }},
+    {"StopRecording",
+     [](Desk& desk) {
+         desk.window->files().setQuestions(std::make_unique<Recorded>(*desk.window, desk.folder.filePath("a.h5")));
+         desk.window->recording().record();
+         desk.window->close();
      }},
     {"Ticked",
      [](Desk& desk) {

@@ -4,11 +4,14 @@
 #include "host/window/InstrumentsView.h"
 #include "host/window/PropertiesDialog.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTextBrowser>
 #include <QTreeView>
 
 namespace ko::test {
@@ -201,6 +204,25 @@ TEST_F(PropertiesTest, AReadOnlyPageShowsThePropertiesAndChangesNone)
     EXPECT_FALSE(box<QComboBox>(dialog, "kind").isEnabled());
     dialog.accept();
     EXPECT_EQ(held(), before);
+}
+
+TEST_F(PropertiesTest, EveryBoxSaysItsNameAndF1LeadsToTheHelp)
+{
+    PropertiesDialog& dialog = open(0);
+    auto& tabs = *dialog.findChild<QTabWidget*>();
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        for (QWidget* const widget : dialog.findChildren<QWidget*>()) {
+            if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0 || dynamic_cast<QTabBar*>(widget))
+                continue;
+            const auto* const seen = QAccessible::queryAccessibleInterface(widget);
+            EXPECT_FALSE(seen->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
+        }
+    }
+    QTest::keyClick(&box(dialog, "name"), Qt::Key_F1);
+    auto* const help = window.findChild<QTextBrowser*>();
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->source().fileName(), "properties.html");
 }
 
 } // namespace
