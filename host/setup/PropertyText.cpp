@@ -31,10 +31,12 @@ bool isNumber(TextForm form)
            form == TextForm::Any;
 }
 
+constexpr const char* blanks = " \t\r\n";
+
 std::string trimmed(const std::string& text)
 {
-    const std::size_t first = text.find_first_not_of(" \t");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t") + 1 - first);
+    const std::size_t first = text.find_first_not_of(blanks);
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
 std::string quoted(const std::string& text)
@@ -60,14 +62,16 @@ std::string unquoted(const std::string& text)
     return result;
 }
 
-/// Splits at semicolons outside of quotes. The text after the last one is no entry if it is empty.
+/// Splits at semicolons outside of quotes, and after entries at the line breaks and tabs of pasted spreadsheet cells.
+/// The text after the last one is no entry if it is empty.
 std::vector<std::string> entriesOf(const std::string& text)
 {
     std::vector<std::string> entries(1);
     bool isQuoted = false;
     for (const char c : text) {
         isQuoted = isQuoted != (c == '"');
-        if (c == ';' && !isQuoted)
+        const bool isCellEnd = (c == '\n' || c == '\t') && !trimmed(entries.back()).empty();
+        if ((c == ';' || isCellEnd) && !isQuoted)
             entries.emplace_back();
         else
             entries.back() += c;

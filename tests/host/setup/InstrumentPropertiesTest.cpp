@@ -69,7 +69,7 @@ TEST_F(InstrumentPropertiesTest, WhatIsNotEditedStaysExactlyInEveryForm)
 TEST_F(InstrumentPropertiesTest, AListKeepsTheNumbersThatItHasAlready)
 {
     EXPECT_EQ(properties.text(choices, TextForm::Rates), "3.33333333333333; 10; 3333.33333333333");
-    properties.setText(choices, TextForm::Rates, "10;\t3.33333333333333 ;50; 3333.33333333333;");
+    properties.setText(choices, TextForm::Rates, "10;\t3.33333333333333 ;\n50\t3333.33333333333\r\n");
     EXPECT_EQ(properties.settings().timebase->samplePeriod.choices,
               (std::vector<double>{0.0003, 0.02, 0.30000000000000004, 0.1}));
     properties.setText(choices, TextForm::Numbers, "");

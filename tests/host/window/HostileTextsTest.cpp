@@ -130,6 +130,7 @@ TEST_F(HostileTextsTest, EveryViewTipAndDialogShowsTheTextsOfFilesAndDriversLett
     auto* tree = window.instruments().findChild<QAbstractItemView*>();
     tree->setCurrentIndex(tree->model()->index(0, 0));
     expectShownBy("faults", [&] { tree->findChild<QAction*>("faults")->trigger(); });
+    expectShownBy("properties", [&] { tree->findChild<QAction*>("properties")->trigger(); });
     auto* recent = window.findChild<QMenu*>("recentFiles");
     emit recent->aboutToShow();
     EXPECT_TRUE(recent->actions().constFirst()->text().contains("[*]<i>&&%1.json"));

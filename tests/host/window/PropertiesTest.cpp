@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
@@ -94,7 +95,9 @@ TEST_F(PropertiesTest, OneStepTakesWhatWasEditedAndThePageFollows)
     PropertiesDialog& dialog = open(0);
     QLineEdit& rates = box(dialog, "timebase.samplePeriod.choices");
     EXPECT_EQ(rates.text(), "3.33333333333333; 1000; 3333.33333333333");
-    type(rates, "3.33333333333333; 500; 3333.33333333333");
+    QApplication::clipboard()->setText("3.33333333333333\n500\n3333.33333333333\n");
+    rates.selectAll();
+    QTest::keyClick(&rates, Qt::Key_V, Qt::ControlModifier);
     dialog.findChild<QTabWidget*>()->setCurrentIndex(2);
     box<QListWidget>(dialog, "channels").setCurrentRow(1);
     type(box(dialog, "signal.frequency"), "12.5");
