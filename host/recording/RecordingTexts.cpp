@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdio>
 #include <nlohmann/json.hpp>
+#include <numeric>
 
 namespace ko {
 
@@ -76,14 +77,16 @@ std::string progressText(const RecordingProgress& progress)
 {
     double bytes = 0.0;
     std::int64_t lost = 0;
+    std::int64_t clipped = 0;
     for (const InstrumentProgress& instrument : progress.instruments) {
         bytes += instrument.bytes;
         lost += instrument.lost;
+        clipped = std::accumulate(instrument.clipped.begin(), instrument.clipped.end(), clipped);
     }
     char text[160];
     std::snprintf(text, sizeof text, "%s, %.1f s, %s, %lld samples lost", activity(progress.state), progress.elapsed,
                   byteText(bytes).c_str(), static_cast<long long>(lost));
-    return text;
+    return clipped > 0 ? text + (", " + std::to_string(clipped)) + " clipped" : text;
 }
 
 } // namespace ko

@@ -19,7 +19,8 @@ std::string programText();
 /// "complete", "stopped" or "failed"; "recording" before the end.
 const char* stateText(RunState state);
 
-/// One line about a recording that is running: "recording, 12.3 s, 1.5 MB, 0 samples lost".
+/// One line about a recording that is running: "recording, 12.3 s, 1.5 MB, 0 samples lost", and ", 7 clipped" if
+/// there are any.
 std::string progressText(const RecordingProgress& progress);
 
 } // namespace ko

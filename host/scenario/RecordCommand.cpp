@@ -14,8 +14,9 @@ namespace {
 
 Json recordedJson(const InstrumentProgress& instrument)
 {
-    return {{"name", instrument.name},     {"samples", instrument.samples},   {"bytes", instrument.bytes},
-            {"period", instrument.period}, {"start", instrument.startOffset}, {"lost", instrument.lost}};
+    return {{"name", instrument.name},      {"samples", instrument.samples},   {"bytes", instrument.bytes},
+            {"period", instrument.period},  {"start", instrument.startOffset}, {"lost", instrument.lost},
+            {"clipped", instrument.clipped}};
 }
 
 Json recordedJson(const std::string& file, const RecordingProgress& end)

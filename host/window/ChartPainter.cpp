@@ -82,7 +82,6 @@ void ChartPainter::paintNames(const QRectF& rect, const ChartRow& row)
         text(line.adjusted(size * 1.2, 0.0, 0.0, 0.0), Qt::AlignLeft, clipped);
         line.translate(0.0, layout_.line);
     }
-    painter_.setPen(palette_.color(QPalette::PlaceholderText));
     if (line.bottom() <= rect.bottom())
         text(line, Qt::AlignLeft, toShown(row.channel.instrumentName));
 }

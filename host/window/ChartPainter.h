@@ -10,7 +10,7 @@ namespace ko {
 
 /// The places of a chart's parts in a widget, by its font.
 struct ChartLayout {
-    explicit ChartLayout(const QWidget& widget, std::size_t rows);
+    ChartLayout(const QWidget& widget, std::size_t rowCount);
 
     double width, height;
     double line;    ///< height of a line of text

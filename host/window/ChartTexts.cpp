@@ -15,18 +15,17 @@ QString ChartTexts::number(double value, int digits) const
 QString ChartTexts::time(double seconds, double step) const
 {
     const int decimals = std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 9);
+    const QString separator = toQt(locale.decimalSeparator);
     constexpr double minute = 60.0;
     if (seconds < minute)
-        return texts(chartText::seconds)
-            .arg(toQt(numberText(QString::number(seconds, 'f', decimals).toDouble(), locale)));
-    const auto whole = static_cast<qlonglong>(seconds + step * 1e-6);
-    const QChar zero(u'0');
-    QString text = QStringLiteral("%1:%2:%3")
-                       .arg(QString::number(whole / 3600), QString::number(whole / 60 % 60).rightJustified(2, zero),
-                            QString::number(whole % 60).rightJustified(2, zero));
-    if (decimals > 0)
-        text += toQt(locale.decimalSeparator) + QString::number(seconds - std::floor(seconds), 'f', decimals).mid(2);
-    return text;
+        return texts(chartText::seconds).arg(QString::number(seconds, 'f', decimals).replace(u'.', separator));
+    // Rounded before it is divided, so that no second has 60.000 seconds.
+    const QString rounded = QString::number(seconds, 'f', decimals);
+    const qlonglong whole = rounded.section(u'.', 0, 0).toLongLong();
+    const auto twoDigits = [](qlonglong part) { return QString::number(part).rightJustified(2, u'0'); };
+    const QString text = QStringLiteral("%1:%2:%3")
+                             .arg(QString::number(whole / 3600), twoDigits(whole / 60 % 60), twoDigits(whole % 60));
+    return decimals > 0 ? text + separator + rounded.section(u'.', 1) : text;
 }
 
 QString ChartTexts::name(const ChartChannel& channel)

@@ -16,8 +16,8 @@ void ChartTime::zoom(bool in, double end)
     constexpr double next = 1.0001; // more than any error of rounding
     const double larger = roundStep(old * next);
     double smaller = roundStep(old / 10.0);
-    for (double step = smaller; step < old / next; step = roundStep(step * next))
-        smaller = step;
+    while (roundStep(smaller * next) < old / next)
+        smaller = roundStep(smaller * next);
     const double now = in ? std::max(smaller, shortest) : larger;
     const double middle = from(end) + old / 2.0;
     if (!span_)

@@ -158,7 +158,7 @@ TEST(SignalsTest, AFileIsShownAsTheRecordingWasAndAsFinelyAsItIsAskedFor)
                   std::tuple(was.instrument, was.instrumentName, was.period));
     }
     const auto read = [&](std::size_t channel, const SampleSpan& span) {
-        shown->extents(channel, span);
+        (void)shown->extents(channel, span);
         while (shown->isGrowing()) {
         }
         return shown->extents(channel, span);

@@ -111,6 +111,20 @@ TEST(ChartTimeTest, WhateverIsZoomedAndScrolledTheViewIsWithinTheTimeAndItsMiddl
     }
 }
 
+TEST(ChartTextsTest, TimesHaveTheDecimalsOfTheirStep)
+{
+    Locale locale;
+    locale.decimalSeparator = ",";
+    const ChartTexts texts{[](int) { return QStringLiteral("%1 s"); }, locale};
+    const struct {
+        double seconds, step;
+        const char* text;
+    } cases[]{{0.0, 2.0, "0 s"},       {6.17, 0.002, "6,170 s"},      {0.1 + 0.2, 0.1, "0,3 s"},
+              {60.0, 20.0, "0:01:00"}, {3599.9999, 0.5, "1:00:00,0"}, {86405.25, 0.05, "24:00:05,25"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(texts.time(c.seconds, c.step).toStdString(), c.text);
+}
+
 TEST_F(ChartTest, AFrameCostsTheSameAtAnyRateAndIsPaintedOnlyWhileItIsSeen)
 {
     std::vector<std::size_t> costs;
