@@ -36,14 +36,6 @@ std::vector<InstrumentSettings>::iterator instrumentNamed(Setup& setup, const st
     return found;
 }
 
-void checkNewName(const Setup& setup, const std::string& name)
-{
-    if (name.empty())
-        throw InputError("an instrument needs a name");
-    if (isTaken(setup, name))
-        throw InputError(name + ": an instrument of this name exists");
-}
-
 /// Returns the name with the first number that makes it a new one.
 std::string freeName(const Setup& setup, const std::string& name)
 {
@@ -72,24 +64,6 @@ int slotOf(const std::string& address)
     int slot = 0;
     std::from_chars(address.data() + (first == std::string::npos ? 0 : first + 1), address.data() + last, slot);
     return slot;
-}
-
-/// Returns a slot after all others.
-int freeSlot(const Setup& setup)
-{
-    int slot = 1;
-    forEachChannel(setup, [&](const InstrumentSettings& /*instrument*/, const ChannelSettings& channel) {
-        slot = std::max(slot, slotOf(channel.address) + 1);
-    });
-    return slot;
-}
-
-void moveToSlot(InstrumentSettings& instrument, int slot)
-{
-    for (GroupSettings& group : instrument.groups)
-        for (ChannelSettings& channel : group.channels)
-            channel.address = "0:" + std::to_string(slot) +
-                              channel.address.substr(std::min(channel.address.rfind(':'), channel.address.size()));
 }
 
 /// A channel's name on the command line: its own, or "INSTRUMENT/" and its own.
@@ -151,6 +125,32 @@ void renameBy(Setup& setup, const std::string& text)
 
 } // namespace
 
+void checkNewName(const Setup& setup, const std::string& name)
+{
+    if (name.empty())
+        throw InputError("an instrument needs a name");
+    if (isTaken(setup, name))
+        throw InputError(name + ": an instrument of this name exists");
+}
+
+int freeSlot(const Setup& setup)
+{
+    int slot = 1;
+    forEachChannel(setup, [&](const InstrumentSettings& /*instrument*/, const ChannelSettings& channel) {
+        slot = std::max(slot, slotOf(channel.address) + 1);
+    });
+    return slot;
+}
+
+void moveToFreeSlot(const Setup& setup, InstrumentSettings& instrument)
+{
+    const std::string slot = std::to_string(freeSlot(setup));
+    for (GroupSettings& group : instrument.groups)
+        for (ChannelSettings& channel : group.channels)
+            channel.address =
+                "0:" + slot + channel.address.substr(std::min(channel.address.rfind(':'), channel.address.size()));
+}
+
 std::size_t addInstrument(Setup& setup, const std::string& kind, const std::string& name)
 {
     std::vector<std::string> words;
@@ -161,7 +161,7 @@ std::size_t addInstrument(Setup& setup, const std::string& kind, const std::stri
         if (!name.empty())
             checkNewName(setup, name);
         instrument.name = name.empty() ? freeName(setup, instrument.name) : name;
-        moveToSlot(instrument, freeSlot(setup));
+        moveToFreeSlot(setup, instrument);
         setup.instruments.push_back(std::move(instrument));
         return setup.instruments.size() - 1;
     }
@@ -171,12 +171,6 @@ std::size_t addInstrument(Setup& setup, const std::string& kind, const std::stri
 void removeInstrument(Setup& setup, const std::string& name)
 {
     setup.instruments.erase(instrumentNamed(setup, name));
-}
-
-void removeInstruments(Setup& setup, const std::vector<std::size_t>& indices)
-{
-    for (auto index = indices.rbegin(); index != indices.rend(); ++index)
-        setup.instruments.erase(setup.instruments.begin() + static_cast<std::ptrdiff_t>(*index));
 }
 
 void describeInstrument(Setup& setup, std::size_t index, const InstrumentSettings& settings)

@@ -20,13 +20,20 @@ struct SetupChange {
 /// name that is not given gets a number if it exists. Returns the instrument's index.
 std::size_t addInstrument(Setup& setup, const std::string& kind, const std::string& name = {});
 void removeInstrument(Setup& setup, const std::string& name);
-/// `indices` increase.
-void removeInstruments(Setup& setup, const std::vector<std::size_t>& indices);
 /// Replaces the description of an instrument. Its name may be another one that no instrument has.
 void describeInstrument(Setup& setup, std::size_t index, const InstrumentSettings& settings);
 void renameInstrument(Setup& setup, const std::string& name, const std::string& newName);
 /// Switches a channel, which is named by its name, its address, or "INSTRUMENT/" and one of both.
 void enableChannel(Setup& setup, const std::string& channel, bool on);
+
+// For changes of instruments by their places.
+
+/// Throws an `InputError` if an instrument cannot get this name.
+void checkNewName(const Setup& setup, const std::string& name);
+/// Returns a slot after all others.
+int freeSlot(const Setup& setup);
+/// Gives the channels of an instrument addresses of a free slot.
+void moveToFreeSlot(const Setup& setup, InstrumentSettings& instrument);
 
 /// Applies a change as it is written on the command line. As the functions above, fails with an `InputError` that names
 /// what does not exist and suggests what does, and changes nothing then.

@@ -64,7 +64,8 @@ void SetupSession::restore(const UnsavedSetup& unsaved)
 
 UnsavedSetup SetupSession::unsaved() const
 {
-    return {file_, template_, content_, presentSetup()};
+    const std::string file = isOpen() ? std::filesystem::absolute(file_).string() : std::string();
+    return {file, template_, content_, presentSetup()};
 }
 
 bool SetupSession::pageAllows() const

@@ -31,6 +31,11 @@ std::string filledIn(std::string pattern, const std::vector<std::string>& argume
     return result;
 }
 
+const std::string& nameOf(const ChannelSettings& channel)
+{
+    return channel.name.empty() ? channel.address : channel.name;
+}
+
 /// Collects the settings that differ, each described with its old and its new value.
 class Differences {
 public:
@@ -114,10 +119,6 @@ private:
                     return nameOf(channel);
         return text(named::none);
     }
-    [[nodiscard]] static const std::string& nameOf(const ChannelSettings& channel)
-    {
-        return channel.name.empty() ? channel.address : channel.name;
-    }
 
     [[nodiscard]] std::string text(int name) const { return words_.text(name); }
     [[nodiscard]] std::string number(double value) const { return numberText(value, words_.locale()); }
@@ -147,10 +148,67 @@ private:
     std::vector<std::string> found_;
 };
 
-std::string describe(const InstrumentSettings& before, const InstrumentSettings& after, const StepWords& words)
+struct NamedPart {
+    std::string key;  ///< by which it is recognised
+    std::string name; ///< shown
+};
+
+std::vector<NamedPart> groupsOf(const InstrumentSettings& instrument)
+{
+    std::vector<NamedPart> parts;
+    for (const GroupSettings& group : instrument.groups)
+        parts.push_back({group.name, group.name});
+    return parts;
+}
+
+std::vector<NamedPart> channelsOf(const InstrumentSettings& instrument)
+{
+    std::vector<NamedPart> parts;
+    for (const GroupSettings& group : instrument.groups)
+        for (const ChannelSettings& channel : group.channels)
+            parts.push_back({channel.address, nameOf(channel)});
+    return parts;
+}
+
+const NamedPart* missingIn(const std::vector<NamedPart>& in, const std::vector<NamedPart>& of)
+{
+    for (const NamedPart& part : of)
+        if (std::none_of(in.begin(), in.end(), [&](const NamedPart& other) { return other.key == part.key; }))
+            return &part;
+    return nullptr;
+}
+
+/// Describes the first part that has been added, removed, swapped or renamed; empty if none has.
+std::string describeParts(const std::vector<NamedPart>& before, const std::vector<NamedPart>& after,
+                          const StepWords& words)
+{
+    const NamedPart* const removed = missingIn(after, before);
+    const NamedPart* const added = missingIn(before, after);
+    if (removed && added && before.size() == after.size())
+        return filledIn(words.text(edit::named), {removed->name, added->name});
+    if (removed || added)
+        return filledIn(words.text(added ? edit::added : edit::removed), {(added ? added : removed)->name});
+    for (std::size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
+        if (before[i].key != after[i].key)
+            return filledIn(words.text(edit::swapped), {before[i].name, after[i].name});
+        if (before[i].name != after[i].name)
+            return filledIn(words.text(edit::named), {before[i].name, after[i].name});
+    }
+    return {};
+}
+
+std::string describeStructure(const InstrumentSettings& before, const InstrumentSettings& after, const StepWords& words)
 {
     if (before.name != after.name)
         return filledIn(words.text(edit::named), {before.name, after.name});
+    const std::string groups = describeParts(groupsOf(before), groupsOf(after), words);
+    return groups.empty() ? describeParts(channelsOf(before), channelsOf(after), words) : groups;
+}
+
+std::string describe(const InstrumentSettings& before, const InstrumentSettings& after, const StepWords& words)
+{
+    if (const std::string structure = describeStructure(before, after, words); !structure.empty())
+        return structure;
     Differences differences(words);
     if (before.timebase && after.timebase)
         differences.timebase(*before.timebase, *after.timebase);
@@ -182,8 +240,7 @@ std::string describeLists(const HistoryState& before, const HistoryState& after,
     std::size_t first = 0;
     while (before.drivers[first] == after.drivers[first])
         ++first;
-    const bool isMovedUp = first + 1 < before.drivers.size() && before.drivers[first] == after.drivers[first + 1];
-    return filledIn(words.text(edit::moved), {(isMovedUp ? after : before).settings[first]->name});
+    return filledIn(words.text(edit::swapped), {before.settings[first]->name, after.settings[first]->name});
 }
 
 } // namespace

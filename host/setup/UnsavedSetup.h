@@ -8,7 +8,7 @@ namespace ko {
 
 /// A set-up with changes that are not saved.
 struct UnsavedSetup {
-    std::string file;         ///< its own; empty if it was begun with a template
+    std::string file;         ///< its own, an absolute path; empty if it was begun with a template
     std::string templateName; ///< of a set-up without a file
     std::string saved;        ///< content of the file, or of the template, when it was last read or written
     Setup setup;              ///< with the changes

@@ -51,6 +51,9 @@ public:
     /// Runs a call of the host after which the page may write to the instruments; that is no step.
     void hostCall(const std::function<void()>& call);
 
+    /// As the entries of the menu.
+    void undo();
+    void redo();
     /// Undoes or redoes until the set-up is as it was saved. Returns false if no step leads there.
     bool revertToSaved();
 
@@ -70,8 +73,6 @@ private:
     /// Ends the step in progress, then calls `call`. Returns false if this object has been destroyed meanwhile.
     bool finishAnd(const std::function<void()>& call);
     void settle();
-    void undo();
-    void redo();
     void moveTo(std::size_t position);
     void show();
     void showSteps();

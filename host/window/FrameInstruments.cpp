@@ -10,10 +10,13 @@
 #include "host/window/InstrumentGallery.h"
 #include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
+#include "host/window/PlusButton.h"
+#include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 namespace ko {
 
@@ -34,6 +37,13 @@ FrameInstruments::FrameInstruments(QMainWindow& window, const UserActions& actio
         return describe(driver, settings);
     };
     describing.isLocked = [this] { return history_.isLocked(); };
+}
+
+void FrameInstruments::joinPage()
+{
+    NoInstrumentPicture& picture = page_.widget().noInstruments();
+    auto* const plus = new PlusButton(picture, withoutMnemonic(parts_.text(textNumber::instrumentEdit::galleryTitle)));
+    onSignal(plus, &QToolButton::clicked, &picture, [this] { add(); });
 }
 
 void FrameInstruments::handOver(const SimulatedDrivers& drivers, bool isRestored)
@@ -60,8 +70,13 @@ bool FrameInstruments::edit(const InstrumentChange& change)
     const SimulatedDrivers shown = session_.drivers();
     if (!isOpen() || !page_.okToLeave() || session_.drivers() != shown)
         return false;
+    const QPointer<QWidget> focused = window_.focusWidget();
     try {
-        return history_.edit(changedInstruments(shown, change));
+        const bool isChanged = history_.edit(changedInstruments(shown, change));
+        // The page takes the focus while it is rebuilt.
+        if (!action.isOver() && focused && !page_.widget().isAncestorOf(focused))
+            focused->setFocus();
+        return isChanged;
     } catch (const std::exception& error) {
         refuse(toQt(error.what()));
         return false;
@@ -88,6 +103,8 @@ void FrameInstruments::add()
             return;
         kind = gallery->kind();
     }
+    if (!session_.hasSetup())
+        session_.begin("empty");
     if (edit([&](Setup& setup) { addInstrument(setup, kind); }) && !action.isOver())
         docks_.instruments().select(session_.drivers().size() - 1);
 }

@@ -28,7 +28,10 @@ public:
     /// Describes an instrument of the list anew, as one step. As `edit`.
     bool describe(const SimulatedDriver& driver, const InstrumentSettings& settings);
 
-    /// Lets the user choose a kind of instrument and adds one.
+    /// Puts a button on a new page without instruments.
+    void joinPage();
+
+    /// Lets the user choose a kind of instrument and adds one, to a new set-up if none is open.
     void add();
 
 private:

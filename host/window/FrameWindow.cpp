@@ -35,6 +35,7 @@ FrameWindow::FrameWindow(const std::string& language, const std::string& memory)
     statusBar()->addPermanentWidget(&docks_.reports().button());
     statusBar()->addPermanentWidget(&capture_.sign());
     makeMenus();
+    page_.made = [this] { list_.joinPage(); };
     page_.make();
     setAcceptDrops(true);
     handOver();

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "host/setup/InstrumentEdits.h"
-#include "host/sheet/InstrumentRow.h"
+#include "host/setup/PlacedChanges.h"
+#include "widgets/support/Convert.h"
 
 #include <QKeySequence>
 #include <QObject>
@@ -27,28 +28,45 @@ struct InstrumentEditing {
 class InstrumentActions : public QObject {
 public:
     /// Adds the actions to the tree. All arguments must outlive this object.
-    InstrumentActions(QTreeView& tree, const InstrumentsModel& model, const Texts& texts,
-                      const InstrumentEditing& editing);
-
-    [[nodiscard]] QAction& addAction() { return *add_; }
-    /// Enables the actions that the selected rows allow.
-    void follow();
+    InstrumentActions(QTreeView& tree, InstrumentsModel& model, const Texts& texts, const InstrumentEditing& editing);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QAction* make(int text, const char* name, const QKeySequence& key, std::function<void()> act);
-    [[nodiscard]] bool change(const InstrumentChange& change) const;
-    /// The selected instruments as indices, in increasing order.
-    [[nodiscard]] std::vector<std::size_t> selectedInstruments() const;
+    struct Entry {
+        int text;
+        const char* name;
+        QKeySequence key;
+    };
+    QAction* make(const Entry& entry, std::function<void()> act);
+    void separate();
+    void makeListActions();
+    void makePartActions();
+    void follow();
+
+    /// Makes a change, then selects the places that it returns.
+    void change(const std::function<SetupPlaces(Setup& setup)>& change);
+    /// The selected instruments, groups and channels, without those within another.
+    [[nodiscard]] SetupPlaces selected() const;
+    /// The place of the current row, or of the instrument, group or channel that it belongs to; none without a row.
+    [[nodiscard]] std::optional<SetupPlace> current() const;
+    void beginRename();
     void remove();
+    void duplicate();
+    void move(bool down);
+    void addPart(bool isChannel);
+    void enable(bool on);
+    void chooseTriggerSource();
+    bool switchSelected();
 
     QTreeView& tree_;
-    const InstrumentsModel& model_;
+    InstrumentsModel& model_;
     Texts texts_;
     const InstrumentEditing& editing_;
-    std::vector<QAction*> actions_;
-    QAction *add_, *remove_;
+    std::vector<QAction*> all_;
+    std::vector<QAction*> forSelected_;
+    std::vector<QAction*> forCurrent_;
+    QAction* trigger_ = nullptr;
 };
 
 } // namespace ko

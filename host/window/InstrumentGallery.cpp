@@ -60,7 +60,9 @@ InstrumentGallery::InstrumentGallery(const Texts& texts, const std::vector<Instr
     onSignal(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
     onSignal(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
     onSignal(list_, &QListWidget::itemDoubleClicked, this, [this] { accept(); });
-    resize(fontMetrics().averageCharWidth() * 70, fontMetrics().height() * 20);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list_->setMinimumWidth(list_->sizeHintForColumn(0) + fontMetrics().height() * 3);
+    list_->setMinimumHeight(fontMetrics().height() * 16);
 }
 
 std::string InstrumentGallery::kind() const

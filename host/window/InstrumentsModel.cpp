@@ -1,6 +1,7 @@
 #include "host/window/InstrumentsModel.h"
 
 #include "host/support/HostTexts.h"
+#include "host/window/Later.h"
 #include "widgets/support/PlainText.h"
 
 #include <QApplication>
@@ -65,10 +66,50 @@ bool InstrumentsModel::isCheck(const QModelIndex& index, const InstrumentRow& ro
     return index.column() == Name && row.kind() == InstrumentRow::Kind::Channel;
 }
 
+bool InstrumentsModel::isNamed(const QModelIndex& index, const InstrumentRow& row)
+{
+    using Kind = InstrumentRow::Kind;
+    return index.column() == Name &&
+           (row.kind() == Kind::Instrument || row.kind() == Kind::Group || row.kind() == Kind::Channel);
+}
+
+SetupPlace InstrumentsModel::placeOf(const InstrumentRow& row)
+{
+    const InstrumentRow* top = &row;
+    while (top->kind() != InstrumentRow::Kind::Instrument)
+        top = top->parent();
+    return {static_cast<std::size_t>(top->number()), row.group(), row.channel()};
+}
+
+QModelIndex InstrumentsModel::indexOf(const SetupPlace& place) const
+{
+    QModelIndex found = index(static_cast<int>(place.instrument), 0);
+    for (const auto& [kind, number] :
+         {std::pair(InstrumentRow::Kind::Group, place.group), std::pair(InstrumentRow::Kind::Channel, place.channel)}) {
+        for (int i = 0, before = 0; number >= 0 && i < rowCount(found); ++i)
+            if (const QModelIndex below = index(i, 0, found); row(below)->kind() == kind && before++ == number) {
+                found = below;
+                break;
+            }
+    }
+    return found;
+}
+
 Qt::ItemFlags InstrumentsModel::flags(const QModelIndex& index) const
 {
-    const Qt::ItemFlags plain = QAbstractItemModel::flags(index);
-    return index.isValid() && isCheck(index, *row(index)) ? plain | Qt::ItemIsUserCheckable : plain;
+    Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    flags.setFlag(Qt::ItemIsUserCheckable, index.isValid() && isCheck(index, *row(index)));
+    flags.setFlag(Qt::ItemIsEditable, index.isValid() && isNamed(index, *row(index)));
+    return flags;
+}
+
+std::string InstrumentsModel::nameAt(const InstrumentRow& row)
+{
+    switch (row.kind()) {
+    case InstrumentRow::Kind::Group: return row.groupSettings().name;
+    case InstrumentRow::Kind::Channel: return row.channelSettings().name;
+    default: return row.driver().name();
+    }
 }
 
 QVariant InstrumentsModel::data(const QModelIndex& index, int role) const
@@ -78,6 +119,8 @@ QVariant InstrumentsModel::data(const QModelIndex& index, int role) const
     const InstrumentRow& shown = *row(index);
     if (role == Qt::DisplayRole)
         return index.column() == Name ? nameOf(shown, texts_) : valueOf(shown, texts_, locale_);
+    if (role == Qt::EditRole && isNamed(index, shown))
+        return toQt(nameAt(shown));
     if (role == Qt::CheckStateRole && isCheck(index, shown))
         return shown.channelSettings().isEnabled() ? Qt::Checked : Qt::Unchecked;
     const bool isInstrument = shown.kind() == InstrumentRow::Kind::Instrument;
@@ -91,6 +134,8 @@ QVariant InstrumentsModel::data(const QModelIndex& index, int role) const
 
 bool InstrumentsModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
+    if (role == Qt::EditRole && index.isValid() && isNamed(index, *row(index)))
+        return setName(*row(index), fromQt(value.toString()));
     if (!index.isValid() || role != Qt::CheckStateRole || !isCheck(index, *row(index)) || !enable)
         return false;
     const InstrumentRow& shown = *row(index);
@@ -99,6 +144,18 @@ bool InstrumentsModel::setData(const QModelIndex& index, const QVariant& value, 
         return false;
     emit dataChanged(index, index, {Qt::CheckStateRole});
     return true;
+}
+
+/// The rows are made again when a name changes, which the editor of the cell must not see.
+bool InstrumentsModel::setName(const InstrumentRow& row, const std::string& name)
+{
+    const bool isOther = rename && name != nameAt(row);
+    if (isOther)
+        later(*this, [this, list = drivers_, place = placeOf(row), name] {
+            if (drivers_ == list)
+                rename(place, name);
+        });
+    return isOther;
 }
 
 QVariant InstrumentsModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/setup/PlacedChanges.h"
 #include "host/sheet/InstrumentRow.h"
 #include "platform/Locale.h"
 
@@ -22,6 +23,14 @@ public:
     /// Enables or disables a channel; returns false if it was not changed.
     std::function<bool(SimulatedDriver& driver, int group, int channel, bool on)> enable;
 
+    /// Called after the user has typed another name for an instrument, a group or a channel.
+    std::function<void(const SetupPlace& place, const std::string& name)> rename;
+
+    /// Returns the place of a row in the set-up, that of the instrument or channel for a row of its settings.
+    [[nodiscard]] static SetupPlace placeOf(const InstrumentRow& row);
+    /// Returns the index of a place; an invalid one if there is none.
+    [[nodiscard]] QModelIndex indexOf(const SetupPlace& place) const;
+
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     [[nodiscard]] QModelIndex parent(const QModelIndex& child) const override;
     [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
@@ -34,6 +43,9 @@ public:
 
 private:
     [[nodiscard]] InstrumentRow& rowOrRoot(const QModelIndex& index) const;
+    [[nodiscard]] static bool isNamed(const QModelIndex& index, const InstrumentRow& row);
+    [[nodiscard]] static std::string nameAt(const InstrumentRow& row);
+    bool setName(const InstrumentRow& row, const std::string& name);
     [[nodiscard]] static bool isCheck(const QModelIndex& index, const InstrumentRow& row);
 
     Texts texts_;

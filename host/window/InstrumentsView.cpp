@@ -3,11 +3,13 @@
 #include "host/support/HostTexts.h"
 #include "host/window/DockLayout.h"
 #include "host/window/FaultDialog.h"
+#include "host/window/InstrumentFilter.h"
 #include "host/window/TreeState.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 
 #include <QAction>
+#include <QBoxLayout>
 #include <QTreeView>
 
 namespace ko {
@@ -37,10 +39,13 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setTabKeyNavigation(false);
     view_->setAllColumnsShowFocus(true);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     fitColumns(*view_);
     properties_ = new PropertiesAction(*view_, *model_, texts_, locale, describing_);
     makeActions();
     layDock(*this, *view_);
+    static_cast<QBoxLayout*>(widget()->layout())
+        ->insertWidget(0, new InstrumentFilter(texts, *view_, *model_, widget()));
     hide();
 }
 
@@ -94,7 +99,8 @@ bool InstrumentsView::isSelected(std::size_t instrument, int group, int channel)
 
 void InstrumentsView::select(std::size_t instrument)
 {
-    view_->setCurrentIndex(model_->index(static_cast<int>(instrument), 0));
+    view_->selectionModel()->setCurrentIndex(model_->index(static_cast<int>(instrument), 0),
+                                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void InstrumentsView::refresh()

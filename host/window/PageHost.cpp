@@ -70,6 +70,7 @@ void PageHost::make()
     static_cast<QBoxLayout*>(window_.centralWidget()->layout())->insertWidget(0, widget_, 1);
     window_.menuBar()->insertMenu(window_.menuBar()->actions().constLast(), &widget_->menu());
     document_->mode().setClientSite(site_);
+    ko::raise(made);
 }
 
 void PageHost::renew()

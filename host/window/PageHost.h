@@ -32,6 +32,8 @@ public:
     [[nodiscard]] PageWidget& widget() { return *widget_; }
     [[nodiscard]] HintLine& hint() { return *hint_; }
 
+    /// Called after a page has been made.
+    std::function<void()> made;
     /// Called after each action of the user on the page.
     std::function<void()> actionDone;
     /// Called when the focus of the page may have moved.

@@ -88,27 +88,39 @@ void NoInstrumentPicture::paintEvent(QPaintEvent*)
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const int margin = fontMetrics().height();
-    const int left = (width() - textWidth()) / 2;
-    const int top = std::max(margin, (height() - sizeHint().height()) / 3);
-    drawMainframe(painter, {left, top, textWidth() * 2 / 3, mainframeHeight()});
+    drawMainframe(painter);
     painter.setPen(palette().color(QPalette::WindowText));
-    layTexts(&painter, left, top + mainframeHeight() + margin);
+    layTexts(&painter, mainframe().left(), mainframe().top() + mainframeHeight() + fontMetrics().height());
 }
 
-void NoInstrumentPicture::drawMainframe(QPainter& painter, const QRect& place) const
+QRect NoInstrumentPicture::mainframe() const
+{
+    const int top = std::max(fontMetrics().height(), (height() - sizeHint().height()) / 3);
+    return {(width() - textWidth()) / 2, top, textWidth() * 2 / 3, mainframeHeight()};
+}
+
+QRectF NoInstrumentPicture::slotAt(int number) const
 {
     const double unit = fontMetrics().height() / 2.0;
-    const QRectF box = QRectF(place).adjusted(1, 1, -1, -1);
+    const QRectF inner = QRectF(mainframe()).adjusted(1 + unit, 1 + unit, -1 - unit, -1 - 2 * unit);
+    const double step = inner.width() / slotCount;
+    return {inner.left() + number * step + unit / 4, inner.top(), step - unit / 2, inner.height()};
+}
+
+QRect NoInstrumentPicture::freeSlot() const
+{
+    const int margin = fontMetrics().height() / 4;
+    return slotAt(wantedSlot).toAlignedRect().adjusted(margin, margin, -margin, -margin);
+}
+
+void NoInstrumentPicture::drawMainframe(QPainter& painter) const
+{
+    const double unit = fontMetrics().height() / 2.0;
     painter.setPen(QPen(palette().color(QPalette::Mid), std::max(1.0, unit / 6)));
     painter.setBrush(palette().brush(QPalette::Button));
-    painter.drawRoundedRect(box, unit, unit);
-    const QRectF inner = box.adjusted(unit, unit, -unit, -2 * unit);
-    const double step = inner.width() / slotCount;
-    for (int i = 0; i < slotCount; ++i) {
-        const QRectF slot(inner.left() + i * step + unit / 4, inner.top(), step - unit / 2, inner.height());
-        drawSlot(painter, slot, i == wantedSlot);
-    }
+    painter.drawRoundedRect(QRectF(mainframe()).adjusted(1, 1, -1, -1), unit, unit);
+    for (int i = 0; i < slotCount; ++i)
+        drawSlot(painter, slotAt(i), i == wantedSlot);
 }
 
 void NoInstrumentPicture::drawSlot(QPainter& painter, const QRectF& slot, bool wanted) const

@@ -18,6 +18,8 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    /// The place of the "+", for a host that has a button there.
+    [[nodiscard]] QRect freeSlot() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -27,10 +29,12 @@ private:
     [[nodiscard]] int textWidth() const;
     [[nodiscard]] int mainframeHeight() const;
     [[nodiscard]] int stepIndent() const;
+    [[nodiscard]] QRect mainframe() const;
+    [[nodiscard]] QRectF slotAt(int number) const;
     /// Lays out the texts one below the other from `top`, draws them if `painter` is set, and returns their bottom.
     int layTexts(QPainter* painter, int left, int top) const;
     int layText(QPainter* painter, const QRect& place, const QFont& font, const QString& text) const;
-    void drawMainframe(QPainter& painter, const QRect& place) const;
+    void drawMainframe(QPainter& painter) const;
     void drawSlot(QPainter& painter, const QRectF& slot, bool wanted) const;
 
     QString title_, reason_;

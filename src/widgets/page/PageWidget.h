@@ -32,6 +32,7 @@ public:
 
     [[nodiscard]] FormView& view() { return *view_; }
     /// The page's own menu, for the host's menu bar.
+    [[nodiscard]] NoInstrumentPicture& noInstruments() { return *picture_; }
     [[nodiscard]] QMenu& menu() { return *menu_; }
 
     /// Scrolls a widget of the view into sight.

@@ -5,6 +5,7 @@
 
 #include <QListWidget>
 #include <QTreeView>
+#include <random>
 
 namespace ko::test {
 namespace {
@@ -46,6 +47,83 @@ protected:
         });
         press(Qt::Key_Insert);
         activate();
+    }
+    /// Makes the row at the end of a path of row numbers current.
+    void go(std::initializer_list<int> path)
+    {
+        QModelIndex at;
+        for (const int row : path)
+            at = rows.index(row, 0, at);
+        go(at);
+    }
+    void go(const QModelIndex& at)
+    {
+        tree.setFocus();
+        tree.selectionModel()->setCurrentIndex(at, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    void rename(const char* name)
+    {
+        press(Qt::Key_F2);
+        press(Qt::Key_Delete);
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(name));
+        press(Qt::Key_Return);
+        QCoreApplication::processEvents();
+        tree.setFocus();
+    }
+    /// Goes to an instrument, group or channel by the arrow keys.
+    void seek(const SetupPlace& place)
+    {
+        press(Qt::Key_Home);
+        for (int i = 0; i < 200; ++i) {
+            const InstrumentRow& row = *rows.row(tree.currentIndex());
+            const SetupPlace at = InstrumentsModel::placeOf(row);
+            const bool isPlace = row.kind() == (place.isInstrument() ? InstrumentRow::Kind::Instrument
+                                                : place.isChannel()  ? InstrumentRow::Kind::Channel
+                                                                     : InstrumentRow::Kind::Group);
+            if (isPlace && at == place)
+                return;
+            const bool isAbove = at.instrument == place.instrument && (at.group < 0 || at.group == place.group) &&
+                                 at.channel < 0 && !tree.isExpanded(tree.currentIndex()) &&
+                                 rows.hasChildren(tree.currentIndex());
+            press(isAbove ? Qt::Key_Right : Qt::Key_Down);
+        }
+        FAIL() << "no such place";
+    }
+    /// Adds an instrument of the kind at this place in the gallery and edits it to what the dock sets of `wanted`.
+    void make(std::size_t number, const InstrumentSettings& wanted)
+    {
+        insert(static_cast<int>(number));
+        seek({number});
+        rename(wanted.name.c_str());
+        for (std::size_t g = 0; g < wanted.groups.size(); ++g) {
+            if (drivers()[number]->held().groups.size() == g)
+                press(Qt::Key_G, Qt::ControlModifier);
+            seek({number, static_cast<int>(g)});
+            rename(wanted.groups[g].name.c_str());
+            makeChannels({number, static_cast<int>(g)}, wanted.groups[g].channels);
+        }
+    }
+    void makeChannels(SetupPlace place, const std::vector<ChannelSettings>& wanted)
+    {
+        const auto count = [&] {
+            return drivers()[place.instrument]->held().groups[static_cast<std::size_t>(place.group)].channels.size();
+        };
+        while (count() < wanted.size())
+            press(Qt::Key_Insert, Qt::ShiftModifier);
+        place.channel = 0;
+        for (const ChannelSettings& channel : wanted) {
+            seek(place);
+            rename(channel.name.c_str());
+            if (!channel.isEnabled())
+                press(Qt::Key_Space);
+            if (channel.triggerSource)
+                press(Qt::Key_T, Qt::ControlModifier);
+            ++place.channel;
+        }
+        while (count() > wanted.size()) {
+            seek(place);
+            press(Qt::Key_Delete);
+        }
     }
     const SimulatedDrivers& drivers() { return window.session().drivers(); }
     std::vector<std::string> names()
@@ -98,6 +176,167 @@ TEST_F(InstrumentEditsTest, AddingAndRemovingAreStepsThatThePageFollowsAndUndoRe
     EXPECT_EQ(rows.rowCount(), 2);
     redoAll();
     EXPECT_EQ(held(), emptied);
+}
+
+TEST_F(InstrumentEditsTest, EveryEditIsDoneByItsKeyAndIsAStepNamedByIt)
+{
+    const std::string opened = held();
+    const auto group = [&](std::size_t i) -> const GroupSettings& { return drivers()[i]->held().groups[0]; };
+    go({0, 1, 0});
+    rename("Wheel");
+    EXPECT_EQ(group(0).channels[0].name, "Wheel");
+    EXPECT_EQ(tree.currentIndex().data().toString(), "Wheel (0:3:1)");
+    EXPECT_EQ(drivers()[0]->held().triggerLines->startTriggerLine, 2) << "the list is the same, so the lines stay";
+    press(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(group(0).channels[2].address, "0:3:3");
+    EXPECT_EQ(group(0).channels[2].name, "Cam 2");
+    press(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_FALSE(group(0).channels[0].triggerSource);
+    EXPECT_TRUE(group(0).channels[2].triggerSource);
+    EXPECT_EQ(page().TriggerChannel, 2);
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_TRUE(group(0).channels[1].triggerSource);
+    EXPECT_EQ(page().TriggerChannel, 1) << "the page follows its channel";
+    go({0, 1, 1});
+    tree.selectionModel()->select(rows.index(2, 0, tree.currentIndex().parent()),
+                                  QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(group(0).channels[1].isEnabled() || group(0).channels[2].isEnabled());
+    go({0, 1, 0});
+    press(Qt::Key_Delete);
+    EXPECT_EQ(page().TriggerChannel, 0);
+    go({1});
+    press(Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(group(1).name, "Group");
+    go({0});
+    press(Qt::Key_D, Qt::ControlModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
+    ASSERT_EQ(names(), (std::vector<std::string>{"Fast", "Slow", "Fast 2"}));
+    EXPECT_EQ(group(2).channels[0].address, "0:4:3");
+    rename("Copy");
+    EXPECT_EQ(steps(),
+              (std::vector<std::string>{"Name Crank → Wheel", "Add Cam 2", "Trigger channel Wheel → Cam 2",
+                                        "Swap Cam and Cam 2", "Cam 2 Yes → No, Cam Yes → No", "Remove Wheel",
+                                        "Add Group", "Add Fast 2", "Swap Fast 2 and Slow", "Name Fast 2 → Copy"}));
+    const std::string edited = held();
+    undoAll();
+    EXPECT_EQ(held(), opened);
+    redoAll();
+    EXPECT_EQ(held(), edited);
+}
+
+/// What the dock sets of a set-up.
+std::string outline(const ko::Setup& setup)
+{
+    std::string text;
+    for (const InstrumentSettings& instrument : setup.instruments) {
+        text += instrument.name + " " + std::to_string(instrument.timebase->duration) + "\n";
+        for (const GroupSettings& group : instrument.groups) {
+            text += "  " + group.name + ":";
+            for (const ChannelSettings& channel : group.channels)
+                text += " [" + channel.name + (channel.isEnabled() ? "" : " off") +
+                        (channel.triggerSource ? " source]" : "]");
+            text += "\n";
+        }
+    }
+    return text;
+}
+
+TEST_F(InstrumentEditsTest, TheEngineBenchIsMadeFromNothingByTheKeyboardAndSaved)
+{
+    const ko::Setup demo = loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json");
+    window.session().begin("empty");
+    tree.setFocus();
+    for (std::size_t i = 0; i < demo.instruments.size(); ++i)
+        make(i, demo.instruments[i]);
+    at(page().txtDuration).setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&at(page().txtDuration), "0.5"); // minutes
+    user.saveAs = fromQt(folder.filePath("made.json"));
+    QTest::keyClick(&at(page().txtDuration), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(outline(loadSetup(user.saveAs)), outline(demo));
+    EXPECT_FALSE(window.isWindowModified());
+    undoAll();
+    EXPECT_TRUE(drivers().empty());
+}
+
+TEST_F(InstrumentEditsTest, AThousandInstrumentsAreSearchedByNameChannelAndAddress)
+{
+    ko::Setup setup;
+    for (int i = 0; i < 1000; ++i) {
+        InstrumentSettings one;
+        one.name = "Unit " + std::to_string(i);
+        ChannelSettings& channel = one.groups.emplace_back().channels.emplace_back();
+        channel.address = "0:" + std::to_string(i) + ":1";
+        channel.name = i == 77 ? "Oil" : "";
+        setup.instruments.push_back(one);
+    }
+    window.open(file("large.json", setupText(setup).c_str()));
+    auto& filter = *window.instruments().findChild<QLineEdit*>("filter");
+    const auto shown = [&] {
+        std::string found;
+        for (int i = 0; i < rows.rowCount(); ++i)
+            if (!tree.isRowHidden(i, {}))
+                found += rows.index(i, 0).data().toString().toStdString() + ";";
+        return found;
+    };
+    filter.setFocus();
+    QTest::keyClicks(&filter, "OIL");
+    EXPECT_EQ(shown(), "Unit 77;");
+    QTest::keyClick(&filter, Qt::Key_Escape);
+    QTest::keyClicks(&filter, "0:998:");
+    EXPECT_EQ(shown(), "Unit 998;");
+    QTest::keyClick(&filter, Qt::Key_Down);
+    EXPECT_TRUE(tree.hasFocus());
+    go({998});
+    press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(tree.currentIndex().data().toString(), "Unit 1000");
+    EXPECT_EQ(filter.text(), "") << "the copy would be hidden";
+}
+
+/// Whatever is edited, undoing all of it returns to the state after opening, and redoing to the last one.
+TEST_F(InstrumentEditsTest, RandomEditingIsUndoneToTheStart)
+{
+    QTimer reader;
+    onSignal(&reader, &QTimer::timeout, &reader, [] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            box->accept();
+    });
+    reader.start(0);
+    for (unsigned seed = 1; seed <= 3; ++seed) {
+        window.open(fromQt(folder.filePath("bench.json")));
+        const std::string opened = held();
+        const SimulatedDrivers before = drivers();
+        std::minstd_rand random(seed);
+        const auto upTo = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+        const std::pair<Qt::Key, Qt::KeyboardModifier> keys[]{
+            {Qt::Key_D, Qt::ControlModifier}, {Qt::Key_Delete, Qt::NoModifier},  {Qt::Key_Up, Qt::AltModifier},
+            {Qt::Key_Down, Qt::AltModifier},  {Qt::Key_G, Qt::ControlModifier},  {Qt::Key_Insert, Qt::ShiftModifier},
+            {Qt::Key_T, Qt::ControlModifier}, {Qt::Key_Space, Qt::NoModifier},   {Qt::Key_Z, Qt::ControlModifier},
+            {Qt::Key_Y, Qt::ControlModifier}, {Qt::Key_Home, Qt::ShiftModifier}, {Qt::Key_Up, Qt::ShiftModifier}};
+        for (int i = 0; i < 60; ++i) {
+            if (upTo(4) == 0)
+                insert(upTo(5));
+            tree.expandToDepth(1);
+            for (int row = upTo(12); row > 0; --row)
+                go(row == 1 || !tree.indexBelow(tree.currentIndex()).isValid()
+                       ? rows.index(upTo(std::max(rows.rowCount(), 1)), 0)
+                       : tree.indexBelow(tree.currentIndex()));
+            const auto [key, modifier] = keys[upTo(std::size(keys))];
+            QTest::keyClick(&tree, key, modifier);
+            if (i % 9 == 0)
+                rename(std::to_string(i).c_str());
+            if (i % 7 == 0)
+                upTo(2) == 0 ? page().optOnTrigger.userClicked() : page().optImmediate.userClicked();
+        }
+        window.history().edit([] {});
+        const std::string edited = held();
+        EXPECT_GT(steps().size(), 20U);
+        undoAll();
+        EXPECT_EQ(held(), opened) << "seed " << seed;
+        EXPECT_EQ(drivers(), before);
+        redoAll();
+        EXPECT_EQ(held(), edited) << "seed " << seed;
+    }
 }
 
 TEST_F(InstrumentEditsTest, FailuresAndFaultsOfAnInstrumentThatStaysAreKept)
