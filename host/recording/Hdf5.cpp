@@ -103,12 +103,17 @@ Hdf5Dataset makeList(hid_t group, const std::string& name, hid_t type, hsize_t c
         made(H5Dcreate2(group, name.c_str(), type, space.id(), H5P_DEFAULT, creation.id(), H5P_DEFAULT)));
 }
 
-GrowingList::GrowingList(hid_t group, const std::string& name, Hdf5Type type) : type_(std::move(type))
+Hdf5Dataset openedList(hid_t group, const std::string& name)
 {
     const Hdf5Properties access(made(H5Pcreate(H5P_DATASET_ACCESS)));
-    // Without a cache elements are written before the size that shows them to readers.
     made(H5Pset_chunk_cache(access.id(), 0, 0, H5D_CHUNK_CACHE_W0_DEFAULT));
-    data_ = Hdf5Dataset(made(H5Dopen2(group, name.c_str(), access.id())));
+    return Hdf5Dataset(made(H5Dopen2(group, name.c_str(), access.id())));
+}
+
+// Without a cache elements are written before the size that shows them to readers.
+GrowingList::GrowingList(hid_t group, const std::string& name, Hdf5Type type)
+    : data_(openedList(group, name)), type_(std::move(type))
+{
 }
 
 void GrowingList::write(hsize_t first, hsize_t count, const void* elements)

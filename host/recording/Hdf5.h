@@ -73,6 +73,9 @@ void setNumber(hid_t object, const char* name, std::int64_t number);
 /// never written; null: unknown.
 Hdf5Dataset makeList(hid_t group, const std::string& name, hid_t type, hsize_t chunk, const void* fill = nullptr);
 
+/// Opens a list; what is read or written of it is not kept in memory.
+Hdf5Dataset openedList(hid_t group, const std::string& name);
+
 /// A list of `makeList`, opened in a file that others can read from now on. Failures are `LibraryFailure`s.
 class GrowingList {
 public:

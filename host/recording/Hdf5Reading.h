@@ -2,7 +2,7 @@
 
 #include "host/recording/Hdf5.h"
 
-#include <functional>
+#include <vector>
 
 namespace ko {
 
@@ -16,8 +16,12 @@ std::string textOf(hid_t object, const char* name);
 std::int64_t wholeOf(hid_t object, const char* name);
 double numberOf(hid_t object, const char* name);
 
-/// Calls `visit` with the name of each member of a group.
-void forEachName(hid_t group, const std::function<void(const std::string& name)>& visit);
+/// The names of the members of a group, in no order.
+std::vector<std::string> namesIn(hid_t group);
+
+/// Opens a group or a list with its present contents, also if this program has the same file open already.
+Hdf5Group groupIn(hid_t place, const std::string& name);
+Hdf5Dataset listIn(hid_t place, const std::string& name);
 
 /// The number of elements of a list.
 std::int64_t sizeOf(const Hdf5Dataset& list);

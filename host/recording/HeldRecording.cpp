@@ -16,7 +16,7 @@ namespace {
 
 void addChannel(HeldInstrument& instrument, hid_t group, const std::string& name)
 {
-    const Hdf5Dataset data(made(H5Dopen2(group, name.c_str(), H5P_DEFAULT)));
+    const Hdf5Dataset data = listIn(group, name);
     const std::int64_t samples = sizeOf(data);
     instrument.samples = instrument.channels == 0 ? samples : std::min(instrument.samples, samples);
     instrument.bytes += 4.0 * static_cast<double>(samples);
@@ -25,7 +25,7 @@ void addChannel(HeldInstrument& instrument, hid_t group, const std::string& name
 
 HeldInstrument instrumentIn(hid_t file, const std::string& name, std::size_t index)
 {
-    const Hdf5Group group(made(H5Gopen2(file, name.c_str(), H5P_DEFAULT)));
+    const Hdf5Group group = groupIn(file, name);
     HeldInstrument held;
     held.index = index;
     held.name = textOf(group.id(), "name");
@@ -33,10 +33,9 @@ HeldInstrument instrumentIn(hid_t file, const std::string& name, std::size_t ind
     held.period = numberOf(group.id(), "period");
     held.blockSize = wholeOf(group.id(), "block_size");
     held.lost = wholeOf(group.id(), "lost");
-    forEachName(group.id(), [&](const std::string& channel) {
+    for (const std::string& channel : namesIn(group.id()))
         if (channel.starts_with("channel-"))
             addChannel(held, group.id(), channel);
-    });
     return held;
 }
 
@@ -61,12 +60,12 @@ HeldRecording recordingIn(hid_t file)
                        .title = textOf(file, "title"),
                        .start = textOf(file, "start"),
                        .setup = textOf(file, "setup")};
-    forEachName(file, [&](const std::string& name) {
+    for (const std::string& name : namesIn(file)) {
         std::size_t index = 0;
         const char* const end = name.data() + name.size();
         if (name.starts_with(prefix) && std::from_chars(name.data() + prefix.size(), end, index).ptr == end)
             held.instruments.push_back(instrumentIn(file, name, index));
-    });
+    }
     std::sort(held.instruments.begin(), held.instruments.end(),
               [](const auto& a, const auto& b) { return a.index < b.index; });
     addPromised(held, textOf(file, "plan"));

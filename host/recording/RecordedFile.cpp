@@ -12,6 +12,24 @@
 
 namespace ko {
 
+namespace {
+
+/// The name, or the one with the first number from 2 on at its end, that no file has.
+std::string freeName(const std::string& wanted)
+{
+    std::string name = wanted;
+    for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(name)); ++number)
+        name = wanted + std::to_string(number);
+    return name;
+}
+
+} // namespace
+
+std::string keptName(const std::string& file)
+{
+    return freeName(file + "~");
+}
+
 RecordedFile::RecordedFile(std::string name, const RecordedHead& head,
                            const std::vector<RecordedInstrument>& instruments)
     : name_(std::move(name))
@@ -19,12 +37,13 @@ RecordedFile::RecordedFile(std::string name, const RecordedHead& head,
     refuseDevice(name_);
     beginHdf5();
     // Under its own name the file appears when it can be read.
-    const std::string temporary = name_ + ".part";
+    std::string temporary;
     try {
+        temporary = freeName(name_ + ".part");
         content_ = std::make_unique<RecordedContent>(temporary);
         content_->create(temporary, head, instruments);
         if (std::filesystem::exists(name_))
-            std::filesystem::rename(name_, name_ + "~");
+            std::filesystem::rename(name_, keptName(name_));
         std::filesystem::rename(temporary, name_);
     } catch (const LibraryFailure& failure) {
         discard(temporary);
@@ -43,8 +62,9 @@ RecordedFile::~RecordedFile()
 
 void RecordedFile::discard(const std::string& file)
 {
-    if (content_)
-        content_->abandon();
+    if (!content_)
+        return;
+    content_->abandon();
     content_.reset();
     std::error_code ignored;
     std::filesystem::remove(file, ignored);

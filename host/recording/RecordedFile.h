@@ -22,12 +22,16 @@ struct RecordedInstrument {
 
 struct RecordedContent;
 
+/// Returns the name under which a file of this name is kept when a recording replaces it: with "~", and a number if
+/// that is taken, at its end.
+std::string keptName(const std::string& file);
+
 /// The file of a recording while it is written. Others can read it meanwhile (`swmr`); what has been flushed remains if
 /// the program is killed. All members are called on one thread. Every failure is an `InputError` with the file and the
 /// reason; after one the file holds what was flushed before, and takes nothing more than `close`.
 class RecordedFile {
 public:
-    /// Creates the file. An earlier file of that name is kept with "~" appended to its name, in place of another one.
+    /// Creates the file. An earlier file of that name is kept, see `keptName`.
     RecordedFile(std::string name, const RecordedHead& head, const std::vector<RecordedInstrument>& instruments);
     /// Closes the file, if it is open, as it is.
     ~RecordedFile();

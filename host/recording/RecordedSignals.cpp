@@ -16,15 +16,30 @@ namespace {
 
 constexpr float unknown = std::numeric_limits<float>::quiet_NaN();
 
-/// Consecutive samples of a channel.
+/// Consecutive samples of a channel, as fine as a chart shows them.
 struct Detail {
     std::int64_t first = 0;
     std::int64_t count = 0;
-    std::vector<float> samples; ///< empty until they have been read
+    std::int64_t width = 1;
+    std::optional<Envelope> envelope; ///< of these samples, once they have been read
 
-    [[nodiscard]] bool covers(std::int64_t from, std::int64_t to) const { return first <= from && to <= first + count; }
-    [[nodiscard]] bool isRead() const { return std::ssize(samples) == count; }
+    [[nodiscard]] bool covers(const Detail& other) const
+    {
+        return first <= other.first && other.first + other.count <= first + count && width <= other.width;
+    }
+    [[nodiscard]] bool isRead() const { return count == 0 || envelope; }
 };
+
+/// The part from a sample up to another one, in extents of which there are several in each part of this width.
+Detail detailOf(std::int64_t from, std::int64_t to, double width)
+{
+    Detail detail;
+    while (16.0 * static_cast<double>(detail.width) <= width)
+        detail.width *= 4;
+    detail.first = from / detail.width * detail.width;
+    detail.count = to - detail.first;
+    return detail;
+}
 
 class RecordedSignals final : public ChartSource {
 public:
@@ -33,7 +48,6 @@ public:
         for (const SignalInFile& signal : described_.signals) {
             channels_.push_back(signal.channel);
             kept_.emplace_back(widthFor(signal.samples), extentsOfEach());
-            data_.emplace_back(made(H5Dopen2(file_.id(), signal.dataset.c_str(), H5P_DEFAULT)));
         }
         hbool_t canBeShared = false;
         H5is_library_threadsafe(&canBeShared);
@@ -79,7 +93,6 @@ private:
     Hdf5File file_;
     SignalsInFile described_;
     std::vector<ChartChannel> channels_;
-    std::vector<Hdf5Dataset> data_;
     mutable std::condition_variable_any wanted_;
     mutable std::mutex mutex_; ///< protects the rest
     std::vector<Kept> kept_;
@@ -91,7 +104,7 @@ std::vector<float> RecordedSignals::read(std::size_t channel, std::int64_t first
 {
     std::vector<float> samples(static_cast<std::size_t>(count), unknown);
     try {
-        readPart(data_[channel], H5T_NATIVE_FLOAT, first, count, samples.data());
+        readPart(described_.signals[channel].dataset, H5T_NATIVE_FLOAT, first, count, samples.data());
     } catch (const LibraryFailure&) {
         std::fill(samples.begin(), samples.end(), unknown);
     }
@@ -134,9 +147,10 @@ void RecordedSignals::work(const std::stop_token& stop)
         const Kept& kept = *wanted();
         Detail detail = kept.detail;
         lock.unlock();
-        detail.samples = read(static_cast<std::size_t>(&kept - kept_.data()), detail.first, detail.count);
+        detail.envelope.emplace(detail.width, detail.count / detail.width + 2);
+        detail.envelope->append(read(static_cast<std::size_t>(&kept - kept_.data()), detail.first, detail.count));
         lock.lock();
-        if (kept.detail.first == detail.first && kept.detail.count == detail.count)
+        if (detail.covers(kept.detail))
             kept.detail = std::move(detail);
     }
 }
@@ -172,16 +186,14 @@ std::vector<Extent> RecordedSignals::extents(std::size_t channel, const SampleSp
     const bool isFiner = span.width < static_cast<double>(kept.finest) && static_cast<double>(to - from) <= most;
     if (!isFiner || from >= to)
         return kept.envelope.extents(span);
-    if (!kept.detail.covers(from, to)) {
-        kept.detail = {.first = from, .count = to - from, .samples = {}};
+    if (Detail detail = detailOf(from, to, span.width); !kept.detail.covers(detail)) {
+        kept.detail = std::move(detail);
         wanted_.notify_all();
     }
     if (!kept.detail.isRead())
         return kept.envelope.extents(span);
-    Envelope fine(1, to - from + kept.detail.count);
-    fine.append(kept.detail.samples);
     const double offset = span.first - static_cast<double>(kept.detail.first);
-    return fine.extents({.first = offset, .width = span.width, .count = span.count});
+    return kept.detail.envelope->extents({.first = offset, .width = span.width, .count = span.count});
 }
 
 } // namespace

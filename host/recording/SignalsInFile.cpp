@@ -3,6 +3,7 @@
 #include "host/recording/Hdf5Reading.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <tuple>
@@ -25,26 +26,35 @@ ArmedChannel channelOf(const Hdf5Dataset& data, std::int32_t group, std::int32_t
     return it;
 }
 
+/// Returns false if the time of the samples cannot be shown.
+bool hasTimes(const SignalInFile& signal)
+{
+    constexpr double countable = 9e15; // as numbers of places
+    const auto samples = static_cast<double>(signal.samples);
+    return signal.channel.period > 0.0 && samples < countable &&
+           std::isfinite(std::abs(signal.start) + (samples + 1.0) * signal.channel.period);
+}
+
 void addInstrument(SignalsInFile& signals, hid_t file, const std::string& name, std::size_t index)
 {
-    const Hdf5Group group(made(H5Gopen2(file, name.c_str(), H5P_DEFAULT)));
+    const Hdf5Group group = groupIn(file, name);
     const std::string instrument = textOf(group.id(), "name");
     const double period = numberOf(group.id(), "period");
     const double start = numberOf(group.id(), "start_offset");
-    forEachName(group.id(), [&](const std::string& member) {
+    for (const std::string& member : namesIn(group.id())) {
         int place[2]{};
-        if (std::sscanf(member.c_str(), "channel-%d-%d", &place[0], &place[1]) != 2 || !(period > 0.0))
-            return;
-        const Hdf5Dataset data(made(H5Dopen2(group.id(), member.c_str(), H5P_DEFAULT)));
-        SignalInFile signal{.dataset = name + "/" + member,
+        if (std::sscanf(member.c_str(), "channel-%d-%d", &place[0], &place[1]) != 2)
+            continue;
+        Hdf5Dataset data = listIn(group.id(), member);
+        SignalInFile signal{.dataset = {},
                             .channel = {index, instrument, channelOf(data, place[0], place[1]), period},
                             .start = start,
                             .samples = sizeOf(data),
-                            .clipped = 0};
-        if (hasAttribute(data.id(), "clipped"))
-            signal.clipped = wholeOf(data.id(), "clipped");
-        signals.signals.push_back(std::move(signal));
-    });
+                            .clipped = hasAttribute(data.id(), "clipped") ? wholeOf(data.id(), "clipped") : 0};
+        signal.dataset = std::move(data);
+        if (hasTimes(signal))
+            signals.signals.push_back(std::move(signal));
+    }
 }
 
 /// The trigger is where the pretrigger of the instrument that waited for it ends.
@@ -64,9 +74,10 @@ void addTrigger(SignalsInFile& signals, const std::string& plan)
 
 void addMarkers(SignalsInFile& signals, hid_t file)
 {
-    const Hdf5Dataset times(made(H5Dopen2(file, "markers/time", H5P_DEFAULT)));
-    const Hdf5Dataset texts(made(H5Dopen2(file, "markers/text", H5P_DEFAULT)));
-    const std::int64_t count = std::min(sizeOf(times), sizeOf(texts));
+    constexpr std::int64_t most = 1 << 20;
+    const Hdf5Dataset times = listIn(file, "markers/time");
+    const Hdf5Dataset texts = listIn(file, "markers/text");
+    const std::int64_t count = std::min({sizeOf(times), sizeOf(texts), most});
     const auto size = static_cast<std::size_t>(count);
     std::vector<double> time(size);
     std::string text(size * Marker::textSize, '\0');
@@ -85,11 +96,11 @@ void addMarkers(SignalsInFile& signals, hid_t file)
 SignalsInFile signalsInFile(hid_t file)
 {
     SignalsInFile signals;
-    forEachName(file, [&](const std::string& name) {
+    for (const std::string& name : namesIn(file)) {
         unsigned index = 0;
         if (std::sscanf(name.c_str(), "instrument-%u", &index) == 1)
             addInstrument(signals, file, name, index);
-    });
+    }
     const auto place = [](const SignalInFile& it) {
         return std::tuple(it.channel.instrument, it.channel.channel.group, it.channel.channel.channel);
     };

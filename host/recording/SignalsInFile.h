@@ -1,14 +1,13 @@
 #pragma once
 
 #include "host/recording/ChartSource.h"
-
-#include <hdf5.h>
+#include "host/recording/Hdf5.h"
 
 namespace ko {
 
 /// A channel's dataset in a recording's file.
 struct SignalInFile {
-    std::string dataset; ///< its path
+    Hdf5Dataset dataset;
     ChartChannel channel;
     double start = 0.0; ///< of the first sample, seconds after the start of the recording
     std::int64_t samples = 0;

@@ -46,8 +46,10 @@ template <class Act> void reporting(const std::string& file, const Act& act)
 
 } // namespace
 
-WriteMark::WriteMark(const std::string& file) : file_(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666))
+WriteMark::WriteMark(const std::string& file) : file_(open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666))
 {
+    if (file_ < 0)
+        throw LibraryFailure{std::generic_category().message(errno)};
     flock lock = wholeFile();
     fcntl(file_, F_OFD_SETLK, &lock);
 }

@@ -13,8 +13,8 @@ inline constexpr const char* failed = "failed";
 inline constexpr std::size_t size = 16; ///< bytes in the file
 } // namespace recordedState
 
-/// Marks a file, which is created if need be, as being written by this program. The mark ends with the program at the
-/// latest.
+/// Marks a file, which it creates, as being written by this program. The mark ends with the program at the latest.
+/// Fails with a `LibraryFailure`, also if there is such a file.
 class WriteMark {
 public:
     explicit WriteMark(const std::string& file);

@@ -18,7 +18,7 @@ void ChartTime::zoom(bool in, double end)
     double smaller = roundStep(old / 10.0);
     while (roundStep(smaller * next) < old / next)
         smaller = roundStep(smaller * next);
-    const double now = in ? std::max(smaller, shortest) : larger;
+    const double now = in ? std::max({smaller, shortest, end * 1e-12}) : larger;
     const double middle = from(end) + old / 2.0;
     if (!span_)
         from_ = 0.0;
@@ -71,8 +71,8 @@ std::vector<double> ticks(double low, double high, double least)
     const double step = roundStep(least);
     std::vector<double> places;
     const double first = std::ceil(low / step);
-    for (double i = first; i * step <= high && i - first < 1000.0; ++i)
-        places.push_back(i * step);
+    for (int i = 0; i < 1000 && (first + i) * step <= high; ++i)
+        places.push_back((first + i) * step);
     return places;
 }
 

@@ -1,5 +1,6 @@
 #include "host/window/RecordDialog.h"
 
+#include "host/recording/RecordedFile.h"
 #include "host/support/HostTexts.h"
 #include "host/window/Background.h"
 #include "host/window/SizeText.h"
@@ -108,7 +109,8 @@ void RecordDialog::accept()
         return showProblem(texts_(recordText::noFolder).arg(chosen.path()));
     if (chosen.exists()) {
         Modal<PlainBox> box(QMessageBox::Question, windowTitle(), texts_(recordText::exists).arg(chosen.fileName()),
-                            texts_(recordText::replaceHint).arg(chosen.fileName() + u'~'), QMessageBox::Cancel, this);
+                            texts_(recordText::replaceHint).arg(QFileInfo(toQt(keptName(file()))).fileName()),
+                            QMessageBox::Cancel, this);
         const auto* const replace = box->addButton(texts_(recordText::replace), QMessageBox::DestructiveRole);
         box->setDefaultButton(QMessageBox::Cancel);
         const auto* const answer = box.answer();

@@ -1,5 +1,8 @@
 #include "Recorded.h"
 
+#include "host/recording/Hdf5.h"
+#include "host/recording/HeldRecording.h"
+#include "host/recording/LiveSignals.h"
 #include "host/recording/Monitor.h"
 #include "host/recording/RecordedSignals.h"
 #include "host/support/InputError.h"
@@ -7,6 +10,8 @@
 #include <cmath>
 #include <future>
 #include <random>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace ko {
 namespace {
@@ -36,7 +41,7 @@ TEST(EnvelopeTest, ShowsEveryExtremeOnceWhateverTheLengthWithBoundedMemory)
 {
     std::mt19937 random(5);
     const auto below = [&](int bound) { return static_cast<std::int64_t>(random() % static_cast<unsigned>(bound)); };
-    for (const std::int64_t width : {1, 4, 16}) {
+    for (const std::int64_t width : {std::int64_t{1}, std::int64_t{4}, std::int64_t{16}, std::int64_t{1} << 40}) {
         const std::int64_t capacity = 64;
         Envelope envelope(width, capacity);
         std::vector<float> samples;
@@ -77,6 +82,100 @@ TEST(EnvelopeTest, ShowsEveryExtremeOnceWhateverTheLengthWithBoundedMemory)
         const SampleSpan all{.first = 0, .width = 20000 + 5000, .count = 2};
         EXPECT_FALSE(envelope.extents(all)[0].isEmpty());
     }
+}
+
+TEST(SignalsTest, SamplesOfAnyPeriodAreShown)
+{
+    for (const double period : {1e-3, 1e-20, 1e-24, 5e-324, 0.0}) {
+        PlannedInstrument planned;
+        planned.settings.period = period;
+        planned.settings.channels = {{}};
+        LiveSignals live({planned});
+        live.append(0, numbers(0, 100000), 0, 100000);
+        EXPECT_EQ(live.extents(0, {.first = 0, .width = 1e5, .count = 1}), (std::vector<Extent>{{0, 99999}}));
+    }
+}
+
+/// Replaces an attribute, or a list if the attribute has no name, by one of another type or shape.
+void replace(const std::string& file, const std::string& object, const char* attribute, hid_t type,
+             const std::vector<hsize_t>& shape)
+{
+    const Hdf5File opened(H5Fopen(file.c_str(), H5F_ACC_RDWR, H5P_DEFAULT));
+    const Hdf5Space space(H5Screate_simple(static_cast<int>(shape.size()), shape.data(), nullptr));
+    if (*attribute) {
+        H5Adelete_by_name(opened.id(), object.c_str(), attribute, H5P_DEFAULT);
+        const Hdf5Attribute made(H5Acreate_by_name(opened.id(), object.c_str(), attribute, type, space.id(),
+                                                   H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT));
+        ASSERT_GE(made.id(), 0);
+    } else {
+        H5Ldelete(opened.id(), object.c_str(), H5P_DEFAULT);
+        const Hdf5Dataset made(
+            H5Dcreate2(opened.id(), object.c_str(), type, space.id(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT));
+        ASSERT_GE(made.id(), 0);
+    }
+}
+
+TEST(SignalsTest, AFileOfAnotherShapeIsRefused)
+{
+    const Folder folder;
+    const std::string file = folder.file("out.h5");
+    const std::string group = "instrument-0";
+    const std::string channel = group + "/channel-0-0";
+    const Hdf5Type text = textType(16);
+    const Hdf5Type anyText = textType();
+    const struct {
+        std::string object;
+        const char* attribute;
+        hid_t type;
+        std::vector<hsize_t> shape;
+    } cases[]{{"/", "state", text.id(), {1000}},       {"/", "title", anyText.id(), {1000}},
+              {"/", "plan", text.id(), {0}},           {"/", "setup", H5T_NATIVE_INT, {1}},
+              {group, "period", H5T_NATIVE_INT, {99}}, {group, "period", text.id(), {1}},
+              {group, "lost", H5T_NATIVE_INT, {9, 9}}, {channel, "unit", H5T_NATIVE_DOUBLE, {1}},
+              {channel, "", H5T_NATIVE_FLOAT, {9, 9}}, {channel, "clipped", anyText.id(), {1}},
+              {"markers/time", "", text.id(), {9}},    {"markers/time", "", H5T_NATIVE_DOUBLE, {9, 9}}};
+    for (const auto& c : cases) {
+        std::filesystem::remove(file);
+        recorded(instrumentsOf(instrument("", "", R"(, "range": [0, 1])")), into(file));
+        replace(file, "markers/text", "", textType(Marker::textSize).id(), {9});
+        EXPECT_NO_THROW((heldIn(file), signalsIn(file)));
+        replace(file, c.object, c.attribute, c.type, c.shape);
+        EXPECT_THROW((heldIn(file), signalsIn(file)), InputError) << c.object << " " << c.attribute;
+    }
+}
+
+TEST(SignalsTest, AFileThatAnotherProgramWritesIsShownAsItIsWhenItIsOpenedAgain)
+{
+    const Folder folder;
+    const std::string file = folder.file("out.h5");
+    int pipe[2]{};
+    ASSERT_EQ(::pipe(pipe), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        const Instruments instruments{std::make_shared<Scripted>(counter(300), [&](BlockSink& sink) {
+            char go = 0;
+            sink.deliver(numbers(0, 100));
+            if (read(pipe[0], &go, 1) == 1)
+                sink.deliver(numbers(100, 200));
+            sink.ended(300, "");
+        })};
+        RecordingOptions options = into(file);
+        options.flushInterval = std::chrono::milliseconds(1);
+        _exit(recorded(instruments, options).failures.empty() ? 0 : 1);
+    }
+    while (!std::filesystem::exists(file) || heldIn(file).instruments[0].samples < 100)
+        ASSERT_EQ(waitpid(child, nullptr, WNOHANG), 0);
+    const auto shown = signalsIn(file);
+    EXPECT_EQ(shown->state().channels[0].samples, 100);
+    EXPECT_EQ(write(pipe[1], "", 1), 1);
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(heldIn(file).state, "complete");
+    EXPECT_EQ(heldIn(file).instruments[0].samples, 300);
+    const auto again = signalsIn(file);
+    EXPECT_EQ(again->state().channels[0].samples, 300);
+    while (again->isGrowing()) {
+    }
+    EXPECT_EQ(again->extents(0, {.first = 0, .width = 300, .count = 1}), (std::vector<Extent>{{0, 299}}));
 }
 
 TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
