@@ -43,7 +43,7 @@ void measure(int count)
         std::exit(2);
     file.close();
     ko::FrameWindow window("");
-    window.instruments().show();
+    window.instruments().setVisible(true);
     window.open(file.fileName().toStdString());
     window.show();
     QApplication::processEvents();

@@ -114,6 +114,20 @@ void FrameCapture::command(std::int32_t id)
     host({"command", std::to_string(id)});
 }
 
+void FrameCapture::instruments(const HeldState& to)
+{
+    if (!capture_)
+        return;
+    Setup setup;
+    for (const HeldState::Settings& settings : to.settings)
+        setup.instruments.push_back(*settings);
+    try {
+        capture_->instruments(setup);
+    } catch (const InputError&) {
+        failed();
+    }
+}
+
 void FrameCapture::setup(const std::string& file)
 {
     if (!capture_)

@@ -114,7 +114,7 @@ private:
     FrameRecording recording_{*this, actions_, *parts_, page_, files_, capture_};
     QAction* readOnly_ = nullptr;
     bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
-    FrameInstruments list_{*this, actions_, *parts_, page_, session(), history_, docks_};
+    FrameInstruments list_{*this, actions_, *parts_, page_, session(), capture_, history_, docks_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FrameAutosave autosave_{actions_, session(), memory_.folder()};
