@@ -36,7 +36,7 @@ ChartLayout::ChartLayout(const QWidget& widget, std::size_t rowCount)
     : width(widget.width()), height(widget.height()), line(QFontMetricsF(widget.font()).height())
 {
     const double letter = QFontMetricsF(widget.font()).averageCharWidth();
-    gutter = std::min(22.0 * letter, width / 3.0);
+    gutter = std::min(26.0 * letter, width / 3.0);
     numbers = 8.0 * letter;
     const double leastHeight = 4.4 * line;
     rowHeight = std::max(leastHeight, rows().height() / std::max<double>(static_cast<double>(rowCount), 1.0));

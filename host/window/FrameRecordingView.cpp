@@ -90,10 +90,12 @@ void FrameRecording::showOutcome(const std::string& file, const RecordingOutcome
     QString reason;
     for (const std::string& failure : outcome.end.failures)
         reason += (reason.isEmpty() ? QString() : QStringLiteral("\n")) + toShown(failure);
-    if (outcome.held)
+    if (outcome.held) {
         view_->showEnd(file, *outcome.held, reason);
-    else
+        chart_->chart().setEnded(signalsIn(file));
+    } else {
         view_->showNote(outcome.refusal.empty() ? reason : toShown(outcome.refusal));
+    }
 }
 
 std::optional<std::string> FrameRecording::setupIn(const std::string& file)

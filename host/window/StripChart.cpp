@@ -74,8 +74,10 @@ void StripChart::show(std::shared_ptr<const ChartSource> source, bool isRunning)
     refresh();
 }
 
-void StripChart::setEnded()
+void StripChart::setEnded(std::shared_ptr<const ChartSource> finer)
 {
+    if (finer && source_ && finer->channels().size() == source_->channels().size())
+        source_ = std::move(finer);
     isRunning_ = false;
     run();
     refresh();
@@ -277,6 +279,11 @@ QString StripChart::latestValues() const
             values.last() += QStringLiteral(", ") + clipped;
     }
     return rows_.empty() ? texts_(chartText::nothing) : values.join(QStringLiteral("; "));
+}
+
+QSize StripChart::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 9};
 }
 
 QSize StripChart::sizeHint() const

@@ -18,8 +18,8 @@ public:
 
     /// Shows this source in place of the one before: the last seconds while it is running, else all; null: nothing.
     void show(std::shared_ptr<const ChartSource> source, bool isRunning);
-    /// The source has ended: what has been shown stays.
-    void setEnded();
+    /// The source has ended: the part of the time that is shown stays. `finer` has the same channels and replaces it.
+    void setEnded(std::shared_ptr<const ChartSource> finer = nullptr);
     /// Shows only these channels; all, if none of the source's is among them.
     void choose(std::function<bool(const ChartChannel&)> isChosen);
 
@@ -30,6 +30,8 @@ public:
     /// The latest value of each channel that is shown, for screen readers.
     [[nodiscard]] QString latestValues() const;
     [[nodiscard]] QSize sizeHint() const override;
+    /// Room for a row.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
