@@ -138,6 +138,8 @@ Member takenOr(std::vector<Member>& held, const std::string& text, TextForm form
 Member listMember(const std::string& text, TextForm form, const Locale& locale, std::vector<Member> held)
 {
     Member list = Member::array();
+    if (form == TextForm::Rates)
+        std::reverse(held.begin(), held.end());
     for (const std::string& entry : entriesOf(text))
         list.push_back(takenOr(held, entry, form, locale));
     if (form == TextForm::Rates)

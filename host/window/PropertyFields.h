@@ -19,7 +19,7 @@ void bringForward(QWidget& widget);
 /// The boxes for members of an instrument on one form. Paths are relative to an owner, for example a channel.
 class PropertyFields {
 public:
-    /// Both arguments must outlive this object. The boxes of a locked form can be read and copied only.
+    /// `properties` must outlive this object. The boxes of a locked form can be read and copied only.
     PropertyFields(InstrumentProperties& properties, bool isLocked) : properties_(properties), isLocked_(isLocked) {}
 
     QLineEdit& addBox(QFormLayout& form, const QString& label, const std::string& path, TextForm as);

@@ -72,6 +72,11 @@ TEST_F(InstrumentPropertiesTest, AListKeepsTheNumbersThatItHasAlready)
     properties.setText(choices, TextForm::Rates, "10;\t3.33333333333333 ;\n50\t3333.33333333333\r\n");
     EXPECT_EQ(properties.settings().timebase->samplePeriod.choices,
               (std::vector<double>{0.0003, 0.02, 0.30000000000000004, 0.1}));
+    InstrumentSettings close = original;
+    close.timebase->samplePeriod.choices = {0.3, 0.30000000000000004};
+    InstrumentProperties alike(close, locale);
+    alike.setText(choices, TextForm::Rates, "3.33333333333333; 3.33333333333333; 5");
+    EXPECT_EQ(alike.settings().timebase->samplePeriod.choices, (std::vector<double>{0.2, 0.3, 0.30000000000000004}));
     properties.setText(choices, TextForm::Numbers, "");
     properties.setText("timebase.samplePeriod.range", TextForm::Rates, "5; 10");
     EXPECT_TRUE(properties.settings().timebase->samplePeriod.choices.empty());
