@@ -30,6 +30,8 @@ FrameAutosave::FrameAutosave(const UserActions& actions, SetupSession& session, 
     timer_.setSingleShot(true);
     timer_.setInterval(usualDelay);
     onSignal(&timer_, &QTimer::timeout, this, [this] { write(); });
+    looking_.setInterval(20);
+    onSignal(&looking_, &QTimer::timeout, this, [this] { written(); });
 }
 
 FrameAutosave::~FrameAutosave() = default;
@@ -53,20 +55,17 @@ void FrameAutosave::write()
         if (!copy_)
             copy_ = UnsavedCopy::create(folder_);
         kept_ = std::move(now);
-        writing_ = std::async(std::launch::async, [this, file = copy_->file(), unsaved = kept_] {
-            std::string reason = writeCopy(file, *unsaved);
-            QMetaObject::invokeMethod(
-                this, [this] { written(); }, Qt::QueuedConnection);
-            return reason;
-        });
+        writing_ = std::async(std::launch::async,
+                              [file = copy_->file(), unsaved = kept_] { return writeCopy(file, *unsaved); });
+        looking_.start();
     });
 }
 
 void FrameAutosave::written()
 {
-    // The window may have been closed meanwhile.
-    if (!writing_.valid())
+    if (writing_.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
         return;
+    looking_.stop();
     const std::string reason = writing_.get();
     if (reason.empty()) {
         hasFailed_ = false;
@@ -94,6 +93,7 @@ void FrameAutosave::drop()
 void FrameAutosave::end()
 {
     folder_.clear();
+    looking_.stop();
     if (writing_.valid())
         writing_.get();
     drop();

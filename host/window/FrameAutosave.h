@@ -45,6 +45,7 @@ private:
     static constexpr int usualDelay = 2000; ///< milliseconds
 
     void write();
+    /// Does nothing while the copy is still being written.
     void written();
     void drop();
     void attempt(const std::function<void()>& act);
@@ -58,6 +59,7 @@ private:
     SetupSession& session_;
     std::string folder_;
     QTimer timer_;
+    QTimer looking_; ///< whether the copy has been written
     std::optional<UnsavedCopy> copy_;
     std::shared_ptr<const UnsavedSetup> kept_; ///< what the copy holds, or will hold
     bool hasFailed_ = false;

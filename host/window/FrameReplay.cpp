@@ -131,9 +131,9 @@ ReplayResult FrameReplay::play(const std::string& file)
     const QString name = QFileInfo(toQt(file)).fileName();
     InputLock lock;
     try {
-        WindowStage stage(frame_, [&](int line) {
+        WindowStage stage(frame_, [&](int line, bool isWatched) {
             result.lastLine = line;
-            return !lock.isEscaped() && proceed(name, line) && !lock.isEscaped();
+            return !lock.isEscaped() && proceed(name, line, isWatched ? pace_ : 0) && !lock.isEscaped();
         });
         Scenario scenario(stage, folder, events);
         const StandIns standIns(frame_.parts, scenario);
@@ -149,15 +149,15 @@ ReplayResult FrameReplay::play(const std::string& file)
     return result;
 }
 
-/// Shows the line, and the window, for the time of the pace.
-bool FrameReplay::proceed(const QString& name, int line)
+/// Shows the line, and the window, for this time.
+bool FrameReplay::proceed(const QString& name, int line, int milliseconds)
 {
     const UserActions::Action action(frame_.actions);
     frame_.window.statusBar()->showMessage(frame_.parts->text(replayTexts::playing).arg(name, QString::number(line)));
     QEventLoop loop;
     QTimer timer;
     onSignal(&timer, &QTimer::timeout, &loop, [&loop] { loop.quit(); });
-    timer.start(pace_);
+    timer.start(milliseconds);
     loop.exec();
     return !action.isOver();
 }

@@ -21,14 +21,14 @@ public:
     /// nothing if the file cannot be read, or contains a line that a window cannot play: another language of numbers
     /// and dates, a new document, printing or recording.
     ReplayResult play(const std::string& file);
-    /// Sets the time for which each line is shown.
+    /// Sets the time for which each action of the host and the user is shown.
     void setPace(int milliseconds) { pace_ = milliseconds; }
 
 private:
     void chooseAndPlay();
     void run(const std::string& file);
     [[nodiscard]] QString fileToPlay();
-    bool proceed(const QString& name, int line);
+    bool proceed(const QString& name, int line, int milliseconds);
     void warn(const std::string& reason);
 
     ReplayFrame frame_;

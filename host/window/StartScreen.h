@@ -39,8 +39,8 @@ private:
                          std::function<void()> act);
 
     Texts texts_;
-    QVBoxLayout* recent_; ///< the entries of the recent files
-    QLabel* noRecent_;
+    QVBoxLayout* recent_ = nullptr; ///< the entries of the recent files
+    QLabel* noRecent_ = nullptr;
     QSize sizeHint_;
 };
 

@@ -1,5 +1,6 @@
 #include "host/window/WindowStage.h"
 
+#include "host/scenario/Commands.h"
 #include "host/setup/SetupFile.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
@@ -12,7 +13,7 @@
 
 namespace ko {
 
-WindowStage::WindowStage(const ReplayFrame& frame, std::function<bool(int line)> proceed)
+WindowStage::WindowStage(const ReplayFrame& frame, Proceed proceed)
     : frame_(frame), proceed_(std::move(proceed)), action_(frame.actions), document_(&frame.page.document()),
       setup_(frame.files.session().presence()), refused_(frame.history.history().refused)
 {
@@ -100,7 +101,9 @@ bool WindowStage::lineDone(const ScriptLine& line)
     if (isOver())
         return false;
     follow(line);
-    return proceed_(line.number) && !isOver();
+    const Command* const command = findCommand(line.words.front());
+    const bool isWatched = command && (command->giver == Giver::User || command->giver == Giver::Host);
+    return proceed_(line.number, isWatched) && !isOver();
 }
 
 void WindowStage::follow(const ScriptLine& line)

@@ -31,8 +31,11 @@ struct ReplayFrame {
 /// or the window destroyed.
 class WindowStage final : public ScenarioStage {
 public:
-    /// `proceed` is called after each line with its number; it returns false to end the script, and may wait.
-    WindowStage(const ReplayFrame& frame, std::function<bool(int line)> proceed);
+    /// Called after each line with its number, and whether it is an action that the user watches. Returns false to end
+    /// the script. May wait.
+    using Proceed = std::function<bool(int line, bool isWatched)>;
+
+    WindowStage(const ReplayFrame& frame, Proceed proceed);
     /// Shows the window's set-up on the page again if the script has left another list there.
     ~WindowStage() override;
 
@@ -61,7 +64,7 @@ private:
     void showWhole();
 
     const ReplayFrame& frame_;
-    std::function<bool(int line)> proceed_;
+    Proceed proceed_;
     UserActions::Action action_;
     const Document* document_;
     std::weak_ptr<const void> setup_;
