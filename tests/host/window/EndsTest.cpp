@@ -241,6 +241,11 @@ const Opening openings[] = {
          desk.mistype();
          QTest::keyClick(&tree, Qt::Key_Space);
      }},
+    {"Plus",
+     [](Desk& desk) {
+         desk.window->open(desk.file("none.json", R"({"drivers": []})"));
+         QTest::mouseClick(desk.window->findChild<QToolButton*>("plus"), Qt::LeftButton);
+     }},
     {"Gallery",
      [](Desk& desk) {
          InstrumentsView& dock = desk.window->instruments();
