@@ -3,7 +3,7 @@
 #include "host/setup/SetupChanges.h"
 #include "host/setup/SetupWriter.h"
 #include "host/window/FrameWindow.h"
-#include "host/window/InstrumentsView.h"
+#include "host/docks/InstrumentsView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

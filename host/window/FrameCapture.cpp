@@ -3,7 +3,7 @@
 #include "host/setup/SetupSaving.h"
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
-#include "host/window/Later.h"
+#include "host/toolkit/Later.h"
 #include "schedule/SetDateTime.h"
 #include "support/TextNumbers.h"
 #include "timebase/ShowOffers.h"

@@ -1,15 +1,15 @@
 #include "host/window/FrameDocks.h"
 
+#include "host/docks/DriverLog.h"
+#include "host/docks/FailedSetting.h"
+#include "host/docks/FailureStrip.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/docks/Reports.h"
 #include "host/setup/SetupSession.h"
-#include "host/window/DriverLog.h"
-#include "host/window/FailedSetting.h"
-#include "host/window/FailureStrip.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameHistory.h"
 #include "host/window/FrameRecording.h"
-#include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
-#include "host/window/Reports.h"
 #include "widgets/support/ShownText.h"
 
 #include <QApplication>

@@ -1,5 +1,7 @@
 #include "host/window/FrameInstruments.h"
 
+#include "host/docks/InstrumentGallery.h"
+#include "host/docks/InstrumentsView.h"
 #include "host/setup/SetupChanges.h"
 #include "host/setup/SetupSession.h"
 #include "host/setup/SetupTemplates.h"
@@ -8,8 +10,6 @@
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameHistory.h"
-#include "host/window/InstrumentGallery.h"
-#include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
 #include "host/window/PlusButton.h"
 #include "widgets/bindings/NoInstrumentPicture.h"

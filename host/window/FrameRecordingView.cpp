@@ -1,10 +1,10 @@
+#include "host/chart/ChartPanel.h"
 #include "host/recording/Moments.h"
 #include "host/recording/RecordedSignals.h"
+#include "host/recording_view/RecordingView.h"
 #include "host/support/HostTexts.h"
-#include "host/window/ChartPanel.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameRecording.h"
-#include "host/window/RecordingView.h"
 #include "widgets/support/ShownText.h"
 
 #include <QDialog>

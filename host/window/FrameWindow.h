@@ -1,17 +1,17 @@
 #pragma once
 
+#include "host/recording_view/SpaceGauge.h"
+#include "host/toolkit/FrameMemory.h"
 #include "host/window/FrameAutosave.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameHistory.h"
 #include "host/window/FrameInstruments.h"
-#include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/FrameRecording.h"
 #include "host/window/FrameReplay.h"
 #include "host/window/PageHost.h"
-#include "host/window/SpaceGauge.h"
 #include "host/window/StartScreen.h"
 
 #include <QMainWindow>

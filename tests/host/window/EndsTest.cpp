@@ -1,5 +1,5 @@
 #include "FrameTest.h"
-#include "host/window/InstrumentsView.h"
+#include "host/docks/InstrumentsView.h"
 
 #include <QComboBox>
 #include <QContextMenuEvent>

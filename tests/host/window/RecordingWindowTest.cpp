@@ -1,11 +1,11 @@
 #include "FrameTest.h"
+#include "host/chart/ChartPanel.h"
+#include "host/docks/FailureStrip.h"
+#include "host/docks/InstrumentsView.h"
 #include "host/recording/HeldRecording.h"
 #include "host/recording/RecordedSignals.h"
-#include "host/window/ChartPanel.h"
-#include "host/window/FailureStrip.h"
-#include "host/window/InstrumentsView.h"
-#include "host/window/RecordDialog.h"
-#include "host/window/RecordingView.h"
+#include "host/recording_view/RecordDialog.h"
+#include "host/recording_view/RecordingView.h"
 
 #include <QDir>
 #include <QFileInfo>
