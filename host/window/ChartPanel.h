@@ -15,10 +15,12 @@ public:
     ChartPanel(const Texts& texts, const Locale& locale, QWidget* parent);
 
     [[nodiscard]] StripChart& chart() { return *chart_; }
+    /// Adds a marker. For its key to work anywhere in a window, it must be added to the window.
+    [[nodiscard]] QAction& marking() { return *mark_; }
 
     /// Adds a marker with this text to the recording; returns whether that was possible.
     std::function<bool(const std::string& text)> addMarker;
-    /// Whether markers can be added now: the button, and the key M anywhere in the window.
+    /// Whether markers can be added now.
     void setMarking(bool isOn);
 
     /// Marks the present time, with the text that has been entered.

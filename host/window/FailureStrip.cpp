@@ -100,8 +100,8 @@ std::vector<FailureStrip::Line> FailureStrip::lines() const
         for (const DriverFailure& failure : failing())
             lines.push_back({std::to_string(failure.driver), lineOf(failure)});
     if (recordingFailures)
-        for (const std::string& failure : recordingFailures())
-            lines.push_back({failure, toShown(failure)});
+        for (Line& line : recordingFailures())
+            lines.push_back({"recording " + line.key, std::move(line.text)});
     return lines;
 }
 

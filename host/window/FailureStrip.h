@@ -20,6 +20,12 @@ namespace ko {
 /// seconds without changes, so that the page does not move while the user types.
 class FailureStrip : public QFrame {
 public:
+    /// A line, and what it is about: the same failure has the same key later.
+    struct Line {
+        std::string key;
+        QString text;
+    };
+
     FailureStrip(const Texts& texts, QWidget* parent);
 
     /// Updates the strip when the program is idle. To be called when the result of `failing` has changed.
@@ -30,8 +36,8 @@ public:
 
     /// Returns the failures to show.
     std::function<std::vector<DriverFailure>()> failing;
-    /// Returns what has failed in the recording, one line each, shown below.
-    std::function<std::vector<std::string>()> recordingFailures;
+    /// Returns what has failed in the recording, shown below.
+    std::function<std::vector<Line>()> recordingFailures;
     /// Called when the button is pressed.
     std::function<void()> tryAgain;
     /// Called after the strip has grown or appeared.
@@ -45,12 +51,6 @@ private:
 
     void makeLayout();
     void refresh();
-    /// A line, and what it is about: the same failure has the same key later.
-    struct Line {
-        std::string key;
-        QString text;
-    };
-
     [[nodiscard]] std::vector<Line> lines() const;
     void showLines(const std::vector<Line>& lines);
     void showHeading(int count);

@@ -128,6 +128,8 @@ void FrameWindow::joinRecording()
     files_.isRecordingOpen = [this] { return recording_.isOpened(); };
     instruments().selectionChanged = [this] { chooseCharted(); };
     docks_.locked = [this] { return recording_.isActive(); };
+    docks_.include(recording_.view());
+    addAction(&recording_.chart().marking());
     docks_.recordingFailures = [this] { return recording_.failures(); };
     recording_.failed = [this] { docks_.showRecordingFailures(); };
     recording_.setReadOnly = [this](bool on) {
@@ -151,6 +153,7 @@ void FrameWindow::chooseCharted()
 
 void FrameWindow::lockOpenedRecording()
 {
+    recording_.followSetup();
     const bool isWanted = recording_.isOpened() && !readOnly_->isChecked();
     if (!isWanted && (recording_.isOpened() || !std::exchange(isLockedForRecording_, false)))
         return;

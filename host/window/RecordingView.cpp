@@ -81,12 +81,12 @@ void RecordingView::makeLayout()
     column_->addLayout(where);
     column_->addWidget(summary_);
     setWidget(content);
-    setFocusProxy(summary_);
 }
 
 void RecordingView::add(QWidget& widget)
 {
     column_->addWidget(&widget, 1);
+    setFocusProxy(&widget);
 }
 
 QString RecordingView::stateText() const
