@@ -3,7 +3,7 @@
 #include "host/setup/SetupChanges.h"
 #include "host/setup/SetupWriter.h"
 #include "host/window/FrameWindow.h"
-#include "host/window/InstrumentsView.h"
+#include "host/docks/InstrumentsView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -43,7 +43,7 @@ void measure(int count)
         std::exit(2);
     file.close();
     ko::FrameWindow window("");
-    window.instruments().show();
+    window.instruments().setVisible(true);
     window.open(file.fileName().toStdString());
     window.show();
     QApplication::processEvents();

@@ -6,10 +6,10 @@
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
 #include "host/support/StandardStreams.h"
+#include "host/toolkit/GuardedApplication.h"
+#include "host/toolkit/Later.h"
+#include "host/toolkit/ToolkitTexts.h"
 #include "host/window/FrameWindow.h"
-#include "host/window/GuardedApplication.h"
-#include "host/window/Later.h"
-#include "host/window/ToolkitTexts.h"
 
 #include <QApplication>
 #include <QBuffer>

@@ -1,5 +1,7 @@
 #include "host/recording/RecordingTask.h"
 
+#include "host/recording/RecordedSignals.h"
+
 namespace ko {
 
 RecordingTask::RecordingTask(const Instruments& instruments, RecordingPlan plan, RecordingOptions options)
@@ -52,6 +54,7 @@ void RecordingTask::work(const Instruments& instruments, RecordingOptions option
     }
     try {
         outcome_.held = heldIn(file_);
+        outcome_.chart = signalsIn(file_);
     } catch (const std::exception& error) {
         outcome_.end.failures.emplace_back(error.what());
     }

@@ -12,7 +12,8 @@ namespace ko {
 struct RecordingOutcome {
     std::string refusal; ///< why it was not begun; empty if it was
     RecordingProgress end;
-    std::optional<HeldRecording> held; ///< none if the file cannot be read
+    std::optional<HeldRecording> held;        ///< none if the file cannot be read
+    std::shared_ptr<const ChartSource> chart; ///< of the file; null if they cannot be read
 };
 
 /// A recording from the creation of its file to the reading of what the file holds, on a thread of its own. Its members

@@ -21,6 +21,7 @@ HeadlessStage::HeadlessStage(Scenario& scenario, const ScenarioOptions& options)
         logCall(watched.index, call);
     };
     history_.rebuild = [this] { health().rebuild([this] { document_->UserDocument_Show(); }); };
+    history_.handOver = [this](const SimulatedDrivers& drivers, History::HandOver how) { handOver(drivers, how); };
     takeSetup(options.setup);
     makeComponent();
 }
@@ -53,6 +54,20 @@ void HeadlessStage::takeSetup(const Setup& setup)
     title_ = setup.title;
     if (setup.clock)
         scenario_.clock.time = setup.clock;
+}
+
+void HeadlessStage::handOver(const SimulatedDrivers& drivers, History::HandOver how)
+{
+    drivers_ = drivers;
+    watch_.follow(drivers);
+    IKopDrivers& page = document_->drivers();
+    const bool isEdited = how == History::HandOver::Edited;
+    if (!isEdited)
+        document_->UserDocument_Hide();
+    page.setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
+    health().rebuild([&] { page.setDrivers(DriverList(drivers.begin(), drivers.end())); });
+    if (isEdited && document_)
+        page.DriversHaveChanged();
 }
 
 void HeadlessStage::loadSetup(const std::string& file)

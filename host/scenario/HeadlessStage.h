@@ -36,6 +36,7 @@ public:
 private:
     [[nodiscard]] bool logs(Operation operation) const;
     void logCall(std::size_t index, const DriverCall& call);
+    void handOver(const SimulatedDrivers& drivers, History::HandOver how);
     void takeSetup(const Setup& setup);
     void makeComponent();
 

@@ -1,4 +1,5 @@
 #include "host/scenario/Commands.h"
+#include "host/setup/InstrumentEdits.h"
 
 #include <algorithm>
 
@@ -20,6 +21,15 @@ void setup(Scenario& scenario, const Arguments& words)
     handOver(scenario, scenario.drivers().size());
     drivers.DriversHaveChanged();
     scenario.stage().setupShown();
+}
+
+/// Changes the instruments to those of a file, as an edit.
+void instruments(Scenario& scenario, const Arguments& words)
+{
+    const Setup setup = loadSetup(scenario.path(words.text(0)));
+    const HeldState to =
+        changedInstruments(scenario.drivers(), [&](Setup& edited) { edited.instruments = setup.instruments; });
+    scenario.history().edit(to);
 }
 
 void announce(Scenario& scenario, const Arguments& words)
@@ -202,6 +212,7 @@ constexpr Command commands[]{
     {"undo", Giver::Host, 0, 0, undo},
     {"redo", Giver::Host, 0, 0, redo},
     {"setup", Giver::Host, 0, 1, setup},
+    {"instruments", Giver::Host, 1, 1, instruments},
     {"announce", Giver::Host, 1, 1, announce},
     {"hand-over", Giver::Host, 0, 1, handOverCommand},
     {"drivers-changed", Giver::Host, 0, 0, driversChanged},

@@ -2,6 +2,7 @@
 
 #include "host/scenario/LocaleWords.h"
 #include "host/setup/SetupFile.h"
+#include "host/setup/SetupSaving.h"
 #include "host/support/InputError.h"
 
 #include <filesystem>
@@ -62,6 +63,13 @@ void ScenarioCapture::setup(const std::string& file)
     host({"hide"});
     host(file.empty() ? ScenarioWriter::Words{"setup"} : ScenarioWriter::Words{"setup", seenFrom(file_, file)});
     host({"show"});
+}
+
+void ScenarioCapture::instruments(const Setup& setup)
+{
+    const std::string file = file_ + "." + std::to_string(++edits_) + ".setup.json";
+    saveSetup(file, setup);
+    host({"instruments", seenFrom(file_, file)});
 }
 
 void ScenarioCapture::dialogOpened(const Form& form)

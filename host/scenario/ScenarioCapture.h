@@ -11,6 +11,8 @@
 
 namespace ko {
 
+struct Setup;
+
 /// What a capture observes. Everything referred to outlives the capture.
 struct Captured {
     Form& page;
@@ -37,6 +39,9 @@ public:
     /// Writes that the host is about to hide the page, to hand over a set-up's instruments and to show the page. Empty
     /// `file`: the instruments that the replay has loaded last, initially those of the set-up it starts with.
     void setup(const std::string& file = {});
+    /// Writes that the host is about to change the instruments to these, which are saved beside the scenario. Throws an
+    /// `InputError` if they cannot be.
+    void instruments(const Setup& setup);
     void dialogOpened(const Form& form);
     void dialogClosed();
 
@@ -56,6 +61,7 @@ private:
     FileWriter output_;
     ScenarioWriter writer_{[this](const std::string& text, std::size_t at) { output_.write(text, at); }};
     std::optional<DateTime> time_; ///< the time of the replay's clock
+    int edits_ = 0;                ///< number of files beside the scenario
     bool hasFailed_ = false;
 };
 

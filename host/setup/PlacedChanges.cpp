@@ -88,6 +88,13 @@ void makeRoom(SetupPlace& later, const SetupPlace& place)
         later.channel += later.channel > place.channel ? 1 : 0;
 }
 
+/// Changes at later places leave the earlier ones where they are.
+SetupPlaces reversed(SetupPlaces places)
+{
+    std::reverse(places.begin(), places.end());
+    return places;
+}
+
 bool areNeighbours(const SetupPlace& one, const SetupPlace& other)
 {
     return one.isInstrument() == other.isInstrument() && one.isChannel() == other.isChannel() &&
@@ -171,21 +178,21 @@ void renameAt(Setup& setup, const SetupPlace& place, const std::string& name)
 
 void removeAt(Setup& setup, const SetupPlaces& places)
 {
-    for (auto place = places.rbegin(); place != places.rend(); ++place)
-        withList(setup, *place, [](auto& list, std::ptrdiff_t at) { list.erase(list.begin() + at); });
+    for (const SetupPlace& place : reversed(places))
+        withList(setup, place, [](auto& list, std::ptrdiff_t at) { list.erase(list.begin() + at); });
 }
 
 SetupPlaces duplicateAt(Setup& setup, const SetupPlaces& places)
 {
     SetupPlaces copies;
-    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+    for (const SetupPlace& place : reversed(places)) {
         for (SetupPlace& copy : copies)
-            makeRoom(copy, *place);
-        copies.push_back(shifted(*place, 1));
-        if (place->isInstrument())
-            duplicateInstrument(setup, *place);
+            makeRoom(copy, place);
+        copies.push_back(shifted(place, 1));
+        if (place.isInstrument())
+            duplicateInstrument(setup, place);
         else
-            place->isChannel() ? duplicateChannel(setup, *place) : duplicateGroup(setup, *place);
+            place.isChannel() ? duplicateChannel(setup, place) : duplicateGroup(setup, place);
     }
     std::sort(copies.begin(), copies.end());
     return copies;

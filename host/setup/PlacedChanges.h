@@ -16,7 +16,7 @@ struct SetupPlace {
 
     [[nodiscard]] bool isInstrument() const { return group < 0; }
     [[nodiscard]] bool isChannel() const { return channel >= 0; }
-    auto operator<=>(const SetupPlace&) const = default;
+    auto operator<=>(const SetupPlace&) const = default; // NOLINT(modernize-use-nullptr): not in this text
 };
 
 /// Increasing, each once, none within another.

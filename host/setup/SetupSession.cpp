@@ -121,7 +121,7 @@ bool SetupSession::save(SessionQuestions& questions)
     switch (asked([&] { return questions.settleConflict(); }, Conflict::Cancel)) {
     case Conflict::Overwrite: return write(file_, questions);
     case Conflict::SaveElsewhere: return saveElsewhere(questions);
-    case Conflict::Reload: tryLoad(file_, questions); break;
+    case Conflict::Reload: reload(questions); break;
     case Conflict::Cancel: break;
     }
     return false;
@@ -166,6 +166,12 @@ void SetupSession::offerReload(SessionQuestions& questions)
     }
     if (asked([&] { return questions.reload(); }, false))
         open(file_, questions);
+}
+
+void SetupSession::reload(SessionQuestions& questions)
+{
+    if (!mayReplace || asked(mayReplace, false))
+        tryLoad(file_, questions);
 }
 
 bool SetupSession::hasChangedOnDisk() const

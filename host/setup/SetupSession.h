@@ -67,8 +67,8 @@ public:
 
     /// Whether another program has changed or deleted the file since it was read or written.
     [[nodiscard]] bool hasChangedOnDisk() const;
-    /// Reads the file again, without asking. Shows the user the reason if it is refused.
-    void reload(SessionQuestions& questions) { tryLoad(file_, questions); }
+    /// Reads the file again, without asking about changes. Shows the user the reason if it is refused.
+    void reload(SessionQuestions& questions);
 
     /// Throws an `InputError` if the file is that of the set-up.
     void refuseOwn(const std::string& file) const;

@@ -3,7 +3,7 @@
 #include "host/setup/SetupSaving.h"
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
-#include "host/window/Later.h"
+#include "host/toolkit/Later.h"
 #include "schedule/SetDateTime.h"
 #include "support/TextNumbers.h"
 #include "timebase/ShowOffers.h"
@@ -112,6 +112,20 @@ void FrameCapture::command(std::int32_t id)
     if (capture_ && id == command::paste)
         guarded([&] { capture_->host({"clipboard", frame_.parts.services.clipboard.text()}); });
     host({"command", std::to_string(id)});
+}
+
+void FrameCapture::instruments(const HeldState& to)
+{
+    if (!capture_)
+        return;
+    Setup setup;
+    for (const HeldState::Settings& settings : to.settings)
+        setup.instruments.push_back(*settings);
+    try {
+        capture_->instruments(setup);
+    } catch (const InputError&) {
+        failed();
+    }
 }
 
 void FrameCapture::setup(const std::string& file)

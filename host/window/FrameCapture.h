@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/scenario/ScenarioCapture.h"
+#include "host/setup/HistoryState.h"
 #include "host/setup/SetupSession.h"
 #include "host/window/FrameParts.h"
 #include "widgets/support/PlainText.h"
@@ -51,6 +52,8 @@ public:
     void host(const ScenarioWriter::Words& words);
     /// Captures a menu command for the page, and for pasting also the clipboard's text.
     void command(std::int32_t id);
+    /// Captures that the instruments are going to be changed to these.
+    void instruments(const HeldState& to);
     /// Captures that the instruments of `file` are going to be shown instead of the previous ones.
     void setup(const std::string& file);
 

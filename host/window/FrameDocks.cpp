@@ -1,14 +1,15 @@
 #include "host/window/FrameDocks.h"
 
+#include "host/docks/DriverLog.h"
+#include "host/docks/FailedSetting.h"
+#include "host/docks/FailureStrip.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/docks/Reports.h"
 #include "host/setup/SetupSession.h"
-#include "host/window/DriverLog.h"
-#include "host/window/FailedSetting.h"
-#include "host/window/FailureStrip.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameHistory.h"
-#include "host/window/InstrumentsView.h"
+#include "host/window/FrameRecording.h"
 #include "host/window/PageHost.h"
-#include "host/window/Reports.h"
 #include "widgets/support/ShownText.h"
 
 #include <QApplication>
@@ -65,7 +66,11 @@ void FrameDocks::joinStrip()
 {
     failures_->failing = [this] { return watch_.health().failing(); };
     failures_->recordingFailures = [this] {
-        return recordingFailures ? recordingFailures() : std::vector<std::string>();
+        std::vector<FailureStrip::Line> lines;
+        for (const RecordingFailure& failure :
+             recordingFailures ? recordingFailures() : std::vector<RecordingFailure>())
+            lines.push_back({failure.key, toShown(failure.text)});
+        return lines;
     };
     failures_->tryAgain = [this] { handOverAgain(); };
     failures_->grown = [this] {
@@ -91,8 +96,10 @@ void FrameDocks::follow(const SimulatedDrivers& drivers)
 
 bool FrameDocks::contains(const QWidget* widget) const
 {
-    return log_->isAncestorOf(widget) || instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget) ||
-           failures_->isAncestorOf(widget) || history_.dock().isAncestorOf(widget);
+    const auto holds = [&](const QWidget* dock) { return dock->isAncestorOf(widget); };
+    return std::any_of(others_.begin(), others_.end(), holds) || log_->isAncestorOf(widget) ||
+           instruments_->isAncestorOf(widget) || reports_->isAncestorOf(widget) || failures_->isAncestorOf(widget) ||
+           history_.dock().isAncestorOf(widget);
 }
 
 void FrameDocks::stop()

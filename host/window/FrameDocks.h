@@ -16,6 +16,7 @@ class FrameHistory;
 struct FrameParts;
 class InstrumentsView;
 class PageHost;
+struct RecordingFailure;
 class Reports;
 class SetupSession;
 
@@ -36,6 +37,8 @@ public:
     void show(const SimulatedDrivers& drivers);
     /// As `show`, after an edit: instruments that remain keep their failures and their rows.
     void follow(const SimulatedDrivers& drivers);
+    /// Counts the widget, which must outlive this object, as one of the docks.
+    void include(const QWidget& dock) { others_.push_back(&dock); }
     /// Returns whether the widget is in a dock or in the strip; false for null.
     [[nodiscard]] bool contains(const QWidget* widget) const;
 
@@ -45,7 +48,7 @@ public:
     /// Returns whether a recording is in progress, which the instruments are not disturbed in.
     std::function<bool()> locked;
     /// Returns what has failed in the recording, for the strip; see `showRecordingFailures`.
-    std::function<std::vector<std::string>()> recordingFailures;
+    std::function<std::vector<RecordingFailure>()> recordingFailures;
     /// Called when `recordingFailures` has changed.
     void showRecordingFailures();
 
@@ -76,6 +79,7 @@ private:
     DriverLog* log_;
     InstrumentsView* instruments_;
     FailureStrip* failures_;
+    std::vector<const QWidget*> others_;
 };
 
 } // namespace ko

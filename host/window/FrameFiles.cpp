@@ -1,7 +1,7 @@
 #include "host/window/FrameFiles.h"
 
 #include "host/support/HostTexts.h"
-#include "host/window/Later.h"
+#include "host/toolkit/Later.h"
 
 #include <QApplication>
 #include <QDropEvent>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "host/setup/SetupSession.h"
-#include "host/window/FileWatch.h"
+#include "host/toolkit/FileWatch.h"
+#include "host/toolkit/RecentFiles.h"
 #include "host/window/FrameParts.h"
-#include "host/window/RecentFiles.h"
 #include "host/window/UserQuestions.h"
 #include "widgets/support/UserActions.h"
 

@@ -1,14 +1,15 @@
 #include "host/window/FrameInstruments.h"
 
+#include "host/docks/InstrumentGallery.h"
+#include "host/docks/InstrumentsView.h"
 #include "host/setup/SetupChanges.h"
 #include "host/setup/SetupSession.h"
 #include "host/setup/SetupTemplates.h"
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
+#include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameHistory.h"
-#include "host/window/InstrumentGallery.h"
-#include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
 #include "host/window/PlusButton.h"
 #include "widgets/bindings/NoInstrumentPicture.h"
@@ -21,9 +22,10 @@
 namespace ko {
 
 FrameInstruments::FrameInstruments(QMainWindow& window, const UserActions& actions, FrameParts& parts, PageHost& page,
-                                   SetupSession& session, FrameHistory& history, FrameDocks& docks)
-    : window_(window), actions_(actions), parts_(parts), page_(page), session_(session), history_(history),
-      docks_(docks)
+                                   SetupSession& session, FrameCapture& capture, FrameHistory& history,
+                                   FrameDocks& docks)
+    : window_(window), actions_(actions), parts_(parts), page_(page), session_(session), capture_(capture),
+      history_(history), docks_(docks)
 {
     history.restored = [this] { docks_.follow(session_.drivers()); };
     history.handOver = [this](const SimulatedDrivers& drivers, History::HandOver how) {
@@ -72,7 +74,9 @@ bool FrameInstruments::edit(const InstrumentChange& change)
         return false;
     const QPointer<QWidget> focused = window_.focusWidget();
     try {
-        const bool isChanged = history_.edit(changedInstruments(shown, change));
+        const HeldState to = changedInstruments(shown, change);
+        capture_.instruments(to);
+        const bool isChanged = !action.isOver() && session_.drivers() == shown && history_.edit(to);
         // The page takes the focus while it is rebuilt.
         if (!action.isOver() && focused && !page_.widget().isAncestorOf(focused))
             focused->setFocus();

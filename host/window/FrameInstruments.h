@@ -8,6 +8,7 @@ class QMainWindow;
 
 namespace ko {
 
+class FrameCapture;
 class FrameDocks;
 class FrameHistory;
 class PageHost;
@@ -19,7 +20,7 @@ class FrameInstruments {
 public:
     /// All arguments must outlive this object.
     FrameInstruments(QMainWindow& window, const UserActions& actions, FrameParts& parts, PageHost& page,
-                     SetupSession& session, FrameHistory& history, FrameDocks& docks);
+                     SetupSession& session, FrameCapture& capture, FrameHistory& history, FrameDocks& docks);
 
     /// Changes the instruments as one step; see `changedInstruments`. The page first accepts a valid entry that is
     /// still being typed. If the page, the change or an instrument refuses, shows the reason, changes nothing and
@@ -45,6 +46,7 @@ private:
     FrameParts& parts_;
     PageHost& page_;
     SetupSession& session_;
+    FrameCapture& capture_;
     FrameHistory& history_;
     FrameDocks& docks_;
 };

@@ -1,6 +1,6 @@
 #include "host/window/FrameParts.h"
 
-#include "host/window/Reports.h"
+#include "host/docks/Reports.h"
 #include "widgets/dialogs/DateDialog.h"
 #include "widgets/dialogs/OffersDialog.h"
 #include "widgets/dialogs/TriggerDialogs.h"

@@ -1,16 +1,16 @@
 #include "host/window/FrameRecording.h"
 
+#include "host/chart/ChartPanel.h"
 #include "host/recording/FreeSpace.h"
+#include "host/recording_view/RecordingView.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/HostTexts.h"
-#include "host/window/ChartPanel.h"
+#include "host/toolkit/WaitingBox.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/PageHost.h"
 #include "host/window/RecordStart.h"
-#include "host/window/RecordingView.h"
-#include "host/window/WaitingBox.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PageTexts.h"
 #include "widgets/support/ShownText.h"
@@ -111,7 +111,10 @@ void FrameRecording::record()
             return;
         const std::string file = files_.questions().fileToRecord(
             {suggestedFile(files_.session(), parts_.services.clock.now()), spaceFor(plan)});
-        if (!action.isOver() && !file.empty() && instruments() == about && !isActive())
+        // The start time may have passed meanwhile.
+        if (action.isOver() || file.empty() || !chooseStart(plan, files_.session(), files_.questions(), parts_))
+            return;
+        if (!action.isOver() && instruments() == about && !isActive())
             begin(file, plan);
     } catch (const std::exception& error) {
         if (!action.isOver())
@@ -121,7 +124,7 @@ void FrameRecording::record()
 
 void FrameRecording::lock(int badge)
 {
-    noteFailures(std::vector<std::string>());
+    noteFailures(std::vector<RecordingFailure>());
     Page& page = page_.document().page();
     readOnly_.emplace([this](bool on) { setReadOnly ? setReadOnly(on) : void(); }, page.readOnly);
     page.lblReadOnly.setCaption(fromQt(parts_.text(badge)));
@@ -158,9 +161,9 @@ void FrameRecording::begin(const std::string& file, const RecordingPlan& start)
     }
     isCharted_ = false;
     enableEntries();
-    follow();
-    ko::raise(reveal);
+    view_->showRun({parts_.text(recordText::opening), {}});
     timer_.start(refreshPeriod);
+    ko::raise(reveal);
 }
 
 void FrameRecording::monitor()
@@ -179,8 +182,8 @@ void FrameRecording::monitor()
     enableEntries();
     view_->showNote(parts_.text(textNumber::chart::monitoring));
     chart_->chart().show(monitor_->chart(), true);
-    ko::raise(reveal);
     timer_.start(refreshPeriod);
+    ko::raise(reveal);
 }
 
 void FrameRecording::stop()
@@ -195,6 +198,8 @@ bool FrameRecording::mayLeave()
 {
     if (!isActive())
         return true;
+    if (waiting_)
+        return false;
     const UserActions::Action action(actions_);
     // A monitor loses nothing.
     const bool stops = monitor_ || files_.questions().stopRecording();

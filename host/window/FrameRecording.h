@@ -24,6 +24,21 @@ class FrameFiles;
 class PageHost;
 class RecordingView;
 
+/// What has failed during a recording.
+struct RecordingFailure {
+    std::string key;  ///< the same failure has the same key later
+    std::string text; ///< one line
+
+    bool operator==(const RecordingFailure&) const = default;
+};
+
+/// A file that was opened as a recording.
+struct OpenedRecording {
+    std::string file;
+    HeldRecording held;
+    std::shared_ptr<const ChartSource> chart;
+};
+
 /// Recordings in the frame window: the entries Record, Monitor and Stop, the toolbar, the dock that shows the recording
 /// in progress with its chart, and the read-only page meanwhile. Nothing of it waits for an instrument or the file.
 class FrameRecording : public QObject {
@@ -53,16 +68,18 @@ public:
     /// while the window handles events.
     [[nodiscard]] bool mayLeave();
 
-    /// Returns the set-up that a recording was made with; none if the file is no recording. The recording is then the
-    /// opened one. Throws an `InputError` if it cannot be read.
+    /// Returns the set-up that a recording was made with; none if the file is no recording. If it replaces the open
+    /// set-up, `followSetup` must be called. Throws an `InputError` if the file cannot be read.
     std::optional<std::string> setupIn(const std::string& file);
+    /// Called when another set-up may be open: the recording that it was read from, if any, is the opened one.
+    void followSetup();
     /// Whether the open set-up was read from a recording.
-    [[nodiscard]] bool isOpened() const;
-    /// Shows the opened recording, or nothing, in place of the one shown.
+    [[nodiscard]] bool isOpened() const { return opened_.has_value(); }
+    /// Shows the opened recording, or nothing, in place of what is shown, unless that belongs to the open set-up.
     void showOpened();
 
     /// What has failed during the recording in progress or the last one, one line each.
-    [[nodiscard]] std::vector<std::string> failures() const { return failures_; }
+    [[nodiscard]] const std::vector<RecordingFailure>& failures() const { return failures_; }
 
     /// Switches the page to read-only mode and back; set by the window.
     std::function<void(bool)> setReadOnly;
@@ -84,7 +101,7 @@ private:
     void end();
     void showOutcome(const std::string& file, const RecordingOutcome& outcome);
     void noteFailures(const RecordingProgress& progress);
-    void noteFailures(std::vector<std::string> failures);
+    void noteFailures(std::vector<RecordingFailure> failures);
     void refuse(const std::string& reason);
     void enableEntries();
 
@@ -103,10 +120,11 @@ private:
     std::unique_ptr<RecordingTask> task_;
     std::unique_ptr<Monitor> monitor_;
     bool isCharted_ = false; ///< the chart shows the recording in progress
-    std::vector<std::string> failures_;
-    std::optional<HeldRecording> opened_; ///< the recording that was read as a set-up last
-    std::string openedFile_;
-    QPointer<QDialog> waiting_; ///< shown until the recording has ended
+    std::vector<RecordingFailure> failures_;
+    std::optional<OpenedRecording> read_; ///< read as a set-up, which may still be refused
+    std::optional<OpenedRecording> opened_;
+    std::weak_ptr<const void> shownFor_; ///< the set-up that what is shown belongs to
+    QPointer<QDialog> waiting_;          ///< shown until the recording has ended
 };
 
 } // namespace ko

@@ -1,10 +1,10 @@
+#include "host/chart/ChartPanel.h"
 #include "host/recording/Moments.h"
 #include "host/recording/RecordedSignals.h"
+#include "host/recording_view/RecordingView.h"
 #include "host/support/HostTexts.h"
-#include "host/window/ChartPanel.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameRecording.h"
-#include "host/window/RecordingView.h"
 #include "widgets/support/ShownText.h"
 
 #include <QDialog>
@@ -35,7 +35,10 @@ void FrameRecording::follow()
 
 void FrameRecording::followMonitor()
 {
-    noteFailures(monitor_->failures());
+    std::vector<RecordingFailure> found;
+    for (const std::string& failure : monitor_->failures())
+        found.push_back({failure, failure});
+    noteFailures(std::move(found));
     if (!monitor_->isOver())
         return;
     timer_.stop();
@@ -51,15 +54,18 @@ void FrameRecording::followMonitor()
 
 void FrameRecording::noteFailures(const RecordingProgress& progress)
 {
-    std::vector<std::string> failures = progress.failures;
+    std::vector<RecordingFailure> failures;
+    for (const std::string& failure : progress.failures)
+        failures.push_back({failure, failure});
     for (const InstrumentProgress& it : progress.instruments)
         if (it.lost > 0)
-            failures.push_back(it.name + ": " +
-                               fromQt(parts_.text(recordText::lostSamples).arg(static_cast<qlonglong>(it.lost))));
+            failures.push_back(
+                {std::to_string(it.index),
+                 it.name + ": " + fromQt(parts_.text(recordText::lostSamples).arg(static_cast<qlonglong>(it.lost)))});
     noteFailures(std::move(failures));
 }
 
-void FrameRecording::noteFailures(std::vector<std::string> failures)
+void FrameRecording::noteFailures(std::vector<RecordingFailure> failures)
 {
     if (failures == failures_)
         return;
@@ -72,16 +78,19 @@ void FrameRecording::end()
     timer_.stop();
     const auto task = std::exchange(task_, nullptr);
     const RecordingOutcome& outcome = task->outcome();
+    // A short recording may have ended before it was charted.
+    if (const auto run = task->run(); !isCharted_)
+        chart_->chart().show(run ? run->chart() : nullptr, true);
+    if (waiting_)
+        waiting_->accept();
     noteFailures(outcome.end);
     chart_->setMarking(false);
-    chart_->chart().setEnded();
+    chart_->chart().setEnded(outcome.chart);
     if (!unlock())
         return;
     enableEntries();
     showOutcome(task->file(), outcome);
-    if (waiting_)
-        waiting_->accept();
-    else if (!outcome.refusal.empty())
+    if (!outcome.refusal.empty())
         refuse(outcome.refusal);
 }
 
@@ -90,36 +99,43 @@ void FrameRecording::showOutcome(const std::string& file, const RecordingOutcome
     QString reason;
     for (const std::string& failure : outcome.end.failures)
         reason += (reason.isEmpty() ? QString() : QStringLiteral("\n")) + toShown(failure);
-    if (outcome.held) {
+    if (outcome.held)
         view_->showEnd(file, *outcome.held, reason);
-        chart_->chart().setEnded(signalsIn(file));
-    } else {
+    else
         view_->showNote(outcome.refusal.empty() ? reason : toShown(outcome.refusal));
-    }
 }
 
 std::optional<std::string> FrameRecording::setupIn(const std::string& file)
 {
-    opened_.reset();
+    read_.reset();
     if (!isRecordingFile(file))
         return std::nullopt;
-    opened_ = heldIn(file);
-    openedFile_ = file;
-    return opened_->setup;
+    read_ = OpenedRecording{file, heldIn(file), signalsIn(file)};
+    return read_->held.setup;
 }
 
-bool FrameRecording::isOpened() const
+void FrameRecording::followSetup()
 {
-    return opened_ && files_.session().source() == openedFile_;
+    const std::string& source = files_.session().source();
+    const auto recording = std::exchange(read_, std::nullopt);
+    if (recording && recording->file == source)
+        opened_ = recording;
+    else if (opened_ && opened_->file != source)
+        opened_.reset();
 }
 
 void FrameRecording::showOpened()
 {
-    noteFailures(std::vector<std::string>());
-    chart_->chart().show(isOpened() ? signalsIn(openedFile_) : nullptr, false);
+    const std::weak_ptr<const void> open = files_.session().presence();
+    const bool isSame = !open.owner_before(shownFor_) && !shownFor_.owner_before(open);
+    shownFor_ = open;
+    if (isSame)
+        return;
+    noteFailures(std::vector<RecordingFailure>());
+    chart_->chart().show(isOpened() ? opened_->chart : nullptr, false);
     if (!isOpened())
         return view_->showNote(parts_.text(recordText::none));
-    view_->showEnd(openedFile_, *opened_, {});
+    view_->showEnd(opened_->file, opened_->held, {});
     ko::raise(reveal);
 }
 

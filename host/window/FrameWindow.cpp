@@ -1,14 +1,14 @@
 #include "host/window/FrameWindow.h"
 
+#include "host/chart/ChartPanel.h"
+#include "host/docks/DriverLog.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/docks/Reports.h"
+#include "host/recording_view/RecordingView.h"
 #include "host/support/HostTexts.h"
-#include "host/window/ChartPanel.h"
-#include "host/window/DockRoom.h"
-#include "host/window/DriverLog.h"
-#include "host/window/HintLine.h"
-#include "host/window/InstrumentsView.h"
-#include "host/window/Later.h"
-#include "host/window/RecordingView.h"
-#include "host/window/Reports.h"
+#include "host/toolkit/DockRoom.h"
+#include "host/toolkit/HintLine.h"
+#include "host/toolkit/Later.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
@@ -128,6 +128,8 @@ void FrameWindow::joinRecording()
     files_.isRecordingOpen = [this] { return recording_.isOpened(); };
     instruments().selectionChanged = [this] { chooseCharted(); };
     docks_.locked = [this] { return recording_.isActive(); };
+    docks_.include(recording_.view());
+    addAction(&recording_.chart().marking());
     docks_.recordingFailures = [this] { return recording_.failures(); };
     recording_.failed = [this] { docks_.showRecordingFailures(); };
     recording_.setReadOnly = [this](bool on) {
@@ -151,6 +153,7 @@ void FrameWindow::chooseCharted()
 
 void FrameWindow::lockOpenedRecording()
 {
+    recording_.followSetup();
     const bool isWanted = recording_.isOpened() && !readOnly_->isChecked();
     if (!isWanted && (recording_.isOpened() || !std::exchange(isLockedForRecording_, false)))
         return;

@@ -1,17 +1,17 @@
 #pragma once
 
+#include "host/recording_view/SpaceGauge.h"
+#include "host/toolkit/FrameMemory.h"
 #include "host/window/FrameAutosave.h"
 #include "host/window/FrameCapture.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameHistory.h"
 #include "host/window/FrameInstruments.h"
-#include "host/window/FrameMemory.h"
 #include "host/window/FramePrinting.h"
 #include "host/window/FrameRecording.h"
 #include "host/window/FrameReplay.h"
 #include "host/window/PageHost.h"
-#include "host/window/SpaceGauge.h"
 #include "host/window/StartScreen.h"
 
 #include <QMainWindow>
@@ -114,7 +114,7 @@ private:
     FrameRecording recording_{*this, actions_, *parts_, page_, files_, capture_};
     QAction* readOnly_ = nullptr;
     bool isLockedForRecording_ = false; ///< the page is read-only because its set-up is that of a recording
-    FrameInstruments list_{*this, actions_, *parts_, page_, session(), history_, docks_};
+    FrameInstruments list_{*this, actions_, *parts_, page_, session(), capture_, history_, docks_};
     SpaceGauge* space_ = new SpaceGauge(parts_->texts(), parts_->platform.locale, this);
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FrameAutosave autosave_{actions_, session(), memory_.folder()};

@@ -1,9 +1,9 @@
 #include "host/window/PageHost.h"
 
 #include "host/support/HostTexts.h"
+#include "host/toolkit/HelpWindow.h"
+#include "host/toolkit/HintLine.h"
 #include "host/window/FrameCapture.h"
-#include "host/window/HelpWindow.h"
-#include "host/window/HintLine.h"
 #include "widgets/support/PageTexts.h"
 
 #include <QMainWindow>

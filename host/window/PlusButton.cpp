@@ -3,6 +3,9 @@
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/support/PlainText.h"
 
+#include <QEvent>
+#include <algorithm>
+
 namespace ko {
 
 PlusButton::PlusButton(NoInstrumentPicture& picture, const QString& name) : QToolButton(&picture), picture_(picture)

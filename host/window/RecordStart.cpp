@@ -20,8 +20,12 @@ namespace {
 QString asFileName(QString text)
 {
     static const QRegularExpression reserved(QStringLiteral("[/\\\\:*?\"<>|\\p{C}]"));
-    constexpr int atMost = 80;
-    return text.replace(reserved, QStringLiteral("-")).trimmed().left(atMost);
+    // Names are bounded in bytes, and date and extension follow.
+    constexpr qsizetype atMost = 150;
+    text = text.replace(reserved, QStringLiteral("-")).trimmed();
+    while (text.toUtf8().size() > atMost || (!text.isEmpty() && text.back().isHighSurrogate()))
+        text.chop(1);
+    return text;
 }
 
 } // namespace
@@ -46,10 +50,15 @@ std::string suggestedFile(const SetupSession& session, DateTime now)
 
 bool chooseStart(RecordingPlan& plan, const SetupSession& session, UserQuestions& questions, FrameParts& parts)
 {
-    if (plan.startMode != startMode::atTime || nextMoment(plan.startTime, momentNow(session.clock())))
+    if (plan.startMode != startMode::atTime)
+        return true;
+    const double today = std::floor(parts.services.clock.now().days);
+    // With its date, a time that passes while the user chooses a file is not taken for that of the next day.
+    if (!plan.startTime.hasDate())
+        plan.startTime.days += today + (parts.services.clock.now().days - today > plan.startTime.days ? 1.0 : 0.0);
+    if (nextMoment(plan.startTime, momentNow(session.clock())))
         return true;
     const Locale& locale = parts.platform.locale;
-    const double today = std::floor(parts.services.clock.now().days);
     const DateTime tomorrow{today + 1.0 + (plan.startTime.days - std::floor(plan.startTime.days))};
     switch (questions.pastStart(toQt(generalDate(plan.startTime, locale)), toQt(generalDate(tomorrow, locale)))) {
     case PastStart::Now: plan.startMode = startMode::immediately; return true;

@@ -50,10 +50,11 @@ QTreeWidget* table(const Texts& texts, const std::vector<ReplayDifference>& diff
     list->setAllColumnsShowFocus(true);
     for (const ReplayDifference& difference : differences) {
         const QString found = difference.found ? toShown(*difference.found) : texts(replayText::noEffect);
-        auto* row = new QTreeWidgetItem(list, {QString::number(difference.line), toShown(difference.command),
-                                               toShown(difference.expected.value_or("")), found});
+        auto* row = new QTreeWidgetItem({QString::number(difference.line), toShown(difference.command),
+                                         toShown(difference.expected.value_or("")), found});
         for (int column = 0; column < list->columnCount(); ++column)
             row->setData(column, Qt::ToolTipRole, plainTip(row->text(column)));
+        list->addTopLevelItem(row);
     }
     for (int column = 0; column < list->columnCount(); ++column)
         list->resizeColumnToContents(column);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/recording_view/RecordQuestions.h"
 #include "host/setup/SetupSession.h"
-#include "host/window/RecordQuestions.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"

@@ -1,11 +1,11 @@
 #include "host/window/WindowStage.h"
 
+#include "host/docks/InstrumentsView.h"
 #include "host/scenario/Commands.h"
 #include "host/setup/SetupFile.h"
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameHistory.h"
-#include "host/window/InstrumentsView.h"
 #include "host/window/PageHost.h"
 #include "platform/Scoped.h"
 

@@ -1,7 +1,7 @@
 #include "Scenes.h"
 
+#include "host/docks/InstrumentsView.h"
 #include "host/sheet/SheetPages.h"
-#include "host/window/InstrumentsView.h"
 
 #include <QAccessible>
 #include <QApplication>

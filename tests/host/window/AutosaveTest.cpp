@@ -1,6 +1,6 @@
 #include "FrameTest.h"
+#include "host/docks/Reports.h"
 #include "host/support/InputError.h"
-#include "host/window/Reports.h"
 
 #include <QTreeWidget>
 #include <csignal>

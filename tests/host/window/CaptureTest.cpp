@@ -1,6 +1,7 @@
 #include "RandomUser.h"
 #include "host/scenario/ControlState.h"
 #include "host/scenario/Scenario.h"
+#include "host/setup/SetupChanges.h"
 #include "host/setup/SetupWriter.h"
 #include "host/window/FrameWindow.h"
 
@@ -123,6 +124,20 @@ protected:
         EXPECT_EQ(controlsOf(other.document().page()), controlsOf(page())) << readFile(file);
     }
 };
+
+TEST_F(CaptureTest, EditsOfTheInstrumentsAreReplayedWithTheirUndo)
+{
+    window.open(path("bench.json"));
+    window.capture().startFromHere(path("session.scenario"));
+    FrameInstruments& list = window.instrumentList();
+    EXPECT_TRUE(list.edit([](ko::Setup& setup) { addInstrument(setup, "counter"); }));
+    EXPECT_TRUE(list.edit([](ko::Setup& setup) { setup.instruments[0].name = "Fast"; }));
+    EXPECT_TRUE(list.edit([](ko::Setup& setup) { setup.instruments.erase(setup.instruments.begin() + 1); }));
+    window.history().undo();
+    EXPECT_EQ(driver(0).name(), "Fast");
+    EXPECT_EQ(page().drivers.size(), 3U);
+    expectSameReplay(path("bench.json"));
+}
 
 /// Returns the number of sessions, or of actions of each: an environment variable, or the default.
 int wanted(const char* variable, int usual)

@@ -1,4 +1,4 @@
-#include "host/window/ChartPanel.h"
+#include "host/chart/ChartPanel.h"
 #include "host/window/FrameParts.h"
 
 #include <QAccessible>

@@ -1,5 +1,5 @@
 #include "FrameTest.h"
-#include "host/window/InstrumentsView.h"
+#include "host/docks/InstrumentsView.h"
 
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -240,6 +240,11 @@ const Opening openings[] = {
              dock.model().match(dock.model().index(0, 0), Qt::DisplayRole, "Crank", 1, found).value(0));
          desk.mistype();
          QTest::keyClick(&tree, Qt::Key_Space);
+     }},
+    {"Plus",
+     [](Desk& desk) {
+         desk.window->open(desk.file("none.json", R"({"drivers": []})"));
+         QTest::mouseClick(desk.window->findChild<QToolButton*>("plus"), Qt::LeftButton);
      }},
     {"Gallery",
      [](Desk& desk) {

@@ -1,4 +1,4 @@
-#include "host/window/FailureStrip.h"
+#include "host/docks/FailureStrip.h"
 #include "FrameTest.h"
 
 #include <QAccessible>

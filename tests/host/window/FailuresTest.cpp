@@ -1,7 +1,7 @@
 #include "FrameTest.h"
-#include "host/window/GuardedApplication.h"
-#include "host/window/InstrumentsView.h"
-#include "host/window/Later.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/toolkit/GuardedApplication.h"
+#include "host/toolkit/Later.h"
 
 #include <QAbstractItemModel>
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #include "FrameTest.h"
 #include "host/sheet/SheetTexts.h"
 #include "host/support/InputError.h"
-#include "host/window/RecentFiles.h"
+#include "host/toolkit/RecentFiles.h"
 #include "interfaces/Timebase.h"
 
 #include <QAbstractButton>

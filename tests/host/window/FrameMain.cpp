@@ -1,4 +1,4 @@
-#include "host/window/GuardedApplication.h"
+#include "host/toolkit/GuardedApplication.h"
 
 #include <QLocale>
 #include <cstdio>

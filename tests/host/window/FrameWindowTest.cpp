@@ -1,8 +1,8 @@
 #include "FrameTest.h"
+#include "host/docks/DriverLog.h"
+#include "host/docks/Reports.h"
 #include "host/support/InputError.h"
-#include "host/window/DriverLog.h"
-#include "host/window/HintLine.h"
-#include "host/window/Reports.h"
+#include "host/toolkit/HintLine.h"
 
 #include <QClipboard>
 #include <QComboBox>

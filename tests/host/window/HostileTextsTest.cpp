@@ -1,7 +1,7 @@
 #include "FrameTest.h"
-#include "host/window/DriverLog.h"
-#include "host/window/HelpWindow.h"
-#include "host/window/InstrumentsView.h"
+#include "host/docks/DriverLog.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/toolkit/HelpWindow.h"
 #include "interfaces/Timebase.h"
 #include "widgets/support/PlainText.h"
 

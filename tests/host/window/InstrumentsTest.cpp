@@ -1,8 +1,8 @@
 #include "FrameTest.h"
+#include "host/docks/DriverLog.h"
+#include "host/docks/InstrumentsView.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
-#include "host/window/DriverLog.h"
-#include "host/window/InstrumentsView.h"
 #include "interfaces/Timebase.h"
 
 #include <QAccessible>

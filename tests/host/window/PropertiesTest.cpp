@@ -1,8 +1,8 @@
 #include "FrameTest.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/properties/PropertiesDialog.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
-#include "host/window/InstrumentsView.h"
-#include "host/window/PropertiesDialog.h"
 
 #include <QAccessible>
 #include <QCheckBox>

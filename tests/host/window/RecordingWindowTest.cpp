@@ -1,11 +1,11 @@
 #include "FrameTest.h"
+#include "host/chart/ChartPanel.h"
+#include "host/docks/FailureStrip.h"
+#include "host/docks/InstrumentsView.h"
 #include "host/recording/HeldRecording.h"
 #include "host/recording/RecordedSignals.h"
-#include "host/window/ChartPanel.h"
-#include "host/window/FailureStrip.h"
-#include "host/window/InstrumentsView.h"
-#include "host/window/RecordDialog.h"
-#include "host/window/RecordingView.h"
+#include "host/recording_view/RecordDialog.h"
+#include "host/recording_view/RecordingView.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -70,8 +70,13 @@ TEST_F(RecordingWindowTest, AKeyRecordsAndThePageIsReadOnlyMeanwhile)
     EXPECT_EQ(summary().verticalHeaderItem(0)->text(), "A");
     EXPECT_EQ(summary().item(0, 0)->text(), summary().item(0, 1)->text());
     EXPECT_EQ(heldIn(user.record).instruments.at(0).samples, 5120);
+    EXPECT_TRUE(recording().chart().chart().latestValues().contains("First")) << "however short it was";
     EXPECT_FALSE(window.isWindowModified());
     EXPECT_TRUE(window.history().steps().steps().empty());
+    page().moveFocus(&page().txtDuration);
+    recording().chart().setFocus();
+    press(Qt::Key_Delete);
+    EXPECT_EQ(page().txtDuration.text(), "5") << "keys in the dock do nothing on the page";
 }
 
 TEST_F(RecordingWindowTest, WaitsForTimeAndTriggerAndIsStoppedByAKeyOrAQuestion)
@@ -114,7 +119,11 @@ TEST_F(RecordingWindowTest, AnotherSetUpAndADestroyedWindowEndTheRecordingWithAW
     ASSERT_TRUE(begins("Recording"));
     window.files().open(toQt(file("other.json", R"({"drivers": []})")));
     EXPECT_EQ(window.session().drivers().size(), 1U);
-    EXPECT_EQ(user.askedToStop, 1);
+    file("bench.json", R"({"drivers": [{"name": "Changed elsewhere"}]})");
+    user.conflict = Conflict::Reload;
+    window.files().save();
+    EXPECT_EQ(window.session().drivers()[0]->name(), "A");
+    EXPECT_EQ(user.askedToStop, 2);
     user.stops = true;
     window.files().open(toQt(file("other.json", R"({"drivers": []})")));
     EXPECT_TRUE(window.session().drivers().empty());
@@ -243,17 +252,16 @@ TEST_F(RecordingWindowTest, ARecordingOpensWithItsSetUpReadOnlyAndItsSummary)
     EXPECT_EQ(summary().rowCount(), 1);
     EXPECT_TRUE(window.windowTitle().startsWith("out.h5"));
     EXPECT_EQ(window.files().recent().files().value(0), toQt(user.record));
+    const std::string damaged = file("damaged.h5", "\x89HDF\r\n\x1a\nand no more");
+    window.files().open(toQt(damaged));
+    EXPECT_NE(user.told.find("damaged.h5: is no recording"), std::string::npos) << user.told;
+    EXPECT_TRUE(recording().isOpened() && page().readOnly) << "the one that is open stays open";
     user.saveAs = fromQt(folder.filePath("again.json"));
     window.files().save();
     EXPECT_EQ(window.session().file(), user.saveAs) << "the recording itself is never overwritten";
     EXPECT_EQ(heldIn(user.record).instruments.size(), 1U);
     window.files().open(toQt(file("other.json", R"({"drivers": [{"name": "B"}]})")));
     EXPECT_FALSE(page().readOnly);
-
-    const std::string damaged = file("damaged.h5", "\x89HDF\r\n\x1a\nand no more");
-    window.files().open(toQt(damaged));
-    EXPECT_NE(user.told.find("damaged.h5: is no recording"), std::string::npos) << user.told;
-    EXPECT_EQ(window.session().drivers().front()->name(), "B");
 }
 
 TEST_F(RecordingWindowTest, TheDialogReplacesNoFileWithoutAQuestion)

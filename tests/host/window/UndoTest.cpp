@@ -1,7 +1,7 @@
 #include "FrameTest.h"
 #include "RandomUser.h"
+#include "host/docks/InstrumentsView.h"
 #include "host/setup/SetupWriter.h"
-#include "host/window/InstrumentsView.h"
 
 #include <QLabel>
 #include <QMenu>

@@ -1,0 +1,100 @@
+#include "host/toolkit/FrameMemory.h"
+
+#include "host/setup/SetupFile.h"
+#include "host/support/FileWriter.h"
+#include "host/support/InputError.h"
+#include "host/support/StandardStreams.h"
+#include "widgets/support/Convert.h"
+
+#include <QStandardPaths>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+namespace ko {
+
+namespace {
+
+using Content = FrameMemory::Content;
+
+constexpr const char* recentFiles = "recentFiles";
+constexpr const char* geometry = "geometry";
+constexpr const char* docks = "docks";
+
+std::string encoded(const QByteArray& bytes)
+{
+    return bytes.toBase64().toStdString();
+}
+
+QByteArray decoded(const nlohmann::json& json, const char* key)
+{
+    return QByteArray::fromBase64(QByteArray::fromStdString(json.value(key, std::string())));
+}
+
+std::string textOf(const Content& content)
+{
+    nlohmann::ordered_json json{{recentFiles, nlohmann::json::array()}};
+    for (const QString& file : content.recentFiles)
+        json[recentFiles].push_back(fromQt(file));
+    json[geometry] = encoded(content.geometry);
+    json[docks] = encoded(content.docks);
+    return json.dump(2) + '\n';
+}
+
+Content parse(const std::string& text)
+{
+    const auto json = nlohmann::json::parse(text);
+    Content content;
+    for (const std::string file : json.at(recentFiles))
+        content.recentFiles << toQt(file);
+    content.geometry = decoded(json, geometry);
+    content.docks = decoded(json, docks);
+    return content;
+}
+
+/// Ignores a malformed file, because the window must open anyway.
+Content load(const std::string& file)
+{
+    try {
+        return parse(readFile(file));
+    } catch (const InputError&) {
+        return {};
+    } catch (const nlohmann::json::exception&) {
+        return {};
+    }
+}
+
+} // namespace
+
+FrameMemory::FrameMemory(std::string file) : file_(std::move(file))
+{
+    if (!file_.empty())
+        content_ = load(file_);
+}
+
+void FrameMemory::change(const std::function<void(Content&)>& change)
+{
+    if (file_.empty())
+        return change(content_);
+    content_ = load(file_);
+    change(content_);
+    try {
+        std::error_code ignored;
+        std::filesystem::create_directories(std::filesystem::path(file_).parent_path(), ignored);
+        writeWhole(file_, textOf(content_));
+    } catch (const InputError& error) {
+        complain(error.what());
+    }
+}
+
+std::string FrameMemory::folder() const
+{
+    const std::string folder = std::filesystem::path(file_).parent_path().string();
+    return folder.empty() && !file_.empty() ? "." : folder;
+}
+
+std::string FrameMemory::usersFile()
+{
+    return fromQt(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/window.json";
+}
+
+} // namespace ko
