@@ -133,7 +133,7 @@ bool Recorder::isAcquiring() const
 
 void Recorder::takeNext()
 {
-    if (const auto delivery = queue_.take(tick_)) {
+    if (const auto delivery = queue_.take(std::min(tick_, publishDue_))) {
         Track& track = *tracks_[delivery->instrument];
         std::visit([&](const auto& what) { take(track, what); }, delivery->what);
     }
@@ -142,7 +142,7 @@ void Recorder::takeNext()
         secure();
     if (isStopWanted_)
         stopAll();
-    publish(presentState());
+    publishWhenDue();
 }
 
 void Recorder::stopAll()

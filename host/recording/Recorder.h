@@ -63,6 +63,7 @@ private:
     [[nodiscard]] double elapsed() const;
     [[nodiscard]] bool takesMarkers(RunState state) const;
     void publish(RunState state);
+    void publishWhenDue();
 
     Instruments instruments_;
     RecordingPlan plan_;
@@ -70,6 +71,7 @@ private:
     Moment start_;             ///< when the recording's time begins
     Clock::time_point origin_; ///< the same
     Clock::time_point tick_;   ///< when `secure` is due next
+    Clock::time_point publishDue_;
     BlockQueue queue_;
     std::vector<std::unique_ptr<Track>> tracks_; ///< one for each instrument of the plan
     std::unique_ptr<RecordedFile> file_;

@@ -50,10 +50,22 @@ void Recorder::publish(RunState state)
                  .period = settings.period,
                  .startOffset = track->first ? track->timeOf(*track->first) - time : 0.0});
     }
+    publishDue_ = Clock::now() + std::chrono::milliseconds(50);
     const std::lock_guard lock(mutex_);
     progress_ = std::move(progress);
     if (isOver(state))
         ended_.notify_all();
+}
+
+/// Publishes a change of state at once, and the figures as often as they can be read.
+void Recorder::publishWhenDue()
+{
+    // Only this thread changes what has been published.
+    const RunState state = presentState();
+    const bool isNew = state != progress_.state || takesMarkers(state) != progress_.takesMarkers ||
+                       failures_.size() != progress_.failures.size();
+    if (isNew || Clock::now() >= publishDue_)
+        publish(state);
 }
 
 RecordingProgress Recorder::progress() const
