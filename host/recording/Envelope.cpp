@@ -17,10 +17,10 @@ Extent extentOf(std::span<const float> samples)
     return extent;
 }
 
-/// The number of the first sample not before this place.
+/// The number of the first sample not before this place, which may be beyond all numbers.
 std::int64_t sampleFrom(double place, std::int64_t size)
 {
-    return static_cast<std::int64_t>(std::ceil(std::clamp(place, 0.0, static_cast<double>(size))));
+    return place > 0.0 ? static_cast<std::int64_t>(std::ceil(std::min(place, static_cast<double>(size)))) : 0;
 }
 
 } // namespace

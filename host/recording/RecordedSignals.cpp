@@ -179,8 +179,8 @@ std::vector<Extent> RecordedSignals::extents(std::size_t channel, const SampleSp
     constexpr double most = 4e6; // samples that are read for a picture
     const auto size = static_cast<double>(described_.signals[channel].samples);
     const double end = span.first + span.width * static_cast<double>(span.count);
-    const auto from = static_cast<std::int64_t>(std::clamp(std::floor(span.first), 0.0, size));
-    const auto to = static_cast<std::int64_t>(std::clamp(std::ceil(end), 0.0, size));
+    const auto from = static_cast<std::int64_t>(span.first > 0.0 ? std::floor(std::min(span.first, size)) : 0.0);
+    const auto to = static_cast<std::int64_t>(end > 0.0 ? std::ceil(std::min(end, size)) : 0.0);
     const std::lock_guard lock(mutex_);
     const Kept& kept = kept_[channel];
     const bool isFiner = span.width < static_cast<double>(kept.finest) && static_cast<double>(to - from) <= most;

@@ -92,7 +92,8 @@ TEST(SignalsTest, SamplesOfAnyPeriodAreShown)
         planned.settings.channels = {{}};
         LiveSignals live({planned});
         live.append(0, numbers(0, 100000), 0, 100000);
-        EXPECT_EQ(live.extents(0, {.first = 0, .width = 1e5, .count = 1}), (std::vector<Extent>{{0, 99999}}));
+        for (const double width : {1e5, 1e300, std::numeric_limits<double>::infinity()})
+            EXPECT_EQ(live.extents(0, {.first = 0, .width = width, .count = 2}), (std::vector<Extent>{{0, 99999}, {}}));
     }
 }
 
@@ -192,6 +193,9 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
         EXPECT_TRUE(running->addMarker(text));
         while (running->chart()->state().markers.size() == before) {
         }
+        const std::int64_t measured = running->chart()->state().channels[0].samples;
+        while (running->progress().instruments[0].samples < measured) {
+        }
     };
     std::promise<void> begun;
     const auto script = [&](BlockSink& sink) {
@@ -204,7 +208,9 @@ TEST(SignalsTest, MarkersAndClippedSamplesAreInTheFileAndInTheChart)
         sink.ended(350, "");
     };
     const Instruments instruments{std::make_shared<Scripted>(counter(300, R"(, "range": [60, 290])"), script)};
-    RecordingRun run(instruments, armed(instruments), into(file));
+    RecordingOptions options = into(file);
+    options.flushInterval = std::chrono::hours(1);
+    RecordingRun run(instruments, armed(instruments), options);
     EXPECT_FALSE(run.addMarker("before the first sample"));
     running = &run;
     begun.set_value();
