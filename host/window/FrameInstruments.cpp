@@ -45,7 +45,8 @@ void FrameInstruments::joinPage()
 {
     NoInstrumentPicture& picture = page_.widget().noInstruments();
     auto* const plus = new PlusButton(picture, withoutMnemonic(parts_.text(textNumber::instrumentEdit::galleryTitle)));
-    onSignal(plus, &QToolButton::clicked, &picture, [this] { add(); });
+    // An action of the page, too, which keeps the button while a document that ends takes the page away.
+    onSignal(plus, &QToolButton::clicked, &picture, [this] { page_.widget().view().act([this] { add(); }); });
 }
 
 void FrameInstruments::handOver(const SimulatedDrivers& drivers, bool isRestored)
