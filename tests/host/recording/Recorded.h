@@ -9,6 +9,7 @@
 #include <hdf5.h>
 #include <stdexcept>
 #include <thread>
+#include <unistd.h>
 
 namespace ko::test {
 
@@ -110,12 +111,12 @@ private:
     hid_t file_;
 };
 
-/// A folder that is empty at first and removed at the end.
+/// A folder of this program that is empty at first and removed at the end.
 class Folder {
 public:
     Folder()
         : path_(std::filesystem::path(testing::TempDir()) /
-                testing::UnitTest::GetInstance()->current_test_info()->name())
+                (testing::UnitTest::GetInstance()->current_test_info()->name() + std::to_string(getpid())))
     {
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
