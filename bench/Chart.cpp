@@ -1,7 +1,7 @@
 // ko_chart_bench: prints what a frame of a chart of 16 channels costs, and a sample that comes into it, by the sample
 // rate. Ends with 1 if a frame at the highest rate costs more than twice as much as at the lowest.
-#include "host/recording/LiveSignals.h"
 #include "host/chart/StripChart.h"
+#include "host/recording/LiveSignals.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,9 +1,9 @@
 // ko_instruments_bench [COUNT...]: prints how long it takes, in the window with the dock of the instruments, to add an
 // instrument to COUNT (1,000 by default), to undo that, to search, and to draw a scrolled tree.
+#include "host/docks/InstrumentsView.h"
 #include "host/setup/SetupChanges.h"
 #include "host/setup/SetupWriter.h"
 #include "host/window/FrameWindow.h"
-#include "host/docks/InstrumentsView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -4,12 +4,13 @@
 #include "host/support/InputError.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace ko {
 
 namespace {
 
-/// Opens an attribute of one element of this class.
+/// Opens an attribute of one element of one of these classes.
 Hdf5Attribute openedAttribute(hid_t object, const char* name, std::initializer_list<H5T_class_t> classes)
 {
     Hdf5Attribute attribute(made(H5Aopen(object, name, H5P_DEFAULT)));
@@ -21,7 +22,7 @@ Hdf5Attribute openedAttribute(hid_t object, const char* name, std::initializer_l
     return attribute;
 }
 
-/// Lists of several dimensions are none of a recording.
+/// A list has one dimension.
 Hdf5Space spaceOf(const Hdf5Dataset& list)
 {
     Hdf5Space space(made(H5Dget_space(list.id())));
@@ -60,15 +61,15 @@ Hdf5File openedToRead(const std::string& file)
 {
     refuseDevice(file);
     beginHdf5();
-    Hdf5File opened(H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT));
-    if (opened.id() < 0)
-        opened = Hdf5File(H5Fopen(file.c_str(), H5F_ACC_RDONLY | H5F_ACC_SWMR_READ, H5P_DEFAULT));
     try {
+        Hdf5File opened(H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT));
+        if (opened.id() < 0)
+            opened = Hdf5File(made(H5Fopen(file.c_str(), H5F_ACC_RDONLY | H5F_ACC_SWMR_READ, H5P_DEFAULT)));
         groupIn(opened.id(), "/");
+        return opened;
     } catch (const LibraryFailure& failure) {
         throw InputError(file + ": is no recording: " + failure.reason);
     }
-    return opened;
 }
 
 std::string textOf(hid_t object, const char* name)

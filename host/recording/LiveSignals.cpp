@@ -6,10 +6,10 @@ namespace ko {
 
 namespace {
 
-/// How finely samples are kept: at least by ten thousandths of a second, unless that takes very many samples.
+/// How finely samples are kept: at least by ten thousandths of a second, unless the period is beyond measure.
 std::int64_t finestWidth(double period)
 {
-    constexpr std::int64_t most = std::int64_t{1} << 40; // of them many can be counted
+    constexpr std::int64_t most = std::int64_t{1} << 40; // which can be multiplied by the number of extents
     std::int64_t width = 1;
     while (width < most && 4.0 * static_cast<double>(width) * period <= 1e-4)
         width *= 4;

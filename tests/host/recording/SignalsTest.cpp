@@ -280,7 +280,12 @@ TEST(SignalsTest, AFileIsShownAsTheRecordingWasAndAsFinelyAsItIsAskedFor)
         EXPECT_EQ(is.channels[i].latest, was.channels[i].latest);
     }
     EXPECT_GT(is.channels[0].clipped, 0);
-    EXPECT_THROW(signalsIn(folder.file("none.h5")), InputError);
+    try {
+        signalsIn(folder.file("none.h5"));
+        ADD_FAILURE();
+    } catch (const InputError& error) {
+        EXPECT_NE(std::string(error.what()).find("No such file"), std::string::npos) << error.what();
+    }
 }
 
 TEST(MonitorTest, ShowsWhatAllInstrumentsMeasureUntilItIsStoppedAndOneThatFailsStopsNoOther)
