@@ -48,6 +48,19 @@ void InstrumentFilter::apply()
     isHiding_ = !text().isEmpty();
     for (int i = 0; i < model_.rowCount(); ++i)
         tree_.setRowHidden(i, {}, isHiding_ && !occursIn(model_.row(model_.index(i, 0))->driver().held(), text()));
+    deselectHidden();
+}
+
+/// What is not seen must not be removed with what is.
+void InstrumentFilter::deselectHidden()
+{
+    for (const QModelIndex& index : tree_.selectionModel()->selectedRows()) {
+        QModelIndex top = index;
+        while (top.parent().isValid())
+            top = top.parent();
+        if (tree_.isRowHidden(top.row(), {}))
+            tree_.selectionModel()->select(index, QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    }
 }
 
 void InstrumentFilter::keyPressEvent(QKeyEvent* event)

@@ -23,6 +23,7 @@ protected:
 
 private:
     void apply();
+    void deselectHidden();
 
     QTreeView& tree_;
     const InstrumentsModel& model_;

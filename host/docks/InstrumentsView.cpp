@@ -41,12 +41,17 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     fitColumns(*view_);
-    properties_ = new PropertiesAction(*view_, *model_, texts_, locale, describing_);
+    makeProperties(locale);
     makeActions();
     layDock(*this, *view_);
     static_cast<QBoxLayout*>(widget()->layout())
         ->insertWidget(0, new InstrumentFilter(texts, *view_, *model_, widget()));
     hide();
+}
+
+void InstrumentsView::makeProperties(const Locale& locale)
+{
+    properties_ = new PropertiesAction(*view_, *model_, texts_, locale, describing_);
 }
 
 void InstrumentsView::makeActions()

@@ -43,6 +43,7 @@ public:
     std::function<void()> handOver;
 
 private:
+    void makeProperties(const Locale& locale);
     void makeActions();
     void askForFaults();
 

@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QTabWidget>
 #include <charconv>
+#include <limits>
 
 namespace ko {
 
@@ -67,6 +68,8 @@ void PropertyFields::addRow(QFormLayout& form, const QString& label, Field field
 QLineEdit& PropertyFields::addBox(QFormLayout& form, const QString& label, const std::string& path, TextForm as)
 {
     auto* const box = new QLineEdit(form.parentWidget());
+    // The toolkit's own limit would cut long lists.
+    box->setMaxLength(std::numeric_limits<int>::max());
     box->setReadOnly(isLocked_);
     if (isLocked_)
         box->setPalette(readPalette());

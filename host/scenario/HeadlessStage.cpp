@@ -80,9 +80,9 @@ void HeadlessStage::setupShown()
     history_.begin(drivers_, document_->page());
 }
 
-void HeadlessStage::setSite(std::shared_ptr<ClientSite> site)
+void HeadlessStage::setSite(const std::shared_ptr<ClientSite>& site)
 {
-    document_->mode().setClientSite(std::move(site));
+    document_->mode().setClientSite(site);
 }
 
 void HeadlessStage::makeComponent()

@@ -26,7 +26,7 @@ public:
 
     void loadSetup(const std::string& file) override;
     void setupShown() override;
-    void setSite(std::shared_ptr<ClientSite> site) override;
+    void setSite(const std::shared_ptr<ClientSite>& site) override;
     void makeDocument() override;
     void terminate() override;
     void setLocale(const Locale& locale) override;

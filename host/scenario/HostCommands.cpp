@@ -177,7 +177,11 @@ void during(Scenario& scenario, const Arguments& words)
     const auto operation = isMessage ? std::nullopt : findOperation(words.text(1));
     if (!isMessage && !operation)
         scenario.refuse("there is no operation \"" + words.text(1) + "\"");
-    const auto act = [&scenario, block = scenario.readBlock(Scenario::Place::During)] { scenario.playDuring(block); };
+    // A call that comes after the script has ended, in a window, plays nothing.
+    const auto act = [&scenario, life = scenario.life(), block = scenario.readBlock(Scenario::Place::During)] {
+        if (!life.expired())
+            scenario.playDuring(block);
+    };
     if (isMessage)
         scenario.messageBox.during(act);
     else

@@ -89,6 +89,9 @@ public:
     /// Runs such a block inside a call. Does not throw.
     void playDuring(const std::vector<ScriptLine>& block);
 
+    /// Expires with the scenario.
+    [[nodiscard]] std::weak_ptr<const int> life() const { return life_; }
+
 private:
     void join();
     void execute(const ScriptLine& line);
@@ -103,6 +106,7 @@ private:
     bool isDuring_ = false; ///< a block is running inside a call
     bool isEnded_ = false;  ///< by the stage
     std::optional<ScriptFault> faultInBlock_;
+    std::shared_ptr<const int> life_ = std::make_shared<int>();
 };
 
 } // namespace ko

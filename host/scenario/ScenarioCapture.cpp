@@ -67,7 +67,10 @@ void ScenarioCapture::setup(const std::string& file)
 
 void ScenarioCapture::instruments(const Setup& setup)
 {
-    const std::string file = file_ + "." + std::to_string(++edits_) + ".setup.json";
+    std::string file;
+    do
+        file = file_ + "." + std::to_string(++edits_) + ".setup.json";
+    while (std::filesystem::exists(file));
     saveSetup(file, setup);
     host({"instruments", seenFrom(file_, file)});
 }

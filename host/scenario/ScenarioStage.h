@@ -27,7 +27,7 @@ public:
     /// Called after the script has handed all instruments over.
     virtual void setupShown() = 0;
     /// Gives the document a client site for the script.
-    virtual void setSite(std::shared_ptr<ClientSite> site) = 0;
+    virtual void setSite(const std::shared_ptr<ClientSite>& site) = 0;
 
     virtual void makeDocument() = 0;
     virtual void terminate() = 0;

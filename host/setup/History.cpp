@@ -38,14 +38,14 @@ HeldState HeldState::present(const SimulatedDrivers& drivers, const HeldState& l
     return state;
 }
 
-void History::begin(const SimulatedDrivers& drivers, Page& page)
+void History::begin(const SimulatedDrivers& drivers, Page& page, bool isSaved)
 {
     page_ = &page;
     present_ = {HeldState::present(drivers, {}), StoredSettings::of(page)};
     states_ = {present_};
     steps_.clear();
     position_ = 0;
-    clean_ = 0;
+    clean_ = isSaved ? std::optional<std::size_t>(0) : std::nullopt;
     run_ = std::make_shared<int>();
     isTyping_ = isMoving_ = page.isRestored = false;
     raise(changed);

@@ -19,9 +19,9 @@ public:
 
     explicit History(StepWords words) : words_(std::move(words)) {}
 
-    /// Begins with the present state of these instruments, which is the saved one, and no steps. `page` outlives the
-    /// history or the next call of `begin` or `end`.
-    void begin(const SimulatedDrivers& drivers, Page& page);
+    /// Begins with the present state of these instruments, which is the saved one if it `isSaved`, and no steps. `page`
+    /// outlives the history or the next call of `begin` or `end`.
+    void begin(const SimulatedDrivers& drivers, Page& page, bool isSaved = true);
     /// Forgets the page and all steps.
     void end();
 

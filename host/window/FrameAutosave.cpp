@@ -48,15 +48,14 @@ void FrameAutosave::write()
 {
     if (writing_.valid())
         return timer_.start();
-    auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
+    const auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
     if (copy_ && kept_ && *now == *kept_)
         return;
     attempt([&] {
         if (!copy_)
             copy_ = UnsavedCopy::create(folder_);
-        kept_ = std::move(now);
-        writing_ = std::async(std::launch::async,
-                              [file = copy_->file(), unsaved = kept_] { return writeCopy(file, *unsaved); });
+        writing_ = std::async(std::launch::async, [file = copy_->file(), now] { return writeCopy(file, *now); });
+        kept_ = now;
         looking_.start();
     });
 }
@@ -72,6 +71,7 @@ void FrameAutosave::written()
     } else {
         kept_.reset();
         fail(reason);
+        timer_.start();
     }
     if (!session_.isChanged())
         drop();

@@ -82,9 +82,9 @@ void FrameHistory::addEntries(QMenu& menu)
     });
 }
 
-void FrameHistory::begin()
+void FrameHistory::begin(bool isSaved)
 {
-    history_.begin(session_.drivers(), page_.document().page());
+    history_.begin(session_.drivers(), page_.document().page(), isSaved);
 }
 
 /// Actions of the page may be part of one of the window.

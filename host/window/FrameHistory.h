@@ -38,7 +38,7 @@ public:
     [[nodiscard]] History& history() { return history_; }
 
     /// Begins a history with the instruments of the session that the page has just shown.
-    void begin();
+    void begin(bool isSaved = true);
     /// Called before the page is replaced: forgets all steps.
     void end() { history_.end(); }
     /// Called when the set-up has been saved.

@@ -118,7 +118,11 @@ void FrameWindow::joinSpace()
     centralWidget()->layout()->addWidget(space_);
     space_->figures = [this] { return document().page().figures; };
     space_->file = [this] { return session().file(); };
-    files_.changed = [this] { space_->refreshLater(); };
+    files_.changed = [this] {
+        space_->refreshLater();
+        // What is being typed is no step of the history yet, but the instruments hold it.
+        autosave_.changed();
+    };
 }
 
 void FrameWindow::joinRecording()
@@ -193,12 +197,12 @@ void FrameWindow::showPageOrStart()
     page().setVisible(hasSetup);
 }
 
-void FrameWindow::handOver()
+void FrameWindow::handOver(bool isSaved)
 {
     lockOpenedRecording();
     docks_.show(session().drivers());
     page_.show(session().drivers());
-    history_.begin();
+    history_.begin(isSaved);
     recording_.showOpened();
     space_->refreshLater();
     showPageOrStart();
@@ -210,10 +214,7 @@ void FrameWindow::handOver()
 
 void FrameWindow::handOverAsIs()
 {
-    const bool changed = session().isChanged();
-    handOver();
-    if (changed)
-        history_.changedOtherwise();
+    handOver(!session().isChanged());
 }
 
 bool FrameWindow::isAvailable(std::int32_t command)

@@ -80,7 +80,7 @@ private:
     /// Shows the start screen instead of the page while no set-up is open.
     void showPageOrStart();
     /// Shows the session's instruments in the docks and on the page.
-    void handOver();
+    void handOver(bool isSaved = true);
     /// As `handOver`; a set-up that was changed stays so.
     void handOverAsIs();
     void rememberPlace();

@@ -50,7 +50,7 @@ public:
     void loadSetup(const std::string& file) override;
     void setupShown() override;
     /// The window's site stays.
-    void setSite(std::shared_ptr<ClientSite>) override {}
+    void setSite(const std::shared_ptr<ClientSite>&) override {}
     // A window keeps its document, and plays only scripts for its own regional settings.
     void makeDocument() override {}
     void terminate() override {}

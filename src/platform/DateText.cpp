@@ -11,7 +11,7 @@ using Field = PictureItem::Field;
 
 constexpr std::string_view blanks = " \t";
 
-std::string_view withoutBlanks(std::string_view text)
+std::string_view trimmed(std::string_view text)
 {
     const auto first = text.find_first_not_of(blanks);
     return first == std::string_view::npos ? std::string_view()
@@ -101,7 +101,7 @@ std::optional<DateTime> readDate(const DatePicture& picture, std::string_view te
         return date;
     if (blanks.find(text.front()) == std::string_view::npos)
         return std::nullopt;
-    const auto time = readTime(withoutBlanks(text), locale);
+    const auto time = readTime(trimmed(text), locale);
     return time ? std::optional(dateAdd(TimeUnit::days, time->days, date)) : std::nullopt;
 }
 
@@ -124,7 +124,7 @@ std::string generalDate(DateTime time, const Locale& locale)
 
 DateTime toDateTime(std::string_view text, const Locale& locale)
 {
-    const std::string_view bare = withoutBlanks(text);
+    const std::string_view bare = trimmed(text);
     if (bare.empty())
         fail(failure::typeMismatch);
     if (const auto time = readTime(bare, locale))
