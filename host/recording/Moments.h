@@ -11,7 +11,7 @@ namespace ko {
 /// A moment on the wall clock. The clock's own resolution would end in the year 2262.
 using Moment = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
 
-/// Returns what a clock that stands at this time shows, or the machine's clock.
+/// Returns the standing clock's time; the system clock's if there is none.
 Moment momentNow(const std::optional<DateTime>& standing);
 
 /// Returns `moment` plus `seconds`.

@@ -23,7 +23,7 @@ public:
     void showRun(const RunText& text);
     /// Shows how a recording ended; `reason` says what has failed, if anything.
     void showEnd(const std::string& file, const HeldRecording& held, const QString& reason);
-    /// Shows one line, which tells why there is no recording to show.
+    /// Shows one line in place of a recording, for example the reason why there is none.
     void showNote(const QString& text);
 
     /// Adds a widget below the progress.

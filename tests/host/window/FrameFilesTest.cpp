@@ -285,50 +285,6 @@ TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
     }
 }
 
-TEST_F(FrameFilesTest, ThePreviewShowsThePageAsItIsPrinted)
-{
-    window.open(bench);
-    show();
-    QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(folder.filePath("preview.pdf"));
-    window.printing().printPageOn(printer);
-    EXPECT_GT(QFileInfo(folder.filePath("preview.pdf")).size(), 1000);
-    EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
-}
-
-TEST_F(FrameFilesTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsReported)
-{
-    window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
-    show();
-    for (const auto& [paper, box] :
-         {std::pair{QPageSize::A4, "/MediaBox [0 0 595"}, {QPageSize::Letter, "/MediaBox [0 0 612"}}) {
-        QPrinter printer;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(folder.filePath("sheet.pdf"));
-        printer.setPageSize(QPageSize(paper));
-        window.printing().printSheetOn(printer);
-        QFile file(folder.filePath("sheet.pdf"));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QByteArray pdf = file.readAll();
-        EXPECT_TRUE(pdf.contains(box));
-        EXPECT_GT(pdf.count("/Type /Page\n"), 1);
-    }
-    window.open(bench);
-    for (const QString& refused : {folder.filePath("none/sheet.pdf"), toQt(bench)}) {
-        QPrinter printer;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(refused);
-        QString told;
-        answer(told);
-        window.printing().printSheetOn(printer);
-        EXPECT_TRUE(told.startsWith(window.text(3368)) && told.contains(refused)) << fromQt(told);
-        window.printing().printPageOn(printer);
-    }
-    EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
-    EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
-}
-
 TEST_F(FrameFilesTest, ANewSetUpBeginsWithATemplateAndAsksForItsFileWhenItIsSaved)
 {
     window.open(bench);
@@ -359,26 +315,6 @@ TEST_F(FrameFilesTest, ANewSetUpBeginsWithATemplateAndAsksForItsFileWhenItIsSave
         each->trigger();
         EXPECT_EQ(user.told, "") << fromQt(each->text());
     }
-}
-
-TEST_F(FrameFilesTest, TheSheetIsExportedAndNeverOverTheOpenSetup)
-{
-    window.open(bench);
-    show();
-    QAction& entry = action(hostText::fileMenu, sheetText::exportEntry);
-    entry.trigger();
-    user.sheet = folder.filePath("sheet.html").toStdString();
-    entry.trigger();
-    EXPECT_NE(readFile(user.sheet).find("bench.json"), std::string::npos);
-    const std::string before = readFile(bench);
-    for (const std::string& refused : {bench, folder.filePath("none/sheet.pdf").toStdString()}) {
-        user.sheet = refused;
-        QString told;
-        answer(told);
-        entry.trigger();
-        EXPECT_TRUE(told.contains(toQt(refused))) << fromQt(told);
-    }
-    EXPECT_EQ(readFile(bench), before);
 }
 
 } // namespace

@@ -244,16 +244,16 @@ std::string outline(const ko::Setup& setup)
 
 TEST_F(InstrumentEditsTest, TheEngineBenchIsMadeFromNothingByTheKeyboardAndSaved)
 {
-    const ko::Setup demo = loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json");
+    const ko::Setup engineBench = loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json");
     window.session().begin("empty");
     tree.setFocus();
-    for (std::size_t i = 0; i < demo.instruments.size(); ++i)
-        make(i, demo.instruments[i]);
+    for (std::size_t i = 0; i < engineBench.instruments.size(); ++i)
+        make(i, engineBench.instruments[i]);
     at(page().txtDuration).setFocus(Qt::TabFocusReason);
     QTest::keyClicks(&at(page().txtDuration), "0.5"); // minutes
     user.saveAs = fromQt(folder.filePath("made.json"));
     QTest::keyClick(&at(page().txtDuration), Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(outline(loadSetup(user.saveAs)), outline(demo));
+    EXPECT_EQ(outline(loadSetup(user.saveAs)), outline(engineBench));
     EXPECT_FALSE(window.isWindowModified());
     undoAll();
     EXPECT_TRUE(drivers().empty());
