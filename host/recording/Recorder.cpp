@@ -20,6 +20,7 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
     : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)), start_(now()),
       queue_(options_.queueBytes)
 {
+    options_.isPaced = options_.isPaced || plan_.isRealTime;
     if (!options_.freeBytes)
         options_.freeBytes = [file = options_.file] { return freeBytesFor(file); };
     if (plan_.startMode == startMode::atTime) {
@@ -85,7 +86,8 @@ void Recorder::record()
 /// Returns false if the recording is to stop before.
 bool Recorder::awaitStart()
 {
-    const bool waits = options_.isPaced && plan_.startMode == startMode::atTime;
+    const bool isStanding = options_.clock.has_value();
+    const bool waits = options_.isPaced && !isStanding && plan_.startMode == startMode::atTime;
     while (waits && !isStopWanted_ && now() < start_) {
         publish(RunState::WaitingForTime);
         // The clock may be set meanwhile.
@@ -203,7 +205,7 @@ void Recorder::take(Track& track, const Delivery::Ended& end)
     if (!end.reason.empty())
         fail(track.plan.name + ": " + end.reason);
     else if (track.toCome() > 0 && !isStopping_)
-        fail(track.plan.name + ": ended after " + std::to_string(track.stored) + " of " +
+        note(track.plan.name + ": ended after " + std::to_string(track.stored) + " of " +
              std::to_string(track.plan.samples) + " samples");
 }
 

@@ -54,9 +54,15 @@ void Recorder::write(const std::function<void()>& act)
     }
 }
 
-void Recorder::fail(const std::string& reason)
+void Recorder::note(const std::string& reason)
 {
     failures_.push_back(reason);
+}
+
+void Recorder::fail(const std::string& reason)
+{
+    hasFailed_ = true;
+    note(reason);
 }
 
 void Recorder::finish()
@@ -65,7 +71,7 @@ void Recorder::finish()
     takeMarkers();
     writeMarkers();
     writeClipped();
-    const std::string end = isoText(options_.isPaced ? now() : later(start_, elapsed()));
+    const std::string end = isoText(options_.isPaced && !options_.clock ? now() : later(start_, elapsed()));
     write([&] { file_->close(stateText(endState()), end); });
     if (!isFileGood_)
         try {

@@ -10,6 +10,7 @@ namespace ko {
 /// The start conditions of a page without a window.
 struct ScenarioOptions {
     Setup setup;
+    std::shared_ptr<DeviceSource> devices = {}; ///< opens the set-ups' devices; empty: there are none
     std::string folder;   ///< base of a script's relative paths
     Locale locale;        ///< English (United States) unless given
     std::string language; ///< content of a string file, or empty

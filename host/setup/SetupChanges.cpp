@@ -46,7 +46,7 @@ std::string freeName(const Setup& setup, const std::string& name)
 }
 
 /// Visits each channel with its instrument.
-template <class Settings, class Visit> void forEachChannel(Settings& setup, const Visit& visit)
+template <class Settings, class Visit> void forEachChannelIn(Settings& setup, const Visit& visit)
 {
     for (auto& instrument : setup.instruments)
         for (auto& group : instrument.groups)
@@ -95,7 +95,7 @@ ChannelSettings& channelNamed(Setup& setup, const std::string& text)
     const ChannelName name = channelNameIn(setup, text);
     std::vector<ChannelSettings*> found;
     std::vector<std::string> offered, several;
-    forEachChannel(setup, [&](InstrumentSettings& instrument, ChannelSettings& channel) {
+    forEachChannelIn(setup, [&](InstrumentSettings& instrument, ChannelSettings& channel) {
         if (!name.isOf(instrument))
             return;
         offered.push_back(channel.name.empty() ? channel.address : channel.name);
@@ -136,7 +136,7 @@ void checkNewName(const Setup& setup, const std::string& name)
 int freeSlot(const Setup& setup)
 {
     int slot = 1;
-    forEachChannel(setup, [&](const InstrumentSettings& /*instrument*/, const ChannelSettings& channel) {
+    forEachChannelIn(setup, [&](const InstrumentSettings& /*instrument*/, const ChannelSettings& channel) {
         slot = std::max(slot, slotOf(channel.address) + 1);
     });
     return slot;

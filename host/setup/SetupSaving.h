@@ -15,6 +15,6 @@ std::string saveSetup(const std::string& file, const Setup& setup, const std::st
 bool hasChangedSince(const std::string& file, const std::string& content);
 
 /// Returns `setup` with the present values of the drivers, in their order.
-Setup withPresentValues(Setup setup, const SimulatedDrivers& drivers);
+Setup withPresentValues(Setup setup, const HostInstruments& drivers);
 
 } // namespace ko

@@ -39,7 +39,7 @@ private:
 };
 
 /// An instrument whose channels have these members.
-std::shared_ptr<SimulatedDriver> sampling(const std::vector<std::string>& channels, const std::string& timebase)
+std::shared_ptr<HostInstrument> sampling(const std::vector<std::string>& channels, const std::string& timebase)
 {
     std::string list;
     for (const std::string& channel : channels)

@@ -92,6 +92,7 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
         Scripted::Script script;
         std::int64_t samples, lost;
         std::vector<std::string> failures;
+        RunState end;
     } cases[]{
         {[](BlockSink& sink) {
              sink.deliver(numbers(0, 100));
@@ -101,23 +102,25 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
          },
          260,
          100,
-         {"Counter: the cable is unplugged"}},
+         {"Counter: the cable is unplugged"},
+         RunState::Failed},
         {[](BlockSink& sink) {
              sink.deliver(numbers(5, 200000));
              sink.ended(200005, "");
          },
          300,
          5,
-         {}},
-        {[](BlockSink& sink) { sink.ended(0, ""); }, 0, 0, {"Counter: ended after 0 of 300 samples"}},
-        {[](BlockSink& sink) { sink.ended(1000000, ""); }, 300, 300, {}},
-        {nullptr, 0, 0, {"Counter: is switched off"}},
+         {},
+         RunState::Done},
+        {[](BlockSink& sink) { sink.ended(0, ""); }, 0, 0, {"Counter: ended after 0 of 300 samples"}, RunState::Stopped},
+        {[](BlockSink& sink) { sink.ended(1000000, ""); }, 300, 300, {}, RunState::Done},
+        {nullptr, 0, 0, {"Counter: is switched off"}, RunState::Failed},
     };
     for (const auto& c : cases) {
         auto instruments = instrumentsOf("{\"name\": \"Bare\"}," + instrument(""));
         instruments.push_back(std::make_shared<Scripted>(counter(300), c.script));
         const RecordingProgress end = recorded(instruments, into(file));
-        EXPECT_EQ(end.state, c.failures.empty() ? RunState::Done : RunState::Failed);
+        EXPECT_EQ(end.state, c.end);
         EXPECT_EQ(end.failures, c.failures);
         EXPECT_FALSE(end.hasFileFailed);
         EXPECT_EQ(end.instruments[1].lost, c.lost);

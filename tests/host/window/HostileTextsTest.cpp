@@ -93,7 +93,7 @@ protected:
         act();
         QCoreApplication::processEvents();
     }
-    SimulatedDriver& driver() { return *window.session().drivers().front(); }
+    HostInstrument& driver() { return *window.session().drivers().front(); }
 };
 
 TEST_F(HostileTextsTest, EveryViewTipAndDialogShowsTheTextsOfFilesAndDriversLetterByLetter)

@@ -125,7 +125,7 @@ protected:
             press(Qt::Key_Delete);
         }
     }
-    const SimulatedDrivers& drivers() { return window.session().drivers(); }
+    const HostInstruments& drivers() { return window.session().drivers(); }
     std::vector<std::string> names()
     {
         std::vector<std::string> names;
@@ -150,7 +150,7 @@ protected:
 TEST_F(InstrumentEditsTest, AddingAndRemovingAreStepsThatThePageFollowsAndUndoRestoresTheTriggerLines)
 {
     const std::string opened = held();
-    const SimulatedDrivers before = drivers();
+    const HostInstruments before = drivers();
     insert(2);
     EXPECT_EQ(names(), (std::vector<std::string>{"Fast", "Slow", "Counter"}));
     EXPECT_EQ(tree.currentIndex().data().toString(), "Counter");
@@ -305,7 +305,7 @@ TEST_F(InstrumentEditsTest, RandomEditingIsUndoneToTheStart)
     for (unsigned seed = 1; seed <= 3; ++seed) {
         window.open(fromQt(folder.filePath("bench.json")));
         const std::string opened = held();
-        const SimulatedDrivers before = drivers();
+        const HostInstruments before = drivers();
         std::minstd_rand random(seed);
         const auto upTo = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
         const std::pair<Qt::Key, Qt::KeyboardModifier> keys[]{

@@ -179,7 +179,7 @@ TEST_F(UndoTest, ARandomUserComesBackToTheStart)
     for (unsigned seed = 1; seed <= 4; ++seed) {
         window.open(fromQt(folder.filePath("bench.json")));
         const std::string opened = held();
-        const SimulatedDrivers drivers = window.session().drivers();
+        const HostInstruments drivers = window.session().drivers();
         RandomUser hands(window, seed);
         for (int i = 0; i < 120; ++i)
             hands.act();
