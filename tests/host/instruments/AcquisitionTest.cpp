@@ -1,3 +1,4 @@
+#include "host/instruments/Signal.h"
 #include "host/setup/SetupFile.h"
 
 #include <cmath>

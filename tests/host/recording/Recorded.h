@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/instruments/Signal.h"
 #include "host/recording/RecordingRun.h"
 #include "host/setup/SetupFile.h"
 
