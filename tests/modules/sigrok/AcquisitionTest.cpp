@@ -1,5 +1,6 @@
 #include "modules/sigrok/Demo.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -56,9 +57,9 @@ TEST(SigrokAcquisitionTest, DeliversWhatSigroksOwnProgramRecords)
     const auto logic = contentOf<std::uint8_t>(folder / "logic-1-1");
     ASSERT_EQ(logic.size(), 700U);
     for (unsigned bit = 0; bit < 8; ++bit) {
-        std::vector<float> expected;
-        for (const std::uint8_t bits : logic)
-            expected.push_back(static_cast<float>((bits >> bit) & 1U));
+        std::vector<float> expected(logic.size());
+        std::transform(logic.begin(), logic.end(), expected.begin(),
+                       [&](std::uint8_t bits) { return static_cast<float>((bits >> bit) & 1U); });
         EXPECT_EQ(kept.samplesOf(bit), expected) << "D" << bit;
     }
     for (std::size_t number = 0; number < 4; ++number) // the fifth is random
