@@ -3,6 +3,7 @@
 #include "modules/sigrok/Attempt.h"
 #include "modules/sigrok/LatestValues.h"
 #include "modules/sigrok/PacketJoiner.h"
+#include "modules/sigrok/SampleRates.h"
 
 #include <algorithm>
 #include <cmath>
@@ -100,11 +101,22 @@ void AcquisitionRun::take(const sr_datafeed_packet& packet)
     case SR_DF_LOGIC: takeLogic(*static_cast<const sr_datafeed_logic*>(packet.payload)); break;
     case SR_DF_ANALOG: takeAnalog(*static_cast<const sr_datafeed_analog*>(packet.payload)); break;
     case SR_DF_TRIGGER: intake_->trigger(now()); break;
+    case SR_DF_META: takeMeta(*static_cast<const sr_datafeed_meta*>(packet.payload)); break;
     case SR_DF_FRAME_BEGIN: takeFrame(); break;
     default: return;
     }
     intake_->advance(now());
     stopWhenComplete();
+}
+
+/// Devices that learn their sample rate late announce it so.
+void AcquisitionRun::takeMeta(const sr_datafeed_meta& meta) const
+{
+    for (const GSList* it = meta.config; it; it = it->next) {
+        const auto& config = *static_cast<const sr_config*>(it->data);
+        if (config.key == SR_CONF_SAMPLERATE && g_variant_is_of_type(config.data, G_VARIANT_TYPE_UINT64))
+            checkRate(g_variant_get_uint64(config.data), armed_.settings.period);
+    }
 }
 
 /// The time between two frames of an oscilloscope is not known, so that only the first one is taken.

@@ -32,6 +32,7 @@ private:
     void takeLogic(const sr_datafeed_logic& logic);
     void takeAnalog(const sr_datafeed_analog& analog);
     void takeUnit(std::size_t place, const sr_datafeed_analog& analog);
+    void takeMeta(const sr_datafeed_meta& meta) const;
     void takeFrame();
     void stopWhenComplete();
     [[nodiscard]] double now() const;

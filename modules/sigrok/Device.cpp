@@ -110,7 +110,8 @@ void Device::set(std::uint32_t key, GVariant* value, const std::string& doing, s
 void Device::setNumber(std::uint32_t key, std::uint64_t value, const std::string& what, const std::string& unit)
 {
     const auto withUnit = [&](std::uint64_t it) { return std::to_string(it) + unit; };
-    set(key, owned(g_variant_new_uint64(value)).get(), what + ": " + withUnit(value));
+    if (can(SR_CONF_SET, key))
+        set(key, owned(g_variant_new_uint64(value)).get(), what + ": " + withUnit(value));
     if (const auto kept = number(key); kept && *kept != value)
         throw Failure(failure::unspecified, what + ": " + withUnit(value) + " set, " + withUnit(*kept) + " kept");
 }

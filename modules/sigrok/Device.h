@@ -41,7 +41,8 @@ public:
     [[nodiscard]] std::optional<std::uint64_t> number(std::uint32_t key) const;
     [[nodiscard]] Variant list(std::uint32_t key, sr_channel_group* group = nullptr) const;
     void set(std::uint32_t key, GVariant* value, const std::string& doing, sr_channel_group* group = nullptr);
-    /// Sets a number and reads it back if the device can. `what` and `unit` are for the failure if it has another one.
+    /// Sets a number, unless it is fixed, and reads it back if the device can. `what` and `unit` are for the failure if
+    /// it has another one.
     void setNumber(std::uint32_t key, std::uint64_t value, const std::string& what, const std::string& unit);
     void enable(sr_channel* channel, bool isEnabled);
     void commit();

@@ -1,5 +1,8 @@
 #include "modules/sigrok/SampleRates.h"
 
+#include "platform/Failure.h"
+#include "platform/NumberText.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -19,6 +22,13 @@ std::uint64_t rounded(double number)
 double periodOf(std::uint64_t rate)
 {
     return 1.0 / static_cast<double>(rate);
+}
+
+void checkRate(std::uint64_t kept, double period)
+{
+    if (!(std::abs(periodOf(kept) - period) <= 1e-9 * period))
+        throw Failure(failure::unspecified, "sample rate: " + numberText(1.0 / period, Locale{}) + " Hz set, " +
+                                                std::to_string(kept) + " Hz kept");
 }
 
 std::uint64_t SampleRates::nearest(double period) const

@@ -21,4 +21,7 @@ struct SampleRates {
 /// Seconds between samples at this rate.
 double periodOf(std::uint64_t rate);
 
+/// Fails with a `Failure` with both unless samples at the kept rate have the period that was set.
+void checkRate(std::uint64_t kept, double period);
+
 } // namespace ko::sigrok

@@ -21,11 +21,6 @@ double samplesFor(const ArmedSettings& settings)
     return std::ceil(widen(settings.duration) / settings.period / block) * block;
 }
 
-std::string rateText(double rate)
-{
-    return numberText(rate, Locale{}) + " Hz";
-}
-
 } // namespace
 
 SigrokAcquisition::SigrokAcquisition(Device& device, Options& options, const std::optional<SampleRates>& rates,
@@ -76,9 +71,7 @@ void SigrokAcquisition::setChannels(const ArmedDevice& armed)
 void SigrokAcquisition::setSampleRate(double period)
 {
     const std::uint64_t rate = rates_->nearest(period);
-    if (!(std::abs(periodOf(rate) - period) <= 1e-9 * period))
-        throw Failure(failure::unspecified, "sample rate: " + rateText(1.0 / period) + " set, " +
-                                                rateText(static_cast<double>(rate)) + " kept");
+    checkRate(rate, period);
     device_.setNumber(SR_CONF_SAMPLERATE, rate, "sample rate", " Hz");
 }
 

@@ -2,9 +2,20 @@
 
 #include "modules/sigrok/DeviceSettings.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace ko::sigrok {
+
+namespace {
+
+bool hasSameChannels(const GroupSettings& one, const GroupSettings& other)
+{
+    return std::equal(one.channels.begin(), one.channels.end(), other.channels.begin(), other.channels.end(),
+                      [](const ChannelSettings& a, const ChannelSettings& b) { return a.address == b.address; });
+}
+
+} // namespace
 
 SigrokInstrument::Opened::Opened(std::shared_ptr<Library> library, const std::string& description,
                                  const DeviceOptions& given)
@@ -25,6 +36,14 @@ SigrokInstrument::SigrokInstrument(std::unique_ptr<Opened> opened)
     : KeptInstrument(settingsOf(opened->device, opened->options, opened->rates)), opened_(std::move(opened)),
       acquisition_(opened_->device, opened_->options, opened_->rates, held())
 {
+}
+
+void SigrokInstrument::restore(const InstrumentSettings& settings)
+{
+    const auto& groups = held().groups;
+    if (!std::equal(groups.begin(), groups.end(), settings.groups.begin(), settings.groups.end(), hasSameChannels))
+        fail(failure::invalidCall);
+    KeptInstrument::restore(settings);
 }
 
 double SigrokInstrument::keptSamplePeriod(double requested)

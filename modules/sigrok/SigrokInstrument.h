@@ -12,6 +12,8 @@ public:
     static std::unique_ptr<Instrument> open(std::shared_ptr<Library> library, const std::string& device,
                                             const DeviceOptions& options);
 
+    /// Fails with 5 also if the settings have other channels.
+    void restore(const InstrumentSettings& settings) override;
     [[nodiscard]] Acquisition* acquisition() override { return &acquisition_; }
 
 private:

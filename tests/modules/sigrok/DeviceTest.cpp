@@ -120,6 +120,8 @@ TEST(SigrokDeviceTest, WhatASetUpKeepsAndTheDeviceDoesNotTakeIsAFailureWithBoth)
               }).find("channel D0 cannot trigger on \"Never\""),
               std::string::npos);
     EXPECT_EQ(armedWith([](auto&) {}), "");
+    EXPECT_NE(failureOf([&] { demo.change([](auto& it) { it.groups[0].channels.pop_back(); }); }), "");
+    EXPECT_NE(failureOf([&] { demo.change([](auto& it) { it.groups.emplace_back(); }); }), "");
 }
 
 } // namespace ko::sigrok
