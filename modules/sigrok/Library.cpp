@@ -41,9 +41,8 @@ private:
 
     static std::string namesOf(const std::vector<std::uint32_t>& keys)
     {
-        std::vector<std::string> names;
-        for (const std::uint32_t key : keys)
-            names.push_back(keyName(key));
+        std::vector<std::string> names(keys.size());
+        std::transform(keys.begin(), keys.end(), names.begin(), keyName);
         return joined(names);
     }
 
