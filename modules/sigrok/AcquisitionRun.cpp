@@ -37,21 +37,6 @@ std::chrono::milliseconds intervalFor(const ArmedSettings& settings)
     return std::chrono::milliseconds(std::llround(std::clamp(milliseconds, 5.0, 100.0)));
 }
 
-/// "V", without what else is known of the measurement.
-std::string unitOf(const sr_datafeed_analog& analog)
-{
-    sr_analog_meaning meaning = *analog.meaning;
-    meaning.mqflags = sr_mqflag{};
-    sr_datafeed_analog asked = analog;
-    asked.meaning = &meaning;
-    char* text = nullptr;
-    attempt("unit", [&] { return sr_analog_unit_to_string(&asked, &text); });
-    const std::string unit = text ? text : "";
-    g_free(text);
-    const std::size_t begin = unit.find_first_not_of(' ');
-    return begin == std::string::npos ? "" : unit.substr(begin);
-}
-
 std::optional<Session::Trigger> triggerFor(const ArmedDevice& armed, const AcquisitionOrder& order)
 {
     if (order.onTrigger && !armed.trigger)
@@ -175,7 +160,7 @@ void AcquisitionRun::takeUnit(std::size_t place, const sr_datafeed_analog& analo
         return;
     measured_[place] = analog.meaning->unit;
     ArmedChannel& channel = armed_.settings.channels[place];
-    const std::string unit = unitOf(analog);
+    const std::string unit = unitText(analog.meaning->unit);
     units_.set(channel.address, unit);
     if (!channel.unit.empty() && channel.unit != unit)
         throw Failure(failure::unspecified,

@@ -1,6 +1,7 @@
 #include "modules/sigrok/DeviceSettings.h"
 
 #include "modules/sigrok/Triggering.h"
+#include "modules/sigrok/Units.h"
 
 #include <algorithm>
 
@@ -24,26 +25,53 @@ std::vector<std::uint64_t> numbersOf(GVariant* dictionary, const char* key)
     return numbersIn(values.get());
 }
 
-/// What each channel is made with.
-struct ChannelOffer {
-    TriggerOffer trigger;
-    bool measuresVolts = false;
-};
+/// The unit of a measured quantity that has only one.
+std::optional<sr_unit> unitOf(std::uint32_t quantity)
+{
+    switch (quantity) {
+    case SR_MQ_VOLTAGE: return SR_UNIT_VOLT;
+    case SR_MQ_CURRENT: return SR_UNIT_AMPERE;
+    case SR_MQ_RESISTANCE: return SR_UNIT_OHM;
+    case SR_MQ_CAPACITANCE: return SR_UNIT_FARAD;
+    case SR_MQ_FREQUENCY: return SR_UNIT_HERTZ;
+    case SR_MQ_TIME: return SR_UNIT_SECOND;
+    default: return std::nullopt;
+    }
+}
 
-ChannelSettings channelSettings(const sr_channel& channel, const ChannelOffer& offer, const std::string& address)
+/// The unit before the channel has measured: that of the quantity that its group is set to measure. Without such a
+/// setting oscilloscopes measure volts.
+std::string firstUnit(const Device& device, const sr_channel& channel)
+{
+    std::optional<sr_unit> unit;
+    if (channel.type == SR_CHANNEL_ANALOG && device.isA(SR_CONF_OSCILLOSCOPE))
+        unit = SR_UNIT_VOLT;
+    for (sr_channel_group* const group : device.settingGroups()) {
+        const bool isIn = g_slist_find(group->channels, &channel) != nullptr;
+        const Variant quantity = isIn ? device.value(SR_CONF_MEASURED_QUANTITY, group) : nullptr;
+        if (!quantity || !g_variant_is_of_type(quantity.get(), G_VARIANT_TYPE("(ut)")))
+            continue;
+        const Variant number(g_variant_get_child_value(quantity.get(), 0));
+        unit = unitOf(g_variant_get_uint32(number.get()));
+    }
+    return unit ? unitText(*unit) : "";
+}
+
+ChannelSettings channelSettings(const Device& device, const sr_channel& channel, const TriggerOffer& offer,
+                                const std::string& address)
 {
     const bool isLogic = channel.type == SR_CHANNEL_LOGIC;
     ChannelSettings settings;
     settings.address = address;
     settings.name = channel.name ? channel.name : "";
     settings.enabled = std::int32_t{channel.enabled != FALSE ? 1 : 0};
-    settings.triggerParameters = triggerParametersOf(offer.trigger, isLogic);
+    settings.triggerParameters = triggerParametersOf(offer, isLogic);
     settings.canTrigger = !settings.triggerParameters.empty();
-    settings.unit = !isLogic && offer.measuresVolts ? "V" : "";
+    settings.unit = firstUnit(device, channel);
     return settings;
 }
 
-std::vector<GroupSettings> groupSettings(const Device& device, const ChannelOffer& offer)
+std::vector<GroupSettings> groupSettings(const Device& device, const TriggerOffer& offer)
 {
     std::vector<GroupSettings> groups;
     for (const ChannelGroup& group : device.groups()) {
@@ -51,7 +79,7 @@ std::vector<GroupSettings> groupSettings(const Device& device, const ChannelOffe
         GroupSettings& settings = groups.emplace_back(GroupSettings{group.name, {}});
         for (const sr_channel* const channel : group.channels)
             settings.channels.push_back(
-                channelSettings(*channel, offer, number + std::to_string(settings.channels.size())));
+                channelSettings(device, *channel, offer, number + std::to_string(settings.channels.size())));
     }
     return groups;
 }
@@ -87,7 +115,7 @@ std::optional<SampleRates> sampleRatesOf(const Device& device)
 
 InstrumentSettings settingsOf(const Device& device, const Options& options, const std::optional<SampleRates>& rates)
 {
-    const ChannelOffer offer{triggerOfferOf(device), device.isA(SR_CONF_OSCILLOSCOPE)};
+    const TriggerOffer offer = triggerOfferOf(device);
     InstrumentSettings settings;
     settings.name = device.title();
     settings.options = options.present();
@@ -95,7 +123,7 @@ InstrumentSettings settingsOf(const Device& device, const Options& options, cons
     settings.samplingMode = rates ? 1 : 2;
     settings.groups = groupSettings(device, offer);
     settings.timebase = timebaseOf(device, rates);
-    settings.hasTriggerParameters = !offer.trigger.matches.empty();
+    settings.hasTriggerParameters = !offer.matches.empty();
     // The lowest rank: it starts recordings by its own trigger, unless an instrument with trigger lines can.
     if (settings.hasTriggerParameters)
         settings.triggerLines.emplace().startMasterRank = 1;

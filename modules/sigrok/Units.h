@@ -1,5 +1,6 @@
 #pragma once
 
+#include <libsigrok/libsigrok.h>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -7,7 +8,10 @@
 
 namespace ko::sigrok {
 
-/// The units in which the channels of a device have measured last: a device names them with its samples only. Can be
+/// libsigrok's text of a unit: "V"; empty for values without one. Fails with a `Failure`.
+std::string unitText(sr_unit unit);
+
+/// The units in which the channels of a device have measured last, which a device names with its samples. Can be
 /// called on any thread.
 class Units {
 public:

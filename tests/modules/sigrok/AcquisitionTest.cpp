@@ -119,6 +119,44 @@ TEST(SigrokAcquisitionTest, TriggersWithThePartBeforeTheTrigger)
     }
 }
 
+TEST(SigrokAcquisitionTest, AUnitIsThatOfTheMeasuredQuantityAndAnotherOneEndsTheAcquisitionOnce)
+{
+    const Demo demo(DeviceOptions{{"measured_quantity A0", "current/ac"}, {"measured_quantity A1", "temperature"}});
+    for (const char* const expected : {"A", ""}) {
+        demo.change([&](InstrumentSettings& it) { enableOnly(it, *expected ? "2:0" : "2:1"); });
+        EXPECT_EQ(demo.acquisition().settingsToArm().channels.at(0).unit, expected);
+        Kept kept;
+        demo.acquire(kept, 10);
+        EXPECT_EQ(kept.why, "");
+    }
+    EXPECT_NE(demo.acquisition().settingsToArm().channels.at(0).unit, "") << "known since it has measured";
+    demo.change([](InstrumentSettings& it) {
+        enableOnly(it, "2:2");
+        it.groups[1].channels[2].unit = "A";
+    });
+    for (const char* const expected : {"channel A2 measures \"V\", not \"A\"", ""}) {
+        Kept kept;
+        demo.acquire(kept, 10);
+        EXPECT_EQ(kept.why, expected);
+    }
+}
+
+TEST(SigrokAcquisitionTest, WithoutASampleRateTheLastValuesAreScanned)
+{
+    const Demo demo;
+    demo.change([](InstrumentSettings& it) {
+        enableOnly(it, "2:0");
+        it.measurementMode = it.samplingMode = 2;
+        it.timebase->scanPeriod.value = 0.02;
+    });
+    Kept kept;
+    demo.acquire(kept, 10);
+    EXPECT_EQ(kept.why, "");
+    const auto scans = kept.samplesOf(0);
+    ASSERT_EQ(scans.size(), 10U);
+    EXPECT_TRUE(std::isnan(scans.front())) << "nothing has come at the start";
+}
+
 TEST(SigrokAcquisitionTest, GivesUpWaitingForATriggerInTimeOrWhenItIsStopped)
 {
     const Demo demo(DeviceOptions{{"pattern Logic", "all-low"}});
