@@ -59,7 +59,7 @@ TEST(SigrokAcquisitionTest, DeliversWhatSigroksOwnProgramRecords)
     for (unsigned bit = 0; bit < 8; ++bit) {
         std::vector<float> expected(logic.size());
         std::transform(logic.begin(), logic.end(), expected.begin(),
-                       [&](std::uint8_t bits) { return static_cast<float>((bits >> bit) & 1U); });
+                       [&](std::uint8_t bits) { return static_cast<float>((unsigned{bits} >> bit) & 1U); });
         EXPECT_EQ(kept.samplesOf(bit), expected) << "D" << bit;
     }
     for (std::size_t number = 0; number < 4; ++number) // the fifth is random
