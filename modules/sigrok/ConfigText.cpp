@@ -156,6 +156,11 @@ std::vector<std::uint32_t> keysIn(const KeyArray& array)
     return keys;
 }
 
+std::string utf8(const char* text)
+{
+    return text ? taken(g_utf8_make_valid(text, -1)) : std::string();
+}
+
 std::string keyName(std::uint32_t key)
 {
     return quantityName(SR_KEY_CONFIG, key);
@@ -173,7 +178,7 @@ std::optional<std::string> textOf(GVariant* value, int datatype)
         return std::nullopt;
     switch (datatype) {
     case SR_T_UINT64: return numberText(g_variant_get_uint64(value));
-    case SR_T_STRING: return g_variant_get_string(value, nullptr);
+    case SR_T_STRING: return utf8(g_variant_get_string(value, nullptr));
     case SR_T_BOOL: return g_variant_get_boolean(value) != FALSE ? "on" : "off";
     case SR_T_FLOAT: return numberText(g_variant_get_double(value));
     case SR_T_INT32: return numberText(g_variant_get_int32(value));

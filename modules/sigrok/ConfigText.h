@@ -22,6 +22,9 @@ using KeyArray = std::unique_ptr<GArray, ArrayFreer>;
 /// The keys of an array, none of a null one.
 std::vector<std::uint32_t> keysIn(const KeyArray& array);
 
+/// A text of a device, which may have any bytes, as UTF-8; empty for a null one.
+std::string utf8(const char* text);
+
 /// libsigrok's short name of a key; empty if it has none.
 std::string keyName(std::uint32_t key);
 

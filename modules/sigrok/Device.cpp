@@ -29,7 +29,7 @@ std::vector<ChannelGroup> groupsOf(const sr_dev_inst* device)
             groups.push_back(std::move(group));
     };
     for (const auto* group : elementsOf<sr_channel_group>(sr_dev_inst_channel_groups_get(device)))
-        take(group->name ? group->name : "", elementsOf<sr_channel>(group->channels));
+        take(utf8(group->name), elementsOf<sr_channel>(group->channels));
     std::vector<sr_channel*> logic;
     std::copy_if(left.begin(), left.end(), std::back_inserter(logic),
                  [](const sr_channel* channel) { return channel->type == SR_CHANNEL_LOGIC; });
@@ -118,7 +118,7 @@ void Device::setNumber(std::uint32_t key, std::uint64_t value, const std::string
 
 void Device::enable(sr_channel* channel, bool isEnabled)
 {
-    const std::string doing = (isEnabled ? "enabling channel " : "disabling channel ") + std::string(channel->name);
+    const std::string doing = (isEnabled ? "enabling channel " : "disabling channel ") + utf8(channel->name);
     attempt(doing, [&] { return sr_dev_channel_enable(channel, isEnabled ? TRUE : FALSE); });
 }
 

@@ -63,7 +63,7 @@ ChannelSettings channelSettings(const Device& device, const sr_channel& channel,
     const bool isLogic = channel.type == SR_CHANNEL_LOGIC;
     ChannelSettings settings;
     settings.address = address;
-    settings.name = channel.name ? channel.name : "";
+    settings.name = utf8(channel.name);
     settings.enabled = std::int32_t{channel.enabled != FALSE ? 1 : 0};
     settings.triggerParameters = triggerParametersOf(offer, isLogic);
     settings.canTrigger = !settings.triggerParameters.empty();

@@ -57,15 +57,10 @@ bool takesConnection(const sr_dev_driver* driver)
     return std::find(keys.begin(), keys.end(), SR_CONF_CONN) != keys.end();
 }
 
-std::string textIf(const char* given)
-{
-    return given ? given : "";
-}
-
 /// How `Library::open` finds the device again.
 std::string addressOf(const sr_dev_driver* driver, const sr_dev_inst* device)
 {
-    const std::string connection = textIf(sr_dev_inst_connid_get(device));
+    const std::string connection = utf8(sr_dev_inst_connid_get(device));
     return driver->name + (connection.empty() || !takesConnection(driver) ? "" : ":conn=" + connection);
 }
 
@@ -82,10 +77,10 @@ std::string addressOf(const sr_dev_driver* driver, const sr_dev_inst* device)
 std::string titleOf(const sr_dev_inst* device)
 {
     std::string title;
-    const std::string serial = textIf(sr_dev_inst_sernum_get(device));
+    const std::string serial = utf8(sr_dev_inst_sernum_get(device));
     for (const std::string& part :
-         {textIf(sr_dev_inst_vendor_get(device)), textIf(sr_dev_inst_model_get(device)),
-          textIf(sr_dev_inst_version_get(device)), serial.empty() ? std::string() : "(" + serial + ")"})
+         {utf8(sr_dev_inst_vendor_get(device)), utf8(sr_dev_inst_model_get(device)),
+          utf8(sr_dev_inst_version_get(device)), serial.empty() ? std::string() : "(" + serial + ")"})
         if (!part.empty())
             title += (title.empty() ? "" : " ") + part;
     return title;

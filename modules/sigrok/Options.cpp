@@ -56,7 +56,7 @@ void Options::add(std::uint32_t key, sr_channel_group* group)
         return;
     Option option{info->id, key, group, info->datatype, {}};
     if (group)
-        option.name += std::string(" ") + group->name;
+        option.name += " " + utf8(group->name);
     if (device_.can(SR_CONF_GET, key, group)) {
         const Variant value = device_.value(key, group);
         if (!value || !textOf(value.get(), info->datatype))

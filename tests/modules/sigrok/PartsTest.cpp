@@ -174,4 +174,11 @@ TEST(ConfigTextTest, TextsAreReadAsTheValuesThatTheyWereMadeOf)
     }
 }
 
+TEST(ConfigTextTest, TextsOfDevicesAreUtf8WhateverTheirBytesAre)
+{
+    EXPECT_EQ(utf8("20 \xc2\xb5s"), "20 \xc2\xb5s");
+    EXPECT_EQ(utf8("20 \xb5s"), "20 \xef\xbf\xbds");
+    EXPECT_EQ(utf8(nullptr), "");
+}
+
 } // namespace ko::sigrok
