@@ -1,5 +1,7 @@
 #include "modules/sigrok/Attempt.h"
 
+#include "modules/sigrok/ConfigText.h"
+
 #include <cstdio>
 
 namespace ko::sigrok {
@@ -14,7 +16,7 @@ int keepError(void* /*unused*/, int level, const char* format, va_list arguments
         return SR_OK;
     char text[256] = "";
     std::vsnprintf(text, sizeof text, format, arguments);
-    logged = text;
+    logged = utf8(text);
     while (!logged.empty() && logged.back() == '\n')
         logged.pop_back();
     return SR_OK;
