@@ -2,8 +2,10 @@
 
 #include "host/setup/SetupTemplates.h"
 #include "host/support/HostTexts.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QDialogButtonBox>
 #include <QListWidget>
@@ -47,7 +49,7 @@ InstrumentGallery::InstrumentGallery(const Texts& texts, const std::vector<Instr
     list_->setSpacing(fontMetrics().height() / 6);
     for (const InstrumentSettings& kind : kinds) {
         const std::string word = kindWord(kind);
-        auto* item = new QListWidgetItem(toQt(kind.name) + u'\n' + descriptionOf(texts, word), list_);
+        auto* item = new QListWidgetItem(toLine(kind.name) + u'\n' + descriptionOf(texts, word), list_);
         item->setData(Qt::UserRole, toQt(word));
     }
     list_->setCurrentRow(0);
