@@ -90,7 +90,7 @@ private:
     void take(HistoryState now);
     bool restore(const HeldState& state) const;
     void showRestored(const HistoryState& target, const std::weak_ptr<int>& run);
-    [[nodiscard]] const SimulatedDriver* startMaster(const SimulatedDrivers& drivers) const;
+    [[nodiscard]] const HostInstrument* startMaster(const HostInstruments& drivers) const;
     [[nodiscard]] ChannelPlace triggerAfter(const HeldState& to) const;
     bool showEdited(const HeldState& to, const std::weak_ptr<int>& run);
 

@@ -307,7 +307,7 @@ TEST_F(InstrumentEditsTest, AnotherStartMasterTriggersByItsOwnChannel)
              setup.instruments.insert(setup.instruments.begin(), setup.instruments[1]);
              setup.instruments[0].name = "New";
          }}};
-    const auto marked = [](const SimulatedDriver& driver) {
+    const auto marked = [](const HostInstrument& driver) {
         return driver.name().substr(0, 1) + (driver.held().groups[0].channels[1].triggerSource ? "2" : "") +
                (driver.held().groups[0].channels[0].triggerSource ? "1" : "");
     };
