@@ -78,7 +78,7 @@ DeviceInstrument::DeviceInstrument(InstrumentSettings settings, std::shared_ptr<
     : source_(std::move(source)),
       acquisition_([this]() -> Acquisition& { return armable(); }, [this] { return settingsToArm(); })
 {
-    close(std::move(settings));
+    keep(std::move(settings));
 }
 
 InstrumentSettings DeviceInstrument::withHostsPart(InstrumentSettings settings) const
@@ -90,30 +90,30 @@ InstrumentSettings DeviceInstrument::withHostsPart(InstrumentSettings settings) 
     return settings;
 }
 
-void DeviceInstrument::connect()
+void DeviceInstrument::open()
 {
     isWanted_ = true;
     if (!device_)
-        open();
+        attempt();
 }
 
-void DeviceInstrument::reconnect()
+void DeviceInstrument::reopen()
 {
     if (acquisition_.isInUse())
         return;
-    close(held());
-    connect();
+    keep(held());
+    open();
 }
 
-void DeviceInstrument::disconnect()
+void DeviceInstrument::close()
 {
     if (acquisition_.isInUse())
         return;
     isWanted_ = false;
-    close(held());
+    keep(held());
 }
 
-void DeviceInstrument::open()
+void DeviceInstrument::attempt()
 {
     try {
         foreignCall([&] {
@@ -130,7 +130,7 @@ void DeviceInstrument::open()
     }
 }
 
-void DeviceInstrument::close(InstrumentSettings settings)
+void DeviceInstrument::keep(InstrumentSettings settings)
 {
     device_.reset();
     held_ = std::move(settings);
@@ -174,15 +174,23 @@ void DeviceInstrument::restore(const InstrumentSettings& settings)
         held_.name = settings.name;
         return;
     }
-    close(settings);
+    const bool wasOpen = device_ != nullptr;
+    const InstrumentSettings before = held();
+    keep(settings);
     if (isWanted_)
-        open();
+        attempt();
+    if (!wasOpen || device_)
+        return;
+    const std::string reason = trouble_;
+    keep(before);
+    attempt();
+    throw Failure(failure::unspecified, reason);
 }
 
 Acquisition& DeviceInstrument::armable()
 {
     if (!device_ || acquisition_.hasFailed())
-        reconnect();
+        reopen();
     if (!device_)
         throw Failure(failure::unspecified, trouble_);
     Acquisition* const acquisition = device_->acquisition();

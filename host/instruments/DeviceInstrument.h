@@ -17,22 +17,22 @@ public:
     /// Why the device is closed; empty if it is open.
     [[nodiscard]] const std::string& trouble() const { return trouble_; }
     /// Opens the device if it is closed.
-    void connect();
+    void open();
     /// Closes the device and opens it again. Does nothing while the device is armed or acquires.
-    void reconnect();
+    void reopen();
     /// Closes the device. Does nothing while the device is armed or acquires.
-    void disconnect();
+    void close();
 
     [[nodiscard]] Driver& driver() override;
     [[nodiscard]] const InstrumentSettings& held() const override;
-    /// If the options differ, the device is opened again.
+    /// If the options differ, the device is opened again; if it does not take them, it keeps those that it had.
     void restore(const InstrumentSettings& settings) override;
     [[nodiscard]] Acquisition* acquisition() override { return &acquisition_; }
 
 private:
-    void open();
-    /// Closes the device; these settings are kept.
-    void close(InstrumentSettings settings);
+    void attempt();
+    /// Closes the device and keeps these settings.
+    void keep(InstrumentSettings settings);
     /// The acquiring side of the open device, after opening it again if its last acquisition has failed. Fails with the
     /// trouble.
     Acquisition& armable();
@@ -45,7 +45,7 @@ private:
     std::optional<KeptInstrument> standIn_;
     mutable InstrumentSettings held_;
     mutable std::optional<InstrumentSettings> seen_; ///< what the device held when `held_` was made of it
-    bool isWanted_ = false;                          ///< since `connect`, until `disconnect`
+    bool isWanted_ = false;                          ///< since `open`, until `close`
     DeviceAcquisition acquisition_;
 };
 

@@ -80,11 +80,11 @@ void DriverHealth::afterRebuild(std::int64_t turn)
         changed();
 }
 
-void DriverHealth::reconnect()
+void DriverHealth::reopenDevices()
 {
     for (const auto& driver : drivers_)
         if (troubles_.contains(driver.get()))
-            driver->reconnect();
+            driver->reopenDevice();
 }
 
 std::vector<DriverFailure> DriverHealth::failing() const

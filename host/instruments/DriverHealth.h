@@ -60,7 +60,7 @@ public:
     [[nodiscard]] std::vector<DriverFailure> failing() const;
 
     /// Opens the devices of failing drivers again.
-    void reconnect();
+    void reopenDevices();
 
     std::function<DateTime()> now;
     /// Called after the result of `failing` has changed.

@@ -50,19 +50,19 @@ void HostInstrument::enableChannel(std::int32_t group, std::int32_t channel, boo
     foreignCall([&] { instrument_->restore(changed); });
 }
 
-void HostInstrument::connect()
+void HostInstrument::openDevice()
 {
-    change(&DeviceInstrument::connect);
+    change(&DeviceInstrument::open);
 }
 
-void HostInstrument::reconnect()
+void HostInstrument::reopenDevice()
 {
-    change(&DeviceInstrument::reconnect);
+    change(&DeviceInstrument::reopen);
 }
 
-void HostInstrument::disconnect()
+void HostInstrument::closeDevice()
 {
-    change(&DeviceInstrument::disconnect);
+    change(&DeviceInstrument::close);
 }
 
 /// A call in progress goes on with the views of the new state.

@@ -40,11 +40,11 @@ public:
 
     /// Opens the device, if the instrument has one and it is not open. If that fails, the calls fail until the next
     /// attempt succeeds.
-    void connect();
+    void openDevice();
     /// Opens the device again, if the instrument has one.
-    void reconnect();
+    void reopenDevice();
     /// Closes the device, if the instrument has one, so that another instrument can open it. The settings stay.
-    void disconnect();
+    void closeDevice();
 
     std::int32_t GroupCount() override;
     std::int32_t ChannelCount(std::int32_t group) override;

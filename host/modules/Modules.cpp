@@ -96,6 +96,19 @@ std::vector<Modules::Listed> Modules::list()
     return listed;
 }
 
+std::vector<KnownDevice> Modules::find()
+{
+    std::vector<KnownDevice> known;
+    for (const Listed& it : list()) {
+        const std::string name = it.name.empty() ? it.file.string() : it.name;
+        for (const FoundDevice& found : it.devices)
+            known.push_back({name, found.device, found.title, {}});
+        if (!it.trouble.empty())
+            known.push_back({name, {}, {}, it.trouble});
+    }
+    return known;
+}
+
 std::unique_ptr<Instrument> Modules::open(const std::string& module, const std::string& device,
                                           const DeviceOptions& options)
 {

@@ -36,6 +36,7 @@ public:
     /// Searches for devices, which may take seconds.
     std::vector<Listed> list();
 
+    std::vector<KnownDevice> find() override;
     std::unique_ptr<Instrument> open(const std::string& module, const std::string& device,
                                      const DeviceOptions& options) override;
 

@@ -17,10 +17,9 @@ constexpr double patience = 3600.0; // seconds for a trigger
 } // namespace
 
 Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions options)
-    : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)), start_(now()),
-      queue_(options_.queueBytes)
+    : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)),
+      isRealTime_(options_.isPaced || plan_.isRealTime), start_(now()), queue_(options_.queueBytes)
 {
-    options_.isPaced = options_.isPaced || plan_.isRealTime;
     if (!options_.freeBytes)
         options_.freeBytes = [file = options_.file] { return freeBytesFor(file); };
     if (plan_.startMode == startMode::atTime) {
@@ -33,7 +32,7 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
     std::vector<PlannedInstrument> recorded;
     for (const PlannedInstrument& it : plan_.instruments) {
         Acquisition& source = *instruments_[it.index]->acquisition();
-        tracks_.push_back(std::make_unique<Track>(it, source, tracks_.size(), queue_, !options_.isPaced));
+        tracks_.push_back(std::make_unique<Track>(it, source, tracks_.size(), queue_, !isRealTime_));
         if (it.isRecorded()) {
             tracks_.back()->group = recorded.size();
             recorded.push_back(it);
@@ -86,8 +85,7 @@ void Recorder::record()
 /// Returns false if the recording is to stop before.
 bool Recorder::awaitStart()
 {
-    const bool isStanding = options_.clock.has_value();
-    const bool waits = options_.isPaced && !isStanding && plan_.startMode == startMode::atTime;
+    const bool waits = options_.isPaced && plan_.startMode == startMode::atTime;
     while (waits && !isStopWanted_ && now() < start_) {
         publish(RunState::WaitingForTime);
         // The clock may be set meanwhile.
@@ -115,7 +113,7 @@ void Recorder::start(Track& track, double notBefore)
                                  .onTrigger = onTrigger,
                                  .notBefore = notBefore,
                                  .patience = patience,
-                                 .isPaced = options_.isPaced};
+                                 .isPaced = isRealTime_};
     try {
         track.acquisition.start(order, track);
         track.phase = Track::Phase::Acquiring;

@@ -70,6 +70,7 @@ private:
     Instruments instruments_;
     RecordingPlan plan_;
     RecordingOptions options_;
+    bool isRealTime_;          ///< the instruments acquire in real time
     Moment start_;             ///< when the recording's time begins
     Clock::time_point origin_; ///< the same
     Clock::time_point tick_;   ///< when `secure` is due next
@@ -82,7 +83,7 @@ private:
     std::vector<Marker> markers_;          ///< the same
     bool areMarkersWritten_ = true;
     std::vector<std::string> failures_;
-    bool hasFailed_ = false;      ///< not all of them are shortages
+    bool hasFailed_ = false;     ///< not all of them are shortages
     bool isFileGood_ = true;     ///< the file can be written
     bool hasFileFailed_ = false; ///< or nearly
     bool isStopping_ = false;

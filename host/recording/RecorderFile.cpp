@@ -71,7 +71,7 @@ void Recorder::finish()
     takeMarkers();
     writeMarkers();
     writeClipped();
-    const std::string end = isoText(options_.isPaced && !options_.clock ? now() : later(start_, elapsed()));
+    const std::string end = isoText(options_.isPaced ? now() : later(start_, elapsed()));
     write([&] { file_->close(stateText(endState()), end); });
     if (!isFileGood_)
         try {

@@ -35,8 +35,8 @@ struct RecordingProgress {
     /// Why less is recorded than planned, in English: each with the instrument or the file that failed, or with the
     /// instrument that has ended early by itself.
     std::vector<std::string> failures;
-    bool hasFileFailed = false;        ///< the file does not hold all that was delivered
-    bool takesMarkers = false;         ///< its time has begun, and it is not being finished
+    bool hasFileFailed = false; ///< the file does not hold all that was delivered
+    bool takesMarkers = false;  ///< its time has begun, and it is not being finished
 };
 
 } // namespace ko

@@ -10,7 +10,7 @@ namespace {
 /// The devices of failing instruments are opened again first, as the user of a window tries again.
 void handOver(Scenario& scenario, std::size_t count)
 {
-    scenario.health().reconnect();
+    scenario.health().reopenDevices();
     scenario.rebuild([&] { scenario.document().drivers().setDrivers(scenario.driverList(count)); });
 }
 

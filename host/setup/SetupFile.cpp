@@ -90,7 +90,7 @@ HostInstruments makeDrivers(const Setup& setup, const std::shared_ptr<DeviceSour
     for (const InstrumentSettings& settings : setup.instruments)
         drivers.push_back(makeInstrument(settings, devices));
     for (const auto& driver : drivers)
-        driver->connect();
+        driver->openDevice();
     return drivers;
 }
 
@@ -99,10 +99,10 @@ void exchange(HostInstruments& list, HostInstruments instead)
     const std::unordered_set<std::shared_ptr<HostInstrument>> kept(instead.begin(), instead.end());
     for (const auto& instrument : list)
         if (!kept.contains(instrument))
-            instrument->disconnect();
+            instrument->closeDevice();
     list = std::move(instead);
     for (const auto& instrument : list)
-        instrument->connect();
+        instrument->openDevice();
 }
 
 } // namespace ko

@@ -142,7 +142,7 @@ void FrameDocks::handOverAgain()
 {
     if (isLocked() || !page_.okToLeave())
         return;
-    watch_.health().reconnect();
+    watch_.health().reopenDevices();
     history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
 }
 

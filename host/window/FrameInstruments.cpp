@@ -101,16 +101,16 @@ void FrameInstruments::add()
     const UserActions::Action action(actions_);
     if (!isOpen())
         return;
-    std::string kind;
+    InstrumentSettings chosen;
     {
-        Modal<InstrumentGallery> gallery(parts_.texts(), instrumentKinds(), &window_);
+        Modal<InstrumentGallery> gallery(parts_.texts(), instrumentKinds(), session_.devices, &window_);
         if (!gallery.isAccepted() || action.isOver())
             return;
-        kind = gallery->kind();
+        chosen = gallery->chosen();
     }
     if (!session_.hasSetup())
         session_.begin("empty");
-    if (edit([&](Setup& setup) { addInstrument(setup, kind); }) && !action.isOver())
+    if (edit([&](Setup& setup) { addInstrument(setup, chosen); }) && !action.isOver())
         docks_.instruments().select(session_.drivers().size() - 1);
 }
 

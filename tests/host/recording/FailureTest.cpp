@@ -1,6 +1,7 @@
 #include "Recorded.h"
 
 #include "host/recording/HeldRecording.h"
+#include "host/recording/RecordingTexts.h"
 #include "host/recording/UnfinishedFile.h"
 
 #include <atomic>
@@ -112,7 +113,11 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
          5,
          {},
          RunState::Done},
-        {[](BlockSink& sink) { sink.ended(0, ""); }, 0, 0, {"Counter: ended after 0 of 300 samples"}, RunState::Stopped},
+        {[](BlockSink& sink) { sink.ended(0, ""); },
+         0,
+         0,
+         {"Counter: ended after 0 of 300 samples"},
+         RunState::Stopped},
         {[](BlockSink& sink) { sink.ended(1000000, ""); }, 300, 300, {}, RunState::Done},
         {nullptr, 0, 0, {"Counter: is switched off"}, RunState::Failed},
     };
@@ -129,7 +134,7 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
         EXPECT_EQ(std::ssize(samples), c.samples);
         EXPECT_EQ(lostOf(samples), c.lost);
         EXPECT_EQ(held.number("instrument-2", "lost"), static_cast<double>(c.lost));
-        EXPECT_EQ(held.text("/", "state"), c.failures.empty() ? "complete" : "failed");
+        EXPECT_EQ(held.text("/", "state"), stateText(c.end));
         EXPECT_EQ(held.samples("instrument-1/channel-0-0").size(), 10240U);
     }
 }
