@@ -99,10 +99,10 @@ bool checkModuleFile(const std::string& file)
     ModuleReport report;
     {
         CallWatch watch;
-        const auto print = [](const std::string& line) { std::cout << line << std::endl; };
-        report = checkModule(module, {.patience = ModuleCheckOptions{}.patience,
-                                      .beforeCall = [&](const std::string& call) { watch.next(oneLine(call)); },
-                                      .found = print});
+        ModuleCheckOptions options;
+        options.beforeCall = [&](const std::string& call) { watch.next(oneLine(call)); };
+        options.found = [](const std::string& line) { std::cout << line << std::endl; };
+        report = checkModule(module, options);
     }
     for (const std::string& note : report.notes)
         complain("note: " + note);

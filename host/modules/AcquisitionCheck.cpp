@@ -13,7 +13,6 @@ namespace {
 
 using Monotonic = std::chrono::steady_clock;
 
-constexpr double usualRun = 0.3;        // seconds
 constexpr double longestRun = 5.0;      // seconds
 constexpr double triggerPatience = 0.5; // seconds
 constexpr std::int64_t endless = 1000000000;
@@ -30,7 +29,7 @@ void setForShortRuns(const OpenedInstrument& opened)
     Timebase& timebase = *opened.timebase;
     log.may("setSamplePeriod", [&] { timebase.setSamplePeriod(0.001); });
     log.may("setScanPeriod", [&] { timebase.setScanPeriod(0.05); });
-    log.may("setBlockSize", [&] { timebase.setBlockSize(50.0); });
+    log.may("setBlockSize", [&] { timebase.setBlockSize(10.0); });
     log.may("setDuration", [&] { timebase.setDuration(1.0F); });
     log.may("setStartMode", [&] { timebase.setStartMode(startMode::immediately); });
     log.may("setStopMode", [&] { timebase.setStopMode(stopMode::afterDuration); });
@@ -60,8 +59,8 @@ bool chooseTrigger(const OpenedInstrument& opened)
 
 class AcquisitionCheck {
 public:
-    AcquisitionCheck(const OpenedInstrument& opened, Acquisition& acquisition, std::chrono::milliseconds patience)
-        : log_(opened.log), opened_(opened), acquisition_(acquisition), patience_(patience)
+    AcquisitionCheck(const OpenedInstrument& opened, Acquisition& acquisition, const ModuleCheckOptions& options)
+        : log_(opened.log), opened_(opened), acquisition_(acquisition), options_(options)
     {
     }
 
@@ -89,14 +88,14 @@ private:
     CheckedSink& sinkFor(const ArmedSettings& armed, const AcquisitionOrder& order);
     void stop(const char* call = "stop");
     void stopAndEnd(const Run& run);
-    [[nodiscard]] static std::int64_t blocksOf(const ArmedSettings& armed);
+    [[nodiscard]] std::int64_t blocksOf(const ArmedSettings& armed) const;
     /// As the host does, another thread than that of the page starts and stops.
     static void elsewhere(const std::function<void()>& act) { std::thread(act).join(); }
 
     CheckLog& log_;
     const OpenedInstrument& opened_;
     Acquisition& acquisition_;
-    std::chrono::milliseconds patience_;
+    const ModuleCheckOptions& options_;
     std::vector<std::unique_ptr<CheckedSink>> sinks_; ///< all live to the end, whatever the instrument does
 };
 
@@ -131,10 +130,11 @@ void AcquisitionCheck::compareArmed(const ArmedSettings& armed)
         log_.blame("arm", "returns other channels than those that held() has enabled");
 }
 
-std::int64_t AcquisitionCheck::blocksOf(const ArmedSettings& armed)
+std::int64_t AcquisitionCheck::blocksOf(const ArmedSettings& armed) const
 {
     const double block = static_cast<double>(armed.blockSize) * armed.period;
-    return std::max<std::int64_t>(std::llround(usualRun / std::max(block, 1e-6)), 1);
+    return std::max<std::int64_t>(
+        std::llround(std::chrono::duration<double>(options_.run).count() / std::max(block, 1e-6)), 1);
 }
 
 void AcquisitionCheck::stop(const char* call)
@@ -204,7 +204,7 @@ void AcquisitionCheck::wholeRun()
     run = start(blocks);
     if (!run || !run->isStarted)
         return;
-    if (!run->sink->awaitEnd(run->order.origin + inTime(seconds) + patience_))
+    if (!run->sink->awaitEnd(run->order.origin + inTime(seconds) + options_.patience))
         log_.blame("start", "ended has not come");
     stopAndEnd(*run);
     if (!run->sink->reason().empty())
@@ -231,7 +231,7 @@ void AcquisitionCheck::stoppedRun()
     if (!run || !run->isStarted)
         return;
     startAgain(*run);
-    run->sink->awaitSamples(run->order.origin + inTime(usualRun));
+    run->sink->awaitSamples(run->order.origin + options_.run);
     stopAndEnd(*run);
     if (!run->sink->reason().empty())
         log_.blame("stop", "ends with the reason " + run->sink->reason());
@@ -244,7 +244,7 @@ void AcquisitionCheck::triggeredRun()
         return;
     const double seconds = static_cast<double>(run->order.samples) * run->armed.period;
     if (run->isStarted && seconds <= longestRun &&
-        !run->sink->awaitEnd(run->order.origin + inTime(seconds + triggerPatience) + patience_))
+        !run->sink->awaitEnd(run->order.origin + inTime(seconds + triggerPatience) + options_.patience))
         log_.blame("start, on trigger", "ended has not come");
     const bool isOver = run->sink->hasEnded();
     stopAndEnd(*run);
@@ -256,7 +256,7 @@ void AcquisitionCheck::closedRun(std::unique_ptr<Instrument> instrument)
 {
     const auto run = start(endless);
     if (run && run->isStarted)
-        run->sink->awaitSamples(run->order.origin + inTime(usualRun));
+        run->sink->awaitSamples(run->order.origin + options_.run);
     log_.must("closing the instrument while it acquires", [&] { instrument.reset(); });
     if (run && run->isStarted && !run->sink->hasEnded())
         log_.blame("closing the instrument while it acquires", "is done before ended has come");
@@ -264,7 +264,7 @@ void AcquisitionCheck::closedRun(std::unique_ptr<Instrument> instrument)
 
 } // namespace
 
-void checkAcquisition(CheckLog& log, std::unique_ptr<Instrument> instrument, std::chrono::milliseconds patience)
+void checkAcquisition(CheckLog& log, std::unique_ptr<Instrument> instrument, const ModuleCheckOptions& options)
 {
     const auto opened = openedInstrument(log, *instrument);
     Acquisition* const acquisition =
@@ -276,7 +276,7 @@ void checkAcquisition(CheckLog& log, std::unique_ptr<Instrument> instrument, std
         return;
     }
     setForShortRuns(*opened);
-    AcquisitionCheck check(*opened, *acquisition, patience);
+    AcquisitionCheck check(*opened, *acquisition, options);
     check.ordersOutOfTurn();
     check.wholeRun();
     check.stoppedRun();

@@ -4,14 +4,13 @@
 #include "host/support/InputError.h"
 #include "platform/NumberText.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace ko {
 
 namespace {
 
-constexpr int findingsOfACall = 3;
+constexpr std::size_t findingsOfACall = 5;
 
 std::string checkedText(const CallValue& value)
 {
@@ -42,22 +41,18 @@ void CheckLog::after(std::string call)
 void CheckLog::blame(const std::string& call, const std::string& what)
 {
     const std::lock_guard lock(mutex_);
-    if (++findings_[{subject_, call}] > findingsOfACall)
-        return;
     const std::string when = after_.empty() ? "" : " (after " + after_ + ")";
-    keep(subject_ + ": " + call + ": " + what + when);
+    const std::string line = oneLine(subject_ + ": " + call + ": " + what + when);
+    auto& known = findings_[subject_ + ": " + call];
+    if (known.insert(line).second && known.size() <= findingsOfACall)
+        keep(line);
 }
 
-/// A finding of the second opening is often that of the first one.
 void CheckLog::keep(const std::string& finding)
 {
-    auto& lines = report_.findings;
-    const std::string line = oneLine(finding);
-    if (std::find(lines.begin(), lines.end(), line) != lines.end())
-        return;
-    lines.push_back(line);
+    report_.findings.push_back(finding);
     if (options_.found)
-        options_.found(line);
+        options_.found(finding);
 }
 
 void CheckLog::note(const std::string& what)
@@ -94,10 +89,9 @@ void CheckLog::blameDifference(const std::string& call, const CallValue& answer,
 ModuleReport CheckLog::finish()
 {
     const std::lock_guard lock(mutex_);
-    for (const auto& [call, count] : findings_)
-        if (count > findingsOfACall)
-            keep(call.first + ": " + call.second + ": " + std::to_string(count - findingsOfACall) +
-                 " more of the same kind");
+    for (const auto& [call, lines] : findings_)
+        if (lines.size() > findingsOfACall)
+            keep(oneLine(call) + ": " + std::to_string(lines.size() - findingsOfACall) + " more findings");
     return std::move(report_);
 }
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace ko {
@@ -21,7 +22,7 @@ public:
     /// Until `after({})` the findings are those of what this call has left.
     void after(std::string call);
 
-    /// Keeps a finding. Of a call that does much wrong the first findings are kept, and the number of the others.
+    /// Keeps a finding once. Of a call that does much wrong the first findings are kept, and the number of the others.
     void blame(const std::string& call, const std::string& what);
     void note(const std::string& what);
 
@@ -86,7 +87,7 @@ private:
     std::mutex mutex_; ///< protects the rest
     std::string subject_, after_;
     ModuleReport report_;
-    std::map<std::pair<std::string, std::string>, int> findings_; ///< by subject and call
+    std::map<std::string, std::set<std::string>> findings_; ///< by subject and call
 };
 
 /// A number as findings write it, also one that is not finite.

@@ -25,7 +25,7 @@ std::string openCall(const std::string& device, const DeviceOptions& options)
 struct ModuleCheck {
     CheckLog& log;
     InstrumentModule& module;
-    std::chrono::milliseconds patience;
+    const ModuleCheckOptions& options;
 
     void all() const
     {
@@ -74,15 +74,15 @@ struct ModuleCheck {
         return found;
     }
 
-    void refuses(const std::string& device, const DeviceOptions& options) const
+    void refuses(const std::string& device, const DeviceOptions& wanted) const
     {
-        log.mustFail(openCall(device, options), [&] { return module.open(device, options); });
+        log.mustFail(openCall(device, wanted), [&] { return module.open(device, wanted); });
     }
 
-    [[nodiscard]] std::unique_ptr<Instrument> open(const std::string& device, const DeviceOptions& options) const
+    [[nodiscard]] std::unique_ptr<Instrument> open(const std::string& device, const DeviceOptions& wanted) const
     {
-        const std::string call = openCall(device, options);
-        auto opened = log.must(call, [&] { return module.open(device, options); });
+        const std::string call = openCall(device, wanted);
+        auto opened = log.must(call, [&] { return module.open(device, wanted); });
         if (opened && !*opened)
             log.blame(call, "returns null");
         return opened ? std::move(*opened) : nullptr;
@@ -90,18 +90,18 @@ struct ModuleCheck {
 
     void device(const std::string& device) const
     {
-        DeviceOptions options;
+        DeviceOptions present;
         if (const auto instrument = open(device, {})) {
             log.may(openCall(device, {}) + " while it is open", [&] { return module.open(device, {}); });
             driver(*instrument);
-            options = log.must("held", [&] { return instrument->held().options; }).value_or(options);
+            present = log.must("held", [&] { return instrument->held().options; }).value_or(present);
         }
-        auto instrument = open(device, options);
+        auto instrument = open(device, present);
         if (!instrument)
             return;
-        if (log.must("held", [&] { return instrument->held().options; }) != options)
+        if (log.must("held", [&] { return instrument->held().options; }) != present)
             log.blame("held", "has other options than those that the device was opened with");
-        checkAcquisition(log, std::move(instrument), patience);
+        checkAcquisition(log, std::move(instrument), options);
     }
 
     void driver(Instrument& instrument) const
@@ -149,7 +149,7 @@ struct ModuleCheck {
 ModuleReport checkModule(InstrumentModule& module, const ModuleCheckOptions& options)
 {
     CheckLog log(options);
-    ModuleCheck{log, module, options.patience}.all();
+    ModuleCheck{log, module, options}.all();
     return log.finish();
 }
 

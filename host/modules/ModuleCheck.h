@@ -12,6 +12,8 @@ class InstrumentModule;
 struct ModuleCheckOptions {
     /// An acquisition must end by this time after its last sample.
     std::chrono::milliseconds patience{10000};
+    /// How long the short runs are, if the instrument has blocks that are short enough.
+    std::chrono::milliseconds run{300};
     /// Called with each call before it is made, on the thread that makes it; empty: not.
     std::function<void(const std::string& call)> beforeCall;
     /// Called with each finding as it comes, on any thread, one call at a time; empty: not.
