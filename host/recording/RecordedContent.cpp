@@ -1,6 +1,7 @@
 #include "host/recording/RecordedContent.h"
 
 #include "host/recording/Moments.h"
+#include "host/recording/UnfinishedFile.h"
 
 #include <cerrno>
 #include <sys/mman.h>
@@ -18,8 +19,7 @@ Hdf5Group makeGroup(hid_t file, const std::string& name)
 
 } // namespace
 
-void RecordedContent::create(const std::string& name, const RecordedHead& head,
-                             const std::vector<RecordedInstrument>& described)
+void RecordedContent::create(const RecordedHead& head, const std::vector<RecordedInstrument>& described)
 {
     const Hdf5Properties access(made(H5Pcreate(H5P_FILE_ACCESS)));
     made(H5Pset_libver_bounds(access.id(), H5F_LIBVER_LATEST, H5F_LIBVER_LATEST));
@@ -33,7 +33,7 @@ void RecordedContent::create(const std::string& name, const RecordedHead& head,
     cache.flash_incr_mode = H5C_flash_incr__off;
     cache.decr_mode = H5C_decr__off;
     made(H5Pset_mdc_config(access.id(), &cache));
-    file = Hdf5File(made(H5Fcreate(name.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, access.id())));
+    file = Hdf5File(made(H5Fcreate(place.path().c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, access.id())));
     describe(head);
     for (const RecordedInstrument& instrument : described)
         add(instrument);

@@ -2,7 +2,7 @@
 
 #include "host/recording/RecordedChannel.h"
 #include "host/recording/RecordedFile.h"
-#include "host/recording/UnfinishedFile.h"
+#include "host/support/TemporaryFile.h"
 
 namespace ko {
 
@@ -14,13 +14,13 @@ struct RecordedContent {
         std::int64_t lost = 0;
     };
 
-    WriteMark mark;
+    TemporaryFile place; ///< locked as long as the file is written
     Hdf5File file;
     std::vector<Instrument> instruments;
     GrowingList markerTimes, markerTexts;
 
-    explicit RecordedContent(const std::string& name) : mark(name) {}
-    void create(const std::string& name, const RecordedHead& head, const std::vector<RecordedInstrument>& described);
+    explicit RecordedContent(const std::filesystem::path& folder) : place(folder, 0666) {}
+    void create(const RecordedHead& head, const std::vector<RecordedInstrument>& described);
     void describe(const RecordedHead& head) const;
     void add(const RecordedInstrument& instrument);
     void addMarkers() const;

@@ -2,6 +2,7 @@
 
 #include "host/recording/Moments.h"
 #include "host/recording/RecordedContent.h"
+#include "host/recording/UnfinishedFile.h"
 #include "host/setup/SetupFile.h"
 #include "host/support/InputError.h"
 
@@ -12,22 +13,12 @@
 
 namespace ko {
 
-namespace {
-
-/// The name, or the one with the first number from 2 on at its end, that no file has.
-std::string freeName(const std::string& wanted)
-{
-    std::string name = wanted;
-    for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(name)); ++number)
-        name = wanted + std::to_string(number);
-    return name;
-}
-
-} // namespace
-
 std::string keptName(const std::string& file)
 {
-    return freeName(file + "~");
+    std::string name = file + "~";
+    for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(name)); ++number)
+        name = file + "~" + std::to_string(number);
+    return name;
 }
 
 RecordedFile::RecordedFile(std::string name, const RecordedHead& head,
@@ -37,37 +28,45 @@ RecordedFile::RecordedFile(std::string name, const RecordedHead& head,
     refuseDevice(name_);
     beginHdf5();
     // Under its own name the file appears when it can be read.
-    std::string temporary;
     try {
-        temporary = freeName(name_ + ".part");
-        content_ = std::make_unique<RecordedContent>(temporary);
-        content_->create(temporary, head, instruments);
-        if (std::filesystem::exists(name_))
-            std::filesystem::rename(name_, keptName(name_));
-        std::filesystem::rename(temporary, name_);
+        content_ = std::make_unique<RecordedContent>(folderOf(name_));
+        content_->create(head, instruments);
+        replaceEarlier();
     } catch (const LibraryFailure& failure) {
-        discard(temporary);
-        throw InputError(name_ + ": cannot be written: " + failure.reason);
-    } catch (const std::filesystem::filesystem_error& error) {
-        discard(temporary);
-        throw InputError(name_ + ": cannot be written: " + error.code().message());
+        refuse(failure.reason);
+    } catch (const std::system_error& error) {
+        refuse(error.code().message());
     }
+}
+
+void RecordedFile::replaceEarlier()
+{
+    namespace fs = std::filesystem;
+    if (!fs::exists(name_))
+        return content_->place.moveTo(name_);
+    const std::string kept = keptName(name_);
+    fs::rename(name_, kept);
+    try {
+        content_->place.moveTo(name_);
+    } catch (const std::system_error&) {
+        std::error_code ignored;
+        fs::rename(kept, name_, ignored);
+        throw;
+    }
+}
+
+void RecordedFile::refuse(const std::string& reason)
+{
+    if (content_)
+        content_->abandon();
+    content_.reset();
+    throw InputError(name_ + ": cannot be written: " + reason);
 }
 
 RecordedFile::~RecordedFile()
 {
     if (content_)
         content_->abandon();
-}
-
-void RecordedFile::discard(const std::string& file)
-{
-    if (!content_)
-        return;
-    content_->abandon();
-    content_.reset();
-    std::error_code ignored;
-    std::filesystem::remove(file, ignored);
 }
 
 template <class Act> void RecordedFile::attempt(const Act& act)
@@ -77,9 +76,7 @@ template <class Act> void RecordedFile::attempt(const Act& act)
     try {
         act(*content_);
     } catch (const LibraryFailure& failure) {
-        content_->abandon();
-        content_.reset();
-        throw InputError(name_ + ": cannot be written: " + failure.reason);
+        refuse(failure.reason);
     }
 }
 

@@ -63,7 +63,9 @@ public:
 private:
     /// Runs `act` with the content, if it is open; a failure closes it.
     template <class Act> void attempt(const Act& act);
-    void discard(const std::string& file);
+    void replaceEarlier();
+    /// Closes the file as it was flushed last, and throws.
+    [[noreturn]] void refuse(const std::string& reason);
 
     std::string name_;
     std::unique_ptr<RecordedContent> content_; ///< null after `close` and after a failure

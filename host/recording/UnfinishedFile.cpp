@@ -3,6 +3,7 @@
 #include "host/recording/Hdf5.h"
 #include "host/recording/Moments.h"
 #include "host/support/InputError.h"
+#include "host/support/TemporaryFile.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -13,12 +14,13 @@ namespace ko {
 
 namespace {
 
-flock wholeFile()
+/// Returns 0 or an error number.
+int synchronizeOpened(const std::filesystem::path& path, int how)
 {
-    flock lock{};
-    lock.l_type = F_WRLCK;
-    lock.l_whence = SEEK_SET;
-    return lock;
+    const int opened = open(path.c_str(), how | O_CLOEXEC);
+    const int error = opened < 0 ? errno : synchronized(opened);
+    ::close(opened);
+    return error;
 }
 
 /// Opens the file for writing although a program that was to close it has ended; the library then clears the mark that
@@ -46,34 +48,12 @@ template <class Act> void reporting(const std::string& file, const Act& act)
 
 } // namespace
 
-WriteMark::WriteMark(const std::string& file) : file_(open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666))
-{
-    if (file_ < 0)
-        throw LibraryFailure{std::generic_category().message(errno)};
-    flock lock = wholeFile();
-    fcntl(file_, F_OFD_SETLK, &lock);
-}
-
-WriteMark::~WriteMark()
-{
-    ::close(file_);
-}
-
-bool isBeingWritten(const std::string& file)
-{
-    const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    flock lock = wholeFile();
-    const bool isKnown = fcntl(opened, F_OFD_GETLK, &lock) == 0;
-    ::close(opened);
-    return isKnown && lock.l_type != F_UNLCK;
-}
-
 bool clearUnfinished(const std::string& file)
 {
     beginHdf5();
     const auto opens = [&](unsigned how) { return Hdf5File(H5Fopen(file.c_str(), how, H5P_DEFAULT)).id() >= 0; };
     const bool isUnfinished = !opens(H5F_ACC_RDONLY) && opens(H5F_ACC_RDONLY | H5F_ACC_SWMR_READ);
-    if (!isUnfinished || isBeingWritten(file))
+    if (!isUnfinished || isLocked(file))
         return false;
     reporting(file, [&] {
         if (!openUnfinished(file).reset())
@@ -96,11 +76,11 @@ void endUnfinished(const std::string& file, const std::string& state, const std:
 
 void synchronize(const std::string& file)
 {
-    const int opened = open(file.c_str(), O_RDWR | O_CLOEXEC);
-    const bool isDone = opened >= 0 && fsync(opened) == 0;
-    const int error = errno;
-    ::close(opened);
-    if (!isDone)
+    int error = synchronizeOpened(file, O_RDWR);
+    if (error == 0)
+        error = synchronizeOpened(folderOf(file), O_RDONLY | O_DIRECTORY);
+    // A folder may be written but not read.
+    if (error != 0 && error != EACCES)
         throw InputError(file + ": cannot be written: " + std::generic_category().message(error));
 }
 

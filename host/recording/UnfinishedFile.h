@@ -13,22 +13,6 @@ inline constexpr const char* failed = "failed";
 inline constexpr std::size_t size = 16; ///< bytes in the file
 } // namespace recordedState
 
-/// Marks a file, which it creates, as being written by this program. The mark ends with the program at the latest.
-/// Fails with a `LibraryFailure`, also if there is such a file.
-class WriteMark {
-public:
-    explicit WriteMark(const std::string& file);
-    ~WriteMark();
-    WriteMark(const WriteMark&) = delete;
-    WriteMark& operator=(const WriteMark&) = delete;
-
-private:
-    int file_ = -1;
-};
-
-/// Returns whether a program writes the file at present.
-bool isBeingWritten(const std::string& file);
-
 /// Makes a file that was not closed readable by every program. Returns false if it was closed or is being written.
 /// Fails with an `InputError`.
 bool clearUnfinished(const std::string& file);
@@ -37,7 +21,7 @@ bool clearUnfinished(const std::string& file);
 /// Fails with an `InputError`.
 void endUnfinished(const std::string& file, const std::string& state, const std::string& stop);
 
-/// Returns when the file's content is on the disk. Fails with an `InputError`.
+/// Returns when the file's content and its name are on the disk. Fails with an `InputError`.
 void synchronize(const std::string& file);
 
 } // namespace ko

@@ -9,16 +9,18 @@
 
 namespace ko {
 
-std::string saveSetup(const std::string& file, const Setup& setup, const std::string& before)
+std::string textToSave(const std::string& file, const Setup& setup, const std::string& before)
 {
-    std::string text;
     try {
-        text = before.empty() ? setupText(setup) : editedText(before, setup);
+        return before.empty() ? setupText(setup) : editedText(before, setup);
     } catch (const std::exception& error) {
         throw InputError(file + ": cannot be saved: " + error.what());
     }
-    writeWhole(file, text);
-    return text;
+}
+
+void saveSetup(const std::string& file, const Setup& setup, const std::string& before)
+{
+    writeWhole(file, textToSave(file, setup, before));
 }
 
 bool hasChangedSince(const std::string& file, const std::string& content)

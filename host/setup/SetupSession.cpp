@@ -208,7 +208,7 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     try {
         if (checkFree)
             checkFree(file);
-        content_ = saveSetup(file, presentSetup(), content_);
+        writeText(file, textToSave(file, presentSetup(), content_));
     } catch (const InputError& error) {
         questions.tellNotSaved(error.what());
         return false;
@@ -218,6 +218,19 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
     if (saved)
         saved();
     return true;
+}
+
+/// A file of the session that has been replaced although writing failed holds no other program's changes.
+void SetupSession::writeText(const std::string& file, std::string text)
+{
+    try {
+        writeWhole(file, text);
+    } catch (const InputError&) {
+        if (file == file_ && !hasChangedSince(file, text))
+            content_ = std::move(text);
+        throw;
+    }
+    content_ = std::move(text);
 }
 
 } // namespace ko

@@ -132,6 +132,7 @@ private:
     bool tryLoad(const std::string& file, SessionQuestions& questions);
     bool saveElsewhere(SessionQuestions& questions);
     bool write(const std::string& file, SessionQuestions& questions);
+    void writeText(const std::string& file, std::string text);
 
     std::string file_;
     std::string source_;

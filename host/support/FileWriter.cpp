@@ -26,11 +26,6 @@ fs::path placeOf(const std::string& name)
     return place;
 }
 
-fs::path folderOf(const fs::path& place)
-{
-    return place.has_parent_path() ? place.parent_path() : fs::path(".");
-}
-
 /// Returns 0 or errno.
 int writeAll(int file, std::string_view text, std::size_t at)
 {
@@ -57,15 +52,47 @@ std::string tailOf(int file, std::size_t at)
     return tail;
 }
 
-/// Some file systems do not support fsync.
-int synchronize(int file)
+std::string reasonOf(int error)
 {
-    return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+    return std::generic_category().message(error);
 }
+
+/// The permissions with which the temporary file is created. Those of an existing file follow with its group.
+mode_t permissionsFor(const fs::path& place, Readers readers)
+{
+    std::error_code unknown;
+    constexpr mode_t usual = 0666;
+    constexpr mode_t own = 0600;
+    return readers == Readers::OwnerOnly || fs::exists(place, unknown) ? own : usual;
+}
+
+/// An open folder, to synchronize its names.
+class OpenFolder {
+public:
+    explicit OpenFolder(const fs::path& folder)
+        : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)), error_(folder_ < 0 ? errno : 0)
+    {
+    }
+    ~OpenFolder()
+    {
+        if (folder_ >= 0)
+            ::close(folder_);
+    }
+    OpenFolder(const OpenFolder&) = delete;
+    OpenFolder& operator=(const OpenFolder&) = delete;
+
+    /// Returns 0 also for a folder that may be written but not read.
+    [[nodiscard]] int error() const { return error_ == EACCES ? 0 : error_; }
+    [[nodiscard]] int synchronize() const { return folder_ < 0 ? 0 : synchronized(folder_); }
+
+private:
+    int folder_;
+    int error_;
+};
 
 } // namespace
 
-FileWriter::FileWriter(const std::string& name) : name_(name), place_(placeOf(name))
+FileWriter::FileWriter(const std::string& name, Readers readers) : name_(name), place_(placeOf(name))
 {
     std::error_code ignored;
     const fs::file_type kind = fs::status(name_, ignored).type();
@@ -74,73 +101,69 @@ FileWriter::FileWriter(const std::string& name) : name_(name), place_(placeOf(na
     // rename() would replace a write-protected file.
     if (kind == fs::file_type::regular && ::access(place_.c_str(), W_OK) != 0)
         refuse(errno);
-    create();
-    keepOwnership();
+    attempt([&] { file_.emplace(folderOf(place_), permissionsFor(place_, readers)); });
+    if (readers == Readers::AsBefore)
+        keepOwnership();
 }
 
-FileWriter::~FileWriter()
-{
-    ::close(file_);
-    if (!temporary_.empty())
-        ::unlink(temporary_.c_str());
-}
+FileWriter::~FileWriter() = default;
 
-/// The temporary name is short, because the file's own name may already have the longest possible length. A process
-/// that is killed while it saves leaves the temporary file.
-void FileWriter::create()
+template <class Act> void FileWriter::attempt(const Act& act) const
 {
-    for (int number = 0; file_ < 0; ++number) {
-        temporary_ =
-            folderOf(place_) / (".korvell-" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".new");
-        file_ = ::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (file_ < 0 && errno != EEXIST)
-            refuse(errno);
+    try {
+        act();
+    } catch (const std::system_error& error) {
+        refuse(error.code().value());
     }
 }
 
 /// Errors are ignored: the user may lack the right to set the owner, and saving the content matters more.
 void FileWriter::keepOwnership() const
 {
+    const int file = file_->descriptor();
     struct stat status {};
     if (::stat(place_.c_str(), &status) != 0)
         return;
     constexpr auto sameOwner = static_cast<uid_t>(-1);
     const bool isGiven =
-        ::fchown(file_, status.st_uid, status.st_gid) == 0 || ::fchown(file_, sameOwner, status.st_gid) == 0;
+        ::fchown(file, status.st_uid, status.st_gid) == 0 || ::fchown(file, sameOwner, status.st_gid) == 0;
     // Without the old group, its permissions must not go to another one.
     constexpr mode_t withoutGroup = 0707;
     constexpr mode_t all = 0777;
-    static_cast<void>(::fchmod(file_, status.st_mode & (isGiven ? all : withoutGroup)));
+    static_cast<void>(::fchmod(file, status.st_mode & (isGiven ? all : withoutGroup)));
 }
 
 void FileWriter::write(std::string_view text, std::size_t at)
 {
-    const std::string before = tailOf(file_, at);
-    const int error = writeAll(file_, text, at);
+    const int file = file_->descriptor();
+    const std::string before = tailOf(file, at);
+    const int error = writeAll(file, text, at);
     if (error == 0)
         return;
-    static_cast<void>(writeAll(file_, before, at));
-    [[maybe_unused]] const int cut = ::ftruncate(file_, static_cast<off_t>(at + before.size()));
+    static_cast<void>(writeAll(file, before, at));
+    [[maybe_unused]] const int cut = ::ftruncate(file, static_cast<off_t>(at + before.size()));
     refuse(error);
 }
 
 void FileWriter::commit()
 {
-    if (const int error = synchronize(file_))
-        refuse(error);
-    if (::rename(temporary_.c_str(), place_.c_str()) != 0)
-        refuse(errno);
-    temporary_.clear();
+    const OpenFolder folder(folderOf(place_));
+    for (const int error : {folder.error(), synchronized(file_->descriptor())})
+        if (error != 0)
+            refuse(error);
+    attempt([this] { file_->moveTo(place_); });
+    if (const int error = folder.synchronize())
+        throw InputError(name_ + ": is written, but the disk has not confirmed it: " + reasonOf(error));
 }
 
 void FileWriter::refuse(int error) const
 {
-    throw InputError(name_ + ": cannot be saved: " + std::generic_category().message(error));
+    throw InputError(name_ + ": cannot be saved: " + reasonOf(error));
 }
 
-void writeWhole(const std::string& name, std::string_view content)
+void writeWhole(const std::string& name, std::string_view content, Readers readers)
 {
-    FileWriter file(name);
+    FileWriter file(name, readers);
     file.write(content, 0);
     file.commit();
 }

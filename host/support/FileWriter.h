@@ -1,10 +1,16 @@
 #pragma once
 
+#include "host/support/TemporaryFile.h"
+
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace ko {
+
+/// Who may read a file that is written: those who could read the file that it replaces, or the user alone.
+enum class Readers { AsBefore, OwnerOnly };
 
 /// Writes a file whole or not at all. The content is written to a temporary file in the same folder, which replaces the
 /// file once it is complete and synchronized to disk. A failure before that leaves an existing file unchanged and
@@ -14,7 +20,7 @@ class FileWriter {
 public:
     /// `name` is a byte string as the system uses it. Fails if it names something other than a regular file, such as a
     /// device (which would be replaced by a file), and if the file or its folder is not writable.
-    explicit FileWriter(const std::string& name);
+    explicit FileWriter(const std::string& name, Readers readers = Readers::AsBefore);
     /// Removes the temporary file unless `commit` has been called.
     ~FileWriter();
     FileWriter(const FileWriter&) = delete;
@@ -24,22 +30,22 @@ public:
     /// unchanged.
     void write(std::string_view text, std::size_t at);
 
-    /// Replaces the file with the temporary one. Later writes go directly to the file.
+    /// Replaces the file with the temporary one. Later writes go directly to the file. If only the disk does not
+    /// confirm the new name, the file has been replaced, and the `InputError` says so.
     void commit();
 
 private:
     [[noreturn]] void refuse(int error) const;
-    void create();
+    template <class Act> void attempt(const Act& act) const;
     void keepOwnership() const;
 
     std::string name_;
-    std::filesystem::path place_;     ///< of the file itself, with links resolved
-    std::filesystem::path temporary_; ///< empty after the commit
-    int file_ = -1;
+    std::filesystem::path place_; ///< of the file itself, with links resolved
+    std::optional<TemporaryFile> file_;
 };
 
 /// Writes a file with this content by `FileWriter`.
-void writeWhole(const std::string& name, std::string_view content);
+void writeWhole(const std::string& name, std::string_view content, Readers readers = Readers::AsBefore);
 
 /// Returns true if both names lead to the same file, even if it does not exist yet.
 bool isSameFile(const std::string& name, const std::string& other);

@@ -51,13 +51,15 @@ Content parse(const std::string& text)
     return content;
 }
 
-/// Ignores a malformed file, because the window must open anyway.
+/// Ignores a malformed file, because the window must open anyway. Throws an `InputError` if there is a file and it
+/// cannot be read.
 Content load(const std::string& file)
 {
+    std::error_code unknown;
+    if (std::filesystem::status(file, unknown).type() == std::filesystem::file_type::not_found)
+        return {};
     try {
         return parse(readFile(file));
-    } catch (const InputError&) {
-        return {};
     } catch (const nlohmann::json::exception&) {
         return {};
     }
@@ -67,17 +69,22 @@ Content load(const std::string& file)
 
 FrameMemory::FrameMemory(std::string file) : file_(std::move(file))
 {
-    if (!file_.empty())
+    if (file_.empty())
+        return;
+    try {
         content_ = load(file_);
+    } catch (const InputError& error) {
+        complain(error.what());
+    }
 }
 
 void FrameMemory::change(const std::function<void(Content&)>& change)
 {
     if (file_.empty())
         return change(content_);
-    content_ = load(file_);
-    change(content_);
     try {
+        content_ = load(file_);
+        change(content_);
         std::error_code ignored;
         std::filesystem::create_directories(std::filesystem::path(file_).parent_path(), ignored);
         writeWhole(file_, textOf(content_));

@@ -15,7 +15,8 @@ public:
         QByteArray geometry, docks; ///< in the toolkit's encoding
     };
 
-    /// If `file` is empty, nothing is kept. A missing or malformed file counts as empty.
+    /// If `file` is empty, nothing is kept. A missing or malformed file counts as empty, and
+    /// so does, after a complaint on standard error, one that cannot be read.
     explicit FrameMemory(std::string file = {});
 
     [[nodiscard]] const Content& content() const { return content_; }

@@ -13,7 +13,7 @@ namespace {
 std::string writeCopy(const std::string& file, const UnsavedSetup& unsaved)
 {
     try {
-        writeWhole(file, copyText(unsaved));
+        writeWhole(file, copyText(unsaved), Readers::OwnerOnly);
         return {};
     } catch (const InputError& error) {
         return error.what();
@@ -51,13 +51,15 @@ void FrameAutosave::write()
     const auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
     if (copy_ && kept_ && *now == *kept_)
         return;
-    attempt([&] {
+    const bool isWriting = attempt([&] {
         if (!copy_)
             copy_ = UnsavedCopy::create(folder_);
         writing_ = std::async(std::launch::async, [file = copy_->file(), now] { return writeCopy(file, *now); });
         kept_ = now;
         looking_.start();
     });
+    if (!isWriting)
+        timer_.start();
 }
 
 void FrameAutosave::written()
@@ -66,6 +68,7 @@ void FrameAutosave::written()
         return;
     looking_.stop();
     const std::string reason = writing_.get();
+    removeReplaced();
     if (reason.empty()) {
         hasFailed_ = false;
     } else {
@@ -96,15 +99,18 @@ void FrameAutosave::end()
     looking_.stop();
     if (writing_.valid())
         writing_.get();
+    removeReplaced();
     drop();
 }
 
-void FrameAutosave::attempt(const std::function<void()>& act)
+bool FrameAutosave::attempt(const std::function<void()>& act)
 {
     try {
         act();
+        return true;
     } catch (const std::exception& error) {
         fail(error.what());
+        return false;
     }
 }
 
@@ -152,12 +158,21 @@ FrameAutosave::Answered FrameAutosave::restore(UnsavedCopy& copy, const UnsavedS
     if (!session_.mayLeave(questions) || action.isOver())
         return Answered::Done;
     session_.restore(unsaved);
-    if (action.isOver() || copy_)
+    if (action.isOver())
         return Answered::Done;
-    // It stays until it is replaced or nothing is unsaved.
-    copy_ = std::move(copy);
+    // It stays until it is written anew or nothing is unsaved; that of the set-up which has been left goes.
+    replaced_ = std::exchange(copy_, std::move(copy));
     kept_.reset();
+    if (!writing_.valid())
+        removeReplaced();
     return Answered::Done;
+}
+
+void FrameAutosave::removeReplaced()
+{
+    if (replaced_)
+        attempt([this] { replaced_->remove(); });
+    replaced_.reset();
 }
 
 } // namespace ko

@@ -48,7 +48,9 @@ private:
     /// Does nothing while the copy is still being written.
     void written();
     void drop();
-    void attempt(const std::function<void()>& act);
+    void removeReplaced();
+    /// Returns false if it has failed.
+    bool attempt(const std::function<void()>& act);
     void fail(const std::string& reason);
     Answered offer(UnsavedCopy& copy, UserQuestions& questions, const UserActions::Action& action);
     static Recovery ask(const UnsavedCopy& copy, const UnsavedSetup& unsaved, UserQuestions& questions);
@@ -61,6 +63,7 @@ private:
     QTimer timer_;
     QTimer looking_; ///< whether the copy has been written
     std::optional<UnsavedCopy> copy_;
+    std::optional<UnsavedCopy> replaced_;      ///< to be removed when it is no longer being written
     std::shared_ptr<const UnsavedSetup> kept_; ///< what the copy holds, or will hold
     bool hasFailed_ = false;
     std::future<std::string> writing_; ///< yields the reason of a failure; waits when it is destroyed

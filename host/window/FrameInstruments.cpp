@@ -61,9 +61,11 @@ void FrameInstruments::handOver(const HostInstruments& drivers, bool isRestored)
 
 bool FrameInstruments::isOpen()
 {
-    if (history_.isLocked())
+    const bool isLocked = history_.isLocked();
+    // The window may be destroyed meanwhile.
+    if (isLocked)
         refuse(parts_.text(textNumber::instrumentEdit::readOnly));
-    return !history_.isLocked();
+    return !isLocked;
 }
 
 bool FrameInstruments::edit(const InstrumentChange& change)

@@ -105,8 +105,8 @@ void FramePrinting::printSheetOn(QPrinter& printer)
     QString reason;
     bool isPrinted = ko::printSheet(sheet(), printer);
     try {
-        if (isPrinted && !detour.file().isEmpty())
-            savePdf(detour.file(), detour.content());
+        if (!detour.file().isEmpty())
+            savePdf(detour.file(), isPrinted ? detour.content() : QByteArray());
     } catch (const InputError& error) {
         isPrinted = false;
         reason = toQt(error.what());

@@ -5,6 +5,21 @@
 
 namespace ko {
 
+namespace {
+
+/// The toolkit writes on after a failure. At the end of the file is the place of its table, which parts that are
+/// missing before move.
+bool isWhole(const QByteArray& pdf)
+{
+    const QByteArray mark = "startxref\n";
+    const qsizetype at = pdf.lastIndexOf(mark);
+    const QByteArrayList last = pdf.mid(at + mark.size()).split('\n');
+    return at >= 0 && last.size() > 1 && last[1].startsWith("%%EOF") &&
+           pdf.mid(last[0].toLongLong()).startsWith("xref");
+}
+
+} // namespace
+
 PdfDetour::PdfDetour(QPrinter& printer) : printer_(printer)
 {
     // A preview draws on its own paint engine, whatever the printer's output.
@@ -24,7 +39,7 @@ QByteArray PdfDetour::content() const
 {
     QFile file(printer_.outputFileName());
     const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    return content.trimmed().endsWith("%%EOF") ? content : QByteArray();
+    return isWhole(content) ? content : QByteArray();
 }
 
 } // namespace ko

@@ -198,8 +198,10 @@ void QtPrinters::begin()
     const bool isNowhere = own && own->outputFormat() == QPrinter::PdfFormat && pdfFile_.isEmpty();
     auto painter = std::make_unique<QPainter>();
     auto detour = std::make_unique<PdfDetour>(*printer);
-    if (isNowhere || !painter->begin(printer))
+    if (isNowhere || !painter->begin(printer)) {
+        save(detour->file(), {});
         throw Failure(printerError, "Printer error");
+    }
     own_ = std::move(own);
     printer_ = printer;
     detour_ = std::move(detour);
@@ -224,12 +226,17 @@ void QtPrinters::endDocument()
     const bool drawn = !painter_ || painter_->end();
     painter_.reset();
     const QString file = detour_ ? detour_->file() : QString();
-    const QByteArray content = file.isEmpty() ? QByteArray() : detour_->content();
+    const QByteArray content = drawn && detour_ ? detour_->content() : QByteArray();
     detour_.reset();
     printer_ = nullptr;
     own_.reset();
+    save(file, content);
     if (!drawn)
         throw Failure(printerError, "Printer error");
+}
+
+void QtPrinters::save(const QString& file, const QByteArray& content) const
+{
     try {
         if (!file.isEmpty())
             savePdf(file, content);

@@ -68,6 +68,8 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<QPrinter> makePrinter() const;
     void begin();
+    /// Saves a PDF file, if one is named; empty content is refused. Failure 482 with the reason.
+    void save(const QString& file, const QByteArray& content) const;
 
     Surfaces surfaces_;
     QString pdfFile_;

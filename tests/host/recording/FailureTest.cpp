@@ -3,6 +3,7 @@
 #include "host/recording/HeldRecording.h"
 #include "host/recording/RecordingTexts.h"
 #include "host/recording/UnfinishedFile.h"
+#include "host/support/TemporaryFile.h"
 
 #include <atomic>
 #include <cerrno>
@@ -223,7 +224,7 @@ std::size_t expectWhole(const std::string& file)
     };
     if (const Reading held(file); !held.isOpen())
         read(H5F_ACC_RDONLY | H5F_ACC_SWMR_READ);
-    EXPECT_FALSE(isBeingWritten(file));
+    EXPECT_FALSE(isLocked(file));
     clearUnfinished(file);
     read(H5F_ACC_RDONLY);
     return count;

@@ -135,6 +135,30 @@ TEST_F(AutosaveTest, EachWayInWhichNothingIsUnsavedAnyMoreRemovesTheCopy)
     }
 }
 
+TEST_F(AutosaveTest, ARestoredCopyTakesThePlaceOfThatOfTheSetupWhichIsLeftAlsoWhileItIsWritten)
+{
+    user.unsaved = Unsaved::Discard;
+    for (const bool isWriting : {false, true}) {
+        auto left = start(bench);
+        change(*left);
+        EXPECT_TRUE(waitForCopies(1));
+        left.reset();
+        const auto window = start();
+        window->files().beginNew("vibration");
+        change(*window);
+        EXPECT_TRUE(isWriting || waitForCopies(2));
+        if (isWriting)
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
+        user.recovery = Recovery::Restore;
+        window->autosave().offer(window->files().questions());
+        EXPECT_EQ(window->session().file(), bench);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return copies().size() == 1 && parseCopy(readFile(copies()[0].string()), "").file == bench; }));
+        window->close();
+        EXPECT_TRUE(copies().empty());
+    }
+}
+
 TEST_F(AutosaveTest, ProgramsThatRunAtOnceKeepTheirOwnCopies)
 {
     const auto first = start(bench);

@@ -153,18 +153,18 @@ protected:
     /// Performs an action of the user, and sometimes one of the host.
     void act()
     {
-        switch (user.upTo(40)) {
+        switch (user.draw.upTo(40)) {
         case 0: user.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
         case 1: user.have([this] { window.files().open(folder.filePath("bench.json")); }); break;
         case 2: breakDown(); break;
-        case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(user.upTo(2)))}); break;
+        case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(user.draw.upTo(2)))}); break;
         default: user.act();
         }
     }
     void breakDown()
     {
         constexpr const char* operations[]{"SamplePeriod set", "Duration get", "StartMode set", "SetTriggerParamValue"};
-        const std::string operation = operations[user.upTo(4)];
+        const std::string operation = operations[user.draw.upTo(4)];
         CallGate& calls = driver(0).calls();
         if (calls.failing().empty()) {
             window.capture().host({"fail", "0", operation});

@@ -260,6 +260,14 @@ const Opening openings[] = {
          desk.mistype();
          QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Delete);
      }},
+    {"RemovedReadOnly",
+     [](Desk& desk) {
+         InstrumentsView& dock = desk.window->instruments();
+         dock.setVisible(true);
+         dock.select(0);
+         desk.window->document().mode().setReadOnly(true);
+         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Delete);
+     }},
     {"Faults",
      [](Desk& desk) {
          InstrumentsView& dock = desk.window->instruments();

@@ -5,7 +5,6 @@
 
 #include <QListWidget>
 #include <QTreeView>
-#include <random>
 
 namespace ko::test {
 namespace {
@@ -291,52 +290,6 @@ TEST_F(InstrumentEditsTest, AThousandInstrumentsAreSearchedByNameChannelAndAddre
     press(Qt::Key_D, Qt::ControlModifier);
     EXPECT_EQ(tree.currentIndex().data().toString(), "Unit 1000");
     EXPECT_EQ(filter.text(), "") << "the copy would be hidden";
-}
-
-/// Whatever is edited, undoing all of it returns to the state after opening, and redoing to the last one.
-TEST_F(InstrumentEditsTest, RandomEditingIsUndoneToTheStart)
-{
-    QTimer reader;
-    onSignal(&reader, &QTimer::timeout, &reader, [] {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-            box->accept();
-    });
-    reader.start(0);
-    for (unsigned seed = 1; seed <= 3; ++seed) {
-        window.open(fromQt(folder.filePath("bench.json")));
-        const std::string opened = held();
-        const HostInstruments before = drivers();
-        std::minstd_rand random(seed);
-        const auto upTo = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
-        const std::pair<Qt::Key, Qt::KeyboardModifier> keys[]{
-            {Qt::Key_D, Qt::ControlModifier}, {Qt::Key_Delete, Qt::NoModifier},  {Qt::Key_Up, Qt::AltModifier},
-            {Qt::Key_Down, Qt::AltModifier},  {Qt::Key_G, Qt::ControlModifier},  {Qt::Key_Insert, Qt::ShiftModifier},
-            {Qt::Key_T, Qt::ControlModifier}, {Qt::Key_Space, Qt::NoModifier},   {Qt::Key_Z, Qt::ControlModifier},
-            {Qt::Key_Y, Qt::ControlModifier}, {Qt::Key_Home, Qt::ShiftModifier}, {Qt::Key_Up, Qt::ShiftModifier}};
-        for (int i = 0; i < 60; ++i) {
-            if (upTo(4) == 0)
-                insert(upTo(5));
-            tree.expandToDepth(1);
-            for (int row = upTo(12); row > 0; --row)
-                go(row == 1 || !tree.indexBelow(tree.currentIndex()).isValid()
-                       ? rows.index(upTo(std::max(rows.rowCount(), 1)), 0)
-                       : tree.indexBelow(tree.currentIndex()));
-            const auto [key, modifier] = keys[upTo(std::size(keys))];
-            QTest::keyClick(&tree, key, modifier);
-            if (i % 9 == 0)
-                rename(std::to_string(i).c_str());
-            if (i % 7 == 0)
-                upTo(2) == 0 ? page().optOnTrigger.userClicked() : page().optImmediate.userClicked();
-        }
-        window.history().edit([] {});
-        const std::string edited = held();
-        EXPECT_GT(steps().size(), 20U);
-        undoAll();
-        EXPECT_EQ(held(), opened) << "seed " << seed;
-        EXPECT_EQ(drivers(), before);
-        redoAll();
-        EXPECT_EQ(held(), edited) << "seed " << seed;
-    }
 }
 
 TEST_F(InstrumentEditsTest, FailuresAndFaultsOfAnInstrumentThatStaysAreKept)

@@ -1,5 +1,4 @@
 #include "FrameTest.h"
-#include "RandomUser.h"
 #include "host/docks/InstrumentsView.h"
 #include "host/setup/SetupWriter.h"
 
@@ -169,30 +168,6 @@ TEST_F(UndoTest, TheDockJumpsToAnyStepAndStaysWhereAnInstrumentRefuses)
     EXPECT_EQ(position(), 1U);
     EXPECT_EQ(list.currentIndex().row(), 1);
     EXPECT_EQ(page().txtSampleRate.text(), "5000");
-}
-
-/// Whatever the user does, undoing all of it returns to the state after opening.
-TEST_F(UndoTest, ARandomUserComesBackToTheStart)
-{
-    user.unsaved = Unsaved::Discard;
-    std::size_t undone = 0;
-    for (unsigned seed = 1; seed <= 4; ++seed) {
-        window.open(fromQt(folder.filePath("bench.json")));
-        const std::string opened = held();
-        const HostInstruments drivers = window.session().drivers();
-        RandomUser hands(window, seed);
-        for (int i = 0; i < 120; ++i)
-            hands.act();
-        window.document().mode().setReadOnly(false);
-        window.history().edit([] {});
-        if (window.session().drivers() != drivers)
-            continue;
-        undone += position();
-        while (position() > 0)
-            hands.have([&] { menuEntry(0).trigger(); });
-        EXPECT_EQ(held(), opened) << "seed " << seed;
-    }
-    EXPECT_GT(undone, 20U);
 }
 
 } // namespace
