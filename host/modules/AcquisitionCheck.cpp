@@ -2,6 +2,7 @@
 
 #include "host/instruments/KeptInstrument.h"
 #include "host/modules/CheckedSink.h"
+#include "host/modules/ShortRuns.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,41 +21,6 @@ constexpr std::int64_t endless = 1000000000;
 Monotonic::duration inTime(double seconds)
 {
     return std::chrono::duration_cast<Monotonic::duration>(std::chrono::duration<double>(seconds));
-}
-
-/// Brings the instrument to settings by which it delivers soon.
-void setForShortRuns(const OpenedInstrument& opened)
-{
-    CheckLog& log = opened.log;
-    Timebase& timebase = *opened.timebase;
-    log.may("setSamplePeriod", [&] { timebase.setSamplePeriod(0.001); });
-    log.may("setScanPeriod", [&] { timebase.setScanPeriod(0.05); });
-    log.may("setBlockSize", [&] { timebase.setBlockSize(10.0); });
-    log.may("setDuration", [&] { timebase.setDuration(1.0F); });
-    log.may("setStartMode", [&] { timebase.setStartMode(startMode::immediately); });
-    log.may("setStopMode", [&] { timebase.setStopMode(stopMode::afterDuration); });
-    InstrumentSettings held = opened.held();
-    bool isAnyEnabled = false;
-    forEachChannel(held, [&](const ChannelSettings& it, auto, auto) { isAnyEnabled = isAnyEnabled || it.isEnabled(); });
-    if (isAnyEnabled)
-        return;
-    forEachChannel(held, [](ChannelSettings& it, auto, auto) { it.enabled = std::int32_t{1}; });
-    log.must("restore, with all channels enabled", [&] { opened.instrument.restore(held); });
-}
-
-/// Makes a channel that can trigger the trigger source. Returns false if there is none.
-bool chooseTrigger(const OpenedInstrument& opened)
-{
-    bool isChosen = false;
-    const InstrumentSettings held = opened.held();
-    if (opened.parameters)
-        forEachChannel(held, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
-            const bool isSource = it.canTrigger && !isChosen;
-            opened.log.may("setTriggerEnabled",
-                           [&] { opened.parameters->setTriggerEnabled(group, channel, isSource); });
-            isChosen = isChosen || isSource;
-        });
-    return isChosen;
 }
 
 class AcquisitionCheck {

@@ -4,6 +4,7 @@
 #include "host/instruments/ForeignCall.h"
 #include "host/modules/ModuleCheck.h"
 
+#include <cmath>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -11,6 +12,9 @@
 #include <utility>
 
 namespace ko {
+
+/// A number as findings write it, also one that is not finite.
+std::string checkedNumber(double number);
 
 /// Counts the calls of a check and keeps what they do wrong. Members can be called on any thread.
 class CheckLog {
@@ -39,13 +43,19 @@ public:
         return make(call, act, Expected::Failure);
     }
 
-    /// Compares what `ask` answers with what the instrument holds. Returns whether both are the same.
-    template <class T, class Ask> bool agrees(const std::string& call, const T& held, const Ask& ask)
+    /// Makes a call that must answer what the instrument holds.
+    template <class T, class Ask> void agrees(const std::string& call, const T& held, const Ask& ask)
     {
-        const auto answer = must(call, ask);
-        if (answer && *answer != held)
+        if (const auto answer = must(call, ask); answer && *answer != held)
             blameDifference(call, callValue(*answer), callValue(held));
-        return answer && *answer == held;
+    }
+    /// The same for a number, which must be finite.
+    template <class T, class Ask> void agreesFinite(const std::string& call, T held, const Ask& ask)
+    {
+        if (const auto answer = must(call, ask); answer && !std::isfinite(*answer))
+            blame(call, "answers " + checkedNumber(static_cast<double>(*answer)));
+        else if (answer && *answer != held)
+            blameDifference(call, callValue(*answer), callValue(held));
     }
 
     /// Returns what was found. Nothing may be called afterwards.
@@ -89,8 +99,5 @@ private:
     ModuleReport report_;
     std::map<std::string, std::set<std::string>> findings_; ///< by subject and call
 };
-
-/// A number as findings write it, also one that is not finite.
-std::string checkedNumber(double number);
 
 } // namespace ko

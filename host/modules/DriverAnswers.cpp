@@ -5,7 +5,6 @@
 #include "host/instruments/ParameterTypes.h"
 
 #include <cctype>
-#include <cmath>
 
 namespace ko {
 
@@ -25,15 +24,6 @@ void compareChannel(const OpenedInstrument& opened, const ChannelSettings& held,
     const auto enabled = opened.log.must(call(attribute::enabled), attribute(attribute::enabled));
     if (enabled && (*enabled != Value(std::int32_t{0})) != held.isEnabled())
         opened.log.blame(call(attribute::enabled), "answers otherwise than held() has it");
-}
-
-void compareFinite(const OpenedInstrument& opened, const std::string& call, double held, double (Timebase::*get)())
-{
-    const auto answer = opened.log.must(call, [&] { return (opened.timebase->*get)(); });
-    if (answer && !std::isfinite(*answer))
-        opened.log.blame(call, "answers " + checkedNumber(*answer));
-    else if (answer)
-        opened.log.agrees(call, held, [&] { return *answer; });
 }
 
 void compareOffers(const OpenedInstrument& opened, const HeldNumber& it, const QuantitySettings& held)
@@ -179,14 +169,10 @@ void compareTimebase(const OpenedInstrument& opened, const InstrumentSettings& h
     const TimebaseSettings& its = *held.timebase;
     for (const HeldNumber& it : heldNumbers) {
         const QuantitySettings& quantity = its.*it.held;
-        compareFinite(opened, numberCall("", it.number->name), quantity.value, it.number->get);
+        log.agreesFinite(numberCall("", it.number->name), quantity.value, [&] { return (timebase.*it.number->get)(); });
         compareOffers(opened, it, quantity);
     }
-    const auto duration = log.must("Duration", [&] { return timebase.Duration(); });
-    if (duration && !std::isfinite(*duration))
-        log.blame("Duration", "answers " + checkedNumber(static_cast<double>(*duration)));
-    else if (duration)
-        log.agrees("Duration", its.duration, [&] { return *duration; });
+    log.agreesFinite("Duration", its.duration, [&] { return timebase.Duration(); });
     log.agrees("StartTime", its.startTime, [&] { return timebase.StartTime(); });
     log.agrees("StopMode", its.stopMode, [&] { return timebase.StopMode(); });
     log.agrees("StartMode", its.startMode, [&] { return timebase.StartMode(); });

@@ -24,7 +24,7 @@ public:
         settings.device = pick<std::string>({"a", "b"});
         std::vector<ChannelSettings> channels;
         for (const GroupSettings& group : settings.groups)
-            for (ChannelSettings channel : group.channels)
+            for (const ChannelSettings& channel : group.channels)
                 if (pick({true, true, false}))
                     channels.push_back(changed(channel));
         std::shuffle(channels.begin(), channels.end(), random_);

@@ -18,8 +18,8 @@ const std::string bench = R"({"drivers": [
 
 class ModuleFaultsTest : public testing::Test {
 protected:
-    ModuleFaultsTest() { std::filesystem::create_directories(folder_); }
-    ~ModuleFaultsTest() override { std::filesystem::remove_all(folder_); }
+    void SetUp() override { std::filesystem::create_directories(folder_); }
+    void TearDown() override { std::filesystem::remove_all(folder_); }
 
     Played played(const std::string& steps, const SharedScript& script)
     {

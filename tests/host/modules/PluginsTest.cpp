@@ -15,8 +15,8 @@ namespace fs = std::filesystem;
 /// A folder with copies of plug-ins, and with files that are none.
 class PluginsTest : public testing::Test {
 protected:
-    PluginsTest() { fs::create_directories(folder_); }
-    ~PluginsTest() override
+    void SetUp() override { fs::create_directories(folder_); }
+    void TearDown() override
     {
         ::unsetenv("KO_TEST_THROWS");
         fs::remove_all(folder_);
