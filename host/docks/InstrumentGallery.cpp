@@ -83,7 +83,7 @@ void InstrumentGallery::addKinds(const std::vector<InstrumentSettings>& kinds)
 
 void InstrumentGallery::search(const std::shared_ptr<DeviceSource>& devices)
 {
-    add(texts_(editText::searching), {}).setFlags(Qt::NoItemFlags);
+    add(texts_(textNumber::device::searching), {}).setFlags(Qt::NoItemFlags);
     inBackground(
         *this, [devices] { return devices->find(); }, [this](const std::vector<KnownDevice>& found) { show(found); });
 }
@@ -93,8 +93,8 @@ void InstrumentGallery::show(const std::vector<KnownDevice>& found)
     delete list_->takeItem(list_->count() - 1);
     for (const KnownDevice& device : found) {
         const bool isThere = !device.device.empty();
-        const QString of =
-            texts_(editText::ofModule).arg(toShown(device.module), toShown(isThere ? device.device : device.trouble));
+        const QString of = texts_(textNumber::device::ofModule)
+                               .arg(toShown(device.module), toShown(isThere ? device.device : device.trouble));
         if (isThere)
             add(toShown(device.title), of);
         else

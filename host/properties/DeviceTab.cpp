@@ -15,7 +15,7 @@ QWidget* makeDeviceTab(const PropertyContext& context, const InstrumentSettings&
     for (const auto& [name, value] : settings.options)
         context.fields.addBox(*form, toShown(name), optionPath(name), TextForm::Text);
     if (settings.options.empty())
-        form->addRow(new PlainLabel(context.texts(textNumber::properties::noOptions), content));
+        form->addRow(new PlainLabel(context.texts(textNumber::device::noOptions), content));
     return scrolledTab(*content, parent);
 }
 

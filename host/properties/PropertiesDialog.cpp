@@ -46,8 +46,8 @@ void PropertiesDialog::addHead(QBoxLayout& column)
     column.addLayout(form);
     fields_.addBox(*form, texts_(named::name), "name", TextForm::Text);
     if (!original_.module.empty()) {
-        fields_.addBox(*form, texts_(named::module), "module", TextForm::Text).setReadOnly(true);
-        fields_.addBox(*form, texts_(named::device), "device", TextForm::Text);
+        fields_.addBox(*form, texts_(textNumber::device::module), "module", TextForm::Text).setReadOnly(true);
+        fields_.addBox(*form, texts_(textNumber::device::device), "device", TextForm::Text);
         return;
     }
     kind_ = &makeKindList(context_, this);
@@ -64,7 +64,7 @@ void PropertiesDialog::addTabs(QBoxLayout& column)
     if (original_.module.empty())
         addSimulatedTabs(*tabs);
     else
-        tabs->addTab(makeDeviceTab(context_, original_, tabs), texts_(named::options));
+        tabs->addTab(makeDeviceTab(context_, original_, tabs), texts_(textNumber::device::options));
     message_ = new WarningLabel(this);
     message_->setObjectName(QStringLiteral("refusal"));
     message_->setWordWrap(true);

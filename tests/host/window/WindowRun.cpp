@@ -202,9 +202,9 @@ private:
     Workplace place_;
     std::weak_ptr<const void> setup_;
     HostInstruments drivers_; ///< at its start
-    std::string start_;        ///< what they held then
-    std::string clean_;        ///< what they hold without the changed mark
-    std::string content_;      ///< of the set-up's file
+    std::string start_;       ///< what they held then
+    std::string clean_;       ///< what they hold without the changed mark
+    std::string content_;     ///< of the set-up's file
     Texts broken_;
 };
 
