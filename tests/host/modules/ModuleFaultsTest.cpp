@@ -168,6 +168,16 @@ TEST_F(ModuleFaultsTest, ADeviceThatIsTakenAwayComesBack)
     EXPECT_NE(away.find("Device: was taken away"), std::string::npos) << away;
     EXPECT_NE(away.find("Device: scripted a: device a is not there"), std::string::npos) << away;
 
+    // It is missing when the set-up is opened, and there when it is handed over.
+    const auto late = std::make_shared<Script>();
+    late->missing = 1;
+    const Played once = played("record out.h5", late);
+    EXPECT_EQ(recordedSamples(once, "Device"), 50) << textOf(once);
+    late->missing = 2;
+    const Played missing = played("record out.h5\nsetup\nrecord again.h5", late);
+    EXPECT_NE(missing.only({"message"}).find("Device: scripted a: device a is not there"), std::string::npos);
+    EXPECT_EQ(recordedSamples(missing, "Device"), 50) << textOf(missing);
+
     // It is missing at first, and then plugged in.
     script->deliver = nullptr;
     const auto module = std::make_shared<ScriptedModule>(script);

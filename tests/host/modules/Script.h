@@ -15,6 +15,7 @@ struct Script {
     std::set<std::string> neverFails; ///< these answer something where they must fail
     bool isSilent = false;            ///< what is thrown has no text
     bool isGone = false;              ///< the device is not there
+    int missing = 0;                  ///< the device is not there for as many openings
     bool isRestless = false;          ///< `queryTimebase` returns another object each time
     std::vector<FoundDevice> found{{"a", "Device a"}, {"b", "Device b"}};
     std::function<std::string()> name;             ///< returns the module's name

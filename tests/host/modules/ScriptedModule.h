@@ -166,7 +166,7 @@ public:
     std::unique_ptr<Instrument> open(const std::string& device, const DeviceOptions& options) override
     {
         return script_->run("open", [&]() -> std::unique_ptr<Instrument> {
-            if (script_->isGone || (device != "a" && device != "b"))
+            if (script_->isGone || script_->missing-- > 0 || (device != "a" && device != "b"))
                 throw Failure(failure::unspecified, "device " + device + " is not there");
             return std::make_unique<ScriptedInstrument>(script_, options);
         });
