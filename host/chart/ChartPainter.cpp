@@ -83,7 +83,7 @@ void ChartPainter::paintNames(const QRectF& rect, const ChartRow& row)
         line.translate(0.0, layout_.line);
     }
     if (line.bottom() <= rect.bottom())
-        text(line, Qt::AlignLeft, toShown(row.channel.instrumentName));
+        text(line, Qt::AlignLeft, toLine(row.channel.instrumentName));
 }
 
 void ChartPainter::paintPlot(const ChartRow& row)
@@ -158,7 +158,7 @@ void ChartPainter::paintMarks(const ChartPlot& plot, const ChartState& state)
     for (std::size_t i = 0; i < state.markers.size(); ++i) {
         const Marker& marker = state.markers[i];
         const QString number = QString::number(i + 1);
-        paintMark(plot, marker.time, marker.text.empty() ? number : toShown(marker.text), Qt::DashLine);
+        paintMark(plot, marker.time, marker.text.empty() ? number : toLine(marker.text), Qt::DashLine);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "host/chart/ChartTexts.h"
 
 #include "platform/NumberText.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/ShownText.h"
 
 #include <cmath>
@@ -30,13 +31,13 @@ QString ChartTexts::time(double seconds, double step) const
 
 QString ChartTexts::name(const ChartChannel& channel)
 {
-    return toShown(channel.channel.name.empty() ? channel.channel.address : channel.channel.name);
+    return toLine(channel.channel.name.empty() ? channel.channel.address : channel.channel.name);
 }
 
 QString ChartTexts::latest(const ChartChannel& channel, const ChannelState& state) const
 {
     return std::isnan(state.latest) ? QStringLiteral("\u2013")
-                                    : QStringLiteral("%1 %2").arg(number(state.latest), toShown(channel.channel.unit));
+                                    : QStringLiteral("%1 %2").arg(number(state.latest), toLine(channel.channel.unit));
 }
 
 QString ChartTexts::clipped(const ChannelState& state) const
@@ -47,9 +48,9 @@ QString ChartTexts::clipped(const ChannelState& state) const
 QString ChartTexts::details(const ChartChannel& channel, const ChannelState& state) const
 {
     const ArmedChannel& it = channel.channel;
-    QStringList lines{name(channel), toShown(channel.instrumentName), toShown(it.address), latest(channel, state)};
+    QStringList lines{name(channel), toLine(channel.instrumentName), toLine(it.address), latest(channel, state)};
     if (it.hasRange())
-        lines << texts(chartText::range).arg(number(it.range.minimum), number(it.range.maximum), toShown(it.unit));
+        lines << texts(chartText::range).arg(number(it.range.minimum), number(it.range.maximum), toLine(it.unit));
     lines << clipped(state);
     lines.removeAll(QString());
     return lines.join(u'\n');

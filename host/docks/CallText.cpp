@@ -4,6 +4,7 @@
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/ShownText.h"
 
 namespace ko {
@@ -25,7 +26,7 @@ public:
         const bool isSingle = static_cast<double>(single) == value;
         return toQt(numberText(isSingle ? widen(single) : value, locale_));
     }
-    QString operator()(const std::string& text) const { return toShown(text); }
+    QString operator()(const std::string& text) const { return toLine(text); }
     QString operator()(DateTime time) const
     {
         try {

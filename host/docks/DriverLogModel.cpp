@@ -2,8 +2,10 @@
 
 #include "host/docks/CallText.h"
 #include "host/support/HostTexts.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -38,15 +40,15 @@ DriverLogModel::DriverLogModel(Texts texts, const Locale& locale, QObject* paren
 
 void DriverLogModel::add(const HostInstrument& driver, const DriverCall& call)
 {
-    put({QDateTime::currentMSecsSinceEpoch(), toQt(driver.name()), call.operation, call.arguments, shown(call.value),
+    put({QDateTime::currentMSecsSinceEpoch(), toLine(driver.name()), call.operation, call.arguments, shown(call.value),
          shown(call.kept), QString()});
 }
 
 void DriverLogModel::add(const HostInstrument& driver, const FailedCall& call)
 {
     const QString failure =
-        QStringLiteral("%1 (%2)").arg(toQt(call.failure.what()), QString::number(call.failure.number()));
-    put({QDateTime::currentMSecsSinceEpoch(), toQt(driver.name()), call.operation, call.arguments, shown(call.value),
+        QStringLiteral("%1 (%2)").arg(toLine(std::string(call.failure.what())), QString::number(call.failure.number()));
+    put({QDateTime::currentMSecsSinceEpoch(), toLine(driver.name()), call.operation, call.arguments, shown(call.value),
          QString(), failure});
 }
 

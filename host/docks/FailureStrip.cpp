@@ -3,6 +3,7 @@
 #include "host/docks/FailedSetting.h"
 #include "host/support/HostTexts.h"
 #include "platform/DateTimes.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
@@ -185,9 +186,9 @@ void FailureStrip::announce(const std::vector<Line>& lines)
 
 QString FailureStrip::lineOf(const DriverFailure& failure) const
 {
-    const QString reason = QStringLiteral("%1 (%2)").arg(toShown(failure.reason), QString::number(failure.number));
+    const QString reason = QStringLiteral("%1 (%2)").arg(toLine(failure.reason), QString::number(failure.number));
     return texts_(hostText::failingLine)
-        .arg(toShown(failure.name), failedSetting(failure.operation, texts_), timeText(failure.time), reason);
+        .arg(toLine(failure.name), failedSetting(failure.operation, texts_), timeText(failure.time), reason);
 }
 
 } // namespace ko

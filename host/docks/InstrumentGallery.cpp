@@ -3,6 +3,7 @@
 #include "host/setup/SetupTemplates.h"
 #include "host/support/HostTexts.h"
 #include "host/toolkit/Background.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
@@ -76,7 +77,7 @@ QListWidgetItem& InstrumentGallery::add(const QString& title, const QString& des
 void InstrumentGallery::addKinds(const std::vector<InstrumentSettings>& kinds)
 {
     for (const InstrumentSettings& kind : kinds)
-        add(toQt(kind.name), descriptionOf(texts_, kindWord(kind)));
+        add(toLine(kind.name), descriptionOf(texts_, kindWord(kind)));
     choices_ = kinds;
     list_->setCurrentRow(0);
 }
@@ -85,18 +86,19 @@ void InstrumentGallery::search(const std::shared_ptr<DeviceSource>& devices)
 {
     add(texts_(textNumber::device::searching), {}).setFlags(Qt::NoItemFlags);
     inBackground(
-        *this, [devices] { return devices->find(); }, [this](const std::vector<KnownDevice>& found) { show(found); });
+        *this, [devices] { return devices->find(); },
+        [this](const std::vector<KnownDevice>& found) { addFound(found); });
 }
 
-void InstrumentGallery::show(const std::vector<KnownDevice>& found)
+void InstrumentGallery::addFound(const std::vector<KnownDevice>& found)
 {
     delete list_->takeItem(list_->count() - 1);
     for (const KnownDevice& device : found) {
         const bool isThere = !device.device.empty();
         const QString of = texts_(textNumber::device::ofModule)
-                               .arg(toShown(device.module), toShown(isThere ? device.device : device.trouble));
+                               .arg(toLine(device.module), toLine(isThere ? device.device : device.trouble));
         if (isThere)
-            add(toShown(device.title), of);
+            add(toLine(device.title), of);
         else
             add(of, {}).setFlags(Qt::NoItemFlags);
         InstrumentSettings& choice = choices_.emplace_back();

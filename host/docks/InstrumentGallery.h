@@ -24,7 +24,7 @@ public:
 private:
     void addKinds(const std::vector<InstrumentSettings>& kinds);
     void search(const std::shared_ptr<DeviceSource>& devices);
-    void show(const std::vector<KnownDevice>& found);
+    void addFound(const std::vector<KnownDevice>& found);
     QListWidgetItem& add(const QString& title, const QString& description);
 
     Texts texts_;

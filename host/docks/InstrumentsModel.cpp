@@ -2,7 +2,9 @@
 
 #include "host/support/HostTexts.h"
 #include "host/toolkit/Later.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QApplication>
 #include <QStyle>
@@ -118,7 +120,7 @@ QVariant InstrumentsModel::data(const QModelIndex& index, int role) const
         return {};
     const InstrumentRow& shown = *row(index);
     if (role == Qt::DisplayRole)
-        return index.column() == Name ? nameOf(shown, texts_) : valueOf(shown, texts_, locale_);
+        return toLine(index.column() == Name ? nameOf(shown, texts_) : valueOf(shown, texts_, locale_));
     if (role == Qt::EditRole && isNamed(index, shown))
         return toQt(nameAt(shown));
     if (role == Qt::CheckStateRole && isCheck(index, shown))

@@ -3,6 +3,7 @@
 #include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
 #include "host/toolkit/DockLayout.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
@@ -102,7 +103,7 @@ void Reports::add(std::int32_t number, const QString& source, const QString& des
 void Reports::addRow(const QString& instrument, const QString& failure, const QString& source)
 {
     const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
-    auto* item = new QTreeWidgetItem({time, instrument, failure, source});
+    auto* item = new QTreeWidgetItem({time, toLine(instrument), toLine(failure), toLine(source)});
     for (int column = 0; column < columns; ++column)
         item->setData(column, Qt::ToolTipRole, plainTip(item->text(column)));
     if (list_->topLevelItemCount() == kept)

@@ -1,6 +1,7 @@
 #include "host/properties/ChannelsTab.h"
 
 #include "host/support/HostTexts.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/ShownText.h"
 
@@ -64,7 +65,7 @@ void ChannelsTab::fillList(const std::vector<GroupSettings>& groups)
         for (std::size_t c = 0; c < groups[g].channels.size(); ++c) {
             const ChannelSettings& channel = groups[g].channels[c];
             const std::string name = channel.name.empty() ? channel.address : channel.name;
-            auto* const item = new QListWidgetItem(toShown(groups[g].name + ": " + name), list_);
+            auto* const item = new QListWidgetItem(toLine(groups[g].name + ": " + name), list_);
             item->setData(pathRole, toQt(channelPath(g, c)));
         }
 }

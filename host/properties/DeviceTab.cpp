@@ -13,7 +13,7 @@ QWidget* makeDeviceTab(const PropertyContext& context, const InstrumentSettings&
     auto* const content = new QWidget(parent);
     auto* const form = new QFormLayout(content);
     for (const auto& [name, value] : settings.options)
-        context.fields.addBox(*form, toShown(name), optionPath(name), TextForm::Text);
+        context.fields.addBox(*form, toLine(name), optionPath(name), TextForm::Text);
     if (settings.options.empty())
         form->addRow(new PlainLabel(context.texts(textNumber::device::noOptions), content));
     return scrolledTab(*content, parent);

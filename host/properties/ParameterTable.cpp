@@ -3,6 +3,7 @@
 #include "host/support/HostTexts.h"
 #include "platform/Scoped.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/ShownText.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -52,6 +53,8 @@ class CellDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// What is edited is the whole text.
+    QString displayText(const QVariant& value, const QLocale&) const override { return toLine(value.toString()); }
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
         const QStringList offered = offeredIn(index);

@@ -133,17 +133,6 @@ void overwrite(hid_t object, const char* name, const void* value)
     made(H5Awrite(attribute.id(), type.id(), value));
 }
 
-std::string shortened(std::string text, std::size_t size)
-{
-    const auto continues = [&](std::size_t at) { return (static_cast<unsigned char>(text[at]) & 0xc0U) == 0x80U; };
-    if (text.size() <= size)
-        return text;
-    while (size > 0 && continues(size))
-        --size;
-    text.resize(size);
-    return text;
-}
-
 std::string padded(const std::string& text, std::size_t size)
 {
     std::string result = text;

@@ -95,9 +95,6 @@ private:
 /// see `padded`.
 void overwrite(hid_t object, const char* name, const void* value);
 
-/// Returns the text, without its last letters if it is longer than `size` bytes of UTF-8.
-std::string shortened(std::string text, std::size_t size);
-
 /// Returns the text with as many null bytes as make it this long.
 std::string padded(const std::string& text, std::size_t size);
 

@@ -1,5 +1,6 @@
 #include "host/recording/Hdf5.h"
 #include "host/recording/Recorder.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <utility>

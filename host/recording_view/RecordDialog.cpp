@@ -8,6 +8,7 @@
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -106,7 +107,7 @@ void RecordDialog::accept()
     if (file().empty())
         return;
     if (!QFileInfo(chosen.path()).isDir())
-        return showProblem(texts_(recordText::noFolder).arg(chosen.path()));
+        return showProblem(texts_(recordText::noFolder).arg(toLine(chosen.path())));
     if (chosen.exists()) {
         Modal<PlainBox> box(QMessageBox::Question, windowTitle(), texts_(recordText::exists).arg(chosen.fileName()),
                             texts_(recordText::replaceHint).arg(QFileInfo(toQt(keptName(file()))).fileName()),

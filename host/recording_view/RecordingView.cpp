@@ -4,6 +4,7 @@
 #include "host/toolkit/HintLine.h"
 #include "host/toolkit/SizeText.h"
 #include "platform/NumberText.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
@@ -116,7 +117,7 @@ void RecordingView::showEnd(const std::string& file, const HeldRecording& held, 
     details_->setVisible(!reason.isEmpty());
     progress_->hide();
     path_ = toQt(file);
-    file_->setText(toShown(file));
+    file_->setText(toLine(file));
     fillSummary(held);
     for (QWidget* const widget :
          {static_cast<QWidget*>(file_), static_cast<QWidget*>(folder_), static_cast<QWidget*>(summary_)})
@@ -136,7 +137,7 @@ void RecordingView::fillSummary(const HeldRecording& held)
     summary_->setRowCount(static_cast<int>(held.instruments.size()));
     for (int row = 0; row < summary_->rowCount(); ++row) {
         const HeldInstrument& it = held.instruments[static_cast<std::size_t>(row)];
-        names << toShown(it.name);
+        names << toLine(it.name);
         summary_->setItem(row, Promised, cell(it.promised ? count(*it.promised) : QString()));
         summary_->setItem(row, Held, cell(count(it.samples)));
         summary_->setItem(row, Lost, cell(count(it.lost)));

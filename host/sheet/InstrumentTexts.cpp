@@ -3,6 +3,7 @@
 #include "host/support/HostTexts.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/ShownText.h"
 
 #include <array>

@@ -7,6 +7,7 @@
 #include "host/support/HostTexts.h"
 #include "page/Differences.h"
 #include "platform/DateTimes.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/ShownText.h"
 
 namespace ko {

@@ -8,23 +8,7 @@ namespace ko {
 
 namespace {
 
-constexpr std::size_t longest = 500;
-
-bool isContinuation(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-std::string shortened(std::string text)
-{
-    if (text.size() > longest) {
-        std::size_t end = longest;
-        while (isContinuation(text[end]))
-            --end;
-        text.resize(end);
-    }
-    return text;
-}
+constexpr std::size_t longest = 500; // bytes
 
 } // namespace
 
@@ -35,7 +19,7 @@ std::string oneLine(std::string text)
     return withoutDirections(std::move(text));
 }
 
-InputError::InputError(const std::string& what) : std::runtime_error(oneLine(shortened(what))) {}
+InputError::InputError(const std::string& what) : std::runtime_error(oneLine(shortened(what, longest))) {}
 
 InputError::InputError(const std::string& file, int line, const std::string& what)
     : InputError(file + ":" + std::to_string(line) + ": " + what)

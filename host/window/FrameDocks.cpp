@@ -69,7 +69,7 @@ void FrameDocks::joinStrip()
         std::vector<FailureStrip::Line> lines;
         for (const RecordingFailure& failure :
              recordingFailures ? recordingFailures() : std::vector<RecordingFailure>())
-            lines.push_back({failure.key, toShown(failure.text)});
+            lines.push_back({failure.key, toLine(failure.text)});
         return lines;
     };
     failures_->tryAgain = [this] { handOverAgain(); };

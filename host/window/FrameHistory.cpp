@@ -5,6 +5,7 @@
 #include "host/window/FrameCapture.h"
 #include "host/window/PageHost.h"
 #include "platform/Scoped.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/ShownText.h"
 
@@ -194,7 +195,7 @@ void FrameHistory::showSteps()
 {
     const auto& steps = history_.steps();
     const auto count = static_cast<int>(steps.size());
-    const auto textAt = [&](int i) { return toShown(steps[static_cast<std::size_t>(i)]); };
+    const auto textAt = [&](int i) { return toLine(steps[static_cast<std::size_t>(i)]); };
     int same = 0;
     while (same < std::min(stack_->count(), count) && stack_->text(same) == textAt(same))
         ++same;
@@ -214,11 +215,13 @@ void FrameHistory::showEntries()
     const auto& steps = history_.steps();
     const std::size_t at = history_.position();
     const auto entry = [&](bool any, std::size_t step, int named, int alone) {
-        return any ? parts_.text(named).arg(toShown(steps[step]).replace(u'&', QStringLiteral("&&")))
+        return any ? parts_.text(named).arg(toLine(steps[step]).replace(u'&', QStringLiteral("&&")))
                    : parts_.text(alone);
     };
     undo_.setText(entry(at > 0, at - 1, historyText::undoStep, historyText::undo));
     redo_.setText(entry(at < steps.size(), at, historyText::redoStep, historyText::redo));
+    for (QAction* const action : {&undo_, &redo_})
+        action->setToolTip(plainTip(withoutMnemonic(action->text())));
     view_->setEnabled(!isLocked());
 }
 

@@ -8,9 +8,11 @@
 #include "host/toolkit/DockRoom.h"
 #include "host/toolkit/HelpWindow.h"
 #include "host/window/FrameWindow.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -27,7 +29,7 @@ namespace {
 QString entryOf(int number, const QString& file)
 {
     const QFileInfo info(file);
-    QString text = QStringLiteral("%1 (%2)").arg(info.fileName(), info.path());
+    QString text = QStringLiteral("%1 (%2)").arg(toLine(info.fileName()), toLine(info.path()));
     return QStringLiteral("&%1  %2").arg(QString::number(number), text.replace(u'&', QStringLiteral("&&")));
 }
 

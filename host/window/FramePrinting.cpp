@@ -11,6 +11,7 @@
 #include "host/window/PageHost.h"
 #include "host/window/UserQuestions.h"
 #include "widgets/services/PdfDetour.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/ShownText.h"
 

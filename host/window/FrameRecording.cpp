@@ -11,6 +11,7 @@
 #include "host/window/FrameFiles.h"
 #include "host/window/PageHost.h"
 #include "host/window/RecordStart.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PageTexts.h"
 #include "widgets/support/ShownText.h"

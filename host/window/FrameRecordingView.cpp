@@ -5,6 +5,7 @@
 #include "host/support/HostTexts.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameRecording.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/ShownText.h"
 
 #include <QDialog>

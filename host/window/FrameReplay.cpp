@@ -9,6 +9,7 @@
 #include "host/window/FrameParts.h"
 #include "host/window/InputLock.h"
 #include "host/window/PageHost.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"

@@ -5,6 +5,7 @@
 #include "host/toolkit/HintLine.h"
 #include "host/window/FrameCapture.h"
 #include "widgets/support/PageTexts.h"
+#include "widgets/support/ShownText.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
@@ -204,7 +205,7 @@ void PageHost::showRange(const std::string& hint)
 void PageHost::showHint()
 {
     const bool sameControl = hinted_ == document_->page().activeControl();
-    hint_->setText(toQt(focusHint() + (sameControl ? rangeHint_ : std::string())));
+    hint_->setText(toLine(focusHint() + (sameControl ? rangeHint_ : std::string())));
     // Otherwise the hint of the widget below the mouse would hide it.
     window_.statusBar()->clearMessage();
 }

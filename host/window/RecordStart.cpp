@@ -5,6 +5,7 @@
 #include "host/window/FrameParts.h"
 #include "host/window/UserQuestions.h"
 #include "platform/DateTimes.h"
+#include "platform/Utf8.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -21,11 +22,8 @@ QString asFileName(QString text)
 {
     static const QRegularExpression reserved(QStringLiteral("[/\\\\:*?\"<>|\\p{C}]"));
     // Names are bounded in bytes, and date and extension follow.
-    constexpr qsizetype atMost = 150;
-    text = text.replace(reserved, QStringLiteral("-")).trimmed();
-    while (text.toUtf8().size() > atMost || (!text.isEmpty() && text.back().isHighSurrogate()))
-        text.chop(1);
-    return text;
+    constexpr std::size_t atMost = 150;
+    return toQt(shortened(fromQt(text.replace(reserved, QStringLiteral("-")).trimmed()), atMost));
 }
 
 } // namespace

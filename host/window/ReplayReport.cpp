@@ -1,6 +1,7 @@
 #include "host/window/ReplayReport.h"
 
 #include "host/support/HostTexts.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
@@ -30,7 +31,7 @@ std::vector<std::string> linesOf(const std::string& text)
 
 QString summary(const Texts& texts, const ReplayResult& result)
 {
-    const QString name = toShown(fromQt(QFileInfo(toQt(result.file)).fileName()));
+    const QString name = toLine(QFileInfo(toQt(result.file)).fileName());
     const QString line = QString::number(result.lastLine);
     if (!result.isWhole)
         return texts(replayText::stopped).arg(name, line);
@@ -49,9 +50,9 @@ QTreeWidget* table(const Texts& texts, const std::vector<ReplayDifference>& diff
     list->setUniformRowHeights(true);
     list->setAllColumnsShowFocus(true);
     for (const ReplayDifference& difference : differences) {
-        const QString found = difference.found ? toShown(*difference.found) : texts(replayText::noEffect);
-        auto* row = new QTreeWidgetItem({QString::number(difference.line), toShown(difference.command),
-                                         toShown(difference.expected.value_or("")), found});
+        const QString found = difference.found ? toLine(*difference.found) : texts(replayText::noEffect);
+        auto* row = new QTreeWidgetItem({QString::number(difference.line), toLine(difference.command),
+                                         toLine(difference.expected.value_or("")), found});
         for (int column = 0; column < list->columnCount(); ++column)
             row->setData(column, Qt::ToolTipRole, plainTip(row->text(column)));
         list->addTopLevelItem(row);

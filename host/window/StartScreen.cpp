@@ -1,6 +1,7 @@
 #include "host/window/StartScreen.h"
 
 #include "host/support/HostTexts.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
 #include "widgets/support/ShownText.h"
@@ -117,8 +118,8 @@ void StartScreen::showRecent(const QStringList& files)
     noRecent_->setVisible(files.isEmpty());
     for (const QString& file : files) {
         const QFileInfo info(file);
-        StartEntry& entry = addEntry(*recent_, QStyle::SP_FileIcon, toShown(fromQt(info.fileName())),
-                                     toShown(fromQt(info.path())), [this, file] { openRecent(file); });
+        StartEntry& entry = addEntry(*recent_, QStyle::SP_FileIcon, toLine(info.fileName()), toLine(info.path()),
+                                     [this, file] { openRecent(file); });
         entry.shortenMiddle();
         entry.setToolTip(plainTip(file));
     }

@@ -2,6 +2,7 @@
 
 #include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/ShownText.h"

@@ -40,6 +40,16 @@ std::string_view utf8Part(std::string_view text, std::size_t start, std::size_t 
     return text.substr(first, skip(text, first, length) - first);
 }
 
+std::string shortened(std::string text, std::size_t bytes)
+{
+    if (text.size() <= bytes)
+        return text;
+    while (bytes > 0 && isContinuation(text[bytes]))
+        --bytes;
+    text.resize(bytes);
+    return text;
+}
+
 std::string withoutDirections(std::string text)
 {
     const auto turns = [](std::string_view character) {

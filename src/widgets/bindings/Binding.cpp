@@ -1,7 +1,9 @@
 #include "widgets/bindings/Binding.h"
 
 #include "widgets/bindings/FormView.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/PlainText.h"
+#include "widgets/support/ShownText.h"
 
 #include <QWidget>
 
@@ -50,9 +52,9 @@ void Binding::refresh(Aspect aspect)
 
 void Binding::refreshHint()
 {
-    const QString toolTip = control_.hasToolTip() ? toQt(control_.toolTipText()) : QString();
+    const QString toolTip = control_.hasToolTip() ? toShown(control_.toolTipText()) : QString();
     widget_.setToolTip(plainTip(toolTip));
-    QString hint = toolTip.isEmpty() ? toQt(control_.tag()) : toolTip;
+    QString hint = toolTip.isEmpty() ? toShown(control_.tag()) : toolTip;
     // A number is the offset of a text for the loader, not a hint.
     bool isNumber = false;
     hint.toInt(&isNumber);

@@ -1,7 +1,9 @@
 #include "widgets/bindings/ButtonBindings.h"
 
 #include "widgets/bindings/FormView.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/ShownText.h"
 
 #include <QKeyEvent>
 #include <QShortcutEvent>
@@ -48,7 +50,7 @@ void PressBinding::refresh(Aspect aspect)
         Binding::refresh(aspect);
         return;
     }
-    const QString caption = toQt(press_.caption());
+    const QString caption = toLine(press_.caption());
     button_.setText(caption);
     button_.setAccessibleName(withoutMnemonic(caption));
 }

@@ -3,8 +3,10 @@
 #include "platform/Scoped.h"
 #include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/FormView.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PageTexts.h"
+#include "widgets/support/ShownText.h"
 
 #include <QKeyEvent>
 
@@ -30,8 +32,8 @@ void CellEditor::open()
     box_ = new QLineEdit;
     isAway_ = false;
     box_->setFrame(false);
-    box_->setAccessibleName(toQt(grid_.cell(row_, Grid::nameColumn).value));
-    box_->setAccessibleDescription(toQt(grid_.tag()));
+    box_->setAccessibleName(toLine(grid_.cell(row_, Grid::nameColumn).value));
+    box_->setAccessibleDescription(toShown(grid_.tag()));
     if (grid_.cell(row_, Grid::valueColumn).style.alignment == CellStyle::Alignment::right)
         box_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     box_->installEventFilter(this);

@@ -86,7 +86,7 @@ void ChannelSelectorBinding::showEntries()
     for (const ChannelSelector::Entry& entry : selector_.entries()) {
         const int depth = entry.depth();
         auto* item = depth == 0 ? new QTreeWidgetItem(browser_.tree) : new QTreeWidgetItem(above[depth - 1]);
-        item->setText(0, toShown(entry.text));
+        item->setText(0, toLine(entry.text));
         item->setData(0, Qt::UserRole, static_cast<qulonglong>(items_.size()));
         items_.push_back(item);
         if (depth < 2)
@@ -94,7 +94,7 @@ void ChannelSelectorBinding::showEntries()
     }
     for (const std::string& note : selector_.notes()) {
         auto* item = new QTreeWidgetItem(browser_.tree);
-        item->setText(0, toShown(note));
+        item->setText(0, toLine(note));
         item->setFlags(Qt::ItemNeverHasChildren);
     }
     browser_.tree->setSelectionMode(selector_.multipleSelection() ? QAbstractItemView::ExtendedSelection

@@ -2,7 +2,9 @@
 
 #include "widgets/bindings/FormView.h"
 #include "widgets/bindings/NumberList.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/ShownText.h"
 
 #include <QEvent>
 #include <QLineEdit>
@@ -65,7 +67,7 @@ QVariant ItemsModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || row >= control_.items().size())
         return {};
     switch (role) {
-    case Qt::DisplayRole: return toQt(control_.items()[row].text);
+    case Qt::DisplayRole: return toLine(control_.items()[row].text);
     case Qt::TextAlignmentRole: return alignment_.toInt();
     default: return {};
     }

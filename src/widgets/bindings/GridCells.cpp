@@ -1,7 +1,9 @@
 #include "widgets/bindings/GridCells.h"
 
 #include "widgets/bindings/CellEditor.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
+#include "widgets/support/ShownText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -76,7 +78,7 @@ QStringList textsOf(const std::vector<std::string>& choices)
 {
     QStringList texts;
     for (const std::string& choice : choices)
-        texts.push_back(toQt(choice));
+        texts.push_back(toLine(choice));
     return texts;
 }
 
@@ -125,7 +127,7 @@ void GridCells::show()
 void GridCells::showHeader(int column)
 {
     const Grid::Cell& cell = grid_.cell(0, column);
-    auto* item = new QTableWidgetItem(toQt(cell.value));
+    auto* item = new QTableWidgetItem(toLine(cell.value));
     item->setFont(fontOf(table_, grid_.colHeaderStyle().font));
     item->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table_.setHorizontalHeaderItem(column, item);
@@ -139,7 +141,7 @@ void GridCells::showCell(int row, int column)
         item = new QTableWidgetItem;
         table_.setItem(row - 1, column, item);
     }
-    item->setText(toQt(cell.value));
+    item->setText(toLine(cell.value));
     // Read-only cells do not look like a field.
     const SystemColor interior = cell.style.readOnly ? SystemColor::inactiveBorder : cell.style.interior;
     item->setBackground(table_.palette().brush(roleOf(interior)));
@@ -179,7 +181,7 @@ void GridCells::showCheck(int row)
     box->setChecked(checkState(grid_.cell(row, Grid::valueColumn).value).value_or(false));
     box->setEnabled(grid_.isEditable(row) || grid_.isRead());
     box->setAttribute(Qt::WA_TransparentForMouseEvents, !grid_.isEditable(row));
-    box->setAccessibleName(toQt(grid_.cell(row, Grid::nameColumn).value));
+    box->setAccessibleName(toLine(grid_.cell(row, Grid::nameColumn).value));
     onSignal(box, &QCheckBox::clicked, this, [this, row](bool on) { edited(row, checkText(on)); });
 }
 
@@ -189,14 +191,17 @@ void GridCells::showList(int row)
     auto* list = cellWidget<ListCell>(row);
     list->disconnect(this);
     list->clear();
-    list->addItems(textsOf(cell.style.choices));
+    const std::vector<std::string>& choices = cell.style.choices;
+    list->addItems(textsOf(choices));
     // Also shows a value that is not among the choices.
-    list->setPlaceholderText(toQt(cell.value));
-    list->setCurrentIndex(list->findText(toQt(cell.value), Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    list->setPlaceholderText(toLine(cell.value));
+    const auto found = std::find(choices.begin(), choices.end(), cell.value);
+    list->setCurrentIndex(found == choices.end() ? -1 : static_cast<int>(found - choices.begin()));
     list->setEnabled(grid_.isEditable(row));
-    list->setAccessibleName(toQt(grid_.cell(row, Grid::nameColumn).value));
+    list->setAccessibleName(toLine(grid_.cell(row, Grid::nameColumn).value));
     onSignal(
-        list, &QComboBox::textActivated, this, [this, row](const QString& text) { edited(row, text); },
+        list, &QComboBox::activated, this,
+        [this, row, choices](int index) { edited(row, toQt(choices[static_cast<std::size_t>(index)])); },
         Qt::QueuedConnection);
 }
 

@@ -1,6 +1,7 @@
 #include "widgets/bindings/LabelBinding.h"
 
 #include "widgets/bindings/FormView.h"
+#include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PageTexts.h"
 #include "widgets/support/PlainText.h"
@@ -136,6 +137,8 @@ SentenceBinding::SentenceBinding(FormView& view, Label& control, QLabel& label)
     pause_.setInterval(moment);
     // Assistive technology is notified only when the accessible name changes.
     onSignal(&pause_, &QTimer::timeout, &label, [&label] { label.setAccessibleName(label.text()); });
+    // A name without a blank in it must not widen the window.
+    label_.setMinimumWidth(1);
     refreshAll();
 }
 

@@ -73,7 +73,7 @@ void TableBinding::showContent()
 {
     QStringList headers;
     for (const std::string& column : content_.columns())
-        headers << toShown(column);
+        headers << toLine(column);
     table_.setColumnCount(static_cast<int>(headers.size()));
     table_.setHorizontalHeaderLabels(headers);
     table_.setRowCount(static_cast<int>(content_.rows().size()));
@@ -87,7 +87,7 @@ void TableBinding::showContent()
 void TableBinding::showRow(int row)
 {
     const Table::Row& content = content_.rows()[static_cast<std::size_t>(row)];
-    auto* header = new QTableWidgetItem(toShown(content.header));
+    auto* header = new QTableWidgetItem(toLine(content.header));
     header->setToolTip(plainTip(header->text()));
     header->setData(Qt::TextAlignmentRole, static_cast<int>(Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextWordWrap);
     table_.setVerticalHeaderItem(row, header);
@@ -105,7 +105,7 @@ void TableBinding::showCell(int row, int column, const Table::Cell& cell)
         table_.setItem(row, column, item);
     }
     const QString meaning = toShown(cell.meaning);
-    item->setText(toShown(cell.text));
+    item->setText(toLine(cell.text));
     item->setToolTip(plainTip(meaning));
     item->setStatusTip(meaning);
     item->setData(Qt::AccessibleDescriptionRole, meaning);
@@ -135,10 +135,10 @@ void TableBinding::showSizes()
     const QFontMetrics metrics(bold);
     int widest = 0;
     for (const std::string& column : content_.columns())
-        widest = std::max(widest, metrics.horizontalAdvance(toShown(column)));
+        widest = std::max(widest, metrics.horizontalAdvance(toLine(column)));
     for (const Table::Row& row : content_.rows())
         for (const Table::Cell& cell : row.cells)
-            widest = std::max(widest, longestWord(metrics, toShown(cell.text)));
+            widest = std::max(widest, longestWord(metrics, toLine(cell.text)));
     const int margin = metrics.averageCharWidth();
     columnWidth_ = std::max(columnWidth_, widest + 2 * margin);
     table_.horizontalHeader()->setDefaultSectionSize(columnWidth_);

@@ -58,12 +58,12 @@ void TimelineWidget::paintStretch(QPainter& painter, std::size_t point) const
     painter.setPen(palette().color(QPalette::WindowText));
     const QRectF above(place(point), 0.0, place(point + 1) - place(point), fontMetrics().height());
     painter.drawText(above, Qt::AlignHCenter | Qt::AlignTop,
-                     fontMetrics().elidedText(toShown(stretch.text), Qt::ElideRight, static_cast<int>(above.width())));
+                     fontMetrics().elidedText(toLine(stretch.text), Qt::ElideRight, static_cast<int>(above.width())));
 }
 
 QString TimelineWidget::titleOf(const Timeline::Mark& mark) const
 {
-    return mark.time.empty() ? toShown(mark.title) : titledTime_.arg(toShown(mark.title), toShown(mark.time));
+    return mark.time.empty() ? toLine(mark.title) : titledTime_.arg(toLine(mark.title), toLine(mark.time));
 }
 
 void TimelineWidget::paintMark(QPainter& painter, std::size_t point) const
@@ -87,7 +87,7 @@ void TimelineWidget::paintMark(QPainter& painter, std::size_t point) const
             .paint(&painter, QRect(below.toRect().topLeft(), QSize(height, height)));
         below.setLeft(left + height * 1.2);
     }
-    for (const QString& line : {titleOf(mark), toShown(mark.distance)}) {
+    for (const QString& line : {titleOf(mark), toLine(mark.distance)}) {
         painter.drawText(below, static_cast<int>(alignment | Qt::AlignTop),
                          fontMetrics().elidedText(line, Qt::ElideRight, static_cast<int>(below.width())));
         below.translate(0.0, height);

@@ -1,17 +1,21 @@
 #include "widgets/support/PlainText.h"
 
+#include "widgets/support/Convert.h"
+#include "widgets/support/ShownText.h"
+
 #include <QTextDocument>
 
 namespace ko {
 
 QString plainTip(const QString& text)
 {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
+    const QString shown = toShown(fromQt(text));
+    return Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal) : shown;
 }
 
-QString plainTitle(QString text)
+QString plainTitle(const QString& text)
 {
-    return text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    return toLine(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
 PlainLabel::PlainLabel(QWidget* parent) : QLabel(parent)
@@ -26,15 +30,15 @@ PlainLabel::PlainLabel(const QString& text, QWidget* parent) : PlainLabel(parent
 
 PlainBox::PlainBox(Icon icon, const QString& title, const QString& text, const QString& more, StandardButtons buttons,
                    QWidget* parent)
-    : QMessageBox(icon, title, QString(), buttons, parent)
+    : QMessageBox(icon, toLine(title), QString(), buttons, parent)
 {
     // The label for the smaller text is created when its first text is set.
     if (!more.isEmpty())
         setInformativeText(QStringLiteral(" "));
     for (QLabel* label : findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
-    setText(text);
-    setInformativeText(more);
+    setText(toShown(fromQt(text)));
+    setInformativeText(toShown(fromQt(more)));
 }
 
 } // namespace ko

@@ -8,11 +8,12 @@ namespace ko {
 /// Texts of files, instruments and drivers are shown verbatim. The toolkit would otherwise interpret some of them as
 /// HTML and load the resources that they name.
 
-/// A tool tip or What's This text that shows `text` verbatim.
+/// A tool tip or What's This text that shows `text` verbatim, as `toShown` does.
 QString plainTip(const QString& text);
 
-/// Escapes "[*]" in a part of a window's title, which the toolkit would replace by the mark of a change.
-QString plainTitle(QString text);
+/// A part of a window's title, as by `toLine`, with "[*]" escaped, which the toolkit would replace by the mark of a
+/// change.
+QString plainTitle(const QString& text);
 
 /// A label without HTML.
 class PlainLabel : public QLabel {

@@ -7,8 +7,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <string_view>
 #include <sys/stat.h>
@@ -93,12 +91,13 @@ int control(int file, int what, void* argument)
                                            : static_cast<int>(syscall(SYS_fcntl, file, what, argument));
 }
 
-FILE* openStream(const char* name, const char* path, const char* mode)
+FILE* openStream(const char* path, const char* mode)
 {
-    using Open = FILE*(const char*, const char*);
-    if (fails("open", path))
-        return errno = EIO, nullptr;
-    return reinterpret_cast<Open*>(dlsym(RTLD_NEXT, name))(path, mode);
+    const std::string_view how = mode;
+    const int access = how.find('+') != std::string_view::npos ? O_RDWR : how[0] == 'r' ? O_RDONLY : O_WRONLY;
+    const int makes = how[0] == 'r' ? 0 : O_CREAT | (how[0] == 'w' ? O_TRUNC : O_APPEND);
+    const long file = openAt(path, access | makes | O_CLOEXEC, 0666);
+    return file < 0 ? nullptr : fdopen(static_cast<int>(file), mode);
 }
 
 /// The plan of a program whose environment has one.
@@ -167,12 +166,9 @@ int fcntl(int file, int what, ...)
 int fcntl64(int file, int what, ...) __attribute__((alias("fcntl")));
 FILE* fopen(const char* path, const char* mode)
 {
-    return openStream("fopen", path, mode);
+    return openStream(path, mode);
 }
-FILE* fopen64(const char* path, const char* mode)
-{
-    return openStream("fopen64", path, mode);
-}
+FILE* fopen64(const char* path, const char* mode) __attribute__((alias("fopen")));
 ssize_t write(int file, const void* bytes, size_t size)
 {
     return writeSome(file, size, [&](size_t some) { return syscall(SYS_write, file, bytes, some); });
