@@ -1,5 +1,5 @@
 # Files installed by `cmake --install`. Components: lib (the component), dev (headers and package for building a host),
-# host (the program).
+# host (the program), sigrok (the driver module for libsigrok's devices).
 include(CMakePackageConfigHelpers)
 
 set(headers_folder ${CMAKE_INSTALL_INCLUDEDIR}/${PROJECT_NAME})

@@ -1,5 +1,6 @@
 """install_test.py CMAKE BUILD SOURCE CONFIG COMPILER sanitize=SANITIZERS: uses the installed tree as another project and
 as a user. The tree is moved after the installation, so that nothing can depend on its first place."""
+import json
 import os
 import re
 import shutil
@@ -16,6 +17,7 @@ SHARE = TREE / "share"
 DATA = SHARE / "KoTimebaseEditor"
 PROGRAM = TREE / "bin" / "korvell-host"
 SETUP = DATA / "demo" / "engine-bench-demo.json"
+HAS_SIGROK = (Path(BUILD) / "modules" / "libkorvell-sigrok.so").exists()
 
 
 def run(*command, status=0, warnings_allowed=True, **environment):
@@ -80,7 +82,7 @@ class InstalledComponent(unittest.TestCase):
                 self.assertNotIn(folder, text, path)
 
 
-@unittest.skipUnless((Path(BUILD) / "src" / "host" / "korvell-host").exists(), "built without the program")
+@unittest.skipUnless((Path(BUILD) / "host" / "main" / "korvell-host").exists(), "built without the program")
 class InstalledProgram(unittest.TestCase):
     def test_it_lists_runs_the_demo_and_speaks_german_with_what_is_installed_beside_it(self):
         self.assertRegex(run(PROGRAM, "--version"), r"^korvell-host \d+\.\d+\.\d+\n$")
@@ -116,6 +118,15 @@ class InstalledProgram(unittest.TestCase):
         finally:
             (DATA / "hidden").rename(DATA / "strings")
 
+    @unittest.skipUnless(HAS_SIGROK, "built without the driver module for libsigrok")
+    def test_it_records_with_the_driver_module_installed_beside_it(self):
+        self.assertRegex(run(PROGRAM, "--modules"), rf"(?m)^sigrok  libsigrok .*{TREE}(.|\n)*^  demo  Demo device$")
+        setup, recording = WORK / "device.json", WORK / "device.h5"
+        setup.write_text(json.dumps({"title": "Device", "drivers": [
+            {"name": "Device", "module": "sigrok", "device": "demo", "measurementMode": 1, "samplingMode": 1, "groups": [],
+             "timebase": {"duration": 0.1, "blockSize": {"value": 10}}}]}), encoding="utf-8")
+        self.assertIn("complete", run(PROGRAM, setup, "--record", recording))
+
     def test_a_window_follows_the_systems_language(self):
         pictures = {}
         for language in ("C", "en_GB.UTF-8", "de_AT.UTF-8", "xx_YY.UTF-8"):
@@ -149,10 +160,14 @@ class InstalledProgram(unittest.TestCase):
             name, version, dependencies[name] = run("dpkg-deb", "-W", "--showformat=${Package}\\n${Version}\\n${Depends}",
                                                     package).split("\n")
         library = f"libkotimebaseeditor0 (= {version})"
-        self.assertEqual(set(dependencies), {"korvell-host", "libkotimebaseeditor-dev", "libkotimebaseeditor0"})
+        self.assertEqual(set(dependencies), {"korvell-host", "libkotimebaseeditor-dev", "libkotimebaseeditor0"}
+                         | ({"korvell-host-sigrok"} if HAS_SIGROK else set()))
         self.assertEqual(dependencies["libkotimebaseeditor-dev"], library)
         self.assertIn(library, dependencies["korvell-host"])
         self.assertRegex(dependencies["korvell-host"], "libqt6widgets6")
+        self.assertNotIn("sigrok", dependencies["korvell-host"])
+        if HAS_SIGROK:
+            self.assertRegex(dependencies["korvell-host-sigrok"], rf"korvell-host \(= {version}\).*libsigrok4")
         run(root / "usr/bin/korvell-host", root / "usr/share/KoTimebaseEditor/demo/engine-bench-demo.json",
             "--language", "ja", "--list")
 
