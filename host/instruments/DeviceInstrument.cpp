@@ -65,7 +65,7 @@ void askForViews(Instrument& device)
     driver.queryTriggerLines();
     driver.queryStaticMeasurement();
     driver.queryDynamicMeasurement();
-    device.acquisition();
+    static_cast<void>(device.acquisition());
 }
 
 } // namespace
