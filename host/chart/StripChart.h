@@ -63,7 +63,7 @@ private:
     ChartTime time_;
     bool isRunning_ = false;
     bool isSettingBars_ = false;
-    QTimer timer_;
+    QTimer timer_{this};
 };
 
 } // namespace ko

@@ -56,7 +56,7 @@ private:
     const Locale& locale_;
     std::deque<Entry> entries_;
     std::deque<Entry> waiting_;
-    QTimer idle_;
+    QTimer idle_{this};
 };
 
 } // namespace ko

@@ -65,7 +65,7 @@ private:
     QLabel* more_;
     QListWidget* list_;
     QPushButton* button_;
-    QTimer idle_, quiet_;
+    QTimer idle_{this}, quiet_{this};
     std::vector<std::string> announced_; ///< keys of the lines announced to screen readers
     int room_ = 0;                       ///< height of the list in lines
 };

@@ -50,7 +50,7 @@ private:
     const Locale& locale_;
     QLabel* sign_;
     QLabel* text_;
-    QTimer timer_;
+    QTimer timer_{this};
     bool isAsking_ = false; ///< the disk has not answered yet
     bool isStopped_ = false;
 };

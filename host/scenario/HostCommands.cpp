@@ -2,6 +2,7 @@
 #include "host/setup/InstrumentEdits.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace ko {
 
@@ -12,15 +13,22 @@ void handOver(Scenario& scenario, std::size_t count)
     scenario.rebuild([&] { scenario.document().drivers().setDrivers(scenario.driverList(count)); });
 }
 
+/// Makes the host's calls in turn, until one of them ends the script's page.
+void inTurn(const Scenario& scenario, std::initializer_list<std::function<void()>> calls)
+{
+    for (const auto& call : calls)
+        if (!scenario.stage().isOver())
+            call();
+}
+
 void setup(Scenario& scenario, const Arguments& words)
 {
-    IKopDrivers& drivers = scenario.document().drivers();
+    const auto page = [&]() -> IKopDrivers& { return scenario.document().drivers(); };
     if (words.count() > 0)
         scenario.stage().loadSetup(scenario.path(words.text(0)));
-    drivers.setNumberOfDrivers(static_cast<std::int32_t>(scenario.drivers().size()));
-    handOver(scenario, scenario.drivers().size());
-    drivers.DriversHaveChanged();
-    scenario.stage().setupShown();
+    inTurn(scenario, {[&] { page().setNumberOfDrivers(static_cast<std::int32_t>(scenario.drivers().size())); },
+                      [&] { handOver(scenario, scenario.drivers().size()); }, [&] { page().DriversHaveChanged(); },
+                      [&] { scenario.stage().setupShown(); }});
 }
 
 /// Changes the instruments to those of a file, as an edit.
@@ -77,10 +85,9 @@ void readOnly(Scenario& scenario, const Arguments& words)
 
 void show(Scenario& scenario, const Arguments&)
 {
-    Document& document = scenario.document();
-    scenario.history().finish();
-    scenario.health().rebuild([&] { document.UserDocument_Show(); });
-    scenario.history().absorb();
+    inTurn(scenario, {[&] { scenario.history().finish(); },
+                      [&] { scenario.health().rebuild([&] { scenario.document().UserDocument_Show(); }); },
+                      [&] { scenario.history().absorb(); }});
 }
 
 void hide(Scenario& scenario, const Arguments&)

@@ -1,7 +1,5 @@
 #include "host/setup/History.h"
 
-#include "host/setup/InstrumentEdits.h"
-
 #include <algorithm>
 #include <unordered_map>
 
@@ -141,34 +139,6 @@ void History::push(HistoryState state)
         clean_ = *clean_ > 0 ? std::optional(*clean_ - 1) : std::nullopt;
 }
 
-bool History::edit(const HeldState& to)
-{
-    finish();
-    if (!page_ || isMoving_)
-        return false;
-    const std::weak_ptr<int> run = run_;
-    isMoving_ = true;
-    const bool isTaken = restore(to);
-    if (run.expired())
-        return false;
-    if (isTaken) {
-        followTrigger(to);
-        if (to.drivers != present_.drivers) {
-            handOver(to.drivers, HandOver::Edited);
-        } else {
-            raise(restored);
-            if (page_->isShown)
-                raise(rebuild);
-        }
-        if (run.expired())
-            return false;
-        take(presentOf(to.drivers));
-    }
-    isMoving_ = false;
-    raise(changed);
-    return isTaken;
-}
-
 /// Calls of drivers and messages of the page may end the document or open another set-up, and so the history.
 bool History::moveTo(std::size_t position)
 {
@@ -214,22 +184,6 @@ void History::showRestored(const HistoryState& target, const std::weak_ptr<int>&
     page_->isRestored = false;
     if (focused && page_->activeControl() != focused)
         page_->moveFocus(focused);
-}
-
-/// The page knows its trigger channel by its place in the instrument, which the change may have moved.
-void History::followTrigger(const HeldState& to)
-{
-    const auto master = static_cast<std::size_t>(page_->dynamicDriverIndex);
-    if (page_->dynamicDriverIndex < 0 || master >= present_.drivers.size())
-        return;
-    const auto kept = std::find(to.drivers.begin(), to.drivers.end(), present_.drivers[master]);
-    const ChannelPlace before{page_->TriggerSlot, page_->TriggerChannel};
-    const ChannelPlace now = kept == to.drivers.end()
-                                 ? ChannelPlace{}
-                                 : movedTrigger(before, *present_.settings[master],
-                                                *to.settings[static_cast<std::size_t>(kept - to.drivers.begin())]);
-    page_->TriggerSlot = now.group;
-    page_->TriggerChannel = now.channel;
 }
 
 bool History::restore(const HeldState& state) const

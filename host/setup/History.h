@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/setup/HistoryState.h"
+#include "host/setup/InstrumentEdits.h"
 #include "host/setup/StepText.h"
 
 #include <functional>
@@ -89,7 +90,9 @@ private:
     void take(HistoryState now);
     bool restore(const HeldState& state) const;
     void showRestored(const HistoryState& target, const std::weak_ptr<int>& run);
-    void followTrigger(const HeldState& to);
+    [[nodiscard]] const SimulatedDriver* startMaster(const SimulatedDrivers& drivers) const;
+    [[nodiscard]] ChannelPlace triggerAfter(const HeldState& to) const;
+    bool showEdited(const HeldState& to, const std::weak_ptr<int>& run);
 
     StepWords words_;
     Page* page_ = nullptr;

@@ -59,7 +59,7 @@ private:
     }
 
     QTreeView& view_;
-    QTimer idle_;
+    QTimer idle_{this};
     QList<int> widest_;
 };
 

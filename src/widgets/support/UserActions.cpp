@@ -1,6 +1,7 @@
 #include "widgets/support/UserActions.h"
 
 #include <QDialog>
+#include <QTimer>
 
 namespace ko {
 
@@ -14,6 +15,9 @@ public:
         for (QWidget* child : surface.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
             if (!dynamic_cast<QDialog*>(child))
                 child->setParent(this, child->windowFlags());
+        // What the surface has put off is not done any more, because it would use the surface.
+        for (QTimer* timer : findChildren<QTimer*>())
+            timer->stop();
     }
     /// Destroys the widgets before the objects that they show.
     ~Remains() override { qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly)); }

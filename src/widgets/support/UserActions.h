@@ -11,8 +11,8 @@ namespace ko {
 
 /// The user's actions in progress on a surface, a view or a window. An action may wait in a message box or a dialog,
 /// during which the host may destroy the surface, in the middle of an event of one of its widgets. The widgets are then
-/// hidden and kept until the actions in progress have returned. Code in an action must check `isOver` before it uses
-/// the surface again.
+/// hidden and kept until the actions in progress have returned; timers among their children are stopped. Code in an
+/// action must check `isOver` before it uses the surface again.
 class UserActions {
     struct State;
 

@@ -292,6 +292,38 @@ TEST_F(InstrumentEditsTest, AThousandInstrumentsAreSearchedByNameChannelAndAddre
     EXPECT_EQ(filter.text(), "") << "the copy would be hidden";
 }
 
+TEST_F(InstrumentEditsTest, AnotherStartMasterTriggersByItsOwnChannel)
+{
+    const char* const masters = R"({"drivers": [
+      {"name": "A", "timebase": {"startMode": 2}, "triggerLines": {"startMasterRank": 5}, "groups": [{"name": "G",
+       "channels": [{"address": "1:1", "name": "A1"}, {"address": "1:2", "name": "A2", "triggerSource": true}]}]},
+      {"name": "B", "timebase": {"startMode": 2}, "triggerLines": {"startMasterRank": 5}, "groups": [{"name": "G",
+       "channels": [{"address": "2:1", "name": "B1", "triggerSource": true}, {"address": "2:2", "name": "B2"}]}]}]})";
+    const std::pair<const char*, InstrumentChange> changes[]{
+        {"Remove", [](ko::Setup& setup) { setup.instruments.erase(setup.instruments.begin()); }},
+        {"Move", [](ko::Setup& setup) { std::swap(setup.instruments[0], setup.instruments[1]); }},
+        {"Rank", [](ko::Setup& setup) { setup.instruments[1].triggerLines->startMasterRank = 6; }},
+        {"Add", [](ko::Setup& setup) {
+             setup.instruments.insert(setup.instruments.begin(), setup.instruments[1]);
+             setup.instruments[0].name = "New";
+         }}};
+    const auto marked = [](const SimulatedDriver& driver) {
+        return driver.name().substr(0, 1) + (driver.held().groups[0].channels[1].triggerSource ? "2" : "") +
+               (driver.held().groups[0].channels[0].triggerSource ? "1" : "");
+    };
+    for (const auto& [name, change] : changes) {
+        SCOPED_TRACE(name);
+        window.open(file("masters.json", masters));
+        EXPECT_NE(page().txtChannel.text().find("A2"), std::string::npos) << page().txtChannel.text();
+        ASSERT_TRUE(window.instrumentList().edit(change));
+        EXPECT_NE(page().txtChannel.text().find("B1"), std::string::npos) << page().txtChannel.text();
+        for (const auto& driver : drivers())
+            EXPECT_EQ(marked(*driver), driver->name() == "A" ? "A2" : driver->name().substr(0, 1) + "1");
+        undoAll();
+        EXPECT_NE(page().txtChannel.text().find("A2"), std::string::npos) << page().txtChannel.text();
+    }
+}
+
 TEST_F(InstrumentEditsTest, FailuresAndFaultsOfAnInstrumentThatStaysAreKept)
 {
     drivers()[0]->calls().fail({.operation = "Duration set"});

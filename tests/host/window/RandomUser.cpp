@@ -46,11 +46,10 @@ void RandomUser::attend()
     if (!isActing_)
         return;
     attendSoon();
-    if (isSettling_)
-        return;
+    QWidget* const modal = QApplication::activeModalWidget();
     if (QWidget* popup = QApplication::activePopupWidget())
         usePopup(*popup);
-    else if (QWidget* modal = QApplication::activeModalWidget())
+    else if (modal && modal != settling_)
         useModal(*modal);
 }
 
@@ -77,10 +76,10 @@ void RandomUser::useModal(QWidget& modal)
 void RandomUser::use(QWidget& front)
 {
     if (!front.isActiveWindow()) {
-        const Scoped settling(isSettling_, true);
-        const QPointer<QWidget> life = &front;
+        const QPointer<QWidget> life = settling_ = &front;
         front.activateWindow();
         QApplication::processEvents();
+        settling_ = nullptr;
         if (!life)
             return;
     }

@@ -53,7 +53,7 @@ private:
     QPointer<QWidget> popup_; ///< the menu or list in use
     int popupPatience_ = 0;
     bool isActing_ = false;
-    bool isSettling_ = false;
+    QPointer<QWidget> settling_; ///< the window that is becoming the active one
     bool isAttendingSoon_ = false;
 };
 

@@ -3,6 +3,7 @@
 #include "host/window/ReplayReport.h"
 
 #include <QClipboard>
+#include <QStatusBar>
 #include <QTreeWidget>
 
 namespace ko::test {
@@ -144,6 +145,39 @@ TEST_F(ReplayTest, AScriptThatOpensASetUpAsksAboutChangesAndAPageLeftPartlyIsSho
     user.unsaved = Unsaved::Discard;
     EXPECT_NE(play("setup none.json\n").fault.find("none.json"), std::string::npos);
     EXPECT_EQ(window.session().file(), bench);
+}
+
+TEST(Replay, TheWindowMayBeDestroyedInABlockInsideAnyCommand)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("a.scenario");
+    for (const char* command :
+         {"setup", "instruments bench.json", "hand-over", "show", "read-only on", "text txtDuration 8", "undo"}) {
+        SCOPED_TRACE(command);
+        const auto write = [](const QString& path, const std::string& content) {
+            QFile out(path);
+            ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+            out.write(content.c_str());
+        };
+        const std::string setup = R"({"drivers": [{"name": "A", "timebase": {}}]})";
+        write(folder.filePath("open.json"), setup);
+        write(folder.filePath("bench.json"), R"({"drivers": [{"name": "A", "timebase": {"duration": 3}}]})");
+        write(file,
+              "text txtDuration 7\nleave\nduring A \"Duration get\"\nprocessed\nend\n" + std::string(command) + "\n");
+        auto window = std::make_unique<FrameWindow>("");
+        window->replay().setPace(0);
+        window->open(fromQt(folder.filePath("open.json")));
+        window->show();
+        const QString inBlock = window->text(textNumber::replay::playing).arg(QStringLiteral("a.scenario"), "4");
+        QTimer host;
+        QObject::connect(&host, &QTimer::timeout, [&] {
+            if (window && window->statusBar()->currentMessage() == inBlock)
+                window.reset();
+        });
+        host.start(0);
+        window->replay().play(fromQt(file));
+        EXPECT_EQ(window, nullptr) << "the block was played";
+    }
 }
 
 } // namespace
