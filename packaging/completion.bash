@@ -27,7 +27,7 @@ _korvell_host_setup()
         word=${word/#\~/$HOME}
         case $word in
             --save | --sheet | --record | --compare | --paper | --get | --set | --choices | --language | --picture | --capture | \
-                --locale | --new | --add | --name | --remove | --rename | --enable | --disable) ((++i)) ;;
+                --locale | --module-folder | --check-module | --new | --add | --name | --remove | --rename | --enable | --disable) ((++i)) ;;
             -*) ;;
             *) [[ -f $word ]] && printf '%s\n' "$word" && return ;;
         esac

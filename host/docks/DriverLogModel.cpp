@@ -38,13 +38,13 @@ DriverLogModel::DriverLogModel(Texts texts, const Locale& locale, QObject* paren
     onSignal(&idle_, &QTimer::timeout, this, [this] { flush(); });
 }
 
-void DriverLogModel::add(const SimulatedDriver& driver, const DriverCall& call)
+void DriverLogModel::add(const HostInstrument& driver, const DriverCall& call)
 {
     put({QDateTime::currentMSecsSinceEpoch(), toLine(driver.name()), call.operation, call.arguments, shown(call.value),
          shown(call.kept), QString()});
 }
 
-void DriverLogModel::add(const SimulatedDriver& driver, const FailedCall& call)
+void DriverLogModel::add(const HostInstrument& driver, const FailedCall& call)
 {
     const QString failure =
         QStringLiteral("%1 (%2)").arg(toLine(std::string(call.failure.what())), QString::number(call.failure.number()));

@@ -20,8 +20,8 @@ public:
     /// `locale` must outlive this object.
     DriverLogModel(Texts texts, const Locale& locale, QObject* parent = nullptr);
 
-    void add(const SimulatedDriver& driver, const DriverCall& call);
-    void add(const SimulatedDriver& driver, const FailedCall& call);
+    void add(const HostInstrument& driver, const DriverCall& call);
+    void add(const HostInstrument& driver, const FailedCall& call);
     void clear();
     /// Inserts the waiting entries immediately.
     void flush();

@@ -34,7 +34,7 @@ bool isTicked(const QListWidgetItem& item)
 
 } // namespace
 
-FaultDialog::FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* parent)
+FaultDialog::FaultDialog(const Texts& texts, HostInstrument& driver, QWidget* parent)
     : QDialog(parent), driver_(driver), list_(new QListWidget(this))
 {
     setWindowTitle(texts(hostText::faultsOf).arg(plainTitle(toQt(driver.name()))));

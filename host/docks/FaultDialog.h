@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 #include "widgets/support/Convert.h"
 
 #include <QDialog>
@@ -13,7 +13,7 @@ namespace ko {
 /// instrument must outlive the dialog.
 class FaultDialog : public QDialog {
 public:
-    FaultDialog(const Texts& texts, SimulatedDriver& driver, QWidget* parent);
+    FaultDialog(const Texts& texts, HostInstrument& driver, QWidget* parent);
 
     /// Called for each change. An empty operation means all operations.
     std::function<void(const std::string& operation, bool fails)> changed;
@@ -25,7 +25,7 @@ private:
     void heal(const std::string& operation);
     void fail(const std::string& operation);
 
-    SimulatedDriver& driver_;
+    HostInstrument& driver_;
     QListWidget* list_;
     bool healsAll_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include "host/setup/SetupTemplates.h"
 #include "host/support/HostTexts.h"
+#include "host/toolkit/Background.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PlainText.h"
@@ -39,37 +40,77 @@ QString descriptionOf(const Texts& texts, const std::string& word)
 
 } // namespace
 
-InstrumentGallery::InstrumentGallery(const Texts& texts, const std::vector<InstrumentSettings>& kinds, QWidget* parent)
-    : QDialog(parent), list_(new QListWidget(this))
+InstrumentGallery::InstrumentGallery(const Texts& texts, const std::vector<InstrumentSettings>& kinds,
+                                     const std::shared_ptr<DeviceSource>& devices, QWidget* parent)
+    : QDialog(parent), texts_(texts), list_(new QListWidget(this))
 {
     setWindowTitle(texts(editText::galleryTitle));
     auto* label = new PlainLabel(texts(editText::kinds), this);
     label->setBuddy(list_);
     list_->setAccessibleName(withoutMnemonic(label->text()));
     list_->setSpacing(fontMetrics().height() / 6);
-    for (const InstrumentSettings& kind : kinds) {
-        const std::string word = kindWord(kind);
-        auto* item = new QListWidgetItem(toLine(kind.name) + u'\n' + descriptionOf(texts, word), list_);
-        item->setData(Qt::UserRole, toQt(word));
-    }
-    list_->setCurrentRow(0);
+    addKinds(kinds);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(texts(editText::addButton));
+    auto* const ok = buttons->button(QDialogButtonBox::Ok);
+    ok->setText(texts(editText::addButton));
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(list_);
     column->addWidget(buttons);
     onSignal(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
     onSignal(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
-    onSignal(list_, &QListWidget::itemDoubleClicked, this, [this] { accept(); });
+    onSignal(list_, &QListWidget::itemDoubleClicked, this,
+             [this](QListWidgetItem* item) { item->flags().testFlag(Qt::ItemIsEnabled) ? accept() : void(); });
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list_->setWordWrap(true);
     list_->setMinimumWidth(list_->sizeHintForColumn(0) + fontMetrics().height() * 3);
-    list_->setMinimumHeight(fontMetrics().height() * 16);
+    list_->setMinimumHeight(fontMetrics().height() * 20);
+    if (devices)
+        search(devices);
 }
 
-std::string InstrumentGallery::kind() const
+QListWidgetItem& InstrumentGallery::add(const QString& title, const QString& description)
 {
-    return fromQt(list_->currentItem()->data(Qt::UserRole).toString());
+    return *new QListWidgetItem(description.isEmpty() ? title : title + u'\n' + description, list_);
+}
+
+void InstrumentGallery::addKinds(const std::vector<InstrumentSettings>& kinds)
+{
+    for (const InstrumentSettings& kind : kinds)
+        add(toLine(kind.name), descriptionOf(texts_, kindWord(kind)));
+    choices_ = kinds;
+    list_->setCurrentRow(0);
+}
+
+void InstrumentGallery::search(const std::shared_ptr<DeviceSource>& devices)
+{
+    add(texts_(textNumber::device::searching), {}).setFlags(Qt::NoItemFlags);
+    inBackground(
+        *this, [devices] { return devices->find(); },
+        [this](const std::vector<KnownDevice>& found) { addFound(found); });
+}
+
+void InstrumentGallery::addFound(const std::vector<KnownDevice>& found)
+{
+    delete list_->takeItem(list_->count() - 1);
+    for (const KnownDevice& device : found) {
+        const bool isThere = !device.device.empty();
+        const QString of = texts_(textNumber::device::ofModule)
+                               .arg(toLine(device.module), toLine(isThere ? device.device : device.trouble));
+        if (isThere)
+            add(toLine(device.title), of);
+        else
+            add(of, {}).setFlags(Qt::NoItemFlags);
+        InstrumentSettings& choice = choices_.emplace_back();
+        choice.name = device.title.empty() ? device.device : device.title;
+        choice.module = device.module;
+        choice.device = device.device;
+    }
+}
+
+InstrumentSettings InstrumentGallery::chosen() const
+{
+    return choices_.at(static_cast<std::size_t>(list_->currentRow()));
 }
 
 } // namespace ko

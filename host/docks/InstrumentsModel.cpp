@@ -17,7 +17,7 @@ InstrumentsModel::InstrumentsModel(Texts texts, const Locale& locale, QObject* p
 {
 }
 
-void InstrumentsModel::show(const SimulatedDrivers& drivers)
+void InstrumentsModel::show(const HostInstruments& drivers)
 {
     beginResetModel();
     drivers_ = drivers;

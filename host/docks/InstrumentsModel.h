@@ -16,12 +16,12 @@ public:
 
     InstrumentsModel(Texts texts, const Locale& locale, QObject* parent = nullptr);
 
-    void show(const SimulatedDrivers& drivers);
+    void show(const HostInstruments& drivers);
     /// Returns the row of an index; null for an invalid index.
     [[nodiscard]] InstrumentRow* row(const QModelIndex& index) const;
 
     /// Enables or disables a channel; returns false if it was not changed.
-    std::function<bool(SimulatedDriver& driver, int group, int channel, bool on)> enable;
+    std::function<bool(HostInstrument& driver, int group, int channel, bool on)> enable;
 
     /// Called after the user has typed another name for an instrument, a group or a channel.
     std::function<void(const SetupPlace& place, const std::string& name)> rename;
@@ -50,7 +50,7 @@ private:
 
     Texts texts_;
     const Locale& locale_;
-    SimulatedDrivers drivers_;
+    HostInstruments drivers_;
     std::unique_ptr<InstrumentRow> root_;
 };
 

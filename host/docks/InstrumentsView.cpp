@@ -77,7 +77,7 @@ void InstrumentsView::makeActions()
     onSignal(model_, &QAbstractItemModel::modelReset, this, [this] { faults_->setEnabled(false); });
 }
 
-void InstrumentsView::show(const SimulatedDrivers& drivers)
+void InstrumentsView::show(const HostInstruments& drivers)
 {
     delete faultDialog_;
     properties_->follow(drivers);

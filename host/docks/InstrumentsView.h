@@ -21,7 +21,7 @@ public:
 
     /// Shows these instruments instead of the previous ones, and closes a fault dialog of those. Rows of instruments
     /// that are shown again stay as they are.
-    void show(const SimulatedDrivers& drivers);
+    void show(const HostInstruments& drivers);
     /// Redraws the values.
     void refresh();
 
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] InstrumentEditing& editing() { return editing_; }
 
     /// Called after an operation has been set to fail or to work again. An empty operation means all operations.
-    std::function<void(const SimulatedDriver& driver, const std::string& operation, bool fails)> faultChanged;
+    std::function<void(const HostInstrument& driver, const std::string& operation, bool fails)> faultChanged;
     /// Called when the user wants the instruments handed over to the page again.
     std::function<void()> handOver;
 

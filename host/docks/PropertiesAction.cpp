@@ -34,7 +34,7 @@ PropertiesAction::PropertiesAction(QTreeView& tree, const InstrumentsModel& mode
              [this] { action_.setEnabled(tree_.currentIndex().isValid()); });
 }
 
-void PropertiesAction::follow(const SimulatedDrivers& drivers)
+void PropertiesAction::follow(const HostInstruments& drivers)
 {
     const auto isShown = [&](const auto& driver) { return driver.get() == driver_; };
     if (dialog_ && std::none_of(drivers.begin(), drivers.end(), isShown))

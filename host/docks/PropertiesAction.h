@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 #include "platform/Locale.h"
 #include "widgets/support/Convert.h"
 
@@ -18,7 +18,7 @@ class InstrumentsModel;
 /// What the dialog of an instrument's properties asks of its window.
 struct InstrumentDescribing {
     /// Describes the instrument anew; see `FrameInstruments`.
-    std::function<bool(const SimulatedDriver& driver, const InstrumentSettings& settings)> describe;
+    std::function<bool(const HostInstrument& driver, const InstrumentSettings& settings)> describe;
     /// Whether the instruments can be looked at only.
     std::function<bool()> isLocked;
 };
@@ -32,7 +32,7 @@ public:
                      const InstrumentDescribing& window);
 
     /// Closes the dialog if its instrument is not one of these.
-    void follow(const SimulatedDrivers& drivers);
+    void follow(const HostInstruments& drivers);
 
 private:
     void show();
@@ -44,7 +44,7 @@ private:
     const InstrumentDescribing& window_;
     QAction& action_;
     QPointer<QDialog> dialog_;
-    const SimulatedDriver* driver_ = nullptr; ///< of the dialog, while that is open
+    const HostInstrument* driver_ = nullptr; ///< of the dialog, while that is open
 };
 
 } // namespace ko

@@ -54,7 +54,7 @@ void TreeState::restore(QTreeView& view, const InstrumentsModel& model) const
 {
     for (int i = 0; i < model.rowCount(); ++i) {
         const QModelIndex index = model.index(i, 0);
-        if (has<const SimulatedDriver*>(touched_, &model.row(index)->driver()))
+        if (has<const HostInstrument*>(touched_, &model.row(index)->driver()))
             restoreRow(view, model, index);
     }
     view.verticalScrollBar()->setValue(scrolled_);

@@ -19,14 +19,14 @@ public:
     void restore(QTreeView& view, const InstrumentsModel& model) const;
 
 private:
-    using Key = std::tuple<const SimulatedDriver*, InstrumentRow::Kind, int, int, std::size_t>;
+    using Key = std::tuple<const HostInstrument*, InstrumentRow::Kind, int, int, std::size_t>;
 
     [[nodiscard]] static Key keyOf(const InstrumentRow& row);
     void noteExpanded(const QTreeView& view, const InstrumentsModel& model, const QModelIndex& parent);
     void restoreRow(QTreeView& view, const InstrumentsModel& model, const QModelIndex& index) const;
 
-    std::vector<Key> expanded_, selected_;        ///< sorted
-    std::vector<const SimulatedDriver*> touched_; ///< instruments with such rows, sorted
+    std::vector<Key> expanded_, selected_;       ///< sorted
+    std::vector<const HostInstrument*> touched_; ///< instruments with such rows, sorted
     Key current_{};
     bool hasCurrent_ = false;
     int scrolled_ = 0;

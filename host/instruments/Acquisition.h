@@ -68,7 +68,7 @@ struct AcquisitionOrder {
     bool onTrigger = false;   ///< wait for the own trigger; the pretrigger counts in `samples`
     double notBefore = 0.0;   ///< seconds after `origin`: the first sample is the first one not before this time
     double patience = 0.0;    ///< seconds after `origin`; the acquisition fails if it has not triggered by then
-    bool isPaced = true;      ///< in real time; a simulated instrument can do it as fast as its sink takes blocks
+    bool isPaced = true;      ///< in real time; else as fast as the sink takes blocks, unless it `isRealTime`
 };
 
 /// Samples of all channels at consecutive times.
@@ -91,7 +91,8 @@ public:
     virtual void deliver(Block block) = 0;
 
     /// The acquisition has ended: each sample before `next` was delivered or is lost. `reason` is empty after all
-    /// ordered samples and after a stop, else it says why the instrument has failed.
+    /// ordered samples, after a stop, and if the instrument has ended early by itself; else it says why the instrument
+    /// has failed.
     virtual void ended(std::int64_t next, const std::string& reason) = 0;
 };
 
@@ -106,8 +107,9 @@ public:
     /// which nothing can be acquired.
     [[nodiscard]] virtual ArmedSettings settingsToArm() const = 0;
 
-    /// Copies the settings of the instrument, prepares it and returns the copy. Fails with a `Failure` if the
-    /// instrument is not ready, or is acquiring.
+    /// Copies the settings of the instrument, prepares it and returns the copy. A device gets its settings here; if
+    /// it then has another value, that fails with both. Fails with a `Failure` if the instrument is not ready, or is
+    /// acquiring.
     virtual ArmedSettings arm() = 0;
 
     /// Begins to deliver, once after each `arm`. `sink` must live until `stop` has returned. Fails with a `Failure`,
@@ -117,6 +119,9 @@ public:
     /// Ends the acquisition, if it has not ended, and returns after the sink's `ended`. The sink's other calls must
     /// return meanwhile. Does nothing if nothing was started; disarms.
     virtual void stop() = 0;
+
+    /// Whether the instrument acquires in real time, however it is ordered.
+    [[nodiscard]] virtual bool isRealTime() const { return true; }
 };
 
 } // namespace ko

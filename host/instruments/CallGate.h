@@ -1,20 +1,21 @@
 #pragma once
 
 #include "host/instruments/CallValue.h"
+#include "host/instruments/ForeignCall.h"
 #include "host/instruments/InstrumentSettings.h"
 #include "host/instruments/Operations.h"
-#include "platform/Failure.h"
 
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace ko {
 
-/// A call to a simulated driver that succeeded.
+/// A call to an instrument's driver that succeeded.
 struct DriverCall {
     Operation operation = Operation::GroupCount;
     std::initializer_list<std::int32_t> arguments; ///< valid until `called` returns
@@ -30,7 +31,7 @@ struct FailedCall {
     const Failure& failure;                        ///< valid until `failed` returns
 };
 
-/// Notified of the calls to a simulated driver.
+/// Notified of the calls to an instrument's driver.
 class CallObserver {
 public:
     virtual ~CallObserver() = default;
@@ -42,8 +43,8 @@ public:
     virtual void failed(const FailedCall&) {}
 };
 
-/// Passes every call into a simulated driver: counts it, makes it fail if a failure is planned, and notifies the
-/// observer.
+/// Passes every call into an instrument's driver: counts it, makes it fail if a failure is planned, and notifies the
+/// observer. Whatever a driver throws becomes a `Failure`.
 class CallGate {
 public:
     using Arguments = std::initializer_list<std::int32_t>;
@@ -76,17 +77,24 @@ public:
         return value;
     }
 
-    /// Runs `change`, which returns the value that the driver holds afterwards, or fails if a failure is planned.
-    template <class T, class Change>
-    void write(Operation operation, Arguments arguments, const T& value, const Change& change)
+    /// Runs `change`, or fails if a failure is planned. `held` returns the value that the driver holds afterwards, for
+    /// the observer; if that fails, the written value counts as held.
+    template <class T, class Change, class Held>
+    void write(Operation operation, Arguments arguments, const T& value, const Change& change, const Held& held)
     {
-        const T kept = attempt(operation, change, [&](const Failure& failure) {
+        attempt(operation, change, [&](const Failure& failure) {
             observer_->failed({operation, arguments, callValue(value), failure});
         });
-        if (isObserved(operation))
-            observer_->called({operation, arguments, callValue(value),
-                               value == kept ? std::nullopt : std::optional(callValue(kept))});
+        if (!isObserved(operation))
+            return;
+        const T kept = heldAfter(value, held);
+        observer_->called(
+            {operation, arguments, callValue(value), value == kept ? std::nullopt : std::optional(callValue(kept))});
     }
+
+    /// Makes every call fail with this description while it is not empty, before planned failures. It must outlive the
+    /// gate.
+    void failWith(const std::string& trouble) { trouble_ = &trouble; }
 
 private:
     struct Planned {
@@ -101,6 +109,8 @@ private:
         ++calls_;
         if (!during_.empty())
             runDuring(operation);
+        if (trouble_ && !trouble_->empty())
+            throw Failure(failure::unspecified, *trouble_);
         if (!planned_.empty())
             failIfPlanned(operation);
     }
@@ -112,7 +122,7 @@ private:
     {
         try {
             enter(operation);
-            return act();
+            return foreignCall(act);
         } catch (const Failure& failure) {
             if (observer_)
                 complain(failure);
@@ -120,9 +130,19 @@ private:
         }
     }
 
+    template <class T, class Held> static T heldAfter(const T& value, const Held& held)
+    {
+        try {
+            return foreignCall(held);
+        } catch (const Failure&) {
+            return value;
+        }
+    }
+
     CallObserver* observer_ = nullptr;
     std::int64_t calls_ = 0;
     std::vector<Planned> planned_;
+    const std::string* trouble_ = nullptr;
     std::vector<std::pair<Operation, std::function<void()>>> during_;
 };
 

@@ -5,7 +5,7 @@
 
 namespace ko {
 
-void DriverHealth::watch(const SimulatedDrivers& drivers)
+void DriverHealth::watch(const HostInstruments& drivers)
 {
     drivers_ = drivers;
     troubles_.clear();
@@ -13,9 +13,9 @@ void DriverHealth::watch(const SimulatedDrivers& drivers)
         changed();
 }
 
-void DriverHealth::follow(const SimulatedDrivers& drivers)
+void DriverHealth::follow(const HostInstruments& drivers)
 {
-    std::unordered_set<const SimulatedDriver*> tracked;
+    std::unordered_set<const HostInstrument*> tracked;
     for (const auto& driver : drivers)
         tracked.insert(driver.get());
     std::erase_if(troubles_, [&](const auto& trouble) { return !tracked.contains(trouble.first); });
@@ -24,7 +24,7 @@ void DriverHealth::follow(const SimulatedDrivers& drivers)
         changed();
 }
 
-void DriverHealth::failed(const SimulatedDriver& driver, const FailedCall& call)
+void DriverHealth::failed(const HostInstrument& driver, const FailedCall& call)
 {
     Trouble& trouble = troubles_[&driver];
     trouble.open[{call.operation, call.arguments}] = {++turn_, call.failure.number(), call.failure.what(), now()};
@@ -32,7 +32,7 @@ void DriverHealth::failed(const SimulatedDriver& driver, const FailedCall& call)
         changed();
 }
 
-bool DriverHealth::awaits(const SimulatedDriver& driver, Operation operation) const
+bool DriverHealth::awaits(const HostInstrument& driver, Operation operation) const
 {
     if (troubles_.empty())
         return false;
@@ -43,7 +43,7 @@ bool DriverHealth::awaits(const SimulatedDriver& driver, Operation operation) co
     return first != trouble->second.open.end() && first->first.first == operation;
 }
 
-void DriverHealth::answered(const SimulatedDriver& driver, const DriverCall& call)
+void DriverHealth::answered(const HostInstrument& driver, const DriverCall& call)
 {
     const auto trouble = troubles_.find(&driver);
     if (trouble == troubles_.end())
@@ -78,6 +78,13 @@ void DriverHealth::afterRebuild(std::int64_t turn)
     std::erase_if(troubles_, [](const auto& trouble) { return trouble.second.open.empty(); });
     if (cleared > 0 && changed)
         changed();
+}
+
+void DriverHealth::reopenDevices()
+{
+    for (const auto& driver : drivers_)
+        if (troubles_.contains(driver.get()))
+            driver->reopenDevice();
 }
 
 std::vector<DriverFailure> DriverHealth::failing() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 #include "interfaces/Values.h"
 
 #include <cstdint>
@@ -33,16 +33,16 @@ public:
     explicit DriverHealth(std::function<DateTime()> clock) : now(std::move(clock)) {}
 
     /// Tracks these drivers instead of the previous ones. None of them counts as failing yet.
-    void watch(const SimulatedDrivers& drivers);
+    void watch(const HostInstruments& drivers);
 
     /// As `watch`, but the drivers that have been tracked before still count as failing.
-    void follow(const SimulatedDrivers& drivers);
+    void follow(const HostInstruments& drivers);
 
-    void failed(const SimulatedDriver& driver, const FailedCall& call);
+    void failed(const HostInstrument& driver, const FailedCall& call);
     /// Returns whether a success of this operation has to be passed to `answered`; cheap while the driver does not
     /// fail.
-    [[nodiscard]] bool awaits(const SimulatedDriver& driver, Operation operation) const;
-    void answered(const SimulatedDriver& driver, const DriverCall& call);
+    [[nodiscard]] bool awaits(const HostInstrument& driver, Operation operation) const;
+    void answered(const HostInstrument& driver, const DriverCall& call);
 
     /// Runs `build`, which rebuilds the page, and then clears the failures of operations that succeeded meanwhile.
     /// This object may be destroyed meanwhile.
@@ -58,6 +58,9 @@ public:
     /// Returns for each failing driver its latest failed call that has not succeeded since, in the order of the
     /// drivers.
     [[nodiscard]] std::vector<DriverFailure> failing() const;
+
+    /// Opens the devices of failing drivers again.
+    void reopenDevices();
 
     std::function<DateTime()> now;
     /// Called after the result of `failing` has changed.
@@ -81,8 +84,8 @@ private:
     void afterRebuild(std::int64_t turn);
 
     std::shared_ptr<int> life_ = std::make_shared<int>();
-    SimulatedDrivers drivers_;
-    std::map<const SimulatedDriver*, Trouble> troubles_;
+    HostInstruments drivers_;
+    std::map<const HostInstrument*, Trouble> troubles_;
     std::int64_t turn_ = 0; ///< counts failures, and successful calls of failing drivers
 };
 

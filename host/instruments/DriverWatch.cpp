@@ -5,7 +5,7 @@ namespace ko {
 /// Observes one driver and shares its ownership.
 class DriverWatch::Listener final : public CallObserver {
 public:
-    Listener(DriverWatch& watch, std::size_t index, std::shared_ptr<SimulatedDriver> driver)
+    Listener(DriverWatch& watch, std::size_t index, std::shared_ptr<HostInstrument> driver)
         : watch_(watch), index_(index), driver_(std::move(driver))
     {
         driver_->calls().observe(this);
@@ -36,27 +36,27 @@ private:
 
     DriverWatch& watch_;
     std::size_t index_;
-    std::shared_ptr<SimulatedDriver> driver_;
+    std::shared_ptr<HostInstrument> driver_;
 };
 
 DriverWatch::DriverWatch(std::function<DateTime()> now) : health_(std::move(now)) {}
 DriverWatch::~DriverWatch() = default;
 
-void DriverWatch::watch(const SimulatedDrivers& drivers)
+void DriverWatch::watch(const HostInstruments& drivers)
 {
     listeners_.clear();
     health_.watch(drivers);
     listenTo(drivers);
 }
 
-void DriverWatch::follow(const SimulatedDrivers& drivers)
+void DriverWatch::follow(const HostInstruments& drivers)
 {
     listeners_.clear();
     health_.follow(drivers);
     listenTo(drivers);
 }
 
-void DriverWatch::listenTo(const SimulatedDrivers& drivers)
+void DriverWatch::listenTo(const HostInstruments& drivers)
 {
     for (std::size_t i = 0; i < drivers.size(); ++i)
         listeners_.push_back(std::make_unique<Listener>(*this, i, drivers[i]));

@@ -19,14 +19,14 @@ public:
 
     struct Watched {
         std::size_t index; ///< in the list passed to `watch`
-        const SimulatedDriver& driver;
+        const HostInstrument& driver;
     };
 
     /// Observes these instruments instead of the previous ones.
-    void watch(const SimulatedDrivers& drivers);
+    void watch(const HostInstruments& drivers);
 
     /// As `watch`, but instruments that have been observed before still count as failing.
-    void follow(const SimulatedDrivers& drivers);
+    void follow(const HostInstruments& drivers);
 
     [[nodiscard]] DriverHealth& health() { return health_; }
 
@@ -38,7 +38,7 @@ public:
 private:
     class Listener;
 
-    void listenTo(const SimulatedDrivers& drivers);
+    void listenTo(const HostInstruments& drivers);
 
     DriverHealth health_;
     std::vector<std::unique_ptr<Listener>> listeners_;

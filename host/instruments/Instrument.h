@@ -6,26 +6,28 @@
 
 namespace ko {
 
-/// An instrument as the host sees it: the driver that the page edits, its settings as a set-up file keeps them, and the
-/// acquisition. All members are called on the user-interface thread.
+/// An instrument: the driver that the page edits, its settings as a set-up file keeps them, and the acquisition. All
+/// members are called on the user-interface thread. They keep settings and do not wait for a device; a slow device gets
+/// them when it is armed. Any member may fail with a `Failure` or another `std::exception`.
 class Instrument {
 public:
     virtual ~Instrument() = default;
 
-    [[nodiscard]] virtual const std::string& name() const = 0;
-
     /// The driver with its views, for the page. The instrument owns it.
     [[nodiscard]] virtual Driver& driver() = 0;
 
-    /// Returns the present settings. Calls no driver operation.
-    [[nodiscard]] virtual InstrumentSettings settings() const = 0;
+    /// Returns the present settings, valid until the next call of another member or of the driver. Calls no driver
+    /// operation.
+    [[nodiscard]] virtual const InstrumentSettings& held() const = 0;
 
-    /// Brings the instrument back to what `settings` has returned. The driver and its views stay the same objects.
-    /// Fails with a `Failure` if the instrument does not take the settings.
+    /// Takes these settings, as `held` has returned them, without rounding. The driver and its views stay the same
+    /// objects. Fails with a `Failure`, and keeps its settings, if the instrument has other views or channels.
     virtual void restore(const InstrumentSettings& settings) = 0;
 
     /// The acquiring side; null if the instrument has no timebase. The instrument owns it.
     [[nodiscard]] virtual Acquisition* acquisition() = 0;
+
+    [[nodiscard]] const std::string& name() const { return held().name; }
 };
 
 } // namespace ko

@@ -3,6 +3,7 @@
 #include "interfaces/Values.h"
 
 #include <array>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,7 +11,7 @@
 
 namespace ko {
 
-/// How a simulated driver rounds a requested value. A value that is not finite is never kept.
+/// How an instrument rounds a requested value. A value that is not finite is never kept.
 enum class Keeps {
     Nearest, ///< the nearest choice, the first of two equally near ones; without choices like `Any`
     Clamp,   ///< clamped to the range; without a range like `Any`
@@ -133,9 +134,15 @@ struct SimulatedFailure {
     bool operator==(const SimulatedFailure&) const = default;
 };
 
-/// All settings of a simulated instrument.
+/// Options of a device, by the names that its driver module gives them.
+using DeviceOptions = std::map<std::string, std::string>;
+
+/// All settings of an instrument, simulated or a device that a driver module opens.
 struct InstrumentSettings {
     std::string name;
+    std::string module; ///< the driver module's name; empty: simulated
+    std::string device; ///< the module's description of the device
+    DeviceOptions options;
     std::int32_t measurementMode = 1;
     std::int32_t samplingMode = 1;
     std::vector<GroupSettings> groups;

@@ -1,19 +1,28 @@
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace ko {
 
 namespace {
 
-/// Sets members that differ, each as a call that is counted, observed and made to fail as planned.
+/// Sets members that differ in `next`, each as a call that is counted, observed and made to fail as planned, and then
+/// taken by the instrument.
 struct Restoring {
     CallGate& calls;
+    Instrument& instrument;
+    const InstrumentSettings& next;
 
     template <class T> void set(Operation operation, CallGate::Arguments arguments, T& held, const T& earlier) const
     {
         if (held != earlier)
-            calls.write(operation, arguments, earlier, [&] { return held = earlier; });
+            calls.write(
+                operation, arguments, earlier,
+                [&] {
+                    held = earlier;
+                    instrument.restore(next);
+                },
+                [&] { return earlier; });
     }
 
     void timebase(TimebaseSettings& held, const TimebaseSettings& earlier) const
@@ -57,27 +66,25 @@ template <class T, class Visit> void forEachPair(std::vector<T>& held, const std
 
 } // namespace
 
-void SimulatedDriver::restore(const InstrumentSettings& settings)
+void HostInstrument::restore(const InstrumentSettings& settings)
 {
-    const bool hasSameViews = settings_.timebase.has_value() == settings.timebase.has_value() &&
-                              settings_.triggerLines.has_value() == settings.triggerLines.has_value() &&
-                              settings_.hasTriggerParameters == settings.hasTriggerParameters;
-    if (!hasSameViews)
-        fail(failure::invalidCall);
-    const Restoring restoring{calls_};
-    if (settings.timebase)
-        restoring.timebase(*settings_.timebase, *settings.timebase);
-    if (settings.triggerLines)
-        restoring.lines(*settings_.triggerLines, *settings.triggerLines);
-    forEachPair(settings_.groups, settings.groups, [&](std::int32_t group, GroupSettings& held, const auto& before) {
-        forEachPair(held.channels, before.channels, [&](std::int32_t channel, ChannelSettings& now, const auto& was) {
-            restoring.channel(group, channel, now, was);
+    InstrumentSettings next = held();
+    const bool isOpen = !device_ || device_->trouble().empty();
+    if (isOpen && next.module == settings.module) {
+        const Restoring restoring{calls_, *instrument_, next};
+        if (settings.timebase && next.timebase)
+            restoring.timebase(*next.timebase, *settings.timebase);
+        if (settings.triggerLines && next.triggerLines)
+            restoring.lines(*next.triggerLines, *settings.triggerLines);
+        forEachPair(next.groups, settings.groups, [&](std::int32_t group, GroupSettings& held, const auto& before) {
+            forEachPair(held.channels, before.channels,
+                        [&](std::int32_t channel, ChannelSettings& now, const auto& was) {
+                            restoring.channel(group, channel, now, was);
+                        });
         });
-    });
+    }
     // What is left has no operation: names, offers and enabled channels.
-    auto failing = std::move(settings_.failing);
-    settings_ = settings;
-    settings_.failing = std::move(failing);
+    foreignCall([&] { instrument_->restore(settings); });
 }
 
 } // namespace ko

@@ -1,7 +1,6 @@
 #include "host/instruments/SimulatedAcquisition.h"
 
-#include "host/instruments/ParameterTypes.h"
-#include "platform/NumberText.h"
+#include "host/instruments/KeptInstrument.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,61 +8,6 @@
 namespace ko {
 
 namespace {
-
-const ParameterSettings* parameterOf(const ChannelSettings& channel, std::string_view role)
-{
-    const auto& parameters = channel.triggerParameters;
-    const auto found =
-        std::find_if(parameters.begin(), parameters.end(), [&](const auto& p) { return p.role == role; });
-    return found == parameters.end() ? nullptr : &*found;
-}
-
-double numberIn(const ChannelSettings& channel, std::string_view role)
-{
-    const ParameterSettings* const parameter = parameterOf(channel, role);
-    return parameter ? numberOf(parameter->value).value_or(0.0) : 0.0;
-}
-
-Slope slopeOf(const ChannelSettings& channel)
-{
-    const ParameterSettings* const parameter = parameterOf(channel, parameterRole::slope);
-    const auto* const text = parameter ? std::get_if<std::string>(&parameter->value) : nullptr;
-    if (text && text->starts_with("Falling"))
-        return Slope::Falling;
-    return text && text->starts_with("Either") ? Slope::Either : Slope::Rising;
-}
-
-constexpr double mostPretrigger = 2147483647.0;
-
-ArmedTrigger triggerOf(const ChannelSettings& channel, std::int32_t group, std::int32_t index)
-{
-    const double samples = std::clamp(numberIn(channel, parameterRole::pretrigger), 0.0, mostPretrigger);
-    return {.group = group,
-            .channel = index,
-            .level = numberIn(channel, parameterRole::level),
-            .slope = slopeOf(channel),
-            .pretrigger = std::llround(samples)};
-}
-
-void takeTimebase(ArmedSettings& armed, const TimebaseSettings& timebase)
-{
-    armed.period = armed.isDynamic ? timebase.samplePeriod.value : timebase.scanPeriod.value;
-    armed.blockSize = armed.isDynamic ? std::max(toLong(timebase.blockSize.value), 1) : 1;
-    armed.duration = timebase.duration;
-    armed.startMode = timebase.startMode;
-    armed.stopMode = timebase.stopMode;
-    armed.startTime = timebase.startTime;
-}
-
-/// Calls `visit` with each channel, its group's and its own index.
-template <class Visit> void forEachChannel(const InstrumentSettings& instrument, const Visit& visit)
-{
-    for (std::size_t group = 0; group < instrument.groups.size(); ++group) {
-        const auto& channels = instrument.groups[group].channels;
-        for (std::size_t channel = 0; channel < channels.size(); ++channel)
-            visit(channels[channel], static_cast<std::int32_t>(group), static_cast<std::int32_t>(channel));
-    }
-}
 
 bool crosses(double before, double now, double level, Slope slope)
 {
@@ -197,21 +141,7 @@ Block SimulatedAcquisition::Run::block(std::int64_t count) const
 
 ArmedSettings SimulatedAcquisition::settingsToArm() const
 {
-    ArmedSettings armed;
-    armed.isDynamic = held_.measurementMode == 1 && held_.samplingMode == 1;
-    takeTimebase(armed, required(held_.timebase ? &*held_.timebase : nullptr));
-    if (held_.triggerLines) {
-        armed.startMasterRank = held_.triggerLines->startMasterRank;
-        armed.startTriggerLine = held_.triggerLines->startTriggerLine;
-        armed.startTriggerInput = held_.triggerLines->startTriggerInput;
-    }
-    forEachChannel(held_, [&](const ChannelSettings& it, std::int32_t group, std::int32_t channel) {
-        if (it.isEnabled())
-            armed.channels.push_back({group, channel, it.address, it.name, it.unit.value_or("V"), it.range});
-        if (it.triggerSource && !armed.trigger && held_.hasTriggerParameters)
-            armed.trigger = triggerOf(it, group, channel);
-    });
-    return armed;
+    return armedSettings(held_);
 }
 
 ArmedSettings SimulatedAcquisition::arm()

@@ -23,6 +23,7 @@ public:
     ArmedSettings arm() override;
     void start(const AcquisitionOrder& order, BlockSink& sink) override;
     void stop() override;
+    [[nodiscard]] bool isRealTime() const override { return false; }
 
 private:
     class Run;

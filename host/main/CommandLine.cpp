@@ -25,6 +25,7 @@ constexpr const char* examples =
     "  korvell-host --new vibration --add counter --name Shaft --save mine.json\n"
     "  korvell-host bench.json --set duration=1 --record run.h5\n"
     "  korvell-host --headless bench.json walk.scenario\n"
+    "  korvell-host --modules                          the driver modules, and the devices that they find\n"
     "\n"
     "Nothing is saved unless every setting was accepted. If an instrument changes a value, a note is printed.\n"
     "The command line is English; --language changes the texts of the page, its messages and the sheet.\n"
@@ -95,7 +96,7 @@ struct ChangeOption {
 };
 
 constexpr ChangeOption changeOptions[]{
-    {"--add", SetupChange::Kind::Add, "KIND", "Add an instrument: digitizer, signal-analyzer, ..."},
+    {"--add", SetupChange::Kind::Add, "KIND", "Add an instrument: digitizer, signal-analyzer, ..., or a device, MODULE/DEVICE"},
     {"--remove", SetupChange::Kind::Remove, "NAME", "Remove an instrument"},
     {"--rename", SetupChange::Kind::Rename, "OLD=NEW", "Rename an instrument"},
     {"--enable", SetupChange::Kind::Enable, "CHANNEL", "Enable a channel: NAME, ADDRESS or INSTRUMENT/NAME"},
@@ -154,6 +155,21 @@ void declareRecording(CLI::App& app, RecordCommand& command)
         "OUT.h5");
 }
 
+void declareModules(CLI::App& app, ModuleCommand& command)
+{
+    constexpr const char* of = "Driver modules, which open real instruments";
+    app.add_flag("--modules", command.list, "List the driver modules and the devices that they find")
+        ->option_text(" ")
+        ->group(of);
+    app.add_option("--module-folder", command.folders, "Search this folder, too; several in this order")
+        ->allow_extra_args(false)
+        ->option_text("FOLDER")
+        ->group(of);
+    app.add_option("--check-module", command.check, "Call everything that a module has, and report what it does wrong")
+        ->option_text("FILE")
+        ->group(of);
+}
+
 void declare(CLI::App& app, CommandLine& line)
 {
     app.set_version_flag("--version", "korvell-host " KO_VERSION);
@@ -176,7 +192,8 @@ void declare(CLI::App& app, CommandLine& line)
     declareSettings(app, line.settings);
     declareChanges(app, line);
     declareRecording(app, line.recording);
-    app.add_option("SETUP", line.setup, "Set-up file with the simulated instruments")->option_text(" ");
+    declareModules(app, line.modules);
+    app.add_option("SETUP", line.setup, "Set-up file with the instruments")->option_text(" ");
     app.add_option("SCRIPT", line.script, "Script for --headless; none or -: standard input")
         ->needs(headless)
         ->option_text(" ");

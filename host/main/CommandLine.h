@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/main/ModuleCommand.h"
 #include "host/main/RecordCommand.h"
 #include "host/main/SettingsCommand.h"
 
@@ -20,6 +21,7 @@ struct CommandLine {
     std::string startFrom;    ///< template of a new set-up; empty: none
     SettingsCommand settings;
     RecordCommand recording;
+    ModuleCommand modules;
 };
 
 /// Parses the command line. Returns none after printing the output of `--help` or `--version`. Fails with an

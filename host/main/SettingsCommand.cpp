@@ -76,6 +76,9 @@ void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, 
 {
     ScenarioOptions options = source.options;
     options.setup = withPresentValues(options.setup, played.drivers());
+    // A device is open only once; the sheet shows what it holds.
+    for (InstrumentSettings& instrument : options.setup.instruments)
+        instrument.module.clear();
     options.locale = source.sheetLocale ? *source.sheetLocale : localeOf(played.text(hostText::languageCode));
     const bool isSaved = !command.save.empty();
     writeSheet(command.sheet, options, isSaved ? command.save : source.file, !isSaved && !command.set.empty());

@@ -118,6 +118,7 @@ int run(const WindowOptions& options, GuardedApplication& application)
     const bool isPicture = !options.picture.empty();
     // A picture must not depend on the user's remembered window state.
     FrameWindow window(options.language, isPicture ? std::string() : FrameMemory::usersFile());
+    window.session().devices = options.devices;
     loadToolkitTexts(window.text(hostText::languageCode));
     const BoxTexts boxTexts(application, window);
     if (!options.capture.empty())

@@ -2,6 +2,7 @@
 #include "host/main/Language.h"
 #include "host/main/RecordCommand.h"
 #include "host/main/WindowMain.h"
+#include "host/modules/Modules.h"
 #include "host/scenario/Scenario.h"
 #include "host/settings/Settings.h"
 #include "host/setup/SetupTemplates.h"
@@ -51,9 +52,11 @@ int runScript(ko::Scenario& scenario, std::istream& script, const std::string& n
     }
 }
 
-int runHeadless(const ko::CommandLine& line, const std::string& language)
+int runHeadless(const ko::CommandLine& line, const std::string& language,
+                const std::shared_ptr<ko::DeviceSource>& devices)
 {
     ko::ScenarioOptions options;
+    options.devices = devices;
     options.setup = ko::loadSetup(line.setup);
     options.language = language;
     if (line.locale == "system")
@@ -65,9 +68,11 @@ int runHeadless(const ko::CommandLine& line, const std::string& language)
     return runScript(*make<ko::Scenario>(line, options, std::cout), script, line.script);
 }
 
-int useSettings(const ko::CommandLine& line, const std::string& language)
+int useSettings(const ko::CommandLine& line, const std::string& language,
+                const std::shared_ptr<ko::DeviceSource>& devices)
 {
     ko::ScenarioOptions options;
+    options.devices = devices;
     const ko::SetupTemplate source = line.startFrom.empty()
                                          ? ko::SetupTemplate{{}, line.setup, ko::readFile(line.setup)}
                                          : ko::templateNamed(line.startFrom);
@@ -85,22 +90,31 @@ int useSettings(const ko::CommandLine& line, const std::string& language)
 
 int run(const ko::CommandLine& line, int& argc, char** argv)
 {
-    const bool inWindow =
-        !line.headless && !line.settings.isGiven() && !line.recording.isGiven() && line.startFrom.empty();
+    const bool inWindow = !line.headless && !line.modules.isGiven() && !line.settings.isGiven() &&
+                          !line.recording.isGiven() && line.startFrom.empty();
     const bool followsSystem = line.language.empty() && inWindow;
     if (!line.locale.empty() && !line.headless && line.settings.sheet.file.empty())
         throw ko::InputError("--locale requires --headless or --sheet");
     const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
+    const auto modules = ko::modulesOf(line.modules);
+    if (line.modules.isGiven() && !ko::runModules(line.modules, *modules))
+        return promiseBroken;
+    if (line.modules.isGiven() && line.setup.empty())
+        return 0;
     if (inWindow)
-        return ko::runWindow(
-            argc, argv, {.setup = line.setup, .language = language, .capture = line.capture, .picture = line.picture});
+        return ko::runWindow(argc, argv,
+                             {.devices = modules,
+                              .setup = line.setup,
+                              .language = language,
+                              .capture = line.capture,
+                              .picture = line.picture});
     if (!line.startFrom.empty() && !line.setup.empty())
         throw ko::InputError("--new " + line.startFrom + ": begins without a set-up file, " + line.setup);
     if (!line.startFrom.empty() && !line.settings.isGiven())
         throw ko::InputError("--new " + line.startFrom + ": needs --save FILE");
     if (line.setup.empty() && line.startFrom.empty())
         throw ko::InputError("give a set-up file, e.g. korvell-host bench.json --list");
-    return line.headless ? runHeadless(line, language) : useSettings(line, language);
+    return line.headless ? runHeadless(line, language, modules) : useSettings(line, language, modules);
 }
 
 } // namespace

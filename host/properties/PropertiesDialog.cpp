@@ -45,6 +45,11 @@ void PropertiesDialog::addHead(QBoxLayout& column)
     auto* const form = new QFormLayout;
     column.addLayout(form);
     fields_.addBox(*form, texts_(named::name), "name", TextForm::Text);
+    if (!original_.module.empty()) {
+        fields_.addBox(*form, texts_(textNumber::device::module), "module", TextForm::Text).setReadOnly(true);
+        fields_.addBox(*form, texts_(textNumber::device::device), "device", TextForm::Text);
+        return;
+    }
     kind_ = &makeKindList(context_, this);
     auto* const caption = new PlainLabel(texts_(named::kind), this);
     caption->setBuddy(kind_);
@@ -56,15 +61,23 @@ void PropertiesDialog::addTabs(QBoxLayout& column)
     auto* const tabs = new QTabWidget(this);
     tabs->setAccessibleName(windowTitle());
     column.addWidget(tabs);
-    tabs->addTab(makeSamplingTab(context_, *kind_, tabs), texts_(named::sampling));
-    tabs->addTab(makeLinesTab(context_, tabs), texts_(hostText::triggerLines));
-    channels_ = new ChannelsTab(context_, original_.groups, tabs);
-    tabs->addTab(channels_, texts_(textNumber::page::channels));
+    if (original_.module.empty())
+        addSimulatedTabs(*tabs);
+    else
+        tabs->addTab(makeDeviceTab(context_, original_, tabs), texts_(textNumber::device::options));
     message_ = new WarningLabel(this);
     message_->setObjectName(QStringLiteral("refusal"));
     message_->setWordWrap(true);
     message_->hide();
     column.addWidget(message_);
+}
+
+void PropertiesDialog::addSimulatedTabs(QTabWidget& tabs)
+{
+    tabs.addTab(makeSamplingTab(context_, *kind_, &tabs), texts_(named::sampling));
+    tabs.addTab(makeLinesTab(context_, &tabs), texts_(hostText::triggerLines));
+    channels_ = new ChannelsTab(context_, original_.groups, &tabs);
+    tabs.addTab(channels_, texts_(textNumber::page::channels));
 }
 
 void PropertiesDialog::addButtons(QBoxLayout& column)
@@ -80,7 +93,8 @@ void PropertiesDialog::addButtons(QBoxLayout& column)
 void PropertiesDialog::accept()
 {
     fields_.take();
-    channels_->take();
+    if (channels_)
+        channels_->take();
     try {
         const InstrumentSettings settings = properties_.settings();
         const QPointer<QDialog> self(this);
@@ -102,7 +116,7 @@ void PropertiesDialog::keyPressEvent(QKeyEvent* event)
 
 void PropertiesDialog::showRefusal(const PropertyRefusal& refusal)
 {
-    QString name = channels_->focusOn(refusal);
+    QString name = channels_ ? channels_->focusOn(refusal) : QString();
     if (name.isEmpty())
         name = fields_.focusOn(refusal);
     if (name.isEmpty())

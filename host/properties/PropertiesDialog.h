@@ -5,13 +5,15 @@
 #include <QDialog>
 #include <functional>
 
+class QTabWidget;
+
 namespace ko {
 
 class WarningLabel;
 
-/// The properties of a simulated instrument: name and kind, offered rates and sizes, trigger lines, and the signals and
-/// trigger parameters of its channels. OK checks them as set-up files are checked; a refusal is shown in the dialog,
-/// and nothing typed is lost.
+/// The properties of a device: name and options; and of a simulated instrument: name and kind, offered rates and sizes,
+/// trigger lines, and the signals and trigger parameters of its channels. OK checks them as set-up files are checked; a
+/// refusal is shown in the dialog, and nothing typed is lost.
 class PropertiesDialog : public QDialog {
 public:
     /// A locked dialog shows the properties without changing them.
@@ -23,7 +25,7 @@ public:
     std::function<bool(const InstrumentSettings& settings)> apply;
 
     /// Shows the channel of this path.
-    void showChannel(const std::string& path) { channels_->showChannel(path); }
+    void showChannel(const std::string& path) { channels_ ? channels_->showChannel(path) : void(); }
 
     void accept() override;
 
@@ -33,6 +35,7 @@ protected:
 private:
     void addHead(QBoxLayout& column);
     void addTabs(QBoxLayout& column);
+    void addSimulatedTabs(QTabWidget& tabs);
     void addButtons(QBoxLayout& column);
     void showRefusal(const PropertyRefusal& refusal);
     void showMessage(const QString& text);
@@ -43,7 +46,7 @@ private:
     PropertyFields fields_;
     PropertyContext context_;
     QComboBox* kind_ = nullptr;
-    ChannelsTab* channels_ = nullptr;
+    ChannelsTab* channels_ = nullptr; ///< null for a device
     WarningLabel* message_ = nullptr;
 };
 

@@ -21,6 +21,9 @@ QWidget* makeSamplingTab(const PropertyContext& context, QComboBox& kind, QWidge
 /// Makes the tab with the ranks and lines of the triggers.
 QWidget* makeLinesTab(const PropertyContext& context, QWidget* parent);
 
+/// Makes the tab with the options of a device, in place of the others; all else is the device's own.
+QWidget* makeDeviceTab(const PropertyContext& context, const InstrumentSettings& settings, QWidget* parent);
+
 /// Returns a tab that scrolls where there is no room for `content`, which it owns.
 QWidget* scrolledTab(QWidget& content, QWidget* parent);
 

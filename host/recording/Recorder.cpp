@@ -17,8 +17,8 @@ constexpr double patience = 3600.0; // seconds for a trigger
 } // namespace
 
 Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions options)
-    : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)), start_(now()),
-      queue_(options_.queueBytes)
+    : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)),
+      isRealTime_(options_.isPaced || plan_.isRealTime), start_(now()), queue_(options_.queueBytes)
 {
     if (!options_.freeBytes)
         options_.freeBytes = [file = options_.file] { return freeBytesFor(file); };
@@ -32,7 +32,7 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
     std::vector<PlannedInstrument> recorded;
     for (const PlannedInstrument& it : plan_.instruments) {
         Acquisition& source = *instruments_[it.index]->acquisition();
-        tracks_.push_back(std::make_unique<Track>(it, source, tracks_.size(), queue_, !options_.isPaced));
+        tracks_.push_back(std::make_unique<Track>(it, source, tracks_.size(), queue_, !isRealTime_));
         if (it.isRecorded()) {
             tracks_.back()->group = recorded.size();
             recorded.push_back(it);
@@ -113,7 +113,7 @@ void Recorder::start(Track& track, double notBefore)
                                  .onTrigger = onTrigger,
                                  .notBefore = notBefore,
                                  .patience = patience,
-                                 .isPaced = options_.isPaced};
+                                 .isPaced = isRealTime_};
     try {
         track.acquisition.start(order, track);
         track.phase = Track::Phase::Acquiring;
@@ -203,7 +203,7 @@ void Recorder::take(Track& track, const Delivery::Ended& end)
     if (!end.reason.empty())
         fail(track.plan.name + ": " + end.reason);
     else if (track.toCome() > 0 && !isStopping_)
-        fail(track.plan.name + ": ended after " + std::to_string(track.stored) + " of " +
+        note(track.plan.name + ": ended after " + std::to_string(track.stored) + " of " +
              std::to_string(track.plan.samples) + " samples");
 }
 

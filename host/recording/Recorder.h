@@ -56,6 +56,8 @@ private:
     [[nodiscard]] double earliest() const;
     /// Runs `act`, which writes the file, unless the file has failed.
     void write(const std::function<void()>& act);
+    /// Keeps the reason why less is recorded than planned.
+    void note(const std::string& reason);
     void fail(const std::string& reason);
 
     [[nodiscard]] RunState presentState() const;
@@ -68,6 +70,7 @@ private:
     Instruments instruments_;
     RecordingPlan plan_;
     RecordingOptions options_;
+    bool isRealTime_;          ///< the instruments acquire in real time
     Moment start_;             ///< when the recording's time begins
     Clock::time_point origin_; ///< the same
     Clock::time_point tick_;   ///< when `secure` is due next
@@ -80,6 +83,7 @@ private:
     std::vector<Marker> markers_;          ///< the same
     bool areMarkersWritten_ = true;
     std::vector<std::string> failures_;
+    bool hasFailed_ = false;     ///< not all of them are shortages
     bool isFileGood_ = true;     ///< the file can be written
     bool hasFileFailed_ = false; ///< or nearly
     bool isStopping_ = false;

@@ -54,9 +54,15 @@ void Recorder::write(const std::function<void()>& act)
     }
 }
 
-void Recorder::fail(const std::string& reason)
+void Recorder::note(const std::string& reason)
 {
     failures_.push_back(reason);
+}
+
+void Recorder::fail(const std::string& reason)
+{
+    hasFailed_ = true;
+    note(reason);
 }
 
 void Recorder::finish()

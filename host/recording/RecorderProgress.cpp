@@ -8,7 +8,7 @@ RunState Recorder::endState() const
 {
     const bool isComplete =
         std::all_of(tracks_.begin(), tracks_.end(), [](const auto& track) { return track->toCome() == 0; });
-    return !failures_.empty() ? RunState::Failed : isComplete ? RunState::Done : RunState::Stopped;
+    return hasFailed_ ? RunState::Failed : isComplete ? RunState::Done : RunState::Stopped;
 }
 
 RunState Recorder::presentState() const

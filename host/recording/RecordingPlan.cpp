@@ -36,7 +36,7 @@ PlannedInstrument planned(Instrument& instrument, Acquisition& acquisition, Plan
     } catch (const std::exception& error) {
         refuse(plan.name, error.what());
     }
-    plan.isFixed = !plan.settings.isDynamic && instrument.settings().numberOfScans.has_value();
+    plan.isFixed = !plan.settings.isDynamic && instrument.held().numberOfScans.has_value();
     return plan;
 }
 
@@ -119,6 +119,7 @@ RecordingPlan planOf(const Instruments& instruments, PlanFor purpose, const Text
             plan.instruments.push_back(planned(*instruments[i], *acquisition, purpose));
             plan.instruments.back().index = i;
             plan.instruments.back().pageBytes = pageBytes;
+            plan.isRealTime = plan.isRealTime || acquisition->isRealTime();
         }
     }
     planStart(plan);

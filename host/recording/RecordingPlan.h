@@ -41,6 +41,9 @@ struct RecordingPlan {
     std::int32_t startMode = startMode::immediately;
     DateTime startTime;
 
+    /// An instrument acquires in real time, however it is ordered.
+    bool isRealTime = false;
+
     /// Bytes of all samples.
     [[nodiscard]] double bytes() const;
 };

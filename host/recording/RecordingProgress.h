@@ -32,9 +32,11 @@ struct RecordingProgress {
     RunState state = RunState::WaitingForTime;
     double elapsed = 0.0; ///< seconds of the recording
     std::vector<InstrumentProgress> instruments;
-    std::vector<std::string> failures; ///< in English, each with the instrument or the file that failed
-    bool hasFileFailed = false;        ///< the file does not hold all that was delivered
-    bool takesMarkers = false;         ///< its time has begun, and it is not being finished
+    /// Why less is recorded than planned, in English: each with the instrument or the file that failed, or with the
+    /// instrument that has ended early by itself.
+    std::vector<std::string> failures;
+    bool hasFileFailed = false; ///< the file does not hold all that was delivered
+    bool takesMarkers = false;  ///< its time has begun, and it is not being finished
 };
 
 } // namespace ko

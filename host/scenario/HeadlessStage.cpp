@@ -5,7 +5,7 @@
 namespace ko {
 
 HeadlessStage::HeadlessStage(Scenario& scenario, const ScenarioOptions& options)
-    : scenario_(scenario), language_(options.language), watch_([&scenario] { return scenario.clock.now(); }),
+    : scenario_(scenario), language_(options.language), devices_(options.devices), watch_([&scenario] { return scenario.clock.now(); }),
       history_({[this](int number) { return text(number); }, [this]() -> const Locale& { return platform_.locale; }}),
       changes_(scenario.log), platform_{scenario.messageBox,
                                         scenario.clipboard,
@@ -21,7 +21,7 @@ HeadlessStage::HeadlessStage(Scenario& scenario, const ScenarioOptions& options)
         logCall(watched.index, call);
     };
     history_.rebuild = [this] { health().rebuild([this] { document_->UserDocument_Show(); }); };
-    history_.handOver = [this](const SimulatedDrivers& drivers, History::HandOver how) { handOver(drivers, how); };
+    history_.handOver = [this](const HostInstruments& drivers, History::HandOver how) { handOver(drivers, how); };
     takeSetup(options.setup);
     makeComponent();
 }
@@ -49,16 +49,17 @@ void HeadlessStage::logCall(std::size_t index, const DriverCall& call)
 
 void HeadlessStage::takeSetup(const Setup& setup)
 {
-    drivers_ = makeDrivers(setup);
+    exchange(drivers_, {});
+    drivers_ = makeDrivers(setup, devices_);
     watch_.watch(drivers_);
     title_ = setup.title;
     if (setup.clock)
         scenario_.clock.time = setup.clock;
 }
 
-void HeadlessStage::handOver(const SimulatedDrivers& drivers, History::HandOver how)
+void HeadlessStage::handOver(const HostInstruments& drivers, History::HandOver how)
 {
-    drivers_ = drivers;
+    exchange(drivers_, drivers);
     watch_.follow(drivers);
     IKopDrivers& page = document_->drivers();
     const bool isEdited = how == History::HandOver::Edited;

@@ -18,7 +18,8 @@ public:
     ~HeadlessStage() override;
 
     Document* document() override { return document_.get(); }
-    [[nodiscard]] const SimulatedDrivers& drivers() const override { return drivers_; }
+    [[nodiscard]] const HostInstruments& drivers() const override { return drivers_; }
+    [[nodiscard]] std::shared_ptr<DeviceSource> devices() const override { return devices_; }
     [[nodiscard]] const std::string& title() const override { return title_; }
     [[nodiscard]] std::string text(int number) const override { return component_->text(number); }
     History& history() override { return history_; }
@@ -36,17 +37,18 @@ public:
 private:
     [[nodiscard]] bool logs(Operation operation) const;
     void logCall(std::size_t index, const DriverCall& call);
-    void handOver(const SimulatedDrivers& drivers, History::HandOver how);
+    void handOver(const HostInstruments& drivers, History::HandOver how);
     void takeSetup(const Setup& setup);
     void makeComponent();
 
     Scenario& scenario_;
     std::string language_;
+    std::shared_ptr<DeviceSource> devices_;
     std::string title_;
     DriverWatch watch_;
     History history_;
     LoggedChanges changes_;
-    SimulatedDrivers drivers_;
+    HostInstruments drivers_;
     Platform platform_;
     std::unique_ptr<Component> component_;
     std::unique_ptr<Document> document_;

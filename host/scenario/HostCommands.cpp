@@ -8,8 +8,10 @@ namespace ko {
 
 namespace {
 
+/// The devices of failing instruments are opened again first, as the user of a window tries again.
 void handOver(Scenario& scenario, std::size_t count)
 {
+    scenario.health().reopenDevices();
     scenario.rebuild([&] { scenario.document().drivers().setDrivers(scenario.driverList(count)); });
 }
 
@@ -35,8 +37,9 @@ void setup(Scenario& scenario, const Arguments& words)
 void instruments(Scenario& scenario, const Arguments& words)
 {
     const Setup setup = loadSetup(scenario.path(words.text(0)));
-    const HeldState to =
-        changedInstruments(scenario.drivers(), [&](Setup& edited) { edited.instruments = setup.instruments; });
+    const HeldState to = changedInstruments(
+        scenario.drivers(), [&](Setup& edited) { edited.instruments = setup.instruments; },
+        scenario.stage().devices());
     scenario.history().edit(to);
 }
 
@@ -180,7 +183,7 @@ void during(Scenario& scenario, const Arguments& words)
     const bool isMessage = words.count() == 1 && words.text(0) == "message";
     if (words.count() == 1 && !isMessage)
         scenario.refuse("during takes a driver and an operation, or message");
-    SimulatedDriver* const driver = isMessage ? nullptr : &scenario.driver(words.text(0));
+    HostInstrument* const driver = isMessage ? nullptr : &scenario.driver(words.text(0));
     const auto operation = isMessage ? std::nullopt : findOperation(words.text(1));
     if (!isMessage && !operation)
         scenario.refuse("there is no operation \"" + words.text(1) + "\"");

@@ -38,7 +38,7 @@ void heal(Scenario& scenario, const Arguments& words)
 
 void enable(Scenario& scenario, const Arguments& words)
 {
-    SimulatedDriver& driver = scenario.driver(words.text(0));
+    HostInstrument& driver = scenario.driver(words.text(0));
     const std::int32_t on = words.integer(3);
     if (on != 0 && on != 1)
         scenario.refuse("a channel is enabled with 1 and disabled with 0");

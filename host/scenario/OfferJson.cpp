@@ -65,7 +65,7 @@ void addReading(Json& offer, const Reading& reading)
 
 } // namespace
 
-Json offersJson(const OfferAccount& account, const SimulatedDrivers& drivers)
+Json offersJson(const OfferAccount& account, const HostInstruments& drivers)
 {
     Json list = Json::array();
     for (std::size_t i = 0; i < account.drivers.size(); ++i) {

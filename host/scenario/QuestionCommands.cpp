@@ -128,7 +128,7 @@ void failing(Scenario& scenario, const Arguments&)
 
 void expectFailing(Scenario& scenario, const Arguments& words)
 {
-    const SimulatedDriver* const driver = &scenario.driver(words.text(0));
+    const HostInstrument* const driver = &scenario.driver(words.text(0));
     std::string actual = "none";
     for (const DriverFailure& failure : scenario.health().failing())
         if (scenario.drivers()[failure.driver].get() == driver)

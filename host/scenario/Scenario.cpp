@@ -49,7 +49,7 @@ DriverList Scenario::driverList(std::size_t count) const
     return {drivers().begin(), end};
 }
 
-SimulatedDriver& Scenario::driver(const std::string& word) const
+HostInstrument& Scenario::driver(const std::string& word) const
 {
     const auto index = integerIn(word);
     if (index && *index >= 0 && static_cast<std::size_t>(*index) < drivers().size())

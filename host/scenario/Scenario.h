@@ -57,10 +57,10 @@ public:
     /// The edits of the script's user.
     [[nodiscard]] History& history() const { return stage_->history(); }
     [[nodiscard]] DriverHealth& health() const { return stage_->health(); }
-    [[nodiscard]] const SimulatedDrivers& drivers() const { return stage_->drivers(); }
+    [[nodiscard]] const HostInstruments& drivers() const { return stage_->drivers(); }
     [[nodiscard]] DriverList driverList(std::size_t count) const;
     /// Returns the driver with this index or name; a fault if there is none.
-    [[nodiscard]] SimulatedDriver& driver(const std::string& word) const;
+    [[nodiscard]] HostInstrument& driver(const std::string& word) const;
     [[nodiscard]] const std::string& title() const { return stage_->title(); }
     /// Returns the path of a file that the script names.
     [[nodiscard]] std::string path(const std::string& file) const;

@@ -15,6 +15,7 @@ struct ScenarioOptions {
     std::string language; ///< content of a string file, or empty
     /// Whether scripts may write recordings; scripts that are made up may not.
     bool mayRecord = true;
+    std::shared_ptr<DeviceSource> devices = {}; ///< opens the devices of set-ups; empty: there are none
 };
 
 } // namespace ko

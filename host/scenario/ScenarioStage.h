@@ -14,7 +14,9 @@ public:
 
     /// Returns null if the script has destroyed the document.
     [[nodiscard]] virtual Document* document() = 0;
-    [[nodiscard]] virtual const SimulatedDrivers& drivers() const = 0;
+    [[nodiscard]] virtual const HostInstruments& drivers() const = 0;
+    /// Opens the devices of instruments; empty: there are none.
+    [[nodiscard]] virtual std::shared_ptr<DeviceSource> devices() const = 0;
     [[nodiscard]] virtual const std::string& title() const = 0;
     /// Returns a text of the component in its language.
     [[nodiscard]] virtual std::string text(int number) const = 0;

@@ -71,7 +71,7 @@ private:
 };
 
 HeadlessPage::HeadlessPage(const ScenarioOptions& options)
-    : drivers_(makeDrivers(options.setup)), machine_(std::make_unique<Machine>(*this, options.locale)),
+    : drivers_(makeDrivers(options.setup, options.devices)), machine_(std::make_unique<Machine>(*this, options.locale)),
       component_(createKoTimebaseEditor(machine_->platform, options.language)),
       document_(component_->createDocument(*machine_))
 {

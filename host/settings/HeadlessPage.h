@@ -42,7 +42,7 @@ public:
     void setReadOnly(bool on) { document_->mode().setReadOnly(on); }
 
     [[nodiscard]] Page& page() const { return document_->page(); }
-    [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
+    [[nodiscard]] const HostInstruments& drivers() const { return drivers_; }
 
     /// Returns a text of the component in its language.
     [[nodiscard]] std::string text(int number) const { return component_->text(number); }
@@ -61,7 +61,7 @@ private:
     Reaction reaction_;
     Answer answer_;
     std::vector<std::string> atStart_;
-    SimulatedDrivers drivers_;
+    HostInstruments drivers_;
     StandingClock clock_;
     std::unique_ptr<Machine> machine_;
     std::unique_ptr<Component> component_;

@@ -8,7 +8,7 @@ namespace ko {
 namespace {
 
 /// Returns to settings that the instrument had before a restore that failed.
-void putBack(SimulatedDriver& driver, const InstrumentSettings& settings)
+void putBack(HostInstrument& driver, const InstrumentSettings& settings)
 {
     try {
         driver.restore(settings);
@@ -20,10 +20,10 @@ void putBack(SimulatedDriver& driver, const InstrumentSettings& settings)
 
 } // namespace
 
-HeldState HeldState::present(const SimulatedDrivers& drivers, const HeldState& like)
+HeldState HeldState::present(const HostInstruments& drivers, const HeldState& like)
 {
     const bool isSameList = drivers == like.drivers;
-    std::unordered_map<const SimulatedDriver*, Settings> known;
+    std::unordered_map<const HostInstrument*, Settings> known;
     for (std::size_t i = 0; i < like.drivers.size() && !isSameList; ++i)
         known.emplace(like.drivers[i].get(), like.settings[i]);
     HeldState state{drivers, {}};
@@ -36,7 +36,7 @@ HeldState HeldState::present(const SimulatedDrivers& drivers, const HeldState& l
     return state;
 }
 
-void History::begin(const SimulatedDrivers& drivers, Page& page, bool isSaved)
+void History::begin(const HostInstruments& drivers, Page& page, bool isSaved)
 {
     page_ = &page;
     present_ = {HeldState::present(drivers, {}), StoredSettings::of(page)};
@@ -99,7 +99,7 @@ void History::finish()
     take(presentOf(present_.drivers));
 }
 
-HistoryState History::presentOf(const SimulatedDrivers& drivers) const
+HistoryState History::presentOf(const HostInstruments& drivers) const
 {
     return {HeldState::present(drivers, present_), StoredSettings::of(*page_)};
 }
@@ -188,9 +188,9 @@ void History::showRestored(const HistoryState& target, const std::weak_ptr<int>&
 
 bool History::restore(const HeldState& state) const
 {
-    std::vector<std::pair<SimulatedDriver*, InstrumentSettings>> before;
+    std::vector<std::pair<HostInstrument*, InstrumentSettings>> before;
     for (std::size_t i = 0; i < state.drivers.size(); ++i) {
-        SimulatedDriver& driver = *state.drivers[i];
+        HostInstrument& driver = *state.drivers[i];
         if (driver.held() == *state.settings[i])
             continue;
         before.emplace_back(&driver, driver.held());

@@ -22,7 +22,7 @@ public:
 
     /// Begins with the present state of these instruments, which is the saved one if it `isSaved`, and no steps. `page`
     /// outlives the history or the next call of `begin` or `end`.
-    void begin(const SimulatedDrivers& drivers, Page& page, bool isSaved = true);
+    void begin(const HostInstruments& drivers, Page& page, bool isSaved = true);
     /// Forgets the page and all steps.
     void end();
 
@@ -73,7 +73,7 @@ public:
         Restored ///< to the hidden page, which is shown afterwards and writes nothing
     };
     /// Makes the host and the page take this list.
-    std::function<void(const SimulatedDrivers& drivers, HandOver how)> handOver;
+    std::function<void(const HostInstruments& drivers, HandOver how)> handOver;
     /// Called after the settings of instruments have been changed by the history, before the page reads them.
     std::function<void()> restored;
     /// Makes the page read its instruments again, keeping their trigger lines; called if it is shown. The focus is then
@@ -86,11 +86,11 @@ public:
 
 private:
     void push(HistoryState state);
-    [[nodiscard]] HistoryState presentOf(const SimulatedDrivers& drivers) const;
+    [[nodiscard]] HistoryState presentOf(const HostInstruments& drivers) const;
     void take(HistoryState now);
     bool restore(const HeldState& state) const;
     void showRestored(const HistoryState& target, const std::weak_ptr<int>& run);
-    [[nodiscard]] const SimulatedDriver* startMaster(const SimulatedDrivers& drivers) const;
+    [[nodiscard]] const HostInstrument* startMaster(const HostInstruments& drivers) const;
     [[nodiscard]] ChannelPlace triggerAfter(const HeldState& to) const;
     bool showEdited(const HeldState& to, const std::weak_ptr<int>& run);
 

@@ -24,7 +24,7 @@ bool History::edit(const HeldState& to)
     return isTaken;
 }
 
-const SimulatedDriver* History::startMaster(const SimulatedDrivers& drivers) const
+const HostInstrument* History::startMaster(const HostInstruments& drivers) const
 {
     const auto master = static_cast<std::size_t>(page_->dynamicDriverIndex);
     return page_->dynamicDriverIndex >= 0 && master < drivers.size() ? drivers[master].get() : nullptr;
@@ -33,7 +33,7 @@ const SimulatedDriver* History::startMaster(const SimulatedDrivers& drivers) con
 /// The page knows its trigger channel by its place in the instrument, which the change may have moved.
 ChannelPlace History::triggerAfter(const HeldState& to) const
 {
-    const SimulatedDriver* const master = startMaster(present_.drivers);
+    const HostInstrument* const master = startMaster(present_.drivers);
     const ChannelPlace before{page_->TriggerSlot, page_->TriggerChannel};
     const auto kept =
         std::find_if(to.drivers.begin(), to.drivers.end(), [&](const auto& driver) { return driver.get() == master; });
@@ -56,7 +56,7 @@ bool History::showEdited(const HeldState& to, const std::weak_ptr<int>& run)
         if (page_->isShown)
             raise(rebuild);
     };
-    const SimulatedDriver* const master = startMaster(present_.drivers);
+    const HostInstrument* const master = startMaster(present_.drivers);
     const ChannelPlace trigger = triggerAfter(to);
     // Another start master takes the channel that is marked in it.
     store(page_->isShown ? ChannelPlace{} : trigger);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 #include "page/Page.h"
 
 #include <cstdint>
@@ -36,11 +36,11 @@ struct StoredSettings {
 struct HeldState {
     using Settings = std::shared_ptr<const InstrumentSettings>;
 
-    SimulatedDrivers drivers;
+    HostInstruments drivers;
     std::vector<Settings> settings; ///< in the order of `drivers`
 
     /// Returns what these instruments hold; shares the settings of those that hold what they have in `like`.
-    static HeldState present(const SimulatedDrivers& drivers, const HeldState& like);
+    static HeldState present(const HostInstruments& drivers, const HeldState& like);
     /// Whether the instruments and their settings are the same.
     [[nodiscard]] bool hasSameInstruments(const HeldState& other) const
     {

@@ -93,11 +93,11 @@ InstrumentSettings checked(const InstrumentSettings& instrument)
     }
 }
 
-bool haveSameViews(const InstrumentSettings& one, const InstrumentSettings& other)
+/// Whether the instrument can become this one. A device has the views that it has, whatever its description says.
+bool canBecome(const InstrumentSettings& one, const InstrumentSettings& other)
 {
-    return one.timebase.has_value() == other.timebase.has_value() &&
-           one.triggerLines.has_value() == other.triggerLines.has_value() &&
-           one.hasTriggerParameters == other.hasTriggerParameters;
+    const bool isSameDevice = one.module == other.module && one.device == other.device;
+    return isSameDevice && (!one.module.empty() || haveSameViews(one, other));
 }
 
 template <class Is> std::optional<ChannelPlace> placeWhere(const InstrumentSettings& instrument, const Is& is)
@@ -120,7 +120,8 @@ const ChannelSettings* channelAt(const InstrumentSettings& instrument, const Cha
 
 } // namespace
 
-HeldState changedInstruments(const SimulatedDrivers& drivers, const InstrumentChange& change)
+HeldState changedInstruments(const HostInstruments& drivers, const InstrumentChange& change,
+                             const std::shared_ptr<DeviceSource>& devices)
 {
     const Setup before = withPresentValues({}, drivers);
     Setup after = before;
@@ -131,11 +132,11 @@ HeldState changedInstruments(const SimulatedDrivers& drivers, const InstrumentCh
         const std::optional<std::size_t> was = origins.of()[i];
         const bool isSame = was && before.instruments[*was] == after.instruments[i];
         auto is = isSame ? drivers[*was]->held() : checked(after.instruments[i]);
-        if (was && haveSameViews(before.instruments[*was], is)) {
+        if (was && canBecome(before.instruments[*was], is)) {
             is.failing = drivers[*was]->held().failing;
             state.drivers.push_back(drivers[*was]);
         } else {
-            state.drivers.push_back(std::make_shared<SimulatedDriver>(is));
+            state.drivers.push_back(makeInstrument(is, devices));
         }
         state.settings.push_back(std::make_shared<const InstrumentSettings>(std::move(is)));
     }

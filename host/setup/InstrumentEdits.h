@@ -13,8 +13,9 @@ using InstrumentChange = std::function<void(Setup& setup)>;
 /// Returns what the instruments are after a change, for `History::edit`. An instrument that is described anew remains
 /// the same object, with its history and its simulated faults, unless it gets or loses a timebase, trigger lines or
 /// trigger parameters; it is recognised by its place or its name. Calls no driver. Throws an `InputError`, of the
-/// change or for a description that a set-up file could not hold.
-HeldState changedInstruments(const SimulatedDrivers& drivers, const InstrumentChange& change);
+/// change or for a description that a set-up file could not hold. `devices` opens those of new instruments.
+HeldState changedInstruments(const HostInstruments& drivers, const InstrumentChange& change,
+                             const std::shared_ptr<DeviceSource>& devices = {});
 
 /// A channel's place in an instrument; -1: none, or all.
 struct ChannelPlace {

@@ -12,9 +12,13 @@ namespace {
 
 using Pointer = nlohmann::ordered_json::json_pointer;
 
-/// Converts "groups[0].name" to "/groups/0/name".
+constexpr std::string_view options = "options.";
+
+/// Converts "groups[0].name" to "/groups/0/name". The name of an option may be any text.
 Pointer pointerTo(const std::string& path)
 {
+    if (path.starts_with(options))
+        return Pointer("/options") / path.substr(options.size());
     std::string pointer = "/";
     for (const char c : path)
         if (c != ']')
@@ -150,6 +154,11 @@ InstrumentSettings InstrumentProperties::settings() const
         const std::size_t colon = whole.find(": ");
         throw PropertyRefusal(whole.substr(2, colon - 2), whole.substr(colon + 2));
     }
+}
+
+std::string optionPath(const std::string& name)
+{
+    return std::string(options) + name;
 }
 
 std::string channelPath(std::size_t group, std::size_t channel)

@@ -68,6 +68,9 @@ private:
 };
 
 /// Returns the path of a channel in its instrument.
+/// Returns the path of an option of a device.
+std::string optionPath(const std::string& name);
+
 std::string channelPath(std::size_t group, std::size_t channel);
 /// Returns the path of a trigger parameter of the channel with this path.
 std::string parameterPath(const std::string& channel, std::size_t index);

@@ -46,12 +46,31 @@ std::string freeName(const Setup& setup, const std::string& name)
 }
 
 /// Visits each channel with its instrument.
-template <class Settings, class Visit> void forEachChannel(Settings& setup, const Visit& visit)
+template <class Settings, class Visit> void forEachChannelIn(Settings& setup, const Visit& visit)
 {
     for (auto& instrument : setup.instruments)
         for (auto& group : instrument.groups)
             for (auto& channel : group.channels)
                 visit(instrument, channel);
+}
+
+/// Returns a new instrument of the kind of this word, or the device "MODULE/DEVICE".
+InstrumentSettings instrumentOf(const std::string& kind)
+{
+    const std::size_t slash = kind.find('/');
+    if (slash != std::string::npos && slash > 0 && slash + 1 < kind.size()) {
+        InstrumentSettings device;
+        device.name = device.device = kind.substr(slash + 1);
+        device.module = kind.substr(0, slash);
+        return device;
+    }
+    std::vector<std::string> words;
+    for (InstrumentSettings& instrument : instrumentKinds()) {
+        words.push_back(kindWord(instrument));
+        if (words.back() == kind)
+            return std::move(instrument);
+    }
+    throw InputError(kind + ": no such kind of instrument; " + suggestion(words, kind));
 }
 
 /// Returns the slot of an address "mainframe:slot:channel" or "slot:channel"; 0 for another text.
@@ -95,7 +114,7 @@ ChannelSettings& channelNamed(Setup& setup, const std::string& text)
     const ChannelName name = channelNameIn(setup, text);
     std::vector<ChannelSettings*> found;
     std::vector<std::string> offered, several;
-    forEachChannel(setup, [&](InstrumentSettings& instrument, ChannelSettings& channel) {
+    forEachChannelIn(setup, [&](InstrumentSettings& instrument, ChannelSettings& channel) {
         if (!name.isOf(instrument))
             return;
         offered.push_back(channel.name.empty() ? channel.address : channel.name);
@@ -136,7 +155,7 @@ void checkNewName(const Setup& setup, const std::string& name)
 int freeSlot(const Setup& setup)
 {
     int slot = 1;
-    forEachChannel(setup, [&](const InstrumentSettings& /*instrument*/, const ChannelSettings& channel) {
+    forEachChannelIn(setup, [&](const InstrumentSettings& /*instrument*/, const ChannelSettings& channel) {
         slot = std::max(slot, slotOf(channel.address) + 1);
     });
     return slot;
@@ -144,28 +163,31 @@ int freeSlot(const Setup& setup)
 
 void moveToFreeSlot(const Setup& setup, InstrumentSettings& instrument)
 {
-    const std::string slot = std::to_string(freeSlot(setup));
+    // Those of a device are its own.
+    if (!instrument.module.empty())
+        return;
+    const std::string slot = "0:" + std::to_string(freeSlot(setup)) + ":";
     for (GroupSettings& group : instrument.groups)
         for (ChannelSettings& channel : group.channels)
-            channel.address =
-                "0:" + slot + channel.address.substr(std::min(channel.address.rfind(':'), channel.address.size()));
+            channel.address = slot + channel.address.substr(channel.address.rfind(':') + 1);
+}
+
+std::size_t addInstrument(Setup& setup, InstrumentSettings instrument)
+{
+    instrument.name = freeName(setup, instrument.name);
+    moveToFreeSlot(setup, instrument);
+    setup.instruments.push_back(std::move(instrument));
+    return setup.instruments.size() - 1;
 }
 
 std::size_t addInstrument(Setup& setup, const std::string& kind, const std::string& name)
 {
-    std::vector<std::string> words;
-    for (InstrumentSettings& instrument : instrumentKinds()) {
-        words.push_back(kindWord(instrument));
-        if (words.back() != kind)
-            continue;
-        if (!name.empty())
-            checkNewName(setup, name);
-        instrument.name = name.empty() ? freeName(setup, instrument.name) : name;
-        moveToFreeSlot(setup, instrument);
-        setup.instruments.push_back(std::move(instrument));
-        return setup.instruments.size() - 1;
+    InstrumentSettings instrument = instrumentOf(kind);
+    if (!name.empty()) {
+        checkNewName(setup, name);
+        instrument.name = name;
     }
-    throw InputError(kind + ": no such kind of instrument; " + suggestion(words, kind));
+    return addInstrument(setup, std::move(instrument));
 }
 
 void removeInstrument(Setup& setup, const std::string& name)

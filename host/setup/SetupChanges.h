@@ -12,13 +12,16 @@ struct SetupChange {
     enum class Kind { Add, Remove, Rename, Enable, Disable };
 
     Kind kind = Kind::Add;
-    std::string argument; ///< a kind of instrument, an instrument's name, "OLD=NEW", or a channel
+    std::string argument; ///< a kind of instrument or a device, an instrument's name, "OLD=NEW", or a channel
     std::string name;     ///< of an instrument to add; empty: the kind's
 };
 
-/// Adds a new instrument of the kind of this word, with channel addresses of a slot that no other instrument has. A
-/// name that is not given gets a number if it exists. Returns the instrument's index.
+/// Adds a new instrument of the kind of this word, or "MODULE/DEVICE" as `--modules` lists it, with channel addresses
+/// of a slot that no other instrument has. A name that is not given gets a number if it exists. Returns the
+/// instrument's index.
 std::size_t addInstrument(Setup& setup, const std::string& kind, const std::string& name = {});
+/// Adds this instrument in the same way; its name gets a number if it exists.
+std::size_t addInstrument(Setup& setup, InstrumentSettings instrument);
 void removeInstrument(Setup& setup, const std::string& name);
 /// Replaces the description of an instrument. Its name may be another one that no instrument has.
 void describeInstrument(Setup& setup, std::size_t index, const InstrumentSettings& settings);
@@ -32,7 +35,7 @@ void enableChannel(Setup& setup, const std::string& channel, bool on);
 void checkNewName(const Setup& setup, const std::string& name);
 /// Returns a slot after all others.
 int freeSlot(const Setup& setup);
-/// Gives the channels of an instrument addresses of a free slot.
+/// Gives the channels of a simulated instrument addresses of a free slot.
 void moveToFreeSlot(const Setup& setup, InstrumentSettings& instrument);
 
 /// Applies a change as it is written on the command line. As the functions above, fails with an `InputError` that names

@@ -1,5 +1,6 @@
 #include "host/setup/SetupFile.h"
 
+#include "host/instruments/SimulatedInstrument.h"
 #include "host/setup/SetupReader.h"
 #include "host/support/InputError.h"
 #include "platform/DateTimes.h"
@@ -9,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <unordered_set>
 
 namespace ko {
 
@@ -74,12 +76,33 @@ std::string readFile(const std::string& file)
     return content.str();
 }
 
-SimulatedDrivers makeDrivers(const Setup& setup)
+std::shared_ptr<HostInstrument> makeInstrument(const InstrumentSettings& settings,
+                                               const std::shared_ptr<DeviceSource>& devices)
 {
-    SimulatedDrivers drivers;
+    if (settings.module.empty())
+        return std::make_shared<HostInstrument>(std::make_unique<SimulatedInstrument>(settings));
+    return std::make_shared<HostInstrument>(std::make_unique<DeviceInstrument>(settings, devices));
+}
+
+HostInstruments makeDrivers(const Setup& setup, const std::shared_ptr<DeviceSource>& devices)
+{
+    HostInstruments drivers;
     for (const InstrumentSettings& settings : setup.instruments)
-        drivers.push_back(std::make_shared<SimulatedDriver>(settings));
+        drivers.push_back(makeInstrument(settings, devices));
+    for (const auto& driver : drivers)
+        driver->openDevice();
     return drivers;
+}
+
+void exchange(HostInstruments& list, HostInstruments instead)
+{
+    const std::unordered_set<std::shared_ptr<HostInstrument>> kept(instead.begin(), instead.end());
+    for (const auto& instrument : list)
+        if (!kept.contains(instrument))
+            instrument->closeDevice();
+    list = std::move(instead);
+    for (const auto& instrument : list)
+        instrument->openDevice();
 }
 
 } // namespace ko

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/instruments/HostInstrument.h"
 #include "host/instruments/InstrumentSettings.h"
-#include "host/instruments/SimulatedDriver.h"
 
 #include <string>
 
@@ -35,6 +35,14 @@ std::optional<DateTime> readClockTime(const std::string& text);
 /// Formats a date as `readClockTime` reads it.
 std::string clockText(DateTime time);
 
-SimulatedDrivers makeDrivers(const Setup& setup);
+/// Makes an instrument by its description: a simulated one, or a device, which is not opened yet.
+std::shared_ptr<HostInstrument> makeInstrument(const InstrumentSettings& settings,
+                                               const std::shared_ptr<DeviceSource>& devices = {});
+
+/// Makes the instruments of a set-up and opens their devices. A device that cannot be opened makes its instrument fail.
+HostInstruments makeDrivers(const Setup& setup, const std::shared_ptr<DeviceSource>& devices = {});
+
+/// Closes the devices of instruments that a list no longer has, and then opens those that it has instead.
+void exchange(HostInstruments& list, HostInstruments instead);
 
 } // namespace ko

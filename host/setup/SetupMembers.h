@@ -152,7 +152,13 @@ template <class Visit> void visitMembers(Is<SimulatedFailure> auto& failure, con
 
 template <class Visit> void visitMembers(Is<InstrumentSettings> auto& instrument, const Visit& visit)
 {
+    const auto isOfModule = [&](const auto& /*member*/) {
+        return instrument.module.empty() ? "belongs to an instrument with a \"module\"" : "";
+    };
     visit("name", instrument.name, Rule::Required);
+    visit("module", instrument.module, Rule::Sparse);
+    visit("device", instrument.device, instrument.module.empty() ? Rule::Sparse : Rule::Required, isOfModule);
+    visit("options", instrument.options, Rule::Sparse, isOfModule);
     visit("measurementMode", instrument.measurementMode);
     visit("samplingMode", instrument.samplingMode);
     visit("groups", instrument.groups);

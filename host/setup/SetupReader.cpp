@@ -97,6 +97,13 @@ void read(const JsonValue& json, Shape& shape)
     shape = namedOf<Shape>(json, shapeNames);
 }
 
+/// Texts by name.
+void read(const JsonValue& json, DeviceOptions& options)
+{
+    for (const JsonMember& member : contentOf<JsonObject>(json, "an object"))
+        read(member, options[member.key]);
+}
+
 template <Described T> void read(const JsonValue& json, T& object);
 void read(const JsonValue& json, SimulatedFailure& failure);
 

@@ -36,7 +36,7 @@ bool hasChangedSince(const std::string& file, const std::string& content)
     }
 }
 
-Setup withPresentValues(Setup setup, const SimulatedDrivers& drivers)
+Setup withPresentValues(Setup setup, const HostInstruments& drivers)
 {
     setup.instruments.clear();
     for (const auto& driver : drivers)

@@ -18,6 +18,6 @@ void saveSetup(const std::string& file, const Setup& setup, const std::string& b
 bool hasChangedSince(const std::string& file, const std::string& content);
 
 /// Returns `setup` with the present values of the drivers, in their order.
-Setup withPresentValues(Setup setup, const SimulatedDrivers& drivers);
+Setup withPresentValues(Setup setup, const HostInstruments& drivers);
 
 } // namespace ko

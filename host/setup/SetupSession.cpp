@@ -46,7 +46,8 @@ void SetupSession::replace(std::string content, const std::string& source, const
 
 void SetupSession::take(const UnsavedSetup& set, bool isChanged)
 {
-    drivers_ = makeDrivers(set.setup);
+    exchange(drivers_, {});
+    drivers_ = makeDrivers(set.setup, devices);
     setup_ = std::make_shared<Setup>(set.setup);
     content_ = set.saved;
     template_ = set.templateName;

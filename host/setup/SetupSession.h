@@ -79,11 +79,11 @@ public:
     /// The file from which the set-up was read: its own, or a template.
     [[nodiscard]] const std::string& source() const { return source_; }
     [[nodiscard]] const std::string& title() const { return setup_->title; }
-    [[nodiscard]] const SimulatedDrivers& drivers() const { return drivers_; }
+    [[nodiscard]] const HostInstruments& drivers() const { return drivers_; }
     /// The set-up with the present values of the instruments.
     [[nodiscard]] Setup presentSetup() const;
     /// Replaces the list of instruments by an edit, which its caller marks as a change.
-    void setDrivers(SimulatedDrivers drivers) { drivers_ = std::move(drivers); }
+    void setDrivers(HostInstruments drivers) { exchange(drivers_, std::move(drivers)); }
     /// The fixed time of the set-up's clock, if it has one.
     [[nodiscard]] std::optional<DateTime> clock() const { return setup_->clock; }
     /// Whether the set-up has a file.
@@ -97,6 +97,8 @@ public:
     [[nodiscard]] bool isChanged() const { return changed_; }
     void setChanged(bool changed);
 
+    /// Opens the devices of instruments; empty: there are none.
+    std::shared_ptr<DeviceSource> devices;
     /// Returns the set-up that a file of another kind contains; none for a set-up file. The set-up then has no file
     /// until it is saved.
     std::function<std::optional<std::string>(const std::string& file)> setupInside;
@@ -138,7 +140,7 @@ private:
     std::string content_;  ///< of the file, as it was read or written last
     std::string declined_; ///< a later content that the user declined to reload
     std::shared_ptr<const Setup> setup_ = std::make_shared<Setup>();
-    SimulatedDrivers drivers_;
+    HostInstruments drivers_;
     bool changed_ = false;
 };
 

@@ -2,13 +2,13 @@
 
 namespace ko {
 
-InstrumentRow::InstrumentRow(const SimulatedDrivers& drivers) : filled_(true)
+InstrumentRow::InstrumentRow(const HostInstruments& drivers) : filled_(true)
 {
     for (const auto& driver : drivers)
         add(Kind::Instrument, *driver);
 }
 
-InstrumentRow::InstrumentRow(InstrumentRow& parent, Kind kind, SimulatedDriver& driver)
+InstrumentRow::InstrumentRow(InstrumentRow& parent, Kind kind, HostInstrument& driver)
     : kind_(kind), parent_(&parent), driver_(&driver), number_(static_cast<int>(parent.rows_.size())),
       group_(parent.group_), channel_(parent.channel_)
 {
@@ -56,7 +56,7 @@ const std::vector<std::unique_ptr<InstrumentRow>>& InstrumentRow::rows()
     return rows_;
 }
 
-InstrumentRow& InstrumentRow::add(Kind kind, SimulatedDriver& driver)
+InstrumentRow& InstrumentRow::add(Kind kind, HostInstrument& driver)
 {
     rows_.push_back(std::make_unique<InstrumentRow>(*this, kind, driver));
     return *rows_.back();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 #include "platform/Locale.h"
 #include "widgets/support/Convert.h"
 
@@ -16,8 +16,8 @@ public:
     enum class Kind { Root, Instrument, Timebase, Quantity, Group, Channel, Parameter, Lines, Line };
 
     /// The root, with a row for each instrument.
-    explicit InstrumentRow(const SimulatedDrivers& drivers);
-    InstrumentRow(InstrumentRow& parent, Kind kind, SimulatedDriver& driver);
+    explicit InstrumentRow(const HostInstruments& drivers);
+    InstrumentRow(InstrumentRow& parent, Kind kind, HostInstrument& driver);
 
     [[nodiscard]] Kind kind() const { return kind_; }
     [[nodiscard]] InstrumentRow* parent() const { return parent_; }
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] const std::vector<std::unique_ptr<InstrumentRow>>& rows();
 
     /// Not for the root.
-    [[nodiscard]] SimulatedDriver& driver() const { return *driver_; }
+    [[nodiscard]] HostInstrument& driver() const { return *driver_; }
     [[nodiscard]] int group() const { return group_; }
     [[nodiscard]] int channel() const { return channel_; }
     [[nodiscard]] const GroupSettings& groupSettings() const;
@@ -36,14 +36,14 @@ public:
     [[nodiscard]] std::size_t item() const { return item_; }
 
 private:
-    InstrumentRow& add(Kind kind, SimulatedDriver& driver);
+    InstrumentRow& add(Kind kind, HostInstrument& driver);
     void addItems(Kind kind, std::size_t count);
     void addInstrumentRows();
     void addChannels();
 
     Kind kind_ = Kind::Root;
     InstrumentRow* parent_ = nullptr;
-    SimulatedDriver* driver_ = nullptr;
+    HostInstrument* driver_ = nullptr;
     int number_ = 0;
     int group_ = -1;
     int channel_ = -1;

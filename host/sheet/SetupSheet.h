@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 #include "page/Page.h"
 #include "widgets/support/Convert.h"
 
@@ -9,7 +9,7 @@ namespace ko {
 /// The content of a set-up sheet.
 struct SheetSource {
     const Page& page;
-    const SimulatedDrivers& drivers;
+    const HostInstruments& drivers;
     std::string title;      ///< of the set-up
     std::string file;       ///< of the set-up; empty: not saved yet
     bool isChanged = false; ///< the set-up differs from its file

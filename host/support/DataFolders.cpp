@@ -15,6 +15,11 @@ std::filesystem::path programFolder()
 
 } // namespace
 
+std::filesystem::path modulesFolder()
+{
+    return (programFolder() / KO_MODULES_FROM_PROGRAM).lexically_normal();
+}
+
 std::optional<std::filesystem::path> findDataFile(const std::filesystem::path& name)
 {
     std::error_code ignored;

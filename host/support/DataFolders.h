@@ -10,4 +10,7 @@ namespace ko {
 /// there is no such file.
 std::optional<std::filesystem::path> findDataFile(const std::filesystem::path& name);
 
+/// The folder of the driver modules that belong to the program, installed or built; it may not exist.
+std::filesystem::path modulesFolder();
+
 } // namespace ko

@@ -53,10 +53,10 @@ void FrameDocks::joinWatch()
 
 void FrameDocks::joinInstruments()
 {
-    instruments_->model().enable = [this](SimulatedDriver& driver, int group, int channel, bool on) {
+    instruments_->model().enable = [this](HostInstrument& driver, int group, int channel, bool on) {
         return enableChannel(driver, group, channel, on);
     };
-    instruments_->faultChanged = [this](const SimulatedDriver& driver, const std::string& operation, bool fails) {
+    instruments_->faultChanged = [this](const HostInstrument& driver, const std::string& operation, bool fails) {
         faultChanged(driver, operation, fails);
     };
     instruments_->handOver = [this] { handOverAgain(); };
@@ -81,14 +81,14 @@ void FrameDocks::joinStrip()
     failures_->leaving = [this] { page_.widget().view().focus().follow(); };
 }
 
-void FrameDocks::show(const SimulatedDrivers& drivers)
+void FrameDocks::show(const HostInstruments& drivers)
 {
     watch_.watch(drivers);
     failures_->forget();
     instruments_->show(drivers);
 }
 
-void FrameDocks::follow(const SimulatedDrivers& drivers)
+void FrameDocks::follow(const HostInstruments& drivers)
 {
     watch_.follow(drivers);
     instruments_->show(drivers);
@@ -140,14 +140,16 @@ void FrameDocks::showRecordingFailures()
 
 void FrameDocks::handOverAgain()
 {
-    if (!isLocked() && page_.okToLeave())
-        history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
+    if (isLocked() || !page_.okToLeave())
+        return;
+    watch_.health().reopenDevices();
+    history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
 }
 
-bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, bool on)
+bool FrameDocks::enableChannel(HostInstrument& driver, int group, int channel, bool on)
 {
     // Another set-up may have been opened while the page showed a message.
-    const SimulatedDrivers shown = session_.drivers();
+    const HostInstruments shown = session_.drivers();
     if (isLocked() || !page_.okToLeave() || session_.drivers() != shown)
         return false;
     capture_.host({"enable", numberOf(driver), std::to_string(group), std::to_string(channel), on ? "1" : "0"});
@@ -159,7 +161,7 @@ bool FrameDocks::enableChannel(SimulatedDriver& driver, int group, int channel, 
     return true;
 }
 
-void FrameDocks::faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails)
+void FrameDocks::faultChanged(const HostInstrument& driver, const std::string& operation, bool fails)
 {
     ScenarioWriter::Words words{fails ? "fail" : "heal", numberOf(driver)};
     if (!operation.empty())
@@ -168,9 +170,9 @@ void FrameDocks::faultChanged(const SimulatedDriver& driver, const std::string& 
     history_.changedOtherwise();
 }
 
-std::string FrameDocks::numberOf(const SimulatedDriver& driver) const
+std::string FrameDocks::numberOf(const HostInstrument& driver) const
 {
-    const SimulatedDrivers& drivers = session_.drivers();
+    const HostInstruments& drivers = session_.drivers();
     const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const auto& d) { return d.get() == &driver; });
     return std::to_string(found - drivers.begin());
 }

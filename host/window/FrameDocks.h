@@ -34,9 +34,9 @@ public:
     [[nodiscard]] DriverHealth& health() { return watch_.health(); }
 
     /// Observes and shows these instruments instead of the previous ones.
-    void show(const SimulatedDrivers& drivers);
+    void show(const HostInstruments& drivers);
     /// As `show`, after an edit: instruments that remain keep their failures and their rows.
-    void follow(const SimulatedDrivers& drivers);
+    void follow(const HostInstruments& drivers);
     /// Counts the widget, which must outlive this object, as one of the docks.
     void include(const QWidget& dock) { others_.push_back(&dock); }
     /// Returns whether the widget is in a dock or in the strip; false for null.
@@ -62,9 +62,9 @@ private:
     void joinInstruments();
     void joinStrip();
 
-    bool enableChannel(SimulatedDriver& driver, int group, int channel, bool on);
-    [[nodiscard]] std::string numberOf(const SimulatedDriver& driver) const;
-    void faultChanged(const SimulatedDriver& driver, const std::string& operation, bool fails);
+    bool enableChannel(HostInstrument& driver, int group, int channel, bool on);
+    [[nodiscard]] std::string numberOf(const HostInstrument& driver) const;
+    void faultChanged(const HostInstrument& driver, const std::string& operation, bool fails);
     void handOverAgain();
     [[nodiscard]] bool isLocked() const;
 

@@ -52,7 +52,7 @@ FrameHistory::FrameHistory(QMainWindow& window, const UserActions& actions, Fram
     history_.changed = [this] { show(); };
     history_.rebuild = [this] { ko::raise(rebuild); };
     history_.restored = [this] { ko::raise(restored); };
-    history_.handOver = [this](const SimulatedDrivers& drivers, History::HandOver how) { handOver(drivers, how); };
+    history_.handOver = [this](const HostInstruments& drivers, History::HandOver how) { handOver(drivers, how); };
     history_.refused = [this](const std::string& instrument, const std::string& reason) {
         tellRefused(instrument, reason);
     };

@@ -62,7 +62,7 @@ public:
 
     /// See `History`; set by the window.
     std::function<void()> rebuild, restored;
-    std::function<void(const SimulatedDrivers& drivers, History::HandOver how)> handOver;
+    std::function<void(const HostInstruments& drivers, History::HandOver how)> handOver;
     [[nodiscard]] bool isLocked() const;
     /// Called when the set-up or its changed mark may have changed.
     std::function<void()> changed;

@@ -28,14 +28,14 @@ FrameInstruments::FrameInstruments(QMainWindow& window, const UserActions& actio
       history_(history), docks_(docks)
 {
     history.restored = [this] { docks_.follow(session_.drivers()); };
-    history.handOver = [this](const SimulatedDrivers& drivers, History::HandOver how) {
+    history.handOver = [this](const HostInstruments& drivers, History::HandOver how) {
         handOver(drivers, how == History::HandOver::Restored);
     };
     InstrumentEditing& editing = docks.instruments().editing();
     editing.edit = [this](const InstrumentChange& change) { return edit(change); };
     editing.add = [this] { add(); };
     InstrumentDescribing& describing = docks.instruments().describing();
-    describing.describe = [this](const SimulatedDriver& driver, const InstrumentSettings& settings) {
+    describing.describe = [this](const HostInstrument& driver, const InstrumentSettings& settings) {
         return describe(driver, settings);
     };
     describing.isLocked = [this] { return history_.isLocked(); };
@@ -49,7 +49,7 @@ void FrameInstruments::joinPage()
     onSignal(plus, &QToolButton::clicked, &picture, [this] { page_.widget().view().act([this] { add(); }); });
 }
 
-void FrameInstruments::handOver(const SimulatedDrivers& drivers, bool isRestored)
+void FrameInstruments::handOver(const HostInstruments& drivers, bool isRestored)
 {
     session_.setDrivers(drivers);
     docks_.follow(drivers);
@@ -72,12 +72,12 @@ bool FrameInstruments::edit(const InstrumentChange& change)
 {
     const UserActions::Action action(actions_);
     // Another set-up may have been opened while the page showed a message.
-    const SimulatedDrivers shown = session_.drivers();
+    const HostInstruments shown = session_.drivers();
     if (!isOpen() || !page_.okToLeave() || session_.drivers() != shown)
         return false;
     const QPointer<QWidget> focused = window_.focusWidget();
     try {
-        const HeldState to = changedInstruments(shown, change);
+        const HeldState to = changedInstruments(shown, change, session_.devices);
         capture_.instruments(to);
         const bool isChanged = !action.isOver() && session_.drivers() == shown && history_.edit(to);
         // The page takes the focus while it is rebuilt.
@@ -90,9 +90,9 @@ bool FrameInstruments::edit(const InstrumentChange& change)
     }
 }
 
-bool FrameInstruments::describe(const SimulatedDriver& driver, const InstrumentSettings& settings)
+bool FrameInstruments::describe(const HostInstrument& driver, const InstrumentSettings& settings)
 {
-    const SimulatedDrivers& drivers = session_.drivers();
+    const HostInstruments& drivers = session_.drivers();
     const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const auto& d) { return d.get() == &driver; });
     const auto index = static_cast<std::size_t>(found - drivers.begin());
     return found != drivers.end() && edit([&](Setup& setup) { describeInstrument(setup, index, settings); });
@@ -103,16 +103,16 @@ void FrameInstruments::add()
     const UserActions::Action action(actions_);
     if (!isOpen())
         return;
-    std::string kind;
+    InstrumentSettings chosen;
     {
-        Modal<InstrumentGallery> gallery(parts_.texts(), instrumentKinds(), &window_);
+        Modal<InstrumentGallery> gallery(parts_.texts(), instrumentKinds(), session_.devices, &window_);
         if (!gallery.isAccepted() || action.isOver())
             return;
-        kind = gallery->kind();
+        chosen = gallery->chosen();
     }
     if (!session_.hasSetup())
         session_.begin("empty");
-    if (edit([&](Setup& setup) { addInstrument(setup, kind); }) && !action.isOver())
+    if (edit([&](Setup& setup) { addInstrument(setup, chosen); }) && !action.isOver())
         docks_.instruments().select(session_.drivers().size() - 1);
 }
 

@@ -27,7 +27,7 @@ public:
     /// returns false; so it does while the page is read-only.
     bool edit(const InstrumentChange& change);
     /// Describes an instrument of the list anew, as one step. As `edit`.
-    bool describe(const SimulatedDriver& driver, const InstrumentSettings& settings);
+    bool describe(const HostInstrument& driver, const InstrumentSettings& settings);
 
     /// Puts a button on a new page without instruments.
     void joinPage();
@@ -38,7 +38,7 @@ public:
 private:
     /// Returns whether the instruments can be edited now; shows the reason if not.
     [[nodiscard]] bool isOpen();
-    void handOver(const SimulatedDrivers& drivers, bool isRestored);
+    void handOver(const HostInstruments& drivers, bool isRestored);
     void refuse(const QString& reason);
 
     QMainWindow& window_;

@@ -91,7 +91,7 @@ void FrameRecording::enableEntries()
 
 Instruments FrameRecording::instruments() const
 {
-    const SimulatedDrivers& drivers = files_.session().drivers();
+    const HostInstruments& drivers = files_.session().drivers();
     return {drivers.begin(), drivers.end()};
 }
 

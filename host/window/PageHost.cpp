@@ -100,7 +100,7 @@ void PageHost::removeWidget()
     delete std::exchange(widget_, nullptr);
 }
 
-void PageHost::show(const SimulatedDrivers& drivers)
+void PageHost::show(const HostInstruments& drivers)
 {
     document_->UserDocument_Hide();
     document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
@@ -109,7 +109,7 @@ void PageHost::show(const SimulatedDrivers& drivers)
     document_->UserDocument_Show();
 }
 
-void PageHost::handOver(const SimulatedDrivers& drivers)
+void PageHost::handOver(const HostInstruments& drivers)
 {
     const UserActions::Action action(actions_);
     document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
@@ -118,7 +118,7 @@ void PageHost::handOver(const SimulatedDrivers& drivers)
         document_->drivers().DriversHaveChanged();
 }
 
-void PageHost::handOverHidden(const SimulatedDrivers& drivers)
+void PageHost::handOverHidden(const HostInstruments& drivers)
 {
     document_->UserDocument_Hide();
     document_->drivers().setNumberOfDrivers(static_cast<std::int32_t>(drivers.size()));
@@ -126,7 +126,7 @@ void PageHost::handOverHidden(const SimulatedDrivers& drivers)
 }
 
 /// A visible page clears the trigger lines of the instruments that it receives, so the page is hidden first.
-void PageHost::handOverAgain(const SimulatedDrivers& drivers)
+void PageHost::handOverAgain(const HostInstruments& drivers)
 {
     const auto count = static_cast<std::int32_t>(drivers.size());
     capture_.host({"hide"});

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 #include "host/window/FrameParts.h"
 #include "widgets/page/PageWidget.h"
 #include "widgets/support/UserActions.h"
@@ -40,14 +40,14 @@ public:
     std::function<void()> focusMoved;
 
     /// Shows these instruments instead of the previous ones.
-    void show(const SimulatedDrivers& drivers);
+    void show(const HostInstruments& drivers);
     /// Hands over another list after an edit of the instruments: a visible page clears their trigger lines and is
     /// rebuilt.
-    void handOver(const SimulatedDrivers& drivers);
+    void handOver(const HostInstruments& drivers);
     /// Hands over another list to the page, which is hidden until it is shown again and writes nothing.
-    void handOverHidden(const SimulatedDrivers& drivers);
+    void handOverHidden(const HostInstruments& drivers);
     /// Hands the same instruments over again, after one of them may have failed. Changes no setting.
-    void handOverAgain(const SimulatedDrivers& drivers);
+    void handOverAgain(const HostInstruments& drivers);
     /// Makes the page read its instruments again. Keeps their trigger lines.
     void rebuild();
 

@@ -46,9 +46,14 @@ Document* WindowStage::document()
     return &frame_.page.document();
 }
 
-const SimulatedDrivers& WindowStage::drivers() const
+const HostInstruments& WindowStage::drivers() const
 {
     return frame_.files.session().drivers();
+}
+
+std::shared_ptr<DeviceSource> WindowStage::devices() const
+{
+    return frame_.files.session().devices;
 }
 
 const std::string& WindowStage::title() const

@@ -40,7 +40,8 @@ public:
     ~WindowStage() override;
 
     Document* document() override;
-    [[nodiscard]] const SimulatedDrivers& drivers() const override;
+    [[nodiscard]] const HostInstruments& drivers() const override;
+    [[nodiscard]] std::shared_ptr<DeviceSource> devices() const override;
     [[nodiscard]] const std::string& title() const override;
     [[nodiscard]] std::string text(int number) const override;
     History& history() override;

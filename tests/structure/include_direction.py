@@ -9,7 +9,7 @@ COMPONENT = [["interfaces"], ["platform"], ["support"], ["page"], ["timebase", "
 # The host without a window: may include the component, but not Qt.
 HEADLESS = [["host/support"], ["host/instruments"], ["host/setup"], ["host/recording"], ["host/scenario"], ["host/settings"]]
 TOOLKIT = [["widgets/support"], ["widgets/bindings"], ["widgets/dialogs"], ["widgets/services", "widgets/page"],
-           ["host/sheet"], ["host/toolkit"],
+           ["host/sheet", "host/modules"], ["host/toolkit"],
            ["host/chart", "host/properties", "host/recording_view"], ["host/docks"], ["host/window"], ["host/main"]]
 RANKS = [*COMPONENT, *HEADLESS, *TOOLKIT]
 RANK_OF = {folder: rank for rank, folders in enumerate(RANKS) for folder in folders}

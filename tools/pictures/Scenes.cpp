@@ -110,7 +110,7 @@ QPixmap triggerLines(FrameWindow& window)
 QPixmap failingInstruments(FrameWindow& window)
 {
     window.docks().health().now = [&window] { return window.services().clock.now(); };
-    const SimulatedDrivers& drivers = window.session().drivers();
+    const HostInstruments& drivers = window.session().drivers();
     drivers[0]->calls().fail({"SampleChoiceList", 13, "Type mismatch"});
     drivers[1]->calls().fail({"BlockSizeChoiceList"});
     drivers[3]->calls().fail({"StopMode set", 70, "Permission denied"});

@@ -1,3 +1,4 @@
+#include "host/instruments/Signal.h"
 #include "host/setup/SetupFile.h"
 
 #include <cmath>
@@ -39,7 +40,7 @@ private:
 };
 
 /// An instrument whose channels have these members.
-std::shared_ptr<SimulatedDriver> sampling(const std::vector<std::string>& channels, const std::string& timebase)
+std::shared_ptr<HostInstrument> sampling(const std::vector<std::string>& channels, const std::string& timebase)
 {
     std::string list;
     for (const std::string& channel : channels)

@@ -71,7 +71,7 @@ TEST(DriverHealthTest, ACallIsIdentifiedByItsArgumentsAndReportedWithReasonAndTi
     EXPECT_EQ(driver["time"], 46347.5);
 
     DriverHealth health([] { return DateTime{}; });
-    const SimulatedDrivers drivers = makeDrivers(parseSetup(bench, "bench.json"));
+    const HostInstruments drivers = makeDrivers(parseSetup(bench, "bench.json"));
     health.watch(drivers);
     const Failure failure(9, "no");
     const CallValue none;

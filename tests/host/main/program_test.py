@@ -190,7 +190,7 @@ class Program(unittest.TestCase):
         text = run("--help").stdout
         man = (SOURCE / "packaging/korvell-host.1.in").read_text(encoding="utf-8").replace("\\-", "-")
         readme = (SOURCE / "README.md").read_text(encoding="utf-8")
-        self.assertEqual(set(re.findall(r"--[a-z]+", man)), set(re.findall(r"--[a-z]+", text)))
+        self.assertEqual(set(re.findall(r"--[a-z-]+", man)), set(re.findall(r"--[a-z-]+", text)))
         for name in run(SETUP, "--list", "--names").stdout.split():
             self.assertIn(name, man)
         statuses = re.findall(r"^  (\d)  (.+(?:\n     .+)*)", text, re.MULTILINE)
@@ -205,7 +205,7 @@ class Program(unittest.TestCase):
         members = (SOURCE / "host/setup/SetupMembers.h").read_text(encoding="utf-8")
         numbers = (SOURCE / "src/page/Quantities.h").read_text(encoding="utf-8")
         keys = re.findall(r'visit\("(\w+)', members) + re.findall(r'TimebaseNumber \w+\{"(\w+)', numbers)
-        options = re.findall(r"--[a-z]+", run("--help").stdout)
+        options = re.findall(r"--[a-z-]+", run("--help").stdout)
         names = [name for name in run(SETUP, "--list", "--names").stdout.split() if not name.startswith("trigger.")]
         for words, page in ((commands, "docs/SCENARIOS.md"), (keys, "help/en/setup-file.html"),
                             (options + names, "help/en/command-line.html")):

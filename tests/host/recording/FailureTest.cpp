@@ -1,6 +1,7 @@
 #include "Recorded.h"
 
 #include "host/recording/HeldRecording.h"
+#include "host/recording/RecordingTexts.h"
 #include "host/recording/UnfinishedFile.h"
 #include "host/support/TemporaryFile.h"
 
@@ -93,6 +94,7 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
         Scripted::Script script;
         std::int64_t samples, lost;
         std::vector<std::string> failures;
+        RunState end;
     } cases[]{
         {[](BlockSink& sink) {
              sink.deliver(numbers(0, 100));
@@ -102,23 +104,29 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
          },
          260,
          100,
-         {"Counter: the cable is unplugged"}},
+         {"Counter: the cable is unplugged"},
+         RunState::Failed},
         {[](BlockSink& sink) {
              sink.deliver(numbers(5, 200000));
              sink.ended(200005, "");
          },
          300,
          5,
-         {}},
-        {[](BlockSink& sink) { sink.ended(0, ""); }, 0, 0, {"Counter: ended after 0 of 300 samples"}},
-        {[](BlockSink& sink) { sink.ended(1000000, ""); }, 300, 300, {}},
-        {nullptr, 0, 0, {"Counter: is switched off"}},
+         {},
+         RunState::Done},
+        {[](BlockSink& sink) { sink.ended(0, ""); },
+         0,
+         0,
+         {"Counter: ended after 0 of 300 samples"},
+         RunState::Stopped},
+        {[](BlockSink& sink) { sink.ended(1000000, ""); }, 300, 300, {}, RunState::Done},
+        {nullptr, 0, 0, {"Counter: is switched off"}, RunState::Failed},
     };
     for (const auto& c : cases) {
         auto instruments = instrumentsOf("{\"name\": \"Bare\"}," + instrument(""));
         instruments.push_back(std::make_shared<Scripted>(counter(300), c.script));
         const RecordingProgress end = recorded(instruments, into(file));
-        EXPECT_EQ(end.state, c.failures.empty() ? RunState::Done : RunState::Failed);
+        EXPECT_EQ(end.state, c.end);
         EXPECT_EQ(end.failures, c.failures);
         EXPECT_FALSE(end.hasFileFailed);
         EXPECT_EQ(end.instruments[1].lost, c.lost);
@@ -127,7 +135,7 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
         EXPECT_EQ(std::ssize(samples), c.samples);
         EXPECT_EQ(lostOf(samples), c.lost);
         EXPECT_EQ(held.number("instrument-2", "lost"), static_cast<double>(c.lost));
-        EXPECT_EQ(held.text("/", "state"), c.failures.empty() ? "complete" : "failed");
+        EXPECT_EQ(held.text("/", "state"), stateText(c.end));
         EXPECT_EQ(held.samples("instrument-1/channel-0-0").size(), 10240U);
     }
 }

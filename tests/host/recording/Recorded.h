@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/instruments/Signal.h"
 #include "host/recording/RecordingRun.h"
 #include "host/setup/SetupFile.h"
 
@@ -177,14 +178,14 @@ public:
     {
     }
 
-    [[nodiscard]] const std::string& name() const override { return simulated_->name(); }
     Driver& driver() override { return *simulated_; }
-    [[nodiscard]] InstrumentSettings settings() const override { return simulated_->settings(); }
+    [[nodiscard]] const InstrumentSettings& held() const override { return simulated_->held(); }
     void restore(const InstrumentSettings& settings) override { simulated_->restore(settings); }
     Acquisition* acquisition() override { return this; }
 
 private:
     [[nodiscard]] ArmedSettings settingsToArm() const override { return simulated_->acquisition()->settingsToArm(); }
+    [[nodiscard]] bool isRealTime() const override { return false; }
     ArmedSettings arm() override { return simulated_->acquisition()->settingsToArm(); }
     void start(const AcquisitionOrder&, BlockSink& sink) override
     {
@@ -198,7 +199,7 @@ private:
             thread_.join();
     }
 
-    std::shared_ptr<SimulatedDriver> simulated_;
+    std::shared_ptr<HostInstrument> simulated_;
     Script script_;
     std::jthread thread_;
 };

@@ -74,15 +74,15 @@ protected:
     void write(const char* name, const char* content) const { std::ofstream(path(name)) << content; }
     [[nodiscard]] std::string captured(const char* name = "session.scenario") const { return readFile(path(name)); }
 
-    [[nodiscard]] SimulatedDriver& driver(std::size_t index)
+    [[nodiscard]] HostInstrument& driver(std::size_t index)
     {
-        return dynamic_cast<SimulatedDriver&>(*page().drivers.at(index));
+        return dynamic_cast<HostInstrument&>(*page().drivers.at(index));
     }
     static std::string driversOf(const Page& shown)
     {
         std::string all;
         for (const auto& driver : shown.drivers)
-            all += toJson(dynamic_cast<SimulatedDriver&>(*driver).settings()).dump() + "\n";
+            all += toJson(dynamic_cast<HostInstrument&>(*driver).settings()).dump() + "\n";
         return all;
     }
     static std::string controlsOf(const Page& shown)

@@ -314,7 +314,7 @@ const Deed deeds[] = {
      [](Desk& desk) { desk.window->open(desk.file("other.json", R"({"drivers": [{"name": "B"}]})")); }},
     {"HandsOverAnotherList",
      [](Desk& desk) {
-         const SimulatedDrivers& drivers = desk.window->session().drivers();
+         const HostInstruments& drivers = desk.window->session().drivers();
          const DriverList list(drivers.begin(), drivers.empty() ? drivers.end() : drivers.begin() + 1);
          desk.window->document().drivers().setNumberOfDrivers(static_cast<std::int32_t>(list.size()));
          desk.window->document().drivers().setDrivers(list);

@@ -24,7 +24,7 @@ protected:
         window.docks().health().now = [] { return DateTime{46347.5}; };
         show();
     }
-    SimulatedDriver& driver(std::size_t index) { return *window.session().drivers()[index]; }
+    HostInstrument& driver(std::size_t index) { return *window.session().drivers()[index]; }
     void typePeriod(const char* text)
     {
         QWidget& box = at(page().txtSamplePeriod);

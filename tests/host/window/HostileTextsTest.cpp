@@ -185,7 +185,7 @@ protected:
         window.driverLog().model().flush();
         EXPECT_GT(walk(), before);
     }
-    SimulatedDriver& driver() { return *window.session().drivers().front(); }
+    HostInstrument& driver() { return *window.session().drivers().front(); }
     QAbstractItemView& tree() { return *window.instruments().findChild<QAbstractItemView*>(); }
     void expectDocks();
     void expectDialogs();
@@ -222,7 +222,7 @@ void HostileTextsTest::expectDialogs()
     const Texts texts = [this](int number) { return window.text(number); };
     const Locale locale;
     std::optional<InstrumentGallery> gallery;
-    expectMore("gallery", [&] { gallery.emplace(texts, std::vector{driver().settings()}, &window).show(); });
+    expectMore("gallery", [&] { gallery.emplace(texts, std::vector{driver().settings()}, nullptr, &window).show(); });
     gallery.reset();
     RecordDialog record(&window, texts, locale, {"/nowhere" + fromQt(fileName()) + "/x.h5", 1e15});
     record.show();

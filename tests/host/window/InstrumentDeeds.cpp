@@ -76,7 +76,7 @@ void breakInstrument(Workplace& place)
 {
     constexpr const char* operations[]{"SamplePeriod set", "Duration get", "StartMode set", "SetTriggerParamValue",
                                        "DriverName",       "Duration set", "GroupCount",    "ScanPeriod get"};
-    const SimulatedDrivers& drivers = place.window().session().drivers();
+    const HostInstruments& drivers = place.window().session().drivers();
     if (drivers.empty())
         return;
     const auto& driver = drivers[place.draw().upTo(drivers.size())];

@@ -124,7 +124,7 @@ protected:
             press(Qt::Key_Delete);
         }
     }
-    const SimulatedDrivers& drivers() { return window.session().drivers(); }
+    const HostInstruments& drivers() { return window.session().drivers(); }
     std::vector<std::string> names()
     {
         std::vector<std::string> names;
@@ -149,7 +149,7 @@ protected:
 TEST_F(InstrumentEditsTest, AddingAndRemovingAreStepsThatThePageFollowsAndUndoRestoresTheTriggerLines)
 {
     const std::string opened = held();
-    const SimulatedDrivers before = drivers();
+    const HostInstruments before = drivers();
     insert(2);
     EXPECT_EQ(names(), (std::vector<std::string>{"Fast", "Slow", "Counter"}));
     EXPECT_EQ(tree.currentIndex().data().toString(), "Counter");
@@ -307,7 +307,7 @@ TEST_F(InstrumentEditsTest, AnotherStartMasterTriggersByItsOwnChannel)
              setup.instruments.insert(setup.instruments.begin(), setup.instruments[1]);
              setup.instruments[0].name = "New";
          }}};
-    const auto marked = [](const SimulatedDriver& driver) {
+    const auto marked = [](const HostInstrument& driver) {
         return driver.name().substr(0, 1) + (driver.held().groups[0].channels[1].triggerSource ? "2" : "") +
                (driver.held().groups[0].channels[0].triggerSource ? "1" : "");
     };

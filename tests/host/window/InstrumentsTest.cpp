@@ -33,7 +33,7 @@ protected:
         action(hostText::viewMenu, hostText::driverLog).trigger();
         show();
     }
-    SimulatedDriver& driver() { return *window.session().drivers().front(); }
+    HostInstrument& driver() { return *window.session().drivers().front(); }
     /// Returns the row at the end of a path of names; an invalid index if there is none.
     QModelIndex row(const QStringList& path, int column = 0)
     {

@@ -36,7 +36,7 @@ protected:
         show();
     }
     [[nodiscard]] std::string held() { return setupText(withPresentValues({}, window.session().drivers())); }
-    SimulatedDriver& driver(std::size_t instrument) { return *window.session().drivers().at(instrument); }
+    HostInstrument& driver(std::size_t instrument) { return *window.session().drivers().at(instrument); }
     /// Opens the dialog of an instrument by keys.
     PropertiesDialog& open(int instrument)
     {

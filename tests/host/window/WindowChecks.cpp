@@ -138,7 +138,7 @@ Texts shownOtherwise(FrameWindow& window)
     return broken;
 }
 
-std::string heldIn(const SimulatedDrivers& drivers)
+std::string heldIn(const HostInstruments& drivers)
 {
     ko::Setup setup;
     for (const auto& driver : drivers) {

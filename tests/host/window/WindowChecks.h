@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/instruments/SimulatedDriver.h"
+#include "host/instruments/HostInstrument.h"
 
 #include <string>
 #include <vector>
@@ -18,7 +18,7 @@ std::vector<std::string> shownOtherwise(const FormView& view);
 std::vector<std::string> shownOtherwise(FrameWindow& window);
 
 /// Returns the text of a set-up file with what the instruments hold, without their failures.
-std::string heldIn(const SimulatedDrivers& drivers);
+std::string heldIn(const HostInstruments& drivers);
 /// Returns what is shown in the boxes, lists, options and values of the page, a line each.
 std::string valuesOn(FrameWindow& window);
 

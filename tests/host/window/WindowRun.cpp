@@ -201,10 +201,10 @@ private:
     Collecting collecting_{failures_};
     Workplace place_;
     std::weak_ptr<const void> setup_;
-    SimulatedDrivers drivers_; ///< at its start
-    std::string start_;        ///< what they held then
-    std::string clean_;        ///< what they hold without the changed mark
-    std::string content_;      ///< of the set-up's file
+    HostInstruments drivers_; ///< at its start
+    std::string start_;       ///< what they held then
+    std::string clean_;       ///< what they hold without the changed mark
+    std::string content_;     ///< of the set-up's file
     Texts broken_;
 };
 

@@ -8,14 +8,14 @@
 namespace ko {
 namespace {
 
-std::shared_ptr<SimulatedDriver> driverOf(const std::string& members)
+std::shared_ptr<HostInstrument> driverOf(const std::string& members)
 {
     return makeDrivers(parseSetup("{\"drivers\": [{\"name\": \"d\"" + members + "}]}", "test.json")).front();
 }
 
 using test::failureOf;
 
-TEST(SimulatedDriverTest, AQuantityKeepsOfARequestWhatItsRuleSays)
+TEST(HostInstrumentTest, AQuantityKeepsOfARequestWhatItsRuleSays)
 {
     const double infinity = std::numeric_limits<double>::infinity();
     const struct {
@@ -51,7 +51,7 @@ TEST(SimulatedDriverTest, AQuantityKeepsOfARequestWhatItsRuleSays)
     }
 }
 
-TEST(SimulatedDriverTest, TheFiguresFollowFromTheTimebaseUnlessFixed)
+TEST(HostInstrumentTest, TheFiguresFollowFromTheTimebaseUnlessFixed)
 {
     const std::string channels = R"(, "groups": [{"name": "g", "channels": [{"address": "1:1"},
         {"address": "1:2", "enabled": 0}, {"address": "1:3", "enabled": null}]}], "timebase": )";
@@ -83,7 +83,7 @@ TEST(SimulatedDriverTest, TheFiguresFollowFromTheTimebaseUnlessFixed)
     }
 }
 
-TEST(SimulatedDriverTest, ViewsAreOfferedOnlyWhereTheSetupHasThem)
+TEST(HostInstrumentTest, ViewsAreOfferedOnlyWhereTheSetupHasThem)
 {
     const auto bare = driverOf(R"(, "hasTriggerParameters": false)");
     EXPECT_FALSE(bare->queryTimebase() || bare->queryTriggerLines() || bare->queryTriggerParameters());
@@ -92,7 +92,7 @@ TEST(SimulatedDriverTest, ViewsAreOfferedOnlyWhereTheSetupHasThem)
     EXPECT_EQ(whole->queryTriggerLines()->ScanMasterRank(), 4);
 }
 
-TEST(SimulatedDriverTest, TriggerParametersAnswerByTypeAndFailOutsideTheirPlace)
+TEST(HostInstrumentTest, TriggerParametersAnswerByTypeAndFailOutsideTheirPlace)
 {
     const auto driver = driverOf(R"(, "groups": [{"name": "g", "channels": [{"address": "1:1", "canTrigger": false,
         "triggerParameters": [{"id": 7, "name": "Level", "type": "Float", "max": 5, "value": 1},
@@ -124,7 +124,7 @@ TEST(SimulatedDriverTest, TriggerParametersAnswerByTypeAndFailOutsideTheirPlace)
         EXPECT_EQ(failureOf(call), number) << &call - &failing[0].first;
 }
 
-TEST(SimulatedDriverTest, EveryOperationIsFoundByTheNameThatItIsFailedWith)
+TEST(HostInstrumentTest, EveryOperationIsFoundByTheNameThatItIsFailedWith)
 {
     for (int i = 0; i <= static_cast<int>(Operation::DynamicBytes); ++i) {
         const auto operation = static_cast<Operation>(i);
@@ -154,7 +154,7 @@ public:
     std::string heard, failures;
 };
 
-TEST(SimulatedDriverTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
+TEST(HostInstrumentTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
 {
     const auto driver = driverOf(R"(, "timebase": {}, "failing": ["BlockSize set"])");
     Timebase& timebase = *driver->queryTimebase();
@@ -183,7 +183,7 @@ TEST(SimulatedDriverTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
     EXPECT_EQ(calls.callCount(), 7);
 }
 
-TEST(SimulatedDriverTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefusals)
+TEST(HostInstrumentTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefusals)
 {
     const auto driver = driverOf(R"(, "timebase": {"samplePeriod": {"value": 2, "choices": [1, 2, 8]},
         "scanPeriod": {"value": 5, "keeps": "nothing"}}, "groups": [{"name": "g", "channels": [{"address": "0:1",

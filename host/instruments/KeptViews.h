@@ -1,20 +1,26 @@
 #pragma once
 
-#include "host/instruments/CallGate.h"
+#include "host/instruments/InstrumentSettings.h"
 #include "interfaces/Driver.h"
 #include "interfaces/Timebase.h"
 #include "interfaces/TriggerLines.h"
 #include "interfaces/TriggerParameters.h"
 #include "platform/Failure.h"
 
+#include <functional>
+
 namespace ko {
 
-/// The views of a simulated driver. Each refers to the driver's own settings, which must outlive it.
+/// The views of a `KeptInstrument`. Each refers to the instrument's own settings, which must outlive it.
 
-class SimulatedTimebase final : public Timebase {
+class KeptTimebase final : public Timebase {
 public:
-    SimulatedTimebase(CallGate& calls, TimebaseSettings& settings) : calls_(calls), settings_(settings) {}
-    virtual ~SimulatedTimebase() = default;
+    /// `keepSamplePeriod` returns the sample period that is kept for a requested one, in seconds.
+    KeptTimebase(TimebaseSettings& settings, std::function<double(double)> keepSamplePeriod)
+        : settings_(settings), keepSamplePeriod_(std::move(keepSamplePeriod))
+    {
+    }
+    virtual ~KeptTimebase() = default;
 
     void setSamplePeriod(double seconds) override;
     double SamplePeriod() override;
@@ -37,18 +43,18 @@ public:
     void setStartMode(std::int32_t mode) override;
 
 private:
-    CallGate& calls_;
     TimebaseSettings& settings_;
+    std::function<double(double)> keepSamplePeriod_;
     const QuantitySettings* listAskedLast_ = nullptr;
 };
 
 /// Slots and channels outside the driver's groups fail with 9. Unknown parameter ids, the choices of a parameter that
 /// is not an "Enum", and the bounds of one that is not a number fail with 5. A value of another type than the
 /// parameter's fails with 13.
-class SimulatedTriggerParameters final : public TriggerParameters {
+class KeptTriggerParameters final : public TriggerParameters {
 public:
-    SimulatedTriggerParameters(CallGate& calls, std::vector<GroupSettings>& groups) : calls_(calls), groups_(groups) {}
-    virtual ~SimulatedTriggerParameters() = default;
+    explicit KeptTriggerParameters(std::vector<GroupSettings>& groups) : groups_(groups) {}
+    virtual ~KeptTriggerParameters() = default;
 
     std::int32_t GetTriggerParamCount(std::int32_t slot, std::int32_t channel) override;
     std::int32_t GetTriggerParamId(std::int32_t slot, std::int32_t channel, std::int32_t index) override;
@@ -68,14 +74,13 @@ private:
     [[nodiscard]] ChannelSettings& channelAt(std::int32_t slot, std::int32_t channel) const;
     [[nodiscard]] ParameterSettings& parameter(std::int32_t slot, std::int32_t channel, std::int32_t id) const;
 
-    CallGate& calls_;
     std::vector<GroupSettings>& groups_;
 };
 
-class SimulatedTriggerLines final : public TriggerLines {
+class KeptTriggerLines final : public TriggerLines {
 public:
-    SimulatedTriggerLines(CallGate& calls, TriggerLineSettings& settings) : calls_(calls), settings_(settings) {}
-    virtual ~SimulatedTriggerLines() = default;
+    explicit KeptTriggerLines(TriggerLineSettings& settings) : settings_(settings) {}
+    virtual ~KeptTriggerLines() = default;
 
     std::int32_t StartMasterRank() override;
     std::int32_t StartTriggerLine() override;
@@ -91,16 +96,6 @@ public:
     LineList StartLinesAsListener() override;
 
 private:
-    template <class T> T get(Operation operation, const T& setting)
-    {
-        return calls_.read(operation, {}, [&] { return setting; });
-    }
-    void set(Operation operation, std::int32_t& setting, std::int32_t line)
-    {
-        calls_.write(operation, {}, line, [&] { return setting = line; });
-    }
-
-    CallGate& calls_;
     TriggerLineSettings& settings_;
 };
 

@@ -1,0 +1,133 @@
+#include "host/instruments/DeviceAcquisition.h"
+
+#include "host/instruments/ForeignCall.h"
+
+#include <algorithm>
+#include <mutex>
+
+namespace ko {
+
+/// Checks what a device delivers.
+class DeviceAcquisition::Guard final : public BlockSink {
+public:
+    Guard(BlockSink& sink, std::size_t channels, std::atomic<bool>& hasFailed)
+        : sink_(sink), channels_(channels), hasFailed_(hasFailed)
+    {
+    }
+
+    void triggered(std::int64_t sample) override
+    {
+        const std::lock_guard lock(mutex_);
+        if (isOver_ || hasBegun_ || sample < 0)
+            return blame("a trigger out of turn");
+        hasBegun_ = true;
+        sink_.triggered(sample);
+    }
+
+    void deliver(Block block) override
+    {
+        const std::lock_guard lock(mutex_);
+        const auto size = static_cast<std::size_t>(std::max<std::int64_t>(block.count, 0)) * channels_;
+        if (isOver_ || block.count <= 0 || block.first < next_ || block.samples.size() != size)
+            return blame("a block out of turn or of the wrong size");
+        hasBegun_ = true;
+        next_ = block.first + block.count;
+        sink_.deliver(std::move(block));
+    }
+
+    void ended(std::int64_t next, const std::string& reason) override
+    {
+        const std::lock_guard lock(mutex_);
+        if (!isOver_)
+            end(next, reason);
+    }
+
+    /// Ends the acquisition if the module has not; nothing reaches the sink afterwards.
+    void close()
+    {
+        const std::lock_guard lock(mutex_);
+        if (!isOver_)
+            end(next_, "the driver module has not ended the acquisition");
+    }
+
+private:
+    void end(std::int64_t next, const std::string& reason)
+    {
+        isOver_ = true;
+        const std::string& why = reason.empty() ? fault_ : reason;
+        hasFailed_ = !why.empty();
+        sink_.ended(std::max(next, next_), why);
+    }
+    void blame(const char* what)
+    {
+        if (fault_.empty())
+            fault_ = std::string("the driver module has delivered ") + what;
+    }
+
+    std::mutex mutex_;
+    BlockSink& sink_;
+    std::size_t channels_;
+    std::atomic<bool>& hasFailed_;
+    std::int64_t next_ = 0;
+    bool hasBegun_ = false;
+    bool isOver_ = false;
+    std::string fault_;
+};
+
+DeviceAcquisition::DeviceAcquisition(Find find, std::function<ArmedSettings()> present)
+    : find_(std::move(find)), present_(std::move(present))
+{
+}
+
+DeviceAcquisition::~DeviceAcquisition()
+{
+    DeviceAcquisition::stop();
+}
+
+ArmedSettings DeviceAcquisition::arm()
+{
+    if (inUse_)
+        throw Failure(failure::unspecified, "is acquiring");
+    Acquisition& device = find_();
+    try {
+        ArmedSettings armed = foreignCall([&] { return device.arm(); });
+        inUse_ = &device;
+        channels_ = armed.channels.size();
+        hasFailed_ = false;
+        return armed;
+    } catch (const Failure&) {
+        hasFailed_ = true;
+        throw;
+    }
+}
+
+void DeviceAcquisition::start(const AcquisitionOrder& order, BlockSink& sink)
+{
+    Acquisition* const device = inUse_;
+    if (!device)
+        throw Failure(failure::unspecified, "is not armed");
+    guard_ = std::make_unique<Guard>(sink, channels_, hasFailed_);
+    try {
+        foreignCall([&] { device->start(order, *guard_); });
+    } catch (const Failure&) {
+        hasFailed_ = true;
+        guard_.reset();
+        throw;
+    }
+}
+
+/// A device that cannot be stopped is opened again before the next acquisition.
+void DeviceAcquisition::stop()
+{
+    if (Acquisition* const device = inUse_)
+        try {
+            foreignCall([&] { device->stop(); });
+        } catch (const Failure&) {
+            hasFailed_ = true;
+        }
+    if (guard_)
+        guard_->close();
+    inUse_ = nullptr;
+}
+
+} // namespace ko
