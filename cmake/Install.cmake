@@ -1,5 +1,5 @@
 # Files installed by `cmake --install`. Components: lib (the component), dev (headers and package for building a host),
-# host (the program).
+# host (the program), sigrok (the driver module for libsigrok's devices).
 include(CMakePackageConfigHelpers)
 
 set(headers_folder ${CMAKE_INSTALL_INCLUDEDIR}/${PROJECT_NAME})
@@ -24,6 +24,18 @@ endforeach()
 
 install(FILES ${PROJECT_BINARY_DIR}/names/support/TextNumbers.h DESTINATION ${headers_folder}/support COMPONENT dev)
 
+# What driver modules include and are linked to; `InstrumentModule.h` also needs Qt.
+if(KO_QT)
+  install(TARGETS ko_instrument_kit EXPORT ${PROJECT_NAME}Targets
+    ARCHIVE COMPONENT dev
+    INCLUDES DESTINATION ${headers_folder})
+  foreach(header instruments/Acquisition.h instruments/Instrument.h instruments/InstrumentSettings.h
+      instruments/KeptInstrument.h instruments/KeptViews.h instruments/ParameterTypes.h modules/InstrumentModule.h)
+    cmake_path(GET header PARENT_PATH folder)
+    install(FILES host/${header} DESTINATION ${headers_folder}/host/${folder} COMPONENT dev)
+  endforeach()
+endif()
+
 # find_package(KoTimebaseEditor)
 write_basic_package_version_file(${PROJECT_NAME}ConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(EXPORT ${PROJECT_NAME}Targets NAMESPACE ${PROJECT_NAME}:: FILE ${PROJECT_NAME}Config.cmake
@@ -31,7 +43,7 @@ install(EXPORT ${PROJECT_NAME}Targets NAMESPACE ${PROJECT_NAME}:: FILE ${PROJECT
 install(FILES ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake DESTINATION ${package_folder} COMPONENT dev)
 
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT lib)
-install(FILES README.md docs/ARCHITECTURE.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+install(FILES README.md docs/ARCHITECTURE.md docs/driver-in-an-hour.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
 
 if(KO_QT)

@@ -7,6 +7,9 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_COMPONENTS_ALL lib dev)
 if(KO_QT)
   list(APPEND CPACK_COMPONENTS_ALL host)
+  if(KO_SIGROK)
+    list(APPEND CPACK_COMPONENTS_ALL sigrok)
+  endif()
 endif()
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -29,8 +32,9 @@ set(CPACK_DEBIAN_DEV_PACKAGE_NAME libkotimebaseeditor-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "${same_version}")
 set(CPACK_COMPONENT_DEV_DESCRIPTION
-  "Headers, the library of control models, a CMake package, and
-a host of twenty lines as an example.")
+  "Headers, the library of control models, the kit for driver modules,
+a CMake package, and a host and a module as examples.")
+set(CPACK_DEBIAN_DEV_PACKAGE_SUGGESTS qt6-base-dev)
 set(CPACK_DEBIAN_HOST_PACKAGE_NAME korvell-host)
 set(CPACK_DEBIAN_HOST_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_HOST_PACKAGE_DEPENDS "${same_version}")
@@ -38,5 +42,11 @@ set(CPACK_DEBIAN_HOST_PACKAGE_RECOMMENDS qt6-wayland)
 set(CPACK_COMPONENT_HOST_DESCRIPTION
   "Shows the page in a window, runs scripts on it, and reads and sets its
 settings on the command line.")
+set(CPACK_DEBIAN_SIGROK_PACKAGE_NAME korvell-host-sigrok)
+set(CPACK_DEBIAN_SIGROK_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_SIGROK_PACKAGE_DEPENDS "korvell-host (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+set(CPACK_COMPONENT_SIGROK_DESCRIPTION
+  "A driver module for korvell-host: logic analyzers, oscilloscopes and
+meters by libsigrok.")
 
 include(CPack)

@@ -108,9 +108,11 @@ _korvell_host()
         --new) _korvell_host_offer <<<$'empty\nvibration\nengine-bench\ntemperature-logging\nmixed' ;;
         --add) _korvell_host_offer <<<$'digitizer\nsignal-analyzer\ncounter\nthermocouple-scanner\ndata-logger' ;;
         --paper) _korvell_host_offer <<<$'A4\nLetter' ;;
+        --module-folder) _korvell_host_offer < <(compgen -d -- "$current") ;;
+        --check-module) _korvell_host_offer < <(compgen -d -- "$current"; compgen -f -X '!*.so' -- "$current") ;;
         *)
             if [[ $current == -* ]]; then
-                _korvell_host_offer < <("$program" --help 2>/dev/null | grep -o -e '--[a-z]*' | sort -u)
+                _korvell_host_offer < <("$program" --help 2>/dev/null | grep -o -e '--[a-z][a-z-]*' | sort -u)
             else
                 compopt -o filenames 2>/dev/null
                 _korvell_host_offer < <(_korvell_host_files "${current//\\/}")

@@ -43,11 +43,11 @@ public:
     }
 
     /// Ends the acquisition if the module has not; nothing reaches the sink afterwards.
-    void close()
+    void close(const std::string& reason)
     {
         const std::lock_guard lock(mutex_);
         if (!isOver_)
-            end(next_, "the driver module has not ended the acquisition");
+            end(next_, reason);
     }
 
 private:
@@ -119,14 +119,16 @@ void DeviceAcquisition::start(const AcquisitionOrder& order, BlockSink& sink)
 /// A device that cannot be stopped is opened again before the next acquisition.
 void DeviceAcquisition::stop()
 {
+    std::string reason = "the driver module has not ended the acquisition";
     if (Acquisition* const device = inUse_)
         try {
             foreignCall([&] { device->stop(); });
-        } catch (const Failure&) {
+        } catch (const Failure& failure) {
             hasFailed_ = true;
+            reason += ": " + std::string(failure.what());
         }
     if (guard_)
-        guard_->close();
+        guard_->close(reason);
     inUse_ = nullptr;
 }
 

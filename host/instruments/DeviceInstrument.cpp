@@ -56,6 +56,18 @@ ChannelSettings& channelOf(InstrumentSettings& offered, const std::string& addre
     lacks("channel " + address);
 }
 
+/// Asks once for all that the page will ask for, so that a device that cannot answer is not opened.
+void askForViews(Instrument& device)
+{
+    Driver& driver = device.driver();
+    driver.queryTimebase();
+    driver.queryTriggerParameters();
+    driver.queryTriggerLines();
+    driver.queryStaticMeasurement();
+    driver.queryDynamicMeasurement();
+    static_cast<void>(device.acquisition());
+}
+
 } // namespace
 
 InstrumentSettings withValues(InstrumentSettings offered, const InstrumentSettings& kept)
@@ -121,6 +133,7 @@ void DeviceInstrument::attempt()
                 throw Failure(failure::unspecified, "there are no driver modules");
             auto device = source_->open(held_.module, held_.device, held_.options);
             device->restore(withValues(device->held(), held_));
+            askForViews(*device);
             device_ = std::move(device);
         });
         seen_.reset();

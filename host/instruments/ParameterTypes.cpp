@@ -39,7 +39,9 @@ std::optional<Value> fitted(const Value& value, std::string_view type)
     if (!isNumericType(type))
         return onlyIf<std::string>(value);
     const std::optional<double> number = numberOf(value);
-    if (!number || type == "Float")
+    if (!number || !std::isfinite(*number))
+        return std::nullopt;
+    if (type == "Float")
         return number;
     return wholeNumber(*number);
 }

@@ -14,8 +14,8 @@ bool isNumericType(std::string_view type);
 /// any value.
 std::string_view valueTypeName(std::string_view type);
 
-/// Converts the value to the parameter's type: "Integer" takes 32-bit whole numbers, "Float" any number. Returns none
-/// if the parameter cannot hold it.
+/// Converts the value to the parameter's type: "Integer" takes 32-bit whole numbers, "Float" any finite number. Returns
+/// none if the parameter cannot hold it.
 std::optional<Value> fitted(const Value& value, std::string_view type);
 
 /// Returns the value as a number; none for a value of another kind.

@@ -33,7 +33,7 @@ constexpr const char* examples =
     "Exit status:\n"
     "  0  everything was done\n"
     "  1  the page refused a value or does not offer the setting now, an expectation of the script failed, or a\n"
-    "     recording was refused or does not hold what the set-up promises\n"
+    "     recording was refused or does not hold what the set-up promises, or a driver module breaks its contract\n"
     "  2  the command line, a file, a script or the output cannot be understood, read or written, or there is no\n"
     "     display for the window";
 

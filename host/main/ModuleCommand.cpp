@@ -1,5 +1,6 @@
 #include "host/main/ModuleCommand.h"
 
+#include "host/main/CheckCommand.h"
 #include "host/modules/InstrumentModule.h"
 #include "host/modules/Modules.h"
 #include "host/support/DataFolders.h"
@@ -48,7 +49,7 @@ bool runModules(const ModuleCommand& command, Modules& modules)
 {
     if (command.list)
         printModules(modules);
-    return true;
+    return command.check.empty() || checkModuleFile(command.check);
 }
 
 } // namespace ko

@@ -114,13 +114,16 @@ RecordingPlan planOf(const Instruments& instruments, PlanFor purpose, const Text
     RecordingPlan plan;
     PromisedBytes bytes;
     for (std::size_t i = 0; i < instruments.size(); ++i) {
-        const double pageBytes = bytes.add(instruments[i]);
-        if (Acquisition* const acquisition = instruments[i]->acquisition()) {
+        Acquisition* const acquisition = instruments[i]->acquisition();
+        if (acquisition) {
             plan.instruments.push_back(planned(*instruments[i], *acquisition, purpose));
             plan.instruments.back().index = i;
-            plan.instruments.back().pageBytes = pageBytes;
             plan.isRealTime = plan.isRealTime || acquisition->isRealTime();
         }
+        // A device that was missing may have been opened to arm it.
+        const double pageBytes = bytes.add(instruments[i]);
+        if (acquisition)
+            plan.instruments.back().pageBytes = pageBytes;
     }
     planStart(plan);
     bytes.refuseBeyondLimit(text);

@@ -27,18 +27,21 @@ CASES = [
     ("host/setup/File.cpp", '#include "setup/File.h"', "names no file"),
     ("widgets/page/View.cpp", '#include "host/setup/File.h"', "may not know host/setup"),
     ("page/Page.cpp", '#include "host/setup/File.h"', "may not know host/setup"),
+    ("modules/sigrok/Device.cpp", '#include "platform/Control.h"\n#include <libsigrok/libsigrok.h>', None),
+    ("modules/sigrok/Device.cpp", '#include "page/Page.h"', "may not know page"),
+    ("host/setup/File.cpp", '#include "modules/sigrok/Device.h"', "may not know modules/sigrok"),
     ("host/Loose.cpp", "#include <string>", "none of the known folders"),
     ("extras/More.cpp", "#include <string>", "none of the known folders"),
 ]
 HEADERS = ["page/Page.h", "timebase/Editors.h", "schedule/Plan.h", "platform/Control.h", "widgets/page/View.h",
-           "host/setup/File.h", "host/window/Frame.h"]
+           "host/setup/File.h", "modules/sigrok/Device.h", "host/window/Frame.h"]
 
 
 class IncludeDirection(unittest.TestCase):
     def complaints(self, files):
         with tempfile.TemporaryDirectory() as folder:
             for name, content in files.items():
-                path = Path(folder, name if name.startswith("host/") else f"src/{name}")
+                path = Path(folder, name if name.startswith(("host/", "modules/")) else f"src/{name}")
                 path.parent.mkdir(parents=True, exist_ok=True)
                 path.write_text(content, encoding="utf-8")
             return check(Path(folder))[0]

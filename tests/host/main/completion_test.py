@@ -58,11 +58,12 @@ class Completion(unittest.TestCase):
             self.assertEqual(os.listdir(folder), ["a bench.json"])
 
     def test_options_files_and_languages(self):
-        self.assertTrue({"--get", "--set", "--list", "--headless"} <= set(offered("--")))
+        self.assertTrue({"--get", "--set", "--list", "--headless", "--module-folder", "--check-module"} <= set(offered("--")))
         self.assertEqual(offered("eng"), ["engine-bench-demo.json"])
         self.assertEqual(offered("--headless", SETUP, "de"), ["demo.scenario"])
         self.assertEqual(offered("--language", "d"), ["de"])
         self.assertEqual(offered("--locale", ""), ["system"])
+        self.assertEqual(offered("--module-folder", "sc", cwd=DEMO.parent / "host"), ["scenario"])
 
 
 if __name__ == "__main__":

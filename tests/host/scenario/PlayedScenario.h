@@ -35,12 +35,15 @@ struct Played {
     }
 };
 
-inline Played play(const std::string& script, const std::string& setup, const std::string& folder = {})
+inline Played play(const std::string& script, const std::string& setup, const std::string& folder = {},
+                   const std::shared_ptr<DeviceSource>& devices = {})
 {
     std::ostringstream output;
     std::istringstream input(script);
     Played run;
-    Scenario scenario({parseSetup(setup, "bench.json"), folder, {}, {}}, output);
+    ScenarioOptions options{parseSetup(setup, "bench.json"), folder, {}, {}};
+    options.devices = devices;
+    Scenario scenario(options, output);
     try {
         run.expectationsMet = scenario.run(input);
     } catch (const ScriptFault& fault) {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/modules/ModuleCheck.h"
+#include "host/modules/ScriptedModule.h"
+
+#include <gtest/gtest.h>
+
+namespace ko::test {
+
+inline ModuleReport checked(const SharedScript& script,
+                            std::chrono::milliseconds patience = ModuleCheckOptions{}.patience)
+{
+    ScriptedModule module(script);
+    return checkModule(module,
+                       {.patience = patience, .run = std::chrono::milliseconds(20), .beforeCall = {}, .found = {}});
+}
+
+inline std::string findingsOf(const ModuleReport& report)
+{
+    std::string all;
+    for (const std::string& finding : report.findings)
+        all += finding + "\n";
+    return all;
+}
+
+} // namespace ko::test

@@ -1,0 +1,203 @@
+#include "host/modules/CheckedModule.h"
+
+#include <algorithm>
+#include <future>
+#include <gtest/gtest.h>
+
+namespace ko {
+namespace {
+
+using namespace test;
+
+TEST(ModuleCheckTest, AGoodModuleHasNoFinding)
+{
+    const ModuleReport report = checked(std::make_shared<Script>());
+    EXPECT_EQ(findingsOf(report), "");
+    EXPECT_TRUE(report.notes.empty()) << report.notes.front();
+    EXPECT_GT(report.calls, 1000);
+
+    const auto none = std::make_shared<Script>();
+    none->found.clear();
+    ASSERT_EQ(checked(none).notes.size(), 1U);
+}
+
+using Change = void (*)(Script&);
+
+struct Planted {
+    const char* finding; ///< a part of it
+    Change plant;
+};
+
+const Planted faults[]{
+    {"module: name: returns \"two words\", which is no word", [](Script& it) { it.name = [] { return "two words"; }; }},
+    {"module: name: returns \"x\", and then \"xx\"",
+     [](Script& it) { it.name = [text = std::string()]() mutable { return text += "x"; }; }},
+    {"module: devices: finds \"a\" twice",
+     [](Script& it) {
+         it.found = {{"a", "One"}, {"a", "Other"}};
+     }},
+    {"module: devices: finds a device without a description or a title",
+     [](Script& it) {
+         it.found = {{"a", ""}};
+     }},
+    {"module: open(\"no device is called this\"): fails without a text",
+     [](Script& it) { it.throws = {"open"}, it.isSilent = true; }},
+    {"a: open(\"a\", no option is called this=1): must fail, and does not",
+     [](Script& it) { it.neverFails = {"open"}; }},
+    {"c: open(\"c\"): fails: device c is not there",
+     [](Script& it) {
+         it.found = {{"c", "Other"}};
+     }},
+    {"a: held: has other options than those that the device was opened with",
+     [](Script& it) {
+         it.held = [](InstrumentSettings& held) { held.options["gain"] = held.options["gain"] == "1" ? "2" : "1"; };
+     }},
+    {"a: ChannelCount(-1): must fail, and does not", [](Script& it) { it.neverFails = {"ChannelCount"}; }},
+    {"a: ChannelAttribute(2147483647, 0, 1): must fail", [](Script& it) { it.neverFails = {"ChannelAttribute"}; }},
+    {"a: GroupName(2): must fail", [](Script& it) { it.neverFails = {"GroupName"}; }},
+    {"a: setSamplePeriod: does not keep its own value 0.001",
+     [](Script& it) { it.keeps = [](double x) { return x + 1; }; }},
+    {"a: SamplePeriod: answers NAN (after setSamplePeriod(NAN))",
+     [](Script& it) { it.keeps = [](double x) { return x; }; }},
+    {"a: setSamplePeriod: keeps 0.007 for 0.002, which it offers",
+     [](Script& it) { it.keeps = [](double x) {
+                          return x == 0.002 ? 0.007 : x == x ? x : 1.0;
+                      }; }},
+    {"a: arm: returns other settings than settingsToArm",
+     [](Script& it) { it.arm = [](auto& armed) { armed.duration = 3; }; }},
+    {"a: arm: returns a period of 0.25 s, and held() has 0.001",
+     [](Script& it) { it.arm = [](auto& armed) { armed.period = 0.25; }; }},
+    {"a: arm: returns another kind or block size",
+     [](Script& it) { it.arm = [](auto& armed) { armed.blockSize = 3; }; }},
+    {"a: arm: returns other channels", [](Script& it) { it.arm = [](auto& armed) { armed.channels.pop_back(); }; }},
+    {"a: arm: returns a period or a block size by which nothing",
+     [](Script& it) { it.arm = [](auto& armed) { armed.period = 0; }; }},
+    {"a: queryTimebase: returns another object the second time", [](Script& it) { it.isRestless = true; }},
+    {"a: restore, of other views: must fail", [](Script& it) { it.neverFails = {"restore"}; }},
+    {"a: acquisition: returns null, and there is a timebase", [](Script& it) { it.throws = {"acquisition"}; }},
+    {"a: deliver: is called by start",
+     [](Script& it) {
+         it.start = [](BlockSink& sink) { sink.deliver({.first = 0, .count = 1, .samples = std::vector<float>(4)}); };
+     }},
+    {"a: triggered: names sample -1",
+     [](Script& it) { it.triggered = [](BlockSink& sink, auto) { sink.triggered(-1); }; }},
+    {"a: deliver: comes before the trigger", [](Script& it) { it.triggered = [](BlockSink&, auto) {}; }},
+    {"a: start, on trigger: ends without a trigger and without a reason",
+     [](Script& it) { it.triggered = [](BlockSink&, auto) {}, it.deliver = [](BlockSink&, const Block&) {}; }},
+    {"a: start, not armed: must fail", [](Script& it) { it.neverFails = {"start"}; }},
+    {"a: arm, while it acquires: must fail", [](Script& it) { it.neverFails = {"arm"}; }},
+    {"a: deliver: has 1 numbers in a block that needs",
+     [](Script& it) {
+         it.deliver = [](BlockSink& sink, Block block) {
+             block.samples.resize(1);
+             sink.deliver(std::move(block));
+         };
+     }},
+    {"a: deliver: has a block of 0 samples",
+     [](Script& it) {
+         it.deliver = [](BlockSink& sink, const Block& block) {
+             sink.deliver({.first = block.first, .count = 0, .samples = {}});
+         };
+     }},
+    {"a: deliver: has sample 0, and 20 comes next",
+     [](Script& it) {
+         it.deliver = [](BlockSink& sink, const Block& block) {
+             sink.deliver(block);
+             sink.deliver(block);
+         };
+     }},
+    {"a: deliver: has samples before they can have been taken",
+     [](Script& it) {
+         it.deliver = [](BlockSink& sink, Block block) {
+             block.first += 100000;
+             sink.deliver(std::move(block));
+         };
+     }},
+    {"a: triggered: is called, and the order does not wait",
+     [](Script& it) {
+         it.deliver = [](BlockSink& sink, Block block) {
+             sink.triggered(block.first);
+             sink.deliver(std::move(block));
+         };
+     }},
+    {"a: triggered: is called twice, or after the first block",
+     [](Script& it) {
+         it.deliver = [](BlockSink& sink, Block block) {
+             sink.deliver(std::move(block));
+             sink.triggered(0);
+         };
+     }},
+    {"a: deliver: is called after the end",
+     [](Script& it) {
+         it.ended = [](BlockSink& sink, std::int64_t next, const std::string& reason) {
+             sink.ended(next, reason);
+             sink.deliver({.first = next, .count = 1, .samples = {}});
+         };
+     }},
+    {"a: ended: is called after the end",
+     [](Script& it) {
+         it.ended = [](BlockSink& sink, std::int64_t next, const std::string& reason) {
+             sink.ended(next, reason);
+             sink.ended(next, reason);
+         };
+     }},
+    {"a: ended: names sample 0 after 20 were delivered",
+     [](Script& it) { it.ended = [](BlockSink& sink, auto, const auto& reason) { sink.ended(0, reason); }; }},
+    {"a: ended: comes after 21 of 20 samples",
+     [](Script& it) {
+         it.ended = [](BlockSink& sink, auto next, const auto& reason) { sink.ended(next + 1, reason); };
+     }},
+    {"a: ended: fails: is hot",
+     [](Script& it) { it.ended = [](BlockSink& sink, auto next, const auto&) { sink.ended(next, "is hot"); }; }},
+    {"a: stop: ends with the reason is hot",
+     [](Script& it) { it.ended = [](BlockSink& sink, auto next, const auto&) { sink.ended(next, "is hot"); }; }},
+    {"a: start: ended has not come", [](Script& it) { it.ended = [](BlockSink&, auto, const auto&) {}; }},
+    {"a: stop: returns before ended has come", [](Script& it) { it.ended = [](BlockSink&, auto, const auto&) {}; }},
+    {"a: closing the instrument while it acquires: is done before ended",
+     [](Script& it) { it.ended = [](BlockSink&, auto, const auto&) {}; }},
+};
+
+TEST(ModuleCheckTest, FindsEachFaultThatIsPlanted)
+{
+    std::vector<std::future<std::string>> checks;
+    for (const Planted& fault : faults)
+        checks.push_back(std::async(std::launch::async, [&fault] {
+            const auto script = std::make_shared<Script>();
+            script->found = {{"a", "Device a"}};
+            fault.plant(*script);
+            return findingsOf(checked(script, std::chrono::milliseconds(100)));
+        }));
+    for (std::size_t i = 0; i < checks.size(); ++i) {
+        const std::string findings = checks[i].get();
+        EXPECT_NE(findings.find(faults[i].finding), std::string::npos) << faults[i].finding << "\nnot in\n" << findings;
+    }
+}
+
+TEST(ModuleCheckTest, MakesEveryCallAndWantsATextWhereItFails)
+{
+    std::vector<std::pair<std::string, std::string>> calls; // as the script and as findings name them
+    for (const char* const call : {"name", "about", "devices", "open", "driver", "held", "restore", "acquisition",
+                                   "settingsToArm", "arm", "start", "stop", "queryTimebase", "queryTriggerParameters",
+                                   "queryTriggerLines", "queryStaticMeasurement", "queryDynamicMeasurement"})
+        calls.emplace_back(call, call);
+    for (std::size_t i = 0; i < operationCount; ++i) {
+        const auto operation = static_cast<Operation>(i);
+        if (operation != Operation::NumberOfScans) // which only scanning instruments have
+            calls.emplace_back(failingName(operation), operationName(operation));
+    }
+    for (const auto& [call, named] : calls) {
+        const auto script = std::make_shared<Script>();
+        script->found = {{"a", "Device a"}};
+        script->throws = {call, "start"};
+        script->isSilent = true;
+        const ModuleReport report = checked(script);
+        const auto isIt = [&name = named](const std::string& finding) {
+            return finding.find(name) != std::string::npos && finding.find("fails without a text") != std::string::npos;
+        };
+        EXPECT_TRUE(std::any_of(report.findings.begin(), report.findings.end(), isIt)) << call << "\n"
+                                                                                       << findingsOf(report);
+    }
+}
+
+} // namespace
+} // namespace ko

@@ -1,0 +1,86 @@
+#include "host/modules/InstrumentModule.h"
+#include "host/modules/Modules.h"
+#include "platform/Failure.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace ko {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder with copies of plug-ins, and with files that are none.
+class PluginsTest : public testing::Test {
+protected:
+    void SetUp() override { fs::create_directories(folder_); }
+    void TearDown() override
+    {
+        ::unsetenv("KO_TEST_THROWS");
+        fs::remove_all(folder_);
+    }
+
+    void copy(const char* plugin, const std::string& name) const { fs::copy_file(plugin, folder_ / name); }
+    void write(const std::string& name, const std::string& content) const { std::ofstream(folder_ / name) << content; }
+
+    /// What is listed of each file.
+    [[nodiscard]] std::string listed() const
+    {
+        Modules modules({folder_, folder_ / "there is no such folder"});
+        std::string all;
+        for (const Modules::Listed& it : modules.list()) {
+            all += it.file.filename().string() + ": " + it.name + "|" + it.about + "|";
+            for (const FoundDevice& device : it.devices)
+                all += device.device;
+            all += "|" + it.trouble + "\n";
+        }
+        return all;
+    }
+
+    fs::path folder_ = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+};
+
+TEST_F(PluginsTest, FilesThatAreNoModulesAreNamedAndTheOthersLoaded)
+{
+    copy(KO_TEST_PLUGIN, "b-good.so");
+    copy(KO_TEST_PLUGIN, "c-same-name.so");
+    copy(KO_TEST_OLD_PLUGIN, "d-old.so");
+    copy(KO_TEST_LIBRARY, "e-library.so");
+    write("a-text.so", "no library\n");
+    write("f-empty.so", "");
+    write("readme.txt", "no library\n");
+    fs::create_directory(folder_ / "g-folder.so");
+    EXPECT_EQ(listed(), "a-text.so: |||is no driver module\n"
+                        "b-good.so: scripted|a test|ab|\n"
+                        "c-same-name.so: |||is called scripted, as " +
+                            (folder_ / "b-good.so").string() +
+                            " is\n"
+                            "d-old.so: |||is made for org.korvell.InstrumentModule/0, not for "
+                            "org.korvell.InstrumentModule/1\n"
+                            "e-library.so: |||is no driver module\n"
+                            "f-empty.so: |||is no driver module\n");
+}
+
+TEST_F(PluginsTest, AModuleThatThrowsIsNamed)
+{
+    copy(KO_TEST_PLUGIN, "it.so");
+    for (const auto& [call, wanted] :
+         {std::pair("name", "it.so: |||name throws\n"), std::pair("about", "it.so: scripted|||about throws\n"),
+          std::pair("devices", "it.so: scripted|a test||devices throws\n")}) {
+        ::setenv("KO_TEST_THROWS", call, 1);
+        EXPECT_EQ(listed(), wanted);
+    }
+    ::setenv("KO_TEST_THROWS", "open", 1);
+    Modules modules({folder_});
+    try {
+        modules.open("scripted", "a", {});
+        ADD_FAILURE() << "opened";
+    } catch (const Failure& failure) {
+        EXPECT_STREQ(failure.what(), "open throws");
+    }
+}
+
+} // namespace
+} // namespace ko
