@@ -57,7 +57,7 @@ bool takesConnection(const sr_dev_driver* driver)
     return std::find(keys.begin(), keys.end(), SR_CONF_CONN) != keys.end();
 }
 
-/// How `Library::open` finds the device again.
+/// How `Library::open` finds one of several devices again.
 std::string addressOf(const sr_dev_driver* driver, const sr_dev_inst* device)
 {
     const std::string connection = utf8(sr_dev_inst_connid_get(device));
@@ -128,7 +128,9 @@ std::vector<FoundDevice> Library::devices()
             const DeviceList found = scan(*it, {(*it)->name, {}});
             for (const GSList* each = found.get(); each; each = each->next) {
                 const auto* const device = static_cast<const sr_dev_inst*>(each->data);
-                devices.push_back({addressOf(*it, device), titleOf(device)});
+                // A connection may change when a device is plugged in again, or gets its firmware.
+                const std::string address = found->next ? addressOf(*it, device) : (*it)->name;
+                devices.push_back({address, titleOf(device)});
             }
         } catch (const Failure&) {
             // A driver that needs what this machine lacks has no devices here.

@@ -1,5 +1,6 @@
 #include "modules/sigrok/Demo.h"
 
+#include <algorithm>
 #include <set>
 
 namespace ko::sigrok {
@@ -11,6 +12,7 @@ struct Faults {
     int failAfter = -1;           ///< calls; negative: no call fails
     std::uint64_t rate = 0;       ///< that the device says it keeps; 0: the one it keeps
     bool isTakenAway = false;     ///< as soon as it acquires
+    bool isDouble = false;        ///< a search finds each device twice
     const char* failed = nullptr; ///< the call that has failed
 
     bool isDue(const char* name)
@@ -66,6 +68,13 @@ extern "C" int __wrap_sr_config_get(const sr_dev_driver* driver, const sr_dev_in
         return __real_sr_config_get(driver, device, group, key, data);
     *data = g_variant_ref_sink(g_variant_new_uint64(ko::sigrok::faults.rate));
     return SR_OK;
+}
+
+extern "C" GSList* __real_sr_driver_scan(sr_dev_driver*, GSList*);
+extern "C" GSList* __wrap_sr_driver_scan(sr_dev_driver* driver, GSList* options)
+{
+    GSList* const found = __real_sr_driver_scan(driver, options);
+    return ko::sigrok::faults.isDouble ? g_slist_concat(found, __real_sr_driver_scan(driver, options)) : found;
 }
 
 extern "C" int __real_sr_session_run(sr_session*);
@@ -144,6 +153,17 @@ TEST(SigrokFaultsTest, ADeviceThatIsTakenAwayEndsTheAcquisitionWithAReasonAndMay
     Kept again;
     demo.acquire(again, 10);
     EXPECT_EQ(again.end, 10);
+}
+
+TEST(SigrokFaultsTest, OfSeveralDevicesNoneIsGuessed)
+{
+    const auto library = std::make_shared<Library>();
+    faults = {.isDouble = true};
+    const auto found = library->devices();
+    EXPECT_EQ(std::count_if(found.begin(), found.end(), [](const FoundDevice& it) { return it.device == "demo"; }), 2);
+    EXPECT_EQ(failureOf([&] { SigrokInstrument::open(library, "demo", {}); }), "several devices answer: demo, demo");
+    faults = {};
+    EXPECT_EQ(failureOf([&] { SigrokInstrument::open(library, "demo", {}); }), "");
 }
 
 } // namespace ko::sigrok
