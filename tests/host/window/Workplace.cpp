@@ -92,14 +92,20 @@ void Workplace::press(const QKeySequence& key)
 void Workplace::step(std::uint32_t seed)
 {
     user_->draw = Draw(seed);
-    if (draw().upTo(3) > 0) {
+    // A recording locks the page.
+    if (draw().oneIn(4))
+        window_->recording().stop();
+    if (draw().oneIn(2)) {
         user_->act();
     } else {
-        const WindowDeed& deed = draw().weighted(windowDeeds());
+        const bool isIdle = !window_->session().hasSetup() && draw().oneIn(2);
+        const WindowDeed& deed = isIdle ? openingASetup() : draw().weighted(windowDeeds());
         user_->note(deed.name);
         have([&] { deed.perform(*this); });
     }
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // The window may have become the active one again.
+    have([] {});
     if (window_ && window_->isVisible())
         return;
     user_->note("a new window");
