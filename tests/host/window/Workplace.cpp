@@ -39,6 +39,8 @@ const char* const script = "click optStartTime\nfocus txtDuration\ntype 7\nleave
 Workplace::Workplace()
 {
     QDir::setCurrent(folder_.path());
+    // What the window remembers is not among the files that the user chooses from.
+    QDir(folder_.path()).mkdir(QStringLiteral("state"));
     write(QStringLiteral("bench.json"), bench);
     write(QStringLiteral("none.json"), R"({"drivers": []})");
     write(QStringLiteral("broken.json"), R"({"drivers": [{"name")");
@@ -56,7 +58,7 @@ Workplace::~Workplace()
 
 void Workplace::makeWindow()
 {
-    window_ = std::make_unique<FrameWindow>("", fromQt(path("memory.json")));
+    window_ = std::make_unique<FrameWindow>("", fromQt(path("state/memory.json")));
     window_->replay().setPace(0);
     if (!user_) {
         user_ = std::make_unique<RandomUser>(*window_, 0);
