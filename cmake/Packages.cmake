@@ -32,8 +32,9 @@ set(CPACK_DEBIAN_DEV_PACKAGE_NAME libkotimebaseeditor-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "${same_version}")
 set(CPACK_COMPONENT_DEV_DESCRIPTION
-  "Headers, the library of control models, a CMake package, and
-a host of twenty lines as an example.")
+  "Headers, the library of control models, the kit for driver modules,
+a CMake package, and a host and a module as examples.")
+set(CPACK_DEBIAN_DEV_PACKAGE_SUGGESTS qt6-base-dev)
 set(CPACK_DEBIAN_HOST_PACKAGE_NAME korvell-host)
 set(CPACK_DEBIAN_HOST_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_HOST_PACKAGE_DEPENDS "${same_version}")

@@ -51,7 +51,7 @@ std::string output(const SettingsCommand& command, const HeadlessPage& played)
 {
     std::string text;
     for (const std::string& name : command.get)
-        text += settingText(valueOf(settingNamed(played, name), played)) + '\n';
+        text += oneLine(settingText(valueOf(settingNamed(played, name), played))) + '\n';
     if (command.list)
         text += listed(command, played);
     if (!command.choices.empty())

@@ -4,6 +4,7 @@
 #include "host/support/InputError.h"
 #include "platform/NumberText.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace ko {
@@ -58,7 +59,10 @@ void CheckLog::keep(const std::string& finding)
 void CheckLog::note(const std::string& what)
 {
     const std::lock_guard lock(mutex_);
-    report_.notes.push_back(oneLine(subject_ + ": " + what));
+    auto& notes = report_.notes;
+    const std::string line = oneLine(subject_ + ": " + what);
+    if (std::find(notes.begin(), notes.end(), line) == notes.end())
+        notes.push_back(line);
 }
 
 void CheckLog::begin(const std::string& call)

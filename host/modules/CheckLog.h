@@ -28,6 +28,7 @@ public:
 
     /// Keeps a finding once. Of a call that does much wrong the first findings are kept, and the number of the others.
     void blame(const std::string& call, const std::string& what);
+    /// Keeps a note once.
     void note(const std::string& what);
 
     /// Makes a call and returns what it returns; none after a failure. A failure is a finding.

@@ -2,6 +2,8 @@
 
 #include "host/instruments/KeptInstrument.h"
 
+#include <algorithm>
+
 namespace ko {
 
 void setForShortRuns(const OpenedInstrument& opened)
@@ -35,6 +37,25 @@ bool chooseTrigger(const OpenedInstrument& opened)
             isChosen = isChosen || isSource;
         });
     return isChosen;
+}
+
+void compareArmed(const OpenedInstrument& opened, const ArmedSettings& armed)
+{
+    CheckLog& log = opened.log;
+    const auto whatIsHeld = log.must("held", [&] { return armedSettings(opened.instrument.held()); });
+    if (!whatIsHeld)
+        return;
+    const ArmedSettings& held = *whatIsHeld;
+    if (armed.period != held.period)
+        log.blame("arm", "returns a period of " + checkedNumber(armed.period) + " s, and held() has " +
+                             checkedNumber(held.period));
+    if (armed.isDynamic != held.isDynamic || armed.blockSize != held.blockSize)
+        log.blame("arm", "returns another kind or block size than held() has");
+    const auto isSame = [](const ArmedChannel& one, const ArmedChannel& other) {
+        return one.address == other.address && one.group == other.group && one.channel == other.channel;
+    };
+    if (!std::equal(armed.channels.begin(), armed.channels.end(), held.channels.begin(), held.channels.end(), isSame))
+        log.blame("arm", "returns other channels than those that held() has enabled");
 }
 
 } // namespace ko

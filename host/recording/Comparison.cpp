@@ -2,6 +2,7 @@
 
 #include "host/recording/RecordingTexts.h"
 #include "host/recording/UnfinishedFile.h"
+#include "host/support/InputError.h"
 #include "platform/NumberText.h"
 
 #include <algorithm>
@@ -66,7 +67,7 @@ std::string seconds(double period)
 void compareInstrument(Table& table, const PlannedInstrument& promised, const HeldInstrument& held)
 {
     const ArmedSettings& settings = promised.settings;
-    const std::string& name = promised.name;
+    const std::string name = shortLine(promised.name);
     const auto judgeCount = [&](const char* figure, auto wanted, auto found) {
         table.judge(name, figure, std::to_string(wanted), std::to_string(found));
     };
@@ -95,12 +96,13 @@ Comparison compare(const RecordingPlan& promised, const HeldRecording& held)
         if (found != held.instruments.end())
             compareInstrument(table, instrument, *found);
         else if (instrument.isRecorded())
-            table.judge(instrument.name, "channels", std::to_string(instrument.settings.channels.size()), none);
+            table.judge(shortLine(instrument.name), "channels", std::to_string(instrument.settings.channels.size()),
+                        none);
     }
     for (const HeldInstrument& instrument : held.instruments)
         if (std::none_of(promised.instruments.begin(), promised.instruments.end(),
                          [&](const auto& it) { return it.index == instrument.index; }))
-            table.judge(instrument.name, "channels", none, std::to_string(instrument.channels));
+            table.judge(shortLine(instrument.name), "channels", none, std::to_string(instrument.channels));
     table.judge("", "state", recordedState::complete, held.state);
     return table.result();
 }

@@ -17,9 +17,9 @@ std::string offersText(const HeadlessPage& played, const Quantity& quantity, con
     const OfferAccount& account = played.page().*quantity.number->offers;
     std::string text = "\n" + std::string(quantity.name) + ": " + texts.common(account) + "\n";
     for (std::size_t i = 0; i < account.drivers.size(); ++i) {
-        text += "  " + oneLine(played.drivers().at(i)->name());
+        text += "  " + shortLine(played.drivers().at(i)->name());
         for (const std::string& cell : texts.row(account, i))
-            text += " | " + oneLine(cell);
+            text += " | " + shortLine(cell);
         text += differs(played.page(), *quantity.number, i)
                     ? " | " + oneLine(played.text(textNumber::compare::otherThanPage)) + "\n"
                     : "\n";

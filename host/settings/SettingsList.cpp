@@ -166,8 +166,8 @@ std::string settingsTable(const Settings& settings, const HeadlessPage& played)
     std::vector<Row> rows{{"NAME", "VALUE", "UNIT", "CAN BE SET TO"}};
     for (const Setting& setting : settings) {
         const Value value = presentValue(setting, played);
-        rows.push_back({setting.name, isEmpty(value) ? "-" : oneLine(settingText(value)), setting.unit,
-                        oneLine(offerText(setting, played))});
+        rows.push_back({shortLine(setting.name), isEmpty(value) ? "-" : shortLine(settingText(value)),
+                        shortLine(setting.unit), shortLine(offerText(setting, played))});
     }
     return table(rows);
 }

@@ -2,6 +2,7 @@
 
 #include "host/sheet/SheetTexts.h"
 #include "platform/DateTimes.h"
+#include "widgets/support/ShownText.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
@@ -208,7 +209,7 @@ QByteArray sheetPdf(const SheetSource& source, QPageSize::PageSizeId paper)
     content.open(QIODevice::WriteOnly);
     QPdfWriter writer(&content);
     writer.setPageSize(QPageSize(paper));
-    writer.setTitle(source.texts(sheetText::namedValue).arg(source.texts(sheetText::sheet), toQt(source.title)));
+    writer.setTitle(source.texts(sheetText::namedValue).arg(source.texts(sheetText::sheet), toLine(source.title)));
     printSheet(source, writer);
     return content.data();
 }

@@ -19,6 +19,11 @@ std::string oneLine(std::string text)
     return withoutDirections(std::move(text));
 }
 
+std::string shortLine(const std::string& text, std::size_t bytes)
+{
+    return oneLine(shortened(text, bytes)) + (text.size() > bytes ? "\u2026" : "");
+}
+
 InputError::InputError(const std::string& what) : std::runtime_error(oneLine(shortened(what, longest))) {}
 
 InputError::InputError(const std::string& file, int line, const std::string& what)

@@ -11,7 +11,8 @@ namespace ko {
 
 void complain(const std::string& what)
 {
-    std::fprintf(stderr, "korvell-host: %s\n", what.c_str());
+    constexpr std::size_t most = 2000; // bytes
+    std::fprintf(stderr, "korvell-host: %s\n", shortLine(what, most).c_str());
 }
 
 void finishOutput()

@@ -15,6 +15,17 @@ constexpr std::size_t mostInLine = 500;
 
 const QChar ellipsis = u'\u2026';
 
+template <class Is> QString withBlanks(QString text, const Is& is)
+{
+    std::replace_if(text.begin(), text.end(), is, QChar(u' '));
+    return text;
+}
+
+bool isControl(QChar c)
+{
+    return c.category() == QChar::Other_Control;
+}
+
 QString cut(const std::string& text, std::size_t most)
 {
     const std::string part(utf8Part(text, 0, most));
@@ -26,19 +37,17 @@ QString cut(const std::string& text, std::size_t most)
 
 QString toShown(const std::string& text)
 {
-    const QString shown = cut(text, mostCharacters);
+    const QString shown =
+        withBlanks(cut(text, mostCharacters), [](QChar c) { return isControl(c) && c != u'\n' && c != u'\t'; });
     const QString lines = shown.section(u'\n', 0, mostLines - 1);
     return lines.size() < shown.size() ? lines + ellipsis : shown;
 }
 
 QString toLine(const std::string& text)
 {
-    QString line = cut(text, mostInLine);
-    const auto isControl = [](QChar c) {
-        return c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-    };
-    std::replace_if(line.begin(), line.end(), isControl, QChar(u' '));
-    return line;
+    return withBlanks(cut(text, mostInLine), [](QChar c) {
+        return isControl(c) || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    });
 }
 
 QString toLine(const QString& text)

@@ -50,6 +50,12 @@ class Completion(unittest.TestCase):
             self.assertEqual(offered(bench, "--set", "trigger-channel", "=", "0", ":", "3", ":"), ["9"])
             self.assertEqual(offered(r"a\ bench.json", "--get", "trigger.S", cwd=folder), ["trigger.Slope"])
             self.assertEqual(offered("a", cwd=folder), [r"a\ bench.json"])
+            bench.write_text(bench.read_text(encoding="utf-8").replace("Level (V)", "$(touch pwned) `touch pwned`;"),
+                             encoding="utf-8")
+            named = r"trigger.\$\(touch\ pwned\)\ \`touch\ pwned\`\;="
+            self.assertEqual(offered(bench, "--set", "trigger.", cwd=folder)[0], named)
+            self.assertEqual(offered(bench, "--set", named[:-3], cwd=folder), [named])
+            self.assertEqual(os.listdir(folder), ["a bench.json"])
 
     def test_options_files_and_languages(self):
         self.assertTrue({"--get", "--set", "--list", "--headless", "--module-folder", "--check-module"} <= set(offered("--")))

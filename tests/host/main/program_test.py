@@ -278,6 +278,37 @@ class Program(unittest.TestCase):
             self.assertEqual(done.returncode, 2, arguments)
             self.assertRegex(done.stderr, "^korvell-host: standard output cannot be written.*\n$")
 
+    def test_hostile_texts_reach_no_terminal_and_fill_no_table(self):
+        turning = "\u202e\u2066 drow A\u2069"
+        for text in ('A word<img src="file:///dev/zero">%1%s & $(touch pwned)', "A word\nof\r\nlines\x1b]0;x\x07\0",
+                     "A word" + turning, "A word" + "x" * 200000):
+            channel = {"address": "0:1", "name": text, "unit": text, "triggerSource": True, "triggerParameters": [
+                {"id": 2, "name": text, "type": "Enum", "choices": [text, "b"], "value": text}]}
+            driver = {"name": text, "groups": [{"name": text, "channels": [channel]}],
+                      "triggerLines": {"startMasterRank": 5},
+                      "timebase": {"duration": 1, "startMode": 2, "samplePeriod": {"value": 0.01}}}
+            with tempfile.TemporaryDirectory() as folder:
+                bench = Path(folder) / "bench.json"
+                bench.write_text(json.dumps({"title": text, "clock": "2026-11-21 09:30:00", "drivers": [driver]}),
+                                 encoding="utf-8")
+                for arguments, status in ((("--list",), 0), (("--list", "--names"), 0),
+                                          (("--get", "trigger-channel"), 0), (("--choices", "trigger-channel"), 0),
+                                          (("--set", "trigger-channel=x"), 1), (("--rename", "x=y", "--list"), 2),
+                                          (("--record", "x.h5"), 0), (("--sheet", "x.html"), 0), (("--sheet", "x.pdf"), 0),
+                                          (("--set", "duration=2", "--save", bench), 0), (("--compare", "x.h5"), 0)):
+                    done = run(bench, *arguments, cwd=folder)
+                    self.assertEqual(done.returncode, status, (text[:20], arguments, done.stderr[:300]))
+                    printed = done.stdout + done.stderr
+                    self.assertNotRegex(printed, "[\x00-\x09\x0b-\x1f\x7f\u202a-\u202e\u2066-\u2069]", arguments)
+                    if "--names" not in arguments and arguments[0] not in ("--get", "--choices"):
+                        self.assertLess(max(map(len, printed.split("\n"))), 3000, arguments)
+                sheet = (Path(folder) / "x.html").read_text(encoding="utf-8")
+                self.assertIn("A word", sheet)
+                self.assertNotRegex(sheet, "<img|[\x00-\x08\x0b-\x1f\u202a-\u202e]")
+                saved = json.loads(bench.read_text(encoding="utf-8"))
+                self.assertEqual(saved["drivers"][0]["groups"][0]["channels"][0], channel)
+                self.assertEqual(sorted(os.listdir(folder)), ["bench.json", "x.h5", "x.html", "x.pdf"])
+
     def test_values_that_are_empty_and_files_that_are_named_twice_are_refused_before_anything_is_done(self):
         options = ("save", "sheet", "choices", "get", "set", "language", "picture", "capture", "locale", "paper")
         with tempfile.TemporaryDirectory() as folder:
