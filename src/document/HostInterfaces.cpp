@@ -121,7 +121,7 @@ void TimebaseEditor::setReadOnly(bool flag)
     const Steps step(support_.errors, "IKopMode_ReadOnly", Steps::Begin::Anew);
     page_.readOnly = flag;
     if (!page_.isShown || page_.numDrivers <= 0)
-        return;
+        return showMode();
     const Scoped loading(page_.isLoading, true);
     initializeDocument();
 }

@@ -93,11 +93,16 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
         staticEditors_.pushLoaded(*scanPeriod);
 }
 
+void TimebaseEditor::showMode()
+{
+    page_.setForReading(page_.readOnly);
+    page_.lblReadOnly.setVisible(page_.readOnly);
+}
+
 void TimebaseEditor::followReadOnly(const Steps& step)
 {
     const bool editable = !page_.readOnly;
-    page_.setForReading(!editable);
-    page_.lblReadOnly.setVisible(!editable);
+    showMode();
     for (Frame* frame : {&page_.frmStart, &page_.frmStop, &page_.frmStatic, &page_.frmDynamic})
         frame->setEnabled(editable);
     schedule_.loaded(step);

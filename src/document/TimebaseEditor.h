@@ -105,6 +105,7 @@ private:
     void loadDynamicEditors(const Steps& step);
     void loadStaticEditors(const Steps& step);
     void followReadOnly(const Steps& step);
+    void showMode();
     [[nodiscard]] std::int32_t firstDriver(const Steps& step, bool dynamic) const;
 
     // Editing

@@ -21,6 +21,7 @@ public:
         require(!page_.isLoading, "isLoading is down");
         require(!page_.isUpdating, "isUpdating is down");
         require(!page_.isDialogOpen, "no dialog counts as open");
+        require(page_.lblReadOnly.visible() == page_.readOnly, "the mode is shown");
         require(page_.lines.line(LineTrigger::start) < 0 ||
                     page_.lines.line(LineTrigger::start) != page_.lines.line(LineTrigger::scan),
                 "start and sync line differ");

@@ -208,7 +208,8 @@ void makePopupInput(RandomUser& user, QWidget& popup)
 
 void enterText(RandomUser& user, QWidget& front)
 {
-    constexpr const char* entries[]{"1", "2.5", "0.01", "1000", "64", "0.0003", "12:30:00", "-3", "abc", "1e9"};
+    constexpr const char* entries[]{"1",   "2.5", "0.01", "1000", "64",  "0.0003", "12:30:00", "-3",
+                                    "abc", "1e9", "2",    "20",   "0.1", "0.5",    "500",      "5"};
     const QPointer<QWidget> target = &keyboardOf(front);
     const char* const text = user.draw.of(entries);
     const bool isLeft = user.draw.upTo(3) > 0;

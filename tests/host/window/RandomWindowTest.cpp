@@ -1,3 +1,4 @@
+#include "RunWatch.h"
 #include "WindowRun.h"
 #include "fakes/Draw.h"
 #include "host/support/HostTexts.h"
@@ -62,6 +63,8 @@ TEST(RandomWindow, KeepsItsPromisesWhateverItsUserDoes)
         if (const std::string broken = runWindow(steps); !broken.empty())
             FAIL() << "seed " << seed << "\n" << shrunk(steps, broken);
     }
+    std::cout << runCounts().steps << " steps, " << runCounts().undone << " edits undone\n";
+    EXPECT_GT(runCounts().undone, runs) << "the user edits";
 }
 
 } // namespace

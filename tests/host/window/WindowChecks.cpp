@@ -152,7 +152,11 @@ std::string valuesOn(FrameWindow& window)
 {
     std::string all;
     for (const Control* control : window.document().page().controls()) {
-        all += control->name() + (control->visible() ? " shown" : " hidden");
+        const std::string& name = control->name();
+        const bool followsTheClock = name == "lblPlan" || name == "lblStartDay" || name == "lblStopDay";
+        if (!control->isUsable() || followsTheClock)
+            continue;
+        all += name;
         if (const auto* box = dynamic_cast<const TextBox*>(control))
             all += " " + box->text();
         else if (const auto* list = dynamic_cast<const ComboBox*>(control))

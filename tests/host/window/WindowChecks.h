@@ -19,7 +19,8 @@ std::vector<std::string> shownOtherwise(FrameWindow& window);
 
 /// Returns the text of a set-up file with what the instruments hold, without their failures.
 std::string heldIn(const HostInstruments& drivers);
-/// Returns what is shown in the boxes, lists, options and values of the page, a line each.
+/// Returns what the boxes, lists, options and values of the page show, a line each, without those that cannot be used
+/// and those that depend on the time.
 std::string valuesOn(FrameWindow& window);
 
 } // namespace ko::test

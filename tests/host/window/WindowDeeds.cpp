@@ -103,9 +103,10 @@ void dropFile(Workplace& place)
     QApplication::sendEvent(&place.window(), &drop);
 }
 
-void open(Workplace& place)
+void openSetup(Workplace& place)
 {
-    const QString name = place.draw().of(setups);
+    // Without a set-up there is little to do.
+    const QString name = place.window().session().hasSetup() ? place.draw().of(setups) : setups[0];
     place.user().note("open " + name.toStdString());
     place.window().files().open(place.path(name));
 }
@@ -184,21 +185,23 @@ void wait(Workplace& place)
     QTest::qWait(place.draw().upTo(20));
 }
 
-constexpr WindowDeed deeds[]{{"open a menu", 20, openMenu},
-                             {"use a shortcut", 12, useShortcut},
-                             {"undo", 10, undo},
-                             {"redo", 6, redo},
-                             {"jump in the history", 3, jumpInHistory},
-                             {"edit the instruments", 20, editInstruments},
+constexpr WindowDeed opening{"open a set-up", 2, openSetup};
+
+constexpr WindowDeed deeds[]{{"open a menu", 10, openMenu},
+                             {"use a shortcut", 6, useShortcut},
+                             {"undo", 5, undo},
+                             {"redo", 4, redo},
+                             {"jump in the history", 2, jumpInHistory},
+                             {"edit the instruments", 30, editInstruments},
                              {"act on an instrument", 12, actOnInstrument},
-                             {"enter a value", 40, enterValue},
+                             {"enter a value", 60, enterValue},
                              {"switch read-only", 10, switchReadOnly},
-                             {"drop a file", 2, dropFile},
-                             {"open", 3, open},
+                             {"drop a file", 1, dropFile},
+                             opening,
                              {"change on disk", 4, changeOnDisk},
                              {"break an instrument", 8, breakInstrument},
                              {"record or stop", 4, record},
-                             {"use a dock", 6, useDock},
+                             {"use a dock", 4, useDock},
                              {"resize", 2, resize},
                              {"go elsewhere", 3, goElsewhere},
                              {"close other windows", 6, closeOthers},
@@ -211,6 +214,11 @@ constexpr WindowDeed deeds[]{{"open a menu", 20, openMenu},
 std::span<const WindowDeed> windowDeeds()
 {
     return deeds;
+}
+
+const WindowDeed& openingASetup()
+{
+    return opening;
 }
 
 } // namespace ko::test

@@ -15,5 +15,6 @@ struct WindowDeed {
 };
 
 [[nodiscard]] std::span<const WindowDeed> windowDeeds();
+[[nodiscard]] const WindowDeed& openingASetup();
 
 } // namespace ko::test

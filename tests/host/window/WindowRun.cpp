@@ -1,5 +1,6 @@
 #include "WindowRun.h"
 
+#include "RunWatch.h"
 #include "WindowChecks.h"
 #include "Workplace.h"
 #include "faults/Bench.h"
@@ -9,16 +10,8 @@
 
 #include <QApplication>
 #include <QTest>
-#include <atomic>
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <sstream>
-#include <thread>
-
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/common_interface_defs.h>
-#endif
+#include <utility>
 
 namespace ko::test {
 
@@ -26,18 +19,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// The inputs of the run in progress, for a program that ends in it.
-const Texts* present = nullptr;
-std::atomic<long> stepsDone = 0;
-
-void printPresent()
-{
-    if (!present)
-        return;
-    for (const std::string& line : *present)
-        std::fprintf(stderr, "%s\n", line.c_str());
-    std::fflush(stderr);
-}
+long stepsUndone = 0;
 
 Texts* leftOver = nullptr;
 
@@ -78,18 +60,13 @@ std::string firstDifference(const std::string& found, const std::string& expecte
 
 class Run {
 public:
-    Run() { present = &place_.user().done; }
-    ~Run() { present = nullptr; }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
-
     std::string after(const Seeds& steps, const std::string& scenario)
     {
         if (!scenario.empty())
             place_.window().capture().startFromHere(scenario);
         begin();
         for (std::size_t i = 0; i < steps.size() && broken_.empty(); ++i) {
-            ++stepsDone;
+            watched_.step();
             place_.user().note("# " + std::to_string(steps[i]));
             place_.step(steps[i]);
             check();
@@ -142,7 +119,11 @@ private:
         for (const Texts& found : {failures_, brokenAlways(place_.page()), shownOtherwise(window())})
             broken_.insert(broken_.end(), found.begin(), found.end());
         checkSaved();
-        // What the host changes at the start is part of it.
+        followHost();
+    }
+    /// What the host changes at the start is part of it.
+    void followHost()
+    {
         if (steps().position() == 0 && !steps().cleanPosition() && !steps().hasEntryInProgress())
             drivers_ = window().session().drivers(), start_ = held();
     }
@@ -151,6 +132,7 @@ private:
         place_.have([this] { unlock(); });
         const std::string edited = held();
         const std::size_t position = steps().position();
+        stepsUndone += static_cast<long>(position);
         travel(&FrameHistory::undo, [this] { return steps().position() == 0; });
         if (!start_.empty() && steps().steps().size() < History::maximumSteps) {
             same("what undoing leads to", held(), start_);
@@ -161,6 +143,16 @@ private:
         check();
         const std::string saved = setupText(window().session().presentSetup());
         same("what is saved", heldIn(makeDrivers(parseSetup(saved, "saved"))), edited);
+        compareWithAnother(saved);
+    }
+    /// After it has been built again the page shows what it shows in a window that has opened what is saved.
+    void compareWithAnother(const std::string& saved)
+    {
+        place_.write(QStringLiteral("saved.json"), QByteArray::fromStdString(saved));
+        window().history().hostCall([this] { window().document().UserDocument_Show(); });
+        FrameWindow other("");
+        other.open(fromQt(place_.path(QStringLiteral("saved.json"))));
+        same("the page", valuesOn(window()), valuesOn(other));
     }
     /// Nothing fails and nothing is locked or being typed.
     void unlock()
@@ -174,6 +166,7 @@ private:
         if (steps().hasEntryInProgress())
             window().history().undo();
         begin();
+        followHost();
     }
     template <class Done> void travel(void (FrameHistory::*move)(), const Done& isDone)
     {
@@ -200,6 +193,7 @@ private:
     Texts failures_;
     Collecting collecting_{failures_};
     Workplace place_;
+    const WatchedRun watched_{place_.user().done};
     std::weak_ptr<const void> setup_;
     HostInstruments drivers_; ///< at its start
     std::string start_;       ///< what they held then
@@ -230,20 +224,9 @@ Seeds fewestSteps(Seeds steps)
     return steps;
 }
 
-void watchRuns()
+RunCounts runCounts()
 {
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_set_death_callback(printPresent);
-#endif
-    std::thread([] {
-        constexpr std::chrono::seconds longest(30);
-        long before = -1;
-        while (std::exchange(before, stepsDone.load()) != before || !present)
-            std::this_thread::sleep_for(longest);
-        std::fputs("A step does not return:\n", stderr);
-        printPresent();
-        std::abort();
-    }).detach();
+    return {WatchedRun::steps(), stepsUndone};
 }
 
 } // namespace ko::test

@@ -17,7 +17,11 @@ std::string runWindow(const Seeds& steps, const std::string& scenario = {});
 /// Returns the fewest of the steps that still break a promise, found by leaving out steps while one is broken.
 Seeds fewestSteps(Seeds steps);
 
-/// The program ends, after a list of all inputs of the run, when a step does not return or a sanitizer ends it.
-void watchRuns();
+/// What all runs have done.
+struct RunCounts {
+    long steps = 0;
+    long undone = 0; ///< edits at the ends of the runs
+};
+[[nodiscard]] RunCounts runCounts();
 
 } // namespace ko::test

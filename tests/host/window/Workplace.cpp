@@ -39,6 +39,8 @@ const char* const script = "click optStartTime\nfocus txtDuration\ntype 7\nleave
 Workplace::Workplace()
 {
     QDir::setCurrent(folder_.path());
+    // What the window remembers is not among the files that the user chooses from.
+    QDir(folder_.path()).mkdir(QStringLiteral("state"));
     write(QStringLiteral("bench.json"), bench);
     write(QStringLiteral("none.json"), R"({"drivers": []})");
     write(QStringLiteral("broken.json"), R"({"drivers": [{"name")");
@@ -56,7 +58,7 @@ Workplace::~Workplace()
 
 void Workplace::makeWindow()
 {
-    window_ = std::make_unique<FrameWindow>("", fromQt(path("memory.json")));
+    window_ = std::make_unique<FrameWindow>("", fromQt(path("state/memory.json")));
     window_->replay().setPace(0);
     if (!user_) {
         user_ = std::make_unique<RandomUser>(*window_, 0);
@@ -92,14 +94,20 @@ void Workplace::press(const QKeySequence& key)
 void Workplace::step(std::uint32_t seed)
 {
     user_->draw = Draw(seed);
-    if (draw().upTo(3) > 0) {
+    // A recording locks the page.
+    if (draw().oneIn(4))
+        window_->recording().stop();
+    if (draw().oneIn(2)) {
         user_->act();
     } else {
-        const WindowDeed& deed = draw().weighted(windowDeeds());
+        const bool isIdle = !window_->session().hasSetup() && draw().oneIn(2);
+        const WindowDeed& deed = isIdle ? openingASetup() : draw().weighted(windowDeeds());
         user_->note(deed.name);
         have([&] { deed.perform(*this); });
     }
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // The window may have become the active one again.
+    have([] {});
     if (window_ && window_->isVisible())
         return;
     user_->note("a new window");
