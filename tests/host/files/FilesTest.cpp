@@ -451,6 +451,22 @@ TEST(AutosaveFilesTest, WhicheverCallFailsTheCopyIsWrittenAtLastForTheUserAloneA
     std::cout << "Autosave: " << reported << " failures\n";
 }
 
+TEST(SavedAgainTest, AfterAnyFailureTheNextSaveSucceedsWithoutAQuestion)
+{
+    std::string call = "first";
+    for (int number = 0; !call.empty(); ++number) {
+        const QTemporaryDir folder;
+        Window window(fromQt(folder.path()), fromQt(folder.filePath("bench.json")));
+        failingCalls::plan(number, fromQt(folder.path()));
+        window->files().save();
+        call = failingCalls::end();
+        SCOPED_TRACE(call);
+        window.user.conflict = Conflict::Cancel;
+        window->files().save();
+        EXPECT_FALSE(window->isWindowModified());
+    }
+}
+
 TEST(FileWriterTest, AFailedWriteLeavesTheLinesBeforeAndOnlyFilesOfKilledProgramsAreRemoved)
 {
     const QTemporaryDir temporary;
