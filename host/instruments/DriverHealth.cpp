@@ -83,8 +83,10 @@ void DriverHealth::afterRebuild(std::int64_t turn)
 void DriverHealth::reopenDevices()
 {
     for (const auto& driver : drivers_)
-        if (troubles_.contains(driver.get()))
-            driver->reopenDevice();
+        if (troubles_.contains(driver.get()) && driver->reopenDevice())
+            troubles_.erase(driver.get());
+    if (changed)
+        changed();
 }
 
 std::vector<DriverFailure> DriverHealth::failing() const

@@ -59,7 +59,7 @@ public:
     /// drivers.
     [[nodiscard]] std::vector<DriverFailure> failing() const;
 
-    /// Opens the devices of failing drivers again.
+    /// Opens the devices of failing drivers again. One that is open then has no failures.
     void reopenDevices();
 
     std::function<DateTime()> now;

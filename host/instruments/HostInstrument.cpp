@@ -55,9 +55,10 @@ void HostInstrument::openDevice()
     change(&DeviceInstrument::open);
 }
 
-void HostInstrument::reopenDevice()
+bool HostInstrument::reopenDevice()
 {
     change(&DeviceInstrument::reopen);
+    return device_ && device_->trouble().empty();
 }
 
 void HostInstrument::closeDevice()

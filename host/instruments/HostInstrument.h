@@ -41,8 +41,8 @@ public:
     /// Opens the device, if the instrument has one and it is not open. If that fails, the calls fail until the next
     /// attempt succeeds.
     void openDevice();
-    /// Opens the device again, if the instrument has one.
-    void reopenDevice();
+    /// Opens the device again, if the instrument has one. Returns whether that has succeeded.
+    bool reopenDevice();
     /// Closes the device, if the instrument has one, so that another instrument can open it. The settings stay.
     void closeDevice();
 

@@ -96,7 +96,8 @@ struct ChangeOption {
 };
 
 constexpr ChangeOption changeOptions[]{
-    {"--add", SetupChange::Kind::Add, "KIND", "Add an instrument: digitizer, signal-analyzer, ..., or a device, MODULE/DEVICE"},
+    {"--add", SetupChange::Kind::Add, "KIND",
+     "Add an instrument: digitizer, signal-analyzer, ..., or a device, MODULE/DEVICE"},
     {"--remove", SetupChange::Kind::Remove, "NAME", "Remove an instrument"},
     {"--rename", SetupChange::Kind::Rename, "OLD=NEW", "Rename an instrument"},
     {"--enable", SetupChange::Kind::Enable, "CHANNEL", "Enable a channel: NAME, ADDRESS or INSTRUMENT/NAME"},

@@ -5,7 +5,8 @@
 namespace ko {
 
 HeadlessStage::HeadlessStage(Scenario& scenario, const ScenarioOptions& options)
-    : scenario_(scenario), language_(options.language), devices_(options.devices), watch_([&scenario] { return scenario.clock.now(); }),
+    : scenario_(scenario), language_(options.language), devices_(options.devices),
+      watch_([&scenario] { return scenario.clock.now(); }),
       history_({[this](int number) { return text(number); }, [this]() -> const Locale& { return platform_.locale; }}),
       changes_(scenario.log), platform_{scenario.messageBox,
                                         scenario.clipboard,

@@ -38,8 +38,7 @@ void instruments(Scenario& scenario, const Arguments& words)
 {
     const Setup setup = loadSetup(scenario.path(words.text(0)));
     const HeldState to = changedInstruments(
-        scenario.drivers(), [&](Setup& edited) { edited.instruments = setup.instruments; },
-        scenario.stage().devices());
+        scenario.drivers(), [&](Setup& edited) { edited.instruments = setup.instruments; }, scenario.stage().devices());
     scenario.history().edit(to);
 }
 

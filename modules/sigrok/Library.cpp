@@ -2,6 +2,7 @@
 
 #include "modules/sigrok/Attempt.h"
 #include "modules/sigrok/ConfigText.h"
+#include "modules/sigrok/KnownLeaks.h"
 
 #include <algorithm>
 
@@ -116,6 +117,7 @@ Library::DeviceList Library::scan(sr_dev_driver* driver, const DeviceAddress& ad
     const ScanOptions options(driver, address);
     if (open_[driver] == 0)
         sr_dev_clear(driver);
+    const KnownLeaks ignored;
     return DeviceList(sr_driver_scan(driver, options.list()));
 }
 

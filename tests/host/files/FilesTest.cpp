@@ -377,7 +377,7 @@ protected:
 
 TEST_P(FilesTest, WhicheverCallFailsTheOldOrTheNewFileIsThereWholeAndTheUserKnows)
 {
-    int failures = 0;
+    std::multiset<std::string> reported;
     for (int number = 0;; ++number) {
         makeFolder();
         Outcome outcome;
@@ -395,13 +395,15 @@ TEST_P(FilesTest, WhicheverCallFailsTheOldOrTheNewFileIsThereWholeAndTheUserKnow
         SCOPED_TRACE(std::to_string(number) + ": " + call + "; " + outcome.message);
         expectKept(outcome, call);
         EXPECT_TRUE(outcome.isDone || !call.empty());
-        failures += outcome.isDone ? 0 : 1;
+        if (!outcome.isDone)
+            reported.insert(call);
         if (call.empty() || HasFailure()) {
-            std::cout << GetParam().name << ": " << number << " calls, " << failures << " failures\n";
+            std::cout << GetParam().name << ": " << number << " calls, " << reported.size() << " failures\n";
             break;
         }
     }
-    EXPECT_GT(failures, 3);
+    for (const char* const made : {"open", "write", "synchronize", "rename", "synchronize the folder"})
+        EXPECT_TRUE(reported.contains(made)) << made;
 }
 
 class KilledProgramTest : public FilesTest {};
@@ -449,6 +451,22 @@ TEST(AutosaveFilesTest, WhicheverCallFailsTheCopyIsWrittenAtLastForTheUserAloneA
     }
     EXPECT_GT(reported, 5);
     std::cout << "Autosave: " << reported << " failures\n";
+}
+
+TEST(SavedAgainTest, AfterAnyFailureTheNextSaveSucceedsWithoutAQuestion)
+{
+    std::string call = "first";
+    for (int number = 0; !call.empty(); ++number) {
+        const QTemporaryDir folder;
+        Window window(fromQt(folder.path()), fromQt(folder.filePath("bench.json")));
+        failingCalls::plan(number, fromQt(folder.path()));
+        window->files().save();
+        call = failingCalls::end();
+        SCOPED_TRACE(call);
+        window.user.conflict = Conflict::Cancel;
+        window->files().save();
+        EXPECT_FALSE(window->isWindowModified());
+    }
 }
 
 TEST(FileWriterTest, AFailedWriteLeavesTheLinesBeforeAndOnlyFilesOfKilledProgramsAreRemoved)
