@@ -21,7 +21,8 @@ public:
     [[nodiscard]] virtual const InstrumentSettings& held() const = 0;
 
     /// Takes these settings, as `held` has returned them, without rounding. The driver and its views stay the same
-    /// objects. Fails with a `Failure`, and keeps its settings, if the instrument has other views or channels.
+    /// objects. Fails with a `Failure`, and keeps its settings, if it cannot take them, for example without a view that
+    /// they have.
     virtual void restore(const InstrumentSettings& settings) = 0;
 
     /// The acquiring side; null if the instrument has no timebase. The instrument owns it.

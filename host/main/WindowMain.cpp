@@ -60,6 +60,8 @@ QSize startSize(const FrameWindow& window)
 int paintInto(FrameWindow& window, const std::string& picture)
 {
     window.show();
+    // The first round tells the page its width, the second one arranges its frames for it.
+    QApplication::processEvents();
     QApplication::processEvents();
     writeWhole(picture, encoded(window.grab(), picture));
     return 0;
