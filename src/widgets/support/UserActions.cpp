@@ -7,13 +7,25 @@ namespace ko {
 
 namespace {
 
+/// Closes a question of a dialog. Returns whether there is one; the dialog must then be kept, because the questions of
+/// the toolkit's own dialogs are on the stack.
+bool dismissesQuestion(const QWidget& dialog)
+{
+    bool isAsking = false;
+    for (QDialog* question : dialog.findChildren<QDialog*>()) {
+        isAsking = isAsking || question->isVisible();
+        question->hide();
+    }
+    return isAsking;
+}
+
 class Remains : public QWidget {
 public:
     Remains(QWidget& surface, std::shared_ptr<void> kept) : kept_(std::move(kept))
     {
         // Dialogs are not kept, so that code that waits in one can return.
         for (QWidget* child : surface.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-            if (!dynamic_cast<QDialog*>(child))
+            if (!dynamic_cast<QDialog*>(child) || dismissesQuestion(*child))
                 child->setParent(this, child->windowFlags());
         // What the surface has put off is not done any more, because it would use the surface.
         for (QTimer* timer : findChildren<QTimer*>())

@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QFileDialog>
 #include <QListView>
 #include <QPushButton>
 #include <QTableWidget>
@@ -95,6 +96,7 @@ struct Opening {
     const char* name = nullptr;
     void (*open)(Desk&) = nullptr;
     bool isPopup = false;
+    bool isQuestion = false; ///< a message box of a dialog
 };
 
 void send(QWidget& widget, QEvent::Type type)
@@ -171,6 +173,16 @@ const Opening openings[] = {
     {"About", [](Desk& desk) { desk.choose(hostText::helpMenu, hostText::about); }},
     {"FileToOpen", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::openSetup); }},
     {"FileToSave", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::saveAs); }},
+    {"Overwritten",
+     [](Desk& desk) {
+         const Soon accept([&] {
+             auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+             files->selectFile(toQt(desk.setup));
+             static_cast<QDialog*>(files)->accept();
+         });
+         desk.choose(hostText::fileMenu, hostText::saveAs);
+     },
+     false, true},
     {"Print", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::print); }},
     {"Preview", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::printPreview); }},
     {"Capture",
@@ -339,6 +351,8 @@ TEST_P(Ends, InTheMiddleOfWhatTheUserDoes)
         QObject::connect(&host, &QTimer::timeout, [&] {
             QWidget* const front =
                 opening.isPopup && !isPlayed ? QApplication::activePopupWidget() : QApplication::activeModalWidget();
+            if (opening.isQuestion && !isPlayed && !qobject_cast<QMessageBox*>(front))
+                return;
             if (front && !std::exchange(isPlayed, true))
                 GetParam().play(desk);
             else if (auto* dialog = qobject_cast<QDialog*>(front))
