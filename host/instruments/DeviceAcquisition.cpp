@@ -84,19 +84,31 @@ DeviceAcquisition::~DeviceAcquisition()
     DeviceAcquisition::stop();
 }
 
+/// After a failed acquisition a device that cannot be armed is opened again, for it may have come back.
 ArmedSettings DeviceAcquisition::arm()
 {
     if (inUse_)
         throw Failure(failure::unspecified, "is acquiring");
+    try {
+        return armed();
+    } catch (const Failure&) {
+        if (!hasFailed_.exchange(false))
+            throw;
+        return armed();
+    }
+}
+
+ArmedSettings DeviceAcquisition::armed()
+{
     Acquisition& device = find_();
     try {
-        ArmedSettings armed = foreignCall([&] { return device.arm(); });
+        ArmedSettings settings = foreignCall([&] { return device.arm(); });
         inUse_ = &device;
-        channels_ = armed.channels.size();
-        hasFailed_ = false;
-        return armed;
+        channels_ = settings.channels.size();
+        isLost_ = hasFailed_ = false;
+        return settings;
     } catch (const Failure&) {
-        hasFailed_ = true;
+        isLost_ = true;
         throw;
     }
 }
@@ -110,7 +122,7 @@ void DeviceAcquisition::start(const AcquisitionOrder& order, BlockSink& sink)
     try {
         foreignCall([&] { device->start(order, *guard_); });
     } catch (const Failure&) {
-        hasFailed_ = true;
+        isLost_ = true;
         guard_.reset();
         throw;
     }
@@ -124,7 +136,7 @@ void DeviceAcquisition::stop()
         try {
             foreignCall([&] { device->stop(); });
         } catch (const Failure& failure) {
-            hasFailed_ = true;
+            isLost_ = true;
             reason += ": " + std::string(failure.what());
         }
     if (guard_)

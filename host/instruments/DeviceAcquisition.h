@@ -28,16 +28,19 @@ public:
 
     /// Between `arm` and `stop`.
     [[nodiscard]] bool isInUse() const { return inUse_ != nullptr; }
-    /// Whether the last acquisition has failed, so that the device may be gone.
-    [[nodiscard]] bool hasFailed() const { return hasFailed_; }
+    /// Whether the device could not be armed, started or stopped, so that it has to be opened again.
+    [[nodiscard]] bool isLost() const { return isLost_; }
 
 private:
     class Guard;
 
+    ArmedSettings armed();
+
     Find find_;
     std::function<ArmedSettings()> present_;
     std::atomic<Acquisition*> inUse_ = nullptr;
-    std::atomic<bool> hasFailed_ = false;
+    std::atomic<bool> isLost_ = false;
+    std::atomic<bool> hasFailed_ = false; ///< the last acquisition, so that the device may be gone
     std::size_t channels_ = 0;
     std::unique_ptr<Guard> guard_;
 };

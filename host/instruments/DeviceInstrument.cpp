@@ -187,10 +187,12 @@ void DeviceInstrument::restore(const InstrumentSettings& settings)
         held_.name = settings.name;
         return;
     }
+    if (acquisition_.isInUse())
+        throw Failure(failure::unspecified, "is acquiring");
     const bool wasOpen = device_ != nullptr;
     const InstrumentSettings before = held();
     keep(settings);
-    if (isWanted_)
+    if (isWanted_ && settings.options != before.options)
         attempt();
     if (!wasOpen || device_)
         return;
@@ -202,7 +204,7 @@ void DeviceInstrument::restore(const InstrumentSettings& settings)
 
 Acquisition& DeviceInstrument::armable()
 {
-    if (!device_ || acquisition_.hasFailed())
+    if (!device_ || acquisition_.isLost())
         reopen();
     if (!device_)
         throw Failure(failure::unspecified, trouble_);

@@ -47,7 +47,18 @@ void HostInstrument::enableChannel(std::int32_t group, std::int32_t channel, boo
 {
     InstrumentSettings changed = held();
     elementAt(elementAt(changed.groups, group).channels, channel).enabled = std::int32_t{enabled};
-    foreignCall([&] { instrument_->restore(changed); });
+    take(changed);
+}
+
+void HostInstrument::take(const InstrumentSettings& settings)
+{
+    try {
+        foreignCall([&] { instrument_->restore(settings); });
+    } catch (const Failure&) {
+        findViews();
+        throw;
+    }
+    findViews();
 }
 
 void HostInstrument::openDevice()
@@ -66,12 +77,18 @@ void HostInstrument::closeDevice()
     change(&DeviceInstrument::close);
 }
 
-/// A call in progress goes on with the views of the new state.
 void HostInstrument::change(void (DeviceInstrument::*act)())
+{
+    if (device_)
+        (device_->*act)();
+    findViews();
+}
+
+/// A call in progress goes on with the views of the device that is open now.
+void HostInstrument::findViews()
 {
     if (!device_)
         return;
-    (device_->*act)();
     queryTimebase();
     queryTriggerParameters();
     queryTriggerLines();

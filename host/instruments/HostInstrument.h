@@ -65,6 +65,8 @@ private:
     double DynamicBytes() override;
     void planFailures();
     void change(void (DeviceInstrument::*act)());
+    void take(const InstrumentSettings& settings);
+    void findViews();
 
     CallGate calls_;
     std::unique_ptr<Instrument> instrument_;

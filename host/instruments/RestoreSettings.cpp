@@ -79,12 +79,14 @@ void HostInstrument::restore(const InstrumentSettings& settings)
         forEachPair(next.groups, settings.groups, [&](std::int32_t group, GroupSettings& held, const auto& before) {
             forEachPair(held.channels, before.channels,
                         [&](std::int32_t channel, ChannelSettings& now, const auto& was) {
-                            restoring.channel(group, channel, now, was);
+                            // A device takes the rest by the addresses of its channels.
+                            if (!device_ || now.address == was.address)
+                                restoring.channel(group, channel, now, was);
                         });
         });
     }
     // What is left has no operation: names, offers and enabled channels.
-    foreignCall([&] { instrument_->restore(settings); });
+    take(settings);
 }
 
 } // namespace ko

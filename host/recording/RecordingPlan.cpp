@@ -147,7 +147,7 @@ RecordingPlan planRecording(const Instruments& instruments, PlanFor purpose, con
 {
     try {
         return planOf(instruments, purpose, text);
-    } catch (const RecordingRefusal&) {
+    } catch (...) {
         if (purpose == PlanFor::Recording)
             disarm(instruments);
         throw;

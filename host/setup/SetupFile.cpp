@@ -96,13 +96,15 @@ HostInstruments makeDrivers(const Setup& setup, const std::shared_ptr<DeviceSour
 
 void exchange(HostInstruments& list, HostInstruments instead)
 {
-    const std::unordered_set<std::shared_ptr<HostInstrument>> kept(instead.begin(), instead.end());
+    using Set = std::unordered_set<std::shared_ptr<HostInstrument>>;
+    const Set before(list.begin(), list.end()), kept(instead.begin(), instead.end());
     for (const auto& instrument : list)
         if (!kept.contains(instrument))
             instrument->closeDevice();
     list = std::move(instead);
     for (const auto& instrument : list)
-        instrument->openDevice();
+        if (!before.contains(instrument))
+            instrument->openDevice();
 }
 
 } // namespace ko

@@ -142,7 +142,8 @@ void FrameDocks::handOverAgain()
 {
     if (isLocked() || !page_.okToLeave())
         return;
-    watch_.health().reopenDevices();
+    // What a device that comes back offers is no edit.
+    history_.hostCall([this] { watch_.health().reopenDevices(); });
     history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
 }
 

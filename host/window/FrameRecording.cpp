@@ -157,6 +157,7 @@ void FrameRecording::begin(const std::string& file, const RecordingPlan& start)
                                                                  .isPaced = !session.clock(),
                                                                  .freeBytes = {}});
     } catch (...) {
+        disarm(instruments());
         unlock();
         throw;
     }

@@ -5,7 +5,7 @@
 namespace ko::sigrok {
 
 /// Scans what a device without a sample rate delivers, as a meter: each scan has the last value of each channel, NaN
-/// before the first one.
+/// before the first one, and when none has come for a minute and three scans: the device may be off.
 class LatestValues final : public Intake {
 public:
     /// Scan k is due k periods after the origin, from scan `first` on.
@@ -28,6 +28,7 @@ private:
     std::int64_t next_;
     std::int64_t end_;
     std::vector<float> values_;
+    std::vector<std::int64_t> staleFrom_; ///< the scan from which a channel's value is too old
 };
 
 } // namespace ko::sigrok

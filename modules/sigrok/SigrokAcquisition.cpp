@@ -97,12 +97,14 @@ ArmedSettings SigrokAcquisition::arm()
 /// A device may round the limit up, but not down.
 void SigrokAcquisition::limitSamples(std::int64_t samples)
 {
-    const auto limit = static_cast<std::uint64_t>(samples);
+    // Drivers compute with the limit, so the order of samples without an end is one that lasts for days.
+    constexpr std::int64_t endless = 1'000'000'000'000;
+    const auto limit = static_cast<std::uint64_t>(std::min(samples, endless));
     if (!rates_ || !device_.can(SR_CONF_SET, SR_CONF_LIMIT_SAMPLES))
         return;
     const std::string doing = "sample limit: " + std::to_string(limit);
     device_.set(SR_CONF_LIMIT_SAMPLES, owned(g_variant_new_uint64(limit)).get(), doing);
-    if (const auto kept = device_.number(SR_CONF_LIMIT_SAMPLES); kept && *kept < limit)
+    if (const auto kept = device_.number(SR_CONF_LIMIT_SAMPLES); samples < endless && kept && *kept < limit)
         throw Failure(failure::unspecified, doing + " set, " + std::to_string(*kept) + " kept");
 }
 

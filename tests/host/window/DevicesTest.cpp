@@ -90,6 +90,7 @@ TEST_F(DevicesTest, AMissingDeviceFailsKeepsItsSettingsAndComesBackOnTryAgain)
     EXPECT_EQ(held().groups[0].channels[1].name, "Crank");
     EXPECT_FALSE(held().groups[0].channels[1].isEnabled());
     EXPECT_TRUE(held().groups[0].channels[0].isEnabled());
+    EXPECT_TRUE(window.history().history().steps().empty()) << "what the device offers is no edit";
     for (const DriverFailure& failure : window.docks().health().failing())
         ADD_FAILURE() << failingName(failure.operation) << failure.reason;
 

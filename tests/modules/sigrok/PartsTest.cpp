@@ -123,6 +123,14 @@ TEST(LatestValuesTest, EachScanHasTheLastValueBeforeItAndNothingBeforeTheFirst)
     EXPECT_EQ(shown(kept.samplesOf(1)), (Samples{none, none, none, 30, 30, 30}));
     EXPECT_TRUE(scans.isComplete());
     EXPECT_FALSE(scans.mayEnd());
+
+    Kept silent;
+    LatestValues minutes(1, 30.0, 8, 0, silent);
+    minutes.append(0, Samples{7});
+    minutes.advance(180.0);
+    minutes.append(0, Samples{8});
+    minutes.advance(1000.0);
+    EXPECT_EQ(shown(silent.samplesOf(0)), (Samples{7, 7, 7, 7, 7, none, none, 8}));
 }
 
 TEST(SampleRatesTest, TheNearestRateIsOfTheListOrAStepOfTheRange)
