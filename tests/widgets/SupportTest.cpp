@@ -1,0 +1,179 @@
+#include "widgets/support/Convert.h"
+#include "widgets/support/KeyCodes.h"
+#include "widgets/support/Modal.h"
+#include "widgets/support/ShownText.h"
+#include "widgets/support/UserActions.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QPushButton>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace ko::test {
+namespace {
+
+TEST(Convert, CountsCharactersAndUnits)
+{
+    const QString text = QStringLiteral("a\U0001F600b\U0001F601");
+    const int units[] = {0, 1, 3, 4, 6, 6};
+    for (std::size_t characters = 0; characters < std::size(units); ++characters)
+        EXPECT_EQ(unitsOf(text, characters), units[characters]);
+    for (std::size_t characters = 0; characters < 5; ++characters)
+        EXPECT_EQ(charactersOf(text, units[characters]), characters);
+    const QString half = QString(text[1]);
+    EXPECT_EQ(unitsOf(half, 1), 1) << "half of a character";
+}
+
+TEST(Convert, LeavesOutTheLetterOfACaption)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"&Start", "Start"}, {"Sta&rt", "Start"}, {"A && B", "A & B"}, {"(&S)", ""},   {"x(&S):", "x:"},
+        {"(&1)", "(1)"},     {"(&S", "(S"},       {"end&", "end&"},    {"(S)", "(S)"}, {"(&S) and", " and"}};
+    for (const auto& [caption, plain] : cases)
+        EXPECT_EQ(withoutMnemonic(QString::fromLatin1(caption)).toStdString(), plain);
+}
+
+TEST(Convert, AppliesWhatDiffersFromTheFont)
+{
+    QWidget widget;
+    const Font usual{.name = "Sans", .size = 10, .weight = 400};
+    struct Case {
+        std::function<void(Font&)> changed;
+        std::function<bool(const QFont&)> isApplied;
+    };
+    const Case cases[] = {
+        {[](Font& font) { font.name = "Serif"; }, [](const QFont& font) { return font.family() == "Serif"; }},
+        {[](Font& font) { font.size = 17; }, [](const QFont& font) { return font.pointSizeF() == 17; }},
+        {[](Font& font) { font.weight = 1; }, [](const QFont& font) { return font.weight() == 1; }},
+        {[](Font& font) { font.weight = 1000; }, [](const QFont& font) { return font.weight() == 1000; }},
+        {[](Font& font) { font.bold = true; }, [](const QFont& font) { return font.bold(); }},
+        {[](Font& font) { font.italic = true; }, [](const QFont& font) { return font.italic(); }},
+        {[](Font& font) { font.underline = true; }, [](const QFont& font) { return font.underline(); }},
+        {[](Font& font) { font.strikethrough = true; }, [](const QFont& font) { return font.strikeOut(); }},
+    };
+    for (const Case& it : cases) {
+        Font font = usual;
+        it.changed(font);
+        applyFont(widget, font, usual);
+        EXPECT_TRUE(it.isApplied(widget.font())) << &it - cases;
+        applyFont(widget, font, font);
+        EXPECT_EQ(widget.font().resolveMask(), QWidget().font().resolveMask()) << "nothing differs, " << &it - cases;
+    }
+    for (const Font& none :
+         {Font{.name = "", .size = 0, .weight = 0}, Font{.name = "Sans", .size = 10, .weight = 1001}}) {
+        applyFont(widget, none, usual);
+        EXPECT_EQ(widget.font().resolveMask(), QWidget().font().resolveMask()) << "no such font";
+    }
+    for (const int pixels : {0, 7, 100})
+        EXPECT_EQ(toPixels(widget, toTwips(widget, pixels)), pixels);
+    EXPECT_EQ(toTwips(widget, widget.logicalDpiX()), 1440);
+}
+
+TEST(ShownText, IsOfAsManyLinesAndCharactersAsAPersonReads)
+{
+    const std::string character = "\u00e4";
+    std::string text;
+    for (int i = 0; i < 4000; ++i)
+        text += character;
+    EXPECT_EQ(toShown(text).size(), 4000);
+    EXPECT_EQ(toShown(text + "x").toStdString(), text + "\u2026");
+    EXPECT_EQ(toLine(text.substr(0, 1000)).size(), 500);
+    EXPECT_EQ(toLine(text.substr(0, 1000) + "x").toStdString(), text.substr(0, 1000) + "\u2026");
+    std::string lines;
+    for (int i = 1; i < 60; ++i)
+        lines += "line\n";
+    EXPECT_EQ(toShown(lines + "last").toStdString(), lines + "last");
+    EXPECT_EQ(toShown(lines + "last\nmore").toStdString(), lines + "last\u2026");
+    EXPECT_EQ(toShown("a\tb\x01\x7f\nc").toStdString(), "a\tb  \nc");
+    EXPECT_EQ(toLine(std::string("a\tb\x01\nc\u2028d\u2029\u202Ee")).toStdString(), "a b  c d \uFFFDe");
+}
+
+TEST(Guarded, WhatFailsIsNamedByWhatTheUserPressed)
+{
+    QAction action("&Open");
+    QPushButton button("&Close");
+    QWidget other;
+    other.setAccessibleName("Table");
+    EXPECT_EQ(captionOf(&action) + captionOf(&button) + captionOf(&other), "OpenCloseTable");
+    EXPECT_EQ(captionOf(nullptr), "");
+    const QObject object;
+    EXPECT_EQ(captionOf(&object), "");
+}
+
+TEST(KeyCodes, AreThoseOfTheSystem)
+{
+    const std::pair<Qt::Key, int> cases[] = {
+        {Qt::Key_A, 65},      {Qt::Key_Z, 90},         {Qt::Key_0, 48},        {Qt::Key_9, 57},
+        {Qt::Key_Space, 32},  {Qt::Key_F1, 112},       {Qt::Key_F24, 135},     {Qt::Key_Return, 13},
+        {Qt::Key_Enter, 13},  {Qt::Key_Backspace, 8},  {Qt::Key_Escape, 27},   {Qt::Key_PageUp, 33},
+        {Qt::Key_End, 35},    {Qt::Key_Home, 36},      {Qt::Key_PageDown, 34}, {Qt::Key_Left, 37},
+        {Qt::Key_Up, 38},     {Qt::Key_Right, 39},     {Qt::Key_Down, 40},     {Qt::Key_Insert, 45},
+        {Qt::Key_Delete, 46}, {Qt::Key_At, 0},         {Qt::Key_Slash, 0},     {Qt::Key_Colon, 0},
+        {Qt::Key_F25, 0},     {Qt::Key_BracketLeft, 0}};
+    for (const auto& [key, code] : cases)
+        EXPECT_EQ(keyCodeOf(QKeyEvent(QEvent::KeyPress, key, {})), code) << key;
+    EXPECT_EQ(shiftStateOf(QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::AltModifier | Qt::ShiftModifier)), 5);
+}
+
+/// A surface that ends its actions when it is destroyed.
+struct Surface : QWidget {
+    UserActions actions;
+    ~Surface() override { actions.end(*this); }
+};
+
+TEST(UserActionsTest, TheWidgetsOfADestroyedSurfaceLiveUntilItsActionsHaveReturned)
+{
+    auto surface = std::make_unique<Surface>();
+    const QPointer<QPushButton> button = new QPushButton(surface.get());
+    const QPointer<QTimer> timer = new QTimer(button);
+    const QPointer<QDialog> dialog = new QDialog(surface.get());
+    const QPointer<QDialog> asking = new QDialog(surface.get());
+    auto* question = new QDialog(asking);
+    asking->show();
+    question->show();
+    timer->start(100000);
+    auto kept = std::make_shared<int>(1);
+    const std::weak_ptr<int> isKept = kept;
+    surface->actions.keep(std::move(kept));
+    int done = 0;
+    surface->actions.whenDone([&] { ++done; });
+    EXPECT_TRUE(surface->actions.run([&] { EXPECT_TRUE(surface->actions.areInProgress()); }));
+    EXPECT_FALSE(surface->actions.areInProgress());
+    EXPECT_EQ(done, 1);
+    {
+        const UserActions::Action outer(surface->actions);
+        EXPECT_FALSE(surface->actions.run([&] { surface.reset(); }));
+        EXPECT_TRUE(outer.isOver());
+        ASSERT_TRUE(button && asking);
+        EXPECT_TRUE(dialog.isNull()) << "who waits in it returns";
+        EXPECT_FALSE(button->isVisible() || question->isVisible());
+        EXPECT_FALSE(timer->isActive());
+        EXPECT_FALSE(isKept.expired());
+    }
+    EXPECT_TRUE(button) << "until control returns to the event loop";
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(button.isNull() && isKept.expired());
+    EXPECT_EQ(done, 1) << "nothing is done for a surface that is gone";
+    auto idle = std::make_unique<Surface>();
+    const QPointer<QWidget> child = new QWidget(idle.get());
+    idle.reset();
+    EXPECT_TRUE(child.isNull());
+}
+
+TEST(ModalTest, ADialogThatIsDestroyedWhileItIsShownCountsAsCancelled)
+{
+    QWidget owner;
+    auto* parent = new QWidget(&owner);
+    Modal<QDialog> dialog(parent);
+    QTimer::singleShot(0, parent, [&] { delete std::exchange(parent, nullptr); });
+    EXPECT_FALSE(dialog.isAccepted());
+    EXPECT_EQ(dialog.get(), nullptr);
+    Modal<QDialog> accepted(&owner);
+    QTimer::singleShot(0, accepted.get(), [&] { accepted->accept(); });
+    EXPECT_TRUE(accepted.isAccepted());
+}
+
+} // namespace
+} // namespace ko::test
