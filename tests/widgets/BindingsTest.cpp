@@ -71,23 +71,6 @@ TEST_F(Bindings, AMarkedBoxIsShownAndAnnouncedAsMarked)
     EXPECT_EQ(box.textMargins(), QMargins());
 }
 
-TEST_F(Bindings, AMarkKeepsClearOfTheTextAndSaysItInAWordWhereThereIsRoom)
-{
-    int widths[2]{};
-    for (const bool wide : {false, true}) {
-        second.setFixedWidth(wide ? 300 : 60);
-        form.second.setText("12");
-        form.second.setMarked(true);
-        QApplication::processEvents();
-        const QWidget& mark = *second.findChild<EntryMark*>();
-        widths[wide ? 1 : 0] = mark.width();
-        EXPECT_TRUE(second.rect().contains(mark.geometry())) << wide;
-        const QRect cursor = second.inputMethodQuery(Qt::ImCursorRectangle).toRect();
-        EXPECT_GT(cursor.center().x(), mark.geometry().right()) << wide;
-    }
-    EXPECT_GT(widths[1], widths[0]);
-}
-
 TEST_F(Bindings, OnlyAChoiceOfTheUserClicksAListAndARefusedOneIsTakenBack)
 {
     std::vector<std::int32_t> clicks;
@@ -138,6 +121,16 @@ TEST_F(Bindings, OptionsFollowTheControlsAndTheArrowKeysSelectTheNextOneThatCanB
     QTest::keyClick(&one, Qt::Key_Down);
     EXPECT_TRUE(form.two.value() && two.isChecked() && !one.isChecked() && two.hasFocus());
     EXPECT_EQ(clicks, 1);
+    for (const Qt::Key next : {Qt::Key_Right, Qt::Key_Left, Qt::Key_Up, Qt::Key_Down}) {
+        QWidget* const from = QApplication::focusWidget();
+        QTest::keyPress(from, next);
+        EXPECT_NE(QApplication::focusWidget(), from) << next;
+        QTest::keyRelease(QApplication::focusWidget(), next);
+        EXPECT_EQ(form.two.value(), two.hasFocus());
+    }
+    form.two.deselect();
+    QTest::keyClick(&two, Qt::Key_Space);
+    EXPECT_TRUE(form.two.value()) << "with none selected, from the option with the focus";
     form.one.setEnabled(false);
     QTest::keyClick(&two, Qt::Key_Down);
     EXPECT_TRUE(form.two.value());
@@ -170,31 +163,6 @@ TEST_F(Bindings, AFramesStateAppliesToTheControlsInIt)
     EXPECT_TRUE(box.isEnabled() && second.isVisible() && !box.isVisible());
     form.frame.setVisible(false);
     EXPECT_FALSE(second.isVisible());
-}
-
-TEST_F(Bindings, AGridShowsNamesAndValuesUnderTheirHeaders)
-{
-    form.grid.setCell(0, 1, {"Value", {}});
-    form.grid.lockDrawing(true);
-    form.grid.setRowCount(1);
-    form.grid.setCell(1, 0, {"Level", {}});
-    form.grid.setCell(1, 1, {"0.5", {}});
-    EXPECT_EQ(grid.rowCount(), 0);
-    form.grid.lockDrawing(false);
-    EXPECT_EQ(grid.horizontalHeaderItem(1)->text(), "Value");
-    EXPECT_EQ(grid.item(0, 0)->text() + grid.item(0, 1)->text(), "Level0.5");
-}
-
-TEST_F(Bindings, OnlyWhatDiffersFromTheFormsFontIsApplied)
-{
-    const QFont before = go.font();
-    form.setFont({.name = "Serif", .size = 30});
-    form.go.setFont({.name = "Serif", .size = 30});
-    EXPECT_EQ(go.font(), before);
-    form.go.setFont({.name = "Serif", .size = 20, .bold = true});
-    EXPECT_EQ(go.font().pointSizeF(), 20);
-    EXPECT_TRUE(go.font().bold());
-    EXPECT_EQ(go.font().family(), before.family());
 }
 
 } // namespace

@@ -4,16 +4,13 @@
 #include "platform/DateTimes.h"
 #include "platform/Locales.h"
 #include "widgets/bindings/FormView.h"
-#include "widgets/page/PageWidget.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QDialog>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QTest>
 #include <QTimeEdit>
 #include <QTimer>
@@ -166,21 +163,6 @@ TEST_F(DateDialogTest, TheClockFollowsWhileTheTimeIsEdited)
     });
 }
 
-TEST_F(DateDialogTest, TheDialogOpensAtTheCursorInsideTheWorkArea)
-{
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    host.area = {0, 0, screen.width(), screen.height()};
-    host.cursor = {screen.width() - 10, 7};
-    ask("6:00:00 AM", [&] {
-        const QRect frame(QApplication::activeModalWidget()->pos(), QApplication::activeModalWidget()->size());
-        EXPECT_EQ(frame.top(), 7 * 15 * QApplication::activeModalWidget()->logicalDpiY() / 1440);
-        const int right = toTwips(*QApplication::activeModalWidget(), frame.left() + frame.width());
-        EXPECT_LE(right, screen.width() * 15);
-        EXPECT_GT(right, (screen.width() - 10) * 15);
-        key(Qt::Key_Escape);
-    });
-}
-
 TEST_F(DateDialogTest, TheTimeIsShownInTheFormatReadLast)
 {
     const std::pair<Locale, const char*> cases[] = {
@@ -237,23 +219,6 @@ TEST_F(DateDialogTest, ATimeIsTypedAsItIsWrittenInEveryFormatHoweverTheFieldGotT
                 EXPECT_EQ(this->text(chosen), this->text(toDateTime(kept, {}))) << locale.timeFormat << ": " << text;
             }
     }
-}
-
-class ByteBarTest : public DocumentTest {};
-
-TEST_F(ByteBarTest, BesideAFigureABarSaysHowMuchOfTheLimitItTakes)
-{
-    addDriver().dynamicBytes = 1073741823.5;
-    PageWidget widget(page(), texts);
-    open();
-    auto* bar = widget.findChild<QProgressBar*>(QStringLiteral("lblNumDynamicBytesValueShare"));
-    ASSERT_NE(bar, nullptr);
-    EXPECT_EQ(bar->value() * 2, bar->maximum());
-    EXPECT_EQ(bar->accessibleDescription(), "50.0 %");
-    fakes.clear();
-    addDriver().bytes = [](const FakeDriver&) { return 3e9; };
-    handOver();
-    EXPECT_EQ(bar->value(), 0);
 }
 
 } // namespace

@@ -74,6 +74,8 @@ TEST_F(Reading, ValuesLookReadableAndLikeFieldsAgainAfterwards)
     list.resize(list.width() + 20, list.height());
     EXPECT_EQ(reading().geometry(), list.rect());
     EXPECT_TRUE(one.testAttribute(Qt::WA_TransparentForMouseEvents));
+    form.two.showSelected();
+    EXPECT_TRUE(two.isEnabled() && !one.isEnabled()) << "the value is the option that is selected";
 
     click(box);
     form.frame.setEnabled(true);

@@ -1,14 +1,10 @@
 #include "widgets/support/Convert.h"
+#include "widgets/support/Guarded.h"
 #include "widgets/support/KeyCodes.h"
-#include "widgets/support/Modal.h"
 #include "widgets/support/ShownText.h"
-#include "widgets/support/UserActions.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QDialog>
 #include <QPushButton>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace ko::test {
@@ -28,9 +24,9 @@ TEST(Convert, CountsCharactersAndUnits)
 
 TEST(Convert, LeavesOutTheLetterOfACaption)
 {
-    const std::pair<const char*, const char*> cases[] = {
-        {"&Start", "Start"}, {"Sta&rt", "Start"}, {"A && B", "A & B"}, {"(&S)", ""},   {"x(&S):", "x:"},
-        {"(&1)", "(1)"},     {"(&S", "(S"},       {"end&", "end&"},    {"(S)", "(S)"}, {"(&S) and", " and"}};
+    const std::pair<const char*, const char*> cases[] = {{"&Start", "Start"}, {"A && B", "A & B"}, {"x(&S):", "x:"},
+                                                         {"(&1)", "(1)"},     {"(&S", "(S"},       {"end&", "end&"},
+                                                         {"(S)", "(S)"},      {"(&S)", ""}};
     for (const auto& [caption, plain] : cases)
         EXPECT_EQ(withoutMnemonic(QString::fromLatin1(caption)).toStdString(), plain);
 }
@@ -115,64 +111,6 @@ TEST(KeyCodes, AreThoseOfTheSystem)
     for (const auto& [key, code] : cases)
         EXPECT_EQ(keyCodeOf(QKeyEvent(QEvent::KeyPress, key, {})), code) << key;
     EXPECT_EQ(shiftStateOf(QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::AltModifier | Qt::ShiftModifier)), 5);
-}
-
-/// A surface that ends its actions when it is destroyed.
-struct Surface : QWidget {
-    UserActions actions;
-    ~Surface() override { actions.end(*this); }
-};
-
-TEST(UserActionsTest, TheWidgetsOfADestroyedSurfaceLiveUntilItsActionsHaveReturned)
-{
-    auto surface = std::make_unique<Surface>();
-    const QPointer<QPushButton> button = new QPushButton(surface.get());
-    const QPointer<QTimer> timer = new QTimer(button);
-    const QPointer<QDialog> dialog = new QDialog(surface.get());
-    const QPointer<QDialog> asking = new QDialog(surface.get());
-    auto* question = new QDialog(asking);
-    asking->show();
-    question->show();
-    timer->start(100000);
-    auto kept = std::make_shared<int>(1);
-    const std::weak_ptr<int> isKept = kept;
-    surface->actions.keep(std::move(kept));
-    int done = 0;
-    surface->actions.whenDone([&] { ++done; });
-    EXPECT_TRUE(surface->actions.run([&] { EXPECT_TRUE(surface->actions.areInProgress()); }));
-    EXPECT_FALSE(surface->actions.areInProgress());
-    EXPECT_EQ(done, 1);
-    {
-        const UserActions::Action outer(surface->actions);
-        EXPECT_FALSE(surface->actions.run([&] { surface.reset(); }));
-        EXPECT_TRUE(outer.isOver());
-        ASSERT_TRUE(button && asking);
-        EXPECT_TRUE(dialog.isNull()) << "who waits in it returns";
-        EXPECT_FALSE(button->isVisible() || question->isVisible());
-        EXPECT_FALSE(timer->isActive());
-        EXPECT_FALSE(isKept.expired());
-    }
-    EXPECT_TRUE(button) << "until control returns to the event loop";
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(button.isNull() && isKept.expired());
-    EXPECT_EQ(done, 1) << "nothing is done for a surface that is gone";
-    auto idle = std::make_unique<Surface>();
-    const QPointer<QWidget> child = new QWidget(idle.get());
-    idle.reset();
-    EXPECT_TRUE(child.isNull());
-}
-
-TEST(ModalTest, ADialogThatIsDestroyedWhileItIsShownCountsAsCancelled)
-{
-    QWidget owner;
-    auto* parent = new QWidget(&owner);
-    Modal<QDialog> dialog(parent);
-    QTimer::singleShot(0, parent, [&] { delete std::exchange(parent, nullptr); });
-    EXPECT_FALSE(dialog.isAccepted());
-    EXPECT_EQ(dialog.get(), nullptr);
-    Modal<QDialog> accepted(&owner);
-    QTimer::singleShot(0, accepted.get(), [&] { accepted->accept(); });
-    EXPECT_TRUE(accepted.isAccepted());
 }
 
 } // namespace
