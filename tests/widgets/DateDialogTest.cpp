@@ -139,30 +139,6 @@ TEST_F(DateDialogTest, HelpOpensByF1AndItsButtonAndTheDialogStays)
     EXPECT_EQ(host.topics, (std::vector<std::int32_t>{1005, 1005, 1005}));
 }
 
-TEST_F(DateDialogTest, TheClockFollowsWhileTheTimeIsEdited)
-{
-    ask("6:00:00 AM", [&] {
-        auto& clock = part<QWidget>("picClock");
-        // The tip of the hour hand: down at six, to the right at three.
-        const auto isInk = [&](QPoint offset) {
-            const QImage face = clock.grab().toImage();
-            const QPoint centre(clock.width() / 2, clock.height() / 2);
-            return face.pixelColor(centre + offset).lightness() < 128;
-        };
-        const int hand = clock.width() / 2 * 5 / 6 * 7 / 8 * 2 / 3 - 3;
-        EXPECT_TRUE(isInk({0, hand}));
-        EXPECT_FALSE(isInk({hand, 0}));
-        auto& edit = part<QTimeEdit>("dtpTimeSelector");
-        edit.setFocus();
-        edit.setSelectedSection(QDateTimeEdit::HourSection);
-        for (int i = 0; i < 3; ++i)
-            key(Qt::Key_Down);
-        EXPECT_FALSE(isInk({0, hand}));
-        EXPECT_TRUE(isInk({hand, 0}));
-        key(Qt::Key_Escape);
-    });
-}
-
 TEST_F(DateDialogTest, TheTimeIsShownInTheFormatReadLast)
 {
     const std::pair<Locale, const char*> cases[] = {

@@ -2,7 +2,6 @@
 #include "fakes/DocumentTest.h"
 #include "widgets/bindings/NoInstrumentPicture.h"
 #include "widgets/bindings/PeriodTip.h"
-#include "widgets/services/QtPrinters.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -10,9 +9,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
@@ -217,34 +214,6 @@ TEST_F(PageWidgetTest, TheTipOfAPeriodHasItInEngineeringUnits)
     EXPECT_EQ(QToolTip::text().toStdString(), hint.toStdString() + "\n39.06 \xC2\xB5s");
     EXPECT_EQ(list.statusTip(), hint);
     EXPECT_EQ(page().cmbSamplePeriod.text(), "3.90625E-05");
-}
-
-TEST_F(PageWidgetTest, APrintedPageLooksLikeThePageOnTheScreenAtAnyResolution)
-{
-    openAndShow();
-    QWidget& surface = widget.view();
-    for (const int dotsPerMeter : {3780, 23622}) {
-        QImage sheet(surface.size() * 2, QImage::Format_RGB32);
-        sheet.setDotsPerMeterX(dotsPerMeter);
-        sheet.setDotsPerMeterY(dotsPerMeter);
-        sheet.fill(surface.palette().color(QPalette::Window));
-        QPainter painter(&sheet);
-        drawScaled(painter, surface, sheet.rect());
-        painter.end();
-        const QWidget& offers = *surface.findChild<QPushButton*>(toQt(page().cmdSampleRateOffers.name()));
-        const QImage button = sheet.copy({offers.mapTo(&surface, QPoint()) * 2, offers.size() * 2});
-        for (int x = 0; x < button.width(); ++x)
-            ASSERT_EQ(button.pixel(x, button.height() / 2), button.pixel(0, 0)) << "no button is printed";
-        const QSize coarse(80, 60);
-        const QImage printed = sheet.scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        const QImage shown = surface.grab().toImage().scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        int different = 0;
-        for (int i = 0; i < coarse.width() * coarse.height(); ++i) {
-            const QPoint at(i % coarse.width(), i / coarse.width());
-            different += std::abs(qGray(printed.pixel(at)) - qGray(shown.pixel(at))) > 40 ? 1 : 0;
-        }
-        EXPECT_LT(different, 25) << dotsPerMeter;
-    }
 }
 
 } // namespace

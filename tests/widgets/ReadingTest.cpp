@@ -89,17 +89,5 @@ TEST_F(Reading, ValuesLookReadableAndLikeFieldsAgainAfterwards)
     EXPECT_TRUE(form.two.value());
 }
 
-TEST_F(Reading, AFocusedControlThatIsLockedStaysInViewForReading)
-{
-    form.frame.setEnabled(true);
-    form.setForReading(false);
-    ASSERT_TRUE(form.moveFocus(&form.box));
-    form.setForReading(true);
-    form.frame.setEnabled(false);
-    QApplication::processEvents();
-    EXPECT_EQ(form.activeControl(), nullptr);
-    EXPECT_EQ(focused(), &box) << "it can be read on";
-}
-
 } // namespace
 } // namespace ko::test

@@ -68,20 +68,6 @@ protected:
         open();
         EXPECT_TRUE(shown);
     }
-    /// Runs `act`, which shows a message box, and closes the box.
-    template <class Act> void refused(Act act)
-    {
-        bool shown = false;
-        QTimer::singleShot(0, [&] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            shown = true;
-            box->accept();
-        });
-        act();
-        EXPECT_TRUE(shown);
-        activate();
-    }
 };
 
 TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
@@ -115,23 +101,6 @@ TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
     press(Qt::Key_V, Qt::ControlModifier);
     press(Qt::Key_Return);
     EXPECT_EQ(value(4), "wheelwheel");
-}
-
-TEST_F(TriggeringTest, ARefusedTextStaysOpenWhereverTheUserTriesToGo)
-{
-    clickValue(1);
-    QTest::keyClicks(QApplication::focusWidget(), "99");
-    refused([] { press(Qt::Key_Return); });
-    EXPECT_EQ(page().grdParam.editor().text(), "99");
-    refused([&] { clickValue(4); });
-    EXPECT_EQ(page().grdParam.editedRow(), 1);
-    refused([&] { QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton); });
-    EXPECT_EQ(page().activeControl(), &page().grdParam);
-    press(Qt::Key_Backspace);
-    press(Qt::Key_Backspace);
-    press(Qt::Key_3);
-    press(Qt::Key_Return);
-    EXPECT_EQ(value(1), "3");
 }
 
 TEST_F(TriggeringTest, AChannelIsFoundByTheFilterAndChosenByADoubleClick)
