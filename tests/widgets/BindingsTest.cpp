@@ -1,7 +1,7 @@
 #include "ViewTest.h"
 #include "widgets/bindings/EntryMark.h"
 
-#include <QElapsedTimer>
+#include <QAbstractItemView>
 #include <QInputMethodEvent>
 
 namespace ko::test {
@@ -88,26 +88,11 @@ TEST_F(Bindings, OnlyAChoiceOfTheUserClicksAListAndARefusedOneIsTakenBack)
     EXPECT_EQ(clicks, std::vector<std::int32_t>{1});
     EXPECT_EQ(list.currentText(), "10");
 
+    list.showPopup();
     form.list.setItems({{"7", 0}});
+    EXPECT_FALSE(list.view()->isVisible()) << "its entries are others now";
     EXPECT_EQ(list.count(), 1);
     EXPECT_EQ(list.currentIndex(), -1);
-}
-
-TEST_F(Bindings, AListOfAHundredThousandEntriesFillsAndOpensAtOnce)
-{
-    std::vector<ComboBox::Item> items(100000);
-    for (std::size_t i = 0; i < items.size(); ++i)
-        items[i].text = std::to_string(i);
-    QElapsedTimer timer;
-    timer.start();
-    form.list.setItems(std::move(items));
-    form.list.select(99999);
-    list.sizeHint();
-    list.showPopup();
-    QApplication::processEvents();
-    EXPECT_LT(timer.elapsed(), 1500);
-    EXPECT_EQ(list.currentText(), "99999");
-    list.hidePopup();
 }
 
 TEST_F(Bindings, OptionsFollowTheControlsAndTheArrowKeysSelectTheNextOneThatCanBeUsed)

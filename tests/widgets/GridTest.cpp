@@ -216,13 +216,14 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     EXPECT_EQ(form.grid.selText(), "1");
     form.grid.setSelText("3");
     EXPECT_TRUE(editor()->text() == "32" && editor()->cursorPosition() == 1 && !mark->isVisible());
+    QTest::keyClicks(editor(), "45");
     EXPECT_EQ(editor()->accessibleDescription(), "The parameters");
     clickCell(note, 1);
-    EXPECT_EQ(shown(), "32 [x] {Falling} 7 (text)") << "opening another cell ends the edit";
+    EXPECT_EQ(shown(), "3452 [x] {Falling} 7 (text)") << "opening another cell ends the edit";
     EXPECT_FALSE((editor()->alignment() & Qt::AlignRight) != 0);
     QTest::keyClicks(editor(), "dropped");
     key(Qt::Key_Escape);
-    EXPECT_EQ(shown(), "32 [x] {Falling} 7 text");
+    EXPECT_EQ(shown(), "3452 [x] {Falling} 7 text");
 }
 
 TEST_F(GridView, TheCurrentCellIsSelectedWhileTheGridHasTheFocus)
@@ -244,7 +245,7 @@ TEST_F(GridView, WhileItIsOnlyReadValuesStayReadableAndCannotBeChanged)
 {
     form.setForReading(true);
     form.frame.setEnabled(false);
-    EXPECT_TRUE(grid.isEnabled());
+    EXPECT_TRUE(grid.isEnabled() && check(slope).testAttribute(Qt::WA_TransparentForMouseEvents));
     press(check(slope));
     clickCell(level, 1);
     EXPECT_EQ(shown(), "0.5 [x] Falling 7 text");
@@ -252,6 +253,7 @@ TEST_F(GridView, WhileItIsOnlyReadValuesStayReadableAndCannotBeChanged)
     EXPECT_EQ(shown(), "0.5 -[x] -{Falling} 7 text");
     form.frame.setEnabled(true);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 text");
+    EXPECT_FALSE(check(slope).testAttribute(Qt::WA_TransparentForMouseEvents));
 }
 
 } // namespace

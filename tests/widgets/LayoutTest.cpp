@@ -157,15 +157,23 @@ TEST_F(LayoutTest, MoreRoomGoesToTheTriggerParametersOrBelowTheFramesAndTheColum
     show(widget.size() + QSize(0, 200));
     EXPECT_EQ(place(page().frmStart).height(), start);
 
+    const int before = place(page().cmbSampleRate).left() - place(page().frmDynamic).left();
     const int most = widget.view().fontMetrics().averageCharWidth() * 180;
     show(QSize(most * 2, 900));
     const QRect left = place(page().frmDynamic), right = place(page().frmStart);
     EXPECT_NEAR(right.right() - left.left() + 1, most, 1);
     EXPECT_NEAR(left.left() + right.right(), widget.width(), 3) << "centred";
+    EXPECT_EQ(place(page().cmbSampleRate).left() - left.left(), before) << "the fields take the room";
     EXPECT_NEAR(place(page().tmlPlan).left(), left.left(), 1);
     EXPECT_NEAR(place(page().tmlPlan).width(), most, 1);
     EXPECT_NEAR(left.width(), right.width(), left.width() / 4) << "the room is shared";
 
+    for (int width = 480; width < 1200; width += 10) {
+        show(QSize(width, 900));
+        const bool areBeside = place(page().frmStart).left() > place(page().frmDynamic).right();
+        EXPECT_FALSE(areBeside && area.horizontalScrollBar()->isVisible()) << width;
+        EXPECT_TRUE(areBeside || width < widget.sizeHint().width()) << width;
+    }
     show(QSize(480, 2500));
     for (const Frame* frame : frames())
         EXPECT_EQ(place(*frame).left(), place(page().frmDynamic).left());

@@ -156,12 +156,10 @@ TEST_F(Lists, TheFilterShowsWhatContainsItsTextAndMovesAHiddenSelection)
         Lines selected;
     };
     const QStringList all = shown();
-    form.channels.userPicked({crank});
+    form.channels.userPicked({cam});
     for (const Case& it :
-         {Case{"c",
-               {"Digitizer", " Inputs", "  Crank (0:1)", "  Cam (0:2)", "Scanner", " Slow", "  Air (0:7)"},
-               {crank}},
-          Case{" CAM ", {"Digitizer", " Inputs", "  Cam (0:2)"}, {cam}},
+         {Case{"c", {"Digitizer", " Inputs", "  Crank (0:1)", "  Cam (0:2)", "Scanner", " Slow", "  Air (0:7)"}, {cam}},
+          Case{" CRANK ", {"Digitizer", " Inputs", "  Crank (0:1)"}, {crank}},
           Case{"more", {"Digitizer", " More", "  Oil (1:1)"}, {oil}},
           Case{"scan", {"Scanner", " Slow", "  Air (0:7)"}, {air}}, Case{"none such", {}, {}}, Case{"", all, {}}}) {
         channels.filter->setText(QString::fromLatin1(it.filter));

@@ -179,6 +179,13 @@ TEST_F(Names, AMenuFollowsItsControlsAndPassesItsClicks)
     EXPECT_EQ(clicks, 1);
     form.item.setVisible(false);
     EXPECT_FALSE(action.isEnabled() || action.isVisible());
+    {
+        FormView other(form, [](int) { return QString(); });
+        other.menu(form.tools, {&form.item});
+        other.label(form.label);
+    }
+    for (const Control* control : {static_cast<Control*>(&form.tools), static_cast<Control*>(&form.label)})
+        EXPECT_FALSE(control->view) << "of a view that is gone";
 }
 
 TEST_F(Names, APictureIsDrawnAsItsFormDrawsItAndEmptyWhenThatFails)

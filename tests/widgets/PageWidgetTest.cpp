@@ -140,7 +140,7 @@ TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageAndCopiedByKeysAndMouse)
     const auto isWhole = [&] {
         QApplication::processEvents();
         return widget.rect().contains(plan.geometry()) && plan.y() > area.geometry().bottom() &&
-               plan.height() >= plan.heightForWidth(plan.width());
+               plan.geometry().bottom() == widget.rect().bottom() && plan.height() >= plan.heightForWidth(plan.width());
     };
     for (const QSize size : {QSize(800, 600), QSize(480, 300), QSize(300, 300)}) {
         widget.resize(size);

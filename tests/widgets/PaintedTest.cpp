@@ -86,6 +86,8 @@ TEST_F(PaintedTest, ATimelineCutsWhatHasNoRoomMarksWarningsAndIsEmptyWithoutAStr
     EXPECT_GE(warning.text("Mid").box.left(), sign.right() - 1.0);
     EXPECT_GE(sign.top(), warning.ellipses[1].box.bottom() - 1.0);
     EXPECT_NEAR(sign.left(), 200.0 / 3, 1.0);
+    timeline.setPoints({points[0], points[2]});
+    EXPECT_EQ(paintedBy(times).ellipses.size(), 2U);
     timeline.setPoints({points[0]});
     EXPECT_TRUE(paintedBy(times).words().isEmpty());
     timeline.setCaption("First <b>this</b>");

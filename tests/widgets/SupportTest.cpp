@@ -1,6 +1,5 @@
 #include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
-#include "widgets/support/KeyCodes.h"
 #include "widgets/support/ShownText.h"
 
 #include <QAction>
@@ -96,21 +95,6 @@ TEST(Guarded, WhatFailsIsNamedByWhatTheUserPressed)
     EXPECT_EQ(captionOf(nullptr), "");
     const QObject object;
     EXPECT_EQ(captionOf(&object), "");
-}
-
-TEST(KeyCodes, AreThoseOfTheSystem)
-{
-    const std::pair<Qt::Key, int> cases[] = {
-        {Qt::Key_A, 65},      {Qt::Key_Z, 90},         {Qt::Key_0, 48},        {Qt::Key_9, 57},
-        {Qt::Key_Space, 32},  {Qt::Key_F1, 112},       {Qt::Key_F24, 135},     {Qt::Key_Return, 13},
-        {Qt::Key_Enter, 13},  {Qt::Key_Backspace, 8},  {Qt::Key_Escape, 27},   {Qt::Key_PageUp, 33},
-        {Qt::Key_End, 35},    {Qt::Key_Home, 36},      {Qt::Key_PageDown, 34}, {Qt::Key_Left, 37},
-        {Qt::Key_Up, 38},     {Qt::Key_Right, 39},     {Qt::Key_Down, 40},     {Qt::Key_Insert, 45},
-        {Qt::Key_Delete, 46}, {Qt::Key_At, 0},         {Qt::Key_Slash, 0},     {Qt::Key_Colon, 0},
-        {Qt::Key_F25, 0},     {Qt::Key_BracketLeft, 0}};
-    for (const auto& [key, code] : cases)
-        EXPECT_EQ(keyCodeOf(QKeyEvent(QEvent::KeyPress, key, {})), code) << key;
-    EXPECT_EQ(shiftStateOf(QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::AltModifier | Qt::ShiftModifier)), 5);
 }
 
 } // namespace
