@@ -103,7 +103,7 @@ TEST_F(ViewsTest, TheCalendarTakesTheRoomBesideTheTimeAndItsClock)
             const QRect before = place("calDate"), clock = place("picClock");
             EXPECT_EQ(clock.width(), clock.height());
             EXPECT_NEAR(clock.center().x(), place("dtpTimeSelector").center().x(), 1);
-            EXPECT_NEAR(clock.center().y(), (place("dtpTimeSelector").bottom() + place("frmTime").bottom()) / 2, 8);
+            EXPECT_NEAR(clock.center().y(), (place("dtpTimeSelector").bottom() + place("frmTime").bottom()) / 2.0, 8.0);
             EXPECT_TRUE(place("optCurrentDay").top() < place("optSpecifiedDay").top() && before.right() < clock.left());
             EXPECT_TRUE(QString::fromStdString(rows()).endsWith("btnOK btnCancel btnHelp"));
             EXPECT_NEAR(place("btnHelp").right(), place("frmTime").right(), 1);

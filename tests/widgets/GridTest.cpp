@@ -95,6 +95,7 @@ TEST_F(GridView, EachCellIsShownInItsOwnWay)
     EXPECT_EQ(check(slope).accessibleName() + choices(mode).accessibleName(), "SlopeMode");
     EXPECT_EQ(choices(mode).count(), 3);
     EXPECT_EQ(grid.horizontalHeaderItem(0)->text(), "Name");
+    EXPECT_TRUE((grid.horizontalHeaderItem(0)->textAlignment() & Qt::AlignLeft) != 0);
     form.grid.setValue(mode, "Unknown");
     form.grid.setValue(slope, "False");
     EXPECT_EQ(shown(), "0.5 [] {} 7 text");

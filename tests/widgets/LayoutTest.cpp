@@ -166,7 +166,7 @@ TEST_F(LayoutTest, MoreRoomGoesToTheTriggerParametersOrBelowTheFramesAndTheColum
     EXPECT_EQ(place(page().cmbSampleRate).left() - left.left(), before) << "the fields take the room";
     EXPECT_NEAR(place(page().tmlPlan).left(), left.left(), 1);
     EXPECT_NEAR(place(page().tmlPlan).width(), most, 1);
-    EXPECT_NEAR(left.width(), right.width(), left.width() / 4) << "the room is shared";
+    EXPECT_NEAR(left.width(), right.width(), left.width() / 4.0) << "the room is shared";
 
     for (int width = 480; width < 1200; width += 10) {
         show(QSize(width, 900));

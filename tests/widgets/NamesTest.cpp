@@ -142,6 +142,9 @@ TEST_F(Names, AValueIsReadWithItsTitleAndItsShareOfALimit)
         EXPECT_EQ(bar.toolTip(), QStringLiteral("text3030: ") + QString::fromLatin1(percent));
     }
     EXPECT_EQ(bar.accessibleName(), "Bytes: text3030");
+    EXPECT_EQ(value.focusPolicy(), Qt::NoFocus);
+    form.size.setCaption("7 m");
+    EXPECT_EQ(view.value(form.size, form.label).text(), "7 m");
     form.bytes.setShare(0.25);
     EXPECT_EQ(bar.value(), 25) << "the share alone has changed";
 }

@@ -42,7 +42,7 @@ public:
 
     Painted notes;
 
-    [[nodiscard]] QPaintEngine* paintEngine() const override { return const_cast<NotingDevice*>(this); }
+    [[nodiscard]] QPaintEngine* paintEngine() const override { return engine_; }
 
 private:
     [[nodiscard]] int metric(PaintDeviceMetric metric) const override
@@ -80,6 +80,7 @@ private:
         parts.push_back({text, painter()->deviceTransform().mapRect(box), painter()->pen(), font});
     }
 
+    QPaintEngine* engine_ = this;
     QSize size_;
     int dotsPerInch_;
 };

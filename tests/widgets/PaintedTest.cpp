@@ -141,6 +141,7 @@ TEST_F(PaintedTest, AMarkShowsItsSignAndItsWordWhereThereIsRoomAtTheOtherEndOfTh
     mark.place();
     EXPECT_EQ(edit.textMargins(), QMargins());
     EXPECT_TRUE(isPicture(mark) && mark.accessibleName() == "not valid");
+    EXPECT_TRUE(mark.testAttribute(Qt::WA_TransparentForMouseEvents)) << "a press is for the text";
 }
 
 TEST_F(PaintedTest, AWarningHasRoomForItsSignBeforeTheText)
