@@ -42,8 +42,9 @@ install(EXPORT ${PROJECT_NAME}Targets NAMESPACE ${PROJECT_NAME}:: FILE ${PROJECT
   DESTINATION ${package_folder} COMPONENT dev)
 install(FILES ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake DESTINATION ${package_folder} COMPONENT dev)
 
-install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT lib)
-install(FILES README.md docs/ARCHITECTURE.md docs/driver-in-an-hour.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+# The library's package has no file of the same name in each version, so that two versions can be installed.
+install(FILES LICENSE CHANGELOG.md README.md docs/ARCHITECTURE.md docs/UPGRADING.md docs/driver-in-an-hour.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
 
 if(KO_QT)

@@ -19,7 +19,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src/document)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/Debian.cmake)
-set(library libkotimebaseeditor${PROJECT_VERSION_MAJOR})
+set(library libkotimebaseeditor${KO_BINARY_VERSION})
 set(same_version "${library} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 
 set(CPACK_DEBIAN_LIB_PACKAGE_NAME ${library})
@@ -30,6 +30,9 @@ recording and triggering of a host's instruments.")
 set(CPACK_DEBIAN_LIB_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers)
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libkotimebaseeditor-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
+# Had the documents that are now in the development package.
+set(CPACK_DEBIAN_DEV_PACKAGE_BREAKS "libkotimebaseeditor0 (<< 0.2)")
+set(CPACK_DEBIAN_DEV_PACKAGE_REPLACES "libkotimebaseeditor0 (<< 0.2)")
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "${same_version}")
 set(CPACK_COMPONENT_DEV_DESCRIPTION
   "Headers, the library of control models, the kit for driver modules,

@@ -57,8 +57,12 @@ QSize startSize(const FrameWindow& window)
     return wanted.boundedTo(room);
 }
 
+/// The picture depends on the set-up and the language alone: not on the free disk space, nor on the time at which the
+/// cursor is off.
 int paintInto(FrameWindow& window, const std::string& picture)
 {
+    window.space().stop();
+    QApplication::setCursorFlashTime(0);
     window.show();
     // The first round tells the page its width, the second one arranges its frames for it.
     QApplication::processEvents();

@@ -69,7 +69,7 @@ class InstalledComponent(unittest.TestCase):
             "".join(f"#include <{header}>\n" for header in headers) + "int main() {}\n", encoding="utf-8")
         (folder / "CMakeLists.txt").write_text(
             "cmake_minimum_required(VERSION 3.25)\nproject(headers LANGUAGES CXX)\n"
-            "find_package(KoTimebaseEditor 0.1 REQUIRED)\nadd_executable(headers main.cpp)\n"
+            "find_package(KoTimebaseEditor 0.2 REQUIRED)\nadd_executable(headers main.cpp)\n"
             "target_link_libraries(headers PRIVATE KoTimebaseEditor::KoTimebaseEditor)\n" + kit, encoding="utf-8")
         build_project(folder, "headers")
 
@@ -159,8 +159,8 @@ class InstalledProgram(unittest.TestCase):
             run("dpkg-deb", "-x", package, root)
             name, version, dependencies[name] = run("dpkg-deb", "-W", "--showformat=${Package}\\n${Version}\\n${Depends}",
                                                     package).split("\n")
-        library = f"libkotimebaseeditor0 (= {version})"
-        self.assertEqual(set(dependencies), {"korvell-host", "libkotimebaseeditor-dev", "libkotimebaseeditor0"}
+        library = f"libkotimebaseeditor0.2 (= {version})"
+        self.assertEqual(set(dependencies), {"korvell-host", "libkotimebaseeditor-dev", "libkotimebaseeditor0.2"}
                          | ({"korvell-host-sigrok"} if HAS_SIGROK else set()))
         self.assertEqual(dependencies["libkotimebaseeditor-dev"], library)
         self.assertIn(library, dependencies["korvell-host"])

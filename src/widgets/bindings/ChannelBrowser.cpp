@@ -127,8 +127,9 @@ void ChannelSelectorBinding::applyFilter()
 /// A hidden line cannot stay selected: selects the first visible channel instead.
 void ChannelSelectorBinding::followFilter()
 {
-    const QList<QTreeWidgetItem*> selected = browser_.tree->selectedItems();
-    if (std::none_of(selected.begin(), selected.end(), [](const QTreeWidgetItem* item) { return item->isHidden(); }))
+    // The tree's own list of selected items leaves out the hidden ones.
+    if (std::none_of(items_.begin(), items_.end(),
+                     [](const QTreeWidgetItem* item) { return item->isSelected() && item->isHidden(); }))
         return;
     const auto first = std::find_if(items_.begin(), items_.end(), [](const QTreeWidgetItem* item) {
         return item->childCount() == 0 && !item->isHidden();

@@ -31,8 +31,8 @@ public:
     ~PageWidget() override;
 
     [[nodiscard]] FormView& view() { return *view_; }
-    /// The page's own menu, for the host's menu bar.
     [[nodiscard]] NoInstrumentPicture& noInstruments() { return *picture_; }
+    /// The page's own menu, for the host's menu bar.
     [[nodiscard]] QMenu& menu() { return *menu_; }
 
     /// Scrolls a widget of the view into sight.
@@ -75,8 +75,6 @@ private:
     void layColumns();
     /// The label of a page that is only read.
     QLabel& badge();
-    /// The controls shown after a refusal, below the frames, so that they move no other control.
-    QLayout* whatFits();
     void layPlan();
     /// Of two lines: the plan is never lower, so that a longer sentence seldom moves the page.
     [[nodiscard]] int planHeight() const;

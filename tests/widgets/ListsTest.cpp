@@ -1,0 +1,330 @@
+#include "fakes/FakeDriver.h"
+#include "platform/ChannelSelector.h"
+#include "platform/TabControl.h"
+#include "platform/Table.h"
+#include "widgets/bindings/ChannelBrowser.h"
+#include "widgets/bindings/FormView.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTableWidget>
+#include <QTest>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+
+namespace ko::test {
+namespace {
+
+struct ListForm : Form {
+    ListForm() : Form("Lists") {}
+
+    TextBox box{*this, "box"};
+    ChannelSelector channels{*this, "channels"};
+    Table table{*this, "table"};
+    Frame left{*this, "left"};
+    Frame right{*this, "right"};
+    TabControl tabs{*this, "tabs", {&left, &right}};
+    CommandButton inLeft{*this, "inLeft", &left};
+    CommandButton inRight{*this, "inRight", &right};
+};
+
+/// A form with a browser of channels, a table and tabs in an active window, with the focus in a box.
+class Lists : public testing::Test {
+protected:
+    using Lines = ChannelSelector::Lines;
+    /// The lines of the tree.
+    enum Line : std::size_t { digitizer, inputs, crank, cam, more, oil, scanner, slow, air };
+
+    ListForm form;
+    QWidget window;
+    FormView view{form, [](int number) { return QString::number(number); }, &window};
+    QLineEdit& box = view.textBox(form.box);
+    ChannelBrowser& channels = view.channelBrowser(form.channels);
+    QTreeWidget& tree = *channels.tree;
+    QTableWidget& table = view.table(form.table);
+
+    void SetUp() override
+    {
+        form.tabs.setTabCaption(0, "&Start");
+        form.tabs.setTabCaption(1, "Scan");
+        auto* layout = new QVBoxLayout(&view);
+        layout->addWidget(&box);
+        layout->addWidget(&channels);
+        layout->addWidget(&table);
+        for (auto [frame, button] : {std::pair(&form.left, &form.inLeft), std::pair(&form.right, &form.inRight)})
+            (new QVBoxLayout(&view.frame(*frame)))->addWidget(&view.button(*button));
+        layout->addWidget(&view.tabs(form.tabs));
+        (new QVBoxLayout(&window))->addWidget(&view);
+        auto first = std::make_shared<FakeDriver>();
+        first->name = "Digitizer";
+        first->groups = {{"Inputs", {{.address = "0:1", .name = "Crank"}, {.address = "0:2", .name = "Cam"}}},
+                         {"More", {{.address = "1:1", .name = "Oil"}}}};
+        auto second = std::make_shared<FakeDriver>();
+        second->name = "Scanner";
+        second->groups = {{"Slow", {{.address = "0:7", .name = "Air"}}}};
+        form.channels.driverList().setNumberOfDrivers(2);
+        form.channels.driverList().setDrivers({first, second});
+        window.resize(500, 700);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(form.moveFocus(&form.box));
+    }
+    QTabWidget& tabs() { return dynamic_cast<QTabWidget&>(*view.widget(form.tabs)); }
+    /// The tree's lines from the top, indented, without those that are hidden.
+    QStringList shown()
+    {
+        QStringList lines;
+        for (QTreeWidgetItemIterator at(&tree, QTreeWidgetItemIterator::NotHidden); *at; ++at) {
+            int depth = 0;
+            for (const QTreeWidgetItem* above = (*at)->parent(); above; above = above->parent())
+                ++depth;
+            lines << QString(depth, ' ') + (*at)->text(0);
+        }
+        return lines;
+    }
+    QTreeWidgetItem& item(const char* text)
+    {
+        return *tree.findItems(QString::fromLatin1(text), Qt::MatchStartsWith | Qt::MatchRecursive).at(0);
+    }
+    void press(const char* text, Qt::KeyboardModifiers held = {}, bool twice = false)
+    {
+        const QPoint at = tree.visualItemRect(&item(text)).center();
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, held, at);
+        if (twice)
+            QTest::mouseDClick(tree.viewport(), Qt::LeftButton, held, at);
+    }
+    static void key(Qt::Key key, Qt::KeyboardModifiers held = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, held);
+    }
+};
+
+TEST_F(Lists, TheBrowserShowsTheTreeOfChannelsExpandedWithNotesBelow)
+{
+    const QStringList all{"Digitizer",   " Inputs", "  Crank (0:1)", "  Cam (0:2)", " More",
+                          "  Oil (1:1)", "Scanner", " Slow",         "  Air (0:7)"};
+    EXPECT_EQ(shown(), all);
+    for (const char* above : {"Digitizer", "Inputs", "Scanner", "Slow"})
+        EXPECT_TRUE(item(above).isExpanded()) << above;
+    EXPECT_TRUE(tree.isHeaderHidden());
+    EXPECT_EQ(channels.accessibleName(), tree.accessibleName());
+    EXPECT_FALSE(tree.accessibleName().isEmpty());
+    EXPECT_FALSE(channels.filter->accessibleName().isEmpty());
+    EXPECT_EQ(channels.filter->placeholderText(), channels.filter->accessibleName());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&channels)->role(), QAccessible::Grouping);
+
+    form.channels.userPicked({cam});
+    form.channels.setNotes({"Not\nlisted"});
+    EXPECT_EQ(shown(), all + QStringList{"Not listed"});
+    EXPECT_FALSE(item("Not").flags().testFlag(Qt::ItemIsSelectable));
+    EXPECT_TRUE(item("Cam").isSelected()) << "kept with the list filled anew";
+}
+
+TEST_F(Lists, LinesArePickedUpToTheLimit)
+{
+    press("Cam");
+    EXPECT_EQ(form.channels.selected(), Lines{cam});
+    EXPECT_EQ(form.activeControl(), &form.channels);
+    press("Oil", Qt::ControlModifier);
+    EXPECT_EQ(form.channels.selected(), Lines{oil}) << "one by default";
+    key(Qt::Key_Up);
+    EXPECT_EQ(form.channels.selected(), Lines{more});
+
+    form.channels.setMultipleSelection(true);
+    form.channels.setSelectionLimit(2);
+    form.channels.setCanTrigger(true); // lists anew
+    press("Cam");
+    press("Air", Qt::ControlModifier);
+    EXPECT_EQ(form.channels.selected(), (Lines{cam, air}));
+    press("Oil", Qt::ControlModifier);
+    EXPECT_EQ(form.channels.selected().size(), 2U);
+    EXPECT_EQ(tree.selectedItems().size(), 2);
+    form.channels.reset();
+    EXPECT_TRUE(tree.selectedItems().isEmpty());
+    form.channels.userPicked({crank});
+    EXPECT_EQ(tree.currentItem(), &item("Crank"));
+}
+
+TEST_F(Lists, TheFilterShowsWhatContainsItsTextAndMovesAHiddenSelection)
+{
+    struct Case {
+        const char* filter;
+        QStringList shown;
+        Lines selected;
+    };
+    const QStringList all = shown();
+    form.channels.userPicked({crank});
+    for (const Case& it :
+         {Case{"c",
+               {"Digitizer", " Inputs", "  Crank (0:1)", "  Cam (0:2)", "Scanner", " Slow", "  Air (0:7)"},
+               {crank}},
+          Case{" CAM ", {"Digitizer", " Inputs", "  Cam (0:2)"}, {cam}},
+          Case{"more", {"Digitizer", " More", "  Oil (1:1)"}, {oil}},
+          Case{"scan", {"Scanner", " Slow", "  Air (0:7)"}, {air}}, Case{"none such", {}, {}}, Case{"", all, {}}}) {
+        channels.filter->setText(QString::fromLatin1(it.filter));
+        EXPECT_EQ(shown(), it.shown) << it.filter;
+        EXPECT_EQ(form.channels.selected(), it.selected) << it.filter;
+    }
+    channels.filter->setText("oil");
+    form.channels.setCanTrigger(true);
+    EXPECT_EQ(shown(), (QStringList{"Digitizer", " More", "  Oil (1:1)"})) << "a new list is filtered, too";
+}
+
+TEST_F(Lists, ADoubleClickOnAChannelActivatesIt)
+{
+    int activations = 0;
+    form.channels.activated = [&] { ++activations; };
+    press("Inputs", {}, true);
+    EXPECT_EQ(activations, 0);
+    EXPECT_FALSE(item("Inputs").isExpanded());
+    press("Oil", {}, true);
+    EXPECT_EQ(activations, 1);
+    EXPECT_EQ(form.channels.selected(), Lines{oil});
+}
+
+TEST_F(Lists, TheKeyboardReachesFilterAndTreeAndTheBoxBeforeMayRefuse)
+{
+    key(Qt::Key_Tab);
+    EXPECT_EQ(form.activeControl(), &form.channels);
+    EXPECT_TRUE(tree.hasFocus());
+    key(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_TRUE(channels.filter->hasFocus());
+    EXPECT_EQ(form.activeControl(), &form.channels);
+    key(Qt::Key_A);
+    EXPECT_EQ(channels.filter->text(), "a");
+    key(Qt::Key_Down);
+    EXPECT_TRUE(tree.hasFocus());
+    channels.filter->setFocus();
+    key(Qt::Key_Tab);
+    EXPECT_TRUE(tree.hasFocus());
+    key(Qt::Key_Tab);
+    EXPECT_EQ(form.activeControl(), &form.table);
+    ASSERT_TRUE(form.moveFocus(&form.box));
+    form.box.validate = [] { return false; };
+    channels.filter->setFocus();
+    EXPECT_EQ(form.activeControl(), &form.box);
+    EXPECT_TRUE(box.hasFocus());
+}
+
+Table::Cell cellOf(const char* text, const char* meaning = "", Table::Emphasis emphasis = Table::Emphasis::none)
+{
+    return {text, meaning, emphasis};
+}
+
+TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasis)
+{
+    using Emphasis = Table::Emphasis;
+    form.table.setContent({"One", "Two"}, {{"First", {cellOf("a", "A is first", Emphasis::strong), cellOf("b\nc")}},
+                                           {"Second", {cellOf("d", "<b>", Emphasis::weak), cellOf("e")}}});
+    ASSERT_EQ(table.columnCount(), 2);
+    ASSERT_EQ(table.rowCount(), 2);
+    EXPECT_EQ(table.horizontalHeaderItem(1)->text(), "Two");
+    EXPECT_EQ(table.verticalHeaderItem(1)->text(), "Second");
+    EXPECT_EQ(table.verticalHeaderItem(1)->toolTip(), "Second");
+    EXPECT_EQ(table.item(0, 1)->text(), "b c");
+    EXPECT_EQ(table.item(0, 1)->textAlignment(), static_cast<int>(Qt::AlignCenter));
+    const QTableWidgetItem& strong = *table.item(0, 0);
+    const QTableWidgetItem& weak = *table.item(1, 0);
+    const QTableWidgetItem& plain = *table.item(1, 1);
+    for (const QString& said :
+         {strong.toolTip(), strong.statusTip(), strong.data(Qt::AccessibleDescriptionRole).toString()})
+        EXPECT_EQ(said, "A is first");
+    EXPECT_FALSE(Qt::mightBeRichText(weak.toolTip()) && !weak.toolTip().contains("&lt;")) << "shown as it is";
+    EXPECT_TRUE(strong.font().bold() && !strong.font().italic());
+    EXPECT_TRUE(weak.font().italic() && !weak.font().bold());
+    EXPECT_FALSE(plain.font().bold() || plain.font().italic());
+    const QPalette& colors = table.palette();
+    EXPECT_EQ(plain.background().color(), colors.base().color());
+    EXPECT_EQ(weak.background().color(), colors.alternateBase().color());
+    const QColor mixed = strong.background().color();
+    for (const auto part : {&QColor::red, &QColor::green, &QColor::blue}) {
+        const int from = (colors.base().color().*part)();
+        const int to = (colors.highlight().color().*part)();
+        EXPECT_NEAR((mixed.*part)(), from + (to - from) * 0.3, 1.0) << "most of it is the field's colour";
+    }
+    EXPECT_FALSE(plain.flags().testFlag(Qt::ItemIsEditable));
+
+    EXPECT_EQ(table.currentRow(), 0);
+    EXPECT_TRUE(table.selectedItems().isEmpty());
+    form.table.show(1, 1);
+    EXPECT_EQ(table.currentItem(), &plain);
+    ASSERT_TRUE(form.moveFocus(&form.table));
+    key(Qt::Key_Left);
+    EXPECT_EQ(table.currentItem(), &weak);
+    key(Qt::Key_F2);
+    key(Qt::Key_A);
+    EXPECT_EQ(table.findChild<QLineEdit*>(), nullptr);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(form.activeControl(), &form.tabs);
+}
+
+TEST_F(Lists, ATablesColumnsAreAsWideAsTheLongestWordAndNeverNarrowerAgain)
+{
+    const auto widthWith = [&](const char* header, const char* text) {
+        form.table.setContent({header, "x"}, {{"Row", {cellOf(text), cellOf("y")}}});
+        EXPECT_EQ(table.columnWidth(0), table.columnWidth(1));
+        return table.columnWidth(0);
+    };
+    QFont bold = table.font();
+    bold.setBold(true);
+    const auto room = [&](const char* text) { return QFontMetrics(bold).horizontalAdvance(QString::fromLatin1(text)); };
+    const int narrow = widthWith("a", "b");
+    const int words = widthWith("a", "several words of one sentence");
+    EXPECT_GE(words, room("sentence"));
+    EXPECT_LT(words, room("several words of one sentence"));
+    EXPECT_GT(words, narrow);
+    const int wide = widthWith("a header of two lines", "b");
+    EXPECT_GT(wide, room("a header of two lines"));
+    EXPECT_LT(wide, room("a header of two lines") * 2);
+    EXPECT_EQ(widthWith("a", "b"), wide);
+    EXPECT_GE(table.rowHeight(0), 2 * QFontMetrics(bold).lineSpacing());
+
+    const auto frame = [&] { return table.sizeHint().width() - table.horizontalHeader()->length(); };
+    EXPECT_GT(frame(), table.verticalHeader()->sizeHint().width());
+    EXPECT_LT(frame(), table.verticalHeader()->sizeHint().width() + 20);
+    EXPECT_GT(table.sizeHint().height(), table.verticalHeader()->length());
+    std::vector<Table::Row> many(100, {"Row", {cellOf("b")}});
+    form.table.setContent({"a"}, many);
+    EXPECT_LT(table.sizeHint().height(), table.verticalHeader()->length());
+    EXPECT_LT(table.minimumSizeHint().height(), table.sizeHint().height());
+}
+
+TEST_F(Lists, TabsAreChosenByTheUserUnlessDisabledAndHideTheirControls)
+{
+    QTabBar& bar = *tabs().tabBar();
+    EXPECT_EQ(tabs().tabText(0), "&Start");
+    EXPECT_EQ(view.widget(form.left)->accessibleName(), "Start");
+    const auto clickTab = [&](int index) {
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
+        QApplication::processEvents();
+    };
+    clickTab(1);
+    EXPECT_EQ(form.tabs.tab(), 1);
+    EXPECT_TRUE(view.widget(form.inRight)->isVisible());
+    ASSERT_TRUE(form.moveFocus(&form.tabs));
+    key(Qt::Key_Tab);
+    EXPECT_EQ(form.activeControl(), &form.inRight) << "what is on a hidden tab is passed over";
+    form.tabs.setTab(0);
+    EXPECT_EQ(tabs().currentIndex(), 0);
+    form.tabs.setTabEnabled(1, false);
+    EXPECT_FALSE(tabs().isTabEnabled(1));
+    EXPECT_TRUE(tabs().isTabEnabled(0));
+    clickTab(1);
+    EXPECT_EQ(form.tabs.tab(), 0);
+    tabs().setCurrentIndex(1);
+    EXPECT_EQ(tabs().currentIndex(), 0) << "shows the tab that the form has";
+    form.setCaption("Dialog");
+    form.tabs.setTabCaption(1, "Sync");
+    EXPECT_EQ(tabs().tabText(1), "Sync");
+    EXPECT_EQ(bar.accessibleName(), "Dialog");
+    EXPECT_FALSE(bar.usesScrollButtons());
+}
+
+} // namespace
+} // namespace ko::test
