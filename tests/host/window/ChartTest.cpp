@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolTip>
+#include <QWheelEvent>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
@@ -175,6 +177,8 @@ TEST_F(ChartTest, EachChannelIsDrawnWithItsGapsMarksAndWords)
     };
     const QImage plain = shown();
     const ChartLayout layout(*chart.viewport(), 3);
+    const double numbers = QFontMetricsF(chart.font()).horizontalAdvance("-0.5000");
+    EXPECT_GT(layout.plots().left() - layout.gutter, numbers) << "the numbers of the axis fit";
     const auto at = [&](double seconds) {
         const double place = layout.plots().left() + layout.plots().width() * seconds / 10.0;
         return static_cast<int>(place * chart.devicePixelRatioF());
@@ -224,7 +228,9 @@ TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
     auto& text = *panel->findChild<QLineEdit*>("markerText");
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    chart.setFocus();
+    text.setFocus();
+    QTest::mouseClick(chart.viewport(), Qt::LeftButton);
+    EXPECT_TRUE(chart.hasFocus());
     QTest::keyClick(&chart, Qt::Key_M);
     EXPECT_TRUE(marks.empty()) << "nothing is being recorded";
     panel->setMarking(true);
@@ -246,6 +252,56 @@ TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
     EXPECT_EQ(chart.horizontalScrollBar()->value(), chart.horizontalScrollBar()->maximum());
     QTest::keyClick(&chart, Qt::Key_Home);
     EXPECT_EQ(chart.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(ChartTest, KeysAndTheWheelZoomAndEachRowSaysWhatItShows)
+{
+    const auto source = std::make_shared<Sines>(3, 1e-3, 60000);
+    source->described[2].channel.range = {};
+    source->described[2].channel.unit = "";
+    source->now.channels[2].latest = NAN;
+    chart.show(source, false);
+    QApplication::processEvents();
+    // How often the view is shorter than the whole.
+    const auto zoomed = [&] {
+        const QScrollBar& bar = *chart.horizontalScrollBar();
+        return bar.maximum() > 0 ? bar.maximum() / bar.pageStep() + 1 : 0;
+    };
+    const auto turn = [&](int angle, Qt::KeyboardModifiers held) {
+        const QPointF at(300, 100);
+        QWheelEvent event(at, chart.viewport()->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, held, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(chart.viewport(), &event);
+        QApplication::processEvents();
+        return zoomed();
+    };
+    const int whole = zoomed();
+    EXPECT_EQ(turn(120, Qt::NoModifier), whole);
+    EXPECT_EQ(turn(0, Qt::ControlModifier), whole);
+    const int once = turn(120, Qt::ControlModifier);
+    EXPECT_GT(once, whole);
+    EXPECT_GT(turn(120, Qt::ControlModifier), once);
+    EXPECT_EQ(turn(-120, Qt::ControlModifier), once);
+    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Equal}) {
+        const int before = zoomed();
+        QTest::keyClick(&chart, key);
+        EXPECT_GT(zoomed(), before) << key;
+    }
+    const int before = zoomed();
+    QTest::keyClick(&chart, Qt::Key_Minus);
+    EXPECT_LT(zoomed(), before);
+    QTest::keyClick(&chart, Qt::Key_Home);
+
+    const ChartLayout layout(*chart.viewport(), 3);
+    const auto tip = [&](double row) {
+        const QPoint place(200, static_cast<int>(layout.rows().top() + row * layout.rowHeight));
+        QHelpEvent event(QEvent::ToolTip, place, chart.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(chart.viewport(), &event);
+        return QToolTip::text().toStdString();
+    };
+    EXPECT_EQ(tip(0.5), "Signal 0\nDigitizer\n1:0\n0.25 V\nRange: -0.5 to 2 V");
+    EXPECT_EQ(tip(1.5), "Signal 1\nDigitizer\n1:1\n0.25 V\nRange: -0.5 to 2 V\n7 clipped");
+    EXPECT_EQ(tip(2.5), "Signal 2\nDigitizer\n1:2\n\u2013\n14 clipped");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "FrameTest.h"
+#include "host/docks/CallText.h"
 #include "host/docks/InstrumentGallery.h"
 #include "host/docks/InstrumentsView.h"
 #include "host/properties/PropertiesDialog.h"
@@ -422,6 +423,31 @@ This instrument has trigger parameters [x]
         EXPECT_EQ(one.find(" disabled") == std::string::npos, isEdited || isHeading || one.starts_with("Entered as"))
             << one;
     }
+}
+
+TEST_F(ShownTest, AValueOfACallReadsAsItsTypeInTheLocale)
+{
+    Locale german;
+    german.decimalSeparator = ",";
+    const std::pair<CallValue, const char*> cases[]{
+        {{}, ""},
+        {true, "Yes"},
+        {false, "No"},
+        {std::int32_t{-7}, "-7"},
+        {double{25.6F}, "25,6"},
+        {0.1, "0,1"},
+        {std::string("a\nb"), "a b"},
+        {DateTime{46347.5}, "11/21/2026 12:00:00 PM"},
+        {DateTime{1e12}, "1000000000000"},
+        {Range{0.5, 2}, "0,5 \u2013 2"},
+        {std::vector<double>{0.5, 2}, "0,5; 2"},
+        {std::vector<std::string>{"x", "y"}, "x; y"},
+        {LineList{1, 2}, "1; 2"},
+    };
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(fromQt(callText(
+                      value, [this](int number) { return window.text(number); }, german)),
+                  text);
 }
 
 } // namespace

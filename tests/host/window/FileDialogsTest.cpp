@@ -1,0 +1,98 @@
+#include "FrameTest.h"
+#include "host/setup/SetupFile.h"
+#include "host/support/FileWriter.h"
+#include "host/support/InputError.h"
+
+#include <QFileDialog>
+#include <QLabel>
+
+namespace ko::test {
+namespace {
+
+/// The file dialogs of the window.
+class FileDialogsTest : public FrameTest {
+protected:
+    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    QString shown; ///< of the dialog that was open
+
+    void SetUp() override
+    {
+        window.open(bench);
+        show();
+    }
+    /// Chooses this file in the dialog that `ask` opens; cancels it if the name is empty.
+    template <class Ask> auto chosen(const QString& name, const Ask& ask)
+    {
+        const Soon choose([this, name] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            shown = dialog->windowTitle() + u'|' + dialog->nameFilters().join(u';') + u'|' + dialog->defaultSuffix() +
+                    (dialog->acceptMode() == QFileDialog::AcceptSave ? "|save|" : "|open|") +
+                    QFileInfo(dialog->selectedFiles().value(0)).fileName();
+            dialog->selectFile(folder.filePath(name));
+            name.isEmpty() ? dialog->reject() : static_cast<QDialog*>(dialog)->accept();
+        });
+        return ask();
+    }
+    std::string path(const char* name) { return fromQt(folder.filePath(name)); }
+};
+
+TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
+{
+    const Locale locale;
+    BoxQuestions boxes(
+        window, window.session(), [this](int number) { return window.text(number); }, locale);
+    const struct {
+        std::string (BoxQuestions::*ask)();
+        const char *typed, *file, *shown;
+    } cases[]{
+        {&BoxQuestions::fileToOpen, "bench.json", "bench.json",
+         "Open Set-up|Set-ups and recordings (*.json *.h5);Set-up files (*.json);All files (*)||open|"},
+        {&BoxQuestions::fileToSave, "other", "other.json",
+         "Save Set-up|Set-up files (*.json);All files (*)|json|save|bench.json"},
+        {&BoxQuestions::fileForSheet, "sheet", "sheet.html",
+         "Export Set-up Sheet|Web pages (*.html);PDF files (*.pdf)|html|save|bench.html"},
+    };
+    for (const auto& it : cases) {
+        EXPECT_EQ(chosen(it.typed, [&] { return (boxes.*it.ask)(); }), path(it.file));
+        EXPECT_EQ(fromQt(shown), it.shown);
+        EXPECT_EQ(chosen({}, [&] { return (boxes.*it.ask)(); }), "");
+    }
+}
+
+TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)
+{
+    QAction& entry = window.capture().action();
+    auto& sign = static_cast<QLabel&>(window.capture().sign());
+    chosen({}, [&] { entry.trigger(); });
+    EXPECT_TRUE(shown.startsWith("Capture Scenario|Scenarios (*.scenario);All files (*)||save|"));
+    EXPECT_FALSE(entry.isChecked() || sign.isVisible());
+    const std::string beside = path("a.scenario.setup.json");
+    writeWhole(beside, "kept");
+    for (const bool overwrites : {false, true}) {
+        QString question;
+        QTimer answer;
+        QObject::connect(&answer, &QTimer::timeout, [&] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            question = box->text();
+            for (QAbstractButton* const button : box->buttons())
+                if (box->buttonRole(button) == (overwrites ? QMessageBox::DestructiveRole : QMessageBox::RejectRole))
+                    return button->click();
+        });
+        answer.start(5);
+        chosen("a.scenario", [&] { entry.trigger(); });
+        EXPECT_TRUE(question.contains("a.scenario.setup.json")) << question.toStdString();
+        EXPECT_EQ(entry.isChecked(), overwrites);
+        EXPECT_EQ(sign.isVisible(), overwrites);
+        EXPECT_EQ(readFile(beside) == "kept", !overwrites);
+    }
+    EXPECT_TRUE(sign.text().contains("a.scenario"));
+    entry.trigger();
+    EXPECT_FALSE(entry.isChecked() || sign.isVisible());
+    EXPECT_THROW(window.capture().startFromHere("/nowhere/a.scenario"), InputError);
+}
+
+} // namespace
+} // namespace ko::test
