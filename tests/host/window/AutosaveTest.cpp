@@ -195,6 +195,13 @@ TEST_F(AutosaveTest, ACopyThatCannotBeWrittenIsReportedOnceAndTheNextOneIsWritte
     change(*window);
     change(*window);
     EXPECT_TRUE(waitForCopies(1));
+    const fs::path copy = copies().at(0);
+    QTest::qWait(50);
+    fs::remove(copy);
+    fs::create_directory(copy);
+    EXPECT_EQ(reports.topLevelItemCount(), 1);
+    change(*window);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reports.topLevelItemCount() == 2; })) << "again, after it has worked";
 }
 
 TEST_F(AutosaveTest, ADamagedCopyIsNamedAndKeptWhereverItEnds)

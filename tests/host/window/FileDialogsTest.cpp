@@ -3,6 +3,7 @@
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QLabel>
 
@@ -92,6 +93,20 @@ TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)
     entry.trigger();
     EXPECT_FALSE(entry.isChecked() || sign.isVisible());
     EXPECT_THROW(window.capture().startFromHere("/nowhere/a.scenario"), InputError);
+}
+
+TEST_F(FileDialogsTest, OnlyPastingCapturesTheClipboard)
+{
+    const std::string scenario = path("a.scenario");
+    window.capture().startFromHere(scenario);
+    page().moveFocus(&page().txtDuration);
+    QGuiApplication::clipboard()->setText("77");
+    for (const int entry : {hostText::paste, hostText::copy})
+        action(hostText::editMenu, entry).trigger();
+    const std::string lines = readFile(scenario);
+    EXPECT_NE(lines.find("\nclipboard 77\ncommand " + std::to_string(command::paste) + "\n"), std::string::npos)
+        << lines;
+    EXPECT_EQ(lines.find("clipboard"), lines.rfind("clipboard")) << lines;
 }
 
 } // namespace

@@ -5,8 +5,9 @@
 #include "host/recording_view/RecordingView.h"
 #include "host/recording_view/RunTexts.h"
 #include "host/toolkit/SizeText.h"
+#include "host/window/RecordStart.h"
 
-#include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -222,6 +223,22 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     dialog = make(1024);
     dialog->show();
     EXPECT_TRUE(shows("1024 bytes needed, ", false));
+}
+
+TEST_F(RecordingShownTest, TheFileOfferedHasTheTitleAndTheTimeAndIsNew)
+{
+    const auto offered = [&](const char* title) {
+        window.open(file("bench.json", (std::string(R"({"title": ")") + title + R"(", "drivers": []})").c_str()));
+        return QFileInfo(toQt(suggestedFile(window.session(), {46347.5}))).fileName().toStdString();
+    };
+    EXPECT_EQ(offered("a/b:c*?"), "a-b-c-- 2026-11-21 120000.h5");
+    EXPECT_EQ(offered(""), "bench 2026-11-21 120000.h5");
+    EXPECT_EQ(QFileInfo(toQt(suggestedFile(window.session(), {46347.5}))).path(), folder.path());
+    EXPECT_EQ(offered(std::string(400, 'x').c_str()).size(), 150U + 21U);
+    file("T 2026-11-21 120000.h5", "");
+    EXPECT_EQ(offered("T"), "T 2026-11-21 120000 (2).h5");
+    file("T 2026-11-21 120000 (2).h5", "");
+    EXPECT_EQ(offered("T"), "T 2026-11-21 120000 (3).h5");
 }
 
 } // namespace
