@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QLabel>
+#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
@@ -107,6 +108,48 @@ TEST_F(FileDialogsTest, OnlyPastingCapturesTheClipboard)
     EXPECT_NE(lines.find("\nclipboard 77\ncommand " + std::to_string(command::paste) + "\n"), std::string::npos)
         << lines;
     EXPECT_EQ(lines.find("clipboard"), lines.rfind("clipboard")) << lines;
+}
+
+TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
+{
+    namespace replayText = textNumber::replay;
+    window.replay().setPace(0);
+    const auto of = [&](int text) { return window.text(text).arg("a.scenario"); };
+    const struct {
+        const char* line;
+        QString heading, more;
+        int rows;
+    } cases[]{
+        {"expect txtDuration text 10", of(replayText::done), {}, 0},
+        {"expect txtDuration text 6", of(replayText::differs).arg(1), {}, 1},
+        {"click txtDuration", of(replayText::stopped).arg(3), "the control \"txtDuration\" cannot be clicked", 0},
+        {"terminate", window.text(replayText::refused), "a.scenario:3", -1},
+    };
+    for (const auto& it : cases) {
+        file("a.scenario", (std::string("setup bench.json\nshow\n") + it.line + "\n").c_str());
+        QStringList texts;
+        int rows = -1;
+        QTimer answer;
+        QObject::connect(&answer, &QTimer::timeout, [&] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog || qobject_cast<QFileDialog*>(dialog))
+                return;
+            for (const QLabel* const label : dialog->findChildren<QLabel*>())
+                texts << label->text();
+            if (const auto* const list = dialog->findChild<QTreeWidget*>())
+                rows = list->topLevelItemCount();
+            else
+                rows = qobject_cast<QMessageBox*>(dialog) ? -1 : 0;
+            dialog->reject();
+        });
+        answer.start(5);
+        chosen("a.scenario", [&] { window.replay().action().trigger(); });
+        EXPECT_TRUE(texts.contains(it.heading)) << texts.join('|').toStdString();
+        EXPECT_TRUE(texts.join('|').contains(it.more)) << texts.join('|').toStdString();
+        EXPECT_EQ(rows, it.rows) << it.line;
+    }
+    EXPECT_EQ(fromQt(shown), "Run Scenario|Scenarios (*.scenario);All files (*)||open|");
+    chosen({}, [&] { window.replay().action().trigger(); });
 }
 
 } // namespace

@@ -102,6 +102,8 @@ TEST_F(RecordingShownTest, ARunIsShownByItsState)
     RecordingProgress late = progressIn(RunState::Recording);
     late.instruments[0].startOffset = 5000;
     EXPECT_EQ(fromQt(runText(late, plan, now, texts, german).state), "Recording, 1:23:21 of 1:23:24");
+    late.instruments[0].samples = late.instruments[0].planned;
+    EXPECT_TRUE(runText(late, plan, now, texts, german).details.contains(", 0 s to go, "));
     late.instruments.clear();
     EXPECT_EQ(runText(late, plan, now, texts, german).share, 1.0);
 }
