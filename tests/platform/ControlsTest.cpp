@@ -7,7 +7,9 @@
 #include "platform/Grid.h"
 #include "platform/OneBased.h"
 #include "platform/TabControl.h"
+#include "platform/Table.h"
 #include "platform/TextBox.h"
+#include "platform/Timeline.h"
 #include "platform/Utf8.h"
 
 #include <gtest/gtest.h>
@@ -47,6 +49,10 @@ protected:
     ChannelSelector selector{*this, "selector", &frame};
     Label label{*this, "label", &frame};
     Menu menu{*this, "menu"};
+    Image image{*this, "image"};
+    LimitedLabel share{*this, "share"};
+    Table table{*this, "table"};
+    Timeline timeline{*this, "timeline"};
 
     /// Every function for the user's input to a control, except those of an open cell.
     const std::pair<const char*, std::function<Outcome()>> doors[7] = {
@@ -165,7 +171,9 @@ TEST_F(Controls, InputMovesTheFocusFirstAndIsReportedAsAScenarioCommand)
         EXPECT_EQ(door(), Outcome::Done) << name;
         ASSERT_FALSE(reported.empty()) << name;
         EXPECT_EQ(reported.front().front(), "focus") << name;
+        EXPECT_TRUE(reported.back().front() == name || name == std::string("drop")) << name;
     }
+    EXPECT_EQ(selector.userPicked({0}), Outcome::Inert) << "there is no line";
     EXPECT_EQ(reported.back(), (Words{"pick", "none"}));
     for (const Outcome outcome : {grid.userOpenedCell(1), grid.userOpenedCell(1), grid.userSelectedInCell(1, 2)})
         EXPECT_EQ(outcome, Outcome::Done);
@@ -240,17 +248,70 @@ TEST_F(Controls, AnUnchangedPropertyDoesNotNotifyTheView)
     for (Control* control : controls())
         control->view = count;
     view = resized = [&] { ++drawn; };
-    const std::function<void()> settings[] = {[&] { setCaption("caption"); },    [&] { resize(10, 20); },
-                                              [&] { resize(10, 30); },           [&] { box.setLocked(true); },
-                                              [&] { box.setText("text"); },      [&] { box.setMarked(true); },
-                                              [&] { label.move({1, 2, 3, 4}); }, [&] { label.setCaption("caption"); },
-                                              [&] { list.select(1); },           [&] { option.showSelected(); }};
+    const std::function<void()> settings[] = {[&] { setCaption("caption"); },
+                                              [&] { resize(10, 20); },
+                                              [&] { resize(10, 30); },
+                                              [&] { box.setLocked(true); },
+                                              [&] { box.setText("text"); },
+                                              [&] { box.setMarked(true); },
+                                              [&] {
+                                                  label.move({1, 2, 3, 4});
+                                              },
+                                              [&] { label.setCaption("caption"); },
+                                              [&] { list.select(1); },
+                                              [&] { option.showSelected(); },
+                                              [&] { setForReading(true); },
+                                              [&] { box.setTag("tag"); },
+                                              [&] { box.setToolTipText("tip"); },
+                                              [&] { box.setFont({.name = "Serif"}); },
+                                              [&] { box.setEscapeText("old"); },
+                                              [&] { box.select(1, 2); },
+                                              [&] { box.setVisible(false); },
+                                              [&] { frame.setEnabled(false); },
+                                              [&] { calendar.setDate(2026, 5, 7); },
+                                              [&] { picker.setTime(1, 2, 3); },
+                                              [&] { picker.setFormat({.picture = "H:mm"}); },
+                                              [&] { image.setPicture(7); },
+                                              [&] { share.setShare(0.5); },
+                                              [&] {
+                                                  table.setContent({"a"}, {{"b", {{"c", "", {}}}}});
+                                              },
+                                              [&] {
+                                                  timeline.setPoints({{}, {}});
+                                              },
+                                              [&] { option.deselect(); }};
     for (const auto& set : settings)
         for (const bool isSet : {false, true}) {
             drawn = 0;
             set();
             EXPECT_EQ(drawn == 0, isSet) << &set - settings;
         }
+    setForReading(false);
+    const std::function<void()> parts[] = {[&] { tabs.setTabCaption(0, "tab"); }, [&] { tabs.setTabEnabled(0, false); },
+                                           [&] { grid.setColumnWidth(0, 7); },    [&] { grid.setValue(1, "other"); },
+                                           [&] { grid.setRowCount(1); },          [&] { grid.setColHeaderStyle({}); }};
+    for (const auto& set : parts) {
+        drawn = 0;
+        set();
+        EXPECT_GT(drawn, 0) << &set - parts;
+    }
+}
+
+TEST(Utf8, ATextIsCutBetweenCharactersAndShownWithoutTurningMarks)
+{
+    const std::pair<std::size_t, const char*> cases[] = {{9, "a\u00e4\u20acb"},
+                                                         {7, "a\u00e4\u20acb"},
+                                                         {6, "a\u00e4\u20ac"},
+                                                         {5, "a\u00e4"},
+                                                         {3, "a\u00e4"},
+                                                         {2, "a"},
+                                                         {1, "a"},
+                                                         {0, ""}};
+    for (const auto& [bytes, text] : cases)
+        EXPECT_EQ(shortened("a\u00e4\u20acb", bytes), text) << bytes;
+    EXPECT_EQ(shortened("\u20ac", 1), "");
+    EXPECT_EQ(withoutDirections("\u2029 \u202A\u202E \u202F \u2065 \u2066\u2069 \u206A x"),
+              "\u2029 \uFFFD\uFFFD \u202F \u2065 \uFFFD\uFFFD \u206A x");
 }
 
 } // namespace

@@ -69,6 +69,8 @@ TEST(DateTimes, serialsCarryPartsOutsideTheirRange)
     EXPECT_EQ(dateSerial(2025, 14, 30), dateSerial(2026, 3, 2));
     EXPECT_EQ(dateSerial(2026, -11, 1), dateSerial(2025, 1, 1));
     EXPECT_EQ(dateSerial(10000, 0, 31), dateSerial(9999, 12, 31));
+    EXPECT_EQ(dateSerial(2025, 13, 1), dateSerial(2026, 1, 1));
+    EXPECT_EQ(dateSerial(2025, -12, 1), dateSerial(2023, 12, 1));
     EXPECT_EQ(dateSerial(100, 1, 1), DateTime{-657434.0});
     for (const int year : {99, 26, 10000, INT32_MAX, INT32_MIN})
         EXPECT_EQ(failureOf([&] { return dateSerial(year, 1, 1); }), failure::invalidCall) << year;

@@ -4,16 +4,13 @@
 #include "platform/DateTimes.h"
 #include "platform/Locales.h"
 #include "widgets/bindings/FormView.h"
-#include "widgets/page/PageWidget.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QDialog>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QTest>
 #include <QTimeEdit>
 #include <QTimer>
@@ -142,45 +139,6 @@ TEST_F(DateDialogTest, HelpOpensByF1AndItsButtonAndTheDialogStays)
     EXPECT_EQ(host.topics, (std::vector<std::int32_t>{1005, 1005, 1005}));
 }
 
-TEST_F(DateDialogTest, TheClockFollowsWhileTheTimeIsEdited)
-{
-    ask("6:00:00 AM", [&] {
-        auto& clock = part<QWidget>("picClock");
-        // The tip of the hour hand: down at six, to the right at three.
-        const auto isInk = [&](QPoint offset) {
-            const QImage face = clock.grab().toImage();
-            const QPoint centre(clock.width() / 2, clock.height() / 2);
-            return face.pixelColor(centre + offset).lightness() < 128;
-        };
-        const int hand = clock.width() / 2 * 5 / 6 * 7 / 8 * 2 / 3 - 3;
-        EXPECT_TRUE(isInk({0, hand}));
-        EXPECT_FALSE(isInk({hand, 0}));
-        auto& edit = part<QTimeEdit>("dtpTimeSelector");
-        edit.setFocus();
-        edit.setSelectedSection(QDateTimeEdit::HourSection);
-        for (int i = 0; i < 3; ++i)
-            key(Qt::Key_Down);
-        EXPECT_FALSE(isInk({0, hand}));
-        EXPECT_TRUE(isInk({hand, 0}));
-        key(Qt::Key_Escape);
-    });
-}
-
-TEST_F(DateDialogTest, TheDialogOpensAtTheCursorInsideTheWorkArea)
-{
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    host.area = {0, 0, screen.width(), screen.height()};
-    host.cursor = {screen.width() - 10, 7};
-    ask("6:00:00 AM", [&] {
-        const QRect frame(QApplication::activeModalWidget()->pos(), QApplication::activeModalWidget()->size());
-        EXPECT_EQ(frame.top(), 7 * 15 * QApplication::activeModalWidget()->logicalDpiY() / 1440);
-        const int right = toTwips(*QApplication::activeModalWidget(), frame.left() + frame.width());
-        EXPECT_LE(right, screen.width() * 15);
-        EXPECT_GT(right, (screen.width() - 10) * 15);
-        key(Qt::Key_Escape);
-    });
-}
-
 TEST_F(DateDialogTest, TheTimeIsShownInTheFormatReadLast)
 {
     const std::pair<Locale, const char*> cases[] = {
@@ -237,23 +195,6 @@ TEST_F(DateDialogTest, ATimeIsTypedAsItIsWrittenInEveryFormatHoweverTheFieldGotT
                 EXPECT_EQ(this->text(chosen), this->text(toDateTime(kept, {}))) << locale.timeFormat << ": " << text;
             }
     }
-}
-
-class ByteBarTest : public DocumentTest {};
-
-TEST_F(ByteBarTest, BesideAFigureABarSaysHowMuchOfTheLimitItTakes)
-{
-    addDriver().dynamicBytes = 1073741823.5;
-    PageWidget widget(page(), texts);
-    open();
-    auto* bar = widget.findChild<QProgressBar*>(QStringLiteral("lblNumDynamicBytesValueShare"));
-    ASSERT_NE(bar, nullptr);
-    EXPECT_EQ(bar->value() * 2, bar->maximum());
-    EXPECT_EQ(bar->accessibleDescription(), "50.0 %");
-    fakes.clear();
-    addDriver().bytes = [](const FakeDriver&) { return 3e9; };
-    handOver();
-    EXPECT_EQ(bar->value(), 0);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ViewTest.h"
 
 #include <QMenu>
+#include <set>
 
 namespace ko::test {
 namespace {
@@ -139,18 +140,82 @@ TEST_F(Focus, TabStopsOnceInAGroupOfOptionsAndComesRound)
     EXPECT_EQ(visited, (std::vector<std::string>{"second", "list", "two", "go", "grid", "box"}));
 }
 
+TEST_F(Focus, TabLeavesTheFormForTheWidgetsAroundItAndComesBack)
+{
+    accepted = true;
+    QLineEdit before(&window), off(&window), after(&window), clickedOnly(&window);
+    off.setEnabled(false);
+    clickedOnly.setFocusPolicy(Qt::ClickFocus);
+    for (QWidget* outside : std::initializer_list<QWidget*>{&before, &off, &after, &clickedOnly})
+        outside->show();
+    const auto tab = [](Qt::KeyboardModifiers held = {}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, held);
+        return QApplication::focusWidget();
+    };
+    ASSERT_TRUE(form.moveFocus(&form.grid));
+    EXPECT_EQ(tab(), &before);
+    EXPECT_EQ(form.activeControl(), &form.grid) << "the form keeps its own";
+    EXPECT_EQ(tab(), &after);
+    ASSERT_TRUE(form.moveFocus(&form.box));
+    box.setFocus();
+    EXPECT_EQ(tab(Qt::ShiftModifier), &after);
+}
+
+TEST_F(Focus, ALetterThatTwoControlsShareLeadsToEachInTurnWithoutAClick)
+{
+    accepted = true;
+    form.one.setCaption("&Go");
+    std::vector<Control*> led;
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(&window, Qt::Key_G, Qt::AltModifier);
+        led.push_back(form.activeControl());
+    }
+    EXPECT_EQ(std::set<Control*>(led.begin(), led.end()), (std::set<Control*>{&form.one, &form.go}));
+    EXPECT_EQ(led[0], led[2]);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(Focus, TheEditKeysBelongToTheWindowAndUndoIsTheForms)
+{
+    int undone = 0;
+    form.box.undo = [&] { ++undone; };
+    const auto isOwn = [this](Qt::Key key, Qt::KeyboardModifiers held) {
+        QKeyEvent asked(QEvent::ShortcutOverride, key, held);
+        asked.ignore();
+        QApplication::sendEvent(&box, &asked);
+        return asked.isAccepted();
+    };
+    box.setText("text");
+    box.deselect();
+    for (const Qt::Key key : {Qt::Key_Z, Qt::Key_X, Qt::Key_C, Qt::Key_V})
+        EXPECT_FALSE(isOwn(key, Qt::ControlModifier)) << key;
+    EXPECT_TRUE(isOwn(Qt::Key_A, Qt::ControlModifier) && isOwn(Qt::Key_Delete, {}));
+    box.selectAll();
+    EXPECT_FALSE(isOwn(Qt::Key_Delete, {})) << "deletes the selection";
+    QTest::keyClick(&box, Qt::Key_Escape);
+    QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(undone, 2);
+    int opened = 0;
+    form.box.doubleClick = [&] { ++opened; };
+    QTest::mouseDClick(&box, Qt::LeftButton);
+    EXPECT_EQ(opened, 1);
+}
+
 TEST_F(Focus, TheFormSeesEachKeyFirstAndCanSwallowIt)
 {
     std::vector<std::pair<int, int>> keys;
     form.keyDown = [&](KeyPress& press) {
         keys.emplace_back(press.keyCode, press.shift);
-        if (press.keyCode == key::f1)
+        if (press.keyCode == key::f1 || press.keyCode == 'B')
             press.keyCode = 0;
     };
     QTest::keyClick(&box, Qt::Key_F1);
     QTest::keyClick(&box, Qt::Key_F1, Qt::ShiftModifier | Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_F2, Qt::MetaModifier);
     QTest::keyClick(&box, Qt::Key_A);
-    EXPECT_EQ(keys, (std::vector<std::pair<int, int>>{{112, 0}, {112, 3}, {65, 0}}));
+    QTest::keyClick(&box, Qt::Key_B);
+    EXPECT_EQ(keys, (std::vector<std::pair<int, int>>{{112, 0}, {112, 3}, {65, 0}, {66, 0}}));
     EXPECT_EQ(form.box.text(), "a");
 }
 

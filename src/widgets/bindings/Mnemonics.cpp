@@ -11,7 +11,7 @@ namespace {
 
 constexpr QChar mark = u'&';
 
-/// The position of the letter that the caption itself marks; -1 for none.
+/// The position of the letter that the caption itself marks; 0 for none.
 qsizetype markedLetter(const QString& caption)
 {
     for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
@@ -21,7 +21,7 @@ qsizetype markedLetter(const QString& caption)
             return i + 1;
         ++i;
     }
-    return -1;
+    return 0;
 }
 
 /// Menu items have mnemonics of their own.
@@ -61,7 +61,7 @@ Mnemonics::Mnemonics(const Form& form, const QStringList& elsewhere)
 
 void Mnemonics::take(const QString& caption)
 {
-    if (const qsizetype at = markedLetter(caption); at >= 0)
+    if (const qsizetype at = markedLetter(caption))
         taken_.insert(caption[at].toLower());
 }
 
@@ -85,7 +85,7 @@ QString Mnemonics::appended(const QString& caption, qsizetype at)
 
 QString Mnemonics::marked(const QString& caption)
 {
-    if (markedLetter(caption) >= 0)
+    if (markedLetter(caption))
         return caption;
     if (const qsizetype end = endOfForeignText(caption); end > 0)
         return appended(caption, end);

@@ -13,7 +13,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -230,41 +229,6 @@ TEST(MarkTest, TheWordIsBesideTheSignInAWindowOfTheDefaultSizeInEveryLanguage)
                   mark->fontMetrics().height() + mark->fontMetrics().horizontalAdvance(mark->accessibleName()));
         EXPECT_GE(window.page().height(), window.page().view().minimumSizeHint().height()) << "nothing is scrolled";
     }
-}
-
-TEST_F(AccessibilityTest, FiguresInvalidEntriesAndSharesReadWell)
-{
-    const QString title = window.text(1119 + 2);
-    EXPECT_EQ(accessibleText(&at(page().lblSpanValue), QAccessible::Name),
-              title + ": " + toQt(page().lblSpanValue.caption()));
-    page().lblSpanValue.setCaption(fromQt(window.text(1152)));
-    EXPECT_EQ(accessibleText(&at(page().lblSpanValue), QAccessible::Name), title + ": " + window.text(3041));
-
-    auto* bar = window.page().findChild<QProgressBar*>("lblNumDynamicBytesValueShare");
-    page().lblNumDynamicBytesValue.setShare(0.425);
-    EXPECT_EQ(accessibleText(bar, QAccessible::Value), "43");
-    EXPECT_TRUE(accessibleText(bar, QAccessible::Description).startsWith("42"));
-    page().lblNumDynamicBytesValue.setCaption(fromQt(window.text(1152)));
-    EXPECT_EQ(accessibleText(bar, QAccessible::Description), window.text(3041));
-
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    QTest::keyClicks(&at(page().txtDuration), "x");
-    EXPECT_EQ(accessibleText(&at(page().txtDuration), QAccessible::Description),
-              window.text(3009) + ". " + toQt(page().txtDuration.tag()) + ". " +
-                  window.text(3550).arg(toQt(page().txtDuration.escapeText())));
-}
-
-TEST_F(AccessibilityTest, ThePlanIsReadWhenTheUserPauses)
-{
-    QWidget& plan = at(page().lblPlan);
-    const auto isAnnounced = [&] {
-        return accessibleText(&plan, QAccessible::Name).toStdString() == page().lblPlan.caption();
-    };
-    ASSERT_TRUE(QTest::qWaitFor(isAnnounced));
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    QTest::keyClicks(&at(page().txtDuration), "120");
-    EXPECT_FALSE(isAnnounced());
-    EXPECT_TRUE(QTest::qWaitFor(isAnnounced));
 }
 
 } // namespace

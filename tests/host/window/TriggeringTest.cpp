@@ -3,8 +3,6 @@
 #include "widgets/bindings/ChannelBrowser.h"
 
 #include <QAccessible>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDialog>
 #include <QPushButton>
 #include <QRadioButton>
@@ -70,20 +68,6 @@ protected:
         open();
         EXPECT_TRUE(shown);
     }
-    /// Runs `act`, which shows a message box, and closes the box.
-    template <class Act> void refused(Act act)
-    {
-        bool shown = false;
-        QTimer::singleShot(0, [&] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            shown = true;
-            box->accept();
-        });
-        act();
-        EXPECT_TRUE(shown);
-        activate();
-    }
 };
 
 TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
@@ -117,76 +101,6 @@ TEST_F(TriggeringTest, ATextCellIsEditedByTypingAndEndsWithEnterTabOrEscape)
     press(Qt::Key_V, Qt::ControlModifier);
     press(Qt::Key_Return);
     EXPECT_EQ(value(4), "wheelwheel");
-}
-
-TEST_F(TriggeringTest, TheChannelAndItsParametersAreBetweenOnTriggerAndAtTimeForTheEyeAndTheKeys)
-{
-    Control* const order[] = {&page().optImmediate, &page().optOnTrigger, &page().txtChannel, &page().grdParam,
-                              &page().optStartTime};
-    const auto top = [&](Control* control) { return at(*control).mapTo(&window, QPoint()).y(); };
-    for (std::size_t i = 1; i < std::size(order); ++i)
-        EXPECT_LT(top(order[i - 1]), top(order[i])) << order[i]->name();
-    ASSERT_TRUE(page().moveFocus(&page().optOnTrigger));
-    for (Control* next : std::initializer_list<Control*>{&page().txtChannel, &page().cmdChannel, &page().grdParam}) {
-        press(Qt::Key_Tab);
-        EXPECT_EQ(page().activeControl(), next);
-    }
-    ASSERT_TRUE(page().moveFocus(&page().optImmediate));
-    for (OptionButton* next : {&page().optOnTrigger, &page().optStartTime}) {
-        press(Qt::Key_Down);
-        EXPECT_TRUE(next->value()) << next->name();
-    }
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Space}) { // with none selected, from the option with the focus
-        for (OptionButton* option : {&page().optImmediate, &page().optStartTime})
-            option->deselect();
-        press(key);
-        EXPECT_TRUE(page().optImmediate.value()) << key;
-        EXPECT_TRUE(at(page().optImmediate).hasFocus()) << key;
-    }
-}
-
-TEST_F(TriggeringTest, ARefusedTextStaysOpenWhereverTheUserTriesToGo)
-{
-    clickValue(1);
-    QTest::keyClicks(QApplication::focusWidget(), "99");
-    refused([] { press(Qt::Key_Return); });
-    EXPECT_EQ(page().grdParam.editor().text(), "99");
-    refused([&] { clickValue(4); });
-    EXPECT_EQ(page().grdParam.editedRow(), 1);
-    refused([&] { QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton); });
-    EXPECT_EQ(page().activeControl(), &page().grdParam);
-    press(Qt::Key_Backspace);
-    press(Qt::Key_Backspace);
-    press(Qt::Key_3);
-    press(Qt::Key_Return);
-    EXPECT_EQ(value(1), "3");
-}
-
-TEST_F(TriggeringTest, ListsAndChecksAreChangedByMouseAndKeyboard)
-{
-    auto* list = qobject_cast<QComboBox*>(table.cellWidget(1, 1));
-    ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->currentText(), "Rising");
-    clickValue(2);
-    QTRY_VERIFY_WITH_TIMEOUT(list->view()->isVisible(), 1000);
-    QTest::keyClick(list->view(), Qt::Key_Down);
-    QTest::keyClick(list->view(), Qt::Key_Return);
-    QTRY_COMPARE_WITH_TIMEOUT(QString::fromStdString(value(2)), QStringLiteral("Falling"), 1000);
-    auto* check = table.cellWidget(2, 1)->findChild<QCheckBox*>();
-    ASSERT_NE(check, nullptr);
-    QTest::mouseClick(check, Qt::LeftButton);
-    EXPECT_EQ(value(3), "True");
-    EXPECT_EQ(page().activeControl(), &page().grdParam);
-    table.setCurrentCell(2, 1);
-    QTest::keyClick(&table, Qt::Key_Space);
-    EXPECT_EQ(value(3), "False");
-    EXPECT_FALSE(check->isChecked());
-    window.document().mode().setReadOnly(true);
-    EXPECT_TRUE(check->testAttribute(Qt::WA_TransparentForMouseEvents));
-    clickValue(3);
-    EXPECT_EQ(value(3), "False");
-    clickValue(1);
-    EXPECT_EQ(page().grdParam.editedRow(), 0);
 }
 
 TEST_F(TriggeringTest, AChannelIsFoundByTheFilterAndChosenByADoubleClick)

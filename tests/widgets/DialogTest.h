@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Rows.h"
+#include "Soon.h"
+#include "fakes/FakePlatform.h"
+#include "support/Support.h"
+#include "widgets/dialogs/QtModalForms.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLayout>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace ko::test {
+
+/// The component's dialogs as a user sees them.
+class DialogsTest : public testing::Test {
+protected:
+    FakePlatform host;
+    QtModalForms modalForms;
+    Platform platform{host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter, {}};
+    Support support{platform, {}};
+
+    void TearDown() override { EXPECT_EQ(host.reports, std::vector<std::string>()); }
+
+    static ko::Texts texts()
+    {
+        return [](int number) { return QStringLiteral("text %1").arg(number); };
+    }
+    static QDialog& dialog() { return dynamic_cast<QDialog&>(*QApplication::activeModalWidget()); }
+    template <class W> static W& part(const char* name)
+    {
+        return dynamic_cast<W&>(*dialog().findChild<QWidget*>(QString::fromLatin1(name)));
+    }
+    static QRect place(const char* name) { return placeOf(part<QWidget>(name)); }
+    /// What the dialog shows, in the words of `namesOf`.
+    static std::string rows()
+    {
+        const auto* view = dynamic_cast<FormView*>(dialog().layout()->itemAt(0)->widget());
+        return namesOf(rowsOf(*view, dialog()));
+    }
+    static void click(const char* button) { QTest::mouseClick(&part<QPushButton>(button), Qt::LeftButton); }
+    static void settle()
+    {
+        for (int i = 0; i < 3; ++i)
+            QApplication::processEvents();
+    }
+    static void key(Qt::Key key, Qt::KeyboardModifiers held = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, held);
+    }
+    /// Runs `user` in the dialog that `show` shows.
+    template <class Show, class User> void inDialog(Show show, User user)
+    {
+        bool ran = false;
+        const Soon soon([&] {
+            ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+            const QPointer<QDialog> shown = &dialog();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(shown));
+            user();
+            ran = true;
+            if (shown && shown->isVisible()) {
+                ADD_FAILURE() << "the dialog is still open";
+                shown->done(0);
+            }
+        });
+        show();
+        EXPECT_TRUE(ran);
+    }
+};
+
+} // namespace ko::test

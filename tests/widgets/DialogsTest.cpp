@@ -1,0 +1,260 @@
+#include "DialogTest.h"
+#include "fakes/FakeDriver.h"
+#include "platform/CaptionControls.h"
+#include "widgets/bindings/ChannelBrowser.h"
+#include "widgets/dialogs/DateDialog.h"
+#include "widgets/dialogs/TriggerDialogs.h"
+
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QScreen>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+namespace ko::test {
+namespace {
+
+/// The dialogs of triggers and dates.
+class ViewsTest : public DialogsTest {
+protected:
+    SelectChannel channels{support};
+    AdvancedTrig lines{support};
+    SetDateTime dates{support};
+
+    ViewsTest()
+    {
+        addTriggerDialogs(modalForms, channels, lines, texts());
+        addDateDialog(modalForms, dates, texts());
+    }
+};
+
+TEST_F(ViewsTest, TheChannelsFillTheDialogAboveItsButtonsAtAnySize)
+{
+    auto driver = std::make_shared<FakeDriver>();
+    driver->groups = {{"Inputs", {{.address = "0:1", .name = "Crank"}, {.address = "0:2", .name = "Cam"}}}};
+    channels.UpdateDrivers({driver}, 1);
+    std::shared_ptr<Driver> chosen;
+    std::int32_t slot = -1, channel = -1;
+    const auto show = [&] { channels.Display(chosen, slot, channel); };
+    inDialog(show, [&] {
+        EXPECT_TRUE(dynamic_cast<ChannelBrowser&>(part<QWidget>("chsNavigate")).tree->hasFocus());
+        for (const QSize size : {dialog().size(), QSize(700, 400), QSize(10, 10)}) {
+            dialog().resize(size);
+            settle();
+            EXPECT_EQ(rows(), "chsNavigate / cmdOK cmdCancel cmdHelp");
+            const QRect browser = place("chsNavigate"), ok = place("cmdOK"), help = place("cmdHelp");
+            const int margin = browser.left();
+            EXPECT_TRUE(margin > 0 && ok.left() >= margin - 2 && browser.height() > ok.height() * 3) << margin;
+            EXPECT_NEAR(dialog().width() - browser.right() - 1, margin, 2);
+            EXPECT_NEAR(browser.right(), help.right(), 1);
+            EXPECT_NEAR(help.top() - browser.bottom(), margin, 2);
+            EXPECT_NEAR(dialog().height() - help.bottom(), margin, 2);
+            EXPECT_NEAR(ok.width(), part<QWidget>("cmdOK").sizeHint().width(), 1) << "room for its text";
+        }
+        key(Qt::Key_Down);
+        key(Qt::Key_Down);
+        key(Qt::Key_Return);
+    });
+    EXPECT_EQ(slot, 0);
+    EXPECT_EQ(channel, 0);
+    inDialog(show, [&] {
+        key(Qt::Key_Down);
+        part<QWidget>("cmdCancel").setFocus();
+        key(Qt::Key_Return);
+    });
+    EXPECT_EQ(channel, 0) << "Enter presses the focused button";
+}
+
+TEST_F(ViewsTest, EachTabHasItsLinesBesideTheTableOfDrivers)
+{
+    const auto show = [&] { lines.Display(LinePlan({{true, true}, {true}}, {0, -1}), {.hasMaster = {true, true}}); };
+    inDialog(show, [&] {
+        for (const bool isStart : {true, false}) {
+            part<QTabWidget>("tabTrigger").setCurrentIndex(isStart ? 0 : 1);
+            settle();
+            const char* const table = isStart ? "tblStartMap" : "tblScanMap";
+            const char* const title = isStart ? "lblStartMap" : "lblScanMap";
+            int above = 0;
+            for (const auto& option : isStart ? lines.optStartTrig : lines.optScanTrig) {
+                const QRect it = place(option->name().c_str());
+                EXPECT_TRUE(it.top() > above && it.right() < place(table).left()) << option->name();
+                above = it.top();
+            }
+            EXPECT_LT(place(title).bottom(), place(table).top());
+            EXPECT_EQ(part<QWidget>(table).accessibleName(), withoutMnemonic(part<QLabel>(title).text()));
+            const int width = place(table).width();
+            dialog().resize(dialog().width() + 100, dialog().height());
+            settle();
+            EXPECT_GE(place(table).width(), width + 90) << "the table takes the room";
+        }
+        EXPECT_EQ(lines.bounds().width, toTwips(dialog(), part<QWidget>("AdvancedTrig").width()));
+        EXPECT_TRUE(QString::fromStdString(rows()).endsWith("btnOK btnCancel btnHelp"));
+        EXPECT_GT(place("btnOK").left(), dialog().width() / 3);
+        click("btnCancel");
+    });
+}
+
+TEST_F(ViewsTest, TheCalendarTakesTheRoomBesideTheTimeAndItsClock)
+{
+    inDialog(
+        [&] { dates.Display(DateTime{46347.5}, false, false); },
+        [&] {
+            const QRect before = place("calDate"), clock = place("picClock");
+            EXPECT_EQ(clock.width(), clock.height());
+            EXPECT_NEAR(clock.center().x(), place("dtpTimeSelector").center().x(), 1);
+            EXPECT_NEAR(clock.center().y(), (place("dtpTimeSelector").bottom() + place("frmTime").bottom()) / 2, 8);
+            EXPECT_TRUE(place("optCurrentDay").top() < place("optSpecifiedDay").top() && before.right() < clock.left());
+            EXPECT_TRUE(QString::fromStdString(rows()).endsWith("btnOK btnCancel btnHelp"));
+            EXPECT_NEAR(place("btnHelp").right(), place("frmTime").right(), 1);
+            EXPECT_GT(place("btnOK").left(), dialog().width() / 3);
+            dialog().resize(dialog().size() + QSize(0, 80));
+            settle();
+            EXPECT_GE(place("calDate").height(), before.height() + 78);
+            EXPECT_EQ(place("picClock").size(), clock.size());
+            auto& calendar = part<QCalendarWidget>("calDate");
+            for (const char* name : {"calDate", "qt_calendar_prevmonth", "qt_calendar_nextmonth",
+                                     "qt_calendar_yearedit", "picClock", "dtpTimeSelector"})
+                EXPECT_FALSE(part<QWidget>(name).accessibleName().isEmpty()) << name;
+            EXPECT_EQ(calendar.focusProxy()->accessibleName(), calendar.accessibleName());
+            EXPECT_FALSE(part<QWidget>("qt_calendar_prevmonth").toolTip().isEmpty());
+            dates.optSpecifiedDay.userClicked();
+            EXPECT_EQ(calendar.verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader);
+            QTest::mouseClick(&part<QWidget>("qt_calendar_nextmonth"), Qt::LeftButton);
+            const QDate date = calendar.selectedDate();
+            auto& year = part<QWidget>("qt_calendar_yearedit");
+            year.show();
+            year.setFocus();
+            key(Qt::Key_Return);
+            EXPECT_TRUE(dialog().isVisible()) << "Enter ends the typing of a year";
+            QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&part<QWidget>("dtpTimeSelector"), &wheel);
+            EXPECT_EQ(dates.dtpTimeSelector.hour(), 12) << "the wheel turns only the time with the focus";
+            part<QWidget>("dtpTimeSelector").setFocus();
+            QApplication::sendEvent(&part<QWidget>("dtpTimeSelector"), &wheel);
+            EXPECT_EQ(dates.dtpTimeSelector.hour(), 13);
+            EXPECT_EQ(calendar.selectedDate(), date);
+            EXPECT_EQ(calendar.minimumDate(), QDate(1899, 12, 31));
+            click("btnCancel");
+        });
+}
+
+/// A form of two buttons, whose view is as large as the test wants.
+class ModalFormsTest : public DialogsTest {
+protected:
+    Form form{"Asking"};
+    CommandButton ok{form, "cmdOK"};
+    CommandButton cancel{form, "cmdCancel"};
+    QSize room{200, 100};
+    QSize hint;
+    int oks = 0, cancels = 0, built = 0;
+
+    void SetUp() override
+    {
+        form.setButtons(ok, cancel);
+        const auto counts = [this](int& clicks) {
+            return [this, &clicks] {
+                ++clicks;
+                modalForms.hide(form);
+            };
+        };
+        ok.click = counts(oks);
+        cancel.click = counts(cancels);
+        modalForms.add(form, [this] {
+            ++built;
+            auto* view = new FormView(form, [](int) { return QString(); });
+            auto* layout = new QVBoxLayout(view);
+            layout->addWidget(&view->button(ok));
+            layout->addWidget(&view->button(cancel));
+            layout->addSpacerItem(new QSpacerItem(room.width(), room.height()));
+            hint = view->sizeHint();
+            return view;
+        });
+    }
+    void show() { modalForms.showModal(form); }
+};
+
+TEST_F(ModalFormsTest, EnterEscapeAndTheCloseButtonPressTheFormsButtons)
+{
+    const std::function<void()> ways[] = {[] { key(Qt::Key_Return); }, [] { dialog().accept(); },
+                                          [] { key(Qt::Key_Escape); }, [] { dialog().close(); },
+                                          [] { dialog().reject(); }};
+    for (const auto& way : ways)
+        inDialog([&] { show(); }, way);
+    EXPECT_EQ(oks, 2);
+    EXPECT_EQ(cancels, 3);
+    inDialog([&] { show(); },
+             [&] {
+                 EXPECT_THROW(show(), Failure) << "it is shown already";
+                 modalForms.hide(form);
+             });
+    Form other("Other");
+    EXPECT_THROW(modalForms.showModal(other), Failure) << "it has no view";
+}
+
+TEST_F(ModalFormsTest, IsMeasuredOnceAndOpensWhereTheFormIsButWithinTheScreen)
+{
+    form.measure();
+    form.measure();
+    EXPECT_EQ(built, 1);
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QWidget owner;
+    owner.show();
+    EXPECT_EQ(form.bounds(), (Bounds{0, 0, toTwips(owner, hint.width()), toTwips(owner, hint.height())}));
+    modalForms.setOwner(&owner);
+    const auto move = [&](QPoint to) { form.move(toTwips(owner, to.x()), toTwips(owner, to.y())); };
+    move({60, 40});
+    inDialog([&] { show(); },
+             [&] {
+                 EXPECT_EQ(dialog().parentWidget(), &owner);
+                 EXPECT_NEAR((dialog().pos() - QPoint(60, 40)).manhattanLength(), 0, 2);
+                 move(screen.bottomRight());
+                 const QSize frame = owner.frameGeometry().size() - owner.size();
+                 const QPoint corner(dialog().width() + frame.width(), dialog().height() + frame.height());
+                 EXPECT_EQ(dialog().pos() + corner, screen.bottomRight() + QPoint(1, 1));
+                 move({-50, -50});
+                 EXPECT_EQ(dialog().pos(), screen.topLeft());
+                 dialog().move(70, 80);
+                 form.setCaption("Other");
+                 EXPECT_EQ(dialog().windowTitle(), "Other");
+                 EXPECT_EQ(dialog().pos(), QPoint(70, 80)) << "where the user has put it";
+                 modalForms.hide(form);
+             });
+    room = screen.size() * 2;
+    inDialog([&] { show(); },
+             [&] {
+                 EXPECT_GE(dialog().width(), screen.width() * 9 / 10);
+                 EXPECT_EQ(dialog().pos(), screen.topLeft()) << "the title is in sight";
+                 modalForms.hide(form);
+             });
+}
+
+TEST_F(ModalFormsTest, ListenersHearOfOpeningActionsAndClosingAndAStandInAnswersForTheUser)
+{
+    QStringList heard;
+    modalForms.opened = [&](const Form& opened) { heard << "opened " + toQt(opened.name()); };
+    modalForms.closed = [&] { heard << "closed"; };
+    modalForms.actionDone = [&] { heard << "done"; };
+    inDialog([&] { show(); }, [] { click("cmdCancel"); });
+    heard.removeDuplicates();
+    EXPECT_EQ(heard, (QStringList{"opened Asking", "done", "closed"}));
+    modalForms.standIn = &host;
+    QPointer<QWidget> shown;
+    host.inModalForm = [&](Form& asked) {
+        shown = QApplication::activeModalWidget();
+        EXPECT_TRUE(&asked == &form && shown && shown->isVisible());
+        cancel.userClicked();
+        EXPECT_FALSE(shown && shown->isVisible());
+    };
+    show();
+    EXPECT_EQ(host.hiddenForm, &form);
+    host.inModalForm = [&](Form&) {
+        shown = QApplication::activeModalWidget();
+        throw 1;
+    };
+    show();
+    EXPECT_TRUE(shown.isNull()) << "closed whatever happens";
+}
+
+} // namespace
+} // namespace ko::test

@@ -1,0 +1,134 @@
+#include "DialogTest.h"
+#include "widgets/dialogs/OffersDialog.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableWidget>
+
+namespace ko::test {
+namespace {
+
+class OffersViewTest : public DialogsTest {
+protected:
+    ShowOffers form{support};
+    ShowOffers::Content content;
+    std::vector<ShowOffers::Settable> settable{{"Rate", "1000"}, {"Block", "64"}};
+    std::vector<std::pair<std::size_t, std::string>> set;
+
+    OffersViewTest()
+    {
+        addOffersDialog(modalForms, form, texts());
+        content.common = "All share <b>one</b>";
+        content.columns = {"Rate", "A header of two words", "Why", "Says", "More"};
+        content.row = 1;
+        const auto row = [](const char* name, const char* value) {
+            Table::Row made{name, {}};
+            for (const char* text :
+                 {value, "2", "A sentence of several words, one after the other, so that there are three lines", "b",
+                  "c"})
+                made.cells.push_back({text, "", Table::Emphasis::none});
+            return made;
+        };
+        content.rows = {row("First", "1000000000000000000000"), row("Second", "5")};
+    }
+    template <class User> void ask(User user)
+    {
+        inDialog(
+            [this] {
+                form.Display("Title",
+                             {[this] { return content; }, [this] { return settable; },
+                              [this](std::size_t which, const std::string& value) { set.emplace_back(which, value); }},
+                             1);
+            },
+            [&] {
+                settle();
+                user();
+                click("btnClose");
+            });
+    }
+};
+
+TEST_F(OffersViewTest, TheTableIsBelowTheSentenceAndAboveTheRowThatSets)
+{
+    ask([&] {
+        EXPECT_EQ(dialog().windowTitle(), "Title");
+        EXPECT_EQ(part<QLabel>("lblCommon").text(), "All share <b>one</b>");
+        EXPECT_EQ(rows(), "lblCommon / tblOffers / cmbQuantity txtValue cmdSetAll btnClose");
+        EXPECT_EQ(place("btnClose").right(), place("tblOffers").right());
+        EXPECT_LT(place("cmdSetAll").right(), place("btnClose").left() - 50) << "closing is apart";
+        for (const char* named : {"tblOffers", "cmbQuantity", "txtValue"})
+            EXPECT_TRUE(part<QWidget>(named).accessibleName().startsWith("text ")) << named;
+        EXPECT_FALSE(part<QPushButton>("cmdSetAll").toolTip().isEmpty());
+        const QWidget& view = part<QWidget>("ShowOffers");
+        EXPECT_GE(view.sizeHint().width(), dialog().fontMetrics().averageCharWidth() * 135);
+        EXPECT_EQ(form.bounds().width, toTwips(view, view.width()));
+        const int table = place("tblOffers").height();
+        dialog().resize(dialog().size() + QSize(0, 100));
+        settle();
+        EXPECT_GE(place("tblOffers").height(), table + 90);
+    });
+}
+
+TEST_F(OffersViewTest, ColumnsOfValuesHaveRoomForThemAndThoseOfSentencesShareTheRestAndWrap)
+{
+    ask([&] {
+        const auto& table = part<QTableWidget>("tblOffers");
+        QFont bold = table.font();
+        bold.setBold(true);
+        const QFontMetrics metrics(bold);
+        dialog().resize(1200, dialog().height());
+        settle();
+        EXPECT_GT(table.columnWidth(0), metrics.horizontalAdvance("1000000000000000000000"));
+        EXPECT_LT(table.columnWidth(1), metrics.horizontalAdvance("A header of two words"));
+        EXPECT_GT(table.columnWidth(1), metrics.horizontalAdvance("header"));
+        for (const int column : {3, 4})
+            EXPECT_EQ(table.columnWidth(column), table.columnWidth(2));
+        EXPECT_NEAR(table.horizontalHeader()->length(), table.viewport()->width(), 3) << "no more, no less";
+        EXPECT_GE(table.horizontalHeader()->height(), 2 * metrics.lineSpacing());
+        EXPECT_EQ(table.currentRow(), 1);
+        dialog().resize(500, dialog().height());
+        settle();
+        const int lines = table.rowHeight(0);
+        EXPECT_EQ(table.columnWidth(2), metrics.averageCharWidth() * 24) << "never too narrow to read";
+        EXPECT_GE(lines, 3 * metrics.lineSpacing()) << "the sentence is wrapped";
+        dialog().resize(2000, dialog().height());
+        settle();
+        EXPECT_LT(table.rowHeight(0), lines);
+        content.rows[1].cells[0].text = "much longer than before, in one cell";
+        form.tblOffers.setContent(content.columns, content.rows);
+        settle();
+        EXPECT_GT(table.columnWidth(0), metrics.horizontalAdvance("much longer than before, in one cell"));
+    });
+}
+
+TEST_F(OffersViewTest, AQuantityIsSetByItsButtonAndByEnterInItsBox)
+{
+    ask([&] {
+        EXPECT_EQ(part<QComboBox>("cmbQuantity").currentText(), "Block");
+        auto& value = part<QLineEdit>("txtValue");
+        EXPECT_EQ(value.text(), "64");
+        EXPECT_TRUE((value.alignment() & Qt::AlignRight) != 0);
+        QTest::mouseClick(&value, Qt::LeftButton);
+        EXPECT_EQ(value.selectedText(), "64");
+        QTest::keyClicks(&value, "128");
+        QTest::keyClick(&value, Qt::Key_Return);
+        QTest::mouseClick(&value, Qt::LeftButton);
+        QTest::keyClick(&value, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&value, "256");
+        QTest::keyClick(&value, Qt::Key_Enter);
+        click("cmdSetAll");
+        EXPECT_EQ(set, (std::vector<std::pair<std::size_t, std::string>>{{1, "128"}, {1, "256"}, {1, "64"}}));
+        EXPECT_EQ(value.text(), "64") << "what the drivers hold is shown again";
+        EXPECT_TRUE(dialog().isVisible());
+    });
+    settable.clear();
+    ask([&] {
+        for (const char* name : {"cmbQuantity", "txtValue", "cmdSetAll"})
+            EXPECT_FALSE(part<QWidget>(name).isEnabled()) << name;
+    });
+}
+
+} // namespace
+} // namespace ko::test
