@@ -1,19 +1,26 @@
 #include "FrameTest.h"
 #include "host/docks/CallText.h"
+#include "host/docks/FaultDialog.h"
 #include "host/docks/InstrumentGallery.h"
 #include "host/docks/InstrumentsView.h"
 #include "host/properties/PropertiesDialog.h"
+#include "host/recording_view/RecordDialog.h"
 #include "host/setup/SetupFile.h"
 #include "host/setup/SetupTemplates.h"
 #include "host/setup/SetupWriter.h"
+#include "host/toolkit/HelpWindow.h"
+#include "host/window/ReplayReport.h"
 
 #include <QAbstractItemModel>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QLayout>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabWidget>
+#include <QToolBar>
 #include <QTreeView>
 #include <sstream>
 
@@ -448,6 +455,60 @@ TEST_F(ShownTest, AValueOfACallReadsAsItsTypeInTheLocale)
         EXPECT_EQ(fromQt(callText(
                       value, [this](int number) { return window.text(number); }, german)),
                   text);
+}
+
+bool isPlaced(const QLayout& layout, const QWidget* widget)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        QLayoutItem* const item = layout.itemAt(i);
+        if (item->widget() == widget || (item->layout() && isPlaced(*item->layout(), widget)))
+            return true;
+    }
+    return false;
+}
+
+/// A widget that is in no layout would lie over the others.
+void expectPlaced(QWidget& top)
+{
+    int looked = 0;
+    QList<QWidget*> all = top.findChildren<QWidget*>();
+    all << &top;
+    for (const QWidget* const parent : std::as_const(all)) {
+        const bool isToolkits = qobject_cast<const QDockWidget*>(parent) || qobject_cast<const QMainWindow*>(parent) ||
+                                qobject_cast<const QToolBar*>(parent) || qobject_cast<const QStatusBar*>(parent);
+        if (!parent->layout() || isToolkits)
+            continue;
+        for (const QWidget* const child : parent->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (!child->isWindow() && ++looked > 0) {
+                EXPECT_TRUE(isPlaced(*parent->layout(), child))
+                    << fromQt(top.windowTitle()) << ": " << child->metaObject()->className() << " "
+                    << fromQt(child->objectName());
+            }
+    }
+    EXPECT_GT(looked, 0);
+}
+
+TEST_F(ShownTest, EveryWidgetHasItsPlaceInALayout)
+{
+    window.open(file("bench.json", R"({"drivers": [{"name": "A", "hasTriggerParameters": true, "timebase": {},
+        "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
+    show();
+    const Texts texts = [this](int number) { return window.text(number); };
+    const Locale locale;
+    const InstrumentSettings settings = window.session().drivers().at(0)->settings();
+    PropertiesDialog properties(texts, locale, settings, false, &window);
+    FaultDialog faults(texts, *window.session().drivers().at(0), &window);
+    InstrumentGallery gallery(texts, instrumentKinds(), nullptr, &window);
+    RecordDialog record(&window, texts, locale, {"/x/a.h5", 1.0});
+    HelpWindow help(texts, "/nowhere", &window);
+    ReplayReport report(texts, {"a", {{}}, 1, false, "x"}, &window);
+    for (QWidget* const top :
+         std::initializer_list<QWidget*>{&properties, &faults, &gallery, &record, &help, &report, &window.start(),
+                                         &window.space(), window.findChild<QWidget*>("failures")})
+        expectPlaced(*top);
+    for (QDockWidget* const dock : window.findChildren<QDockWidget*>())
+        if (dock->widget()->layout())
+            expectPlaced(*dock->widget());
 }
 
 } // namespace
