@@ -1,10 +1,10 @@
-#include "FrameTest.h"
 #include "host/recording/Moments.h"
 #include "host/recording_view/RecordDialog.h"
 #include "host/recording_view/RecordQuestions.h"
 #include "host/recording_view/RecordingView.h"
 #include "host/recording_view/RunTexts.h"
 #include "host/toolkit/SizeText.h"
+#include "host/window/FrameTest.h"
 #include "host/window/RecordStart.h"
 
 #include <QFileInfo>

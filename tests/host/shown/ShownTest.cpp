@@ -1,4 +1,3 @@
-#include "FrameTest.h"
 #include "host/docks/CallText.h"
 #include "host/docks/FaultDialog.h"
 #include "host/docks/InstrumentGallery.h"
@@ -9,6 +8,7 @@
 #include "host/setup/SetupTemplates.h"
 #include "host/setup/SetupWriter.h"
 #include "host/toolkit/HelpWindow.h"
+#include "host/window/FrameTest.h"
 #include "host/window/ReplayReport.h"
 
 #include <QAbstractItemModel>
