@@ -136,8 +136,11 @@ void DeviceInstrument::attempt()
             askForViews(*device);
             device_ = std::move(device);
         });
+        ++timesOpened_;
         seen_.reset();
         trouble_.clear();
+        if (exchanged)
+            exchanged();
     } catch (const Failure& failure) {
         trouble_ = held_.module + " " + held_.device + ": " + failure.what();
     }
@@ -152,6 +155,8 @@ void DeviceInstrument::keep(InstrumentSettings settings)
     if (!asked.timebase)
         asked.timebase.emplace();
     standIn_.emplace(std::move(asked));
+    if (exchanged)
+        exchanged();
 }
 
 Driver& DeviceInstrument::driver()

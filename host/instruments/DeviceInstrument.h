@@ -4,6 +4,8 @@
 #include "host/instruments/DeviceSource.h"
 #include "host/instruments/KeptInstrument.h"
 
+#include <functional>
+
 namespace ko {
 
 /// An instrument of a set-up whose device is opened by a driver module. While the device is missing it keeps the
@@ -22,6 +24,11 @@ public:
     void reopen();
     /// Closes the device. Does nothing while the device is armed or acquires.
     void close();
+    /// How often the device has been opened.
+    [[nodiscard]] int timesOpened() const { return timesOpened_; }
+
+    /// Called when the device has been opened or closed, so that `driver` has other views.
+    std::function<void()> exchanged;
 
     [[nodiscard]] Driver& driver() override;
     [[nodiscard]] const InstrumentSettings& held() const override;
@@ -46,6 +53,7 @@ private:
     mutable InstrumentSettings held_;
     mutable std::optional<InstrumentSettings> seen_; ///< what the device held when `held_` was made of it
     bool isWanted_ = false;                          ///< since `open`, until `close`
+    int timesOpened_ = 0;
     DeviceAcquisition acquisition_;
 };
 

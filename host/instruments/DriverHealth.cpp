@@ -27,7 +27,8 @@ void DriverHealth::follow(const HostInstruments& drivers)
 void DriverHealth::failed(const HostInstrument& driver, const FailedCall& call)
 {
     Trouble& trouble = troubles_[&driver];
-    trouble.open[{call.operation, call.arguments}] = {++turn_, call.failure.number(), call.failure.what(), now()};
+    trouble.open[{call.operation, call.arguments}] = {++turn_, call.failure.number(), call.failure.what(), now(),
+                                                      driver.timesOpened()};
     if (changed)
         changed();
 }
@@ -70,8 +71,8 @@ void DriverHealth::afterRebuild(std::int64_t turn)
 {
     std::size_t cleared = 0;
     for (auto& [driver, trouble] : troubles_) {
-        const auto isAnswered = [&, &t = trouble](const auto& failed) {
-            return t.hasAnsweredSince(turn, failed.first.first);
+        const auto isAnswered = [&, &t = trouble, opened = driver->timesOpened()](const auto& failed) {
+            return failed.second.timesOpened != opened || t.hasAnsweredSince(turn, failed.first.first);
         };
         cleared += std::erase_if(trouble.open, isAnswered);
     }

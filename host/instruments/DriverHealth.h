@@ -26,7 +26,8 @@ struct DriverFailure {
 
 /// Tracks which drivers fail at present. A driver fails from its first failed call until each failed call, identified
 /// by operation and arguments, has succeeded. When the page is rebuilt, an operation that is called without a failure
-/// clears its failed calls with any arguments; operations that are not called stay failed.
+/// clears its failed calls with any arguments; operations that are not called stay failed, unless the driver's device
+/// has been opened since.
 class DriverHealth {
 public:
     /// `clock` returns the time of each failure.
@@ -73,6 +74,7 @@ private:
         std::int32_t number = 0;
         std::string reason;
         DateTime time;
+        int timesOpened = 0; ///< the driver's device, until then
     };
     struct Trouble {
         std::map<Call, Failed> open;                ///< calls that have not succeeded since they failed; never empty

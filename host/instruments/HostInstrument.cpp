@@ -2,6 +2,9 @@
 
 #include "host/instruments/ForeignCall.h"
 
+#include <functional>
+#include <numeric>
+
 namespace ko {
 
 namespace {
@@ -28,6 +31,7 @@ HostInstrument::HostInstrument(std::unique_ptr<DeviceInstrument> device)
 {
     planFailures();
     calls_.failWith(device_->trouble());
+    device_->exchanged = [this] { findViews(); };
 }
 
 void HostInstrument::planFailures()
@@ -63,25 +67,22 @@ void HostInstrument::take(const InstrumentSettings& settings)
 
 void HostInstrument::openDevice()
 {
-    change(&DeviceInstrument::open);
+    if (device_)
+        device_->open();
 }
 
 bool HostInstrument::reopenDevice()
 {
-    change(&DeviceInstrument::reopen);
-    return device_ && device_->trouble().empty();
+    if (!device_)
+        return false;
+    device_->reopen();
+    return trouble().empty();
 }
 
 void HostInstrument::closeDevice()
 {
-    change(&DeviceInstrument::close);
-}
-
-void HostInstrument::change(void (DeviceInstrument::*act)())
-{
     if (device_)
-        (device_->*act)();
-    findViews();
+        device_->close();
 }
 
 /// A call in progress goes on with the views of the device that is open now.
@@ -166,6 +167,12 @@ double HostInstrument::DynamicBytes()
 {
     return calls_.read(Operation::DynamicBytes, {},
                        [&] { return required(instrument_->driver().queryDynamicMeasurement()).DynamicBytes(); });
+}
+
+int timesOpened(const HostInstruments& instruments)
+{
+    return std::transform_reduce(instruments.begin(), instruments.end(), 0, std::plus<>(),
+                                 [](const auto& instrument) { return instrument->timesOpened(); });
 }
 
 } // namespace ko

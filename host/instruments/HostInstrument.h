@@ -45,6 +45,10 @@ public:
     bool reopenDevice();
     /// Closes the device, if the instrument has one, so that another instrument can open it. The settings stay.
     void closeDevice();
+    /// How often the device has been opened, by these members or to be armed.
+    [[nodiscard]] int timesOpened() const { return device_ ? device_->timesOpened() : 0; }
+    /// Why the device is closed; empty if it is open, and for an instrument without one.
+    [[nodiscard]] std::string trouble() const { return device_ ? device_->trouble() : std::string(); }
 
     std::int32_t GroupCount() override;
     std::int32_t ChannelCount(std::int32_t group) override;
@@ -64,7 +68,6 @@ private:
     std::int32_t NumberOfScans() override;
     double DynamicBytes() override;
     void planFailures();
-    void change(void (DeviceInstrument::*act)());
     void take(const InstrumentSettings& settings);
     void findViews();
 
@@ -77,5 +80,8 @@ private:
 };
 
 using HostInstruments = std::vector<std::shared_ptr<HostInstrument>>;
+
+/// How often the devices of all these instruments have been opened.
+int timesOpened(const HostInstruments& instruments);
 
 } // namespace ko

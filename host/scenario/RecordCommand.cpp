@@ -59,6 +59,8 @@ void record(Scenario& scenario, const Arguments& words)
     } catch (const RecordingRefusal& refusal) {
         scenario.messageBox.show(refusal.what(), scenario.text(textNumber::page::error), exclamation);
     }
+    // What a device offers that was opened for the recording is no edit.
+    scenario.history().absorb();
 }
 
 constexpr Command commands[]{{"record", Giver::Host, 1, 1, record}};

@@ -182,8 +182,7 @@ bool SetupSession::hasChangedOnDisk() const
 
 void SetupSession::refuseOwn(const std::string& file) const
 {
-    if (isOpen() && isSameFile(file, file_))
-        throw InputError(file + ": is the set-up that is open");
+    refuseSame(file, file_, "the set-up that is open");
 }
 
 std::string SetupSession::name() const

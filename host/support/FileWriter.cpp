@@ -177,4 +177,10 @@ bool isSameFile(const std::string& name, const std::string& other)
     return fs::equivalent(name, other, error) || whole(name) == whole(other);
 }
 
+void refuseSame(const std::string& file, const std::string& own, const char* use)
+{
+    if (!own.empty() && isSameFile(file, own))
+        throw InputError(file + ": is " + use);
+}
+
 } // namespace ko

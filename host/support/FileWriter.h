@@ -50,4 +50,7 @@ void writeWhole(const std::string& name, std::string_view content, Readers reade
 /// Returns true if both names lead to the same file, even if it does not exist yet.
 bool isSameFile(const std::string& name, const std::string& other);
 
+/// Throws an `InputError` if the file is `own`, which the program uses as what `use` says. An empty `own` is no file.
+void refuseSame(const std::string& file, const std::string& own, const char* use);
+
 } // namespace ko

@@ -99,6 +99,11 @@ std::string FrameMemory::folder() const
     return folder.empty() && !file_.empty() ? "." : folder;
 }
 
+void FrameMemory::refuseOwn(const std::string& file) const
+{
+    refuseSame(file, file_, "where the window keeps its state");
+}
+
 std::string FrameMemory::usersFile()
 {
     return fromQt(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/window.json";

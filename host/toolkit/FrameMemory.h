@@ -26,6 +26,8 @@ public:
 
     /// Returns the folder of the file; empty if nothing is kept.
     [[nodiscard]] std::string folder() const;
+    /// Throws an `InputError` if this is the file, which would be overwritten later.
+    void refuseOwn(const std::string& file) const;
     /// Returns the path of the user's file.
     static std::string usersFile();
 

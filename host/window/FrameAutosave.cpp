@@ -93,6 +93,11 @@ void FrameAutosave::drop()
     });
 }
 
+void FrameAutosave::refuseOwn(const std::string& file) const
+{
+    refuseSame(file, copy_ ? copy_->file() : std::string(), "the copy of the unsaved changes");
+}
+
 void FrameAutosave::end()
 {
     folder_.clear();

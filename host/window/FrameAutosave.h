@@ -30,6 +30,8 @@ public:
     /// Offers the copies that other programs have left, one after the other, until one has been restored in place of
     /// the open set-up.
     void offer(UserQuestions& questions);
+    /// Throws an `InputError` if the file is the copy, which is removed after saving.
+    void refuseOwn(const std::string& file) const;
     /// Called when the window has been closed: removes the copy, for good.
     void end();
 

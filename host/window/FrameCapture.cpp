@@ -76,8 +76,8 @@ void FrameCapture::start(const std::string& file, const std::string& setup)
 void FrameCapture::startFromHere(const std::string& file)
 {
     const std::string beside = setupBeside(file);
-    frame_.session.refuseOwn(file);
-    frame_.session.refuseOwn(beside);
+    frame_.parts.refuseOwn(file);
+    frame_.parts.refuseOwn(beside);
     saveSetup(beside, withPresentValues({"", frame_.parts.services.clock.standing(), {}}, frame_.session.drivers()));
     stop();
     frame_.renewPage();
@@ -97,8 +97,7 @@ void FrameCapture::stop()
 
 void FrameCapture::refuseOwn(const std::string& file) const
 {
-    if (capture_ && isSameFile(file, capture_->file()))
-        throw InputError(file + ": is the scenario that is captured");
+    refuseSame(file, capture_ ? capture_->file() : std::string(), "the scenario that is captured");
 }
 
 void FrameCapture::host(const ScenarioWriter::Words& words)

@@ -144,6 +144,22 @@ void FrameDocks::handOverAgain()
         return;
     // What a device that comes back offers is no edit.
     history_.hostCall([this] { watch_.health().reopenDevices(); });
+    showPageAgain();
+}
+
+void FrameDocks::openDevices()
+{
+    const int before = timesOpened(session_.drivers());
+    history_.hostCall([this] {
+        for (const auto& driver : session_.drivers())
+            driver->openDevice();
+    });
+    if (timesOpened(session_.drivers()) != before)
+        showPageAgain();
+}
+
+void FrameDocks::showPageAgain()
+{
     history_.hostCall([this] { rebuildBy([this] { page_.handOverAgain(session_.drivers()); }); });
 }
 

@@ -44,6 +44,10 @@ public:
 
     /// Calls `rebuild`, which makes the page read its instruments again. Restores the focus if it was in a dock.
     void rebuildBy(const std::function<void()>& rebuild);
+    /// Opens the devices that are closed, as a call of the host. If one is open then, calls `showPageAgain`.
+    void openDevices();
+    /// Hands the instruments over to the hidden page and shows it, as a call of the host.
+    void showPageAgain();
 
     /// Returns whether a recording is in progress, which the instruments are not disturbed in.
     std::function<bool()> locked;

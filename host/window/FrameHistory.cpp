@@ -112,8 +112,18 @@ bool FrameHistory::edit(const HeldState& to)
 
 void FrameHistory::hostCall(const std::function<void()>& call)
 {
-    if (finishAnd(call))
+    std::exception_ptr failure;
+    const bool isAlive = finishAnd([&] {
+        try {
+            call();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    });
+    if (isAlive)
         history_.absorb();
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 bool FrameHistory::finishAnd(const std::function<void()>& call)

@@ -21,6 +21,10 @@ struct FrameParts {
     /// Returns `text` as a function, which must not outlive this object.
     [[nodiscard]] Texts texts() const;
 
+    /// Throws an `InputError` for a file that the window itself uses, so that nothing else may be written to it; set by
+    /// the window.
+    std::function<void(const std::string& file)> refuseOwn;
+
     QPointer<Reports> reports;    ///< receives what the component reports
     QtPrinters::Surfaces surface; ///< finds the widget of a form to print; may be empty
     QtServices services;

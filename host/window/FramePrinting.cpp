@@ -7,7 +7,6 @@
 #include "host/support/FileWriter.h"
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
-#include "host/window/FrameCapture.h"
 #include "host/window/PageHost.h"
 #include "host/window/UserQuestions.h"
 #include "widgets/services/PdfDetour.h"
@@ -21,8 +20,8 @@
 namespace ko {
 
 FramePrinting::FramePrinting(QWidget& window, const UserActions& actions, FrameParts& parts, PageHost& page,
-                             const SetupSession& session, const FrameCapture& capture)
-    : window_(window), actions_(actions), parts_(parts), page_(page), session_(session), capture_(capture)
+                             const SetupSession& session)
+    : window_(window), actions_(actions), parts_(parts), page_(page), session_(session)
 {
     parts.services.printers.savePdf = [this](const QString& file, const QByteArray& content) {
         savePdf(file, content);
@@ -130,7 +129,7 @@ void FramePrinting::exportSheet(UserQuestions& questions)
     if (file.empty())
         return;
     try {
-        refuseOwn(file);
+        parts_.refuseOwn(file);
         saveSheet(file, sheet(), {});
     } catch (const InputError& error) {
         complainBy(sheetText::notExported, toQt(error.what()));
@@ -144,16 +143,10 @@ void FramePrinting::complainBy(int text, const QString& reason)
         .wait();
 }
 
-void FramePrinting::refuseOwn(const std::string& file) const
-{
-    session_.refuseOwn(file);
-    capture_.refuseOwn(file);
-}
-
 void FramePrinting::savePdf(const QString& file, const QByteArray& content)
 {
     const std::string name = fromQt(file);
-    refuseOwn(name);
+    parts_.refuseOwn(name);
     if (content.isEmpty())
         throw InputError(name + ": cannot be saved: there is no room for a temporary file");
     writeWhole(name, content.toStdString());

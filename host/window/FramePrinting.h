@@ -9,7 +9,6 @@ class QWidget;
 
 namespace ko {
 
-class FrameCapture;
 struct FrameParts;
 class PageHost;
 class SetupSession;
@@ -21,7 +20,7 @@ class FramePrinting {
 public:
     /// All arguments must outlive this object.
     FramePrinting(QWidget& window, const UserActions& actions, FrameParts& parts, PageHost& page,
-                  const SetupSession& session, const FrameCapture& capture);
+                  const SetupSession& session);
     ~FramePrinting();
     FramePrinting(const FramePrinting&) = delete;
     FramePrinting& operator=(const FramePrinting&) = delete;
@@ -43,11 +42,9 @@ public:
     [[nodiscard]] SheetSource sheet();
 
 private:
-    /// Writes a PDF file. Throws an `InputError` if it cannot be written, or if the file is the open set-up or the
-    /// scenario that is being captured.
+    /// Writes a PDF file. Throws an `InputError` if it cannot be written, or if the window itself
+    /// uses the file.
     void savePdf(const QString& file, const QByteArray& content);
-    /// Throws an `InputError` for the open set-up and for the scenario that is being captured.
-    void refuseOwn(const std::string& file) const;
     void preview(void (FramePrinting::*paint)(QPrinter& printer));
     void paintSheet(QPrinter& printer);
     void complainBy(int text, const QString& reason);
@@ -57,7 +54,6 @@ private:
     FrameParts& parts_;
     PageHost& page_;
     const SetupSession& session_;
-    const FrameCapture& capture_;
 };
 
 } // namespace ko

@@ -5,6 +5,7 @@
 #include "host/recording_view/RecordingView.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
+#include "host/support/FileWriter.h"
 #include "host/support/HostTexts.h"
 #include "host/toolkit/WaitingBox.h"
 #include "host/window/FrameCapture.h"
@@ -106,6 +107,10 @@ void FrameRecording::record()
     if (isActive() || !page_.okToLeave() || action.isOver())
         return;
     try {
+        ko::raise(openDevices);
+        if (action.isOver())
+            return;
+        refuseMissing();
         const Instruments about = instruments();
         RecordingPlan plan = planned(PlanFor::Comparison);
         if (!chooseStart(plan, files_.session(), files_.questions(), parts_) || action.isOver())
@@ -123,10 +128,18 @@ void FrameRecording::record()
     }
 }
 
+void FrameRecording::refuseMissing() const
+{
+    for (const auto& driver : files_.session().drivers())
+        if (const std::string reason = driver->trouble(); !reason.empty())
+            throw RecordingRefusal(driver->name() + ": " + reason);
+}
+
 void FrameRecording::lock(int badge)
 {
     noteFailures(std::vector<RecordingFailure>());
     Page& page = page_.document().page();
+    timesOpened_ = timesOpened(files_.session().drivers());
     readOnly_.emplace([this](bool on) { setReadOnly ? setReadOnly(on) : void(); }, page.readOnly);
     page.lblReadOnly.setCaption(fromQt(parts_.text(badge)));
 }
@@ -136,15 +149,19 @@ bool FrameRecording::unlock()
     const UserActions::Action action(actions_);
     page_.document().page().lblReadOnly.setCaption(parts_.component->text(pageText::readOnly));
     readOnly_.reset();
+    if (!action.isOver() && timesOpened(files_.session().drivers()) != timesOpened_)
+        ko::raise(devicesOpened);
     return !action.isOver();
 }
 
 /// `start` says when the recording begins.
 void FrameRecording::begin(const std::string& file, const RecordingPlan& start)
 {
+    parts_.refuseOwn(file);
     lock(recordText::badge);
     try {
-        RecordingPlan plan = planned(PlanFor::Recording);
+        RecordingPlan plan;
+        hostCall([&] { plan = planned(PlanFor::Recording); });
         plan.startMode = start.startMode;
         plan.startTime = start.startTime;
         const SetupSession& session = files_.session();
@@ -173,9 +190,12 @@ void FrameRecording::monitor()
     const UserActions::Action action(actions_);
     if (isActive() || !page_.okToLeave() || action.isOver())
         return;
+    ko::raise(openDevices);
+    if (action.isOver())
+        return;
     lock(textNumber::chart::monitoring);
     try {
-        monitor_ = std::make_unique<Monitor>(instruments());
+        hostCall([this] { monitor_ = std::make_unique<Monitor>(instruments()); });
     } catch (const std::exception& error) {
         if (unlock())
             refuse(error.what());
@@ -214,6 +234,11 @@ bool FrameRecording::mayLeave()
         box.wait();
     }
     return !action.isOver() && !isActive();
+}
+
+void FrameRecording::refuseOwn(const std::string& file) const
+{
+    refuseSame(file, task_ ? task_->file() : std::string(), "being recorded");
 }
 
 void FrameRecording::refuse(const std::string& reason)

@@ -78,11 +78,20 @@ public:
     /// Shows the opened recording, or nothing, in place of what is shown, unless that belongs to the open set-up.
     void showOpened();
 
+    /// Throws an `InputError` if the file is being recorded.
+    void refuseOwn(const std::string& file) const;
+
     /// What has failed during the recording in progress or the last one, one line each.
     [[nodiscard]] const std::vector<RecordingFailure>& failures() const { return failures_; }
 
     /// Switches the page to read-only mode and back; set by the window.
     std::function<void(bool)> setReadOnly;
+    /// Runs a call by which instruments may change, which is no edit of the user; set by the window.
+    std::function<void(const std::function<void()>& call)> hostCall;
+    /// Opens the devices that are closed, and makes the page show what they offer; set by the window.
+    std::function<void()> openDevices;
+    /// Makes the page show what devices offer that were opened to be armed; set by the window.
+    std::function<void()> devicesOpened;
     /// Shows the dock; set by the window.
     std::function<void()> reveal;
     /// Called when `failures` has changed.
@@ -94,7 +103,10 @@ private:
     void begin(const std::string& file, const RecordingPlan& start);
     /// Makes the page read-only and shows the dock.
     void lock(int badge);
-    /// Makes the page as it was before. Returns false if the window has been destroyed by that.
+    /// Throws a `RecordingRefusal` if a device is missing.
+    void refuseMissing() const;
+    /// Makes the page as it was before, with what devices that were opened meanwhile offer. Returns false if the window
+    /// has been destroyed by that.
     bool unlock();
     void follow();
     void followMonitor();
@@ -119,6 +131,7 @@ private:
     std::optional<ReadOnlyPage> readOnly_;
     std::unique_ptr<RecordingTask> task_;
     std::unique_ptr<Monitor> monitor_;
+    int timesOpened_ = 0;    ///< the devices of all instruments, when the page was locked
     bool isCharted_ = false; ///< the chart shows the recording in progress
     std::vector<RecordingFailure> failures_;
     std::optional<OpenedRecording> read_; ///< read as a set-up, which may still be refused

@@ -87,7 +87,16 @@ ReplayFrame FrameWindow::replayFrame()
 void FrameWindow::joinFiles()
 {
     session().mayLeavePage = [this] { return page_.okToLeave(); };
-    session().checkFree = [this](const std::string& file) { capture_.refuseOwn(file); };
+    session().checkFree = [this](const std::string& file) {
+        memory_.refuseOwn(file);
+        capture_.refuseOwn(file);
+        recording_.refuseOwn(file);
+        autosave_.refuseOwn(file);
+    };
+    parts_->refuseOwn = [this](const std::string& file) {
+        session().refuseOwn(file);
+        session().checkFree(file);
+    };
     files_.showInstruments = [this] {
         capture_.setup(session().source());
         handOverAsIs();
@@ -139,6 +148,9 @@ void FrameWindow::joinRecording()
     recording_.setReadOnly = [this](bool on) {
         history_.hostCall([&] { docks_.health().rebuild([&] { page_.setReadOnly(on); }); });
     };
+    recording_.hostCall = [this](const std::function<void()>& call) { history_.hostCall(call); };
+    recording_.openDevices = [this] { docks_.openDevices(); };
+    recording_.devicesOpened = [this] { docks_.showPageAgain(); };
     recording_.reveal = [this] {
         if (recording_.view().isHidden())
             makeRoom(*this, recording_.view(), page().sizeHint());

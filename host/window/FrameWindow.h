@@ -119,7 +119,7 @@ private:
     StartScreen* start_ = new StartScreen(parts_->texts(), this);
     FrameAutosave autosave_{actions_, session(), memory_.folder()};
     FrameReplay replay_{replayFrame()};
-    FramePrinting printing_{*this, actions_, *parts_, page_, session(), capture_};
+    FramePrinting printing_{*this, actions_, *parts_, page_, session()};
 };
 
 } // namespace ko

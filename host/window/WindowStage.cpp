@@ -38,7 +38,7 @@ void WindowStage::showWhole()
     const DriverList& shown = frame_.page.document().page().drivers;
     if (!std::equal(shown.begin(), shown.end(), drivers().begin(), drivers().end()) ||
         !frame_.page.document().page().isShown)
-        frame_.history.hostCall([this] { frame_.docks.rebuildBy([this] { frame_.page.handOverAgain(drivers()); }); });
+        frame_.docks.showPageAgain();
 }
 
 Document* WindowStage::document()

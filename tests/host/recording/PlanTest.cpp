@@ -47,6 +47,8 @@ TEST(RecordingPlanTest, WhatCannotBeRecordedIsRefusedWithTheReason)
         {instrument("", R"(, "dynamicBytes": 2147483648)"), "text 1170"},
         {instrument("", R"(, "samplingMode": 2, "numberOfScans": 600000000)"), "text 1172"},
         {instrument(timebase), "the recording starts on trigger, but no instrument can send the start trigger"},
+        {instrument(timebase, R"(, "triggerLines": {"startMasterRank": 0, "startTriggerLine": 2})"),
+         "the recording starts on trigger, but no instrument can send the start trigger"},
         {instrument(timebase, lines), "d: the recording starts on trigger, but no channel is the trigger source"},
     };
     for (const auto& [drivers, reason] : cases)

@@ -149,6 +149,11 @@ TEST(RecordingTest, WhatDiffersFromThePlanIsSaid)
                 differing.push_back(line.substr(12, line.find("  ", 12) - 12));
         EXPECT_EQ(differing, c.differing) << comparison.text;
     }
+    HeldRecording lossy = heldIn(file);
+    lossy.instruments[0].lost = 1;
+    const Comparison lost = compare(armed(instrumentsOf(same)), lossy);
+    EXPECT_FALSE(lost.isKept);
+    EXPECT_NE(lost.text.find("lost samples"), std::string::npos) << lost.text;
     EXPECT_THROW(heldIn(folder.file("none.h5")), InputError);
     writeWhole(folder.file("text.h5"), "no recording");
     EXPECT_THROW(heldIn(folder.file("text.h5")), InputError);

@@ -197,6 +197,44 @@ constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"setup nowhere.json", "nowhere.json: cannot be opened"},
 };
 
+TEST(ScenarioTest, EachCommandTakesAsManyWordsAsItsDescriptionSays)
+{
+    constexpr int any = 9;
+    const struct {
+        int least, most;
+        const char* commands;
+    } cases[]{
+        {0, 0,
+         "end-cell drop-cell undo redo drivers-changed show hide ok-to-leave processed terminate document drivers "
+         "failing history leave"},
+        {0, 1, "setup hand-over print-mode clipboard"},
+        {0, 2, "site"},
+        {0, any, "state"},
+        {1, 1,
+         "open-cell instruments announce read-only can command clock quiet reads offers record focus type key click "
+         "double-click"},
+        {1, 2, "heal"},
+        {1, 7, "print"},
+        {1, any, "pick locale"},
+        {2, 2, "cell activate cursor expect-failing choose set-all"},
+        {2, 4, "fail text"},
+        {3, 3, "expect select"},
+        {4, 4, "work-area enable expect-cell"},
+    };
+    for (const auto& it : cases) {
+        std::istringstream names(it.commands);
+        for (std::string name; names >> name;)
+            for (int words = 0; words < any; ++words) {
+                std::string line = name;
+                for (int i = 0; i < words; ++i)
+                    line += " ?";
+                const std::string fault = play(line + "\n").fault;
+                EXPECT_EQ(fault.starts_with("1: too few words"), words < it.least) << line;
+                EXPECT_EQ(fault.starts_with("1: too many words"), words > it.most) << line;
+            }
+    }
+}
+
 TEST(ScenarioTest, AScriptStopsAtTheLineThatCannotBeUnderstood)
 {
     for (const auto& [line, what] : notUnderstood) {

@@ -105,6 +105,13 @@ TEST(TriggerScenarioTest, ACellThatDiffersOrDoesNotExistIsReported)
         EXPECT_FALSE(opened(std::string("expect-cell ") + wrong).fault.empty()) << wrong;
     for (const char* right : {"tblStartMap Digitizer \"Line 0\" drives", "tblStartMap #1 #0 listens"})
         EXPECT_TRUE(opened(std::string("expect-cell ") + right).expectationsMet) << right;
+    const auto has = [](const test::Played& run, const char* text) {
+        return run.only({"state"}).find(text) != std::string::npos;
+    };
+    EXPECT_TRUE(has(opened("state tabTrigger"), R"("items":["Start Trigger Line","Sync Trigger Line"],)"
+                                                R"("enabledItems":[true,true],"index":0})"))
+        << opened("state tabTrigger").only({"state"});
+    EXPECT_TRUE(has(opened("state tblStartMap"), R"("columns":["Line 0","Line 1",)"));
     const test::Played state = opened("state tblStartMap");
     EXPECT_NE(state.only({"state"}).find(R"("rows":[{"name":"Digitizer","cells":["drives","taken",)"),
               std::string::npos);

@@ -1,5 +1,6 @@
 #include "host/setup/SetupChanges.h"
 
+#include "host/setup/PlacedChanges.h"
 #include "host/setup/SetupTemplates.h"
 #include "host/support/InputError.h"
 
@@ -85,6 +86,101 @@ TEST(SetupChangesTest, AChangeDoesWhatItSaysOrNamesWhatExists)
         EXPECT_EQ(refusal, it.refusal);
         EXPECT_TRUE(refusal.empty() ? it.isDone(setup) : setup == bench) << it.change.argument;
     }
+}
+
+/// Instruments with their groups and channels: `A{g[c:1 d:2] h[]}`; `*` marks a trigger source, `-` one switched off.
+std::string shown(const ko::Setup& setup)
+{
+    std::string text;
+    for (const InstrumentSettings& instrument : setup.instruments) {
+        text += (text.empty() ? "" : " ") + instrument.name + "{";
+        for (const GroupSettings& group : instrument.groups) {
+            text += (text.back() == '{' ? "" : " ") + group.name + "[";
+            for (const ChannelSettings& channel : group.channels)
+                text += (text.back() == '[' ? "" : " ") + channel.name + ":" +
+                        channel.address.substr(channel.address.rfind(':') + 1) + (channel.triggerSource ? "*" : "") +
+                        (channel.isEnabled() ? "" : "-");
+            text += "]";
+        }
+        text += "}";
+    }
+    return text;
+}
+
+std::string shown(const SetupPlaces& places)
+{
+    std::string text;
+    for (const SetupPlace& place : places)
+        text += (text.empty() ? "" : " ") + std::to_string(place.instrument) + "," + std::to_string(place.group) + "," +
+                std::to_string(place.channel);
+    return text;
+}
+
+TEST(SetupChangesTest, WhatIsChosenInTheTreeIsChangedAtAllItsPlaces)
+{
+    const ko::Setup bench = parseSetup(R"({"drivers": [
+        {"name": "A", "failing": ["GroupName"], "groups": [
+            {"name": "g", "channels": [{"address": "0:1:1", "name": "c", "triggerSource": true},
+                                       {"address": "0:1:2", "name": "d", "enabled": 0}]},
+            {"name": "h", "channels": [{"address": "0:1:3", "name": "e", "canTrigger": false}]}]},
+        {"name": "B"}]})",
+                                       "");
+    const auto enable = [](bool on) {
+        return [on](ko::Setup& setup, const SetupPlaces& places) {
+            enableAt(setup, places, on);
+            return SetupPlaces();
+        };
+    };
+    const auto move = [](bool down) {
+        return [down](ko::Setup& setup, const SetupPlaces& places) { return moveAt(setup, places, down); };
+    };
+    const auto remove = [](ko::Setup& setup, const SetupPlaces& places) {
+        removeAt(setup, places);
+        return SetupPlaces();
+    };
+    const SetupPlace a{0}, b{1}, g{0, 0}, h{0, 1}, c{0, 0, 0}, d{0, 0, 1}, e{0, 1, 0};
+    const struct {
+        std::function<SetupPlaces(ko::Setup&, const SetupPlaces&)> change;
+        SetupPlaces at;
+        const char *setup, *places;
+    } cases[]{
+        {duplicateAt, {c}, "A{g[c:1* c 2:4 d:2-] h[e:3]} B{}", "0,0,1"},
+        {duplicateAt, {c, d, e}, "A{g[c:1* c 2:6 d:2- d 2:5-] h[e:3 e 2:4]} B{}", "0,0,1 0,0,3 0,1,1"},
+        {duplicateAt, {g}, "A{g[c:1* d:2-] g 2[c 2:4 d 2:5-] h[e:3]} B{}", "0,1,-1"},
+        {duplicateAt, {g, h}, "A{g[c:1* d:2-] g 2[c 2:5 d 2:6-] h[e:3] h 2[e 2:4]} B{}", "0,1,-1 0,3,-1"},
+        {duplicateAt, {c, h}, "A{g[c:1* c 2:5 d:2-] h[e:3] h 2[e 2:4]} B{}", "0,0,1 0,2,-1"},
+        {duplicateAt, {a, b}, "A{g[c:1* d:2-] h[e:3]} A 2{g[c:1 d:2-] h[e:3]} B{} B 2{}", "1,-1,-1 3,-1,-1"},
+        {remove, {c, h}, "A{g[d:2-]} B{}", ""},
+        {remove, {a, b}, "", ""},
+        {move(true), {c}, "A{g[d:2- c:1*] h[e:3]} B{}", "0,0,1"},
+        {move(false), {d}, "A{g[d:2- c:1*] h[e:3]} B{}", "0,0,0"},
+        {move(true), {g}, "A{h[e:3] g[c:1* d:2-]} B{}", "0,1,-1"},
+        {move(true), {a}, "B{} A{g[c:1* d:2-] h[e:3]}", "1,-1,-1"},
+        {move(false), {b}, "B{} A{g[c:1* d:2-] h[e:3]}", "0,-1,-1"},
+        {move(true), {c, d}, "A{g[c:1* d:2-] h[e:3]} B{}", "0,0,0 0,0,1"},
+        {move(true), {c, e}, "A{g[c:1* d:2-] h[e:3]} B{}", "0,0,0 0,1,0"},
+        {move(true), {g, b}, "A{g[c:1* d:2-] h[e:3]} B{}", "0,0,-1 1,-1,-1"},
+        {enable(true), {g}, "A{g[c:1* d:2] h[e:3]} B{}", ""},
+        {enable(false), {a}, "A{g[c:1*- d:2-] h[e:3-]} B{}", ""},
+        {enable(false), {c, e}, "A{g[c:1*- d:2-] h[e:3-]} B{}", ""},
+        {enable(false), {h}, "A{g[c:1* d:2-] h[e:3-]} B{}", ""},
+    };
+    for (const auto& it : cases) {
+        ko::Setup setup = bench;
+        EXPECT_EQ(shown(it.change(setup, it.at)), it.places) << it.setup;
+        EXPECT_EQ(shown(setup), it.setup);
+    }
+    ko::Setup setup = bench;
+    EXPECT_EQ(shown({addGroup(setup, 0, "g"), addChannel(setup, {0, 2}), addChannel(setup, g)}), "0,2,-1 0,2,0 0,0,2");
+    EXPECT_EQ(shown(setup), "A{g[c:1* d:2- d 2:5] h[e:3] g 2[e 2:4]} B{}");
+    chooseTrigger(setup, d);
+    EXPECT_EQ(shown(setup).substr(0, 14), "A{g[c:1 d:2*- ");
+    EXPECT_THROW(chooseTrigger(setup, e), InputError);
+    EXPECT_THROW(renameAt(setup, g, ""), InputError);
+    renameAt(setup, c, "");
+    EXPECT_EQ(setup.instruments[0].groups[0].channels[0].name, "");
+    EXPECT_EQ(duplicateAt(setup, {a}).size(), 1U);
+    EXPECT_TRUE(setup.instruments[1].failing.empty());
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextTable>
 #include <QXmlStreamReader>
@@ -90,6 +91,9 @@ TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
           "T|2:1|Yes|No|\u2013"})
         EXPECT_TRUE(rows.contains(row)) << row << "\n" << rows.join('\n').toStdString();
     EXPECT_FALSE(sheet.contains("a<b>"));
+    const QStringList lines = rows.filter(QRegularExpression("^Digitizer \"A\" & B\\|5\\|"));
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_FALSE(lines[0].contains("-1")) << "no line";
 }
 
 TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)

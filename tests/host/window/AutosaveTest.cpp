@@ -195,6 +195,13 @@ TEST_F(AutosaveTest, ACopyThatCannotBeWrittenIsReportedOnceAndTheNextOneIsWritte
     change(*window);
     change(*window);
     EXPECT_TRUE(waitForCopies(1));
+    const fs::path copy = copies().at(0);
+    QTest::qWait(50);
+    fs::remove(copy);
+    fs::create_directory(copy);
+    EXPECT_EQ(reports.topLevelItemCount(), 1);
+    change(*window);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reports.topLevelItemCount() == 2; })) << "again, after it has worked";
 }
 
 TEST_F(AutosaveTest, ADamagedCopyIsNamedAndKeptWhereverItEnds)
@@ -215,6 +222,55 @@ TEST_F(AutosaveTest, ADamagedCopyIsNamedAndKeptWhereverItEnds)
     user.told.clear();
     restart(Recovery::Restore);
     EXPECT_EQ(user.told, "");
+}
+
+TEST_F(AutosaveTest, NothingElseIsWrittenToAFileThatTheWindowItselfUses)
+{
+    write(bench, R"({"drivers": [{"name": "A", "timebase": {"duration": 1000},
+        "groups": [{"name": "g", "channels": [{"address": "1:1"}]}]}]})");
+    const auto window = start(bench);
+    change(*window);
+    ASSERT_TRUE(waitForCopies(1));
+    const std::string memory = (folder / "memory" / "window.json").string();
+    user.pastStart = PastStart::Now;
+    for (const std::string& file : {memory, bench}) {
+        user.record = file;
+        user.told.clear();
+        window->recording().record();
+        EXPECT_TRUE(user.told.starts_with(file + ": is ")) << user.told;
+    }
+    const std::string scenario = (folder / "run.scenario").string();
+    window->capture().startFromHere(scenario);
+    user.record = (folder / "run.h5").string();
+    window->recording().record();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(user.record); }));
+
+    const std::pair<std::string, const char*> used[]{{memory, "where the window keeps its state"},
+                                                     {copies().at(0).string(), "the copy of the unsaved changes"},
+                                                     {scenario, "the scenario that is captured"},
+                                                     {user.record, "being recorded"},
+                                                     {bench, "the set-up that is open"}};
+    for (const auto& [file, use] : used) {
+        const std::string reason = file + ": is " + use;
+        QString told;
+        const Soon accept([&] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            told = box->informativeText();
+            box->accept();
+        });
+        user.sheet = user.saveAs = file;
+        window->printing().exportSheet(window->files().questions());
+        EXPECT_EQ(fromQt(told), reason);
+        EXPECT_THROW(window->services().printers.savePdf(toQt(file), "pdf"), InputError);
+        EXPECT_THROW(window->capture().startFromHere(file), InputError);
+        if (file == bench)
+            continue;
+        window->files().saveAs();
+        EXPECT_EQ(user.told, reason);
+        EXPECT_EQ(window->session().file(), bench);
+        EXPECT_TRUE(window->session().isChanged());
+    }
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "host/chart/ChartPanel.h"
+#include "host/chart/ChartRow.h"
 #include "host/window/FrameParts.h"
 
 #include <QAccessible>
@@ -6,6 +7,9 @@
 #include <QMainWindow>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
@@ -115,6 +119,55 @@ TEST(ChartTimeTest, WhateverIsZoomedAndScrolledTheViewIsWithinTheTimeAndItsMiddl
     }
 }
 
+TEST(ChartRowTest, ACurveCoversTheViewHoweverItIsZoomed)
+{
+    const Sines source(1, 1e-3, 60000);
+    constexpr int columns = 300;
+    for (const double perColumn : {1e-6, 1e-4, 0.9e-3, 1e-3, 0.1})
+        for (const double from : {0.0, 0.0005, 3.3337}) {
+            const ChartCurve curve = curveOf(source, 0, {0.5, 60000, 0, 0.0F}, {from, perColumn}, columns);
+            EXPECT_LE(curve.timeOf(0), from + 1e-9) << perColumn;
+            EXPECT_GE(curve.timeOf(curve.extents.size()) + 1e-9, from + columns * perColumn) << perColumn;
+            EXPECT_LE(curve.extents.size(), columns + 4U) << perColumn;
+            EXPECT_GE(curve.step + 1e-12, 1e-3) << "no finer than the samples";
+            EXPECT_DOUBLE_EQ(curve.end, 60.5);
+        }
+}
+
+TEST(ChartRowTest, SamplesAreJoinedLostOnesHatchedAndLimitsMarked)
+{
+    const ChartPlot plot{.rect = {100, 10, 200, 100}, .view = {1, 0.5}, .scale = {0, 10}, .column = 10};
+    ChartCurve curve;
+    curve.extents = {{0, 10}, {2, 4}, {}, {}, {5, 5}, {12, 20}, {}};
+    curve.first = 1;
+    curve.start = 1;
+    curve.end = 7.25;
+    const auto text = [](const auto& shapes, const auto& numbers) {
+        std::string all;
+        for (const auto& shape : shapes) {
+            for (const double number : numbers(shape))
+                all += std::to_string(std::lround(number)) + " ";
+            all += "| ";
+        }
+        return all;
+    };
+    const auto ends = [](const QLineF& it) { return std::array{it.x1(), it.y1(), it.x2(), it.y2()}; };
+    EXPECT_EQ(text(plot.lines(curve), ends), "100 110 100 10 | 120 90 120 70 | 100 90 120 90 | 180 60 180 60 | "
+                                             "200 10 200 10 | 180 60 200 10 | ");
+    EXPECT_EQ(text(plot.gaps(curve),
+                   [](const QRectF& it) {
+                       return std::array{it.left(), it.top(), it.right(), it.bottom()};
+                   }),
+              "140 10 180 110 | 220 10 225 110 | ");
+    ArmedChannel channel;
+    EXPECT_TRUE(plot.clippedMarks(curve, channel).isEmpty()) << "without a range";
+    channel.range = {2, 10};
+    EXPECT_EQ(text(plot.clippedMarks(curve, channel), ends),
+              "100 4 100 8 | 100 112 100 116 | 120 112 120 116 | 200 4 200 8 | ");
+    const Extent all = finiteExtent(curve);
+    EXPECT_EQ(std::pair(all.low, all.high), std::pair(0.0F, 20.0F));
+}
+
 TEST(ChartTextsTest, TimesHaveTheDecimalsOfTheirStep)
 {
     Locale locale;
@@ -175,6 +228,8 @@ TEST_F(ChartTest, EachChannelIsDrawnWithItsGapsMarksAndWords)
     };
     const QImage plain = shown();
     const ChartLayout layout(*chart.viewport(), 3);
+    const double numbers = QFontMetricsF(chart.font()).horizontalAdvance("-0.5000");
+    EXPECT_GT(layout.plots().left() - layout.gutter, numbers) << "the numbers of the axis fit";
     const auto at = [&](double seconds) {
         const double place = layout.plots().left() + layout.plots().width() * seconds / 10.0;
         return static_cast<int>(place * chart.devicePixelRatioF());
@@ -224,7 +279,9 @@ TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
     auto& text = *panel->findChild<QLineEdit*>("markerText");
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    chart.setFocus();
+    text.setFocus();
+    QTest::mouseClick(chart.viewport(), Qt::LeftButton);
+    EXPECT_TRUE(chart.hasFocus());
     QTest::keyClick(&chart, Qt::Key_M);
     EXPECT_TRUE(marks.empty()) << "nothing is being recorded";
     panel->setMarking(true);
@@ -246,6 +303,56 @@ TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
     EXPECT_EQ(chart.horizontalScrollBar()->value(), chart.horizontalScrollBar()->maximum());
     QTest::keyClick(&chart, Qt::Key_Home);
     EXPECT_EQ(chart.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(ChartTest, KeysAndTheWheelZoomAndEachRowSaysWhatItShows)
+{
+    const auto source = std::make_shared<Sines>(3, 1e-3, 60000);
+    source->described[2].channel.range = {};
+    source->described[2].channel.unit = "";
+    source->now.channels[2].latest = NAN;
+    chart.show(source, false);
+    QApplication::processEvents();
+    // How often the view is shorter than the whole.
+    const auto zoomed = [&] {
+        const QScrollBar& bar = *chart.horizontalScrollBar();
+        return bar.maximum() > 0 ? bar.maximum() / bar.pageStep() + 1 : 0;
+    };
+    const auto turn = [&](int angle, Qt::KeyboardModifiers held) {
+        const QPointF at(300, 100);
+        QWheelEvent event(at, chart.viewport()->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, held, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(chart.viewport(), &event);
+        QApplication::processEvents();
+        return zoomed();
+    };
+    const int whole = zoomed();
+    EXPECT_EQ(turn(120, Qt::NoModifier), whole);
+    EXPECT_EQ(turn(0, Qt::ControlModifier), whole);
+    const int once = turn(120, Qt::ControlModifier);
+    EXPECT_GT(once, whole);
+    EXPECT_GT(turn(120, Qt::ControlModifier), once);
+    EXPECT_EQ(turn(-120, Qt::ControlModifier), once);
+    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Equal}) {
+        const int before = zoomed();
+        QTest::keyClick(&chart, key);
+        EXPECT_GT(zoomed(), before) << key;
+    }
+    const int before = zoomed();
+    QTest::keyClick(&chart, Qt::Key_Minus);
+    EXPECT_LT(zoomed(), before);
+    QTest::keyClick(&chart, Qt::Key_Home);
+
+    const ChartLayout layout(*chart.viewport(), 3);
+    const auto tip = [&](double row) {
+        const QPoint place(200, static_cast<int>(layout.rows().top() + row * layout.rowHeight));
+        QHelpEvent event(QEvent::ToolTip, place, chart.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(chart.viewport(), &event);
+        return QToolTip::text().toStdString();
+    };
+    EXPECT_EQ(tip(0.5), "Signal 0\nDigitizer\n1:0\n0.25 V\nRange: -0.5 to 2 V");
+    EXPECT_EQ(tip(1.5), "Signal 1\nDigitizer\n1:1\n0.25 V\nRange: -0.5 to 2 V\n7 clipped");
+    EXPECT_EQ(tip(2.5), "Signal 2\nDigitizer\n1:2\n\u2013\n14 clipped");
 }
 
 } // namespace

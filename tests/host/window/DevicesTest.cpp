@@ -2,6 +2,7 @@
 #include "host/docks/FailureStrip.h"
 #include "host/docks/InstrumentGallery.h"
 #include "host/docks/InstrumentsView.h"
+#include "host/instruments/SimulatedAcquisition.h"
 #include "host/properties/PropertiesDialog.h"
 #include "host/setup/SetupFile.h"
 
@@ -18,6 +19,7 @@ class Bench final : public DeviceSource {
 public:
     bool isThere = true;
     int open_ = 0;
+    std::vector<double> periods{0.001, 0.002, 0.005};
 
     std::vector<KnownDevice> find() override
     {
@@ -33,7 +35,7 @@ public:
             throw Failure(failure::unspecified, "range: takes low or high, not " + range);
         InstrumentSettings held;
         held.options = {{"range", range}};
-        held.timebase.emplace().samplePeriod.choices = {0.001, 0.002, 0.005};
+        held.timebase.emplace().samplePeriod.choices = periods;
         auto& channels = held.groups.emplace_back(GroupSettings{"Inputs", {}}).channels;
         channels.resize(2);
         channels[0].address = "1:0";
@@ -46,9 +48,11 @@ private:
     public:
         Scope(InstrumentSettings settings, int& open) : KeptInstrument(std::move(settings)), open_(open) { ++open_; }
         ~Scope() override { --open_; }
+        Acquisition* acquisition() override { return &acquisition_; }
 
     private:
         int& open_;
+        SimulatedAcquisition acquisition_{held()};
     };
 };
 
@@ -59,10 +63,10 @@ protected:
     QWidget& strip = *window.findChild<QWidget*>("failures");
 
     void SetUp() override { window.session().devices = bench; }
-    void open(const char* members)
+    void open(const char* members, const char* others = "")
     {
         window.open(file("bench.json", (R"({"drivers": [{"name": "Mine", "module": "bench", "device": "scope")" +
-                                        std::string(members) + "}]}")
+                                        std::string(members) + "}" + others + "]}")
                                            .c_str()));
         show();
     }
@@ -99,6 +103,38 @@ TEST_F(DevicesTest, AMissingDeviceFailsKeepsItsSettingsAndComesBackOnTryAgain)
     EXPECT_EQ(page().cmbSamplePeriod.text(), "0.001");
     window.files().close();
     EXPECT_EQ(bench->open_, 0);
+}
+
+TEST_F(DevicesTest, ADeviceThatComesBackToBeRecordedIsNoEditAndIsShownAfterwards)
+{
+    const struct {
+        void (FrameRecording::*begin)();
+        const char* others;
+    } cases[]{{&FrameRecording::monitor, ""},
+              {&FrameRecording::record, ""},
+              {&FrameRecording::record, R"(, {"name": "Lost", "module": "bench", "device": "none", "timebase": {},
+                   "groups": [{"name": "g", "channels": [{"address": "1:1"}]}]})"}};
+    for (const auto& it : cases) {
+        bench->isThere = false;
+        open(R"(, "timebase": {"samplePeriod": {"value": 0.002}, "duration": 0.1},
+             "groups": [{"name": "g", "channels": [{"address": "1:1"}]}])",
+             it.others);
+        bench->isThere = true;
+        bench->periods.push_back(0.1);
+        user.record = fromQt(folder.filePath("out.h5"));
+        user.told.clear();
+        (window.recording().*it.begin)();
+        EXPECT_EQ(window.recording().isActive(), *it.others == '\0') << user.told;
+        window.recording().stop();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !window.recording().isActive(); }));
+        EXPECT_EQ(user.told.substr(0, 20), *it.others ? "Lost: bench none: is" : "");
+        EXPECT_EQ(page().cmbSamplePeriod.items().size(), bench->periods.size());
+        EXPECT_EQ(page().cmbSamplePeriod.text(), "0.002");
+        EXPECT_TRUE(window.history().history().steps().empty());
+        EXPECT_FALSE(page().readOnly);
+        for (const DriverFailure& failure : window.docks().health().failing())
+            EXPECT_EQ(failure.name, "Lost") << failingName(failure.operation) << failure.reason;
+    }
 }
 
 TEST_F(DevicesTest, TheGalleryAddsAFoundDeviceAsOneStepThatClosesItWhenUndone)

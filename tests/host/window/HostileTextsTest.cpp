@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -316,6 +317,47 @@ TEST_F(HostileTextsTest, HelpShowsTheFilesOfItsFolderAlone)
     }
     help.browser().setSource(QUrl("page.html#place"));
     EXPECT_EQ(help.browser().toPlainText(), "page");
+}
+
+TEST_F(HostileTextsTest, HelpTurnsItsPagesByLinksAndButtons)
+{
+    HelpWindow help([this](int number) { return window.text(number); }, QStringLiteral(KO_DEMO_FOLDER "/../help/en"),
+                    &window);
+    help.turnTo(contentsTopic);
+    help.show();
+    QTextBrowser& browser = help.browser();
+    const auto page = [&] {
+        EXPECT_EQ(help.windowTitle(), browser.documentTitle());
+        return browser.source().fileName();
+    };
+    const auto button = [&](int text) {
+        for (QPushButton* const it : help.findChildren<QPushButton*>())
+            if (it->text() == window.text(text))
+                return it;
+        throw std::out_of_range("no such button");
+    };
+    const auto states = [&] {
+        return std::pair(button(hostText::back)->isEnabled(), button(hostText::forward)->isEnabled());
+    };
+    EXPECT_EQ(page(), "index.html");
+    EXPECT_EQ(states(), std::pair(false, false));
+    QTest::keyClick(&browser, Qt::Key_Tab);
+    QTest::keyClick(&browser, Qt::Key_Return);
+    EXPECT_EQ(page(), "page.html");
+    EXPECT_EQ(states(), std::pair(true, false));
+    button(hostText::back)->click();
+    EXPECT_EQ(page(), "index.html");
+    EXPECT_EQ(states(), std::pair(false, true));
+    button(hostText::forward)->click();
+    EXPECT_EQ(page(), "page.html");
+    button(hostText::contents)->click();
+    EXPECT_EQ(page(), "index.html");
+    EXPECT_TRUE(button(hostText::closeHelp)->isDefault());
+    button(hostText::closeHelp)->click();
+    EXPECT_FALSE(help.isVisible());
+    HelpWindow none([this](int number) { return window.text(number); }, "/nowhere", &window);
+    none.turnTo(contentsTopic);
+    EXPECT_TRUE(none.browser().toPlainText().contains("/nowhere/index.html"));
 }
 
 } // namespace

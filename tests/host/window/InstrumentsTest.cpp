@@ -132,6 +132,25 @@ TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrument
     }
 }
 
+TEST_F(InstrumentsTest, WhenTheTreeIsFilledAnewItsRowsStayOpenChosenAndCurrent)
+{
+    const QStringList crank{"Digitizer", "Inputs", "Crank (0:1)"}, spare{"Digitizer", "Inputs", "0:2"};
+    tree.expand(row({"Digitizer"}));
+    tree.expand(row({"Digitizer", "Inputs"}));
+    tree.selectionModel()->select(row(crank), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    tree.selectionModel()->setCurrentIndex(row(spare), QItemSelectionModel::NoUpdate);
+    for (int times = 0; times < 2; ++times) {
+        window.docks().follow(window.session().drivers());
+        EXPECT_TRUE(tree.isExpanded(row({"Digitizer"})) && tree.isExpanded(row({"Digitizer", "Inputs"})));
+        EXPECT_FALSE(tree.isExpanded(row({"Digitizer", "Timebase"})) || tree.isExpanded(row({"Scanner"})));
+        EXPECT_EQ(tree.selectionModel()->selectedRows(), QModelIndexList{row(crank)});
+        EXPECT_EQ(tree.currentIndex(), row(spare));
+    }
+    tree.selectionModel()->clear();
+    window.docks().follow(window.session().drivers());
+    EXPECT_FALSE(tree.currentIndex().isValid());
+}
+
 TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
 {
     tree.setCurrentIndex(row({"Digitizer"}));

@@ -12,6 +12,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabBar>
+#include <QTableWidget>
 #include <QTextBrowser>
 #include <QTreeView>
 
@@ -191,6 +192,70 @@ TEST_F(PropertiesTest, ADoubleClickOnAValueOfAChannelLeadsToTheChannel)
     auto& dialog = *window.findChild<PropertiesDialog*>();
     EXPECT_EQ(dialog.findChild<QTabWidget*>()->currentIndex(), 2);
     EXPECT_EQ(box<QListWidget>(dialog, "channels").currentRow(), 1);
+}
+
+TEST_F(PropertiesTest, CellsOfTriggerParametersAreTypedOrChosenAndRowsAddedAndRemoved)
+{
+    PropertiesDialog* dialog = &open(0);
+    dialog->showChannel(channelPath(0, 1));
+    auto* table = &box<QTableWidget>(*dialog, "parameters");
+    const auto row = [&](int at) {
+        QStringList cells;
+        for (int column = 0; column < table->columnCount(); ++column)
+            cells << table->item(at, column)->text();
+        return cells.join('|').toStdString();
+    };
+    QStringList titles;
+    for (int column = 0; column < table->columnCount(); ++column)
+        titles << table->horizontalHeaderItem(column)->text();
+    EXPECT_EQ(titles.join('|').toStdString(), "ID|Name|Type|Value|Minimum|Maximum|Role|Choices");
+    ASSERT_EQ(table->rowCount(), 1);
+    EXPECT_EQ(row(0), "2|Level|Float|1.5||||");
+    // Returns what the cell's list offers, after entering the text.
+    const auto enter = [&](int at, int column, const char* text) {
+        table->setCurrentCell(at, column);
+        table->edit(table->currentIndex());
+        auto* const list = table->viewport()->findChild<QComboBox*>();
+        auto* const line = list ? list->lineEdit() : table->viewport()->findChild<QLineEdit*>();
+        QStringList offered;
+        for (int i = 0; list && i < list->count(); ++i)
+            offered << list->itemText(i);
+        EXPECT_EQ(line ? line->text() : "none", table->item(at, column)->text());
+        line->setText(text);
+        QTest::keyClick(list ? static_cast<QWidget*>(list) : line, Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return offered.join('|').toStdString();
+    };
+    EXPECT_EQ(enter(0, 1, "Edge"), "");
+    EXPECT_EQ(enter(0, 2, "Enum"), "Float|Integer|Bool|Enum|String|StringReadOnly");
+    EXPECT_EQ(enter(0, 6, "slope"), "|level|slope|pretrigger");
+    enter(0, 7, "Rising; Falling");
+    enter(0, 3, "Falling");
+    EXPECT_EQ(row(0), "2|Edge|Enum|Falling|||slope|Rising; Falling");
+    box<QPushButton>(*dialog, "addParameter").click();
+    ASSERT_EQ(table->rowCount(), 2);
+    EXPECT_EQ(table->currentRow(), 1);
+    table->setCurrentCell(-1, -1);
+    box<QPushButton>(*dialog, "removeParameter").click();
+    EXPECT_EQ(table->rowCount(), 2) << "none is chosen";
+    table->setCurrentCell(1, 0);
+    box<QPushButton>(*dialog, "removeParameter").click();
+    EXPECT_EQ(table->rowCount(), 1);
+    dialog->accept();
+    const auto parameters = driver(0).held().groups[0].channels[1].triggerParameters;
+    ASSERT_EQ(parameters.size(), 1U);
+    EXPECT_EQ(parameters[0].role, "slope");
+    EXPECT_EQ(parameters[0].value, Value("Falling"));
+
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    activate();
+    action(hostText::viewMenu, hostText::readOnly).trigger();
+    dialog = &open(0);
+    dialog->showChannel(channelPath(0, 1));
+    table = &box<QTableWidget>(*dialog, "parameters");
+    QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, table->visualItemRect(table->item(0, 1)).center());
+    EXPECT_EQ(table->viewport()->findChild<QLineEdit*>(), nullptr);
 }
 
 TEST_F(PropertiesTest, AReadOnlyPageShowsThePropertiesAndChangesNone)

@@ -164,7 +164,7 @@ TEST_F(RecordingWindowTest, ChartsTheChosenChannelsAndStoresMarkers)
     press(Qt::Key_M);
     EXPECT_EQ(text.text(), "");
     press(Qt::Key_M);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return state().starts_with("Recording, 0.2"); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state().starts_with("Recording, ") && state() > "Recording, 0.2"; }));
     recording().stop();
     ASSERT_TRUE(ends());
     EXPECT_FALSE(text.isEnabled());

@@ -3,6 +3,7 @@
 #include "host/docks/InstrumentsView.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
+#include "host/support/HostTexts.h"
 #include "host/window/FrameWindow.h"
 #include "widgets/support/ShownText.h"
 

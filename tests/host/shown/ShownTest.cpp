@@ -1,0 +1,515 @@
+#include "host/docks/CallText.h"
+#include "host/docks/FaultDialog.h"
+#include "host/docks/InstrumentGallery.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/properties/PropertiesDialog.h"
+#include "host/recording_view/RecordDialog.h"
+#include "host/setup/SetupFile.h"
+#include "host/setup/SetupTemplates.h"
+#include "host/setup/SetupWriter.h"
+#include "host/toolkit/HelpWindow.h"
+#include "host/window/FrameTest.h"
+#include "host/window/ReplayReport.h"
+
+#include <QAbstractItemModel>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QTreeView>
+#include <sstream>
+
+namespace ko::test {
+namespace {
+
+/// The entries of a menu, one line each: text, keys, and whether it is checkable, disabled or has a menu of its own.
+std::string entriesOf(QMenu& menu, const std::string& indent = "  ")
+{
+    emit menu.aboutToShow();
+    std::string lines;
+    for (const QAction* const entry : menu.actions()) {
+        lines += indent + (entry->isSeparator() ? "--" : fromQt(entry->text()));
+        for (const QKeySequence& key : entry->shortcuts())
+            lines += " [" + fromQt(key.toString(QKeySequence::PortableText)) + "]";
+        lines += entry->isCheckable() ? entry->isChecked() ? " on" : " off" : "";
+        lines += entry->isEnabled() ? "\n" : " disabled\n";
+        if (entry->menu())
+            lines += entriesOf(*entry->menu(), indent + "  ");
+    }
+    emit menu.aboutToHide();
+    return lines;
+}
+
+/// The rows of a tree, one line each: name, value, check mark, "!" for a sign, "~" for a name that can be edited.
+std::string rowsOf(const QAbstractItemModel& rows, const QModelIndex& parent = {}, const std::string& indent = "  ")
+{
+    std::string lines;
+    for (int i = 0; i < rows.rowCount(parent); ++i) {
+        const QModelIndex name = rows.index(i, 0, parent);
+        const QModelIndex value = name.siblingAtColumn(1);
+        EXPECT_EQ(rows.parent(name), parent);
+        EXPECT_EQ(rows.hasChildren(name), rows.rowCount(name) > 0);
+        EXPECT_EQ(rows.rowCount(value), 0);
+        for (const QModelIndex& cell : {name, value})
+            EXPECT_EQ(cell.data(Qt::ToolTipRole).toString().isEmpty(), cell.data().toString().isEmpty());
+        const QVariant check = name.data(Qt::CheckStateRole);
+        EXPECT_EQ(name.flags().testFlag(Qt::ItemIsUserCheckable), check.isValid());
+        EXPECT_FALSE(value.flags().testFlag(Qt::ItemIsEditable) || value.data(Qt::CheckStateRole).isValid());
+        lines += indent + fromQt(name.data().toString()) + " = " + fromQt(value.data().toString());
+        lines += check.isValid() ? check.toInt() == Qt::Checked ? " [x]" : " [ ]" : "";
+        lines += name.flags().testFlag(Qt::ItemIsEditable) ? " ~" : "";
+        lines += value.data(Qt::DecorationRole).isValid() ? " !\n" : "\n";
+        lines += rowsOf(rows, name, indent + "  ");
+    }
+    return lines;
+}
+
+class ShownTest : public FrameTest {
+protected:
+    std::string menus()
+    {
+        std::string lines = "\n";
+        for (QAction* const bar : window.menuBar()->actions())
+            lines += fromQt(bar->text()) + "\n" + entriesOf(*bar->menu());
+        return lines;
+    }
+};
+
+TEST_F(ShownTest, TheMenusHaveTheirEntriesKeysAndStatesInOrder)
+{
+    EXPECT_EQ(menus(), R"(
+&File
+  &New
+    &Empty [Ctrl+N]
+    &Vibration
+    Engine &Bench
+    &Temperature Logging
+    &Mixed
+  &Open Set-up... [Ctrl+O]
+  Open &Recent
+    No files yet disabled
+  --
+  C&lose [Ctrl+F4] disabled
+  &Save [Ctrl+S] disabled
+  Save &As... [Ctrl+Shift+S] disabled
+  Revert to Save&d disabled
+  --
+  &Print... [Ctrl+P] disabled
+  Print Pre&view... disabled
+  Print Set-up Sh&eet... disabled
+  Preview Set-up Shee&t... disabled
+  E&xport Set-up Sheet... disabled
+  --
+  &Record... [F9]
+  &Monitor Signals
+  S&top [Shift+F9] disabled
+  --
+  Capture Scenar&io... off
+  R&un Scenario...
+  --
+  &Quit
+&Edit
+  &Undo [Ctrl+Z] disabled
+  &Redo [Ctrl+Shift+Z] [Ctrl+Y] disabled
+  --
+  Cu&t [Ctrl+X] [Shift+Del] disabled
+  &Copy [Ctrl+C] [Ctrl+Ins] disabled
+  &Paste [Ctrl+V] [Shift+Ins] disabled
+  &Delete [Del] disabled
+&View
+  &Read-Only off
+  --
+  &Instruments off
+  Driver &Log off
+  Re&ports off
+  Histor&y off
+  Re&cording off
+  Recording off
+&Timebase
+  &Trigger Lines... disabled
+&Help
+  &Help on This Page	F1
+  &Contents
+  &About Korvell
+)");
+    window.open(file("a & b.json", R"({"drivers": [{"name": "A", "timebase": {}}]})"));
+    QMenu& files = *window.menuBar()->actions().constFirst()->menu();
+    const std::string open = entriesOf(files);
+    EXPECT_EQ(open.find("Sheet... disabled"), std::string::npos);
+    EXPECT_NE(open.find("    &1  a && b.json (" + fromQt(folder.path()) + ")\n    --\n    &Clear the List\n"),
+              std::string::npos)
+        << open;
+    for (const char* const entry : {"C&lose [Ctrl+F4]\n", "&Save [Ctrl+S]\n", "Save &As... [Ctrl+Shift+S]\n",
+                                    "Revert to Save&d\n", "&Print... [Ctrl+P]\n", "E&xport Set-up Sheet...\n"})
+        EXPECT_NE(open.find(entry), std::string::npos) << entry;
+}
+
+TEST_F(ShownTest, TheTreeOfTheInstrumentsShowsAllThatIsSetInOrder)
+{
+    const Locale locale;
+    InstrumentsModel model([this](int number) { return window.text(number); }, locale, nullptr);
+    model.show(makeDrivers(parseSetup(R"({"drivers": [
+        {"name": "Digitizer", "failing": ["GroupName"], "hasTriggerParameters": true,
+         "triggerLines": {"startMasterRank": 1, "startTriggerLine": 2, "startTriggerInput": 3, "scanMasterRank": 4,
+                          "scanTriggerLine": 5, "scanTriggerInput": 6},
+         "timebase": {"samplePeriod": {"value": 0.5}, "blockSize": {"value": 64}, "scanPeriod": {"value": 2},
+                      "startMode": 1, "startTime": 46347.5, "stopMode": 1, "duration": 25.6},
+         "groups": [{"name": "None", "channels": []},
+                    {"name": "Inputs", "channels": [{"address": "0:1", "name": "Crank", "triggerSource": true,
+            "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1.5},
+                {"id": 3, "name": "Armed", "type": "Bool", "value": true},
+                {"id": 4, "name": "Count", "type": "Long", "value": 7},
+                {"id": 5, "name": "Edge", "type": "Enum", "value": "Rising", "choices": ["Rising"]}]},
+            {"address": "0:2", "enabled": 0}]}]},
+        {"name": "Odd", "timebase": {"startMode": 7, "stopMode": -1, "startTime": 1e9}},
+        {"name": "Bare"}]})",
+                                      "bench.json")));
+    EXPECT_EQ("\n" + rowsOf(model), R"(
+  Digitizer = Simulated faults: GroupName ~ !
+    Timebase = 
+      Sample period = 0.5 s
+      Block size = 64
+      Scan period = 2 s
+      Start = At time
+      Start time = 11/21/2026 12:00:00 PM
+      Stop = At time
+      Duration = 25.6 s
+    None =  ~
+    Inputs =  ~
+      Crank (0:1) = Trigger source [x] ~
+        Level = 1.5
+        Armed = Yes
+        Count = 7
+        Edge = Rising
+      0:2 =  [ ] ~
+    Trigger lines = 
+      Rank as start master = 1
+      Start trigger line = 2
+      Start trigger input = 3
+      Rank as sync master = 4
+      Sync trigger line = 5
+      Sync trigger input = 6
+  Odd =  ~
+    Timebase = 
+      Sample period = 0.001 s
+      Block size = 1024
+      Scan period = 0.1 s
+      Start = 7
+      Start time = 1000000000
+      Stop = -1
+      Duration = 10 s
+  Bare =  ~
+)");
+}
+
+/// A list of a dock: its columns, what the keyboard and the mouse do in it, and its actions with keys, tips and states.
+std::string listOf(const QTreeView& list)
+{
+    std::string lines = fromQt(list.accessibleName()) + ":";
+    for (int i = 0; i < list.model()->columnCount(); ++i)
+        lines += " " + fromQt(list.model()->headerData(i, Qt::Horizontal).toString());
+    lines += list.rootIsDecorated() ? ", a tree\n" : "\n";
+    EXPECT_TRUE(list.uniformRowHeights() && list.allColumnsShowFocus());
+    EXPECT_FALSE(list.tabKeyNavigation());
+    EXPECT_EQ(list.selectionMode(), QAbstractItemView::ExtendedSelection);
+    for (const QAction* const action : list.actions()) {
+        lines += "  " + (action->isSeparator() ? "--" : fromQt(action->text()));
+        for (const QKeySequence& key : action->shortcuts())
+            lines += " [" + fromQt(key.toString(QKeySequence::PortableText)) + "]";
+        lines += action->isEnabled() ? "\n" : " disabled\n";
+    }
+    return lines;
+}
+
+TEST_F(ShownTest, TheListsOfTheDocksHaveTheirColumnsActionsAndKeys)
+{
+    std::string lines = "\n";
+    for (const char* const dock : {"instruments", "driverLog", "reports"})
+        lines += listOf(*window.findChild<QDockWidget*>(dock)->findChild<QTreeView*>());
+    EXPECT_EQ(lines, R"(
+Instruments: Instrument Value, a tree
+  Properties... [Alt+Return] [Alt+Enter] disabled
+  Add Instrument... [Ins]
+  Duplicate [Ctrl+D] disabled
+  Rename [F2] disabled
+  Remove [Del] disabled
+  Move Up [Alt+Up] disabled
+  Move Down [Alt+Down] disabled
+  --
+  Add Group [Ctrl+G] disabled
+  Add Channel [Shift+Ins] disabled
+  Enable Channels disabled
+  Disable Channels disabled
+  Use as Trigger Source [Ctrl+T] disabled
+  --
+  Simulate Faults... [Ctrl+F] disabled
+  Reload Page [F5]
+Driver Log: Time Instrument Operation Arguments Value Result
+  Copy
+  Clear
+Reports: Time Instrument Failure Reported by
+  Copy
+  Clear
+)");
+    window.open(file("bench.json", R"({"drivers": [{"name": "A", "groups": [{"name": "G",
+        "channels": [{"address": "0:1"}]}]}]})"));
+    auto& tree = *window.instruments().findChild<QTreeView*>();
+    window.instruments().select(0);
+    const std::string ofInstrument = listOf(tree);
+    EXPECT_EQ(ofInstrument.find("disabled"), ofInstrument.find("Source [Ctrl+T] disabled") + 16)
+        << "and nothing before";
+    tree.setCurrentIndex(window.instruments().model().indexOf({0, 0, 0}));
+    EXPECT_EQ(listOf(tree).find("disabled"), std::string::npos);
+}
+
+TEST_F(ShownTest, TheStartScreenAndTheGalleryOfferTheirEntriesInOrder)
+{
+    show();
+    window.files().recent().add("/x/one & two.json");
+    window.files().recent().add("/y/three.json");
+    QCoreApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    std::string lines = "\n";
+    for (const QWidget* at = &window.start(); (at = at->nextInFocusChain()) != &window.start();)
+        if (const auto* const entry = qobject_cast<const QAbstractButton*>(at);
+            entry && window.start().isAncestorOf(at))
+            lines += fromQt(entry->accessibleName() + u'|' + entry->accessibleDescription() + u'|' + entry->toolTip()) +
+                     "\n";
+    InstrumentGallery gallery([this](int number) { return window.text(number); }, instrumentKinds(), nullptr, &window);
+    const auto& list = *gallery.findChild<QListWidget*>();
+    for (int i = 0; i < list.count(); ++i)
+        lines += fromQt(list.item(i)->text()) + (i == list.currentRow() ? " *\n" : "\n");
+    EXPECT_EQ(lines, R"(
+Empty|Without instruments|
+Vibration|Two signal analyzers|
+Temperature Logging|Thermocouple scanner and data logger|
+Mixed|Digitizer, counter and thermocouple scanner|
+Demo: Engine Bench|Digitizer, signal analyzer and three slower instruments|
+Open Set-up...|From a set-up file|
+three.json|/y|/y/three.json
+one & two.json|/x|/x/one & two.json
+Digitizer
+Samples fast voltages in blocks, and can trigger on a level *
+Signal Analyzer
+Samples vibration and sound in blocks, and can trigger on a level
+Counter
+Samples speed and torque in blocks
+Thermocouple Scanner
+Scans temperatures at regular times, and can lead the scans of others
+Data Logger
+Scans slow process values at regular times
+)");
+}
+
+/// The boxes of a dialog in the order of the Tab key: name, text, hint and state, below the tab that they are on.
+std::string boxesOf(const QDialog& dialog)
+{
+    std::string lines = fromQt(dialog.windowTitle()) + "\n";
+    const QWidget* tab = nullptr;
+    for (const QWidget* at = dialog.nextInFocusChain(); at != &dialog; at = at->nextInFocusChain()) {
+        const auto* const tabs = dialog.findChild<QTabWidget*>();
+        for (int i = 0; tabs && i < tabs->count(); ++i)
+            if (tabs->widget(i)->isAncestorOf(at) && std::exchange(tab, tabs->widget(i)) != tabs->widget(i))
+                lines += "= " + fromQt(tabs->tabText(i)) + "\n";
+        const auto* const box = qobject_cast<const QLineEdit*>(at);
+        const auto* const list = qobject_cast<const QComboBox*>(at);
+        const auto* const check = qobject_cast<const QCheckBox*>(at);
+        const auto* const button = qobject_cast<const QPushButton*>(at);
+        if (box)
+            lines += fromQt(box->accessibleName() + ": " + box->text() + u'|' + box->placeholderText());
+        else if (list)
+            lines +=
+                fromQt(list->accessibleName() + ": " + list->currentText()) + " of " + std::to_string(list->count());
+        else if (check)
+            lines += fromQt(check->text()) + (check->isChecked() ? " [x]" : " [ ]");
+        else if (button)
+            lines += "(" + fromQt(button->text()) + ")";
+        else
+            continue;
+        lines += box && box->isReadOnly() ? " read-only" : "";
+        lines += at->isEnabled() ? "" : " disabled";
+        lines += at->isVisibleTo(tab ? tab : &dialog) ? "\n" : " hidden\n";
+    }
+    return lines;
+}
+
+TEST_F(ShownTest, ThePropertiesShowEveryMemberAndWhatCannotBeEdited)
+{
+    window.open(file("bench.json", R"({"drivers": [
+        {"name": "Dynamic", "hasTriggerParameters": true, "triggerLines": {"startMasterRank": 1, "startLinesAsMaster": [1, 2]},
+         "timebase": {"samplePeriod": {"value": 0.5, "choices": [0.25, 0.5], "range": [0.1, 2], "keeps": "clamp"}},
+         "groups": [{"name": "In", "channels": [{"address": "0:1", "name": "Crank", "unit": "V", "range": [-5, 5],
+             "signal": {"shape": "square", "frequency": 50, "amplitude": 2, "offset": 1, "phase": 0.5, "noise": 0.1, "seed": 3},
+             "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1.5}]}]}]},
+        {"name": "Static", "samplingMode": 2, "timebase": {"scanPeriod": {"value": 2}}},
+        {"name": "Device", "module": "none", "device": "d", "options": {"a": "1"}}]})"));
+    show();
+    const auto shown = [&](std::size_t instrument) {
+        window.instruments().select(instrument);
+        for (QAction* const entry : window.instruments().findChild<QTreeView*>()->actions())
+            if (entry->objectName() == "properties")
+                entry->trigger();
+        auto* const dialog = window.findChild<PropertiesDialog*>();
+        const std::string lines = dialog ? boxesOf(*dialog) : "no dialog";
+        delete dialog;
+        return lines;
+    };
+    const std::string dynamic = R"(Properties of Dynamic
+Name: Dynamic|
+Kind: Dynamic of 2
+= Sampling
+This instrument has a timebase [x]
+Entered as: Sample Rate (Sa/s) of 2
+Available values: 2; 4|any value; separate several by semicolons
+Range: 0.5; 10|minimum; maximum
+Value: 2|
+A requested value: is limited to the range of 5
+Available values: |any value; separate several by semicolons
+Range: |minimum; maximum
+Value: 1024|
+A requested value: follows the list, or else the range of 5
+Entered as: Scan Period (s) of 2 hidden
+Available values: |any value; separate several by semicolons hidden
+Range: |minimum; maximum hidden
+Value: 2| hidden
+A requested value: follows the list, or else the range of 5 hidden
+= Trigger lines
+This instrument has trigger lines [x]
+Rank as start master: 1|
+Start trigger line: -1|
+Start trigger input: -1|
+Rank as sync master: -1|
+Sync trigger line: -1|
+Sync trigger input: -1|
+Start lines as master: 1; 2|all lines; separate several by semicolons
+Start lines as listener: |all lines; separate several by semicolons
+Sync lines as master: |all lines; separate several by semicolons
+Sync lines as listener: |all lines; separate several by semicolons
+= Channels
+Signal: Square of 4
+Frequency (Hz): 50|
+Amplitude: 2|
+Offset: 1|
+Unit: V|
+Phase (rad): 0.5|
+Noise (RMS): 0.1|
+Seed of the noise: 3|
+Range: -5; 5|minimum; maximum
+Can be the trigger channel [x]
+This instrument has trigger parameters [x]
+(Add Parameter)
+(Remove Parameter)
+(OK)
+(Cancel)
+)";
+    EXPECT_EQ(shown(0), dynamic);
+    EXPECT_EQ(shown(2), "Properties of Device\nName: Device|\nDriver module: none| read-only\nDevice: d|\n"
+                        "= Options of the device\na: 1|\n(OK)\n(Cancel)\n");
+    const std::string other = shown(1);
+    std::istringstream ofDynamic(dynamic);
+    std::istringstream ofStatic(other);
+    int line = 0;
+    for (std::string one, two; std::getline(ofDynamic, one) && std::getline(ofStatic, two); ++line)
+        if (line > 4 && line < 19) {
+            EXPECT_NE(one.ends_with(" hidden"), two.ends_with(" hidden")) << one;
+        }
+    EXPECT_NE(other.find("Rank as start master: -1| disabled\n"), std::string::npos) << "without trigger lines";
+    EXPECT_NE(other.find("Frequency (Hz): | disabled\n"), std::string::npos) << "without channels";
+
+    action(hostText::viewMenu, hostText::readOnly).trigger();
+    std::istringstream locked(shown(0));
+    for (std::string one; std::getline(locked, one);) {
+        const bool isEdited = one.find('|') != std::string::npos;
+        const bool isHeading = one.starts_with("= ") || one.starts_with("Prop") || one == "(Close)";
+        EXPECT_EQ(one.find(" read-only") != std::string::npos, isEdited) << one;
+        EXPECT_EQ(one.find(" disabled") == std::string::npos, isEdited || isHeading || one.starts_with("Entered as"))
+            << one;
+    }
+}
+
+TEST_F(ShownTest, AValueOfACallReadsAsItsTypeInTheLocale)
+{
+    Locale german;
+    german.decimalSeparator = ",";
+    const std::pair<CallValue, const char*> cases[]{
+        {{}, ""},
+        {true, "Yes"},
+        {false, "No"},
+        {std::int32_t{-7}, "-7"},
+        {double{25.6F}, "25,6"},
+        {0.1, "0,1"},
+        {std::string("a\nb"), "a b"},
+        {DateTime{46347.5}, "11/21/2026 12:00:00 PM"},
+        {DateTime{1e12}, "1000000000000"},
+        {Range{0.5, 2}, "0,5 \u2013 2"},
+        {std::vector<double>{0.5, 2}, "0,5; 2"},
+        {std::vector<std::string>{"x", "y"}, "x; y"},
+        {LineList{1, 2}, "1; 2"},
+    };
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(fromQt(callText(
+                      value, [this](int number) { return window.text(number); }, german)),
+                  text);
+}
+
+bool isPlaced(const QLayout& layout, const QWidget* widget)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        QLayoutItem* const item = layout.itemAt(i);
+        if (item->widget() == widget || (item->layout() && isPlaced(*item->layout(), widget)))
+            return true;
+    }
+    return false;
+}
+
+/// A widget that is in no layout would lie over the others.
+void expectPlaced(QWidget& top)
+{
+    int looked = 0;
+    QList<QWidget*> all = top.findChildren<QWidget*>();
+    all << &top;
+    for (const QWidget* const parent : std::as_const(all)) {
+        const bool isToolkits = qobject_cast<const QDockWidget*>(parent) || qobject_cast<const QMainWindow*>(parent) ||
+                                qobject_cast<const QToolBar*>(parent) || qobject_cast<const QStatusBar*>(parent);
+        if (!parent->layout() || isToolkits)
+            continue;
+        for (const QWidget* const child : parent->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (!child->isWindow() && ++looked > 0) {
+                EXPECT_TRUE(isPlaced(*parent->layout(), child))
+                    << fromQt(top.windowTitle()) << ": " << child->metaObject()->className() << " "
+                    << fromQt(child->objectName());
+            }
+    }
+    EXPECT_GT(looked, 0);
+}
+
+TEST_F(ShownTest, EveryWidgetHasItsPlaceInALayout)
+{
+    window.open(file("bench.json", R"({"drivers": [{"name": "A", "hasTriggerParameters": true, "timebase": {},
+        "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
+    show();
+    const Texts texts = [this](int number) { return window.text(number); };
+    const Locale locale;
+    const InstrumentSettings settings = window.session().drivers().at(0)->settings();
+    PropertiesDialog properties(texts, locale, settings, false, &window);
+    FaultDialog faults(texts, *window.session().drivers().at(0), &window);
+    InstrumentGallery gallery(texts, instrumentKinds(), nullptr, &window);
+    RecordDialog record(&window, texts, locale, {"/x/a.h5", 1.0});
+    HelpWindow help(texts, "/nowhere", &window);
+    ReplayReport report(texts, {"a", {{}}, 1, false, "x"}, &window);
+    for (QWidget* const top :
+         std::initializer_list<QWidget*>{&properties, &faults, &gallery, &record, &help, &report, &window.start(),
+                                         &window.space(), window.findChild<QWidget*>("failures")})
+        expectPlaced(*top);
+    for (QDockWidget* const dock : window.findChildren<QDockWidget*>())
+        if (dock->widget()->layout())
+            expectPlaced(*dock->widget());
+}
+
+} // namespace
+} // namespace ko::test
