@@ -174,6 +174,17 @@ TEST_F(Controls, InputMovesTheFocusFirstAndIsReportedAsAScenarioCommand)
         EXPECT_TRUE(reported.back().front() == name || name == std::string("drop")) << name;
     }
     EXPECT_EQ(selector.userPicked({0}), Outcome::Inert) << "there is no line";
+    EXPECT_EQ(grid.userTypedInCell("text", 0, 0), Outcome::Inert) << "no cell is open";
+    box.setText("text");
+    EXPECT_EQ(box.userSelected(1, 2), Outcome::Done);
+    EXPECT_EQ(box.selText(), "ex");
+    frame.setVisible(false);
+    EXPECT_TRUE(before.isShown() && !box.isShown());
+    frame.setVisible(true);
+    EXPECT_TRUE(box.isShown());
+    box.setText("");
+    reported.clear();
+    EXPECT_EQ(selector.userPicked({}), Outcome::Done);
     EXPECT_EQ(reported.back(), (Words{"pick", "none"}));
     for (const Outcome outcome : {grid.userOpenedCell(1), grid.userOpenedCell(1), grid.userSelectedInCell(1, 2)})
         EXPECT_EQ(outcome, Outcome::Done);
@@ -289,7 +300,8 @@ TEST_F(Controls, AnUnchangedPropertyDoesNotNotifyTheView)
     setForReading(false);
     const std::function<void()> parts[] = {[&] { tabs.setTabCaption(0, "tab"); }, [&] { tabs.setTabEnabled(0, false); },
                                            [&] { grid.setColumnWidth(0, 7); },    [&] { grid.setValue(1, "other"); },
-                                           [&] { grid.setRowCount(1); },          [&] { grid.setColHeaderStyle({}); }};
+                                           [&] { grid.setRowCount(1); },          [&] { grid.setColHeaderStyle({}); },
+                                           [&] { selector.setCanTrigger(true); }, [&] { selector.setNotes({"note"}); }};
     for (const auto& set : parts) {
         drawn = 0;
         set();

@@ -122,6 +122,9 @@ TEST(DateTimes, additionCountsFractionsAndRefusesWhatLeavesTheCalendar)
 
 TEST(DateTimes, generalDateFollowsTheLocalesPictures)
 {
+    for (const auto& [year, shown] :
+         {std::pair(1929, "1.1.1929"), {1930, "1.1.30"}, {2029, "1.1.29"}, {2030, "1.1.2030"}})
+        EXPECT_EQ(generalDate(dateSerial(year, 1, 1), {.shortDateFormat = "d.M.yy"}), shown);
     struct Case {
         double days;
         const Locale& locale;
