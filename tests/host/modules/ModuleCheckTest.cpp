@@ -63,6 +63,14 @@ const Planted faults[]{
      [](Script& it) { it.keeps = [](double x) {
                           return x == 0.002 ? 0.007 : x == x ? x : 1.0;
                       }; }},
+    {"a: setSamplePeriod: keeps 0.007 for 0.01, which it offers",
+     [](Script& it) {
+         it.held = [](InstrumentSettings& held) {
+             held.timebase->samplePeriod.choices.clear();
+             held.timebase->samplePeriod.range = {0.001, 0.01};
+         };
+         it.keeps = [](double x) { return x == 0.01 ? 0.007 : x == x ? x : 1.0; };
+     }},
     {"a: arm: returns other settings than settingsToArm",
      [](Script& it) { it.arm = [](auto& armed) { armed.duration = 3; }; }},
     {"a: arm: returns a period of 0.25 s, and held() has 0.001",

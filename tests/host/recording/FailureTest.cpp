@@ -1,5 +1,6 @@
 #include "Recorded.h"
 
+#include "host/recording/BlockQueue.h"
 #include "host/recording/HeldRecording.h"
 #include "host/recording/RecordingTexts.h"
 #include "host/recording/UnfinishedFile.h"
@@ -159,6 +160,31 @@ TEST(RecordingFailureTest, InRealTimeBlocksWithoutRoomAreLostElseTheInstrumentWa
         EXPECT_EQ(lostOf(samples), end.instruments[0].lost);
         EXPECT_TRUE(isPaced || end.instruments[0].lost == 0);
     }
+}
+
+TEST(BlockQueueTest, HasRoomForItsBytesForOneBlockOfAnySizeAndForWordsAlways)
+{
+    BlockQueue queue(8);
+    const auto offered = [&](std::size_t samples) { queue.offer({0, Block{0, 1, std::vector<float>(samples)}}); };
+    const auto taken = [&] {
+        std::vector<std::size_t> sizes;
+        while (const auto delivery = queue.take({}))
+            sizes.push_back(delivery->what.index() == 1 ? std::get<Block>(delivery->what).samples.size() : 0);
+        return sizes;
+    };
+    using Sizes = std::vector<std::size_t>;
+    offered(5);
+    offered(1);
+    queue.offer({0, Delivery::Triggered{1}});
+    EXPECT_EQ(taken(), (Sizes{5, 0})) << "one that is too large, then none";
+    offered(1);
+    offered(1);
+    offered(1);
+    EXPECT_EQ(taken(), (Sizes{1, 1}));
+    queue.open();
+    offered(5);
+    offered(5);
+    EXPECT_EQ(taken(), (Sizes{5, 5}));
 }
 
 TEST(RecordingFailureTest, ADiskThatGetsFullEndsTheRecordingWithAWholeFile)
