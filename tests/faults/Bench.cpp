@@ -2,6 +2,7 @@
 
 #include "page/Drivers.h"
 
+#include <cstdlib>
 #include <sstream>
 
 namespace ko::test {
@@ -173,6 +174,17 @@ Texts stateOf(Bench& bench)
            << page.editFlags;
     lines.push_back(fields.str());
     return lines;
+}
+
+long sampledOneIn(long usual)
+{
+    if (std::getenv("KO_LONG_RUN"))
+        return 1;
+#ifdef __SANITIZE_ADDRESS__
+    return 3 * usual;
+#else
+    return usual;
+#endif
 }
 
 } // namespace ko::test
