@@ -222,6 +222,17 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     }
     dialog->accept();
     EXPECT_TRUE(dialog->isVisible()) << "without a name";
+    const std::string taken = file("taken.h5", "x");
+    name->setText(folder.filePath("taken"));
+    std::string question;
+    answered(
+        -1, [&] { dialog->accept(); }, question);
+    EXPECT_NE(question.find("taken.h5 already exists"), std::string::npos) << question;
+    EXPECT_NE(question.find("taken.h5~"), std::string::npos) << question;
+    EXPECT_TRUE(dialog->isVisible()) << "no file is replaced without a question";
+    name->setText(folder.filePath("other"));
+    dialog->accept();
+    EXPECT_FALSE(dialog->isVisible());
     dialog = make(1024);
     dialog->show();
     EXPECT_TRUE(shows("1024 bytes needed, ", false));
