@@ -167,6 +167,11 @@ TEST_F(GridView, KeysOpenTheCurrentCellOfAnyKind)
     EXPECT_TRUE(grid.hasFocus());
     key(Qt::Key_Down);
     EXPECT_EQ(grid.currentRow(), slope - 1);
+    select(level);
+    key(Qt::Key_8);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(value(level), "8");
+    EXPECT_NE(form.activeControl(), &form.grid);
 }
 
 TEST_F(GridView, TheMouseOpensValuesAndChoosesFromListsAndWhatIsRefusedIsShownAsBefore)

@@ -179,6 +179,9 @@ TEST_F(LayoutTest, MoreRoomGoesToTheTriggerParametersOrBelowTheFramesAndTheColum
         EXPECT_EQ(place(*frame).left(), place(page().frmDynamic).left());
     EXPECT_LT(place(page().frmStart).top() - place(page().frmStatic).bottom(), 60) << "no gap between the columns";
     EXPECT_LT(place(page().frmDynamic).top(), place(page().lblReadOnly).bottom() + 60);
+    show(QSize(480, 300));
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    EXPECT_TRUE(widget.rect().contains(at(page().txtDuration).mapTo(&widget, QPoint()))) << "scrolled to";
 }
 
 TEST_F(LayoutTest, ValuesAreRightAlignedAndButtonsAndFieldsHaveRoomForTheirContents)

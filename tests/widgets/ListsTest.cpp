@@ -246,6 +246,9 @@ TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasis)
     key(Qt::Key_F2);
     EXPECT_EQ(table.findChild<QLineEdit*>(), nullptr);
     EXPECT_EQ(table.currentItem(), &weak);
+    form.table.setContent({"One", "Two"},
+                          {{"First", {cellOf("a"), cellOf("b")}}, {"Second", {cellOf("d"), cellOf("e")}}});
+    EXPECT_EQ(table.currentItem(), table.item(1, 0)) << "the user's place";
     key(Qt::Key_Tab);
     EXPECT_EQ(form.activeControl(), &form.tabs);
 }

@@ -42,23 +42,6 @@ protected:
     QWidget& at(const Control& control) { return *widget.view().widget(control); }
 };
 
-TEST_F(PageWidgetTest, EveryControlHasAWidgetAndSaysWhatItIs)
-{
-    openAndShow();
-    for (const Control* control : page().controls()) {
-        const QWidget* shown = widget.view().widget(*control);
-        if (control->typeName() == "Menu")
-            continue;
-        ASSERT_NE(shown, nullptr) << control->name();
-        EXPECT_EQ(shown->isVisible(), control->isShown()) << control->name();
-        if (!control->takesFocus())
-            continue;
-        EXPECT_FALSE(shown->accessibleName().isEmpty()) << control->name();
-        EXPECT_EQ(shown->accessibleDescription().toStdString(), control->tag()) << control->name();
-        EXPECT_EQ(shown->statusTip().toStdString(), control->tag()) << control->name();
-    }
-}
-
 TEST_F(PageWidgetTest, AListAndItsBoxShareOnePlaceAndKeepTheLayoutWhenOneReplacesTheOther)
 {
     openAndShow();
@@ -83,21 +66,6 @@ TEST_F(PageWidgetTest, ShowingThePageFocusesTheOptionOfTheStartMode)
     EXPECT_TRUE(at(page().optImmediate).hasFocus());
 }
 
-TEST_F(PageWidgetTest, AnEntryIsTypedCheckedAndKeptByRealKeys)
-{
-    openAndShow();
-    QWidget& box = at(page().txtScanPeriod);
-    QTest::mouseClick(&box, Qt::LeftButton);
-    QTest::keyClicks(&box, "20");
-    QTest::keyClick(&box, Qt::Key_Tab);
-    EXPECT_EQ(host.takeMessages().size(), 1U);
-    EXPECT_TRUE(box.hasFocus());
-    QTest::keyClicks(&box, "0.5");
-    EXPECT_EQ(fakes[1]->scanPeriod, 0.5);
-    QTest::keyClick(&box, Qt::Key_Tab);
-    EXPECT_FALSE(box.hasFocus());
-}
-
 TEST_F(PageWidgetTest, WithoutInstrumentsOnlyThePictureIsShownAndAClickOnItExplains)
 {
     fakes.clear();
@@ -108,17 +76,6 @@ TEST_F(PageWidgetTest, WithoutInstrumentsOnlyThePictureIsShownAndAClickOnItExpla
     EXPECT_EQ(picture.property("picture").toInt(), NoInstrumentPicture::resource);
     QTest::mouseClick(&picture, Qt::LeftButton);
     EXPECT_EQ(host.takeMessages().size(), 1U);
-}
-
-TEST_F(PageWidgetTest, ANarrowWindowStacksTheFramesAndScrollsToTheFocus)
-{
-    openAndShow();
-    EXPECT_EQ(at(page().frmDynamic).mapTo(&widget, QPoint()).y(), at(page().frmStart).mapTo(&widget, QPoint()).y());
-    widget.resize(480, 300);
-    QApplication::processEvents();
-    EXPECT_GT(at(page().frmStart).mapTo(&widget, QPoint()).y(), at(page().frmStatic).mapTo(&widget, QPoint()).y());
-    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
-    EXPECT_TRUE(widget.rect().contains(at(page().txtDuration).mapTo(&widget, QPoint())));
 }
 
 /// Whether the element or one below it shows `widget`.

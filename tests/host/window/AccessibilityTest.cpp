@@ -1,3 +1,5 @@
+#include "host/docks/InstrumentsView.h"
+#include "host/properties/PropertiesDialog.h"
 #include "host/window/FrameWindow.h"
 #include "platform/DateControls.h"
 #include "widgets/bindings/EntryMark.h"
@@ -7,6 +9,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QDialog>
+#include <QDockWidget>
 #include <QFile>
 #include <QLabel>
 #include <QLayout>
@@ -121,6 +124,15 @@ protected:
             if (QAccessibleInterface* child = element.child(i))
                 checkParts(*child);
     }
+    /// Checks that every widget that takes the focus has a name.
+    static void checkNames(const QWidget& top)
+    {
+        for (QWidget* const widget : top.findChildren<QWidget*>())
+            if (widget->focusPolicy() != Qt::NoFocus && widget->isVisible() && !dynamic_cast<QTabBar*>(widget)) {
+                EXPECT_TRUE(isName(accessibleText(widget, QAccessible::Name)))
+                    << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+            }
+    }
     static void checkForm(const Form& form, QWidget& shown)
     {
         for (const Control* control : form.controls())
@@ -167,6 +179,23 @@ TEST_F(AccessibilityTest, EveryControlOfThePageAndOfTheDialogsSaysItsNameRoleVal
     ASSERT_EQ(menu->childCount(), 1);
     EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);
     EXPECT_EQ(menu->child(0)->text(QAccessible::Name), window.text(1127).remove(u'&'));
+}
+
+TEST_F(AccessibilityTest, EveryPartOfTheDocksAndOfThePropertiesHasAName)
+{
+    for (QDockWidget* const dock : window.findChildren<QDockWidget*>()) {
+        dock->show();
+        dock->raise();
+        checkNames(*dock);
+    }
+    window.instruments().select(0);
+    window.instruments().findChild<QAction*>("properties")->trigger();
+    auto& dialog = *window.findChild<PropertiesDialog*>();
+    auto& tabs = *dialog.findChild<QTabWidget*>();
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        checkNames(dialog);
+    }
 }
 
 /// Returns the texts with a mnemonic: menus, labels of fields, buttons.

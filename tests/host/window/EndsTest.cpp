@@ -67,6 +67,21 @@ struct Desk {
         return dynamic_cast<Widget&>(*window->page().view().widget(control));
     }
     void click(PressControl& control) const { QTest::mouseClick(&at(control), Qt::LeftButton); }
+    /// Shows the dock of the instruments with the first of them chosen, and returns its tree.
+    [[nodiscard]] QTreeView& tree() const
+    {
+        window->instruments().setVisible(true);
+        window->instruments().select(0);
+        return *window->instruments().findChild<QTreeView*>();
+    }
+    /// Starts a window anew that finds this copy of unsaved changes.
+    void offerCopy(const std::string& content)
+    {
+        file("a.unsaved", content.c_str());
+        window = std::make_unique<FrameWindow>("", fromQt(folder.filePath("window.json")));
+        window->show();
+        window->autosave().offer(window->files().questions());
+    }
     /// Leaves an invalid text in the box of the duration.
     QWidget& mistype() const
     {
@@ -211,18 +226,9 @@ const Opening openings[] = {
      }},
     {"Restore",
      [](Desk& desk) {
-         desk.file("a.unsaved", copyText({"a.json", {}, {}, {}}).c_str());
-         desk.window = std::make_unique<FrameWindow>("", fromQt(desk.folder.filePath("window.json")));
-         desk.window->show();
-         desk.window->autosave().offer(desk.window->files().questions());
+         desk.offerCopy(copyText({"a.json", {}, {}, {}}));
      }},
-    {"DamagedCopy",
-     [](Desk& desk) {
-         desk.file("a.unsaved", "?");
-         desk.window = std::make_unique<FrameWindow>("", fromQt(desk.folder.filePath("window.json")));
-         desk.window->show();
-         desk.window->autosave().offer(desk.window->files().questions());
-     }},
+    {"DamagedCopy", [](Desk& desk) { desk.offerCopy("?"); }},
     {"NotOpened", [](Desk& desk) { desk.window->files().open("/none.json"); }},
     {"NotLeft",
      [](Desk& desk) {
@@ -243,13 +249,8 @@ const Opening openings[] = {
      }},
     {"Ticked",
      [](Desk& desk) {
-         InstrumentsView& dock = desk.window->instruments();
-         dock.setVisible(true);
-         auto& tree = *dock.findChild<QTreeView*>();
-         tree.expandAll();
-         const auto found = Qt::MatchStartsWith | Qt::MatchRecursive;
-         tree.setCurrentIndex(
-             dock.model().match(dock.model().index(0, 0), Qt::DisplayRole, "Crank", 1, found).value(0));
+         QTreeView& tree = desk.tree();
+         tree.setCurrentIndex(desk.window->instruments().model().indexOf({0, 0, 0}));
          desk.mistype();
          QTest::keyClick(&tree, Qt::Key_Space);
      }},
@@ -258,46 +259,25 @@ const Opening openings[] = {
          desk.window->open(desk.file("none.json", R"({"drivers": []})"));
          QTest::mouseClick(desk.window->findChild<QToolButton*>("plus"), Qt::LeftButton);
      }},
-    {"Gallery",
-     [](Desk& desk) {
-         InstrumentsView& dock = desk.window->instruments();
-         dock.setVisible(true);
-         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Insert);
-     }},
+    {"Gallery", [](Desk& desk) { QTest::keyClick(&desk.tree(), Qt::Key_Insert); }},
     {"Removed",
      [](Desk& desk) {
-         InstrumentsView& dock = desk.window->instruments();
-         dock.setVisible(true);
-         dock.select(0);
+         QTreeView& tree = desk.tree();
          desk.mistype();
-         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Delete);
+         QTest::keyClick(&tree, Qt::Key_Delete);
      }},
     {"RemovedReadOnly",
      [](Desk& desk) {
-         InstrumentsView& dock = desk.window->instruments();
-         dock.setVisible(true);
-         dock.select(0);
+         QTreeView& tree = desk.tree();
          desk.window->document().mode().setReadOnly(true);
-         QTest::keyClick(dock.findChild<QTreeView*>(), Qt::Key_Delete);
+         QTest::keyClick(&tree, Qt::Key_Delete);
      }},
-    {"Faults",
-     [](Desk& desk) {
-         InstrumentsView& dock = desk.window->instruments();
-         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
-         dock.findChild<QAction*>("faults")->trigger();
-     }},
-    {"Properties",
-     [](Desk& desk) {
-         InstrumentsView& dock = desk.window->instruments();
-         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
-         dock.findChild<QAction*>("properties")->trigger();
-     }},
+    {"Faults", [](Desk& desk) { desk.tree().findChild<QAction*>("faults")->trigger(); }},
+    {"Properties", [](Desk& desk) { desk.tree().findChild<QAction*>("properties")->trigger(); }},
     {"PropertiesTaken",
      [](Desk& desk) {
-         InstrumentsView& dock = desk.window->instruments();
-         dock.findChild<QTreeView*>()->setCurrentIndex(dock.model().index(0, 0));
-         dock.findChild<QAction*>("properties")->trigger();
-         auto* const dialog = dock.findChild<QDialog*>();
+         desk.tree().findChild<QAction*>("properties")->trigger();
+         auto* const dialog = desk.window->instruments().findChild<QDialog*>();
          dialog->findChild<QLineEdit*>("name")->setText("Other");
          desk.mistype();
          QTest::keyClick(dialog, Qt::Key_Return);

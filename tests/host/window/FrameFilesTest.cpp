@@ -141,7 +141,7 @@ TEST_F(FrameFilesTest, AFileThatIsOpenIsNotWrittenAsSomethingElse)
     EXPECT_EQ(readFile(scenario).find(captured), 0U);
 }
 
-TEST_F(FrameFilesTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsTheFile)
+TEST_F(FrameFilesTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsTheFileAndThePage)
 {
     window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
         "timebase": {"scanPeriod": {"value": 1, "range": [0.5, 2]}}}]})"));
@@ -156,6 +156,12 @@ TEST_F(FrameFilesTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsThe
     QString told;
     answer(told);
     QTest::keyClick(&box, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(std::exchange(told, {}).trimmed(), window.text(1148));
+    answer(told);
+    window.files().open(toQt(bench));
+    EXPECT_NE(window.session().file(), bench);
+    answer(told);
+    EXPECT_FALSE(window.close());
     EXPECT_EQ(told.trimmed(), window.text(1148));
     EXPECT_EQ(loadSetup(window.session().file()).instruments.at(0).timebase->scanPeriod.value, 1.5);
 }
@@ -170,10 +176,11 @@ TEST_F(FrameFilesTest, AFileThatIsDroppedIsOpened)
     EXPECT_EQ(window.session().name(), "bench.json");
 }
 
-TEST_F(FrameFilesTest, AFileThatCannotBeExaminedIsRefusedByItsNameHoweverItIsOpened)
+TEST_F(FrameFilesTest, AFileThatCannotBeReadIsRefusedByItsNameHoweverItIsOpenedAndTheOldSetupStays)
 {
     window.open(bench);
     show();
+    const auto before = page().drivers.front();
     const std::string top = folder.path().toStdString() + "/";
     std::filesystem::create_symlink(top + "loop.json", top + "loop.json");
     std::filesystem::create_directory(top + "closed");
@@ -182,7 +189,8 @@ TEST_F(FrameFilesTest, AFileThatCannotBeExaminedIsRefusedByItsNameHoweverItIsOpe
     ASSERT_EQ(mkfifo((top + "pipe.json").c_str(), 0600), 0);
     for (const std::string& bad : {top + "loop.json", top + "closed/inner.json", top + std::string(300, 'n') + ".json",
                                    top + std::string(5000, '/') + "deep.json", top + "pipe.json", top + "closed",
-                                   std::string("/dev/zero"), top + "bench.json/below.json"}) {
+                                   std::string("/dev/zero"), top + "bench.json/below.json", top + "missing.json",
+                                   file("broken.json", "{"), file("key.json", R"({"drivers": [{"nme": 1}]})")}) {
         user.open = bad;
         for (const auto& open : {std::function([&] { drop({QUrl::fromLocalFile(toQt(bad))}); }),
                                  std::function([&] { action(hostText::fileMenu, hostText::openSetup).trigger(); })}) {
@@ -190,6 +198,7 @@ TEST_F(FrameFilesTest, AFileThatCannotBeExaminedIsRefusedByItsNameHoweverItIsOpe
             open();
             EXPECT_EQ(user.told.find(bad.substr(0, 200)), 0U) << bad << ": " << user.told;
             EXPECT_EQ(window.session().name(), "bench.json");
+            EXPECT_EQ(page().drivers.front(), before);
         }
     }
     std::filesystem::permissions(top + "closed", std::filesystem::perms::owner_all);

@@ -1,11 +1,9 @@
 #include "FrameTest.h"
 #include "host/docks/DriverLog.h"
 #include "host/docks/Reports.h"
-#include "host/support/InputError.h"
 #include "host/toolkit/HintLine.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -31,58 +29,21 @@ protected:
     }
 };
 
-TEST_F(FrameWindowTest, ASetupIsShownWithItsNameAndThePageMarksTheWindowAsChanged)
+TEST_F(FrameWindowTest, TheEditCommandsWorkByTheirKeysAndTheMenuShowsWhatThePageAllows)
 {
     window.open(demo);
     show();
-    EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json[*]"));
-    EXPECT_FALSE(window.isWindowModified());
-    QTest::mouseClick(&at(page().cmbSampleRate), Qt::LeftButton);
-    static_cast<QComboBox&>(at(page().cmbSampleRate)).hidePopup();
-    QTest::keyClick(&at(page().cmbSampleRate), Qt::Key_Down);
-    EXPECT_TRUE(window.isWindowModified());
-    window.open(demo);
-    EXPECT_FALSE(window.isWindowModified());
-}
-
-TEST_F(FrameWindowTest, AFileThatCannotBeOpenedIsRefusedWithItsPlaceAndTheOldSetupStays)
-{
-    window.open(demo);
-    show();
-    const DriverList before = page().drivers;
-    for (const std::string& bad : {file("broken.json", "{"), file("key.json", "{\"drivers\": [{\"nme\": 1}]}"),
-                                   folder.filePath("missing.json").toStdString()}) {
-        window.files().open(toQt(bad));
-        EXPECT_NE(user.told.find(bad), std::string::npos) << user.told;
-        EXPECT_EQ(page().drivers, before);
-        EXPECT_TRUE(window.windowTitle().startsWith("engine-bench-demo.json"));
-    }
-}
-
-TEST_F(FrameWindowTest, AnEntryThatIsNotValidKeepsThePageFromBeingLeft)
-{
-    window.open(demo);
-    show();
-    const DriverList before = page().drivers;
-    page().moveFocus(&page().txtScanPeriod);
-    page().txtScanPeriod.setVisible(true);
-    page().cmbScanPeriod.setVisible(false);
-    ASSERT_TRUE(page().moveFocus(&page().txtScanPeriod));
-    page().txtScanPeriod.userReplaced("bad", 3, 0);
-    QString told;
-    answer(told);
-    window.files().open(toQt(demo));
-    EXPECT_EQ(page().drivers, before);
-    answer(told);
-    EXPECT_FALSE(window.close());
-    EXPECT_EQ(told.trimmed(), window.text(1148));
-}
-
-TEST_F(FrameWindowTest, TheEditCommandsWorkByTheirKeysWhereThePageAllowsThem)
-{
-    window.open(demo);
-    show();
+    const auto offersCopy = [&] {
+        QAction& copy = action(hostText::editMenu, hostText::copy);
+        auto* menu = qobject_cast<QMenu*>(copy.associatedObjects().constFirst());
+        emit menu->aboutToShow();
+        const bool isOffered = copy.isEnabled();
+        emit menu->aboutToHide();
+        return isOffered;
+    };
+    EXPECT_FALSE(offersCopy());
     QLineEdit& box = enterDuration("12.5");
+    EXPECT_TRUE(offersCopy());
     QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "12.5");
     QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
@@ -95,21 +56,6 @@ TEST_F(FrameWindowTest, TheEditCommandsWorkByTheirKeysWhereThePageAllowsThem)
     box.selectAll();
     QTest::keyClick(&box, Qt::Key_Delete);
     EXPECT_EQ(page().txtDuration.text(), "");
-}
-
-TEST_F(FrameWindowTest, TheEditMenuShowsWhatThePageAllows)
-{
-    window.open(demo);
-    show();
-    QAction& copy = action(hostText::editMenu, hostText::copy);
-    QMenu* menu = qobject_cast<QMenu*>(copy.associatedObjects().constFirst());
-    ASSERT_NE(menu, nullptr);
-    emit menu->aboutToShow();
-    EXPECT_FALSE(copy.isEnabled());
-    emit menu->aboutToHide();
-    enterDuration("12.5");
-    emit menu->aboutToShow();
-    EXPECT_TRUE(copy.isEnabled());
 }
 
 TEST_F(FrameWindowTest, ReadOnlyAndHelpReachThePage)

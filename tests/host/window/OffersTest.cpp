@@ -1,12 +1,7 @@
 #include "FrameTest.h"
 
-#include <QAccessible>
 #include <QClipboard>
-#include <QDialog>
-#include <QLineEdit>
 #include <QRadioButton>
-#include <QTableWidget>
-#include <QTimer>
 
 namespace ko::test {
 namespace {
@@ -29,53 +24,7 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), key);
         activate();
     }
-    /// Calls `look` with the next dialog.
-    void inDialog(const std::function<void(QDialog&)>& look)
-    {
-        looked = false;
-        QTimer::singleShot(0, [this, look] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return dialog->isActiveWindow(); }));
-            look(*dialog);
-            looked = true;
-        });
-    }
-    bool looked = false;
 };
-
-TEST_F(OffersTest, TheButtonIsTheNextTabStopAndItsTableReadsCellByCell)
-{
-    ASSERT_TRUE(page().moveFocus(&page().cmbSampleRate));
-    press(Qt::Key_Tab);
-    QWidget& button = at(page().cmdSampleRateOffers);
-    EXPECT_EQ(QApplication::focusWidget(), &button);
-    EXPECT_EQ(button.accessibleName(), "Sample Rate (Sa/s): what each instrument offers");
-    inDialog([&](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), button.accessibleName());
-        auto* table = dialog.findChild<QTableWidget*>();
-        ASSERT_NE(table, nullptr);
-        EXPECT_TRUE(table->hasFocus());
-        ASSERT_EQ(table->rowCount(), 2);
-        const int effect = table->columnCount() - 2;
-        EXPECT_EQ(table->horizontalHeaderItem(effect)->text(), window.text(3248));
-        EXPECT_EQ(table->item(1, effect)->text(), "Removes: 100");
-        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(table);
-        EXPECT_EQ(told->tableInterface()->rowDescription(1), "Other");
-        EXPECT_EQ(told->tableInterface()->cellAt(1, effect)->text(QAccessible::Name), "Removes: 100");
-        QTest::keyClick(table, Qt::Key_Down);
-        EXPECT_EQ(table->currentRow(), 1);
-        QTest::keyClick(table, Qt::Key_Tab);
-        EXPECT_FALSE(table->hasFocus()) << "Tab leaves the table";
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    press(Qt::Key_Space);
-    EXPECT_TRUE(looked);
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-    EXPECT_EQ(QApplication::focusWidget(), &button);
-    press(Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), &at(page().cmbSamplePeriod));
-}
 
 TEST_F(OffersTest, OnAReadOnlyPageEveryValueIsReachedAndCopiedByKeysAndNoneIsChanged)
 {
@@ -106,35 +55,6 @@ TEST_F(OffersTest, OnAReadOnlyPageEveryValueIsReachedAndCopiedByKeysAndNoneIsCha
     ASSERT_TRUE(page().moveFocus(&page().txtDuration));
     QTest::keyClicks(&at(page().txtDuration), "7");
     EXPECT_EQ(page().txtDuration.text(), "7");
-}
-
-TEST_F(OffersTest, TheMarkOfADifferenceOpensTheTableWhereEnterSetsAll)
-{
-    ASSERT_TRUE(page().moveFocus(&page().cmbSampleRate));
-    press(Qt::Key_Down);
-    press(Qt::Key_Up);
-    QWidget& mark = at(page().cmdSampleRateDiffers);
-    EXPECT_TRUE(mark.isVisible());
-    EXPECT_EQ(mark.accessibleName(), "Sample Rate (Sa/s): 1 of 2 differs");
-    inDialog([&](QDialog& dialog) {
-        auto* table = dialog.findChild<QTableWidget*>();
-        ASSERT_NE(table, nullptr);
-        EXPECT_TRUE(table->item(1, 0)->text().endsWith("(differs)")) << table->item(1, 0)->text().toStdString();
-        auto* value = dialog.findChild<QLineEdit*>("txtValue");
-        value->setFocus();
-        QTest::keyClicks(value, "1000");
-        QTest::keyClick(value, Qt::Key_Return);
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(table->item(1, 0)->text(), "1000");
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    press(Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), &mark);
-    press(Qt::Key_Space);
-    EXPECT_TRUE(looked);
-    EXPECT_FALSE(mark.isVisible());
-    for (const auto& driver : window.session().drivers())
-        EXPECT_EQ(driver->settings().timebase->samplePeriod.value, 0.001);
 }
 
 TEST_F(OffersTest, AfterARefusalTheStripEntersWhatFitsByAKeyAndGoes)
