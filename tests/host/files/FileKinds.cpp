@@ -51,7 +51,7 @@ bool isRecording(const std::string& file)
     return heldIn(file).instruments.size() == 1;
 }
 
-Act savedInWindow(const fs::path& folder, bool elsewhere)
+template <bool elsewhere> Act savedInWindow(const fs::path& folder)
 {
     const auto window = std::make_shared<ChangedWindow>(folder, elsewhere ? "set-up.json" : folder / "bench.json");
     window->user.saveAs = folder / "bench.json";
@@ -61,17 +61,17 @@ Act savedInWindow(const fs::path& folder, bool elsewhere)
     };
 }
 
-Act exportedSheet(const fs::path& folder, const char* name)
+template <bool asPdf> Act exportedSheet(const fs::path& folder)
 {
     const auto window = std::make_shared<ChangedWindow>(folder);
-    window->user.sheet = folder / name;
+    window->user.sheet = folder / (asPdf ? "x.pdf" : "x.html");
     return [=] {
         (*window)->printing().exportSheet((*window)->files().questions());
         return Outcome{window->user.told.empty(), window->user.told};
     };
 }
 
-Act printed(const fs::path& folder, void (FramePrinting::*print)(QPrinter&))
+template <void (FramePrinting::*print)(QPrinter&)> Act printed(const fs::path& folder)
 {
     const auto window = std::make_shared<ChangedWindow>(folder);
     return [=] {
@@ -155,54 +155,12 @@ std::vector<Kind> fileKinds()
             {"sheetPdf", "x.pdf", "old", isPdf, {}, false, {"SETUP", "--sheet", "FOLDER/x.pdf"}, {}},
             {"picture", "x.png", "old", isPicture, {}, false, {"SETUP", "--picture", "FOLDER/x.png"}, {}},
             {"record", "x.h5", "old", isRecording, {"x.h5~"}, true, {"SETUP", "--record", "FOLDER/x.h5"}, {}},
-            {"Save",
-             "bench.json",
-             oldSetup,
-             isSetup,
-             {},
-             false,
-             {},
-             [](const fs::path& folder) { return savedInWindow(folder, false); }},
-            {"SaveAs",
-             "bench.json",
-             oldSetup,
-             isSetup,
-             {},
-             false,
-             {},
-             [](const fs::path& folder) { return savedInWindow(folder, true); }},
-            {"ExportHtml",
-             "x.html",
-             "old",
-             isHtml,
-             {},
-             false,
-             {},
-             [](const fs::path& folder) { return exportedSheet(folder, "x.html"); }},
-            {"ExportPdf",
-             "x.pdf",
-             "old",
-             isPdf,
-             {},
-             false,
-             {},
-             [](const fs::path& folder) { return exportedSheet(folder, "x.pdf"); }},
-            {"PrintSheet",
-             "x.pdf",
-             "old",
-             isPdf,
-             {},
-             false,
-             {},
-             [](const fs::path& folder) { return printed(folder, &FramePrinting::printSheetOn); }},
-            {"PrintPage",
-             "x.pdf",
-             "old",
-             isPdf,
-             {},
-             false,
-             {},
-             [](const fs::path& folder) { return printed(folder, &FramePrinting::printPageOn); }},
+            {"Save", "bench.json", oldSetup, isSetup, {}, false, {}, savedInWindow<false>},
+            {"SaveAs", "bench.json", oldSetup, isSetup, {}, false, {}, savedInWindow<true>},
+            {"ExportHtml", "x.html", "old", isHtml, {}, false, {}, exportedSheet<false>},
+            {"ExportPdf", "x.pdf", "old", isPdf, {}, false, {}, exportedSheet<true>},
+            {"PrintSheet", "x.pdf", "old", isPdf, {}, false, {}, printed<&FramePrinting::printSheetOn>},
+            {"PrintPage", "x.pdf", "old", isPdf, {}, false, {}, printed<&FramePrinting::printPageOn>},
             {"Capture", "x.scenario", "old", isScenario, {"x.scenario.setup.json"}, true, {}, captured},
             {"Record", "x.h5", "old", isRecording, {"x.h5~"}, true, {}, recorded},
             {"Memory", "sub/window.json", R"({"recentFiles": ["/old"]})", isMemory, {"sub"}, false, {}, remembered}};

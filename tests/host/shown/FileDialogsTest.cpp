@@ -136,9 +136,10 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
                 return;
             for (const QLabel* const label : dialog->findChildren<QLabel*>())
                 texts << label->text();
-            if (const auto* const list = dialog->findChild<QTreeWidget*>())
+            if (const auto* const list = dialog->findChild<QTreeWidget*>()) {
                 rows = list->topLevelItemCount();
-            else
+                EXPECT_EQ(list->topLevelItem(0)->text(0), "3");
+            } else
                 rows = qobject_cast<QMessageBox*>(dialog) ? -1 : 0;
             dialog->reject();
         });

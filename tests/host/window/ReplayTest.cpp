@@ -1,10 +1,8 @@
 #include "FrameTest.h"
 #include "host/support/InputError.h"
-#include "host/window/ReplayReport.h"
 
 #include <QClipboard>
 #include <QStatusBar>
-#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
@@ -50,10 +48,6 @@ TEST_F(ReplayTest, WhatAScriptExpectsAndDoesNotFindIsNamedWithItsLine)
     EXPECT_EQ(window.session().file(), bench);
     EXPECT_TRUE(window.isWindowModified());
     EXPECT_TRUE(window.page().isVisible());
-    ReplayReport report([this](int number) { return window.text(number); }, result, &window);
-    auto& rows = *report.findChild<QTreeWidget*>();
-    EXPECT_EQ(rows.topLevelItemCount(), 2);
-    EXPECT_EQ(rows.topLevelItem(0)->text(0), "4");
 }
 
 TEST_F(ReplayTest, EachEditOfAScriptIsAStepThatCanBeUndoneAndEarlierStepsStay)
