@@ -1,68 +1,33 @@
 #include "widgets/dialogs/DateDialog.h"
 
-#include "fakes/DocumentTest.h"
+#include "DialogTest.h"
 #include "platform/DateTimes.h"
 #include "platform/Locales.h"
-#include "widgets/bindings/FormView.h"
 
-#include <QApplication>
 #include <QCalendarWidget>
-#include <QDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 #include <QTimeEdit>
-#include <QTimer>
 
 namespace ko::test {
 namespace {
 
-const ko::Texts texts = [](int number) { return QString::number(number); };
-
 /// The dialog's widgets, driven by keys and the mouse.
-class DateDialogTest : public testing::Test {
+class DateDialogTest : public DialogsTest {
 protected:
-    FakePlatform host;
-    QtModalForms modalForms;
-    Locale now; ///< the locale that the platform returns next
-    Platform platform{
-        host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter, [this] { return now; }};
-    Support support{platform, {}};
     SetDateTime dialog{support};
 
     DateDialogTest()
     {
         host.time = toDateTime("11/21/2026 9:30:00 AM", {});
-        addDateDialog(modalForms, dialog, texts);
+        addDateDialog(modalForms, dialog, texts());
     }
-    void TearDown() override { EXPECT_EQ(host.reports, std::vector<std::string>()); }
-
     /// Shows the dialog, runs `user` in it and returns the dialog's result.
     template <class User> std::optional<DateTime> ask(const char* current, User user)
     {
-        QTimer::singleShot(0, [&] {
-            QWidget* window = QApplication::activeModalWidget();
-            ASSERT_NE(window, nullptr);
-            EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-            user();
-            if (QApplication::activeModalWidget() == window) {
-                ADD_FAILURE() << "the dialog is still open";
-                static_cast<QDialog*>(window)->done(0);
-            }
-        });
-        return dialog.Display(toDateTime(current, {}), false, false);
-    }
-    template <class W> static W& part(const char* name)
-    {
-        W* found = QApplication::activeModalWidget()->findChild<W*>(QString::fromLatin1(name));
-        if (!found)
-            throw std::out_of_range(name);
-        return *found;
-    }
-    static void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, held);
+        std::optional<DateTime> chosen;
+        inDialog([&] { chosen = dialog.Display(toDateTime(current, {}), false, false); }, user);
+        return chosen;
     }
     static QString text(std::optional<DateTime> time)
     {
@@ -120,15 +85,14 @@ TEST_F(DateDialogTest, EnterIsOkAndEscapeAndTheCloseButtonAreCancel)
                        })),
               "cancelled");
     EXPECT_EQ(text(ask("6:00:00 AM", [&] { QApplication::activeModalWidget()->close(); })), "cancelled");
-    EXPECT_EQ(text(ask("6:00:00 AM", [&] { QTest::mouseClick(&part<QPushButton>("btnCancel"), Qt::LeftButton); })),
-              "cancelled");
+    EXPECT_EQ(text(ask("6:00:00 AM", [&] { click("btnCancel"); })), "cancelled");
 }
 
 TEST_F(DateDialogTest, HelpOpensByF1AndItsButtonAndTheDialogStays)
 {
     dialog.IHelp = host.site()->queryHelpSite();
     ask("11/24/2026", [&] {
-        QTest::mouseClick(&part<QPushButton>("btnHelp"), Qt::LeftButton);
+        click("btnHelp");
         part<QCalendarWidget>("calDate").setFocus();
         key(Qt::Key_F1);
         part<QTimeEdit>("dtpTimeSelector").setFocus();

@@ -20,7 +20,9 @@ class DialogsTest : public testing::Test {
 protected:
     FakePlatform host;
     QtModalForms modalForms;
-    Platform platform{host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter, {}};
+    Locale now; ///< the locale that the platform returns next
+    Platform platform{
+        host, host, host, host, host, modalForms, {}, host.platform.createErrorReporter, [this] { return now; }};
     Support support{platform, {}};
 
     void TearDown() override { EXPECT_EQ(host.reports, std::vector<std::string>()); }
