@@ -143,7 +143,7 @@ void FramePrinting::complainBy(int text, const QString& reason)
         .wait();
 }
 
-void FramePrinting::savePdf(const QString& file, const QByteArray& content)
+void FramePrinting::savePdf(const QString& file, const QByteArray& content) const
 {
     const std::string name = fromQt(file);
     parts_.refuseOwn(name);
