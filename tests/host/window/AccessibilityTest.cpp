@@ -1,26 +1,19 @@
+#include "FrameTest.h"
 #include "host/docks/InstrumentsView.h"
 #include "host/properties/PropertiesDialog.h"
-#include "host/window/FrameWindow.h"
 #include "platform/DateControls.h"
 #include "widgets/bindings/EntryMark.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QDialog>
-#include <QDockWidget>
-#include <QFile>
 #include <QLabel>
 #include <QLayout>
-#include <QLineEdit>
 #include <QMenu>
-#include <QMenuBar>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 #include <map>
 #include <optional>
 
@@ -46,20 +39,13 @@ const std::map<std::string_view, QAccessible::Role> roles{
 };
 
 /// The accessibility data of the demo's page and its dialogs.
-class AccessibilityTest : public testing::Test {
+class AccessibilityTest : public FrameTest {
 protected:
-    FrameWindow window{""};
-
-    Page& page() { return window.document().page(); }
-    QWidget& at(const Control& control) { return *window.page().view().widget(control); }
-
     void SetUp() override
     {
         window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
         window.resize(1000, 800);
-        window.show();
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        show();
     }
     static QString accessibleText(QObject* object, QAccessible::Text kind)
     {

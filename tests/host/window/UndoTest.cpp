@@ -1,5 +1,6 @@
 #include "FrameTest.h"
 #include "host/docks/InstrumentsView.h"
+#include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 
 #include <QLabel>
@@ -22,13 +23,7 @@ protected:
         window.open(file("bench.json", undoBench));
         show();
     }
-    std::string held()
-    {
-        ko::Setup setup;
-        for (const auto& driver : window.session().drivers())
-            setup.instruments.push_back(driver->held());
-        return setupText(setup);
-    }
+    std::string held() { return setupText(withPresentValues({}, window.session().drivers())); }
     /// Types into a box as a user does who comes by the Tab key and leaves by it.
     void enter(TextBox& box, const char* text)
     {
