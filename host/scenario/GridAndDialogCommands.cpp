@@ -79,17 +79,16 @@ void strayEnd(Scenario& scenario, const Arguments&)
     scenario.refuse("end without dialog or during");
 }
 
-constexpr Command commands[]{
-    {"cell", Giver::User, 2, 2, cell},         {"open-cell", Giver::User, 1, 1, openCell},
-    {"end-cell", Giver::User, 0, 0, endCell},  {"drop-cell", Giver::User, 0, 0, dropCell},
-    {"pick", Giver::User, 1, anyNumber, pick}, {"activate", Giver::User, 2, 2, activate},
-    {"dialog", Giver::Host, 1, 1, dialog},     {"end", Giver::Host, 0, 0, strayEnd},
-};
-
 } // namespace
 
 std::span<const Command> gridAndDialogCommands()
 {
+    static constexpr Command commands[]{
+        {"cell", Giver::User, 2, 2, cell},         {"open-cell", Giver::User, 1, 1, openCell},
+        {"end-cell", Giver::User, 0, 0, endCell},  {"drop-cell", Giver::User, 0, 0, dropCell},
+        {"pick", Giver::User, 1, anyNumber, pick}, {"activate", Giver::User, 2, 2, activate},
+        {"dialog", Giver::Host, 1, 1, dialog},     {"end", Giver::Host, 0, 0, strayEnd},
+    };
     return commands;
 }
 

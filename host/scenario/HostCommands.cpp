@@ -105,7 +105,7 @@ void can(Scenario& scenario, const Arguments& words)
     scenario.log.event("enabled", {{"command", id}, {"value", enable}});
 }
 
-void command(Scenario& scenario, const Arguments& words)
+void menuCommand(Scenario& scenario, const Arguments& words)
 {
     scenario.document().menu().OnCommand(words.integer(0));
 }
@@ -221,33 +221,32 @@ void redo(Scenario& scenario, const Arguments&)
     step(scenario, "redone", false);
 }
 
-constexpr Command commands[]{
-    {"undo", Giver::Host, 0, 0, undo},
-    {"redo", Giver::Host, 0, 0, redo},
-    {"setup", Giver::Host, 0, 1, setup},
-    {"instruments", Giver::Host, 1, 1, instruments},
-    {"announce", Giver::Host, 1, 1, announce},
-    {"hand-over", Giver::Host, 0, 1, handOverCommand},
-    {"drivers-changed", Giver::Host, 0, 0, driversChanged},
-    {"site", Giver::Host, 0, 2, site},
-    {"read-only", Giver::Host, 1, 1, readOnly},
-    {"show", Giver::Host, 0, 0, show},
-    {"hide", Giver::Host, 0, 0, hide},
-    {"can", Giver::Host, 1, 1, can},
-    {"command", Giver::Host, 1, 1, command},
-    {"ok-to-leave", Giver::Host, 0, 0, okToLeave},
-    {"processed", Giver::Host, 0, 0, processed},
-    {"print-mode", Giver::Host, 0, 1, printMode},
-    {"print", Giver::Host, 1, 7, print},
-    {"terminate", Giver::Host, 0, 0, terminate},
-    {"document", Giver::Host, 0, 0, document},
-    {"during", Giver::Host, 1, 2, during},
-};
-
 } // namespace
 
 std::span<const Command> hostCommands()
 {
+    static constexpr Command commands[]{
+        {"undo", Giver::Host, 0, 0, undo},
+        {"redo", Giver::Host, 0, 0, redo},
+        {"setup", Giver::Host, 0, 1, setup},
+        {"instruments", Giver::Host, 1, 1, instruments},
+        {"announce", Giver::Host, 1, 1, announce},
+        {"hand-over", Giver::Host, 0, 1, handOverCommand},
+        {"drivers-changed", Giver::Host, 0, 0, driversChanged},
+        {"site", Giver::Host, 0, 2, site},
+        {"read-only", Giver::Host, 1, 1, readOnly},
+        {"show", Giver::Host, 0, 0, show},
+        {"hide", Giver::Host, 0, 0, hide},
+        {"can", Giver::Host, 1, 1, can},
+        {"command", Giver::Host, 1, 1, menuCommand},
+        {"ok-to-leave", Giver::Host, 0, 0, okToLeave},
+        {"processed", Giver::Host, 0, 0, processed},
+        {"print-mode", Giver::Host, 0, 1, printMode},
+        {"print", Giver::Host, 1, 7, print},
+        {"terminate", Giver::Host, 0, 0, terminate},
+        {"document", Giver::Host, 0, 0, document},
+        {"during", Giver::Host, 1, 2, during},
+    };
     return commands;
 }
 

@@ -67,24 +67,23 @@ void clipboard(Scenario& scenario, const Arguments& words)
 
 void locale(Scenario& scenario, const Arguments& words)
 {
-    Locale settings;
+    Locale changed;
     for (std::size_t i = 0; i < words.count(); ++i)
-        if (!takeLocaleWord(settings, words.text(i)))
+        if (!takeLocaleWord(changed, words.text(i)))
             scenario.refuse("\"" + words.text(i) + "\" is no setting such as decimalSeparator=,");
-    scenario.stage().setLocale(settings);
+    scenario.stage().setLocale(changed);
 }
-
-constexpr Command commands[]{
-    {"cursor", Giver::Machine, 2, 2, cursor},    {"work-area", Giver::Machine, 4, 4, workArea},
-    {"fail", Giver::Machine, 2, 4, failCommand}, {"heal", Giver::Machine, 1, 2, heal},
-    {"clock", Giver::Machine, 1, 1, clock},      {"clipboard", Giver::Machine, 0, 1, clipboard},
-    {"enable", Giver::Machine, 4, 4, enable},    {"locale", Giver::Host, 1, anyNumber, locale},
-};
 
 } // namespace
 
 std::span<const Command> machineCommands()
 {
+    static constexpr Command commands[]{
+        {"cursor", Giver::Machine, 2, 2, cursor},    {"work-area", Giver::Machine, 4, 4, workArea},
+        {"fail", Giver::Machine, 2, 4, failCommand}, {"heal", Giver::Machine, 1, 2, heal},
+        {"clock", Giver::Machine, 1, 1, clock},      {"clipboard", Giver::Machine, 0, 1, clipboard},
+        {"enable", Giver::Machine, 4, 4, enable},    {"locale", Giver::Host, 1, anyNumber, locale},
+    };
     return commands;
 }
 

@@ -157,18 +157,17 @@ void history(Scenario& scenario, const Arguments&)
                                    {"position", static_cast<std::int32_t>(scenario.history().position())}});
 }
 
-constexpr Command commands[]{
-    {"state", Giver::Question, 0, anyNumber, state}, {"drivers", Giver::Question, 0, 0, drivers},
-    {"expect", Giver::Question, 3, 3, expect},       {"quiet", Giver::Question, 1, 1, quiet},
-    {"reads", Giver::Question, 1, 1, reads},         {"expect-cell", Giver::Question, 4, 4, expectCell},
-    {"offers", Giver::Question, 1, 1, offers},       {"failing", Giver::Question, 0, 0, failing},
-    {"history", Giver::Question, 0, 0, history},     {"expect-failing", Giver::Question, 2, 2, expectFailing},
-};
-
 } // namespace
 
 std::span<const Command> questionCommands()
 {
+    static constexpr Command commands[]{
+        {"state", Giver::Question, 0, anyNumber, state}, {"drivers", Giver::Question, 0, 0, drivers},
+        {"expect", Giver::Question, 3, 3, expect},       {"quiet", Giver::Question, 1, 1, quiet},
+        {"reads", Giver::Question, 1, 1, reads},         {"expect-cell", Giver::Question, 4, 4, expectCell},
+        {"offers", Giver::Question, 1, 1, offers},       {"failing", Giver::Question, 0, 0, failing},
+        {"history", Giver::Question, 0, 0, history},     {"expect-failing", Giver::Question, 2, 2, expectFailing},
+    };
     return commands;
 }
 

@@ -63,12 +63,11 @@ void record(Scenario& scenario, const Arguments& words)
     scenario.history().absorb();
 }
 
-constexpr Command commands[]{{"record", Giver::Host, 1, 1, record}};
-
 } // namespace
 
 std::span<const Command> recordCommands()
 {
+    static constexpr Command commands[]{{"record", Giver::Host, 1, 1, record}};
     return commands;
 }
 

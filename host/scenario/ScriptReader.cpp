@@ -20,7 +20,7 @@ public:
         if (start == std::string_view::npos)
             return std::nullopt;
         rest_.remove_prefix(start);
-        return rest_.front() == '"' ? quoted() : plain();
+        return rest_.front() == '"' ? quotedWord() : plain();
     }
 
 private:
@@ -31,7 +31,7 @@ private:
         return word;
     }
 
-    std::string quoted()
+    std::string quotedWord()
     {
         std::string word;
         for (std::size_t at = 1; at < rest_.size(); ++at) {
@@ -65,7 +65,7 @@ private:
     int number_;
 };
 
-std::string quoted(std::string_view word)
+std::string quotedWord(std::string_view word)
 {
     std::string result = "\"";
     for (const char letter : word) {
@@ -92,7 +92,7 @@ std::string joinWords(const std::vector<std::string>& words)
     std::string line;
     for (const std::string& word : words) {
         const bool plain = !word.empty() && word.front() != '"' && word.find_first_of(" \t\r\n") == std::string::npos;
-        line += (line.empty() ? "" : " ") + (plain ? word : quoted(word));
+        line += (line.empty() ? "" : " ") + (plain ? word : quotedWord(word));
     }
     return line;
 }

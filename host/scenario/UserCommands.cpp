@@ -200,23 +200,22 @@ void keyCommand(Scenario& scenario, const Arguments& words)
         logInert(scenario, nullptr);
 }
 
-constexpr Command commands[]{
-    {"focus", Giver::User, 1, 1, focus},
-    {"leave", Giver::User, 0, 0, leave},
-    {"type", Giver::User, 1, 1, type},
-    {"text", Giver::User, 2, 4, text},
-    {"select", Giver::User, 3, 3, select},
-    {"key", Giver::User, 1, 1, keyCommand},
-    {"choose", Giver::User, 2, 2, choose},
-    {"click", Giver::User, 1, 1, click},
-    {"double-click", Giver::User, 1, 1, doubleClick},
-    {"set-all", Giver::User, 2, 2, setAll},
-};
-
 } // namespace
 
 std::span<const Command> userCommands()
 {
+    static constexpr Command commands[]{
+        {"focus", Giver::User, 1, 1, focus},
+        {"leave", Giver::User, 0, 0, leave},
+        {"type", Giver::User, 1, 1, type},
+        {"text", Giver::User, 2, 4, text},
+        {"select", Giver::User, 3, 3, select},
+        {"key", Giver::User, 1, 1, keyCommand},
+        {"choose", Giver::User, 2, 2, choose},
+        {"click", Giver::User, 1, 1, click},
+        {"double-click", Giver::User, 1, 1, doubleClick},
+        {"set-all", Giver::User, 2, 2, setAll},
+    };
     return commands;
 }
 

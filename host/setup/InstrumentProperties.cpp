@@ -12,13 +12,13 @@ namespace {
 
 using Pointer = nlohmann::ordered_json::json_pointer;
 
-constexpr std::string_view options = "options.";
+constexpr std::string_view optionPrefix = "options.";
 
 /// Converts "groups[0].name" to "/groups/0/name". The name of an option may be any text.
 Pointer pointerTo(const std::string& path)
 {
-    if (path.starts_with(options))
-        return Pointer("/options") / path.substr(options.size());
+    if (path.starts_with(optionPrefix))
+        return Pointer("/options") / path.substr(optionPrefix.size());
     std::string pointer = "/";
     for (const char c : path)
         if (c != ']')
@@ -158,7 +158,7 @@ InstrumentSettings InstrumentProperties::settings() const
 
 std::string optionPath(const std::string& name)
 {
-    return std::string(options) + name;
+    return std::string(optionPrefix) + name;
 }
 
 std::string channelPath(std::size_t group, std::size_t channel)

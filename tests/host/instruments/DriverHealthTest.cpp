@@ -4,14 +4,14 @@
 namespace ko::test {
 namespace {
 
-const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
+const char* const unhealthyBench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
   {"name": "Digitizer", "timebase": {"blockSize": {"value": 32, "range": [16, 1024]}}, "groups": [{"name": "Inputs", "channels": [{"address": "0:1"}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {}}]})";
 
 /// Runs the script and returns the drivers that then fail, each as "NAME: OPERATION".
 std::vector<std::string> failingAfter(const std::string& script)
 {
-    const Played run = play("quiet on\nsetup\nshow\n" + script + "\nfailing\n", bench);
+    const Played run = play("quiet on\nsetup\nshow\n" + script + "\nfailing\n", unhealthyBench);
     EXPECT_EQ(run.fault, "");
     std::vector<std::string> names;
     const Json drivers = run.last("failing")["drivers"];
@@ -64,14 +64,14 @@ TEST(DriverHealthTest, ACallIsIdentifiedByItsArgumentsAndReportedWithReasonAndTi
     const std::string script =
         "quiet on\nsetup\nshow\nfail 0 \"SamplePeriod set\" 77 stuck\nclock \"2026-11-21 12:00:00\"\n"
         "text txtSamplePeriod 0.002\nfailing\n";
-    const Json driver = play(script, bench).last("failing")["drivers"].at(0);
+    const Json driver = play(script, unhealthyBench).last("failing")["drivers"].at(0);
     EXPECT_EQ(driver["driver"], 0);
     EXPECT_EQ(driver["number"], 77);
     EXPECT_EQ(driver["reason"], "stuck");
     EXPECT_EQ(driver["time"], 46347.5);
 
     DriverHealth health([] { return DateTime{}; });
-    const HostInstruments drivers = makeDrivers(parseSetup(bench, "bench.json"));
+    const HostInstruments drivers = makeDrivers(parseSetup(unhealthyBench, "bench.json"));
     health.watch(drivers);
     const Failure failure(9, "no");
     const CallValue none;
@@ -99,15 +99,15 @@ TEST(DriverHealthTest, ScenariosExpectADriverToFailOrNot)
 {
     EXPECT_TRUE(play("setup\nshow\nexpect-failing 0 none\nfail 0 \"SamplePeriod set\"\ntext txtSamplePeriod 0.002\n"
                      "expect-failing Digitizer \"SamplePeriod set\"\nexpect-failing Scanner none\n",
-                     bench)
+                     unhealthyBench)
                     .expectationsMet);
-    const Played run = play("setup\nshow\nexpect-failing 1 \"SamplePeriod get\"\n", bench);
+    const Played run = play("setup\nshow\nexpect-failing 1 \"SamplePeriod get\"\n", unhealthyBench);
     EXPECT_FALSE(run.expectationsMet);
     EXPECT_EQ(run.only({"expectation"}),
               R"({"line":3,"event":"expectation","driver":"1","expected":"SamplePeriod get","actual":"none"})"
               "\n");
-    EXPECT_NE(play("expect-failing 0 Anything\n", bench).fault, "");
-    EXPECT_NE(play("expect-failing 2 none\n", bench).fault, "");
+    EXPECT_NE(play("expect-failing 0 Anything\n", unhealthyBench).fault, "");
+    EXPECT_NE(play("expect-failing 2 none\n", unhealthyBench).fault, "");
 }
 
 } // namespace

@@ -137,7 +137,7 @@ TEST(HostInstrumentTest, EveryOperationIsFoundByTheNameThatItIsFailedWith)
         EXPECT_FALSE(findOperation(none)) << none;
 }
 
-class Tape final : public CallObserver {
+class CallTape final : public CallObserver {
 public:
     bool observes(Operation) override { return true; }
     void called(const DriverCall& call) override
@@ -159,7 +159,7 @@ TEST(HostInstrumentTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
     const auto driver = driverOf(R"(, "timebase": {}, "failing": ["BlockSize set"])");
     Timebase& timebase = *driver->queryTimebase();
     CallGate& calls = driver->calls();
-    Tape tape;
+    CallTape tape;
     calls.observe(&tape);
     EXPECT_EQ(failureOf([&] { timebase.setBlockSize(7); }), failure::unspecified);
     EXPECT_EQ(timebase.BlockSize(), 1024.0);
@@ -188,7 +188,7 @@ TEST(HostInstrumentTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefus
     const auto driver = driverOf(R"(, "timebase": {"samplePeriod": {"value": 2, "choices": [1, 2, 8]},
         "scanPeriod": {"value": 5, "keeps": "nothing"}}, "groups": [{"name": "g", "channels": [{"address": "0:1",
         "enabled": "yes", "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1}]}]}])");
-    Tape tape;
+    CallTape tape;
     driver->calls().observe(&tape);
     Timebase& timebase = *driver->queryTimebase();
     timebase.setSamplePeriod(8);

@@ -5,7 +5,7 @@
 namespace ko::test {
 namespace {
 
-const char* const bench = R"({ "drivers": [
+const char* const offeringBench = R"({ "drivers": [
   { "name": "Sampler", "groups": [ { "name": "In", "channels": [ { "address": "0:1:0" } ] } ],
     "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.0001, 0.001, 0.01] },
                   "blockSize": { "value": 16, "range": [16, 1024] }, "scanPeriod": { "value": 0.5, "range": [0.1, 9] } } },
@@ -35,7 +35,7 @@ click cmdSampleRateOffers
 set-all sample-rate 100
 expect cmbSampleRate text 100
 )#",
-                            bench);
+                            offeringBench);
     EXPECT_EQ(run.fault, "");
     EXPECT_TRUE(run.expectationsMet);
     const char* const lines[] = {
@@ -52,14 +52,14 @@ expect cmbSampleRate text 100
         run.only({"write"}).find(R"("line":17,"event":"write","driver":1,"operation":"SamplePeriod","value":0.01)"),
         std::string::npos)
         << run.only({"write"});
-    EXPECT_EQ(play("set-all duration 1", bench).fault, "1: \"duration\" is no quantity such as sample-rate");
-    EXPECT_EQ(play("offers sample-rate", bench).fault,
+    EXPECT_EQ(play("set-all duration 1", offeringBench).fault, "1: \"duration\" is no quantity such as sample-rate");
+    EXPECT_EQ(play("offers sample-rate", offeringBench).fault,
               "1: \"sample-rate\" is none of samplePeriod, blockSize and scanPeriod");
 }
 
 TEST(OffersScenario, TheListOfSettingsShowsTheOffersToo)
 {
-    HeadlessPage played({parseSetup(bench, "bench.json"), {}, {}, {}});
+    HeadlessPage played({parseSetup(offeringBench, "bench.json"), {}, {}, {}});
     EXPECT_NE(offersText(played).find(R"(
 block-size: All instruments share: Any value from 64 to 1024.
   Sampler | Any value from 16 to 1024 | All its values are used | 16, nothing requested | Differs from the page

@@ -7,7 +7,7 @@ namespace {
 
 using namespace test;
 
-const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
+const char* const recordedBench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
   {"name": "Digitizer", "groups": [{"name": "g", "channels": [{"address": "1:1"}, {"address": "1:2"}]}],
    "timebase": {"samplePeriod": {"value": 0.001, "choices": [0.001, 0.003]},
                 "blockSize": {"value": 100, "choices": [100, 1000]}, "duration": 3}},
@@ -25,7 +25,7 @@ TEST(RecordScenarioTest, ARecordingHoldsTheFiguresOfThePageWhateverIsSet)
         const Played played = play(std::string("setup\nshow\n") + steps +
                                        "\nrecord out.h5\nexpect frmStart enabled true\n"
                                        "state lblNumSamplesValue lblNumScansValue",
-                                   bench, folder.string());
+                                   recordedBench, folder.string());
         EXPECT_TRUE(played.expectationsMet && played.fault.empty()) << played.fault;
         const Json recorded = Json::parse(played.only({"recorded"}));
         const Json shown = played.last("state")["controls"];
@@ -43,15 +43,16 @@ TEST(RecordScenarioTest, ARecordingHoldsTheFiguresOfThePageWhateverIsSet)
 
 TEST(RecordScenarioTest, ARefusalIsAMessageAndAFileThatCannotBeWrittenAFault)
 {
-    std::string late = bench;
+    std::string late = recordedBench;
     for (std::size_t at = 0; (at = late.find("\"timebase\": {", at)) != std::string::npos; at += 13)
         late.insert(at + 13, R"("startMode": 1, "startTime": 46347.25, )");
     const Played refused = play("setup\nshow\nrecord out.h5\nstate", late);
     EXPECT_NE(refused.only({"message"}).find("is past"), std::string::npos) << refused.only({"message"});
     EXPECT_EQ(refused.only({"recorded"}), "");
     EXPECT_EQ(refused.last("state")["readOnly"], false);
-    EXPECT_NE(play("setup\nshow\nrecord no/where/out.h5", bench).fault.find("3: no/where/out.h5: cannot be written"),
-              std::string::npos);
+    EXPECT_NE(
+        play("setup\nshow\nrecord no/where/out.h5", recordedBench).fault.find("3: no/where/out.h5: cannot be written"),
+        std::string::npos);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
+const char* const capturedBench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
   {"name": "Digitizer", "timebase": {"startMode": 2}, "groups": [{"name": "Inputs", "channels": [
      {"address": "0:3:1", "name": "Crank", "triggerSource": true, "triggerParameters": [
        {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]}]})";
@@ -29,7 +29,7 @@ TEST(ScenarioWriterTest, TheFileCanBePlayedAfterEachStep)
     });
     const auto expect = [&](const std::string& content) {
         EXPECT_EQ(file, content);
-        EXPECT_EQ(play(file, bench).fault, "") << file;
+        EXPECT_EQ(play(file, capturedBench).fault, "") << file;
     };
     writer.comment("top");
     writer.line({"setup"});
@@ -66,7 +66,7 @@ RC_GTEST_PROP(ScenarioWriterTest, WordsComeBackAsTheyWereWritten, (Words words, 
 class ScenarioCaptureTest : public testing::Test {
 protected:
     std::ostringstream output;
-    Scenario live{{parseSetup(bench, "bench.json"), {}, {}, {}}, output};
+    Scenario live{{parseSetup(capturedBench, "bench.json"), {}, {}, {}}, output};
     std::string file = (fs::path(testing::TempDir()) / ("capture" + std::to_string(::getpid()) + ".scenario")).string();
     Locale locale;
     int seconds = 0;
@@ -106,7 +106,7 @@ TEST_F(ScenarioCaptureTest, NumbersAndTimesOfTheUsersLocaleReplayAnywhere)
         use("click optAfter\nclick optStartTime\n");
     }
     EXPECT_EQ(live.drivers()[0]->settings().timebase->duration, 2.5F);
-    const Played replayed = play(readFile(file) + "drivers\nstate txtDuration txtStartTime\n", bench);
+    const Played replayed = play(readFile(file) + "drivers\nstate txtDuration txtStartTime\n", capturedBench);
     EXPECT_EQ(replayed.fault, "");
     use("drivers\nstate txtDuration txtStartTime\n");
     const Json shown = replayed.last("state");
@@ -161,13 +161,13 @@ TEST(CapturedCommandsTest, ChannelsAndLocalesAreSetAndWhatIsWrongIsNamed)
 {
     const Played set = play("enable Digitizer 0 0 0\nlocale decimalSeparator=, timeIs24Hour=1\nsetup\nshow\ndrivers\n"
                             "state txtDuration\n",
-                            bench);
+                            capturedBench);
     EXPECT_EQ(set.events.at(set.events.size() - 2)["drivers"][0]["groups"][0]["channels"][0]["enabled"], 0);
     for (const auto& [line, what] : {std::pair{"enable 0 0 9 1", "there is no such channel"},
                                      std::pair{"enable 0 0 0 2", "a channel is enabled with 1 and disabled with 0"},
                                      std::pair{"locale a=b", "\"a=b\" is no setting such as decimalSeparator=,"},
                                      std::pair{"text txtDuration 5 1", "a selection has a start and a length"}})
-        EXPECT_EQ(play(line, bench).fault, std::string("1: ") + what);
+        EXPECT_EQ(play(line, capturedBench).fault, std::string("1: ") + what);
 }
 
 } // namespace

@@ -11,19 +11,19 @@ namespace {
 
 using test::Played;
 
-const char* const bench = R"({"title": "Bench", "clock": "2026-11-21 09:30:00", "drivers": [
+const char* const scriptedBench = R"({"title": "Bench", "clock": "2026-11-21 09:30:00", "drivers": [
   {"name": "Digitizer", "groups": [{"name": "g", "channels": [{"address": "1:1"}]}],
    "timebase": {"samplePeriod": {"value": 0.001, "choices": [0.001, 0.002]}}},
   {"name": "Scanner", "measurementMode": 2, "timebase": {}}]})";
 
-Played play(const std::string& script, const std::string& setup = bench, const std::string& folder = {})
+Played playScripted(const std::string& script, const std::string& setup = scriptedBench, const std::string& folder = {})
 {
     return test::play(script, setup, folder);
 }
 
 TEST(ScenarioTest, HostCommandsReachThePageAndTheirAnswersAreEvents)
 {
-    const Played run = play(R"(site help status
+    const Played run = playScripted(R"(site help status
 setup
 processed
 show
@@ -57,8 +57,9 @@ clipboard
 
 TEST(ScenarioTest, ReadsAreLoggedOnRequestAndNeitherReadsNorWritesWhileQuiet)
 {
-    const Played run = play("setup\nshow\nread-only on\nquiet on\nread-only off\nreads on\nread-only on\nquiet off\n"
-                            "read-only off\nreads off\nread-only on\n");
+    const Played run =
+        playScripted("setup\nshow\nread-only on\nquiet on\nread-only off\nreads on\nread-only on\nquiet off\n"
+                     "read-only off\nreads off\nread-only on\n");
     const auto linesOf = [&](const char* name) {
         std::set<int> lines;
         for (const Json& event : run.events)
@@ -74,8 +75,9 @@ TEST(ScenarioTest, ReadsAreLoggedOnRequestAndNeitherReadsNorWritesWhileQuiet)
 
 TEST(ScenarioTest, AFailingDriverIsReportedUntilItIsHealed)
 {
-    const Played run = play("setup\nfail 1 MeasurementMode 77 \"no mode\"\nfail Digitizer SamplingMode\nhand-over\n"
-                            "heal Scanner MeasurementMode\nheal 0\nhand-over\nfail 0 #2\nhand-over\nhand-over\n");
+    const Played run =
+        playScripted("setup\nfail 1 MeasurementMode 77 \"no mode\"\nfail Digitizer SamplingMode\nhand-over\n"
+                     "heal Scanner MeasurementMode\nheal 0\nhand-over\nfail 0 #2\nhand-over\nhand-over\n");
     EXPECT_EQ(run.only({"report"}).find("\"line\":7"), std::string::npos);
     const std::string reports = run.only({"report"});
     for (
@@ -89,7 +91,7 @@ TEST(ScenarioTest, AFailingDriverIsReportedUntilItIsHealed)
 
 TEST(ScenarioTest, StateShowsControlsByNameAndThePageBesides)
 {
-    const Json whole = play("setup\nshow\nstate\n").last("state");
+    const Json whole = playScripted("setup\nshow\nstate\n").last("state");
     const Json& rate = whole["controls"]["cmbSampleRate"];
     EXPECT_EQ(rate["type"], "ComboBox");
     EXPECT_EQ(rate["items"], (Json{"1000", "500"}));
@@ -103,7 +105,7 @@ TEST(ScenarioTest, StateShowsControlsByNameAndThePageBesides)
          {"editFlags", "readOnly", "isShown", "isLoading", "dynamicDriver", "staticDriver", "trigger"})
         EXPECT_TRUE(whole.contains(field)) << field;
 
-    const Json some = play("state txtDuration frmStop\n").last("state");
+    const Json some = playScripted("state txtDuration frmStop\n").last("state");
     EXPECT_EQ(some.size(), 3U);
     EXPECT_EQ(some["controls"].size(), 2U);
     for (const char* const property : {"type", "enabled", "visible", "tag", "text", "locked", "selStart", "selLength"})
@@ -112,15 +114,15 @@ TEST(ScenarioTest, StateShowsControlsByNameAndThePageBesides)
 
 TEST(ScenarioTest, TheDriversEventLoadsAsTheSameSetup)
 {
-    const Json drivers = play("fail 0 #4\ndrivers\n").last("drivers")["drivers"];
+    const Json drivers = playScripted("fail 0 #4\ndrivers\n").last("drivers")["drivers"];
     const std::string again = Json{{"drivers", drivers}}.dump();
-    EXPECT_EQ(play("drivers\n", again).last("drivers")["drivers"], drivers);
+    EXPECT_EQ(playScripted("drivers\n", again).last("drivers")["drivers"], drivers);
     EXPECT_EQ(drivers[0]["failing"], Json{"#4"});
 }
 
 TEST(ScenarioTest, InputGoesThroughTheControlsUserMembers)
 {
-    const Played run = play(R"(setup
+    const Played run = playScripted(R"(setup
 show
 focus txtDuration
 text txtDuration 25
@@ -160,7 +162,7 @@ type x
 
 TEST(ScenarioTest, AnExpectationThatFailsIsAnEventAndTheRestStillRuns)
 {
-    const Played run = play("expect frmStart visible false\nexpect frmStart visible true\nclipboard\n");
+    const Played run = playScripted("expect frmStart visible false\nexpect frmStart visible true\nclipboard\n");
     EXPECT_FALSE(run.expectationsMet);
     EXPECT_EQ(
         run.only({"expectation", "clipboard"}),
@@ -228,7 +230,7 @@ TEST(ScenarioTest, EachCommandTakesAsManyWordsAsItsDescriptionSays)
                 std::string line = name;
                 for (int i = 0; i < words; ++i)
                     line += " ?";
-                const std::string fault = play(line + "\n").fault;
+                const std::string fault = playScripted(line + "\n").fault;
                 EXPECT_EQ(fault.starts_with("1: too few words"), words < it.least) << line;
                 EXPECT_EQ(fault.starts_with("1: too many words"), words > it.most) << line;
             }
@@ -238,14 +240,14 @@ TEST(ScenarioTest, EachCommandTakesAsManyWordsAsItsDescriptionSays)
 TEST(ScenarioTest, AScriptStopsAtTheLineThatCannotBeUnderstood)
 {
     for (const auto& [line, what] : notUnderstood) {
-        const Played run = play(std::string("clipboard\n") + line + "\nclipboard\n");
+        const Played run = playScripted(std::string("clipboard\n") + line + "\nclipboard\n");
         EXPECT_EQ(run.fault, std::string("2: ") + what) << line;
         EXPECT_EQ(run.events.size(), 1U) << line;
     }
-    EXPECT_EQ(play("dialog SetDateTime\nkey F1\nsetup\nend\n").fault,
+    EXPECT_EQ(playScripted("dialog SetDateTime\nkey F1\nsetup\nend\n").fault,
               "3: the command \"setup\" has no place in a dialog block");
     for (const char* const command : {"show", "state", "focus txtDuration", "setup", "terminate", "leave", "key F1"})
-        EXPECT_EQ(play(std::string("terminate\n") + command).fault, "2: there is no document") << command;
+        EXPECT_EQ(playScripted(std::string("terminate\n") + command).fault, "2: there is no document") << command;
 }
 
 TEST(ScenarioTest, AnotherSetupFileIsReadAnewFromTheScriptsFolder)
@@ -253,8 +255,8 @@ TEST(ScenarioTest, AnotherSetupFileIsReadAnewFromTheScriptsFolder)
     const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "korvell-scenario";
     std::filesystem::create_directories(folder);
     std::ofstream(folder / "other.json") << R"({"title": "Other", "drivers": [{"name": "Only"}]})";
-    const Played run =
-        play("setup other.json\nsite status help\ndrivers\nfail Only GroupCount\n", bench, folder.string());
+    const Played run = playScripted("setup other.json\nsite status help\ndrivers\nfail Only GroupCount\n",
+                                    scriptedBench, folder.string());
     EXPECT_EQ(run.fault, "");
     EXPECT_EQ(run.last("drivers")["drivers"].size(), 1U);
     std::filesystem::remove_all(folder);

@@ -3,7 +3,7 @@
 namespace ko::test {
 namespace {
 
-const char* const bench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
+const char* const scheduledBench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
   {"name": "Digitizer", "groups": [{"name": "g", "channels": [{"address": "1:1"}]}],
    "timebase": {"samplePeriod": {"value": 0.001}}},
   {"name": "Scanner", "measurementMode": 2, "groups": [{"name": "g", "channels": [{"address": "2:1"}]}],
@@ -38,7 +38,7 @@ click cmdStopTime
 expect lblPlan caption "Starts at 11/24/2026 3:04:05 PM, records until 11/24/2026 3:04:15 PM, that is 10 s, 10,240 samples, 40.41 KB dynamic and 1.03 KB static, ends at about 11/24/2026 3:04:15 PM."
 drivers
 )",
-                            bench);
+                            scheduledBench);
     EXPECT_EQ(run.fault, "");
     EXPECT_TRUE(run.expectationsMet) << run.only({"expectation"});
     EXPECT_EQ(run.only({"dialog", "inert", "report", "message"}),
@@ -68,7 +68,7 @@ TEST(ScheduleScenarioTest, ADateOrTimeOfAnotherShapeCannotBeUnderstood)
                                     "dtpTimeSelector 15-04-05", "dtpTimeSelector 15:04", "dtpTimeSelector -1:0:0"}) {
         const Played run = play(std::string("setup\nshow\nclick optStartTime\ndialog SetDateTime\ntext ") + words +
                                     "\nend\nclick cmdStartTime\n",
-                                bench);
+                                scheduledBench);
         EXPECT_EQ(run.fault.rfind("5: \"", 0), 0U) << words << ": " << run.fault;
     }
 }

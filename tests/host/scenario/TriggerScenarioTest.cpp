@@ -3,7 +3,7 @@
 namespace ko {
 namespace {
 
-const char* const bench = R"({"drivers": [
+const char* const triggeredBench = R"({"drivers": [
   {"name": "Digitizer", "timebase": {"startMode": 2}, "triggerLines": {"startMasterRank": 5},
    "groups": [{"name": "Inputs", "channels": [
      {"address": "0:3:1", "name": "Crank", "triggerSource": true, "triggerParameters": [
@@ -19,7 +19,7 @@ std::string played(const std::string& script)
 {
     std::ostringstream output;
     std::istringstream input("quiet on\nsetup\nshow\nquiet off\n" + script);
-    Scenario scenario({parseSetup(bench, "bench.json"), {}, {}, {}}, output);
+    Scenario scenario({parseSetup(triggeredBench, "bench.json"), {}, {}, {}}, output);
     EXPECT_TRUE(scenario.run(input)) << output.str();
     return output.str();
 }
@@ -92,7 +92,7 @@ TEST(TriggerScenarioTest, ACellThatDiffersOrDoesNotExistIsReported)
     const auto opened = [](const std::string& question) {
         return test::play("quiet on\nsetup\nshow\ndialog AdvancedTrig\n" + question +
                               "\nend\nclick mnuTimebaseTriggerLines\n",
-                          bench);
+                          triggeredBench);
     };
     const test::Played other = opened("expect-cell tblStartMap Digitizer \"Line 0\" listens");
     EXPECT_FALSE(other.expectationsMet);

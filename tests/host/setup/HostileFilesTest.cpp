@@ -1,4 +1,5 @@
 #include "host/scenario/Scenario.h"
+#include "host/setup/RefusalOf.h"
 #include "host/support/InputError.h"
 
 #include <cstdlib>
@@ -6,18 +7,10 @@
 #include <sstream>
 
 namespace ko {
-namespace {
 
-/// Returns the message that refuses a set-up's text; "" if it is accepted.
-std::string refusalOf(const std::string& text)
-{
-    try {
-        parseSetup(text, "bench.json");
-        return {};
-    } catch (const InputError& error) {
-        return error.what();
-    }
-}
+using test::refusalOf;
+
+namespace {
 
 std::string withTitle(const std::string& title)
 {

@@ -97,7 +97,7 @@ TEST_F(InstrumentPropertiesTest, NumbersAreReadInTheLocaleAndNeverGuessed)
     }
 }
 
-struct Refused {
+struct RefusedValue {
     std::string path;
     TextForm form = TextForm::Text;
     std::string text, message;
@@ -105,14 +105,14 @@ struct Refused {
 
 TEST_F(InstrumentPropertiesTest, WhatASetupFileCouldNotHaveIsRefusedWithItsMessageAndPath)
 {
-    const Refused cases[]{
+    const RefusedValue cases[]{
         {choices, TextForm::Rates, "10; x; 30", choices + "[1]: must be a number"},
         {"timebase.samplePeriod.value", TextForm::Rate, "0", "timebase.samplePeriod.value: must be a number"},
         {"timebase.samplePeriod.range", TextForm::Numbers, "1",
          "timebase.samplePeriod.range: must be a minimum and a maximum"},
         {"numberOfScans", TextForm::OptionalNumber, "1.5", "numberOfScans: must be a whole number of 32 bits"},
         {channel + ".signal.noise", TextForm::Number, "-1", channel + ".signal.noise: must not be negative"}};
-    for (const Refused& at : cases) {
+    for (const RefusedValue& at : cases) {
         const std::string before = properties.text(at.path, at.form);
         properties.setText(at.path, at.form, at.text);
         EXPECT_EQ(refusal(), at.message);

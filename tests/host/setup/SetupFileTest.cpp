@@ -1,5 +1,6 @@
 #include "host/setup/SetupFile.h"
 #include "host/setup/JsonTree.h"
+#include "host/setup/RefusalOf.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/InputError.h"
@@ -46,16 +47,6 @@ const char* const everything = R"({
     "failing": [ "SamplePeriod get", { "operation": "#3", "number": 7, "description": "third" } ]
   }, { "name": "Bare" } ]
 })";
-
-std::string refusalOf(const std::string& text)
-{
-    try {
-        parseSetup(text, "bench.json");
-    } catch (const InputError& error) {
-        return error.what();
-    }
-    return "taken";
-}
 
 /// Returns a set-up whose only driver has an additional member.
 std::string withMember(const std::string& member)
@@ -112,14 +103,14 @@ TEST(SetupFileTest, WhatCannotBeWrittenLeavesTheFileAsItIs)
     std::filesystem::remove_all(folder);
 }
 
-struct Refused {
+struct RefusedFile {
     const char* text;
     const char* message;
 };
 
 TEST(SetupFileTest, AFileThatIsNoSetupIsRefusedWithItsLine)
 {
-    const Refused cases[]{
+    const RefusedFile cases[]{
         {"", "bench.json:1: "},
         {"{\"drivers\": [\n{\"name\": ", "bench.json:2: "},
         {"{\"drivers\":\n\n [}", "bench.json:3: "},
@@ -136,7 +127,7 @@ TEST(SetupFileTest, AFileThatIsNoSetupIsRefusedWithItsLine)
         {"{\"drivers\": [{\"name\": \"a\"},\n{\"name\": \"b\",\n\"groups\": [4]}]}",
          "bench.json:3: $.drivers[1].groups[0]: must be an object"},
     };
-    for (const Refused& refused : cases)
+    for (const RefusedFile& refused : cases)
         EXPECT_EQ(refusalOf(refused.text).rfind(refused.message, 0), 0U)
             << refused.text << " -> " << refusalOf(refused.text);
 }

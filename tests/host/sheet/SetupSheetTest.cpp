@@ -59,7 +59,7 @@ protected:
     }
 };
 
-const char* const bench = R"({"clock": "2026-11-21 09:30:00", "title": "Bench <2>", "drivers": [
+const char* const printedBench = R"({"clock": "2026-11-21 09:30:00", "title": "Bench <2>", "drivers": [
   {"name": "Digitizer \"A\" & B", "groups": [{"name": "In", "channels": [
      {"address": "0:3:1", "name": "Crank <1>", "triggerSource": true, "triggerParameters": [
        {"id": 2, "name": "Level", "type": "Float", "value": 0.5},
@@ -74,7 +74,7 @@ const char* const bench = R"({"clock": "2026-11-21 09:30:00", "title": "Bench <2
 
 TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
 {
-    HeadlessPage page = played(bench);
+    HeadlessPage page = played(printedBench);
     const QString sheet = sheetOf(page, "Bench <2>");
     EXPECT_TRUE(sheet.contains("<h1>Set-up sheet: Bench &lt;2&gt;</h1>"));
     EXPECT_TRUE(sheet.contains(toQt(page.page().lblPlan.caption()).toHtmlEscaped()));
@@ -98,7 +98,7 @@ TEST_F(SetupSheetTest, ASheetHoldsEverythingThatIsSetAndEscapesWhatItQuotes)
 
 TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
 {
-    HeadlessPage page = played(bench);
+    HeadlessPage page = played(printedBench);
     page.page().optStartTime.userClicked();
     page.page().optStopTime.userClicked();
     const QStringList rows = rowsOf(sheetOf(page, "x", true));
@@ -106,13 +106,13 @@ TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
                             "Start time|9:30:00 AM", "Stop|9:31:30 AM"})
         EXPECT_TRUE(rows.contains(row)) << row << "\n" << rows.join('\n').toStdString();
     EXPECT_FALSE(rows.contains("Trigger Channel|Crank <1>"));
-    QString failing = toQt(bench);
+    QString failing = toQt(printedBench);
     failing.replace("\"timebase\": {\"samplePeriod\"",
                     "\"failing\": [\"StartMode get\", \"Duration get\"], \"timebase\": {\"samplePeriod\"");
     HeadlessPage unknown = played(failing.toStdString());
     for (const char* row : {"Start|\u2013", "Duration|\u2013"})
         EXPECT_TRUE(rowsOf(sheetOf(unknown, "x")).contains(row)) << row;
-    QString differing = toQt(bench);
+    QString differing = toQt(printedBench);
     differing.replace("\"Odd one\"", "\"Odd one\", \"timebase\": {\"samplePeriod\": {\"value\": 0.5}}");
     HeadlessPage other = played(differing.toStdString());
     EXPECT_TRUE(rowsOf(sheetOf(other, "x"))

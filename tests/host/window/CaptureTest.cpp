@@ -24,9 +24,9 @@
 namespace ko::test {
 namespace {
 
-const std::string demo = KO_DEMO_FOLDER "/engine-bench-demo.json";
+const std::string demoSetup = KO_DEMO_FOLDER "/engine-bench-demo.json";
 
-const char* const bench = R"({"drivers": [
+const char* const capturedBench = R"({"drivers": [
   {"name": "Digitizer", "timebase": {"startMode": 2, "samplePeriod": {"value": 0.001, "choices": [0.001, 0.002, 0.01]},
       "blockSize": {"value": 1024, "range": [16, 65536]}},
    "triggerLines": {"startMasterRank": 5, "startLinesAsMaster": [0, 1, 2], "scanMasterRank": 3},
@@ -63,7 +63,7 @@ protected:
 
     void SetUp() override
     {
-        write("bench.json", bench);
+        write("bench.json", capturedBench);
         window.files().setQuestions(std::make_unique<Questions>(window));
         window.show();
         window.activateWindow();
@@ -183,7 +183,7 @@ protected:
 
 TEST_P(RandomSession, ReplaysToTheSameDriversAndTheSamePage)
 {
-    const std::string setup = GetParam() % 2 == 0 ? path("bench.json") : demo;
+    const std::string setup = GetParam() % 2 == 0 ? path("bench.json") : demoSetup;
     window.capture().start(path("session.scenario"), setup);
     window.open(setup);
     for (int i = wanted("KO_SESSION_ACTIONS", 150); i > 0; --i)
@@ -200,7 +200,7 @@ TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
     user.have([this] { window.capture().startFromHere(path("session.scenario")); });
     for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
         act();
-    expectSameReplay(demo);
+    expectSameReplay(demoSetup);
 }
 
 /// Limits the size of files during its life.

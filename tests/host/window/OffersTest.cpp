@@ -6,7 +6,7 @@
 namespace ko::test {
 namespace {
 
-const char* const bench = R"({ "drivers": [
+const char* const offeringBench = R"({ "drivers": [
   { "name": "Sampler", "groups": [ { "name": "In", "channels": [ { "address": "0:1:0" }, { "address": "0:1:1" } ] } ],
     "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.0001, 0.001, 0.01] }, "blockSize": { "value": 1 } } },
   { "name": "Other", "timebase": { "samplePeriod": { "value": 0.001, "choices": [0.001, 0.0001] },
@@ -16,7 +16,7 @@ class OffersTest : public FrameTest {
 protected:
     void SetUp() override
     {
-        window.open(file("bench.json", bench));
+        window.open(file("bench.json", offeringBench));
         show();
     }
     void press(Qt::Key key)
