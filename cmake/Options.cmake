@@ -4,6 +4,10 @@ add_library(ko_options INTERFACE)
 target_include_directories(ko_options INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/names)
 target_compile_options(ko_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
   -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual)
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # It also reports a name that another source of the unity build has in an anonymous namespace.
+  target_compile_options(ko_options INTERFACE -Wno-shadow)
+endif()
 if(KO_WARNINGS_AS_ERRORS)
   target_compile_options(ko_options INTERFACE -Werror)
 endif()
@@ -12,6 +16,9 @@ if(KO_SANITIZE)
     -fno-sanitize-recover=all)
   target_link_options(ko_options INTERFACE -fsanitize=${KO_SANITIZE})
   target_compile_definitions(ko_options INTERFACE _GLIBCXX_ASSERTIONS)
+  if(KO_SANITIZE MATCHES address)
+    target_compile_definitions(ko_options INTERFACE KO_ADDRESS_SANITIZER) # each compiler has another macro
+  endif()
 endif()
 
 # ko_apart(FILES...): excludes sources of this folder from unity builds, because a name in them clashes with another

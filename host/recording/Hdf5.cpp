@@ -2,7 +2,7 @@
 
 #include <mutex>
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KO_ADDRESS_SANITIZER
 // The library forgets a few bytes when one of its calls fails.
 // NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()

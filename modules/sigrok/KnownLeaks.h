@@ -1,6 +1,6 @@
 #pragma once
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KO_ADDRESS_SANITIZER
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -8,7 +8,7 @@ namespace ko::sigrok {
 
 /// While it lives, the leak sanitizer ignores what is allocated. For `sr_driver_scan` alone: the drivers of serial
 /// instruments lose their port when no instrument answers on it.
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KO_ADDRESS_SANITIZER
 using KnownLeaks = __lsan::ScopedDisabler;
 #else
 struct KnownLeaks {

@@ -180,7 +180,7 @@ long sampledOneIn(long usual)
 {
     if (std::getenv("KO_LONG_RUN"))
         return 1;
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KO_ADDRESS_SANITIZER
     return 3 * usual;
 #else
     return usual;

@@ -6,7 +6,7 @@
 #include <QAbstractItemModel>
 #include <QPushButton>
 #include <QVBoxLayout>
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KO_ADDRESS_SANITIZER
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -15,7 +15,7 @@ namespace {
 
 /// Qt does not free what its functions hold when an exception passes through them.
 struct IgnoredLeaks {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KO_ADDRESS_SANITIZER
     __lsan::ScopedDisabler disabler;
 #endif
 };

@@ -7,7 +7,7 @@
 #include <thread>
 #include <utility>
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KO_ADDRESS_SANITIZER
 #include <sanitizer/common_interface_defs.h>
 #endif
 
@@ -50,7 +50,7 @@ long WatchedRun::steps()
 
 void watchRuns()
 {
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KO_ADDRESS_SANITIZER
     __sanitizer_set_death_callback(printPresent);
 #endif
     std::thread([] {
