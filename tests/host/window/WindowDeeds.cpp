@@ -16,12 +16,9 @@ namespace ko::test {
 
 namespace {
 
-const QString setups[]{QStringLiteral("bench.json"),
-                       QStringLiteral("engine-bench-demo.json"),
-                       QStringLiteral("instrument-kinds.json"),
-                       QStringLiteral("none.json"),
-                       QStringLiteral("broken.json"),
-                       QStringLiteral("missing.json")};
+const QStringList setups =
+    QStringLiteral("bench.json engine-bench-demo.json instrument-kinds.json none.json broken.json missing.json")
+        .split(u' ');
 
 void openMenu(Workplace& place)
 {
