@@ -16,9 +16,12 @@ namespace ko::test {
 
 namespace {
 
-const QStringList setups =
-    QStringLiteral("bench.json engine-bench-demo.json instrument-kinds.json none.json broken.json missing.json")
-        .split(u' ');
+const QString setups[]{QStringLiteral("bench.json"),
+                       QStringLiteral("engine-bench-demo.json"),
+                       QStringLiteral("instrument-kinds.json"),
+                       QStringLiteral("none.json"),
+                       QStringLiteral("broken.json"),
+                       QStringLiteral("missing.json")};
 
 void openMenu(Workplace& place)
 {
