@@ -80,7 +80,7 @@ void PageWidget::layPlan()
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(area_, 1);
+    column->addWidget(area_);
     plan_ = &view_->sentence(page_.lblPlan);
     column->addWidget(plan_);
     const QMargins page = view_->layout()->contentsMargins();
