@@ -105,7 +105,7 @@ void PageWidget::layAnswers()
     whole->addLayout(row);
     for (CommandButton* button : {&page_.cmdTakeDuration, &page_.cmdTakeRate})
         row->addWidget(&view_->button(*button));
-    row->addStretch(1);
+    row->addStretch();
     layout()->addWidget(answers_);
     whatFits_->installEventFilter(this);
     showPlanOrAnswers();
