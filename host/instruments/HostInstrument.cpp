@@ -23,21 +23,16 @@ template <class View> View* viewOf(Instrument& instrument, View* (Driver::*query
 
 HostInstrument::HostInstrument(std::unique_ptr<Instrument> instrument) : instrument_(std::move(instrument))
 {
-    planFailures();
+    for (const SimulatedFailure& failure : held().failing)
+        calls_.fail(failure);
 }
 
 HostInstrument::HostInstrument(std::unique_ptr<DeviceInstrument> device)
-    : instrument_(std::move(device)), device_(static_cast<DeviceInstrument*>(instrument_.get()))
+    : HostInstrument(std::unique_ptr<Instrument>(std::move(device)))
 {
-    planFailures();
+    device_ = static_cast<DeviceInstrument*>(instrument_.get());
     calls_.failWith(device_->trouble());
     device_->exchanged = [this] { findViews(); };
-}
-
-void HostInstrument::planFailures()
-{
-    for (const SimulatedFailure& failure : held().failing)
-        calls_.fail(failure);
 }
 
 InstrumentSettings HostInstrument::settings() const

@@ -67,7 +67,6 @@ public:
 private:
     std::int32_t NumberOfScans() override;
     double DynamicBytes() override;
-    void planFailures();
     void take(const InstrumentSettings& settings);
     void findViews();
 

@@ -183,6 +183,30 @@ TEST(HostInstrumentTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
     EXPECT_EQ(calls.callCount(), 7);
 }
 
+TEST(HostInstrumentTest, RestoringIsACallForEachSettingThatDiffers)
+{
+    const auto with = [](const char* number, const char* truth) {
+        std::string text = R"(, "timebase": {"samplePeriod": {"value": #}, "blockSize": {"value": #},
+            "scanPeriod": {"value": #}, "duration": #, "startTime": #, "stopMode": #, "startMode": #}, "triggerLines": {
+            "startTriggerLine": #, "startTriggerInput": #, "scanTriggerLine": #, "scanTriggerInput": #},
+            "groups": [{"name": "g", "channels": [{"address": "1:1", "triggerSource": @, "triggerParameters": [
+                {"id": 3, "name": "p", "type": "Integer", "value": #}]}]}])";
+        for (std::size_t at = 0; (at = text.find_first_of("#@")) != std::string::npos;)
+            text.replace(at, 1, text[at] == '#' ? number : truth);
+        return driverOf(text);
+    };
+    const auto driver = with("2", "false");
+    const InstrumentSettings earlier = with("1", "true")->held();
+    Tape tape;
+    driver->calls().observe(&tape);
+    for (int times = 0; times < 2; ++times)
+        driver->restore(earlier);
+    EXPECT_EQ(tape.heard, "SamplePeriod1.0 BlockSize1.0 ScanPeriod1.0 Duration1.0 StartTime1.0 StopMode1 StartMode1 "
+                          "StartTriggerLine1 StartTriggerInput1 ScanTriggerLine1 ScanTriggerInput1 TriggerEnabledtrue "
+                          "SetTriggerParamValue1 ");
+    EXPECT_EQ(driver->held(), earlier);
+}
+
 TEST(HostInstrumentTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefusals)
 {
     const auto driver = driverOf(R"(, "timebase": {"samplePeriod": {"value": 2, "choices": [1, 2, 8]},

@@ -227,7 +227,7 @@ TEST(ScenarioTest, EachCommandTakesAsManyWordsAsItsDescriptionSays)
             for (int words = 0; words < any; ++words) {
                 std::string line = name;
                 for (int i = 0; i < words; ++i)
-                    line += " ?";
+                    line += " /"; // which is no file
                 const std::string fault = play(line + "\n").fault;
                 EXPECT_EQ(fault.starts_with("1: too few words"), words < it.least) << line;
                 EXPECT_EQ(fault.starts_with("1: too many words"), words > it.most) << line;

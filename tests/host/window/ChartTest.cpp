@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPaintEngine>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
@@ -12,6 +13,7 @@
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <map>
 #include <random>
 
 namespace ko::test {
@@ -56,6 +58,42 @@ public:
     std::function<bool(double sample)> isLost = [](double) { return false; };
     mutable std::size_t asked = 0;
     mutable int frames = 0;
+};
+
+/// A device that keeps the texts that are painted, with their places; the font of a headline is bold.
+class PaintedTexts final : public QPaintDevice, private QPaintEngine {
+public:
+    struct Text {
+        QString text;
+        double left, right;
+    };
+
+    explicit PaintedTexts(QWidget& widget) : QPaintEngine(AllFeatures), like_(widget) { widget.render(this); }
+
+    std::vector<Text> all;
+
+private:
+    [[nodiscard]] QPaintEngine* paintEngine() const override { return const_cast<PaintedTexts*>(this); }
+    [[nodiscard]] int metric(PaintDeviceMetric which) const override
+    {
+        const int figures[]{0, like_.width(), like_.height(), 300, 200, 1 << 24, 24, 96, 96, 96, 96, 1, 1 << 16};
+        return figures[which];
+    }
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPath(const QPainterPath&) override {}
+    using QPaintEngine::drawPolygon;
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    [[nodiscard]] Type type() const override { return User; }
+    void drawTextItem(const QPointF& at, const QTextItem& item) override
+    {
+        const double left = state->transform().map(at).x();
+        all.push_back({QString(item.font().bold() ? "*" : "") + item.text(), left, left + item.width()});
+    }
+
+    QWidget& like_;
 };
 
 class ChartTest : public testing::Test {
@@ -267,6 +305,40 @@ TEST_F(ChartTest, EachChannelIsDrawnWithItsGapsMarksAndWords)
     chart.show(nullptr, false);
     EXPECT_EQ(shown().size(), plain.size());
     EXPECT_EQ(spoken->text(QAccessible::Value), parts.text(chartText::nothing));
+}
+
+TEST_F(ChartTest, TheTextsOfTheRowsTheAxisAndTheMarksArePaintedInTheirPlaces)
+{
+    const auto source = std::make_shared<Sines>(2, 1e-3, 10000);
+    source->now.trigger = 2.5;
+    source->now.markers = {{5.0, ""}, {5.01, "no room"}, {7.5, "door"}, {-1.0, "before"}};
+    chart.show(source, false);
+    QApplication::processEvents();
+    const QRectF plots = ChartLayout(*chart.viewport(), 2).plots();
+    const auto place = [&](double time) { return plots.left() + plots.width() * time / 10.0; };
+    const std::map<QString, double> marks{{"Trigger", 2.5}, {"1", 5.0}, {"door", 7.5}};
+    std::string rows;
+    std::vector<double> times;
+    double end = 0.0;
+    for (const auto& [text, left, right] : PaintedTexts(*chart.viewport()).all) {
+        if (const auto mark = marks.find(text); mark != marks.end()) {
+            EXPECT_NEAR(left, place(mark->second), 6.0) << mark->second;
+        }
+        if (!text.endsWith(" s")) {
+            rows += text.toStdString() + "|";
+            continue;
+        }
+        times.push_back(text.chopped(2).toDouble());
+        const double half = (right - left) / 2.0;
+        EXPECT_NEAR(left, std::min(place(times.back()) - half, plots.right() - 2.0 * half), 5.0) << times.back();
+        EXPECT_GT(left, end) << "one label covers another";
+        end = right;
+    }
+    EXPECT_EQ(rows,
+              "*Signal 0|0.25 V|Digitizer|1.5|-0.5|*Signal 1|0.25 V|7 clipped|Digitizer|1.5|-0.5|Trigger|1|door|");
+    ASSERT_GE(times.size(), 4U);
+    for (std::size_t i = 1; i < times.size(); ++i)
+        EXPECT_DOUBLE_EQ(times[i] - times[i - 1], times[1]) << "steps of " << times[1] << " from 0";
 }
 
 TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
