@@ -44,7 +44,6 @@ StripChart::StripChart(Texts texts, const Locale& locale, QWidget* parent)
     setObjectName(QStringLiteral("stripChart"));
     setAccessibleName(texts_(chartText::chart));
     setStatusTip(texts_(chartText::keys));
-    setFocusPolicy(Qt::StrongFocus);
     setBackgroundRole(QPalette::Base);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);

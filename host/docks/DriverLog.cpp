@@ -24,7 +24,6 @@ DriverLog::DriverLog(const Texts& texts, const Locale& locale, QWidget* parent)
     view_->setRootIsDecorated(false);
     view_->setUniformRowHeights(true);
     view_->setAllColumnsShowFocus(true);
-    view_->setTabKeyNavigation(false);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     fitColumns(*view_);
     followTheEnd();

@@ -167,9 +167,9 @@ QVariant DriverLogModel::data(const QModelIndex& index, int role) const
 
 QVariant DriverLogModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= columns)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return texts_(headers[static_cast<std::size_t>(section)]);
+    return texts_(headers.at(static_cast<std::size_t>(section)));
 }
 
 } // namespace ko

@@ -36,7 +36,6 @@ InstrumentsView::InstrumentsView(const Texts& texts, const Locale& locale, QWidg
     view_->setModel(model_);
     view_->setAccessibleName(windowTitle());
     view_->setUniformRowHeights(true);
-    view_->setTabKeyNavigation(false);
     view_->setAllColumnsShowFocus(true);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -63,7 +63,6 @@ void Reports::makeView(const Texts& texts)
     list_->setRootIsDecorated(false);
     list_->setUniformRowHeights(true);
     list_->setAllColumnsShowFocus(true);
-    list_->setTabKeyNavigation(false);
     list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     fitColumns(*list_);
 }

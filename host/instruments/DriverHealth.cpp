@@ -69,15 +69,15 @@ bool DriverHealth::Trouble::hasAnsweredSince(std::int64_t turn, Operation operat
 
 void DriverHealth::afterRebuild(std::int64_t turn)
 {
-    std::size_t cleared = 0;
+    bool isCleared = false;
     for (auto& [driver, trouble] : troubles_) {
         const auto isAnswered = [&, &t = trouble, opened = driver->timesOpened()](const auto& failed) {
             return failed.second.timesOpened != opened || t.hasAnsweredSince(turn, failed.first.first);
         };
-        cleared += std::erase_if(trouble.open, isAnswered);
+        isCleared = std::erase_if(trouble.open, isAnswered) > 0 || isCleared;
     }
     std::erase_if(troubles_, [](const auto& trouble) { return trouble.second.open.empty(); });
-    if (cleared > 0 && changed)
+    if (isCleared && changed)
         changed();
 }
 

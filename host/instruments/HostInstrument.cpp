@@ -21,23 +21,15 @@ template <class View> View* viewOf(Instrument& instrument, View* (Driver::*query
 
 } // namespace
 
-HostInstrument::HostInstrument(std::unique_ptr<Instrument> instrument) : instrument_(std::move(instrument))
-{
-    planFailures();
-}
-
-HostInstrument::HostInstrument(std::unique_ptr<DeviceInstrument> device)
-    : instrument_(std::move(device)), device_(static_cast<DeviceInstrument*>(instrument_.get()))
-{
-    planFailures();
-    calls_.failWith(device_->trouble());
-    device_->exchanged = [this] { findViews(); };
-}
-
-void HostInstrument::planFailures()
+HostInstrument::HostInstrument(std::unique_ptr<Instrument> instrument)
+    : instrument_(std::move(instrument)), device_(dynamic_cast<DeviceInstrument*>(instrument_.get()))
 {
     for (const SimulatedFailure& failure : held().failing)
         calls_.fail(failure);
+    if (!device_)
+        return;
+    calls_.failWith(device_->trouble());
+    device_->exchanged = [this] { findViews(); };
 }
 
 InstrumentSettings HostInstrument::settings() const

@@ -200,9 +200,9 @@ void declare(CLI::App& app, CommandLine& line)
         ->option_text(" ");
 }
 
-/// Refuses to write a file that is also named for another purpose. Only a set-up may be saved over the file it was read
-/// from.
-void refuseClashes(const CommandLine& line)
+/// Refuses to write a file that is the program's own or also named for another purpose. Only a set-up may be saved over
+/// the file it was read from.
+void refuseClashes(const CommandLine& line, const std::function<void(const std::string& file)>& refuseOwn)
 {
     struct Named {
         std::string as, file;
@@ -213,13 +213,16 @@ void refuseClashes(const CommandLine& line)
         {"--language", line.language, false}, {"--sheet", line.settings.sheet.file, true},
         {"--picture", line.picture, true},    {"--capture", line.capture, true},
         {"--save", line.settings.save, true}, {"--record", line.recording.record, true}};
-    for (const Named* file = std::begin(files); file != std::end(files); ++file)
+    for (const Named* file = std::begin(files); file != std::end(files); ++file) {
+        if (file->isWritten && !file->file.empty())
+            refuseOwn(file->file);
         for (const Named* other = std::begin(files); other != file; ++other) {
             const bool isSavedInPlace = file->as == "--save" && other->as == "the set-up";
             if (file->isWritten && !isSavedInPlace && !file->file.empty() && !other->file.empty() &&
                 isSameFile(file->file, other->file))
                 throw InputError(file->file + ": named as " + other->as + " and as " + file->as);
         }
+    }
 }
 
 /// The options use the empty string for "not given".
@@ -237,7 +240,8 @@ void refuseEmptyValues(int argc, const char* const* argv)
 
 } // namespace
 
-std::optional<CommandLine> commandLine(int argc, const char* const* argv)
+std::optional<CommandLine> commandLine(int argc, const char* const* argv,
+                                       const std::function<void(const std::string& file)>& refuseOwn)
 {
     CLI::App app("Shows the timebase editor page on simulated instruments", "korvell-host");
     CommandLine line;
@@ -252,7 +256,7 @@ std::optional<CommandLine> commandLine(int argc, const char* const* argv)
         throw InputError(std::string(error.what()) + "; --help lists the options");
     }
     line.settings.changes = changesIn(app);
-    refuseClashes(line);
+    refuseClashes(line, refuseOwn);
     return line;
 }
 

@@ -4,6 +4,7 @@
 #include "host/main/RecordCommand.h"
 #include "host/main/SettingsCommand.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -25,7 +26,9 @@ struct CommandLine {
 };
 
 /// Parses the command line. Returns none after printing the output of `--help` or `--version`. Fails with an
-/// `InputError` if the command line is invalid, or if a file to write is also named for another purpose.
-std::optional<CommandLine> commandLine(int argc, const char* const* argv);
+/// `InputError` if the command line is invalid, if a file to write is also named for another purpose, or if
+/// `refuseOwn`, which is called for each file to write, throws one.
+std::optional<CommandLine> commandLine(int argc, const char* const* argv,
+                                       const std::function<void(const std::string& file)>& refuseOwn);
 
 } // namespace ko

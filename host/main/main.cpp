@@ -8,6 +8,7 @@
 #include "host/setup/SetupTemplates.h"
 #include "host/support/InputError.h"
 #include "host/support/StandardStreams.h"
+#include "host/toolkit/FrameMemory.h"
 #include "widgets/services/QtLocale.h"
 
 #include <csignal>
@@ -58,6 +59,7 @@ int runHeadless(const ko::CommandLine& line, const std::string& language,
     ko::ScenarioOptions options;
     options.devices = devices;
     options.setup = ko::loadSetup(line.setup);
+    options.refuseOwn = ko::FrameMemory::refuseUsers;
     options.language = language;
     if (line.locale == "system")
         options.locale = ko::toLocale(QLocale::system());
@@ -124,7 +126,7 @@ int main(int argc, char** argv)
     // Exceeding the file size limit is then reported as a failed write, like a full disk.
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     try {
-        const auto line = ko::commandLine(argc, argv);
+        const auto line = ko::commandLine(argc, argv, ko::FrameMemory::refuseUsers);
         const int status = line ? run(*line, argc, argv) : 0;
         ko::finishOutput();
         return status;

@@ -31,12 +31,15 @@ Json recordedJson(const std::string& file, const RecordingProgress& end)
 
 RecordingProgress recordInto(const Scenario& scenario, const std::string& file)
 {
+    const std::string path = scenario.path(file);
+    if (scenario.refuseOwn)
+        scenario.refuseOwn(path);
     const Instruments instruments(scenario.drivers().begin(), scenario.drivers().end());
     RecordingPlan plan =
         planRecording(instruments, PlanFor::Recording, [&](int number) { return scenario.text(number); });
     const Setup setup{.title = scenario.title(), .clock = scenario.clock.time, .instruments = {}};
     const RecordingRun run(instruments, std::move(plan),
-                           {.file = scenario.path(file),
+                           {.file = path,
                             .title = setup.title,
                             .setup = setupText(withPresentValues(setup, scenario.drivers())),
                             .clock = setup.clock,

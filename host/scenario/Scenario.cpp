@@ -13,8 +13,8 @@ namespace ko {
 
 Scenario::Scenario(const ScenarioOptions& options, std::ostream& output)
     : log(output), dialogs(log, [this](const ScriptLine& line) { return playLine(line); }),
-      mayRecord(options.mayRecord), folder_(options.folder), own_(std::make_unique<HeadlessStage>(*this, options)),
-      stage_(own_.get())
+      mayRecord(options.mayRecord), refuseOwn(options.refuseOwn), folder_(options.folder),
+      own_(std::make_unique<HeadlessStage>(*this, options)), stage_(own_.get())
 {
     join();
 }

@@ -46,8 +46,9 @@ public:
     bool quiet = false;
     bool showReads = false;
     bool expectationFailed = false;
-    bool mayRecord = true;        ///< see `ScenarioOptions`
-    bool skipsRecordings = false; ///< `record` has no effect
+    bool mayRecord = true;                                  ///< see `ScenarioOptions`
+    std::function<void(const std::string& file)> refuseOwn; ///< see `ScenarioOptions`
+    bool skipsRecordings = false;                           ///< `record` has no effect
 
     /// Runs a call of the host that may rebuild the page; see `DriverHealth::rebuild`. What the page then writes is no
     /// edit.

@@ -3,6 +3,7 @@
 #include "host/setup/SetupFile.h"
 #include "platform/Locale.h"
 
+#include <functional>
 #include <string>
 
 namespace ko {
@@ -15,6 +16,8 @@ struct ScenarioOptions {
     std::string language; ///< content of a string file, or empty
     /// Whether scripts may write recordings; scripts that are made up may not.
     bool mayRecord = true;
+    /// Throws an `InputError` for a file that scripts must not write; may be empty.
+    std::function<void(const std::string& file)> refuseOwn = {};
     std::shared_ptr<DeviceSource> devices = {}; ///< opens the devices of set-ups; empty: there are none
 };
 

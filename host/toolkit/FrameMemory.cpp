@@ -65,6 +65,11 @@ Content load(const std::string& file)
     }
 }
 
+void refuseMemory(const std::string& file, const std::string& memory)
+{
+    refuseSame(file, memory, "where the window keeps its state");
+}
+
 } // namespace
 
 FrameMemory::FrameMemory(std::string file) : file_(std::move(file))
@@ -101,12 +106,18 @@ std::string FrameMemory::folder() const
 
 void FrameMemory::refuseOwn(const std::string& file) const
 {
-    refuseSame(file, file_, "where the window keeps its state");
+    refuseMemory(file, file_);
+}
+
+void FrameMemory::refuseUsers(const std::string& file)
+{
+    refuseMemory(file, usersFile());
 }
 
 std::string FrameMemory::usersFile()
 {
-    return fromQt(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/window.json";
+    return fromQt(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)) +
+           "/Korvell/korvell-host/window.json";
 }
 
 } // namespace ko

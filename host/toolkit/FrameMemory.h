@@ -30,6 +30,8 @@ public:
     void refuseOwn(const std::string& file) const;
     /// Returns the path of the user's file.
     static std::string usersFile();
+    /// Throws an `InputError` if this is the user's file.
+    static void refuseUsers(const std::string& file);
 
 private:
     std::string file_;

@@ -108,11 +108,9 @@ void FrameRecording::showOutcome(const std::string& file, const RecordingOutcome
 
 std::optional<std::string> FrameRecording::setupIn(const std::string& file)
 {
-    read_.reset();
-    if (!isRecordingFile(file))
-        return std::nullopt;
-    read_ = OpenedRecording{file, heldIn(file), signalsIn(file)};
-    return read_->held.setup;
+    const bool isRecording = isRecordingFile(file);
+    read_ = isRecording ? std::optional(OpenedRecording{file, heldIn(file), signalsIn(file)}) : std::nullopt;
+    return read_ ? std::optional(read_->held.setup) : std::nullopt;
 }
 
 void FrameRecording::followSetup()

@@ -106,9 +106,9 @@ std::int64_t exponentOf(std::string_view plain)
     const auto digits = plain.substr(mark + 1);
     std::int64_t exponent = 0;
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
-    if (read.ec == std::errc::result_out_of_range || std::abs(exponent) > beyondAll)
+    if (read.ec == std::errc::result_out_of_range)
         return digits.front() == '-' ? -beyondAll : beyondAll;
-    return exponent;
+    return std::clamp(exponent, -beyondAll, beyondAll);
 }
 
 /// Distinguishes underflow from overflow, which `std::from_chars` reports alike.

@@ -240,8 +240,8 @@ TEST_F(Controls, AnOpenCellIsEndedAsItsStyleSaysAndALockedBoxIsReadOnly)
     frame.setEnabled(false);
     for (const Outcome outcome : {grid.userTypedInCell("x", 0, 0), grid.userSelectedInCell(0, 0)})
         EXPECT_EQ(outcome, Outcome::Inert);
+    EXPECT_EQ(grid.editedRow(), 0) << "dropped with the focus";
     frame.setEnabled(true);
-    grid.dropEdit();
     Grid::Cell check = grid.cell(1, 1);
     check.style.control = CellStyle::Control::check;
     grid.setCell(1, 1, check);
@@ -254,11 +254,11 @@ TEST_F(Controls, AnOpenCellIsEndedAsItsStyleSaysAndALockedBoxIsReadOnly)
 
 TEST_F(Controls, AnUnchangedPropertyDoesNotNotifyTheView)
 {
-    int drawn = 0;
+    int drawn = 0, ofForm = 0;
     const auto count = [&](Aspect) { ++drawn; };
     for (Control* control : controls())
         control->view = count;
-    view = resized = [&] { ++drawn; };
+    view = [&] { ++drawn, ++ofForm; };
     const std::function<void()> settings[] = {[&] { setCaption("caption"); },
                                               [&] { resize(10, 20); },
                                               [&] { resize(10, 30); },
@@ -306,6 +306,14 @@ TEST_F(Controls, AnUnchangedPropertyDoesNotNotifyTheView)
         drawn = 0;
         set();
         EXPECT_GT(drawn, 0) << &set - parts;
+    }
+    before.validate = [] { return false; };
+    for (const auto& set : std::initializer_list<std::function<void()>>{
+             [&] { setCaption("other"); }, [&] { move(1, 2); }, [&] { resize(7, 8); }, [&] { setForReading(true); },
+             [&] { moveFocus(&before); }, [&] { moveFocus(&tabs); }, [&] { dropFocus(); }}) {
+        ofForm = 0;
+        set();
+        EXPECT_EQ(ofForm, 1);
     }
 }
 

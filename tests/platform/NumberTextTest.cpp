@@ -98,6 +98,7 @@ TEST(NumberText, isReadInTheLocaleAndNothingElseIsANumber)
         EXPECT_EQ(failureOf([&] { return toDouble(text, english); }), failure::overflow) << text;
     EXPECT_EQ(failureOf([] { return toDouble(std::string(400, '9'), english); }), failure::overflow);
     EXPECT_EQ(toDouble("0." + std::string(400, '0') + "1e401", english), 1.0);
+    EXPECT_EQ(toDouble("." + std::string(400, '0') + "1", english), 0.0);
 }
 
 RC_GTEST_PROP(NumberText, isNumericForJustTheTextsOfTheGrammar, ())

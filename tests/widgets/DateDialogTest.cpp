@@ -5,6 +5,7 @@
 #include "platform/Locales.h"
 
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTimeEdit>
@@ -70,22 +71,29 @@ TEST_F(DateDialogTest, ADateAndATimeArePickedByKeysAlone)
 
 TEST_F(DateDialogTest, EnterIsOkAndEscapeAndTheCloseButtonAreCancel)
 {
-    const auto inCalendar = [&] { part<QCalendarWidget>("calDate").setFocus(); };
-    EXPECT_EQ(text(ask("12/31/1999 6:00:00 AM",
-                       [&] {
-                           inCalendar();
-                           key(Qt::Key_Return);
-                       })),
-              "12/31/1999 6:00:00 AM");
-    EXPECT_EQ(text(ask("6:00:00 AM", [&] { key(Qt::Key_Enter); })), "6:00:00 AM");
-    EXPECT_EQ(text(ask("12/31/1999 6:00:00 AM",
-                       [&] {
-                           inCalendar();
-                           key(Qt::Key_Escape);
-                       })),
-              "cancelled");
+    for (const char* const start : {"12/31/1999 6:00:00 AM", "6:00:00 AM"})
+        for (const auto& [pressed, result] :
+             {std::pair(Qt::Key_Return, start), {Qt::Key_Enter, start}, {Qt::Key_Escape, "cancelled"}})
+            EXPECT_EQ(text(ask(start,
+                               [&, pressed = pressed] {
+                                   part<QCalendarWidget>("calDate").setFocus();
+                                   key(pressed);
+                               })),
+                      result);
     EXPECT_EQ(text(ask("6:00:00 AM", [&] { QApplication::activeModalWidget()->close(); })), "cancelled");
     EXPECT_EQ(text(ask("6:00:00 AM", [&] { click("btnCancel"); })), "cancelled");
+}
+
+TEST_F(DateDialogTest, WhatIsPastedReplacesWhatWasBegun)
+{
+    QApplication::clipboard()->setText(" 9:15:08 PM\n");
+    const auto chosen = ask("2:00:00 PM", [] {
+        part<QTimeEdit>("dtpTimeSelector").setFocus();
+        key(Qt::Key_1);
+        key(Qt::Key_Insert, Qt::ShiftModifier);
+        key(Qt::Key_Return);
+    });
+    EXPECT_EQ(text(chosen), "9:15:08 PM");
 }
 
 TEST_F(DateDialogTest, HelpOpensByF1AndItsButtonAndTheDialogStays)
@@ -147,7 +155,8 @@ TEST_F(DateDialogTest, ATimeIsTypedAsItIsWrittenInEveryFormatHoweverTheFieldGotT
             {"9.5.8 pm", "21:05:08"},
             {"12 0 0a", "0:00:00"},
             {"00:00:30", "0:00:30"},
-            {"2145", "21:45:00"}};
+            {"2145", "21:45:00"},
+            {"2745a", "2:07:45"}}; // no hour is 27
         for (const auto& focus : ways)
             for (const auto& [text, kept] : typed) {
                 const auto chosen = ask("2:00:00 PM", [&, text = text] {

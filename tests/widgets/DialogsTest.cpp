@@ -120,6 +120,9 @@ TEST_F(ViewsTest, TheCalendarTakesTheRoomBesideTheTimeAndItsClock)
             EXPECT_FALSE(part<QWidget>("qt_calendar_prevmonth").toolTip().isEmpty());
             dates.optSpecifiedDay.userClicked();
             EXPECT_EQ(calendar.verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader);
+            EXPECT_EQ(calendar.weekdayTextFormat(Qt::Sunday), calendar.weekdayTextFormat(Qt::Monday));
+            QTest::keyClick(calendar.focusProxy(), Qt::Key_5);
+            EXPECT_TRUE(calendar.findChildren<QLabel*>().isEmpty()) << "no box of the toolkit";
             QTest::mouseClick(&part<QWidget>("qt_calendar_nextmonth"), Qt::LeftButton);
             const QDate date = calendar.selectedDate();
             auto& year = part<QWidget>("qt_calendar_yearedit");
@@ -130,6 +133,7 @@ TEST_F(ViewsTest, TheCalendarTakesTheRoomBesideTheTimeAndItsClock)
             QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
             QApplication::sendEvent(&part<QWidget>("dtpTimeSelector"), &wheel);
             EXPECT_EQ(dates.dtpTimeSelector.hour(), 12) << "the wheel turns only the time with the focus";
+            EXPECT_FALSE(wheel.isAccepted());
             part<QWidget>("dtpTimeSelector").setFocus();
             QApplication::sendEvent(&part<QWidget>("dtpTimeSelector"), &wheel);
             EXPECT_EQ(dates.dtpTimeSelector.hour(), 13);

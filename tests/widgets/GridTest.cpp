@@ -105,11 +105,11 @@ TEST_F(GridView, EachCellIsShownInItsOwnWay)
     form.grid.setCell(note, 1, cellOf("Either", Kind::list, true));
     EXPECT_EQ(shown(), "0.5 plain [x] 7 -{Either}");
     CellStyle bold;
-    bold.font.bold = true;
+    bold.font.bold = bold.font.italic = true;
     form.grid.setColHeaderStyle(bold);
     form.grid.setRowCount(2);
     EXPECT_EQ(shown(), "0.5 plain");
-    EXPECT_TRUE(grid.horizontalHeaderItem(0)->font().bold() && !grid.horizontalHeaderItem(0)->font().italic());
+    EXPECT_TRUE(grid.horizontalHeaderItem(0)->font().bold() && grid.horizontalHeaderItem(0)->font().italic());
 }
 
 TEST_F(GridView, TheNamesTakeTheWidthThatIsWantedUpToThreeQuartersOrHalfOfTheGrid)
@@ -219,7 +219,12 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     }
     key(Qt::Key_Home);
     key(Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_EQ(form.grid.selText(), "1");
+    for (const QEvent::Type way : {QEvent::FocusOut, QEvent::FocusIn}) {
+        QFocusEvent focus(way, Qt::OtherFocusReason);
+        QApplication::sendEvent(editor(), &focus);
+        EXPECT_EQ(form.grid.selText(), "1") << "kept while the focus is away";
+    }
+    EXPECT_EQ(editor()->selectedText(), "1");
     form.grid.setSelText("3");
     EXPECT_TRUE(editor()->text() == "32" && editor()->cursorPosition() == 1 && !mark->isVisible());
     QTest::keyClicks(editor(), "45");
@@ -232,6 +237,18 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     EXPECT_EQ(shown(), "3452 [x] {Falling} 7 text");
 }
 
+TEST_F(GridView, AFrameOfACheckBoxIsSeenOnADarkField)
+{
+    const auto seen = [&] { return check(slope).palette().color(QPalette::Window); };
+    QPalette dark = window.palette();
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::yellow);
+    window.setPalette(dark);
+    EXPECT_EQ(seen(), QColor(Qt::yellow));
+    window.setPalette({});
+    EXPECT_NE(seen(), QColor(Qt::yellow));
+}
+
 TEST_F(GridView, TheCurrentCellIsSelectedWhileTheGridHasTheFocus)
 {
     const auto selectedRow = [&] { return grid.selectedItems().isEmpty() ? -1 : grid.selectedItems()[0]->row(); };
@@ -240,7 +257,8 @@ TEST_F(GridView, TheCurrentCellIsSelectedWhileTheGridHasTheFocus)
     QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
     QApplication::sendEvent(&grid, &popup);
     EXPECT_EQ(selectedRow(), 0) << "a menu leaves it";
-    key(Qt::Key_Down);
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(grid.selectedItems().size(), 1);
     key(Qt::Key_Tab);
     EXPECT_EQ(selectedRow(), -1);
     ASSERT_TRUE(form.moveFocus(&form.grid));

@@ -145,16 +145,20 @@ TEST_F(LayoutTest, MoreRoomGoesToTheTriggerParametersOrBelowTheFramesAndTheColum
 {
     const int table = place(page().grdParam).height();
     EXPECT_GE(table, 8 * widget.fontMetrics().height());
-    const int stop = place(page().frmStop).height();
-    show(widget.size() + QSize(0, 200));
-    EXPECT_GT(place(page().grdParam).height(), table + 50);
+    const int stop = place(page().frmStop).height(), dynamic = place(page().frmDynamic).height(),
+              badge = place(page().lblReadOnly).height();
+    show(widget.size() + QSize(0, 150));
+    EXPECT_NEAR(place(page().grdParam).height(), table + 150, 1);
     EXPECT_EQ(place(page().frmStop).height(), stop);
+    EXPECT_EQ(place(page().frmDynamic).height(), dynamic);
     page().grdParam.setVisible(false);
     QApplication::processEvents();
     show(widget.size() + QSize(0, 1));
     const int start = place(page().frmStart).height();
     show(widget.size() + QSize(0, 200));
     EXPECT_EQ(place(page().frmStart).height(), start);
+    show(QSize(widget.width(), 2000));
+    EXPECT_EQ(place(page().lblReadOnly).height(), badge);
 
     const int before = place(page().cmbSampleRate).left() - place(page().frmDynamic).left();
     const int most = widget.view().fontMetrics().averageCharWidth() * 180;
@@ -221,6 +225,22 @@ TEST_F(LayoutTest, ValuesAreRightAlignedAndButtonsAndFieldsHaveRoomForTheirConte
     EXPECT_EQ(at(page().cmdChannel).accessibleName(), at(page().txtChannel).accessibleName());
 }
 
+TEST_F(LayoutTest, ALongTextIsWrappedAndDoesNotWidenThePage)
+{
+    page().lblWhatFits.setVisible(true);
+    const int least = widget.minimumSizeHint().width();
+    for (CaptionControl* text : std::initializer_list<CaptionControl*>{&page().lblReadOnly, &page().lblNoTriggerLine,
+                                                                       &page().lblWhatFits, &page().frmStart})
+        text->setCaption(fromQt(QStringLiteral("words ").repeated(100)));
+    page().lblPlan.setCaption(std::string(500, 'x'));
+    for (const bool isRefused : {true, false}) {
+        page().lblWhatFits.setVisible(isRefused);
+        show(widget.size());
+        EXPECT_FALSE(area.horizontalScrollBar()->isVisible());
+        EXPECT_LE(widget.minimumSizeHint().width(), least);
+    }
+}
+
 TEST_F(LayoutTest, ALargerFontMakesRoomForItself)
 {
     const int button = place(page().cmdChannel).width();
@@ -248,6 +268,7 @@ TEST_F(LayoutTest, AnswersTakeThePlaceOfThePlanAndAreInTheOrderOfTab)
     EXPECT_GE(said.top(), area.geometry().bottom());
     EXPECT_TRUE(first.top() > said.center().y() && first.top() == second.top());
     EXPECT_TRUE(second.left() > first.right() && first.left() < widget.width() / 4);
+    EXPECT_EQ(first.width(), at(page().cmdTakeDuration).sizeHint().width());
     ASSERT_TRUE(page().moveFocus(&page().cmdTakeDuration));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(page().activeControl(), &page().cmdTakeRate);

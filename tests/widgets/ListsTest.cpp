@@ -146,6 +146,9 @@ TEST_F(Lists, LinesArePickedUpToTheLimit)
     EXPECT_TRUE(tree.selectedItems().isEmpty());
     form.channels.userPicked({crank});
     EXPECT_EQ(tree.currentItem(), &item("Crank"));
+    tree.setFixedHeight(60);
+    form.channels.userPicked({slow, air});
+    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualItemRect(&item("Air")).center())) << "scrolled to";
 }
 
 TEST_F(Lists, TheFilterShowsWhatContainsItsTextAndMovesAHiddenSelection)
@@ -246,6 +249,9 @@ TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasis)
     key(Qt::Key_F2);
     EXPECT_EQ(table.findChild<QLineEdit*>(), nullptr);
     EXPECT_EQ(table.currentItem(), &weak);
+    key(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(table.selectedItems(), QList<QTableWidgetItem*>{table.item(1, 1)}) << "one cell at a time";
+    key(Qt::Key_Left);
     form.table.setContent({"One", "Two"},
                           {{"First", {cellOf("a"), cellOf("b")}}, {"Second", {cellOf("d"), cellOf("e")}}});
     EXPECT_EQ(table.currentItem(), table.item(1, 0)) << "the user's place";

@@ -121,8 +121,10 @@ TEST_F(Names, AHintIsTheToolTipOrTheTagUnlessItIsTheNumberOfAText)
 TEST_F(Names, AValueIsReadWithItsTitleAndItsShareOfALimit)
 {
     form.label.setCaption("&Bytes");
+    form.bytes.setShare(0.75);
     QProgressBar bar;
     QLabel& value = view.limitedValue(form.bytes, form.label, bar);
+    EXPECT_EQ(bar.value(), 75);
     struct Case {
         const char* caption;
         double share;

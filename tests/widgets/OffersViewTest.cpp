@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTableWidget>
 
 namespace ko::test {
@@ -100,6 +101,24 @@ TEST_F(OffersViewTest, ColumnsOfValuesHaveRoomForThemAndThoseOfSentencesShareThe
         form.tblOffers.setContent(content.columns, content.rows);
         settle();
         EXPECT_GT(table.columnWidth(0), metrics.horizontalAdvance("much longer than before, in one cell"));
+    });
+}
+
+TEST_F(OffersViewTest, OpensAtTheCurrentCellAndShowsAsMuchAfterItAsThereIsRoomFor)
+{
+    content.columns = {"A", "B", "C", "D", "E", "Why", "Says", "More"};
+    const Table::Cell wide{std::string(60, 'x'), "", Table::Emphasis::none};
+    content.rows = std::vector(60, Table::Row{"Name", std::vector(8, wide)});
+    content.row = 50;
+    content.column = 4;
+    ask([&] {
+        const auto& table = part<QTableWidget>("tblOffers");
+        const QPoint cell = table.visualItemRect(table.currentItem()).topLeft();
+        EXPECT_TRUE(table.viewport()->rect().contains(cell) && cell.x() < 2) << "not all after it have room";
+        table.horizontalScrollBar()->setValue(0);
+        dialog().resize(dialog().size() + QSize(10, 0));
+        settle();
+        EXPECT_EQ(table.horizontalScrollBar()->value(), 0) << "where the user has scrolled to";
     });
 }
 

@@ -6,8 +6,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
@@ -46,6 +48,7 @@ TEST_F(PageWidgetTest, AListAndItsBoxShareOnePlaceAndKeepTheLayoutWhenOneReplace
 {
     openAndShow();
     EXPECT_TRUE(at(page().cmbSampleRate).isVisible() && !at(page().txtSampleRate).isVisible());
+    EXPECT_FALSE(at(page().lblWhatFits).parentWidget()->isVisible());
     const QRect frame = at(page().frmDynamic).geometry();
     const QRect below = at(page().cmbSamplePeriod).geometry();
     page().cmbSampleRate.setVisible(false);
@@ -58,12 +61,25 @@ TEST_F(PageWidgetTest, AListAndItsBoxShareOnePlaceAndKeepTheLayoutWhenOneReplace
     EXPECT_EQ(at(page().frmDynamic).geometry(), frame);
 }
 
-TEST_F(PageWidgetTest, ShowingThePageFocusesTheOptionOfTheStartMode)
+TEST_F(PageWidgetTest, AWidgetThatIsMadeLaterShowsWhatTheFirstOneShows)
 {
-    fakes[0]->startMode = startMode::immediately;
     openAndShow();
-    widget.view().focus().follow();
-    EXPECT_TRUE(at(page().optImmediate).hasFocus());
+    const auto seen = [&](PageWidget& of) {
+        std::string all;
+        for (const Control* control : page().controls())
+            if (const QWidget* part = of.view().widget(*control)) {
+                QStringList one{toQt(control->name()), part->accessibleDescription()};
+                if (control != &page().lblPlan) // whose name follows later
+                    one << part->accessibleName();
+                for (const char* property : {"text", "currentText", "checked", "enabled", "toolTip", "statusTip"})
+                    one << part->property(property).toString();
+                all += fromQt(one.join('|')) + (part->isVisibleTo(&of) ? "|visible\n" : "\n");
+            }
+        return all;
+    };
+    const std::string first = seen(widget);
+    PageWidget later{page(), [](int number) { return QStringLiteral("text %1").arg(number); }};
+    EXPECT_EQ(seen(later), first);
 }
 
 TEST_F(PageWidgetTest, WithoutInstrumentsOnlyThePictureIsShownAndAClickOnItExplains)
@@ -74,6 +90,10 @@ TEST_F(PageWidgetTest, WithoutInstrumentsOnlyThePictureIsShownAndAClickOnItExpla
         EXPECT_FALSE(at(*frame).isVisible());
     QWidget& picture = at(page().imgNoInst);
     EXPECT_EQ(picture.property("picture").toInt(), NoInstrumentPicture::resource);
+    EXPECT_EQ(picture.geometry(), widget.view().layout()->contentsRect());
+    QTest::mouseClick(&picture, Qt::RightButton);
+    QTest::mouseRelease(&picture, Qt::LeftButton, {}, QPoint(-5, 5));
+    EXPECT_TRUE(host.messages.empty());
     QTest::mouseClick(&picture, Qt::LeftButton);
     EXPECT_EQ(host.takeMessages().size(), 1U);
 }
@@ -110,6 +130,7 @@ TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageAndCopiedByKeysAndMouse)
     EXPECT_GT(plan.height(), before);
 
     const Control* focused = page().activeControl();
+    ASSERT_TRUE(focused && at(*focused).hasFocus());
     QTest::mouseDClick(&plan, Qt::LeftButton, {}, plan.contentsRect().topLeft() + QPoint(8, 8));
     QTest::keyClick(&plan, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "Starts");
@@ -137,8 +158,16 @@ TEST_F(PageWidgetTest, EachMinuteTheTimesFollowTheClockWithoutACallToADriver)
         driver->gate = &gate;
     host.time = toDateTime("11/21/2026 9:31:00 AM", {});
     auto& minute = *widget.findChild<QTimer*>(QStringLiteral("minute"));
-    QTimerEvent passed(minute.timerId());
-    QApplication::sendEvent(&minute, &passed);
+    const auto pass = [&] {
+        QTimerEvent passed(minute.timerId());
+        QApplication::sendEvent(&minute, &passed);
+    };
+    QDialog asking(&widget);
+    asking.open();
+    pass();
+    EXPECT_EQ(day.text(), "today, in 1 min") << "not while a dialog is open";
+    asking.close();
+    pass();
     EXPECT_EQ(day.text(), "tomorrow, in 23 h 59 min");
     EXPECT_TRUE(timeline.accessibleName().contains("tomorrow, 9:30:00 AM, in 23 h 59 min"));
     EXPECT_NE(at(page().tmlPlan).grab().toImage(), before);
@@ -166,6 +195,7 @@ TEST_F(PageWidgetTest, TheTipOfAPeriodHasItInEngineeringUnits)
     openAndShow();
     QWidget& list = at(page().cmbSamplePeriod);
     const QString hint = list.statusTip();
+    list.setToolTip(QStringLiteral("own"));
     QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), list.mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(&list, &asked);
     EXPECT_EQ(QToolTip::text().toStdString(), hint.toStdString() + "\n39.06 \xC2\xB5s");

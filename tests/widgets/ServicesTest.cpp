@@ -77,21 +77,14 @@ TEST(QtLocale, EveryNumberDateAndTimeReadsBackInEveryLocaleAsItIsShownAndAsItIsT
     }
 }
 
-TEST(QtPrinters, SettingsReachThePrinterAndComeBack)
+TEST(QtPrinters, SettingsReachThePrinterAndComeBackInTheCodesOfTheSystem)
 {
-    // PDF output has no duplex mode.
     QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFormat(QPrinter::PdfFormat); // which has no duplex mode
     for (const DeviceMode& mode : {DeviceMode{2, 2, 1, 2, 1, 300}, DeviceMode{1, 1, 1, 1, 9, 600}}) {
         applySettings(printer, mode);
         EXPECT_EQ(settingsOf(printer), mode);
     }
-}
-
-TEST(QtPrinters, SettingsHaveTheCodesOfTheSystem)
-{
-    QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
     for (const auto& [quality, dots] : {std::pair(-1, 150), {-2, 300}, {-3, 600}, {-4, 1200}, {0, 600}, {75, 75}}) {
         DeviceMode mode;
         mode.copies = quality; // a number that no printer takes counts as one

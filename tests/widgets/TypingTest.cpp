@@ -12,18 +12,6 @@
 namespace ko::test {
 namespace {
 
-struct TypedBox {
-    const char* name;
-    TextBox Page::*box;
-    const char* text;
-    double FakeDriver::*kept;
-    double value;
-    const char* refused;
-    const char* message;
-
-    friend std::ostream& operator<<(std::ostream& out, const TypedBox& typed) { return out << typed.name; }
-};
-
 /// The page with ranges for all quantities, and real key events.
 class KeysOnThePage : public DocumentTest {
 protected:
@@ -49,38 +37,51 @@ protected:
     }
 };
 
-class Typing : public KeysOnThePage, public testing::WithParamInterface<TypedBox> {};
-
-TEST_P(Typing, WritesAsIsTypedAndHoldsBackWhatCannotBeAccepted)
+TEST_F(KeysOnThePage, ABoxWritesAsIsTypedAndHoldsBackWhatCannotBeAccepted)
 {
-    const TypedBox& it = GetParam();
-    TextBox& control = page().*it.box;
-    QWidget& box = at(control);
-    typeInto(box, it.text);
-    EXPECT_DOUBLE_EQ((*fakes[0]).*it.kept, it.value);
-    QTest::keyClick(&box, Qt::Key_Tab);
-    EXPECT_FALSE(box.hasFocus());
-    const std::string inForce = control.text();
-
-    const std::function<void()> ways[] = {
-        [&] { QTest::keyClick(&box, Qt::Key_Tab); },
-        [&] { QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8)); },
-        [&] { document->menu().OnCommand(command::acceptEntry); },
+    struct Case {
+        TextBox& control;
+        const char* text;
+        double& kept;
+        double value;
+        const char *refused, *message;
     };
-    for (const auto& leave : ways) {
-        typeInto(box, it.refused);
-        EXPECT_TRUE(control.marked());
-        EXPECT_EQ(host.messages, Texts()) << "nothing is said before the box is left";
-        leave();
-        EXPECT_EQ(host.takeMessages(), Texts{std::string("Invalid input: ") + it.message + " (48)"});
-        EXPECT_TRUE(box.hasFocus());
-        QTest::keyClick(&box, Qt::Key_Escape);
-        EXPECT_EQ(control.text(), inForce);
-        EXPECT_FALSE(control.marked());
+    const Case cases[] = {
+        {page().txtSampleRate, "400", fakes[0]->samplePeriod, 0.0025, "0", "real number in the range 1 to 1000000"},
+        {page().txtSamplePeriod, "0.25", fakes[0]->samplePeriod, 0.25, "abc", "real number"},
+        {page().txtBlockSize, "64", fakes[0]->blockSize, 64, "15", "integer in the range 16 to 4096"},
+        {page().txtScanRate, "50", fakes[0]->scanPeriod, 0.02, "-", "real number"},
+        {page().txtScanPeriod, "0.5", fakes[0]->scanPeriod, 0.5, "0.001", "real number in the range 0.01 to 100"}};
+    for (const auto& [control, text, kept, value, refused, message] : cases) {
+        SCOPED_TRACE(control.name());
+        QWidget& box = at(control);
+        typeInto(box, text);
+        EXPECT_DOUBLE_EQ(kept, value);
+        QTest::keyClick(&box, Qt::Key_Tab);
+        EXPECT_FALSE(box.hasFocus());
+        const std::string inForce = control.text();
+
+        const std::function<void()> ways[] = {
+            [&] { QTest::keyClick(&box, Qt::Key_Tab); },
+            [&] { QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8)); },
+            [&] { document->menu().OnCommand(command::acceptEntry); },
+        };
+        for (const auto& leave : ways) {
+            typeInto(box, refused);
+            EXPECT_TRUE(control.marked());
+            EXPECT_EQ(host.messages, Texts()) << "nothing is said before the box is left";
+            leave();
+            EXPECT_EQ(host.takeMessages(),
+                      Texts{std::string("Invalid input: A valid ") + message + " is required. (48)"});
+            EXPECT_TRUE(box.hasFocus());
+            QTest::keyClick(&box, Qt::Key_Escape);
+            EXPECT_EQ(control.text(), inForce);
+            EXPECT_FALSE(control.marked());
+        }
+        QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8));
+        EXPECT_FALSE(box.hasFocus());
+        EXPECT_DOUBLE_EQ(kept, value);
     }
-    QTest::mouseClick(&at(page().optAfter), Qt::LeftButton, {}, QPoint(8, 8));
-    EXPECT_FALSE(box.hasFocus());
-    EXPECT_DOUBLE_EQ((*fakes[0]).*it.kept, it.value);
 }
 
 /// Text that is dropped or pasted.
@@ -130,20 +131,6 @@ TEST_F(Dropping, WhatIsPastedEndsAtItsFirstLineBreak)
     }
     EXPECT_EQ(fakes[1]->scanPeriod, 0.25);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    EveryBox, Typing,
-    testing::Values(TypedBox{"txtSampleRate", &Page::txtSampleRate, "400", &FakeDriver::samplePeriod, 0.0025, "0",
-                             "A valid real number in the range 1 to 1000000 is required."},
-                    TypedBox{"txtSamplePeriod", &Page::txtSamplePeriod, "0.25", &FakeDriver::samplePeriod, 0.25, "abc",
-                             "A valid real number is required."},
-                    TypedBox{"txtBlockSize", &Page::txtBlockSize, "64", &FakeDriver::blockSize, 64, "15",
-                             "A valid integer in the range 16 to 4096 is required."},
-                    TypedBox{"txtScanRate", &Page::txtScanRate, "50", &FakeDriver::scanPeriod, 0.02, "-",
-                             "A valid real number is required."},
-                    TypedBox{"txtScanPeriod", &Page::txtScanPeriod, "0.5", &FakeDriver::scanPeriod, 0.5, "0.001",
-                             "A valid real number in the range 0.01 to 100 is required."}),
-    [](const auto& typed) { return std::string(typed.param.name); });
 
 TEST_F(KeysOnThePage, PageUpAndPageDownStepAList)
 {

@@ -30,7 +30,6 @@ void CellEditor::open()
     const FocusKeeper::Hold hold(view_.focus());
     row_ = grid_.editedRow();
     box_ = new QLineEdit;
-    isAway_ = false;
     box_->setFrame(false);
     box_->setAccessibleName(toLine(grid_.cell(row_, Grid::nameColumn).value));
     box_->setAccessibleDescription(toShown(grid_.tag()));

@@ -82,15 +82,14 @@ void ChannelSelectorBinding::showEntries()
     const Scoped guard(showing_, true);
     browser_.tree->clear();
     items_.clear();
-    QTreeWidgetItem* above[2]{};
+    QTreeWidgetItem* above[3]{};
     for (const ChannelSelector::Entry& entry : selector_.entries()) {
         const int depth = entry.depth();
         auto* item = depth == 0 ? new QTreeWidgetItem(browser_.tree) : new QTreeWidgetItem(above[depth - 1]);
         item->setText(0, toLine(entry.text));
         item->setData(0, Qt::UserRole, static_cast<qulonglong>(items_.size()));
         items_.push_back(item);
-        if (depth < 2)
-            above[depth] = item;
+        above[depth] = item;
     }
     for (const std::string& note : selector_.notes()) {
         auto* item = new QTreeWidgetItem(browser_.tree);

@@ -84,7 +84,7 @@ bool GridBinding::open(int row)
 bool GridBinding::keyPressed(const QKeyEvent& key)
 {
     const int row = table_.currentRow() + 1;
-    if (editor_.box() || row < 1)
+    if (editor_.box())
         return false;
     const bool opens = key.key() == Qt::Key_F2 || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter ||
                        key.key() == Qt::Key_Space;

@@ -65,7 +65,7 @@ int NoInstrumentPicture::layText(QPainter* painter, const QRect& place, const QF
         painter->setFont(font);
         painter->drawText(place, flags, text);
     }
-    return place.top() + QFontMetrics(font).boundingRect(QRect(0, 0, place.width(), 10000), flags, text).height();
+    return QFontMetrics(font).boundingRect(place, flags, text).bottom() + 1;
 }
 
 int NoInstrumentPicture::layTexts(QPainter* painter, int left, int top) const

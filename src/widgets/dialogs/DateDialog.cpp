@@ -24,11 +24,11 @@ public:
         frames->addWidget(&layDate(form));
         frames->addWidget(&layTime(form));
         auto* buttons = new QHBoxLayout;
-        buttons->addStretch(1);
+        buttons->addStretch();
         for (CommandButton* control : {&form.btnOK, &form.btnCancel, &form.btnHelp})
             buttons->addWidget(&button(*control));
         auto* whole = new QVBoxLayout(this);
-        whole->addLayout(frames, 1);
+        whole->addLayout(frames);
         whole->addLayout(buttons);
     }
 
@@ -44,7 +44,7 @@ private:
         for (QWidget* part : {&calendar, calendar.focusProxy()})
             part->setAccessibleName(withoutMnemonic(box.title()));
         nameParts(calendar);
-        column->addWidget(&calendar, 1);
+        column->addWidget(&calendar);
         return box;
     }
 
@@ -71,9 +71,9 @@ private:
         const int side = fontMetrics().height() * 10;
         clock.setFixedSize(side, side);
         column->addWidget(&time);
-        column->addStretch(1);
+        column->addStretch();
         column->addWidget(&clock, 0, Qt::AlignHCenter);
-        column->addStretch(1);
+        column->addStretch();
         return box;
     }
 };

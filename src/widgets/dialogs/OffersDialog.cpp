@@ -61,7 +61,7 @@ public:
         common.setTextFormat(Qt::PlainText);
         auto* whole = new QVBoxLayout(this);
         whole->addWidget(&common);
-        whole->addWidget(&table_, 1);
+        whole->addWidget(&table_);
         whole->addLayout(lastRow(form));
     }
 
@@ -108,7 +108,7 @@ private:
         row->addWidget(&quantity);
         row->addWidget(&value);
         row->addWidget(setAll_);
-        row->addStretch(1);
+        row->addStretch();
         row->addWidget(&button(form.btnClose));
         return row;
     }

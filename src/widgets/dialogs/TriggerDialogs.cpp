@@ -69,7 +69,7 @@ public:
                map(form.lblStartMap, form.tblStartMap));
         layTab(form.frmScanTrig, column(form.optScanTrig, form.lblNoScanLine), map(form.lblScanMap, form.tblScanMap));
         auto* buttons = new QHBoxLayout;
-        buttons->addStretch(1);
+        buttons->addStretch();
         auto* whole = new QVBoxLayout(this);
         whole->addWidget(&tabs(form.tabTrigger));
         whole->addLayout(buttons);
@@ -93,7 +93,7 @@ private:
         QLabel& none = label(noLine);
         none.setWordWrap(true);
         column->addWidget(&none);
-        column->addStretch(1);
+        column->addStretch();
         return column;
     }
 
@@ -102,7 +102,7 @@ private:
         QTableWidget& shown = table(control);
         auto* map = new QVBoxLayout;
         map->addWidget(&label(title, {&control}));
-        map->addWidget(&shown, 1);
+        map->addWidget(&shown);
         return map;
     }
 
@@ -112,7 +112,7 @@ private:
         box.setFlat(true);
         auto* sides = new QHBoxLayout(&box);
         sides->addLayout(options);
-        sides->addLayout(map, 1);
+        sides->addLayout(map);
     }
 };
 

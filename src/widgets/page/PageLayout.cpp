@@ -35,7 +35,6 @@ QGridLayout& PageWidget::framed(Frame& frame)
     heading->setFont(bold);
     heading->setWordWrap(true);
     auto* grid = new QGridLayout(&view_->frame(frame, heading));
-    grid->setColumnStretch(fields, 1);
     grid->addWidget(heading, 0, labels, 1, buttons + 1);
     return *grid;
 }
@@ -58,7 +57,6 @@ void PageWidget::addQuantity(QGridLayout& grid, const Quantity& quantity)
     auto* field = new QGridLayout;
     field->addWidget(&kept(view_->numberList(list)), 0, 0);
     field->addWidget(&kept(view_->numberBox(box)), 0, 0);
-    field->setColumnStretch(0, 1);
     QPushButton& mark = view_->button(page_.*quantity.mark, &label);
     mark.setIcon(mark.style()->standardIcon(QStyle::SP_MessageBoxWarning));
     mark.setToolTip(plainTip(toQt((page_.*quantity.mark).tag())));
@@ -101,7 +99,7 @@ void PageWidget::addLimitedValue(QGridLayout& grid, Label& label, LimitedLabel& 
     shown.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     shown.setMinimumWidth(view_->fontMetrics().horizontalAdvance(QStringLiteral("1023.99 MB")));
     auto* both = new QHBoxLayout;
-    both->addWidget(bar, 1);
+    both->addWidget(bar);
     both->addWidget(&shown);
     grid.addLayout(both, row, fields, 1, 2);
 }
@@ -137,6 +135,16 @@ QLabel& PageWidget::badge()
     return badge;
 }
 
+/// As wide as its largest width and the room allow, in the middle of the room.
+QLayout* PageWidget::centred(QWidget& widget)
+{
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(&widget, 1);
+    row->addStretch();
+    return row;
+}
+
 void PageWidget::layColumns()
 {
     content_ = new QWidget(view_);
@@ -145,26 +153,18 @@ void PageWidget::layColumns()
     auto* left = new QVBoxLayout;
     left->addWidget(view_->widget(page_.frmDynamic));
     left->addWidget(view_->widget(page_.frmStatic));
-    left->addStretch(1);
+    left->addStretch();
     schedules_ = new QVBoxLayout;
     schedules_->addWidget(view_->widget(page_.frmStart));
     schedules_->addWidget(view_->widget(page_.frmStop));
     schedules_->addStretch();
-    columns_->addLayout(left, 1);
+    columns_->addLayout(left);
     columns_->addLayout(schedules_, 1);
-    auto* centred = new QHBoxLayout;
-    centred->addStretch(1);
-    centred->addWidget(content_, 1000);
-    centred->addStretch(1);
     auto* limited = new QVBoxLayout;
     limited->addWidget(&badge());
-    limited->addLayout(centred, 1000);
-    auto* centredTimes = new QHBoxLayout;
-    centredTimes->addStretch(1);
-    centredTimes->addWidget(&view_->timeline(page_.tmlPlan), 1000);
-    centredTimes->addStretch(1);
-    limited->addLayout(centredTimes);
-    limited->addStretch(1);
+    limited->addLayout(centred(*content_), 1);
+    limited->addLayout(centred(view_->timeline(page_.tmlPlan)));
+    limited->addStretch();
     // The picture and the frames share one cell; only one of them is shown.
     auto* whole = new QGridLayout(view_);
     whole->addLayout(limited, 0, 0);
@@ -175,13 +175,8 @@ void PageWidget::layColumns()
 /// Extra room goes to the trigger parameters or, without them, below the frames.
 void PageWidget::stretch(bool stacked)
 {
-    const int toStart = view_->widget(page_.grdParam)->isVisibleTo(view_) ? 1 : 0;
-    if (schedules_->stretch(0) != toStart) {
-        schedules_->setStretch(0, toStart);
-        schedules_->setStretch(schedules_->count() - 1, 1 - toStart);
-    }
-    if (columns_->stretch(0) != (stacked ? 0 : 1))
-        columns_->setStretch(0, stacked ? 0 : 1);
+    schedules_->setStretch(0, view_->widget(page_.grdParam)->isVisibleTo(view_) ? 1 : 0);
+    columns_->setStretch(0, stacked ? 0 : 1);
 }
 
 void PageWidget::alignLabels(const std::vector<QGridLayout*>& grids)

@@ -80,7 +80,7 @@ void PageWidget::layPlan()
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(area_, 1);
+    column->addWidget(area_);
     plan_ = &view_->sentence(page_.lblPlan);
     column->addWidget(plan_);
     const QMargins page = view_->layout()->contentsMargins();
@@ -105,7 +105,7 @@ void PageWidget::layAnswers()
     whole->addLayout(row);
     for (CommandButton* button : {&page_.cmdTakeDuration, &page_.cmdTakeRate})
         row->addWidget(&view_->button(*button));
-    row->addStretch(1);
+    row->addStretch();
     layout()->addWidget(answers_);
     whatFits_->installEventFilter(this);
     showPlanOrAnswers();

@@ -72,6 +72,7 @@ private:
     void layTrigger(QGridLayout& grid);
     void layStop();
     void nameUnit(QComboBox& unit);
+    static QLayout* centred(QWidget& widget);
     void layColumns();
     /// The label of a page that is only read.
     QLabel& badge();

@@ -183,6 +183,29 @@ TEST(HostInstrumentTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
     EXPECT_EQ(calls.callCount(), 7);
 }
 
+TEST(HostInstrumentTest, RestoringIsACallForEachSettingThatDiffers)
+{
+    const auto driver = driverOf(R"(, "timebase": {}, "triggerLines": {}, "groups": [{"name": "g", "channels": [
+        {"address": "1:1", "triggerParameters": [{"id": 3, "name": "p", "type": "Integer", "value": 2}]}]}])");
+    InstrumentSettings earlier = driver->held();
+    TimebaseSettings& timebase = *earlier.timebase;
+    timebase.samplePeriod.value = timebase.blockSize.value = timebase.scanPeriod.value = timebase.startTime.days = 1;
+    timebase.duration = 1;
+    timebase.stopMode = timebase.startMode = 1;
+    TriggerLineSettings& lines = *earlier.triggerLines;
+    lines.startTriggerLine = lines.startTriggerInput = lines.scanTriggerLine = lines.scanTriggerInput = 1;
+    earlier.groups[0].channels[0].triggerSource = true;
+    earlier.groups[0].channels[0].triggerParameters[0].value = 1;
+    CallTape tape;
+    driver->calls().observe(&tape);
+    for (int times = 0; times < 2; ++times)
+        driver->restore(earlier);
+    EXPECT_EQ(tape.heard, "SamplePeriod1.0 BlockSize1.0 ScanPeriod1.0 Duration1.0 StartTime1.0 StopMode1 StartMode1 "
+                          "StartTriggerLine1 StartTriggerInput1 ScanTriggerLine1 ScanTriggerInput1 TriggerEnabledtrue "
+                          "SetTriggerParamValue1 ");
+    EXPECT_EQ(driver->held(), earlier);
+}
+
 TEST(HostInstrumentTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefusals)
 {
     const auto driver = driverOf(R"(, "timebase": {"samplePeriod": {"value": 2, "choices": [1, 2, 8]},
@@ -197,10 +220,11 @@ TEST(HostInstrumentTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefus
     timebase.setStopMode(1);
     TriggerParameters& parameters = *driver->queryTriggerParameters();
     parameters.SetTriggerParamValue(0, 0, 2, 0.5);
-    EXPECT_EQ(failureOf([&] { parameters.SetTriggerParamValue(0, 0, 2, std::string("x")); }), failure::typeMismatch);
+    EXPECT_EQ(failureOf([&] { parameters.SetTriggerParamValue(0, 0, 2, std::string("\u00e4")); }),
+              failure::typeMismatch);
     EXPECT_EQ(failureOf([&] { parameters.TriggerEnabled(1, 0); }), failure::subscriptOutOfRange);
     EXPECT_EQ(tape.heard, "SamplePeriod8.0 SamplePeriod7.0->8.0 ScanPeriod6.0->5.0 StopMode1 SetTriggerParamValue0.5 ");
-    EXPECT_EQ(tape.failures, "SetTriggerParamValue\"x\"!13 TriggerEnabled!9 ");
+    EXPECT_EQ(tape.failures, "SetTriggerParamValue\"\u00e4\"!13 TriggerEnabled!9 ");
 
     driver->enableChannel(0, 0, false);
     EXPECT_EQ(driver->ChannelAttribute(0, 0, attribute::enabled), Value{std::int32_t{0}});

@@ -122,6 +122,26 @@ class Program(unittest.TestCase):
             self.assertEqual(done.returncode, 2)
             self.assertIn("File too large", done.stderr)
 
+    def test_where_the_window_keeps_its_state_nothing_else_is_written_under_any_name(self):
+        with tempfile.TemporaryDirectory() as folder:
+            memory = Path(folder) / "Korvell" / "korvell-host" / "window.json"
+            memory.parent.mkdir(parents=True)
+            for content in (None, "the state"):
+                if content:
+                    memory.write_text(content, encoding="utf-8")
+                for ending, script, *arguments in ((".json", "", "--save"), (".html", "", "--sheet"),
+                                                   (".png", "", "--picture"), (".h5", "", "--record"),
+                                                   (".scenario", "", "--capture"),
+                                                   (".h5", "setup\nshow\nrecord link.h5\n", "--headless")):
+                    link = Path(folder) / f"link{ending}"
+                    link.unlink(missing_ok=True)
+                    link.symlink_to(memory)
+                    done = run(SETUP, *arguments, *([] if script else [link.name]), script=script, cwd=folder,
+                               XDG_CONFIG_HOME=folder)
+                    self.assertEqual(done.returncode, 2, arguments)
+                    self.assertIn(f"{link.name}: is where the window keeps its state", done.stderr)
+                    self.assertEqual(memory.read_text(encoding="utf-8") if memory.exists() else None, content)
+
     def test_an_interrupt_stops_a_recording_and_a_kill_leaves_it_readable(self):
         for signal_number, state in ((signal.SIGINT, "stopped"), (signal.SIGTERM, "stopped"), (signal.SIGKILL, "recording")):
             with tempfile.TemporaryDirectory() as folder:

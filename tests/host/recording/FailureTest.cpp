@@ -75,14 +75,14 @@ namespace {
 
 using namespace test;
 
-/// Checks that each sample is its own number or lost; returns how many are lost.
-std::int64_t lostOf(const std::vector<float>& samples)
+/// Checks that each sample is its own number after `base`, or lost; returns how many are lost.
+std::int64_t lostOf(const std::vector<float>& samples, float base = 0.0F)
 {
     std::int64_t lost = 0;
     for (std::size_t i = 0; i < samples.size(); ++i)
         if (std::isnan(samples[i]))
             ++lost;
-        else if (samples[i] != static_cast<float>(i))
+        else if (samples[i] != base + static_cast<float>(i))
             ADD_FAILURE() << i << " is " << samples[i];
     return lost;
 }
@@ -98,17 +98,18 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
         RunState end;
     } cases[]{
         {[](BlockSink& sink) {
-             sink.deliver(numbers(0, 100));
-             sink.deliver(numbers(150, 60));
-             sink.deliver(numbers(200, 10)); // known already
+             sink.deliver(numbers(0, 100, 2));
+             sink.deliver(numbers(150, 60, 2));
+             sink.deliver(numbers(200, 10, 2)); // known already
+             sink.deliver(numbers(190, 30, 2)); // known in part
              sink.ended(260, "the cable is unplugged");
          },
          260,
-         100,
+         90,
          {"Counter: the cable is unplugged"},
          RunState::Failed},
         {[](BlockSink& sink) {
-             sink.deliver(numbers(5, 200000));
+             sink.deliver(numbers(5, 200000, 2));
              sink.ended(200005, "");
          },
          300,
@@ -125,16 +126,25 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
     };
     for (const auto& c : cases) {
         auto instruments = instrumentsOf("{\"name\": \"Bare\"}," + instrument(""));
-        instruments.push_back(std::make_shared<Scripted>(counter(300), c.script));
-        const RecordingProgress end = recorded(instruments, into(file));
+        instruments.push_back(std::make_shared<Scripted>(counter(300, R"(}, {"address": "1:2")"), c.script));
+        const RecordingRun run(instruments, armed(instruments), into(file));
+        const RecordingProgress end = run.wait();
         EXPECT_EQ(end.state, c.end);
         EXPECT_EQ(end.failures, c.failures);
         EXPECT_FALSE(end.hasFileFailed);
         EXPECT_EQ(end.instruments[1].lost, c.lost);
+        const std::string sum = byteText(4.0 * static_cast<double>(10240 + 2 * c.samples));
+        EXPECT_NE(progressText(end).find(sum + ", " + std::to_string(c.lost) + " samples lost"), std::string::npos);
         const Reading held(file);
-        const auto samples = held.samples("instrument-2/channel-0-0");
-        EXPECT_EQ(std::ssize(samples), c.samples);
-        EXPECT_EQ(lostOf(samples), c.lost);
+        for (const std::size_t channel : {0U, 1U}) {
+            const auto samples = held.samples("instrument-2/channel-0-" + std::to_string(channel));
+            EXPECT_EQ(std::ssize(samples), c.samples);
+            EXPECT_EQ(lostOf(samples, static_cast<float>(channel) * 1e6F), c.lost);
+            // Of the chart, the first channel is another instrument's.
+            const auto shown = run.chart()->extents(channel + 1, {.first = 0.0, .width = 1.0, .count = samples.size()});
+            for (std::size_t i = 0; i < shown.size(); ++i)
+                EXPECT_TRUE(std::isnan(samples[i]) ? shown[i].isEmpty() : (shown[i] == Extent{samples[i], samples[i]}));
+        }
         EXPECT_EQ(held.number("instrument-2", "lost"), static_cast<double>(c.lost));
         EXPECT_EQ(held.text("/", "state"), stateText(c.end));
         EXPECT_EQ(held.samples("instrument-1/channel-0-0").size(), 10240U);

@@ -212,11 +212,13 @@ inline std::string counter(int samples, const std::string& more = "")
            std::to_string(0.001 * samples) + "}}";
 }
 
-inline Block numbers(std::int64_t first, std::int64_t count)
+/// Each sample is its number, and a million more for each channel before its own.
+inline Block numbers(std::int64_t first, std::int64_t count, int channels = 1)
 {
-    Block block{.first = first, .count = count, .samples = std::vector<float>(static_cast<std::size_t>(count))};
-    for (std::int64_t i = 0; i < count; ++i)
-        block.samples[static_cast<std::size_t>(i)] = static_cast<float>(first + i);
+    Block block{.first = first, .count = count, .samples = {}};
+    for (std::int64_t channel = 0; channel < channels; ++channel)
+        for (std::int64_t i = 0; i < count; ++i)
+            block.samples.push_back(static_cast<float>(channel * 1000000 + first + i));
     return block;
 }
 

@@ -103,39 +103,28 @@ TEST(HistoryTest, AReadOnlyPageAndAnOpenDialogUndoNothing)
 /// Edits of every kind, any of them, in any order.
 std::string anyEdits(unsigned seed, int count)
 {
+    // %N is a number below N.
+    std::istringstream all(
+        "choose cmbSampleRate #%6;choose cmbBlockSize #%4;choose cmbScanRate #%5;choose cmbScanPeriod #%5;"
+        "text txtDuration %100;choose cmbInterval #%3;click optImmediate;click optOnTrigger;click optStartTime;"
+        "click optStopTime;click optAfter;cell 1 %10;enable 0 0 %4 %2;key Escape;undo;redo;show;"
+        "dialog SelectChannel\npick 0 %3\nclick cmdOK\nend\nclick cmdChannel;"
+        "dialog SetDateTime\ntext dtpTimeSelector 15:04:%60\nclick btnOK\nend\nclick cmdStartTime;"
+        "dialog AdvancedTrig\nclick optStartTrig(%8)\nclick optScanTrig(%8)\nclick btnOK\nend\n"
+        "click mnuTimebaseTriggerLines");
+    std::vector<std::string> edits;
+    for (std::string edit; std::getline(all, edit, ';');)
+        edits.push_back(edit);
     std::minstd_rand random(seed);
-    const auto upTo = [&](int limit) { return std::to_string(random() % static_cast<unsigned>(limit)); };
-    const std::function<std::string()> edits[] = {
-        [&] { return "choose cmbSampleRate #" + upTo(6); },
-        [&] { return "choose cmbBlockSize #" + upTo(4); },
-        [&] { return "choose cmbScanRate #" + upTo(5); },
-        [&] { return "choose cmbScanPeriod #" + upTo(5); },
-        [&] { return "text txtDuration " + upTo(100); },
-        [&] { return "choose cmbInterval #" + upTo(3); },
-        [&] { return "click optImmediate"; },
-        [&] { return "click optOnTrigger"; },
-        [&] { return "click optStartTime"; },
-        [&] { return "click optStopTime"; },
-        [&] { return "click optAfter"; },
-        [&] { return "cell 1 " + upTo(10); },
-        [&] { return "enable 0 0 " + upTo(4) + " " + upTo(2); },
-        [&] { return "dialog SelectChannel\npick 0 " + upTo(3) + "\nclick cmdOK\nend\nclick cmdChannel"; },
-        [&] {
-            return "dialog AdvancedTrig\nclick optStartTrig(" + upTo(8) + ")\nclick optScanTrig(" + upTo(8) +
-                   ")\nclick btnOK\nend\nclick mnuTimebaseTriggerLines";
-        },
-        [&] {
-            return "dialog SetDateTime\ntext dtpTimeSelector 15:04:" + upTo(60) +
-                   "\nclick btnOK\nend\nclick cmdStartTime";
-        },
-        [&] { return "key Escape"; },
-        [&] { return "undo"; },
-        [&] { return "redo"; },
-        [&] { return "show"; },
-    };
     std::string script;
-    for (int i = 0; i < count; ++i)
-        script += edits[random() % std::size(edits)]() + "\n";
+    for (int i = 0; i < count; ++i) {
+        std::string edit = edits[random() % edits.size()];
+        for (std::size_t at = 0, length = 0; (at = edit.find('%')) != std::string::npos;) {
+            const int limit = std::stoi(edit.substr(at + 1), &length);
+            edit.replace(at, length + 1, std::to_string(random() % static_cast<unsigned>(limit)));
+        }
+        script += edit + "\n";
+    }
     // The last edits leave nothing to be redone.
     return script + "leave\nenable 0 0 3 1\nenable 0 0 3 0\n";
 }

@@ -163,10 +163,13 @@ TEST(CapturedCommandsTest, ChannelsAndLocalesAreSetAndWhatIsWrongIsNamed)
                             "state txtDuration\n",
                             capturedBench);
     EXPECT_EQ(set.events.at(set.events.size() - 2)["drivers"][0]["groups"][0]["channels"][0]["enabled"], 0);
-    for (const auto& [line, what] : {std::pair{"enable 0 0 9 1", "there is no such channel"},
-                                     std::pair{"enable 0 0 0 2", "a channel is enabled with 1 and disabled with 0"},
-                                     std::pair{"locale a=b", "\"a=b\" is no setting such as decimalSeparator=,"},
-                                     std::pair{"text txtDuration 5 1", "a selection has a start and a length"}})
+    const char* const noSelection = "a selection begins at 0 and has no length below 0";
+    for (const auto& [line, what] :
+         {std::pair{"enable 0 0 9 1", "there is no such channel"},
+          std::pair{"enable 0 0 0 2", "a channel is enabled with 1 and disabled with 0"},
+          std::pair{"locale a=b", "\"a=b\" is no setting such as decimalSeparator=,"},
+          std::pair{"text txtDuration 5 1", "a selection has a start and a length"},
+          std::pair{"select txtDuration -1 1", noSelection}, std::pair{"select txtDuration 1 -1", noSelection}})
         EXPECT_EQ(play(line, capturedBench).fault, std::string("1: ") + what);
 }
 

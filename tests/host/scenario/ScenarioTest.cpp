@@ -68,6 +68,8 @@ TEST(ScenarioTest, ReadsAreLoggedOnRequestAndNeitherReadsNorWritesWhileQuiet)
         return lines;
     };
     EXPECT_EQ(linesOf("read"), (std::set<int>{9}));
+    EXPECT_NE(run.only({"read"}).find(R"("operation":"DriverName","arguments":[0],"value":"Digitizer")"),
+              std::string::npos);
     for (const int silent : {5, 7})
         EXPECT_FALSE(linesOf("write").count(silent)) << silent;
     EXPECT_TRUE(linesOf("write").count(2));
@@ -229,7 +231,7 @@ TEST(ScenarioTest, EachCommandTakesAsManyWordsAsItsDescriptionSays)
             for (int words = 0; words < any; ++words) {
                 std::string line = name;
                 for (int i = 0; i < words; ++i)
-                    line += " ?";
+                    line += " /"; // which is no file
                 const std::string fault = playScripted(line + "\n").fault;
                 EXPECT_EQ(fault.starts_with("1: too few words"), words < it.least) << line;
                 EXPECT_EQ(fault.starts_with("1: too many words"), words > it.most) << line;

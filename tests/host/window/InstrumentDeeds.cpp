@@ -41,20 +41,13 @@ QTreeView* selectInstrument(Workplace& place)
 
 void editInstruments(Workplace& place)
 {
-    const QKeySequence keys[]{Qt::Key_Insert,
-                              Qt::Key_Delete,
-                              Qt::Key_F2,
-                              Qt::Key_Space,
-                              QKeySequence(Qt::CTRL | Qt::Key_D),
-                              QKeySequence(Qt::CTRL | Qt::Key_G),
-                              QKeySequence(Qt::CTRL | Qt::Key_T),
-                              QKeySequence(Qt::SHIFT | Qt::Key_Insert),
-                              QKeySequence(Qt::ALT | Qt::Key_Up),
-                              QKeySequence(Qt::ALT | Qt::Key_Down)};
+    const auto keys =
+        QKeySequence::listFromString(QStringLiteral("Ins; Del; F2; Space; Ctrl+D; Ctrl+G; Ctrl+T; Shift+Ins; Alt+Up; "
+                                                    "Alt+Down"));
     QTreeView* const tree = selectInstrument(place);
     if (!tree)
         return;
-    const QKeySequence key = place.draw().of(keys);
+    const QKeySequence key = keys.at(place.draw().upTo(static_cast<int>(keys.size())));
     place.user().note("press " + key.toString().toStdString());
     QTest::keySequence(tree, key);
     if (key == QKeySequence(Qt::Key_F2) && place.hasWindow())

@@ -9,6 +9,7 @@
 #include <QDialog>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeView>
 
 namespace ko::test {
@@ -153,6 +154,8 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
         auto* dialog = window.findChild<QDialog*>();
         ASSERT_NE(dialog, nullptr);
         auto* list = dialog->findChild<QListWidget*>();
+        EXPECT_EQ(list->currentRow(), 0);
+        EXPECT_EQ(list->item(list->count() - 1)->text(), "DynamicBytes");
         for (QListWidgetItem* item : list->findItems(operation, Qt::MatchExactly))
             item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
         if (auto* heal = dialog->findChild<QPushButton*>(thenPress))
@@ -241,6 +244,13 @@ TEST_F(InstrumentsTest, TheLogIsBoundedAndItsLatestRowsStay)
             log.flush();
     }
     log.flush();
+    QScrollBar& bar = *window.driverLog().findChild<QTreeView*>()->verticalScrollBar();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.maximum() > 0 && bar.value() == bar.maximum(); })) << "at the end";
+    bar.setValue(1);
+    driver().queryTimebase()->setBlockSize(10009);
+    log.flush();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar.value(), 1) << "unless an earlier call is being looked at";
     EXPECT_LE(log.rowCount(), static_cast<int>(DriverLogModel::most));
     EXPECT_GE(log.rowCount(), static_cast<int>(DriverLogModel::most / 2));
     EXPECT_EQ(logged(1, DriverLogModel::Value), "10009");
