@@ -62,7 +62,7 @@ FaultDialog::FaultDialog(const Texts& texts, HostInstrument& driver, QWidget* pa
 void FaultDialog::fillList()
 {
     const std::vector<SimulatedFailure> failing = driver_.calls().failing();
-    for (int i = 0; i <= static_cast<int>(Operation::DynamicBytes); ++i) {
+    for (std::size_t i = 0; i < operationCount; ++i) {
         const auto operation = static_cast<Operation>(i);
         const std::string name = failingName(operation);
         if (!isOffered(operation, driver_.held()))

@@ -21,16 +21,13 @@ template <class View> View* viewOf(Instrument& instrument, View* (Driver::*query
 
 } // namespace
 
-HostInstrument::HostInstrument(std::unique_ptr<Instrument> instrument) : instrument_(std::move(instrument))
+HostInstrument::HostInstrument(std::unique_ptr<Instrument> instrument)
+    : instrument_(std::move(instrument)), device_(dynamic_cast<DeviceInstrument*>(instrument_.get()))
 {
     for (const SimulatedFailure& failure : held().failing)
         calls_.fail(failure);
-}
-
-HostInstrument::HostInstrument(std::unique_ptr<DeviceInstrument> device)
-    : HostInstrument(std::unique_ptr<Instrument>(std::move(device)))
-{
-    device_ = static_cast<DeviceInstrument*>(instrument_.get());
+    if (!device_)
+        return;
     calls_.failWith(device_->trouble());
     device_->exchanged = [this] { findViews(); };
 }

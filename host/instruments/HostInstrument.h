@@ -16,7 +16,6 @@ class HostInstrument final : public Instrument, public Driver, private StaticMea
 public:
     /// The failures that the settings plan are planned; invalid operation names in them are ignored.
     explicit HostInstrument(std::unique_ptr<Instrument> instrument);
-    explicit HostInstrument(std::unique_ptr<DeviceInstrument> device);
     HostInstrument(const HostInstrument&) = delete;
     HostInstrument& operator=(const HostInstrument&) = delete;
 

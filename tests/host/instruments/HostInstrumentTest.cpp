@@ -185,18 +185,17 @@ TEST(HostInstrumentTest, AFailingCallIsCountedAndLeavesNoTraceButItsFailure)
 
 TEST(HostInstrumentTest, RestoringIsACallForEachSettingThatDiffers)
 {
-    const auto with = [](const char* number, const char* truth) {
-        std::string text = R"(, "timebase": {"samplePeriod": {"value": #}, "blockSize": {"value": #},
-            "scanPeriod": {"value": #}, "duration": #, "startTime": #, "stopMode": #, "startMode": #}, "triggerLines": {
-            "startTriggerLine": #, "startTriggerInput": #, "scanTriggerLine": #, "scanTriggerInput": #},
-            "groups": [{"name": "g", "channels": [{"address": "1:1", "triggerSource": @, "triggerParameters": [
-                {"id": 3, "name": "p", "type": "Integer", "value": #}]}]}])";
-        for (std::size_t at = 0; (at = text.find_first_of("#@")) != std::string::npos;)
-            text.replace(at, 1, text[at] == '#' ? number : truth);
-        return driverOf(text);
-    };
-    const auto driver = with("2", "false");
-    const InstrumentSettings earlier = with("1", "true")->held();
+    const auto driver = driverOf(R"(, "timebase": {}, "triggerLines": {}, "groups": [{"name": "g", "channels": [
+        {"address": "1:1", "triggerParameters": [{"id": 3, "name": "p", "type": "Integer", "value": 2}]}]}])");
+    InstrumentSettings earlier = driver->held();
+    TimebaseSettings& timebase = *earlier.timebase;
+    timebase.samplePeriod.value = timebase.blockSize.value = timebase.scanPeriod.value = timebase.startTime.days = 1;
+    timebase.duration = 1;
+    timebase.stopMode = timebase.startMode = 1;
+    TriggerLineSettings& lines = *earlier.triggerLines;
+    lines.startTriggerLine = lines.startTriggerInput = lines.scanTriggerLine = lines.scanTriggerInput = 1;
+    earlier.groups[0].channels[0].triggerSource = true;
+    earlier.groups[0].channels[0].triggerParameters[0].value = 1;
     Tape tape;
     driver->calls().observe(&tape);
     for (int times = 0; times < 2; ++times)
@@ -221,10 +220,11 @@ TEST(HostInstrumentTest, AnObserverIsNotifiedOfKeptValuesAndOfTheDriversOwnRefus
     timebase.setStopMode(1);
     TriggerParameters& parameters = *driver->queryTriggerParameters();
     parameters.SetTriggerParamValue(0, 0, 2, 0.5);
-    EXPECT_EQ(failureOf([&] { parameters.SetTriggerParamValue(0, 0, 2, std::string("x")); }), failure::typeMismatch);
+    EXPECT_EQ(failureOf([&] { parameters.SetTriggerParamValue(0, 0, 2, std::string("\u00e4")); }),
+              failure::typeMismatch);
     EXPECT_EQ(failureOf([&] { parameters.TriggerEnabled(1, 0); }), failure::subscriptOutOfRange);
     EXPECT_EQ(tape.heard, "SamplePeriod8.0 SamplePeriod7.0->8.0 ScanPeriod6.0->5.0 StopMode1 SetTriggerParamValue0.5 ");
-    EXPECT_EQ(tape.failures, "SetTriggerParamValue\"x\"!13 TriggerEnabled!9 ");
+    EXPECT_EQ(tape.failures, "SetTriggerParamValue\"\u00e4\"!13 TriggerEnabled!9 ");
 
     driver->enableChannel(0, 0, false);
     EXPECT_EQ(driver->ChannelAttribute(0, 0, attribute::enabled), Value{std::int32_t{0}});

@@ -133,6 +133,8 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
         EXPECT_EQ(end.failures, c.failures);
         EXPECT_FALSE(end.hasFileFailed);
         EXPECT_EQ(end.instruments[1].lost, c.lost);
+        const std::string sum = byteText(4.0 * static_cast<double>(10240 + 2 * c.samples));
+        EXPECT_NE(progressText(end).find(sum + ", " + std::to_string(c.lost) + " samples lost"), std::string::npos);
         const Reading held(file);
         for (const std::size_t channel : {0U, 1U}) {
             const auto samples = held.samples("instrument-2/channel-0-" + std::to_string(channel));

@@ -216,7 +216,7 @@ inline std::string counter(int samples, const std::string& more = "")
 inline Block numbers(std::int64_t first, std::int64_t count, int channels = 1)
 {
     Block block{.first = first, .count = count, .samples = {}};
-    for (int channel = 0; channel < channels; ++channel)
+    for (std::int64_t channel = 0; channel < channels; ++channel)
         for (std::int64_t i = 0; i < count; ++i)
             block.samples.push_back(static_cast<float>(channel * 1000000 + first + i));
     return block;

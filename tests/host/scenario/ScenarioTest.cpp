@@ -67,6 +67,8 @@ TEST(ScenarioTest, ReadsAreLoggedOnRequestAndNeitherReadsNorWritesWhileQuiet)
         return lines;
     };
     EXPECT_EQ(linesOf("read"), (std::set<int>{9}));
+    EXPECT_NE(run.only({"read"}).find(R"("operation":"DriverName","arguments":[0],"value":"Digitizer")"),
+              std::string::npos);
     for (const int silent : {5, 7})
         EXPECT_FALSE(linesOf("write").count(silent)) << silent;
     EXPECT_TRUE(linesOf("write").count(2));

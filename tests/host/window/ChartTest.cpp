@@ -1,11 +1,11 @@
 #include "host/chart/ChartPanel.h"
 #include "host/chart/ChartRow.h"
 #include "host/window/FrameParts.h"
+#include "widgets/Painted.h"
 
 #include <QAccessible>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <QPaintEngine>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
@@ -60,42 +60,6 @@ public:
     mutable int frames = 0;
 };
 
-/// A device that keeps the texts that are painted, with their places; the font of a headline is bold.
-class PaintedTexts final : public QPaintDevice, private QPaintEngine {
-public:
-    struct Text {
-        QString text;
-        double left, right;
-    };
-
-    explicit PaintedTexts(QWidget& widget) : QPaintEngine(AllFeatures), like_(widget) { widget.render(this); }
-
-    std::vector<Text> all;
-
-private:
-    [[nodiscard]] QPaintEngine* paintEngine() const override { return const_cast<PaintedTexts*>(this); }
-    [[nodiscard]] int metric(PaintDeviceMetric which) const override
-    {
-        const int figures[]{0, like_.width(), like_.height(), 300, 200, 1 << 24, 24, 96, 96, 96, 96, 1, 1 << 16};
-        return figures[which];
-    }
-    bool begin(QPaintDevice*) override { return true; }
-    bool end() override { return true; }
-    void updateState(const QPaintEngineState&) override {}
-    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-    void drawPath(const QPainterPath&) override {}
-    using QPaintEngine::drawPolygon;
-    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
-    [[nodiscard]] Type type() const override { return User; }
-    void drawTextItem(const QPointF& at, const QTextItem& item) override
-    {
-        const double left = state->transform().map(at).x();
-        all.push_back({QString(item.font().bold() ? "*" : "") + item.text(), left, left + item.width()});
-    }
-
-    QWidget& like_;
-};
-
 class ChartTest : public testing::Test {
 protected:
     QMainWindow window;
@@ -108,6 +72,24 @@ protected:
         window.setCentralWidget(panel);
         window.resize(900, 500);
         window.show();
+    }
+    Painted painted()
+    {
+        QApplication::processEvents();
+        return paintedBy(*chart.viewport());
+    }
+    /// The place of a time in a chart of ten seconds.
+    [[nodiscard]] double place(double seconds) const
+    {
+        const QRectF plots = ChartLayout(*chart.viewport(), 3).plots();
+        return plots.left() + plots.width() * seconds / 10.0;
+    }
+    /// How many are drawn in this colour at this time.
+    [[nodiscard]] std::ptrdiff_t countAt(const std::vector<Painted::Part>& drawn, double seconds, QColor color) const
+    {
+        return std::count_if(drawn.begin(), drawn.end(), [&](const Painted::Part& part) {
+            return part.pen.color() == color && std::abs(part.box.center().x() - place(seconds)) < 4.0;
+        });
     }
 };
 
@@ -260,38 +242,23 @@ TEST_F(ChartTest, EachChannelIsDrawnWithItsGapsMarksAndWords)
     const auto source = std::make_shared<Sines>(3, 1e-3, 10000);
     source->isLost = [](double sample) { return sample >= 4000 && sample < 6000; };
     chart.show(source, false);
-    const auto shown = [&] {
-        QApplication::processEvents();
-        return chart.viewport()->grab().toImage();
-    };
-    const QImage plain = shown();
+    const Painted plain = painted();
     const ChartLayout layout(*chart.viewport(), 3);
     const double numbers = QFontMetricsF(chart.font()).horizontalAdvance("-0.5000");
     EXPECT_GT(layout.plots().left() - layout.gutter, numbers) << "the numbers of the axis fit";
-    const auto at = [&](double seconds) {
-        const double place = layout.plots().left() + layout.plots().width() * seconds / 10.0;
-        return static_cast<int>(place * chart.devicePixelRatioF());
+    const QColor curve = chart.palette().color(QPalette::Highlight), text = chart.palette().color(QPalette::Text);
+    EXPECT_GE(countAt(plain.lines, 2.5, curve), 3 * 4) << "of each row";
+    EXPECT_EQ(countAt(plain.lines, 5.0, curve), 0) << "lost samples";
+    const auto isHatching = [&](const Painted::Part& area) {
+        return std::abs(area.box.left() - place(4.0)) < 3.0 && std::abs(area.box.right() - place(6.0)) < 3.0;
     };
-    const auto columnOf = [&](const QImage& image, double seconds) {
-        return image.copy(at(seconds) - 4, at(0) / 20, 9, image.height() * 3 / 4);
-    };
-    const auto inks = [&](const QImage& image, double seconds, QPalette::ColorRole role) {
-        const QImage part = columnOf(image, seconds).convertToFormat(QImage::Format_RGB32);
-        int count = 0;
-        for (int y = 0; y < part.height(); ++y)
-            for (int x = 0; x < part.width(); ++x)
-                count += part.pixel(x, y) == chart.palette().color(role).rgb();
-        return count;
-    };
-    EXPECT_GT(inks(plain, 2.5, QPalette::Highlight), 20);
-    EXPECT_EQ(inks(plain, 5.0, QPalette::Highlight), 0) << "lost samples";
-    EXPECT_GT(inks(plain, 5.0, QPalette::Mid), 20) << "their hatching";
+    EXPECT_EQ(std::count_if(plain.areas.begin(), plain.areas.end(), isHatching), 3);
     source->now.trigger = 2.5;
     source->now.markers = {{7.5, "door"}};
     chart.showAll();
-    const QImage marked = shown();
+    const Painted marked = painted();
     for (const double seconds : {2.5, 7.5})
-        EXPECT_GT(inks(marked, seconds, QPalette::Text), inks(plain, seconds, QPalette::Text) + 50);
+        EXPECT_EQ(countAt(marked.lines, seconds, text), countAt(plain.lines, seconds, text) + 1);
 
     auto* const spoken = QAccessible::queryAccessibleInterface(&chart);
     EXPECT_EQ(spoken->role(), QAccessible::Chart);
@@ -303,7 +270,7 @@ TEST_F(ChartTest, EachChannelIsDrawnWithItsGapsMarksAndWords)
     chart.choose([](const ChartChannel&) { return false; });
     EXPECT_EQ(chart.latestValues().count(';'), 2);
     chart.show(nullptr, false);
-    EXPECT_EQ(shown().size(), plain.size());
+    EXPECT_EQ(painted().words(), QStringList{parts.text(chartText::nothing)});
     EXPECT_EQ(spoken->text(QAccessible::Value), parts.text(chartText::nothing));
 }
 
@@ -313,26 +280,23 @@ TEST_F(ChartTest, TheTextsOfTheRowsTheAxisAndTheMarksArePaintedInTheirPlaces)
     source->now.trigger = 2.5;
     source->now.markers = {{5.0, ""}, {5.01, "no room"}, {7.5, "door"}, {-1.0, "before"}};
     chart.show(source, false);
-    QApplication::processEvents();
-    const QRectF plots = ChartLayout(*chart.viewport(), 2).plots();
-    const auto place = [&](double time) { return plots.left() + plots.width() * time / 10.0; };
     const std::map<QString, double> marks{{"Trigger", 2.5}, {"1", 5.0}, {"door", 7.5}};
     std::string rows;
     std::vector<double> times;
     double end = 0.0;
-    for (const auto& [text, left, right] : PaintedTexts(*chart.viewport()).all) {
-        if (const auto mark = marks.find(text); mark != marks.end()) {
-            EXPECT_NEAR(left, place(mark->second), 6.0) << mark->second;
+    for (const Painted::Part& it : painted().texts) {
+        if (const auto mark = marks.find(it.text); mark != marks.end()) {
+            EXPECT_NEAR(it.box.left(), place(mark->second), 6.0) << mark->second;
         }
-        if (!text.endsWith(" s")) {
-            rows += text.toStdString() + "|";
+        if (!it.text.endsWith(" s")) {
+            rows += (it.font.bold() ? "*" : "") + it.text.toStdString() + "|";
             continue;
         }
-        times.push_back(text.chopped(2).toDouble());
-        const double half = (right - left) / 2.0;
-        EXPECT_NEAR(left, std::min(place(times.back()) - half, plots.right() - 2.0 * half), 5.0) << times.back();
-        EXPECT_GT(left, end) << "one label covers another";
-        end = right;
+        times.push_back(it.text.chopped(2).toDouble());
+        EXPECT_NEAR(it.box.left(), std::min(place(times.back()) - it.box.width() / 2.0, place(10.0) - it.box.width()),
+                    5.0);
+        EXPECT_GT(it.box.left(), end) << "one label covers another";
+        end = it.box.right();
     }
     EXPECT_EQ(rows,
               "*Signal 0|0.25 V|Digitizer|1.5|-0.5|*Signal 1|0.25 V|7 clipped|Digitizer|1.5|-0.5|Trigger|1|door|");

@@ -245,6 +245,7 @@ TEST_F(InstrumentEditsTest, TheEngineBenchIsMadeFromNothingByTheKeyboardAndSaved
 {
     const ko::Setup engineBench = loadSetup(KO_DEMO_FOLDER "/engine-bench-demo.json");
     window.session().begin("empty");
+    EXPECT_EQ(window.findChild<QToolButton*>("plus")->accessibleName(), "Add Instrument");
     tree.setFocus();
     for (std::size_t i = 0; i < engineBench.instruments.size(); ++i)
         make(i, engineBench.instruments[i]);

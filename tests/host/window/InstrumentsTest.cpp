@@ -155,6 +155,7 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
         ASSERT_NE(dialog, nullptr);
         auto* list = dialog->findChild<QListWidget*>();
         EXPECT_EQ(list->currentRow(), 0);
+        EXPECT_EQ(list->item(list->count() - 1)->text(), "DynamicBytes");
         for (QListWidgetItem* item : list->findItems(operation, Qt::MatchExactly))
             item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
         if (auto* heal = dialog->findChild<QPushButton*>(thenPress))
