@@ -209,6 +209,8 @@ TEST_F(ChartTest, AFrameCostsTheSameAtAnyRateAndIsPaintedOnlyWhileItIsSeen)
         const auto source = std::make_shared<Sines>(4, period, static_cast<std::int64_t>(60.0 / period));
         chart.show(source, true);
         QApplication::processEvents();
+        const QScrollBar& bar = *chart.horizontalScrollBar();
+        EXPECT_TRUE(bar.maximum() > 0 && bar.value() == bar.maximum()) << "the last seconds while it runs";
         source->asked = 0;
         chart.viewport()->repaint();
         costs.push_back(source->asked);
