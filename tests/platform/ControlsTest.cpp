@@ -96,6 +96,10 @@ TEST_F(Controls, AnInvalidDateOrTimeIsRefusedPartByPart)
         EXPECT_EQ(failureOf([&] { picker.setTime(t[0], t[1], t[2]); }), failure::invalidCall);
     }
     EXPECT_EQ(picker.hour() + picker.minute() + picker.second(), 0);
+    for (const int year : {100, 9999}) {
+        calendar.setDate(year, 12, 31);
+        EXPECT_EQ(calendar.year(), year);
+    }
 }
 
 TEST_F(Controls, InputToWhatCannotBeUsedIsInertAndInputThatIsNotLetInIsRefused)

@@ -80,6 +80,12 @@ TEST_F(PageWidgetTest, AWidgetThatIsMadeLaterShowsWhatTheFirstOneShows)
     const std::string first = seen(widget);
     PageWidget later{page(), [](int number) { return QStringLiteral("text %1").arg(number); }};
     EXPECT_EQ(seen(later), first);
+    for (Control* control : page().controls())
+        for (const bool isShown : {!control->visible(), control->visible()})
+            if (const QWidget* part = later.view().widget(*control)) {
+                control->setVisible(isShown);
+                EXPECT_EQ(part->isHidden(), !isShown) << control->name();
+            }
 }
 
 TEST_F(PageWidgetTest, WithoutInstrumentsOnlyThePictureIsShownAndAClickOnItExplains)

@@ -1,5 +1,4 @@
 #include "Painted.h"
-#include "platform/PictureBox.h"
 #include "platform/Timeline.h"
 #include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/FormView.h"
@@ -7,10 +6,8 @@
 #include "widgets/bindings/WarningLabel.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTest>
 #include <gtest/gtest.h>
 
 namespace ko::test {
@@ -22,7 +19,6 @@ protected:
 
     Form form{"Painted"};
     Timeline timeline{form, "times"};
-    PictureBox clock{form, "clock"};
     ComboBox numbers{form, "list"};
     FormView view{form, [](int) { return QStringLiteral("%1 at %2"); }};
     QWidget& times = view.timeline(timeline);
@@ -97,26 +93,6 @@ TEST_F(PaintedTest, ATimelineCutsWhatHasNoRoomMarksWarningsAndIsEmptyWithoutAStr
     timeline.setCaption("First <b>this</b>");
     EXPECT_EQ(times.accessibleName(), "First <b>this</b>");
     EXPECT_TRUE(times.toolTip().contains("&lt;b&gt;") && isPicture(times));
-}
-
-TEST_F(PaintedTest, WhatIsDrawnIsDrawnAgainWhenItHasChanged)
-{
-    struct Paints : QObject {
-        int count = 0;
-        bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::Paint && ++count == 0; }
-    };
-    const std::pair<QWidget*, std::function<void()>> changes[] = {
-        {&times, [&] { timeline.setPoints(Timeline::Points(2)); }}, {&view.picture(clock), [&] { clock.redraw(); }}};
-    view.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-    for (const auto& [widget, change] : changes) {
-        QApplication::processEvents();
-        Paints paints;
-        widget->installEventFilter(&paints);
-        change();
-        QApplication::processEvents();
-        EXPECT_EQ(paints.count, 1) << widget->objectName().toStdString();
-    }
 }
 
 TEST_F(PaintedTest, ANumberIsAtTheRightOfItsListAndCutWhereItHasNoRoom)

@@ -292,6 +292,10 @@ TEST(QtMessageBox, ShowsTextTitleAndIconAndWaitsForTheAnswer)
         boxes.show("<b>1 < 2</b>", "Title", style);
         EXPECT_TRUE(seen) << style;
     }
+    const PlainBox longer(QMessageBox::NoIcon, "Title", "Text", "<b>more</b>", QMessageBox::Ok, nullptr);
+    EXPECT_EQ(longer.informativeText(), "<b>more</b>");
+    for (const QLabel* part : longer.findChildren<QLabel*>())
+        EXPECT_EQ(part->textFormat(), Qt::PlainText) << part->text().toStdString();
     FakePlatform host;
     boxes.standIn = &host;
     boxes.show("Text", "Title", messageStyle::plain);

@@ -167,9 +167,6 @@ TEST_F(AutosaveTest, ProgramsThatRunAtOnceKeepTheirOwnCopies)
     change(*first);
     change(*second);
     EXPECT_TRUE(waitForCopies(2));
-    // However long they run.
-    for (const fs::path& lock : copies(".lock"))
-        fs::last_write_time(lock, fs::file_time_type::clock::now() - std::chrono::hours(100));
     restart(Recovery::Restore);
     EXPECT_EQ(user.offeredCopy, "");
     second.reset();

@@ -244,13 +244,8 @@ TEST_F(InstrumentsTest, TheLogIsBoundedAndItsLatestRowsStay)
             log.flush();
     }
     log.flush();
-    QScrollBar& bar = *window.driverLog().findChild<QTreeView*>()->verticalScrollBar();
+    const QScrollBar& bar = *window.driverLog().findChild<QTreeView*>()->verticalScrollBar();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.maximum() > 0 && bar.value() == bar.maximum(); })) << "at the end";
-    bar.setValue(1);
-    driver().queryTimebase()->setBlockSize(10009);
-    log.flush();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(bar.value(), 1) << "unless an earlier call is being looked at";
     EXPECT_LE(log.rowCount(), static_cast<int>(DriverLogModel::most));
     EXPECT_GE(log.rowCount(), static_cast<int>(DriverLogModel::most / 2));
     EXPECT_EQ(logged(1, DriverLogModel::Value), "10009");
