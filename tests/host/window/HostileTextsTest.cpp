@@ -78,7 +78,7 @@ protected:
         };
         const auto isBreak = [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\u2028' || c == u'\u2029'; };
         const bool isBroken = place == Place::Line && std::any_of(text.begin(), text.end(), isBreak);
-        const bool isLong = text.size() > 5000 * (text.startsWith("<p>") ? 10 : 1) ||
+        const bool isLong = text.size() > (text.startsWith("<p>") ? 50'000 : 5'000) ||
                             text.count('\n') > (place == Place::Cell ? 1 : 70);
         if (isBroken || isLong || std::any_of(text.begin(), text.end(), isTurning))
             complain(fromQt(text.left(100)), of);

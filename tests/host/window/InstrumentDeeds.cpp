@@ -47,7 +47,7 @@ void editInstruments(Workplace& place)
     QTreeView* const tree = selectInstrument(place);
     if (!tree)
         return;
-    const QKeySequence key = keys.at(place.draw().upTo(static_cast<int>(keys.size())));
+    const QKeySequence& key = keys.at(place.draw().upTo(static_cast<int>(keys.size())));
     place.user().note("press " + key.toString().toStdString());
     QTest::keySequence(tree, key);
     if (key == QKeySequence(Qt::Key_F2) && place.hasWindow())
