@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int channels = 16;
-constexpr double seconds = 30.0;
+constexpr double shownSeconds = 30.0;
 
 double secondsSince(std::chrono::steady_clock::time_point start)
 {
@@ -63,9 +63,9 @@ int main(int argc, char** argv)
         const auto source = std::make_shared<ko::LiveSignals>(std::vector{instrument(rate)});
         const ko::Block part = block(rate);
         const auto start = std::chrono::steady_clock::now();
-        for (int i = 0; i < static_cast<int>(seconds * 10.0); ++i)
+        for (int i = 0; i < static_cast<int>(shownSeconds * 10.0); ++i)
             source->append(0, part, 0, part.count);
-        const double each = secondsSince(start) / (seconds * rate * channels);
+        const double each = secondsSince(start) / (shownSeconds * rate * channels);
         ko::StripChart chart([](int) { return QStringLiteral("%1"); }, locale, nullptr);
         chart.resize(1000, 1200);
         chart.show(source, true);

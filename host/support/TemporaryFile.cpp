@@ -68,7 +68,7 @@ void removeAbandoned(const fs::path& folder)
             removeUnlocked(entry->path());
 }
 
-[[noreturn]] void fail(int error)
+[[noreturn]] void failWith(int error)
 {
     throw std::system_error(error, std::generic_category());
 }
@@ -87,7 +87,7 @@ bool TemporaryFile::create(const fs::path& path, mode_t permissions)
 {
     file_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
     if (file_ < 0 && errno != EEXIST)
-        fail(errno);
+        failWith(errno);
     if (file_ >= 0 && lock(file_) && hasName(file_)) {
         path_ = path;
         return true;
@@ -107,7 +107,7 @@ TemporaryFile::~TemporaryFile()
 void TemporaryFile::moveTo(const fs::path& place)
 {
     if (::rename(path_.c_str(), place.c_str()) != 0)
-        fail(errno);
+        failWith(errno);
     path_.clear();
 }
 
