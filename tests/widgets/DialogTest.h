@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Look.h"
 #include "Rows.h"
 #include "Soon.h"
 #include "fakes/FakePlatform.h"
@@ -48,6 +49,15 @@ protected:
     {
         for (int i = 0; i < 3; ++i)
             QApplication::processEvents();
+    }
+    /// Compares the dialog as it opens, and larger, with the kept section.
+    static void look(const char* section)
+    {
+        Look look;
+        look.take(dialog());
+        dialog().resize(dialog().size() + QSize(150, 100));
+        look.take(dialog());
+        look.compare(section);
     }
     static void key(Qt::Key key, Qt::KeyboardModifiers held = {})
     {

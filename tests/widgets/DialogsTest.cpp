@@ -39,6 +39,7 @@ TEST_F(ViewsTest, TheChannelsFillTheDialogAboveItsButtonsAtAnySize)
     const auto show = [&] { channels.Display(chosen, slot, channel); };
     inDialog(show, [&] {
         EXPECT_TRUE(dynamic_cast<ChannelBrowser&>(part<QWidget>("chsNavigate")).tree->hasFocus());
+        look("channels");
         for (const QSize size : {dialog().size(), QSize(700, 400), QSize(10, 10)}) {
             dialog().resize(size);
             settle();
@@ -73,6 +74,8 @@ TEST_F(ViewsTest, EachTabHasItsLinesBesideTheTableOfDrivers)
         for (const bool isStart : {true, false}) {
             part<QTabWidget>("tabTrigger").setCurrentIndex(isStart ? 0 : 1);
             settle();
+            if (!isStart)
+                look("trigger lines");
             const char* const table = isStart ? "tblStartMap" : "tblScanMap";
             const char* const title = isStart ? "lblStartMap" : "lblScanMap";
             int above = 0;
@@ -100,6 +103,7 @@ TEST_F(ViewsTest, TheCalendarTakesTheRoomBesideTheTimeAndItsClock)
     inDialog(
         [&] { dates.Display(DateTime{46347.5}, false, false); },
         [&] {
+            look("date");
             const QRect before = place("calDate"), clock = place("picClock");
             EXPECT_EQ(clock.width(), clock.height());
             EXPECT_NEAR(clock.center().x(), place("dtpTimeSelector").center().x(), 1);

@@ -1,3 +1,4 @@
+#include "Look.h"
 #include "ViewTest.h"
 #include "widgets/bindings/EntryMark.h"
 
@@ -278,6 +279,16 @@ TEST_F(GridView, WhileItIsOnlyReadValuesStayReadableAndCannotBeChanged)
     form.frame.setEnabled(true);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 text");
     EXPECT_FALSE(check(slope).testAttribute(Qt::WA_TransparentForMouseEvents));
+}
+
+TEST_F(GridView, LooksAsKept)
+{
+    Look look;
+    look.take(window);
+    form.grid.userOpenedCell(note);
+    window.resize(500, 400);
+    look.take(window);
+    look.compare("grid");
 }
 
 } // namespace

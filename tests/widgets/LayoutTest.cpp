@@ -1,3 +1,4 @@
+#include "Look.h"
 #include "Rows.h"
 #include "fakes/DocumentTest.h"
 #include "page/Quantities.h"
@@ -98,6 +99,37 @@ TEST_F(LayoutTest, TheRowsOfEachFrameAreInOrderWithLabelsFieldsAndButtonsInColum
     EXPECT_EQ(fields[2], fields[3]);
     for (const Label* day : {&page().lblStopDay, &page().lblStartPast})
         EXPECT_NEAR(place(*day).left(), fields[2], 1) << "below the time";
+}
+
+TEST_F(LayoutTest, LooksAsKept)
+{
+    Look look;
+    look.take(widget);
+    page().tmlPlan.setPoints(
+        {{{"Now", "", ""}, {Timeline::Stretch::Kind::uncertain, "waiting"}},
+         {{"Start", "9:30", "in 2 min", true}, {Timeline::Stretch::Kind::recording, "a text that is far too long"}},
+         {{"Stop", "9:31", "in 3 min"}, {}}});
+    page().lblChooseChannel.setVisible(true);
+    page().grdParam.setRowCount(1);
+    page().grdParam.setCell(0, 0, {"Name", {}});
+    for (const Quantity& quantity : quantities) {
+        (page().*quantity.list).setVisible(false);
+        (page().*quantity.box).setVisible(true);
+        (page().*quantity.box).setMarked(true);
+        (page().*quantity.mark).setCaption("2 of 3");
+    }
+    for (LimitedLabel* label : {&page().lblNumDynamicBytesValue, &page().lblNumStaticBytesValue})
+        label->setShare(0.5);
+    page().txtDuration.setMarked(true);
+    show(QSize(480, 1100));
+    look.take(widget);
+    for (Control* answer :
+         std::initializer_list<Control*>{&page().lblWhatFits, &page().cmdTakeDuration, &page().cmdTakeRate})
+        answer->setVisible(true);
+    page().setForReading(true);
+    show(QSize(1800, 1200));
+    look.take(widget);
+    look.compare("page");
 }
 
 TEST_F(LayoutTest, NothingOverlapsAnythingElse)

@@ -54,6 +54,7 @@ protected:
 TEST_F(OffersViewTest, TheTableIsBelowTheSentenceAndAboveTheRowThatSets)
 {
     ask([&] {
+        look("offers");
         EXPECT_EQ(dialog().windowTitle(), "Title");
         EXPECT_EQ(part<QLabel>("lblCommon").text(), "All share <b>one</b>");
         EXPECT_EQ(rows(), "lblCommon / tblOffers / cmbQuantity txtValue cmdSetAll btnClose");

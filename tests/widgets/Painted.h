@@ -18,6 +18,7 @@ struct Painted {
         QFont font;
     };
     std::vector<Part> texts, lines, ellipses, areas, pictures;
+    QStringList notes; ///< each part with its pen, brush and font
 
     /// The text that begins so; an empty part when there is none.
     [[nodiscard]] Part text(const QString& beginning) const
@@ -70,7 +71,10 @@ private:
     }
     void drawEllipse(const QRectF& box) override { note(notes.ellipses, box); }
     void drawPath(const QPainterPath& path) override { note(notes.areas, path.boundingRect()); }
-    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
+    void drawPolygon(const QPointF* points, int count, PolygonDrawMode /*mode*/) override
+    {
+        note(polygons_, QPolygonF(QList<QPointF>(points, points + count)).boundingRect());
+    }
     void drawPixmap(const QRectF& box, const QPixmap& /*pixmap*/, const QRectF& /*part*/) override
     {
         note(notes.pictures, box);
@@ -78,9 +82,23 @@ private:
     void note(std::vector<Painted::Part>& parts, const QRectF& box, const QString& text = {}, const QFont& font = {})
     {
         parts.push_back({text, painter()->deviceTransform().mapRect(box), painter()->pen(), font});
+        const QRectF at = parts.back().box;
+        const QPen pen = painter()->pen();
+        notes.notes << QStringLiteral("%1 %2,%3 %4x%5 %6 %7 %8 %9 %10")
+                           .arg(text)
+                           .arg(at.x(), 0, 'f', 1)
+                           .arg(at.y(), 0, 'f', 1)
+                           .arg(at.width(), 0, 'f', 1)
+                           .arg(at.height(), 0, 'f', 1)
+                           .arg(pen.color().name())
+                           .arg(pen.widthF())
+                           .arg(pen.style())
+                           .arg(painter()->brush().color().name(QColor::HexArgb))
+                           .arg(font.weight() + font.pixelSize());
     }
 
     QPaintEngine* engine_ = this;
+    std::vector<Painted::Part> polygons_;
     QSize size_;
     int dotsPerInch_;
 };

@@ -1,4 +1,5 @@
 #include "Painted.h"
+#include "Look.h"
 #include "platform/Timeline.h"
 #include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/FormView.h"
@@ -93,6 +94,41 @@ TEST_F(PaintedTest, ATimelineCutsWhatHasNoRoomMarksWarningsAndIsEmptyWithoutAStr
     timeline.setCaption("First <b>this</b>");
     EXPECT_EQ(times.accessibleName(), "First <b>this</b>");
     EXPECT_TRUE(times.toolTip().contains("&lt;b&gt;") && isPicture(times));
+}
+
+TEST_F(PaintedTest, LooksAsKept)
+{
+    Timeline::Points points{{{"Now", "", ""}, {Kind::uncertain, "waiting"}},
+                            {{"Start", "9:30", "in 2 min"}, {Kind::recording, "10 s, a long text"}},
+                            {{"Stop", "9:31", "in 3 min"}, {Kind::plain, "unseen"}}};
+    numbers.setItems({{"1000", 0}, {"123456789012345678901234567890", 0}});
+    QLineEdit edit(&view);
+    EntryMark mark(edit, "not valid");
+    WarningLabel warning(&view);
+    warning.setText("Past");
+    NoInstrumentPicture picture([](int number) { return QStringLiteral("text%1").arg(number); }, &view);
+    picture.setProperty("picture", NoInstrumentPicture::resource);
+    edit.setObjectName("edit");
+    warning.setObjectName("warning");
+    picture.setObjectName("picture");
+    Look look;
+    for (const bool isRoomy : {true, false}) {
+        points[1].mark.isWarning = !isRoomy;
+        timeline.setPoints(points);
+        numbers.select(isRoomy ? 0 : 1);
+        edit.setAlignment(isRoomy ? Qt::AlignLeft : Qt::AlignRight);
+        edit.setText("12");
+        view.resize(900, 900);
+        times.setGeometry({{0, 0}, QSize(isRoomy ? 900 : 200, times.sizeHint().height())});
+        list.setGeometry({{0, 100}, QSize(isRoomy ? 200 : 120, list.sizeHint().height())});
+        edit.setGeometry(0, 150, EntryMark::widthFor(edit, "not valid", "12") - (isRoomy ? 0 : 1), 24);
+        warning.setGeometry({{0, 200}, warning.sizeHint()});
+        picture.setGeometry({{0, 250}, picture.sizeHint() * (isRoomy ? 1.0 : 1.5)});
+        mark.place();
+        view.show();
+        look.take(view);
+    }
+    look.compare("painted");
 }
 
 TEST_F(PaintedTest, ANumberIsAtTheRightOfItsListAndCutWhereItHasNoRoom)
