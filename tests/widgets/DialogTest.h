@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Look.h"
-#include "Rows.h"
 #include "Soon.h"
 #include "fakes/FakePlatform.h"
 #include "support/Support.h"
+#include "widgets/bindings/FormView.h"
 #include "widgets/dialogs/QtModalForms.h"
 
 #include <QApplication>
@@ -36,13 +36,6 @@ protected:
     template <class W> static W& part(const char* name)
     {
         return dynamic_cast<W&>(*dialog().findChild<QWidget*>(QString::fromLatin1(name)));
-    }
-    static QRect place(const char* name) { return placeOf(part<QWidget>(name)); }
-    /// What the dialog shows, in the words of `namesOf`.
-    static std::string rows()
-    {
-        const auto* view = dynamic_cast<FormView*>(dialog().layout()->itemAt(0)->widget());
-        return namesOf(rowsOf(*view, dialog()));
     }
     static void click(const char* button) { QTest::mouseClick(&part<QPushButton>(button), Qt::LeftButton); }
     static void settle()

@@ -5,9 +5,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QFontInfo>
-#include <QScrollBar>
-#include <QStyle>
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace ko::test {
 
@@ -20,26 +20,28 @@ bool hasLine(const QWidget& widget)
     return !name.isEmpty() && !name.startsWith("qt_") && (!name.contains('(') || name.endsWith("(0)"));
 }
 
-QString placed(const QRect& place)
+template <class Visit> void eachPart(const QWidget& widget, const Visit& visit)
 {
-    return QStringLiteral("%1,%2 %3x%4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
+    for (QObject* child : widget.children())
+        if (auto* part = qobject_cast<QWidget*>(child); part && part->isVisible() && !part->isWindow())
+            visit(*part);
 }
 
-/// Notes what the widget paints, and each visible part of it that has no line.
-void paint(QWidget& widget, QPoint at, NotingDevice& device)
+/// Notes what the widget paints and says, and each visible part of it that has no line.
+void note(QWidget& widget, QPoint at, NotingDevice& device)
 {
+    device.notes.notes << widget.accessibleName() << widget.accessibleDescription() << widget.toolTip();
     widget.render(&device, at, {}, {});
-    for (QObject* child : widget.children())
-        if (auto* part = qobject_cast<QWidget*>(child); part && part->isVisible() && !hasLine(*part))
-            paint(*part, at + part->pos(), device);
+    eachPart(widget, [&](QWidget& part) {
+        if (!hasLine(part))
+            note(part, at + part.pos(), device);
+    });
 }
 
 template <class Visit> void visit(QWidget& widget, const Visit& function)
 {
     function(widget);
-    for (QObject* child : widget.children())
-        if (auto* part = qobject_cast<QWidget*>(child); part && part->isVisible() && !part->isWindow())
-            visit(*part, function);
+    eachPart(widget, [&](QWidget& part) { visit(part, function); });
 }
 
 /// The lines of the kept file by their sections.
@@ -78,34 +80,27 @@ void fixLook()
     QApplication::setCursorFlashTime(0);
 }
 
-Look::Part& Look::partNamed(const QString& name)
-{
-    const auto found = std::find_if(parts_.begin(), parts_.end(), [&](const Part& part) { return part.name == name; });
-    if (found != parts_.end())
-        return *found;
-    parts_.push_back({name, name + QStringLiteral(" | -").repeated(states_), {}});
-    return parts_.back();
-}
-
 void Look::take(QWidget& window)
 {
     for (int i = 0; i < 3; ++i)
         QApplication::processEvents();
-    std::map<QString, int> seen;
     visit(window, [&](QWidget& widget) {
         if (!hasLine(widget))
             return;
-        QString name = widget.objectName();
-        if (const int before = seen[name]++)
-            name += QString::number(before + 1);
+        const QString name = widget.objectName();
+        auto part = std::find_if(parts_.begin(), parts_.end(), [&](const Part& one) { return one.name == name; });
+        if (part == parts_.end())
+            part = parts_.insert(part, {name, name + QStringLiteral(" | -").repeated(states_), {}});
         NotingDevice device(window.size(), window.logicalDpiX());
-        paint(widget, {}, device);
-        Part& part = partNamed(name);
-        part.painted = device.notes.notes;
+        note(widget, {}, device);
+        part->painted = device.notes.notes;
         const QRect place(widget.mapTo(&window, QPoint()), widget.size());
-        part.line += QStringLiteral(" | %1 %2")
-                         .arg(placed(place))
-                         .arg(qChecksum(part.painted.join('\n').toUtf8()), 4, 16, QLatin1Char('0'));
+        part->line += QStringLiteral(" | %1,%2 %3x%4 %5")
+                          .arg(place.x())
+                          .arg(place.y())
+                          .arg(place.width())
+                          .arg(place.height())
+                          .arg(qChecksum(part->painted.join('\n').toUtf8()), 4, 16, QLatin1Char('0'));
     });
     ++states_;
     for (Part& part : parts_)

@@ -1,13 +1,18 @@
 #pragma once
 
 #include <QWidget>
-#include <map>
 #include <vector>
 
 namespace ko::test {
 
 /// Makes sizes independent of the machine: the Fusion style, and DejaVu Sans without hinting.
 void fixLook();
+
+/// The place of a part in its window.
+inline QRect placeOf(const QWidget& part)
+{
+    return {part.mapTo(part.window(), QPoint()), part.size()};
+}
 
 /// Where the parts of a window are and what they paint, in some states of it, to be compared with the kept file: a line
 /// for each part with a name, and in it for each state `x,y wxh` and a checksum of what it and its nameless parts
@@ -21,10 +26,8 @@ public:
 private:
     struct Part {
         QString name, line;
-        QStringList painted; ///< in the last state
+        QStringList painted; ///< and said, in the last state
     };
-    [[nodiscard]] Part& partNamed(const QString& name);
-
     std::vector<Part> parts_;
     int states_ = 0;
 };
