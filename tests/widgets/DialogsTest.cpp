@@ -134,12 +134,18 @@ protected:
 
 TEST_F(ModalFormsTest, EnterEscapeAndTheCloseButtonPressTheFormsButtons)
 {
-    const std::function<void()> ways[] = {[] { key(Qt::Key_Return); }, [] { dialog().accept(); },
-                                          [] { key(Qt::Key_Escape); }, [] { dialog().close(); },
+    const std::function<void()> ways[] = {[] { key(Qt::Key_Return); },
+                                          [] {
+                                              part<QWidget>("cmdCancel").setFocus();
+                                              key(Qt::Key_Return);
+                                          },
+                                          [] { dialog().accept(); },
+                                          [] { key(Qt::Key_Escape); },
+                                          [] { dialog().close(); },
                                           [] { dialog().reject(); }};
     for (const auto& way : ways)
         inDialog([&] { show(); }, way);
-    EXPECT_EQ(oks, 2);
+    EXPECT_EQ(oks, 3);
     EXPECT_EQ(cancels, 3);
     inDialog([&] { show(); },
              [&] {

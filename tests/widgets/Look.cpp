@@ -2,6 +2,7 @@
 
 #include "widgets/Painted.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QFontInfo>
@@ -13,10 +14,25 @@ namespace ko::test {
 
 namespace {
 
+QString nameOf(const QWidget& widget)
+{
+    return widget.isWindow() && widget.objectName().isEmpty() ? QStringLiteral("window") : widget.objectName();
+}
+
+QString sizes(const QWidget& widget)
+{
+    const QSize wanted = widget.sizeHint(), least = widget.minimumSizeHint();
+    return QStringLiteral("%1x%2 %3x%4")
+        .arg(wanted.width())
+        .arg(wanted.height())
+        .arg(least.width())
+        .arg(least.height());
+}
+
 /// Of a control array, only the first member.
 bool hasLine(const QWidget& widget)
 {
-    const QString name = widget.objectName();
+    const QString name = nameOf(widget);
     return !name.isEmpty() && !name.startsWith("qt_") && (!name.contains('(') || name.endsWith("(0)"));
 }
 
@@ -30,7 +46,9 @@ template <class Visit> void eachPart(const QWidget& widget, const Visit& visit)
 /// Notes what the widget paints and says, and each visible part of it that has no line.
 void note(QWidget& widget, QPoint at, NotingDevice& device)
 {
-    device.notes.notes << widget.accessibleName() << widget.accessibleDescription() << widget.toolTip();
+    device.notes.notes << widget.accessibleName() << widget.accessibleDescription() << widget.toolTip()
+                       << widget.statusTip() << QString::number(widget.focusPolicy()) << sizes(widget)
+                       << QString::number(QAccessible::queryAccessibleInterface(&widget)->role());
     widget.render(&device, at, {}, {});
     eachPart(widget, [&](QWidget& part) {
         if (!hasLine(part))
@@ -87,7 +105,7 @@ void Look::take(QWidget& window)
     visit(window, [&](QWidget& widget) {
         if (!hasLine(widget))
             return;
-        const QString name = widget.objectName();
+        const QString name = nameOf(widget);
         auto part = std::find_if(parts_.begin(), parts_.end(), [&](const Part& one) { return one.name == name; });
         if (part == parts_.end())
             part = parts_.insert(part, {name, name + QStringLiteral(" | -").repeated(states_), {}});

@@ -8,7 +8,9 @@
 #include <QString>
 #include <functional>
 #include <string>
+#include <utility>
 
+class QLineEdit;
 class QWidget;
 
 namespace ko {
@@ -22,6 +24,11 @@ std::string fromQt(const QString& text);
 /// Convert between character counts of control models and UTF-16 units of the toolkit.
 int unitsOf(const QString& text, std::size_t characters);
 std::size_t charactersOf(const QString& text, qsizetype units);
+
+/// Get and set the selection of a line edit in characters: start and length, 0 for the cursor alone. A selection that
+/// is there already keeps its direction.
+std::pair<std::size_t, std::size_t> selectedCharacters(const QLineEdit& edit);
+void selectCharacters(QLineEdit& edit, std::size_t start, std::size_t length);
 
 /// A caption without the ampersand of its mnemonic, or without a mnemonic appended as "(&S)".
 QString withoutMnemonic(const QString& caption);
