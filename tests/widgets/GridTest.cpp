@@ -184,6 +184,10 @@ TEST_F(GridView, TheMouseOpensValuesAndChoosesFromListsAndWhatIsRefusedIsShownAs
     clickCell(note, 0);
     clickCell(fixed, 1);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 text");
+    form.grid.userOpenedCell(note);
+    EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 (text)");
+    EXPECT_EQ(grid.currentRow(), note - 1);
+    key(Qt::Key_Escape);
     clickCell(note, 1);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 (text)");
     press(check(slope));

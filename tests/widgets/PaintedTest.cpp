@@ -1,5 +1,7 @@
 #include "Painted.h"
 #include "Look.h"
+#include "platform/CaptionControls.h"
+#include "platform/PictureBox.h"
 #include "platform/Timeline.h"
 #include "widgets/bindings/EntryMark.h"
 #include "widgets/bindings/FormView.h"
@@ -7,6 +9,7 @@
 #include "widgets/bindings/WarningLabel.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <gtest/gtest.h>
@@ -22,13 +25,15 @@ protected:
     Form form{"Painted"};
     Timeline timeline{form, "times"};
     ComboBox numbers{form, "list"};
+    Image image{form, "picture"};
+    PictureBox clock{form, "clock"};
     FormView view{form, [](int) { return QStringLiteral("%1 at %2"); }};
     QWidget& times = view.timeline(timeline);
     QComboBox& list = view.numberList(numbers);
     QLineEdit edit{&view};
     EntryMark mark{edit, "not valid"};
     WarningLabel warning{&view};
-    NoInstrumentPicture picture{[](int number) { return QStringLiteral("text %1 in two lines").arg(number); }, &view};
+    NoInstrumentPicture picture{[](int number) { return QStringLiteral("text %1 ").arg(number).repeated(9); }, &view};
     Timeline::Points points{{{"Now", "", ""}, {Kind::uncertain, "waiting"}},
                             {{"Start", "9:30", "in 2 min"}, {Kind::recording, "10 s, a long text"}},
                             {{"Stop", "9:31", "in 3 min"}, {Kind::plain, "ends"}},
@@ -41,8 +46,8 @@ protected:
         edit.setText("12");
         warning.setObjectName("warning");
         warning.setText("Past");
-        picture.setObjectName("picture");
-        picture.setProperty("picture", NoInstrumentPicture::resource);
+        view.image(image, picture);
+        image.setPicture(NoInstrumentPicture::resource);
         view.resize(900, 900);
         view.show();
     }
@@ -83,11 +88,34 @@ TEST_F(PaintedTest, ATimelineIsEmptyWithoutAStretchAndSaysWhatItShows)
     timeline.setCaption("First <b>this</b>");
     EXPECT_EQ(times.accessibleName(), "First <b>this</b>");
     EXPECT_TRUE(times.toolTip().contains("&lt;b&gt;"));
-    picture.setProperty("picture", 0);
+    image.setPicture(0);
     EXPECT_TRUE(paintedBy(picture).words().isEmpty());
     EXPECT_EQ(list.itemData(0, Qt::TextAlignmentRole).toInt(), static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
     for (QWidget* drawn : std::initializer_list<QWidget*>{&times, &picture, &mark})
         EXPECT_EQ(QAccessible::queryAccessibleInterface(drawn)->role(), QAccessible::Graphic);
+}
+
+TEST_F(PaintedTest, WhatChangesIsPaintedAnew)
+{
+    int painted = 0;
+    view.picture(clock).setGeometry(0, 800, 50, 50);
+    picture.move(0, 200);
+    clock.paint = [&](double, double) { return ++painted, Drawing(); };
+    struct Counter : QObject {
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* event) override { return (paints += event->type() == QEvent::Paint) < 0; }
+    } counter;
+    times.installEventFilter(&counter);
+    picture.installEventFilter(&counter);
+    const std::function<void()> changes[] = {[&] { timeline.setPoints(points); }, [&] { image.setPicture(0); },
+                                             [&] { clock.redraw(); }};
+    for (const auto& change : changes) {
+        QApplication::processEvents();
+        const int before = counter.paints + painted;
+        change();
+        QApplication::processEvents();
+        EXPECT_EQ(counter.paints + painted, before + 1) << &change - changes;
+    }
 }
 
 TEST_F(PaintedTest, AMarkTakesItsRoomFromTheTextWhileTheBoxIsEnabled)

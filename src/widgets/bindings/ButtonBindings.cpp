@@ -155,7 +155,7 @@ bool ImageBinding::eventFilter(QObject*, QEvent* event)
         return false;
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton && widget().rect().contains(mouse->position().toPoint()))
-        return !view_.act([&] { image_.userClicked(); });
+        view_.act([&] { image_.userClicked(); });
     return false;
 }
 

@@ -136,12 +136,10 @@ bool TextBoxBinding::takesDrop(QDropEvent& drop)
     if (box_.hasFocus())
         return true;
     Outcome outcome = Outcome::Inert;
-    const bool stays = view_.act([&] { outcome = box_.userDropsText(); });
-    if (stays && outcome == Outcome::Done)
-        edit_.setCursorPosition(edit_.cursorPositionAt(drop.position().toPoint()));
-    else
+    const bool isTaken = view_.act([&] { outcome = box_.userDropsText(); }) && outcome == Outcome::Done;
+    if (!isTaken)
         drop.ignore();
-    return stays && outcome == Outcome::Done;
+    return isTaken;
 }
 
 /// Returns whether the key was Escape, or one for undoing or redoing.

@@ -58,8 +58,7 @@ class PaperPalette {
 public:
     explicit PaperPalette(QWidget& widget) : widget_(widget), own_(widget.palette())
     {
-        const bool dark = own_.color(QPalette::Window).lightness() < 128;
-        QPalette paper = dark ? QApplication::style()->standardPalette() : own_;
+        QPalette paper = isDark(own_.color(QPalette::Window)) ? QApplication::style()->standardPalette() : own_;
         paper.setColor(QPalette::Window, Qt::white);
         widget_.setPalette(paper);
     }

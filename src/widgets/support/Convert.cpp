@@ -102,6 +102,11 @@ std::int32_t toTwips(const QWidget& widget, int pixels)
     return static_cast<std::int32_t>(qint64{pixels} * 1440 / widget.logicalDpiX());
 }
 
+bool isDark(const QColor& color)
+{
+    return color.lightness() < 128;
+}
+
 QPalette readPalette()
 {
     QPalette palette;

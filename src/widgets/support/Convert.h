@@ -40,6 +40,8 @@ void applyFont(QWidget& widget, const Font& font, const Font& formFont);
 int toPixels(const QWidget& widget, std::int32_t twips);
 std::int32_t toTwips(const QWidget& widget, int pixels);
 
+[[nodiscard]] bool isDark(const QColor& color);
+
 /// The colours of a box that cannot be typed in, which does not look like a field.
 QPalette readPalette();
 
