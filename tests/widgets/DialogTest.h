@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QLayout>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -43,13 +42,15 @@ protected:
         for (int i = 0; i < 3; ++i)
             QApplication::processEvents();
     }
-    /// Compares the dialog as it opens, and larger, with the kept section.
+    /// Compares the dialog as it opens, and larger and smaller, with the kept section.
     static void look(const char* section)
     {
         Look look;
-        look.take(dialog());
-        dialog().resize(dialog().size() + QSize(150, 100));
-        look.take(dialog());
+        for (const QSize more : {QSize(0, 0), QSize(150, 100), QSize(-250, -150)}) {
+            dialog().resize(dialog().size() + more);
+            settle();
+            look.take(dialog());
+        }
         look.compare(section);
     }
     static void key(Qt::Key key, Qt::KeyboardModifiers held = {})

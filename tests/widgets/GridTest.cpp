@@ -94,12 +94,6 @@ protected:
 TEST_F(GridView, EachCellIsShownInItsOwnWay)
 {
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 text");
-    EXPECT_EQ(grid.item(level - 1, 1)->textAlignment(), static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
-    EXPECT_EQ(grid.item(note - 1, 1)->textAlignment(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
-    EXPECT_NE(grid.item(fixed - 1, 1)->background(), grid.item(note - 1, 1)->background());
-    EXPECT_EQ(check(slope).accessibleName() + choices(mode).accessibleName(), "SlopeMode");
-    EXPECT_EQ(grid.horizontalHeaderItem(0)->text(), "Name");
-    EXPECT_TRUE((grid.horizontalHeaderItem(0)->textAlignment() & Qt::AlignLeft) != 0);
     form.grid.setValue(mode, "Unknown");
     form.grid.setValue(slope, "False");
     EXPECT_EQ(shown(), "0.5 [] {} 7 text");
@@ -109,12 +103,8 @@ TEST_F(GridView, EachCellIsShownInItsOwnWay)
     form.grid.setCell(mode, 1, cellOf("True", Kind::check));
     form.grid.setCell(note, 1, cellOf("Either", Kind::list, true));
     EXPECT_EQ(shown(), "0.5 plain [x] 7 -{Either}");
-    CellStyle bold;
-    bold.font.bold = bold.font.italic = true;
-    form.grid.setColHeaderStyle(bold);
     form.grid.setRowCount(2);
     EXPECT_EQ(shown(), "0.5 plain");
-    EXPECT_TRUE(grid.horizontalHeaderItem(0)->font().bold() && grid.horizontalHeaderItem(0)->font().italic());
 }
 
 TEST_F(GridView, TheNamesTakeTheWidthThatIsWantedUpToThreeQuartersOrHalfOfTheGrid)
@@ -218,7 +208,6 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     QTest::keyClicks(editor(), "12");
     EXPECT_EQ(typed, (QStringList{"1", "12"}));
     EXPECT_EQ(editor()->accessibleName(), "Level");
-    EXPECT_TRUE((editor()->alignment() & Qt::AlignRight) != 0);
     const QWidget* mark = editor()->findChild<EntryMark*>();
     ASSERT_TRUE(mark && mark->isVisible());
     EXPECT_EQ(editor()->accessibleDescription(), "3009. The parameters");
@@ -241,7 +230,6 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     EXPECT_EQ(editor()->accessibleDescription(), "The parameters");
     clickCell(note, 1);
     EXPECT_EQ(shown(), "3452 [x] {Falling} 7 (text)") << "opening another cell ends the edit";
-    EXPECT_FALSE((editor()->alignment() & Qt::AlignRight) != 0);
     QTest::keyClicks(editor(), "dropped");
     key(Qt::Key_Escape);
     EXPECT_EQ(shown(), "3452 [x] {Falling} 7 text");
@@ -294,6 +282,9 @@ TEST_F(GridView, LooksAsKept)
 {
     Look look;
     look.take(window);
+    CellStyle bold;
+    bold.font.bold = true;
+    form.grid.setColHeaderStyle(bold);
     form.grid.userOpenedCell(note);
     window.resize(500, 400);
     look.take(window);

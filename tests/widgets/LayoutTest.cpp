@@ -61,6 +61,7 @@ TEST_F(LayoutTest, LooksAsKept)
     for (Control* control : page().controls())
         if (auto* label = dynamic_cast<Label*>(control); label && label->caption().empty())
             label->setCaption("text");
+    widget.setObjectName("window");
     Look look;
     look.take(widget);
     page().lblChooseChannel.setVisible(true);

@@ -14,11 +14,6 @@ namespace ko::test {
 
 namespace {
 
-QString nameOf(const QWidget& widget)
-{
-    return widget.isWindow() && widget.objectName().isEmpty() ? QStringLiteral("window") : widget.objectName();
-}
-
 QString sizes(const QWidget& widget)
 {
     const QSize wanted = widget.sizeHint(), least = widget.minimumSizeHint();
@@ -32,7 +27,7 @@ QString sizes(const QWidget& widget)
 /// Of a control array, only the first member.
 bool hasLine(const QWidget& widget)
 {
-    const QString name = nameOf(widget);
+    const QString name = widget.objectName();
     return !name.isEmpty() && !name.startsWith("qt_") && (!name.contains('(') || name.endsWith("(0)"));
 }
 
@@ -105,7 +100,7 @@ void Look::take(QWidget& window)
     visit(window, [&](QWidget& widget) {
         if (!hasLine(widget))
             return;
-        const QString name = nameOf(widget);
+        const QString name = widget.objectName();
         auto part = std::find_if(parts_.begin(), parts_.end(), [&](const Part& one) { return one.name == name; });
         if (part == parts_.end())
             part = parts_.insert(part, {name, name + QStringLiteral(" | -").repeated(states_), {}});

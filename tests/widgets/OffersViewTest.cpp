@@ -2,7 +2,6 @@
 #include "widgets/dialogs/OffersDialog.h"
 
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -61,35 +60,16 @@ TEST_F(OffersViewTest, LooksAsKept)
     });
 }
 
-TEST_F(OffersViewTest, ColumnsOfValuesHaveRoomForThemAndThoseOfSentencesShareTheRestAndWrap)
+TEST_F(OffersViewTest, ColumnsOfValuesHaveRoomForThemWhenTheyChange)
 {
     ask([&] {
         const auto& table = part<QTableWidget>("tblOffers");
-        QFont bold = table.font();
-        bold.setBold(true);
-        const QFontMetrics metrics(bold);
-        dialog().resize(1200, dialog().height());
-        settle();
-        EXPECT_GT(table.columnWidth(0), metrics.horizontalAdvance("1000000000000000000000"));
-        EXPECT_LT(table.columnWidth(1), metrics.horizontalAdvance("A header of two words"));
-        EXPECT_GT(table.columnWidth(1), metrics.horizontalAdvance("header"));
-        for (const int column : {3, 4})
-            EXPECT_EQ(table.columnWidth(column), table.columnWidth(2));
-        EXPECT_NEAR(table.horizontalHeader()->length(), table.viewport()->width(), 3) << "no more, no less";
-        EXPECT_GE(table.horizontalHeader()->height(), 2 * metrics.lineSpacing());
-        EXPECT_EQ(table.currentRow(), 1);
-        dialog().resize(500, dialog().height());
-        settle();
-        const int lines = table.rowHeight(0);
-        EXPECT_EQ(table.columnWidth(2), metrics.averageCharWidth() * 24) << "never too narrow to read";
-        EXPECT_GE(lines, 3 * metrics.lineSpacing()) << "the sentence is wrapped";
-        dialog().resize(2000, dialog().height());
-        settle();
-        EXPECT_LT(table.rowHeight(0), lines);
         content.rows[1].cells[0].text = "much longer than before, in one cell";
         form.tblOffers.setContent(content.columns, content.rows);
         settle();
-        EXPECT_GT(table.columnWidth(0), metrics.horizontalAdvance("much longer than before, in one cell"));
+        QFont bold = table.font();
+        bold.setBold(true);
+        EXPECT_GT(table.columnWidth(0), QFontMetrics(bold).horizontalAdvance("much longer than before, in one cell"));
     });
 }
 
@@ -117,7 +97,6 @@ TEST_F(OffersViewTest, AQuantityIsSetByItsButtonAndByEnterInItsBox)
         EXPECT_EQ(part<QComboBox>("cmbQuantity").currentText(), "Block");
         auto& value = part<QLineEdit>("txtValue");
         EXPECT_EQ(value.text(), "64");
-        EXPECT_TRUE((value.alignment() & Qt::AlignRight) != 0);
         QTest::mouseClick(&value, Qt::LeftButton);
         EXPECT_EQ(value.selectedText(), "64");
         QTest::keyClicks(&value, "128");

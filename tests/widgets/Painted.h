@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDebug>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -82,19 +83,8 @@ private:
     void note(std::vector<Painted::Part>& parts, const QRectF& box, const QString& text = {}, const QFont& font = {})
     {
         parts.push_back({text, painter()->deviceTransform().mapRect(box), painter()->pen(), font});
-        const QRectF at = parts.back().box;
-        const QPen pen = painter()->pen();
-        notes.notes << QStringLiteral("%1 %2,%3 %4x%5 %6 %7 %8 %9 %10")
-                           .arg(text)
-                           .arg(at.x(), 0, 'f', 1)
-                           .arg(at.y(), 0, 'f', 1)
-                           .arg(at.width(), 0, 'f', 1)
-                           .arg(at.height(), 0, 'f', 1)
-                           .arg(pen.color().name())
-                           .arg(pen.widthF())
-                           .arg(pen.style())
-                           .arg(painter()->brush().color().name(QColor::HexArgb))
-                           .arg(font.weight() + font.pixelSize());
+        QDebug(&notes.notes.emplace_back())
+            << text << parts.back().box << painter()->pen() << painter()->brush() << font;
     }
 
     QPaintEngine* engine_ = this;
