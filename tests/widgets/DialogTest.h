@@ -46,8 +46,8 @@ protected:
     static void look(const char* section)
     {
         Look look;
-        for (const QSize more : {QSize(0, 0), QSize(150, 100), QSize(-250, -150)}) {
-            dialog().resize(dialog().size() + more);
+        for (const QSize size : {dialog().size(), dialog().size() + QSize(150, 100), QSize(10, 10)}) {
+            dialog().resize(size);
             settle();
             look.take(dialog());
         }

@@ -122,6 +122,9 @@ TEST_F(GridView, TheNamesTakeTheWidthThatIsWantedUpToThreeQuartersOrHalfOfTheGri
     EXPECT_EQ(grid.columnWidth(0) + grid.columnWidth(1), wider);
     EXPECT_EQ(form.grid.innerWidth(), toTwips(grid, wider));
     EXPECT_EQ(form.grid.visibleRows(), grid.viewport()->height() / grid.rowHeight(0));
+    grid.setFixedHeight(80);
+    QApplication::processEvents();
+    EXPECT_EQ(form.grid.innerWidth(), toTwips(grid, wider)) << "the scroll bar counts, too";
 }
 
 TEST_F(GridView, KeysOpenTheCurrentCellOfAnyKind)

@@ -42,7 +42,8 @@ template <class Visit> void eachPart(const QWidget& widget, const Visit& visit)
 void note(QWidget& widget, QPoint at, NotingDevice& device)
 {
     device.notes.notes << widget.accessibleName() << widget.accessibleDescription() << widget.toolTip()
-                       << widget.statusTip() << QString::number(widget.focusPolicy()) << sizes(widget)
+                       << widget.statusTip() << QString::number(widget.focusPolicy())
+                       << QString::number(widget.autoFillBackground() ? widget.backgroundRole() : -1) << sizes(widget)
                        << QString::number(QAccessible::queryAccessibleInterface(&widget)->role());
     widget.render(&device, at, {}, {});
     eachPart(widget, [&](QWidget& part) {

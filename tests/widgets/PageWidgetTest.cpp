@@ -121,6 +121,9 @@ TEST_F(PageWidgetTest, ThePlanIsShownWholeBelowThePageAndCopiedByKeysAndMouse)
     QTest::keyClick(&plan, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "Starts");
     EXPECT_EQ(page().activeControl(), focused);
+    auto& value = dynamic_cast<QLabel&>(at(page().lblNumSamplesValue));
+    QTest::mouseDClick(&value, Qt::LeftButton, {}, value.rect().bottomRight() - QPoint(5, 5));
+    EXPECT_TRUE(value.hasSelectedText()) << "so can a value";
     ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     ASSERT_TRUE(plan.hasFocus());
@@ -186,6 +189,8 @@ TEST_F(PageWidgetTest, TheTipOfAPeriodHasItInEngineeringUnits)
     QApplication::sendEvent(&list, &asked);
     EXPECT_EQ(QToolTip::text().toStdString(), hint.toStdString() + "\n39.06 \xC2\xB5s");
     EXPECT_EQ(list.statusTip(), hint);
+    QApplication::sendEvent(&at(page().txtScanPeriod), &asked);
+    EXPECT_TRUE(QToolTip::text().endsWith(toQt("\n1 s"))) << QToolTip::text().toStdString();
     EXPECT_EQ(page().cmbSamplePeriod.text(), "3.90625E-05");
 }
 

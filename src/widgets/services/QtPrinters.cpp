@@ -120,11 +120,11 @@ QRectF drawScaled(QPainter& painter, QWidget& widget, const QRectF& space)
     const QSizeF size = QSizeF(widget.size()).scaled(space.size(), Qt::KeepAspectRatio);
     // QPicture scales itself to the resolution of the target device.
     const double itself = double(painter.device()->logicalDpiX()) / drawing.logicalDpiX();
-    const double scale = size.width() / std::max(1, widget.width()) / itself;
+    const double scale = size.width() / widget.width() / itself;
     painter.save();
     painter.translate(space.topLeft());
     painter.scale(scale, scale);
-    painter.drawPicture(0, 0, drawing);
+    painter.drawPicture(QPointF(), drawing);
     painter.restore();
     return {space.topLeft(), size};
 }
