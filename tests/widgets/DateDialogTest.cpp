@@ -154,6 +154,7 @@ TEST_F(DateDialogTest, ATimeIsTypedAsItIsWrittenInEveryFormatHoweverTheFieldGotT
             {"9:15:08 AM", "9:15:08"},
             {"21:15:08", "21:15:08"},
             {"9.5.8 pm", "21:05:08"},
+            {"9.5.8 " + locale.pmDesignator, locale.pmDesignator.empty() ? "9:05:08" : "21:05:08"},
             {"12 0 0a", "0:00:00"},
             {"00:00:30", "0:00:30"},
             {"2145", "21:45:00"},

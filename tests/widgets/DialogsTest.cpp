@@ -31,7 +31,9 @@ protected:
 TEST_F(ViewsTest, AChannelIsChosenByKeys)
 {
     auto driver = std::make_shared<FakeDriver>();
-    driver->groups = {{"Inputs", {{.address = "0:1", .name = "Crank"}, {.address = "0:2", .name = "Cam"}}}};
+    driver->groups = {{"Inputs",
+                       {{.address = "0:1", .name = "Crank of an engine with a name of several words"},
+                        {.address = "0:2", .name = "Cam"}}}};
     channels.UpdateDrivers({driver}, 1);
     std::shared_ptr<Driver> chosen;
     std::int32_t slot = -1, channel = -1;
@@ -70,7 +72,6 @@ TEST_F(ViewsTest, TheCalendarAndTheTimeTakeOnlyWhatIsMeantForThem)
              [&] {
                  look("date");
                  auto& calendar = part<QCalendarWidget>("calDate");
-                 EXPECT_EQ(calendar.focusProxy()->accessibleName(), calendar.accessibleName());
                  dates.optSpecifiedDay.userClicked();
                  QTest::keyClick(calendar.focusProxy(), Qt::Key_5);
                  EXPECT_TRUE(calendar.findChildren<QLabel*>().isEmpty()) << "no box of the toolkit";
@@ -131,15 +132,10 @@ protected:
 
 TEST_F(ModalFormsTest, EnterEscapeAndTheCloseButtonPressTheFormsButtons)
 {
-    const std::function<void()> ways[] = {[] { key(Qt::Key_Return); },
-                                          [] {
-                                              part<QWidget>("cmdCancel").setFocus();
-                                              key(Qt::Key_Return);
-                                          },
-                                          [] { dialog().accept(); },
-                                          [] { key(Qt::Key_Escape); },
-                                          [] { dialog().close(); },
-                                          [] { dialog().reject(); }};
+    const std::function<void()> ways[] = {
+        [] { key(Qt::Key_Return); }, [] { QTest::keyClick(&part<QWidget>("cmdCancel"), Qt::Key_Return); },
+        [] { dialog().accept(); },   [] { key(Qt::Key_Escape); },
+        [] { dialog().close(); },    [] { dialog().reject(); }};
     for (const auto& way : ways)
         inDialog([&] { show(); }, way);
     EXPECT_EQ(oks, 3);

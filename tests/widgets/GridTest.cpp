@@ -284,13 +284,13 @@ TEST_F(GridView, WhileItIsOnlyReadValuesStayReadableAndCannotBeChanged)
 TEST_F(GridView, LooksAsKept)
 {
     Look look;
-    look.take(window);
+    look.take(grid);
     CellStyle bold;
     bold.font.bold = true;
     form.grid.setColHeaderStyle(bold);
     form.grid.userOpenedCell(note);
     window.resize(500, 400);
-    look.take(window);
+    look.take(grid);
     look.compare("grid");
 }
 

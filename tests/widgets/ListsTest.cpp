@@ -220,7 +220,7 @@ TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasisAndItsColumnsNeverGetNarr
     ASSERT_EQ(table.rowCount(), 2);
     const QTableWidgetItem &strong = *table.item(0, 0), &weak = *table.item(1, 0), &plain = *table.item(1, 1);
     Look look;
-    look.take(window);
+    look.take(table);
     for (const auto& said :
          {strong.toolTip(), strong.statusTip(), strong.data(Qt::AccessibleDescriptionRole).toString()})
         EXPECT_EQ(said, "A is first");
@@ -245,7 +245,7 @@ TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasisAndItsColumnsNeverGetNarr
     form.table.setContent(
         std::vector<std::string>(20, "a"),
         std::vector<Table::Row>(100, {"A row with a name of many letters", std::vector<Table::Cell>(20, cellOf("b"))}));
-    look.take(window);
+    look.take(table);
     look.compare("lists");
 }
 

@@ -18,16 +18,9 @@ struct Painted {
         QPen pen;
         QFont font;
     };
-    std::vector<Part> texts, lines, ellipses, areas, pictures;
+    std::vector<Part> texts, lines, ellipses, areas, others;
     QStringList notes; ///< each part with its pen, brush and font
 
-    /// The text that begins so; an empty part when there is none.
-    [[nodiscard]] Part text(const QString& beginning) const
-    {
-        const auto found =
-            std::find_if(texts.begin(), texts.end(), [&](const Part& part) { return part.text.startsWith(beginning); });
-        return found == texts.end() ? Part() : *found;
-    }
     [[nodiscard]] QStringList words() const
     {
         QStringList all;
@@ -74,11 +67,11 @@ private:
     void drawPath(const QPainterPath& path) override { note(notes.areas, path.boundingRect()); }
     void drawPolygon(const QPointF* points, int count, PolygonDrawMode /*mode*/) override
     {
-        note(polygons_, QPolygonF(QList<QPointF>(points, points + count)).boundingRect());
+        note(notes.others, QPolygonF(QList<QPointF>(points, points + count)).boundingRect());
     }
     void drawPixmap(const QRectF& box, const QPixmap& /*pixmap*/, const QRectF& /*part*/) override
     {
-        note(notes.pictures, box);
+        note(notes.others, box);
     }
     void note(std::vector<Painted::Part>& parts, const QRectF& box, const QString& text = {}, const QFont& font = {})
     {
@@ -88,7 +81,6 @@ private:
     }
 
     QPaintEngine* engine_ = this;
-    std::vector<Painted::Part> polygons_;
     QSize size_;
     int dotsPerInch_;
 };

@@ -202,7 +202,6 @@ void QtPrinters::begin()
         throw Failure(printerError, "Printer error");
     }
     own_ = std::move(own);
-    printer_ = printer;
     detour_ = std::move(detour);
     painter_ = std::move(painter);
 }
@@ -212,22 +211,25 @@ void QtPrinters::printForm(const Form& form)
     QWidget* surface = surfaces_(form);
     if (!surface)
         fail(failure::invalidCall);
-    if (painter_)
-        printer_->newPage();
-    else
+    const bool isFirst = !painter_;
+    if (isFirst)
         begin();
+    auto& printer = static_cast<QPrinter&>(*painter_->device());
+    if (!isFirst)
+        printer.newPage();
     drawSheet(*painter_, *surface, surroundings ? surroundings() : Surroundings{},
-              printer_->pageLayout().paintRectPixels(printer_->resolution()).size());
+              printer.pageLayout().paintRectPixels(printer.resolution()).size());
 }
 
 void QtPrinters::endDocument()
 {
-    const bool drawn = !painter_ || painter_->end();
+    if (!painter_)
+        return;
+    const bool drawn = painter_->end();
     painter_.reset();
-    const QString file = detour_ ? detour_->file() : QString();
-    const QByteArray content = drawn && detour_ ? detour_->content() : QByteArray();
+    const QString file = detour_->file();
+    const QByteArray content = drawn ? detour_->content() : QByteArray();
     detour_.reset();
-    printer_ = nullptr;
     own_.reset();
     save(file, content);
     if (!drawn)
