@@ -128,8 +128,8 @@ TEST(SetupFileTest, AFileThatIsNoSetupIsRefusedWithItsLine)
          "bench.json:3: $.drivers[1].groups[0]: must be an object"},
     };
     for (const RefusedFile& refused : cases)
-        EXPECT_EQ(refusalOf(refused.text).rfind(refused.message, 0), 0U)
-            << refused.text << " -> " << refusalOf(refused.text);
+        EXPECT_EQ(test::refusalOf(refused.text).rfind(refused.message, 0), 0U)
+            << refused.text << " -> " << test::refusalOf(refused.text);
 }
 
 TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
@@ -172,8 +172,8 @@ TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
          "groups[0].channels[0].range: must be a minimum and a larger maximum"},
     };
     for (const auto& [member, message] : cases)
-        EXPECT_EQ(refusalOf(withMember(member)).rfind("bench.json:2: $.drivers[0]." + message, 0), 0U)
-            << member << " -> " << refusalOf(withMember(member));
+        EXPECT_EQ(test::refusalOf(withMember(member)).rfind("bench.json:2: $.drivers[0]." + message, 0), 0U)
+            << member << " -> " << test::refusalOf(withMember(member));
 }
 
 /// The bytes of each value, before those of the values in it.
@@ -206,7 +206,7 @@ TEST(SetupFileTest, AFileCutOffAnywhereIsRefusedAndNothingElse)
 {
     const std::string whole(everything);
     for (std::size_t length = 0; length + 1 < whole.size(); ++length)
-        EXPECT_EQ(refusalOf(whole.substr(0, length)).rfind("bench.json:", 0), 0U) << length;
+        EXPECT_EQ(test::refusalOf(whole.substr(0, length)).rfind("bench.json:", 0), 0U) << length;
 }
 
 TEST(SetupFileTest, AFileThatCannotBeOpenedIsRefusedByName)
