@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-namespace ko {
+namespace ko::test {
 namespace {
 
 // Every key once, as in the documentation of set-up files.
@@ -218,4 +218,4 @@ TEST(SetupFileTest, AFileThatCannotBeOpenedIsRefusedByName)
 }
 
 } // namespace
-} // namespace ko
+} // namespace ko::test

@@ -1,3 +1,4 @@
+#include "host/recording_view/RecordDialog.h"
 #include "host/setup/SetupFile.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
@@ -6,6 +7,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QTreeWidget>
 
 namespace ko::test {
@@ -60,6 +62,19 @@ TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
         EXPECT_TRUE(shown.startsWith(it.shown)) << shown.toStdString();
         EXPECT_EQ(chosen({}, [&] { return (boxes.*it.ask)(); }), "");
     }
+}
+
+TEST_F(FileDialogsTest, TheFileOfARecordingMayBeBrowsedAndOneThatExistsIsAskedAboutLater)
+{
+    const Locale locale;
+    RecordDialog dialog(&window, [this](int number) { return window.text(number); }, locale, {path("run.h5"), 1.0});
+    auto* const browse = dialog.findChildren<QPushButton*>().constFirst();
+    for (const char* const name : {"other.h5", "bench.json", ""}) {
+        chosen(name, [&] { browse->click(); });
+        EXPECT_TRUE(shown.startsWith("Record|Recordings (*.h5)|h5|save|")) << shown.toStdString();
+        EXPECT_EQ(dialog.file(), path(*name ? name : "bench.json"));
+    }
+    EXPECT_TRUE(shown.endsWith("|bench.json")) << shown.toStdString();
 }
 
 TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)

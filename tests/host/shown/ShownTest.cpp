@@ -18,6 +18,7 @@
 #include <QLayout>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
@@ -260,7 +261,8 @@ Scans slow process values at regular times
 )");
 }
 
-/// The boxes of a dialog in the order of the Tab key: name, text, hint and state, below the tab that they are on.
+/// The boxes of a dialog in the order of the Tab key: name, text, hint and state, below the tab that they are on; of a
+/// list its entries with check marks, between semicolons.
 std::string boxesOf(const QDialog& dialog)
 {
     std::string lines = fromQt(dialog.windowTitle()) + "\n";
@@ -283,6 +285,9 @@ std::string boxesOf(const QDialog& dialog)
             lines += fromQt(check->text()) + (check->isChecked() ? " [x]" : " [ ]");
         else if (button)
             lines += "(" + fromQt(button->text()) + ")";
+        else if (const auto* const entries = qobject_cast<const QListWidget*>(at))
+            for (int i = 0; i < entries->count(); ++i)
+                lines += fromQt(entries->item(i)->text()) + (entries->item(i)->checkState() ? " [x]; " : "; ");
         else
             continue;
         lines += box && box->isReadOnly() ? " read-only" : "";
@@ -345,6 +350,7 @@ Start lines as listener: |all lines; separate several by semicolons
 Sync lines as master: |all lines; separate several by semicolons
 Sync lines as listener: |all lines; separate several by semicolons
 = Channels
+In: Crank; 
 Signal: Square of 4
 Frequency (Hz): 50|
 Amplitude: 2|
@@ -379,7 +385,8 @@ This instrument has trigger parameters [x]
     std::istringstream locked(shown(0));
     for (std::string one; std::getline(locked, one);) {
         const bool isEdited = one.find('|') != std::string::npos;
-        const bool isHeading = one.starts_with("= ") || one.starts_with("Prop") || one == "(Close)";
+        const bool isHeading =
+            one.starts_with("= ") || one.starts_with("Prop") || one == "(Close)" || one.ends_with("; ");
         EXPECT_EQ(one.find(" read-only") != std::string::npos, isEdited) << one;
         EXPECT_EQ(one.find(" disabled") == std::string::npos, isEdited || isHeading || one.starts_with("Entered as"))
             << one;
@@ -409,6 +416,57 @@ TEST_F(ShownTest, AValueOfACallReadsAsItsTypeInTheLocale)
         EXPECT_EQ(fromQt(callText(
                       value, [this](int number) { return window.text(number); }, german)),
                   text);
+}
+
+TEST_F(ShownTest, TheFaultsOfAnInstrumentAreThoseOfTheViewsThatItHas)
+{
+    const auto boxes = [&](const char* members) {
+        const auto all =
+            parseSetup(R"({"drivers": [{"name": "A", "failing": ["GroupName"], )" + std::string(members) + "}]}", "");
+        return boxesOf(FaultDialog([this](int number) { return window.text(number); }, *makeDrivers(all)[0], &window));
+    };
+    const std::string head = "Simulated faults of A\nGroupCount; ChannelCount; ChannelAttribute; MeasurementMode; "
+                             "SamplingMode; DriverName; GroupName [x]; ";
+    const std::string tail = "NumberOfScans; DynamicBytes; \n(&Clear All)\n(OK)\n(Cancel)\n";
+    EXPECT_EQ(boxes(R"("hasTriggerParameters": false)"), head + tail);
+    for (const auto& [members, first, last] :
+         {std::tuple(R"("hasTriggerParameters": false, "timebase": {})", "SamplePeriod set; ", "; StartMode set; "),
+          {R"("hasTriggerParameters": true)", "GetTriggerParamCount; ", "; GetTriggerGroupName; "},
+          {R"("hasTriggerParameters": false, "triggerLines": {})", "StartMasterRank get; ",
+           "; StartLinesAsListener get; "}}) {
+        EXPECT_TRUE(boxes(members).starts_with(head + first)) << boxes(members);
+        EXPECT_TRUE(boxes(members).ends_with(last + tail)) << boxes(members);
+    }
+}
+
+/// What the objects say beside their texts.
+QStringList hintsOf(const QObject& top)
+{
+    QStringList hints;
+    for (const QObject* const object : top.findChildren<QObject*>())
+        for (const char* const property : {"toolTip", "statusTip", "placeholderText", "accessibleDescription"})
+            hints << object->property(property).toString();
+    return hints;
+}
+
+TEST_F(ShownTest, EveryHintOfTheWindowIsShownWhereItHelps)
+{
+    window.open(file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})"));
+    const Texts texts = [this](int number) { return window.text(number); };
+    const InstrumentSettings settings = window.session().drivers().at(0)->settings();
+    const PropertiesDialog properties(texts, Locale(), settings, false, &window);
+    const QStringList hints = hintsOf(window);
+    QFile names(QT_TESTCASE_SOURCEDIR "/../../../src/support/TextNames.txt");
+    ASSERT_TRUE(names.open(QIODevice::ReadOnly));
+    // Those of questions and of the page are not the window's.
+    const QRegularExpression own(
+        "^3(?!.*(conflict|replace|start|escape|setAll)H).*([hH]int| keys| markerText| filter)$");
+    int found = 0;
+    for (const QString& line : QString(names.readAll()).split('\n'))
+        if (line.contains(own)) {
+            EXPECT_TRUE(++found > 0 && hints.contains(texts(line.left(4).toInt()))) << fromQt(line);
+        }
+    EXPECT_GT(found, 10);
 }
 
 bool isPlaced(const QLayout& layout, const QWidget* widget)

@@ -96,7 +96,7 @@ protected:
 TEST(ChartTimeTest, WhateverIsZoomedAndScrolledTheViewIsWithinTheTimeAndItsMiddleStays)
 {
     std::mt19937 random(3);
-    for (const double end : {0.0, 1e-4, 3.0, 12.345, 86400.0, 1e15}) {
+    for (const double end : {0.0, 1e-4, 0.7, 3.0, 12.345, 86400.0, 1e15}) {
         const double shortest = std::max(ChartTime::shortest, end * 1e-12);
         ChartTime time;
         for (int i = 0; i < 2000; ++i) {
