@@ -363,9 +363,9 @@ TEST_F(ChartTest, KeysAndTheWheelZoomAndEachRowSaysWhatItShows)
     };
     const int whole = zoomed();
     EXPECT_EQ(turn(120, Qt::NoModifier), whole);
-    EXPECT_EQ(turn(0, Qt::ControlModifier), whole);
     const int once = turn(120, Qt::ControlModifier);
     EXPECT_GT(once, whole);
+    EXPECT_EQ(turn(0, Qt::ControlModifier), once);
     EXPECT_GT(turn(120, Qt::ControlModifier), once);
     EXPECT_EQ(turn(-120, Qt::ControlModifier), once);
     for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Equal}) {

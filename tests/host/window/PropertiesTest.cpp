@@ -179,6 +179,16 @@ TEST_F(PropertiesTest, AViewThatIsSwitchedOffAndOnAgainIsAsItWas)
     }
 }
 
+TEST_F(PropertiesTest, TheDialogStaysUntilItsInstrumentHasGone)
+{
+    const PropertiesDialog& dialog = open(1);
+    for (const bool isOther : {true, false}) {
+        ASSERT_TRUE(
+            window.instrumentList().edit([](ko::Setup& setup) { setup.instruments.erase(setup.instruments.begin()); }));
+        EXPECT_EQ(dialog.isVisible(), isOther);
+    }
+}
+
 TEST_F(PropertiesTest, ADoubleClickOnAValueOfAChannelLeadsToTheChannelAndF1ToTheHelp)
 {
     tree.expandAll();
