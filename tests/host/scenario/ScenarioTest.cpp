@@ -189,6 +189,7 @@ constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"text cmbInterval 5", "the control \"cmbInterval\" cannot be written in"},
     {"select txtDuration -1 2", "a selection begins at 0 and has no length below 0"},
     {"expect txtDuration caption x", "\"txtDuration\" has no property \"caption\""},
+    {"key F13", "\"F13\" is no key such as F1, Shift+F1 or Escape"},
     {"key Return", "\"Return\" is no key such as F1, Shift+F1 or Escape"},
     {"print P copies", "\"copies\" is no print setting such as copies=2"},
     {"print P size=2", "there is no print setting \"size\""},

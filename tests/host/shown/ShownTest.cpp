@@ -7,9 +7,11 @@
 #include "host/setup/SetupFile.h"
 #include "host/setup/SetupTemplates.h"
 #include "host/setup/SetupWriter.h"
+#include "host/sheet/SheetPages.h"
 #include "host/toolkit/HelpWindow.h"
 #include "host/window/FrameTest.h"
 #include "host/window/ReplayReport.h"
+#include "widgets/Painted.h"
 
 #include <QAbstractItemModel>
 #include <QCheckBox>
@@ -259,6 +261,41 @@ Scans temperatures at regular times, and can lead the scans of others
 Data Logger
 Scans slow process values at regular times
 )");
+}
+
+TEST_F(ShownTest, EachPageOfASheetHasItsPartAndItsNumber)
+{
+    ko::Setup setup;
+    setup.instruments.resize(100);
+    for (InstrumentSettings& instrument : setup.instruments) {
+        instrument.name = "Unit " + std::to_string(&instrument - setup.instruments.data());
+        instrument.timebase.emplace();
+    }
+    window.open(file("large.json", setupText(setup).c_str()));
+    NotingDevice paper(QSize(700, 1000), 96);
+    const SheetPages pages({page(),
+                            window.session().drivers(),
+                            "T",
+                            "large.json",
+                            false,
+                            {46347.5},
+                            [this](int number) { return window.text(number); },
+                            Locale()},
+                           paper, QSizeF(700, 1000));
+    ASSERT_GT(pages.count(), 2);
+    QStringList all;
+    for (int i = 0; i < pages.count(); ++i) {
+        paper.notes = {};
+        QPainter painter(&paper);
+        pages.paint(painter, i);
+        const QStringList words = paper.notes.words();
+        EXPECT_EQ(words.mid(words.size() - 2).join('|'),
+                  QString("Set-up sheet  \u00b7  T  \u00b7  large.json  \u00b7  11/21/2026 12:00:00 PM|Page %1 of %2")
+                      .arg(i + 1)
+                      .arg(pages.count()));
+        all << words.filter("Unit");
+    }
+    EXPECT_EQ(all.size(), 100);
 }
 
 /// The boxes of a dialog in the order of the Tab key: name, text, hint and state, below the tab that they are on; of a
