@@ -43,9 +43,7 @@ protected:
 
 TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
 {
-    const Locale locale;
-    BoxQuestions boxes(
-        window, window.session(), [this](int number) { return window.text(number); }, locale);
+    BoxQuestions boxes(window, window.session(), texts, locale);
     const struct {
         std::string (BoxQuestions::*ask)();
         const char *typed, *file, *shown;
@@ -66,8 +64,7 @@ TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
 
 TEST_F(FileDialogsTest, TheFileOfARecordingMayBeBrowsedAndOneThatExistsIsAskedAboutLater)
 {
-    const Locale locale;
-    RecordDialog dialog(&window, [this](int number) { return window.text(number); }, locale, {path("run.h5"), 1.0});
+    RecordDialog dialog(&window, texts, locale, {path("run.h5"), 1.0});
     auto* const browse = dialog.findChildren<QPushButton*>().constFirst();
     for (const char* const name : {"other.h5", "bench.json", ""}) {
         chosen(name, [&] { browse->click(); });
@@ -142,7 +139,7 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
     };
     for (const auto& it : cases) {
         file("a.scenario", (std::string("setup bench.json\nshow\n") + it.line + "\n").c_str());
-        QStringList texts;
+        QStringList labels;
         int rows = -1;
         QTimer answer;
         QObject::connect(&answer, &QTimer::timeout, [&] {
@@ -150,7 +147,7 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
             if (!dialog || qobject_cast<QFileDialog*>(dialog))
                 return;
             for (const QLabel* const label : dialog->findChildren<QLabel*>())
-                texts << label->text();
+                labels << label->text();
             if (const auto* const list = dialog->findChild<QTreeWidget*>()) {
                 rows = list->topLevelItemCount();
                 EXPECT_EQ(list->topLevelItem(0)->text(0), "3");
@@ -160,8 +157,8 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
         });
         answer.start(5);
         chosen("a.scenario", [&] { window.replay().action().trigger(); });
-        EXPECT_TRUE(texts.contains(it.heading)) << texts.join('|').toStdString();
-        EXPECT_TRUE(texts.join('|').contains(it.more)) << texts.join('|').toStdString();
+        EXPECT_TRUE(labels.contains(it.heading)) << labels.join('|').toStdString();
+        EXPECT_TRUE(labels.join('|').contains(it.more)) << labels.join('|').toStdString();
         EXPECT_EQ(rows, it.rows) << it.line;
     }
     EXPECT_EQ(fromQt(shown), "Run Scenario|Scenarios (*.scenario);All files (*)||open|");

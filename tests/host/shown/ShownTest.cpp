@@ -130,8 +130,7 @@ TEST_F(ShownTest, TheMenusHaveTheirEntriesKeysAndStatesInOrder)
 
 TEST_F(ShownTest, TheTreeOfTheInstrumentsShowsAllThatIsSetInOrder)
 {
-    const Locale locale;
-    InstrumentsModel model([this](int number) { return window.text(number); }, locale, nullptr);
+    InstrumentsModel model(texts, locale, nullptr);
     model.show(makeDrivers(parseSetup(R"({"drivers": [
         {"name": "Digitizer", "failing": ["GroupName"], "hasTriggerParameters": true,
          "triggerLines": {"startMasterRank": 1, "startTriggerLine": 2, "startTriggerInput": 3, "scanMasterRank": 4,
@@ -237,7 +236,7 @@ TEST_F(ShownTest, TheStartScreenAndTheGalleryOfferTheirEntriesInOrder)
             entry && window.start().isAncestorOf(at))
             lines += fromQt(entry->accessibleName() + u'|' + entry->accessibleDescription() + u'|' + entry->toolTip()) +
                      "\n";
-    InstrumentGallery gallery([this](int number) { return window.text(number); }, instrumentKinds(), nullptr, &window);
+    InstrumentGallery gallery(texts, instrumentKinds(), nullptr, &window);
     const auto& list = *gallery.findChild<QListWidget*>();
     for (int i = 0; i < list.count(); ++i)
         lines += fromQt(list.item(i)->text()) + (i == list.currentRow() ? " *\n" : "\n");
@@ -273,17 +272,9 @@ TEST_F(ShownTest, EachPageOfASheetHasItsPartAndItsNumber)
     }
     window.open(file("large.json", setupText(setup).c_str()));
     NotingDevice paper(QSize(700, 1000), 96);
-    const SheetPages pages({page(),
-                            window.session().drivers(),
-                            "T",
-                            "large.json",
-                            false,
-                            {46347.5},
-                            [this](int number) { return window.text(number); },
-                            Locale()},
+    const SheetPages pages({page(), window.session().drivers(), "T", "large.json", false, {46347.5}, texts, locale},
                            paper, QSizeF(700, 1000));
     ASSERT_GT(pages.count(), 2);
-    QStringList all;
     for (int i = 0; i < pages.count(); ++i) {
         paper.notes = {};
         QPainter painter(&paper);
@@ -291,11 +282,9 @@ TEST_F(ShownTest, EachPageOfASheetHasItsPartAndItsNumber)
         const QStringList words = paper.notes.words();
         EXPECT_EQ(words.mid(words.size() - 2).join('|'),
                   QString("Set-up sheet  \u00b7  T  \u00b7  large.json  \u00b7  11/21/2026 12:00:00 PM|Page %1 of %2")
-                      .arg(i + 1)
-                      .arg(pages.count()));
-        all << words.filter("Unit");
+                      .arg(QString::number(i + 1), QString::number(pages.count())));
+        EXPECT_LT(words.filter("Unit").size(), 60) << "a part of them";
     }
-    EXPECT_EQ(all.size(), 100);
 }
 
 /// The boxes of a dialog in the order of the Tab key: name, text, hint and state, below the tab that they are on; of a
@@ -450,60 +439,49 @@ TEST_F(ShownTest, AValueOfACallReadsAsItsTypeInTheLocale)
         {LineList{1, 2}, "1; 2"},
     };
     for (const auto& [value, text] : cases)
-        EXPECT_EQ(fromQt(callText(
-                      value, [this](int number) { return window.text(number); }, german)),
-                  text);
+        EXPECT_EQ(fromQt(callText(value, texts, german)), text);
 }
 
 TEST_F(ShownTest, TheFaultsOfAnInstrumentAreThoseOfTheViewsThatItHas)
 {
-    const auto boxes = [&](const char* members) {
-        const auto all =
-            parseSetup(R"({"drivers": [{"name": "A", "failing": ["GroupName"], )" + std::string(members) + "}]}", "");
-        return boxesOf(FaultDialog([this](int number) { return window.text(number); }, *makeDrivers(all)[0], &window));
-    };
-    const std::string head = "Simulated faults of A\nGroupCount; ChannelCount; ChannelAttribute; MeasurementMode; "
-                             "SamplingMode; DriverName; GroupName [x]; ";
-    const std::string tail = "NumberOfScans; DynamicBytes; \n(&Clear All)\n(OK)\n(Cancel)\n";
-    EXPECT_EQ(boxes(R"("hasTriggerParameters": false)"), head + tail);
-    for (const auto& [members, first, last] :
-         {std::tuple(R"("hasTriggerParameters": false, "timebase": {})", "SamplePeriod set; ", "; StartMode set; "),
-          {R"("hasTriggerParameters": true)", "GetTriggerParamCount; ", "; GetTriggerGroupName; "},
-          {R"("hasTriggerParameters": false, "triggerLines": {})", "StartMasterRank get; ",
-           "; StartLinesAsListener get; "}}) {
-        EXPECT_TRUE(boxes(members).starts_with(head + first)) << boxes(members);
-        EXPECT_TRUE(boxes(members).ends_with(last + tail)) << boxes(members);
+    const std::tuple<const char*, const char*, const char*> cases[]{
+        {"false", "NumberOfScans", ""},
+        {R"(false, "timebase": {})", "SamplePeriod set; ", "; StartMode set; "},
+        {"true", "GetTriggerParamCount; ", "; GetTriggerGroupName; "},
+        {R"(false, "triggerLines": {})", "StartMasterRank get; ", "; StartLinesAsListener get; "}};
+    for (const auto& [members, first, last] : cases) {
+        const std::string named = R"({"drivers": [{"name": "A", "failing": ["GroupName"], "hasTriggerParameters": )";
+        const auto drivers = makeDrivers(parseSetup(named + members + "}]}", ""));
+        const std::string boxes = boxesOf(FaultDialog(texts, *drivers[0], &window));
+        EXPECT_TRUE(
+            boxes.starts_with("Simulated faults of A\nGroupCount; ChannelCount; ChannelAttribute; MeasurementMode; "
+                              "SamplingMode; DriverName; GroupName [x]; " +
+                              std::string(first)))
+            << boxes;
+        EXPECT_TRUE(
+            boxes.ends_with(last + std::string("NumberOfScans; DynamicBytes; \n(&Clear All)\n(OK)\n(Cancel)\n")))
+            << boxes;
     }
-}
-
-/// What the objects say beside their texts.
-QStringList hintsOf(const QObject& top)
-{
-    QStringList hints;
-    for (const QObject* const object : top.findChildren<QObject*>())
-        for (const char* const property : {"toolTip", "statusTip", "placeholderText", "accessibleDescription"})
-            hints << object->property(property).toString();
-    return hints;
 }
 
 TEST_F(ShownTest, EveryHintOfTheWindowIsShownWhereItHelps)
 {
     window.open(file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})"));
-    const Texts texts = [this](int number) { return window.text(number); };
-    const InstrumentSettings settings = window.session().drivers().at(0)->settings();
-    const PropertiesDialog properties(texts, Locale(), settings, false, &window);
-    const QStringList hints = hintsOf(window);
+    const auto settings = window.session().drivers().at(0)->settings();
+    const PropertiesDialog properties(texts, locale, settings, false, &window);
+    QStringList shown;
+    for (const QObject* const object : window.findChildren<QObject*>())
+        for (const char* const property : {"toolTip", "statusTip", "placeholderText", "accessibleDescription"})
+            shown << object->property(property).toString();
     QFile names(QT_TESTCASE_SOURCEDIR "/../../../src/support/TextNames.txt");
     ASSERT_TRUE(names.open(QIODevice::ReadOnly));
     // Those of questions and of the page are not the window's.
     const QRegularExpression own(
         "^3(?!.*(conflict|replace|start|escape|setAll)H).*([hH]int| keys| markerText| filter)$");
-    int found = 0;
-    for (const QString& line : QString(names.readAll()).split('\n'))
-        if (line.contains(own)) {
-            EXPECT_TRUE(++found > 0 && hints.contains(texts(line.left(4).toInt()))) << fromQt(line);
-        }
-    EXPECT_GT(found, 10);
+    const QStringList hints = QString(names.readAll()).split('\n').filter(own);
+    EXPECT_GT(hints.size(), 10);
+    for (const QString& hint : hints)
+        EXPECT_TRUE(shown.contains(texts(hint.left(4).toInt()))) << fromQt(hint);
 }
 
 bool isPlaced(const QLayout& layout, const QWidget* widget)
@@ -542,8 +520,6 @@ TEST_F(ShownTest, EveryWidgetHasItsPlaceInALayout)
     window.open(file("bench.json", R"({"drivers": [{"name": "A", "hasTriggerParameters": true, "timebase": {},
         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
     show();
-    const Texts texts = [this](int number) { return window.text(number); };
-    const Locale locale;
     const InstrumentSettings settings = window.session().drivers().at(0)->settings();
     PropertiesDialog properties(texts, locale, settings, false, &window);
     FaultDialog faults(texts, *window.session().drivers().at(0), &window);

@@ -388,6 +388,8 @@ TEST_F(ChartTest, KeysAndTheWheelZoomAndEachRowSaysWhatItShows)
     EXPECT_EQ(tip(0.5), "Signal 0\nDigitizer\n1:0\n0.25 V\nRange: -0.5 to 2 V");
     EXPECT_EQ(tip(1.5), "Signal 1\nDigitizer\n1:1\n0.25 V\nRange: -0.5 to 2 V\n7 clipped");
     EXPECT_EQ(tip(2.5), "Signal 2\nDigitizer\n1:2\n\u2013\n14 clipped");
+    window.resize(900, 200);
+    EXPECT_GT(chart.verticalScrollBar()->maximum(), 0);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "host/setup/SetupWriter.h"
 #include "interfaces/Timebase.h"
 
+#include <QAbstractItemModelTester>
 #include <QClipboard>
 #include <QDialog>
 #include <QListWidget>
@@ -248,6 +249,7 @@ TEST_F(InstrumentsTest, EditKeysInADockLeaveThePageAlone)
 
 TEST_F(InstrumentsTest, TheLogIsBoundedAndItsLatestRowsStay)
 {
+    const QAbstractItemModelTester fatal(&log, QAbstractItemModelTester::FailureReportingMode::Fatal);
     for (std::size_t i = 0; i < DriverLogModel::most + 10; ++i) {
         driver().queryTimebase()->setBlockSize(static_cast<double>(i));
         if (i % 3000 == 0)
