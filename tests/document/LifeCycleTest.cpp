@@ -16,8 +16,8 @@ TEST_F(LifeCycle, CreationLoadsTextsHintsAndTheGridsHeader)
     EXPECT_EQ(page().grdParam.cell(0, 0).value, "Parameter Name");
     EXPECT_EQ(page().grdParam.cell(0, 1).value, "Parameter Value");
     EXPECT_FALSE(page().mnuTimebaseTriggerLines.enabled());
-    EXPECT_EQ(page().lblChannel.font().name, "Sans");
-    EXPECT_EQ(page().grdParam.standardStyle().font.name, "Sans");
+    EXPECT_EQ(page().lblChannel.font().name, "DejaVu Sans");
+    EXPECT_EQ(page().grdParam.standardStyle().font.name, "DejaVu Sans");
     EXPECT_EQ(page().grdParam.columnWidth(0) + page().grdParam.columnWidth(1), page().grdParam.innerWidth());
     EXPECT_EQ(shared.support.localeSettings, readLocaleSettings({}));
     EXPECT_EQ(page().cmdChannel.tag(), "Select the group containing the desired trigger channel");

@@ -81,7 +81,7 @@ public:
     double twipsPerPixelX() override { return answer("twipsPerPixelX", 15); }
     double twipsPerPixelY() override { return answer("twipsPerPixelY", 15); }
     std::int32_t verticalScrollBarWidth() override { return answer("verticalScrollBarWidth", 17); }
-    Font formFont() override { return answer("formFont", Font{.name = "Sans", .size = 9}); }
+    Font formFont() override { return answer("formFont", Font{.name = "DejaVu Sans", .size = 9}); }
     DateTime now() override { return answer("now", time); }
     void showModal(Form& form) override
     {

@@ -95,7 +95,9 @@ TEST_F(Bindings, OnlyAChoiceOfTheUserClicksAListAndARefusedOneIsTakenBack)
     QApplication::sendEvent(&list, &wheel);
     EXPECT_TRUE(clicks.size() == 2 && !wheel.isAccepted()) << "and else scrolls what is around it";
 
+    form.list.setItems(std::vector<ComboBox::Item>(40));
     list.showPopup();
+    EXPECT_EQ(list.view()->viewport()->height() / list.view()->sizeHintForRow(0), 15) << "below the box, not over it";
     form.list.setItems({{"7", 0}});
     EXPECT_FALSE(list.view()->isVisible()) << "its entries are others now";
     EXPECT_EQ(list.count(), 1);

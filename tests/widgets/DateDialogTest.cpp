@@ -150,9 +150,11 @@ TEST_F(DateDialogTest, ATimeIsTypedAsItIsWrittenInEveryFormatHoweverTheFieldGotT
         support.readTimeSettings();
         const std::pair<std::string, const char*> typed[] = {
             {generalDate(toDateTime("18:05:09", {}), locale), "18:05:09"},
+            {locale.timeFormat.find("tt") == std::string::npos ? "21.5.078" : "p9.5.8", "21:05:08"},
             {"9:15:08 AM", "9:15:08"},
             {"21:15:08", "21:15:08"},
             {"9.5.8 pm", "21:05:08"},
+            {"9.5.8 " + locale.pmDesignator, locale.pmDesignator.empty() ? "9:05:08" : "21:05:08"},
             {"12 0 0a", "0:00:00"},
             {"00:00:30", "0:00:30"},
             {"2145", "21:45:00"},

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "Rows.h"
+#include "Look.h"
 #include "Soon.h"
 #include "fakes/FakePlatform.h"
 #include "support/Support.h"
+#include "widgets/bindings/FormView.h"
 #include "widgets/dialogs/QtModalForms.h"
 
 #include <QApplication>
 #include <QDialog>
-#include <QLayout>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -36,18 +36,22 @@ protected:
     {
         return dynamic_cast<W&>(*dialog().findChild<QWidget*>(QString::fromLatin1(name)));
     }
-    static QRect place(const char* name) { return placeOf(part<QWidget>(name)); }
-    /// What the dialog shows, in the words of `namesOf`.
-    static std::string rows()
-    {
-        const auto* view = dynamic_cast<FormView*>(dialog().layout()->itemAt(0)->widget());
-        return namesOf(rowsOf(*view, dialog()));
-    }
     static void click(const char* button) { QTest::mouseClick(&part<QPushButton>(button), Qt::LeftButton); }
     static void settle()
     {
         for (int i = 0; i < 3; ++i)
             QApplication::processEvents();
+    }
+    /// Compares the dialog as it opens, and larger and smaller, with the kept section.
+    static void look(const char* section)
+    {
+        Look look;
+        for (const QSize size : {dialog().size(), dialog().size() + QSize(150, 100), QSize(10, 10)}) {
+            dialog().resize(size);
+            settle();
+            look.take(dialog());
+        }
+        look.compare(section);
     }
     static void key(Qt::Key key, Qt::KeyboardModifiers held = {})
     {

@@ -1,3 +1,4 @@
+#include "Look.h"
 #include "ViewTest.h"
 #include "widgets/bindings/EntryMark.h"
 
@@ -42,10 +43,14 @@ protected:
             form.grid.setCell(row, 1, cell);
         }
         form.grid.lockDrawing(false);
-        form.grid.cellEdited = [this](const CellEvent& edit) { form.grid.setValue(edit.row, edit.text); };
+        form.grid.cellEdited = [this](const CellEvent& edit) {
+            form.grid.setValue(edit.row, edit.text);
+            ++edits;
+        };
         window.resize(400, 500);
         QApplication::processEvents();
     }
+    int edits = 0;
     std::string value(int row) { return form.grid.cell(row, 1).value; }
     QWidget* inCell(int row) { return grid.cellWidget(row - 1, 1); }
     QCheckBox& check(int row) { return *inCell(row)->findChild<QCheckBox*>(); }
@@ -89,27 +94,17 @@ protected:
 TEST_F(GridView, EachCellIsShownInItsOwnWay)
 {
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 text");
-    EXPECT_EQ(grid.item(level - 1, 1)->textAlignment(), static_cast<int>(Qt::AlignRight | Qt::AlignVCenter));
-    EXPECT_EQ(grid.item(note - 1, 1)->textAlignment(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
-    EXPECT_NE(grid.item(fixed - 1, 1)->background(), grid.item(note - 1, 1)->background());
-    EXPECT_EQ(check(slope).accessibleName() + choices(mode).accessibleName(), "SlopeMode");
-    EXPECT_EQ(choices(mode).count(), 3);
-    EXPECT_EQ(grid.horizontalHeaderItem(0)->text(), "Name");
-    EXPECT_TRUE((grid.horizontalHeaderItem(0)->textAlignment() & Qt::AlignLeft) != 0);
     form.grid.setValue(mode, "Unknown");
     form.grid.setValue(slope, "False");
     EXPECT_EQ(shown(), "0.5 [] {} 7 text");
     EXPECT_EQ(choices(mode).placeholderText(), "Unknown");
+    EXPECT_EQ(choices(mode).count(), 3);
     form.grid.setCell(slope, 1, cellOf("plain"));
     form.grid.setCell(mode, 1, cellOf("True", Kind::check));
     form.grid.setCell(note, 1, cellOf("Either", Kind::list, true));
     EXPECT_EQ(shown(), "0.5 plain [x] 7 -{Either}");
-    CellStyle bold;
-    bold.font.bold = bold.font.italic = true;
-    form.grid.setColHeaderStyle(bold);
     form.grid.setRowCount(2);
     EXPECT_EQ(shown(), "0.5 plain");
-    EXPECT_TRUE(grid.horizontalHeaderItem(0)->font().bold() && grid.horizontalHeaderItem(0)->font().italic());
 }
 
 TEST_F(GridView, TheNamesTakeTheWidthThatIsWantedUpToThreeQuartersOrHalfOfTheGrid)
@@ -127,6 +122,9 @@ TEST_F(GridView, TheNamesTakeTheWidthThatIsWantedUpToThreeQuartersOrHalfOfTheGri
     EXPECT_EQ(grid.columnWidth(0) + grid.columnWidth(1), wider);
     EXPECT_EQ(form.grid.innerWidth(), toTwips(grid, wider));
     EXPECT_EQ(form.grid.visibleRows(), grid.viewport()->height() / grid.rowHeight(0));
+    grid.setFixedHeight(80);
+    QApplication::processEvents();
+    EXPECT_EQ(form.grid.innerWidth(), toTwips(grid, wider)) << "the scroll bar counts, too";
 }
 
 TEST_F(GridView, KeysOpenTheCurrentCellOfAnyKind)
@@ -179,6 +177,10 @@ TEST_F(GridView, TheMouseOpensValuesAndChoosesFromListsAndWhatIsRefusedIsShownAs
     clickCell(note, 0);
     clickCell(fixed, 1);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 text");
+    form.grid.userOpenedCell(note);
+    EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 (text)");
+    EXPECT_EQ(grid.currentRow(), note - 1);
+    key(Qt::Key_Escape);
     clickCell(note, 1);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 (text)");
     press(check(slope));
@@ -186,6 +188,7 @@ TEST_F(GridView, TheMouseOpensValuesAndChoosesFromListsAndWhatIsRefusedIsShownAs
     EXPECT_EQ(value(mode), "Falling") << "the list still handles the choice";
     QApplication::processEvents();
     EXPECT_EQ(value(slope) + value(mode), "FalseEither");
+    EXPECT_EQ(edits, 2);
     EXPECT_EQ(shown(), "0.5 [] {Either} 7 text");
     QWheelEvent wheel({5, 5}, choices(mode).mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&choices(mode), &wheel);
@@ -208,7 +211,6 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     QTest::keyClicks(editor(), "12");
     EXPECT_EQ(typed, (QStringList{"1", "12"}));
     EXPECT_EQ(editor()->accessibleName(), "Level");
-    EXPECT_TRUE((editor()->alignment() & Qt::AlignRight) != 0);
     const QWidget* mark = editor()->findChild<EntryMark*>();
     ASSERT_TRUE(mark && mark->isVisible());
     EXPECT_EQ(editor()->accessibleDescription(), "3009. The parameters");
@@ -231,7 +233,6 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     EXPECT_EQ(editor()->accessibleDescription(), "The parameters");
     clickCell(note, 1);
     EXPECT_EQ(shown(), "3452 [x] {Falling} 7 (text)") << "opening another cell ends the edit";
-    EXPECT_FALSE((editor()->alignment() & Qt::AlignRight) != 0);
     QTest::keyClicks(editor(), "dropped");
     key(Qt::Key_Escape);
     EXPECT_EQ(shown(), "3452 [x] {Falling} 7 text");
@@ -278,6 +279,19 @@ TEST_F(GridView, WhileItIsOnlyReadValuesStayReadableAndCannotBeChanged)
     form.frame.setEnabled(true);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 text");
     EXPECT_FALSE(check(slope).testAttribute(Qt::WA_TransparentForMouseEvents));
+}
+
+TEST_F(GridView, LooksAsKept)
+{
+    Look look;
+    look.take(grid);
+    CellStyle bold;
+    bold.font.bold = true;
+    form.grid.setColHeaderStyle(bold);
+    form.grid.userOpenedCell(note);
+    window.resize(500, 400);
+    look.take(grid);
+    look.compare("grid");
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "Look.h"
 #include "fakes/FakeDriver.h"
 #include "platform/ChannelSelector.h"
 #include "platform/TabControl.h"
@@ -5,10 +6,8 @@
 #include "widgets/bindings/ChannelBrowser.h"
 #include "widgets/bindings/FormView.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabBar>
@@ -112,10 +111,6 @@ TEST_F(Lists, TheBrowserShowsTheTreeOfChannelsExpandedWithNotesBelow)
     EXPECT_EQ(shown(), all);
     for (const char* above : {"Digitizer", "Inputs", "Scanner", "Slow"})
         EXPECT_TRUE(item(above).isExpanded()) << above;
-    EXPECT_TRUE(tree.isHeaderHidden() && channels.accessibleName() == tree.accessibleName());
-    EXPECT_FALSE(tree.accessibleName().isEmpty() || channels.filter->accessibleName().isEmpty());
-    EXPECT_EQ(channels.filter->placeholderText(), channels.filter->accessibleName());
-
     form.channels.userPicked({cam});
     form.channels.setNotes({"Not\nlisted"});
     EXPECT_EQ(shown(), all + QStringList{"Not listed"});
@@ -215,32 +210,22 @@ Table::Cell cellOf(const char* text, const char* meaning = "", Table::Emphasis e
     return {text, meaning, emphasis};
 }
 
-TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasis)
+TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasisAndItsColumnsNeverGetNarrower)
 {
     using Emphasis = Table::Emphasis;
-    form.table.setContent({"One", "Two"}, {{"First", {cellOf("a", "A is first", Emphasis::strong), cellOf("b\nc")}},
-                                           {"Second", {cellOf("d", "<b>", Emphasis::weak), cellOf("e")}}});
+    form.table.setContent({"One", "Two"},
+                          {{"First", {cellOf("a", "A is first", Emphasis::strong), cellOf("b\nc")}},
+                           {"Second", {cellOf("d", "<b>", Emphasis::weak), cellOf("the words of a sentence")}}});
     ASSERT_EQ(table.columnCount(), 2);
     ASSERT_EQ(table.rowCount(), 2);
     const QTableWidgetItem &strong = *table.item(0, 0), &weak = *table.item(1, 0), &plain = *table.item(1, 1);
-    const QTableWidgetItem& header = *table.verticalHeaderItem(1);
-    EXPECT_EQ(table.horizontalHeaderItem(1)->text() + header.text() + header.toolTip(), "TwoSecondSecond");
-    EXPECT_TRUE((header.textAlignment() & Qt::AlignLeft) != 0);
-    EXPECT_EQ(table.item(0, 1)->text(), "b c");
-    EXPECT_EQ(plain.textAlignment(), static_cast<int>(Qt::AlignCenter));
+    Look look;
+    look.take(table);
     for (const auto& said :
          {strong.toolTip(), strong.statusTip(), strong.data(Qt::AccessibleDescriptionRole).toString()})
         EXPECT_EQ(said, "A is first");
     EXPECT_TRUE(weak.toolTip().contains("&lt;")) << "shown as it is";
-    EXPECT_TRUE(strong.font().bold() && !strong.font().italic() && weak.font().italic() && !weak.font().bold());
-    EXPECT_FALSE(plain.font().bold() || plain.font().italic() || plain.flags().testFlag(Qt::ItemIsEditable));
-    const QColor base = table.palette().base().color(), mixed = strong.background().color();
-    EXPECT_EQ(plain.background().color(), base);
-    EXPECT_NE(weak.background().color(), base);
-    for (const auto part : {&QColor::red, &QColor::green, &QColor::blue}) {
-        const int to = (table.palette().highlight().color().*part)();
-        EXPECT_NEAR((mixed.*part)(), (base.*part)() * 0.7 + to * 0.3, 1.0) << "most of it is the field's colour";
-    }
+    EXPECT_EQ(table.verticalHeaderItem(1)->toolTip(), "Second");
     EXPECT_TRUE(table.currentRow() == 0 && table.selectedItems().isEmpty());
     form.table.show(1, 1);
     EXPECT_EQ(table.currentItem(), &plain);
@@ -257,31 +242,11 @@ TEST_F(Lists, ATableShowsItsCellsWithMeaningAndEmphasis)
     EXPECT_EQ(table.currentItem(), table.item(1, 0)) << "the user's place";
     key(Qt::Key_Tab);
     EXPECT_EQ(form.activeControl(), &form.tabs);
-}
-
-TEST_F(Lists, ATablesColumnsAreAsWideAsTheLongestWordAndNeverNarrowerAgain)
-{
-    const auto widthWith = [&](const char* header, const char* text) {
-        form.table.setContent({header, "x"}, {{"Row", {cellOf(text), cellOf("y")}}});
-        EXPECT_EQ(table.columnWidth(0), table.columnWidth(1));
-        return table.columnWidth(0);
-    };
-    QFont bold = table.font();
-    bold.setBold(true);
-    const auto room = [&](const char* text) { return QFontMetrics(bold).horizontalAdvance(QString::fromLatin1(text)); };
-    const int words = widthWith("a", "several words of one sentence");
-    EXPECT_TRUE(words >= room("sentence") && words < room("several words of one sentence")) << words;
-    const int wide = widthWith("a header of two lines", "b");
-    EXPECT_TRUE(wide > room("a header of two lines") && wide < room("a header of two lines") * 2) << wide;
-    EXPECT_EQ(widthWith("a", "b"), wide);
-    EXPECT_GE(table.rowHeight(0), 2 * QFontMetrics(bold).lineSpacing());
-    const int beside = table.verticalHeader()->sizeHint().width() + table.horizontalHeader()->length();
-    EXPECT_TRUE(table.sizeHint().width() > beside && table.sizeHint().width() < beside + 20);
-    EXPECT_GT(table.sizeHint().height(), table.verticalHeader()->length());
-    std::vector<Table::Row> many(100, {"Row", {cellOf("b")}});
-    form.table.setContent({"a"}, many);
-    EXPECT_LT(table.sizeHint().height(), table.verticalHeader()->length());
-    EXPECT_LT(table.minimumSizeHint().height(), table.sizeHint().height());
+    form.table.setContent(
+        std::vector<std::string>(20, "a"),
+        std::vector<Table::Row>(100, {"A row with a name of many letters", std::vector<Table::Cell>(20, cellOf("b"))}));
+    look.take(table);
+    look.compare("lists");
 }
 
 TEST_F(Lists, TabsAreChosenByTheUserUnlessDisabledAndHideTheirControls)

@@ -1,3 +1,5 @@
+#include "Look.h"
+
 #include <QApplication>
 #include <QLocale>
 #include <gtest/gtest.h>
@@ -7,6 +9,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLocale::setDefault(QLocale::c());
     const QApplication application(argc, argv);
+    ko::test::fixLook();
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

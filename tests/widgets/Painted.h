@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDebug>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -17,15 +18,9 @@ struct Painted {
         QPen pen;
         QFont font;
     };
-    std::vector<Part> texts, lines, ellipses, areas, pictures;
+    std::vector<Part> texts, lines, ellipses, areas, others;
+    QStringList notes; ///< each part with its pen, brush and font
 
-    /// The text that begins so; an empty part when there is none.
-    [[nodiscard]] Part text(const QString& beginning) const
-    {
-        const auto found =
-            std::find_if(texts.begin(), texts.end(), [&](const Part& part) { return part.text.startsWith(beginning); });
-        return found == texts.end() ? Part() : *found;
-    }
     [[nodiscard]] QStringList words() const
     {
         QStringList all;
@@ -70,14 +65,19 @@ private:
     }
     void drawEllipse(const QRectF& box) override { note(notes.ellipses, box); }
     void drawPath(const QPainterPath& path) override { note(notes.areas, path.boundingRect()); }
-    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
+    void drawPolygon(const QPointF* points, int count, PolygonDrawMode /*mode*/) override
+    {
+        note(notes.others, QPolygonF(QList<QPointF>(points, points + count)).boundingRect());
+    }
     void drawPixmap(const QRectF& box, const QPixmap& /*pixmap*/, const QRectF& /*part*/) override
     {
-        note(notes.pictures, box);
+        note(notes.others, box);
     }
     void note(std::vector<Painted::Part>& parts, const QRectF& box, const QString& text = {}, const QFont& font = {})
     {
         parts.push_back({text, painter()->deviceTransform().mapRect(box), painter()->pen(), font});
+        QDebug(&notes.notes.emplace_back())
+            << text << parts.back().box << painter()->pen() << painter()->brush() << font;
     }
 
     QPaintEngine* engine_ = this;

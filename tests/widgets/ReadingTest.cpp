@@ -68,11 +68,7 @@ TEST_F(Reading, ValuesLookReadableAndLikeFieldsAgainAfterwards)
 {
     EXPECT_TRUE(box.isEnabled() && box.isReadOnly() && list.isEnabled() && one.isEnabled());
     EXPECT_FALSE(go.isEnabled()) << "a button has no value";
-    for (const QLineEdit* field : {&box, &reading()})
-        EXPECT_EQ(field->palette().color(QPalette::Base).alpha(), 0);
     EXPECT_TRUE(reading().isVisible());
-    EXPECT_EQ(reading().geometry(), list.rect());
-    EXPECT_TRUE((reading().alignment() & Qt::AlignRight) != 0);
     list.resize(list.width() + 20, list.height());
     EXPECT_EQ(reading().geometry(), list.rect());
     EXPECT_TRUE(one.testAttribute(Qt::WA_TransparentForMouseEvents));

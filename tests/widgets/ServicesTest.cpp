@@ -173,6 +173,39 @@ TEST_F(PrintTest, WhatCannotBePrintedFailsWithTheReason)
     EXPECT_EQ(printers.count(), static_cast<std::int32_t>(QPrinterInfo::availablePrinterNames().size()) + 1);
 }
 
+/// A printer that only takes notes.
+struct Engines {
+    QPrinter real;
+    NotingDevice device{QSize(), 0};
+};
+struct NotingPrinter : Engines, QPrinter {
+    NotingPrinter()
+    {
+        real.setOutputFormat(QPrinter::PdfFormat);
+        setEngines(real.printEngine(), device.paintEngine());
+    }
+};
+
+TEST_F(PrintTest, TheTextsAreAboveAndBelowTheFormWhichGetsTheRestOfTheSheet)
+{
+    printers.surroundings = [] { return QtPrinters::Surroundings{"above", "below"}; };
+    for (const bool isHigh : {false, true}) {
+        surface.resize(100, isHigh ? 10000 : 50);
+        NotingPrinter paper;
+        const QtPrinters::Lent during(printers, paper);
+        printers.printForm(form);
+        printers.endDocument();
+        const Painted& notes = paper.device.notes;
+        EXPECT_EQ(notes.words(), (QStringList{"above", "Label", "below"}));
+        const QSizeF sheet = paper.pageLayout().paintRectPixels(paper.resolution()).size();
+        const double line = notes.texts[0].box.height(), drawn = isHigh ? sheet.height() - 4 * line : sheet.width() / 2;
+        EXPECT_NEAR(line * 72.0 / paper.resolution(), 11.6, 0.5) << "10 points";
+        EXPECT_NEAR(notes.texts[0].box.top(), 0.0, 1.0);
+        EXPECT_NEAR(notes.texts[2].box.top(), 3 * line + drawn, 4.0);
+        EXPECT_NEAR(notes.texts[2].box.left(), 0.0, 1.0);
+    }
+}
+
 TEST_F(PrintTest, ALentPrinterIsUsedAsItIs)
 {
     QPrinter lent;

@@ -41,6 +41,7 @@ TEST(Convert, AppliesWhatDiffersFromTheFont)
     const Case cases[] = {
         {[](Font& font) { font.name = "Serif"; }, [](const QFont& font) { return font.family() == "Serif"; }},
         {[](Font& font) { font.size = 17; }, [](const QFont& font) { return font.pointSizeF() == 17; }},
+        {[](Font& font) { font.size = 1; }, [](const QFont& font) { return font.pointSizeF() == 1; }},
         {[](Font& font) { font.weight = 1; }, [](const QFont& font) { return font.weight() == 1; }},
         {[](Font& font) { font.weight = 1000; }, [](const QFont& font) { return font.weight() == 1000; }},
         {[](Font& font) { font.bold = true; }, [](const QFont& font) { return font.bold(); }},

@@ -132,6 +132,19 @@ TEST_F(Dropping, WhatIsPastedEndsAtItsFirstLineBreak)
     EXPECT_EQ(fakes[1]->scanPeriod, 0.25);
 }
 
+TEST_F(KeysOnThePage, TheArrowKeysSelectTheNextOrPreviousOptionAndComeRound)
+{
+    QTest::mouseClick(&at(page().optStopTime), Qt::LeftButton, {}, QPoint(8, 8));
+    QTest::mouseClick(&at(page().optImmediate), Qt::LeftButton, {}, QPoint(8, 8));
+    for (const auto& [key, option] : {std::pair(Qt::Key_Up, &page().optStartTime),
+                                      {Qt::Key_Left, &page().optOnTrigger},
+                                      {Qt::Key_Down, &page().optStartTime},
+                                      {Qt::Key_Right, &page().optImmediate}}) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_TRUE(option->value() && option->hasFocus()) << option->name();
+    }
+}
+
 TEST_F(KeysOnThePage, PageUpAndPageDownStepAList)
 {
     for (const auto& driver : fakes)

@@ -75,11 +75,12 @@ OptionButtonBinding::OptionButtonBinding(FormView& view, OptionButton& control, 
 
 void OptionButtonBinding::refresh(Aspect aspect)
 {
-    if (aspect == Aspect::Selection)
-        radio_.setChecked(option_.value());
-    else
+    if (aspect != Aspect::Selection) {
         PressBinding::refresh(aspect);
-    if (option_.form().isForReading() && aspect == Aspect::Selection)
+        return;
+    }
+    radio_.setChecked(option_.value());
+    if (option_.form().isForReading())
         refreshUsability();
 }
 
@@ -99,7 +100,7 @@ void OptionButtonBinding::selectNeighbour(int direction)
             group.push_back(option);
     }
     const auto here = std::find(group.begin(), group.end(), &option_);
-    if (here == group.end() || group.size() < 2)
+    if (group.size() < 2)
         return;
     const auto size = static_cast<std::ptrdiff_t>(group.size());
     const std::ptrdiff_t next = (here - group.begin() + direction + size) % size;
@@ -154,15 +155,13 @@ bool ImageBinding::eventFilter(QObject*, QEvent* event)
         return false;
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::LeftButton && widget().rect().contains(mouse->position().toPoint()))
-        return !view_.act([&] { image_.userClicked(); });
+        view_.act([&] { image_.userClicked(); });
     return false;
 }
 
 FrameBinding::FrameBinding(FormView& view, Frame& control, QGroupBox& box, QLabel* heading)
     : Binding(view, control, box), frame_(control), box_(box), heading_(heading)
 {
-    if (heading)
-        heading->setTextFormat(Qt::PlainText);
     refreshAll();
 }
 
@@ -170,7 +169,7 @@ void FrameBinding::refreshUsability()
 {
     box_.setVisible(frame_.visible());
     if (heading_)
-        heading_->setEnabled(frame_.isUsable() || !frame_.isShown() || frame_.isRead());
+        heading_->setEnabled(frame_.enabled() || frame_.isRead());
     for (const Control* control : frame_.form().controls())
         if (control->container() == &frame_ && control->view)
             control->view(Aspect::Usability);

@@ -71,7 +71,6 @@ void CellEditor::close()
         table_.setFocus(Qt::OtherFocusReason);
     table_.removeCellWidget(row_ - 1, Grid::valueColumn);
     box_ = nullptr;
-    row_ = 0;
 }
 
 void CellEditor::showText()
@@ -81,12 +80,7 @@ void CellEditor::showText()
     const QString text = toQt(edit.text());
     if (box_->text() != text)
         box_->setText(text);
-    const int start = unitsOf(text, edit.selStart());
-    const int length = unitsOf(text, edit.selStart() + edit.selLength()) - start;
-    if (length > 0)
-        box_->setSelection(start, length);
-    else if (box_->hasSelectedText() || box_->cursorPosition() != start)
-        box_->setCursorPosition(start);
+    selectCharacters(*box_, edit.selStart(), edit.selLength());
 }
 
 void CellEditor::typed()
@@ -104,12 +98,8 @@ void CellEditor::selected()
 {
     if (showing_ || isAway_ || grid_.editedRow() == 0 || box_->text() != toQt(grid_.editor().text()))
         return;
-    const QString text = box_->text();
-    const bool some = box_->hasSelectedText();
-    const qsizetype from = some ? box_->selectionStart() : box_->cursorPosition();
-    const std::size_t start = charactersOf(text, from);
-    const std::size_t end = charactersOf(text, some ? box_->selectionEnd() : from);
-    view_.act([&] { grid_.userSelectedInCell(start, end - start); });
+    const auto [start, length] = selectedCharacters(*box_);
+    view_.act([&, start = start, length = length] { grid_.userSelectedInCell(start, length); });
 }
 
 bool CellEditor::eventFilter(QObject*, QEvent* event)

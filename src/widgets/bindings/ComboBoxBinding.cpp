@@ -63,11 +63,10 @@ int ItemsModel::rowCount(const QModelIndex& parent) const
 
 QVariant ItemsModel::data(const QModelIndex& index, int role) const
 {
-    const auto row = static_cast<std::size_t>(index.row());
-    if (!index.isValid() || row >= control_.items().size())
+    if (!index.isValid())
         return {};
     switch (role) {
-    case Qt::DisplayRole: return toLine(control_.items()[row].text);
+    case Qt::DisplayRole: return toLine(control_.items()[static_cast<std::size_t>(index.row())].text);
     case Qt::TextAlignmentRole: return alignment_.toInt();
     default: return {};
     }

@@ -43,7 +43,6 @@ void EntryMark::place()
     const bool atLeft = (edit_.alignment() & Qt::AlignRight) != 0;
     setGeometry(atLeft ? gap : edit_.width() - gap - taken, 0, taken, edit_.height());
     edit_.setTextMargins(atLeft ? gap + taken : 0, 0, atLeft ? 0 : gap + taken, 0);
-    update();
 }
 
 void EntryMark::paintEvent(QPaintEvent*)

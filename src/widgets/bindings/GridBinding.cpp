@@ -21,7 +21,6 @@ GridBinding::GridBinding(FormView& view, Grid& control, QTableWidget& table)
     table.verticalHeader()->hide();
     table.horizontalHeader()->setStretchLastSection(true);
     table.horizontalHeader()->setHighlightSections(false);
-    table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     table.viewport()->installEventFilter(this);
     table.installEventFilter(this);
     onSignal(&table, &QTableWidget::cellClicked, this, [this](int row, int column) {
@@ -51,9 +50,8 @@ void GridBinding::reportSize()
 {
     const QScrollBar* bar = table_.verticalScrollBar();
     const int width = table_.viewport()->width() + (bar->isVisible() ? bar->width() : 0);
-    const int rowHeight = std::max(table_.verticalHeader()->defaultSectionSize(), 1);
     grid_.setInnerWidth(toTwips(table_, width));
-    grid_.setVisibleRows(table_.viewport()->height() / rowHeight);
+    grid_.setVisibleRows(table_.viewport()->height() / table_.verticalHeader()->defaultSectionSize());
 }
 
 /// Returns whether this object still exists afterwards.
@@ -69,7 +67,7 @@ bool GridBinding::edited(int row, const QString& text)
 /// Activates the value cell of a row. Returns whether this object still exists afterwards.
 bool GridBinding::open(int row)
 {
-    if (row < 1 || row > grid_.rowCount() || !grid_.isEditable(row))
+    if (row < 1 || !grid_.isEditable(row))
         return true;
     if (const QCheckBox* check = cells_.check(row))
         return edited(row, GridCells::checkText(!check->isChecked()));

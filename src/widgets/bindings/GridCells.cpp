@@ -53,8 +53,7 @@ private:
     void showFrame()
     {
         QPalette seen = palette();
-        const QColor field = seen.color(QPalette::Base);
-        if (field.lightness() >= 128)
+        if (!isDark(seen.color(QPalette::Base)))
             return box->setPalette({});
         seen.setColor(QPalette::Window, seen.color(QPalette::Text));
         box->setPalette(seen);

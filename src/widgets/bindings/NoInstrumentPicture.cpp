@@ -50,7 +50,7 @@ int NoInstrumentPicture::stepIndent() const
 QSize NoInstrumentPicture::sizeHint() const
 {
     const int margin = fontMetrics().height();
-    return {textWidth() + 2 * margin, mainframeHeight() + layTexts(nullptr, 0, 0) + 3 * margin};
+    return {textWidth() + 2 * margin, mainframeHeight() + layTexts(nullptr, QPoint()) + 3 * margin};
 }
 
 QSize NoInstrumentPicture::minimumSizeHint() const
@@ -68,15 +68,15 @@ int NoInstrumentPicture::layText(QPainter* painter, const QRect& place, const QF
     return QFontMetrics(font).boundingRect(place, flags, text).bottom() + 1;
 }
 
-int NoInstrumentPicture::layTexts(QPainter* painter, int left, int top) const
+int NoInstrumentPicture::layTexts(QPainter* painter, QPoint at) const
 {
     const int gap = fontMetrics().height() / 2;
     constexpr int anyHeight = 10000;
-    int y = layText(painter, {left, top, textWidth(), anyHeight}, titleFont(), title_) + gap;
-    y = layText(painter, {left, y, textWidth(), anyHeight}, font(), reason_) + 2 * gap;
+    int y = layText(painter, {at, QSize(textWidth(), anyHeight)}, titleFont(), title_) + gap;
+    y = layText(painter, {at.x(), y, textWidth(), anyHeight}, font(), reason_) + 2 * gap;
     for (qsizetype i = 0; i < steps_.size(); ++i) {
-        layText(painter, {left, y, stepIndent(), anyHeight}, font(), QStringLiteral("%1.").arg(i + 1));
-        const QRect place(left + stepIndent(), y, textWidth() - stepIndent(), anyHeight);
+        layText(painter, {at.x(), y, stepIndent(), anyHeight}, font(), QStringLiteral("%1.").arg(i + 1));
+        const QRect place(at.x() + stepIndent(), y, textWidth() - stepIndent(), anyHeight);
         y = layText(painter, place, font(), steps_[i]) + gap;
     }
     return y;
@@ -90,7 +90,7 @@ void NoInstrumentPicture::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     drawMainframe(painter);
     painter.setPen(palette().color(QPalette::WindowText));
-    layTexts(&painter, mainframe().left(), mainframe().top() + mainframeHeight() + fontMetrics().height());
+    layTexts(&painter, mainframe().topLeft() + QPoint(0, mainframeHeight() + fontMetrics().height()));
 }
 
 QRect NoInstrumentPicture::mainframe() const

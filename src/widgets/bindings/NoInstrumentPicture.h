@@ -31,8 +31,8 @@ private:
     [[nodiscard]] int stepIndent() const;
     [[nodiscard]] QRect mainframe() const;
     [[nodiscard]] QRectF slotAt(int number) const;
-    /// Lays out the texts one below the other from `top`, draws them if `painter` is set, and returns their bottom.
-    int layTexts(QPainter* painter, int left, int top) const;
+    /// Lays out the texts one below the other from `at`, draws them if `painter` is set, and returns their bottom.
+    int layTexts(QPainter* painter, QPoint at) const;
     int layText(QPainter* painter, const QRect& place, const QFont& font, const QString& text) const;
     void drawMainframe(QPainter& painter) const;
     void drawSlot(QPainter& painter, const QRectF& slot, bool wanted) const;

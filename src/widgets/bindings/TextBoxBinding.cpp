@@ -51,15 +51,11 @@ void TextBoxBinding::edited()
 
 void TextBoxBinding::selected()
 {
-    const QString text = edit_.text();
     // During an edit, the selection is sent together with the text.
-    if (showing_ || isAway_ || text != toQt(box_.text()))
+    if (showing_ || isAway_ || edit_.text() != toQt(box_.text()))
         return;
-    const bool some = edit_.hasSelectedText();
-    const qsizetype from = some ? edit_.selectionStart() : edit_.cursorPosition();
-    const qsizetype to = some ? edit_.selectionEnd() : from;
-    const std::size_t start = charactersOf(text, from);
-    view_.act([&] { box_.userSelected(start, charactersOf(text, to) - start); });
+    const auto [start, length] = selectedCharacters(edit_);
+    view_.act([&, start = start, length = length] { box_.userSelected(start, length); });
 }
 
 void TextBoxBinding::refresh(Aspect aspect)
@@ -93,18 +89,8 @@ void TextBoxBinding::showText()
 
 void TextBoxBinding::showSelection()
 {
-    const QString text = edit_.text();
-    const int start = unitsOf(text, box_.selStart());
-    const int length = unitsOf(text, box_.selStart() + box_.selLength()) - start;
     const Scoped guard(showing_, true);
-    if (length == 0) {
-        if (edit_.hasSelectedText())
-            edit_.deselect();
-        if (edit_.cursorPosition() != start)
-            edit_.setCursorPosition(start);
-    } else if (edit_.selectionStart() != start || edit_.selectionLength() != length) {
-        edit_.setSelection(start, length);
-    }
+    selectCharacters(edit_, box_.selStart(), box_.selLength());
 }
 
 void TextBoxBinding::showMark()
@@ -150,12 +136,10 @@ bool TextBoxBinding::takesDrop(QDropEvent& drop)
     if (box_.hasFocus())
         return true;
     Outcome outcome = Outcome::Inert;
-    const bool stays = view_.act([&] { outcome = box_.userDropsText(); });
-    if (stays && outcome == Outcome::Done)
-        edit_.setCursorPosition(edit_.cursorPositionAt(drop.position().toPoint()));
-    else
+    const bool isTaken = view_.act([&] { outcome = box_.userDropsText(); }) && outcome == Outcome::Done;
+    if (!isTaken)
         drop.ignore();
-    return stays && outcome == Outcome::Done;
+    return isTaken;
 }
 
 /// Returns whether the key was Escape, or one for undoing or redoing.

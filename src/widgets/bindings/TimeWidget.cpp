@@ -85,7 +85,7 @@ void TimeWidget::typeDigit(int digit)
     const bool isFull = digits_ == 2 || number_ * 10 + digit > largest();
     if (section_ == AmPmSection && section_ == sectionAt(sectionCount() - 1))
         section_ = sectionAt(0);
-    else if (section_ == AmPmSection || (digits_ > 0 && isFull))
+    else if (section_ == AmPmSection || isFull)
         advance();
     word_.clear();
     isPastSection_ = false;

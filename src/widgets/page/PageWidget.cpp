@@ -44,7 +44,6 @@ PageWidget::~PageWidget() = default;
 void PageWidget::followClock()
 {
     minute_.setObjectName(QStringLiteral("minute"));
-    minute_.setSingleShot(true);
     const auto untilNextMinute = [] {
         constexpr int minute = 60000; // milliseconds
         return minute - QTime::currentTime().msecsSinceStartOfDay() % minute;

@@ -58,8 +58,7 @@ class PaperPalette {
 public:
     explicit PaperPalette(QWidget& widget) : widget_(widget), own_(widget.palette())
     {
-        const bool dark = own_.color(QPalette::Window).lightness() < 128;
-        QPalette paper = dark ? QApplication::style()->standardPalette() : own_;
+        QPalette paper = isDark(own_.color(QPalette::Window)) ? QApplication::style()->standardPalette() : own_;
         paper.setColor(QPalette::Window, Qt::white);
         widget_.setPalette(paper);
     }
@@ -121,11 +120,11 @@ QRectF drawScaled(QPainter& painter, QWidget& widget, const QRectF& space)
     const QSizeF size = QSizeF(widget.size()).scaled(space.size(), Qt::KeepAspectRatio);
     // QPicture scales itself to the resolution of the target device.
     const double itself = double(painter.device()->logicalDpiX()) / drawing.logicalDpiX();
-    const double scale = size.width() / std::max(1, widget.width()) / itself;
+    const double scale = size.width() / widget.width() / itself;
     painter.save();
     painter.translate(space.topLeft());
     painter.scale(scale, scale);
-    painter.drawPicture(0, 0, drawing);
+    painter.drawPicture(QPointF(), drawing);
     painter.restore();
     return {space.topLeft(), size};
 }
@@ -203,7 +202,6 @@ void QtPrinters::begin()
         throw Failure(printerError, "Printer error");
     }
     own_ = std::move(own);
-    printer_ = printer;
     detour_ = std::move(detour);
     painter_ = std::move(painter);
 }
@@ -213,22 +211,25 @@ void QtPrinters::printForm(const Form& form)
     QWidget* surface = surfaces_(form);
     if (!surface)
         fail(failure::invalidCall);
-    if (painter_)
-        printer_->newPage();
-    else
+    const bool isFirst = !painter_;
+    if (isFirst)
         begin();
+    auto& printer = static_cast<QPrinter&>(*painter_->device());
+    if (!isFirst)
+        printer.newPage();
     drawSheet(*painter_, *surface, surroundings ? surroundings() : Surroundings{},
-              printer_->pageLayout().paintRectPixels(printer_->resolution()).size());
+              printer.pageLayout().paintRectPixels(printer.resolution()).size());
 }
 
 void QtPrinters::endDocument()
 {
-    const bool drawn = !painter_ || painter_->end();
+    if (!painter_)
+        return;
+    const bool drawn = painter_->end();
     painter_.reset();
-    const QString file = detour_ ? detour_->file() : QString();
-    const QByteArray content = drawn && detour_ ? detour_->content() : QByteArray();
+    const QString file = detour_->file();
+    const QByteArray content = drawn ? detour_->content() : QByteArray();
     detour_.reset();
-    printer_ = nullptr;
     own_.reset();
     save(file, content);
     if (!drawn)

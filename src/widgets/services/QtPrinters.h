@@ -77,7 +77,6 @@ private:
     DeviceMode settings_;
     QPrinter* lent_ = nullptr;
     std::unique_ptr<QPrinter> own_;
-    QPrinter* printer_ = nullptr; ///< of the current job
     std::unique_ptr<PdfDetour> detour_;
     std::unique_ptr<QPainter> painter_;
 };

@@ -23,8 +23,7 @@ QScreen* screenAtCursor()
 double twipsPerPixel(double (QScreen::*dotsPerInch)() const)
 {
     const QScreen* screen = screenAtCursor();
-    const double dots = screen ? (screen->*dotsPerInch)() : 0.0;
-    return dots > 0.0 ? twipsPerInch / dots : 15.0;
+    return screen ? twipsPerInch / (screen->*dotsPerInch)() : 15.0;
 }
 
 } // namespace

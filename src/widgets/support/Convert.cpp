@@ -1,6 +1,6 @@
 #include "widgets/support/Convert.h"
 
-#include <QWidget>
+#include <QLineEdit>
 #include <algorithm>
 
 namespace ko {
@@ -28,6 +28,20 @@ std::size_t charactersOf(const QString& text, qsizetype units)
     const QStringView part = QStringView(text).left(units);
     const auto pairs = std::count_if(part.begin(), part.end(), [](QChar c) { return c.isLowSurrogate(); });
     return static_cast<std::size_t>(part.size() - pairs);
+}
+
+std::pair<std::size_t, std::size_t> selectedCharacters(const QLineEdit& edit)
+{
+    const qsizetype start = edit.hasSelectedText() ? edit.selectionStart() : edit.cursorPosition();
+    return {charactersOf(edit.text(), start), charactersOf(edit.selectedText(), edit.selectedText().size())};
+}
+
+void selectCharacters(QLineEdit& edit, std::size_t start, std::size_t length)
+{
+    if (selectedCharacters(edit) == std::pair(start, length))
+        return;
+    const int from = unitsOf(edit.text(), start);
+    edit.setSelection(from, unitsOf(edit.text(), start + length) - from);
 }
 
 namespace {
@@ -86,6 +100,11 @@ int toPixels(const QWidget& widget, std::int32_t twips)
 std::int32_t toTwips(const QWidget& widget, int pixels)
 {
     return static_cast<std::int32_t>(qint64{pixels} * 1440 / widget.logicalDpiX());
+}
+
+bool isDark(const QColor& color)
+{
+    return color.lightness() < 128;
 }
 
 QPalette readPalette()

@@ -1,0 +1,143 @@
+#include "widgets/Look.h"
+
+#include "widgets/Painted.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QFile>
+#include <QFontInfo>
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+
+namespace ko::test {
+
+namespace {
+
+QString sizes(const QWidget& widget)
+{
+    const QSize wanted = widget.sizeHint(), least = widget.minimumSizeHint();
+    return QStringLiteral("%1x%2 %3x%4")
+        .arg(wanted.width())
+        .arg(wanted.height())
+        .arg(least.width())
+        .arg(least.height());
+}
+
+/// Of a control array, only the first member.
+bool hasLine(const QWidget& widget)
+{
+    const QString name = widget.objectName();
+    return !name.isEmpty() && !name.startsWith("qt_") && (!name.contains('(') || name.endsWith("(0)"));
+}
+
+template <class Visit> void eachPart(const QWidget& widget, const Visit& visit)
+{
+    for (QObject* child : widget.children())
+        if (auto* part = qobject_cast<QWidget*>(child); part && part->isVisible() && !part->isWindow())
+            visit(*part);
+}
+
+/// Notes what the widget paints and says, and each visible part of it that has no line.
+void note(QWidget& widget, QPoint at, NotingDevice& device)
+{
+    device.notes.notes << widget.accessibleName() << widget.accessibleDescription() << widget.toolTip()
+                       << widget.statusTip() << QString::number(widget.focusPolicy())
+                       << QString::number(widget.autoFillBackground() ? widget.backgroundRole() : -1) << sizes(widget)
+                       << QString::number(QAccessible::queryAccessibleInterface(&widget)->role());
+    widget.render(&device, at, {}, {});
+    eachPart(widget, [&](QWidget& part) {
+        if (!hasLine(part))
+            note(part, at + part.pos(), device);
+    });
+}
+
+template <class Visit> void visit(QWidget& widget, const Visit& function)
+{
+    function(widget);
+    eachPart(widget, [&](QWidget& part) { visit(part, function); });
+}
+
+/// The lines of the kept file by their sections.
+std::map<QString, QStringList> kept()
+{
+    QFile file(QStringLiteral(KO_LOOK_FILE));
+    std::map<QString, QStringList> sections;
+    QString section;
+    const bool isThere = file.open(QIODevice::ReadOnly);
+    for (const QString& line :
+         QString::fromUtf8(isThere ? file.readAll() : QByteArray()).split('\n', Qt::SkipEmptyParts))
+        if (line.startsWith('['))
+            section = line.mid(1, line.size() - 2);
+        else
+            sections[section] << line;
+    return sections;
+}
+
+void keep(const std::map<QString, QStringList>& sections)
+{
+    QFile file(QStringLiteral(KO_LOOK_FILE));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    for (const auto& [section, lines] : sections)
+        file.write(QStringLiteral("[%1]\n%2\n").arg(section, lines.join('\n')).toUtf8());
+}
+
+} // namespace
+
+void fixLook()
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSizeF(9.0); // 12 pixels
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setFont(font);
+    QApplication::setCursorFlashTime(0);
+}
+
+void Look::take(QWidget& window)
+{
+    for (int i = 0; i < 3; ++i)
+        QApplication::processEvents();
+    visit(window, [&](QWidget& widget) {
+        if (!hasLine(widget))
+            return;
+        const QString name = widget.objectName();
+        auto part = std::find_if(parts_.begin(), parts_.end(), [&](const Part& one) { return one.name == name; });
+        if (part == parts_.end())
+            part = parts_.insert(part, {name, name + QStringLiteral(" | -").repeated(states_), {}});
+        NotingDevice device(window.size(), window.logicalDpiX());
+        note(widget, {}, device);
+        part->painted = device.notes.notes;
+        const QRect place(widget.mapTo(&window, QPoint()), widget.size());
+        part->line += QStringLiteral(" | %1,%2 %3x%4 %5")
+                          .arg(place.x())
+                          .arg(place.y())
+                          .arg(place.width())
+                          .arg(place.height())
+                          .arg(qChecksum(part->painted.join('\n').toUtf8()), 4, 16, QLatin1Char('0'));
+    });
+    ++states_;
+    for (Part& part : parts_)
+        if (part.line.count('|') < states_)
+            part.line += QStringLiteral(" | -");
+}
+
+void Look::compare(const QString& section) const
+{
+    ASSERT_EQ(QFontInfo(QApplication::font()).family(), "DejaVu Sans") << "its package is not installed";
+    std::map<QString, QStringList> sections = kept();
+    QStringList lines;
+    for (const Part& part : parts_)
+        lines << part.line;
+    if (qEnvironmentVariableIsSet("KO_UPDATE_LOOK")) {
+        sections[section] = lines;
+        return keep(sections);
+    }
+    for (const QString& line : sections[section])
+        EXPECT_TRUE(lines.contains(line)) << "was " << line.toStdString();
+    for (const Part& part : parts_)
+        EXPECT_TRUE(sections[section].contains(part.line)) << "now " << part.line.toStdString() << '\n'
+                                                           << part.painted.mid(0, 30).join('\n').toStdString();
+}
+
+} // namespace ko::test
