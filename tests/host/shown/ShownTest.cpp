@@ -467,8 +467,7 @@ TEST_F(ShownTest, TheFaultsOfAnInstrumentAreThoseOfTheViewsThatItHas)
 TEST_F(ShownTest, EveryHintOfTheWindowIsShownWhereItHelps)
 {
     window.open(file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})"));
-    const auto settings = window.session().drivers().at(0)->settings();
-    const PropertiesDialog properties(texts, locale, settings, false, &window);
+    const PropertiesDialog properties(texts, locale, window.session().drivers().at(0)->settings(), false, &window);
     QStringList shown;
     for (const QObject* const object : window.findChildren<QObject*>())
         for (const char* const property : {"toolTip", "statusTip", "placeholderText", "accessibleDescription"})
