@@ -190,6 +190,10 @@ TEST_F(Controls, InputMovesTheFocusFirstAndIsReportedAsAScenarioCommand)
     reported.clear();
     EXPECT_EQ(selector.userPicked({}), Outcome::Done);
     EXPECT_EQ(reported.back(), (Words{"pick", "none"}));
+    EXPECT_EQ(menu.userClicked(), Outcome::Done);
+    EXPECT_EQ(reported.back(), (Words{"click", "menu"}));
+    EXPECT_EQ(tabs.userChoseTab(0), Outcome::Done);
+    EXPECT_EQ(reported.back(), (Words{"choose", "tabs", "#0"}));
     for (const Outcome outcome : {grid.userOpenedCell(1), grid.userOpenedCell(1), grid.userSelectedInCell(1, 2)})
         EXPECT_EQ(outcome, Outcome::Done);
     EXPECT_EQ(reported.back(), (Words{"select", "grid", "1", "2"}));

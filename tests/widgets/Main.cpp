@@ -7,6 +7,8 @@
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    for (const char* const look : {"QT_FONT_DPI", "QT_SCALE_FACTOR", "QT_STYLE_OVERRIDE"})
+        qunsetenv(look);
     QLocale::setDefault(QLocale::c());
     const QApplication application(argc, argv);
     ko::test::fixLook();
