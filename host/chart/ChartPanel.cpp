@@ -22,7 +22,7 @@ ChartPanel::ChartPanel(const Texts& texts, const Locale& locale, QWidget* parent
     addButton(texts(chartText::follow), QStringLiteral("follow"), [this] { chart_->followEnd(); });
     text_->setObjectName(QStringLiteral("markerText"));
     text_->setPlaceholderText(texts(chartText::markerText));
-    text_->setAccessibleName(texts(chartText::markerText));
+    text_->setAccessibleName(text_->placeholderText());
     text_->setMaxLength(static_cast<int>(Marker::textSize));
     mark_->setShortcut(Qt::Key_M);
     mark_->setAutoRepeat(false);

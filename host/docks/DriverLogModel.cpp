@@ -132,9 +132,8 @@ QString DriverLogModel::lines(const QModelIndexList& rows) const
     return result;
 }
 
-QString DriverLogModel::allLines()
+QString DriverLogModel::allLines() const
 {
-    flush();
     QString result;
     for (const Entry& entry : entries_)
         result += line(entry);

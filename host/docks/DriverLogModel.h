@@ -28,7 +28,7 @@ public:
 
     /// Returns rows as lines with tab-separated cells.
     [[nodiscard]] QString lines(const QModelIndexList& rows) const;
-    [[nodiscard]] QString allLines();
+    [[nodiscard]] QString allLines() const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

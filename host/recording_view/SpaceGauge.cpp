@@ -48,7 +48,6 @@ SpaceGauge::SpaceGauge(const Texts& texts, const Locale& locale, QWidget* parent
     row->addWidget(text_, 1);
     sign_->hide();
     hide();
-    timer_.setSingleShot(true);
     onSignal(&timer_, &QTimer::timeout, this, [this] { refresh(); });
 }
 

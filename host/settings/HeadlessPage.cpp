@@ -110,9 +110,9 @@ void HeadlessPage::answer(PressControl& opener, Answer answer)
 Driver* HeadlessPage::driverAt(std::int32_t index) const
 {
     const DriverList& drivers = page().drivers;
-    return index >= 0 && static_cast<std::size_t>(index) < drivers.size()
-               ? drivers[static_cast<std::size_t>(index)].get()
-               : nullptr;
+    // A negative one is beyond all.
+    const auto at = static_cast<std::size_t>(index);
+    return at < drivers.size() ? drivers[at].get() : nullptr;
 }
 
 } // namespace ko

@@ -109,12 +109,10 @@ void History::take(HistoryState now)
 {
     const bool isChannelChosen = now.stored.triggerSlot != present_.stored.triggerSlot ||
                                  now.stored.triggerChannel != present_.stored.triggerChannel;
-    if (!now.hasSameInstruments(present_) || isChannelChosen) {
+    if (!now.hasSameInstruments(present_) || isChannelChosen)
         push(std::move(now));
-    } else {
+    else
         states_[position_].stored = now.stored;
-        present_ = std::move(now);
-    }
     raise(changed);
 }
 

@@ -26,8 +26,9 @@ bool History::edit(const HeldState& to)
 
 const HostInstrument* History::startMaster(const HostInstruments& drivers) const
 {
+    // A negative index is beyond all.
     const auto master = static_cast<std::size_t>(page_->dynamicDriverIndex);
-    return page_->dynamicDriverIndex >= 0 && master < drivers.size() ? drivers[master].get() : nullptr;
+    return master < drivers.size() ? drivers[master].get() : nullptr;
 }
 
 /// The page knows its trigger channel by its place in the instrument, which the change may have moved.

@@ -31,8 +31,6 @@ InstrumentSettings withDefaults(InstrumentSettings settings)
 {
     settings.timebase = TimebaseSettings();
     settings.triggerLines = TriggerLineSettings();
-    settings.dynamicBytes.reset();
-    settings.numberOfScans.reset();
     for (GroupSettings& group : settings.groups)
         for (ChannelSettings& channel : group.channels) {
             channel.triggerParameters.clear();

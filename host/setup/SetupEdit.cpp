@@ -111,8 +111,7 @@ void TextEditor::changeMembers(const JsonValue& value, const JsonObject& members
             place = static_cast<std::size_t>(found - members.begin()) + 1;
             before.contains(key) ? change(*found, before[key], now) : rewrite(*found, now);
         } else if (!before.contains(key) || before[key] != now) {
-            const std::size_t near = items.all[place == 0 ? 0 : place - 1].begin;
-            items.newAfter(place).push_back(Json(key).dump() + ": " + laidOutAt(near, now));
+            items.newAfter(place).push_back(Json(key).dump() + ": " + laidOutAt(items.all.front().begin, now));
         }
     }
     changeItems(items);
@@ -135,8 +134,7 @@ void TextEditor::changeElements(const JsonValue& value, const JsonList& elements
             place = *matches[i] + 1;
             change(elements[*matches[i]], before[*matches[i]], after[i]);
         } else {
-            const std::size_t near = elements[place == 0 ? 0 : place - 1].begin;
-            items.newAfter(place).push_back(laidOutAt(near, after[i]));
+            items.newAfter(place).push_back(laidOutAt(items.all.front().begin, after[i]));
         }
     }
     changeItems(items);

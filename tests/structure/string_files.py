@@ -10,12 +10,9 @@ TOGETHER = {
     "date dialog": [1207, 1208],
     "menu File": [3102, 3103, 3104, 3130, 3132, 3133, 3134, 3200, 3356, 3465, 3466, 3479, 3572, 3712, 3730],
     "menu New": [3480, 3481, 3482, 3483, 3484],
-    "box of a changed file": [3126, 3127, 3133],
-    "box of unsaved changes": [3718, 3719, 3720],
-    "menu View": [3111, 3139, 3140, 3141, 3564],
-    "dialog of faults": [3174, 3175],
-    "menu Edit": [3106, 3107, 3108, 3109, 3562, 3563],
-    "menu Help": [3113, 3114, 3122],
+    "box of a changed file": [3126, 3127, 3133], "box of unsaved changes": [3718, 3719, 3720],
+    "menu View": [3111, 3139, 3140, 3141, 3564], "dialog of faults": [3174, 3175],
+    "menu Edit": [3106, 3107, 3108, 3109, 3562, 3563], "menu Help": [3113, 3114, 3122],
     "help window": [3113, 3221, 3222, 3223],
 }
 # Fixed English texts that share a mnemonic.

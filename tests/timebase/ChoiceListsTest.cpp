@@ -13,13 +13,12 @@ namespace {
 TEST(ChoiceListsTest, MergesDriverByDriver)
 {
     constexpr double inf = std::numeric_limits<double>::infinity();
-    struct Case {
+    const struct {
         const char* name;
         std::vector<Offer> offers;
         Values values;
         Range range;
-    };
-    const Case cases[] = {
+    } cases[]{
         {"no driver", {}, {}, {}},
         {"one list keeps order and duplicates", {{{3, 1, 3}, {}}}, {3, 1, 3}, {}},
         {"common values in the first order", {{{4, 2, 8}, {}}, {{8, 4, 4}, {}}}, {4, 8}, {}},
@@ -37,7 +36,7 @@ TEST(ChoiceListsTest, MergesDriverByDriver)
         {"one bound alone is a range", {{{}, {0, 5}}}, {}, {0, 5}},
         {"so is a lower one", {{{}, {0.5, 0}}}, {}, {0.5, 0}},
     };
-    for (const Case& it : cases) {
+    for (const auto& it : cases) {
         const MergedChoices result = merged(it.offers);
         EXPECT_EQ(result.values(), it.values) << it.name;
         EXPECT_EQ(result.range(), it.range) << it.name;

@@ -20,13 +20,12 @@ OfferTexts english(bool asRates = false)
 
 TEST(OfferAccountTest, SaysWhatEachDriverOffersAndWhatThatDoesToTheOthers)
 {
-    struct Case {
+    const struct {
         const char* name;
         std::vector<Offer> offers;
         Texts rows; ///< for each driver its offer and the effect
         const char* common;
-    };
-    const Case cases[] = {
+    } cases[]{
         {"nobody", {}, {}, "The instruments share no values and no range."},
         {"lists",
          {{{4, 1, 2}, {}}, {{2, 4, 9}, {}}, {{4, 2}, {}}},
@@ -62,7 +61,7 @@ TEST(OfferAccountTest, SaysWhatEachDriverOffersAndWhatThatDoesToTheOthers)
           "Any value from 11 to 12|Narrows the range to: No value"},
          "All instruments share: No value."},
     };
-    for (const Case& it : cases) {
+    for (const auto& it : cases) {
         const OfferAccount account = accountOf(it.offers);
         const OfferTexts texts = english();
         Texts rows;

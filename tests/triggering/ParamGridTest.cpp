@@ -119,18 +119,17 @@ TEST_F(TriggerArea, ARefusedCellKeepsTheFocusUntilItIsCorrectedOrGivenUp)
 TEST_F(TriggerArea, AnEditThatCannotBeCorrectedIsGivenUp)
 {
     page.statusSite = host.queryStatusSite();
-    struct Case {
+    const struct {
         const char *type, *typed, *failing;
         std::ptrdiff_t hints;
-    };
-    const Case cases[] = {{"mystery", "b", "", 1},
-                          {"Enum", "sideways", "", 0},
-                          {"Bool", "maybe", "", 0},
-                          {"Float", "2", "GetTriggerParamType", 0}};
+    } cases[]{{"mystery", "b", "", 1},
+              {"Enum", "sideways", "", 0},
+              {"Bool", "maybe", "", 0},
+              {"Float", "2", "GetTriggerParamType", 0}};
     const std::function<bool()> ways[] = {[&] { return page.moveFocus(&page.cmdChannel); },
                                           [&] { return grid.checkEdit(); },
                                           [&] { return grid.userEndedEdit() == Outcome::Refused; }};
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         for (const auto& way : ways) {
             driver.failing = {};
             driver.parameters = {{.type = c.type, .value = "False", .choices = {"up", "False"}}};

@@ -31,18 +31,17 @@ protected:
 
 TEST_F(TriggerLinesOf, TheTwoTriggersNeverShareALine)
 {
-    struct Case {
+    const struct {
         std::int32_t wiredStart, wiredScan;
         LineList startLines, scanLines;
         const char *shows, *availableStart, *availableScan, *says;
-    };
-    const Case cases[] = {
+    } cases[]{
         {-1, -1, {}, {}, "0 1", "0234567", "1234567", ""}, {-1, 0, {}, {}, "1 0", "1234567", "0234567", ""},
         {3, -1, {}, {}, "3 0", "1234567", "0124567", ""},  {3, 3, {}, {}, "3 0", "1234567", "0124567", ""},
         {-1, -1, {2}, {2}, "2 -1", "2", "", noSync},       {-1, -1, {2, 4}, {2, 4}, "2 4", "2", "4", ""},
     };
     const auto [start, scan] = addMasters();
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         start.startLine = c.wiredStart;
         scan.scanLine = c.wiredScan;
         start.startMasterLines = c.startLines;

@@ -54,12 +54,11 @@ TEST_F(TriggerMastersOf, ADriverThatFailsInTheSurveyIsReportedOnceAndTakesNoPart
 
 TEST_F(TriggerMastersOf, ListsOfTheMasterAndTheListenersNarrowTheLinesDown)
 {
-    struct Case {
+    const struct {
         LineList master, first, second;
         const char* left;
         std::size_t reports;
-    };
-    const Case cases[] = {
+    } cases[]{
         {{}, {}, {}, "01234567", 0},         {{1, 2, 3}, {}, {}, "123", 0}, {{1, 2, 3}, {2, 3, 4}, {}, "23", 0},
         {{1, 2, 3}, {2, 3}, {3, 7}, "3", 0}, {{}, {6}, {7}, "", 0},         {{1, 9, -1}, {}, {1, 2}, "1", 1},
         {{}, {3, 8}, {3, 4}, "3", 1},
@@ -71,7 +70,7 @@ TEST_F(TriggerMastersOf, ListsOfTheMasterAndTheListenersNarrowTheLinesDown)
     const auto left = [&](std::int32_t byDriver) {
         return shown(commonLines(triggering.buildTriggerList(LineTrigger::start, page.currentDrivers(), byDriver)));
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         master.startMasterLines = c.master;
         first.startListenerLines = c.first;
         second.startListenerLines = c.second;

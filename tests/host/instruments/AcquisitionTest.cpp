@@ -94,7 +94,7 @@ TEST(AcquisitionTest, NoiseIsGaussianAndDependsOnSeedAddressAndSampleAlone)
 {
     const auto samples = [](std::int32_t seed, const char* address, std::int64_t first) {
         std::vector<float> made(20000);
-        Signal({.shape = Shape::Constant, .noise = 0.5, .seed = seed}, address, 0.001).fill(made, first);
+        Signal({.amplitude = 0, .noise = 1, .seed = seed}, address, 0.001).fill(made, first);
         return made;
     };
     const auto noise = samples(1, "1:1", 0);
@@ -103,11 +103,11 @@ TEST(AcquisitionTest, NoiseIsGaussianAndDependsOnSeedAddressAndSampleAlone)
     for (const float sample : noise) {
         sum += sample;
         squares += double{sample} * sample;
-        within += std::abs(sample) < 0.5F;
+        within += std::abs(sample) < 1.0F;
     }
     const auto count = static_cast<double>(noise.size());
-    EXPECT_NEAR(sum / count, 0.0, 0.015);
-    EXPECT_NEAR(std::sqrt(squares / count), 0.5, 0.01);
+    EXPECT_NEAR(sum / count, 0.0, 0.03);
+    EXPECT_NEAR(std::sqrt(squares / count), 1.0, 0.02);
     EXPECT_NEAR(static_cast<double>(within) / count, 0.6827, 0.015);
     EXPECT_EQ(samples(1, "1:1", 0), noise);
     EXPECT_EQ(samples(1, "1:1", 100)[0], noise[100]);

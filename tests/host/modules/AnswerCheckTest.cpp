@@ -12,12 +12,8 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 /// Each member of the settings that a driver answers, and of which the instrument holds another value.
 TEST(AnswerCheckTest, FindsEachAnswerThatIsNotWhatIsHeld)
 {
-    struct Case {
-        const char* call;
-        void (*change)(InstrumentSettings& held);
-    };
     static const auto channel = [](InstrumentSettings& held) -> ChannelSettings& { return held.groups[0].channels[0]; };
-    const Case cases[]{
+    const std::pair<const char*, void (*)(InstrumentSettings & held)> cases[]{
         {"DriverName(0)", [](auto& held) { held.name = "other"; }},
         {"MeasurementMode", [](auto& held) { held.measurementMode = 2; }},
         {"SamplingMode", [](auto& held) { held.samplingMode = 2; }},
@@ -35,22 +31,13 @@ TEST(AnswerCheckTest, FindsEachAnswerThatIsNotWhatIsHeld)
         {"queryTriggerParameters: returns a view", [](auto& held) { held.hasTriggerParameters = false; }},
         {"SamplePeriod", [](auto& held) { held.timebase->samplePeriod.value = 9; }},
         {"SampleChoiceList", [](auto& held) { held.timebase->samplePeriod.choices = {}; }},
-        {"ChoiceRange after SampleChoiceList",
-         [](auto& held) {
-             held.timebase->samplePeriod.range = {1, 2};
-         }},
+        {"ChoiceRange after SampleChoiceList", [](auto& held) { held.timebase->samplePeriod.range.minimum = 1; }},
         {"BlockSize", [](auto& held) { held.timebase->blockSize.value = 9; }},
         {"BlockSizeChoiceList", [](auto& held) { held.timebase->blockSize.choices = {9}; }},
-        {"BlockSizeRange",
-         [](auto& held) {
-             held.timebase->blockSize.range = {2, 1};
-         }},
+        {"BlockSizeRange", [](auto& held) { held.timebase->blockSize.range.minimum = 2; }},
         {"ScanPeriod", [](auto& held) { held.timebase->scanPeriod.value = 9; }},
         {"ScanChoiceList", [](auto& held) { held.timebase->scanPeriod.choices = {9}; }},
-        {"ChoiceRange after ScanChoiceList",
-         [](auto& held) {
-             held.timebase->scanPeriod.range = {1, 2};
-         }},
+        {"ChoiceRange after ScanChoiceList", [](auto& held) { held.timebase->scanPeriod.range.minimum = 1; }},
         {"Duration", [](auto& held) { held.timebase->duration = 9; }},
         {"StartTime", [](auto& held) { held.timebase->startTime = {9}; }},
         {"StartMode", [](auto& held) { held.timebase->startMode = 9; }},
@@ -78,14 +65,13 @@ TEST(AnswerCheckTest, FindsEachAnswerThatIsNotWhatIsHeld)
         {"restore(held()): leaves another /dynamicBytes",
          [](auto& held) { held.dynamicBytes = held.dynamicBytes.value_or(0) + held.timebase->duration; }},
     };
-    for (const Case& it : cases) {
+    for (const auto& [call, change] : cases) {
         const auto script = std::make_shared<Script>();
         script->found = {{"a", "Device a"}};
         script->throws = {"start"}; // The short runs are not needed.
-        script->held = it.change;
+        script->held = change;
         const std::string findings = findingsOf(checked(script));
-        EXPECT_NE(findings.find(std::string("a: ") + it.call), std::string::npos) << it.call << "\nnot in\n"
-                                                                                  << findings;
+        EXPECT_NE(findings.find(std::string("a: ") + call), std::string::npos) << call << "\nnot in\n" << findings;
     }
 }
 

@@ -124,11 +124,10 @@ TEST(DeviceSetupsTest, AHundredSetupsKeepTheirValuesOverSavingAndOpening)
 
 TEST(DeviceSetupsTest, ASetupThatTheDeviceCannotHoldFailsWithTheReasonAndLosesNothing)
 {
-    struct Case {
+    const struct {
         const char* reason;
         void (*change)(InstrumentSettings& settings);
-    };
-    const Case cases[]{
+    } cases[]{
         {"scripted a: has no channel 9:9, which the set-up sets",
          [](auto& it) { it.groups[0].channels[0].address = "9:9"; }},
         {"scripted a: has no trigger parameter \"Level\" of channel 1:1, which the set-up sets",
@@ -140,7 +139,7 @@ TEST(DeviceSetupsTest, ASetupThatTheDeviceCannotHoldFailsWithTheReasonAndLosesNo
         {"scripted z: device z is not there", [](auto& it) { it.device = "z"; }},
     };
     const auto module = std::make_shared<ScriptedModule>(std::make_shared<Script>());
-    for (const Case& it : cases) {
+    for (const auto& it : cases) {
         InstrumentSettings settings = scriptedSettings({});
         settings.module = "scripted";
         settings.device = "a";

@@ -21,33 +21,23 @@ TEST(ModuleCheckTest, AGoodModuleHasNoFinding)
     ASSERT_EQ(checked(none).notes.size(), 1U);
 }
 
-using Change = void (*)(Script&);
+auto finds(const std::vector<FoundDevice>& found)
+{
+    return [=](Script& it) { it.found = found; };
+}
 
-struct Planted {
-    const char* finding; ///< a part of it
-    Change plant;
-};
-
-const Planted faults[]{
+// A part of what is found, and what plants the fault.
+const std::pair<const char*, std::function<void(Script&)>> faults[]{
     {"module: name: returns \"two words\", which is no word", [](Script& it) { it.name = [] { return "two words"; }; }},
     {"module: name: returns \"x\", and then \"xx\"",
      [](Script& it) { it.name = [text = std::string()]() mutable { return text += "x"; }; }},
-    {"module: devices: finds \"a\" twice",
-     [](Script& it) {
-         it.found = {{"a", "One"}, {"a", "Other"}};
-     }},
-    {"module: devices: finds a device without a description or a title",
-     [](Script& it) {
-         it.found = {{"a", ""}};
-     }},
+    {"module: devices: finds \"a\" twice", finds({{"a", "One"}, {"a", "Other"}})},
+    {"module: devices: finds a device without a description or a title", finds({{"a", ""}})},
     {"module: open(\"no device is called this\"): fails without a text",
      [](Script& it) { it.throws = {"open"}, it.isSilent = true; }},
     {"a: open(\"a\", no option is called this=1): must fail, and does not",
      [](Script& it) { it.neverFails = {"open"}; }},
-    {"c: open(\"c\"): fails: device c is not there",
-     [](Script& it) {
-         it.found = {{"c", "Other"}};
-     }},
+    {"c: open(\"c\"): fails: device c is not there", finds({{"c", "Other"}})},
     {"a: held: has other options than those that the device was opened with",
      [](Script& it) {
          it.held = [](InstrumentSettings& held) { held.options["gain"] = held.options["gain"] == "1" ? "2" : "1"; };
@@ -94,90 +84,62 @@ const Planted faults[]{
      [](Script& it) { it.triggered = [](BlockSink&, auto) {}, it.deliver = [](BlockSink&, const Block&) {}; }},
     {"a: start, not armed: must fail", [](Script& it) { it.neverFails = {"start"}; }},
     {"a: arm, while it acquires: must fail", [](Script& it) { it.neverFails = {"arm"}; }},
-    {"a: deliver: has 1 numbers in a block that needs",
-     [](Script& it) {
-         it.deliver = [](BlockSink& sink, Block block) {
-             block.samples.resize(1);
-             sink.deliver(std::move(block));
-         };
-     }},
-    {"a: deliver: has a block of 0 samples",
-     [](Script& it) {
-         it.deliver = [](BlockSink& sink, const Block& block) {
-             sink.deliver({.first = block.first, .count = 0, .samples = {}});
-         };
-     }},
-    {"a: deliver: has sample 0, and 20 comes next",
-     [](Script& it) {
-         it.deliver = [](BlockSink& sink, const Block& block) {
-             sink.deliver(block);
-             sink.deliver(block);
-         };
-     }},
-    {"a: deliver: has samples before they can have been taken",
-     [](Script& it) {
-         it.deliver = [](BlockSink& sink, Block block) {
-             block.first += 100000;
-             sink.deliver(std::move(block));
-         };
-     }},
-    {"a: triggered: is called, and the order does not wait",
-     [](Script& it) {
-         it.deliver = [](BlockSink& sink, Block block) {
-             sink.triggered(block.first);
-             sink.deliver(std::move(block));
-         };
-     }},
-    {"a: triggered: is called twice, or after the first block",
-     [](Script& it) {
-         it.deliver = [](BlockSink& sink, Block block) {
-             sink.deliver(std::move(block));
-             sink.triggered(0);
-         };
-     }},
-    {"a: deliver: is called after the end",
-     [](Script& it) {
-         it.ended = [](BlockSink& sink, std::int64_t next, const std::string& reason) {
-             sink.ended(next, reason);
-             sink.deliver({.first = next, .count = 1, .samples = {}});
-         };
-     }},
-    {"a: ended: is called after the end",
-     [](Script& it) {
-         it.ended = [](BlockSink& sink, std::int64_t next, const std::string& reason) {
-             sink.ended(next, reason);
-             sink.ended(next, reason);
-         };
-     }},
+    {"a: deliver: has 1 numbers in a block that needs", delivers([](BlockSink& sink, Block block) {
+         block.samples.resize(1);
+         sink.deliver(std::move(block));
+     })},
+    {"a: deliver: has a block of 0 samples", delivers([](BlockSink& sink, const Block& block) {
+         sink.deliver({.first = block.first, .count = 0, .samples = {}});
+     })},
+    {"a: deliver: has sample 0, and 20 comes next", delivers([](BlockSink& sink, const Block& block) {
+         sink.deliver(block);
+         sink.deliver(block);
+     })},
+    {"a: deliver: has samples before they can have been taken", delivers([](BlockSink& sink, Block block) {
+         block.first += 100000;
+         sink.deliver(std::move(block));
+     })},
+    {"a: triggered: is called, and the order does not wait", delivers([](BlockSink& sink, Block block) {
+         sink.triggered(block.first);
+         sink.deliver(std::move(block));
+     })},
+    {"a: triggered: is called twice, or after the first block", delivers([](BlockSink& sink, Block block) {
+         sink.deliver(std::move(block));
+         sink.triggered(0);
+     })},
+    {"a: deliver: is called after the end", ends([](BlockSink& sink, std::int64_t next, const std::string& reason) {
+         sink.ended(next, reason);
+         sink.deliver({.first = next, .count = 1, .samples = {}});
+     })},
+    {"a: ended: is called after the end", ends([](BlockSink& sink, std::int64_t next, const std::string& reason) {
+         sink.ended(next, reason);
+         sink.ended(next, reason);
+     })},
     {"a: ended: names sample 0 after 20 were delivered",
-     [](Script& it) { it.ended = [](BlockSink& sink, auto, const auto& reason) { sink.ended(0, reason); }; }},
+     ends([](BlockSink& sink, auto, const auto& reason) { sink.ended(0, reason); })},
     {"a: ended: comes after 21 of 20 samples",
-     [](Script& it) {
-         it.ended = [](BlockSink& sink, auto next, const auto& reason) { sink.ended(next + 1, reason); };
-     }},
-    {"a: ended: fails: is hot",
-     [](Script& it) { it.ended = [](BlockSink& sink, auto next, const auto&) { sink.ended(next, "is hot"); }; }},
+     ends([](BlockSink& sink, auto next, const auto& reason) { sink.ended(next + 1, reason); })},
+    {"a: ended: fails: is hot", ends([](BlockSink& sink, auto next, const auto&) { sink.ended(next, "is hot"); })},
     {"a: stop: ends with the reason is hot",
-     [](Script& it) { it.ended = [](BlockSink& sink, auto next, const auto&) { sink.ended(next, "is hot"); }; }},
-    {"a: start: ended has not come", [](Script& it) { it.ended = [](BlockSink&, auto, const auto&) {}; }},
-    {"a: stop: returns before ended has come", [](Script& it) { it.ended = [](BlockSink&, auto, const auto&) {}; }},
-    {"a: closing the instrument while it acquires: is done before ended",
-     [](Script& it) { it.ended = [](BlockSink&, auto, const auto&) {}; }},
+     ends([](BlockSink& sink, auto next, const auto&) { sink.ended(next, "is hot"); })},
+    {"a: start: ended has not come", ends([](BlockSink&, auto, const auto&) {})},
+    {"a: stop: returns before ended has come", ends([](BlockSink&, auto, const auto&) {})},
+    {"a: closing the instrument while it acquires: is done before ended", ends([](BlockSink&, auto, const auto&) {})},
 };
 
 TEST(ModuleCheckTest, FindsEachFaultThatIsPlanted)
 {
     std::vector<std::future<std::string>> checks;
-    for (const Planted& fault : faults)
+    for (const auto& fault : faults)
         checks.push_back(std::async(std::launch::async, [&fault] {
             const auto script = std::make_shared<Script>();
             script->found = {{"a", "Device a"}};
-            fault.plant(*script);
+            fault.second(*script);
             return findingsOf(checked(script, std::chrono::milliseconds(100)));
         }));
     for (std::size_t i = 0; i < checks.size(); ++i) {
         const std::string findings = checks[i].get();
-        EXPECT_NE(findings.find(faults[i].finding), std::string::npos) << faults[i].finding << "\nnot in\n" << findings;
+        EXPECT_NE(findings.find(faults[i].first), std::string::npos) << faults[i].first << "\nnot in\n" << findings;
     }
 }
 

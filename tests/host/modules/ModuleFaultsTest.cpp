@@ -1,8 +1,6 @@
+#include "fakes/Folder.h"
 #include "host/modules/ScriptedModule.h"
 #include "host/scenario/PlayedScenario.h"
-
-#include <filesystem>
-#include <gtest/gtest.h>
 
 namespace ko {
 namespace {
@@ -18,12 +16,9 @@ const std::string bench = R"({"drivers": [
 
 class ModuleFaultsTest : public testing::Test {
 protected:
-    void SetUp() override { std::filesystem::create_directories(folder_); }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
     Played played(const std::string& steps, const SharedScript& script)
     {
-        return play("setup\nshow\n" + steps + "\nstate", bench, folder_.string(),
+        return play("setup\nshow\n" + steps + "\nstate", bench, folder_.path.string(),
                     std::make_shared<ScriptedModule>(script));
     }
 
@@ -47,8 +42,7 @@ protected:
     }
 
 private:
-    std::filesystem::path folder_ =
-        std::filesystem::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+    const Folder folder_;
 };
 
 TEST_F(ModuleFaultsTest, ACallThatThrowsIsNamedAndCostsNothingElse)
@@ -89,49 +83,30 @@ TEST_F(ModuleFaultsTest, ACallThatThrowsIsNamedAndCostsNothingElse)
 
 TEST_F(ModuleFaultsTest, BlocksThatBreakTheContractEndInAFailure)
 {
-    struct Case {
-        const char* failure;
-        std::function<void(Script&)> plant;
-    };
-    const std::string blocks = "the driver module has delivered a block out of turn or of the wrong size";
-    const Case cases[]{
-        {blocks.c_str(),
-         [](Script& it) {
-             it.deliver = [](BlockSink& sink, Block block) {
-                 block.samples.pop_back();
-                 sink.deliver(std::move(block));
-             };
-         }},
-        {blocks.c_str(),
-         [](Script& it) {
-             it.deliver = [](BlockSink& sink, Block block) {
-                 block.samples.clear();
-                 block.count = -1;
-                 sink.deliver(std::move(block));
-             };
-         }},
-        {blocks.c_str(),
-         [](Script& it) {
-             it.deliver = [](BlockSink& sink, const Block& block) {
-                 sink.deliver(block);
-                 sink.deliver(block);
-             };
-         }},
-        {"the driver module has delivered a trigger out of turn",
-         [](Script& it) {
-             it.deliver = [](BlockSink& sink, const Block& block) {
-                 sink.deliver(block);
-                 sink.triggered(0);
-             };
-         }},
-        {"is on fire",
-         [](Script& it) {
-             it.ended = [](BlockSink& sink, auto next, const auto&) {
-                 sink.ended(next, "is on fire");
-                 sink.ended(next, "again");
-                 sink.deliver({});
-             };
-         }},
+    const char* const blocks = "the driver module has delivered a block out of turn or of the wrong size";
+    const std::pair<const char*, std::function<void(Script&)>> cases[]{
+        {blocks, delivers([](BlockSink& sink, Block block) {
+             block.samples.pop_back();
+             sink.deliver(std::move(block));
+         })},
+        {blocks, delivers([](BlockSink& sink, Block block) {
+             block.samples.clear();
+             block.count = -1;
+             sink.deliver(std::move(block));
+         })},
+        {blocks, delivers([](BlockSink& sink, const Block& block) {
+             sink.deliver(block);
+             sink.deliver(block);
+         })},
+        {"the driver module has delivered a trigger out of turn", delivers([](BlockSink& sink, const Block& block) {
+             sink.deliver(block);
+             sink.triggered(0);
+         })},
+        {"is on fire", ends([](BlockSink& sink, auto next, const auto&) {
+             sink.ended(next, "is on fire");
+             sink.ended(next, "again");
+             sink.deliver({});
+         })},
         {"ended after 20 of 50 samples",
          [](Script& it) {
              it.deliver = [](BlockSink& sink, Block block) {
@@ -142,13 +117,13 @@ TEST_F(ModuleFaultsTest, BlocksThatBreakTheContractEndInAFailure)
              it.ended = [](BlockSink& sink, auto, const auto&) { sink.ended(20, ""); };
          }},
     };
-    for (const Case& it : cases) {
+    for (const auto& [failure, plant] : cases) {
         const auto script = std::make_shared<Script>();
-        it.plant(*script);
+        plant(*script);
         const Played run = played("record out.h5", script);
-        EXPECT_NE(run.only({"recorded"}).find(std::string("Device: ") + it.failure), std::string::npos)
-            << it.failure << run.only({"recorded", "message"});
-        EXPECT_EQ(recordedSamples(run, "Other"), 50) << it.failure;
+        EXPECT_NE(run.only({"recorded"}).find(std::string("Device: ") + failure), std::string::npos)
+            << failure << run.only({"recorded", "message"});
+        EXPECT_EQ(recordedSamples(run, "Other"), 50) << failure;
     }
 }
 

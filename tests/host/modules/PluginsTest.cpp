@@ -1,11 +1,10 @@
+#include "fakes/Folder.h"
 #include "host/modules/InstrumentModule.h"
 #include "host/modules/Modules.h"
 #include "platform/Failure.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 
 namespace ko {
 namespace {
@@ -15,12 +14,7 @@ namespace fs = std::filesystem;
 /// A folder with copies of plug-ins, and with files that are none.
 class PluginsTest : public testing::Test {
 protected:
-    void SetUp() override { fs::create_directories(folder_); }
-    void TearDown() override
-    {
-        ::unsetenv("KO_TEST_THROWS");
-        fs::remove_all(folder_);
-    }
+    void TearDown() override { ::unsetenv("KO_TEST_THROWS"); }
 
     void copy(const char* plugin, const std::string& name) const { fs::copy_file(plugin, folder_ / name); }
     void write(const std::string& name, const std::string& content) const { std::ofstream(folder_ / name) << content; }
@@ -39,7 +33,8 @@ protected:
         return all;
     }
 
-    fs::path folder_ = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+    const test::Folder own_;
+    const fs::path& folder_ = own_.path;
 };
 
 TEST_F(PluginsTest, FilesThatAreNoModulesAreNamedAndTheOthersLoaded)

@@ -45,6 +45,16 @@ struct Script {
 
 using SharedScript = std::shared_ptr<Script>;
 
+inline auto delivers(const decltype(Script::deliver)& deliver)
+{
+    return [=](Script& it) { it.deliver = deliver; };
+}
+
+inline auto ends(const decltype(Script::ended)& ended)
+{
+    return [=](Script& it) { it.ended = ended; };
+}
+
 /// The settings of each scripted device.
 inline InstrumentSettings scriptedSettings(const DeviceOptions& options)
 {

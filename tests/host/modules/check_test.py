@@ -35,8 +35,7 @@ class CheckModule(unittest.TestCase):
     def test_a_file_that_is_no_module_is_an_input_error(self):
         for file in (LIBRARY, Path("nowhere.so"), Path(__file__)):
             status, output, errors = run("--check-module", file)
-            self.assertEqual((status, output, errors),
-                             (2, "", f"korvell-host: {file}: is no driver module\n"))
+            self.assertEqual((status, output, errors), (2, "", f"korvell-host: {file}: is no driver module\n"))
 
     def test_modules_are_listed_with_their_devices(self):
         with tempfile.TemporaryDirectory() as folder:

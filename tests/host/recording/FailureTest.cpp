@@ -109,11 +109,11 @@ TEST(RecordingFailureTest, LostSamplesKeepTheirPlaceAndAFailingInstrumentStopsNo
          {"Counter: the cable is unplugged"},
          RunState::Failed},
         {[](BlockSink& sink) {
-             sink.deliver(numbers(5, 200000, 2));
-             sink.ended(200005, "");
+             sink.deliver(numbers(1, 200000, 2));
+             sink.ended(200001, "");
          },
          300,
-         5,
+         1,
          {},
          RunState::Done},
         {[](BlockSink& sink) { sink.ended(0, ""); },

@@ -1,6 +1,7 @@
 #include "Recorded.h"
 
 #include "host/recording/Moments.h"
+#include "host/recording/RecordingTexts.h"
 
 #include <cstdlib>
 #include <ctime>
@@ -13,10 +14,7 @@ using namespace test;
 TEST(RecordingPlanTest, SamplesAreRaisedToWholeBlocksAndScansAreTheDrivers)
 {
     const char* const scans = R"(, "measurementMode": 2)";
-    const struct {
-        std::string instrument;
-        std::int64_t samples;
-    } cases[]{
+    const std::pair<std::string, std::int64_t> cases[]{
         {instrument(R"("samplePeriod": {"value": 0.5}, "blockSize": {"value": 8})"), 24},
         {instrument(R"("samplePeriod": {"value": 0.5}, "blockSize": {"value": 4})"), 20},
         {instrument(R"("samplePeriod": {"value": 0.1}, "blockSize": {"value": 1}, "duration": 0.3)"), 3},
@@ -27,12 +25,22 @@ TEST(RecordingPlanTest, SamplesAreRaisedToWholeBlocksAndScansAreTheDrivers)
         {instrument(R"("scanPeriod": {"value": 0.3})", R"(, "samplingMode": 2, "numberOfScans": 7)"), 7},
         {instrument("", R"(, "samplingMode": 2, "numberOfScans": -7)"), 0},
     };
-    for (const auto& c : cases) {
-        const RecordingPlan plan = armed(instrumentsOf(c.instrument));
+    for (const auto& [described, samples] : cases) {
+        const RecordingPlan plan = armed(instrumentsOf(described));
         ASSERT_EQ(plan.instruments.size(), 1U);
-        EXPECT_EQ(plan.instruments[0].samples, c.samples) << c.instrument;
-        EXPECT_EQ(plan.bytes(), 4.0 * static_cast<double>(c.samples));
+        EXPECT_EQ(plan.instruments[0].samples, samples) << described;
+        EXPECT_EQ(plan.bytes(), 4.0 * static_cast<double>(samples));
     }
+}
+
+TEST(RecordingPlanTest, BytesAreToldInTheUnitThatReadsBest)
+{
+    for (const auto& [bytes, text] : {std::pair(1023.0, "1023 bytes"),
+                                      {1024.0, "1.0 KB"},
+                                      {1.5e9, "1.4 GB"},
+                                      {1e15, "909.5 TB"},
+                                      {2e15, "1819.0 TB"}})
+        EXPECT_EQ(byteText(bytes), text);
 }
 
 TEST(RecordingPlanTest, WhatCannotBeRecordedIsRefusedWithTheReason)

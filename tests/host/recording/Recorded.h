@@ -1,16 +1,14 @@
 #pragma once
 
+#include "fakes/Folder.h"
 #include "host/instruments/Signal.h"
 #include "host/recording/RecordingRun.h"
 #include "host/setup/SetupFile.h"
 
 #include <array>
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <hdf5.h>
 #include <stdexcept>
 #include <thread>
-#include <unistd.h>
 
 namespace ko::test {
 
@@ -110,26 +108,6 @@ private:
     }
 
     hid_t file_;
-};
-
-/// A folder of this program that is empty at first and removed at the end.
-class Folder {
-public:
-    Folder()
-        : path_(std::filesystem::path(testing::TempDir()) /
-                (testing::UnitTest::GetInstance()->current_test_info()->name() + std::to_string(getpid())))
-    {
-        std::filesystem::remove_all(path_);
-        std::filesystem::create_directories(path_);
-    }
-    ~Folder() { std::filesystem::remove_all(path_); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    [[nodiscard]] std::string file(const std::string& name) const { return (path_ / name).string(); }
-
-private:
-    std::filesystem::path path_;
 };
 
 /// An instrument with one channel, as a member of "drivers".

@@ -143,6 +143,9 @@ TEST(SignalsTest, AFileOfAnotherShapeIsRefused)
         replace(file, c.object, c.attribute, c.type, c.shape);
         EXPECT_THROW((heldIn(file), signalsIn(file)), InputError) << c.object << " " << c.attribute;
     }
+    recorded(instrumentsOf(instrument("")), into(file));
+    replace(file, group, "period", H5T_NATIVE_DOUBLE, {1});
+    EXPECT_TRUE(signalsIn(file)->channels().empty()) << "a period of 0 has no times";
 }
 
 TEST(SignalsTest, AFileThatAnotherProgramWritesIsShownAsItIsWhenItIsOpenedAgain)

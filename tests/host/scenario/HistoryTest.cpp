@@ -24,9 +24,7 @@ std::vector<std::string> stepsOf(const std::string& script)
 
 TEST(HistoryTest, AStepIsOneEditAndIsNamedByWhatItChanged)
 {
-    const struct {
-        const char *script, *step;
-    } edits[] = {
+    const std::pair<const char*, const char*> edits[] = {
         {"focus txtDuration\ntype 2\ntype 5\nleave", "Duration 30 s → 25 s"},
         {"focus txtDuration\ntype 2\ntype 30\nleave", "Duration 30 s → 230 s"},
         {"choose cmbSampleRate #1", "Sample rate 10000 → 5000"},
@@ -43,9 +41,9 @@ TEST(HistoryTest, AStepIsOneEditAndIsNamedByWhatItChanged)
          "Start trigger line 1 → 4"},
         {"enable 0 0 1 0", "Camshaft Yes → No"},
     };
-    for (const auto& edit : edits) {
-        const auto steps = stepsOf(edit.script);
-        EXPECT_EQ(steps.empty() ? "" : steps.back(), edit.step) << edit.script;
+    for (const auto& [script, step] : edits) {
+        const auto steps = stepsOf(script);
+        EXPECT_EQ(steps.empty() ? "" : steps.back(), step) << script;
     }
     EXPECT_EQ(stepsOf("set-all sample-rate 5000\nset-all block-size 512"),
               (std::vector<std::string>{"Sample rate 10000 → 5000", "Block size 1024 → 512"}));

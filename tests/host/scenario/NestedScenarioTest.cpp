@@ -16,10 +16,8 @@ TEST(NestedScenario, WhatTheHostDoesInsideACallEndsTheEventAndThePageFollows)
                             two);
     EXPECT_EQ(run.fault, "");
     EXPECT_TRUE(run.expectationsMet);
-    EXPECT_EQ(run.only({"changed", "report", "processed"}), R"({"line":7,"event":"processed","value":false})"
-                                                            "\n"
-                                                            R"({"line":10,"event":"processed","value":true})"
-                                                            "\n");
+    EXPECT_EQ(run.only({"changed", "report", "processed"}), "{\"line\":7,\"event\":\"processed\",\"value\":false}\n"
+                                                            "{\"line\":10,\"event\":\"processed\",\"value\":true}\n");
 }
 
 TEST(NestedScenario, TheDocumentMayEndWhileItsMessageIsOpen)

@@ -1,6 +1,5 @@
+#include "fakes/Folder.h"
 #include "host/scenario/PlayedScenario.h"
-
-#include <filesystem>
 
 namespace ko {
 namespace {
@@ -16,8 +15,7 @@ const char* const recordedBench = R"({"clock": "2026-11-21 09:30:00", "drivers":
 
 TEST(RecordScenarioTest, ARecordingHoldsTheFiguresOfThePageWhateverIsSet)
 {
-    const auto folder = std::filesystem::path(testing::TempDir()) / "RecordScenario";
-    std::filesystem::create_directories(folder);
+    const Folder folder;
     for (const char* const steps :
          {"", "choose cmbSamplePeriod 0.003", "choose cmbBlockSize 1000", "choose cmbInterval minutes",
           "focus txtDuration\ntext txtDuration 12.34", "click optStartTime\nclick optStopTime",
@@ -25,7 +23,7 @@ TEST(RecordScenarioTest, ARecordingHoldsTheFiguresOfThePageWhateverIsSet)
         const Played played = play(std::string("setup\nshow\n") + steps +
                                        "\nrecord out.h5\nexpect frmStart enabled true\n"
                                        "state lblNumSamplesValue lblNumScansValue",
-                                   recordedBench, folder.string());
+                                   recordedBench, folder.path.string());
         EXPECT_TRUE(played.expectationsMet && played.fault.empty()) << played.fault;
         const Json recorded = Json::parse(played.only({"recorded"}));
         const Json shown = played.last("state")["controls"];
@@ -36,9 +34,8 @@ TEST(RecordScenarioTest, ARecordingHoldsTheFiguresOfThePageWhateverIsSet)
         EXPECT_EQ(std::to_string(recorded["instruments"][1]["samples"].get<std::int64_t>()),
                   shown["lblNumScansValue"]["caption"]);
         EXPECT_EQ(recorded["instruments"][0]["bytes"], 8.0 * recorded["instruments"][0]["samples"].get<double>());
-        EXPECT_TRUE(std::filesystem::exists(folder / "out.h5"));
+        EXPECT_TRUE(std::filesystem::exists(folder.path / "out.h5"));
     }
-    std::filesystem::remove_all(folder);
 }
 
 TEST(RecordScenarioTest, ARefusalIsAMessageAndAFileThatCannotBeWrittenAFault)

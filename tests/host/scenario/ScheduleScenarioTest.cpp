@@ -31,6 +31,7 @@ end
 double-click txtStartTime
 expect txtStartTime text "11/24/2026 3:04:05 PM"
 expect txtStopTime text "11/24/2026 3:04:15 PM"
+work-area 10 20 580 400
 click cmdStopTime
 dialog SetDateTime
 end
@@ -47,10 +48,10 @@ drivers
 {"line":11,"event":"inert","control":"calDate"}
 {"line":15,"event":"dialog","form":"SetDateTime","action":"closed","left":1500,"top":1500}
 {"line":16,"event":"inert","control":"btnOK"}
-{"line":21,"event":"dialog","form":"SetDateTime","action":"opened","left":1500,"top":1500}
-{"line":21,"event":"dialog","form":"SetDateTime","action":"closed","left":1500,"top":1500,"unanswered":true}
-{"line":24,"event":"dialog","form":"SetDateTime","action":"opened","left":1500,"top":1500}
-{"line":23,"event":"dialog","form":"SetDateTime","action":"closed","left":1500,"top":1500,"unanswered":true}
+{"line":22,"event":"dialog","form":"SetDateTime","action":"opened","left":900,"top":600}
+{"line":22,"event":"dialog","form":"SetDateTime","action":"closed","left":900,"top":600,"unanswered":true}
+{"line":25,"event":"dialog","form":"SetDateTime","action":"opened","left":900,"top":600}
+{"line":24,"event":"dialog","form":"SetDateTime","action":"closed","left":900,"top":600,"unanswered":true}
 )");
     const Json drivers = run.last("drivers")["drivers"];
     ASSERT_EQ(drivers.size(), 2U);

@@ -54,7 +54,7 @@ public:
     {
         try {
             return settingText(valueOf(settingNamed(played_, name), played_));
-        } catch (const Refusal& refusal) {
+        } catch (const std::exception& refusal) {
             return refusal.what();
         }
     }
@@ -67,12 +67,11 @@ private:
 
 TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
 {
-    struct Case {
+    const struct {
         const char* setup;
         Assignments assignments;
         std::vector<std::pair<std::string, std::string>> expected;
-    };
-    const Case cases[] = {
+    } cases[]{
         {"demo", {"sample-rate=5000"}, {{"sample-period", "0.0002"}, {"span", "1953.125"}, {"txtSampleRate", "5000"}}},
         {"demo", {"cmbSamplePeriod=2e-4", "block-size=512"}, {{"sample-rate", "5000"}, {"block-size", "512"}}},
         {"demo", {"scan-period=2"}, {{"scan-rate", "0.5"}, {"scans", "16"}}},
@@ -97,7 +96,7 @@ TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
           {"trigger.Remark", "a \"b\" \\ c"}}},
         {"demo", {"start-line=3", "sync-line=4"}, {{"start-line", "3"}, {"sync-line", "4"}}},
     };
-    for (const Case& it : cases) {
+    for (const auto& it : cases) {
         SettingsPage bench(it.setup);
         EXPECT_EQ(bench.set(it.assignments), "") << it.assignments.back();
         for (const auto& [name, value] : it.expected)
@@ -107,12 +106,11 @@ TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
 
 TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
 {
-    struct Case {
+    const struct {
         const char* setup;
         Assignments assignments;
         const char* refusal;
-    };
-    const Case cases[] = {
+    } cases[]{
         {"demo", {"sample-rate=5001"}, "sample-rate: \"5001\" is not offered; choose one of 10000, 5000, 2000, 1000"},
         {ranges, {"sample-rate=0.01"}, "sample-rate: A valid real number in the range 0.1 to 10000 is required."},
         {ranges, {"duration=0,5 s"}, "duration: A valid real number is required."},
@@ -148,7 +146,7 @@ TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
         {ranges, {"start-line=2"}, "start-line: not available:"},
         {"demo", {"samples=5"}, "samples: can only be read"},
     };
-    for (const Case& it : cases) {
+    for (const auto& it : cases) {
         const std::string refusal = SettingsPage(it.setup).set(it.assignments);
         EXPECT_NE(refusal.find("refused: " + std::string(it.refusal)), std::string::npos) << refusal;
     }
@@ -156,12 +154,11 @@ TEST(Settings, AreRefusedWithThePagesOwnMessageOrWithWhatIsMissing)
 
 TEST(Settings, ThatTheInstrumentsRoundAreNotedAndFailingOnesRefuse)
 {
-    struct Case {
+    const struct {
         const char* drivers;
         const char* assignment;
         const char* told;
-    };
-    const Case cases[] = {
+    } cases[]{
         {R"("samplePeriod": { "value": 0.001, "keeps": "nothing" } } )", "sample-period=0.0011",
          "sample-period: asked 0.0011, the instruments keep 0.001\n"},
         {R"("samplePeriod": { "value": 0.001 } } )", "duration=0.123456789012",
@@ -171,7 +168,7 @@ TEST(Settings, ThatTheInstrumentsRoundAreNotedAndFailingOnesRefuse)
         {R"("samplePeriod": { "value": 0.001 } }, "failing": ["SamplePeriod get"] )", "sample-period=0.002",
          "refused: sample-period: "},
     };
-    for (const Case& it : cases) {
+    for (const auto& it : cases) {
         SettingsPage bench(R"({ "drivers": [ { "name": "A", "timebase": { )" + std::string(it.drivers) + "} ] }");
         const std::string told = bench.set({it.assignment});
         EXPECT_EQ(told.rfind(it.told, 0), 0U) << told;
@@ -213,14 +210,8 @@ TEST(Settings, UnknownNamesAreAnsweredWithNamesLikeThem)
         {"", "there are sample-rate"},
     };
     const SettingsPage bench("demo");
-    for (const auto& [name, answer] : cases) {
-        try {
-            settingNamed(bench.played(), name);
-            ADD_FAILURE() << name;
-        } catch (const InputError& error) {
-            EXPECT_NE(std::string(error.what()).find(answer), std::string::npos) << error.what();
-        }
-    }
+    for (const auto& [name, answer] : cases)
+        EXPECT_NE(bench.get(name).find(answer), std::string::npos) << bench.get(name);
 }
 
 TEST(Settings, AreListedWithWhatTheyCanBeSetTo)
@@ -283,7 +274,7 @@ TEST(Settings, OfNamesThatReadAlikeAreNumberedAndReachedOneByOne)
     SettingsPage bench(setup.dump());
     EXPECT_EQ(bench.set({"start=trigger", "trigger-channel=A", "trigger.x y (3)=b", "trigger.x y (1)=c"}), "");
     EXPECT_EQ(bench.get("trigger.x y (2)") + bench.get("trigger.x y (3)") + bench.get("trigger.x y (1)"), "oldbc");
-    EXPECT_THROW(static_cast<void>(bench.get("trigger.x y")), InputError);
+    EXPECT_EQ(bench.get("trigger.x y").find("trigger.x y: no such setting; "), 0U);
 }
 
 TEST(Settings, WithoutAFiniteValueHaveNone)

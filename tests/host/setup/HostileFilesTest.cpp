@@ -6,10 +6,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-namespace ko {
-
-using test::refusalOf;
-
+namespace ko::test {
 namespace {
 
 std::string withTitle(const std::string& title)
@@ -86,4 +83,4 @@ TEST(HostileFilesTest, AsManyDriversAsThereIsRoomForMakeAPageThatWorks)
 }
 
 } // namespace
-} // namespace ko
+} // namespace ko::test

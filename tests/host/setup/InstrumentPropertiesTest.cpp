@@ -35,28 +35,23 @@ protected:
     }
 };
 
-struct TextCase {
-    std::string path;
-    TextForm form = TextForm::Text;
-};
-
 TEST_F(InstrumentPropertiesTest, WhatIsNotEditedStaysExactlyInEveryForm)
 {
     EXPECT_EQ(properties.settings(), original);
     const std::string slope = parameterPath(channel, 1);
-    const TextCase cases[]{{choices, TextForm::Numbers},
-                           {choices, TextForm::Rates},
-                           {"timebase.samplePeriod.range", TextForm::Rates},
-                           {"timebase.samplePeriod.value", TextForm::Rate},
-                           {"timebase.blockSize.keeps", TextForm::Name},
-                           {slope + ".choices", TextForm::Words},
-                           {parameterPath(channel, 0) + ".value", TextForm::Number},
-                           {channel + ".signal.frequency", TextForm::Number}};
-    for (const TextCase& at : cases) {
-        const std::string shown = properties.text(at.path, at.form);
-        EXPECT_FALSE(shown.empty()) << at.path;
-        properties.setText(at.path, at.form, " " + shown);
-        properties.setText(at.path, at.form, shown);
+    const std::pair<std::string, TextForm> cases[]{{choices, TextForm::Numbers},
+                                                   {choices, TextForm::Rates},
+                                                   {"timebase.samplePeriod.range", TextForm::Rates},
+                                                   {"timebase.samplePeriod.value", TextForm::Rate},
+                                                   {"timebase.blockSize.keeps", TextForm::Name},
+                                                   {slope + ".choices", TextForm::Words},
+                                                   {parameterPath(channel, 0) + ".value", TextForm::Number},
+                                                   {channel + ".signal.frequency", TextForm::Number}};
+    for (const auto& [path, form] : cases) {
+        const std::string shown = properties.text(path, form);
+        EXPECT_FALSE(shown.empty()) << path;
+        properties.setText(path, form, " " + shown);
+        properties.setText(path, form, shown);
     }
     properties.setHas("timebase", false);
     EXPECT_FALSE(properties.settings().timebase);
@@ -97,22 +92,19 @@ TEST_F(InstrumentPropertiesTest, NumbersAreReadInTheLocaleAndNeverGuessed)
     }
 }
 
-struct RefusedValue {
-    std::string path;
-    TextForm form = TextForm::Text;
-    std::string text, message;
-};
-
 TEST_F(InstrumentPropertiesTest, WhatASetupFileCouldNotHaveIsRefusedWithItsMessageAndPath)
 {
-    const RefusedValue cases[]{
-        {choices, TextForm::Rates, "10; x; 30", choices + "[1]: must be a number"},
-        {"timebase.samplePeriod.value", TextForm::Rate, "0", "timebase.samplePeriod.value: must be a number"},
-        {"timebase.samplePeriod.range", TextForm::Numbers, "1",
-         "timebase.samplePeriod.range: must be a minimum and a maximum"},
-        {"numberOfScans", TextForm::OptionalNumber, "1.5", "numberOfScans: must be a whole number of 32 bits"},
-        {channel + ".signal.noise", TextForm::Number, "-1", channel + ".signal.noise: must not be negative"}};
-    for (const RefusedValue& at : cases) {
+    const struct {
+        std::string path;
+        TextForm form;
+        std::string text, message;
+    } cases[]{{choices, TextForm::Rates, "10; x; 30", choices + "[1]: must be a number"},
+              {"timebase.samplePeriod.value", TextForm::Rate, "0", "timebase.samplePeriod.value: must be a number"},
+              {"timebase.samplePeriod.range", TextForm::Numbers, "1",
+               "timebase.samplePeriod.range: must be a minimum and a maximum"},
+              {"numberOfScans", TextForm::OptionalNumber, "1.5", "numberOfScans: must be a whole number of 32 bits"},
+              {channel + ".signal.noise", TextForm::Number, "-1", channel + ".signal.noise: must not be negative"}};
+    for (const auto& at : cases) {
         const std::string before = properties.text(at.path, at.form);
         properties.setText(at.path, at.form, at.text);
         EXPECT_EQ(refusal(), at.message);

@@ -1,13 +1,12 @@
 #include "host/setup/SetupSaving.h"
 
+#include "fakes/Folder.h"
 #include "host/main/SettingsCommand.h"
 #include "host/settings/Settings.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace ko::test {
@@ -17,13 +16,10 @@ namespace fs = std::filesystem;
 
 class SavingTest : public testing::Test {
 protected:
-    const fs::path folder_ =
-        fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
-    const std::string file_ = (folder_ / "bench.json").string();
+    const Folder own_;
+    const fs::path& folder_ = own_.path;
+    const std::string file_ = own_.file("bench.json");
     const ko::Setup old_ = named("old"), new_ = named("new");
-
-    void SetUp() override { fs::create_directories(folder_); }
-    void TearDown() override { fs::remove_all(folder_); }
 
     static ko::Setup named(const std::string& title)
     {

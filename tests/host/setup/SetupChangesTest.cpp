@@ -1,9 +1,11 @@
 #include "host/setup/SetupChanges.h"
 
+#include "host/setup/InstrumentEdits.h"
 #include "host/setup/PlacedChanges.h"
 #include "host/setup/SetupTemplates.h"
 #include "host/support/InputError.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -85,6 +87,31 @@ TEST(SetupChangesTest, AChangeDoesWhatItSaysOrNamesWhatExists)
         }
         EXPECT_EQ(refusal, it.refusal);
         EXPECT_TRUE(refusal.empty() ? it.isDone(setup) : setup == bench) << it.change.argument;
+    }
+}
+
+TEST(SetupChangesTest, EachInstrumentAfterAChangeIsTheOneThatItWas)
+{
+    using All = std::vector<InstrumentSettings>;
+    const HostInstruments before = makeDrivers(
+        parseSetup(R"({"drivers": [{"name": "A"}, {"name": "B", "timebase": {}}, {"name": "B"}, {"name": "C"}]})", ""));
+    const std::pair<const char*, void (*)(All&)> cases[]{
+        // The places before; "4" is a new one.
+        {"0123", [](All&) {}},
+        {"1230", [](All& all) { std::rotate(all.begin(), all.begin() + 1, all.end()); }},
+        {"0213", [](All& all) { std::swap(all[1], all[2]); }},
+        {"3120", [](All& all) { std::swap(all[0], all[3]), all[0].dynamicBytes = all[3].dynamicBytes = 5; }},
+        {"123", [](All& all) { all.erase(all.begin()); }},
+        {"013", [](All& all) { all.erase(all.begin() + 2); }},
+        {"04123", [](All& all) { all.emplace(all.begin() + 1)->name = "N"; }},
+        {"0123", [](All& all) { all[1].name = "N", all[3].name = "M"; }},
+        {"0124", [](All& all) { all[3].timebase.emplace(); }},
+    };
+    for (const auto& [places, change] : cases) {
+        std::string found;
+        for (const auto& is : changedInstruments(before, [&](auto& setup) { change(setup.instruments); }, {}).drivers)
+            found += std::to_string(std::find(before.begin(), before.end(), is) - before.begin());
+        EXPECT_EQ(found, places);
     }
 }
 

@@ -107,6 +107,19 @@ TEST(SetupEditTest, AnInstrumentIsAddedInTheIndentationOfItsNeighbours)
     EXPECT_EQ(editedText("no set-up", setup), setupText(setup));
 }
 
+TEST(SetupEditTest, AsManyElementsAsCanBeStayAndOneBetweenThemIsChangedInPlace)
+{
+    const std::string text = R"({"drivers": [{"name": "A", "timebase": {"samplePeriod": {"value": 1,
+        "choices": [1/*a*/, 2/*b*/, 3/*c*/, 4/*d*/, 5]}}}]})";
+    ko::Setup setup = parseSetup(text, "");
+    for (const auto& [choices, edited] :
+         {std::pair(std::vector<double>{3, 4, 1, 5, 9}, "[3/*c*/, 4/*d*/, 1.0, 5, 9.0]"),
+          {{1, 7, 3, 4, 5, 6}, "[1/*a*/, 7.0/*b*/, 3/*c*/, 4/*d*/, 5, 6.0]"}}) {
+        setup.instruments[0].timebase->samplePeriod.choices = choices;
+        EXPECT_NE(editedText(text, setup).find(edited), std::string::npos) << editedText(text, setup);
+    }
+}
+
 /// Writes a set-up file as people do, in any layout and order of keys and with comments, twice: as it is, and with some
 /// values changed.
 class Person {

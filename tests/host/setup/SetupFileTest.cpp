@@ -1,15 +1,14 @@
 #include "host/setup/SetupFile.h"
+#include "fakes/Folder.h"
 #include "host/setup/JsonTree.h"
 #include "host/setup/RefusalOf.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 #include "host/support/InputError.h"
 
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-namespace ko {
+namespace ko::test {
 namespace {
 
 // Every key once, as in the documentation of set-up files.
@@ -89,9 +88,8 @@ TEST(SetupFileTest, WhatIsWrittenReadsBackAsTheSameSetup)
 
 TEST(SetupFileTest, WhatCannotBeWrittenLeavesTheFileAsItIs)
 {
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "WhatCannotBeWritten";
-    std::filesystem::create_directory(folder);
-    const std::string file = (folder / "bench.json").string(), pipe = (folder / "pipe").string();
+    const Folder folder;
+    const std::string file = folder.file("bench.json"), pipe = folder.file("pipe");
     ko::Setup setup = parseSetup(everything, "bench.json");
     saveSetup(file, setup);
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -100,17 +98,11 @@ TEST(SetupFileTest, WhatCannotBeWrittenLeavesTheFileAsItIs)
     setup.instruments[1].name = "\xff";
     EXPECT_THROW(saveSetup(file, setup), InputError);
     EXPECT_EQ(loadSetup(file), parseSetup(everything, "bench.json"));
-    std::filesystem::remove_all(folder);
 }
-
-struct RefusedFile {
-    const char* text;
-    const char* message;
-};
 
 TEST(SetupFileTest, AFileThatIsNoSetupIsRefusedWithItsLine)
 {
-    const RefusedFile cases[]{
+    const std::pair<const char*, const char*> cases[]{
         {"", "bench.json:1: "},
         {"{\"drivers\": [\n{\"name\": ", "bench.json:2: "},
         {"{\"drivers\":\n\n [}", "bench.json:3: "},
@@ -127,9 +119,8 @@ TEST(SetupFileTest, AFileThatIsNoSetupIsRefusedWithItsLine)
         {"{\"drivers\": [{\"name\": \"a\"},\n{\"name\": \"b\",\n\"groups\": [4]}]}",
          "bench.json:3: $.drivers[1].groups[0]: must be an object"},
     };
-    for (const RefusedFile& refused : cases)
-        EXPECT_EQ(test::refusalOf(refused.text).rfind(refused.message, 0), 0U)
-            << refused.text << " -> " << test::refusalOf(refused.text);
+    for (const auto& [text, message] : cases)
+        EXPECT_EQ(refusalOf(text).rfind(message, 0), 0U) << text << " -> " << refusalOf(text);
 }
 
 TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
@@ -172,8 +163,8 @@ TEST(SetupFileTest, AMemberThatDoesNotFitIsRefusedWithItsPath)
          "groups[0].channels[0].range: must be a minimum and a larger maximum"},
     };
     for (const auto& [member, message] : cases)
-        EXPECT_EQ(test::refusalOf(withMember(member)).rfind("bench.json:2: $.drivers[0]." + message, 0), 0U)
-            << member << " -> " << test::refusalOf(withMember(member));
+        EXPECT_EQ(refusalOf(withMember(member)).rfind("bench.json:2: $.drivers[0]." + message, 0), 0U)
+            << member << " -> " << refusalOf(withMember(member));
 }
 
 /// The bytes of each value, before those of the values in it.
@@ -206,7 +197,7 @@ TEST(SetupFileTest, AFileCutOffAnywhereIsRefusedAndNothingElse)
 {
     const std::string whole(everything);
     for (std::size_t length = 0; length + 1 < whole.size(); ++length)
-        EXPECT_EQ(test::refusalOf(whole.substr(0, length)).rfind("bench.json:", 0), 0U) << length;
+        EXPECT_EQ(refusalOf(whole.substr(0, length)).rfind("bench.json:", 0), 0U) << length;
 }
 
 TEST(SetupFileTest, AFileThatCannotBeOpenedIsRefusedByName)
@@ -218,4 +209,4 @@ TEST(SetupFileTest, AFileThatCannotBeOpenedIsRefusedByName)
 }
 
 } // namespace
-} // namespace ko
+} // namespace ko::test

@@ -1,10 +1,9 @@
+#include "fakes/Folder.h"
 #include "host/setup/Answers.h"
 #include "host/support/InputError.h"
 #include "interfaces/Timebase.h"
 
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 
 namespace ko::test {
 namespace {
@@ -13,8 +12,8 @@ namespace fs = std::filesystem;
 
 class SetupSessionTest : public testing::Test {
 protected:
-    /// One folder per test, because tests run in parallel.
-    fs::path folder = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+    const Folder own;
+    const fs::path& folder = own.path;
     SetupSession session;
     Answers user;
     bool pageAllows = true;
@@ -22,13 +21,9 @@ protected:
 
     void SetUp() override
     {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
         session.mayLeavePage = [this] { return pageAllows; };
         session.titleChanged = [this] { ++titles; };
     }
-    void TearDown() override { fs::remove_all(folder); }
-
     std::string file(const std::string& name, const std::string& content = {})
     {
         const std::string path = (folder / name).string();

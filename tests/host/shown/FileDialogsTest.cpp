@@ -1,3 +1,4 @@
+#include "host/recording_view/RecordDialog.h"
 #include "host/setup/SetupFile.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
@@ -6,6 +7,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QTreeWidget>
 
 namespace ko::test {
@@ -41,9 +43,7 @@ protected:
 
 TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
 {
-    const Locale locale;
-    BoxQuestions boxes(
-        window, window.session(), [this](int number) { return window.text(number); }, locale);
+    BoxQuestions boxes(window, window.session(), texts, locale);
     const struct {
         std::string (BoxQuestions::*ask)();
         const char *typed, *file, *shown;
@@ -60,6 +60,18 @@ TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
         EXPECT_TRUE(shown.startsWith(it.shown)) << shown.toStdString();
         EXPECT_EQ(chosen({}, [&] { return (boxes.*it.ask)(); }), "");
     }
+}
+
+TEST_F(FileDialogsTest, TheFileOfARecordingMayBeBrowsedAndOneThatExistsIsAskedAboutLater)
+{
+    RecordDialog dialog(&window, texts, locale, {path("run.h5"), 1.0});
+    auto* const browse = dialog.findChildren<QPushButton*>().constFirst();
+    for (const char* const name : {"other.h5", "bench.json", ""}) {
+        chosen(name, [&] { browse->click(); });
+        EXPECT_TRUE(shown.startsWith("Record|Recordings (*.h5)|h5|save|")) << shown.toStdString();
+        EXPECT_EQ(dialog.file(), path(*name ? name : "bench.json"));
+    }
+    EXPECT_TRUE(shown.endsWith("|bench.json")) << shown.toStdString();
 }
 
 TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)
@@ -127,7 +139,7 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
     };
     for (const auto& it : cases) {
         file("a.scenario", (std::string("setup bench.json\nshow\n") + it.line + "\n").c_str());
-        QStringList texts;
+        QStringList labels;
         int rows = -1;
         QTimer answer;
         QObject::connect(&answer, &QTimer::timeout, [&] {
@@ -135,7 +147,7 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
             if (!dialog || qobject_cast<QFileDialog*>(dialog))
                 return;
             for (const QLabel* const label : dialog->findChildren<QLabel*>())
-                texts << label->text();
+                labels << label->text();
             if (const auto* const list = dialog->findChild<QTreeWidget*>()) {
                 rows = list->topLevelItemCount();
                 EXPECT_EQ(list->topLevelItem(0)->text(0), "3");
@@ -145,8 +157,8 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
         });
         answer.start(5);
         chosen("a.scenario", [&] { window.replay().action().trigger(); });
-        EXPECT_TRUE(texts.contains(it.heading)) << texts.join('|').toStdString();
-        EXPECT_TRUE(texts.join('|').contains(it.more)) << texts.join('|').toStdString();
+        EXPECT_TRUE(labels.contains(it.heading)) << labels.join('|').toStdString();
+        EXPECT_TRUE(labels.join('|').contains(it.more)) << labels.join('|').toStdString();
         EXPECT_EQ(rows, it.rows) << it.line;
     }
     EXPECT_EQ(fromQt(shown), "Run Scenario|Scenarios (*.scenario);All files (*)||open|");

@@ -20,7 +20,6 @@ namespace {
 class RecordingShownTest : public FrameTest {
 protected:
     Locale german;
-    Texts texts = [this](int number) { return window.text(number); };
 
     RecordingShownTest()
     {
@@ -48,7 +47,7 @@ protected:
         return progress;
     }
     /// Presses a button of the box that `ask` opens, by its place, or Escape if it is negative.
-    template <class Ask> auto answered(int place, const Ask& ask, std::string& shown)
+    template <class Ask> auto answered(int place, std::string& shown, const Ask& ask)
     {
         const Soon press([&] {
             auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -170,15 +169,11 @@ TEST_F(RecordingShownTest, EachAnswerToAQuestionAboutARecordingCountsAsWhatItSay
     const std::pair<int, PastStart> starts[]{
         {0, PastStart::Cancel}, {1, PastStart::Now}, {2, PastStart::Tomorrow}, {-1, PastStart::Cancel}};
     for (const auto& [place, answer] : starts)
-        EXPECT_EQ(answered(
-                      place, [&] { return askPastStart(window, texts, "8:00", "9:00"); }, shown),
-                  answer);
+        EXPECT_EQ(answered(place, shown, [&] { return askPastStart(window, texts, "8:00", "9:00"); }), answer);
     EXPECT_EQ(shown, "The start time 8:00 is past.|The setting of the page is not changed."
                      "|Cancel|Start &Now*|Start &Tomorrow, 9:00");
     for (const auto& [place, answer] : {std::pair{0, false}, {1, true}, {-1, false}})
-        EXPECT_EQ(answered(
-                      place, [&] { return askToStop(window, texts); }, shown),
-                  answer);
+        EXPECT_EQ(answered(place, shown, [&] { return askToStop(window, texts); }), answer);
     EXPECT_EQ(shown, "A recording is in progress.|Stop it? What has been recorded is kept.|Cancel*|Stop");
 }
 
@@ -225,8 +220,7 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     const std::string taken = file("taken.h5", "x");
     name->setText(folder.filePath("taken"));
     std::string question;
-    answered(
-        -1, [&] { dialog->accept(); }, question);
+    answered(-1, question, [&] { dialog->accept(); });
     EXPECT_NE(question.find("taken.h5 already exists"), std::string::npos) << question;
     EXPECT_NE(question.find("taken.h5~"), std::string::npos) << question;
     EXPECT_TRUE(dialog->isVisible()) << "no file is replaced without a question";

@@ -7,9 +7,11 @@
 #include "host/setup/SetupFile.h"
 #include "host/setup/SetupTemplates.h"
 #include "host/setup/SetupWriter.h"
+#include "host/sheet/SheetPages.h"
 #include "host/toolkit/HelpWindow.h"
 #include "host/window/FrameTest.h"
 #include "host/window/ReplayReport.h"
+#include "widgets/Painted.h"
 
 #include <QAbstractItemModel>
 #include <QCheckBox>
@@ -18,6 +20,7 @@
 #include <QLayout>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
@@ -127,8 +130,7 @@ TEST_F(ShownTest, TheMenusHaveTheirEntriesKeysAndStatesInOrder)
 
 TEST_F(ShownTest, TheTreeOfTheInstrumentsShowsAllThatIsSetInOrder)
 {
-    const Locale locale;
-    InstrumentsModel model([this](int number) { return window.text(number); }, locale, nullptr);
+    InstrumentsModel model(texts, locale, nullptr);
     model.show(makeDrivers(parseSetup(R"({"drivers": [
         {"name": "Digitizer", "failing": ["GroupName"], "hasTriggerParameters": true,
          "triggerLines": {"startMasterRank": 1, "startTriggerLine": 2, "startTriggerInput": 3, "scanMasterRank": 4,
@@ -234,7 +236,7 @@ TEST_F(ShownTest, TheStartScreenAndTheGalleryOfferTheirEntriesInOrder)
             entry && window.start().isAncestorOf(at))
             lines += fromQt(entry->accessibleName() + u'|' + entry->accessibleDescription() + u'|' + entry->toolTip()) +
                      "\n";
-    InstrumentGallery gallery([this](int number) { return window.text(number); }, instrumentKinds(), nullptr, &window);
+    InstrumentGallery gallery(texts, instrumentKinds(), nullptr, &window);
     const auto& list = *gallery.findChild<QListWidget*>();
     for (int i = 0; i < list.count(); ++i)
         lines += fromQt(list.item(i)->text()) + (i == list.currentRow() ? " *\n" : "\n");
@@ -260,7 +262,33 @@ Scans slow process values at regular times
 )");
 }
 
-/// The boxes of a dialog in the order of the Tab key: name, text, hint and state, below the tab that they are on.
+TEST_F(ShownTest, EachPageOfASheetHasItsPartAndItsNumber)
+{
+    ko::Setup setup;
+    setup.instruments.resize(100);
+    for (InstrumentSettings& instrument : setup.instruments) {
+        instrument.name = "Unit " + std::to_string(&instrument - setup.instruments.data());
+        instrument.timebase.emplace();
+    }
+    window.open(file("large.json", setupText(setup).c_str()));
+    NotingDevice paper(QSize(700, 1000), 96);
+    const SheetPages pages({page(), window.session().drivers(), "T", "large.json", false, {46347.5}, texts, locale},
+                           paper, QSizeF(700, 1000));
+    ASSERT_GT(pages.count(), 2);
+    for (int i = 0; i < pages.count(); ++i) {
+        paper.notes = {};
+        QPainter painter(&paper);
+        pages.paint(painter, i);
+        const QStringList words = paper.notes.words();
+        EXPECT_EQ(words.mid(words.size() - 2).join('|'),
+                  QString("Set-up sheet  \u00b7  T  \u00b7  large.json  \u00b7  11/21/2026 12:00:00 PM|Page %1 of %2")
+                      .arg(QString::number(i + 1), QString::number(pages.count())));
+        EXPECT_LT(words.filter("Unit").size(), 60) << "a part of them";
+    }
+}
+
+/// The boxes of a dialog in the order of the Tab key: name, text, hint and state, below the tab that they are on; of a
+/// list its entries with check marks, between semicolons.
 std::string boxesOf(const QDialog& dialog)
 {
     std::string lines = fromQt(dialog.windowTitle()) + "\n";
@@ -283,6 +311,9 @@ std::string boxesOf(const QDialog& dialog)
             lines += fromQt(check->text()) + (check->isChecked() ? " [x]" : " [ ]");
         else if (button)
             lines += "(" + fromQt(button->text()) + ")";
+        else if (const auto* const entries = qobject_cast<const QListWidget*>(at))
+            for (int i = 0; i < entries->count(); ++i)
+                lines += fromQt(entries->item(i)->text()) + (entries->item(i)->checkState() ? " [x]; " : "; ");
         else
             continue;
         lines += box && box->isReadOnly() ? " read-only" : "";
@@ -345,6 +376,7 @@ Start lines as listener: |all lines; separate several by semicolons
 Sync lines as master: |all lines; separate several by semicolons
 Sync lines as listener: |all lines; separate several by semicolons
 = Channels
+In: Crank; 
 Signal: Square of 4
 Frequency (Hz): 50|
 Amplitude: 2|
@@ -379,7 +411,8 @@ This instrument has trigger parameters [x]
     std::istringstream locked(shown(0));
     for (std::string one; std::getline(locked, one);) {
         const bool isEdited = one.find('|') != std::string::npos;
-        const bool isHeading = one.starts_with("= ") || one.starts_with("Prop") || one == "(Close)";
+        const bool isHeading =
+            one.starts_with("= ") || one.starts_with("Prop") || one == "(Close)" || one.ends_with("; ");
         EXPECT_EQ(one.find(" read-only") != std::string::npos, isEdited) << one;
         EXPECT_EQ(one.find(" disabled") == std::string::npos, isEdited || isHeading || one.starts_with("Entered as"))
             << one;
@@ -406,9 +439,48 @@ TEST_F(ShownTest, AValueOfACallReadsAsItsTypeInTheLocale)
         {LineList{1, 2}, "1; 2"},
     };
     for (const auto& [value, text] : cases)
-        EXPECT_EQ(fromQt(callText(
-                      value, [this](int number) { return window.text(number); }, german)),
-                  text);
+        EXPECT_EQ(fromQt(callText(value, texts, german)), text);
+}
+
+TEST_F(ShownTest, TheFaultsOfAnInstrumentAreThoseOfTheViewsThatItHas)
+{
+    const std::tuple<const char*, const char*, const char*> cases[]{
+        {"false", "NumberOfScans", ""},
+        {R"(false, "timebase": {})", "SamplePeriod set; ", "; StartMode set; "},
+        {"true", "GetTriggerParamCount; ", "; GetTriggerGroupName; "},
+        {R"(false, "triggerLines": {})", "StartMasterRank get; ", "; StartLinesAsListener get; "}};
+    for (const auto& [members, first, last] : cases) {
+        const std::string named = R"({"drivers": [{"name": "A", "failing": ["GroupName"], "hasTriggerParameters": )";
+        const auto drivers = makeDrivers(parseSetup(named + members + "}]}", ""));
+        const std::string boxes = boxesOf(FaultDialog(texts, *drivers[0], &window));
+        EXPECT_TRUE(
+            boxes.starts_with("Simulated faults of A\nGroupCount; ChannelCount; ChannelAttribute; MeasurementMode; "
+                              "SamplingMode; DriverName; GroupName [x]; " +
+                              std::string(first)))
+            << boxes;
+        EXPECT_TRUE(
+            boxes.ends_with(last + std::string("NumberOfScans; DynamicBytes; \n(&Clear All)\n(OK)\n(Cancel)\n")))
+            << boxes;
+    }
+}
+
+TEST_F(ShownTest, EveryHintOfTheWindowIsShownWhereItHelps)
+{
+    window.open(file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})"));
+    const PropertiesDialog properties(texts, locale, window.session().drivers().at(0)->settings(), false, &window);
+    QStringList shown;
+    for (const QObject* const object : window.findChildren<QObject*>())
+        for (const char* const property : {"toolTip", "statusTip", "placeholderText", "accessibleDescription"})
+            shown << object->property(property).toString();
+    QFile names(QT_TESTCASE_SOURCEDIR "/../../../src/support/TextNames.txt");
+    ASSERT_TRUE(names.open(QIODevice::ReadOnly));
+    // Those of questions and of the page are not the window's.
+    const QRegularExpression own(
+        "^3(?!.*(conflict|replace|start|escape|setAll)H).*([hH]int| keys| markerText| filter)$");
+    const QStringList hints = QString(names.readAll()).split('\n').filter(own);
+    EXPECT_GT(hints.size(), 10);
+    for (const QString& hint : hints)
+        EXPECT_TRUE(shown.contains(texts(hint.left(4).toInt()))) << fromQt(hint);
 }
 
 bool isPlaced(const QLayout& layout, const QWidget* widget)
@@ -447,8 +519,6 @@ TEST_F(ShownTest, EveryWidgetHasItsPlaceInALayout)
     window.open(file("bench.json", R"({"drivers": [{"name": "A", "hasTriggerParameters": true, "timebase": {},
         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
     show();
-    const Texts texts = [this](int number) { return window.text(number); };
-    const Locale locale;
     const InstrumentSettings settings = window.session().drivers().at(0)->settings();
     PropertiesDialog properties(texts, locale, settings, false, &window);
     FaultDialog faults(texts, *window.session().drivers().at(0), &window);

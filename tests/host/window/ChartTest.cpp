@@ -96,7 +96,7 @@ protected:
 TEST(ChartTimeTest, WhateverIsZoomedAndScrolledTheViewIsWithinTheTimeAndItsMiddleStays)
 {
     std::mt19937 random(3);
-    for (const double end : {0.0, 1e-4, 3.0, 12.345, 86400.0, 1e15}) {
+    for (const double end : {0.0, 1e-4, 0.7, 3.0, 12.345, 86400.0, 1e15}) {
         const double shortest = std::max(ChartTime::shortest, end * 1e-12);
         ChartTime time;
         for (int i = 0; i < 2000; ++i) {
@@ -363,9 +363,9 @@ TEST_F(ChartTest, KeysAndTheWheelZoomAndEachRowSaysWhatItShows)
     };
     const int whole = zoomed();
     EXPECT_EQ(turn(120, Qt::NoModifier), whole);
-    EXPECT_EQ(turn(0, Qt::ControlModifier), whole);
     const int once = turn(120, Qt::ControlModifier);
     EXPECT_GT(once, whole);
+    EXPECT_EQ(turn(0, Qt::ControlModifier), once);
     EXPECT_GT(turn(120, Qt::ControlModifier), once);
     EXPECT_EQ(turn(-120, Qt::ControlModifier), once);
     for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Equal}) {
@@ -388,6 +388,8 @@ TEST_F(ChartTest, KeysAndTheWheelZoomAndEachRowSaysWhatItShows)
     EXPECT_EQ(tip(0.5), "Signal 0\nDigitizer\n1:0\n0.25 V\nRange: -0.5 to 2 V");
     EXPECT_EQ(tip(1.5), "Signal 1\nDigitizer\n1:1\n0.25 V\nRange: -0.5 to 2 V\n7 clipped");
     EXPECT_EQ(tip(2.5), "Signal 2\nDigitizer\n1:2\n\u2013\n14 clipped");
+    window.resize(900, 200);
+    EXPECT_GT(chart.verticalScrollBar()->maximum(), 0);
 }
 
 } // namespace

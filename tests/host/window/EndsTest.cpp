@@ -140,16 +140,9 @@ const Opening openings[] = {
      }},
     {"LeftByTab", [](Desk& desk) { QTest::keyClick(&desk.mistype(), Qt::Key_Tab); }},
     {"LeftByPress",
-     [](Desk& desk) {
-         desk.mistype();
-         QTest::mousePress(&desk.at(desk.page().cmbSamplePeriod), Qt::LeftButton);
-     }},
+     [](Desk& desk) { desk.mistype(), QTest::mousePress(&desk.at(desk.page().cmbSamplePeriod), Qt::LeftButton); }},
     {"Entered", [](Desk& desk) { QTest::keyClick(&desk.mistype(), Qt::Key_Return); }},
-    {"DateButton",
-     [](Desk& desk) {
-         desk.page().optStartTime.userClicked();
-         desk.click(desk.page().cmdStartTime);
-     }},
+    {"DateButton", [](Desk& desk) { desk.page().optStartTime.userClicked(), desk.click(desk.page().cmdStartTime); }},
     {"DateByDoubleClick",
      [](Desk& desk) {
          desk.page().optStartTime.userClicked();
@@ -158,11 +151,7 @@ const Opening openings[] = {
      }},
     {"Offers", [](Desk& desk) { desk.click(desk.page().cmdSamplePeriodOffers); }},
     {"Lines", [](Desk& desk) { Desk::choose(desk.window->page().menu(), 0); }},
-    {"Channel",
-     [](Desk& desk) {
-         desk.page().optOnTrigger.userClicked();
-         desk.click(desk.page().cmdChannel);
-     }},
+    {"Channel", [](Desk& desk) { desk.page().optOnTrigger.userClicked(), desk.click(desk.page().cmdChannel); }},
     {"Cell",
      [](Desk& desk) {
          desk.page().optOnTrigger.userClicked();
@@ -206,11 +195,7 @@ const Opening openings[] = {
          auto* menu = dynamic_cast<QMenu*>(entry.associatedObjects().front());
          Desk::choose(*menu, static_cast<int>(menu->actions().indexOf(&entry)));
      }},
-    {"Unsaved",
-     [](Desk& desk) {
-         desk.window->session().setChanged(true);
-         desk.window->close();
-     }},
+    {"Unsaved", [](Desk& desk) { desk.window->session().setChanged(true), desk.window->close(); }},
     {"Conflict",
      [](Desk& desk) {
          desk.file("bench.json", R"({"drivers": []})");
@@ -230,17 +215,9 @@ const Opening openings[] = {
      }},
     {"DamagedCopy", [](Desk& desk) { desk.offerCopy("?"); }},
     {"NotOpened", [](Desk& desk) { desk.window->files().open("/none.json"); }},
-    {"NotLeft",
-     [](Desk& desk) {
-         desk.mistype();
-         desk.choose(hostText::fileMenu, hostText::quit);
-     }},
+    {"NotLeft", [](Desk& desk) { desk.mistype(), desk.choose(hostText::fileMenu, hostText::quit); }},
     {"RecordAs", [](Desk& desk) { desk.choose(hostText::fileMenu, textNumber::record::record); }},
-    {"StopMonitor",
-     [](Desk& desk) {
-         desk.window->recording().monitor();
-         desk.window->close();
-     }},
+    {"StopMonitor", [](Desk& desk) { desk.window->recording().monitor(), desk.window->close(); }},
     {"StopRecording",
      [](Desk& desk) {
          desk.window->files().setQuestions(std::make_unique<Recorded>(*desk.window, desk.folder.filePath("a.h5")));
@@ -311,11 +288,7 @@ const Deed deeds[] = {
          desk.window->document().drivers().setNumberOfDrivers(static_cast<std::int32_t>(list.size()));
          desk.window->document().drivers().setDrivers(list);
      }},
-    {"Hides",
-     [](Desk& desk) {
-         desk.window->document().UserDocument_Hide();
-         desk.window->hide();
-     }},
+    {"Hides", [](Desk& desk) { desk.window->document().UserDocument_Hide(), desk.window->hide(); }},
     {"LocksThePage", [](Desk& desk) { desk.window->document().mode().setReadOnly(true); }},
 };
 

@@ -114,7 +114,6 @@ TEST_F(FailureStripTest, ManyInstrumentsScrollInAStripOfAFewLines)
     button.click();
     QCoreApplication::processEvents();
     EXPECT_EQ(lines.count(), 1);
-    EXPECT_FALSE(strip.findChildren<QLabel*>().isEmpty());
 }
 
 TEST_F(FailureStripTest, AScreenReaderIsAlertedOnceForEachInstrumentAndTheKeyboardReachesTheStrip)

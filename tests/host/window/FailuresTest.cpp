@@ -67,7 +67,7 @@ protected:
 
     void SetUp() override
     {
-        application.texts = [this](int number) { return window.text(number); };
+        application.texts = texts;
         application.showsFailures = true;
     }
     void TearDown() override
@@ -78,13 +78,13 @@ protected:
     /// Returns the texts of the message box that an action causes; empty if there is none.
     template <class Act> QString boxOf(const Act& act)
     {
-        QString texts;
+        QString told;
         QTimer answer;
-        QObject::connect(&answer, &QTimer::timeout, [&texts] {
+        QObject::connect(&answer, &QTimer::timeout, [&told] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (!box)
                 return;
-            texts += box->text() + u'\n' + box->informativeText();
+            told += box->text() + u'\n' + box->informativeText();
             box->accept();
         });
         answer.start(0);
@@ -92,7 +92,7 @@ protected:
         act();
         for (int i = 0; i < 10; ++i)
             QCoreApplication::processEvents();
-        return texts;
+        return told;
     }
 };
 

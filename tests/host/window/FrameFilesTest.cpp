@@ -252,31 +252,25 @@ TEST_F(FrameFilesTest, TheUserIsAskedInBoxesThatNameTheFile)
 {
     window.open(bench);
     show();
-    const Locale locale;
-    BoxQuestions boxes(
-        window, window.session(), [this](int number) { return window.text(number); }, locale);
-    for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
-                                         {QMessageBox::Discard, Unsaved::Discard},
-                                         {QMessageBox::Cancel, Unsaved::Cancel}}) {
-        const Soon press([b = button] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            EXPECT_TRUE(box->text().contains("bench.json"));
-            box->button(b)->click();
-        });
-        EXPECT_EQ(boxes.keepChanges(), result);
-    }
-    const auto press = [&](int text) {
-        return [this, text] {
+    BoxQuestions boxes(window, window.session(), texts, locale);
+    /// Presses the standard button or the one with the text; rejects the box that has neither.
+    const auto press = [&](int text, QMessageBox::StandardButton standard = QMessageBox::Help) {
+        return [this, text, standard] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             EXPECT_TRUE(box->text().contains("bench.json"));
             for (QAbstractButton* button : box->buttons())
-                if (button->text() == window.text(text))
+                if (button->text() == window.text(text) || box->standardButton(button) == standard)
                     return button->click();
             box->reject();
         };
     };
+    for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
+                                         {QMessageBox::Discard, Unsaved::Discard},
+                                         {QMessageBox::Cancel, Unsaved::Cancel}}) {
+        const Soon soon(press(hostText::product, button));
+        EXPECT_EQ(boxes.keepChanges(), result);
+    }
     for (const auto& [text, result] : {std::pair{hostText::overwrite, Conflict::Overwrite},
                                        {hostText::saveAs, Conflict::SaveElsewhere},
                                        {hostText::reload, Conflict::Reload},

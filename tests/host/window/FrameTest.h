@@ -93,6 +93,8 @@ class FrameTest : public testing::Test {
 protected:
     Decided user;
     FrameWindow window{""};
+    const Texts texts = [this](int number) { return window.text(number); };
+    const Locale locale;
     QTemporaryDir folder;
 
     FrameTest() { window.files().setQuestions(std::make_unique<DecidedQuestions>(user)); }
@@ -127,12 +129,12 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
     /// Confirms the next message box and stores its texts.
-    void answer(QString& texts)
+    void answer(QString& told)
     {
-        answer_.emplace([&texts] {
+        answer_.emplace([&told] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
-            texts = box->text() + u'\n' + box->informativeText();
+            told = box->text() + u'\n' + box->informativeText();
             box->accept();
         });
     }

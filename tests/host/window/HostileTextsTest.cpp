@@ -220,8 +220,6 @@ void HostileTextsTest::expectDialogs()
     tree().setCurrentIndex(tree().model()->index(0, 0));
     expectShownBy("faults", [&] { tree().findChild<QAction*>("faults")->trigger(); });
     expectShownBy("properties", [&] { tree().findChild<QAction*>("properties")->trigger(); });
-    const Texts texts = [this](int number) { return window.text(number); };
-    const Locale locale;
     std::optional<InstrumentGallery> gallery;
     expectMore("gallery", [&] { gallery.emplace(texts, std::vector{driver().settings()}, nullptr, &window).show(); });
     gallery.reset();
@@ -233,9 +231,7 @@ void HostileTextsTest::expectDialogs()
 
 void HostileTextsTest::expectBoxes()
 {
-    const Locale locale;
-    BoxQuestions boxes(
-        window, window.session(), [this](int number) { return window.text(number); }, locale);
+    BoxQuestions boxes(window, window.session(), texts, locale);
     expectShownBy("message", [&] { window.services().messageBox.show(text(), "x", messageStyle::plain); });
     expectShownBy("title of a message", [&] { window.services().messageBox.show("x", text(), messageStyle::plain); });
     expectShownBy("not opened", [&] { boxes.tellNotOpened(text()); });
@@ -304,7 +300,7 @@ TEST_F(HostileTextsTest, HelpShowsTheFilesOfItsFolderAlone)
     file("help/index.html", "<p>contents</p>");
     file("help/page.html", "<p>page</p>");
     ASSERT_TRUE(QFile::link(toQt(outside), folder.filePath("help/link.html")));
-    HelpWindow help([this](int number) { return window.text(number); }, folder.filePath("help"), nullptr);
+    HelpWindow help(texts, folder.filePath("help"), nullptr);
     help.turnTo(0);
     for (const QString& url :
          {QString("../outside.html"), QString("link.html"), QString("file:///etc/passwd"), QString("http://127.0.0.1/"),
@@ -321,8 +317,7 @@ TEST_F(HostileTextsTest, HelpShowsTheFilesOfItsFolderAlone)
 
 TEST_F(HostileTextsTest, HelpTurnsItsPagesByLinksAndButtons)
 {
-    HelpWindow help([this](int number) { return window.text(number); }, QStringLiteral(KO_DEMO_FOLDER "/../help/en"),
-                    &window);
+    HelpWindow help(texts, QStringLiteral(KO_DEMO_FOLDER "/../help/en"), &window);
     help.turnTo(contentsTopic);
     help.show();
     QTextBrowser& browser = help.browser();
@@ -355,7 +350,7 @@ TEST_F(HostileTextsTest, HelpTurnsItsPagesByLinksAndButtons)
     EXPECT_TRUE(button(hostText::closeHelp)->isDefault());
     button(hostText::closeHelp)->click();
     EXPECT_FALSE(help.isVisible());
-    HelpWindow none([this](int number) { return window.text(number); }, "/nowhere", &window);
+    HelpWindow none(texts, "/nowhere", &window);
     none.turnTo(contentsTopic);
     EXPECT_TRUE(none.browser().toPlainText().contains("/nowhere/index.html"));
 }

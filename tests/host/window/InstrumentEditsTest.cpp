@@ -268,6 +268,7 @@ TEST_F(InstrumentEditsTest, AThousandInstrumentsAreSearchedByNameChannelAndAddre
         ChannelSettings& channel = one.groups.emplace_back().channels.emplace_back();
         channel.address = "0:" + std::to_string(i) + ":1";
         channel.name = i == 77 ? "Oil" : "";
+        one.groups[0].name = i == 5 ? "Turbine" : "";
         setup.instruments.push_back(one);
     }
     window.open(file("large.json", setupText(setup).c_str()));
@@ -279,10 +280,14 @@ TEST_F(InstrumentEditsTest, AThousandInstrumentsAreSearchedByNameChannelAndAddre
                 found += rows.index(i, 0).data().toString().toStdString() + ";";
         return found;
     };
+    go({998});
     filter.setFocus();
-    QTest::keyClicks(&filter, "OIL");
-    EXPECT_EQ(shown(), "Unit 77;");
-    QTest::keyClick(&filter, Qt::Key_Escape);
+    for (const auto& [text, found] : {std::pair("turb", "Unit 5;"), {"OIL", "Unit 77;"}}) {
+        QTest::keyClicks(&filter, text);
+        EXPECT_EQ(shown(), found);
+        EXPECT_TRUE(tree.selectionModel()->selectedRows().isEmpty()) << "what is hidden cannot be removed";
+        QTest::keyClick(&filter, Qt::Key_Escape);
+    }
     QTest::keyClicks(&filter, "0:998:");
     EXPECT_EQ(shown(), "Unit 998;");
     QTest::keyClick(&filter, Qt::Key_Down);

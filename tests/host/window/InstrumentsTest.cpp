@@ -5,10 +5,12 @@
 #include "host/setup/SetupWriter.h"
 #include "interfaces/Timebase.h"
 
+#include <QAbstractItemModelTester>
 #include <QClipboard>
 #include <QDialog>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTreeView>
 
@@ -132,12 +134,16 @@ TEST_F(InstrumentsTest, WhenTheTreeIsFilledAnewItsRowsStayOpenChosenAndCurrent)
     tree.expand(row({"Digitizer", "Inputs"}));
     tree.selectionModel()->select(row(crank), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     tree.selectionModel()->setCurrentIndex(row(spare), QItemSelectionModel::NoUpdate);
+    tree.setFixedHeight(5 * tree.fontMetrics().height());
+    QCoreApplication::processEvents();
+    tree.verticalScrollBar()->setValue(2);
     for (int times = 0; times < 2; ++times) {
         window.docks().follow(window.session().drivers());
         EXPECT_TRUE(tree.isExpanded(row({"Digitizer"})) && tree.isExpanded(row({"Digitizer", "Inputs"})));
         EXPECT_FALSE(tree.isExpanded(row({"Digitizer", "Timebase"})) || tree.isExpanded(row({"Scanner"})));
         EXPECT_EQ(tree.selectionModel()->selectedRows(), QModelIndexList{row(crank)});
         EXPECT_EQ(tree.currentIndex(), row(spare));
+        EXPECT_EQ(tree.verticalScrollBar()->value(), 2);
     }
     tree.selectionModel()->clear();
     window.docks().follow(window.session().drivers());
@@ -209,16 +215,21 @@ TEST_F(InstrumentsTest, TheLogShowsWritesKeptValuesAndFailuresAndCanBeCopied)
                                     {"Digitizer", "GroupName", "7", "", "Failed: Subscript out of range (9)"},
                                     {"Digitizer", "Duration set", "", "25.6", ""}};
     for (int row = 0; row < 5; ++row)
-        for (int column = 0; column < 5; ++column)
-            EXPECT_EQ(log.index(row, column + 1).data().toString(), expected[row][column]) << row << ' ' << column;
-
+        for (int column = 0; column < 5; ++column) {
+            const QModelIndex cell = log.index(row, column + 1);
+            EXPECT_EQ(cell.data().toString(), expected[row][column]) << row << ' ' << column;
+            EXPECT_EQ(cell.data(Qt::ToolTipRole).toString().isEmpty(), *expected[row][column] == '\0');
+            EXPECT_EQ(cell.data(Qt::DecorationRole).isValid(), cell.data().toString().startsWith("Failed"));
+        }
     auto* view = window.driverLog().findChild<QTreeView*>();
     window.driverLog().copy();
     EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 5);
     view->setCurrentIndex(log.index(2, 0));
+    view->selectionModel()->select(log.index(0, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     view->setFocus();
     QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text().section('\t', 1), "Digitizer\tStopMode set\t\t1\tFailed: stuck (77)\n");
+    EXPECT_EQ(QApplication::clipboard()->text().replace(QRegularExpression("\\d\\d:\\d\\d:\\d\\d\\.\\d{3}\t"), "|"),
+              "|Digitizer\tSamplePeriod set\t\t1\t\n|Digitizer\tStopMode set\t\t1\tFailed: stuck (77)\n");
     window.driverLog().findChild<QPushButton*>("clearLog")->click();
     EXPECT_EQ(log.rowCount(), 0);
 }
@@ -238,6 +249,7 @@ TEST_F(InstrumentsTest, EditKeysInADockLeaveThePageAlone)
 
 TEST_F(InstrumentsTest, TheLogIsBoundedAndItsLatestRowsStay)
 {
+    const QAbstractItemModelTester fatal(&log, QAbstractItemModelTester::FailureReportingMode::Fatal);
     for (std::size_t i = 0; i < DriverLogModel::most + 10; ++i) {
         driver().queryTimebase()->setBlockSize(static_cast<double>(i));
         if (i % 3000 == 0)

@@ -80,14 +80,13 @@ TEST_F(RecordingWindowTest, AKeyRecordsAndThePageIsReadOnlyMeanwhile)
 
 TEST_F(RecordingWindowTest, WaitsForTimeAndTriggerAndIsStoppedByAKeyOrAQuestion)
 {
-    struct Case {
+    const struct {
         const char* start;
         const char* state;
-    };
-    const Case cases[] = {{R"("startMode": 1, "startTime": 400000.25, )", "Waiting for the start"},
-                          {R"("startMode": 2, )", "Waiting for the trigger"},
-                          {R"("duration": 1000, )", "Recording"}};
-    for (const Case& it : cases) {
+    } cases[]{{R"("startMode": 1, "startTime": 400000.25, )", "Waiting for the start"},
+              {R"("startMode": 2, )", "Waiting for the trigger"},
+              {R"("duration": 1000, )", "Recording"}};
+    for (const auto& it : cases) {
         SCOPED_TRACE(it.start);
         QFile::remove(toQt(user.record));
         open(setupOf(it.start, {}, R"("triggerLines": {"startMasterRank": 5}, )"));
