@@ -63,10 +63,12 @@ int ItemsModel::rowCount(const QModelIndex& parent) const
 
 QVariant ItemsModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid())
+    const auto row = static_cast<std::size_t>(index.row());
+    // The list of the model may be shorter already than the one that is shown.
+    if (!index.isValid() || row >= control_.items().size())
         return {};
     switch (role) {
-    case Qt::DisplayRole: return toLine(control_.items()[static_cast<std::size_t>(index.row())].text);
+    case Qt::DisplayRole: return toLine(control_.items()[row].text);
     case Qt::TextAlignmentRole: return alignment_.toInt();
     default: return {};
     }

@@ -129,7 +129,7 @@ Texts shownOtherwise(FrameWindow& window)
             "there is either a page or the start screen");
     require(static_cast<std::size_t>(rows.rowCount()) == session.drivers().size(), "the dock has all instruments");
     for (std::size_t i = 0; i < session.drivers().size() && i < static_cast<std::size_t>(rows.rowCount()); ++i)
-        require(rows.index(static_cast<int>(i), 0).data().toString() == toShown(session.drivers()[i]->name()),
+        require(rows.index(static_cast<int>(i), 0).data().toString() == toLine(session.drivers()[i]->name()),
                 "the dock has the names of the instruments");
     const auto& list = *window.history().dock().findChild<QUndoView*>();
     require(list.currentIndex().row() == static_cast<int>(steps.position()), "the history is at the present step");
