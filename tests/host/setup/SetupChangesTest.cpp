@@ -109,7 +109,8 @@ TEST(SetupChangesTest, EachInstrumentAfterAChangeIsTheOneThatItWas)
     };
     for (const auto& [places, change] : cases) {
         std::string found;
-        for (const auto& is : changedInstruments(before, [&](auto& setup) { change(setup.instruments); }, {}).drivers)
+        const auto edit = [change = change](auto& setup) { change(setup.instruments); };
+        for (const auto& is : changedInstruments(before, edit, {}).drivers)
             found += std::to_string(std::find(before.begin(), before.end(), is) - before.begin());
         EXPECT_EQ(found, places);
     }
