@@ -1,6 +1,6 @@
-#include "Painted.h"
 #include "Soon.h"
 #include "fakes/FakePlatform.h"
+#include "look/Painted.h"
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
 #include "platform/Form.h"
