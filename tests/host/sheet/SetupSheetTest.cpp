@@ -130,35 +130,38 @@ TEST_F(SetupSheetTest, ASheetSaysWhatTheFileDoesNotHoldAndFollowsTheSchedule)
 
 TEST_F(SetupSheetTest, NoRowIsCutAtTheEndOfAPage)
 {
-    std::string channels;
-    for (int i = 0; i < 90; ++i) {
-        const std::string name = "Word " + std::string(static_cast<std::size_t>(i * 37 % 300), 'x');
-        channels += (i ? "," : "") + (R"({"address": "0:)" + std::to_string(i) + R"(", "name": ")" + name + "\"}");
-    }
-    HeadlessPage page =
-        played(R"({"drivers": [{"name": "A", "groups": [{"name": "G", "channels": [)" + channels + "]}]}]}");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 1;
     char name[] = "host_test";
     char* names[] = {name, nullptr};
     const QGuiApplication application(count, names);
-    for (const int dotsPerMeter : {3780, 23622}) {
-        QImage paper(dotsPerMeter / 5, dotsPerMeter / 4, QImage::Format_RGB32);
-        paper.setDotsPerMeterX(dotsPerMeter);
-        paper.setDotsPerMeterY(dotsPerMeter);
-        const SheetPages pages(sourceOf(page, "x"), paper, paper.size());
-        EXPECT_GT(pages.count(), 3);
-        const QTextDocument& document = pages.document();
-        const auto pageOf = [&](double y) { return std::floor(y / document.pageSize().height()); };
-        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-            const QTextTable* table = QTextCursor(block).currentTable();
-            if (!table)
-                continue;
-            const QTextTableCell cell = table->cellAt(block.position());
-            const QTextBlock first = table->cellAt(cell.row(), 0).firstCursorPosition().block();
-            const QRectF bounds = document.documentLayout()->blockBoundingRect(block);
-            EXPECT_EQ(pageOf(bounds.bottom() - 1), pageOf(document.documentLayout()->blockBoundingRect(first).top()))
-                << cell.row();
+    // Pages of any height, where another row each is at the end.
+    for (const auto& [size, dotsPerMeter, heights] : {std::tuple(90, 3780, 1), {90, 23622, 1}, {4, 3780, 100}}) {
+        std::string channels;
+        for (int i = 0; i < size; ++i) {
+            const std::string word = "Word " + std::string(static_cast<std::size_t>((i * 37 + 150) % 300), 'x');
+            channels += (i ? "," : "") + (R"({"address": "0:)" + std::to_string(i) + R"(", "name": ")" + word + "\"}");
+        }
+        HeadlessPage page =
+            played(R"({"drivers": [{"name": "A", "groups": [{"name": "G", "channels": [)" + channels + "]}]}]}");
+        for (int i = 0; i < heights; ++i) {
+            QImage paper(dotsPerMeter / 5, dotsPerMeter * (200 - i) / 1000, QImage::Format_RGB32);
+            paper.setDotsPerMeterX(dotsPerMeter);
+            paper.setDotsPerMeterY(dotsPerMeter);
+            const SheetPages pages(sourceOf(page, "x"), paper, paper.size());
+            EXPECT_GT(pages.count(), heights > 1 ? 0 : 3);
+            const QTextDocument& document = pages.document();
+            const auto bounds = [&](const QTextBlock& it) { return document.documentLayout()->blockBoundingRect(it); };
+            const auto pageOf = [&](double y) { return std::floor(y / document.pageSize().height()); };
+            for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+                const QTextTable* table = QTextCursor(block).currentTable();
+                if (!table)
+                    continue;
+                const QTextTableCell cell = table->cellAt(block.position());
+                const QTextBlock first = table->cellAt(cell.row(), 0).firstCursorPosition().block();
+                EXPECT_EQ(pageOf(bounds(block).bottom() - 1), pageOf(bounds(first).top()))
+                    << cell.row() << " " << i << " " << pages.count();
+            }
         }
     }
 }

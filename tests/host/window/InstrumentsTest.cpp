@@ -98,7 +98,7 @@ TEST_F(InstrumentsTest, AChannelIsSwitchedInTheTreeAndThePageReloadsTheInstrumen
     QCoreApplication::processEvents();
     EXPECT_EQ(QApplication::focusWidget(), &tree);
     QTest::keyClick(&tree, Qt::Key_Space);
-    rows.setData(row({"Digitizer", "Inputs", "Crank (0:1)"}), Qt::Unchecked, Qt::CheckStateRole);
+    EXPECT_TRUE(rows.setData(row({"Digitizer", "Inputs", "Crank (0:1)"}), Qt::Unchecked, Qt::CheckStateRole));
     EXPECT_FALSE(driver().held().groups[0].channels[0].isEnabled());
 }
 
