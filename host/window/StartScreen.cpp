@@ -47,7 +47,7 @@ StartScreen::StartScreen(Texts texts, QWidget* parent) : QScrollArea(parent), te
         auto* column = new QVBoxLayout(side);
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(0);
-        columns->addWidget(side, 1);
+        columns->addWidget(side);
         (this->*fill)(*column);
         column->addStretch(1);
     }

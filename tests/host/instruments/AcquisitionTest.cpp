@@ -112,6 +112,7 @@ TEST(AcquisitionTest, NoiseIsGaussianAndDependsOnSeedAddressAndSampleAlone)
     EXPECT_EQ(samples(1, "1:1", 0), noise);
     EXPECT_EQ(samples(1, "1:1", 100)[0], noise[100]);
     EXPECT_NE(samples(2, "1:1", 0), noise);
+    EXPECT_NEAR(samples(3, "0:1", 0)[5], -1.2212663, 1e-6) << "as it has always been";
     EXPECT_NE(samples(1, "1:2", 0), noise);
 }
 

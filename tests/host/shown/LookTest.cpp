@@ -53,10 +53,10 @@ protected:
 TEST_F(LookTest, TheWindowAndItsDocks)
 {
     window.setObjectName("window");
-    for (const char* const recent : {"/x/one & two.json", "/y/three.json"})
+    for (const char* const recent : {"/x/one & two.json", "/home/a/folder/three.json"})
         window.files().recent().add(recent);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    window.resize(1000, 700);
+    window.resize(600, 700);
     show();
     Look start;
     start.take(window);
@@ -64,6 +64,8 @@ TEST_F(LookTest, TheWindowAndItsDocks)
                             textNumber::record::dock, textNumber::history::history})
         action(hostText::viewMenu, entry).trigger();
     start.take(window);
+    window.session().begin("empty");
+    start.take(*window.findChild<QWidget*>("plus")->parentWidget());
     start.compare("start");
 
     openBench();

@@ -245,6 +245,12 @@ TEST_F(PropertiesTest, CellsOfTriggerParametersAreTypedOrChosenAndRowsAddedAndRe
     enter(0, 7, "Rising; Falling");
     enter(0, 3, "Falling");
     EXPECT_EQ(row(0), "2|Edge|Enum|Falling|||slope|Rising; Falling");
+    enter(0, 0, "x");
+    table->setCurrentCell(0, 1);
+    dialog->accept();
+    EXPECT_TRUE(dialog->findChild<QLabel*>("refusal")->text().startsWith("ID: must be a whole number"));
+    EXPECT_TRUE(table->hasFocus() && table->currentColumn() == 0);
+    enter(0, 0, "2");
     box<QPushButton>(*dialog, "addParameter").click();
     ASSERT_EQ(table->rowCount(), 2);
     EXPECT_EQ(table->currentRow(), 1);
