@@ -208,6 +208,12 @@ TEST_F(RecordingWindowTest, AStartThatIsPastIsAskedAbout)
         EXPECT_EQ(heldIn(user.record).start.substr(0, 19), start);
         EXPECT_EQ(page().optStartTime.value(), true) << "the page keeps its setting";
     }
+    for (const auto& [time, start] : {std::pair("0.5", "2026-11-21T12:00:00"), {"0.25", "2026-11-22T06:00:00"}}) {
+        open(setupOf(R"("startMode": 1, "duration": 1, "startTime": )" + std::string(time) + ", ", standing));
+        press(Qt::Key_F9);
+        ASSERT_TRUE(ends());
+        EXPECT_EQ(heldIn(user.record).start.substr(0, 19), start) << "the next one on the clock";
+    }
 }
 
 TEST_F(RecordingWindowTest, WhatFailsIsSaidAndThePageCanBeEditedAgain)
