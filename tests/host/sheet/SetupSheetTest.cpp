@@ -136,7 +136,7 @@ TEST_F(SetupSheetTest, NoRowIsCutAtTheEndOfAPage)
     char* names[] = {name, nullptr};
     const QGuiApplication application(count, names);
     // Pages of any height, where another row each is at the end.
-    for (const auto& [size, dotsPerMeter, heights] : {std::tuple(90, 3780, 1), {90, 23622, 1}, {4, 3780, 100}}) {
+    for (const auto& [size, dotsPerMeter, heights] : {std::tuple(90, 3780, 1), {90, 23622, 1}, {4, 3780, 50}}) {
         std::string channels;
         for (int i = 0; i < size; ++i) {
             const std::string word = "Word " + std::string(static_cast<std::size_t>((i * 37 + 150) % 300), 'x');
@@ -145,7 +145,7 @@ TEST_F(SetupSheetTest, NoRowIsCutAtTheEndOfAPage)
         HeadlessPage page =
             played(R"({"drivers": [{"name": "A", "groups": [{"name": "G", "channels": [)" + channels + "]}]}]}");
         for (int i = 0; i < heights; ++i) {
-            QImage paper(dotsPerMeter / 5, dotsPerMeter * (200 - i) / 1000, QImage::Format_RGB32);
+            QImage paper(dotsPerMeter / 5, dotsPerMeter * (200 - 2 * i) / 1000, QImage::Format_RGB32);
             paper.setDotsPerMeterX(dotsPerMeter);
             paper.setDotsPerMeterY(dotsPerMeter);
             const SheetPages pages(sourceOf(page, "x"), paper, paper.size());
