@@ -73,6 +73,12 @@ TEST(SetupChangesTest, AChangeDoesWhatItSaysOrNamesWhatExists)
         {{Kind::Disable, "", {}}, ": no such channel; there are Oil, 0:1:2, Oil", {}},
         {{Kind::Add, "Counter", {}}, "Counter: no such kind of instrument; did you mean counter?", {}},
         {{Kind::Add, "counter", "Main"}, "Main: an instrument of this name exists", {}},
+        {{Kind::Add, "bench/scope", {}},
+         "",
+         [](const auto& s) {
+             const InstrumentSettings& added = s.instruments.back();
+             return added.name == "scope" && added.module == "bench" && added.device == "scope";
+         }},
         {{Kind::Add, "counter", "Shaft"}, "", [](const auto& s) {
              return s.instruments.back().name == "Shaft" &&
                     s.instruments.back().groups[0].channels[0].address == "0:6:1";
