@@ -127,6 +127,7 @@ TEST_F(FrameWindowTest, AFailingInstrumentIsListedAndNothingPopsUp)
     EXPECT_EQ(first.text(1), "A");
     EXPECT_EQ(first.text(2), "Sample period could not be read: simulated failure (-2147467259)");
     EXPECT_FALSE(first.text(0).isEmpty() || first.text(3).isEmpty());
+    window.docks().reports().callFailed("A", "Duration", 5, "another reason");
     window.docks().reports().add(5, "handler", "no call");
     const QTreeWidgetItem& last = *reports.topLevelItem(reports.topLevelItemCount() - 1);
     EXPECT_EQ(last.text(1) + last.text(2), "no call (5)");
