@@ -130,6 +130,7 @@ TEST_F(InstrumentPropertiesTest, TriggerParametersAreAddedEditedAndRemoved)
     properties.setParameter(odd, "value", "true");
     properties.removeParameter(channel, 1);
     ASSERT_EQ(properties.parameterCount(channel), 3U);
+    EXPECT_EQ(properties.text(parameterPath(channel, 1) + ".choices", TextForm::Words), "") << "not the removed one's";
     const auto parameters = properties.settings().groups[0].channels[0].triggerParameters;
     EXPECT_EQ(parameters[0], original.groups[0].channels[0].triggerParameters[0]);
     EXPECT_EQ(parameters[1].value, Value{true});
