@@ -6,6 +6,13 @@ namespace ko {
 
 namespace {
 
+/// Calls `visit` with the index and both elements of each pair.
+template <class T, class Visit> void forEachPair(std::vector<T>& held, const std::vector<T>& earlier, Visit&& visit)
+{
+    for (std::size_t i = 0; i < std::min(held.size(), earlier.size()); ++i)
+        visit(static_cast<std::int32_t>(i), held[i], earlier[i]);
+}
+
 /// Sets members that differ in `next`, each as a call that is counted, observed and made to fail as planned, and then
 /// taken by the instrument.
 struct Restoring {
@@ -47,22 +54,13 @@ struct Restoring {
     void channel(std::int32_t group, std::int32_t number, ChannelSettings& held, const ChannelSettings& earlier) const
     {
         set(Operation::TriggerEnabledSet, {group, number}, held.triggerSource, earlier.triggerSource);
-        const std::size_t count = std::min(held.triggerParameters.size(), earlier.triggerParameters.size());
-        for (std::size_t i = 0; i < count; ++i) {
-            ParameterSettings& parameter = held.triggerParameters[i];
-            if (parameter.id == earlier.triggerParameters[i].id)
-                set(Operation::SetTriggerParamValue, {group, number, parameter.id}, parameter.value,
-                    earlier.triggerParameters[i].value);
-        }
+        forEachPair(held.triggerParameters, earlier.triggerParameters,
+                    [&](std::int32_t, ParameterSettings& now, const ParameterSettings& was) {
+                        if (now.id == was.id)
+                            set(Operation::SetTriggerParamValue, {group, number, now.id}, now.value, was.value);
+                    });
     }
 };
-
-/// Calls `visit` with the index and both elements of each pair.
-template <class T, class Visit> void forEachPair(std::vector<T>& held, const std::vector<T>& earlier, Visit&& visit)
-{
-    for (std::size_t i = 0; i < std::min(held.size(), earlier.size()); ++i)
-        visit(static_cast<std::int32_t>(i), held[i], earlier[i]);
-}
 
 } // namespace
 

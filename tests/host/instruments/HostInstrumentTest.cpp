@@ -191,7 +191,8 @@ TEST(HostInstrumentTest, RestoringIsACallForEachSettingThatDiffers)
             "scanPeriod": {"value": #}, "duration": #, "startTime": #, "stopMode": #, "startMode": #}, "triggerLines": {
             "startTriggerLine": #, "startTriggerInput": #, "scanTriggerLine": #, "scanTriggerInput": #}, "groups": [
             {"name": "g", "channels": [{"address": "1", "triggerParameters": [
-                {"id": 3, "name": "p", "type": "Integer", "value": #}]}]}])",
+                {"id": 3, "name": "p", "type": "Integer", "value": #},
+                {"id": 4, "name": "q", "type": "Integer", "value": #}]}]}])",
                                            std::regex("#"), number));
     };
     const auto driver = with("2");
@@ -202,7 +203,7 @@ TEST(HostInstrumentTest, RestoringIsACallForEachSettingThatDiffers)
         driver->restore(earlier);
     EXPECT_EQ(tape.heard, "SamplePeriod1.0 BlockSize1.0 ScanPeriod1.0 Duration1.0 StartTime1.0 StopMode1 StartMode1 "
                           "StartTriggerLine1 StartTriggerInput1 ScanTriggerLine1 ScanTriggerInput1 "
-                          "SetTriggerParamValue1 ");
+                          "SetTriggerParamValue1 SetTriggerParamValue1 ");
     EXPECT_EQ(driver->held(), earlier);
 }
 

@@ -330,6 +330,9 @@ TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
     EXPECT_GT(middle, 0);
     QTest::keyClick(&chart, Qt::Key_Left);
     EXPECT_LT(chart.horizontalScrollBar()->value(), middle);
+    for (int i = 0; i < 12; ++i)
+        QTest::keyClick(&chart, Qt::Key_Plus);
+    EXPECT_GT(chart.horizontalScrollBar()->singleStep(), 0);
     QTest::keyClick(&chart, Qt::Key_End);
     EXPECT_EQ(chart.horizontalScrollBar()->value(), chart.horizontalScrollBar()->maximum());
     QTest::keyClick(&chart, Qt::Key_Home);
