@@ -53,7 +53,7 @@ protected:
 TEST_F(LookTest, TheWindowAndItsDocks)
 {
     window.setObjectName("window");
-    for (const char* const recent : {"/x/one & two.json", "/home/a/folder/three.json"})
+    for (const char* const recent : {"/x/one & two.json", "/y/folder/three.json"})
         window.files().recent().add(recent);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     window.resize(600, 700);
