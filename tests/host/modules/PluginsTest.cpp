@@ -1,7 +1,7 @@
 #include "fakes/Folder.h"
+#include "fakes/Thrown.h"
 #include "host/modules/InstrumentModule.h"
 #include "host/modules/Modules.h"
-#include "platform/Failure.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -69,12 +69,7 @@ TEST_F(PluginsTest, AModuleThatThrowsIsNamed)
     }
     ::setenv("KO_TEST_THROWS", "open", 1);
     Modules modules({folder_});
-    try {
-        modules.open("scripted", "a", {});
-        ADD_FAILURE() << "opened";
-    } catch (const Failure& failure) {
-        EXPECT_STREQ(failure.what(), "open throws");
-    }
+    EXPECT_EQ(test::thrownBy([&] { modules.open("scripted", "a", {}); }), "open throws");
 }
 
 } // namespace

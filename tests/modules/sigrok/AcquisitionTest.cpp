@@ -177,15 +177,15 @@ TEST(SigrokAcquisitionTest, StopsWhileItRunsAndIsArmedOneAtATime)
 {
     const Demo demo;
     Kept never;
-    EXPECT_EQ(failureOf([&] { demo.start(never, 1); }), "is not armed");
+    EXPECT_EQ(thrownBy([&] { demo.start(never, 1); }), "is not armed");
     demo.acquisition().stop();
     for (int round = 0; round < 2; ++round) {
         demo.acquisition().arm();
         demo.acquisition().arm();
         Kept kept;
         demo.start(kept, 100'000'000);
-        EXPECT_EQ(failureOf([&] { demo.acquisition().arm(); }), "is acquiring");
-        EXPECT_EQ(failureOf([&] { demo.start(never, 1); }), "is not armed");
+        EXPECT_EQ(thrownBy([&] { demo.acquisition().arm(); }), "is acquiring");
+        EXPECT_EQ(thrownBy([&] { demo.start(never, 1); }), "is not armed");
         kept.awaitBlock();
         demo.acquisition().stop();
         EXPECT_EQ(kept.why, "");
