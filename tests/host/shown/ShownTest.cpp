@@ -1,12 +1,9 @@
 #include "host/docks/CallText.h"
 #include "host/docks/FaultDialog.h"
 #include "host/docks/InstrumentGallery.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/properties/PropertiesDialog.h"
 #include "host/recording_view/RecordDialog.h"
-#include "host/setup/SetupFile.h"
 #include "host/setup/SetupTemplates.h"
-#include "host/setup/SetupWriter.h"
 #include "host/sheet/SheetPages.h"
 #include "host/toolkit/HelpWindow.h"
 #include "host/window/FrameTest.h"
@@ -14,17 +11,11 @@
 #include "widgets/Painted.h"
 
 #include <QAbstractItemModel>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDockWidget>
 #include <QLayout>
-#include <QListWidget>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
-#include <QTreeView>
 #include <sstream>
 
 namespace ko::test {
@@ -118,7 +109,7 @@ TEST_F(ShownTest, TheMenusHaveTheirEntriesKeysAndStatesInOrder)
 )");
     window.open(file("a & b.json", R"({"drivers": [{"name": "A", "timebase": {}}]})"));
     const std::string open = menus();
-    EXPECT_NE(open.find("{  &1  a && b.json (" + fromQt(folder.path()) + ")\n  &Clear the List}"), std::string::npos)
+    EXPECT_NE(open.find("{  &1  a && b.json (" + folder.path.string() + ")\n  &Clear the List}"), std::string::npos)
         << open;
     EXPECT_NE(open.find(R"(
   C&lose [Ctrl+F4]; &Save [Ctrl+S]; Save &As... [Ctrl+Shift+S]; Revert to Save&d

@@ -2,10 +2,8 @@
 #include "host/docks/Reports.h"
 #include "host/support/InputError.h"
 
-#include <QTreeWidget>
+#include <QTemporaryDir>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
 
 namespace ko::test {
 namespace {
@@ -38,12 +36,6 @@ protected:
         if (!file.empty())
             window->open(file);
         return window;
-    }
-    static void change(FrameWindow& window)
-    {
-        Page& page = window.document().page();
-        window.page().view().act(
-            [&] { (page.optImmediate.value() ? page.optStartTime : page.optImmediate).userClicked(); });
     }
     [[nodiscard]] std::vector<fs::path> copies(const char* ending = ".unsaved") const
     {

@@ -1,4 +1,5 @@
 #include "RandomUser.h"
+#include "fakes/Folder.h"
 #include "host/scenario/ControlState.h"
 #include "host/scenario/Scenario.h"
 #include "host/setup/SetupChanges.h"
@@ -9,10 +10,8 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <csignal>
@@ -58,21 +57,22 @@ private:
 /// A session that is captured in the host's window and then replayed, without a window and in another one.
 class CaptureTest : public testing::Test {
 protected:
-    QTemporaryDir folder;
+    const Folder folder;
     FrameWindow window{""};
 
     void SetUp() override
     {
-        write("bench.json", capturedBench);
+        folder.file("bench.json", capturedBench);
         window.files().setQuestions(std::make_unique<Questions>(window));
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
     [[nodiscard]] Page& page() { return window.document().page(); }
-    [[nodiscard]] std::string path(const char* name) const { return fromQt(folder.filePath(name)); }
-    void write(const char* name, const char* content) const { std::ofstream(path(name)) << content; }
-    [[nodiscard]] std::string captured(const char* name = "session.scenario") const { return readFile(path(name)); }
+    [[nodiscard]] std::string captured(const char* name = "session.scenario") const
+    {
+        return readFile(folder.file(name));
+    }
 
     [[nodiscard]] HostInstrument& driver(std::size_t index)
     {
@@ -98,8 +98,8 @@ protected:
     {
         window.capture().stop();
         std::ostringstream output;
-        std::ifstream script(path(name));
-        Scenario replay({loadSetup(setup), fromQt(folder.path()), {}, {}}, output);
+        std::ifstream script(folder.file(name));
+        Scenario replay({loadSetup(setup), folder.path.string(), {}, {}}, output);
         try {
             replay.run(script);
         } catch (const ScriptFault& fault) {
@@ -108,7 +108,7 @@ protected:
         const Page& replayed = replay.document().page();
         EXPECT_EQ(driversOf(replayed), driversOf(page())) << captured(name);
         EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << captured(name);
-        expectSameInWindow(setup, path(name));
+        expectSameInWindow(setup, folder.file(name));
     }
     void expectSameInWindow(const std::string& setup, const std::string& file)
     {
@@ -127,8 +127,8 @@ protected:
 
 TEST_F(CaptureTest, EditsOfTheInstrumentsAreReplayedWithTheirUndo)
 {
-    window.open(path("bench.json"));
-    window.capture().startFromHere(path("session.scenario"));
+    window.open(folder.file("bench.json"));
+    window.capture().startFromHere(folder.file("session.scenario"));
     FrameInstruments& list = window.instrumentList();
     EXPECT_TRUE(list.edit([](ko::Setup& setup) { addInstrument(setup, "counter"); }));
     EXPECT_TRUE(list.edit([](ko::Setup& setup) { setup.instruments[0].name = "Fast"; }));
@@ -136,7 +136,7 @@ TEST_F(CaptureTest, EditsOfTheInstrumentsAreReplayedWithTheirUndo)
     window.history().undo();
     EXPECT_EQ(driver(0).name(), "Fast");
     EXPECT_EQ(page().drivers.size(), 3U);
-    expectSameReplay(path("bench.json"));
+    expectSameReplay(folder.file("bench.json"));
 }
 
 /// Returns the number of sessions, or of actions of each: an environment variable, or the default.
@@ -155,7 +155,7 @@ protected:
     {
         switch (user.draw.upTo(40)) {
         case 0: user.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
-        case 1: user.have([this] { window.files().open(folder.filePath("bench.json")); }); break;
+        case 1: user.have([this] { window.files().open(toQt(folder.file("bench.json"))); }); break;
         case 2: breakDown(); break;
         case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(user.draw.upTo(2)))}); break;
         default: user.act();
@@ -183,8 +183,8 @@ protected:
 
 TEST_P(RandomSession, ReplaysToTheSameDriversAndTheSamePage)
 {
-    const std::string setup = GetParam() % 2 == 0 ? path("bench.json") : demoSetup;
-    window.capture().start(path("session.scenario"), setup);
+    const std::string setup = GetParam() % 2 == 0 ? folder.file("bench.json") : demoSetup;
+    window.capture().start(folder.file("session.scenario"), setup);
     window.open(setup);
     for (int i = wanted("KO_SESSION_ACTIONS", 150); i > 0; --i)
         act();
@@ -194,10 +194,10 @@ TEST_P(RandomSession, ReplaysToTheSameDriversAndTheSamePage)
 
 TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
 {
-    window.open(path("bench.json"));
+    window.open(folder.file("bench.json"));
     for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
         act();
-    user.have([this] { window.capture().startFromHere(path("session.scenario")); });
+    user.have([this] { window.capture().startFromHere(folder.file("session.scenario")); });
     for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
         act();
     expectSameReplay(demoSetup);
@@ -225,8 +225,8 @@ private:
 
 TEST_F(CaptureTest, AFullDiskEndsTheCaptureWithAMessageAndThePageGoesOn)
 {
-    window.capture().start(path("session.scenario"), {});
-    window.open(path("bench.json"));
+    window.capture().start(folder.file("session.scenario"), {});
+    window.open(folder.file("bench.json"));
     QAction& entry = window.capture().action();
     EXPECT_TRUE(entry.isChecked());
     const std::string before = captured();

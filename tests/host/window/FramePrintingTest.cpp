@@ -1,5 +1,4 @@
 #include "FrameTest.h"
-#include "host/setup/SetupFile.h"
 #include "host/sheet/SheetTexts.h"
 
 #include <QFileInfo>
@@ -10,7 +9,7 @@ namespace {
 
 class FramePrintingTest : public FrameTest {
 protected:
-    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    const std::string bench = file("bench.json", oneInstrument);
 };
 
 TEST_F(FramePrintingTest, ThePreviewShowsThePageAsItIsPrinted)
@@ -19,9 +18,9 @@ TEST_F(FramePrintingTest, ThePreviewShowsThePageAsItIsPrinted)
     show();
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(folder.filePath("preview.pdf"));
+    printer.setOutputFileName(toQt(folder.file("preview.pdf")));
     window.printing().printPageOn(printer);
-    EXPECT_GT(QFileInfo(folder.filePath("preview.pdf")).size(), 1000);
+    EXPECT_GT(QFileInfo(toQt(folder.file("preview.pdf"))).size(), 1000);
     EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
@@ -33,17 +32,15 @@ TEST_F(FramePrintingTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsR
          {std::pair{QPageSize::A4, "/MediaBox [0 0 595"}, {QPageSize::Letter, "/MediaBox [0 0 612"}}) {
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(folder.filePath("sheet.pdf"));
+        printer.setOutputFileName(toQt(folder.file("sheet.pdf")));
         printer.setPageSize(QPageSize(paper));
         window.printing().printSheetOn(printer);
-        QFile file(folder.filePath("sheet.pdf"));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QByteArray pdf = file.readAll();
+        const QByteArray pdf = QByteArray::fromStdString(readFile(folder.file("sheet.pdf")));
         EXPECT_TRUE(pdf.contains(box));
         EXPECT_GT(pdf.count("/Type /Page\n"), 1);
     }
     window.open(bench);
-    for (const QString& refused : {folder.filePath("none/sheet.pdf"), toQt(bench)}) {
+    for (const QString& refused : {toQt(folder.file("none/sheet.pdf")), toQt(bench)}) {
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(refused);
@@ -63,11 +60,11 @@ TEST_F(FramePrintingTest, TheSheetIsExportedAndNeverOverTheOpenSetup)
     show();
     QAction& entry = action(hostText::fileMenu, sheetText::exportEntry);
     entry.trigger();
-    user.sheet = folder.filePath("sheet.html").toStdString();
+    user.sheet = folder.file("sheet.html");
     entry.trigger();
     EXPECT_NE(readFile(user.sheet).find("bench.json"), std::string::npos);
     const std::string before = readFile(bench);
-    for (const std::string& refused : {bench, folder.filePath("none/sheet.pdf").toStdString()}) {
+    for (const std::string& refused : {bench, folder.file("none/sheet.pdf")}) {
         user.sheet = refused;
         QString told;
         answer(told);
