@@ -166,18 +166,24 @@ private:
         window().recording().stop();
         while (window().recording().isActive())
             QTest::qWait(1);
-        for (const auto& driver : window().session().drivers())
-            driver->calls().healAll();
+        heal();
         window().history().hostCall([this] { window().document().mode().setReadOnly(false); });
         if (steps().hasEntryInProgress())
             window().history().undo();
         begin();
         followHost();
     }
+    void heal()
+    {
+        for (const auto& driver : window().session().drivers())
+            driver->calls().healAll();
+    }
+    /// A removed instrument that comes back fails as before.
     template <class Done> void travel(void (FrameHistory::*move)(), const Done& isDone)
     {
         while (!isDone() && broken_.empty()) {
             const std::size_t before = steps().position();
+            heal();
             place_.have([&] { (window().history().*move)(); });
             require(steps().position() != before, "a step is undone or redone");
         }
