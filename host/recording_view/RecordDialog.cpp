@@ -87,18 +87,16 @@ void RecordDialog::askForSpace()
 void RecordDialog::showSpace(std::optional<double> free)
 {
     const QString needed = sizeText(bytes_, texts_, locale_);
-    sign_->clear();
-    if (!free)
-        return space_->setText(texts_(recordText::needs).arg(needed));
-    const QString text = texts_(textNumber::disk::needed).arg(needed, sizeText(*free, texts_, locale_));
-    *free < bytes_ ? showProblem(text) : space_->setText(text);
+    if (free)
+        say(texts_(textNumber::disk::needed).arg(needed, sizeText(*free, texts_, locale_)), *free < bytes_);
+    else
+        say(texts_(recordText::needs).arg(needed), false);
 }
 
-void RecordDialog::showProblem(const QString& text)
+void RecordDialog::say(const QString& text, bool isProblem)
 {
-    sign_->setPixmap(warningSign(*this));
+    sign_->setPixmap(isProblem ? warningSign(*this) : QPixmap());
     space_->setText(text);
-    space_->setAccessibleName(text);
 }
 
 void RecordDialog::accept()
@@ -107,7 +105,7 @@ void RecordDialog::accept()
     if (file().empty())
         return;
     if (!QFileInfo(chosen.path()).isDir())
-        return showProblem(texts_(recordText::noFolder).arg(toLine(chosen.path())));
+        return say(texts_(recordText::noFolder).arg(toLine(chosen.path())), true);
     if (chosen.exists()) {
         Modal<PlainBox> box(QMessageBox::Question, windowTitle(), texts_(recordText::exists).arg(chosen.fileName()),
                             texts_(recordText::replaceHint).arg(QFileInfo(toQt(keptName(file()))).fileName()),

@@ -26,7 +26,7 @@ private:
     void browse();
     void askForSpace();
     void showSpace(std::optional<double> free);
-    void showProblem(const QString& text);
+    void say(const QString& text, bool isProblem);
 
     Texts texts_;
     const Locale& locale_;

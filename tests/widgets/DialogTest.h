@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Look.h"
 #include "Soon.h"
 #include "fakes/FakePlatform.h"
+#include "look/Look.h"
 #include "support/Support.h"
 #include "widgets/bindings/FormView.h"
 #include "widgets/dialogs/QtModalForms.h"
@@ -41,17 +41,6 @@ protected:
     {
         for (int i = 0; i < 3; ++i)
             QApplication::processEvents();
-    }
-    /// Compares the dialog as it opens, and larger and smaller, with the kept section.
-    static void look(const char* section)
-    {
-        Look look;
-        for (const QSize size : {dialog().size(), dialog().size() + QSize(150, 100), QSize(10, 10)}) {
-            dialog().resize(size);
-            settle();
-            look.take(dialog());
-        }
-        look.compare(section);
     }
     static void key(Qt::Key key, Qt::KeyboardModifiers held = {})
     {

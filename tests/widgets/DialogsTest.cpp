@@ -40,7 +40,7 @@ TEST_F(ViewsTest, AChannelIsChosenByKeys)
     const auto show = [&] { channels.Display(chosen, slot, channel); };
     inDialog(show, [&] {
         EXPECT_TRUE(dynamic_cast<ChannelBrowser&>(part<QWidget>("chsNavigate")).tree->hasFocus());
-        look("channels");
+        expectLook(dialog(), "channels");
         key(Qt::Key_Down);
         key(Qt::Key_Down);
         key(Qt::Key_Return);
@@ -60,7 +60,7 @@ TEST_F(ViewsTest, TriggerLinesLookAsKept)
     const auto show = [&] { lines.Display(LinePlan({{true, true}, {true}}, {0, -1}), {.hasMaster = {true, true}}); };
     inDialog(show, [&] {
         part<QTabWidget>("tabTrigger").setCurrentIndex(1);
-        look("trigger lines");
+        expectLook(dialog(), "trigger lines");
         EXPECT_EQ(lines.bounds().width, toTwips(dialog(), part<QWidget>("AdvancedTrig").width()));
         click("btnCancel");
     });
@@ -70,7 +70,7 @@ TEST_F(ViewsTest, TheCalendarAndTheTimeTakeOnlyWhatIsMeantForThem)
 {
     inDialog([&] { dates.Display(DateTime{46347.5}, false, false); },
              [&] {
-                 look("date");
+                 expectLook(dialog(), "date");
                  auto& calendar = part<QCalendarWidget>("calDate");
                  dates.optSpecifiedDay.userClicked();
                  QTest::keyClick(calendar.focusProxy(), Qt::Key_5);

@@ -1,5 +1,5 @@
-#include "Look.h"
 #include "ViewTest.h"
+#include "look/Look.h"
 #include "widgets/bindings/EntryMark.h"
 
 #include <QAbstractItemView>

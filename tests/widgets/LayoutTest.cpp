@@ -1,5 +1,5 @@
-#include "Look.h"
 #include "fakes/DocumentTest.h"
+#include "look/Look.h"
 #include "page/Quantities.h"
 #include "widgets/page/PageWidget.h"
 

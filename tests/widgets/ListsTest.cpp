@@ -1,5 +1,5 @@
-#include "Look.h"
 #include "fakes/FakeDriver.h"
+#include "look/Look.h"
 #include "platform/ChannelSelector.h"
 #include "platform/TabControl.h"
 #include "platform/Table.h"

@@ -1,5 +1,5 @@
-#include "Painted.h"
 #include "ViewTest.h"
+#include "look/Painted.h"
 #include "platform/PictureBox.h"
 
 #include <QAccessible>

@@ -53,7 +53,7 @@ protected:
 TEST_F(OffersViewTest, LooksAsKept)
 {
     ask([&] {
-        look("offers");
+        expectLook(dialog(), "offers");
         EXPECT_EQ(dialog().windowTitle(), "Title");
         const QWidget& view = part<QWidget>("ShowOffers");
         EXPECT_EQ(form.bounds().width, toTwips(view, view.width()));

@@ -1,6 +1,6 @@
 #include "widgets/page/PageWidget.h"
-#include "Look.h"
 #include "fakes/DocumentTest.h"
+#include "look/Look.h"
 #include "widgets/bindings/PeriodTip.h"
 
 #include <QAccessible>

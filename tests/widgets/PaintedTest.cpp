@@ -1,5 +1,5 @@
-#include "Painted.h"
-#include "Look.h"
+#include "look/Painted.h"
+#include "look/Look.h"
 #include "platform/CaptionControls.h"
 #include "platform/PictureBox.h"
 #include "platform/Timeline.h"

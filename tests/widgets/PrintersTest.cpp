@@ -1,4 +1,4 @@
-#include "Painted.h"
+#include "look/Painted.h"
 #include "fakes/Thrown.h"
 #include "platform/Form.h"
 #include "widgets/services/QtServices.h"

@@ -20,6 +20,8 @@ inline std::string findingsOf(const ModuleReport& report)
     std::string all;
     for (const std::string& finding : report.findings)
         all += finding + "\n";
+    for (const std::string& note : report.notes)
+        all += "note: " + note + "\n";
     return all;
 }
 

@@ -169,8 +169,28 @@ TEST_F(ModuleFaultsTest, ADeviceThatIsTakenAwayComesBack)
     EXPECT_THROW(instruments[0]->acquisition()->arm(), Failure);
     EXPECT_THROW(instruments[0]->acquisition()->arm(), Failure);
     script->isGone = false;
-    EXPECT_EQ(instruments[0]->acquisition()->arm().channels.size(), 4U);
-    instruments[0]->acquisition()->stop();
+    Acquisition& device = *instruments[0]->acquisition();
+    EXPECT_EQ(device.arm().channels.size(), 4U);
+    device.stop();
+
+    struct : BlockSink {
+        void triggered(std::int64_t /*sample*/) override {}
+        void deliver(Block /*block*/) override {}
+        void ended(std::int64_t /*next*/, const std::string& /*reason*/) override {}
+    } sink;
+    for (const std::string call : {"start", "stop"}) {
+        script->throws = {call};
+        device.arm();
+        if (call == "start") {
+            EXPECT_THROW(device.start({}, sink), Failure);
+        }
+        device.stop();
+        script->throws.clear();
+        const int toOpen = script->missing;
+        device.arm();
+        EXPECT_EQ(script->missing, toOpen - 1) << "it is opened again after a failed " << call;
+        device.stop();
+    }
 }
 
 } // namespace

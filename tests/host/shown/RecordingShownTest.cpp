@@ -6,9 +6,9 @@
 #include "host/toolkit/SizeText.h"
 #include "host/window/FrameTest.h"
 #include "host/window/RecordStart.h"
+#include "look/Look.h"
 
 #include <QFileInfo>
-#include <QProgressBar>
 
 namespace ko::test {
 namespace {
@@ -107,23 +107,17 @@ TEST_F(RecordingShownTest, ARunIsShownByItsState)
 TEST_F(RecordingShownTest, TheDockShowsARunThenItsSummaryOrANote)
 {
     RecordingView view(texts, german, &window);
+    view.resize(600, 300);
+    show();
     view.show();
-    const auto shown = [&](auto* widget) { return !widget->isHidden(); };
-    auto* const state = view.findChild<QLabel*>("recordingState");
-    auto* const details = view.findChild<QLabel*>("recordingDetails");
-    auto* const bar = view.findChild<QProgressBar*>();
-    auto* const folderButton = view.findChild<QPushButton*>();
-    const QTableWidget& summary = view.summary();
-    EXPECT_EQ(view.stateText(), "There is no recording to show.");
-    EXPECT_TRUE(!shown(details) && !shown(bar) && !shown(folderButton) && !shown(&summary));
-
+    Look look;
+    look.take(view);
     view.showRun({"Recording, 1 s", "some", 0.5});
     EXPECT_EQ(view.accessibleDescription(), "Recording, 1 s");
-    EXPECT_TRUE(shown(details) && shown(bar) && !shown(folderButton) && !shown(&summary));
-    EXPECT_EQ(bar->value() * 2, bar->maximum());
+    look.take(view);
     view.showRun({"Recording, 2 s", {}, 0.0});
     EXPECT_EQ(view.accessibleDescription(), "Recording, 1 s") << "only another state is announced";
-    EXPECT_TRUE(!shown(details) && shown(bar) && bar->value() == bar->minimum());
+    look.take(view);
 
     HeldRecording held;
     held.instruments.resize(6);
@@ -140,24 +134,15 @@ TEST_F(RecordingShownTest, TheDockShowsARunThenItsSummaryOrANote)
     for (const auto& [end, text] : ends) {
         held.state = end;
         view.showEnd("/x/run.h5", held, "reason");
-        EXPECT_EQ(fromQt(state->text()), text);
+        EXPECT_EQ(fromQt(view.stateText()), text);
         EXPECT_EQ(fromQt(view.accessibleDescription()), text);
     }
-    EXPECT_EQ(details->text(), "reason");
-    EXPECT_TRUE(shown(details) && !shown(bar) && shown(folderButton) && shown(&summary));
-    QStringList cells;
-    for (int column = 0; column < summary.columnCount(); ++column) {
-        EXPECT_FALSE(summary.item(0, column)->flags().testFlag(Qt::ItemIsEditable));
-        cells << summary.horizontalHeaderItem(column)->text() + "=" + summary.item(0, column)->text();
-    }
-    EXPECT_EQ(fromQt(cells.join('|')), "Samples planned=5.000|Samples recorded=5.120|Lost=1.234|Size=2 KB");
-    EXPECT_EQ(summary.verticalHeaderItem(0)->text(), "A");
-    EXPECT_EQ(summary.item(1, 0)->text(), "") << "not known";
-    const int high = summary.height();
+    look.take(view);
+    EXPECT_FALSE(view.summary().item(0, 0)->flags().testFlag(Qt::ItemIsEditable));
     held.instruments.resize(1);
     view.showEnd("/x/run.h5", held, {});
-    EXPECT_FALSE(shown(details));
-    EXPECT_EQ(high - summary.height(), 3 * summary.rowHeight(0)) << "four rows at most";
+    look.take(view);
+    look.compare("recording");
 }
 
 TEST_F(RecordingShownTest, EachAnswerToAQuestionAboutARecordingCountsAsWhatItSays)
@@ -181,6 +166,7 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     };
     auto dialog = make(1e15);
     dialog->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     auto* const name = dialog->findChild<QLineEdit*>();
     QPushButton* record = nullptr;
     for (QPushButton* const button : dialog->findChildren<QPushButton*>())
@@ -202,6 +188,7 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     EXPECT_TRUE(shows("931322,57 GB needed, ", true));
     name->setText("/nowhere/at/all.h5");
     EXPECT_TRUE(shows("931322,57 GB needed", false)) << "what is free is not known";
+    expectLook(*dialog, "record");
     dialog->accept();
     EXPECT_TRUE(shows("/nowhere/at does not exist", true));
     const std::pair<const char*, const char*> files[]{

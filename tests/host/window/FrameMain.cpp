@@ -1,6 +1,6 @@
 #include "host/toolkit/GuardedApplication.h"
+#include "look/Look.h"
 
-#include <QLocale>
 #include <cstdio>
 #include <gtest/gtest.h>
 
@@ -20,10 +20,10 @@ void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& mes
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLocale::setDefault(QLocale::c());
+    ko::test::fixEnvironment();
     qInstallMessageHandler(handleMessage);
     ko::GuardedApplication application(argc, argv);
+    ko::test::fixLook();
     // An unexpected message box would block the tests.
     application.showsFailures = false;
     testing::InitGoogleTest(&argc, argv);

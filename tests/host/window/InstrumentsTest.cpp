@@ -4,6 +4,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollBar>
 
 namespace ko::test {
@@ -52,6 +53,17 @@ TEST_F(InstrumentsTest, TheTreeShowsPresentValuesWithoutCallingAnInstrument)
     const auto calls = driver().calls().callCount();
     EXPECT_EQ(value({"Digitizer", "Timebase", "Sample period"}), "0.5 s");
     EXPECT_EQ(driver().calls().callCount(), calls);
+    tree.expandAll();
+    const auto seen = [&] {
+        QCoreApplication::processEvents();
+        return window.screen()->grabWindow(window.winId(), 0, 0, window.width(), window.height()).toImage();
+    };
+    window.driverLog().hide();
+    seen();
+    const QImage before = seen();
+    EXPECT_TRUE(seen() == before && !before.isNull());
+    driver().queryTimebase()->setDuration(7);
+    EXPECT_NE(seen(), before) << "shown after a call that nobody else has made";
     page().cmbSampleRate.userChose(0);
     page().cmbSampleRate.userChose(1);
     EXPECT_EQ(value({"Digitizer", "Timebase", "Sample period"}),

@@ -5,7 +5,9 @@
 
 namespace ko::test {
 
-/// Makes sizes independent of the machine: the Fusion style, and DejaVu Sans without hinting.
+/// Makes the look independent of the machine; to be called before there is an application.
+void fixEnvironment();
+/// The same for sizes, by the Fusion style and DejaVu Sans without hinting.
 void fixLook();
 
 /// The place of a part in its window.
@@ -20,6 +22,8 @@ inline QRect placeOf(const QWidget& part)
 class Look {
 public:
     void take(QWidget& window);
+    /// Adds a line for what was painted elsewhere, for example on a page of paper.
+    void add(const QString& name, const QRect& place, const QStringList& painted);
     /// Fails for each line that differs from the section of the file. With KO_UPDATE_LOOK=1 writes the section instead.
     void compare(const QString& section) const;
 
@@ -31,5 +35,8 @@ private:
     std::vector<Part> parts_;
     int states_ = 0;
 };
+
+/// Compares the window as it is, and larger and as small as it can be, with the section of this name.
+void expectLook(QWidget& window, const QString& section);
 
 } // namespace ko::test

@@ -1,11 +1,12 @@
-#include "widgets/Look.h"
+#include "look/Look.h"
 
-#include "widgets/Painted.h"
+#include "look/Painted.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QFontInfo>
+#include <QLocale>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
@@ -31,20 +32,32 @@ bool hasLine(const QWidget& widget)
     return !name.isEmpty() && !name.startsWith("qt_") && (!name.contains('(') || name.endsWith("(0)"));
 }
 
+/// Not of a dock behind others, which is placed beyond the left edge.
 template <class Visit> void eachPart(const QWidget& widget, const Visit& visit)
 {
     for (QObject* child : widget.children())
-        if (auto* part = qobject_cast<QWidget*>(child); part && part->isVisible() && !part->isWindow())
+        if (auto* part = qobject_cast<QWidget*>(child);
+            part && part->isVisible() && !part->isWindow() && part->geometry().right() >= 0)
             visit(*part);
+}
+
+/// What the Tab key leads to.
+QString afterTab(const QWidget& widget)
+{
+    const QWidget* next = widget.nextInFocusChain();
+    while (next != &widget && !(next->isVisible() && (next->focusPolicy() & Qt::TabFocus)))
+        next = next->nextInFocusChain();
+    return QString::fromLatin1(next->metaObject()->className()) + next->objectName() + next->accessibleName();
 }
 
 /// Notes what the widget paints and says, and each visible part of it that has no line.
 void note(QWidget& widget, QPoint at, NotingDevice& device)
 {
+    const QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&widget);
     device.notes.notes << widget.accessibleName() << widget.accessibleDescription() << widget.toolTip()
-                       << widget.statusTip() << QString::number(widget.focusPolicy())
+                       << widget.statusTip() << QString::number(widget.focusPolicy()) << afterTab(widget)
                        << QString::number(widget.autoFillBackground() ? widget.backgroundRole() : -1) << sizes(widget)
-                       << QString::number(QAccessible::queryAccessibleInterface(&widget)->role());
+                       << QString::number(spoken.role()) << (spoken.state().readOnly ? "read-only" : "");
     widget.render(&device, at, {}, {});
     eachPart(widget, [&](QWidget& part) {
         if (!hasLine(part))
@@ -84,6 +97,15 @@ void keep(const std::map<QString, QStringList>& sections)
 
 } // namespace
 
+void fixEnvironment()
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("LC_ALL", "C.UTF-8");
+    for (const char* const look : {"QT_FONT_DPI", "QT_SCALE_FACTOR", "QT_STYLE_OVERRIDE"})
+        qunsetenv(look);
+    QLocale::setDefault(QLocale::c());
+}
+
 void fixLook()
 {
     QFont font(QStringLiteral("DejaVu Sans"));
@@ -94,6 +116,20 @@ void fixLook()
     QApplication::setCursorFlashTime(0);
 }
 
+void Look::add(const QString& name, const QRect& place, const QStringList& painted)
+{
+    auto part = std::find_if(parts_.begin(), parts_.end(), [&](const Part& one) { return one.name == name; });
+    if (part == parts_.end())
+        part = parts_.insert(part, {name, name + QStringLiteral(" | -").repeated(states_), {}});
+    part->painted = painted;
+    part->line += QStringLiteral(" | %1,%2 %3x%4 %5")
+                      .arg(place.x())
+                      .arg(place.y())
+                      .arg(place.width())
+                      .arg(place.height())
+                      .arg(qChecksum(painted.join('\n').toUtf8()), 4, 16, QLatin1Char('0'));
+}
+
 void Look::take(QWidget& window)
 {
     for (int i = 0; i < 3; ++i)
@@ -101,20 +137,9 @@ void Look::take(QWidget& window)
     visit(window, [&](QWidget& widget) {
         if (!hasLine(widget))
             return;
-        const QString name = widget.objectName();
-        auto part = std::find_if(parts_.begin(), parts_.end(), [&](const Part& one) { return one.name == name; });
-        if (part == parts_.end())
-            part = parts_.insert(part, {name, name + QStringLiteral(" | -").repeated(states_), {}});
         NotingDevice device(window.size(), window.logicalDpiX());
         note(widget, {}, device);
-        part->painted = device.notes.notes;
-        const QRect place(widget.mapTo(&window, QPoint()), widget.size());
-        part->line += QStringLiteral(" | %1,%2 %3x%4 %5")
-                          .arg(place.x())
-                          .arg(place.y())
-                          .arg(place.width())
-                          .arg(place.height())
-                          .arg(qChecksum(part->painted.join('\n').toUtf8()), 4, 16, QLatin1Char('0'));
+        add(widget.objectName(), {widget.mapTo(&window, QPoint()), widget.size()}, device.notes.notes);
     });
     ++states_;
     for (Part& part : parts_)
@@ -138,6 +163,18 @@ void Look::compare(const QString& section) const
     for (const Part& part : parts_)
         EXPECT_TRUE(sections[section].contains(part.line)) << "now " << part.line.toStdString() << '\n'
                                                            << part.painted.mid(0, 30).join('\n').toStdString();
+}
+
+void expectLook(QWidget& window, const QString& section)
+{
+    if (window.objectName().isEmpty())
+        window.setObjectName(section);
+    Look look;
+    for (const QSize size : {window.size(), window.size() + QSize(150, 100), QSize(10, 10)}) {
+        window.resize(size);
+        look.take(window);
+    }
+    look.compare(section);
 }
 
 } // namespace ko::test
