@@ -1,5 +1,8 @@
 #include "FrameTest.h"
+#include "host/sheet/SheetPages.h"
 #include "host/sheet/SheetTexts.h"
+#include "look/Look.h"
+#include "look/Painted.h"
 
 #include <QFileInfo>
 #include <QPrinter>
@@ -52,6 +55,34 @@ TEST_F(FramePrintingTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsR
     }
     EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
+}
+
+TEST_F(FramePrintingTest, EachPageOfASheetHasItsPartAndItsNumber)
+{
+    ko::Setup setup;
+    setup.instruments.resize(100);
+    for (InstrumentSettings& instrument : setup.instruments) {
+        instrument.name = "Unit " + std::to_string(&instrument - setup.instruments.data());
+        instrument.timebase.emplace();
+    }
+    window.open(file("large.json", setupText(setup)));
+    NotingDevice paper(QSize(700, 1000), 96);
+    const SheetPages pages({page(), window.session().drivers(), "T", "large.json", false, {46347.5}, texts, locale},
+                           paper, QSizeF(700, 1000));
+    ASSERT_GT(pages.count(), 2);
+    Look look;
+    for (int i = 0; i < pages.count(); ++i) {
+        paper.notes = {};
+        QPainter painter(&paper);
+        pages.paint(painter, i);
+        const QStringList words = paper.notes.words();
+        EXPECT_EQ(words.mid(words.size() - 2).join('|'),
+                  QString("Set-up sheet  \u00b7  T  \u00b7  large.json  \u00b7  11/21/2026 12:00:00 PM|Page %1 of %2")
+                      .arg(QString::number(i + 1), QString::number(pages.count())));
+        EXPECT_LT(words.filter("Unit").size(), 60) << "a part of them";
+        look.add(QStringLiteral("page %1").arg(i + 1), {}, paper.notes.notes);
+    }
+    look.compare("sheet");
 }
 
 TEST_F(FramePrintingTest, TheSheetIsExportedAndNeverOverTheOpenSetup)

@@ -1,12 +1,16 @@
 #include "FrameTest.h"
 #include "HostileViews.h"
 #include "host/chart/ChartPanel.h"
+#include "host/chart/Sines.h"
 #include "host/docks/DriverLog.h"
 #include "host/docks/InstrumentGallery.h"
 #include "host/recording_view/RecordDialog.h"
+#include "look/Painted.h"
 
+#include <QHelpEvent>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QToolTip>
 
 namespace ko::test {
 namespace {
@@ -65,6 +69,7 @@ protected:
     void expectDialogs();
     void expectBoxes();
     void expectRecordings();
+    void expectChart();
 };
 
 void HostileTexts::expectDocks()
@@ -138,6 +143,26 @@ void HostileTexts::expectRecordings()
     EXPECT_EQ(views.shownIn(chart.latestValues(), HostileViews::Place::Lines, chart), 1);
 }
 
+void HostileTexts::expectChart()
+{
+    StripChart& chart = window.recording().chart().chart();
+    const auto source = std::make_shared<Sines>(1, 0.001, 1000);
+    source->described[0].instrumentName = text;
+    ArmedChannel& channel = source->described[0].channel;
+    channel.name = channel.address = channel.unit = text;
+    source->now.markers = {{0.5, text.substr(0, Marker::textSize)}};
+    chart.show(source, false);
+    QStringList drawn = paintedBy(*chart.viewport()).words();
+    for (const QString& word : drawn)
+        views.expectShown(word, HostileViews::Place::Line, chart);
+    EXPECT_EQ(drawn.filter(hostileBegin).size(), 4) << "name, unit, instrument and marker";
+    const QPoint row(9, chart.viewport()->height() / 2);
+    QHelpEvent event(QEvent::ToolTip, row, chart.viewport()->mapToGlobal(row));
+    QApplication::sendEvent(chart.viewport(), &event);
+    views.expectPlainTip(QToolTip::text(), chart);
+    EXPECT_EQ(QToolTip::text().count(hostileBegin), 5) << "twice with the unit";
+}
+
 TEST_P(HostileTexts, AreShownPlainAndBoundedInEveryViewTipAndDialog)
 {
     open();
@@ -145,6 +170,7 @@ TEST_P(HostileTexts, AreShownPlainAndBoundedInEveryViewTipAndDialog)
     expectDialogs();
     expectBoxes();
     expectRecordings();
+    expectChart();
     auto* recent = window.findChild<QMenu*>("recentFiles");
     emit recent->aboutToShow();
     walk();
