@@ -1,15 +1,13 @@
-#include "Soon.h"
+#include "InDialog.h"
 #include "fakes/FakePlatform.h"
 #include "widgets/services/QtServices.h"
 #include "widgets/support/PlainText.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QLabel>
 #include <QScreen>
 #include <QStyle>
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace ko::test {
 namespace {
@@ -66,18 +64,15 @@ TEST(QtMessageBox, ShowsTextTitleAndIconAndWaitsForTheAnswer)
     for (const auto& [style, icon] : {std::pair(messageStyle::exclamation, QMessageBox::Warning),
                                       std::pair(messageStyle::information, QMessageBox::Information),
                                       std::pair(messageStyle::plain, QMessageBox::NoIcon)}) {
-        bool seen = false;
-        const Soon soon([&, wanted = icon] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            seen = box->icon() == wanted && box->text() == "<b>1 < 2</b>" && box->textFormat() == Qt::PlainText &&
-                   box->standardButtons() == QMessageBox::Ok && box->parentWidget() == &owner;
-            for (const QLabel* part : box->findChildren<QLabel*>())
+        const InDialog accept([&, wanted = icon](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), wanted);
+            EXPECT_EQ(box.text(), "<b>1 < 2</b>");
+            EXPECT_TRUE(box.standardButtons() == QMessageBox::Ok && box.parentWidget() == &owner);
+            for (const QLabel* part : box.findChildren<QLabel*>())
                 EXPECT_EQ(part->textFormat(), Qt::PlainText);
-            box->accept();
+            box.accept();
         });
         boxes.show("<b>1 < 2</b>", "Title", style);
-        EXPECT_TRUE(seen) << style;
     }
     const PlainBox longer(QMessageBox::NoIcon, "Title", "Text", "<b>more</b>", QMessageBox::Ok, nullptr);
     EXPECT_EQ(longer.informativeText(), "<b>more</b>");

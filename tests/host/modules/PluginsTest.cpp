@@ -4,7 +4,6 @@
 #include "host/modules/Modules.h"
 
 #include <cstdlib>
-#include <fstream>
 
 namespace ko {
 namespace {

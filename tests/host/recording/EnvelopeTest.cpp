@@ -1,7 +1,6 @@
 #include "host/recording/Envelope.h"
 #include "Recorded.h"
 
-#include <cmath>
 #include <random>
 
 namespace ko::test {

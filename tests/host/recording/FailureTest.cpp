@@ -2,8 +2,6 @@
 #include "host/recording/BlockQueue.h"
 #include "host/recording/RecordingTexts.h"
 
-#include <cmath>
-
 namespace ko::test {
 namespace {
 

@@ -8,7 +8,6 @@
 
 #include <future>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace ko::test {
 namespace {

@@ -4,7 +4,6 @@
 #include "host/setup/SetupFile.h"
 #include "platform/DateTimes.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <rapidcheck/gtest.h>
 

@@ -1,9 +1,7 @@
 #include "fakes/Folder.h"
 #include "host/scenario/PlayedScenario.h"
 
-#include <fstream>
 #include <set>
-#include <sstream>
 
 namespace ko {
 namespace {

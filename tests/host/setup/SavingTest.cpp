@@ -6,9 +6,6 @@
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
-#include <fstream>
-#include <unistd.h>
-
 namespace ko::test {
 namespace {
 

@@ -3,8 +3,6 @@
 #include "host/support/InputError.h"
 #include "interfaces/Timebase.h"
 
-#include <fstream>
-
 namespace ko::test {
 namespace {
 

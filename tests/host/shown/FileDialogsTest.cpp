@@ -22,14 +22,12 @@ protected:
     /// Chooses this file in the dialog that `ask` opens; cancels it if the name is empty.
     template <class Ask> auto chosen(const QString& name, const Ask& ask)
     {
-        const Soon choose([this, name] {
-            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            shown = dialog->windowTitle() + u'|' + dialog->nameFilters().join(u';') + u'|' + dialog->defaultSuffix() +
-                    (dialog->acceptMode() == QFileDialog::AcceptSave ? "|save|" : "|open|") +
-                    QFileInfo(dialog->selectedFiles().value(0)).fileName();
-            dialog->selectFile(toQt(folder.file(fromQt(name))));
-            name.isEmpty() ? dialog->reject() : static_cast<QDialog*>(dialog)->accept();
+        const InDialog<QFileDialog> choose([this, name](QFileDialog& dialog) {
+            shown = dialog.windowTitle() + u'|' + dialog.nameFilters().join(u';') + u'|' + dialog.defaultSuffix() +
+                    (dialog.acceptMode() == QFileDialog::AcceptSave ? "|save|" : "|open|") +
+                    QFileInfo(dialog.selectedFiles().value(0)).fileName();
+            dialog.selectFile(toQt(folder.file(fromQt(name))));
+            name.isEmpty() ? dialog.reject() : static_cast<QDialog&>(dialog).accept();
         });
         return ask();
     }
@@ -59,37 +57,35 @@ TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
 TEST_F(FileDialogsTest, TheUserIsAskedInBoxesThatNameTheFile)
 {
     BoxQuestions boxes(window, window.session(), texts, locale);
-    /// Presses the standard button or the one with the text; rejects the box that has neither.
+    // Presses the standard button or the one with the text; rejects the box that has neither.
     const auto press = [&](int text, QMessageBox::StandardButton standard = QMessageBox::Help) {
-        return [this, text, standard] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            EXPECT_TRUE(box->text().contains("bench.json"));
-            for (QAbstractButton* button : box->buttons())
-                if (button->text() == window.text(text) || box->standardButton(button) == standard)
+        return [this, text, standard](QMessageBox& box) {
+            EXPECT_TRUE(box.text().contains("bench.json"));
+            for (QAbstractButton* button : box.buttons())
+                if (button->text() == window.text(text) || box.standardButton(button) == standard)
                     return button->click();
-            box->reject();
+            box.reject();
         };
     };
     for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
                                          {QMessageBox::Discard, Unsaved::Discard},
                                          {QMessageBox::Cancel, Unsaved::Cancel}}) {
-        const Soon soon(press(hostText::product, button));
+        const InDialog answer(press(hostText::product, button));
         EXPECT_EQ(boxes.keepChanges(), result);
     }
     for (const auto& [text, result] : {std::pair{hostText::overwrite, Conflict::Overwrite},
                                        {hostText::saveAs, Conflict::SaveElsewhere},
                                        {hostText::reload, Conflict::Reload},
                                        {hostText::product, Conflict::Cancel}}) {
-        const Soon soon(press(text));
+        const InDialog answer(press(text));
         EXPECT_EQ(boxes.settleConflict(), result);
     }
     for (const auto& [text, result] : {std::pair{hostText::reload, true}, {hostText::product, false}}) {
-        const Soon soon(press(text));
+        const InDialog answer(press(text));
         EXPECT_EQ(boxes.reload(), result);
     }
     for (const auto& [text, result] : {std::pair{textNumber::recent::remove, true}, {hostText::product, false}}) {
-        const Soon soon(press(text));
+        const InDialog answer(press(text));
         EXPECT_EQ(boxes.forget("bench.json"), result);
     }
 }

@@ -2,7 +2,6 @@
 #include "host/docks/DriverLog.h"
 #include "host/docks/FaultDialog.h"
 #include "host/docks/InstrumentGallery.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/docks/Reports.h"
 #include "host/properties/PropertiesDialog.h"
 #include "host/setup/SetupTemplates.h"
@@ -14,7 +13,6 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextBrowser>
-#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
@@ -112,12 +110,10 @@ TEST_F(LookTest, TheDialogs)
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
         expectLook(*dialog, section);
     }
-    const Soon about([] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        box->setText("version");
-        expectLook(*box, "about");
-        box->accept();
+    const InDialog about([](QMessageBox& box) {
+        box.setText("version");
+        expectLook(box, "about");
+        box.accept();
     });
     action(hostText::helpMenu, hostText::about).trigger();
 }

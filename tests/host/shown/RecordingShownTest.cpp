@@ -46,15 +46,13 @@ protected:
     /// Presses a button of the box that `ask` opens, by its place, or Escape if it is negative.
     template <class Ask> auto answered(int place, std::string& shown, const Ask& ask)
     {
-        const Soon press([&] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            shown = fromQt(box->text() + u'|' + box->informativeText());
-            QList<QAbstractButton*> buttons = box->buttons();
+        const InDialog press([&](QMessageBox& box) {
+            shown = fromQt(box.text() + u'|' + box.informativeText());
+            QList<QAbstractButton*> buttons = box.buttons();
             std::sort(buttons.begin(), buttons.end(), [](auto* a, auto* b) { return a->text() < b->text(); });
             for (const QAbstractButton* const button : buttons)
-                shown += "|" + fromQt(button->text()) + (button == box->defaultButton() ? "*" : "");
-            place < 0 ? QTest::keyClick(box, Qt::Key_Escape) : buttons.at(place)->click();
+                shown += "|" + fromQt(button->text()) + (button == box.defaultButton() ? "*" : "");
+            place < 0 ? QTest::keyClick(&box, Qt::Key_Escape) : buttons.at(place)->click();
         });
         return ask();
     }

@@ -8,7 +8,6 @@
 #include <QLayout>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTimer>
 #include <map>
 #include <optional>
 

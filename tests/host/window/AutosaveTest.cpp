@@ -245,11 +245,9 @@ TEST_F(AutosaveTest, NothingElseIsWrittenToAFileThatTheWindowItselfUses)
     for (const auto& [file, use] : used) {
         const std::string reason = file + ": is " + use;
         QString told;
-        const Soon accept([&] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            told = box->informativeText();
-            box->accept();
+        const InDialog accept([&](QMessageBox& box) {
+            told = box.informativeText();
+            box.accept();
         });
         user.sheet = user.saveAs = file;
         window->printing().exportSheet(window->files().questions());

@@ -136,10 +136,8 @@ TEST_F(DevicesTest, TheGalleryAddsAFoundDeviceAsOneStepThatClosesItWhenUndone)
     action(hostText::viewMenu, hostText::instruments).trigger();
     window.session().begin("empty");
     show();
-    const Soon choose([] {
-        auto* const gallery = dynamic_cast<InstrumentGallery*>(QApplication::activeModalWidget());
-        ASSERT_NE(gallery, nullptr);
-        auto& list = *gallery->findChild<QListWidget*>();
+    const InDialog<InstrumentGallery> choose([](InstrumentGallery& gallery) {
+        auto& list = *gallery.findChild<QListWidget*>();
         ASSERT_TRUE(QTest::qWaitFor([&] { return list.item(list.count() - 1)->text().contains("broken.so"); }));
         EXPECT_FALSE(list.item(list.count() - 1)->flags().testFlag(Qt::ItemIsEnabled));
         list.setCurrentRow(list.count() - 3);

@@ -16,22 +16,6 @@ const char* const triggeredBench = R"({"drivers": [
        {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}}]})";
 
-/// Boxes, but the file to record is known.
-class Recorded : public BoxQuestions {
-public:
-    Recorded(FrameWindow& window, std::string file)
-        : BoxQuestions(
-              window, window.session(), [&window](int number) { return window.text(number); }, usual),
-          file_(std::move(file))
-    {
-    }
-    std::string fileToRecord(const RecordOffer&) override { return file_; }
-
-private:
-    inline static const Locale usual;
-    std::string file_;
-};
-
 /// A window on a set-up. The window or its contents are ended while one of its boxes, dialogs or menus is open.
 struct Desk {
     const Folder folder;
@@ -167,10 +151,9 @@ const Opening openings[] = {
     {"FileToSave", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::saveAs); }},
     {"Overwritten",
      [](Desk& desk) {
-         const Soon accept([&] {
-             auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-             files->selectFile(toQt(desk.setup));
-             static_cast<QDialog*>(files)->accept();
+         const InDialog<QFileDialog> accept([&](QFileDialog& files) {
+             files.selectFile(toQt(desk.setup));
+             static_cast<QDialog&>(files).accept();
          });
          desk.choose(hostText::fileMenu, hostText::saveAs);
      },
@@ -209,7 +192,7 @@ const Opening openings[] = {
     {"StopMonitor", [](Desk& desk) { desk.window->recording().monitor(), desk.window->close(); }},
     {"StopRecording",
      [](Desk& desk) {
-         desk.window->files().setQuestions(std::make_unique<Recorded>(*desk.window, desk.folder.file("a.h5")));
+         desk.window->files().setQuestions(std::make_unique<RecordsTo>(*desk.window, desk.folder.file("a.h5")));
          desk.window->recording().record();
          desk.window->close();
      }},

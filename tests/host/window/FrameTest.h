@@ -6,10 +6,9 @@
 #include "host/setup/SetupWriter.h"
 #include "host/support/HostTexts.h"
 #include "host/window/FrameWindow.h"
-#include "widgets/Soon.h"
+#include "widgets/InDialog.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -20,7 +19,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -112,6 +110,22 @@ private:
     Decided& user_;
 };
 
+/// Message boxes and dialogs, but the file to record is known.
+class RecordsTo : public BoxQuestions {
+public:
+    explicit RecordsTo(FrameWindow& window, std::string file = {})
+        : BoxQuestions(
+              window, window.session(), [&window](int number) { return window.text(number); }, usual),
+          file_(std::move(file))
+    {
+    }
+    std::string fileToRecord(const RecordOffer&) override { return file_; }
+
+private:
+    inline static const Locale usual;
+    std::string file_;
+};
+
 /// The frame window, with questions answered by `Decided` instead of message boxes.
 class FrameTest : public testing::Test {
 protected:
@@ -159,16 +173,14 @@ protected:
     /// Confirms the next message box and stores its texts.
     void answer(QString& told)
     {
-        answer_.emplace([&told] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            told = box->text() + u'\n' + box->informativeText();
-            box->accept();
+        answer_.emplace([&told](QMessageBox& box) {
+            told = box.text() + u'\n' + box.informativeText();
+            box.accept();
         });
     }
 
 private:
-    std::optional<Soon> answer_;
+    std::optional<InDialog<>> answer_;
 };
 
 } // namespace ko::test

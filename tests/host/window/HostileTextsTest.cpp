@@ -44,11 +44,9 @@ protected:
     {
         SCOPED_TRACE(what);
         const int before = walk();
-        const Soon look([&] {
+        const InDialog<QDialog> look([&](QDialog& dialog) {
             EXPECT_GT(walk(), before);
-            QWidget* const top = QApplication::activeModalWidget();
-            ASSERT_NE(top, nullptr);
-            top->close();
+            dialog.close();
         });
         act();
         QCoreApplication::processEvents();
@@ -118,11 +116,10 @@ void HostileTexts::expectBoxes()
     expectShownBy("damaged", [&] { boxes.tellDamagedCopy(text, text); });
     for (const auto& ask : std::initializer_list<std::function<void()>>{
              [&] { boxes.keepChanges(); }, [&] { boxes.settleConflict(); }, [&] { boxes.reload(); }}) {
-        const Soon look([this] {
+        const InDialog look([this](QMessageBox& box) {
             walk();
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            EXPECT_TRUE(box->text().contains(hostileBegin));
-            box->close();
+            EXPECT_TRUE(box.text().contains(hostileBegin));
+            box.close();
         });
         ask();
     }

@@ -28,12 +28,10 @@ protected:
     /// Inserts an instrument of the kind at this place in the gallery.
     void insert(int kind)
     {
-        const Soon choose([kind] {
-            QWidget* const gallery = QApplication::activeModalWidget();
-            ASSERT_NE(gallery, nullptr);
+        const InDialog<QDialog> choose([kind](QDialog& gallery) {
             for (int i = 0; i < kind; ++i)
-                QTest::keyClick(gallery->findChild<QListWidget*>(), Qt::Key_Down);
-            QTest::keyClick(gallery, Qt::Key_Return);
+                QTest::keyClick(gallery.findChild<QListWidget*>(), Qt::Key_Down);
+            QTest::keyClick(&gallery, Qt::Key_Return);
         });
         press(Qt::Key_Insert);
         activate();

@@ -96,11 +96,9 @@ TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrument
          "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]},
         {"name": "B", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5},
          "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})");
-    const Soon choose([] {
-        QWidget* const dialog = QApplication::activeModalWidget();
-        ASSERT_NE(dialog, nullptr);
+    const InDialog<QDialog> choose([](QDialog& dialog) {
         for (const char* const button : {"optStartTrig(5)", "optScanTrig(6)", "btnOK"})
-            dialog->findChild<QAbstractButton*>(button)->click();
+            dialog.findChild<QAbstractButton*>(button)->click();
     });
     page().mnuTimebaseTriggerLines.userClicked();
     page().optStartTime.userClicked();

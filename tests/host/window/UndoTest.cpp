@@ -67,11 +67,7 @@ TEST_F(UndoTest, KeysUndoAndRedoEditsAndTheMarkFollowsTheSavedState)
     undo();
     EXPECT_TRUE(window.isWindowModified()) << "other than saved";
     enter(page().txtDuration, "26");
-    const Soon discard([] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        box->button(QMessageBox::Discard)->click();
-    });
+    const InDialog discard([](QMessageBox& box) { box.button(QMessageBox::Discard)->click(); });
     action(hostText::fileMenu, textNumber::history::revert).trigger();
     EXPECT_FALSE(window.isWindowModified()) << "read from the file, because no step leads to the saved state";
 }
