@@ -51,7 +51,9 @@ void GridBinding::reportSize()
     const QScrollBar* bar = table_.verticalScrollBar();
     const int width = table_.viewport()->width() + (bar->isVisible() ? bar->width() : 0);
     grid_.setInnerWidth(toTwips(table_, width));
-    grid_.setVisibleRows(table_.viewport()->height() / table_.verticalHeader()->defaultSectionSize());
+    // A style may know no height.
+    const int rowHeight = std::max(table_.verticalHeader()->defaultSectionSize(), 1);
+    grid_.setVisibleRows(table_.viewport()->height() / rowHeight);
 }
 
 /// Returns whether this object still exists afterwards.
@@ -67,7 +69,7 @@ bool GridBinding::edited(int row, const QString& text)
 /// Activates the value cell of a row. Returns whether this object still exists afterwards.
 bool GridBinding::open(int row)
 {
-    if (row < 1 || !grid_.isEditable(row))
+    if (!grid_.isEditable(row))
         return true;
     if (const QCheckBox* check = cells_.check(row))
         return edited(row, GridCells::checkText(!check->isChecked()));

@@ -23,7 +23,9 @@ QScreen* screenAtCursor()
 double twipsPerPixel(double (QScreen::*dotsPerInch)() const)
 {
     const QScreen* screen = screenAtCursor();
-    return screen ? twipsPerInch / (screen->*dotsPerInch)() : 15.0;
+    const double dots = screen ? (screen->*dotsPerInch)() : 0.0;
+    // A screen may know no resolution.
+    return dots > 0.0 ? twipsPerInch / dots : 15.0;
 }
 
 } // namespace
