@@ -34,7 +34,7 @@ TEST(RecordingPlanTest, SamplesAreRaisedToWholeBlocksAndScansAreTheDrivers)
     }
 }
 
-TEST(RecordingPlanTest, BytesAreToldInTheUnitThatReadsBest)
+TEST(RecordingTextsTest, BytesHaveTheUnitThatReadsBest)
 {
     for (const auto& [bytes, text] : {std::pair(1023.0, "1023 bytes"),
                                       {1024.0, "1.0 KB"},
