@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
 #include <QFontInfo>
 #include <QLocale>
@@ -54,10 +55,14 @@ QString afterTab(const QWidget& widget)
 void note(QWidget& widget, QPoint at, NotingDevice& device)
 {
     const QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&widget);
-    device.notes.notes << widget.accessibleName() << widget.accessibleDescription() << widget.toolTip()
-                       << widget.statusTip() << QString::number(widget.focusPolicy()) << afterTab(widget)
+    device.notes.notes << widget.windowTitle() << widget.accessibleName() << widget.accessibleDescription()
+                       << widget.toolTip() << widget.statusTip() << QString::number(widget.focusPolicy())
+                       << afterTab(widget)
                        << QString::number(widget.autoFillBackground() ? widget.backgroundRole() : -1) << sizes(widget)
                        << QString::number(spoken.role()) << (spoken.state().readOnly ? "read-only" : "");
+    if (const auto* list = qobject_cast<const QComboBox*>(&widget))
+        for (int i = 0; i < list->count(); ++i)
+            device.notes.notes << list->itemText(i);
     widget.render(&device, at, {}, {});
     eachPart(widget, [&](QWidget& part) {
         if (!hasLine(part))

@@ -1,5 +1,5 @@
-#include "look/Painted.h"
 #include "fakes/Thrown.h"
+#include "look/Painted.h"
 #include "platform/Form.h"
 #include "widgets/services/QtServices.h"
 

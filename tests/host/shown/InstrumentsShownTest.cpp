@@ -1,4 +1,5 @@
 #include "host/docks/CallText.h"
+#include "host/docks/FaultDialog.h"
 #include "host/window/FrameTest.h"
 
 namespace ko::test {
@@ -108,6 +109,29 @@ TEST_F(InstrumentsShownTest, AValueOfACallReadsAsItsTypeInTheLocale)
     };
     for (const auto& [value, text] : cases)
         EXPECT_EQ(fromQt(callText(value, texts, german)), text);
+}
+
+TEST_F(InstrumentsShownTest, TheFaultsOfAnInstrumentAreThoseOfTheViewsThatItHas)
+{
+    const std::tuple<const char*, const char*, const char*> cases[]{
+        {"false", "NumberOfScans", ""},
+        {R"(false, "timebase": {})", "SamplePeriod set; ", "; StartMode set; "},
+        {"true", "GetTriggerParamCount; ", "; GetTriggerGroupName; "},
+        {R"(false, "triggerLines": {})", "StartMasterRank get; ", "; StartLinesAsListener get; "}};
+    for (const auto& [members, first, last] : cases) {
+        const std::string named = R"({"drivers": [{"name": "A", "failing": ["GroupName"], "hasTriggerParameters": )";
+        const auto drivers = makeDrivers(parseSetup(named + members + "}]}", ""));
+        const FaultDialog dialog(texts, *drivers[0], &window);
+        const auto& list = *dialog.findChild<QListWidget*>();
+        std::string boxes;
+        for (int i = 0; i < list.count(); ++i)
+            boxes += fromQt(list.item(i)->text()) + (list.item(i)->checkState() ? " [x]; " : "; ");
+        EXPECT_TRUE(boxes.starts_with("GroupCount; ChannelCount; ChannelAttribute; MeasurementMode; SamplingMode; "
+                                      "DriverName; GroupName [x]; " +
+                                      std::string(first)))
+            << boxes;
+        EXPECT_TRUE(boxes.ends_with(last + std::string("NumberOfScans; DynamicBytes; "))) << boxes;
+    }
 }
 
 } // namespace

@@ -30,9 +30,12 @@ protected:
     void openBench()
     {
         window.open(file("bench.json", R"({"drivers": [
-            {"name": "Digitizer", "hasTriggerParameters": true, "failing": ["StopMode get"], "triggerLines": {},
-             "timebase": {"samplePeriod": {"value": 0.5, "choices": [0.25, 0.5]}},
+            {"name": "Digitizer", "hasTriggerParameters": true, "failing": ["StopMode get"],
+             "triggerLines": {"startMasterRank": 1, "startLinesAsMaster": [1, 2]},
+             "timebase": {"samplePeriod": {"value": 0.5, "choices": [0.25, 0.5], "range": [0.1, 2], "keeps": "clamp"}},
              "groups": [{"name": "In", "channels": [{"address": "0:1", "name": "Crank", "unit": "V", "range": [-5, 5],
+                 "signal": {"shape": "square", "frequency": 50, "amplitude": 2, "offset": 1, "phase": 0.5,
+                            "noise": 0.1, "seed": 3},
                  "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1.5}]},
                  {"address": "0:2", "enabled": 0}]}]},
             {"name": "Scanner", "samplingMode": 2, "timebase": {}},

@@ -1,4 +1,7 @@
+#include "host/properties/PropertiesDialog.h"
 #include "host/window/FrameTest.h"
+
+#include <QRegularExpression>
 
 namespace ko::test {
 namespace {
@@ -30,7 +33,7 @@ std::string described(const QList<QAction*>& actions)
     return lines;
 }
 
-/// The menus and the actions of the docks' lists.
+/// The menus, the actions of the docks' lists and the hints.
 class MenusShownTest : public FrameTest {
 protected:
     std::string menus()
@@ -114,6 +117,25 @@ Reports: Time Instrument Failure Reported by
     EXPECT_EQ(listOf(tree).find('-'), listOf(tree).find("Source [Ctrl+T]-") + 15) << "no other is disabled";
     tree.setCurrentIndex(window.instruments().model().indexOf({0, 0, 0}));
     EXPECT_EQ(listOf(tree).find('-'), std::string::npos);
+}
+
+TEST_F(MenusShownTest, EveryHintOfTheWindowIsShownWhereItHelps)
+{
+    open(oneInstrument);
+    const PropertiesDialog properties(texts, locale, driver().settings(), false, &window);
+    QStringList shown;
+    for (const QObject* const object : window.findChildren<QObject*>())
+        for (const char* const property : {"toolTip", "statusTip", "placeholderText", "accessibleDescription"})
+            shown << object->property(property).toString();
+    QFile names(QT_TESTCASE_SOURCEDIR "/../../../src/support/TextNames.txt");
+    ASSERT_TRUE(names.open(QIODevice::ReadOnly));
+    // Those of questions and of the page are not the window's.
+    const QRegularExpression own(
+        "^3(?!.*(conflict|replace|start|escape|setAll)H).*([hH]int| keys| markerText| filter)$");
+    const QStringList hints = QString(names.readAll()).split('\n').filter(own);
+    EXPECT_GT(hints.size(), 10);
+    for (const QString& hint : hints)
+        EXPECT_TRUE(shown.contains(texts(hint.left(4).toInt()))) << fromQt(hint);
 }
 
 } // namespace

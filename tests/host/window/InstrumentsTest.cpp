@@ -54,16 +54,20 @@ TEST_F(InstrumentsTest, TheTreeShowsPresentValuesWithoutCallingAnInstrument)
     EXPECT_EQ(value({"Digitizer", "Timebase", "Sample period"}), "0.5 s");
     EXPECT_EQ(driver().calls().callCount(), calls);
     tree.expandAll();
+    window.driverLog().hide();
+    const QWidget& rowsSeen = *tree.viewport();
     const auto seen = [&] {
         QCoreApplication::processEvents();
-        return window.screen()->grabWindow(window.winId(), 0, 0, window.width(), window.height()).toImage();
+        const QPoint at = rowsSeen.mapTo(&window, QPoint());
+        return window.screen()->grabWindow(window.winId(), at.x(), at.y(), rowsSeen.width(), rowsSeen.height());
     };
-    window.driverLog().hide();
-    seen();
-    const QImage before = seen();
-    EXPECT_TRUE(seen() == before && !before.isNull());
+    QImage before;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        const QImage last = std::exchange(before, seen().toImage());
+        return !last.isNull() && last == before;
+    }));
     driver().queryTimebase()->setDuration(7);
-    EXPECT_NE(seen(), before) << "shown after a call that nobody else has made";
+    EXPECT_NE(seen().toImage(), before) << "shown after a call that nobody else has made";
     page().cmbSampleRate.userChose(0);
     page().cmbSampleRate.userChose(1);
     EXPECT_EQ(value({"Digitizer", "Timebase", "Sample period"}),
