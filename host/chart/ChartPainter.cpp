@@ -142,11 +142,11 @@ void ChartPainter::paintMark(const ChartPlot& plot, double time, const QString& 
         return;
     painter_.setPen(QPen(palette_.color(QPalette::Text), 1.0, style));
     painter_.drawLine(QPointF(x, layout_.line * 0.8), QPointF(x, layout_.plots().bottom()));
-    const double width = QFontMetricsF(painter_.font()).horizontalAdvance(name) + 4.0;
+    const double width = std::min(QFontMetricsF(painter_.font()).horizontalAdvance(name) + 4.0, layout_.width / 3.0);
     const QRectF label(std::min(x + 3.0, layout_.width - width), 0.0, width, layout_.line);
     if (label.left() < labelEnd_)
         return;
-    painter_.drawText(label, Qt::AlignLeft | Qt::TextSingleLine, name);
+    text(label, Qt::AlignLeft, name);
     labelEnd_ = label.right() + 4.0;
 }
 

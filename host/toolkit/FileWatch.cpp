@@ -10,8 +10,8 @@ namespace ko {
 
 FileWatch::FileWatch(std::function<void()> changed) : changed_(std::move(changed))
 {
-    onSignal(&watcher_, &QFileSystemWatcher::fileChanged, this, [this] { look(true); });
-    onSignal(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { look(false); });
+    onSignal(&watcher_, &QFileSystemWatcher::fileChanged, this, [this] { look(); });
+    onSignal(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { look(); });
 }
 
 void FileWatch::watch(const std::string& file)
@@ -22,27 +22,18 @@ void FileWatch::watch(const std::string& file)
         return file_.clear();
     const QFileInfo info(toQt(file));
     file_ = info.absoluteFilePath();
-    last_ = stamp();
     if (!file.empty() && fromQt(toQt(file)) == file)
         watcher_.addPaths({file_, info.absolutePath()});
 }
 
-FileWatch::Stamp FileWatch::stamp() const
-{
-    const QFileInfo info(file_);
-    return {info.exists(), info.size(), info.lastModified()};
-}
-
-/// The path is added again, because the watcher may still watch a file that has been replaced.
-void FileWatch::look(bool isCertain)
+/// The path is added again, because the watcher may still watch a file that has been replaced. Size and time do not
+/// tell that it has: a file system may give the same time to two changes within some milliseconds.
+void FileWatch::look()
 {
     watcher_.removePath(file_);
-    const Stamp now = stamp();
-    if (now.exists)
+    if (QFileInfo::exists(file_))
         watcher_.addPath(file_);
-    if (isCertain || now != last_)
-        later(*this, changed_);
-    last_ = now;
+    later(*this, changed_);
 }
 
 } // namespace ko

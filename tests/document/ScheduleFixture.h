@@ -1,7 +1,6 @@
 #pragma once
 
 #include "fakes/DocumentTest.h"
-#include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 
 namespace ko::test {

@@ -1,6 +1,5 @@
 #include "fakes/DocumentTest.h"
 
-#include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 
 #include <cmath>

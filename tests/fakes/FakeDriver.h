@@ -5,13 +5,10 @@
 #include "interfaces/Timebase.h"
 #include "interfaces/TriggerLines.h"
 #include "interfaces/TriggerParameters.h"
-#include "platform/Failure.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <set>
-#include <string>
 #include <vector>
 
 namespace ko::test {

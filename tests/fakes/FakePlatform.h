@@ -3,13 +3,9 @@
 #include "fakes/FaultGate.h"
 #include "interfaces/ClientSite.h"
 #include "platform/DateTimes.h"
-#include "platform/Failure.h"
 #include "platform/Form.h"
 #include "platform/Services.h"
 
-#include <functional>
-#include <string>
-#include <utility>
 #include <vector>
 
 namespace ko::test {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 #include <unistd.h>
@@ -22,6 +23,12 @@ public:
     Folder& operator=(const Folder&) = delete;
 
     [[nodiscard]] std::string file(const std::string& name) const { return (path / name).string(); }
+    /// Writes a file and returns its path.
+    std::string file(const std::string& name, std::string_view content) const
+    {
+        std::ofstream(path / name, std::ios::binary) << content;
+        return file(name);
+    }
 
     const std::filesystem::path path;
 };

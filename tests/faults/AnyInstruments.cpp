@@ -1,6 +1,5 @@
 #include "faults/AnyUser.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 

@@ -4,11 +4,8 @@
 #include "fakes/FakeDriver.h"
 #include "fakes/FakePlatform.h"
 
-#include <functional>
 #include <memory>
 #include <ostream>
-#include <string>
-#include <vector>
 
 namespace ko::test {
 

@@ -4,8 +4,6 @@
 
 #include <iostream>
 #include <limits>
-#include <map>
-#include <set>
 
 namespace ko::test {
 

@@ -1,6 +1,5 @@
 #include "faults/Bench.h"
 
-#include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "triggering/TriggerParameter.h"
 

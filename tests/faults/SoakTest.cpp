@@ -1,11 +1,9 @@
 #include "faults/AnyUser.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <malloc.h>
-#include <new>
 
 namespace {
 

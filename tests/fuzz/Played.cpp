@@ -5,7 +5,6 @@
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 

@@ -1,6 +1,6 @@
 #include "platform/DateTimes.h"
 
-#include "platform/Failing.h"
+#include "fakes/Thrown.h"
 #include "platform/Locales.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "platform/NumberText.h"
 
-#include "platform/Failing.h"
+#include "fakes/Thrown.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

@@ -1,7 +1,6 @@
 #include "schedule/Plan.h"
 
 #include "fakes/SectionTest.h"
-#include "platform/DateTimes.h"
 #include "support/Phrases.h"
 
 #include <fstream>

@@ -1,7 +1,6 @@
 #include "schedule/Recording.h"
 
 #include "fakes/SectionTest.h"
-#include "platform/DateTimes.h"
 
 namespace ko::test {
 namespace {

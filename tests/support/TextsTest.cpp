@@ -1,7 +1,7 @@
 #include "fakes/FakePlatform.h"
+#include "fakes/Thrown.h"
 #include "platform/CaptionControls.h"
 #include "platform/ComboBox.h"
-#include "platform/Failing.h"
 #include "platform/Grid.h"
 #include "platform/TextBox.h"
 #include "support/LocaleSettings.h"
@@ -45,12 +45,8 @@ TEST(StringTableTest, ALineThatCannotBeUnderstoodIsNamed)
 {
     for (const char* line : {"seconds", "1109 seconds", "1109 \"", "1109\"x\"", "1109  \"x\"", "-5 \"x\"",
                              "\357\273\2771109 \"x\"", "1109 \"x\" y", "99999999999 \"x\"", " 1109 \"x\""}) {
-        try {
-            const StringTable table(std::string("1109 \"ok\"\n") + line);
-            ADD_FAILURE() << line;
-        } catch (const Failure& failure) {
-            EXPECT_NE(std::string(failure.what()).find("line 2"), std::string::npos) << failure.what();
-        }
+        const std::string reason = thrownBy([&] { return StringTable(std::string("1109 \"ok\"\n") + line); });
+        EXPECT_NE(reason.find("line 2"), std::string::npos) << line << ": " << reason;
     }
 }
 

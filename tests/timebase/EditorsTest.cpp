@@ -1,4 +1,5 @@
 #include "fakes/DocumentTest.h"
+#include "page/Quantities.h"
 
 namespace ko::test {
 namespace {
@@ -171,6 +172,39 @@ TEST_F(Editors, HintsWithRangesAreGivenForTheStaticBoxesOnly)
         ASSERT_TRUE(page().moveFocus(box));
     EXPECT_EQ(host.hints, (Texts{"", "", "", "", "  A valid real number in the range 0.02 to 100 is required.",
                                  "  A valid real number in the range 0.01 to 50 is required."}));
+}
+
+TEST_F(Editors, ThatNoDriverCanTakeAreDisabled)
+{
+    for (const bool dynamicHas : {true, false})
+        for (const bool staticHas : {true, false})
+            for (const bool asList : {true, false}) {
+                fakes.clear();
+                FakeDriver& first = asList ? addLists() : addRanges();
+                first.samplingMode = 2;
+                first.hasTimebase = staticHas;
+                FakeDriver& dynamic = addDriver();
+                dynamic.hasTimebase = dynamicHas;
+                dynamic.blockRange = {1, 4096};
+                open();
+                for (const Quantity& quantity : quantities) {
+                    const bool all = quantity.number->toAllDrivers;
+                    const bool expected = dynamicHas || (all && staticHas);
+                    const ComboBox& list = page().*quantity.list;
+                    EXPECT_EQ(list.enabled(), expected) << quantity.name;
+                    EXPECT_TRUE(list.visible() || (page().*quantity.box).enabled() == expected) << quantity.name;
+                }
+            }
+}
+
+TEST_F(Editors, ChoicesWithoutAFinitePeriodOrRateAreLeftOut)
+{
+    FakeDriver& driver = addLists();
+    driver.sampleChoices = {1e-310, 2, 1.7e308};
+    driver.blockChoices = {1e-310, 2};
+    open();
+    EXPECT_EQ(page().cmbSampleRate.items().size(), 2U);
+    EXPECT_EQ(page().cmbBlockSize.items().size(), 2U) << "a block size has no rate";
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "page/OfferTexts.h"
 
 #include <cmath>
-#include <utility>
 
 namespace ko::test {
 namespace {

@@ -139,97 +139,6 @@ TEST_F(WriteOutcomes, ARefusedTextIsSelectedAsAWholeWhetherOrNotTheDriverAnswers
         }
 }
 
-class Escape : public DocumentTest {
-protected:
-    struct Held {
-        double samplePeriod, blockSize, scanPeriod, duration;
-        bool operator==(const Held&) const = default;
-    };
-    std::vector<Held> held() const
-    {
-        std::vector<Held> all;
-        for (const auto& it : fakes)
-            all.push_back({it->samplePeriod, it->blockSize, it->scanPeriod, it->duration});
-        return all;
-    }
-    /// Three drivers; those that the page does not show hold other values than the ones that it shows.
-    void openDiffering()
-    {
-        for (const std::int32_t mode : {1, 2, 2}) {
-            FakeDriver& driver = addDriver(mode);
-            driver.sampleRange = driver.scanRange = {1e-6, 1e3};
-            driver.blockRange = {1, 4096};
-        }
-        open();
-        fakes[0]->scanPeriod = 0.25;
-        fakes[1]->scanPeriod = 0.75;
-        fakes[1]->duration = 21;
-        fakes[2]->duration = 7;
-        host.changes = 0;
-    }
-    Texts allShown()
-    {
-        Texts texts{page().lblSpanValue.caption(), page().lblNumScansValue.caption(),
-                    page().lblDurationValue.caption()};
-        for (const TextBox* box : boxes())
-            texts.push_back(box->text());
-        return texts;
-    }
-    std::vector<TextBox*> boxes()
-    {
-        std::vector<TextBox*> all{&page().txtDuration};
-        for (const Quantity& quantity : quantities)
-            all.push_back(&(page().*quantity.box));
-        return all;
-    }
-};
-
-TEST_F(Escape, ReturnsToTheValueAtTheFocusInEachDriverWithPartnerAndLabels)
-{
-    openDiffering();
-    for (const bool isTooLarge : {false, true})
-        for (TextBox* box : boxes()) {
-            ASSERT_TRUE(page().moveFocus(box));
-            const auto before = held();
-            const std::string text = box->text();
-            const Texts shown = allShown();
-            for (const char* typed : {"2", "25", "25.", "25.6", "25.6k"})
-                box->userReplaced(typed, 0, 0);
-            EXPECT_NE(held(), before) << box->name();
-            EXPECT_FALSE(page().moveFocus(nullptr)) << "refused";
-            EXPECT_EQ(host.takeMessages().size(), 1U);
-            EXPECT_EQ(box->escapeText(), text) << "offered after the refusal, too";
-            host.changes = 0;
-            if (isTooLarge)
-                fakes[0]->bytes = [](const FakeDriver&) { return 3e9; };
-            box->userUndid();
-            fakes[0]->bytes = nullptr;
-            EXPECT_EQ(held(), before) << box->name();
-            EXPECT_EQ(host.changes, 1) << "one notification, no message of the limit";
-            EXPECT_EQ(box->escapeText(), "");
-            ASSERT_TRUE(page().moveFocus(nullptr));
-            EXPECT_TRUE(isTooLarge || allShown() == shown) << box->name() << testing::PrintToString(allShown());
-        }
-}
-
-TEST_F(Escape, AHandedOverListDropsTheEarlierValues)
-{
-    openDiffering();
-    document->UserDocument_Show();
-    for (TextBox* box : boxes()) {
-        type(*box, "2");
-        const auto typed = held();
-        ASSERT_NE(box->escapeText(), "") << box->name();
-        document->UserDocument_Hide();
-        handOver();
-        document->UserDocument_Show();
-        page().moveFocus(box);
-        EXPECT_EQ(box->escapeText(), "") << box->name();
-        box->userUndid();
-        EXPECT_EQ(held(), typed) << box->name();
-    }
-}
-
 TEST_F(WriteOutcomes, ABoxThatCouldNotBeFilledIsFilledByTheNextEventThatReads)
 {
     for (const Quantity& quantity : quantities) {
@@ -282,27 +191,6 @@ TEST_F(WriteOutcomes, ARefusedBlockSizeReturnsToTheEntryInForceOrToTheOneBefore)
     EXPECT_EQ(host.takeMessages().size(), 2U);
 }
 
-TEST_F(WriteOutcomes, EditorsThatNoDriverCanTakeAreDisabled)
-{
-    for (const bool dynamicHas : {true, false})
-        for (const bool staticHas : {true, false})
-            for (const bool asList : {true, false}) {
-                openWith(quantities[3], asList);
-                driver->hasTimebase = staticHas;
-                FakeDriver& dynamic = addDriver();
-                dynamic.hasTimebase = dynamicHas;
-                dynamic.blockRange = {1, 9};
-                open();
-                for (const Quantity& quantity : quantities) {
-                    const bool all = quantity.number->toAllDrivers;
-                    const bool expected = dynamicHas || (all && staticHas);
-                    const ComboBox& list = page().*quantity.list;
-                    EXPECT_EQ(list.enabled(), expected) << quantity.name;
-                    EXPECT_TRUE(list.visible() || (page().*quantity.box).enabled() == expected) << quantity.name;
-                }
-            }
-}
-
 TEST_F(WriteOutcomes, TheScanFiguresAreThoseOfTheDriverThatTheEditorsShow)
 {
     openWith(quantities[3], true);
@@ -321,16 +209,6 @@ TEST_F(WriteOutcomes, TheScanFiguresAreThoseOfTheDriverThatTheEditorsShow)
     page().cmbInterval.userChose(page().cmbInterval.index() == 0 ? 1 : 0);
     EXPECT_EQ(page().cmbScanRate.index(), 1) << "the scan lists stay on the refused entry, also after other events";
     host.takeReports();
-}
-
-TEST_F(WriteOutcomes, ChoicesWithoutAFinitePeriodOrRateAreLeftOut)
-{
-    openWith(quantities[0], true);
-    driver->sampleChoices = {1e-310, 2, 1.7e308};
-    driver->blockChoices = {1e-310, 2};
-    open();
-    EXPECT_EQ(page().cmbSampleRate.items().size(), 2U);
-    EXPECT_EQ(page().cmbBlockSize.items().size(), 2U) << "a block size has no rate";
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "TriggerArea.h"
 
-#include <algorithm>
-
 namespace ko::test {
 namespace {
 

@@ -1,7 +1,6 @@
 #include "widgets/dialogs/DateDialog.h"
 
 #include "DialogTest.h"
-#include "platform/DateTimes.h"
 #include "platform/Locales.h"
 
 #include <QCalendarWidget>

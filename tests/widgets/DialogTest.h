@@ -1,17 +1,15 @@
 #pragma once
 
-#include "Soon.h"
+#include "InDialog.h"
 #include "fakes/FakePlatform.h"
 #include "look/Look.h"
 #include "support/Support.h"
 #include "widgets/bindings/FormView.h"
 #include "widgets/dialogs/QtModalForms.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QPushButton>
 #include <QTest>
-#include <gtest/gtest.h>
 
 namespace ko::test {
 
@@ -49,20 +47,16 @@ protected:
     /// Runs `user` in the dialog that `show` shows.
     template <class Show, class User> void inDialog(Show show, User user)
     {
-        bool ran = false;
-        const Soon soon([&] {
-            ASSERT_NE(QApplication::activeModalWidget(), nullptr);
-            const QPointer<QDialog> shown = &dialog();
+        const InDialog<QDialog> in([&](QDialog& dialog) {
+            const QPointer<QDialog> shown = &dialog;
             EXPECT_TRUE(QTest::qWaitForWindowActive(shown));
             user();
-            ran = true;
             if (shown && shown->isVisible()) {
                 ADD_FAILURE() << "the dialog is still open";
                 shown->done(0);
             }
         });
         show();
-        EXPECT_TRUE(ran);
     }
 };
 

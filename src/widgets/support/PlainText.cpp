@@ -3,14 +3,21 @@
 #include "widgets/support/Convert.h"
 #include "widgets/support/ShownText.h"
 
+#include <QRegularExpression>
 #include <QTextDocument>
 
 namespace ko {
 
 QString plainTip(const QString& text)
 {
-    const QString shown = toShown(fromQt(text));
-    return Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal) : shown;
+    static const QRegularExpression longLine(QStringLiteral("[^\n]{200}"));
+    static const QRegularExpression longWord(QStringLiteral("(\\S{50})(?=\\S)"));
+    QString shown = toShown(fromQt(text));
+    if (!Qt::mightBeRichText(shown) && !shown.contains(longLine))
+        return shown;
+    // The toolkit wraps only HTML, and only where it may break a word.
+    shown.replace(longWord, QStringLiteral("\\1\u200B"));
+    return Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal);
 }
 
 QString plainTitle(const QString& text)

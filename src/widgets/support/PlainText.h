@@ -8,7 +8,7 @@ namespace ko {
 /// Texts of files, instruments and drivers are shown verbatim. The toolkit would otherwise interpret some of them as
 /// HTML and load the resources that they name.
 
-/// A tool tip or What's This text that shows `text` verbatim, as `toShown` does.
+/// A tool tip or What's This text that shows `text` verbatim, as `toShown` does, with long lines wrapped.
 QString plainTip(const QString& text);
 
 /// A part of a window's title, as by `toLine`, with "[*]" escaped, which the toolkit would replace by the mark of a

@@ -3,9 +3,7 @@
 #include "FrameTest.h"
 #include "host/docks/Reports.h"
 
-#include <QTreeWidget>
-#include <filesystem>
-#include <fstream>
+#include <QTemporaryDir>
 
 namespace ko::test {
 
@@ -42,12 +40,7 @@ public:
     }
     FrameWindow& operator*() { return frame_; }
     FrameWindow* operator->() { return &frame_; }
-    void change()
-    {
-        Page& page = frame_.document().page();
-        frame_.page().view().act(
-            [&] { (page.optImmediate.value() ? page.optStartTime : page.optImmediate).userClicked(); });
-    }
+    void change() { test::change(frame_); }
     /// Returns the texts of the reports.
     std::string reports()
     {

@@ -4,7 +4,6 @@
 #include "host/recording/HeldRecording.h"
 #include "host/recording/UnfinishedFile.h"
 #include "host/recording_view/RecordingView.h"
-#include "host/setup/SetupFile.h"
 #include "host/support/InputError.h"
 #include "host/toolkit/FrameMemory.h"
 

@@ -1,7 +1,6 @@
 #include "ChangedWindow.h"
 #include "FailingCalls.h"
 #include "FileKinds.h"
-#include "host/setup/SetupFile.h"
 
 #include <QProcess>
 #include <iostream>

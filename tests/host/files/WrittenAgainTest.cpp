@@ -1,6 +1,5 @@
 #include "ChangedWindow.h"
 #include "FailingCalls.h"
-#include "host/setup/SetupFile.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 

@@ -1,6 +1,6 @@
+#include "fakes/Thrown.h"
 #include "host/setup/SetupFile.h"
 #include "host/setup/SetupWriter.h"
-#include "platform/Failing.h"
 
 #include <gtest/gtest.h>
 #include <limits>

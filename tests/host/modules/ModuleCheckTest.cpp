@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <future>
-#include <gtest/gtest.h>
 
 namespace ko {
 namespace {

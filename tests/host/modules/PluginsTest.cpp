@@ -1,10 +1,9 @@
 #include "fakes/Folder.h"
+#include "fakes/Thrown.h"
 #include "host/modules/InstrumentModule.h"
 #include "host/modules/Modules.h"
-#include "platform/Failure.h"
 
 #include <cstdlib>
-#include <fstream>
 
 namespace ko {
 namespace {
@@ -16,13 +15,12 @@ class PluginsTest : public testing::Test {
 protected:
     void TearDown() override { ::unsetenv("KO_TEST_THROWS"); }
 
-    void copy(const char* plugin, const std::string& name) const { fs::copy_file(plugin, folder_ / name); }
-    void write(const std::string& name, const std::string& content) const { std::ofstream(folder_ / name) << content; }
+    void copy(const char* plugin, const std::string& name) const { fs::copy_file(plugin, folder_.path / name); }
 
     /// What is listed of each file.
     [[nodiscard]] std::string listed() const
     {
-        Modules modules({folder_, folder_ / "there is no such folder"});
+        Modules modules({folder_.path, folder_.path / "there is no such folder"});
         std::string all;
         for (const Modules::Listed& it : modules.list()) {
             all += it.file.filename().string() + ": " + it.name + "|" + it.about + "|";
@@ -33,8 +31,7 @@ protected:
         return all;
     }
 
-    const test::Folder own_;
-    const fs::path& folder_ = own_.path;
+    const test::Folder folder_;
 };
 
 TEST_F(PluginsTest, FilesThatAreNoModulesAreNamedAndTheOthersLoaded)
@@ -43,14 +40,14 @@ TEST_F(PluginsTest, FilesThatAreNoModulesAreNamedAndTheOthersLoaded)
     copy(KO_TEST_PLUGIN, "c-same-name.so");
     copy(KO_TEST_OLD_PLUGIN, "d-old.so");
     copy(KO_TEST_LIBRARY, "e-library.so");
-    write("a-text.so", "no library\n");
-    write("f-empty.so", "");
-    write("readme.txt", "no library\n");
-    fs::create_directory(folder_ / "g-folder.so");
+    folder_.file("a-text.so", "no library\n");
+    folder_.file("f-empty.so", "");
+    folder_.file("readme.txt", "no library\n");
+    fs::create_directory(folder_.path / "g-folder.so");
     EXPECT_EQ(listed(), "a-text.so: |||is no driver module\n"
                         "b-good.so: scripted|a test|ab|\n"
                         "c-same-name.so: |||is called scripted, as " +
-                            (folder_ / "b-good.so").string() +
+                            folder_.file("b-good.so") +
                             " is\n"
                             "d-old.so: |||is made for org.korvell.InstrumentModule/0, not for "
                             "org.korvell.InstrumentModule/1\n"
@@ -68,13 +65,8 @@ TEST_F(PluginsTest, AModuleThatThrowsIsNamed)
         EXPECT_EQ(listed(), wanted);
     }
     ::setenv("KO_TEST_THROWS", "open", 1);
-    Modules modules({folder_});
-    try {
-        modules.open("scripted", "a", {});
-        ADD_FAILURE() << "opened";
-    } catch (const Failure& failure) {
-        EXPECT_STREQ(failure.what(), "open throws");
-    }
+    Modules modules({folder_.path});
+    EXPECT_EQ(test::thrownBy([&] { modules.open("scripted", "a", {}); }), "open throws");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "Recorded.h"
+#include "fakes/Thrown.h"
 
 #include "host/recording/Moments.h"
 #include "host/recording/RecordingTexts.h"
@@ -33,7 +34,7 @@ TEST(RecordingPlanTest, SamplesAreRaisedToWholeBlocksAndScansAreTheDrivers)
     }
 }
 
-TEST(RecordingPlanTest, BytesAreToldInTheUnitThatReadsBest)
+TEST(RecordingTextsTest, BytesHaveTheUnitThatReadsBest)
 {
     for (const auto& [bytes, text] : {std::pair(1023.0, "1023 bytes"),
                                       {1024.0, "1.0 KB"},
@@ -59,13 +60,8 @@ TEST(RecordingPlanTest, WhatCannotBeRecordedIsRefusedWithTheReason)
          "the recording starts on trigger, but no instrument can send the start trigger"},
         {instrument(timebase, lines), "d: the recording starts on trigger, but no channel is the trigger source"},
     };
-    for (const auto& [drivers, reason] : cases)
-        try {
-            armed(instrumentsOf(drivers));
-            ADD_FAILURE() << drivers;
-        } catch (const RecordingRefusal& refusal) {
-            EXPECT_EQ(refusal.what(), reason) << drivers;
-        }
+    for (const auto& it : cases)
+        EXPECT_EQ(thrownBy<RecordingRefusal>([&] { armed(instrumentsOf(it.first)); }), it.second) << it.first;
     const auto instruments = instrumentsOf(instrument(R"("samplePeriod": {"value": 0})") + "," + instrument(""));
     EXPECT_THROW(armed(instruments), RecordingRefusal);
     // None of them is still armed.

@@ -6,6 +6,7 @@
 #include "host/setup/SetupFile.h"
 
 #include <array>
+#include <cmath>
 #include <hdf5.h>
 #include <stdexcept>
 #include <thread>
@@ -198,6 +199,18 @@ inline Block numbers(std::int64_t first, std::int64_t count, int channels = 1)
         for (std::int64_t i = 0; i < count; ++i)
             block.samples.push_back(static_cast<float>(channel * 1000000 + first + i));
     return block;
+}
+
+/// The extents by their definition.
+inline std::vector<Extent> extentsOf(const std::vector<float>& samples, const SampleSpan& span)
+{
+    std::vector<Extent> parts(span.count);
+    for (std::size_t k = 0; k < samples.size(); ++k) {
+        const double place = std::floor((static_cast<double>(k) - span.first) / span.width);
+        if (place >= 0 && place < static_cast<double>(span.count))
+            parts[static_cast<std::size_t>(place)].add({samples[k], samples[k]});
+    }
+    return parts;
 }
 
 } // namespace ko::test

@@ -6,10 +6,7 @@
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
-#include <cmath>
-#include <fstream>
 #include <sstream>
-#include <thread>
 
 namespace ko {
 namespace {

@@ -2,8 +2,6 @@
 
 #include "host/recording/RecordedSignals.h"
 
-#include <cmath>
-
 namespace ko {
 namespace {
 

@@ -1,17 +1,15 @@
 #include "host/scenario/ScenarioCapture.h"
 
+#include "fakes/Folder.h"
 #include "host/scenario/PlayedScenario.h"
 #include "host/setup/SetupFile.h"
 #include "platform/DateTimes.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <rapidcheck/gtest.h>
 
 namespace ko::test {
 namespace {
 
-namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
 const char* const capturedBench = R"({"clock": "2026-11-21 09:30:00", "drivers": [
@@ -67,11 +65,11 @@ class ScenarioCaptureTest : public testing::Test {
 protected:
     std::ostringstream output;
     Scenario live{{parseSetup(capturedBench, "bench.json"), {}, {}, {}}, output};
-    std::string file = (fs::path(testing::TempDir()) / ("capture" + std::to_string(::getpid()) + ".scenario")).string();
+    const Folder folder;
+    const std::string file = folder.file("captured.scenario");
     Locale locale;
     int seconds = 0;
 
-    void TearDown() override { fs::remove(file); }
     void use(const std::string& commands)
     {
         std::istringstream script(commands);
@@ -148,13 +146,11 @@ TEST_F(ScenarioCaptureTest, InputsReadAsAUserWouldWriteThem)
 
 TEST_F(ScenarioCaptureTest, SetupsAreNamedAsSeenFromTheScenariosFolder)
 {
-    const fs::path folder = fs::path(file).parent_path();
     ScenarioCapture capture(file, captured());
     capture.setup();
-    capture.setup((folder / "sub" / ".." / "with blank.json").string());
-    capture.setup((folder.parent_path() / "other.json").string());
-    const std::string above = (fs::path("..") / "other.json").string();
-    EXPECT_EQ(lines(), "hide\nsetup\nshow\nhide\nsetup \"with blank.json\"\nshow\nhide\nsetup " + above + "\nshow\n");
+    capture.setup((folder.path / "sub" / ".." / "with blank.json").string());
+    capture.setup((folder.path.parent_path() / "other.json").string());
+    EXPECT_EQ(lines(), "hide\nsetup\nshow\nhide\nsetup \"with blank.json\"\nshow\nhide\nsetup ../other.json\nshow\n");
 }
 
 TEST(CapturedCommandsTest, ChannelsAndLocalesAreSetAndWhatIsWrongIsNamed)

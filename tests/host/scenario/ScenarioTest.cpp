@@ -1,9 +1,7 @@
 #include "fakes/Folder.h"
 #include "host/scenario/PlayedScenario.h"
 
-#include <fstream>
 #include <set>
-#include <sstream>
 
 namespace ko {
 namespace {
@@ -252,7 +250,7 @@ TEST(ScenarioTest, AScriptStopsAtTheLineThatCannotBeUnderstood)
 TEST(ScenarioTest, AnotherSetupFileIsReadAnewFromTheScriptsFolder)
 {
     const test::Folder folder;
-    std::ofstream(folder.path / "other.json") << R"({"title": "Other", "drivers": [{"name": "Only"}]})";
+    folder.file("other.json", R"({"title": "Other", "drivers": [{"name": "Only"}]})");
     const Played run = playScripted("setup other.json\nsite status help\ndrivers\nfail Only GroupCount\n",
                                     scriptedBench, folder.path.string());
     EXPECT_EQ(run.fault, "");

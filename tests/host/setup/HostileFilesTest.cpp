@@ -1,6 +1,5 @@
 #include "host/scenario/Scenario.h"
 #include "host/setup/RefusalOf.h"
-#include "host/support/InputError.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>

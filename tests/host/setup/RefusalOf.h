@@ -1,21 +1,15 @@
 #pragma once
 
+#include "fakes/Thrown.h"
 #include "host/setup/SetupFile.h"
 #include "host/support/InputError.h"
-
-#include <string>
 
 namespace ko::test {
 
 /// Returns the message that refuses a set-up's text; "" if it is accepted.
 inline std::string refusalOf(const std::string& text)
 {
-    try {
-        parseSetup(text, "bench.json");
-        return {};
-    } catch (const InputError& error) {
-        return error.what();
-    }
+    return thrownBy<InputError>([&] { parseSetup(text, "bench.json"); });
 }
 
 } // namespace ko::test

@@ -6,9 +6,6 @@
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
-#include <fstream>
-#include <unistd.h>
-
 namespace ko::test {
 namespace {
 
@@ -16,9 +13,8 @@ namespace fs = std::filesystem;
 
 class SavingTest : public testing::Test {
 protected:
-    const Folder own_;
-    const fs::path& folder_ = own_.path;
-    const std::string file_ = own_.file("bench.json");
+    const Folder folder_;
+    const std::string file_ = folder_.file("bench.json");
     const ko::Setup old_ = named("old"), new_ = named("new");
 
     static ko::Setup named(const std::string& title)
@@ -29,8 +25,8 @@ protected:
 
 TEST_F(SavingTest, AFileKeepsItsLinkAndItsPermissionsAndOneThatIsProtectedItsContent)
 {
-    const fs::path link = folder_ / "link.json", lost = folder_ / "lost.json";
-    std::ofstream(file_) << "old";
+    const fs::path link = folder_.path / "link.json", lost = folder_.path / "lost.json";
+    folder_.file("bench.json", "old");
     fs::permissions(file_, fs::perms(0640));
     fs::create_symlink("bench.json", link);
     fs::create_symlink("target.json", lost);
@@ -41,9 +37,9 @@ TEST_F(SavingTest, AFileKeepsItsLinkAndItsPermissionsAndOneThatIsProtectedItsCon
     }
     EXPECT_EQ(fs::status(file_).permissions(), fs::perms(0640));
     EXPECT_TRUE(isSameFile(link.string(), file_));
-    EXPECT_TRUE(isSameFile((folder_ / "." / "none").string(), (folder_ / "none").string()));
+    EXPECT_TRUE(isSameFile(folder_.file("./none"), folder_.file("none")));
     EXPECT_FALSE(isSameFile(link.string(), lost.string()));
-    for (const std::string& name : {folder_.string(), std::string("/dev/null"), (folder_ / "none" / "x").string()})
+    for (const std::string& name : {folder_.path.string(), std::string("/dev/null"), folder_.file("none/x")})
         EXPECT_THROW(writeWhole(name, "new"), InputError) << name;
     if (::geteuid() != 0) {
         fs::permissions(file_, fs::perms(0440));

@@ -1,5 +1,6 @@
 #include "host/setup/SetupChanges.h"
 
+#include "fakes/Thrown.h"
 #include "host/setup/InstrumentEdits.h"
 #include "host/setup/PlacedChanges.h"
 #include "host/setup/SetupTemplates.h"
@@ -85,14 +86,8 @@ TEST(SetupChangesTest, AChangeDoesWhatItSaysOrNamesWhatExists)
          }}};
     for (const Case& it : cases) {
         ko::Setup setup = bench;
-        std::string refusal;
-        try {
-            applyChange(setup, it.change);
-        } catch (const InputError& error) {
-            refusal = error.what();
-        }
-        EXPECT_EQ(refusal, it.refusal);
-        EXPECT_TRUE(refusal.empty() ? it.isDone(setup) : setup == bench) << it.change.argument;
+        EXPECT_EQ(thrownBy<InputError>([&] { applyChange(setup, it.change); }), it.refusal);
+        EXPECT_TRUE(it.isDone ? it.isDone(setup) : setup == bench) << it.change.argument;
     }
 }
 

@@ -4,7 +4,6 @@
 #include "host/setup/RefusalOf.h"
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupWriter.h"
-#include "host/support/InputError.h"
 
 #include <sys/stat.h>
 

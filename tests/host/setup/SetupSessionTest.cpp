@@ -3,8 +3,6 @@
 #include "host/support/InputError.h"
 #include "interfaces/Timebase.h"
 
-#include <fstream>
-
 namespace ko::test {
 namespace {
 
@@ -12,8 +10,7 @@ namespace fs = std::filesystem;
 
 class SetupSessionTest : public testing::Test {
 protected:
-    const Folder own;
-    const fs::path& folder = own.path;
+    const Folder folder;
     SetupSession session;
     Answers user;
     bool pageAllows = true;
@@ -26,10 +23,7 @@ protected:
     }
     std::string file(const std::string& name, const std::string& content = {})
     {
-        const std::string path = (folder / name).string();
-        if (!content.empty())
-            std::ofstream(path) << content;
-        return path;
+        return content.empty() ? folder.file(name) : folder.file(name, content);
     }
     std::string bench(const std::string& name = "bench.json")
     {

@@ -1,22 +1,17 @@
 #include "host/recording_view/RecordDialog.h"
-#include "host/setup/SetupFile.h"
 #include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 #include "host/window/FrameTest.h"
 
-#include <QClipboard>
 #include <QFileDialog>
-#include <QLabel>
-#include <QPushButton>
-#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
 
-/// The file dialogs of the window.
+/// The file dialogs and the questions about files.
 class FileDialogsTest : public FrameTest {
 protected:
-    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    const std::string bench = file("bench.json", oneInstrument);
     QString shown; ///< of the dialog that was open
 
     void SetUp() override
@@ -27,18 +22,15 @@ protected:
     /// Chooses this file in the dialog that `ask` opens; cancels it if the name is empty.
     template <class Ask> auto chosen(const QString& name, const Ask& ask)
     {
-        const Soon choose([this, name] {
-            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            shown = dialog->windowTitle() + u'|' + dialog->nameFilters().join(u';') + u'|' + dialog->defaultSuffix() +
-                    (dialog->acceptMode() == QFileDialog::AcceptSave ? "|save|" : "|open|") +
-                    QFileInfo(dialog->selectedFiles().value(0)).fileName();
-            dialog->selectFile(folder.filePath(name));
-            name.isEmpty() ? dialog->reject() : static_cast<QDialog*>(dialog)->accept();
+        const InDialog<QFileDialog> choose([this, name](QFileDialog& dialog) {
+            shown = dialog.windowTitle() + u'|' + dialog.nameFilters().join(u';') + u'|' + dialog.defaultSuffix() +
+                    (dialog.acceptMode() == QFileDialog::AcceptSave ? "|save|" : "|open|") +
+                    QFileInfo(dialog.selectedFiles().value(0)).fileName();
+            dialog.selectFile(toQt(folder.file(fromQt(name))));
+            name.isEmpty() ? dialog.reject() : static_cast<QDialog&>(dialog).accept();
         });
         return ask();
     }
-    std::string path(const char* name) { return fromQt(folder.filePath(name)); }
 };
 
 TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
@@ -56,20 +48,56 @@ TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
          "Export Set-up Sheet|Web pages (*.html);PDF files (*.pdf)|html|save|bench"},
     };
     for (const auto& it : cases) {
-        EXPECT_EQ(chosen(it.typed, [&] { return (boxes.*it.ask)(); }), path(it.file));
+        EXPECT_EQ(chosen(it.typed, [&] { return (boxes.*it.ask)(); }), folder.file(it.file));
         EXPECT_TRUE(shown.startsWith(it.shown)) << shown.toStdString();
         EXPECT_EQ(chosen({}, [&] { return (boxes.*it.ask)(); }), "");
     }
 }
 
+TEST_F(FileDialogsTest, TheUserIsAskedInBoxesThatNameTheFile)
+{
+    BoxQuestions boxes(window, window.session(), texts, locale);
+    // Presses the standard button or the one with the text; rejects the box that has neither.
+    const auto press = [&](int text, QMessageBox::StandardButton standard = QMessageBox::Help) {
+        return [this, text, standard](QMessageBox& box) {
+            EXPECT_TRUE(box.text().contains("bench.json"));
+            for (QAbstractButton* button : box.buttons())
+                if (button->text() == window.text(text) || box.standardButton(button) == standard)
+                    return button->click();
+            box.reject();
+        };
+    };
+    for (const auto& [button, result] : {std::pair{QMessageBox::Save, Unsaved::Save},
+                                         {QMessageBox::Discard, Unsaved::Discard},
+                                         {QMessageBox::Cancel, Unsaved::Cancel}}) {
+        const InDialog answer(press(hostText::product, button));
+        EXPECT_EQ(boxes.keepChanges(), result);
+    }
+    for (const auto& [text, result] : {std::pair{hostText::overwrite, Conflict::Overwrite},
+                                       {hostText::saveAs, Conflict::SaveElsewhere},
+                                       {hostText::reload, Conflict::Reload},
+                                       {hostText::product, Conflict::Cancel}}) {
+        const InDialog answer(press(text));
+        EXPECT_EQ(boxes.settleConflict(), result);
+    }
+    for (const auto& [text, result] : {std::pair{hostText::reload, true}, {hostText::product, false}}) {
+        const InDialog answer(press(text));
+        EXPECT_EQ(boxes.reload(), result);
+    }
+    for (const auto& [text, result] : {std::pair{textNumber::recent::remove, true}, {hostText::product, false}}) {
+        const InDialog answer(press(text));
+        EXPECT_EQ(boxes.forget("bench.json"), result);
+    }
+}
+
 TEST_F(FileDialogsTest, TheFileOfARecordingMayBeBrowsedAndOneThatExistsIsAskedAboutLater)
 {
-    RecordDialog dialog(&window, texts, locale, {path("run.h5"), 1.0});
+    RecordDialog dialog(&window, texts, locale, {folder.file("run.h5"), 1.0});
     auto* const browse = dialog.findChildren<QPushButton*>().constFirst();
     for (const char* const name : {"other.h5", "bench.json", ""}) {
         chosen(name, [&] { browse->click(); });
         EXPECT_TRUE(shown.startsWith("Record|Recordings (*.h5)|h5|save|")) << shown.toStdString();
-        EXPECT_EQ(dialog.file(), path(*name ? name : "bench.json"));
+        EXPECT_EQ(dialog.file(), folder.file(*name ? name : "bench.json"));
     }
     EXPECT_TRUE(shown.endsWith("|bench.json")) << shown.toStdString();
 }
@@ -81,7 +109,7 @@ TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)
     chosen({}, [&] { entry.trigger(); });
     EXPECT_TRUE(shown.startsWith("Capture Scenario|Scenarios (*.scenario);All files (*)||save|"));
     EXPECT_FALSE(entry.isChecked() || sign.isVisible());
-    const std::string beside = path("a.scenario.setup.json");
+    const std::string beside = folder.file("a.scenario.setup.json");
     writeWhole(beside, "kept");
     for (const bool overwrites : {false, true}) {
         QString question;
@@ -110,7 +138,7 @@ TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)
 
 TEST_F(FileDialogsTest, OnlyPastingCapturesTheClipboard)
 {
-    const std::string scenario = path("a.scenario");
+    const std::string scenario = folder.file("a.scenario");
     window.capture().startFromHere(scenario);
     page().moveFocus(&page().txtDuration);
     QGuiApplication::clipboard()->setText("77");
@@ -138,7 +166,7 @@ TEST_F(FileDialogsTest, AScenarioIsChosenPlayedAndReported)
         {"terminate", window.text(replayText::refused), "a.scenario:3", -1},
     };
     for (const auto& it : cases) {
-        file("a.scenario", (std::string("setup bench.json\nshow\n") + it.line + "\n").c_str());
+        file("a.scenario", std::string("setup bench.json\nshow\n") + it.line + "\n");
         QStringList labels;
         int rows = -1;
         QTimer answer;

@@ -2,7 +2,6 @@
 #include "host/docks/DriverLog.h"
 #include "host/docks/FaultDialog.h"
 #include "host/docks/InstrumentGallery.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/docks/Reports.h"
 #include "host/properties/PropertiesDialog.h"
 #include "host/setup/SetupTemplates.h"
@@ -14,7 +13,6 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextBrowser>
-#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
@@ -117,12 +115,10 @@ TEST_F(LookTest, TheDialogs)
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
         expectLook(*dialog, section);
     }
-    const Soon about([] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        box->setText("version");
-        expectLook(*box, "about");
-        box->accept();
+    const InDialog about([](QMessageBox& box) {
+        box.setText("version");
+        expectLook(box, "about");
+        box.accept();
     });
     action(hostText::helpMenu, hostText::about).trigger();
 }
@@ -151,8 +147,8 @@ TEST_F(LookTest, TheHelpWithAPictureThatIsTooWide)
 {
     file("index.html", "<html><head><title>Help</title></head><body><h1>Help</h1><p>Words <a href=\"b.html\">there</a>"
                        "</p><img src=\"wide.png\"></body></html>");
-    QImage(2000, 100, QImage::Format_Mono).save(folder.filePath("wide.png"));
-    HelpWindow help(texts, folder.path(), &window);
+    QImage(2000, 100, QImage::Format_Mono).save(toQt(folder.file("wide.png")));
+    HelpWindow help(texts, toQt(folder.path.string()), &window);
     help.turnTo(contentsTopic);
     help.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&help));

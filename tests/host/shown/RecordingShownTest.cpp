@@ -9,9 +9,6 @@
 #include "look/Look.h"
 
 #include <QFileInfo>
-#include <QLabel>
-#include <QPushButton>
-#include <QTableWidget>
 
 namespace ko::test {
 namespace {
@@ -49,15 +46,13 @@ protected:
     /// Presses a button of the box that `ask` opens, by its place, or Escape if it is negative.
     template <class Ask> auto answered(int place, std::string& shown, const Ask& ask)
     {
-        const Soon press([&] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            shown = fromQt(box->text() + u'|' + box->informativeText());
-            QList<QAbstractButton*> buttons = box->buttons();
+        const InDialog press([&](QMessageBox& box) {
+            shown = fromQt(box.text() + u'|' + box.informativeText());
+            QList<QAbstractButton*> buttons = box.buttons();
             std::sort(buttons.begin(), buttons.end(), [](auto* a, auto* b) { return a->text() < b->text(); });
             for (const QAbstractButton* const button : buttons)
-                shown += "|" + fromQt(button->text()) + (button == box->defaultButton() ? "*" : "");
-            place < 0 ? QTest::keyClick(box, Qt::Key_Escape) : buttons.at(place)->click();
+                shown += "|" + fromQt(button->text()) + (button == box.defaultButton() ? "*" : "");
+            place < 0 ? QTest::keyClick(&box, Qt::Key_Escape) : buttons.at(place)->click();
         });
         return ask();
     }
@@ -165,8 +160,7 @@ TEST_F(RecordingShownTest, EachAnswerToAQuestionAboutARecordingCountsAsWhatItSay
 TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
 {
     const auto make = [&](double bytes) {
-        return std::make_unique<RecordDialog>(&window, texts, german,
-                                              RecordOffer{fromQt(folder.filePath("a.b.h5")), bytes});
+        return std::make_unique<RecordDialog>(&window, texts, german, RecordOffer{folder.file("a.b.h5"), bytes});
     };
     auto dialog = make(1e15);
     dialog->show();
@@ -205,13 +199,13 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     dialog->accept();
     EXPECT_TRUE(dialog->isVisible()) << "without a name";
     const std::string taken = file("taken.h5", "x");
-    name->setText(folder.filePath("taken"));
+    name->setText(toQt(folder.file("taken")));
     std::string question;
     answered(-1, question, [&] { dialog->accept(); });
     EXPECT_NE(question.find("taken.h5 already exists"), std::string::npos) << question;
     EXPECT_NE(question.find("taken.h5~"), std::string::npos) << question;
     EXPECT_TRUE(dialog->isVisible()) << "no file is replaced without a question";
-    name->setText(folder.filePath("other"));
+    name->setText(toQt(folder.file("other")));
     dialog->accept();
     EXPECT_FALSE(dialog->isVisible());
     dialog = make(1024);
@@ -222,12 +216,12 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
 TEST_F(RecordingShownTest, TheFileOfferedHasTheTitleAndTheTimeAndIsNew)
 {
     const auto offered = [&](const char* title) {
-        window.open(file("bench.json", (std::string(R"({"title": ")") + title + R"(", "drivers": []})").c_str()));
+        open(std::string(R"({"title": ")") + title + R"(", "drivers": []})");
         return QFileInfo(toQt(suggestedFile(window.session(), {46347.5}))).fileName().toStdString();
     };
     EXPECT_EQ(offered("a/b:c*?"), "a-b-c-- 2026-11-21 120000.h5");
     EXPECT_EQ(offered(""), "bench 2026-11-21 120000.h5");
-    EXPECT_EQ(QFileInfo(toQt(suggestedFile(window.session(), {46347.5}))).path(), folder.path());
+    EXPECT_EQ(QFileInfo(toQt(suggestedFile(window.session(), {46347.5}))).path(), toQt(folder.path.string()));
     EXPECT_EQ(offered(std::string(400, 'x').c_str()).size(), 150U + 21U);
     file("T 2026-11-21 120000.h5", "");
     EXPECT_EQ(offered("T"), "T 2026-11-21 120000 (2).h5");

@@ -1,19 +1,13 @@
 #include "FrameTest.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/properties/PropertiesDialog.h"
 #include "platform/DateControls.h"
 #include "widgets/bindings/EntryMark.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QCalendarWidget>
-#include <QDialog>
-#include <QLabel>
 #include <QLayout>
-#include <QMenu>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTimer>
 #include <map>
 #include <optional>
 

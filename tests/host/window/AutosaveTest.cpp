@@ -2,10 +2,8 @@
 #include "host/docks/Reports.h"
 #include "host/support/InputError.h"
 
-#include <QTreeWidget>
+#include <QTemporaryDir>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
 
 namespace ko::test {
 namespace {
@@ -38,12 +36,6 @@ protected:
         if (!file.empty())
             window->open(file);
         return window;
-    }
-    static void change(FrameWindow& window)
-    {
-        Page& page = window.document().page();
-        window.page().view().act(
-            [&] { (page.optImmediate.value() ? page.optStartTime : page.optImmediate).userClicked(); });
     }
     [[nodiscard]] std::vector<fs::path> copies(const char* ending = ".unsaved") const
     {
@@ -253,11 +245,9 @@ TEST_F(AutosaveTest, NothingElseIsWrittenToAFileThatTheWindowItselfUses)
     for (const auto& [file, use] : used) {
         const std::string reason = file + ": is " + use;
         QString told;
-        const Soon accept([&] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            told = box->informativeText();
-            box->accept();
+        const InDialog accept([&](QMessageBox& box) {
+            told = box.informativeText();
+            box.accept();
         });
         user.sheet = user.saveAs = file;
         window->printing().exportSheet(window->files().questions());

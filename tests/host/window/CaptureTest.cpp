@@ -1,23 +1,13 @@
+#include "FrameTest.h"
 #include "RandomUser.h"
 #include "host/scenario/ControlState.h"
 #include "host/scenario/Scenario.h"
 #include "host/setup/SetupChanges.h"
-#include "host/setup/SetupWriter.h"
-#include "host/window/FrameWindow.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QMenu>
-#include <QMessageBox>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <sys/resource.h>
 
@@ -41,43 +31,21 @@ const char* const capturedBench = R"({"drivers": [
   {"name": "Scanner", "samplingMode": 2, "timebase": {"startMode": 2, "scanPeriod": {"value": 0.1, "range": [0.01, 10]}},
    "triggerLines": {"scanMasterRank": 5}, "groups": [{"name": "Slow", "channels": [{"address": "1:1"}]}]}]})";
 
-/// Boxes and dialogs, but no recordings: one that is still in progress is not replayed as such.
-class Questions : public BoxQuestions {
-public:
-    explicit Questions(FrameWindow& window)
-        : BoxQuestions(
-              window, window.session(), [&window](int number) { return window.text(number); }, usual)
-    {
-    }
-    std::string fileToRecord(const RecordOffer&) override { return {}; }
-
-private:
-    inline static const Locale usual;
-};
-
 /// A session that is captured in the host's window and then replayed, without a window and in another one.
-class CaptureTest : public testing::Test {
+class CaptureTest : public FrameTest {
 protected:
-    QTemporaryDir folder;
-    FrameWindow window{""};
-
     void SetUp() override
     {
-        write("bench.json", capturedBench);
-        window.files().setQuestions(std::make_unique<Questions>(window));
-        window.show();
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        file("bench.json", capturedBench);
+        // No recordings: one that is still in progress is not replayed as such.
+        window.files().setQuestions(std::make_unique<RecordsTo>(window));
+        show();
     }
-    [[nodiscard]] Page& page() { return window.document().page(); }
-    [[nodiscard]] std::string path(const char* name) const { return fromQt(folder.filePath(name)); }
-    void write(const char* name, const char* content) const { std::ofstream(path(name)) << content; }
-    [[nodiscard]] std::string captured(const char* name = "session.scenario") const { return readFile(path(name)); }
-
-    [[nodiscard]] HostInstrument& driver(std::size_t index)
+    [[nodiscard]] std::string captured(const char* name = "session.scenario") const
     {
-        return dynamic_cast<HostInstrument&>(*page().drivers.at(index));
+        return readFile(folder.file(name));
     }
+
     static std::string driversOf(const Page& shown)
     {
         std::string all;
@@ -98,8 +66,8 @@ protected:
     {
         window.capture().stop();
         std::ostringstream output;
-        std::ifstream script(path(name));
-        Scenario replay({loadSetup(setup), fromQt(folder.path()), {}, {}}, output);
+        std::ifstream script(folder.file(name));
+        Scenario replay({loadSetup(setup), folder.path.string(), {}, {}}, output);
         try {
             replay.run(script);
         } catch (const ScriptFault& fault) {
@@ -108,7 +76,7 @@ protected:
         const Page& replayed = replay.document().page();
         EXPECT_EQ(driversOf(replayed), driversOf(page())) << captured(name);
         EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << captured(name);
-        expectSameInWindow(setup, path(name));
+        expectSameInWindow(setup, folder.file(name));
     }
     void expectSameInWindow(const std::string& setup, const std::string& file)
     {
@@ -127,16 +95,16 @@ protected:
 
 TEST_F(CaptureTest, EditsOfTheInstrumentsAreReplayedWithTheirUndo)
 {
-    window.open(path("bench.json"));
-    window.capture().startFromHere(path("session.scenario"));
+    window.open(folder.file("bench.json"));
+    window.capture().startFromHere(folder.file("session.scenario"));
     FrameInstruments& list = window.instrumentList();
     EXPECT_TRUE(list.edit([](ko::Setup& setup) { addInstrument(setup, "counter"); }));
     EXPECT_TRUE(list.edit([](ko::Setup& setup) { setup.instruments[0].name = "Fast"; }));
     EXPECT_TRUE(list.edit([](ko::Setup& setup) { setup.instruments.erase(setup.instruments.begin() + 1); }));
     window.history().undo();
-    EXPECT_EQ(driver(0).name(), "Fast");
+    EXPECT_EQ(driver().name(), "Fast");
     EXPECT_EQ(page().drivers.size(), 3U);
-    expectSameReplay(path("bench.json"));
+    expectSameReplay(folder.file("bench.json"));
 }
 
 /// Returns the number of sessions, or of actions of each: an environment variable, or the default.
@@ -148,24 +116,24 @@ int wanted(const char* variable, int usual)
 
 class RandomSession : public CaptureTest, public testing::WithParamInterface<int> {
 protected:
-    RandomUser user{window, static_cast<unsigned>(GetParam()) + 1};
+    RandomUser hand{window, static_cast<unsigned>(GetParam()) + 1};
 
     /// Performs an action of the user, and sometimes one of the host.
     void act()
     {
-        switch (user.draw.upTo(40)) {
-        case 0: user.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
-        case 1: user.have([this] { window.files().open(folder.filePath("bench.json")); }); break;
+        switch (hand.draw.upTo(40)) {
+        case 0: hand.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
+        case 1: hand.have([this] { window.files().open(toQt(folder.file("bench.json"))); }); break;
         case 2: breakDown(); break;
-        case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(user.draw.upTo(2)))}); break;
-        default: user.act();
+        case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(hand.draw.upTo(2)))}); break;
+        default: hand.act();
         }
     }
     void breakDown()
     {
         constexpr const char* operations[]{"SamplePeriod set", "Duration get", "StartMode set", "SetTriggerParamValue"};
-        const std::string operation = operations[user.draw.upTo(4)];
-        CallGate& calls = driver(0).calls();
+        const std::string operation = operations[hand.draw.upTo(4)];
+        CallGate& calls = driver().calls();
         if (calls.failing().empty()) {
             window.capture().host({"fail", "0", operation});
             calls.fail({.operation = operation});
@@ -176,28 +144,28 @@ protected:
     }
     int enable(int on)
     {
-        window.history().edit([&] { driver(0).enableChannel(0, 0, on == 1); });
+        window.history().edit([&] { driver().enableChannel(0, 0, on == 1); });
         return on;
     }
 };
 
 TEST_P(RandomSession, ReplaysToTheSameDriversAndTheSamePage)
 {
-    const std::string setup = GetParam() % 2 == 0 ? path("bench.json") : demoSetup;
-    window.capture().start(path("session.scenario"), setup);
+    const std::string setup = GetParam() % 2 == 0 ? folder.file("bench.json") : demoSetup;
+    window.capture().start(folder.file("session.scenario"), setup);
     window.open(setup);
     for (int i = wanted("KO_SESSION_ACTIONS", 150); i > 0; --i)
         act();
-    user.act();
+    hand.act();
     expectSameReplay(setup);
 }
 
 TEST_P(RandomSession, BeginsAnywhereWithASetupOfItsOwn)
 {
-    window.open(path("bench.json"));
+    window.open(folder.file("bench.json"));
     for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
         act();
-    user.have([this] { window.capture().startFromHere(path("session.scenario")); });
+    hand.have([this] { window.capture().startFromHere(folder.file("session.scenario")); });
     for (int i = wanted("KO_SESSION_ACTIONS", 150) / 3; i > 0; --i)
         act();
     expectSameReplay(demoSetup);
@@ -225,18 +193,18 @@ private:
 
 TEST_F(CaptureTest, AFullDiskEndsTheCaptureWithAMessageAndThePageGoesOn)
 {
-    window.capture().start(path("session.scenario"), {});
-    window.open(path("bench.json"));
+    window.capture().start(folder.file("session.scenario"), {});
+    window.open(folder.file("bench.json"));
     QAction& entry = window.capture().action();
     EXPECT_TRUE(entry.isChecked());
     const std::string before = captured();
     QString message;
     {
         const FullDisk full(before.size() + 3);
-        RandomUser user(window, 1);
-        user.have([&] { QTest::mouseClick(window.page().view().widget(page().optAfter), Qt::LeftButton); });
-        user.have([&] { QTest::mouseClick(window.page().view().widget(page().txtDuration), Qt::LeftButton); });
-        message = user.lastMessage();
+        RandomUser hand(window, 1);
+        hand.have([&] { QTest::mouseClick(&at(page().optAfter), Qt::LeftButton); });
+        hand.have([&] { QTest::mouseClick(&at(page().txtDuration), Qt::LeftButton); });
+        message = hand.lastMessage();
     }
     EXPECT_EQ(page().activeControl(), &page().txtDuration);
     EXPECT_EQ(message, window.text(3203));

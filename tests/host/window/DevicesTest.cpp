@@ -1,14 +1,9 @@
 #include "FrameTest.h"
 #include "host/docks/FailureStrip.h"
 #include "host/docks/InstrumentGallery.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/instruments/SimulatedAcquisition.h"
 #include "host/properties/PropertiesDialog.h"
-#include "host/setup/SetupFile.h"
 
-#include <QListWidget>
-#include <QPushButton>
-#include <QTreeView>
 #include <set>
 
 namespace ko::test {
@@ -65,12 +60,11 @@ protected:
     void SetUp() override { window.session().devices = bench; }
     void open(const char* members, const char* others = "")
     {
-        window.open(file("bench.json", (R"({"drivers": [{"name": "Mine", "module": "bench", "device": "scope")" +
-                                        std::string(members) + "}" + others + "]}")
-                                           .c_str()));
+        FrameTest::open(R"({"drivers": [{"name": "Mine", "module": "bench", "device": "scope")" + std::string(members) +
+                        "}" + others + "]}");
         show();
     }
-    const InstrumentSettings& held() { return window.session().drivers().at(0)->held(); }
+    const InstrumentSettings& held() { return driver().held(); }
 };
 
 TEST_F(DevicesTest, AMissingDeviceFailsKeepsItsSettingsAndComesBackOnTryAgain)
@@ -80,7 +74,7 @@ TEST_F(DevicesTest, AMissingDeviceFailsKeepsItsSettingsAndComesBackOnTryAgain)
            "groups": [{"name": "g", "channels": [{"address": "1:1", "name": "Crank", "enabled": 0}]}])");
     EXPECT_TRUE(strip.findChild<QListWidget*>()->item(0)->text().contains("Mine"));
     EXPECT_TRUE(strip.findChild<QListWidget*>()->item(0)->text().contains("bench scope: is unplugged"));
-    user.saveAs = fromQt(folder.filePath("saved.json"));
+    user.saveAs = folder.file("saved.json");
     window.files().saveAs();
     const auto saved = loadSetup(user.saveAs);
     EXPECT_EQ(saved.instruments[0].options, (DeviceOptions{{"range", "high"}}));
@@ -121,7 +115,7 @@ TEST_F(DevicesTest, ADeviceThatComesBackToBeRecordedIsNoEditAndIsShownAfterwards
              it.others);
         bench->isThere = true;
         bench->periods.push_back(0.1);
-        user.record = fromQt(folder.filePath("out.h5"));
+        user.record = folder.file("out.h5");
         user.told.clear();
         (window.recording().*it.begin)();
         EXPECT_EQ(window.recording().isActive(), *it.others == '\0') << user.told;
@@ -142,10 +136,8 @@ TEST_F(DevicesTest, TheGalleryAddsAFoundDeviceAsOneStepThatClosesItWhenUndone)
     action(hostText::viewMenu, hostText::instruments).trigger();
     window.session().begin("empty");
     show();
-    const Soon choose([] {
-        auto* const gallery = dynamic_cast<InstrumentGallery*>(QApplication::activeModalWidget());
-        ASSERT_NE(gallery, nullptr);
-        auto& list = *gallery->findChild<QListWidget*>();
+    const InDialog<InstrumentGallery> choose([](InstrumentGallery& gallery) {
+        auto& list = *gallery.findChild<QListWidget*>();
         ASSERT_TRUE(QTest::qWaitFor([&] { return list.item(list.count() - 1)->text().contains("broken.so"); }));
         EXPECT_FALSE(list.item(list.count() - 1)->flags().testFlag(Qt::ItemIsEnabled));
         list.setCurrentRow(list.count() - 3);

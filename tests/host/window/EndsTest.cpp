@@ -1,13 +1,8 @@
 #include "FrameTest.h"
-#include "host/docks/InstrumentsView.h"
 
-#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QFileDialog>
 #include <QListView>
-#include <QPushButton>
-#include <QTableWidget>
-#include <QTreeWidget>
 
 namespace ko::test {
 namespace {
@@ -21,27 +16,11 @@ const char* const triggeredBench = R"({"drivers": [
        {"id": 2, "name": "Level", "type": "Float", "min": -10, "max": 10, "value": 0.5}]}]}]},
   {"name": "Scanner", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5}}]})";
 
-/// Boxes, but the file to record is known.
-class Recorded : public BoxQuestions {
-public:
-    Recorded(FrameWindow& window, const QString& file)
-        : BoxQuestions(
-              window, window.session(), [&window](int number) { return window.text(number); }, usual),
-          file_(fromQt(file))
-    {
-    }
-    std::string fileToRecord(const RecordOffer&) override { return file_; }
-
-private:
-    inline static const Locale usual;
-    std::string file_;
-};
-
 /// A window on a set-up. The window or its contents are ended while one of its boxes, dialogs or menus is open.
 struct Desk {
-    QTemporaryDir folder;
+    const Folder folder;
     std::unique_ptr<FrameWindow> window = std::make_unique<FrameWindow>("");
-    std::string setup = file("bench.json", triggeredBench);
+    std::string setup = folder.file("bench.json", triggeredBench);
 
     Desk()
     {
@@ -53,13 +32,6 @@ struct Desk {
     {
         window->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
-    std::string file(const char* name, const char* content) const
-    {
-        QFile out(folder.filePath(name));
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(content);
-        return fromQt(out.fileName());
     }
     [[nodiscard]] Page& page() const { return window->document().page(); }
     template <class Widget = QWidget> [[nodiscard]] Widget& at(const Control& control) const
@@ -77,8 +49,8 @@ struct Desk {
     /// Starts a window anew that finds this copy of unsaved changes.
     void offerCopy(const std::string& content)
     {
-        file("a.unsaved", content.c_str());
-        window = std::make_unique<FrameWindow>("", fromQt(folder.filePath("window.json")));
+        folder.file("a.unsaved", content);
+        window = std::make_unique<FrameWindow>("", folder.file("window.json"));
         window->show();
         window->autosave().offer(window->files().questions());
     }
@@ -164,7 +136,7 @@ const Opening openings[] = {
      }},
     {"NoInstruments",
      [](Desk& desk) {
-         desk.window->open(desk.file("none.json", R"({"drivers": []})"));
+         desk.window->open(desk.folder.file("none.json", R"({"drivers": []})"));
          send(desk.at(desk.page().imgNoInst), QEvent::MouseButtonRelease);
      }},
     {"ContextMenu",
@@ -179,10 +151,9 @@ const Opening openings[] = {
     {"FileToSave", [](Desk& desk) { desk.choose(hostText::fileMenu, hostText::saveAs); }},
     {"Overwritten",
      [](Desk& desk) {
-         const Soon accept([&] {
-             auto* const files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-             files->selectFile(toQt(desk.setup));
-             static_cast<QDialog*>(files)->accept();
+         const InDialog<QFileDialog> accept([&](QFileDialog& files) {
+             files.selectFile(toQt(desk.setup));
+             static_cast<QDialog&>(files).accept();
          });
          desk.choose(hostText::fileMenu, hostText::saveAs);
      },
@@ -198,16 +169,17 @@ const Opening openings[] = {
     {"Unsaved", [](Desk& desk) { desk.window->session().setChanged(true), desk.window->close(); }},
     {"Conflict",
      [](Desk& desk) {
-         desk.file("bench.json", R"({"drivers": []})");
+         desk.folder.file("bench.json", R"({"drivers": []})");
          desk.choose(hostText::fileMenu, hostText::save);
      }},
     {"FileToPlay", [](Desk& desk) { desk.choose(hostText::fileMenu, textNumber::replay::menu); }},
     {"Played",
      [](Desk& desk) {
          desk.window->replay().setPace(0);
-         desk.window->replay().play(desk.file("a.scenario", "click optStartTime\n"
-                                                            "dialog SetDateTime\nfocus btnOK\nfocus btnCancel\nend\n"
-                                                            "click cmdStartTime\nfocus txtDuration\n"));
+         desk.window->replay().play(desk.folder.file("a.scenario",
+                                                     "click optStartTime\n"
+                                                     "dialog SetDateTime\nfocus btnOK\nfocus btnCancel\nend\n"
+                                                     "click cmdStartTime\nfocus txtDuration\n"));
      }},
     {"Restore",
      [](Desk& desk) {
@@ -220,7 +192,7 @@ const Opening openings[] = {
     {"StopMonitor", [](Desk& desk) { desk.window->recording().monitor(), desk.window->close(); }},
     {"StopRecording",
      [](Desk& desk) {
-         desk.window->files().setQuestions(std::make_unique<Recorded>(*desk.window, desk.folder.filePath("a.h5")));
+         desk.window->files().setQuestions(std::make_unique<RecordsTo>(*desk.window, desk.folder.file("a.h5")));
          desk.window->recording().record();
          desk.window->close();
      }},
@@ -233,7 +205,7 @@ const Opening openings[] = {
      }},
     {"Plus",
      [](Desk& desk) {
-         desk.window->open(desk.file("none.json", R"({"drivers": []})"));
+         desk.window->open(desk.folder.file("none.json", R"({"drivers": []})"));
          QTest::mouseClick(desk.window->findChild<QToolButton*>("plus"), Qt::LeftButton);
      }},
     {"Gallery", [](Desk& desk) { QTest::keyClick(&desk.tree(), Qt::Key_Insert); }},
@@ -277,10 +249,9 @@ const Deed deeds[] = {
          desk.window->space().refreshLater();
          desk.window.reset();
      }},
-    {"EndsTheDocument",
-     [](Desk& desk) { desk.window->capture().startFromHere(fromQt(desk.folder.filePath("a.scenario"))); }},
+    {"EndsTheDocument", [](Desk& desk) { desk.window->capture().startFromHere(desk.folder.file("a.scenario")); }},
     {"OpensAnotherSetUp",
-     [](Desk& desk) { desk.window->open(desk.file("other.json", R"({"drivers": [{"name": "B"}]})")); }},
+     [](Desk& desk) { desk.window->open(desk.folder.file("other.json", R"({"drivers": [{"name": "B"}]})")); }},
     {"HandsOverAnotherList",
      [](Desk& desk) {
          const HostInstruments& drivers = desk.window->session().drivers();
@@ -324,7 +295,7 @@ TEST_P(Ends, InTheMiddleOfWhatTheUserDoes)
             continue;
         // The window must still be usable.
         desk.window->document().mode().setReadOnly(false);
-        desk.window->open(desk.file("again.json", triggeredBench));
+        desk.window->open(desk.folder.file("again.json", triggeredBench));
         desk.window->show();
         desk.activate();
         desk.page().moveFocus(&desk.page().txtDuration);

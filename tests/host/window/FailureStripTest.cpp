@@ -2,9 +2,6 @@
 #include "FrameTest.h"
 
 #include <QAccessible>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
 
 namespace ko::test {
 namespace {
@@ -20,11 +17,10 @@ protected:
         std::string drivers = R"({"name": "Digitizer", "timebase": {"samplePeriod": {"value": 0.5}}})";
         for (int i = 1; i <= scanners; ++i)
             drivers += R"(, {"name": "Scanner )" + std::to_string(i) + R"(", "samplingMode": 2, "timebase": {}})";
-        window.open(file("bench.json", (R"({"drivers": [)" + drivers + "]}").c_str()));
+        FrameTest::open(R"({"drivers": [)" + drivers + "]}");
         window.docks().health().now = [] { return DateTime{46347.5}; };
         show();
     }
-    HostInstrument& driver(std::size_t index) { return *window.session().drivers()[index]; }
     void typePeriod(const char* text)
     {
         QWidget& box = at(page().txtSamplePeriod);

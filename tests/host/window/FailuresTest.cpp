@@ -1,10 +1,8 @@
 #include "FrameTest.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/toolkit/GuardedApplication.h"
 #include "host/toolkit/Later.h"
 
 #include <QAbstractItemModel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #ifdef KO_ADDRESS_SANITIZER
 #include <sanitizer/lsan_interface.h>
@@ -98,7 +96,7 @@ protected:
 
 TEST_F(FailuresTest, WhatTheUserAsksForAndFailsIsNamedInABoxAndTheWindowStays)
 {
-    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    const std::string bench = file("bench.json", oneInstrument);
     window.open(bench);
     show();
     page().optStartTime.userClicked();

@@ -1,6 +1,8 @@
 #include "FrameTest.h"
-#include "host/setup/SetupFile.h"
+#include "host/sheet/SheetPages.h"
 #include "host/sheet/SheetTexts.h"
+#include "look/Look.h"
+#include "look/Painted.h"
 
 #include <QFileInfo>
 #include <QPrinter>
@@ -10,7 +12,7 @@ namespace {
 
 class FramePrintingTest : public FrameTest {
 protected:
-    const std::string bench = file("bench.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    const std::string bench = file("bench.json", oneInstrument);
 };
 
 TEST_F(FramePrintingTest, ThePreviewShowsThePageAsItIsPrinted)
@@ -19,9 +21,9 @@ TEST_F(FramePrintingTest, ThePreviewShowsThePageAsItIsPrinted)
     show();
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(folder.filePath("preview.pdf"));
+    printer.setOutputFileName(toQt(folder.file("preview.pdf")));
     window.printing().printPageOn(printer);
-    EXPECT_GT(QFileInfo(folder.filePath("preview.pdf")).size(), 1000);
+    EXPECT_GT(QFileInfo(toQt(folder.file("preview.pdf"))).size(), 1000);
     EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
@@ -33,17 +35,15 @@ TEST_F(FramePrintingTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsR
          {std::pair{QPageSize::A4, "/MediaBox [0 0 595"}, {QPageSize::Letter, "/MediaBox [0 0 612"}}) {
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(folder.filePath("sheet.pdf"));
+        printer.setOutputFileName(toQt(folder.file("sheet.pdf")));
         printer.setPageSize(QPageSize(paper));
         window.printing().printSheetOn(printer);
-        QFile file(folder.filePath("sheet.pdf"));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QByteArray pdf = file.readAll();
+        const QByteArray pdf = QByteArray::fromStdString(readFile(folder.file("sheet.pdf")));
         EXPECT_TRUE(pdf.contains(box));
         EXPECT_GT(pdf.count("/Type /Page\n"), 1);
     }
     window.open(bench);
-    for (const QString& refused : {folder.filePath("none/sheet.pdf"), toQt(bench)}) {
+    for (const QString& refused : {toQt(folder.file("none/sheet.pdf")), toQt(bench)}) {
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(refused);
@@ -57,17 +57,45 @@ TEST_F(FramePrintingTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsR
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
 }
 
+TEST_F(FramePrintingTest, EachPageOfASheetHasItsPartAndItsNumber)
+{
+    ko::Setup setup;
+    setup.instruments.resize(100);
+    for (InstrumentSettings& instrument : setup.instruments) {
+        instrument.name = "Unit " + std::to_string(&instrument - setup.instruments.data());
+        instrument.timebase.emplace();
+    }
+    window.open(file("large.json", setupText(setup)));
+    NotingDevice paper(QSize(700, 1000), 96);
+    const SheetPages pages({page(), window.session().drivers(), "T", "large.json", false, {46347.5}, texts, locale},
+                           paper, QSizeF(700, 1000));
+    ASSERT_GT(pages.count(), 2);
+    Look look;
+    for (int i = 0; i < pages.count(); ++i) {
+        paper.notes = {};
+        QPainter painter(&paper);
+        pages.paint(painter, i);
+        const QStringList words = paper.notes.words();
+        EXPECT_EQ(words.mid(words.size() - 2).join('|'),
+                  QString("Set-up sheet  \u00b7  T  \u00b7  large.json  \u00b7  11/21/2026 12:00:00 PM|Page %1 of %2")
+                      .arg(QString::number(i + 1), QString::number(pages.count())));
+        EXPECT_LT(words.filter("Unit").size(), 60) << "a part of them";
+        look.add(QStringLiteral("page %1").arg(i + 1), {}, paper.notes.notes);
+    }
+    look.compare("sheet");
+}
+
 TEST_F(FramePrintingTest, TheSheetIsExportedAndNeverOverTheOpenSetup)
 {
     window.open(bench);
     show();
     QAction& entry = action(hostText::fileMenu, sheetText::exportEntry);
     entry.trigger();
-    user.sheet = folder.filePath("sheet.html").toStdString();
+    user.sheet = folder.file("sheet.html");
     entry.trigger();
     EXPECT_NE(readFile(user.sheet).find("bench.json"), std::string::npos);
     const std::string before = readFile(bench);
-    for (const std::string& refused : {bench, folder.filePath("none/sheet.pdf").toStdString()}) {
+    for (const std::string& refused : {bench, folder.file("none/sheet.pdf")}) {
         user.sheet = refused;
         QString told;
         answer(told);

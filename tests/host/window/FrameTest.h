@@ -1,21 +1,43 @@
 #pragma once
 
+#include "fakes/Folder.h"
+#include "host/docks/InstrumentsView.h"
+#include "host/setup/SetupSaving.h"
+#include "host/setup/SetupWriter.h"
 #include "host/support/HostTexts.h"
 #include "host/window/FrameWindow.h"
-#include "widgets/Soon.h"
+#include "widgets/InDialog.h"
 
-#include <QApplication>
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
 #include <QDockWidget>
-#include <QFile>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QTemporaryDir>
+#include <QPushButton>
+#include <QTableWidget>
 #include <QTest>
 #include <QToolButton>
-#include <gtest/gtest.h>
+#include <QTreeView>
+#include <QTreeWidget>
 
 namespace ko::test {
+
+/// A set-up.
+inline const char* const oneInstrument = R"({"drivers": [{"name": "A", "timebase": {}}]})";
+
+/// Changes the set-up, as a click of the user.
+inline void change(FrameWindow& window)
+{
+    Page& page = window.document().page();
+    window.page().view().act(
+        [&] { (page.optImmediate.value() ? page.optStartTime : page.optImmediate).userClicked(); });
+}
 
 /// Predefined answers of the user, and the messages shown.
 struct Decided {
@@ -88,6 +110,22 @@ private:
     Decided& user_;
 };
 
+/// Message boxes and dialogs, but the file to record is known.
+class RecordsTo : public BoxQuestions {
+public:
+    explicit RecordsTo(FrameWindow& window, std::string file = {})
+        : BoxQuestions(
+              window, window.session(), [&window](int number) { return window.text(number); }, usual),
+          file_(std::move(file))
+    {
+    }
+    std::string fileToRecord(const RecordOffer&) override { return file_; }
+
+private:
+    inline static const Locale usual;
+    std::string file_;
+};
+
 /// The frame window, with questions answered by `Decided` instead of message boxes.
 class FrameTest : public testing::Test {
 protected:
@@ -95,7 +133,7 @@ protected:
     FrameWindow window{""};
     const Texts texts = [this](int number) { return window.text(number); };
     const Locale locale;
-    QTemporaryDir folder;
+    const Folder folder;
 
     FrameTest() { window.files().setQuestions(std::make_unique<DecidedQuestions>(user)); }
 
@@ -110,12 +148,16 @@ protected:
                         return *entry;
         throw std::out_of_range("no such menu entry");
     }
-    std::string file(const char* name, const char* content)
+    std::string file(const std::string& name, std::string_view content) { return folder.file(name, content); }
+    void open(std::string_view setup) { window.open(file("bench.json", setup)); }
+    const HostInstruments& drivers() { return window.session().drivers(); }
+    HostInstrument& driver(std::size_t place = 0) { return *drivers().at(place); }
+    /// What all instruments hold, as the text of a set-up.
+    std::string held() { return setupText(withPresentValues({}, drivers())); }
+    /// Presses a key where the focus is.
+    void press(int key, Qt::KeyboardModifiers modifiers = {})
     {
-        QFile out(folder.filePath(name));
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(content);
-        return fromQt(out.fileName());
+        QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, static_cast<Qt::Key>(key), modifiers);
     }
     void show()
     {
@@ -131,16 +173,14 @@ protected:
     /// Confirms the next message box and stores its texts.
     void answer(QString& told)
     {
-        answer_.emplace([&told] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            told = box->text() + u'\n' + box->informativeText();
-            box->accept();
+        answer_.emplace([&told](QMessageBox& box) {
+            told = box.text() + u'\n' + box.informativeText();
+            box.accept();
         });
     }
 
 private:
-    std::optional<Soon> answer_;
+    std::optional<InDialog<>> answer_;
 };
 
 } // namespace ko::test

@@ -3,13 +3,9 @@
 #include "host/docks/Reports.h"
 #include "host/toolkit/HintLine.h"
 
-#include <QClipboard>
 #include <QHeaderView>
-#include <QLabel>
-#include <QPushButton>
 #include <QScreen>
 #include <QTextBrowser>
-#include <QTreeWidget>
 
 namespace ko::test {
 namespace {

@@ -1,19 +1,11 @@
 #include "FrameTest.h"
 #include "host/docks/DriverLog.h"
-#include "host/docks/InstrumentsView.h"
-#include "host/setup/SetupSaving.h"
-#include "host/setup/SetupWriter.h"
 #include "interfaces/Timebase.h"
 
 #include <QAbstractItemModelTester>
-#include <QClipboard>
-#include <QDialog>
-#include <QListWidget>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
-#include <QTreeView>
 
 namespace ko::test {
 namespace {
@@ -26,17 +18,16 @@ protected:
 
     void SetUp() override
     {
-        window.open(file("bench.json", R"({"drivers": [{"name": "Digitizer", "triggerLines": {},
+        open(R"({"drivers": [{"name": "Digitizer", "triggerLines": {},
             "timebase": {"samplePeriod": {"value": 0.5, "choices": [0.5, 1]}, "startTime": 46347.5, "duration": 25.6},
             "groups": [{"name": "Inputs", "channels": [{"address": "0:1", "name": "Crank", "triggerSource": true,
                 "triggerParameters": [{"id": 2, "name": "Level", "type": "Float", "value": 1.5}]},
                 {"address": "0:2", "enabled": 0}]}]},
-            {"name": "Scanner", "samplingMode": 2, "timebase": {}}]})"));
+            {"name": "Scanner", "samplingMode": 2, "timebase": {}}]})");
         action(hostText::viewMenu, hostText::instruments).trigger();
         action(hostText::viewMenu, hostText::driverLog).trigger();
         show();
     }
-    HostInstrument& driver() { return *window.session().drivers().front(); }
     /// Returns the row at the end of a path of names; an invalid index if there is none.
     QModelIndex row(const QStringList& path, int column = 0)
     {
@@ -104,27 +95,25 @@ TEST_F(InstrumentsTest, AChannelIsSwitchedInTheTreeAndThePageReloadsTheInstrumen
 
 TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrumentsAreHandedOverAgain)
 {
-    window.open(file("lines.json", R"({"drivers": [
+    open(R"({"drivers": [
         {"name": "A", "timebase": {}, "triggerLines": {"startMasterRank": 5},
          "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]},
         {"name": "B", "samplingMode": 2, "timebase": {}, "triggerLines": {"scanMasterRank": 5},
-         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})"));
-    const Soon choose([] {
-        QWidget* const dialog = QApplication::activeModalWidget();
-        ASSERT_NE(dialog, nullptr);
+         "groups": [{"name": "G", "channels": [{"address": "0:1"}]}]}]})");
+    const InDialog<QDialog> choose([](QDialog& dialog) {
         for (const char* const button : {"optStartTrig(5)", "optScanTrig(6)", "btnOK"})
-            dialog->findChild<QAbstractButton*>(button)->click();
+            dialog.findChild<QAbstractButton*>(button)->click();
     });
     page().mnuTimebaseTriggerLines.userClicked();
     page().optStartTime.userClicked();
-    const auto held = [&] {
-        ko::Setup setup = withPresentValues({}, window.session().drivers());
+    const auto heldTimebases = [&] {
+        ko::Setup setup = withPresentValues({}, drivers());
         for (InstrumentSettings& instrument : setup.instruments)
             instrument.groups.clear();
         return setupText(setup);
     };
     ASSERT_EQ(driver().held().triggerLines->startTriggerLine, 5);
-    const std::string before = held();
+    const std::string before = heldTimebases();
     const auto tick = [&](const char* name) {
         return [this, name] { rows.setData(row({name, "G", "0:1"}), Qt::Unchecked, Qt::CheckStateRole); };
     };
@@ -136,7 +125,7 @@ TEST_F(InstrumentsTest, WhatIsSetStaysWhenAChannelIsSwitchedAndWhenTheInstrument
     for (const auto& [change, marks] : changes) {
         window.history().saved();
         change();
-        EXPECT_EQ(held(), before);
+        EXPECT_EQ(heldTimebases(), before);
         EXPECT_EQ(page().lines.line(LineTrigger::start), 5);
         EXPECT_EQ(page().lines.line(LineTrigger::scan), 6);
         EXPECT_EQ(window.session().isChanged(), marks);
@@ -154,7 +143,7 @@ TEST_F(InstrumentsTest, WhenTheTreeIsFilledAnewItsRowsStayOpenChosenAndCurrent)
     QCoreApplication::processEvents();
     tree.verticalScrollBar()->setValue(2);
     for (int times = 0; times < 2; ++times) {
-        window.docks().follow(window.session().drivers());
+        window.docks().follow(drivers());
         EXPECT_TRUE(tree.isExpanded(row({"Digitizer"})) && tree.isExpanded(row({"Digitizer", "Inputs"})));
         EXPECT_FALSE(tree.isExpanded(row({"Digitizer", "Timebase"})) || tree.isExpanded(row({"Scanner"})));
         EXPECT_EQ(tree.selectionModel()->selectedRows(), QModelIndexList{row(crank)});
@@ -162,7 +151,7 @@ TEST_F(InstrumentsTest, WhenTheTreeIsFilledAnewItsRowsStayOpenChosenAndCurrent)
         EXPECT_EQ(tree.verticalScrollBar()->value(), 2);
     }
     tree.selectionModel()->clear();
-    window.docks().follow(window.session().drivers());
+    window.docks().follow(drivers());
     EXPECT_FALSE(tree.currentIndex().isValid());
 }
 
@@ -201,7 +190,7 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
 
 TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsCaptured)
 {
-    const std::string scenario = folder.filePath("a.scenario").toStdString();
+    const std::string scenario = folder.file("a.scenario");
     window.capture().startFromHere(scenario);
     rows.setData(row({"Digitizer", "Inputs", "0:2"}), Qt::Checked, Qt::CheckStateRole);
     window.instruments().faultChanged(driver(), "SamplePeriod set", true);

@@ -6,12 +6,9 @@
 #include "host/recording/HeldRecording.h"
 #include "host/recording_view/RecordingView.h"
 
-#include <QDir>
 #include <QPixmapCache>
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <malloc.h>
 #include <nlohmann/json.hpp>
@@ -62,14 +59,14 @@ protected:
         user.unsaved = Unsaved::Discard;
         user.conflict = Conflict::Overwrite;
         user.stops = true;
-        user.saveAs = fromQt(folder.filePath("saved.json"));
+        user.saveAs = folder.file("saved.json");
         show();
     }
 
     void useForAnHour(int hour, int actions)
     {
         open(hour);
-        user.record = fromQt(folder.filePath("used.h5"));
+        user.record = folder.file("used.h5");
         hand_.draw = Draw(static_cast<unsigned>(hour) + 1);
         for (int action = 0; action < actions; ++action) {
             hand_.act();
@@ -85,8 +82,8 @@ protected:
         // They keep a limited number of entries.
         window.docks().log().model().clear();
         window.docks().reports().clear();
-        QDir(folder.path()).removeRecursively();
-        QDir().mkpath(folder.path());
+        std::filesystem::remove_all(folder.path);
+        std::filesystem::create_directories(folder.path);
     }
 
 private:
@@ -96,7 +93,7 @@ private:
             QDateTime(QDate(2026, 11, 21), QTime(9, 30)).addSecs(3600LL * hour).toString("yyyy-MM-dd HH:mm:ss");
         setup_["clock"] = fromQt(time);
         setup_["title"] = "hour " + std::to_string(hour);
-        const QString opened = toQt(file("fifty.json", setup_.dump(1).c_str()));
+        const QString opened = toQt(file("fifty.json", setup_.dump(1)));
         // A refused entry would keep its set-up open.
         hand_.have([this] { QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, Qt::Key_Escape); });
         hand_.have([&] { window.files().open(opened); });
@@ -107,7 +104,7 @@ private:
     void recordPlan(int hour)
     {
         open(hour);
-        user.record = fromQt(folder.filePath("hour.h5"));
+        user.record = folder.file("hour.h5");
         hand_.have([this] { window.recording().record(); });
         ASSERT_TRUE(QTest::qWaitFor([this] { return !window.recording().isActive(); }, 60'000)) << hour;
         ASSERT_EQ(fromQt(window.recording().view().stateText()), "The recording is complete.") << hour << user.told;

@@ -1,6 +1,5 @@
 #include "FrameTest.h"
 
-#include <QClipboard>
 #include <QRadioButton>
 
 namespace ko::test {
@@ -16,7 +15,7 @@ class OffersTest : public FrameTest {
 protected:
     void SetUp() override
     {
-        window.open(file("bench.json", offeringBench));
+        open(offeringBench);
         show();
     }
     void press(Qt::Key key)

@@ -1,18 +1,7 @@
 #include "FrameTest.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/properties/PropertiesDialog.h"
-#include "host/setup/SetupSaving.h"
-#include "host/setup/SetupWriter.h"
 
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTableWidget>
 #include <QTextBrowser>
-#include <QTreeView>
 
 namespace ko::test {
 namespace {
@@ -30,12 +19,10 @@ protected:
 
     void SetUp() override
     {
-        window.open(file("bench.json", propertiesBench));
+        FrameTest::open(propertiesBench);
         action(hostText::viewMenu, hostText::instruments).trigger();
         show();
     }
-    [[nodiscard]] std::string held() { return setupText(withPresentValues({}, window.session().drivers())); }
-    HostInstrument& driver(std::size_t instrument) { return *window.session().drivers().at(instrument); }
     /// Opens the dialog of an instrument by keys.
     PropertiesDialog& open(int instrument)
     {
@@ -105,7 +92,7 @@ TEST_F(PropertiesTest, OneStepTakesWhatWasEditedAndThePageFollows)
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     QCoreApplication::processEvents();
     press(dialog, Qt::Key_Return);
-    const InstrumentSettings changed = window.session().drivers()[0]->held();
+    const InstrumentSettings changed = driver().held();
     EXPECT_EQ(changed.timebase->samplePeriod.choices, (std::vector<double>{0.0003, 0.002, 0.30000000000000004}));
     EXPECT_EQ(changed.groups[0].channels[1].signal->frequency, 12.5);
     EXPECT_FALSE(changed.groups[0].channels[0].signal);

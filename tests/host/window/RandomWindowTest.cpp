@@ -11,7 +11,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <random>
 #include <sstream>
 
 namespace ko::test {

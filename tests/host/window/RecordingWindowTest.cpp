@@ -1,16 +1,12 @@
 #include "FrameTest.h"
 #include "host/chart/ChartPanel.h"
 #include "host/docks/FailureStrip.h"
-#include "host/docks/InstrumentsView.h"
 #include "host/recording/HeldRecording.h"
 #include "host/recording/RecordedSignals.h"
 #include "host/recording_view/RecordingView.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTableWidget>
 
 namespace ko::test {
 namespace {
@@ -36,13 +32,9 @@ protected:
 
     void open(const std::string& content)
     {
-        window.open(file("bench.json", content.c_str()));
+        FrameTest::open(content);
         show();
-        user.record = fromQt(folder.filePath("out.h5"));
-    }
-    void press(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, static_cast<Qt::Key>(key), modifiers);
+        user.record = folder.file("out.h5");
     }
     bool begins(const std::string& text)
     {
@@ -62,7 +54,7 @@ TEST_F(RecordingWindowTest, AKeyRecordsAndThePageIsReadOnlyMeanwhile)
     EXPECT_TRUE(page().readOnly && page().lblReadOnly.visible());
     EXPECT_EQ(page().lblReadOnly.caption(), "Read-only while recording");
     ASSERT_TRUE(ends());
-    EXPECT_EQ(user.offered.file, fromQt(folder.filePath("Bench 1-2 2026-11-21 093000.h5")));
+    EXPECT_EQ(user.offered.file, folder.file("Bench 1-2 2026-11-21 093000.h5"));
     EXPECT_FALSE(page().readOnly);
     EXPECT_EQ(state(), "The recording is complete.");
     ASSERT_EQ(summary().rowCount(), 1);
@@ -132,7 +124,7 @@ TEST_F(RecordingWindowTest, AnotherSetUpAndADestroyedWindowEndTheRecordingWithAW
     auto decided = std::make_unique<DecidedQuestions>(user);
     second.files().setQuestions(std::move(decided));
     second.open(file("bench.json", endless.c_str()));
-    user.record = fromQt(folder.filePath("second.h5"));
+    user.record = folder.file("second.h5");
     second.recording().record();
     EXPECT_TRUE(second.recording().isActive());
 }
@@ -229,7 +221,7 @@ TEST_F(RecordingWindowTest, WhatFailsIsSaidAndThePageCanBeEditedAgain)
 
     open(setupOf(R"("duration": 1, )", standing));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !strip.isVisible(); }));
-    user.record = fromQt(folder.filePath("no/such/folder.h5"));
+    user.record = folder.file("no/such/folder.h5");
     press(Qt::Key_F9);
     ASSERT_TRUE(ends());
     EXPECT_NE(user.told.find("no/such/folder.h5"), std::string::npos) << user.told;
@@ -260,7 +252,7 @@ TEST_F(RecordingWindowTest, ARecordingOpensWithItsSetUpReadOnlyAndItsSummary)
     window.files().open(toQt(damaged));
     EXPECT_NE(user.told.find("damaged.h5: is no recording"), std::string::npos) << user.told;
     EXPECT_TRUE(recording().isOpened() && page().readOnly) << "the one that is open stays open";
-    user.saveAs = fromQt(folder.filePath("again.json"));
+    user.saveAs = folder.file("again.json");
     window.files().save();
     EXPECT_EQ(window.session().file(), user.saveAs) << "the recording itself is never overwritten";
     EXPECT_EQ(heldIn(user.record).instruments.size(), 1U);

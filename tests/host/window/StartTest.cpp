@@ -1,6 +1,5 @@
 #include "FrameTest.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 
 namespace ko::test {
@@ -8,7 +7,7 @@ namespace {
 
 class StartTest : public FrameTest {
 protected:
-    const std::string bench = file("bench & <b>.json", R"({"drivers": [{"name": "A", "timebase": {}}]})");
+    const std::string bench = file("bench & <b>.json", oneInstrument);
 
     StartTest() { show(); }
     [[nodiscard]] bool isStart() { return window.start().isVisible() && !window.page().isVisible(); }
@@ -72,7 +71,7 @@ TEST_F(StartTest, AMissingRecentFileIsNamedAndLeavesTheListIfTheUserWants)
 
 TEST_F(StartTest, ClosingAsksAboutChangesAndWithoutASetUpTheFileEntriesDoNothing)
 {
-    user.saveAs = folder.filePath("nothing.json").toStdString();
+    user.saveAs = folder.file("nothing.json");
     action(hostText::fileMenu, hostText::save).trigger();
     close();
     EXPECT_FALSE(QFile::exists(toQt(user.saveAs)));

@@ -1,10 +1,5 @@
 #include "FrameTest.h"
-#include "host/docks/InstrumentsView.h"
-#include "host/setup/SetupSaving.h"
-#include "host/setup/SetupWriter.h"
 
-#include <QLabel>
-#include <QMenu>
 #include <QStatusBar>
 #include <QUndoView>
 
@@ -20,10 +15,9 @@ class UndoTest : public FrameTest {
 protected:
     void SetUp() override
     {
-        window.open(file("bench.json", undoBench));
+        open(undoBench);
         show();
     }
-    std::string held() { return setupText(withPresentValues({}, window.session().drivers())); }
     /// Types into a box as a user does who comes by the Tab key and leaves by it.
     void enter(TextBox& box, const char* text)
     {
@@ -31,11 +25,7 @@ protected:
         QTest::keyClicks(&at(box), QString::fromUtf8(text));
         QTest::keyClick(&at(box), Qt::Key_Tab);
     }
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
-    {
-        QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, static_cast<Qt::Key>(key), modifiers);
-    }
-    void undo() { press(Qt::Key_Z); }
+    void undo() { press(Qt::Key_Z, Qt::ControlModifier); }
     void redo() { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
     QMenu& edit() { return *window.menuBar()->actions()[1]->menu(); }
     QAction& menuEntry(int place) { return *edit().actions()[place]; }
@@ -71,17 +61,13 @@ TEST_F(UndoTest, KeysUndoAndRedoEditsAndTheMarkFollowsTheSavedState)
     for (std::size_t i = 0; i < 4; ++i)
         redo();
     EXPECT_EQ(held(), edited);
-    user.saveAs = fromQt(folder.filePath("saved.json"));
+    user.saveAs = folder.file("saved.json");
     action(hostText::fileMenu, hostText::save).trigger();
     EXPECT_FALSE(window.isWindowModified());
     undo();
     EXPECT_TRUE(window.isWindowModified()) << "other than saved";
     enter(page().txtDuration, "26");
-    const Soon discard([] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        box->button(QMessageBox::Discard)->click();
-    });
+    const InDialog discard([](QMessageBox& box) { box.button(QMessageBox::Discard)->click(); });
     action(hostText::fileMenu, textNumber::history::revert).trigger();
     EXPECT_FALSE(window.isWindowModified()) << "read from the file, because no step leads to the saved state";
 }

@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QTest>
 #include <sstream>
-#include <utility>
 
 namespace ko::test {
 

@@ -1,10 +1,9 @@
+#include "fakes/Folder.h"
 #include "modules/sigrok/Demo.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 namespace ko::sigrok {
 
@@ -43,18 +42,17 @@ void awaitTrigger(InstrumentSettings& settings, const std::string& match, std::i
 
 TEST(SigrokAcquisitionTest, DeliversWhatSigroksOwnProgramRecords)
 {
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "korvell-sigrok";
-    std::filesystem::create_directories(folder);
-    const std::string file = (folder / "reference.sr").string();
+    const test::Folder folder;
+    const std::string file = folder.file("reference.sr");
     const std::string record = "sigrok-cli -d demo --config samplerate=10k --samples 700 -o " + file;
-    ASSERT_EQ(std::system((record + " && python3 -m zipfile -e " + file + " " + folder.string()).c_str()), 0);
+    ASSERT_EQ(std::system((record + " && python3 -m zipfile -e " + file + " " + folder.path.string()).c_str()), 0);
 
     const Demo demo;
     Kept kept;
     demo.acquire(kept, 700);
     EXPECT_EQ(kept.why, "");
     EXPECT_EQ(kept.end, 700);
-    const auto logic = contentOf<std::uint8_t>(folder / "logic-1-1");
+    const auto logic = contentOf<std::uint8_t>(folder.path / "logic-1-1");
     ASSERT_EQ(logic.size(), 700U);
     for (unsigned bit = 0; bit < 8; ++bit) {
         std::vector<float> expected(logic.size());
@@ -64,9 +62,8 @@ TEST(SigrokAcquisitionTest, DeliversWhatSigroksOwnProgramRecords)
     }
     for (std::size_t number = 0; number < 4; ++number) // the fifth is random
         EXPECT_EQ(kept.samplesOf(8 + number),
-                  contentOf<float>(folder / ("analog-1-" + std::to_string(9 + number) + "-1")))
+                  contentOf<float>(folder.path / ("analog-1-" + std::to_string(9 + number) + "-1")))
             << "A" << number;
-    std::filesystem::remove_all(folder);
 }
 
 TEST(SigrokAcquisitionTest, EachSettingReachesTheDevice)
@@ -177,15 +174,15 @@ TEST(SigrokAcquisitionTest, StopsWhileItRunsAndIsArmedOneAtATime)
 {
     const Demo demo;
     Kept never;
-    EXPECT_EQ(failureOf([&] { demo.start(never, 1); }), "is not armed");
+    EXPECT_EQ(thrownBy([&] { demo.start(never, 1); }), "is not armed");
     demo.acquisition().stop();
     for (int round = 0; round < 2; ++round) {
         demo.acquisition().arm();
         demo.acquisition().arm();
         Kept kept;
         demo.start(kept, 100'000'000);
-        EXPECT_EQ(failureOf([&] { demo.acquisition().arm(); }), "is acquiring");
-        EXPECT_EQ(failureOf([&] { demo.start(never, 1); }), "is not armed");
+        EXPECT_EQ(thrownBy([&] { demo.acquisition().arm(); }), "is acquiring");
+        EXPECT_EQ(thrownBy([&] { demo.start(never, 1); }), "is not armed");
         kept.awaitBlock();
         demo.acquisition().stop();
         EXPECT_EQ(kept.why, "");

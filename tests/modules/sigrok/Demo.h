@@ -2,6 +2,7 @@
 
 #include "modules/sigrok/SigrokInstrument.h"
 
+#include "fakes/Thrown.h"
 #include "interfaces/Timebase.h"
 
 #include <condition_variable>
@@ -103,15 +104,6 @@ struct Demo {
     std::unique_ptr<Instrument> instrument;
 };
 
-/// What the call fails with; empty: it does not fail.
-template <class Call> std::string failureOf(const Call& call)
-{
-    try {
-        call();
-    } catch (const Failure& failure) {
-        return failure.what();
-    }
-    return {};
-}
+using test::thrownBy;
 
 } // namespace ko::sigrok

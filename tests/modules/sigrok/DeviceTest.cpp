@@ -71,7 +71,7 @@ TEST(SigrokDeviceTest, RefusesWhatItDoesNotHaveAndNamesWhatThereIs)
     };
     const auto library = std::make_shared<Library>();
     for (const auto& it : cases) {
-        const std::string failure = failureOf([&] { SigrokInstrument::open(library, it.device, it.options); });
+        const std::string failure = thrownBy([&] { SigrokInstrument::open(library, it.device, it.options); });
         EXPECT_NE(failure.find(it.expected), std::string::npos) << it.device << ": " << failure;
     }
 }
@@ -99,7 +99,7 @@ TEST(SigrokDeviceTest, WhatASetUpKeepsAndTheDeviceDoesNotTakeIsAFailureWithBoth)
     const auto armedWith = [&](const auto& change) {
         const InstrumentSettings before = demo.instrument->held();
         demo.change(change);
-        std::string failure = failureOf([&] { demo.acquisition().arm(); });
+        std::string failure = thrownBy([&] { demo.acquisition().arm(); });
         demo.instrument->restore(before);
         return failure;
     };
@@ -120,8 +120,8 @@ TEST(SigrokDeviceTest, WhatASetUpKeepsAndTheDeviceDoesNotTakeIsAFailureWithBoth)
               }).find("channel D0 cannot trigger on \"Never\""),
               std::string::npos);
     EXPECT_EQ(armedWith([](auto&) {}), "");
-    EXPECT_NE(failureOf([&] { demo.change([](auto& it) { it.groups[0].channels.pop_back(); }); }), "");
-    EXPECT_NE(failureOf([&] { demo.change([](auto& it) { it.groups.emplace_back(); }); }), "");
+    EXPECT_NE(thrownBy([&] { demo.change([](auto& it) { it.groups[0].channels.pop_back(); }); }), "");
+    EXPECT_NE(thrownBy([&] { demo.change([](auto& it) { it.groups.emplace_back(); }); }), "");
 }
 
 } // namespace ko::sigrok

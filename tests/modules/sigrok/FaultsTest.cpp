@@ -95,7 +95,7 @@ namespace {
 std::string openAndAcquire(bool onTrigger)
 {
     Kept kept;
-    const std::string failure = failureOf([&] {
+    const std::string failure = thrownBy([&] {
         const Demo demo(DeviceOptions{{"pattern A0", "sine"}, {"pattern Logic", "incremental"}});
         demo.change([&](InstrumentSettings& it) {
             for (GroupSettings& group : it.groups)
@@ -136,9 +136,9 @@ TEST(SigrokFaultsTest, AnotherRateThanTheOneSetIsAFailureWithBoth)
 {
     const Demo demo;
     faults = {.rate = 2000};
-    EXPECT_EQ(failureOf([&] { demo.acquisition().arm(); }), "sample rate: 10000 Hz set, 2000 Hz kept");
+    EXPECT_EQ(thrownBy([&] { demo.acquisition().arm(); }), "sample rate: 10000 Hz set, 2000 Hz kept");
     faults = {};
-    EXPECT_EQ(failureOf([&] { demo.acquisition().arm(); }), "");
+    EXPECT_EQ(thrownBy([&] { demo.acquisition().arm(); }), "");
 }
 
 TEST(SigrokFaultsTest, ADeviceThatIsTakenAwayEndsTheAcquisitionWithAReasonAndMayComeBack)
@@ -161,9 +161,9 @@ TEST(SigrokFaultsTest, OfSeveralDevicesNoneIsGuessed)
     faults = {.isDouble = true};
     const auto found = library->devices();
     EXPECT_EQ(std::count_if(found.begin(), found.end(), [](const FoundDevice& it) { return it.device == "demo"; }), 2);
-    EXPECT_EQ(failureOf([&] { SigrokInstrument::open(library, "demo", {}); }), "several devices answer: demo, demo");
+    EXPECT_EQ(thrownBy([&] { SigrokInstrument::open(library, "demo", {}); }), "several devices answer: demo, demo");
     faults = {};
-    EXPECT_EQ(failureOf([&] { SigrokInstrument::open(library, "demo", {}); }), "");
+    EXPECT_EQ(thrownBy([&] { SigrokInstrument::open(library, "demo", {}); }), "");
 }
 
 } // namespace ko::sigrok

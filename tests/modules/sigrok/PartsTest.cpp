@@ -92,7 +92,7 @@ TEST(PacketJoinerTest, ItsMemoryAndItsBlocksAreBounded)
     PacketJoiner joiner({.channels = 2, .samples = std::numeric_limits<std::int64_t>::max()}, kept);
     const Samples packet(PacketJoiner::mostInBlock);
     std::size_t packets = 0;
-    const std::string failure = failureOf([&] {
+    const std::string failure = thrownBy([&] {
         while (++packets < 1000)
             joiner.append(0, packet);
     });

@@ -15,4 +15,15 @@ template <class Call> std::int32_t failureOf(const Call& call)
     return 0;
 }
 
+/// Returns what the exception of this type says that the call throws, or "" if it succeeds.
+template <class Error = Failure, class Call> std::string thrownBy(const Call& call)
+{
+    try {
+        static_cast<void>(call());
+    } catch (const Error& error) {
+        return error.what();
+    }
+    return {};
+}
+
 } // namespace ko::test
