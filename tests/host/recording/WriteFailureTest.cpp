@@ -1,6 +1,7 @@
 #include "Recorded.h"
 #include "host/recording/HeldRecording.h"
 #include "host/recording/UnfinishedFile.h"
+#include "host/support/TemporaryFile.h"
 
 #include <atomic>
 #include <cerrno>

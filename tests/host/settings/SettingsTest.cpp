@@ -1,6 +1,8 @@
 #include "SettingsPage.h"
+#include "host/settings/SettingsList.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace ko::test {
 namespace {
