@@ -65,9 +65,12 @@ class AdvancedTrigView : public FormView {
 public:
     AdvancedTrigView(AdvancedTrig& form, const Texts& texts) : FormView(form, texts)
     {
-        layTab(form.frmStartTrig, column(form.optStartTrig, form.lblNoStartLine),
-               map(form.lblStartMap, form.tblStartMap));
-        layTab(form.frmScanTrig, column(form.optScanTrig, form.lblNoScanLine), map(form.lblScanMap, form.tblScanMap));
+        QHBoxLayout& start = sidesOf(form.frmStartTrig);
+        start.addLayout(column(form.optStartTrig, form.lblNoStartLine));
+        start.addLayout(map(form.lblStartMap, form.tblStartMap));
+        QHBoxLayout& scan = sidesOf(form.frmScanTrig);
+        scan.addLayout(column(form.optScanTrig, form.lblNoScanLine));
+        scan.addLayout(map(form.lblScanMap, form.tblScanMap));
         auto* buttons = new QHBoxLayout;
         buttons->addStretch();
         auto* whole = new QVBoxLayout(this);
@@ -106,13 +109,12 @@ private:
         return map;
     }
 
-    void layTab(Frame& tab, QLayout* options, QLayout* map)
+    /// The Tab key follows the order in which the sides are made.
+    QHBoxLayout& sidesOf(Frame& tab)
     {
         QGroupBox& box = frame(tab);
         box.setFlat(true);
-        auto* sides = new QHBoxLayout(&box);
-        sides->addLayout(options);
-        sides->addLayout(map);
+        return *new QHBoxLayout(&box);
     }
 };
 
