@@ -45,6 +45,7 @@ FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
     setFrameShape(QFrame::StyledPanel);
     heading_->setObjectName(QStringLiteral("failingCount"));
     list_->setAccessibleName(texts(hostText::failingInstruments));
+    list_->setUniformItemSizes(true); // fast for thousands of instruments
     list_->setTextElideMode(Qt::ElideRight);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     button_->setObjectName(QStringLiteral("tryAgain"));

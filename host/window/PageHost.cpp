@@ -50,7 +50,9 @@ PageHost::PageHost(QMainWindow& window, const UserActions& actions, std::shared_
     column->setSpacing(0);
     window.setCentralWidget(centre);
     hint_->setObjectName(QStringLiteral("hint"));
-    parts_->surface = [this](const Form& /*page*/) -> QWidget* { return widget_ ? &widget_->view() : nullptr; };
+    parts_->surface = [this](const Form& form) -> QWidget* {
+        return widget_ && &form == &document_->page() ? &widget_->view() : nullptr;
+    };
 }
 
 void PageHost::make()
