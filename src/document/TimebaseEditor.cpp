@@ -71,6 +71,18 @@ void TimebaseEditor::refreshEstimate()
         schedule_.plan().show();
 }
 
+void TimebaseEditor::refreshRestored()
+{
+    const Steps step(support_.errors, "updateDiskSpace");
+    const std::int32_t code = updateDiskSpace();
+    if (code == diskSpace::fits || step.isSuperseded())
+        return;
+    schedule_.estimate().showBeyondLimit();
+    schedule_.plan().show();
+    schedule_.whatFits().withdraw();
+    tellWhatFits({.code = code});
+}
+
 void TimebaseEditor::refreshPlan()
 {
     if (!page_.isLoading)

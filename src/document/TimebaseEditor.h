@@ -82,6 +82,7 @@ private:
     void markChanged() override;
     std::int32_t updateDiskSpace() override;
     void refreshEstimate() override;
+    void refreshRestored() override;
     void tellWhatFits(const LimitRefusal& refusal) override;
     void setAll(const Quantity& quantity, const std::string& value) override { setAll_.enter(quantity, value); }
     void refreshPlan() override;

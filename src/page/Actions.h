@@ -20,9 +20,13 @@ public:
     /// message from `textNumber::page::block`; the plan's sentence is not updated then. Reports its own failures.
     virtual std::int32_t updateDiskSpace() = 0;
 
-    /// Updates the derived labels and the plan whether or not the recording fits, for values that stay in force, such
-    /// as restored ones. Reports its own failures.
+    /// Updates the derived labels and the plan whether or not the recording fits, for values that stay in force.
+    /// Reports its own failures.
     virtual void refreshEstimate() = 0;
+
+    /// As `refreshEstimate`, for values that Escape restored without a check of the limit: beyond it the figures are
+    /// not available, and the page shows what would fit, as after opening.
+    virtual void refreshRestored() = 0;
 
     /// Shows and offers the settings that would fit in place of a refused change, after the message and after the old
     /// values are restored. Reports its own failures.

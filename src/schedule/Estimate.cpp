@@ -18,6 +18,15 @@ void Estimate::clear()
     page_.lblDurationValue.setCaption(page_.notApplicableText);
 }
 
+void Estimate::showBeyondLimit()
+{
+    Figures& figures = page_.figures;
+    figures.samples = figures.scans = std::nullopt;
+    figures.dynamicBytes = figures.staticBytes = std::nullopt;
+    showCounts(Steps(support_.errors, "updateDiskSpace"));
+    updateActualDuration();
+}
+
 std::int32_t Estimate::updateDiskSpace()
 {
     if (!page_.isDurationKnown)

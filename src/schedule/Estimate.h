@@ -16,6 +16,10 @@ public:
     /// read. Figures that depend on an unknown duration are not available.
     std::int32_t updateDiskSpace();
 
+    /// Shows that the counts and bytes are not available, for settings in force that exceed the limit, and updates the
+    /// actual duration.
+    void showBeyondLimit();
+
     /// Clears all figures.
     void clear();
 

@@ -141,6 +141,11 @@ void Recording::showDuration(double seconds)
         show(page_.txtStopTime, computeStopTime(seconds, timeIn(page_.txtStartTime)));
     else if (page_.optAfter.value() && !page_.txtDuration.hasFocus())
         show(page_.txtDuration, numberText(seconds / page_.cmbInterval.itemData(), support_.locale()));
+    keep(seconds);
+}
+
+void Recording::keep(double seconds)
+{
     if (isEntered())
         kept_ = Kept{getDurationSeconds(), seconds};
 }
@@ -158,6 +163,8 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
         readBack();
         putBack();
         kept_ = before;
+        if (readBack_.duration)
+            keep(widen(*readBack_.duration));
     };
     const Lacking differing = [&](const StartStopSettings& before) { return change.without(before); };
     const Lacking& missing = lacking ? lacking : differing;
@@ -229,8 +236,10 @@ void Recording::restored(const Steps& step)
             readBack_.duration = first.timebase->Duration();
     });
     kept_.reset();
+    if (readBack_.duration)
+        step([&] { keep(widen(*readBack_.duration)); });
     accepted(step, Result::Taken);
-    actions_.refreshEstimate();
+    actions_.refreshRestored();
 }
 
 void Recording::loaded(const Steps& step, const StartStopSettings& shown)
@@ -239,8 +248,8 @@ void Recording::loaded(const Steps& step, const StartStopSettings& shown)
     accept(seconds);
     isStopModeKnown_ = shown.startMode && shown.stopMode;
     kept_.reset();
-    if (seconds && isEntered())
-        step([&] { kept_ = Kept{getDurationSeconds(), *seconds}; });
+    if (seconds)
+        step([&] { keep(*seconds); });
 }
 
 void Recording::accept(std::optional<double> seconds)

@@ -124,6 +124,8 @@ private:
     void showKept(const Steps& step, const StartStopSettings& kept);
     void showModes(const StartStopSettings& kept);
     void showDuration(double seconds);
+    /// Notes that the drivers keep this duration for the one entered on the page.
+    void keep(double seconds);
 
     Page& page_;
     Support& support_;

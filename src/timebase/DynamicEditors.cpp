@@ -143,7 +143,7 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
 void DynamicEditors::restored(const Steps& step)
 {
     step([&] { actions_.markChanged(); });
-    actions_.refreshEstimate();
+    actions_.refreshRestored();
 }
 
 void DynamicEditors::setAll(const Steps& step, const TimebaseNumber& number, double value)

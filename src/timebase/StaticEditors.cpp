@@ -87,7 +87,7 @@ WrittenToAll StaticEditors::setDriversScanRate(double newScanPeriod,
 void StaticEditors::restored(const Steps& step)
 {
     step([&] { actions_.markChanged(); });
-    actions_.refreshEstimate();
+    actions_.refreshRestored();
 }
 
 /// Both lists select the period that the drivers then hold, or else stay on the chosen entry, even after a refusal.

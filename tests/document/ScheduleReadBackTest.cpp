@@ -89,6 +89,26 @@ TEST_F(ScheduleReadBack, AfterARefusalTheLastDurationIsShownWhetherItCanBeReadOr
     }
 }
 
+TEST_F(ScheduleReadBack, ThePlannedDurationIsThatOfTheDriversAlsoAfterEscapeAndARefusedUnit)
+{
+    openTwo(0, 0, "8:00:00 AM", 100);
+    const auto expectHeld = [this](const char* what) {
+        EXPECT_EQ(page().figures.plannedSeconds, widen(fakes[0]->duration)) << what;
+    };
+    expectHeld("as opened, in minutes");
+    ASSERT_TRUE(page().moveFocus(&page().txtDuration));
+    page().txtDuration.userReplaced("7", 0, 0);
+    page().txtDuration.userUndid();
+    expectHeld("after Escape");
+    ASSERT_TRUE(page().moveFocus(&page().cmbInterval));
+    for (const std::int32_t unit : {0, 3}) {
+        page().cmbInterval.userChose(unit);
+        expectHeld("in another unit");
+    }
+    EXPECT_EQ(host.takeMessages().size(), 1U) << "the second unit is beyond the limit";
+    EXPECT_EQ(page().cmbInterval.index(), 1);
+}
+
 TEST_F(ScheduleReadBack, AChangeThatNoDriverTakesIsPutBackWithoutANotificationAndCanBeMadeLater)
 {
     const std::set<std::string> writes{"setDuration", "setStartMode", "setStartTime", "setStopMode"};

@@ -32,6 +32,7 @@ protected:
     void markChanged() override { ++marks; }
     std::int32_t updateDiskSpace() override { return 0; }
     void refreshEstimate() override {}
+    void refreshRestored() override {}
     void tellWhatFits(const LimitRefusal&) override {}
     void setAll(const Quantity&, const std::string&) override {}
     void refreshPlan() override {}

@@ -74,6 +74,8 @@ TEST_F(Escape, ReturnsToTheValueAtTheFocusInEachDriverWithPartnerAndLabels)
             EXPECT_EQ(box->escapeText(), "");
             ASSERT_TRUE(page().moveFocus(nullptr));
             EXPECT_TRUE(isTooLarge || allShown() == shown) << box->name() << testing::PrintToString(allShown());
+            EXPECT_EQ(page().lblNumScansValue.caption() == page().notApplicableText, isTooLarge) << box->name();
+            EXPECT_EQ(page().lblWhatFits.visible(), isTooLarge) << box->name();
         }
 }
 
