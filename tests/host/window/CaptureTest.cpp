@@ -53,8 +53,10 @@ protected:
             all += toJson(dynamic_cast<HostInstrument&>(*driver).settings()).dump() + "\n";
         return all;
     }
+    /// First updates what follows the clock, as the page does each minute.
     static std::string controlsOf(const Page& shown)
     {
+        raise(shown.minutePassed);
         std::string all = pageState(shown).dump() + "\n";
         all += shown.activeControl() ? shown.activeControl()->name() : "no focus";
         for (const Control* control : shown.controls())
@@ -64,6 +66,9 @@ protected:
     /// Stops the capture, replays it from this set-up and compares the results.
     void expectSameReplay(const std::string& setup, const char* name = "session.scenario")
     {
+        // The time of the last input, as in the replays: the system's clock would run on to another minute.
+        const DateTime last = window.services().clock.now();
+        window.services().clock.standAt(last);
         window.capture().stop();
         std::ostringstream output;
         std::ifstream script(folder.file(name));
@@ -73,12 +78,13 @@ protected:
         } catch (const ScriptFault& fault) {
             FAIL() << "line " << fault.line() << ": " << fault.what() << "\n" << captured(name);
         }
+        replay.clock.time = last;
         const Page& replayed = replay.document().page();
         EXPECT_EQ(driversOf(replayed), driversOf(page())) << captured(name);
         EXPECT_EQ(controlsOf(replayed), controlsOf(page())) << captured(name);
-        expectSameInWindow(setup, folder.file(name));
+        expectSameInWindow(setup, folder.file(name), last);
     }
-    void expectSameInWindow(const std::string& setup, const std::string& file)
+    void expectSameInWindow(const std::string& setup, const std::string& file, DateTime last)
     {
         FrameWindow other("");
         other.open(setup);
@@ -88,6 +94,7 @@ protected:
         other.replay().setPace(0);
         const ReplayResult result = other.replay().play(file);
         EXPECT_TRUE(result.isWhole) << result.lastLine << ": " << result.fault << "\n" << readFile(file);
+        other.services().clock.standAt(last);
         EXPECT_EQ(driversOf(other.document().page()), driversOf(page())) << readFile(file);
         EXPECT_EQ(controlsOf(other.document().page()), controlsOf(page())) << readFile(file);
     }
