@@ -34,7 +34,6 @@ QString joined(const std::vector<std::int32_t>& arguments)
 DriverLogModel::DriverLogModel(Texts texts, const Locale& locale, QObject* parent)
     : QAbstractTableModel(parent), texts_(std::move(texts)), locale_(locale)
 {
-    idle_.setSingleShot(true);
     onSignal(&idle_, &QTimer::timeout, this, [this] { flush(); });
 }
 

@@ -3,9 +3,9 @@
 #include "host/instruments/DriverWatch.h"
 #include "platform/Locale.h"
 #include "widgets/support/Convert.h"
+#include "widgets/support/Delay.h"
 
 #include <QAbstractTableModel>
-#include <QTimer>
 #include <deque>
 
 namespace ko {
@@ -56,7 +56,7 @@ private:
     const Locale& locale_;
     std::deque<Entry> entries_;
     std::deque<Entry> waiting_;
-    QTimer idle_{this};
+    Delay idle_{this};
 };
 
 } // namespace ko

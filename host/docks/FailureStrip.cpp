@@ -54,8 +54,6 @@ FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
     // Auto-default: Enter presses it, too.
     button_->setAutoDefault(true);
     makeLayout();
-    for (QTimer* timer : {&idle_, &quiet_})
-        timer->setSingleShot(true);
     onSignal(&idle_, &QTimer::timeout, this, [this] { refresh(); });
     onSignal(&quiet_, &QTimer::timeout, this, [this] { settle(); });
     onSignal(button_, &QPushButton::clicked, this, [this] { tryAgain ? tryAgain() : void(); });

@@ -2,9 +2,9 @@
 
 #include "host/instruments/DriverHealth.h"
 #include "widgets/support/Convert.h"
+#include "widgets/support/Delay.h"
 
 #include <QFrame>
-#include <QTimer>
 #include <string>
 #include <vector>
 
@@ -65,7 +65,7 @@ private:
     QLabel* more_;
     QListWidget* list_;
     QPushButton* button_;
-    QTimer idle_{this}, quiet_{this};
+    Delay idle_{this}, quiet_{this};
     std::vector<std::string> announced_; ///< keys of the lines announced to screen readers
     int room_ = 0;                       ///< height of the list in lines
 };

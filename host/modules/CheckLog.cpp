@@ -30,7 +30,6 @@ void CheckLog::lookAt(std::string subject)
 {
     const std::lock_guard lock(mutex_);
     subject_ = std::move(subject);
-    after_.clear();
 }
 
 void CheckLog::after(std::string call)

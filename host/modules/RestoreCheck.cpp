@@ -48,7 +48,9 @@ void writeOthers(const OpenedInstrument& opened, const InstrumentSettings& held)
                     [&] { (opened.timebase->*it.number->set)(otherNumber((*held.timebase).*it.held)); });
         log.may("setDuration", [&] { opened.timebase->setDuration(held.timebase->duration + 1.0F); });
         log.may("setStartTime", [&] { opened.timebase->setStartTime(DateTime{46000.25}); });
-        log.may("setStartMode", [&] { opened.timebase->setStartMode(held.timebase->startMode == 0 ? 1 : 0); });
+        const bool isAtOnce = held.timebase->startMode == startMode::immediately;
+        log.may("setStartMode",
+                [&] { opened.timebase->setStartMode(isAtOnce ? startMode::atTime : startMode::immediately); });
     }
     if (opened.lines)
         log.may("setStartTriggerLine", [&] { opened.lines->setStartTriggerLine(3); });

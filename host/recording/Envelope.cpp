@@ -65,7 +65,7 @@ void Envelope::extendTo(std::int64_t samples)
 void Envelope::append(std::span<const float> samples)
 {
     // A level must still have what the next one takes from it.
-    const auto most = static_cast<std::size_t>(levels_.front().capacity / 2 * levels_.front().width);
+    const auto most = static_cast<std::size_t>(levels_.front().capacity);
     for (; samples.size() > most; samples = samples.subspan(most))
         append(samples.first(most));
     const std::int64_t first = size_;

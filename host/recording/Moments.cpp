@@ -63,12 +63,12 @@ std::string isoText(Moment moment)
     const auto whole = std::chrono::floor<std::chrono::seconds>(moment);
     const auto micros = std::chrono::floor<std::chrono::microseconds>(moment - whole).count();
     const std::tm local = localTime(moment);
-    char text[64];
-    const auto size = std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%S", &local);
+    char time[64], rest[64];
+    std::strftime(time, sizeof time, "%Y-%m-%dT%H:%M:%S", &local);
     const long minutes = local.tm_gmtoff / 60;
-    std::snprintf(text + size, sizeof text - size, ".%06ld%c%02ld:%02ld", static_cast<long>(micros),
-                  minutes < 0 ? '-' : '+', std::labs(minutes) / 60, std::labs(minutes) % 60);
-    return text;
+    std::snprintf(rest, sizeof rest, ".%06ld%c%02ld:%02ld", static_cast<long>(micros), minutes < 0 ? '-' : '+',
+                  std::labs(minutes) / 60, std::labs(minutes) % 60);
+    return std::string(time) + rest;
 }
 
 std::optional<Moment> nextMoment(DateTime time, Moment now)

@@ -61,7 +61,7 @@ std::array<std::int32_t, 3> partsOf(const Scenario& scenario, const std::string&
 }
 
 struct Selected {
-    std::size_t start = 0, length = 0;
+    std::size_t start, length;
 };
 
 Selected selectedAt(const Scenario& scenario, const Arguments& words, std::size_t at)

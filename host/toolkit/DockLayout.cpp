@@ -1,5 +1,6 @@
 #include "host/toolkit/DockLayout.h"
 
+#include "widgets/support/Delay.h"
 #include "widgets/support/Guarded.h"
 
 #include <QAbstractItemView>
@@ -9,7 +10,6 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QPushButton>
-#include <QTimer>
 #include <QTreeView>
 #include <utility>
 
@@ -24,7 +24,6 @@ class ColumnFitter : public QObject {
 public:
     explicit ColumnFitter(QTreeView& view) : QObject(&view), view_(view)
     {
-        idle_.setSingleShot(true);
         onSignal(&idle_, &QTimer::timeout, this, [this] { fit(); });
         const auto fitLater = [this] { idle_.start(0); };
         const QAbstractItemModel* const model = view.model();
@@ -59,7 +58,7 @@ private:
     }
 
     QTreeView& view_;
-    QTimer idle_{this};
+    Delay idle_{this};
     QList<int> widest_;
 };
 

@@ -55,8 +55,8 @@ void grow(QMainWindow& window, const QSize& size)
     if (isFixed(window) || size == window.size())
         return;
     const QRect screen = window.screen()->availableGeometry();
-    const QSize frame = window.frameGeometry().size() - window.size() + size;
-    const QPoint last = screen.bottomRight() - QPoint(frame.width() - 1, frame.height() - 1);
+    QRect last({}, window.frameGeometry().size() - window.size() + size);
+    last.moveBottomRight(screen.bottomRight());
     window.resize(size);
     window.move(std::min(window.x(), std::max(last.x(), screen.x())),
                 std::min(window.y(), std::max(last.y(), screen.y())));

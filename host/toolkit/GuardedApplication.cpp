@@ -10,7 +10,6 @@ namespace ko {
 
 GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(argc, argv)
 {
-    soon_.setSingleShot(true);
     onSignal(&soon_, &QTimer::timeout, this, [this] { showWaiting(); });
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "widgets/support/Convert.h"
+#include "widgets/support/Delay.h"
 #include "widgets/support/Guarded.h"
 
 #include <QApplication>
 #include <QSet>
-#include <QTimer>
 #include <deque>
 
 namespace ko {
@@ -36,7 +36,7 @@ private:
 
     std::deque<Failed> waiting_;
     QSet<QString> painted_; ///< reasons
-    QTimer soon_;
+    Delay soon_;
     bool isShowing_ = false;
 };
 

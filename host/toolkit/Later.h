@@ -1,8 +1,8 @@
 #pragma once
 
+#include "widgets/support/Delay.h"
 #include "widgets/support/Guarded.h"
 
-#include <QTimer>
 #include <functional>
 
 namespace ko {
@@ -10,12 +10,11 @@ namespace ko {
 /// Calls `act` after the present event has been handled, unless `owner` has been destroyed by then.
 inline void later(QObject& owner, std::function<void()> act)
 {
-    auto* timer = new QTimer(&owner);
+    auto* timer = new Delay(&owner);
     onSignal(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
         timer->deleteLater();
         act();
     });
-    timer->setSingleShot(true);
     timer->start(0);
 }
 

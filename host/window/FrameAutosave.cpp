@@ -27,7 +27,6 @@ std::string writeCopy(const std::string& file, const UnsavedSetup& unsaved)
 FrameAutosave::FrameAutosave(const UserActions& actions, SetupSession& session, std::string folder)
     : actions_(actions), session_(session), folder_(std::move(folder))
 {
-    timer_.setSingleShot(true);
     timer_.setInterval(usualDelay);
     onSignal(&timer_, &QTimer::timeout, this, [this] { write(); });
     looking_.setInterval(20);
@@ -51,14 +50,14 @@ void FrameAutosave::write()
     const auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
     if (copy_ && kept_ && *now == *kept_)
         return;
-    const bool isWriting = attempt([&] {
+    attempt([&] {
         if (!copy_)
             copy_ = UnsavedCopy::create(folder_);
         writing_ = std::async(std::launch::async, [file = copy_->file(), now] { return writeCopy(file, *now); });
         kept_ = now;
         looking_.start();
     });
-    if (!isWriting)
+    if (!writing_.valid())
         timer_.start();
 }
 
@@ -108,14 +107,12 @@ void FrameAutosave::end()
     drop();
 }
 
-bool FrameAutosave::attempt(const std::function<void()>& act)
+void FrameAutosave::attempt(const std::function<void()>& act)
 {
     try {
         act();
-        return true;
     } catch (const std::exception& error) {
         fail(error.what());
-        return false;
     }
 }
 

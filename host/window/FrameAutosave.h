@@ -2,6 +2,7 @@
 
 #include "host/setup/UnsavedSetup.h"
 #include "host/window/UnsavedCopies.h"
+#include "widgets/support/Delay.h"
 #include "widgets/support/UserActions.h"
 
 #include <QTimer>
@@ -51,8 +52,7 @@ private:
     void written();
     void drop();
     void removeReplaced();
-    /// Returns false if it has failed.
-    bool attempt(const std::function<void()>& act);
+    void attempt(const std::function<void()>& act);
     void fail(const std::string& reason);
     Answered offer(UnsavedCopy& copy, UserQuestions& questions, const UserActions::Action& action);
     static Recovery ask(const UnsavedCopy& copy, const UnsavedSetup& unsaved, UserQuestions& questions);
@@ -62,7 +62,7 @@ private:
     const UserActions& actions_;
     SetupSession& session_;
     std::string folder_;
-    QTimer timer_;
+    Delay timer_;
     QTimer looking_; ///< whether the copy has been written
     std::optional<UnsavedCopy> copy_;
     std::optional<UnsavedCopy> replaced_;      ///< to be removed when it is no longer being written

@@ -28,7 +28,6 @@ FocusKeeper::FocusKeeper(Form& form, QWidget& surface, const UserActions& action
     : form_(form), surface_(surface), actions_(actions)
 {
     surface.installEventFilter(this);
-    later_.setSingleShot(true);
     onSignal(&later_, &QTimer::timeout, this, [this] {
         // The focus may have moved to a dock in the meantime.
         const QWidget* focused = surface_.window()->focusWidget();

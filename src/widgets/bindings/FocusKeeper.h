@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/Form.h"
+#include "widgets/support/Delay.h"
 #include "widgets/support/UserActions.h"
 
 #include <QObject>
 #include <QPointer>
-#include <QTimer>
 #include <functional>
 #include <vector>
 
@@ -80,7 +80,7 @@ private:
     QWidget& surface_;
     const UserActions& actions_;
     std::vector<Watched> watched_;
-    QTimer later_;
+    Delay later_;
     int held_ = 0;
 };
 

@@ -133,7 +133,6 @@ SentenceBinding::SentenceBinding(FormView& view, Label& control, QLabel& label)
     label.setFocusPolicy(Qt::StrongFocus);
     label.setWordWrap(true);
     label.installEventFilter(this);
-    pause_.setSingleShot(true);
     pause_.setInterval(moment);
     // Assistive technology is notified only when the accessible name changes.
     onSignal(&pause_, &QTimer::timeout, &label, [&label] { label.setAccessibleName(label.text()); });

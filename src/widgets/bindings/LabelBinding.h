@@ -2,11 +2,11 @@
 
 #include "platform/CaptionControls.h"
 #include "widgets/bindings/Binding.h"
+#include "widgets/support/Delay.h"
 
 #include <QLabel>
 #include <QPointer>
 #include <QProgressBar>
-#include <QTimer>
 #include <vector>
 
 namespace ko {
@@ -85,7 +85,7 @@ protected:
 private:
     Label& sentence_;
     QLabel& label_;
-    QTimer pause_;
+    Delay pause_;
 };
 
 } // namespace ko

@@ -1,6 +1,7 @@
 #include "widgets/dialogs/OffersDialog.h"
 
 #include "widgets/bindings/FormView.h"
+#include "widgets/support/Delay.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/PageTexts.h"
 #include "widgets/support/PlainText.h"
@@ -14,7 +15,6 @@
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -52,7 +52,6 @@ public:
         QHeaderView& columns = *table_.horizontalHeader();
         columns.setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
         columns.setMinimumHeight(columns.sizeHint().height() + fontMetrics().lineSpacing());
-        fit_.setSingleShot(true);
         onSignal(&fit_, &QTimer::timeout, &table_, [this] { fit(); });
         onSignal(table_.model(), &QAbstractItemModel::dataChanged, this, [this] { fit_.start(0); });
         fit_.start(0);
@@ -151,7 +150,7 @@ private:
     QTableWidget& table_;
     QPushButton* setAll_ = nullptr;
     bool isNew_ = true; ///< the user has not moved yet
-    QTimer fit_;        ///< fits the table after its content or its size has changed
+    Delay fit_;         ///< fits the table after its content or its size has changed
 };
 
 } // namespace

@@ -25,4 +25,13 @@ inline std::string findingsOf(const ModuleReport& report)
     return all;
 }
 
+/// A checksum of texts that are too many to be kept.
+inline std::uint32_t sumOf(const std::string& text)
+{
+    std::uint32_t sum = 0;
+    for (const char letter : text)
+        sum = sum * 31 + static_cast<unsigned char>(letter);
+    return sum;
+}
+
 } // namespace ko::test

@@ -67,9 +67,7 @@ TEST(ScenarioTest, ReadsAreLoggedOnRequestAndNeitherReadsNorWritesWhileQuiet)
     EXPECT_EQ(linesOf("read"), (std::set<int>{9}));
     EXPECT_NE(run.only({"read"}).find(R"("operation":"DriverName","arguments":[0],"value":"Digitizer")"),
               std::string::npos);
-    for (const int silent : {5, 7})
-        EXPECT_FALSE(linesOf("write").count(silent)) << silent;
-    EXPECT_TRUE(linesOf("write").count(2));
+    EXPECT_EQ(linesOf("write"), (std::set<int>{2, 3, 9, 11}));
 }
 
 TEST(ScenarioTest, AFailingDriverIsReportedUntilItIsHealed)
@@ -77,15 +75,14 @@ TEST(ScenarioTest, AFailingDriverIsReportedUntilItIsHealed)
     const Played run =
         playScripted("setup\nfail 1 MeasurementMode 77 \"no mode\"\nfail Digitizer SamplingMode\nhand-over\n"
                      "heal Scanner MeasurementMode\nheal 0\nhand-over\nfail 0 #2\nhand-over\nhand-over\n");
-    EXPECT_EQ(run.only({"report"}).find("\"line\":7"), std::string::npos);
-    const std::string reports = run.only({"report"});
-    for (
-        const char* const expected :
-        {R"({"line":4,"event":"report","number":77,"source":"KoTimebaseEditor:IKopDrivers_Drivers","description":"no mode"})",
-         R"({"line":4,"event":"report","number":-2147467259,"source":"KoTimebaseEditor:IKopDrivers_Drivers","description":"simulated failure"})",
-         R"({"line":9,"event":"report","number":-2147467259)"})
-        EXPECT_NE(reports.find(expected), std::string::npos) << expected << reports;
-    EXPECT_EQ(reports.find("\"line\":10"), std::string::npos);
+    EXPECT_EQ(
+        run.only({"report"}),
+        R"({"line":4,"event":"report","number":-2147467259,"source":"KoTimebaseEditor:IKopDrivers_Drivers","description":"simulated failure"}
+{"line":4,"event":"report","number":-2147467259,"source":"KoTimebaseEditor:IKopDrivers_Drivers","description":"simulated failure"}
+{"line":4,"event":"report","number":77,"source":"KoTimebaseEditor:IKopDrivers_Drivers","description":"no mode"}
+{"line":4,"event":"report","number":77,"source":"KoTimebaseEditor:IKopDrivers_Drivers","description":"no mode"}
+{"line":9,"event":"report","number":-2147467259,"source":"KoTimebaseEditor:IKopDrivers_Drivers","description":"simulated failure"}
+)");
 }
 
 TEST(ScenarioTest, StateShowsControlsByNameAndThePageBesides)

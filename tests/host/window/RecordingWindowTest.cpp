@@ -243,6 +243,8 @@ TEST_F(RecordingWindowTest, ARecordingOpensWithItsSetUpReadOnlyAndItsSummary)
     window.files().open(toQt(user.record));
     ASSERT_EQ(window.session().drivers().size(), 1U);
     EXPECT_TRUE(page().readOnly);
+    window.files().open(toQt(user.record));
+    EXPECT_TRUE(page().readOnly) << "after another one, too";
     EXPECT_EQ(page().txtDuration.text(), "2");
     EXPECT_EQ(state(), "The recording is complete.");
     EXPECT_EQ(summary().rowCount(), 1);
@@ -258,6 +260,10 @@ TEST_F(RecordingWindowTest, ARecordingOpensWithItsSetUpReadOnlyAndItsSummary)
     EXPECT_EQ(heldIn(user.record).instruments.size(), 1U);
     window.files().open(toQt(file("other.json", R"({"drivers": [{"name": "B"}]})")));
     EXPECT_FALSE(page().readOnly);
+    action(hostText::viewMenu, hostText::readOnly).trigger();
+    for (const std::string& next : {user.record, user.saveAs})
+        window.files().open(toQt(next));
+    EXPECT_TRUE(page().readOnly) << "as the user has set it";
 }
 
 } // namespace

@@ -121,6 +121,7 @@ TEST_F(UndoTest, TheMenuNamesTheStepAndAReadOnlyPageHasNone)
     EXPECT_FALSE(menuEntry(0).isEnabled());
     emit edit().aboutToHide();
     undo();
+    QTest::keyClick(window.history().dock().findChild<QUndoView*>(), Qt::Key_Home);
     EXPECT_EQ(position(), 1U);
 }
 
