@@ -112,8 +112,7 @@ void RecordDialog::accept()
                             QMessageBox::Cancel, this);
         const auto* const replace = box->addButton(texts_(recordText::replace), QMessageBox::DestructiveRole);
         box->setDefaultButton(QMessageBox::Cancel);
-        const auto* const answer = box.answer();
-        if (!answer || answer != replace)
+        if (box.answer() != replace)
             return;
     }
     QDialog::accept();

@@ -202,15 +202,16 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     name->setText(toQt(folder.file("taken")));
     std::string question;
     answered(-1, question, [&] { dialog->accept(); });
-    EXPECT_NE(question.find("taken.h5 already exists"), std::string::npos) << question;
-    EXPECT_NE(question.find("taken.h5~"), std::string::npos) << question;
+    EXPECT_EQ(question, "taken.h5 already exists. Replace it?|The present file is kept as taken.h5~."
+                        "|Cancel*|Re&place");
     EXPECT_TRUE(dialog->isVisible()) << "no file is replaced without a question";
-    name->setText(toQt(folder.file("other")));
-    dialog->accept();
+    answered(1, question, [&] { dialog->accept(); });
     EXPECT_FALSE(dialog->isVisible());
     dialog = make(1024);
     dialog->show();
     EXPECT_TRUE(shows("1024 bytes needed, ", false));
+    dialog->accept();
+    EXPECT_FALSE(dialog->isVisible()) << "a new file is no question";
 }
 
 TEST_F(RecordingShownTest, TheFileOfferedHasTheTitleAndTheTimeAndIsNew)
