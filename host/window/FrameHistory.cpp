@@ -166,8 +166,11 @@ void FrameHistory::moveTo(std::size_t position)
     // What was being typed is a step now, so that the position means another one.
     if (isLocked() || history_.position() != before)
         return show();
-    for (std::size_t at = history_.position(); at != position; at < position ? ++at : --at)
-        capture_.host({at < position ? "redo" : "undo"});
+    const bool isUndo = position < before;
+    const std::size_t count = isUndo ? before - position : position - before;
+    // All at once, because an instrument that refuses one of the steps refuses all.
+    if (count > 0)
+        capture_.host({isUndo ? "undo" : "redo", std::to_string(count)});
     const QPointer<QWidget> focused = window_.focusWidget();
     history_.moveTo(position);
     if (action.isOver())
