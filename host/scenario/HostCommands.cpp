@@ -57,7 +57,7 @@ void handOverCommand(Scenario& scenario, const Arguments& words)
 
 void driversChanged(Scenario& scenario, const Arguments&)
 {
-    scenario.document().drivers().DriversHaveChanged();
+    scenario.rebuild([&] { scenario.document().drivers().DriversHaveChanged(); });
 }
 
 void offer(Scenario& scenario, PartialSite& site, const std::string& word)

@@ -97,6 +97,7 @@ void FrameHistory::settle()
 
 void FrameHistory::edit(const std::function<void()>& change)
 {
+    const UserActions::Action action(actions_);
     if (finishAnd(change))
         history_.finish();
 }
@@ -112,6 +113,8 @@ bool FrameHistory::edit(const HeldState& to)
 
 void FrameHistory::hostCall(const std::function<void()>& call)
 {
+    // An action that ends inside the call would make a step.
+    const UserActions::Action action(actions_);
     std::exception_ptr failure;
     const bool isAlive = finishAnd([&] {
         try {
