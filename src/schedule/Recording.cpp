@@ -80,10 +80,12 @@ void Recording::show(TextBox& box, const std::string& text)
     box.setText(text);
 }
 
-void Recording::fillStartTime()
+bool Recording::fillStartTime()
 {
-    if (page_.txtStartTime.text().empty())
-        show(page_.txtStartTime, generalDate(timePart(support_.platform.clock.now()), support_.locale()));
+    if (!page_.txtStartTime.text().empty())
+        return false;
+    show(page_.txtStartTime, generalDate(timePart(support_.platform.clock.now()), support_.locale()));
+    return true;
 }
 
 bool Recording::lacksStopTime() const
@@ -92,15 +94,17 @@ bool Recording::lacksStopTime() const
            getDurationSeconds() <= 0.0;
 }
 
-void Recording::fillStopTime()
+bool Recording::fillStopTime()
 {
     if (!lacksStopTime())
-        return;
+        return false;
     std::string stop;
     if (const std::string& text = page_.txtDuration.text(); !text.empty())
         stop = computeStopTime(toDouble(text, support_.locale()) * page_.cmbInterval.itemData(),
                                timeIn(page_.txtStartTime));
+    const bool isOther = page_.txtStopTime.text() != stop;
     show(page_.txtStopTime, stop);
+    return isOther;
 }
 
 DateTime Recording::enteredStart()

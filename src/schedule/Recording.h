@@ -55,12 +55,12 @@ public:
     /// another.
     void follow(const Steps& step, double seconds);
 
-    /// Sets an empty start time to the current time of day.
-    void fillStartTime();
+    /// Sets an empty start time to the current time of day. Returns whether it was empty.
+    bool fillStartTime();
 
     /// Sets a stop time that is missing or not later than the start to the start plus the duration entered, or clears
-    /// it while that is unknown.
-    void fillStopTime();
+    /// it while that is unknown. Returns whether the text changed.
+    bool fillStopTime();
 
     /// The start time entered. For a stop at a time, also calls `fillStopTime`.
     [[nodiscard]] DateTime enteredStart();

@@ -118,7 +118,7 @@ void StartStop::enableStartControls()
     page_.cmdStartTime.setEnabled(editable);
     page_.optStopTime.setEnabled(editable);
     if (page_.optStartTime.value() && !page_.isLoading)
-        step([&] { recording_.fillStartTime(); });
+        step([&] { followFilled(recording_.fillStartTime()); });
     if (!onTrigger && !page_.readOnly && !page_.isLoading)
         actions_.clearTriggerSource();
 }
@@ -132,7 +132,14 @@ void StartStop::enableStopControls()
     page_.txtStopTime.setEnabled(!after && !page_.readOnly);
     page_.cmdStopTime.setEnabled(!after && !page_.readOnly);
     if (!after && !page_.isLoading)
-        step([&] { recording_.fillStopTime(); });
+        step([&] { followFilled(recording_.fillStopTime()); });
+}
+
+/// The labels have been updated before: only a mode that a driver keeps against the click leaves a time to fill.
+void StartStop::followFilled(bool isOther)
+{
+    if (isOther)
+        actions_.refreshEstimate();
 }
 
 } // namespace ko

@@ -24,6 +24,7 @@ private:
     void startClicked(std::string_view procedure, std::int32_t mode);
     void stopClicked(std::string_view procedure, std::int32_t mode);
     void optionGotFocus(std::string_view procedure);
+    void followFilled(bool isOther);
     Recording::Result write(const Steps& step, StartStopSettings change);
     bool forceStopAfter();
 

@@ -57,8 +57,8 @@ private:
 } // namespace
 
 DynamicEditors::DynamicEditors(Page& page, Support& support, Actions& actions)
-    : page_(page), support_(support), actions_(actions), periods_(page, support, timebaseNumber::samplePeriod),
-      blockSizes_(page, support, timebaseNumber::blockSize)
+    : page_(page), support_(support), actions_(actions), periods_(page, support, actions, timebaseNumber::samplePeriod),
+      blockSizes_(page, support, actions, timebaseNumber::blockSize)
 {
     for (ValueEditors* editors : {&periods_, &blockSizes_})
         forEachQuantityOf(editors->number(), [&](const Quantity& quantity) {

@@ -50,7 +50,7 @@ private:
 } // namespace
 
 StaticEditors::StaticEditors(Page& page, Support& support, Actions& actions)
-    : page_(page), support_(support), actions_(actions), periods_(page, support, timebaseNumber::scanPeriod)
+    : page_(page), support_(support), actions_(actions), periods_(page, support, actions, timebaseNumber::scanPeriod)
 {
     forEachQuantityOf(timebaseNumber::scanPeriod, [&](const Quantity& quantity) {
         entries_.push_back(std::make_unique<StaticEntry>(page, support, quantity, periods_, *this));

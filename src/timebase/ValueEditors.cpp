@@ -161,10 +161,14 @@ void ValueEditors::keep(std::int32_t entry)
     noteShown(entry >= 0 && index < values_.size() ? std::optional(values_[index]) : std::nullopt);
 }
 
+/// The plan, which names what differs from the number shown, has followed the driver of the editors.
 void ValueEditors::noteShown(std::optional<double> value)
 {
+    const bool isOther = shownNumber(page_, number_) != value;
     (page_.*number_.offers).shown = value;
     showDifferences(page_, support_, number_);
+    if (isOther)
+        actions_.refreshPlan();
 }
 
 void ValueEditors::showInForce(const Steps& step, std::optional<double> value)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "page/Actions.h"
 #include "page/Quantities.h"
 #include "support/Steps.h"
 #include "support/Support.h"
@@ -15,8 +16,8 @@ namespace ko {
 class ValueEditors {
 public:
     /// Referenced objects must outlive the editors.
-    ValueEditors(Page& page, Support& support, const TimebaseNumber& number)
-        : page_(page), support_(support), number_(number)
+    ValueEditors(Page& page, Support& support, Actions& actions, const TimebaseNumber& number)
+        : page_(page), support_(support), actions_(actions), number_(number)
     {
     }
 
@@ -70,6 +71,7 @@ private:
 
     Page& page_;
     Support& support_;
+    Actions& actions_;
     const TimebaseNumber& number_;
     std::vector<double> values_;
     std::int32_t selected_ = -1;

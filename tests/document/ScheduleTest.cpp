@@ -107,6 +107,13 @@ TEST_F(ScheduleTest, AStopTimeStaysWithTheStartThatADriverKeeps)
     pickTime(page().cmdStartTime, {2026, 11, 22, 17, 0, 0});
     EXPECT_EQ(page().txtStartTime.text(), "11/22/2026 8:00:00 AM");
     EXPECT_EQ(page().txtStopTime.text(), "11/22/2026 8:01:00 AM");
+
+    openAnew(1, 1, "12:00:00 PM", 0);
+    fakes[0]->refuses = true;
+    pickTime(page().cmdStartTime, {2026, 11, 21, 12, 0, 0});
+    stop(0).userClicked();
+    EXPECT_EQ(page().txtStopTime.text(), "12:00:00 PM") << "filled, because the driver still stops at a time";
+    EXPECT_NE(plan().find("records until 12:00:00 PM"), std::string::npos) << plan();
 }
 
 TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)

@@ -115,6 +115,10 @@ private:
             return;
         for (const std::string& rule : shownWrongly(bench_))
             fail(rule);
+        const std::string plan = bench_.page().lblPlan.caption();
+        raise(bench_.page().minutePassed);
+        if (plan != bench_.page().lblPlan.caption())
+            fail("the plan is not up to date: " + plan + " / " + bench_.page().lblPlan.caption());
         for (const std::string& report : bench_.host.reports)
             if (!isOwn(report))
                 fail("reported: " + report);

@@ -193,6 +193,20 @@ TEST_F(ShowOffersTest, AfterARefusalItShowsTheRestoredValues)
     EXPECT_EQ(press(page().cmdSamplePeriodOffers).rows[0][3], "Requested 0.5, set to 0.25");
 }
 
+TEST_F(ShowOffersTest, AScanListThatStaysOnARefusedEntryIsMarkedAndThePlanSaysWhatIsHeld)
+{
+    FakeDriver& driver = addDriver(2);
+    driver.scanChoices = {0.5, 1};
+    driver.scanPeriod = 1;
+    driver.groups = {{"Inputs", {{}}}};
+    driver.scans = [](const FakeDriver& it) { return it.scanPeriod < 1 ? 536870912 : 1; };
+    open();
+    page().cmbScanPeriod.userChose(page().cmbScanPeriod.index() == 0 ? 1 : 0);
+    EXPECT_EQ(host.takeMessages().size(), 1U);
+    EXPECT_EQ(page().cmbScanPeriod.text() + " " + page().cmdScanRateDiffers.caption(), "0.5 1 of 1 differs");
+    EXPECT_TRUE(page().lblPlan.caption().ends_with("Scan Rate (Sc/s) differs: Fake (1).")) << page().lblPlan.caption();
+}
+
 TEST_F(ShowOffersTest, TheMarksAndTheTableFollowWhatEachDriverHolds)
 {
     for (const double period : {0.001, 0.002, 0.002}) {
