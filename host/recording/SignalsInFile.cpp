@@ -61,13 +61,13 @@ void addInstrument(SignalsInFile& signals, hid_t file, const std::string& name, 
 void addTrigger(SignalsInFile& signals, const std::string& plan)
 {
     const nlohmann::json json = nlohmann::json::parse(plan, nullptr, false);
-    const nlohmann::json none = nlohmann::json::object();
-    const nlohmann::json instruments = json.is_object() ? json.value("instruments", none) : none;
+    const nlohmann::json nothing = nlohmann::json::object();
+    const nlohmann::json instruments = json.is_object() ? json.value("instruments", nothing) : nothing;
     for (const auto& it : instruments) {
-        const nlohmann::json trigger = it.is_object() ? it.value("trigger", none) : none;
-        const nlohmann::json pretrigger = trigger.is_object() ? trigger.value("pretrigger", none) : none;
+        const nlohmann::json trigger = it.is_object() ? it.value("trigger", nothing) : nothing;
+        const nlohmann::json pretrigger = trigger.is_object() ? trigger.value("pretrigger", nothing) : nothing;
         for (const SignalInFile& signal : signals.signals)
-            if (pretrigger.is_number() && it.value("index", none) == signal.channel.instrument && signal.samples > 0)
+            if (pretrigger.is_number() && it.value("index", nothing) == signal.channel.instrument && signal.samples > 0)
                 signals.trigger = signal.start + pretrigger.get<double>() * signal.channel.period;
     }
 }

@@ -29,10 +29,10 @@ std::size_t endOfComment(const std::string& text, std::size_t at)
     return end == std::string::npos ? text.size() : end + 2;
 }
 
-std::size_t skip(const std::string& text, std::size_t at, const char* blanks)
+std::size_t skip(const std::string& text, std::size_t at, const char* skipped)
 {
     while (at < text.size()) {
-        std::size_t next = std::min(text.find_first_not_of(blanks, at), text.size());
+        std::size_t next = std::min(text.find_first_not_of(skipped, at), text.size());
         next = endOfComment(text, next);
         if (next == at)
             break;
