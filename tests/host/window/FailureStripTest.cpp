@@ -89,7 +89,6 @@ TEST_F(FailureStripTest, TryAgainRebuildsThePageAndHandsTheFocusBack)
     EXPECT_EQ(strip.accessibleName(), "All instruments respond again.");
     EXPECT_TRUE(isGone());
     EXPECT_TRUE(window.page().isAncestorOf(QApplication::focusWidget()));
-
     driver(0).calls().fail({"StartMode set"});
     change(window);
     driver(0).calls().healAll();

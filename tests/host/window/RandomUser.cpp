@@ -28,11 +28,9 @@ void RandomUser::have(const std::function<void()>& act)
     attendSoon();
     act();
     // Twice without a dialog or list, because the input that closes one may post what was chosen.
-    for (int calm = 0; calm < 2; ++calm) {
+    const auto isOpen = [] { return QApplication::activeModalWidget() || QApplication::activePopupWidget(); };
+    for (int calm = 0; calm < 2; calm = isOpen() ? 0 : calm + 1)
         QApplication::processEvents();
-        if (QApplication::activeModalWidget() || QApplication::activePopupWidget())
-            calm = -1;
-    }
 }
 
 /// By a timer, because a modal dialog or menu runs its own event loop inside the call that opens it.
