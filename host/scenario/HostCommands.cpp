@@ -57,7 +57,7 @@ void handOverCommand(Scenario& scenario, const Arguments& words)
 
 void driversChanged(Scenario& scenario, const Arguments&)
 {
-    scenario.document().drivers().DriversHaveChanged();
+    scenario.rebuild([&] { scenario.document().drivers().DriversHaveChanged(); });
 }
 
 void offer(Scenario& scenario, PartialSite& site, const std::string& word)
@@ -197,28 +197,33 @@ void during(Scenario& scenario, const Arguments& words)
         driver->calls().during(*operation, act);
 }
 
-/// Moves one step through the history, and logs its text.
-void step(Scenario& scenario, const char* event, bool isUndo)
+/// Moves through the history, at once, and logs the texts of the steps.
+void move(Scenario& scenario, const Arguments& words, const char* event, bool isUndo)
 {
     History& history = scenario.history();
     history.finish();
-    const std::size_t position = history.position();
-    const bool isPossible = isUndo ? position > 0 : position < history.steps().size();
-    if (!isPossible || scenario.dialogs.form() || scenario.document().page().readOnly)
+    const std::int32_t number = words.count() > 0 ? words.integer(0) : 1;
+    if (number < 1)
+        scenario.refuse("fewer than one step cannot be undone or redone");
+    const auto count = static_cast<std::size_t>(number);
+    const std::size_t from = history.position();
+    const std::vector<std::string> steps = history.steps();
+    if (count > (isUndo ? from : steps.size() - from) || scenario.dialogs.form() || scenario.document().page().readOnly)
         return scenario.log.event("inert", {{"control", CallValue()}});
-    const std::string text = history.steps()[isUndo ? position - 1 : position];
-    if (isUndo ? history.undo() : history.redo())
-        scenario.log.event(event, {{"step", text}});
+    if (!history.moveTo(isUndo ? from - count : from + count))
+        return;
+    for (std::size_t i = 0; i < count; ++i)
+        scenario.log.event(event, {{"step", steps[isUndo ? from - 1 - i : from + i]}});
 }
 
-void undo(Scenario& scenario, const Arguments&)
+void undo(Scenario& scenario, const Arguments& words)
 {
-    step(scenario, "undone", true);
+    move(scenario, words, "undone", true);
 }
 
-void redo(Scenario& scenario, const Arguments&)
+void redo(Scenario& scenario, const Arguments& words)
 {
-    step(scenario, "redone", false);
+    move(scenario, words, "redone", false);
 }
 
 } // namespace
@@ -226,8 +231,8 @@ void redo(Scenario& scenario, const Arguments&)
 std::span<const Command> hostCommands()
 {
     static constexpr Command commands[]{
-        {"undo", Giver::Host, 0, 0, undo},
-        {"redo", Giver::Host, 0, 0, redo},
+        {"undo", Giver::Host, 0, 1, undo},
+        {"redo", Giver::Host, 0, 1, redo},
         {"setup", Giver::Host, 0, 1, setup},
         {"instruments", Giver::Host, 1, 1, instruments},
         {"announce", Giver::Host, 1, 1, announce},

@@ -42,11 +42,14 @@ void enable(Scenario& scenario, const Arguments& words)
     const std::int32_t on = words.integer(3);
     if (on != 0 && on != 1)
         scenario.refuse("a channel is enabled with 1 and disabled with 0");
+    scenario.history().finish();
     try {
         driver.enableChannel(words.integer(1), words.integer(2), on == 1);
     } catch (const Failure&) {
         scenario.refuse("there is no such channel");
     }
+    // A step of its own, also while something is being typed.
+    scenario.history().finish();
 }
 
 void clock(Scenario& scenario, const Arguments& words)

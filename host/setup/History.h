@@ -48,8 +48,6 @@ public:
     /// restores those that all had before and calls `refused`; nothing changes then. Returns whether the position is
     /// reached. `finish` must be called before.
     bool moveTo(std::size_t position);
-    bool undo() { return position_ > 0 && moveTo(position_ - 1); }
-    bool redo() { return position_ < steps().size() && moveTo(position_ + 1); }
 
     /// The texts of all steps, oldest first, and the number of steps that are done.
     [[nodiscard]] const std::vector<std::string>& steps() const { return steps_; }

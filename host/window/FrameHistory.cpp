@@ -97,6 +97,7 @@ void FrameHistory::settle()
 
 void FrameHistory::edit(const std::function<void()>& change)
 {
+    const UserActions::Action action(actions_);
     if (finishAnd(change))
         history_.finish();
 }
@@ -112,6 +113,8 @@ bool FrameHistory::edit(const HeldState& to)
 
 void FrameHistory::hostCall(const std::function<void()>& call)
 {
+    // An action that ends inside the call would make a step.
+    const UserActions::Action action(actions_);
     std::exception_ptr failure;
     const bool isAlive = finishAnd([&] {
         try {
@@ -166,8 +169,11 @@ void FrameHistory::moveTo(std::size_t position)
     // What was being typed is a step now, so that the position means another one.
     if (isLocked() || history_.position() != before)
         return show();
-    for (std::size_t at = history_.position(); at != position; at < position ? ++at : --at)
-        capture_.host({at < position ? "redo" : "undo"});
+    const bool isUndo = position < before;
+    const std::size_t count = isUndo ? before - position : position - before;
+    // All at once, because an instrument that refuses one of the steps refuses all.
+    if (count > 0)
+        capture_.host({isUndo ? "undo" : "redo", std::to_string(count)});
     const QPointer<QWidget> focused = window_.focusWidget();
     history_.moveTo(position);
     if (action.isOver())

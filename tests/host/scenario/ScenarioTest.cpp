@@ -201,9 +201,9 @@ TEST(ScenarioTest, EachCommandTakesAsManyWordsAsItsDescriptionSays)
         const char* commands;
     } cases[]{
         {0, 0,
-         "end-cell drop-cell undo redo drivers-changed show hide ok-to-leave processed terminate document drivers "
+         "end-cell drop-cell drivers-changed show hide ok-to-leave processed terminate document drivers "
          "failing history leave"},
-        {0, 1, "setup hand-over print-mode clipboard"},
+        {0, 1, "undo redo setup hand-over print-mode clipboard"},
         {0, 2, "site"},
         {0, any, "state"},
         {1, 1,

@@ -89,6 +89,11 @@ TEST_F(FailureStripTest, TryAgainRebuildsThePageAndHandsTheFocusBack)
     EXPECT_EQ(strip.accessibleName(), "All instruments respond again.");
     EXPECT_TRUE(isGone());
     EXPECT_TRUE(window.page().isAncestorOf(QApplication::focusWidget()));
+    driver(0).calls().fail({"StartMode set"});
+    change(window);
+    driver(0).calls().healAll();
+    button.click();
+    EXPECT_EQ(window.history().steps().steps().size(), 1U) << "what the rebuilt page writes is no edit";
 }
 
 TEST_F(FailureStripTest, ManyInstrumentsScrollInAStripOfAFewLines)

@@ -27,10 +27,10 @@ void RandomUser::have(const std::function<void()>& act)
     const Scoped acting(isActing_, true);
     attendSoon();
     act();
-    QApplication::processEvents();
-    do
+    // Twice without a dialog or list, because the input that closes one may post what was chosen.
+    const auto isOpen = [] { return QApplication::activeModalWidget() || QApplication::activePopupWidget(); };
+    for (int calm = 0; calm < 2; calm = isOpen() ? 0 : calm + 1)
         QApplication::processEvents();
-    while (QApplication::activeModalWidget() || QApplication::activePopupWidget());
 }
 
 /// By a timer, because a modal dialog or menu runs its own event loop inside the call that opens it.
