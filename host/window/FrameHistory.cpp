@@ -172,8 +172,11 @@ void FrameHistory::moveTo(std::size_t position)
     const bool isUndo = position < before;
     const std::size_t count = isUndo ? before - position : position - before;
     // All at once, because an instrument that refuses one of the steps refuses all.
+    ScenarioWriter::Words words{isUndo ? "undo" : "redo"};
+    if (count > 1)
+        words.push_back(std::to_string(count));
     if (count > 0)
-        capture_.host({isUndo ? "undo" : "redo", std::to_string(count)});
+        capture_.host(words);
     const QPointer<QWidget> focused = window_.focusWidget();
     history_.moveTo(position);
     if (action.isOver())
