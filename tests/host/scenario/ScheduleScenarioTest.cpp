@@ -36,6 +36,11 @@ click cmdStopTime
 dialog SetDateTime
 end
 click cmdStopTime
+dialog SetDateTime
+text dtpTimeSelector 16:00:00
+key Escape
+end
+click cmdStopTime
 expect lblPlan caption "Starts at 11/24/2026 3:04:05 PM, records until 11/24/2026 3:04:15 PM, that is 10 s, 10,240 samples, 40.41 KB dynamic and 1.03 KB static, ends at about 11/24/2026 3:04:15 PM."
 drivers
 )",
@@ -52,6 +57,8 @@ drivers
 {"line":22,"event":"dialog","form":"SetDateTime","action":"closed","left":900,"top":600,"unanswered":true}
 {"line":25,"event":"dialog","form":"SetDateTime","action":"opened","left":900,"top":600}
 {"line":24,"event":"dialog","form":"SetDateTime","action":"closed","left":900,"top":600,"unanswered":true}
+{"line":30,"event":"dialog","form":"SetDateTime","action":"opened","left":900,"top":600}
+{"line":28,"event":"dialog","form":"SetDateTime","action":"closed","left":900,"top":600}
 )");
     const Json drivers = run.last("drivers")["drivers"];
     ASSERT_EQ(drivers.size(), 2U);
