@@ -120,10 +120,11 @@ private:
         checkSaved();
         followHost();
     }
-    /// What the host changes at the start is part of it.
+    /// What the host changes at the start is part of it; a capture that begins here makes another start.
     void followHost()
     {
-        if (steps().position() == 0 && !steps().cleanPosition() && !steps().hasEntryInProgress())
+        const bool isStart = steps().steps().empty() || (steps().position() == 0 && !steps().cleanPosition());
+        if (isStart && !steps().hasEntryInProgress())
             drivers_ = window().session().drivers(), start_ = held();
     }
     void end()
