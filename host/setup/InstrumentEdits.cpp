@@ -93,11 +93,17 @@ InstrumentSettings checked(const InstrumentSettings& instrument)
     }
 }
 
+/// The page takes the kinds of the instruments when it receives their list.
+bool areOfOneKind(const InstrumentSettings& one, const InstrumentSettings& other)
+{
+    return one.measurementMode == other.measurementMode && one.samplingMode == other.samplingMode;
+}
+
 /// Whether the instrument can become this one. A device has the views that it has, whatever its description says.
 bool canBecome(const InstrumentSettings& one, const InstrumentSettings& other)
 {
     const bool isSameDevice = one.module == other.module && one.device == other.device;
-    return isSameDevice && (!one.module.empty() || haveSameViews(one, other));
+    return isSameDevice && (!one.module.empty() || (haveSameViews(one, other) && areOfOneKind(one, other)));
 }
 
 template <class Is> std::optional<ChannelPlace> placeWhere(const InstrumentSettings& instrument, const Is& is)

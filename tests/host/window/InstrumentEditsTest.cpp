@@ -5,6 +5,20 @@ namespace {
 
 using InstrumentEditsTest = InstrumentsDock;
 
+TEST_F(InstrumentEditsTest, ThePageFollowsTheKindOfAnInstrumentAlsoThroughTheHistory)
+{
+    file("scanner.json", R"({"drivers": [{"name": "A", "samplingMode": 2, "timebase": {}}]})");
+    window.open(folder.file("scanner.json"));
+    const auto shown = [this] { return std::pair(page().frmDynamic.visible(), page().frmStatic.visible()); };
+    EXPECT_EQ(shown(), std::pair(false, true));
+    EXPECT_TRUE(window.instrumentList().edit([](ko::Setup& setup) { setup.instruments[0].samplingMode = 1; }));
+    EXPECT_EQ(shown(), std::pair(true, false));
+    window.history().undo();
+    EXPECT_EQ(shown(), std::pair(false, true));
+    window.history().redo();
+    EXPECT_EQ(shown(), std::pair(true, false));
+}
+
 TEST_F(InstrumentEditsTest, AddingAndRemovingAreStepsThatThePageFollowsAndUndoRestoresTheTriggerLines)
 {
     const std::string opened = held();
