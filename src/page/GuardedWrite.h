@@ -27,6 +27,7 @@ namespace ko {
 ///     Setting without(const Setting&) const         the members that are set here and not set or different in the
 ///                                                   other
 ///     bool isEmpty() const                          no member is set
+///     bool isLike(const Setting&) const             the same members are set in both
 ///     SizeSettings sizeSettings() const             the members that the size of the recording follows from
 /// `read` and `write` report their failures to the steps.
 template <class Setting> class GuardedWrite {
@@ -85,7 +86,8 @@ public:
 
     /// Checks the limit; returns true when the recording fits. Otherwise shows a message, restores the changed members
     /// of each written driver (except those that could not be read before) and reads them again, calls `putBack` to
-    /// restore the page, updates the derived labels, offers what would fit, and returns false.
+    /// restore the page, updates the derived labels, offers what would fit, and returns false. Notifies the host when a
+    /// refused value may have stayed in a driver.
     template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)
     {
         const std::int32_t code = actions_.updateDiskSpace();
@@ -98,6 +100,8 @@ public:
         if (step.isSuperseded())
             return false;
         step(std::forward<PutBack>(putBack));
+        if (leavesOther())
+            step([&] { actions_.markChanged(); });
         actions_.refreshEstimate();
         actions_.tellWhatFits(refused);
         return false;
@@ -108,6 +112,15 @@ public:
     /// Whether a write was attempted in this event, and whether one succeeded.
     [[nodiscard]] bool anyTried() const { return anyTried_; }
     [[nodiscard]] bool anyWritten() const { return anyWritten_; }
+    /// Whether a driver holds another value than before this event; for one that could not be read before or after,
+    /// whether the write succeeded.
+    [[nodiscard]] bool leavesOther() const
+    {
+        return std::any_of(written_.begin(), written_.end(), [&](const Written& it) {
+            const bool isKnown = it.before.isLike(wanted_) && it.kept.isLike(wanted_);
+            return it.tried && (isKnown ? !it.kept.without(it.before).isEmpty() : it.written);
+        });
+    }
 
 private:
     /// Must be called while the refused values are in force.

@@ -136,6 +136,7 @@ struct NumberSetting {
         return value == other.value ? NumberSetting{} : *this;
     }
     [[nodiscard]] bool isEmpty() const { return !value; }
+    [[nodiscard]] bool isLike(const NumberSetting& other) const { return isEmpty() == other.isEmpty(); }
     [[nodiscard]] SizeSettings sizeSettings() const;
 };
 

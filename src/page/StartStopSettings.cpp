@@ -22,6 +22,13 @@ void StartStopSettings::complete(const StartStopSettings& other)
     duration = duration ? duration : other.duration;
 }
 
+bool StartStopSettings::isLike(const StartStopSettings& other) const
+{
+    return startMode.has_value() == other.startMode.has_value() &&
+           startTime.has_value() == other.startTime.has_value() && stopMode.has_value() == other.stopMode.has_value() &&
+           duration.has_value() == other.duration.has_value();
+}
+
 StartStopSettings StartStopSettings::without(const StartStopSettings& other) const
 {
     StartStopSettings rest = *this;

@@ -48,6 +48,8 @@ struct StartStopSettings {
     [[nodiscard]] StartStopSettings without(const StartStopSettings& other) const;
     [[nodiscard]] SizeSettings sizeSettings() const { return {.seconds = duration}; }
     [[nodiscard]] bool isEmpty() const { return !(startMode || startTime || stopMode || duration); }
+    /// Whether the same members are set in both.
+    [[nodiscard]] bool isLike(const StartStopSettings& other) const;
 };
 
 } // namespace ko

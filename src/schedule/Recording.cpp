@@ -179,6 +179,8 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
     readBack();
     if (guarded.anyTried() && !guarded.anyWritten()) {
         step(restore);
+        if (guarded.leavesOther())
+            step([&] { actions_.markChanged(); });
         actions_.refreshEstimate();
         return Result::PutBack;
     }

@@ -135,7 +135,7 @@ DynamicEditors::Written DynamicEditors::write(const Steps& step, const TimebaseN
                 note(number, *it.before.value, it.kept.value);
         }))
         return {Fate::Refused, it.kept.value};
-    if (it.written)
+    if (it.written || guarded.leavesOther())
         step([&] { actions_.markChanged(); });
     return {it.written ? Fate::Accepted : Fate::Failed, it.kept.value};
 }

@@ -159,14 +159,22 @@ void Bench::editCell(std::int32_t row, const std::string& text)
     act("cell", [&] { page().grdParam.userEditedCell(row, text); });
 }
 
+Texts heldBy(const Bench& bench)
+{
+    Texts lines;
+    for (const auto& driver : bench.fakes)
+        lines.push_back(stateOf(*driver));
+    return lines;
+}
+
 Texts stateOf(Bench& bench)
 {
     Texts lines;
     for (const Form* form : bench.forms())
         for (const Control* control : form->controls())
             lines.push_back(stateOf(*control));
-    for (const auto& driver : bench.fakes)
-        lines.push_back(stateOf(*driver));
+    for (const std::string& driver : heldBy(bench))
+        lines.push_back(driver);
     const Page& page = bench.page();
     std::ostringstream fields;
     fields << "trigger " << page.TriggerSlot << " " << page.TriggerChannel << " lines "

@@ -53,6 +53,8 @@ private:
 
 /// Returns everything that a user can see of the forms and a host can read from the drivers, one item per line.
 Texts stateOf(Bench& bench);
+/// Returns what a host can read from the drivers, one line for each.
+Texts heldBy(const Bench& bench);
 
 /// What does not hold of the page although it always must, whatever fails; a sentence each.
 Texts brokenAlways(const Page& page);

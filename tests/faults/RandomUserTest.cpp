@@ -62,11 +62,14 @@ private:
         where_ = "step " + std::to_string(seed);
         forget();
         const double bytes = totalBytes(bench_);
+        const Texts held = heldBy(bench_);
         const auto* const box = dynamic_cast<const TextBox*>(bench_.page().activeControl());
         const bool marked = box && box->marked();
         const std::string text = box ? box->text() : "";
         user_.act(seed);
         check();
+        if (bench_.host.changes == 0 && isUsers() && heldBy(bench_) != held)
+            fail("a change is not notified: " + testing::PrintToString(heldBy(bench_)));
         if (bytes <= fileSizeLimit && totalBytes(bench_) > fileSizeLimit && !mayFail_ && isUsers() && !isOfBefore())
             fail("the total passes the limit");
         totals_.insert(totalBytes(bench_));
@@ -91,6 +94,7 @@ private:
     }
     void forget()
     {
+        bench_.host.changes = 0;
         bench_.host.messages.clear();
         bench_.host.reports.clear();
         bench_.host.hints.clear();

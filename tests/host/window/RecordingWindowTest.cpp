@@ -241,6 +241,7 @@ TEST_F(RecordingWindowTest, ARecordingOpensWithItsSetUpReadOnlyAndItsSummary)
     window.files().open(toQt(file("other.json", R"({"drivers": []})")));
     EXPECT_EQ(state(), "There is no recording to show.");
     window.files().open(toQt(user.record));
+    ASSERT_EQ(window.session().drivers().size(), 1U);
     EXPECT_TRUE(page().readOnly);
     window.files().open(toQt(user.record));
     EXPECT_TRUE(page().readOnly) << "after another one, too";
