@@ -5,6 +5,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <optional>
+
 namespace ko {
 
 namespace {
@@ -89,13 +92,35 @@ Json written(const SimulatedFailure& failure)
 
 constexpr std::size_t lineWidth = 110;
 
+/// A lower bound of the length of the value in one line.
+std::size_t leastLength(const Json& json)
+{
+    if (const auto* text = json.get_ptr<const std::string*>())
+        return text->size() + 2;
+    std::size_t length = 1;
+    if (json.is_structured())
+        for (const Json& member : json)
+            length += 1 + leastLength(member);
+    return length;
+}
+
+/// The value in one line; none when it is longer than `width`.
+std::optional<std::string> inOneLine(const Json& json, std::size_t width)
+{
+    if (leastLength(json) > width)
+        return std::nullopt;
+    std::string line = json.dump();
+    return line.size() <= width ? std::optional(std::move(line)) : std::nullopt;
+}
+
 } // namespace
 
 std::string laidOut(const Json& json, const JsonLayout& layout)
 {
-    std::string whole = json.dump();
-    if (!json.is_structured() || layout.margin.size() + whole.size() <= lineWidth)
-        return whole;
+    if (!json.is_structured())
+        return json.dump();
+    if (auto line = inOneLine(json, lineWidth - std::min(lineWidth, layout.margin.size())))
+        return *line;
     const JsonLayout inner{layout.margin + layout.unit, layout.unit, layout.lineBreak};
     std::string result;
     for (const auto& member : json.items()) {

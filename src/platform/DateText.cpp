@@ -43,17 +43,10 @@ bool isIsoDate(std::string_view text)
     return digits == 4 && text.substr(digits).starts_with('-');
 }
 
-std::vector<DatePicture> datePictures(std::string_view text, const Locale& locale)
-{
-    if (isIsoDate(text))
-        return {parsePicture("yyyy-MM-dd")};
-    const DatePicture date = parsePicture(locale.shortDateFormat);
-    return {date, inOrderOf(date, "/"), inOrderOf(date, "-"), inOrderOf(date, ".")};
-}
-
 /// Hours, minutes and seconds, with the designator after them, before them or absent; then the same without seconds.
-void addClocks(std::vector<DatePicture>& pictures, std::string_view separator)
+std::vector<DatePicture> clocksWith(std::string_view separator)
 {
+    std::vector<DatePicture> pictures;
     DatePicture clock{
         {Field::hour24, 2, {}}, literal(separator), {Field::minute, 2, {}}, literal(separator), {Field::second, 2, {}}};
     const PictureItem designator{Field::designator, 2, {}};
@@ -67,27 +60,31 @@ void addClocks(std::vector<DatePicture>& pictures, std::string_view separator)
         inFront.insert(inFront.end(), clock.begin(), clock.end());
         pictures.push_back(inFront);
     }
-}
-
-std::vector<DatePicture> timePictures(const Locale& locale)
-{
-    std::vector<DatePicture> pictures{parsePicture(locale.timeFormat)};
-    addClocks(pictures, ":");
-    if (!locale.timeSeparator.empty() && locale.timeSeparator != ":")
-        addClocks(pictures, locale.timeSeparator);
     return pictures;
 }
 
-/// The time of day, if the whole text is one.
-std::optional<DateTime> readTime(std::string_view text, const Locale& locale)
+/// The time of day, if the whole text is one in one of the pictures.
+std::optional<DateTime> readTime(std::string_view text, const std::vector<DatePicture>& pictures, const Locale& locale)
 {
-    for (const DatePicture& picture : timePictures(locale)) {
+    for (const DatePicture& picture : pictures) {
         std::string_view rest = text;
         const auto parts = readPicture(picture, rest, locale);
         if (parts && rest.empty())
             return timeSerial(parts->hour, parts->minute, parts->second);
     }
     return std::nullopt;
+}
+
+/// The time of day, if the whole text is one.
+std::optional<DateTime> readTime(std::string_view text, const Locale& locale)
+{
+    static const std::vector<DatePicture> usual = clocksWith(":");
+    auto time = readTime(text, {parsePicture(locale.timeFormat)}, locale);
+    if (!time)
+        time = readTime(text, usual, locale);
+    if (!time && !locale.timeSeparator.empty() && locale.timeSeparator != ":")
+        time = readTime(text, clocksWith(locale.timeSeparator), locale);
+    return time;
 }
 
 /// The date and the optional time after it, if the whole text is a date in this picture and such a time.
@@ -103,6 +100,19 @@ std::optional<DateTime> readDate(const DatePicture& picture, std::string_view te
         return std::nullopt;
     const auto time = readTime(trimmed(text), locale);
     return time ? std::optional(dateAdd(TimeUnit::days, time->days, date)) : std::nullopt;
+}
+
+/// The date and the optional time after it, if the whole text is one in ISO 8601 or in the locale's order, with its own
+/// separator or another one.
+std::optional<DateTime> readDate(std::string_view text, const Locale& locale)
+{
+    if (isIsoDate(text))
+        return readDate(parsePicture("yyyy-MM-dd"), text, locale);
+    const DatePicture own = parsePicture(locale.shortDateFormat);
+    auto date = readDate(own, text, locale);
+    for (const char* const separator : {"/", "-", "."})
+        date = date ? date : readDate(inOrderOf(own, separator), text, locale);
+    return date;
 }
 
 } // namespace
@@ -127,13 +137,12 @@ DateTime toDateTime(std::string_view text, const Locale& locale)
     const std::string_view bare = trimmed(text);
     if (bare.empty())
         fail(failure::typeMismatch);
-    if (const auto time = readTime(bare, locale))
-        return *time;
-    for (const DatePicture& picture : datePictures(bare, locale)) {
-        if (const auto date = readDate(picture, bare, locale))
-            return *date;
-    }
-    fail(failure::typeMismatch);
+    auto time = readTime(bare, locale);
+    if (!time)
+        time = readDate(bare, locale);
+    if (!time)
+        fail(failure::typeMismatch);
+    return *time;
 }
 
 } // namespace ko
