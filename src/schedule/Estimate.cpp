@@ -3,6 +3,7 @@
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
+#include "schedule/Moments.h"
 #include "support/Numbers.h"
 
 #include <algorithm>
@@ -126,9 +127,21 @@ void Estimate::updateActualDuration()
     const double found = figures.plannedSeconds ? actualSeconds(step) : -1.0;
     const double seconds = found > 0.0 ? found : figures.plannedSeconds.value_or(-1.0);
     figures.actualSeconds = seconds >= 0.0 && std::isfinite(seconds) ? std::optional(seconds) : std::nullopt;
+    followClock();
+}
+
+void Estimate::followClock()
+{
+    const Steps step(support_.errors, "updateActualDuration");
+    Figures& figures = page_.figures;
     figures.stopTime.reset();
-    if (figures.plannedSeconds && page_.optStopTime.value() && !page_.txtStartTime.text().empty())
-        step([&] { figures.stopTime = recording_.stopTime(seconds, recording_.timeIn(page_.txtStartTime)); });
+    if (figures.actualSeconds && page_.optStopTime.value() && !page_.txtStartTime.text().empty())
+        step([&] {
+            const DateTime start = recording_.timeIn(page_.txtStartTime);
+            const DateTime stop = dateAdd(TimeUnit::seconds, *figures.actualSeconds, start);
+            const bool isInNextDay = !start.hasDate() && stop.hasDate();
+            figures.stopTime = isInNextDay ? momentsOf(page_, support_).actualStop : stop;
+        });
     showActualDuration(step);
 }
 

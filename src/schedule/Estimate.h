@@ -20,6 +20,10 @@ public:
     /// actual duration.
     void showBeyondLimit();
 
+    /// Shows the actual duration and stop time again: the day of a stop after midnight depends on the clock. Calls no
+    /// driver.
+    void followClock();
+
     /// Clears all figures.
     void clear();
 

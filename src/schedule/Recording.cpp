@@ -46,15 +46,12 @@ std::optional<double> Recording::plannedSeconds() const
     return kept_ && kept_->entered == entered ? kept_->seconds : entered;
 }
 
-DateTime Recording::stopTime(double seconds, DateTime start) const
-{
-    const DateTime time = dateAdd(TimeUnit::seconds, seconds, start);
-    return start.hasDate() || !time.hasDate() ? time : dateAdd(TimeUnit::seconds, seconds, onToday(start));
-}
-
 std::string Recording::computeStopTime(double seconds, DateTime start) const
 {
-    return generalDate(stopTime(seconds, start), support_.locale());
+    DateTime stop = dateAdd(TimeUnit::seconds, seconds, start);
+    if (!start.hasDate() && stop.hasDate())
+        stop = dateAdd(TimeUnit::seconds, seconds, onToday(start));
+    return generalDate(stop, support_.locale());
 }
 
 std::optional<double> Recording::durationInForce() const

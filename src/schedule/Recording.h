@@ -37,9 +37,7 @@ public:
     /// duration that the drivers hold; none when that is unknown, too.
     [[nodiscard]] std::optional<double> plannedSeconds() const;
 
-    /// `start` plus a duration. A time of day that passes midnight is first given today's date.
-    [[nodiscard]] DateTime stopTime(double seconds, DateTime start) const;
-    /// The stop time as General Date text.
+    /// `start` plus a duration, as General Date text. A time of day that passes midnight is first given today's date.
     [[nodiscard]] std::string computeStopTime(double seconds, DateTime start) const;
 
     /// The duration that the drivers hold, in seconds; without a timebase the last accepted one.

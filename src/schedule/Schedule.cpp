@@ -35,8 +35,10 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
       whatFits_(page, support, actions, recording_), plan_(page, support)
 {
     page.minutePassed = [this] {
-        if (page_.isShown && !page_.isLoading)
-            plan_.show();
+        if (!page_.isShown || page_.isLoading)
+            return;
+        estimate_.followClock();
+        plan_.show();
     };
 }
 

@@ -69,7 +69,7 @@ TEST_F(ScheduleTest, TheStopMustBeLaterThanTheStart)
     EXPECT_EQ(page().lblStopTimeValue.caption(), "11/21/2026 11:10:00 AM");
 }
 
-TEST_F(ScheduleTest, AnUndatedStartThatRunsOverMidnightIsTakenToday)
+TEST_F(ScheduleTest, AnUndatedStartThatRunsOverMidnightIsTakenTodayUnlessItHasPassed)
 {
     openTwo(1, 1, "11:50:00 PM", 900);
     EXPECT_EQ(page().txtStopTime.text(), "11/22/2026 12:05:00 AM");
@@ -78,6 +78,13 @@ TEST_F(ScheduleTest, AnUndatedStartThatRunsOverMidnightIsTakenToday)
     host.takeMessages();
     pickTime(page().cmdStartTime, {0, 0, 0, 23, 55, 0}, false);
     EXPECT_EQ(held()[1], "1 1 11:55:00 PM 600");
+    fakes[0]->blockSize = 1e6;
+    pickTime(page().cmdStopTime, {0, 0, 0, 23, 55, 1}, false);
+    expectEverywhere("1 1 11:55:00 PM 1");
+    EXPECT_EQ(page().lblStopTimeValue.caption(), "11/22/2026 12:11:40 AM");
+    host.time = toDateTime("11/21/2026 11:56:00 PM", {});
+    page().minutePassed();
+    EXPECT_EQ(page().lblStopTimeValue.caption(), "11/23/2026 12:11:40 AM") << "the start is tomorrow, too";
 }
 
 TEST_F(ScheduleTest, ATextThatIsNoDateIsReportedOnceAndWritesNothing)
@@ -171,13 +178,6 @@ TEST_F(ScheduleTest, EveryControlClearsTheHintOfTheOneBefore)
         EXPECT_EQ(host.hints.size(), ++hints) << control->name();
     }
     EXPECT_EQ(host.hints, Texts(hints));
-}
-
-TEST_F(ScheduleTest, AStopOneSecondAfterTheStartIsTaken)
-{
-    openTwo(1, 1);
-    pickTime(page().cmdStopTime, {1899, 12, 30, 8, 0, 1}, false);
-    expectEverywhere("1 1 8:00:00 AM 1");
 }
 
 } // namespace
