@@ -22,9 +22,6 @@ std::optional<double> reciprocalBound(double value)
 
 NumberBounds periodBounds(Range periods)
 {
-    // No period is below 0: returns bounds that accept nothing.
-    if (periods.maximum < 0.0)
-        return {periods.minimum, periods.maximum, true};
     return {bound(periods.minimum), bound(periods.maximum), true};
 }
 
@@ -43,6 +40,9 @@ double Quantity::shown(double held) const
 NumberBounds Quantity::bounds(const Page& page) const
 {
     const Range range = (page.*number->offers).range;
+    // Nothing is accepted, by the rate either.
+    if (number->isPeriod && range.minimum > range.maximum)
+        return {range.minimum, range.maximum, true};
     if (isRate)
         return rateBounds(range);
     return number->isPeriod ? periodBounds(range) : NumberBounds{range.minimum, range.maximum};
