@@ -32,10 +32,8 @@ Range shownBounds(NumberType type, Range bounds)
 
 std::string outOfRange(const Support& support, NumberType type, const NumberBounds& bounds)
 {
-    if (!bounds.minimum || !bounds.maximum)
-        return notANumber(support, type);
-    return requiredRange(support, isWhole(type) ? pageText::integerInRange : pageText::realInRange,
-                         shownBounds(type, {*bounds.minimum, *bounds.maximum}));
+    const std::string text = rangeText(support, type, bounds);
+    return text.empty() ? notANumber(support, type) : text;
 }
 
 std::optional<double> converted(std::string_view text, NumberType type, const Locale& locale)
@@ -72,6 +70,14 @@ std::string requiredRange(const Support& support, int text, Range range)
 {
     return support.text(text) + numberText(range.minimum, support.locale()) + support.text(pageText::to) +
            numberText(range.maximum, support.locale()) + support.text(pageText::isRequired);
+}
+
+std::string rangeText(const Support& support, NumberType type, const NumberBounds& bounds)
+{
+    if (!bounds.minimum || !bounds.maximum)
+        return {};
+    return requiredRange(support, isWhole(type) ? pageText::integerInRange : pageText::realInRange,
+                         shownBounds(type, {*bounds.minimum, *bounds.maximum}));
 }
 
 std::optional<double> readNumber(const Support& support, std::string_view text, NumberType type,

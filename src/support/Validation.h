@@ -30,6 +30,9 @@ inline constexpr double rangeTolerance = 1e-9;
 /// The message that requires a number in the range: text number `text`, then the bounds. Failures reach the caller.
 [[nodiscard]] std::string requiredRange(const Support& support, int text, Range range);
 
+/// The same for a type's bounds; empty unless both are set.
+[[nodiscard]] std::string rangeText(const Support& support, NumberType type, const NumberBounds& bounds);
+
 /// Reads the text as a number of this type, rounded to an integer for `Long` and `Integer`; none when it is not
 /// numeric, does not fit or is out of bounds. A number equal to a bound as displayed is inside. When there is none and
 /// `showMessage` is true, shows the reason in a message box "Invalid input". Failures of the message box and of the

@@ -189,7 +189,8 @@ std::optional<NumberCheck> ParamGrid::checkOf(const Steps& step, std::int32_t ro
 /// Shows the range of the open cell in the status site, or an empty hint.
 void ParamGrid::showRange(const Steps& step)
 {
-    const std::string range = open_ ? step.value([&] { return rangeText(support_, *open_); }) : std::string();
+    const std::string range =
+        open_ ? step.value([&] { return rangeText(support_, open_->type, open_->bounds); }) : std::string();
     step([&] { showHint(page_, range.empty() ? range : "  " + range); });
 }
 

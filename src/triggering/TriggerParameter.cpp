@@ -3,7 +3,6 @@
 #include "page/Drivers.h"
 #include "platform/Failure.h"
 #include "platform/NumberText.h"
-#include "support/TextNumbers.h"
 
 #include <algorithm>
 #include <array>
@@ -89,15 +88,6 @@ std::optional<NumberCheck> readNumberCheck(TriggerParameters& parameters, std::i
 std::optional<double> boundOf(double value)
 {
     return std::isnan(value) ? std::nullopt : std::optional(value);
-}
-
-std::string rangeText(const Support& support, const NumberCheck& check)
-{
-    if (!check.bounds.minimum || !check.bounds.maximum)
-        return {};
-    const bool isInteger = check.type == NumberType::Integer;
-    return requiredRange(support, isInteger ? textNumber::page::integerInRange : textNumber::page::realInRange,
-                         {*check.bounds.minimum, *check.bounds.maximum});
 }
 
 std::optional<Value> parameterValue(const std::string& type, const std::string& text, const Locale& locale)

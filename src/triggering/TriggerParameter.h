@@ -33,9 +33,6 @@ std::optional<NumberCheck> readNumberCheck(TriggerParameters& parameters, std::i
 /// A bound as a driver returns it; none for NaN.
 std::optional<double> boundOf(double value);
 
-/// The message that requires a number in the range; empty unless both bounds are known.
-std::string rangeText(const Support& support, const NumberCheck& check);
-
 /// Converts an edited text to the value to write. None for a type that is not written. Failure 13 or 6 for a text that
 /// is not a value of the type.
 std::optional<Value> parameterValue(const std::string& type, const std::string& text, const Locale& locale);

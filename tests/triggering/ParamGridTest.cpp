@@ -158,12 +158,12 @@ TEST_F(TriggerArea, AnOpenCellShowsItsRangeAndMarksWhatItWouldRefuse)
     page.statusSite = host.queryStatusSite();
     const struct {
         const char *type, *failing, *hint, *bad;
-    } cases[] = {{"Float", "", "  A valid real number in the range -10 to 10 is required.", "10.5"},
-                 {"Integer", "", "  A valid integer in the range -10 to 10 is required.", "x"},
+    } cases[] = {{"Float", "", "  A valid real number in the range -9.5 to 10.5 is required.", "10.6"},
+                 {"Integer", "", "  A valid integer in the range -9 to 10 is required.", "x"},
                  {"Float", "GetTriggerParamMax", "", ""},
                  {"String", "", "", ""}};
     for (const auto& c : cases) {
-        driver.parameters = {{.type = c.type, .value = 2}};
+        driver.parameters = {{.type = c.type, .value = 2, .min = -9.5, .max = 10.5}};
         switchOn();
         host.hints.clear();
         driver.failing = {c.failing};
