@@ -84,11 +84,14 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
         page_.staticDriverIndex = firstDriver(step, false);
     std::optional<double> scanPeriod;
     page_.scannedDriverIndex = page_.staticDriverIndex;
-    if (const auto at = step.value([&] { return shownTimebase(page_, timebaseNumber::scanPeriod); })) {
-        page_.scannedDriverIndex = at.driver;
+    const IndexedTimebase at = step.value([&] { return shownTimebase(page_, timebaseNumber::scanPeriod); });
+    if (at) {
+        // A dynamic driver has the scan period of all drivers, but no scans.
+        if (at.driver != page_.staticDriverIndex && !countsAsDynamic(*page_.driverAt(at.driver)))
+            page_.scannedDriverIndex = at.driver;
         step([&] { scanPeriod = at.timebase->ScanPeriod(); });
     }
-    staticEditors_.initScanRateEditors(scanPeriod);
+    staticEditors_.initScanRateEditors(at.driver, scanPeriod);
     if (!page_.isRestored && scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
         staticEditors_.pushLoaded(*scanPeriod);
 }

@@ -133,7 +133,8 @@ public:
     bool driverChangesPending = false;
     std::int32_t dynamicDriverIndex = -1; ///< driver of the dynamic editors and start master; -1 none
     std::int32_t staticDriverIndex = -1;  ///< scan master, else the first static driver; -1 none
-    std::int32_t scannedDriverIndex = -1; ///< driver of the static editors: the scan master unless it has no timebase
+    std::int32_t scannedDriverIndex = -1; ///< whose scans are shown: `staticDriverIndex`, else, where that has no
+                                          ///< timebase, the first static driver that has one
 
     bool isShown = false;
     bool isLoading = false;       ///< the document fills its controls; handlers do nothing

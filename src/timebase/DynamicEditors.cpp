@@ -74,14 +74,14 @@ DynamicEditors::~DynamicEditors() = default;
 void DynamicEditors::initSampleRateEditors(std::optional<double> period)
 {
     constexpr std::string_view procedure = "initSampleRateEditors";
-    periods_.build(procedure, period);
+    periods_.build(procedure, page_.dynamicDriverIndex, period);
     showSpan(Steps(support_.errors, procedure), period);
 }
 
 std::optional<double> DynamicEditors::initBlockSizeEditors(std::optional<double> size)
 {
     constexpr std::string_view procedure = "initBlockSizeEditors";
-    blockSizes_.build(procedure, size);
+    blockSizes_.build(procedure, page_.dynamicDriverIndex, size);
     if (!size || !blockSizes_.values().empty())
         return size;
     const Range range = page_.blockSizeOffers.range;

@@ -62,9 +62,9 @@ StaticEditors::StaticEditors(Page& page, Support& support, Actions& actions)
 
 StaticEditors::~StaticEditors() = default;
 
-void StaticEditors::initScanRateEditors(std::optional<double> scanPeriod)
+void StaticEditors::initScanRateEditors(std::int32_t driver, std::optional<double> scanPeriod)
 {
-    periods_.build("initScanRateEditors", scanPeriod);
+    periods_.build("initScanRateEditors", driver, scanPeriod);
 }
 
 WrittenToAll StaticEditors::setDriversScanRate(double newScanPeriod,

@@ -17,8 +17,8 @@ public:
     StaticEditors(Page& page, Support& support, Actions& actions);
     ~StaticEditors();
 
-    /// Builds the editors for the scan period in force in seconds (none: unknown).
-    void initScanRateEditors(std::optional<double> scanPeriod);
+    /// Builds the editors for the scan period in force in seconds (none: unknown), which this driver holds.
+    void initScanRateEditors(std::int32_t driver, std::optional<double> scanPeriod);
 
     /// Reads and shows the scan period when the one shown is unknown.
     void follow(const Steps& step);

@@ -47,13 +47,13 @@ MergedChoices ValueEditors::mergeOffers(std::string_view procedure) const
     return merged;
 }
 
-void ValueEditors::build(std::string_view procedure, std::optional<double> inForce)
+void ValueEditors::build(std::string_view procedure, std::int32_t driver, std::optional<double> inForce)
 {
     MergedChoices merged = mergeOffers(procedure);
     values_ = merged.values();
     OfferAccount& offers = page_.*number_.offers = std::move(merged).account();
     offers.readings.resize(page_.currentDrivers().size());
-    offers.noteRead(number_.toAllDrivers ? page_.scannedDriverIndex : page_.dynamicDriverIndex, inForce);
+    offers.noteRead(driver, inForce);
     const Steps step(support_.errors, procedure);
     const bool isWritable = canBeWritten();
     forEachQuantityOf(number_, [&](const Quantity& quantity) {

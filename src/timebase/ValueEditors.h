@@ -24,9 +24,9 @@ public:
     [[nodiscard]] const TimebaseNumber& number() const { return number_; }
 
     /// Merges the drivers' offers, reporting failures under `procedure`, and shows the lists or the boxes with the
-    /// number in force (none: unknown). They are disabled when no driver has a timebase to write to, and boxes also
-    /// when the range accepts nothing.
-    void build(std::string_view procedure, std::optional<double> inForce);
+    /// number in force, which `driver` holds (none: unknown). They are disabled when no driver has a timebase to write
+    /// to, and boxes also when the range accepts nothing.
+    void build(std::string_view procedure, std::int32_t driver, std::optional<double> inForce);
 
     /// The exact number of a list entry, whose text has only 15 digits. Failure 9 when there is no such entry.
     [[nodiscard]] double valueAt(std::int32_t entry) const;
