@@ -74,6 +74,7 @@ void TimebaseEditor::UserDocument_Show()
     showFrames();
     if (page_.numDrivers <= 0) {
         page_.mnuTimebaseTriggerLines.setEnabled(false);
+        schedule_.whatFits().withdraw();
         schedule_.plan().show();
         return;
     }

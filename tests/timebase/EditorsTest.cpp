@@ -70,8 +70,7 @@ TEST_F(Editors, BoxesAreShownWithoutListsAndWhereNothingCanBeAcceptedTheyAreDisa
     driver.samplePeriod = 1.0 / 25600;
     driver.blockSize = 8;
     open();
-    EXPECT_EQ(page().txtSampleRate.text(), "25600");
-    EXPECT_EQ(page().txtSamplePeriod.text(), "3.90625E-05");
+    EXPECT_EQ(page().txtSampleRate.text() + " " + page().txtSamplePeriod.text(), "25600 3.90625E-05");
     EXPECT_EQ(page().lblSpanValue.caption(), "10000 Hz");
     EXPECT_EQ(page().txtBlockSize.text(), "16") << "clamped into the range";
     EXPECT_TRUE(page().txtBlockSize.enabled());
@@ -158,8 +157,7 @@ TEST_F(Editors, TheLimitTakesBackWhatItRefusesWithOneMessage)
     type(page().txtScanPeriod, "5");
     EXPECT_EQ(host.takeMessages(), Texts{staticLimit});
     EXPECT_TRUE(driver.scanPeriod == 0.1 && still.scanPeriod == 0.1);
-    EXPECT_EQ(page().txtScanPeriod.text(), "0.1");
-    EXPECT_EQ(page().txtScanRate.text(), "10");
+    EXPECT_EQ(page().txtScanPeriod.text() + " " + page().txtScanRate.text(), "0.1 10");
 }
 
 TEST_F(Editors, HintsWithRangesAreGivenForTheStaticBoxesOnly)
