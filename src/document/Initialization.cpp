@@ -92,7 +92,9 @@ void TimebaseEditor::loadStaticEditors(const Steps& step)
         step([&] { scanPeriod = at.timebase->ScanPeriod(); });
     }
     staticEditors_.initScanRateEditors(at.driver, scanPeriod);
-    if (!page_.isRestored && scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
+    if (scanPeriod && page_.isRestored)
+        staticEditors_.readLoaded(*scanPeriod);
+    else if (scanPeriod && *scanPeriod > 0.0 && std::isfinite(*scanPeriod))
         staticEditors_.pushLoaded(*scanPeriod);
 }
 

@@ -125,14 +125,28 @@ void StaticEditors::follow(const Steps& step)
 
 void StaticEditors::pushLoaded(double seconds)
 {
+    showLoaded(Steps(support_.errors, "initScanRateEditors"), seconds, setDriversScanRate(seconds).last);
+}
+
+void StaticEditors::readLoaded(double seconds)
+{
     const Steps step(support_.errors, "initScanRateEditors");
-    const WrittenToAll result = setDriversScanRate(seconds);
-    if (!result.last || *result.last == seconds)
+    std::optional<double> last;
+    forEachTimebase(step, page_.currentDrivers(), [&](const IndexedTimebase& at) {
+        last = NumberSetting{&timebaseNumber::scanPeriod, seconds}.read(step, *at.timebase).value;
+        page_.scanPeriodOffers.noteRead(at.driver, last);
+    });
+    showLoaded(step, seconds, last);
+}
+
+void StaticEditors::showLoaded(const Steps& step, double seconds, const std::optional<double>& last)
+{
+    if (!last || *last == seconds)
         return;
     if (periods_.values().empty())
-        periods_.showInBoxes(step, *result.last, nullptr);
+        periods_.showInBoxes(step, *last, nullptr);
     else
-        periods_.selectValue(*result.last, -1);
+        periods_.selectValue(*last, -1);
 }
 
 } // namespace ko

@@ -37,6 +37,8 @@ public:
 
     /// Writes the scan period that the editors were built for, and shows what the drivers then hold.
     void pushLoaded(double seconds);
+    /// The same without writing.
+    void readLoaded(double seconds);
 
     /// The editors' text boxes.
     [[nodiscard]] const std::vector<std::unique_ptr<NumberEntry>>& entries() const { return entries_; }
@@ -46,6 +48,7 @@ public:
 
 private:
     void choose(const ComboBox& chosen);
+    void showLoaded(const Steps& step, double seconds, const std::optional<double>& last);
 
     Page& page_;
     Support& support_;

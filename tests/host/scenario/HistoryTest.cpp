@@ -79,12 +79,9 @@ TEST(HistoryTest, WhatAnInstrumentRefusesStaysWithOneMessageAndTheHistoryWhereIt
             play(begin + edits + fails + "\nundo 3\nundo\nundo\nheal 0\nheal 1\nhistory\nundo 2", demo());
         const bool failsAtOnce = std::string(fails).find("Sample") != std::string::npos;
         int messages = 0;
-        for (const Json& event : run.events) {
+        for (const Json& event : run.events)
             messages += event["event"] == "message";
-            if (event["event"] == "history") {
-                EXPECT_EQ(event["position"], failsAtOnce ? 3 : 2) << fails;
-            }
-        }
+        EXPECT_EQ(run.last("history")["position"], failsAtOnce ? 3 : 2) << fails;
         EXPECT_EQ(messages, failsAtOnce ? 3 : 2) << fails << ", also in three steps at once";
         EXPECT_NE(run.only({"undone"}).find("Duration"), std::string::npos) << "healed, all steps are taken";
     }
@@ -131,21 +128,23 @@ std::string anyEdits(unsigned seed, int count)
 const std::string rounding = R"({"drivers": [
   {"name": "A", "timebase": {"samplePeriod": {"value": 0.001, "range": [1e-6, 1]}}, "triggerLines": {"startMasterRank": 5,
     "startLinesAsMaster": [0, 1]}, "groups": [{"name": "G", "channels": [{"address": "0:1"}, {"address": "0:2"}, {"address": "0:3"}, {"address": "0:4"}]}]},
-  {"name": "B", "samplingMode": 2, "timebase": {"scanPeriod": {"value": 0.1, "choices": [0.1, 1.0]}}},
-  {"name": "C", "samplingMode": 2, "timebase": {"scanPeriod": {"value": 0.2, "choices": [0.2, 0.4, 0.9]}},
-    "triggerLines": {"scanMasterRank": 5, "scanLinesAsMaster": [2]}}]})";
+  {"name": "B", "samplingMode": 2, "timebase": {"scanPeriod": {"value": 0.2, "choices": [0.2, 0.4, 0.9]}},
+    "triggerLines": {"scanMasterRank": 5, "scanLinesAsMaster": [2]}},
+  {"name": "C", "samplingMode": 2, "timebase": {"scanPeriod": {"value": 0.1, "choices": [0.1, 1.0]}}}]})";
 
 TEST(HistoryTest, UndoingWritesNothingOverWhatItHasRestored)
 {
+    const std::string look = "leave\ndrivers\nstate cmdScanRateDiffers lblPlan\n";
     const Played run =
-        play(begin + "text txtScanPeriod 0.45\nleave\ndrivers\ntext txtDuration 25\nleave\nundo\ndrivers", rounding);
+        play(begin + "text txtScanPeriod 0.45\n" + look + "text txtDuration 25\nleave\nundo\n" + look, rounding);
     std::vector<Json> held;
     for (const Json& event : run.events)
-        if (event["event"] == "drivers")
-            held.push_back(event["drivers"]);
-    ASSERT_EQ(held.size(), 2U);
-    EXPECT_EQ(held[1], held[0]);
-    EXPECT_EQ(held[0][2]["timebase"]["scanPeriod"]["value"], 0.4);
+        for (const char* seen : {"drivers", "controls"})
+            if (event.contains(seen))
+                held.push_back(event[seen]);
+    ASSERT_EQ(held.size(), 4U);
+    EXPECT_TRUE(held[2] == held[0] && held[3] == held[1]) << run.only({"state"});
+    EXPECT_EQ(held[0][1]["timebase"]["scanPeriod"]["value"], 0.4);
     const Played failing = play(begin + "fail 1 \"Duration set\"\ntext txtDuration 25\nleave\nheal 1\n"
                                         "text txtSampleRate 500\nleave\nundo\ndrivers",
                                 rounding);
