@@ -60,6 +60,9 @@ std::string WhatFits::answers(const Forecast& forecast, SizeSettings wanted, con
     const LargestFit fit(page_, support_, recording_, forecast, *rate_, periods);
     const std::string byDuration = answerByDuration(fit, wanted);
     const std::string byRate = wanted.blockSize ? std::string() : answerByRate(fit, wanted);
+    for (auto* const answer : {&byDuration_, &byRate_})
+        if (*answer && (*answer)->seconds && (*answer)->value && forecast.isBeyondLimit())
+            (*answer)->secondsBefore = fit.longest({});
     if (byDuration.empty() || byRate.empty())
         return byDuration + byRate;
     const bool isRateWanted = wanted.samplePeriod || wanted.scanPeriod;
@@ -164,11 +167,13 @@ void WhatFits::withdraw()
 void WhatFits::take(std::optional<Answer>& offered, const char* handler)
 {
     const Steps step(support_.errors, handler);
-    const bool isRateFirst = &offered == &byRate_;
     const auto answer = std::exchange(offered, std::nullopt);
     if (!answer)
         return;
+    const bool isRateFirst = &offered == &byRate_ || answer->secondsBefore;
     const std::uint32_t told = told_;
+    if (answer->secondsBefore)
+        enter(step, *answer->secondsBefore);
     for (const bool isRate : {isRateFirst, !isRateFirst}) {
         if (told_ != told || step.isSuperseded())
             return;

@@ -27,6 +27,8 @@ private:
         std::optional<double> seconds{};
         std::optional<EditedValue> value{};
         bool isForAll = false; ///< the value is for every driver, although its editor sets only the current one
+        /// A duration that fits at the present rate, where neither of the two alone fits.
+        std::optional<double> secondsBefore{};
     };
 
     [[nodiscard]] std::string answers(const Forecast& forecast, SizeSettings wanted,
