@@ -37,7 +37,8 @@ Schedule::Schedule(Page& page, Support& support, Actions& actions, TimeEntries::
     page.minutePassed = [this] {
         if (!page_.isShown || page_.isLoading)
             return;
-        estimate_.followClock();
+        if (page_.figures.stopTime)
+            estimate_.followClock();
         plan_.show();
     };
 }
