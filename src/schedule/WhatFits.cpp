@@ -8,6 +8,7 @@
 #include "support/Phrases.h"
 #include "support/TextNumbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace ko {
@@ -60,9 +61,10 @@ std::string WhatFits::answers(const Forecast& forecast, SizeSettings wanted, con
     const LargestFit fit(page_, support_, recording_, forecast, *rate_, periods);
     const std::string byDuration = answerByDuration(fit, wanted);
     const std::string byRate = wanted.blockSize ? std::string() : answerByRate(fit, wanted);
+    const auto longest = forecast.isBeyondLimit() ? fit.longest({}) : std::nullopt;
     for (auto* const answer : {&byDuration_, &byRate_})
-        if (*answer && (*answer)->seconds && (*answer)->value && forecast.isBeyondLimit())
-            (*answer)->secondsBefore = fit.longest({});
+        if (longest && *answer && (*answer)->seconds && (*answer)->value)
+            (*answer)->secondsBefore = std::min(*longest, *(*answer)->seconds);
     if (byDuration.empty() || byRate.empty())
         return byDuration + byRate;
     const bool isRateWanted = wanted.samplePeriod || wanted.scanPeriod;

@@ -27,7 +27,7 @@ private:
         std::optional<double> seconds{};
         std::optional<EditedValue> value{};
         bool isForAll = false; ///< the value is for every driver, although its editor sets only the current one
-        /// A duration that fits at the present rate, where neither of the two alone fits.
+        /// A duration to be entered first, which fits at the present rate where that exceeds the limit.
         std::optional<double> secondsBefore{};
     };
 

@@ -177,18 +177,21 @@ TEST_F(WhatFitsTest, AFigureThatDoesNotFollowTheSettingsIsNeverForecast)
     EXPECT_FALSE(page().cmdTakeDuration.visible() || page().cmdTakeRate.visible()) << page().lblWhatFits.caption();
     sampler.bytes = growing;
     scanner.scans = nullptr;
-    document->UserDocument_Hide();
-    sampler.duration = scanner.duration = 1000;
     sampler.groups = {{"In", std::vector<FakeDriver::Channel>(64)}};
-    handOver();
-    document->UserDocument_Show();
-    EXPECT_EQ(page().lblWhatFits.caption(), "The settings exceed the 2 GB limit. The 2 GB limit allows: 16 min 40 s at "
-                                            "up to 524 Sa/s or up to 8 min 44 s at 1000 Sa/s.");
-    // Neither the wanted rate nor the duration that it allows fits alone.
-    refuse(page().txtSampleRate, "600");
-    EXPECT_EQ(page().cmdTakeDuration.userClicked(), Outcome::Done);
-    EXPECT_TRUE(sampler.duration == 873.0F && sampler.samplePeriod == 1.0 / 600) << sampler.duration;
-    EXPECT_FALSE(page().lblWhatFits.visible());
+    // Neither the wanted rate nor the duration that it allows fits alone, or the rate only after the duration.
+    for (const auto& [rate, seconds] : {std::pair("600", 873.0F), {"2000", 262.0F}}) {
+        document->UserDocument_Hide();
+        sampler.samplePeriod = 0.001;
+        sampler.duration = scanner.duration = 1000;
+        handOver();
+        document->UserDocument_Show();
+        EXPECT_EQ(page().lblWhatFits.caption(), "The settings exceed the 2 GB limit. The 2 GB limit allows: 16 min "
+                                                "40 s at up to 524 Sa/s or up to 8 min 44 s at 1000 Sa/s.");
+        refuse(page().txtSampleRate, rate);
+        EXPECT_EQ(page().cmdTakeDuration.userClicked(), Outcome::Done);
+        EXPECT_TRUE(sampler.duration == seconds && page().txtSampleRate.text() == rate) << sampler.duration;
+        EXPECT_FALSE(page().lblWhatFits.visible());
+    }
 }
 
 TEST_F(WhatFitsTest, ADriverThatKeepsAnotherValueIsRefusedAsUsual)
