@@ -81,7 +81,8 @@ TEST(HistoryTest, WhatAnInstrumentRefusesStaysWithOneMessageAndTheHistoryWhereIt
         int messages = 0;
         for (const Json& event : run.events)
             messages += event["event"] == "message";
-        EXPECT_EQ(run.last("history")["position"], failsAtOnce ? 3 : 2) << fails;
+        const char* position = failsAtOnce ? R"("position":3})" : R"("position":2})";
+        EXPECT_NE(run.only({"history"}).find(position), std::string::npos) << fails;
         EXPECT_EQ(messages, failsAtOnce ? 3 : 2) << fails << ", also in three steps at once";
         EXPECT_NE(run.only({"undone"}).find("Duration"), std::string::npos) << "healed, all steps are taken";
     }
