@@ -132,7 +132,6 @@ TEST_F(ScheduleTest, TheDialogOpensWithTheTimeInForceAndTheFlagsOfItsBox)
         EXPECT_TRUE(page().isDialogOpen);
         EXPECT_TRUE(dialog.bounds().left == 1500 && dialog.bounds().top == 750);
         EXPECT_TRUE(dialog.optCurrentDay.value() && dialog.optCurrentDay.enabled());
-        EXPECT_TRUE(dialog.optSpecifiedDay.enabled());
         EXPECT_FALSE(dialog.calDate.enabled());
         EXPECT_EQ(dialog.calDate.day(), 21);
         EXPECT_EQ(dialog.dtpTimeSelector.hour(), 12);
