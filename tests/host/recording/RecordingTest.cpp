@@ -211,6 +211,9 @@ TEST(RecordingTest, AnEarlierRecordingIsKeptAndAPlaceWithoutRoomRefused)
     EXPECT_THROW(recorded(instruments, into(folder.file("no/where.h5"))), std::runtime_error);
     EXPECT_THROW(recorded(instruments, into("/dev/null")), std::runtime_error);
     EXPECT_FALSE(std::filesystem::exists(full.file));
+    TemporaryFile other(folder.path, 0600);
+    other.moveTo(full.file);
+    EXPECT_THROW(recorded(instruments, into(full.file)), std::runtime_error) << "another program is recording it";
     const auto late = instrumentsOf(bench(1, R"("startMode": 1, "startTime": 46347.3958)"));
     EXPECT_THROW(recorded(late, into(file)), RecordingRefusal);
     // The instruments are disarmed each time.
