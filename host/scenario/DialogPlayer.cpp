@@ -40,7 +40,6 @@ void DialogPlayer::showModal(Form& form)
             break;
     }
     cancel(form);
-    form.dropFocus();
 }
 
 void DialogPlayer::hide(Form& form)

@@ -34,7 +34,6 @@ public:
         if (open_ == &form && form.cancelButton())
             form.cancelButton()->userClicked();
         hide(form);
-        form.dropFocus();
     }
 
     void hide(Form& form) override

@@ -169,6 +169,15 @@ QFont SheetPages::footerFont() const
     return font;
 }
 
+void SheetPages::paint(QPainter& painter, const std::function<void()>& nextPage) const
+{
+    for (int page = 0; page < count(); ++page) {
+        if (page > 0)
+            nextPage();
+        paint(painter, page);
+    }
+}
+
 void SheetPages::paint(QPainter& painter, int page) const
 {
     const QSizeF room = document_.pageSize();
@@ -195,11 +204,7 @@ bool printSheet(const SheetSource& source, QPagedPaintDevice& device)
     if (!painter.begin(&device))
         return false;
     const SheetPages pages(source, device, QSizeF(device.width(), device.height()));
-    for (int i = 0; i < pages.count(); ++i) {
-        if (i > 0)
-            device.newPage();
-        pages.paint(painter, i);
-    }
+    pages.paint(painter, [&device] { device.newPage(); });
     return painter.end();
 }
 

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QPageSize>
 #include <QTextDocument>
+#include <functional>
 
 class QPagedPaintDevice;
 class QPainter;
@@ -24,10 +25,13 @@ public:
 
     [[nodiscard]] int count() const { return document_.pageCount(); }
     [[nodiscard]] const QTextDocument& document() const { return document_; }
-    /// Paints a page, counted from 0. The painter's origin is the top left corner of the page.
-    void paint(QPainter& painter, int page) const;
+    /// Paints the pages one after the other. The painter's origin is the top left corner of the page; `nextPage` is
+    /// called between two pages.
+    void paint(QPainter& painter, const std::function<void()>& nextPage) const;
 
 private:
+    /// `page` is counted from 0.
+    void paint(QPainter& painter, int page) const;
     [[nodiscard]] QFont footerFont() const;
 
     QSizeF size_;

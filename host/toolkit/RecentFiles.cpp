@@ -15,7 +15,7 @@ QString pathOf(const QString& file)
 
 QStringList RecentFiles::files() const
 {
-    return memory_.content().recentFiles.mid(0, most);
+    return memory_.content().recentFiles;
 }
 
 void RecentFiles::change(const std::function<void(FrameMemory::Content&)>& change)

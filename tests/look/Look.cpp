@@ -60,6 +60,8 @@ void note(QWidget& widget, QPoint at, NotingDevice& device)
                        << afterTab(widget)
                        << QString::number(widget.autoFillBackground() ? widget.backgroundRole() : -1) << sizes(widget)
                        << QString::number(spoken.role()) << (spoken.state().readOnly ? "read-only" : "");
+    for (const auto& label : spoken.relations(QAccessible::Label))
+        device.notes.notes << "labelled " + label.first->text(QAccessible::Name);
     if (const auto* list = qobject_cast<const QComboBox*>(&widget))
         for (int i = 0; i < list->count(); ++i)
             device.notes.notes << list->itemText(i);

@@ -137,6 +137,11 @@ TEST_F(FailureStripTest, AScreenReaderIsAlertedOnceForEachInstrumentAndTheKeyboa
     EXPECT_TRUE(lines.hasFocus());
     QTest::keyClick(&lines, Qt::Key_Tab);
     EXPECT_TRUE(button.hasFocus());
+    open(1);
+    window.docks().health().now = [] { return DateTime{46347.75}; };
+    driver(0).calls().fail({"SamplePeriod set", 77, "stuck"});
+    typePeriod("2");
+    EXPECT_TRUE(strip.accessibleName().endsWith(line(0))) << "and again in another set-up";
 }
 
 } // namespace

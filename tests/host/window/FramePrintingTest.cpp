@@ -71,17 +71,20 @@ TEST_F(FramePrintingTest, EachPageOfASheetHasItsPartAndItsNumber)
                            paper, QSizeF(700, 1000));
     ASSERT_GT(pages.count(), 2);
     Look look;
-    for (int i = 0; i < pages.count(); ++i) {
-        paper.notes = {};
-        QPainter painter(&paper);
-        pages.paint(painter, i);
+    int number = 0;
+    const auto checkPage = [&] {
         const QStringList words = paper.notes.words();
         EXPECT_EQ(words.mid(words.size() - 2).join('|'),
                   QString("Set-up sheet  \u00b7  T  \u00b7  large.json  \u00b7  11/21/2026 12:00:00 PM|Page %1 of %2")
-                      .arg(QString::number(i + 1), QString::number(pages.count())));
+                      .arg(QString::number(++number), QString::number(pages.count())));
         EXPECT_LT(words.filter("Unit").size(), 60) << "a part of them";
-        look.add(QStringLiteral("page %1").arg(i + 1), {}, paper.notes.notes);
-    }
+        look.add(QStringLiteral("page %1").arg(number), {}, paper.notes.notes);
+        paper.notes = {};
+    };
+    QPainter painter(&paper);
+    pages.paint(painter, checkPage);
+    checkPage();
+    EXPECT_EQ(number, pages.count());
     look.compare("sheet");
 }
 

@@ -1,5 +1,6 @@
 #include "FrameTest.h"
 #include "host/chart/ChartPanel.h"
+#include "host/docks/DriverLog.h"
 #include "host/docks/FailureStrip.h"
 #include "host/recording/HeldRecording.h"
 #include "host/recording/RecordedSignals.h"
@@ -50,6 +51,9 @@ protected:
 TEST_F(RecordingWindowTest, AKeyRecordsAndThePageIsReadOnlyMeanwhile)
 {
     open(setupOf(R"("duration": 5, )", standing));
+    DriverLogModel& log = window.driverLog().model();
+    log.flush();
+    const int calls = log.rowCount();
     press(Qt::Key_F9);
     EXPECT_TRUE(page().readOnly && page().lblReadOnly.visible());
     EXPECT_EQ(page().lblReadOnly.caption(), "Read-only while recording");
@@ -64,6 +68,8 @@ TEST_F(RecordingWindowTest, AKeyRecordsAndThePageIsReadOnlyMeanwhile)
     EXPECT_TRUE(recording().chart().chart().latestValues().contains("First")) << "however short it was";
     EXPECT_FALSE(window.isWindowModified());
     EXPECT_TRUE(window.history().steps().steps().empty());
+    log.flush();
+    EXPECT_EQ(log.rowCount(), 3 * calls) << "the page is built when its mode changes, and else not";
     page().moveFocus(&page().txtDuration);
     recording().chart().setFocus();
     press(Qt::Key_Delete);

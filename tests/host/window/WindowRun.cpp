@@ -150,14 +150,16 @@ private:
     void compareWithAnother(const std::string& saved)
     {
         place_.write(QStringLiteral("saved.json"), QByteArray::fromStdString(saved));
-        window().history().hostCall([this] {
-            auto& page = window().document().page();
-            if (page.TriggerChannel < 0)
-                page.TriggerSlot = -1;
-            window().document().UserDocument_Show();
+        place_.have([this] {
+            window().history().hostCall([this] {
+                auto& page = window().document().page();
+                if (page.TriggerChannel < 0)
+                    page.TriggerSlot = -1;
+                window().document().UserDocument_Show();
+            });
         });
         FrameWindow other("");
-        other.open(fromQt(place_.path(QStringLiteral("saved.json"))));
+        place_.have([&] { other.open(fromQt(place_.path(QStringLiteral("saved.json")))); });
         same("the page", valuesOn(window()), valuesOn(other));
     }
     /// Nothing fails and nothing is locked or being typed.
