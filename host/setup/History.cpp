@@ -92,11 +92,9 @@ void History::focusMoved()
         settle();
 }
 
-void History::finish()
+bool History::finish()
 {
-    if (!page_ || isMoving_)
-        return;
-    take(presentOf(present_.drivers));
+    return page_ && !isMoving_ && take(presentOf(present_.drivers));
 }
 
 HistoryState History::presentOf(const HostInstruments& drivers) const
@@ -104,16 +102,18 @@ HistoryState History::presentOf(const HostInstruments& drivers) const
     return {HeldState::present(drivers, present_), StoredSettings::of(*page_)};
 }
 
-/// What differs from the state last looked at is a step.
-void History::take(HistoryState now)
+/// What differs from the state last looked at is a step. Returns whether anything does.
+bool History::take(HistoryState now)
 {
     const bool isChannelChosen = now.stored.triggerSlot != present_.stored.triggerSlot ||
                                  now.stored.triggerChannel != present_.stored.triggerChannel;
-    if (!now.hasSameInstruments(present_) || isChannelChosen)
+    const bool isStep = !now.hasSameInstruments(present_) || isChannelChosen;
+    if (isStep)
         push(std::move(now));
     else
         states_[position_].stored = now.stored;
     raise(changed);
+    return isStep;
 }
 
 /// Steps that were undone cannot be redone after another edit.

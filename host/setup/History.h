@@ -31,8 +31,8 @@ public:
     void settle();
     /// Called when the focus of the page may have moved, which ends an entry in progress.
     void focusMoved();
-    /// As `settle`, with an entry in progress, too.
-    void finish();
+    /// As `settle`, with an entry in progress, too. Returns whether there is a new step.
+    bool finish();
 
     /// Changes the instruments as one step: brings each of `to` to its settings, calls `handOver` if the list differs
     /// and `rebuild` otherwise. If an instrument refuses, acts as `moveTo`. Returns whether the instruments are
@@ -85,7 +85,7 @@ public:
 private:
     void push(HistoryState state);
     [[nodiscard]] HistoryState presentOf(const HostInstruments& drivers) const;
-    void take(HistoryState now);
+    bool take(HistoryState now);
     bool restore(const HeldState& state) const;
     void showRestored(const HistoryState& target, const std::weak_ptr<int>& run);
     [[nodiscard]] const HostInstrument* startMaster(const HostInstruments& drivers) const;

@@ -156,18 +156,32 @@ void FrameHistory::undo()
 
 void FrameHistory::redo()
 {
-    history_.finish();
     if (!isLocked() && history_.position() < history_.steps().size())
         moveTo(history_.position() + 1);
+}
+
+/// Returns whether what is being typed has become a step.
+bool FrameHistory::endEntry()
+{
+    const bool isStep = history_.finish();
+    // Nothing is left to redo; in a replay the step ends there, too.
+    if (isStep)
+        capture_.host({"redo"});
+    return isStep;
+}
+
+void FrameHistory::saved()
+{
+    endEntry();
+    history_.setClean();
 }
 
 void FrameHistory::moveTo(std::size_t position)
 {
     const UserActions::Action action(actions_);
     const std::size_t before = history_.position();
-    history_.finish();
     // What was being typed is a step now, so that the position means another one.
-    if (isLocked() || history_.position() != before)
+    if (endEntry() || isLocked())
         return show();
     const bool isUndo = position < before;
     const std::size_t count = isUndo ? before - position : position - before;

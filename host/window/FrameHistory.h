@@ -42,7 +42,7 @@ public:
     /// Called before the page is replaced: forgets all steps.
     void end() { history_.end(); }
     /// Called when the set-up has been saved.
-    void saved() { history_.setClean(); }
+    void saved();
     /// Called after a change that is saved with the set-up but is no step.
     void changedOtherwise() { history_.setUnclean(); }
 
@@ -73,6 +73,7 @@ private:
     /// Ends the step in progress, then calls `call`. Returns false if this object has been destroyed meanwhile.
     bool finishAnd(const std::function<void()>& call);
     void settle();
+    bool endEntry();
     void moveTo(std::size_t position);
     void show();
     void showSteps();

@@ -111,6 +111,20 @@ TEST_F(CaptureTest, EditsOfTheInstrumentsAreReplayedWithTheirUndo)
     window.history().undo();
     EXPECT_EQ(driver().name(), "Fast");
     EXPECT_EQ(page().drivers.size(), 3U);
+    // What ends an entry in its middle makes two steps of it.
+    for (const std::function<void()>& end :
+         {std::function([this] { window.history().redo(); }), window.session().saved}) {
+        const std::size_t before = window.history().steps().position();
+        QWidget& box = at(page().txtDuration);
+        QTest::mouseClick(&box, Qt::LeftButton);
+        QTest::keyClicks(&box, "4");
+        end();
+        QTest::keyClicks(&box, "5");
+        QTest::mouseClick(&at(page().optAfter), Qt::LeftButton);
+        ASSERT_EQ(window.history().steps().position(), before + 2);
+        for (int step = 0; step < 2; ++step)
+            window.history().undo();
+    }
     expectSameReplay(folder.file("bench.json"));
 }
 
@@ -132,6 +146,9 @@ protected:
         case 0: hand.have([this] { window.page().menu().actions().constFirst()->trigger(); }); break;
         case 1: hand.have([this] { window.files().open(toQt(folder.file("bench.json"))); }); break;
         case 2: breakDown(); break;
+        case 4: hand.have([this] { window.history().undo(); }); break;
+        case 5: hand.have([this] { window.history().redo(); }); break;
+        case 6: window.session().saved(); break;
         case 3: window.capture().host({"enable", "0", "0", "0", std::to_string(enable(hand.draw.upTo(2)))}); break;
         default: hand.act();
         }
