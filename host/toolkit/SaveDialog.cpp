@@ -16,10 +16,11 @@ SaveDialog::SaveDialog(QWidget* parent, const QString& title, const QString& fol
 void SaveDialog::accept()
 {
     // The toolkit completes only names without a dot.
-    auto* const edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    const QString name = edit ? edit->text() : QString();
-    if (name.contains(u'.') && !hasEnding(name) && !QFileInfo(directory(), name).isDir())
-        edit->setText(name + u'.' + defaultSuffix());
+    if (auto* const edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+        const QString name = edit->text();
+        if (name.contains(u'.') && !hasEnding(name) && !QFileInfo(directory(), name).isDir())
+            edit->setText(name + u'.' + defaultSuffix());
+    }
     QFileDialog::accept();
 }
 
