@@ -4,6 +4,7 @@
 #include "platform/Failure.h"
 
 #include <ctime>
+#include <utility>
 
 namespace ko {
 
@@ -47,9 +48,8 @@ void SimulatedPrinters::printForm(const Form&)
 
 void SimulatedPrinters::endDocument()
 {
-    if (!hasJob_)
+    if (!std::exchange(hasJob_, false))
         return;
-    hasJob_ = false;
     const DeviceMode& mode = settings();
     log_.event("print", {{"printer", printers_[current_].name},
                          {"copies", mode.copies},

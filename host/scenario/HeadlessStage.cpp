@@ -30,7 +30,6 @@ HeadlessStage::HeadlessStage(Scenario& scenario, const ScenarioOptions& options)
 HeadlessStage::~HeadlessStage()
 {
     history_.end();
-    document_.reset();
 }
 
 bool HeadlessStage::logs(Operation operation) const

@@ -179,10 +179,8 @@ void FrameRecording::begin(const std::string& file, const RecordingPlan& start)
         throw;
     }
     isCharted_ = false;
-    enableEntries();
     view_->showRun({parts_.text(recordText::opening), {}});
-    timer_.start(refreshPeriod);
-    ko::raise(reveal);
+    beginFollowing();
 }
 
 void FrameRecording::monitor()
@@ -201,9 +199,15 @@ void FrameRecording::monitor()
             refuse(error.what());
         return;
     }
-    enableEntries();
     view_->showNote(parts_.text(textNumber::chart::monitoring));
     chart_->chart().show(monitor_->chart(), true);
+    beginFollowing();
+}
+
+/// Shows what the recording or the monitor does, from now on.
+void FrameRecording::beginFollowing()
+{
+    enableEntries();
     timer_.start(refreshPeriod);
     ko::raise(reveal);
 }

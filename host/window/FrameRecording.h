@@ -115,6 +115,7 @@ private:
     void noteFailures(const RecordingProgress& progress);
     void noteFailures(std::vector<RecordingFailure> failures);
     void refuse(const std::string& reason);
+    void beginFollowing();
     void enableEntries();
 
     QMainWindow& window_;

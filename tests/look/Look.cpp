@@ -2,12 +2,17 @@
 
 #include "look/Painted.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
 #include <QFontInfo>
 #include <QLocale>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTreeView>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
@@ -51,6 +56,46 @@ QString afterTab(const QWidget& widget)
     return QString::fromLatin1(next->metaObject()->className()) + next->objectName() + next->accessibleName();
 }
 
+/// Notes the actions with those of their menus, as they are when the menus open.
+void noteActions(const QList<QAction*>& actions, QStringList& notes)
+{
+    for (const QAction* const action : actions) {
+        if (action->menu())
+            emit action->menu()->aboutToShow();
+        notes << action->text() << QKeySequence::listToString(action->shortcuts()) << action->toolTip()
+              << action->statusTip()
+              << QStringLiteral("%1%2%3%4%5%6")
+                     .arg(action->isEnabled())
+                     .arg(action->isCheckable())
+                     .arg(action->isChecked())
+                     .arg(action->isVisible())
+                     .arg(action->isSeparator())
+                     .arg(action->menuRole());
+        if (action->menu())
+            noteActions(action->menu()->actions(), notes);
+        if (action->menu())
+            emit action->menu()->aboutToHide();
+    }
+}
+
+/// Notes what the items of a view say but do not paint.
+void noteItems(const QAbstractItemView& view, const QModelIndex& parent, QStringList& notes)
+{
+    const QAbstractItemModel& model = *view.model();
+    static const QRegularExpression timeOfCall(R"(\d\d:\d\d:\d\d\.\d\d\d)");
+    const auto* const tree = qobject_cast<const QTreeView*>(&view);
+    for (int row = 0; row < model.rowCount(parent); ++row)
+        for (int column = 0; column < model.columnCount(parent); ++column) {
+            const QModelIndex index = model.index(row, column, parent);
+            if (tree && tree->isColumnHidden(column))
+                continue;
+            for (const int role : {Qt::ToolTipRole, Qt::StatusTipRole, Qt::AccessibleTextRole, Qt::CheckStateRole})
+                notes << index.data(role).toString().remove(timeOfCall);
+            notes << QString::number(index.flags());
+            noteItems(view, index, notes);
+        }
+}
+
 /// Notes what the widget paints and says, and each visible part of it that has no line.
 void note(QWidget& widget, QPoint at, NotingDevice& device)
 {
@@ -65,6 +110,9 @@ void note(QWidget& widget, QPoint at, NotingDevice& device)
     if (const auto* list = qobject_cast<const QComboBox*>(&widget))
         for (int i = 0; i < list->count(); ++i)
             device.notes.notes << list->itemText(i);
+    if (const auto* view = qobject_cast<const QAbstractItemView*>(&widget); view && view->model())
+        noteItems(*view, {}, device.notes.notes);
+    noteActions(widget.actions(), device.notes.notes);
     widget.render(&device, at, {}, {});
     eachPart(widget, [&](QWidget& part) {
         if (!hasLine(part))

@@ -55,6 +55,7 @@ protected:
 TEST_F(LayoutTest, LooksAsKept)
 {
     using Kind = Timeline::Stretch::Kind;
+    page().minutePassed = nullptr; // which would show the plan of the clock
     page().tmlPlan.setPoints({{{"Now", "", ""}, {Kind::uncertain, "waiting"}},
                               {{"Start", "9:30", "in 2 min", true}, {Kind::recording, "a text that is far too long"}},
                               {{"Stop", "9:31", "in 3 min"}, {}}});

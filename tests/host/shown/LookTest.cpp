@@ -76,7 +76,8 @@ TEST_F(LookTest, TheWindowAndItsDocks)
     window.instruments().select(1);
     auto& reports = *window.findChild<QTreeWidget*>();
     for (int i = 0; i < reports.topLevelItemCount(); ++i)
-        reports.topLevelItem(i)->setText(0, "12:00:00");
+        for (const int role : {Qt::DisplayRole, Qt::ToolTipRole})
+            reports.topLevelItem(i)->setData(0, role, "12:00:00");
     window.driverLog().findChild<QTreeView*>()->setColumnHidden(DriverLogModel::Time, true);
     ASSERT_TRUE(QTest::qWaitFor([&] { return window.space().isVisible(); }));
     window.statusBar()->setObjectName("status");
