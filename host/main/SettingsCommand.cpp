@@ -61,7 +61,8 @@ std::string output(const SettingsCommand& command, const HeadlessPage& played)
 
 void save(const SettingsCommand& command, const SettingsSource& source, const HeadlessPage& played)
 {
-    if (!command.force && isSameFile(command.save, source.file) && hasChangedSince(source.file, source.content))
+    if (!command.force && !isRecordingFile(source.file) && isSameFile(command.save, source.file) &&
+        hasChangedSince(source.file, source.content))
         throw InputError(command.save + ": has changed or is gone since it was read; --force saves all the same");
     saveSetup(command.save, withPresentValues(source.options.setup, played.drivers()), source.content);
 }

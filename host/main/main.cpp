@@ -3,18 +3,22 @@
 #include "host/main/RecordCommand.h"
 #include "host/main/WindowMain.h"
 #include "host/modules/Modules.h"
+#include "host/recording/HeldRecording.h"
 #include "host/scenario/Scenario.h"
 #include "host/settings/Settings.h"
 #include "host/setup/SetupTemplates.h"
+#include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 #include "host/support/StandardStreams.h"
 #include "host/toolkit/FrameMemory.h"
 #include "widgets/services/QtLocale.h"
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <system_error>
 
 namespace {
 
@@ -29,8 +33,14 @@ std::ifstream openScript(const std::string& file)
     ko::refuseDevice(file);
     std::ifstream script(file, std::ios::binary);
     if (!script)
-        throw ko::InputError(file + ": cannot be opened");
+        throw ko::InputError(file + ": cannot be opened: " + std::generic_category().message(errno));
     return script;
+}
+
+/// Returns the text of a set-up file, or of the set-up in a recording.
+std::string setupTextOf(const std::string& file)
+{
+    return ko::isRecordingFile(file) ? ko::heldIn(file).setup : ko::readFile(file);
 }
 
 /// Constructs an object that loads the component's texts; an error names the string file.
@@ -58,7 +68,7 @@ int runHeadless(const ko::CommandLine& line, const std::string& language,
 {
     ko::ScenarioOptions options;
     options.devices = devices;
-    options.setup = ko::loadSetup(line.setup);
+    options.setup = ko::parseSetup(setupTextOf(line.setup), line.setup);
     options.refuseOwn = ko::FrameMemory::refuseUsers;
     options.language = language;
     if (line.locale == "system")
@@ -75,9 +85,8 @@ int useSettings(const ko::CommandLine& line, const std::string& language,
 {
     ko::ScenarioOptions options;
     options.devices = devices;
-    const ko::SetupTemplate source = line.startFrom.empty()
-                                         ? ko::SetupTemplate{{}, line.setup, ko::readFile(line.setup)}
-                                         : ko::templateNamed(line.startFrom);
+    const ko::SetupTemplate source = line.startFrom.empty() ? ko::SetupTemplate{{}, line.setup, setupTextOf(line.setup)}
+                                                            : ko::templateNamed(line.startFrom);
     options.setup = ko::parseSetup(source.content, source.file);
     for (const ko::SetupChange& change : line.settings.changes)
         ko::applyChange(options.setup, change);

@@ -4,6 +4,7 @@
 #include "host/recording/UnfinishedFile.h"
 #include "host/support/InputError.h"
 #include "platform/NumberText.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 
@@ -43,9 +44,9 @@ private:
         for (const auto column : columns) {
             std::size_t width = 0;
             for (const Row& row : rows_)
-                width = std::max(width, (row.*column).size());
+                width = std::max(width, utf8Length(row.*column));
             for (std::size_t i = 0; i < rows_.size(); ++i)
-                texts[i] += rows_[i].*column + std::string(width - (rows_[i].*column).size() + 2, ' ');
+                texts[i] += rows_[i].*column + std::string(width - utf8Length(rows_[i].*column) + 2, ' ');
         }
         std::string all;
         for (const std::string& line : texts)
@@ -71,6 +72,8 @@ void compareInstrument(Table& table, const PlannedInstrument& promised, const He
     const auto judgeCount = [&](const char* figure, auto wanted, auto found) {
         table.judge(name, figure, std::to_string(wanted), std::to_string(found));
     };
+    if (held.name != promised.name)
+        table.show(name, "name", name, shortLine(held.name));
     const char* const count = settings.isDynamic ? "samples" : "scans";
     if (promised.isFixed)
         table.show(name, count, std::to_string(promised.samples) + " (fixed)", std::to_string(held.samples));

@@ -4,10 +4,7 @@
 #include "host/support/InputError.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 
 namespace ko {
@@ -73,17 +70,6 @@ HeldRecording recordingIn(hid_t file)
 }
 
 } // namespace
-
-bool isRecordingFile(const std::string& file)
-{
-    constexpr std::array signature{'\x89', 'H', 'D', 'F', '\r', '\n', '\x1a', '\n'};
-    std::error_code unknown;
-    if (!std::filesystem::is_regular_file(file, unknown))
-        return false;
-    std::array<char, signature.size()> beginning{};
-    std::ifstream content(file, std::ios::binary);
-    return content.read(beginning.data(), beginning.size()) && beginning == signature;
-}
 
 HeldRecording heldIn(const std::string& file)
 {

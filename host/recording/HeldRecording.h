@@ -29,9 +29,6 @@ struct HeldRecording {
     std::string setup; ///< the text of the set-up
 };
 
-/// Returns whether the file begins as an HDF5 file does. False for a file that cannot be read.
-bool isRecordingFile(const std::string& file);
-
 /// Reads what a recording's file holds, also while it is being written. Fails with an `InputError`.
 HeldRecording heldIn(const std::string& file);
 

@@ -44,6 +44,9 @@ void RecordedFile::replaceEarlier()
     namespace fs = std::filesystem;
     if (!fs::exists(name_))
         return content_->place.moveTo(name_);
+    // The other program would show this recording as its own.
+    if (isLocked(name_))
+        throw LibraryFailure{"another program is recording it"};
     const std::string kept = keptName(name_);
     fs::rename(name_, kept);
     try {

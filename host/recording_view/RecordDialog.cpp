@@ -4,6 +4,7 @@
 #include "host/recording_view/SpaceGauge.h"
 #include "host/support/HostTexts.h"
 #include "host/toolkit/Background.h"
+#include "host/toolkit/SaveDialog.h"
 #include "host/toolkit/SizeText.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
@@ -11,7 +12,6 @@
 #include "widgets/support/ShownText.h"
 
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -56,18 +56,16 @@ RecordDialog::RecordDialog(QWidget* parent, Texts texts, const Locale& locale, c
 std::string RecordDialog::file() const
 {
     const QString name = file_->text().trimmed();
-    const bool isBare = !name.isEmpty() && QFileInfo(name).suffix().isEmpty();
+    const bool isBare = !name.isEmpty() && !hasEnding(name);
     return fromQt(isBare ? name + QStringLiteral(".h5") : name);
 }
 
 void RecordDialog::browse()
 {
-    Modal<QFileDialog> dialog(this, texts_(recordText::title), QFileInfo(toQt(file())).path(),
-                              QStringLiteral("%1 (*.h5)").arg(texts_(recordText::files)));
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    Modal<SaveDialog> dialog(this, texts_(recordText::title), QFileInfo(toQt(file())).path(),
+                             QStringLiteral("%1 (*.h5)").arg(texts_(recordText::files)), QStringLiteral("h5"));
     // This dialog asks.
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
-    dialog->setDefaultSuffix(QStringLiteral("h5"));
     dialog->selectFile(QFileInfo(toQt(file())).fileName());
     if (dialog.isAccepted())
         file_->setText(dialog->selectedFiles().value(0));

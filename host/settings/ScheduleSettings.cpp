@@ -159,10 +159,10 @@ Amount amountIn(const std::string& value)
     const std::size_t end = value.find_last_not_of("abcdefghijklmnopqrstuvwxyz");
     const std::string word = end == std::string::npos ? value : value.substr(end + 1);
     const auto unit = std::find_if(units.begin(), units.end(), [&](const Unit& u) { return u.word == word; });
-    if (unit == units.end() || end == std::string::npos)
+    const std::string number = value.substr(0, value.find_last_not_of(' ', end) + 1);
+    if (unit == units.end() || !numberIn(number))
         throw Refusal("\"" + value + "\" is not a duration; write 90 s, 5 min, 1.5 h or 2 d");
-    const std::size_t last = value.find_last_not_of(' ', end);
-    return {value.substr(0, last == std::string::npos ? 0 : last + 1), unit->seconds};
+    return {number, unit->seconds};
 }
 
 std::int32_t entryOf(const ComboBox& list, std::int32_t seconds)

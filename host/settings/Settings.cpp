@@ -1,9 +1,11 @@
 #include "host/settings/Settings.h"
 
+#include "host/settings/OffersList.h"
 #include "host/support/InputError.h"
 
 #include <algorithm>
 #include <map>
+#include <nlohmann/json.hpp>
 
 namespace ko {
 
@@ -47,6 +49,23 @@ void numberAlike(Settings& settings)
             setting.name = name + " (" + std::to_string(number) + ")";
         uses[setting.name] = 1;
     }
+}
+
+/// Appends a message that names the instruments that hold another value: some settings reach only the first one.
+std::vector<std::string> withOthers(std::vector<std::string> messages, const Setting& setting,
+                                    const HeadlessPage& played)
+{
+    constexpr std::size_t namedAtMost = 5;
+    const auto others = differencesOf(played, setting.name);
+    std::vector<std::string> named;
+    for (const auto& other : others)
+        if (named.size() < namedAtMost)
+            named.push_back(shortLine(other.at("name")) + " (" + exactText(other.at("value")) + ")");
+    if (others.size() > named.size())
+        named.push_back("and " + std::to_string(others.size() - named.size()) + " more");
+    if (!named.empty())
+        messages.push_back(setting.name + ": differs in " + joined(named, ", "));
+    return messages;
 }
 
 } // namespace
@@ -120,10 +139,12 @@ std::vector<std::string> set(const Setting& setting, HeadlessPage& played, const
         refuse("not available: the page does not take \"" + value + "\" now");
     const Value kept = valueOf(setting, played);
     if (readsSame(kept, request.value))
-        return reaction.messages;
+        return withOthers(reaction.messages, setting, played);
     if (!reaction.messages.empty())
         refuse(joined(reaction.messages, "; "));
-    return {setting.name + ": asked " + settingText(request.value) + ", the instruments keep " + settingText(kept)};
+    return withOthers(
+        {setting.name + ": asked " + settingText(request.value) + ", the instruments keep " + settingText(kept)},
+        setting, played);
 }
 
 std::vector<std::string> missing(Needs needs, const Page& page)

@@ -6,10 +6,12 @@
 #include "platform/DateTimes.h"
 #include "platform/Failure.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <system_error>
 #include <unordered_set>
 
 namespace ko {
@@ -68,7 +70,7 @@ std::string readFile(const std::string& file)
     std::ifstream stream(file, std::ios::binary);
     std::ostringstream content;
     if (!stream)
-        throw InputError(file + ": cannot be opened");
+        throw InputError(file + ": cannot be opened: " + std::generic_category().message(errno));
     if (stream.peek() != std::ifstream::traits_type::eof())
         content << stream.rdbuf();
     if (stream.bad() || !content)

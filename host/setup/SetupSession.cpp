@@ -2,7 +2,6 @@
 
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupTemplates.h"
-#include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
 #include <filesystem>

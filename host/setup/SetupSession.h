@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/setup/UnsavedSetup.h"
+#include "host/support/FileWriter.h"
 
 #include <functional>
 #include <memory>
@@ -74,9 +75,11 @@ public:
     void refuseOwn(const std::string& file) const;
 
     [[nodiscard]] const std::string& file() const { return file_; }
+    /// The file that the user has opened or saved last: the set-up's own or a recording; empty for a template.
+    [[nodiscard]] std::string opened() const { return isOpen() || isRecordingFile(source_) ? source_ : std::string(); }
     /// The file's name without its folder; without a file, the template's name.
     [[nodiscard]] std::string name() const;
-    /// The file from which the set-up was read: its own, or a template.
+    /// The file from which the set-up was read: its own, a recording, or a template.
     [[nodiscard]] const std::string& source() const { return source_; }
     [[nodiscard]] const std::string& title() const { return setup_->title; }
     [[nodiscard]] const HostInstruments& drivers() const { return drivers_; }

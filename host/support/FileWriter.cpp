@@ -2,8 +2,10 @@
 
 #include "host/support/InputError.h"
 
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <fstream>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -98,6 +100,8 @@ FileWriter::FileWriter(const std::string& name, Readers readers) : name_(name), 
     const fs::file_type kind = fs::status(name_, ignored).type();
     if (kind != fs::file_type::regular && kind != fs::file_type::not_found && kind != fs::file_type::none)
         throw InputError(name_ + ": cannot be saved: it is no file");
+    if (isRecordingFile(name_))
+        throw InputError(name_ + ": cannot be saved: it is a recording, which is never overwritten");
     // rename() would replace a write-protected file.
     if (kind == fs::file_type::regular && ::access(place_.c_str(), W_OK) != 0)
         refuse(errno);
@@ -166,6 +170,17 @@ void writeWhole(const std::string& name, std::string_view content, Readers reade
     FileWriter file(name, readers);
     file.write(content, 0);
     file.commit();
+}
+
+bool isRecordingFile(const std::string& name)
+{
+    constexpr std::array signature{'\x89', 'H', 'D', 'F', '\r', '\n', '\x1a', '\n'};
+    std::error_code unknown;
+    if (!fs::is_regular_file(name, unknown))
+        return false;
+    std::array<char, signature.size()> beginning{};
+    std::ifstream content(name, std::ios::binary);
+    return content.read(beginning.data(), beginning.size()) && beginning == signature;
 }
 
 bool isSameFile(const std::string& name, const std::string& other)

@@ -18,8 +18,8 @@ enum class Readers { AsBefore, OwnerOnly };
 /// names the file and the reason.
 class FileWriter {
 public:
-    /// `name` is a byte string as the system uses it. Fails if it names something other than a regular file, such as a
-    /// device (which would be replaced by a file), and if the file or its folder is not writable.
+    /// `name` is a byte string as the system uses it. Fails if it names a recording, or something other than a regular
+    /// file, such as a device (which would be replaced by a file), and if the file or its folder is not writable.
     explicit FileWriter(const std::string& name, Readers readers = Readers::AsBefore);
     /// Removes the temporary file unless `commit` has been called.
     ~FileWriter();
@@ -46,6 +46,9 @@ private:
 
 /// Writes a file with this content by `FileWriter`.
 void writeWhole(const std::string& name, std::string_view content, Readers readers = Readers::AsBefore);
+
+/// Returns whether the file begins as a recording does, as any HDF5 file. False for a file that cannot be read.
+bool isRecordingFile(const std::string& name);
 
 /// Returns true if both names lead to the same file, even if it does not exist yet.
 bool isSameFile(const std::string& name, const std::string& other);

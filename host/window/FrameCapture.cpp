@@ -4,6 +4,7 @@
 #include "host/support/HostTexts.h"
 #include "host/support/InputError.h"
 #include "host/toolkit/Later.h"
+#include "host/toolkit/SaveDialog.h"
 #include "schedule/SetDateTime.h"
 #include "support/TextNumbers.h"
 #include "timebase/ShowOffers.h"
@@ -13,7 +14,6 @@
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPushButton>
 
@@ -156,10 +156,10 @@ void FrameCapture::chooseFile()
 QString FrameCapture::fileToWrite()
 {
     const Texts text = frame_.parts.texts();
-    Modal<QFileDialog> dialog(
+    Modal<SaveDialog> dialog(
         &frame_.window, text(captureText::title), QString(),
-        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(hostText::allFiles)));
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
+        QStringLiteral("%1 (*.scenario);;%2 (*)").arg(text(captureText::files), text(hostText::allFiles)),
+        QStringLiteral("scenario"));
     return dialog.isAccepted() ? dialog->selectedFiles().value(0) : QString();
 }
 

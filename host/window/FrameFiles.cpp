@@ -104,7 +104,7 @@ void FrameFiles::saveAs()
 void FrameFiles::remember()
 {
     watch_.watch(session_.file());
-    const std::string& file = isRecordingOpen && isRecordingOpen() ? session_.source() : session_.file();
+    const std::string file = session_.opened();
     // The list of recent files can keep only names in UTF-8.
     if (const QString name = toQt(file); !file.empty() && fromQt(name) == file)
         recent_.add(name);

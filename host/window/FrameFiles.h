@@ -30,8 +30,6 @@ public:
 
     /// Called after a file has been loaded, to show its instruments.
     std::function<void()> showInstruments;
-    /// Returns whether the set-up was read from a recording.
-    std::function<bool()> isRecordingOpen;
     /// Called after every change that the document has accepted.
     std::function<void()> changed;
 

@@ -36,7 +36,7 @@ FrameRecording::FrameRecording(QMainWindow& window, const UserActions& actions, 
                                FrameFiles& files, FrameCapture& capture)
     : window_(window), actions_(actions), parts_(parts), page_(page), files_(files), capture_(capture),
       view_(new RecordingView(parts.texts(), parts.platform.locale, &window)),
-      toolBar_(new QToolBar(withoutMnemonic(parts.text(recordText::dock)), &window)),
+      toolBar_(new QToolBar(parts.text(recordText::toolBar), &window)),
       chart_(new ChartPanel(parts.texts(), parts.platform.locale, view_)), record_(parts.text(recordText::record)),
       showSignals_(parts.text(textNumber::chart::monitor)), stop_(parts.text(recordText::stop))
 {

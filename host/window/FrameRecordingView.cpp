@@ -2,6 +2,7 @@
 #include "host/recording/Moments.h"
 #include "host/recording/RecordedSignals.h"
 #include "host/recording_view/RecordingView.h"
+#include "host/support/FileWriter.h"
 #include "host/support/HostTexts.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameRecording.h"

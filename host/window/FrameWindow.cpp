@@ -138,7 +138,6 @@ void FrameWindow::joinRecording()
 {
     session().setupInside = [this](const std::string& file) { return recording_.setupIn(file); };
     session().mayReplace = [this] { return recording_.mayLeave(); };
-    files_.isRecordingOpen = [this] { return recording_.isOpened(); };
     instruments().selectionChanged = [this] { chooseCharted(); };
     docks_.locked = [this] { return recording_.isActive(); };
     docks_.include(recording_.view());

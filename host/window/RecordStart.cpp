@@ -8,6 +8,7 @@
 #include "platform/Utf8.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -26,6 +27,12 @@ QString asFileName(QString text)
     return toQt(shortened(fromQt(text.replace(reserved, QStringLiteral("-")).trimmed()), atMost));
 }
 
+QString usualFolder()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
 } // namespace
 
 std::string suggestedFile(const SetupSession& session, DateTime now)
@@ -37,8 +44,8 @@ std::string suggestedFile(const SetupSession& session, DateTime now)
     QString title = asFileName(toQt(session.title()));
     if (title.isEmpty())
         title = QFileInfo(toQt(session.name())).completeBaseName();
-    const QString folder = session.isOpen() ? QFileInfo(toQt(session.file())).absolutePath()
-                                            : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const std::string opened = session.opened();
+    const QString folder = opened.empty() ? usualFolder() : QFileInfo(toQt(opened)).absolutePath();
     const QString name = QStringLiteral("%1/%2 %3").arg(folder, title, date).trimmed();
     QString file = name + QStringLiteral(".h5");
     for (int number = 2; QFileInfo::exists(file); ++number)

@@ -2,12 +2,12 @@
 
 #include "host/sheet/SheetTexts.h"
 #include "host/support/HostTexts.h"
+#include "host/toolkit/SaveDialog.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/Modal.h"
 #include "widgets/support/ShownText.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPushButton>
 
@@ -33,7 +33,7 @@ Unsaved BoxQuestions::keepChanges()
 
 std::string BoxQuestions::fileToOpen()
 {
-    const QString folder = QFileInfo(toQt(session_.file())).path();
+    const QString folder = QFileInfo(toQt(session_.opened())).path();
     const QString all = QStringLiteral("%1 (*.json *.h5)").arg(texts_(textNumber::record::setupsAndRecordings));
     Modal<QFileDialog> dialog(&window_, texts_(hostText::openTitle), folder, all + ";;" + filter());
     dialog->setFileMode(QFileDialog::ExistingFile);
@@ -42,21 +42,19 @@ std::string BoxQuestions::fileToOpen()
 
 std::string BoxQuestions::fileToSave()
 {
-    Modal<QFileDialog> dialog(&window_, texts_(hostText::saveTitle), QFileInfo(toQt(session_.file())).path(), filter());
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(QStringLiteral("json"));
-    dialog->selectFile(toQt(session_.name()));
+    const QFileInfo opened(toQt(session_.opened()));
+    Modal<SaveDialog> dialog(&window_, texts_(hostText::saveTitle), opened.path(), filter(), QStringLiteral("json"));
+    dialog->selectFile(session_.isOpen() ? opened.fileName() : QFileInfo(toQt(session_.name())).completeBaseName());
     return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();
 }
 
 std::string BoxQuestions::fileForSheet()
 {
-    const QFileInfo setup(toQt(session_.file()));
+    const QFileInfo setup(toQt(session_.opened()));
     const QString pages = QStringLiteral("%1 (*.html)").arg(texts_(sheetText::htmlFiles));
     const QString pdf = QStringLiteral("%1 (*.pdf)").arg(texts_(sheetText::pdfFiles));
-    Modal<QFileDialog> dialog(&window_, texts_(sheetText::exportTitle), setup.path(), pages + ";;" + pdf);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(QStringLiteral("html"));
+    Modal<SaveDialog> dialog(&window_, texts_(sheetText::exportTitle), setup.path(), pages + ";;" + pdf,
+                             QStringLiteral("html"));
     onSignal(dialog.get(), &QFileDialog::filterSelected, dialog.get(), [&](const QString& filter) {
         dialog->setDefaultSuffix(filter == pdf ? QStringLiteral("pdf") : QStringLiteral("html"));
     });

@@ -30,6 +30,7 @@ protected:
              std::initializer_list<Control*>{&page().imgNoInst, &page().lblChooseChannel, &page().lblWhatFits,
                                              &page().cmdTakeDuration, &page().cmdTakeRate})
             other->setVisible(false);
+        page().minutePassed = nullptr; // which would show the plan of the clock
         widget.resize(widget.sizeHint());
         widget.show();
         widget.activateWindow();
@@ -55,7 +56,6 @@ protected:
 TEST_F(LayoutTest, LooksAsKept)
 {
     using Kind = Timeline::Stretch::Kind;
-    page().minutePassed = nullptr; // which would show the plan of the clock
     page().tmlPlan.setPoints({{{"Now", "", ""}, {Kind::uncertain, "waiting"}},
                               {{"Start", "9:30", "in 2 min", true}, {Kind::recording, "a text that is far too long"}},
                               {{"Stop", "9:31", "in 3 min"}, {}}});

@@ -100,11 +100,11 @@ class Program(unittest.TestCase):
             bench, out = Path(folder) / "bench.json", Path(folder) / "out.h5"
             bench.write_text(SETUP.read_text(encoding="utf-8").replace("{", '{"clock": "2026-11-21 09:30:00",', 1),
                              encoding="utf-8")
-            for arguments, status, state in ((("--set", "duration=2", "--record", out), 0, "complete"),
-                                             (("--set", "duration=2", "--compare", out), 0, "complete"),
-                                             (("--compare", out), 1, "complete"),
-                                             (("--record", out, "--compare", out), 0, "complete")):
-                done = run(bench, *arguments)
+            for arguments, status, state in (((bench, "--set", "duration=2", "--record", out), 0, "complete"),
+                                             ((out, "--compare", out), 0, "complete"),
+                                             ((bench, "--compare", out), 1, "complete"),
+                                             ((bench, "--record", out, "--compare", out), 0, "complete")):
+                done = run(*arguments)
                 self.assertEqual(done.returncode, status, (arguments, done.stderr))
                 self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state)
                 self.assertEqual(status, int("differs" in done.stdout), done.stdout)
@@ -112,6 +112,7 @@ class Program(unittest.TestCase):
                     ((bench, "--compare", bench), 2, "is no recording"),
                     ((bench, "--record", bench), 2, "named as the set-up and as --record"),
                     ((bench, "--record", "/dev/null"), 2, "is no file"),
+                    ((out, "--save", out), 2, "is a recording"),
                     ((bench, "--set", "start=time", "--set", "start-time=2026-11-20T09:30:00", "--record", out), 1,
                      "is past"),
                     ((bench, "--headless", "--record", out), 2, "excludes")):
@@ -188,7 +189,6 @@ class Program(unittest.TestCase):
                 ((SETUP, "--choices", "span"), 1, "span: can only be read"),
                 ((SETUP, "--choices", "duration"), 0, "note: duration: 0 or more; s, min, h, d"),
                 ((SETUP, "--sheet", "x.pdf", "--paper", "A3"), 2, "--paper: use A4 or Letter; "),
-                ((SETUP, "--set", "duration"), 2, "duration: --set needs NAME=VALUE"),
                 ((SETUP, "--headless", "--language", "xx"), 2, "xx: unknown language; use en, de, fr, ja or a string file"),
                 (("--list",), 2, "give a set-up file, e.g. korvell-host bench.json --list")):
             done = run(*arguments)
@@ -354,7 +354,7 @@ class Program(unittest.TestCase):
                 self.assertEqual(run(bench, *arguments, cwd=folder).returncode, 0)
             self.assertEqual(set(os.listdir(folder)), {bench, sheet, picture})
             self.assertEqual(run(bench, "--get", "duration", cwd=folder).stdout, "45\n")
-            self.assertIn("\udcfe.json: cannot be opened", run("\udcfe.json", "--list").stderr)
+            self.assertIn("\udcfe.json: cannot be opened: No such file", run("\udcfe.json", "--list").stderr)
 
 
 if __name__ == "__main__":

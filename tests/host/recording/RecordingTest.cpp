@@ -149,15 +149,16 @@ TEST(RecordingTest, WhatDiffersFromThePlanIsSaid)
         std::istringstream lines(comparison.text);
         std::vector<std::string> differing;
         for (std::string line; std::getline(lines, line);)
-            if (line.ends_with("differs"))
-                differing.push_back(line.substr(12, line.find("  ", 12) - 12));
+            if (const std::size_t figure = line.find_first_not_of(' ', line.find("  ")); line.ends_with("differs"))
+                differing.push_back(line.substr(figure, line.find("  ", figure) - figure));
         EXPECT_EQ(differing, c.differing) << comparison.text;
     }
     HeldRecording lossy = heldIn(file);
     lossy.instruments[0].lost = 1;
+    lossy.instruments[0].name = "üüüüüüüüüüüü";
     const Comparison lost = compare(armed(instrumentsOf(same)), lossy);
     EXPECT_FALSE(lost.isKept);
-    EXPECT_NE(lost.text.find("lost samples"), std::string::npos) << lost.text;
+    EXPECT_NE(lost.text.find("  1" + std::string(13, ' ') + "differs"), std::string::npos) << lost.text;
     EXPECT_THROW(heldIn(folder.file("none.h5")), InputError);
     writeWhole(folder.file("text.h5"), "no recording");
     EXPECT_THROW(heldIn(folder.file("text.h5")), InputError);
@@ -211,6 +212,9 @@ TEST(RecordingTest, AnEarlierRecordingIsKeptAndAPlaceWithoutRoomRefused)
     EXPECT_THROW(recorded(instruments, into(folder.file("no/where.h5"))), std::runtime_error);
     EXPECT_THROW(recorded(instruments, into("/dev/null")), std::runtime_error);
     EXPECT_FALSE(std::filesystem::exists(full.file));
+    TemporaryFile other(folder.path, 0600);
+    other.moveTo(full.file);
+    EXPECT_THROW(recorded(instruments, into(full.file)), std::runtime_error) << "another program is recording it";
     const auto late = instrumentsOf(bench(1, R"("startMode": 1, "startTime": 46347.3958)"));
     EXPECT_THROW(recorded(late, into(file)), RecordingRefusal);
     // The instruments are disarmed each time.

@@ -190,7 +190,7 @@ constexpr std::pair<const char*, const char*> notUnderstood[]{
     {"dialog About\nend", "there is no form \"About\""},
     {"dialog SetDateTime\nleave", "the dialog block has no end"},
     {"end", "end without dialog or during"},
-    {"setup nowhere.json", "nowhere.json: cannot be opened"},
+    {"setup nowhere.json", "nowhere.json: cannot be opened: No such file or directory"},
 };
 
 TEST(ScenarioTest, EachCommandTakesAsManyWordsAsItsDescriptionSays)

@@ -39,7 +39,8 @@ TEST_F(SavingTest, AFileKeepsItsLinkAndItsPermissionsAndOneThatIsProtectedItsCon
     EXPECT_TRUE(isSameFile(link.string(), file_));
     EXPECT_TRUE(isSameFile(folder_.file("./none"), folder_.file("none")));
     EXPECT_FALSE(isSameFile(link.string(), lost.string()));
-    for (const std::string& name : {folder_.path.string(), std::string("/dev/null"), folder_.file("none/x")})
+    for (const std::string& name : {folder_.path.string(), std::string("/dev/null"), folder_.file("none/x"),
+                                    folder_.file("recording", "\x89HDF\r\n\x1a\n")})
         EXPECT_THROW(writeWhole(name, "new"), InputError) << name;
     if (::geteuid() != 0) {
         fs::permissions(file_, fs::perms(0440));

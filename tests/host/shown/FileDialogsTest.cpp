@@ -42,7 +42,7 @@ TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
     } cases[]{
         {&BoxQuestions::fileToOpen, "bench.json", "bench.json",
          "Open Set-up|Set-ups and recordings (*.json *.h5);Set-up files (*.json);All files (*)||open|"},
-        {&BoxQuestions::fileToSave, "other", "other.json",
+        {&BoxQuestions::fileToSave, "other 1.2", "other 1.2.json",
          "Save Set-up|Set-up files (*.json);All files (*)|json|save|bench"},
         {&BoxQuestions::fileForSheet, "sheet", "sheet.html",
          "Export Set-up Sheet|Web pages (*.html);PDF files (*.pdf)|html|save|bench"},
@@ -94,10 +94,10 @@ TEST_F(FileDialogsTest, TheFileOfARecordingMayBeBrowsedAndOneThatExistsIsAskedAb
 {
     RecordDialog dialog(&window, texts, locale, {folder.file("run.h5"), 1.0});
     auto* const browse = dialog.findChildren<QPushButton*>().constFirst();
-    for (const char* const name : {"other.h5", "bench.json", ""}) {
+    for (const char* const name : {"other 1.2", "bench.json", ""}) {
         chosen(name, [&] { browse->click(); });
         EXPECT_TRUE(shown.startsWith("Record|Recordings (*.h5)|h5|save|")) << shown.toStdString();
-        EXPECT_EQ(dialog.file(), folder.file(*name ? name : "bench.json"));
+        EXPECT_EQ(dialog.file(), folder.file(*name == 'o' ? "other 1.2.h5" : "bench.json"));
     }
     EXPECT_TRUE(shown.endsWith("|bench.json")) << shown.toStdString();
 }
@@ -107,7 +107,7 @@ TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)
     QAction& entry = window.capture().action();
     auto& sign = static_cast<QLabel&>(window.capture().sign());
     chosen({}, [&] { entry.trigger(); });
-    EXPECT_TRUE(shown.startsWith("Capture Scenario|Scenarios (*.scenario);All files (*)||save|"));
+    EXPECT_TRUE(shown.startsWith("Capture Scenario|Scenarios (*.scenario);All files (*)|scenario|save|"));
     EXPECT_FALSE(entry.isChecked() || sign.isVisible());
     const std::string beside = folder.file("a.scenario.setup.json");
     writeWhole(beside, "kept");
@@ -124,7 +124,7 @@ TEST_F(FileDialogsTest, ACaptureAsksForItsFileAndForTheSetUpBesideIt)
                     return button->click();
         });
         answer.start(5);
-        chosen("a.scenario", [&] { entry.trigger(); });
+        chosen("a", [&] { entry.trigger(); });
         EXPECT_TRUE(question.contains("a.scenario.setup.json")) << question.toStdString();
         EXPECT_EQ(entry.isChecked(), overwrites);
         EXPECT_EQ(sign.isVisible(), overwrites);

@@ -63,7 +63,7 @@ TEST_F(MenusShownTest, TheMenusHaveTheirEntriesKeysAndStatesInOrder)
   Cu&t [Ctrl+X] [Shift+Del]-; &Copy [Ctrl+C] [Ctrl+Ins]-; &Paste [Ctrl+V] [Shift+Ins]-; &Delete [Del]-
 &View
   &Read-Only off
-  &Instruments off; Driver &Log off; Re&ports off; Histor&y off; Re&cording off; Recording off
+  &Instruments off; Driver &Log off; Re&ports off; Histor&y off; Re&cording off; Toolbar off
 &Timebase
   &Trigger Lines...-
 &Help

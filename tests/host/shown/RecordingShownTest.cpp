@@ -174,8 +174,7 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     EXPECT_EQ(name->selectedText(), "a.b");
     const auto shows = [&](const char* text, bool isProblem) {
         return QTest::qWaitFor([&] {
-            bool isShown = false;
-            bool hasSign = false;
+            bool isShown = false, hasSign = false;
             for (const QLabel* const label : dialog->findChildren<QLabel*>()) {
                 isShown = isShown || label->text().contains(text);
                 hasSign = hasSign || !label->pixmap().isNull();
@@ -228,6 +227,8 @@ TEST_F(RecordingShownTest, TheFileOfferedHasTheTitleAndTheTimeAndIsNew)
     EXPECT_EQ(offered("T"), "T 2026-11-21 120000 (2).h5");
     file("T 2026-11-21 120000 (2).h5", "");
     EXPECT_EQ(offered("T"), "T 2026-11-21 120000 (3).h5");
+    window.session().begin("empty");
+    EXPECT_TRUE(QFileInfo(toQt(suggestedFile(window.session(), {46347.5}))).dir().exists());
 }
 
 } // namespace

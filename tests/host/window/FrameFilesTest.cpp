@@ -59,10 +59,6 @@ TEST_F(FrameFilesTest, TheTitleCarriesTheNameAndTheMarkThatSavingClears)
     action(hostText::fileMenu, hostText::saveAs).trigger();
     EXPECT_TRUE(window.windowTitle().startsWith("copy.json[*]"));
     EXPECT_EQ(recent(), QStringList({"copy.json", "bench.json"}));
-    user.saveAs = folder.file("nowhere/copy.json");
-    action(hostText::fileMenu, hostText::saveAs).trigger();
-    EXPECT_NE(user.told.find("nowhere"), std::string::npos);
-    EXPECT_TRUE(window.windowTitle().startsWith("copy.json[*]"));
 }
 
 TEST_F(FrameFilesTest, AFileThatIsDroppedIsOpened)
@@ -107,9 +103,8 @@ TEST_F(FrameFilesTest, RecentFilesAreOpenedForgottenWhenMissingAndCleared)
 {
     EXPECT_EQ(recent(), QStringList());
     EXPECT_FALSE(recentEntries().constFirst()->isEnabled());
-    window.open(bench);
-    window.open(other);
-    window.open(bench);
+    for (const std::string& each : {bench, other, bench})
+        window.open(each);
     EXPECT_EQ(recent(), QStringList({"bench.json", "other.json"}));
     recentEntries().at(1)->trigger();
     EXPECT_EQ(window.session().name(), "other.json");
