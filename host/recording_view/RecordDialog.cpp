@@ -16,6 +16,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 
 namespace ko {
 
@@ -42,7 +43,9 @@ RecordDialog::RecordDialog(QWidget* parent, Texts texts, const Locale& locale, c
     line->addWidget(space_, 1);
     grid->addLayout(line, 1, 1, 1, 2);
     grid->addWidget(buttons, 2, 0, 1, 3);
-    file_->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+    const int letter = fontMetrics().averageCharWidth();
+    file_->setMinimumWidth(
+        std::clamp(fontMetrics().horizontalAdvance(file_->text()) + 4 * letter, 50 * letter, 90 * letter));
     // The name without its extension is what a user changes.
     file_->setSelection(static_cast<int>(file_->text().size() - QFileInfo(file_->text()).fileName().size()),
                         static_cast<int>(QFileInfo(file_->text()).completeBaseName().size()));

@@ -106,7 +106,10 @@ void FrameWindow::joinFiles()
 void FrameWindow::joinHistory()
 {
     history_.rebuild = [this] { docks_.rebuildBy([this] { document().UserDocument_Show(); }); };
-    session().saved = [this] { history_.saved(); };
+    session().saved = [this] {
+        history_.saved();
+        later(*this, [this] { unlockSavedSetup(); });
+    };
     actions_.whenDone([this] { page_.actionDone(); });
 }
 
@@ -176,6 +179,14 @@ void FrameWindow::lockOpenedRecording()
     const QSignalBlocker silent(readOnly_);
     readOnly_->setChecked(isWanted);
     page_.setReadOnly(isWanted);
+}
+
+/// The set-up of a recording that has been saved to a file of its own can be edited.
+void FrameWindow::unlockSavedSetup()
+{
+    recording_.followSetup();
+    if (isLockedForRecording_ && !recording_.isOpened())
+        readOnly_->setChecked(false);
 }
 
 void FrameWindow::joinStart()

@@ -75,6 +75,7 @@ private:
     void chooseCharted();
     /// Makes the page read-only for the set-up of a recording, and editable for the next one.
     void lockOpenedRecording();
+    void unlockSavedSetup();
     void joinStart();
     void joinAutosave();
     /// Shows the start screen instead of the page while no set-up is open.

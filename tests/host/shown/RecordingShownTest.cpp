@@ -185,6 +185,9 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     EXPECT_TRUE(shows("931322,57 GB needed, ", true));
     name->setText("/nowhere/at/all.h5");
     EXPECT_TRUE(shows("931322,57 GB needed", false)) << "what is free is not known";
+    EXPECT_GT(name->width(), name->fontMetrics().horizontalAdvance(toQt(folder.file("a.b.h5"))));
+    name->setMinimumWidth(350);
+    dialog->adjustSize();
     expectLook(*dialog, "record");
     dialog->accept();
     EXPECT_TRUE(shows("/nowhere/at does not exist", true));

@@ -263,6 +263,9 @@ TEST_F(RecordingWindowTest, ARecordingOpensWithItsSetUpReadOnlyAndItsSummary)
     user.saveAs = folder.file("again.json");
     window.files().save();
     EXPECT_EQ(window.session().file(), user.saveAs) << "the recording itself is never overwritten";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !page().readOnly; })) << "what is saved can be edited";
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(state(), "The recording is complete.") << "and is shown on";
     EXPECT_EQ(heldIn(user.record).instruments.size(), 1U);
     window.files().open(toQt(file("other.json", R"({"drivers": [{"name": "B"}]})")));
     EXPECT_FALSE(page().readOnly);
