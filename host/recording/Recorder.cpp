@@ -12,7 +12,8 @@ namespace ko {
 
 namespace {
 
-constexpr double patience = 3600.0; // seconds for a trigger
+constexpr double patience = 3600.0;   // seconds for a trigger
+constexpr std::size_t toSeconds = 19; // of the text of a moment
 
 } // namespace
 
@@ -25,7 +26,8 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
     if (plan_.startMode == startMode::atTime) {
         const auto moment = nextMoment(plan_.startTime, start_);
         if (!moment)
-            throw RecordingRefusal("the start time " + isoText(momentOf(plan_.startTime)) + " is past");
+            throw RecordingRefusal("the start time " + isoText(momentOf(plan_.startTime)).substr(0, toSeconds) +
+                                   " is past");
         start_ = *moment;
     }
     refuseWithoutSpace();

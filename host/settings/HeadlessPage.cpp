@@ -5,6 +5,7 @@
 #include "platform/TextBox.h"
 #include "platform/Utf8.h"
 
+#include <algorithm>
 #include <ostream>
 #include <utility>
 
@@ -23,7 +24,10 @@ public:
 
     void show(const std::string& text, const std::string& /*title*/, int /*style*/) override
     {
-        page_.reaction_.messages.push_back(text);
+        // A value with its unit may be refused twice.
+        auto& messages = page_.reaction_.messages;
+        if (std::find(messages.begin(), messages.end(), text) == messages.end())
+            messages.push_back(text);
     }
 
     void showModal(Form& form) override
