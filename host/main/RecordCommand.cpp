@@ -92,8 +92,10 @@ RecordingPlan planned(const HeadlessPage& page, PlanFor purpose)
 
 bool record(const std::string& file, const Setup& setup, HeadlessPage& page)
 {
+    const auto date = dateOfStart(page.page(), Locale{}, page.now());
     const ReadOnlyPage readOnly([&](bool on) { page.setReadOnly(on); }, page.page().readOnly);
-    const RecordingPlan plan = planned(page, PlanFor::Recording);
+    RecordingPlan plan = planned(page, PlanFor::Recording);
+    plan.startOn(date);
     // An interrupt may come as soon as there is a file.
     const Interrupts interrupts;
     RecordingRun run(instrumentsOf(page), plan,

@@ -1,5 +1,7 @@
 #include "host/recording/RecordingPlan.h"
 
+#include "page/Page.h"
+#include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
 
@@ -152,6 +154,21 @@ RecordingPlan planRecording(const Instruments& instruments, PlanFor purpose, con
             disarm(instruments);
         throw;
     }
+}
+
+void RecordingPlan::startOn(std::optional<DateTime> date)
+{
+    if (date && startMode == startMode::atTime && !startTime.hasDate())
+        startTime.days += date->days;
+}
+
+std::optional<DateTime> dateOfStart(const Page& page, const Locale& locale, DateTime now)
+{
+    const auto isDated = [&](const TextBox& box) {
+        return !box.text().empty() && toDateTime(box.text(), locale).hasDate();
+    };
+    const bool isStopDated = page.optStopTime.value() && isDated(page.txtStopTime) && !isDated(page.txtStartTime);
+    return isStopDated ? std::optional(datePart(now)) : std::nullopt;
 }
 
 void disarm(const Instruments& instruments)

@@ -4,10 +4,14 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <stdexcept>
 
 namespace ko {
+
+class Page;
+struct Locale;
 
 using Instruments = std::vector<std::shared_ptr<Instrument>>;
 
@@ -46,6 +50,9 @@ struct RecordingPlan {
 
     /// Bytes of all samples.
     [[nodiscard]] double bytes() const;
+
+    /// Sets the date of a start at a time of day.
+    void startOn(std::optional<DateTime> date);
 };
 
 /// What `planRecording` makes of an instrument.
@@ -61,6 +68,10 @@ using TextSource = std::function<std::string(int number)>;
 /// with the page's message; if the recording cannot start; and if there is nothing to record. No instrument stays armed
 /// then. None of them may be recording. Called on the user-interface thread.
 RecordingPlan planRecording(const Instruments& instruments, PlanFor purpose, const TextSource& text);
+
+/// Returns the date of `now` if the page starts at a time of day and stops at a date: the start is past once that time
+/// has passed. Otherwise it is the next such time. A page that is made read-only forgets the date of its stop time.
+std::optional<DateTime> dateOfStart(const Page& page, const Locale& locale, DateTime now);
 
 /// Disarms the instruments.
 void disarm(const Instruments& instruments);

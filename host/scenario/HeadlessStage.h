@@ -30,6 +30,7 @@ public:
     void setSite(const std::shared_ptr<ClientSite>& site) override;
     void makeDocument() override;
     void terminate() override;
+    [[nodiscard]] const Locale& locale() const override { return platform_.locale; }
     void setLocale(const Locale& locale) override;
     bool lineDone(const ScriptLine&) override { return true; }
     [[nodiscard]] bool isOver() const override { return false; }

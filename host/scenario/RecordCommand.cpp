@@ -29,7 +29,7 @@ Json recordedJson(const std::string& file, const RecordingProgress& end)
     return members;
 }
 
-RecordingProgress recordInto(const Scenario& scenario, const std::string& file)
+RecordingProgress recordInto(const Scenario& scenario, const std::string& file, std::optional<DateTime> date)
 {
     const std::string path = scenario.path(file);
     if (scenario.refuseOwn)
@@ -37,6 +37,7 @@ RecordingProgress recordInto(const Scenario& scenario, const std::string& file)
     const Instruments instruments(scenario.drivers().begin(), scenario.drivers().end());
     RecordingPlan plan =
         planRecording(instruments, PlanFor::Recording, [&](int number) { return scenario.text(number); });
+    plan.startOn(date);
     const Setup setup{.title = scenario.title(), .clock = scenario.clock.time, .instruments = {}};
     const RecordingRun run(instruments, std::move(plan),
                            {.file = path,
@@ -55,10 +56,12 @@ void record(Scenario& scenario, const Arguments& words)
         return scenario.log.event("inert", {{"control", CallValue()}});
     if (!scenario.mayRecord)
         scenario.refuse("this program records nothing");
+    const Page& page = scenario.document().page();
+    const auto date = dateOfStart(page, scenario.stage().locale(), scenario.clock.now());
     const auto setReadOnly = [&](bool on) { scenario.rebuild([&] { scenario.document().mode().setReadOnly(on); }); };
-    const ReadOnlyPage readOnly(setReadOnly, scenario.document().page().readOnly);
+    const ReadOnlyPage readOnly(setReadOnly, page.readOnly);
     try {
-        scenario.log.jsonEvent("recorded", recordedJson(words.text(0), recordInto(scenario, words.text(0))));
+        scenario.log.jsonEvent("recorded", recordedJson(words.text(0), recordInto(scenario, words.text(0), date)));
     } catch (const RecordingRefusal& refusal) {
         scenario.messageBox.show(refusal.what(), scenario.text(textNumber::page::error), exclamation);
     }

@@ -33,6 +33,8 @@ public:
 
     virtual void makeDocument() = 0;
     virtual void terminate() = 0;
+    /// The machine's regional settings.
+    [[nodiscard]] virtual const Locale& locale() const = 0;
     /// Changes the machine's regional settings and makes a new document with them.
     virtual void setLocale(const Locale& locale) = 0;
 

@@ -98,7 +98,10 @@ Instruments FrameRecording::instruments() const
 
 RecordingPlan FrameRecording::planned(PlanFor purpose) const
 {
-    return planRecording(instruments(), purpose, [this](int number) { return parts_.component->text(number); });
+    RecordingPlan plan =
+        planRecording(instruments(), purpose, [this](int number) { return parts_.component->text(number); });
+    plan.startOn(dateOfStart(page_.document().page(), parts_.platform.locale, parts_.services.clock.now()));
+    return plan;
 }
 
 void FrameRecording::record()

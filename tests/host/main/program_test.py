@@ -115,6 +115,8 @@ class Program(unittest.TestCase):
                     ((out, "--save", out), 2, "is a recording"),
                     ((bench, "--set", "start=time", "--set", "start-time=2026-11-20T09:30:00", "--record", out), 1,
                      "start time 2026-11-20T09:30:00 is past"),
+                    ((bench, "--set", "start=time", "--set", "start-time=09:00:00", "--set", "stop=time", "--set",
+                      "stop-time=2026-11-21T09:01:00", "--record", out), 1, "2026-11-21T09:00:00 is past"),
                     ((bench, "--headless", "--record", out), 2, "excludes")):
                 done = run(*arguments)
                 self.assertEqual((done.returncode, done.stdout), (status, ""), (arguments, done.stderr))

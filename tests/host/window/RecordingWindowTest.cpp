@@ -212,6 +212,11 @@ TEST_F(RecordingWindowTest, AStartThatIsPastIsAskedAbout)
         ASSERT_TRUE(ends());
         EXPECT_EQ(heldIn(user.record).start.substr(0, 19), start) << "the next one on the clock";
     }
+    page().optStopTime.userClicked();
+    page().txtStopTime.setText("11/21/2026 11:00:00 AM");
+    press(Qt::Key_F9);
+    EXPECT_EQ(user.told, "11/21/2026 6:00:00 AM|11/22/2026 6:00:00 AM") << "on the day of a stop with a date";
+    EXPECT_TRUE(ends());
 }
 
 TEST_F(RecordingWindowTest, WhatFailsIsSaidAndThePageCanBeEditedAgain)
