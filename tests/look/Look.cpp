@@ -11,6 +11,7 @@
 #include <QFontInfo>
 #include <QLocale>
 #include <QMenu>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTreeView>
 #include <algorithm>
@@ -107,6 +108,8 @@ void note(QWidget& widget, QPoint at, NotingDevice& device)
                        << QString::number(spoken.role()) << (spoken.state().readOnly ? "read-only" : "");
     for (const auto& label : spoken.relations(QAccessible::Label))
         device.notes.notes << "labelled " + label.first->text(QAccessible::Name);
+    if (const auto* button = qobject_cast<const QPushButton*>(&widget))
+        device.notes.notes << QString::number(button->autoDefault()) << QString::number(button->isDefault());
     if (const auto* list = qobject_cast<const QComboBox*>(&widget))
         for (int i = 0; i < list->count(); ++i)
             device.notes.notes << list->itemText(i);

@@ -80,16 +80,19 @@ TEST_F(InstrumentEditsTest, EveryEditIsDoneByItsKeyAndIsAStepNamedByIt)
     go({1});
     press(Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(group(1).name, "Group");
+    go({1});
+    press(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(group(1).channels.size(), 1U) << "in the last group";
     go({0});
     press(Qt::Key_D, Qt::ControlModifier);
     press(Qt::Key_Down, Qt::AltModifier);
     ASSERT_EQ(names(), (std::vector<std::string>{"Fast", "Slow", "Fast 2"}));
-    EXPECT_EQ(group(2).channels[0].address, "0:4:3");
+    EXPECT_EQ(group(2).channels[0].address, "0:5:3");
     rename("Copy");
-    EXPECT_EQ(steps(),
-              (std::vector<std::string>{"Name Crank → Wheel", "Add Cam 2", "Trigger channel Wheel → Cam 2",
-                                        "Swap Cam and Cam 2", "Cam 2 Yes → No, Cam Yes → No", "Remove Wheel",
-                                        "Add Group", "Add Fast 2", "Swap Fast 2 and Slow", "Name Fast 2 → Copy"}));
+    EXPECT_EQ(steps(), (std::vector<std::string>{"Name Crank → Wheel", "Add Cam 2", "Trigger channel Wheel → Cam 2",
+                                                 "Swap Cam and Cam 2", "Cam 2 Yes → No, Cam Yes → No", "Remove Wheel",
+                                                 "Add Group", "Add 0:4:1", "Add Fast 2", "Swap Fast 2 and Slow",
+                                                 "Name Fast 2 → Copy"}));
     const std::string edited = held();
     undoAll();
     EXPECT_EQ(held(), opened);
