@@ -25,13 +25,13 @@ public:
 
     [[nodiscard]] int count() const { return document_.pageCount(); }
     [[nodiscard]] const QTextDocument& document() const { return document_; }
-    /// Paints the pages one after the other. The painter's origin is the top left corner of the page; `nextPage` is
-    /// called between two pages.
+    /// Paints the pages one after the other, with a call of `nextPage` between two of them. The painter's origin is the
+    /// top left corner of each page.
     void paint(QPainter& painter, const std::function<void()>& nextPage) const;
+    /// Paints one page, counted from 0.
+    void paint(QPainter& painter, int page) const;
 
 private:
-    /// `page` is counted from 0.
-    void paint(QPainter& painter, int page) const;
     [[nodiscard]] QFont footerFont() const;
 
     QSizeF size_;

@@ -213,7 +213,7 @@ TEST_F(RecordingWindowTest, AStartThatIsPastIsAskedAbout)
         EXPECT_EQ(heldIn(user.record).start.substr(0, 19), start) << "the next one on the clock";
     }
     page().optStopTime.userClicked();
-    page().txtStopTime.setText("11/21/2026 11:00:00 AM");
+    page().txtStopTime.setText("11/21/2026 6:00:01 AM");
     press(Qt::Key_F9);
     EXPECT_EQ(user.told, "11/21/2026 6:00:00 AM|11/22/2026 6:00:00 AM") << "on the day of a stop with a date";
     EXPECT_TRUE(ends());
