@@ -13,12 +13,10 @@
 #include "host/toolkit/FrameMemory.h"
 #include "widgets/services/QtLocale.h"
 
-#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <system_error>
 
 namespace {
 
@@ -26,16 +24,6 @@ constexpr int expectationFailed = 1;
 constexpr int valueRefused = 1;
 constexpr int promiseBroken = 1;
 constexpr int inputRefused = 2;
-
-/// The script is opened only once, because it may be a pipe.
-std::ifstream openScript(const std::string& file)
-{
-    ko::refuseDevice(file);
-    std::ifstream script(file, std::ios::binary);
-    if (!script)
-        throw ko::InputError(file + ": cannot be opened: " + std::generic_category().message(errno));
-    return script;
-}
 
 /// Returns the text of a set-up file, or of the set-up in a recording.
 std::string setupTextOf(const std::string& file)
@@ -76,7 +64,8 @@ int runHeadless(const ko::CommandLine& line, const std::string& language,
     if (line.script == "-")
         return runScript(*make<ko::Scenario>(line, options, std::cout), std::cin, "standard input");
     options.folder = std::filesystem::path(line.script).parent_path().string();
-    std::ifstream script = openScript(line.script);
+    // Opened only once, because it may be a pipe.
+    std::ifstream script = ko::openFile(line.script);
     return runScript(*make<ko::Scenario>(line, options, std::cout), script, line.script);
 }
 

@@ -1,9 +1,9 @@
 #include "host/recording/RecordingPlan.h"
 
-#include "page/Page.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
+#include "schedule/Moments.h"
 
 #include <algorithm>
 #include <limits>
@@ -164,11 +164,7 @@ void RecordingPlan::startOn(std::optional<DateTime> date)
 
 std::optional<DateTime> dateOfStart(const Page& page, const Locale& locale, DateTime now)
 {
-    const auto isDated = [&](const TextBox& box) {
-        return !box.text().empty() && toDateTime(box.text(), locale).hasDate();
-    };
-    const bool isStopDated = page.optStopTime.value() && isDated(page.txtStopTime) && !isDated(page.txtStartTime);
-    return isStopDated ? std::optional(datePart(now)) : std::nullopt;
+    return stopsAtDate(page, locale) ? std::optional(datePart(now)) : std::nullopt;
 }
 
 void disarm(const Instruments& instruments)

@@ -69,8 +69,8 @@ using TextSource = std::function<std::string(int number)>;
 /// then. None of them may be recording. Called on the user-interface thread.
 RecordingPlan planRecording(const Instruments& instruments, PlanFor purpose, const TextSource& text);
 
-/// Returns the date of `now` if the page starts at a time of day and stops at a date: the start is past once that time
-/// has passed. Otherwise it is the next such time. A page that is made read-only forgets the date of its stop time.
+/// Returns the date of a start at a time of day: that of `now` if the page stops at a date, else none, for the next
+/// such time. A page that is made read-only forgets the date of its stop time.
 std::optional<DateTime> dateOfStart(const Page& page, const Locale& locale, DateTime now);
 
 /// Disarms the instruments.

@@ -207,7 +207,6 @@ bool History::restore(const HeldState& state) const
 
 void History::setClean()
 {
-    finish();
     clean_ = position_;
     raise(changed);
 }

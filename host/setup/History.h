@@ -60,7 +60,7 @@ public:
     [[nodiscard]] bool isClean() const { return clean_ == position_; }
     /// The position of the saved state; none if no step leads there.
     [[nodiscard]] std::optional<std::size_t> cleanPosition() const { return clean_; }
-    /// Called when the present state has been saved.
+    /// Called when the present state has been saved, after `finish`.
     void setClean();
     /// Called after a change that is saved but is no step: only saving makes the state clean again.
     void setUnclean();

@@ -64,13 +64,19 @@ void refuseDevice(const std::string& file)
     }
 }
 
-std::string readFile(const std::string& file)
+std::ifstream openFile(const std::string& file)
 {
     refuseDevice(file);
     std::ifstream stream(file, std::ios::binary);
-    std::ostringstream content;
     if (!stream)
         throw InputError(file + ": cannot be opened: " + std::generic_category().message(errno));
+    return stream;
+}
+
+std::string readFile(const std::string& file)
+{
+    std::ifstream stream = openFile(file);
+    std::ostringstream content;
     if (stream.peek() != std::ifstream::traits_type::eof())
         content << stream.rdbuf();
     if (stream.bad() || !content)

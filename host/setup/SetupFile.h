@@ -3,6 +3,7 @@
 #include "host/instruments/HostInstrument.h"
 #include "host/instruments/InstrumentSettings.h"
 
+#include <fstream>
 #include <string>
 
 namespace ko {
@@ -22,6 +23,9 @@ Setup parseSetup(const std::string& text, const std::string& file);
 
 /// As `parseSetup`, from a file. Throws an `InputError` if the file cannot be read.
 Setup loadSetup(const std::string& file);
+
+/// Opens a file that is no device, to read its bytes. Throws an `InputError`.
+std::ifstream openFile(const std::string& file);
 
 /// Throws an `InputError` for a folder, and for a device or a socket, which may block its reader or never end. Accepts
 /// a pipe.

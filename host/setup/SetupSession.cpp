@@ -2,6 +2,7 @@
 
 #include "host/setup/SetupSaving.h"
 #include "host/setup/SetupTemplates.h"
+#include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
 #include <filesystem>
@@ -182,6 +183,11 @@ bool SetupSession::hasChangedOnDisk() const
 void SetupSession::refuseOwn(const std::string& file) const
 {
     refuseSame(file, file_, "the set-up that is open");
+}
+
+std::string SetupSession::opened() const
+{
+    return isOpen() || isRecordingFile(source_) ? source_ : std::string();
 }
 
 std::string SetupSession::name() const

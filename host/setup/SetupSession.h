@@ -1,7 +1,6 @@
 #pragma once
 
 #include "host/setup/UnsavedSetup.h"
-#include "host/support/FileWriter.h"
 
 #include <functional>
 #include <memory>
@@ -76,7 +75,7 @@ public:
 
     [[nodiscard]] const std::string& file() const { return file_; }
     /// The file that the user has opened or saved last: the set-up's own or a recording; empty for a template.
-    [[nodiscard]] std::string opened() const { return isOpen() || isRecordingFile(source_) ? source_ : std::string(); }
+    [[nodiscard]] std::string opened() const;
     /// The file's name without its folder; without a file, the template's name.
     [[nodiscard]] std::string name() const;
     /// The file from which the set-up was read: its own, a recording, or a template.

@@ -98,10 +98,7 @@ Instruments FrameRecording::instruments() const
 
 RecordingPlan FrameRecording::planned(PlanFor purpose) const
 {
-    RecordingPlan plan =
-        planRecording(instruments(), purpose, [this](int number) { return parts_.component->text(number); });
-    plan.startOn(dateOfStart(page_.document().page(), parts_.platform.locale, parts_.services.clock.now()));
-    return plan;
+    return planRecording(instruments(), purpose, [this](int number) { return parts_.component->text(number); });
 }
 
 void FrameRecording::record()
@@ -116,6 +113,7 @@ void FrameRecording::record()
         refuseMissing();
         const Instruments about = instruments();
         RecordingPlan plan = planned(PlanFor::Comparison);
+        plan.startOn(dateOfStart(page_.document().page(), parts_.platform.locale, parts_.services.clock.now()));
         if (!chooseStart(plan, files_.session(), files_.questions(), parts_) || action.isOver())
             return;
         const std::string file = files_.questions().fileToRecord(

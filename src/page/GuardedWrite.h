@@ -85,9 +85,8 @@ public:
     }
 
     /// Checks the limit; returns true when the recording fits. Otherwise shows a message, restores the changed members
-    /// of each written driver (except those that could not be read before) and reads them again, calls `putBack` to
-    /// restore the page, updates the derived labels, offers what would fit, and returns false. Notifies the host when a
-    /// refused value may have stayed in a driver.
+    /// of each written driver (except those that could not be read before) and reads them again, calls `putBackPage`,
+    /// offers what would fit, and returns false.
     template <class PutBack> bool fits(const Steps& step, PutBack&& putBack)
     {
         const std::int32_t code = actions_.updateDiskSpace();
@@ -99,12 +98,19 @@ public:
             restore(step, it);
         if (step.isSuperseded())
             return false;
+        putBackPage(step, std::forward<PutBack>(putBack));
+        actions_.tellWhatFits(refused);
+        return false;
+    }
+
+    /// Restores the page by `putBack` after the drivers were restored, notifies the host when a driver may hold another
+    /// value than before, and updates the derived labels.
+    template <class PutBack> void putBackPage(const Steps& step, PutBack&& putBack)
+    {
         step(std::forward<PutBack>(putBack));
         if (leavesOther())
             step([&] { actions_.markChanged(); });
         actions_.refreshEstimate();
-        actions_.tellWhatFits(refused);
-        return false;
     }
 
     /// The drivers of this event, in order of `write`.

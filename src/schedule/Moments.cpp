@@ -26,8 +26,7 @@ std::optional<DateTime> startOf(const Page& page, const Support& support, DateTi
     const DateTime time = toDateTime(page.txtStartTime.text(), support.locale());
     if (time.hasDate())
         return time;
-    const std::string& stop = page.txtStopTime.text();
-    if (page.optStopTime.value() && !stop.empty() && toDateTime(stop, support.locale()).hasDate())
+    if (stopsAtDate(page, support.locale()))
         return DateTime{datePart(now).days + timePart(time).days};
     return nextTime(now, time);
 }
@@ -46,6 +45,12 @@ std::optional<DateTime> later(std::optional<DateTime> start, std::optional<doubl
 bool Moments::isStartPast() const
 {
     return start && dateDiffSeconds(now, *start) < 0.0;
+}
+
+bool stopsAtDate(const Page& page, const Locale& locale)
+{
+    const std::string& stop = page.txtStopTime.text();
+    return page.optStopTime.value() && !stop.empty() && toDateTime(stop, locale).hasDate();
 }
 
 Moments momentsOf(const Page& page, const Support& support)

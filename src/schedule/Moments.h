@@ -19,6 +19,9 @@ struct Moments {
     [[nodiscard]] bool isStartPast() const;
 };
 
+/// Whether the page stops at a date. A start at a time of day is then today's, even if it is past.
+[[nodiscard]] bool stopsAtDate(const Page& page, const Locale& locale);
+
 /// Calls no driver. Failures of the clock reach the caller.
 Moments momentsOf(const Page& page, const Support& support);
 

@@ -175,10 +175,7 @@ Recording::Result Recording::write(const Steps& step, const StartStopSettings& c
     guarded.restoreIncomplete(step);
     readBack();
     if (guarded.anyTried() && !guarded.anyWritten()) {
-        step(restore);
-        if (guarded.leavesOther())
-            step([&] { actions_.markChanged(); });
-        actions_.refreshEstimate();
+        guarded.putBackPage(step, restore);
         return Result::PutBack;
     }
     isStopModeKnown_ = isStopModeKnown_ || change.stopMode;
