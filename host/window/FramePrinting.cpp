@@ -58,7 +58,7 @@ void FramePrinting::previewPage()
 void FramePrinting::previewSheet()
 {
     if (page_.okToLeave())
-        preview(&FramePrinting::paintSheet);
+        preview(&FramePrinting::printSheetOn);
 }
 
 void FramePrinting::preview(void (FramePrinting::*paint)(QPrinter& printer))
@@ -113,11 +113,6 @@ void FramePrinting::printSheetOn(QPrinter& printer)
     }
     if (!isPrinted)
         complainBy(sheetText::notPrinted, reason);
-}
-
-void FramePrinting::paintSheet(QPrinter& printer)
-{
-    ko::printSheet(sheet(), printer);
 }
 
 void FramePrinting::exportSheet(UserQuestions& questions)

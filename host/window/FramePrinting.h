@@ -45,7 +45,6 @@ private:
     /// Writes a PDF file. Throws an `InputError` if it cannot be written, or if the window itself uses the file.
     void savePdf(const QString& file, const QByteArray& content) const;
     void preview(void (FramePrinting::*paint)(QPrinter& printer));
-    void paintSheet(QPrinter& printer);
     void complainBy(int text, const QString& reason);
 
     QWidget& window_;

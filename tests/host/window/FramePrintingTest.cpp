@@ -5,6 +5,8 @@
 #include "look/Painted.h"
 
 #include <QFileInfo>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 
 namespace ko::test {
@@ -15,19 +17,7 @@ protected:
     const std::string bench = file("bench.json", oneInstrument);
 };
 
-TEST_F(FramePrintingTest, ThePreviewShowsThePageAsItIsPrinted)
-{
-    window.open(bench);
-    show();
-    QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(toQt(folder.file("preview.pdf")));
-    window.printing().printPageOn(printer);
-    EXPECT_GT(QFileInfo(toQt(folder.file("preview.pdf"))).size(), 1000);
-    EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
-}
-
-TEST_F(FramePrintingTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsReported)
+TEST_F(FramePrintingTest, PageAndSheetArePrintedOnThePapersOfThePrinterAndARefusalIsReported)
 {
     window.open(KO_DEMO_FOLDER "/engine-bench-demo.json");
     show();
@@ -41,17 +31,24 @@ TEST_F(FramePrintingTest, TheSheetIsPrintedOnThePapersOfThePrinterAndARefusalIsR
         const QByteArray pdf = QByteArray::fromStdString(readFile(folder.file("sheet.pdf")));
         EXPECT_TRUE(pdf.contains(box));
         EXPECT_GT(pdf.count("/Type /Page\n"), 1);
+        printer.setOutputFileName(toQt(folder.file("page.pdf")));
+        window.printing().printPageOn(printer);
+        EXPECT_GT(QFileInfo(printer.outputFileName()).size(), 1000);
     }
+    EXPECT_FALSE(window.findChild<QToolButton*>("reportCount")->isVisible());
     window.open(bench);
     for (const QString& refused : {toQt(folder.file("none/sheet.pdf")), toQt(bench)}) {
-        QPrinter printer;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(refused);
         QString told;
-        answer(told);
-        window.printing().printSheetOn(printer);
+        const InDialog<QPrintPreviewDialog> preview([&](QPrintPreviewDialog& dialog) {
+            dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
+            dialog.printer()->setOutputFileName(refused);
+            answer(told);
+            dialog.findChild<QPrintPreviewWidget*>()->print();
+            window.printing().printPageOn(*dialog.printer());
+            dialog.reject();
+        });
+        window.printing().previewSheet();
         EXPECT_TRUE(told.startsWith(window.text(3368)) && told.contains(refused)) << fromQt(told);
-        window.printing().printPageOn(printer);
     }
     EXPECT_EQ(loadSetup(bench).instruments.size(), 1U);
     EXPECT_TRUE(window.findChild<QToolButton*>("reportCount")->isVisible());
