@@ -40,7 +40,10 @@ void takeValues(ChannelSettings& offered, const ChannelSettings& kept)
     offered.triggerSource = kept.triggerSource;
     for (const ParameterSettings& parameter : kept.triggerParameters) {
         auto& all = offered.triggerParameters;
-        const auto found = std::find_if(all.begin(), all.end(), [&](const auto& it) { return it.id == parameter.id; });
+        auto found = std::find_if(all.begin(), all.end(), [&](const auto& it) { return it.id == parameter.id; });
+        // Another version of the module may number its parameters otherwise.
+        if (found == all.end())
+            found = std::find_if(all.begin(), all.end(), [&](const auto& it) { return it.name == parameter.name; });
         if (found == all.end())
             lacks("trigger parameter \"" + parameter.name + "\" of channel " + kept.address);
         found->value = parameter.value;

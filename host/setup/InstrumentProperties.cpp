@@ -2,6 +2,7 @@
 
 #include "host/setup/SetupReader.h"
 #include "host/setup/SetupWriter.h"
+#include "interfaces/InternalParameters.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
@@ -132,7 +133,7 @@ void InstrumentProperties::addParameter(const std::string& channel, const std::s
     Json& parameters = parametersOf(channel);
     std::int32_t id = 1;
     const auto hasId = [&](const Json& parameter) { return parameter.contains("id") && parameter.at("id") == id; };
-    while (std::any_of(parameters.begin(), parameters.end(), hasId))
+    while (isInternalParameter(id) || std::any_of(parameters.begin(), parameters.end(), hasId))
         ++id;
     parameters.push_back({{"id", id}, {"name", name}, {"type", "Float"}, {"value", 0}});
 }

@@ -1,5 +1,7 @@
 #include "modules/sigrok/Triggering.h"
 
+#include "interfaces/InternalParameters.h"
+
 #include <algorithm>
 #include <array>
 
@@ -23,10 +25,13 @@ constexpr std::array<Match, 7> matches{{{SR_TRIGGER_RISING, "Rising edge", true,
                                         {SR_TRIGGER_UNDER, "Below level", false, true}}};
 
 namespace parameterId {
-constexpr std::int32_t match = 1;
 constexpr std::int32_t level = 2;
-constexpr std::int32_t captureRatio = 3;
+constexpr std::int32_t match = 4;
+constexpr std::int32_t captureRatio = 5;
 } // namespace parameterId
+
+static_assert(!isInternalParameter(parameterId::level) && !isInternalParameter(parameterId::match) &&
+              !isInternalParameter(parameterId::captureRatio));
 
 std::vector<std::string> matchNames(const std::vector<int>& offered, bool isLogic)
 {

@@ -1,5 +1,6 @@
 #include "triggering/ParamGrid.h"
 
+#include "interfaces/InternalParameters.h"
 #include "interfaces/TriggerParameters.h"
 #include "page/Hints.h"
 #include "platform/NumberText.h"
@@ -12,14 +13,6 @@
 namespace ko {
 
 namespace {
-
-/// Internal parameters of the drivers, which are not shown.
-constexpr std::int32_t hiddenIds[] = {1, 3};
-
-bool isHidden(std::int32_t id)
-{
-    return id == hiddenIds[0] || id == hiddenIds[1];
-}
 
 /// Redraws the grid once for all changes within its scope.
 class DrawingLock {
@@ -76,7 +69,7 @@ void ParamGrid::SetupParamGrid(Driver* driver, std::int32_t slot, std::int32_t c
 bool ParamGrid::fillRow(const Steps& step, TriggerParameters& parameters, std::int32_t index, std::int32_t row)
 {
     std::int32_t id = 0;
-    if (!step([&] { id = parameters.GetTriggerParamId(slot_, channel_, index); }) || isHidden(id))
+    if (!step([&] { id = parameters.GetTriggerParamId(slot_, channel_, index); }) || isInternalParameter(id))
         return false;
     grid_.setRowCount(row);
     CellStyle fixed = parameterStyle({});

@@ -117,7 +117,7 @@ TEST_F(InstrumentPropertiesTest, TriggerParametersAreAddedEditedAndRemoved)
 {
     properties.addParameter(channel, "Hold-off");
     const std::string added = parameterPath(channel, 3), odd = parameterPath(channel, 2);
-    EXPECT_EQ(properties.text(added + ".id", TextForm::Number), "1");
+    EXPECT_EQ(properties.text(added + ".id", TextForm::Number), "5") << "one that the page shows";
     properties.setParameter(added, "type", "Enum");
     EXPECT_EQ(refusal(), "taken");
     properties.setParameter(added, "choices", "a; \"b;c\"");
