@@ -4,23 +4,23 @@
 
 #include <algorithm>
 #include <mutex>
+#include <utility>
 
 namespace ko {
 
 /// Checks what a device delivers.
 class DeviceAcquisition::Guard final : public BlockSink {
 public:
-    Guard(BlockSink& sink, std::size_t channels, std::atomic<bool>& hasFailed)
-        : sink_(sink), channels_(channels), hasFailed_(hasFailed)
+    Guard(BlockSink& sink, std::size_t channels, bool awaitsTrigger, std::atomic<bool>& hasFailed)
+        : sink_(sink), channels_(channels), hasFailed_(hasFailed), awaitsTrigger_(awaitsTrigger)
     {
     }
 
     void triggered(std::int64_t sample) override
     {
         const std::lock_guard lock(mutex_);
-        if (isOver_ || hasBegun_ || sample < 0)
+        if (isOver_ || sample < 0 || !std::exchange(awaitsTrigger_, false))
             return blame("a trigger out of turn");
-        hasBegun_ = true;
         sink_.triggered(sample);
     }
 
@@ -28,9 +28,8 @@ public:
     {
         const std::lock_guard lock(mutex_);
         const auto size = static_cast<std::size_t>(std::max<std::int64_t>(block.count, 0)) * channels_;
-        if (isOver_ || block.count <= 0 || block.first < next_ || block.samples.size() != size)
+        if (isOver_ || awaitsTrigger_ || block.count <= 0 || block.first < next_ || block.samples.size() != size)
             return blame("a block out of turn or of the wrong size");
-        hasBegun_ = true;
         next_ = block.first + block.count;
         sink_.deliver(std::move(block));
     }
@@ -69,7 +68,7 @@ private:
     std::size_t channels_;
     std::atomic<bool>& hasFailed_;
     std::int64_t next_ = 0;
-    bool hasBegun_ = false;
+    bool awaitsTrigger_;
     bool isOver_ = false;
     std::string fault_;
 };
@@ -118,7 +117,7 @@ void DeviceAcquisition::start(const AcquisitionOrder& order, BlockSink& sink)
     Acquisition* const device = inUse_;
     if (!device)
         throw Failure(failure::unspecified, "is not armed");
-    guard_ = std::make_unique<Guard>(sink, channels_, hasFailed_);
+    guard_ = std::make_unique<Guard>(sink, channels_, order.onTrigger, hasFailed_);
     try {
         foreignCall([&] { device->start(order, *guard_); });
     } catch (const Failure&) {

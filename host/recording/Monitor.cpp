@@ -57,6 +57,7 @@ void Monitor::arm()
                 else
                     acquisition->stop();
             } catch (const std::exception& error) {
+                acquisition->stop();
                 note(instruments_[i]->name(), error.what());
             }
     if (armed_.empty())

@@ -1,43 +1,15 @@
+#include "fakes/Tape.h"
 #include "host/instruments/Signal.h"
 #include "host/setup/SetupFile.h"
 
 #include <cmath>
-#include <condition_variable>
 #include <gtest/gtest.h>
-#include <mutex>
 #include <numbers>
 
 namespace ko {
 namespace {
 
-/// Keeps what is delivered, and waits for the end.
-class Tape final : public BlockSink {
-public:
-    void triggered(std::int64_t sample) override { trigger = sample; }
-    void deliver(Block block) override { blocks.push_back(std::move(block)); }
-    void ended(std::int64_t next, const std::string& reason) override
-    {
-        const std::lock_guard lock(mutex_);
-        end = next;
-        failure = reason;
-        isEnded_ = true;
-        wake_.notify_all();
-    }
-    void await()
-    {
-        std::unique_lock lock(mutex_);
-        wake_.wait(lock, [this] { return isEnded_; });
-    }
-
-    std::vector<Block> blocks;
-    std::int64_t trigger = -1, end = -1;
-    std::string failure;
-
-private:
-    std::mutex mutex_;
-    std::condition_variable wake_;
-    bool isEnded_ = false;
-};
+using test::Tape;
 
 /// An instrument whose channels have these members.
 std::shared_ptr<HostInstrument> sampling(const std::vector<std::string>& channels, const std::string& timebase)
@@ -58,7 +30,7 @@ void acquire(Acquisition& acquisition, AcquisitionOrder order, Tape& tape)
     order.isPaced = false;
     order.patience = 3600.0;
     acquisition.start(order, tape);
-    tape.await();
+    tape.awaitEnd();
     acquisition.stop();
 }
 
@@ -148,8 +120,8 @@ TEST(AcquisitionTest, TheFirstCrossingNotBelowThePretriggerTriggers)
         acquisition.arm();
         Tape tape;
         acquire(acquisition, {.samples = 3, .onTrigger = true}, tape);
-        EXPECT_EQ(tape.trigger, c.at) << c.signal << c.level << c.slope << c.pretrigger;
-        EXPECT_EQ(tape.failure, c.at < 0 ? "no trigger within 3600 seconds" : "");
+        EXPECT_EQ(tape.trigger.value_or(-1), c.at) << c.signal << c.level << c.slope << c.pretrigger;
+        EXPECT_EQ(tape.why, c.at < 0 ? "no trigger within 3600 seconds" : "");
         ASSERT_EQ(tape.blocks.size(), c.at < 0 ? 0U : 1U);
         if (c.at >= 0) {
             EXPECT_EQ(tape.blocks[0].first, c.at - c.pretrigger);

@@ -1,5 +1,6 @@
 #include "fakes/Folder.h"
 #include "host/modules/ScriptedModule.h"
+#include "host/recording/Monitor.h"
 #include "host/scenario/PlayedScenario.h"
 
 namespace ko {
@@ -10,6 +11,7 @@ using namespace test;
 /// The device of a module, and a simulated instrument with as many samples.
 const std::string bench = R"({"drivers": [
   {"name": "Device", "module": "scripted", "device": "a", "timebase": {"duration": 0.05, "blockSize": {"value": 10}},
+   "groups": [{"name": "g", "channels": [{"address": "1:1", "triggerSource": true}]}],
    "triggerLines": {"startMasterRank": 5}},
   {"name": "Other", "groups": [{"name": "g", "channels": [{"address": "9:1"}]}],
    "timebase": {"samplePeriod": {"value": 0.001}, "blockSize": {"value": 10}, "duration": 0.05}}]})";
@@ -99,9 +101,10 @@ TEST_F(ModuleFaultsTest, BlocksThatBreakTheContractEndInAFailure)
              sink.deliver(block);
          })},
         {"the driver module has delivered a trigger out of turn", delivers([](BlockSink& sink, const Block& block) {
-             sink.deliver(block);
              sink.triggered(0);
+             sink.deliver(block);
          })},
+        {blocks, [](Script& it) { it.triggered = [](BlockSink&, std::int64_t) {}; }},
         {"is on fire", ends([](BlockSink& sink, auto next, const auto&) {
              sink.ended(next, "is on fire");
              sink.ended(next, "again");
@@ -120,7 +123,7 @@ TEST_F(ModuleFaultsTest, BlocksThatBreakTheContractEndInAFailure)
     for (const auto& [failure, plant] : cases) {
         const auto script = std::make_shared<Script>();
         plant(*script);
-        const Played run = played("record out.h5", script);
+        const Played run = played(script->triggered ? "click optOnTrigger\nrecord out.h5" : "record out.h5", script);
         EXPECT_NE(run.only({"recorded"}).find(std::string("Device: ") + failure), std::string::npos)
             << failure << run.only({"recorded", "message"});
         EXPECT_EQ(recordedSamples(run, "Other"), 50) << failure;
@@ -164,6 +167,11 @@ TEST_F(ModuleFaultsTest, ADeviceThatIsTakenAwayComesBack)
     EXPECT_EQ(instruments[0]->GroupCount(), 2);
     EXPECT_EQ(instruments[0]->settings().timebase->duration, 0.05F);
 
+    // What cannot be monitored is free again.
+    script->arm = [](ArmedSettings& armed) { armed.period = 0.0; };
+    EXPECT_THROW(Monitor({instruments[0]}), RecordingRefusal);
+    script->arm = nullptr;
+
     // Armed, it is gone; and then back.
     script->isGone = true;
     EXPECT_THROW(instruments[0]->acquisition()->arm(), Failure);
@@ -173,18 +181,11 @@ TEST_F(ModuleFaultsTest, ADeviceThatIsTakenAwayComesBack)
     EXPECT_EQ(device.arm().channels.size(), 4U);
     device.stop();
 
-    struct : BlockSink {
-        void triggered(std::int64_t /*sample*/) override {}
-        void deliver(Block /*block*/) override {}
-        void ended(std::int64_t /*next*/, const std::string& /*reason*/) override {}
-    } sink;
     for (const std::string call : {"start", "stop"}) {
         script->throws = {call};
-        device.arm();
-        if (call == "start") {
-            EXPECT_THROW(device.start({}, sink), Failure);
-        }
-        device.stop();
+        Monitor monitor({instruments[0]});
+        monitor.stop();
+        EXPECT_TRUE(monitor.waitFor(std::chrono::hours(1)));
         script->throws.clear();
         const int toOpen = script->missing;
         device.arm();
