@@ -3,15 +3,40 @@
 #include "host/chart/ChartPanel.h"
 #include "host/docks/InstrumentsView.h"
 #include "host/docks/Reports.h"
+#include "host/instruments/KeptInstrument.h"
 #include "host/recording_view/RecordingView.h"
+#include "host/setup/PlacedChanges.h"
 #include "host/toolkit/DockRoom.h"
 #include "host/toolkit/Later.h"
 #include "widgets/support/ShownText.h"
 
 #include <QLayout>
 #include <QSignalBlocker>
+#include <algorithm>
 
 namespace ko {
+
+namespace {
+
+/// The place where a recorded channel is now, in the instrument of that name or, if there is none, of that place; none
+/// if the channel has gone.
+std::optional<SetupPlace> presentPlace(const ChartChannel& recorded, const HostInstruments& drivers)
+{
+    const auto isNamed = [&](const auto& driver) { return driver->name() == recorded.instrumentName; };
+    std::size_t index = recorded.instrument;
+    if (index >= drivers.size() || !isNamed(drivers[index]))
+        if (const auto found = std::find_if(drivers.begin(), drivers.end(), isNamed); found != drivers.end())
+            index = static_cast<std::size_t>(found - drivers.begin());
+    std::optional<SetupPlace> place;
+    if (index < drivers.size())
+        forEachChannel(drivers[index]->held(), [&](const ChannelSettings& channel, std::int32_t g, std::int32_t c) {
+            if (channel.address == recorded.channel.address)
+                place = SetupPlace{index, g, c};
+        });
+    return place;
+}
+
+} // namespace
 
 // What the parts of the frame window call in each other.
 
@@ -114,7 +139,8 @@ void FrameWindow::joinRecording()
 void FrameWindow::chooseCharted()
 {
     recording_.chart().chart().choose([this](const ChartChannel& it) {
-        return instruments().isSelected(it.instrument, it.channel.group, it.channel.channel);
+        const auto at = presentPlace(it, session().drivers());
+        return at && instruments().isSelected(at->instrument, at->group, at->channel);
     });
 }
 

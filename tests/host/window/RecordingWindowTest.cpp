@@ -127,8 +127,7 @@ TEST_F(RecordingWindowTest, AnotherSetUpAndADestroyedWindowEndTheRecordingWithAW
     EXPECT_FALSE(page().readOnly);
 
     FrameWindow second("");
-    auto decided = std::make_unique<DecidedQuestions>(user);
-    second.files().setQuestions(std::move(decided));
+    second.files().setQuestions(std::make_unique<DecidedQuestions>(user));
     second.open(file("bench.json", endless.c_str()));
     user.record = folder.file("second.h5");
     second.recording().record();
@@ -137,7 +136,9 @@ TEST_F(RecordingWindowTest, AnotherSetUpAndADestroyedWindowEndTheRecordingWithAW
 
 TEST_F(RecordingWindowTest, ChartsTheChosenChannelsAndStoresMarkers)
 {
-    open(setupOf(R"("duration": 1000, )"));
+    const std::string other = R"({"name": "B", "timebase": {}, "groups": [{"name": "G", "channels": [
+        {"address": "1:1", "name": "Second"}]}]}, )";
+    open(setupOf(R"("duration": 1000, )").insert(35, other));
     const StripChart& chart = recording().chart().chart();
     const auto shows = [&](const char* text) {
         return QTest::qWaitFor([&] { return chart.latestValues().contains(text); });
@@ -146,13 +147,18 @@ TEST_F(RecordingWindowTest, ChartsTheChosenChannelsAndStoresMarkers)
     EXPECT_TRUE(page().readOnly && page().lblReadOnly.caption().starts_with("Monitoring"));
     EXPECT_TRUE(shows("First"));
     window.instruments().select(0);
-    EXPECT_TRUE(shows("First"));
+    EXPECT_TRUE(shows("Second"));
+    EXPECT_FALSE(chart.latestValues().contains("First"));
     EXPECT_FALSE(QFile::exists(toQt(user.record)));
     press(Qt::Key_M);
     press(Qt::Key_F9, Qt::ShiftModifier);
     ASSERT_TRUE(ends());
     EXPECT_FALSE(page().readOnly);
     EXPECT_EQ(page().lblReadOnly.caption().substr(0, 10), "Read-only:");
+    window.instruments().editing().edit(
+        [](ko::Setup& setup) { std::swap(setup.instruments[0], setup.instruments[1]); });
+    window.instruments().select(0);
+    EXPECT_TRUE(shows("First") && !chart.latestValues().contains("Second")) << "what was A is now the first one";
 
     press(Qt::Key_F9);
     auto& text = *recording().chart().findChild<QLineEdit*>("markerText");
