@@ -18,8 +18,36 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <algorithm>
 
 namespace ko {
+
+namespace {
+
+bool haveSameParts(const InstrumentSettings& one, const InstrumentSettings& other)
+{
+    const auto isSameChannel = [](const ChannelSettings& a, const ChannelSettings& b) {
+        return a.address == b.address;
+    };
+    const auto isSameGroup = [&](const GroupSettings& a, const GroupSettings& b) {
+        return a.name == b.name &&
+               std::equal(a.channels.begin(), a.channels.end(), b.channels.begin(), b.channels.end(), isSameChannel);
+    };
+    return std::equal(one.groups.begin(), one.groups.end(), other.groups.begin(), other.groups.end(), isSameGroup);
+}
+
+/// Throws an `InputError` if an instrument whose device is open is to have other groups or channels than the device.
+void refuseOtherParts(const HeldState& to)
+{
+    for (std::size_t i = 0; i < to.drivers.size(); ++i) {
+        const InstrumentSettings& settings = *to.settings[i];
+        const bool isOpenDevice = !settings.module.empty() && to.drivers[i]->trouble().empty();
+        if (isOpenDevice && !haveSameParts(to.drivers[i]->held(), settings))
+            throw InputError(settings.name + ": has the groups and channels of its device, which cannot be changed");
+    }
+}
+
+} // namespace
 
 FrameInstruments::FrameInstruments(QMainWindow& window, const UserActions& actions, FrameParts& parts, PageHost& page,
                                    SetupSession& session, FrameCapture& capture, FrameHistory& history,
@@ -78,6 +106,7 @@ bool FrameInstruments::edit(const InstrumentChange& change)
     const QPointer<QWidget> focused = window_.focusWidget();
     try {
         const HeldState to = changedInstruments(shown, change, session_.devices);
+        refuseOtherParts(to);
         capture_.instruments(to);
         const bool isChanged = !action.isOver() && session_.drivers() == shown && history_.edit(to);
         // The page takes the focus while it is rebuilt.

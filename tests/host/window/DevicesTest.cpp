@@ -186,6 +186,9 @@ TEST_F(DevicesTest, OptionsAreSetInThePropertiesAndARefusedOneChangesNothing)
     EXPECT_TRUE(told.contains("range: takes low or high, not odd")) << told.toStdString();
     EXPECT_EQ(held().options.at("range"), "high");
     EXPECT_EQ(bench->open_, 1);
+    answer(told);
+    window.instruments().editing().edit([](ko::Setup& setup) { setup.instruments[0].groups[0].channels.pop_back(); });
+    EXPECT_TRUE(told.contains("groups and channels of its device")) << told.toStdString();
     window.history().undo();
     EXPECT_EQ(held().options.at("range"), "low");
 }
