@@ -81,7 +81,12 @@ void FrameCapture::startFromHere(const std::string& file)
     saveSetup(beside, withPresentValues({"", frame_.parts.services.clock.standing(), {}}, frame_.session.drivers()));
     stop();
     frame_.renewPage();
-    start(file, {});
+    try {
+        start(file, {});
+    } catch (...) {
+        frame_.showAgain();
+        throw;
+    }
     if (frame_.document().page().readOnly)
         host({"read-only", "on"});
     capture_->setup(beside);

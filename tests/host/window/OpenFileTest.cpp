@@ -67,7 +67,10 @@ TEST_F(OpenFileTest, AFileThatAnotherProgramChangesIsReloadedHoweverItIsReplaced
 TEST_F(OpenFileTest, AFileThatIsOpenIsNotWrittenAsSomethingElse)
 {
     window.open(bench);
-    EXPECT_THROW(window.capture().startFromHere(bench), InputError);
+    const std::string plan = page().lblPlan.caption();
+    for (const std::string& refused : {bench, file("run.h5", "\x89HDF\r\n\x1a\n")})
+        EXPECT_THROW(window.capture().startFromHere(refused), InputError);
+    EXPECT_EQ(page().lblPlan.caption(), plan) << "the instruments are still there";
     const std::string scenario = bench.substr(0, bench.size() - 4) + "scenario";
     std::filesystem::copy(bench, scenario + ".setup.json");
     window.open(scenario + ".setup.json");
