@@ -161,6 +161,8 @@ void declareModules(CLI::App& app, ModuleCommand& command)
 {
     constexpr const char* of = "Driver modules, which open real instruments";
     app.add_flag("--modules", command.list, "List the driver modules and the devices that they find")
+        ->excludes("--picture")
+        ->excludes("--capture")
         ->option_text(" ")
         ->group(of);
     app.add_option("--module-folder", command.folders, "Search this folder, too; several in this order")
@@ -168,6 +170,8 @@ void declareModules(CLI::App& app, ModuleCommand& command)
         ->option_text("FOLDER")
         ->group(of);
     app.add_option("--check-module", command.check, "Call everything that a module has, and report what it does wrong")
+        ->excludes("--picture")
+        ->excludes("--capture")
         ->option_text("FILE")
         ->group(of);
 }

@@ -82,7 +82,8 @@ void writeSheetOf(const SettingsCommand& command, const SettingsSource& source, 
         instrument.module.clear();
     options.locale = source.sheetLocale ? *source.sheetLocale : localeOf(played.text(hostText::languageCode));
     const bool isSaved = !command.save.empty();
-    writeSheet(command.sheet, options, isSaved ? command.save : source.file, !isSaved && !command.set.empty());
+    const bool isChanged = !command.set.empty() || !command.changes.empty();
+    writeSheet(command.sheet, options, isSaved ? command.save : source.file, !isSaved && isChanged);
 }
 
 } // namespace

@@ -57,7 +57,11 @@ int runHeadless(const ko::CommandLine& line, const std::string& language,
     ko::ScenarioOptions options;
     options.devices = devices;
     options.setup = ko::parseSetup(setupTextOf(line.setup), line.setup);
-    options.refuseOwn = ko::FrameMemory::refuseUsers;
+    options.refuseOwn = [&line](const std::string& file) {
+        ko::FrameMemory::refuseUsers(file);
+        ko::refuseSame(file, line.setup, "the set-up of the script");
+        ko::refuseSame(file, line.script, "the script itself");
+    };
     options.language = language;
     if (line.locale == "system")
         options.locale = ko::toLocale(QLocale::system());
@@ -88,18 +92,31 @@ int useSettings(const ko::CommandLine& line, const std::string& language,
     return ko::runRecording(line.recording, options.setup, *page) ? 0 : promiseBroken;
 }
 
+void checkSource(const ko::CommandLine& line)
+{
+    if (!line.startFrom.empty() && !line.setup.empty())
+        throw ko::InputError("--new " + line.startFrom + ": begins without a set-up file, " + line.setup);
+    if (!line.startFrom.empty() && !line.settings.isGiven())
+        throw ko::InputError("--new " + line.startFrom + ": needs --save FILE");
+    if (line.setup.empty() && line.startFrom.empty())
+        throw ko::InputError("give a set-up file, e.g. korvell-host bench.json --list");
+}
+
 int run(const ko::CommandLine& line, int& argc, char** argv)
 {
-    const bool inWindow = !line.headless && !line.modules.isGiven() && !line.settings.isGiven() &&
-                          !line.recording.isGiven() && line.startFrom.empty();
+    const bool usesSetup =
+        line.headless || line.settings.isGiven() || line.recording.isGiven() || !line.startFrom.empty();
+    const bool inWindow = !usesSetup && !line.modules.isGiven();
     const bool followsSystem = line.language.empty() && inWindow;
     if (!line.locale.empty() && !line.headless && line.settings.sheet.file.empty())
         throw ko::InputError("--locale requires --headless or --sheet");
+    if (usesSetup)
+        checkSource(line);
     const std::string language = followsSystem ? ko::systemLanguageContent() : ko::languageContent(line.language);
     const auto modules = ko::modulesOf(line.modules);
     if (line.modules.isGiven() && !ko::runModules(line.modules, *modules))
         return promiseBroken;
-    if (line.modules.isGiven() && line.setup.empty())
+    if (line.modules.isGiven() && !usesSetup && line.setup.empty())
         return 0;
     if (inWindow)
         return ko::runWindow(argc, argv,
@@ -108,12 +125,6 @@ int run(const ko::CommandLine& line, int& argc, char** argv)
                               .language = language,
                               .capture = line.capture,
                               .picture = line.picture});
-    if (!line.startFrom.empty() && !line.setup.empty())
-        throw ko::InputError("--new " + line.startFrom + ": begins without a set-up file, " + line.setup);
-    if (!line.startFrom.empty() && !line.settings.isGiven())
-        throw ko::InputError("--new " + line.startFrom + ": needs --save FILE");
-    if (line.setup.empty() && line.startFrom.empty())
-        throw ko::InputError("give a set-up file, e.g. korvell-host bench.json --list");
     return line.headless ? runHeadless(line, language, modules) : useSettings(line, language, modules);
 }
 

@@ -54,12 +54,6 @@ class Program(unittest.TestCase):
             self.assertEqual(done.returncode, 2)
             self.assertIn("nowhere.json", done.stderr)
 
-    def test_a_picture_needs_no_display(self):
-        with tempfile.TemporaryDirectory() as folder:
-            picture = Path(folder) / "page.png"
-            self.assertEqual(run("--picture", picture, SETUP).returncode, 0)
-            self.assertTrue(picture.read_bytes().startswith(b"\x89PNG"))
-
     def test_languages_are_found_from_any_folder_and_a_territory_stands_for_its_language(self):
         with tempfile.TemporaryDirectory() as folder:
             (Path(folder) / "own.txt").write_text('1112 "Tage"\n', encoding="utf-8")
@@ -108,6 +102,8 @@ class Program(unittest.TestCase):
                 self.assertEqual(done.returncode, status, (arguments, done.stderr))
                 self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state)
                 self.assertEqual(status, int("differs" in done.stdout), done.stdout)
+            script = Path(folder) / "run.script"
+            script.write_text("record bench.json\n", encoding="utf-8")
             for arguments, status, complaint in (
                     ((bench, "--compare", bench), 2, "is no recording"),
                     ((bench, "--record", bench), 2, "named as the set-up and as --record"),
@@ -117,7 +113,9 @@ class Program(unittest.TestCase):
                      "start time 2026-11-20T09:30:00 is past"),
                     ((bench, "--set", "start=time", "--set", "start-time=09:00:00", "--set", "stop=time", "--set",
                       "stop-time=2026-11-21T09:01:00", "--record", out), 1, "2026-11-21T09:00:00 is past"),
-                    ((bench, "--headless", "--record", out), 2, "excludes")):
+                    ((bench, "--headless", "--record", out), 2, "excludes"),
+                    ((bench, "--modules", "--picture", out), 2, "excludes"),
+                    ((bench, "--headless", script), 2, "run.script:1: " + str(bench) + ": is the set-up of the script")):
                 done = run(*arguments)
                 self.assertEqual((done.returncode, done.stdout), (status, ""), (arguments, done.stderr))
                 self.assertIn(complaint, done.stderr)
@@ -182,15 +180,12 @@ class Program(unittest.TestCase):
             self.assertEqual(done.returncode, 0, (region, done.stdout[-300:]))
             self.assertIn('"startTime":46149.87712962963', done.stdout.splitlines()[-1], region)
 
-    def test_lists_can_be_read_by_programs(self):
-        settings = json.loads(run(SETUP, "--list", "--json").stdout)
-        self.assertEqual([one["name"] for one in settings], run(SETUP, "--list", "--names").stdout.split())
-
     def test_a_command_line_that_cannot_be_done_says_what_to_write(self):
         for arguments, status, complaint in (
                 ((SETUP, "--choices", "span"), 1, "span: can only be read"),
                 ((SETUP, "--choices", "duration"), 0, "note: duration: 0 or more; s, min, h, d"),
                 ((SETUP, "--sheet", "x.pdf", "--paper", "A3"), 2, "--paper: use A4 or Letter; "),
+                (("--modules", "--record", "x.h5"), 2, "give a set-up file"),
                 ((SETUP, "--headless", "--language", "xx"), 2, "xx: unknown language; use en, de, fr, ja or a string file"),
                 (("--list",), 2, "give a set-up file, e.g. korvell-host bench.json --list")):
             done = run(*arguments)
@@ -213,8 +208,8 @@ class Program(unittest.TestCase):
         man = (SOURCE / "packaging/korvell-host.1.in").read_text(encoding="utf-8").replace("\\-", "-")
         readme = (SOURCE / "README.md").read_text(encoding="utf-8")
         self.assertEqual(set(re.findall(r"--[a-z-]+", man)), set(re.findall(r"--[a-z-]+", text)))
-        for name in run(SETUP, "--list", "--names").stdout.split():
-            self.assertIn(name, man)
+        for setting in json.loads(run(SETUP, "--list", "--json").stdout):
+            self.assertIn(setting["name"], man)
         statuses = re.findall(r"^  (\d)  (.+(?:\n     .+)*)", text, re.MULTILINE)
         self.assertEqual([status for status, _ in statuses], ["0", "1", "2"])
         for _, meaning in statuses:
@@ -228,7 +223,9 @@ class Program(unittest.TestCase):
         numbers = (SOURCE / "src/page/Quantities.h").read_text(encoding="utf-8")
         keys = re.findall(r'visit\("(\w+)', members) + re.findall(r'TimebaseNumber \w+\{"(\w+)', numbers)
         options = re.findall(r"--[a-z-]+", run("--help").stdout)
-        names = [name for name in run(SETUP, "--list", "--names").stdout.split() if not name.startswith("trigger.")]
+        listed = run(SETUP, "--list", "--names").stdout.split()
+        self.assertEqual([one["name"] for one in json.loads(run(SETUP, "--list", "--json").stdout)], listed)
+        names = [name for name in listed if not name.startswith("trigger.")]
         for words, page in ((commands, "docs/SCENARIOS.md"), (keys, "help/en/setup-file.html"),
                             (options + names, "help/en/command-line.html")):
             text = (SOURCE / page).read_text(encoding="utf-8")
@@ -241,8 +238,9 @@ class Program(unittest.TestCase):
             done = run(SETUP, "--set", "duration=90", "--sheet", page, "--language", "de")
             self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
             text = page.read_text(encoding="utf-8")
-            self.assertEqual(run(SETUP, "--sheet", sheet.with_suffix(".fr.html"), "--language", "fr").returncode, 0)
-            self.assertIn("Fiche de configuration\u00a0: ", sheet.with_suffix(".fr.html").read_text(encoding="utf-8"))
+            french = sheet.with_suffix(".fr.html")
+            self.assertEqual(run(SETUP, "--disable", "Torque", "--sheet", french, "--language", "fr").returncode, 0)
+            self.assertRegex(french.read_text(encoding="utf-8"), r"Fiche de configuration\u00a0: [\s\S]*non enregistrées")
             for part in ('lang="de"', "zeichnet 1,5 min auf", "Änderungen", "Torque", "Camshaft (0:3:2)"):
                 self.assertIn(part, text)
             for paper, region, width in (((), "de_DE.UTF-8", "595"), ((), "en_US.UTF-8", "612"),
@@ -355,6 +353,7 @@ class Program(unittest.TestCase):
             for arguments in (("--set", "duration=45", "--save", bench, "--sheet", sheet), ("--picture", picture)):
                 self.assertEqual(run(bench, *arguments, cwd=folder).returncode, 0)
             self.assertEqual(set(os.listdir(folder)), {bench, sheet, picture})
+            self.assertTrue((Path(folder) / picture).read_bytes().startswith(b"\x89PNG"))
             self.assertEqual(run(bench, "--get", "duration", cwd=folder).stdout, "45\n")
             self.assertIn("\udcfe.json: cannot be opened: No such file", run("\udcfe.json", "--list").stderr)
 
