@@ -2,8 +2,6 @@
 #include "fuzz/Targets.h"
 #include "host/support/InputError.h"
 
-#include <regex>
-
 namespace ko::fuzz {
 
 namespace {
@@ -22,19 +20,13 @@ drivers
 hide
 )";
 
-void checkRefusal(const std::string& refusal)
-{
-    static const std::regex form("bench\\.json:[1-9][0-9]*: .+");
-    require(std::regex_match(refusal, form), "a refusal names file, line and fault, in one line", refusal);
-}
-
 void run(std::string_view input)
 {
     Setup setup;
     try {
         setup = parseSetup(std::string(input), "bench.json");
     } catch (const InputError& error) {
-        return checkRefusal(error.what());
+        return requireLine(error.what(), "bench.json:");
     }
     checkSaved(setup);
     setup.clock = setup.clock.value_or(DateTime{46347.0});

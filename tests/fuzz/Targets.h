@@ -15,6 +15,8 @@ public:
 
 /// Throws a `Violation` with `what` and `text` unless `holds`.
 void require(bool holds, const std::string& what, std::string_view text);
+/// Requires `refusal` to be one line: `file`, the number of a line, a colon and what is wrong.
+void requireLine(std::string_view refusal, std::string_view file);
 
 /// A reader of external input. A target accepts any bytes; a fault of the reader shows as a `Violation`, another
 /// exception or a crash.
