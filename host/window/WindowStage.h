@@ -1,7 +1,6 @@
 #pragma once
 
 #include "host/scenario/ScenarioStage.h"
-#include "host/window/FrameParts.h"
 #include "widgets/support/UserActions.h"
 
 class QMainWindow;
@@ -12,6 +11,7 @@ class FrameDocks;
 class FrameFiles;
 class FrameHistory;
 class PageHost;
+struct FrameParts;
 
 /// The parts of the window that a replay uses. All of them must outlive it, except that the window may be destroyed
 /// while a scenario is played.
