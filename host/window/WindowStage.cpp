@@ -6,6 +6,7 @@
 #include "host/window/FrameDocks.h"
 #include "host/window/FrameFiles.h"
 #include "host/window/FrameHistory.h"
+#include "host/window/FrameParts.h"
 #include "host/window/PageHost.h"
 #include "platform/Scoped.h"
 
@@ -94,6 +95,11 @@ void WindowStage::setupShown()
         frame_.history.begin();
     else
         history().absorb();
+}
+
+const Locale& WindowStage::locale() const
+{
+    return frame_.parts->platform.locale;
 }
 
 bool WindowStage::isOver() const

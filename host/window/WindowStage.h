@@ -55,7 +55,7 @@ public:
     // A window keeps its document, and plays only scripts for its own regional settings.
     void makeDocument() override {}
     void terminate() override {}
-    [[nodiscard]] const Locale& locale() const override { return frame_.parts->platform.locale; }
+    [[nodiscard]] const Locale& locale() const override;
     void setLocale(const Locale&) override {}
 
     bool lineDone(const ScriptLine& line) override;
