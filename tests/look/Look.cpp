@@ -10,9 +10,11 @@
 #include <QFile>
 #include <QFontInfo>
 #include <QLocale>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTest>
 #include <QTreeView>
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -192,6 +194,9 @@ void Look::take(QWidget& window)
 {
     for (int i = 0; i < 3; ++i)
         QApplication::processEvents();
+    // The plan is announced a moment after it has changed.
+    const auto* const plan = window.findChild<QLabel*>("lblPlan");
+    EXPECT_TRUE(QTest::qWaitFor([plan] { return !plan || plan->accessibleName() == plan->text(); }));
     visit(window, [&](QWidget& widget) {
         if (!hasLine(widget))
             return;
