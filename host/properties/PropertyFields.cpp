@@ -15,13 +15,12 @@ namespace ko {
 
 namespace {
 
-/// Returns the index at the end of a path, "choices[2]"; -1 without one.
-int indexIn(const std::string& path)
+/// Returns the index with which the rest of a path begins, "[2]"; -1 without one.
+int indexIn(const std::string& rest)
 {
-    const std::size_t bracket = path.rfind('[');
     int index = -1;
-    if (bracket != std::string::npos && path.back() == ']')
-        std::from_chars(path.data() + bracket + 1, path.data() + path.size(), index);
+    if (!rest.empty())
+        std::from_chars(rest.data() + 1, rest.data() + rest.size(), index);
     return index;
 }
 

@@ -61,7 +61,7 @@ UnsavedSetup parseCopy(const std::string& text, const std::string& file)
 bool isSaved(const UnsavedSetup& unsaved)
 {
     try {
-        return !unsaved.file.empty() && loadSetup(unsaved.file) == unsaved.setup;
+        return loadSetup(unsaved.file) == unsaved.setup;
     } catch (const InputError&) {
         return false;
     }

@@ -106,8 +106,6 @@ HelpWindow::HelpWindow(const Texts& texts, const QString& folder, QWidget* paren
 
 void HelpWindow::connectButtons(QPushButton& contents, QPushButton& back, QPushButton& forward)
 {
-    back.setEnabled(false);
-    forward.setEnabled(false);
     onSignal(&contents, &QPushButton::clicked, this, [this] { turnTo(contentsTopic); });
     onSignal(&back, &QPushButton::clicked, browser_, [this] { browser_->backward(); });
     onSignal(&forward, &QPushButton::clicked, browser_, [this] { browser_->forward(); });

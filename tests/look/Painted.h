@@ -19,7 +19,7 @@ struct Painted {
         QFont font;
     };
     std::vector<Part> texts, lines, ellipses, areas, others;
-    QStringList notes; ///< each part with its pen, brush and font
+    QStringList notes; ///< each part with its pen, brush, font, opacity and clipping
 
     [[nodiscard]] QStringList words() const
     {
@@ -77,7 +77,8 @@ private:
     {
         parts.push_back({text, painter()->deviceTransform().mapRect(box), painter()->pen(), font});
         QDebug(&notes.notes.emplace_back())
-            << text << parts.back().box << painter()->pen() << painter()->brush() << font;
+            << text << parts.back().box << painter()->pen() << painter()->brush() << font << painter()->opacity()
+            << painter()->clipBoundingRect();
     }
 
     QPaintEngine* engine_ = this;
