@@ -12,8 +12,9 @@
 #include <QLocale>
 #include <QLabel>
 #include <QMenu>
-#include <QPushButton>
+#include <QMetaProperty>
 #include <QRegularExpression>
+#include <QSet>
 #include <QTest>
 #include <QTreeView>
 #include <algorithm>
@@ -57,6 +58,23 @@ QString afterTab(const QWidget& widget)
     while (next != &widget && !(next->isVisible() && (next->focusPolicy() & Qt::TabFocus)))
         next = next->nextInFocusChain();
     return QString::fromLatin1(next->metaObject()->className()) + next->objectName() + next->accessibleName();
+}
+
+/// Notes all that can be set in a widget and does not depend on where the window and the focus are.
+void noteProperties(const QWidget& widget, QStringList& notes)
+{
+    static const QSet<QByteArray> left{"focus", "html", "isActiveWindow", "markdown", "pos", "source", "x", "y"};
+    const QMetaObject& type = *widget.metaObject();
+    for (int i = 0; i < type.propertyCount(); ++i) {
+        const QMetaProperty property = type.property(i);
+        const QVariant value = property.read(&widget);
+        if (left.contains(property.name()))
+            continue;
+        if (value.userType() == QMetaType::QCursor)
+            notes << QString::number(value.value<QCursor>().shape());
+        else
+            notes << (property.isEnumType() ? QString::number(value.toInt()) : value.toString());
+    }
 }
 
 /// Notes the actions with those of their menus, as they are when the menus open.
@@ -103,15 +121,12 @@ void noteItems(const QAbstractItemView& view, const QModelIndex& parent, QString
 void note(QWidget& widget, QPoint at, NotingDevice& device)
 {
     const QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&widget);
-    device.notes.notes << widget.windowTitle() << widget.accessibleName() << widget.accessibleDescription()
-                       << widget.toolTip() << widget.statusTip() << QString::number(widget.focusPolicy())
-                       << afterTab(widget)
+    noteProperties(widget, device.notes.notes);
+    device.notes.notes << afterTab(widget)
                        << QString::number(widget.autoFillBackground() ? widget.backgroundRole() : -1) << sizes(widget)
                        << QString::number(spoken.role()) << (spoken.state().readOnly ? "read-only" : "");
     for (const auto& label : spoken.relations(QAccessible::Label))
         device.notes.notes << "labelled " + label.first->text(QAccessible::Name);
-    if (const auto* button = qobject_cast<const QPushButton*>(&widget))
-        device.notes.notes << QString::number(button->autoDefault()) << QString::number(button->isDefault());
     if (const auto* list = qobject_cast<const QComboBox*>(&widget))
         for (int i = 0; i < list->count(); ++i)
             device.notes.notes << list->itemText(i);
