@@ -13,7 +13,7 @@ namespace ko::test {
 /// What a widget draws, in the order of drawing and in the coordinates of the whole.
 struct Painted {
     struct Part {
-        QString text; ///< of a text
+        QString text; ///< of a text; the checksum of a picture
         QRectF box;
         QPen pen;
         QFont font;
@@ -69,16 +69,16 @@ private:
     {
         note(notes.others, QPolygonF(QList<QPointF>(points, points + count)).boundingRect());
     }
-    void drawPixmap(const QRectF& box, const QPixmap& /*pixmap*/, const QRectF& /*part*/) override
+    void drawPixmap(const QRectF& box, const QPixmap& pixmap, const QRectF& /*part*/) override
     {
-        note(notes.others, box);
+        const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+        note(notes.others, box, QString::number(qChecksum(QByteArrayView(image.constBits(), image.sizeInBytes()))));
     }
     void note(std::vector<Painted::Part>& parts, const QRectF& box, const QString& text = {}, const QFont& font = {})
     {
         parts.push_back({text, painter()->deviceTransform().mapRect(box), painter()->pen(), font});
-        QDebug(&notes.notes.emplace_back())
-            << text << parts.back().box << painter()->pen() << painter()->brush() << font << painter()->opacity()
-            << painter()->clipBoundingRect();
+        QDebug(&notes.notes.emplace_back()) << text << parts.back().box << painter()->pen() << painter()->brush()
+                                            << font << painter()->opacity() << painter()->clipBoundingRect();
     }
 
     QPaintEngine* engine_ = this;

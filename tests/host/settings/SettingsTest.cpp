@@ -9,6 +9,11 @@ namespace {
 
 TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
 {
+    std::string many;
+    for (const char name : std::string_view("ABCDEFG"))
+        many += std::string(many.empty() ? R"({"drivers": [)" : ", ") + R"({"name": ")" + name +
+                R"(", "timebase": {"samplePeriod": {"value": 0.001, "choices": [0.001, 0.002]}}})";
+    many += "]}";
     const struct {
         const char* setup;
         Assignments assignments;
@@ -20,6 +25,10 @@ TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
          {{"sample-period", "0.0002"}, {"span", "1953.125"}, {"txtSampleRate", "5000"}},
          "sample-rate: differs in VIB-2200 Dynamic Signal Analyzer (10000), CNT-60 Torque and Speed (10000)\n"},
         {ranges, {"txtSamplePeriod=2e-3", "block-size=512"}, {{"sample-rate", "500"}, {"block-size", "512"}}},
+        {many.c_str(),
+         {"sample-rate=500"},
+         {},
+         "sample-rate: differs in B (1000), C (1000), D (1000), E (1000), F (1000), and 1 more\n"},
         {"demo", {"scan-period=2"}, {{"scan-rate", "0.5"}, {"scans", "16"}}},
         {ranges, {"sample-rate=3"}, {{"sample-rate", "3"}, {"sample-period", "0.3333333333333333"}}},
         {ranges, {"block-size=17", "scan-rate=49"}, {{"block-size", "17"}, {"scan-rate", "49"}}},

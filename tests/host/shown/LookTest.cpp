@@ -148,7 +148,9 @@ TEST_F(LookTest, TheHelpWithAPictureThatIsTooWide)
 {
     file("index.html", "<html><head><title>Help</title></head><body><h1>Help</h1><p>Words <a href=\"b.html\">there</a>"
                        "</p><img src=\"wide.png\"></body></html>");
-    QImage(2000, 100, QImage::Format_Mono).save(toQt(folder.file("wide.png")));
+    QImage wide(2000, 100, QImage::Format_Mono);
+    wide.fill(0);
+    wide.save(toQt(folder.file("wide.png")));
     HelpWindow help(texts, toQt(folder.path.string()), &window);
     help.turnTo(contentsTopic);
     help.show();

@@ -120,6 +120,7 @@ TEST_F(PropertiesTest, ARefusalIsShownAtItsPlaceAndNothingTypedIsLost)
     press(dialog, Qt::Key_Return);
     ASSERT_TRUE(dialog.isVisible());
     EXPECT_EQ(channels.currentRow(), 1) << "the groups precede the timebase in a set-up";
+    EXPECT_TRUE(message.isVisible());
     EXPECT_EQ(message.text(), "Noise (RMS): must not be negative");
     EXPECT_EQ(dialog.focusWidget(), &box(dialog, "signal.noise"));
     type(box(dialog, "signal.noise"), "1");
