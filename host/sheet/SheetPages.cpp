@@ -6,17 +6,13 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QScreen>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextTable>
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <utility>
 
 namespace ko {
 
@@ -27,21 +23,16 @@ const QMarginsF margins(22.0, 15.0, 15.0, 12.0); // millimetres
 constexpr double fontSize = 9.0;
 constexpr double footerLines = 2.5;
 
-/// The top and the bottom of a part of the document.
-struct Extent {
-    double top;
-    double bottom;
-};
-
-Extent extentOf(const QTextDocument& document, const QTextBlock& block)
+SheetPages::Extent extentOf(const QTextDocument& document, const QTextBlock& block)
 {
     const QRectF bounds = document.documentLayout()->blockBoundingRect(block);
     return {bounds.top(), bounds.bottom()};
 }
 
-Extent extentOf(const QTextDocument& document, const QTextTable& table, int row)
+/// Returns the text of a row, without the padding of its cells.
+SheetPages::Extent extentOf(const QTextDocument& document, const QTextTable& table, int row)
 {
-    Extent extent = extentOf(document, table.cellAt(row, 0).firstCursorPosition().block());
+    SheetPages::Extent extent = extentOf(document, table.cellAt(row, 0).firstCursorPosition().block());
     for (int column = 0; column < table.columns(); ++column) {
         const QTextTableCell cell = table.cellAt(row, column);
         extent.top = std::min(extent.top, extentOf(document, cell.firstCursorPosition().block()).top);
@@ -50,75 +41,89 @@ Extent extentOf(const QTextDocument& document, const QTextTable& table, int row)
     return extent;
 }
 
-bool isOnOnePage(const QTextDocument& document, const Extent& extent)
-{
-    const double page = document.pageSize().height();
-    return std::floor(extent.top / page) == std::floor((extent.bottom - 1.0) / page);
-}
+/// A heading, a paragraph or a row of a table.
+struct Part {
+    SheetPages::Extent extent;
+    SheetPages::Extent header{}; ///< of the table; empty for its first row and outside tables
+    bool isKeptWithNext = false;
+    QTextBlock first{}, last{};
+};
 
-/// Returns the bottom of what must be on a heading's page: the paragraph below it, or the first row of a table.
-double headedBottom(const QTextDocument& document, const QTextBlock& below)
+/// Adds the rows of a table. They meet halfway between their texts.
+void addRows(std::vector<Part>& parts, const QTextDocument& document, QTextTable& table)
 {
-    const QTextTable* table = QTextCursor(below).currentTable();
-    return table ? extentOf(document, *table, std::min(1, table->rows() - 1)).bottom : extentOf(document, below).bottom;
-}
-
-/// Moves consecutive headings to the next page if what follows them is there. Returns the last of them.
-QTextBlock keepHeadings(QTextDocument& document, const QTextBlock& first)
-{
-    QTextBlock last = first;
-    while (last.next().isValid() && last.next().blockFormat().headingLevel() > 0)
-        last = last.next();
-    const QTextBlock below = last.next();
-    if (below.isValid() && !isOnOnePage(document, {extentOf(document, first).top, headedBottom(document, below)})) {
-        QTextBlockFormat format = first.blockFormat();
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        QTextCursor(first).setBlockFormat(format);
-    }
-    return last;
-}
-
-/// Enlarges a row so that less than a line of space is left after it on its page, which moves the next row.
-void fillPage(QTextDocument& document, QTextTable& table, int row, double space)
-{
-    // The layout scales a padding from the screen to the paint device.
-    const double scale = document.documentLayout()->paintDevice()->logicalDpiY() /
-                         QGuiApplication::primaryScreen()->logicalDotsPerInchY();
-    for (int column = 0; column < table.columns(); ++column) {
-        QTextTableCell cell = table.cellAt(row, column);
-        QTextTableCellFormat format = cell.format().toTableCellFormat();
-        format.setBottomPadding(space / scale);
-        cell.setFormat(format);
+    const QRectF whole = document.documentLayout()->frameBoundingRect(&table);
+    const std::size_t first = parts.size();
+    double textBottom = 0.0;
+    for (int row = 0; row < table.rows(); ++row) {
+        const SheetPages::Extent text = extentOf(document, table, row);
+        Part part{{whole.top(), whole.bottom()}};
+        if (row > 0) {
+            part.extent.top = parts.back().extent.bottom = (textBottom + text.top) / 2;
+            if (table.format().headerRowCount() > 0)
+                part.header = parts[first].extent;
+        }
+        textBottom = text.bottom;
+        part.isKeptWithNext = row == 0;
+        part.first = table.cellAt(row, 0).firstCursorPosition().block();
+        part.last = table.cellAt(row, table.columns() - 1).lastCursorPosition().block();
+        parts.push_back(part);
     }
 }
 
-/// Moves rows that a page's end would cut to the next page. The first rows stay with their heading.
-void keepRows(QTextDocument& document, QTextTable& table)
+std::vector<Part> partsOf(const QTextDocument& document)
 {
-    const double page = document.pageSize().height();
-    for (int row = 2; row < table.rows(); ++row) {
-        const Extent extent = extentOf(document, table, row);
-        if (isOnOnePage(document, extent) || extent.bottom - extent.top > page / 2)
-            continue;
-        const QTextBlock block = table.cellAt(row, 0).firstCursorPosition().block();
-        const double line = block.layout()->lineAt(0).height();
-        const double space = (std::floor(extent.top / page) + 1.0) * page - extent.top;
-        fillPage(document, table, row - 1, std::max(0.0, space - line / 2));
-    }
-}
-
-/// Keeps headings with what follows them, and rows whole. Each change lays out the rest of the document again, so one
-/// pass from the top is enough.
-void keepTogether(QTextDocument& document)
-{
-    const QTextTable* kept = nullptr;
+    std::vector<Part> parts;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (block.blockFormat().headingLevel() > 0)
-            block = keepHeadings(document, block);
-        QTextTable* const table = QTextCursor(block).currentTable();
-        if (table && table != std::exchange(kept, table))
-            keepRows(document, *table);
+        if (QTextTable* const table = QTextCursor(block).currentTable()) {
+            addRows(parts, document, *table);
+            block = document.findBlock(table->lastPosition());
+        } else if (!block.text().isEmpty()) {
+            parts.push_back({extentOf(document, block), {}, block.blockFormat().headingLevel() > 0, block, block});
+        }
     }
+    return parts;
+}
+
+/// Returns where to cut a part so that no line of its text is cut, at `limit` or above.
+double betweenLines(const QTextDocument& document, const Part& part, double limit)
+{
+    double cut = limit;
+    for (QTextBlock block = part.first; block.isValid() && block.position() <= part.last.position();
+         block = block.next()) {
+        const double top = extentOf(document, block).top;
+        for (int i = 0; i < block.layout()->lineCount(); ++i) {
+            const QRectF line = block.layout()->lineAt(i).rect();
+            if (top + line.top() < limit && limit < top + line.bottom())
+                cut = std::min(cut, top + line.top());
+        }
+    }
+    return cut;
+}
+
+/// Distributes the parts, which are laid out one below the other, to pages of this height.
+std::vector<SheetPages::Page> pagesOf(const QTextDocument& document, double height)
+{
+    const std::vector<Part> parts = partsOf(document);
+    std::vector<SheetPages::Page> pages{{{0.0, 0.0}, {}}};
+    const auto end = [&] { return pages.back().shown.top + height - pages.back().header.height(); };
+    const auto begin = [&](double top, const SheetPages::Extent& header) {
+        pages.push_back({{top, top}, header.height() < height / 2 ? header : SheetPages::Extent{}});
+    };
+    for (std::size_t first = 0, last = 0; first < parts.size(); first = last + 1) {
+        for (last = first; parts[last].isKeptWithNext && last + 1 < parts.size();)
+            ++last;
+        const SheetPages::Extent kept{parts[first].extent.top, parts[last].extent.bottom};
+        const bool isWhole = first < last || kept.height() <= height / 2;
+        if (isWhole && kept.bottom > end() && kept.top > pages.back().shown.top)
+            begin(kept.top, parts[first].header);
+        for (; kept.bottom > end(); begin(pages.back().shown.bottom, parts[last].header)) {
+            const double cut = betweenLines(document, parts[last], end());
+            pages.back().shown.bottom = cut > pages.back().shown.top ? cut : end();
+        }
+        pages.back().shown.bottom = kept.bottom;
+    }
+    return pages;
 }
 
 QString footerOf(const SheetSource& source)
@@ -150,7 +155,8 @@ QPageSize::PageSizeId paperOf(const QLocale& locale)
 }
 
 SheetPages::SheetPages(const SheetSource& source, QPaintDevice& device, const QSizeF& size)
-    : size_(size), footer_(footerOf(source)), number_(source.texts(sheetText::pageOf))
+    : size_(size), footer_(footerOf(source)), number_(source.texts(sheetText::pageOf)),
+      border_(device.logicalDpiY() / 96.0)
 {
     const double footer = QFontMetricsF(footerFont(), &device).height() * footerLines;
     document_.documentLayout()->setPaintDevice(&device);
@@ -158,8 +164,8 @@ SheetPages::SheetPages(const SheetSource& source, QPaintDevice& device, const QS
     document_.setDefaultFont(sheetFont());
     document_.setDefaultTextOption(QTextOption());
     document_.setHtml(setupSheet(source));
-    document_.setPageSize({size.width(), size.height() - footer});
-    keepTogether(document_);
+    document_.setTextWidth(size.width());
+    pages_ = pagesOf(document_, std::max(size.height() - footer, footer));
 }
 
 QFont SheetPages::footerFont() const
@@ -180,21 +186,29 @@ void SheetPages::paint(QPainter& painter, const std::function<void()>& nextPage)
 
 void SheetPages::paint(QPainter& painter, int page) const
 {
-    const QSizeF room = document_.pageSize();
-    const QRectF shown(QPointF(0.0, page * room.height()), room);
-    painter.save();
-    painter.translate(-shown.topLeft());
-    QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = shown;
-    context.palette.setColor(QPalette::Text, Qt::black);
-    painter.setClipRect(shown);
-    document_.documentLayout()->draw(&painter, context);
-    painter.restore();
+    const Page& parts = pages_[static_cast<std::size_t>(page)];
+    paint(painter, parts.header, 0.0);
+    paint(painter, parts.shown, parts.header.height());
     painter.setFont(footerFont());
     painter.setPen(Qt::black);
     painter.drawText(QRectF(QPointF(), size_), Qt::AlignLeft | Qt::AlignBottom, footer_);
     const QString number = number_.arg(QString::number(page + 1), QString::number(count()));
     painter.drawText(QRectF(QPointF(), size_), Qt::AlignRight | Qt::AlignBottom, number);
+}
+
+void SheetPages::paint(QPainter& painter, const Extent& part, double top) const
+{
+    if (part.height() <= 0.0)
+        return;
+    painter.save();
+    painter.translate(0.0, top - part.top);
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.clip = QRectF(0.0, part.top, size_.width(), part.height());
+    context.palette.setColor(QPalette::Text, Qt::black);
+    // A border is painted on both sides of an edge.
+    painter.setClipRect(context.clip.adjusted(0.0, -border_, 0.0, border_));
+    document_.documentLayout()->draw(&painter, context);
+    painter.restore();
 }
 
 bool printSheet(const SheetSource& source, QPagedPaintDevice& device)
