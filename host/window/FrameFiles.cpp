@@ -21,6 +21,13 @@ QString draggedFile(const QDropEvent& event)
     return urls.size() == 1 ? urls.front().toLocalFile() : QString();
 }
 
+/// After a move the program at the other end of the drag may remove the file.
+void acceptCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 FrameFiles::FrameFiles(QMainWindow& window, const UserActions& actions, FrameParts& parts, FrameMemory& memory)
@@ -73,12 +80,12 @@ void FrameFiles::openRecent(const QString& file)
 void FrameFiles::acceptDrag(QDragEnterEvent& event)
 {
     if (!draggedFile(event).isEmpty())
-        event.acceptProposedAction();
+        acceptCopy(event);
 }
 
 void FrameFiles::openDropped(QDropEvent& event)
 {
-    event.acceptProposedAction();
+    acceptCopy(event);
     // The program at the other end of the drag waits until this event has returned, so no message box is shown here.
     later(window_, [this, file = draggedFile(event)] { open(file); });
 }

@@ -27,14 +27,14 @@ protected:
     {
         QMimeData data;
         data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
         QApplication::sendEvent(&window, &enter);
         if (!enter.isAccepted())
             return false;
-        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
         QApplication::sendEvent(&window, &event);
         QCoreApplication::processEvents();
-        return true;
+        return enter.dropAction() == Qt::CopyAction && event.dropAction() == Qt::CopyAction;
     }
     QList<QAction*> recentEntries()
     {
