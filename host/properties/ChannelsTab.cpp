@@ -21,6 +21,7 @@ namespace {
 namespace named = textNumber::properties;
 
 constexpr int pathRole = Qt::UserRole;
+constexpr int widestName = 36; ///< in characters; longer names leave the fields beside the list their room
 
 struct SignalMember {
     const char* path;
@@ -48,6 +49,7 @@ ChannelsTab::ChannelsTab(const PropertyContext& context, const std::vector<Group
     splitter->addWidget(scrolledTab(*content_, splitter));
     splitter->setStretchFactor(1, 1);
     list_->setSizeAdjustPolicy(QListWidget::AdjustToContents);
+    list_->setMaximumWidth(list_->fontMetrics().averageCharWidth() * widestName);
     row->addWidget(splitter);
     auto* const column = new QVBoxLayout(content_);
     column->setContentsMargins(0, 0, 0, 0);
