@@ -11,11 +11,12 @@ endif()
 if(KO_WARNINGS_AS_ERRORS)
   target_compile_options(ko_options INTERFACE -Werror)
 endif()
+# Containers check their indices.
+target_compile_definitions(ko_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 if(KO_SANITIZE)
   target_compile_options(ko_options INTERFACE -fsanitize=${KO_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)
   target_link_options(ko_options INTERFACE -fsanitize=${KO_SANITIZE})
-  target_compile_definitions(ko_options INTERFACE _GLIBCXX_ASSERTIONS)
   if(KO_SANITIZE MATCHES address)
     target_compile_definitions(ko_options INTERFACE KO_ADDRESS_SANITIZER) # each compiler has another macro
   endif()

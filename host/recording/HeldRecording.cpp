@@ -26,7 +26,6 @@ HeldInstrument instrumentIn(hid_t file, const std::string& name, std::size_t ind
     HeldInstrument held;
     held.index = index;
     held.name = textOf(group.id(), "name");
-    held.isDynamic = textOf(group.id(), "kind") == "dynamic";
     held.period = numberOf(group.id(), "period");
     held.blockSize = wholeOf(group.id(), "block_size");
     held.lost = wholeOf(group.id(), "lost");

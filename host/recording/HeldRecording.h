@@ -11,7 +11,6 @@ namespace ko {
 struct HeldInstrument {
     std::size_t index = 0; ///< in the set-up
     std::string name;
-    bool isDynamic = true;
     double period = 0.0; ///< seconds
     std::int64_t blockSize = 1;
     std::int64_t lost = 0;

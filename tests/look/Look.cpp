@@ -9,8 +9,8 @@
 #include <QComboBox>
 #include <QFile>
 #include <QFontInfo>
-#include <QLocale>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QMetaProperty>
 #include <QRegularExpression>
