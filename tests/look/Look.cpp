@@ -60,14 +60,14 @@ QString afterTab(const QWidget& widget)
     return QString::fromLatin1(next->metaObject()->className()) + next->objectName() + next->accessibleName();
 }
 
-/// Notes all that can be set in a widget and does not depend on where the window and the focus are.
-void noteProperties(const QWidget& widget, QStringList& notes)
+/// Notes all that can be set in a widget or an action and does not depend on where the window and the focus are.
+void noteProperties(const QObject& object, QStringList& notes)
 {
     static const QSet<QByteArray> left{"focus", "html", "isActiveWindow", "markdown", "pos", "source", "x", "y"};
-    const QMetaObject& type = *widget.metaObject();
+    const QMetaObject& type = *object.metaObject();
     for (int i = 0; i < type.propertyCount(); ++i) {
         const QMetaProperty property = type.property(i);
-        const QVariant value = property.read(&widget);
+        const QVariant value = property.read(&object);
         if (left.contains(property.name()))
             continue;
         if (value.userType() == QMetaType::QCursor)
@@ -83,15 +83,8 @@ void noteActions(const QList<QAction*>& actions, QStringList& notes)
     for (const QAction* const action : actions) {
         if (action->menu())
             emit action->menu()->aboutToShow();
-        notes << action->text() << QKeySequence::listToString(action->shortcuts()) << action->toolTip()
-              << action->statusTip()
-              << QStringLiteral("%1%2%3%4%5%6")
-                     .arg(action->isEnabled())
-                     .arg(action->isCheckable())
-                     .arg(action->isChecked())
-                     .arg(action->isVisible())
-                     .arg(action->isSeparator())
-                     .arg(action->menuRole());
+        noteProperties(*action, notes);
+        notes << QKeySequence::listToString(action->shortcuts()) << QString::number(action->isSeparator());
         if (action->menu())
             noteActions(action->menu()->actions(), notes);
         if (action->menu())

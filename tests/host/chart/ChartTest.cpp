@@ -170,6 +170,7 @@ TEST_F(ChartTest, MMarksWithTheTextAndTypesWhereTextIsTyped)
     QTest::keyClick(&text, Qt::Key_Return);
     EXPECT_EQ(marks, (std::vector<std::string>{"", "Mm"}));
     EXPECT_EQ(text.text(), "");
+    EXPECT_EQ(chart.accessibleDescription(), parts.text(chartText::marked));
     chart.show(std::make_shared<Sines>(1, 1e-3, 60000), false);
     chart.setFocus();
     EXPECT_EQ(chart.horizontalScrollBar()->maximum(), 0);

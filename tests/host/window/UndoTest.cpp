@@ -125,6 +125,28 @@ TEST_F(UndoTest, TheMenuNamesTheStepAndAReadOnlyPageHasNone)
     EXPECT_EQ(position(), 1U);
 }
 
+TEST_F(UndoTest, TheOldestStepsAreForgottenAndLaterTheSavedStateWithThem)
+{
+    bool on = true;
+    const auto editTo = [&](std::size_t steps) {
+        for (std::size_t i = position(); i < steps; ++i)
+            check(on = !on);
+    };
+    editTo(2);
+    action(hostText::fileMenu, hostText::save).trigger();
+    editTo(History::maximumSteps);
+    auto& list = *window.history().dock().findChild<QUndoView*>();
+    for (const int saved : {1, 0, -1}) {
+        check(on = !on);
+        EXPECT_EQ(window.history().steps().steps().size(), History::maximumSteps);
+        QTest::keyClick(&list, Qt::Key_Home);
+        EXPECT_EQ(window.isWindowModified(), saved != 0);
+        redo();
+        EXPECT_EQ(window.isWindowModified(), saved != 1);
+        QTest::keyClick(&list, Qt::Key_End);
+    }
+}
+
 TEST_F(UndoTest, TheDockJumpsToAnyStepAndStaysWhereAnInstrumentRefuses)
 {
     const std::string opened = held();
