@@ -2,14 +2,12 @@
 
 #include "host/support/HostTexts.h"
 #include "host/toolkit/DockLayout.h"
-#include "host/toolkit/Later.h"
 #include "widgets/support/Guarded.h"
 
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QScrollBar>
 #include <QTreeView>
 
 namespace ko {
@@ -26,7 +24,7 @@ DriverLog::DriverLog(const Texts& texts, const Locale& locale, QWidget* parent)
     view_->setAllColumnsShowFocus(true);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     fitColumns(*view_);
-    followTheEnd();
+    followTheEnd(*view_);
     makeActions(texts);
     layDock(*this, *view_);
     hide();
@@ -39,15 +37,6 @@ void DriverLog::makeActions(const Texts& texts)
     };
     add(hostText::copyLog, "copyLog", [this] { copy(); });
     add(hostText::clearLog, "clearLog", [this] { model_->clear(); });
-}
-
-void DriverLog::followTheEnd()
-{
-    onSignal(model_, &QAbstractItemModel::rowsInserted, this, [this] {
-        const QScrollBar& bar = *view_->verticalScrollBar();
-        if (bar.value() == bar.maximum())
-            later(*view_, [this] { view_->scrollToBottom(); });
-    });
 }
 
 void DriverLog::copy()

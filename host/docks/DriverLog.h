@@ -20,8 +20,6 @@ public:
 
 private:
     void makeActions(const Texts& texts);
-    /// Scrolls to new rows while the last row is visible.
-    void followTheEnd();
 
     DriverLogModel* model_;
     QTreeView* view_;

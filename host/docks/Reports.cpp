@@ -65,6 +65,7 @@ void Reports::makeView(const Texts& texts)
     list_->setAllColumnsShowFocus(true);
     list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     fitColumns(*list_);
+    followTheEnd(*list_);
 }
 
 void Reports::makeButton(const QString& hint)
@@ -108,7 +109,6 @@ void Reports::addRow(const QString& instrument, const QString& failure, const QS
     if (list_->topLevelItemCount() == kept)
         delete list_->takeTopLevelItem(0);
     list_->addTopLevelItem(item);
-    list_->scrollToBottom();
     ++count_;
     showCount();
 }

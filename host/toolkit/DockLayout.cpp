@@ -1,5 +1,6 @@
 #include "host/toolkit/DockLayout.h"
 
+#include "host/toolkit/Later.h"
 #include "widgets/support/Delay.h"
 #include "widgets/support/Guarded.h"
 
@@ -10,6 +11,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeView>
 #include <utility>
 
@@ -102,6 +104,15 @@ void layDock(QDockWidget& dock, QAbstractItemView& view)
     view.setContextMenuPolicy(Qt::ActionsContextMenu);
     dock.setWidget(content);
     dock.setFocusProxy(&view);
+}
+
+void followTheEnd(QAbstractItemView& view)
+{
+    onSignal(view.model(), &QAbstractItemModel::rowsAboutToBeInserted, &view, [&view] {
+        const QScrollBar& bar = *view.verticalScrollBar();
+        if (bar.value() == bar.maximum())
+            later(view, [&view] { view.scrollToBottom(); });
+    });
 }
 
 } // namespace ko

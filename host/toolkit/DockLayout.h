@@ -21,4 +21,7 @@ void layDock(QDockWidget& dock, QAbstractItemView& view);
 /// wider only for content that is wider than before, so that a width chosen by the user is respected.
 void fitColumns(QTreeView& view);
 
+/// Scrolls to new rows while the last row is visible. Call it after the view has its model.
+void followTheEnd(QAbstractItemView& view);
+
 } // namespace ko

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTextBrowser>
 
 namespace ko::test {
@@ -129,6 +130,19 @@ TEST_F(FrameWindowTest, AFailingInstrumentIsListedAndNothingPopsUp)
     EXPECT_EQ(last.text(1) + last.text(2), "no call (5)");
     window.findChild<QPushButton*>("copyReports")->click();
     EXPECT_EQ(QApplication::clipboard()->text().count('\n'), reports.topLevelItemCount());
+    QScrollBar& bar = *reports.verticalScrollBar();
+    const auto addMany = [&] {
+        const int before = bar.maximum();
+        for (int i = 0; i < 40; ++i)
+            window.docks().reports().add(5, "handler", "no call");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return bar.maximum() > before; }));
+        QCoreApplication::processEvents();
+    };
+    addMany();
+    EXPECT_EQ(bar.value(), bar.maximum());
+    bar.setValue(3);
+    addMany();
+    EXPECT_EQ(bar.value(), 3) << "earlier reports are being read";
     window.findChild<QPushButton*>("clearReports")->click();
     EXPECT_EQ(reports.topLevelItemCount(), 0);
     EXPECT_FALSE(count->isVisible());
