@@ -108,7 +108,7 @@ void layDock(QDockWidget& dock, QAbstractItemView& view)
 
 void followTheEnd(QAbstractItemView& view)
 {
-    onSignal(view.model(), &QAbstractItemModel::rowsAboutToBeInserted, &view, [&view] {
+    onSignal(view.model(), &QAbstractItemModel::rowsInserted, &view, [&view] {
         const QScrollBar& bar = *view.verticalScrollBar();
         if (bar.value() == bar.maximum())
             later(view, [&view] { view.scrollToBottom(); });
