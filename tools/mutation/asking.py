@@ -77,7 +77,7 @@ def filter_of(test):
 def program_of(test):
     """Returns the name under which a test notices an edit."""
     command = test["command"]
-    return next(Path(word).stem for word in command if filter_of(test) or word.endswith(".py"))
+    return Path(next((word for word in command if word.endswith(".py")), command[0])).stem
 
 
 def together(tests):
