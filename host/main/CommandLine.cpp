@@ -40,10 +40,16 @@ constexpr const char* examples =
 
 constexpr const char* group = "Settings of the page, without a window";
 
+/// Refuses the option together with those of the window.
+CLI::Option* withoutWindow(CLI::Option* option)
+{
+    return option->excludes("--picture")->excludes("--capture");
+}
+
 /// `text` is printed after the option's name in the help.
 void present(CLI::Option* option, const char* text)
 {
-    option->group(group)->option_text(text)->excludes("--headless")->excludes("--picture")->excludes("--capture");
+    withoutWindow(option)->group(group)->option_text(text)->excludes("--headless");
 }
 
 /// A validator for options that accepts only these words.
@@ -160,18 +166,15 @@ void declareRecording(CLI::App& app, RecordCommand& command)
 void declareModules(CLI::App& app, ModuleCommand& command)
 {
     constexpr const char* of = "Driver modules, which open real instruments";
-    app.add_flag("--modules", command.list, "List the driver modules and the devices that they find")
-        ->excludes("--picture")
-        ->excludes("--capture")
+    withoutWindow(app.add_flag("--modules", command.list, "List the driver modules and the devices that they find"))
         ->option_text(" ")
         ->group(of);
     app.add_option("--module-folder", command.folders, "Search this folder, too; several in this order")
         ->allow_extra_args(false)
         ->option_text("FOLDER")
         ->group(of);
-    app.add_option("--check-module", command.check, "Call everything that a module has, and report what it does wrong")
-        ->excludes("--picture")
-        ->excludes("--capture")
+    withoutWindow(app.add_option("--check-module", command.check,
+                                 "Call everything that a module has, and report what it does wrong"))
         ->option_text("FILE")
         ->group(of);
 }

@@ -29,7 +29,7 @@ SheetPages::Extent extentOf(const QTextDocument& document, const QTextBlock& blo
     return {bounds.top(), bounds.bottom()};
 }
 
-/// Returns the text of a row, without the padding of its cells.
+/// Returns where the text of a row is, without the padding of its cells.
 SheetPages::Extent extentOf(const QTextDocument& document, const QTextTable& table, int row)
 {
     SheetPages::Extent extent = extentOf(document, table.cellAt(row, 0).firstCursorPosition().block());

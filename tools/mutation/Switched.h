@@ -12,7 +12,7 @@
 #include <type_traits>
 #include <unistd.h>
 
-// A constant with a switch is none: it may be narrowed, but must not make an array of variable length.
+// A number behind a switch is no constant expression. Narrowing it is allowed; an array of variable length is an error.
 #pragma GCC diagnostic ignored "-Wnarrowing"
 #pragma GCC diagnostic error "-Wvla"
 
@@ -56,7 +56,9 @@ inline void cannotBeOn(int number)
     switches().states[number] |= reached | doesNotCompile;
 }
 
-// left OLD Edit<number>{} OLD right: the edit of an operator stands between two of them, which keeps their precedence.
+// `left + right` is written `left + Edit<number>{} + right`, likewise for the other operators: an overload of the
+// second operator evaluates the original expression, or the edited one if the switch is on. The precedence stays the
+// same.
 template <int number> struct Edit {
 };
 template <class Left, int number> struct LeftOf {
@@ -140,7 +142,8 @@ template <int number, class Value> decltype(auto) operator->*(Increment<number>,
     return ++value;
 }
 
-// The operand before which the switch that is on stands, 0 for none. The number 0 stands for an operator without one.
+// Returns the index of the operand after the edited operator, or 0 if no switch is on. `numbers` holds one switch for
+// each operator, 0 for an operator that has none.
 template <int... numbers> std::size_t edited()
 {
     std::size_t found = 0, at = 0;

@@ -138,7 +138,8 @@ TEST_F(RecordingWindowTest, ChartsTheChosenChannelsAndStoresMarkers)
 {
     const std::string other = R"({"name": "B", "timebase": {}, "groups": [{"name": "G", "channels": [
         {"address": "1:1", "name": "Second"}]}]}, )";
-    open(setupOf(R"("duration": 1000, )").insert(35, other));
+    std::string bench = setupOf(R"("duration": 1000, )");
+    open(bench.insert(bench.find('[') + 1, other));
     const StripChart& chart = recording().chart().chart();
     const auto shows = [&](const char* text) {
         return QTest::qWaitFor([&] { return chart.latestValues().contains(text); });

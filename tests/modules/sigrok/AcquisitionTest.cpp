@@ -48,7 +48,7 @@ TEST(SigrokAcquisitionTest, DeliversWhatSigroksOwnProgramRecords)
     ASSERT_EQ(std::system((record + " && python3 -m zipfile -e " + file + " " + folder.path.string()).c_str()), 0);
 
     const Demo demo;
-    Kept kept;
+    Tape kept;
     demo.acquire(kept, 700);
     EXPECT_EQ(kept.why, "");
     EXPECT_EQ(kept.end, 700);
@@ -82,7 +82,7 @@ TEST(SigrokAcquisitionTest, EachSettingReachesTheDevice)
         const auto armed = demo.acquisition().arm();
         ASSERT_EQ(armed.channels.size(), 1U);
         EXPECT_EQ(armed.channels[0], (ArmedChannel{1, 1, "2:1", "A1", "V", {}}));
-        Kept kept;
+        Tape kept;
         demo.start(kept, 100);
         kept.awaitEnd();
         const auto samples = kept.samplesOf(0);
@@ -100,7 +100,7 @@ TEST(SigrokAcquisitionTest, TriggersWithThePartBeforeTheTrigger)
         demo.change([match = match](InstrumentSettings& it) { awaitTrigger(it, match, 20); });
         const auto armed = demo.acquisition().arm();
         EXPECT_EQ(armed.trigger->pretrigger, 100) << "20 % of 500 samples";
-        Kept kept;
+        Tape kept;
         demo.start(kept, 500, true);
         kept.awaitEnd();
         EXPECT_EQ(kept.why, "");
@@ -122,7 +122,7 @@ TEST(SigrokAcquisitionTest, AUnitIsThatOfTheMeasuredQuantityAndAnotherOneEndsThe
     for (const char* const expected : {"A", ""}) {
         demo.change([&](InstrumentSettings& it) { enableOnly(it, *expected ? "2:0" : "2:1"); });
         EXPECT_EQ(demo.acquisition().settingsToArm().channels.at(0).unit, expected);
-        Kept kept;
+        Tape kept;
         demo.acquire(kept, 10);
         EXPECT_EQ(kept.why, "");
     }
@@ -132,7 +132,7 @@ TEST(SigrokAcquisitionTest, AUnitIsThatOfTheMeasuredQuantityAndAnotherOneEndsThe
         it.groups[1].channels[2].unit = "A";
     });
     for (const char* const expected : {"channel A2 measures \"V\", not \"A\"", ""}) {
-        Kept kept;
+        Tape kept;
         demo.acquire(kept, 10);
         EXPECT_EQ(kept.why, expected);
     }
@@ -146,7 +146,7 @@ TEST(SigrokAcquisitionTest, WithoutASampleRateTheLastValuesAreScanned)
         it.measurementMode = it.samplingMode = 2;
         it.timebase->scanPeriod.value = 0.02;
     });
-    Kept kept;
+    Tape kept;
     demo.acquire(kept, 10);
     EXPECT_EQ(kept.why, "");
     const auto scans = kept.samplesOf(0);
@@ -160,7 +160,7 @@ TEST(SigrokAcquisitionTest, GivesUpWaitingForATriggerInTimeOrWhenItIsStopped)
     demo.change([](InstrumentSettings& it) { awaitTrigger(it, "High level", 0); });
     for (const bool isStopped : {false, true}) {
         demo.acquisition().arm();
-        Kept kept;
+        Tape kept;
         demo.start(kept, 500, true, isStopped ? 60.0 : 0.2);
         if (!isStopped)
             kept.awaitEnd();
@@ -173,13 +173,13 @@ TEST(SigrokAcquisitionTest, GivesUpWaitingForATriggerInTimeOrWhenItIsStopped)
 TEST(SigrokAcquisitionTest, StopsWhileItRunsAndIsArmedOneAtATime)
 {
     const Demo demo;
-    Kept never;
+    Tape never;
     EXPECT_EQ(thrownBy([&] { demo.start(never, 1); }), "is not armed");
     demo.acquisition().stop();
     for (int round = 0; round < 2; ++round) {
         demo.acquisition().arm();
         demo.acquisition().arm();
-        Kept kept;
+        Tape kept;
         demo.start(kept, 100'000'000);
         EXPECT_EQ(thrownBy([&] { demo.acquisition().arm(); }), "is acquiring");
         EXPECT_EQ(thrownBy([&] { demo.start(never, 1); }), "is not armed");
@@ -190,7 +190,7 @@ TEST(SigrokAcquisitionTest, StopsWhileItRunsAndIsArmedOneAtATime)
         EXPECT_EQ(*kept.end, std::ssize(kept.samplesOf(0)));
     }
     demo.acquisition().arm();
-    Kept brief;
+    Tape brief;
     demo.start(brief, 100'000'000);
     demo.acquisition().stop(); // perhaps before its first block
     EXPECT_TRUE(brief.end);
@@ -199,7 +199,7 @@ TEST(SigrokAcquisitionTest, StopsWhileItRunsAndIsArmedOneAtATime)
 
 TEST(SigrokAcquisitionTest, ADeviceThatIsClosedWhileItAcquiresEndsItsAcquisition)
 {
-    Kept kept;
+    Tape kept;
     {
         const Demo demo;
         demo.acquisition().arm();

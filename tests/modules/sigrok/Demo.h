@@ -8,7 +8,7 @@
 
 namespace ko::sigrok {
 
-using Kept = test::Tape;
+using test::Tape;
 using test::thrownBy;
 
 /// libsigrok with an instrument on its demonstration device.
@@ -31,14 +31,14 @@ struct Demo {
     [[nodiscard]] Timebase& timebase() const { return *instrument->driver().queryTimebase(); }
 
     /// Arms and acquires to the end.
-    void acquire(Kept& kept, std::int64_t samples, bool onTrigger = false) const
+    void acquire(Tape& kept, std::int64_t samples, bool onTrigger = false) const
     {
         acquisition().arm();
         start(kept, samples, onTrigger);
         kept.awaitEnd();
         acquisition().stop();
     }
-    void start(Kept& kept, std::int64_t samples, bool onTrigger = false, double patience = 60.0) const
+    void start(Tape& kept, std::int64_t samples, bool onTrigger = false, double patience = 60.0) const
     {
         acquisition().start({.origin = std::chrono::steady_clock::now(),
                              .samples = samples,

@@ -94,7 +94,7 @@ namespace {
 /// Opens a device and acquires with it: a channel, or logic on a trigger. Returns what has failed.
 std::string openAndAcquire(bool onTrigger)
 {
-    Kept kept;
+    Tape kept;
     const std::string failure = thrownBy([&] {
         const Demo demo(DeviceOptions{{"pattern A0", "sine"}, {"pattern Logic", "incremental"}});
         demo.change([&](InstrumentSettings& it) {
@@ -145,12 +145,12 @@ TEST(SigrokFaultsTest, ADeviceThatIsTakenAwayEndsTheAcquisitionWithAReasonAndMay
 {
     const Demo demo;
     faults = {.isTakenAway = true};
-    Kept kept;
+    Tape kept;
     demo.acquire(kept, 100000);
     faults = {};
     EXPECT_EQ(kept.why, "the device has ended the acquisition");
     EXPECT_EQ(kept.end, std::ssize(kept.samplesOf(0)));
-    Kept again;
+    Tape again;
     demo.acquire(again, 10);
     EXPECT_EQ(again.end, 10);
 }

@@ -26,7 +26,7 @@ Samples shown(Samples samples)
 TEST(PacketJoinerTest, JoinsWhateverOrderThePacketsComeInUpToTheOrderedSamples)
 {
     for (const std::size_t size : {1U, 2U, 3U, 7U, 20U}) {
-        Kept kept;
+        Tape kept;
         PacketJoiner joiner({.channels = 2, .samples = 10, .first = 5}, kept);
         Samples all(20);
         for (std::size_t i = 0; i < all.size(); ++i)
@@ -51,7 +51,7 @@ TEST(PacketJoinerTest, JoinsWhateverOrderThePacketsComeInUpToTheOrderedSamples)
 
 TEST(PacketJoinerTest, KeepsThePretriggerOfEachChannelAndFillsWhatIsMissing)
 {
-    Kept kept;
+    Tape kept;
     PacketJoiner joiner(
         {.channels = 2, .period = 0.5, .samples = 5, .awaitsTrigger = true, .pretrigger = 3, .patience = 100.0}, kept);
     joiner.append(0, Samples{1, 2, 3, 4});
@@ -72,7 +72,7 @@ TEST(PacketJoinerTest, KeepsThePretriggerOfEachChannelAndFillsWhatIsMissing)
 TEST(PacketJoinerTest, AfterATriggerAChannelWithFewerSamplesEndsWithNaN)
 {
     for (const bool onTrigger : {false, true}) {
-        Kept kept;
+        Tape kept;
         PacketJoiner joiner({.channels = 2, .samples = 9, .awaitsTrigger = onTrigger, .patience = 9.0}, kept);
         joiner.append(0, Samples{1});
         EXPECT_EQ(joiner.beginsAgain(), onTrigger);
@@ -88,7 +88,7 @@ TEST(PacketJoinerTest, AfterATriggerAChannelWithFewerSamplesEndsWithNaN)
 
 TEST(PacketJoinerTest, ItsMemoryAndItsBlocksAreBounded)
 {
-    Kept kept;
+    Tape kept;
     PacketJoiner joiner({.channels = 2, .samples = std::numeric_limits<std::int64_t>::max()}, kept);
     const Samples packet(PacketJoiner::mostInBlock);
     std::size_t packets = 0;
@@ -107,7 +107,7 @@ TEST(PacketJoinerTest, ItsMemoryAndItsBlocksAreBounded)
 
 TEST(LatestValuesTest, EachScanHasTheLastValueBeforeItAndNothingBeforeTheFirst)
 {
-    Kept kept;
+    Tape kept;
     LatestValues scans(2, 0.1, 6, 0, kept);
     // In each line: a time, and the value that comes then on which channel.
     const struct {
@@ -124,7 +124,7 @@ TEST(LatestValuesTest, EachScanHasTheLastValueBeforeItAndNothingBeforeTheFirst)
     EXPECT_TRUE(scans.isComplete());
     EXPECT_FALSE(scans.mayEnd());
 
-    Kept silent;
+    Tape silent;
     LatestValues minutes(1, 30.0, 8, 0, silent);
     minutes.append(0, Samples{7});
     minutes.advance(180.0);
