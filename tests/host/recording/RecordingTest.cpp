@@ -1,6 +1,7 @@
 #include "Recorded.h"
 
 #include "host/recording/Comparison.h"
+#include "host/recording/Moments.h"
 #include "host/recording/RecordingTexts.h"
 #include "host/recording/UnfinishedFile.h"
 #include "host/support/FileWriter.h"
@@ -45,8 +46,7 @@ TEST(RecordingTest, HoldsWhatIsPlannedForEveryBlockSizeStartAndStop)
 {
     const Folder folder;
     const struct {
-        const char* schedule;
-        const char* start;
+        const char *schedule, *start;
     } schedules[]{
         {R"("duration": 7.77)", "2026-11-21T09:30:00.000000"},
         {R"("duration": 7.77, "stopMode": 1)", "2026-11-21T09:30:00.000000"},
@@ -224,15 +224,27 @@ TEST(RecordingTest, AnEarlierRecordingIsKeptAndAPlaceWithoutRoomRefused)
 TEST(RecordingTest, WaitsForItsTimeAndCanBeStoppedBefore)
 {
     const Folder folder;
+    const auto instruments = instrumentsOf(bench(1, R"("duration": 0, "startMode": 1, "startTime": 2900000)"));
     RecordingOptions options = into(folder.file("out.h5"));
-    options.isPaced = true;
-    const auto instruments = instrumentsOf(bench(1, R"("startMode": 1, "startTime": 46347.5)"));
-    RecordingRun run(instruments, armed(instruments), options);
-    while (run.progress().state != RunState::WaitingForTime)
-        std::this_thread::yield();
-    run.stop();
-    EXPECT_EQ(run.wait().state, RunState::Stopped);
-    EXPECT_EQ(Reading(options.file).samples("instrument-0/channel-0-0").size(), 0U);
+    RecordingPlan plan = armed(instruments);
+    // A device is waited for also where simulated instruments record as fast as possible.
+    for (const bool isDevice : {false, true}) {
+        options.isPaced = !isDevice;
+        options.clock = isDevice ? std::nullopt : options.clock;
+        plan.isRealTime = isDevice;
+        RecordingRun run(instruments, plan, options);
+        while (run.progress().state != RunState::WaitingForTime)
+            std::this_thread::yield();
+        run.stop();
+        EXPECT_EQ(run.wait().state, RunState::Stopped);
+        EXPECT_EQ(Reading(options.file).samples("instrument-0/channel-0-0").size(), 0U);
+        armed(instruments);
+    }
+    // One that has begun is not that of the first sample.
+    const std::string before = isoText(momentNow({}));
+    plan.startTime = *readClockTime(before.substr(0, 19).replace(10, 1, " "));
+    RecordingRun(instruments, plan, options).wait();
+    EXPECT_LE(before, Reading(options.file).text("/", "start"));
 }
 
 } // namespace
