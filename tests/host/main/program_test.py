@@ -96,18 +96,20 @@ class Program(unittest.TestCase):
                              encoding="utf-8")
             for arguments, status, state in (((bench, "--set", "duration=2", "--record", out), 0, "complete"),
                                              ((out, "--compare", out), 0, "complete"),
-                                             ((bench, "--compare", out), 1, "complete"),
+                                             (("--new", "vibration", "--compare", out), 1, "complete"),
                                              ((bench, "--record", out, "--compare", out), 0, "complete")):
                 done = run(*arguments)
                 self.assertEqual(done.returncode, status, (arguments, done.stderr))
                 self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state)
                 self.assertEqual(status, int("differs" in done.stdout), done.stdout)
-            script = Path(folder) / "run.script"
+            script, pipe = Path(folder) / "run.script", Path(folder) / "pipe"
+            os.mkfifo(pipe)
             script.write_text("record bench.json\n", encoding="utf-8")
             for arguments, status, complaint in (
                     ((bench, "--compare", bench), 2, "is no recording"),
                     ((bench, "--record", bench), 2, "named as the set-up and as --record"),
-                    ((bench, "--record", "/dev/null"), 2, "is no file"),
+                    ((bench, "--record", "/dev/null"), 2, "is no file"), ((bench, "--record", pipe), 2, "is no file"),
+                    ((bench, "--compare", pipe), 2, "is no file"),
                     ((out, "--save", out), 2, "is a recording"),
                     ((bench, "--set", "start=time", "--set", "start-time=2026-11-20T09:30:00", "--record", out), 1,
                      "start time 2026-11-20T09:30:00 is past"),
