@@ -3,6 +3,8 @@
 #include "host/settings/Settings.h"
 #include "host/setup/SetupFile.h"
 
+#include <sstream>
+
 namespace ko::test {
 
 // Two instruments with ranges; those of the demo have lists.
@@ -19,6 +21,16 @@ inline const char* const ranges = R"({ "clock": "2026-11-21 09:30:00", "drivers"
 ] })";
 
 using Assignments = std::vector<std::string>;
+
+/// Splits at semicolons.
+inline Assignments assignmentsIn(const std::string& line)
+{
+    Assignments all;
+    std::istringstream words(line);
+    for (std::string word; std::getline(words, word, ';');)
+        all.push_back(word);
+    return all;
+}
 
 /// A page without a window, whose settings are set and read by name.
 class SettingsPage {
