@@ -3,8 +3,6 @@
 #include "host/settings/Settings.h"
 #include "host/setup/SetupFile.h"
 
-#include <sstream>
-
 namespace ko::test {
 
 // Two instruments with ranges; those of the demo have lists.
@@ -20,15 +18,12 @@ inline const char* const ranges = R"({ "clock": "2026-11-21 09:30:00", "drivers"
   { "name": "Scanner", "measurementMode": 2, "timebase": { "scanPeriod": { "value": 0.1, "range": [0.01, 100] } } }
 ] })";
 
-using Assignments = std::vector<std::string>;
-
 /// Splits at semicolons.
-inline Assignments assignmentsIn(const std::string& line)
+inline std::vector<std::string> assignmentsIn(const std::string& line)
 {
-    Assignments all;
-    std::istringstream words(line);
-    for (std::string word; std::getline(words, word, ';');)
-        all.push_back(word);
+    std::vector<std::string> all(1);
+    for (const char letter : line)
+        letter == ';' ? all.emplace_back() : all.back() += letter;
     return all;
 }
 
@@ -38,7 +33,7 @@ public:
     explicit SettingsPage(const std::string& setup) : played_({setupOf(setup), {}, {}, {}}) {}
 
     /// Returns the messages, or the refusal.
-    std::string set(const Assignments& assignments)
+    std::string set(const std::vector<std::string>& assignments)
     {
         std::string notes;
         try {

@@ -20,7 +20,7 @@ TEST(Settings, TakeWhatThePageTakesAndReadBackWhatTheInstrumentsHold)
         {"demo", "sample-rate=5000", "sample-period=0.0002;span=1953.125;txtSampleRate=5000",
          "sample-rate: differs in VIB-2200 Dynamic Signal Analyzer (10000), CNT-60 Torque and Speed (10000)\n"},
         {ranges, "txtSamplePeriod=2e-3;block-size=512", "sample-rate=500;block-size=512"},
-        {many.c_str(), "sample-rate=500", "",
+        {many.c_str(), "sample-rate=500", "sample-rate=500",
          "sample-rate: differs in B (1000), C (1000), D (1000), E (1000), F (1000), and 1 more\n"},
         {"demo", "scan-period=2", "scan-rate=0.5;scans=16"},
         {ranges, "sample-rate=3", "sample-rate=3;sample-period=0.3333333333333333"},
