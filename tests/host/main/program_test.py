@@ -146,19 +146,21 @@ class Program(unittest.TestCase):
                     self.assertEqual(memory.read_text(encoding="utf-8") if memory.exists() else None, content)
 
     def test_an_interrupt_stops_a_recording_and_a_kill_leaves_it_readable(self):
-        for signal_number, state in ((signal.SIGINT, "stopped"), (signal.SIGTERM, "stopped"), (signal.SIGKILL, "recording")):
+        for number, state in ((signal.SIGINT, "stopped"), (signal.SIGTERM, "stopped"), (signal.SIGHUP, "stopped"),
+                              (signal.SIGKILL, "recording")):
             with tempfile.TemporaryDirectory() as folder:
                 out = Path(folder) / "out.h5"
                 with subprocess.Popen([PROGRAM, SETUP, "--record", out], stdout=subprocess.DEVNULL,
-                                      stderr=subprocess.DEVNULL) as recording:
+                                      stderr=subprocess.PIPE) as recording:
+                    recording.stderr.close()
                     while not out.exists():
                         time.sleep(0.02)
-                    recording.send_signal(signal_number)
-                    self.assertNotEqual(recording.wait(), 0)
+                    recording.send_signal(number)
+                    self.assertEqual(recording.wait(), -9 if number == signal.SIGKILL else 1)
                 done = run(SETUP, "--compare", out)
                 self.assertEqual(done.returncode, 1)
                 self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state + " +differs")
-                self.assertEqual(done.stderr.count("it is readable now"), int(signal_number == signal.SIGKILL))
+                self.assertEqual(done.stderr.count("it is readable now"), int(number == signal.SIGKILL))
 
     def test_a_refusal_speaks_english_unless_another_language_is_asked_for(self):
         for language, speaks_english in (((), True), (("--language", "en"), True), (("--language", "de"), False)):
