@@ -2,7 +2,6 @@
 
 #include "page/Drivers.h"
 
-#include <cstdlib>
 #include <sstream>
 
 namespace ko::test {
@@ -182,17 +181,6 @@ Texts stateOf(Bench& bench)
            << page.editFlags;
     lines.push_back(fields.str());
     return lines;
-}
-
-long sampledOneIn(long usual)
-{
-    if (std::getenv("KO_LONG_RUN"))
-        return 1;
-#ifdef KO_ADDRESS_SANITIZER
-    return 3 * usual;
-#else
-    return usual;
-#endif
 }
 
 } // namespace ko::test

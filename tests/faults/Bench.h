@@ -65,10 +65,6 @@ Texts shownWrongly(const Bench& bench);
 /// Bytes of the recording as the page has to count them, the larger of its two totals.
 double totalBytes(const Bench& bench);
 
-/// Returns which of the calls that may be tried are: one in `usual`, all in a long run, and fewer under the address
-/// sanitizer, where each takes several times as long.
-long sampledOneIn(long usual);
-
 constexpr double fileSizeLimit = 2147483647.0;
 
 /// What a host and its user do, always the same.

@@ -1,3 +1,4 @@
+#include "fakes/Sampled.h"
 #include "faults/Bench.h"
 
 #include <gtest/gtest.h>
@@ -84,8 +85,8 @@ class FaultSweep : public testing::TestWithParam<Script> {};
 TEST_P(FaultSweep, EveryCallMayFailAloneWithItsReportAndWithAllThatFollow)
 {
     Sweep sweep(GetParam());
-    const long alone = sampledOneIn(1);
-    const long stride = sampledOneIn(3);
+    const long alone = sampledOneIn(1L);
+    const long stride = sampledOneIn(3L);
     for (long call = alone; call <= sweep.calls() && !HasFailure(); call += alone) {
         sweep.run(call, call);
         if (call % stride == 0) {

@@ -1,3 +1,4 @@
+#include "fakes/Sampled.h"
 #include "faults/Bench.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +59,7 @@ TEST_P(NestedCalls, LeaveNothingAndBreakNothingInsideAnyCall)
     long played = 0;
     // The first call of the sample depends on the deed, so that together they reach every call of a script (under the
     // sanitizers a third).
-    const long stride = sampledOneIn(11);
+    const long stride = sampledOneIn(11L);
     long first = GetParam().name[0] % stride + 1;
     for (const Script& script : scripts) {
         Bench measured;

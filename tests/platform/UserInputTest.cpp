@@ -26,6 +26,7 @@ TEST_F(UserInput, InputToWhatCannotBeUsedIsInertAndInputThatIsNotLetInIsRefused)
     EXPECT_EQ(list.userChose(0), Outcome::Refused) << "the answer has disabled it";
     for (const auto& [name, door] : doors)
         EXPECT_EQ(door(), Outcome::Inert) << name;
+    EXPECT_FALSE(moveFocus(&box)) << "it is disabled";
     for (const Outcome outcome :
          {box.userTyped("x"), box.userReplaced("x", 0, 0), box.userSelected(0, 0), box.userUndid(),
           grid.userTypedInCell("x", 0, 0), grid.userSelectedInCell(0, 0), grid.userEndedEdit(), grid.userDroppedEdit(),

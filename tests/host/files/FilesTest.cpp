@@ -1,6 +1,7 @@
 #include "ChangedWindow.h"
 #include "FailingCalls.h"
 #include "FileKinds.h"
+#include "fakes/Sampled.h"
 
 #include <QProcess>
 #include <iostream>
@@ -132,7 +133,7 @@ class KilledProgramTest : public FilesTest {};
 TEST_P(KilledProgramTest, WhereverItIsKilledTheOldOrTheNewFileIsThereWholeAndTheNextRunCleansUp)
 {
     bool wasKilled = true;
-    for (int number = 0; wasKilled && !HasFailure(); ++number) {
+    for (int number = 0; wasKilled && !HasFailure(); number += sampledOneIn(1)) {
         SCOPED_TRACE(number);
         makeFolder();
         Program program(folder(), GetParam().arguments);

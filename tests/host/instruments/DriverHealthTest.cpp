@@ -106,7 +106,8 @@ TEST(DriverHealthTest, ScenariosExpectADriverToFailOrNot)
     EXPECT_EQ(run.only({"expectation"}),
               R"({"line":3,"event":"expectation","driver":"1","expected":"SamplePeriod get","actual":"none"})"
               "\n");
-    EXPECT_NE(play("expect-failing 0 Anything\n", unhealthyBench).fault, "");
+    EXPECT_EQ(play("expect-failing 0 Anything\n", unhealthyBench).fault,
+              R"(1: "Anything" is no operation that can fail)");
     EXPECT_NE(play("expect-failing 2 none\n", unhealthyBench).fault, "");
 }
 

@@ -189,7 +189,7 @@ TEST_F(RecordingShownTest, TheDialogOffersAFileAndComparesTheSpace)
     name->setMinimumWidth(350);
     dialog->adjustSize();
     expectLook(*dialog, "record");
-    dialog->accept();
+    QTest::keyClick(name, Qt::Key_Return);
     EXPECT_TRUE(shows("/nowhere/at does not exist", true));
     const std::pair<const char*, const char*> files[]{
         {" /x/run ", "/x/run.h5"}, {"/x/run.hdf", "/x/run.hdf"}, {"  ", ""}};

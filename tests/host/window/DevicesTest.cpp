@@ -159,6 +159,13 @@ TEST_F(DevicesTest, TheGalleryAddsAFoundDeviceAsOneStepThatClosesItWhenUndone)
     window.history().redo();
     EXPECT_EQ(bench->open_, 1);
     EXPECT_EQ(held().groups[0].channels.size(), 2U);
+
+    const InstrumentSettings before = held();
+    driver().queryTimebase()->setSamplePeriod(0.002);
+    EXPECT_NE(held(), before);
+    driver().restore(before);
+    EXPECT_EQ(held(), before);
+    EXPECT_EQ(driver().queryTimebase()->SamplePeriod(), before.timebase->samplePeriod.value) << "the device takes part";
 }
 
 TEST_F(DevicesTest, OptionsAreSetInThePropertiesAndARefusedOneChangesNothing)

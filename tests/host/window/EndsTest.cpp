@@ -1,4 +1,5 @@
 #include "Openings.h"
+#include "fakes/Sampled.h"
 
 namespace ko::test {
 namespace {
@@ -37,7 +38,11 @@ class Ends : public testing::TestWithParam<Deed> {};
 
 TEST_P(Ends, InTheMiddleOfWhatTheUserDoes)
 {
-    for (const Opening& opening : openings()) {
+    // The first depends on the deed, so that together they reach every way.
+    const auto stride = sampledOneIn<std::size_t>(1);
+    for (std::size_t way = static_cast<std::size_t>(GetParam().name[0]) % stride; way < openings().size();
+         way += stride) {
+        const Opening& opening = openings()[way];
         SCOPED_TRACE(opening.name);
         Desk desk;
         bool isPlayed = false;

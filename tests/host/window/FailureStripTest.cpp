@@ -77,6 +77,12 @@ TEST_F(FailureStripTest, TryAgainRebuildsThePageAndHandsTheFocusBack)
     QCoreApplication::processEvents();
     ASSERT_TRUE(strip.isVisible());
     EXPECT_TRUE(line(0).contains("Scanner 1: Scan period could not be read: simulated"));
+    for (const bool isLocked : {true, false}) {
+        window.docks().locked = [=] { return isLocked; };
+        const auto before = driver(1).calls().callCount();
+        button.click();
+        EXPECT_EQ(driver(1).calls().callCount() == before, isLocked);
+    }
     button.setFocus(Qt::TabFocusReason);
     QTest::keyClick(&button, Qt::Key_Return);
     QCoreApplication::processEvents();
