@@ -151,13 +151,18 @@ bool InstrumentsModel::setData(const QModelIndex& index, const QVariant& value, 
 /// The rows are made again when a name changes, which the editor of the cell must not see.
 bool InstrumentsModel::setName(const InstrumentRow& row, const std::string& name)
 {
-    const bool isOther = rename && name != nameAt(row);
-    if (isOther)
-        later(*this, [this, list = drivers_, place = placeOf(row), name] {
-            if (drivers_ == list)
-                rename(place, name);
-        });
-    return isOther;
+    if (!rename || name == nameAt(row))
+        return false;
+    typed_ = {drivers_, placeOf(row), name};
+    later(*this, [this] { finishRename(); });
+    return true;
+}
+
+void InstrumentsModel::finishRename()
+{
+    const std::optional<Typed> typed = std::exchange(typed_, std::nullopt);
+    if (typed && typed->drivers == drivers_)
+        rename(typed->place, typed->name);
 }
 
 QVariant InstrumentsModel::headerData(int section, Qt::Orientation orientation, int role) const

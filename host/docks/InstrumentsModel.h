@@ -25,6 +25,8 @@ public:
 
     /// Called after the user has typed another name for an instrument, a group or a channel.
     std::function<void(const SetupPlace& place, const std::string& name)> rename;
+    /// Calls `rename` now, if a name has been typed and `rename` not been called yet.
+    void finishRename();
 
     /// Returns the place of a row in the set-up, that of the instrument or channel for a row of its settings.
     [[nodiscard]] static SetupPlace placeOf(const InstrumentRow& row);
@@ -50,6 +52,12 @@ private:
 
     Texts texts_;
     const Locale& locale_;
+    struct Typed {
+        HostInstruments drivers;
+        SetupPlace place;
+        std::string name;
+    };
+    std::optional<Typed> typed_; ///< a name before `rename` is called
     HostInstruments drivers_;
     std::unique_ptr<InstrumentRow> root_;
 };

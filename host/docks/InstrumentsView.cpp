@@ -107,6 +107,14 @@ void InstrumentsView::select(std::size_t instrument)
                                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
+void InstrumentsView::finishRename()
+{
+    // An editor that loses the focus is committed.
+    if (view_->viewport()->isAncestorOf(window()->focusWidget()))
+        view_->setFocus();
+    model_->finishRename();
+}
+
 void InstrumentsView::refresh()
 {
     view_->viewport()->update();

@@ -25,6 +25,9 @@ public:
     /// Redraws the values.
     void refresh();
 
+    /// Takes a name that is being typed.
+    void finishRename();
+
     /// Selects an instrument.
     void select(std::size_t instrument);
     /// Whether a channel is selected, by itself or by its group or instrument.

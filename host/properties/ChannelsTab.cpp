@@ -118,6 +118,12 @@ void ChannelsTab::addTable(const PropertyContext& context, QBoxLayout& column)
     onSignal(removes, &QPushButton::clicked, this, [this] { table_->removeParameter(); });
 }
 
+void ChannelsTab::take()
+{
+    table_->finishCell();
+    fields_.take();
+}
+
 void ChannelsTab::showCurrent()
 {
     const std::string path = fromQt(list_->currentItem()->data(pathRole).toString());

@@ -18,8 +18,8 @@ public:
 
     /// Brings the tab forward with the channel of this path.
     void showChannel(const std::string& path);
-    /// Takes what is in the boxes.
-    void take() { fields_.take(); }
+    /// Takes what is in the boxes and the cells.
+    void take();
     /// Shows the channel of a refused member and moves the focus to the member. Returns its name; an empty text for a
     /// member that is of no channel.
     QString focusOn(const PropertyRefusal& refusal);

@@ -3,6 +3,7 @@
 #include "host/scenario/LocaleWords.h"
 #include "host/setup/SetupFile.h"
 #include "host/setup/SetupSaving.h"
+#include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 
 #include <filesystem>
@@ -11,19 +12,19 @@ namespace ko {
 
 namespace {
 
-/// Returns `file` relative to the folder of `scenario`.
+/// Returns `file` relative to the folder of `scenario`, an absolute path.
 std::string seenFrom(const std::string& scenario, const std::string& file)
 {
     namespace fs = std::filesystem;
-    const fs::path whole = fs::absolute(file).lexically_normal();
-    const fs::path relative = whole.lexically_relative(fs::absolute(scenario).lexically_normal().parent_path());
+    const fs::path whole = fs::path(wholePath(file)).lexically_normal();
+    const fs::path relative = whole.lexically_relative(fs::path(scenario).lexically_normal().parent_path());
     return (relative.empty() ? whole : relative).string();
 }
 
 } // namespace
 
 ScenarioCapture::ScenarioCapture(const std::string& file, const Captured& captured)
-    : file_(file), captured_(captured), output_(file)
+    : file_(wholePath(file)), captured_(captured), output_(file)
 {
     begin();
     output_.commit();

@@ -51,7 +51,7 @@ void SetupSession::take(const UnsavedSetup& set, bool isChanged)
     setup_ = std::make_shared<Setup>(set.setup);
     content_ = set.saved;
     template_ = set.templateName;
-    file_ = set.file;
+    file_ = wholePath(set.file);
     setChanged(isChanged);
     if (loaded)
         loaded();
@@ -65,8 +65,7 @@ void SetupSession::restore(const UnsavedSetup& unsaved)
 
 UnsavedSetup SetupSession::unsaved() const
 {
-    const std::string file = isOpen() ? std::filesystem::absolute(file_).string() : std::string();
-    return {file, template_, content_, presentSetup()};
+    return {file_, template_, content_, presentSetup()};
 }
 
 bool SetupSession::pageAllows() const
@@ -187,7 +186,7 @@ void SetupSession::refuseOwn(const std::string& file) const
 
 std::string SetupSession::opened() const
 {
-    return isOpen() || isRecordingFile(source_) ? source_ : std::string();
+    return isOpen() || !isRecordingFile(source_) ? file_ : source_;
 }
 
 std::string SetupSession::name() const
@@ -217,7 +216,9 @@ bool SetupSession::write(const std::string& file, SessionQuestions& questions)
         questions.tellNotSaved(error.what());
         return false;
     }
-    file_ = source_ = file;
+    source_ = file;
+    file_ = wholePath(file);
+    declined_.clear();
     setChanged(false);
     if (saved)
         saved();

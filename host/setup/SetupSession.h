@@ -73,6 +73,7 @@ public:
     /// Throws an `InputError` if the file is that of the set-up.
     void refuseOwn(const std::string& file) const;
 
+    /// The absolute path of the set-up's own file; empty without one.
     [[nodiscard]] const std::string& file() const { return file_; }
     /// The file that the user has opened or saved last: the set-up's own or a recording; empty for a template.
     [[nodiscard]] std::string opened() const;
@@ -136,7 +137,7 @@ private:
     bool write(const std::string& file, SessionQuestions& questions);
     void writeText(const std::string& file, std::string text);
 
-    std::string file_;
+    std::string file_; ///< absolute
     std::string source_;
     std::string template_; ///< of a set-up without a file
     std::string content_;  ///< of the file, as it was read or written last

@@ -140,6 +140,8 @@ void FileWriter::keepOwnership() const
 void FileWriter::write(std::string_view text, std::size_t at)
 {
     const int file = file_->descriptor();
+    if (!file_->hasName())
+        refuse(ENOENT);
     const std::string before = tailOf(file, at);
     const int error = writeAll(file, text, at);
     if (error == 0)
@@ -172,6 +174,14 @@ void writeWhole(const std::string& name, std::string_view content, Readers reade
     file.commit();
 }
 
+void createFolder(const fs::path& folder)
+{
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error)
+        throw InputError(folder.string() + ": cannot be created: " + error.message());
+}
+
 bool isRecordingFile(const std::string& name)
 {
     constexpr std::array signature{'\x89', 'H', 'D', 'F', '\r', '\n', '\x1a', '\n'};
@@ -181,6 +191,13 @@ bool isRecordingFile(const std::string& name)
     std::array<char, signature.size()> beginning{};
     std::ifstream content(name, std::ios::binary);
     return content.read(beginning.data(), beginning.size()) && beginning == signature;
+}
+
+std::string wholePath(const std::string& name)
+{
+    std::error_code unknown;
+    const fs::path whole = fs::absolute(name, unknown);
+    return unknown ? name : whole.string();
 }
 
 bool isSameFile(const std::string& name, const std::string& other)

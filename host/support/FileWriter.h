@@ -27,7 +27,7 @@ public:
     FileWriter& operator=(const FileWriter&) = delete;
 
     /// Writes `text` at byte offset `at`, overwriting and extending the content. A failure leaves the content
-    /// unchanged.
+    /// unchanged. Fails after `commit` if the file has been removed or replaced.
     void write(std::string_view text, std::size_t at);
 
     /// Replaces the file with the temporary one. Later writes go directly to the file. If only the disk does not
@@ -47,8 +47,14 @@ private:
 /// Writes a file with this content by `FileWriter`.
 void writeWhole(const std::string& name, std::string_view content, Readers readers = Readers::AsBefore);
 
+/// Creates the folder, and those that it is in, if they do not exist. Throws an `InputError` with the reason.
+void createFolder(const std::filesystem::path& folder);
+
 /// Returns whether the file begins as a recording does, as any HDF5 file. False for a file that cannot be read.
 bool isRecordingFile(const std::string& name);
+
+/// Returns the absolute path of a file; the name itself if it is empty or the program's working folder has gone.
+std::string wholePath(const std::string& name);
 
 /// Returns true if both names lead to the same file, even if it does not exist yet.
 bool isSameFile(const std::string& name, const std::string& other);

@@ -43,12 +43,6 @@ bool lock(int file)
     return ::fcntl(file, F_OFD_SETLK, &wanted) == 0 || (errno != EAGAIN && errno != EACCES);
 }
 
-bool hasName(int file)
-{
-    struct stat status {};
-    return ::fstat(file, &status) != 0 || status.st_nlink > 0;
-}
-
 /// The lock is held while the file is removed, so that its program, if it has just been created, finds it gone.
 void removeUnlocked(const fs::path& path)
 {
@@ -88,7 +82,7 @@ bool TemporaryFile::create(const fs::path& path, mode_t permissions)
     file_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
     if (file_ < 0 && errno != EEXIST)
         failWith(errno);
-    if (file_ >= 0 && lock(file_) && hasName(file_)) {
+    if (file_ >= 0 && lock(file_) && hasName()) {
         path_ = path;
         return true;
     }
@@ -102,6 +96,12 @@ TemporaryFile::~TemporaryFile()
     if (!path_.empty())
         ::unlink(path_.c_str());
     ::close(file_);
+}
+
+bool TemporaryFile::hasName() const
+{
+    struct stat status {};
+    return ::fstat(file_, &status) != 0 || status.st_nlink > 0;
 }
 
 void TemporaryFile::moveTo(const fs::path& place)

@@ -18,6 +18,8 @@ public:
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     [[nodiscard]] int descriptor() const { return file_; }
+    /// False after the file has been removed or replaced.
+    [[nodiscard]] bool hasName() const;
     /// The temporary path; empty after `moveTo`.
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 

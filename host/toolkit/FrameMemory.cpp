@@ -51,17 +51,29 @@ Content parse(const std::string& text)
     return content;
 }
 
-/// Ignores a malformed file, because the window must open anyway. Throws an `InputError` if there is a file and it
-/// cannot be read.
-Content load(const std::string& file)
+/// Returns none for a missing or malformed file, because the window must work anyway. Throws an `InputError` if there
+/// is a file and it cannot be read.
+std::optional<Content> load(const std::string& file)
 {
     std::error_code unknown;
     if (std::filesystem::status(file, unknown).type() == std::filesystem::file_type::not_found)
-        return {};
+        return std::nullopt;
     try {
         return parse(readFile(file));
     } catch (const nlohmann::json::exception&) {
-        return {};
+        return std::nullopt;
+    }
+}
+
+/// Returns whether `act` succeeds; complains if not.
+bool attempt(const std::function<void()>& act)
+{
+    try {
+        act();
+        return true;
+    } catch (const InputError& error) {
+        complain(error.what());
+        return false;
     }
 }
 
@@ -74,28 +86,24 @@ void refuseMemory(const std::string& file, const std::string& memory)
 
 FrameMemory::FrameMemory(std::string file) : file_(std::move(file))
 {
-    if (file_.empty())
-        return;
-    try {
-        content_ = load(file_);
-    } catch (const InputError& error) {
-        complain(error.what());
-    }
+    refresh();
+}
+
+/// Returns whether the file may be written: one that cannot be read is left alone.
+bool FrameMemory::refresh()
+{
+    return !file_.empty() && attempt([this] { content_ = load(file_).value_or(content_); });
 }
 
 void FrameMemory::change(const std::function<void(Content&)>& change)
 {
-    if (file_.empty())
-        return change(content_);
-    try {
-        content_ = load(file_);
-        change(content_);
-        std::error_code ignored;
-        std::filesystem::create_directories(std::filesystem::path(file_).parent_path(), ignored);
-        writeWhole(file_, textOf(content_));
-    } catch (const InputError& error) {
-        complain(error.what());
-    }
+    const bool isKept = refresh();
+    change(content_);
+    if (isKept)
+        attempt([this] {
+            createFolder(folderOf(file_));
+            writeWhole(file_, textOf(content_));
+        });
 }
 
 std::string FrameMemory::folder() const

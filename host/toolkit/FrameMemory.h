@@ -15,13 +15,13 @@ public:
         QByteArray geometry, docks; ///< in the toolkit's encoding
     };
 
-    /// If `file` is empty, nothing is kept. A missing or malformed file counts as empty, and
-    /// so does, after a complaint on standard error, one that cannot be read.
+    /// If `file` is empty, nothing is kept. A file that is missing, malformed or, after a complaint on standard error,
+    /// cannot be read leaves the content as it is, at first empty.
     explicit FrameMemory(std::string file = {});
 
     [[nodiscard]] const Content& content() const { return content_; }
-    /// Reads the file again, changes its content and writes it. If that fails, the file is unchanged and the reason is
-    /// printed on standard error.
+    /// Reads the file again, changes its content and writes it. If that fails, only the content here is changed, and
+    /// the reason is printed on standard error.
     void change(const std::function<void(Content&)>& change);
 
     /// Returns the folder of the file; empty if nothing is kept.
@@ -34,6 +34,8 @@ public:
     static void refuseUsers(const std::string& file);
 
 private:
+    bool refresh();
+
     std::string file_;
     Content content_;
 };

@@ -45,20 +45,20 @@ void FrameAutosave::changed()
 
 void FrameAutosave::write()
 {
-    if (writing_.valid())
-        return timer_.start();
-    const auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
-    if (copy_ && kept_ && *now == *kept_)
-        return;
-    attempt([&] {
-        if (!copy_)
-            copy_ = UnsavedCopy::create(folder_);
-        writing_ = std::async(std::launch::async, [file = copy_->file(), now] { return writeCopy(file, *now); });
-        kept_ = now;
-        looking_.start();
-    });
-    if (!writing_.valid())
+    if (writing_.valid() || !attempt([this] { beginWriting(); }))
         timer_.start();
+}
+
+void FrameAutosave::beginWriting()
+{
+    const auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
+    if (copy_ && copy_->isLocked() && kept_ && *now == *kept_)
+        return;
+    if (!copy_ || !copy_->keepLocked())
+        copy_ = UnsavedCopy::create(folder_);
+    writing_ = std::async(std::launch::async, [file = copy_->file(), now] { return writeCopy(file, *now); });
+    kept_ = now;
+    looking_.start();
 }
 
 void FrameAutosave::written()
@@ -107,12 +107,14 @@ void FrameAutosave::end()
     drop();
 }
 
-void FrameAutosave::attempt(const std::function<void()>& act)
+bool FrameAutosave::attempt(const std::function<void()>& act)
 {
     try {
         act();
+        return true;
     } catch (const std::exception& error) {
         fail(error.what());
+        return false;
     }
 }
 

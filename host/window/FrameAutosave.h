@@ -48,11 +48,12 @@ private:
     static constexpr int usualDelay = 2000; ///< milliseconds
 
     void write();
+    void beginWriting();
     /// Does nothing while the copy is still being written.
     void written();
     void drop();
     void removeReplaced();
-    void attempt(const std::function<void()>& act);
+    bool attempt(const std::function<void()>& act);
     void fail(const std::string& reason);
     Answered offer(UnsavedCopy& copy, UserQuestions& questions, const UserActions::Action& action);
     static Recovery ask(const UnsavedCopy& copy, const UnsavedSetup& unsaved, UserQuestions& questions);

@@ -59,6 +59,7 @@ FrameInstruments::FrameInstruments(QMainWindow& window, const UserActions& actio
     history.handOver = [this](const HostInstruments& drivers, History::HandOver how) {
         handOver(drivers, how == History::HandOver::Restored);
     };
+    page.leaving = [this] { docks_.instruments().finishRename(); };
     InstrumentEditing& editing = docks.instruments().editing();
     editing.edit = [this](const InstrumentChange& change) { return edit(change); };
     editing.add = [this] { add(); };

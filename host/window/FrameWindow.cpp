@@ -8,6 +8,7 @@
 #include "widgets/support/Modal.h"
 #include "widgets/support/PlainText.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStatusBar>
@@ -109,11 +110,17 @@ void FrameWindow::handOverAsIs()
     handOver(!session().isChanged());
 }
 
+/// A dock that floats is a window of its own, whose keys reach the menus of this one.
+const QWidget* FrameWindow::focused() const
+{
+    const QWidget* const anywhere = QApplication::focusWidget();
+    return docks_.contains(anywhere) ? anywhere : focusWidget();
+}
+
 bool FrameWindow::isAvailable(std::int32_t command)
 {
-    const QWidget* const focused = focusWidget();
-    if (command != command::help && docks_.contains(focused))
-        return command == command::copy && driverLog().isAncestorOf(focused);
+    if (command != command::help && docks_.contains(focused()))
+        return command == command::copy && driverLog().isAncestorOf(focused());
     return page_.isAvailable(command);
 }
 
@@ -121,7 +128,7 @@ void FrameWindow::runCommand(std::int32_t command)
 {
     if (!isAvailable(command))
         return;
-    if (command != command::help && driverLog().isAncestorOf(focusWidget()))
+    if (command != command::help && driverLog().isAncestorOf(focused()))
         driverLog().copy();
     else
         page_.sendCommand(command);

@@ -101,6 +101,7 @@ private:
     void showAbout();
 
     // A command goes to the dock that has the focus, or to the page.
+    [[nodiscard]] const QWidget* focused() const;
     [[nodiscard]] bool isAvailable(std::int32_t command);
     void runCommand(std::int32_t command);
 

@@ -154,6 +154,9 @@ void PageHost::rebuild()
 bool PageHost::okToLeave()
 {
     const UserActions::Action action(actions_);
+    ko::raise(leaving);
+    if (action.isOver())
+        return false;
     bool allowed = false;
     capture_.host({"ok-to-leave"});
     document_->state().OKToLeave(allowed);

@@ -34,6 +34,8 @@ public:
 
     /// Called after a page has been made.
     std::function<void()> made;
+    /// Called before the page is asked whether it may be left.
+    std::function<void()> leaving;
     /// Called after each action of the user on the page.
     std::function<void()> actionDone;
     /// Called when the focus of the page may have moved.

@@ -64,7 +64,7 @@ bool chooseStart(RecordingPlan& plan, const SetupSession& session, UserQuestions
     if (nextMoment(plan.startTime, momentNow(session.clock())))
         return true;
     const Locale& locale = parts.platform.locale;
-    const DateTime tomorrow{today + 1.0 + (plan.startTime.days - std::floor(plan.startTime.days))};
+    const DateTime tomorrow{today + 1.0 + timePart(plan.startTime).days};
     switch (questions.pastStart(toQt(generalDate(plan.startTime, locale)), toQt(generalDate(tomorrow, locale)))) {
     case PastStart::Now: plan.startMode = startMode::immediately; return true;
     case PastStart::Tomorrow: plan.startTime = tomorrow; return true;

@@ -1,5 +1,6 @@
 #include "host/window/UnsavedCopies.h"
 
+#include "host/support/FileWriter.h"
 #include "host/support/InputError.h"
 #include "widgets/support/Convert.h"
 
@@ -16,19 +17,39 @@ constexpr const char* ending = ".unsaved";
 
 } // namespace
 
-UnsavedCopy::UnsavedCopy(std::string file)
-    : file_(std::move(file)), lock_(std::make_unique<QLockFile>(toQt(file_ + ".lock")))
+UnsavedCopy::UnsavedCopy(std::string file) : file_(std::move(file))
 {
+    lock();
+}
+
+void UnsavedCopy::lock()
+{
+    // An earlier lock would remove the file of this one.
+    lock_.reset();
+    lock_ = std::make_unique<QLockFile>(toQt(file_ + ".lock"));
     // The lock of a program that runs never expires.
     lock_->setStaleLockTime(0);
     if (!lock_->tryLock(0))
         lock_.reset();
 }
 
+bool UnsavedCopy::isLocked() const
+{
+    return lock_ && QFileInfo::exists(lock_->fileName());
+}
+
+bool UnsavedCopy::keepLocked()
+{
+    if (isLocked())
+        return true;
+    createFolder(folderOf(file_));
+    lock();
+    return lock_ != nullptr;
+}
+
 UnsavedCopy UnsavedCopy::create(const std::string& folder)
 {
-    std::error_code ignored;
-    std::filesystem::create_directories(folder, ignored);
+    createFolder(folder);
     UnsavedCopy copy(folder + "/" + fromQt(QUuid::createUuid().toString(QUuid::Id128)) + ending);
     if (!copy.lock_)
         throw InputError(copy.file_ + ": cannot be saved: the folder cannot be written");

@@ -17,6 +17,11 @@ public:
     /// machine that shares the folder is left alone.
     static std::vector<UnsavedCopy> abandoned(const std::string& folder);
 
+    /// Whether the lock is in the folder, from which it may have been removed.
+    [[nodiscard]] bool isLocked() const;
+    /// Locks the file anew, in its folder, if they have been removed. Returns false if another program has it now, or
+    /// the folder cannot be written; throws an `InputError` if it cannot be created.
+    [[nodiscard]] bool keepLocked();
     [[nodiscard]] const std::string& file() const { return file_; }
     [[nodiscard]] QDateTime time() const;
     /// Removes the file. Throws an `InputError` if that fails.
@@ -26,6 +31,7 @@ public:
 
 private:
     explicit UnsavedCopy(std::string file);
+    void lock();
 
     std::string file_;
     std::unique_ptr<QLockFile> lock_; ///< null if another program has the lock

@@ -25,6 +25,11 @@ constexpr std::int64_t floorDivide(std::int64_t dividend, std::int64_t divisor)
     return dividend % divisor < 0 ? quotient - 1 : quotient;
 }
 
+[[noreturn]] void failOutside()
+{
+    throw Failure(failure::invalidCall, "The date is outside of the years 100 to 9999");
+}
+
 bool areInValidYears(Seconds seconds)
 {
     return seconds >= firstDay * secondsPerDay && seconds < (lastDay + 1) * secondsPerDay;
@@ -33,7 +38,7 @@ bool areInValidYears(Seconds seconds)
 Seconds inValidYears(Seconds seconds)
 {
     if (!areInValidYears(seconds))
-        fail(failure::invalidCall);
+        failOutside();
     return seconds;
 }
 
@@ -51,7 +56,7 @@ Seconds roundedSeconds(DateTime time)
 Seconds toSeconds(DateTime time)
 {
     if (!isInValidYears(time))
-        fail(failure::invalidCall);
+        failOutside();
     return roundedSeconds(time);
 }
 
@@ -91,7 +96,7 @@ DateTime dateSerial(int year, int month, int day)
     const std::int64_t monthsBefore = static_cast<std::int64_t>(month) - 1;
     const std::int64_t carriedYear = year + floorDivide(monthsBefore, 12);
     if (std::abs(carriedYear) > mostYears)
-        fail(failure::invalidCall);
+        failOutside();
     const auto monthInYear = static_cast<unsigned>(monthsBefore - floorDivide(monthsBefore, 12) * 12) + 1;
     const sys_days first = year_month_day(std::chrono::year(static_cast<int>(carriedYear)),
                                           std::chrono::month(monthInYear), std::chrono::day(1));
@@ -125,7 +130,7 @@ DateTime dateAdd(TimeUnit unit, double amount, DateTime time)
     constexpr double mostSeconds = 1e12; // seconds; more than between any two valid times
     const double seconds = amount * secondsPerUnit(unit);
     if (!(std::abs(seconds) < mostSeconds))
-        fail(failure::invalidCall);
+        failOutside();
     return fromSeconds(toSeconds(time) + std::llround(seconds));
 }
 

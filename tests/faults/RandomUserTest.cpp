@@ -28,8 +28,8 @@ bool isOwn(const std::string& report)
         "txtStartTime_Change 13: Type mismatch",
         "txtStopTime_Change 13: Type mismatch",
         "updateDiskSpace 6: Overflow",
-        "updateActualDuration 5: Invalid procedure call or argument",
-        "optStopTime_Click 5: Invalid procedure call or argument",
+        "updateActualDuration 5: The date is outside of the years 100 to 9999",
+        "optStopTime_Click 5: The date is outside of the years 100 to 9999",
     };
     return std::any_of(std::begin(own), std::end(own),
                        [&](const char* text) { return report == std::string("KoTimebaseEditor:") + text; });

@@ -184,6 +184,9 @@ TEST_F(SetupSessionTest, ReloadingIsOfferedOnceForEachWholeSetupWhileNothingHasC
     EXPECT_EQ(offered(R"({"drivers": )"), "") << "is still being written";
     EXPECT_EQ(offered(first), "reload ");
     EXPECT_EQ(offered(first), "");
+    user.conflict = Conflict::Overwrite;
+    EXPECT_TRUE(session.save(user));
+    EXPECT_EQ(offered(first), "reload ") << "written again after it was overwritten here";
     session.setChanged(true);
     EXPECT_EQ(offered(R"({"drivers": [{"name": "C"}]})"), "");
     session.setChanged(false);

@@ -202,6 +202,32 @@ TEST_F(AutosaveTest, ACopyThatCannotBeWrittenIsReportedOnceAndTheNextOneIsWritte
     EXPECT_TRUE(QTest::qWaitFor([&] { return reports.topLevelItemCount() == 2; })) << "again, after it has worked";
 }
 
+TEST_F(AutosaveTest, TheCopyIsWrittenAndLockedAgainAfterTheFoldersHaveGone)
+{
+    const fs::path work = folder / "work";
+    fs::create_directory(work);
+    fs::rename(bench, work / "bench.json");
+    const fs::path here = fs::current_path();
+    fs::current_path(work);
+    const auto window = start("bench.json");
+    fs::current_path(here);
+    fs::remove_all(work);
+    for (const std::string duration : {"1", "2", "3"}) {
+        if (duration == "2")
+            fs::remove_all(folder / "memory");
+        if (duration == "3")
+            fs::remove(copies(".lock").at(0));
+        window->page().view().act([&] { window->document().page().txtDuration.userReplaced(duration, 1, 0); });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return copies().size() == 1 && copies(".lock").size() == 1; })) << duration;
+    }
+    restart(Recovery::Restore);
+    EXPECT_EQ(user.offeredCopy, "") << "its program runs";
+    fs::create_directory(work);
+    user.conflict = Conflict::Overwrite;
+    window->files().save();
+    EXPECT_TRUE(fs::exists(work / "bench.json")) << user.told;
+}
+
 TEST_F(AutosaveTest, ADamagedCopyIsNamedAndKeptWhereverItEnds)
 {
     {

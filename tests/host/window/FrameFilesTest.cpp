@@ -140,6 +140,14 @@ TEST_F(FrameFilesTest, SettingsKeepEightFilesAndThePlaceOfTheDocks)
     second.show();
     EXPECT_TRUE(second.findChild<QDockWidget*>("driverLog")->isVisible());
     EXPECT_FALSE(second.findChild<QDockWidget*>("instruments")->isVisible());
+    std::filesystem::remove_all(folder.path / "new");
+    RecentFiles(content).add("/10.json");
+    EXPECT_EQ(RecentFiles(content).files().size(), RecentFiles::most);
+    EXPECT_EQ(FrameMemory(memory).content().geometry, content.content().geometry) << "nothing known is lost";
+    testing::internal::CaptureStderr();
+    FrameMemory(bench + "/in/window.json").change([](FrameMemory::Content&) {});
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_NE(told.find(bench + "/in: cannot be created: Not a directory"), std::string::npos) << told;
 }
 
 TEST_F(FrameFilesTest, ANewSetUpBeginsWithATemplateAndAsksForItsFileWhenItIsSaved)

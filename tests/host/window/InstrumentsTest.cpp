@@ -188,20 +188,6 @@ TEST_F(InstrumentsTest, AnOperationIsMadeToFailAndHealedAgain)
     EXPECT_EQ(value({"Digitizer"}), "");
 }
 
-TEST_F(InstrumentsTest, WhatIsDoneToTheInstrumentsIsCaptured)
-{
-    const std::string scenario = folder.file("a.scenario");
-    window.capture().startFromHere(scenario);
-    rows.setData(row({"Digitizer", "Inputs", "0:2"}), Qt::Checked, Qt::CheckStateRole);
-    window.instruments().faultChanged(driver(), "SamplePeriod set", true);
-    window.instruments().faultChanged(driver(), "", false);
-    window.capture().stop();
-    const QString lines = toQt(readFile(scenario));
-    EXPECT_TRUE(lines.contains("\nenable 0 0 1 1\nshow\ndrivers-changed\n")) << lines.toStdString();
-    EXPECT_TRUE(lines.contains("\nfail 0 \"SamplePeriod set\"\n"));
-    EXPECT_TRUE(lines.contains("\nheal 0\n"));
-}
-
 TEST_F(InstrumentsTest, TheLogShowsWritesKeptValuesAndFailuresAndCanBeCopied)
 {
     log.clear();
@@ -245,11 +231,23 @@ TEST_F(InstrumentsTest, EditKeysInADockLeaveThePageAlone)
     QTest::mouseClick(&box, Qt::LeftButton);
     box.selectAll();
     ASSERT_EQ(page().txtDuration.text(), "25.6");
-    tree.setFocus();
-    ASSERT_EQ(QApplication::focusWidget(), &tree);
-    QTest::keyClick(&tree, Qt::Key_Delete);
-    QTest::keyClick(&tree, Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(page().txtDuration.text(), "25.6");
+    QDockWidget& dock = window.driverLog();
+    for (const bool isFloating : {false, true}) {
+        dock.setFloating(isFloating);
+        ASSERT_TRUE(QTest::qWaitFor([&] {
+            dock.window()->activateWindow();
+            return dock.isActiveWindow();
+        }));
+        dock.setFocus();
+        QWidget* const focused = QApplication::focusWidget();
+        ASSERT_TRUE(dock.isAncestorOf(focused));
+        QTest::keyClick(focused, Qt::Key_Delete);
+        QTest::keyClick(focused, Qt::Key_X, Qt::ControlModifier);
+        EXPECT_EQ(page().txtDuration.text(), "25.6");
+        QTest::keyClick(focused, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_TRUE(QApplication::clipboard()->text().contains("Duration set"));
+        QApplication::clipboard()->clear();
+    }
 }
 
 TEST_F(InstrumentsTest, TheLogIsBoundedAndItsLatestRowsStay)

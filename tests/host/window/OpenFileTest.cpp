@@ -75,16 +75,9 @@ TEST_F(OpenFileTest, AFileThatIsOpenIsNotWrittenAsSomethingElse)
     std::filesystem::copy(bench, scenario + ".setup.json");
     window.open(scenario + ".setup.json");
     EXPECT_THROW(window.capture().startFromHere(scenario), InputError);
-    window.open(bench);
-    window.capture().startFromHere(scenario);
-    const std::string captured = readFile(scenario);
-    user.saveAs = scenario;
-    action(hostText::fileMenu, hostText::saveAs).trigger();
-    EXPECT_NE(user.told.find("is the scenario that is captured"), std::string::npos);
-    EXPECT_EQ(readFile(scenario).find(captured), 0U);
 }
 
-TEST_F(OpenFileTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsTheFileAndThePage)
+TEST_F(OpenFileTest, AValidEntryAndANameThatAreStillTypedAreSavedAndAnInvalidOneKeepsTheFileAndThePage)
 {
     window.open(file("range.json", R"({"drivers": [{"name": "A", "samplingMode": 2,
         "timebase": {"scanPeriod": {"value": 1, "range": [0.5, 2]}}}]})"));
@@ -95,6 +88,15 @@ TEST_F(OpenFileTest, AValidEntryThatIsStillTypedIsSavedAndAnInvalidOneKeepsTheFi
     QTest::keyClicks(&box, "1.5");
     QTest::keyClick(&box, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(loadSetup(window.session().file()).instruments.at(0).timebase->scanPeriod.value, 1.5);
+    action(hostText::viewMenu, hostText::instruments).trigger();
+    auto& tree = *window.instruments().findChild<QTreeView*>();
+    tree.setCurrentIndex(tree.model()->index(0, 0));
+    press(Qt::Key_F2);
+    QTest::keyClicks(window.focusWidget(), "B");
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(loadSetup(window.session().file()).instruments.at(0).name, "B");
+    EXPECT_FALSE(window.isWindowModified());
+    QTest::mouseClick(&box, Qt::LeftButton);
     QTest::keyClicks(&box, "x");
     QString told;
     answer(told);

@@ -249,10 +249,14 @@ TEST_F(PropertiesTest, CellsOfTriggerParametersAreTypedOrChosenAndRowsAddedAndRe
     table->setCurrentCell(1, 0);
     box<QPushButton>(dialog, "removeParameter").click();
     EXPECT_EQ(table->rowCount(), 1);
+    table->setCurrentCell(0, 1);
+    table->edit(table->currentIndex());
+    QTest::keyClicks(dialog.focusWidget(), "Slope");
     dialog.accept();
     const auto parameters = driver(0).held().groups[0].channels[1].triggerParameters;
     ASSERT_EQ(parameters.size(), 1U);
     EXPECT_EQ(parameters[0].role, "slope");
+    EXPECT_EQ(parameters[0].name, "Slope") << "still typed";
     EXPECT_EQ(parameters[0].value, Value("Falling"));
 }
 

@@ -30,13 +30,7 @@ protected:
     QMenu& edit() { return *window.menuBar()->actions()[1]->menu(); }
     QAction& menuEntry(int place) { return *edit().actions()[place]; }
     std::size_t position() { return window.history().steps().position(); }
-    void check(bool on)
-    {
-        InstrumentsModel& rows = window.instruments().model();
-        for (int row = 0; row < rows.rowCount(rows.index(0, 0)); ++row)
-            if (const QModelIndex at = rows.index(row, 0, rows.index(0, 0)); at.data() == "G")
-                rows.setData(rows.index(0, 0, at), on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
-    }
+    void check(bool on) { window.instruments().model().enable(driver(), 0, 0, on); }
 };
 
 TEST_F(UndoTest, KeysUndoAndRedoEditsAndTheMarkFollowsTheSavedState)
