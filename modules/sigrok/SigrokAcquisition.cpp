@@ -17,13 +17,14 @@ const ChannelSettings& settingsAt(const InstrumentSettings& settings, std::int32
     return settings.groups[static_cast<std::size_t>(group)].channels[static_cast<std::size_t>(channel)];
 }
 
-constexpr double most = 2e9; // samples that a host can order
+constexpr double mostOrdered = 2e9; // samples that a host can order
 
 /// The samples that the host will order: whole blocks for the duration.
 double samplesFor(const ArmedSettings& settings)
 {
     const double samples = std::max(widen(settings.duration) / settings.period, 0.0);
-    return samples < most ? std::round(wholeBlocks(samples, static_cast<std::int32_t>(settings.blockSize))) : samples;
+    return samples < mostOrdered ? std::round(wholeBlocks(samples, static_cast<std::int32_t>(settings.blockSize)))
+                                 : samples;
 }
 
 } // namespace
@@ -42,7 +43,8 @@ ArmedSettings SigrokAcquisition::settingsToArm() const
     if (settings.trigger) {
         const auto ratio = captureRatioOf(settingsAt(held_, settings.trigger->group, settings.trigger->channel));
         const double samples = samplesFor(settings) * std::clamp(ratio.value_or(0), 0, 100) / 100.0;
-        settings.trigger->pretrigger = std::isfinite(samples) ? static_cast<std::int64_t>(std::min(samples, most)) : 0;
+        settings.trigger->pretrigger =
+            std::isfinite(samples) ? static_cast<std::int64_t>(std::min(samples, mostOrdered)) : 0;
     }
     return settings;
 }
