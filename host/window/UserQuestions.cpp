@@ -34,7 +34,8 @@ Unsaved BoxQuestions::keepChanges()
 std::string BoxQuestions::fileToOpen()
 {
     const QString folder = QFileInfo(toQt(session_.opened())).path();
-    const QString all = QStringLiteral("%1 (*.json *.h5)").arg(texts_(textNumber::record::setupsAndRecordings));
+    // Earlier recordings have ~ after their name.
+    const QString all = QStringLiteral("%1 (*.json *.h5 *.h5~*)").arg(texts_(textNumber::record::setupsAndRecordings));
     Modal<QFileDialog> dialog(&window_, texts_(hostText::openTitle), folder, all + ";;" + filter());
     dialog->setFileMode(QFileDialog::ExistingFile);
     return dialog.isAccepted() ? fromQt(dialog->selectedFiles().value(0)) : std::string();

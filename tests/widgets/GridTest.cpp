@@ -210,6 +210,7 @@ TEST_F(GridView, AnEditIsTypedSelectedRefusedCorrectedAndDropped)
     QTest::keyClicks(editor(), "12");
     EXPECT_EQ(typed, (QStringList{"1", "12"}));
     EXPECT_EQ(editor()->accessibleName(), "Level");
+    EXPECT_TRUE(editor()->alignment().testFlag(Qt::AlignRight));
     const QWidget* mark = editor()->findChild<EntryMark*>();
     ASSERT_TRUE(mark && mark->isVisible());
     EXPECT_EQ(editor()->accessibleDescription(), "3009. The parameters");

@@ -20,6 +20,7 @@ TEST(ChartRowTest, AScaleHasRoomForItsValuesAndStaysWhileTheyFit)
         const double high = low + static_cast<double>(random() % 100) * size;
         scale = scale.fitted(low, high);
         ASSERT_TRUE(scale.low <= low && scale.high >= high && scale.high > scale.low) << low << " " << high;
+        ASSERT_TRUE(high == low || high - low > 0.39 * (scale.high - scale.low)) << low << " " << high;
         const ChartScale kept = scale.fitted(low, high);
         ASSERT_TRUE(high == low || (kept.low == scale.low && kept.high == scale.high)) << low << " " << high;
     }

@@ -114,7 +114,8 @@ TEST(SetupEditTest, AsManyElementsAsCanBeStayAndOneBetweenThemIsChangedInPlace)
     ko::Setup setup = parseSetup(text, "");
     for (const auto& [choices, edited] :
          {std::pair(std::vector<double>{3, 4, 1, 5, 9}, "[3/*c*/, 4/*d*/, 1.0, 5, 9.0]"),
-          {{1, 7, 3, 4, 5, 6}, "[1/*a*/, 7.0/*b*/, 3/*c*/, 4/*d*/, 5, 6.0]"}}) {
+          {{1, 7, 3, 4, 5, 6}, "[1/*a*/, 7.0/*b*/, 3/*c*/, 4/*d*/, 5, 6.0]"},
+          {{7, 2, 3, 4, 5, 6}, "[7.0/*a*/, 2/*b*/, 3/*c*/, 4/*d*/, 5, 6.0]"}}) {
         setup.instruments[0].timebase->samplePeriod.choices = choices;
         EXPECT_NE(editedText(text, setup).find(edited), std::string::npos) << editedText(text, setup);
     }

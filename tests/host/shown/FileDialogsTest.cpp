@@ -41,7 +41,7 @@ TEST_F(FileDialogsTest, EachOffersItsKindsOfFilesBesideTheSetUp)
         const char *typed, *file, *shown;
     } cases[]{
         {&BoxQuestions::fileToOpen, "bench.json", "bench.json",
-         "Open Set-up|Set-ups and recordings (*.json *.h5);Set-up files (*.json);All files (*)||open|"},
+         "Open Set-up|Set-ups and recordings (*.json *.h5 *.h5~*);Set-up files (*.json);All files (*)||open|"},
         {&BoxQuestions::fileToSave, "other 1.2", "other 1.2.json",
          "Save Set-up|Set-up files (*.json);All files (*)|json|save|bench"},
         {&BoxQuestions::fileForSheet, "sheet", "sheet.html",
