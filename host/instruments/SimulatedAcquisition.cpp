@@ -1,6 +1,7 @@
 #include "host/instruments/SimulatedAcquisition.h"
 
 #include "host/instruments/KeptInstrument.h"
+#include "platform/Counts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,15 +15,6 @@ bool crosses(double before, double now, double level, Slope slope)
     const bool rises = before < level && level <= now;
     const bool falls = before > level && level >= now;
     return slope == Slope::Rising ? rises : slope == Slope::Falling ? falls : rises || falls;
-}
-
-/// The first sample not before `seconds`; a sample that only rounding places before it counts.
-std::int64_t firstNotBefore(double seconds, double period)
-{
-    const double periods = seconds / period;
-    const double whole = std::round(periods);
-    const bool isWhole = std::abs(periods - whole) <= 1e-9 * std::max(1.0, whole);
-    return static_cast<std::int64_t>(isWhole ? whole : std::ceil(periods));
 }
 
 } // namespace
@@ -42,7 +34,7 @@ public:
             if (order_.onTrigger)
                 awaitTrigger(stop);
             else
-                next_ = firstNotBefore(order_.notBefore, armed_.settings.period);
+                next_ = static_cast<std::int64_t>(firstNotBefore(order_.notBefore / armed_.settings.period));
             deliver(stop);
         } catch (const std::exception& error) {
             reason = error.what();

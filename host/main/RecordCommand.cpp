@@ -21,24 +21,36 @@ namespace {
 
 volatile std::sig_atomic_t isInterrupted = 0;
 
-/// Turns the first interrupt into a wish to stop; the second one ends the program.
+/// Turns the first interrupt into a wish to stop, and so a terminal that is closed, unless that is ignored; the second
+/// one ends the program. One that reads its progress may end before it.
 class Interrupts {
 public:
     Interrupts()
     {
         for (const int signal : {SIGINT, SIGTERM})
-            std::signal(signal, [](int number) {
-                isInterrupted = 1;
-                std::signal(number, SIG_DFL);
-            });
+            std::signal(signal, stop);
+        if (hungUp_ != SIG_IGN)
+            std::signal(SIGHUP, stop);
     }
     ~Interrupts()
     {
         std::signal(SIGINT, SIG_DFL);
         std::signal(SIGTERM, SIG_DFL);
+        std::signal(SIGHUP, hungUp_);
+        std::signal(SIGPIPE, broken_);
     }
     Interrupts(const Interrupts&) = delete;
     Interrupts& operator=(const Interrupts&) = delete;
+
+private:
+    static void stop(int signal)
+    {
+        isInterrupted = 1;
+        std::signal(signal, SIG_DFL);
+    }
+
+    void (*hungUp_)(int) = std::signal(SIGHUP, SIG_IGN);
+    void (*broken_)(int) = std::signal(SIGPIPE, SIG_IGN);
 };
 
 /// The progress on standard error: one line that is overwritten in a terminal, else a line now and then.

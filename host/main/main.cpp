@@ -96,7 +96,7 @@ void checkSource(const ko::CommandLine& line)
 {
     if (!line.startFrom.empty() && !line.setup.empty())
         throw ko::InputError("--new " + line.startFrom + ": begins without a set-up file, " + line.setup);
-    if (!line.startFrom.empty() && !line.settings.isGiven())
+    if (!line.startFrom.empty() && !line.settings.isGiven() && !line.recording.isGiven())
         throw ko::InputError("--new " + line.startFrom + ": needs --save FILE");
     if (line.setup.empty() && line.startFrom.empty())
         throw ko::InputError("give a set-up file, e.g. korvell-host bench.json --list");

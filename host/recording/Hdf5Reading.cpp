@@ -59,7 +59,7 @@ template <class Number> Number attributeOf(hid_t object, const char* name, hid_t
 
 Hdf5File openedToRead(const std::string& file)
 {
-    refuseDevice(file);
+    refuseDevice(file, Pipes::Refused);
     beginHdf5();
     try {
         Hdf5File opened(H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT));

@@ -2,12 +2,17 @@
 
 #include "platform/DateTimes.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <set>
 
 namespace ko {
 
 namespace {
+
+/// With a year of four digits in every time zone.
+constexpr Moment lastMoment{std::chrono::seconds(253402214400)};
 
 std::tm localTime(Moment moment)
 {
@@ -18,17 +23,39 @@ std::tm localTime(Moment moment)
     return local;
 }
 
-/// The moment of a time of day, some days after the day of `moment`.
-Moment onDayOf(Moment moment, int days, DateTime time)
+/// What the local clock shows on a day at a time of day.
+std::tm onDay(std::tm day, const DateParts& time)
 {
-    const DateParts parts = dateParts(time);
-    std::tm local = localTime(moment);
-    local.tm_mday += days;
-    local.tm_hour = parts.hour;
-    local.tm_min = parts.minute;
-    local.tm_sec = parts.second;
-    local.tm_isdst = -1;
-    return Moment(std::chrono::seconds(std::mktime(&local)));
+    day.tm_hour = time.hour;
+    day.tm_min = time.minute;
+    day.tm_sec = time.second;
+    return day;
+}
+
+std::tm dayOf(const DateParts& date)
+{
+    std::tm day{};
+    day.tm_year = date.year - 1900;
+    day.tm_mon = date.month - 1;
+    day.tm_mday = date.day;
+    return day;
+}
+
+/// The first moment from `earliest` on at which the local clock shows this, else the last one. It shows a time twice
+/// when summer time ends; a time that is left out when summer time begins is taken as if it were not.
+Moment momentAt(const std::tm& shown, Moment earliest)
+{
+    std::set<Moment> moments;
+    for (const int summer : {0, 1, -1}) {
+        std::tm local = shown;
+        local.tm_isdst = summer;
+        const Moment moment{std::chrono::seconds(std::mktime(&local))};
+        const bool isLeftOut = summer < 0 && moments.empty();
+        if (local.tm_isdst == summer || isLeftOut)
+            moments.insert(moment);
+    }
+    const auto found = moments.lower_bound(earliest);
+    return found == moments.end() ? *moments.rbegin() : *found;
 }
 
 } // namespace
@@ -40,22 +67,15 @@ Moment momentNow(const std::optional<DateTime>& standing)
 
 Moment later(Moment moment, double seconds)
 {
-    using std::chrono::duration;
-    return moment + std::chrono::round<Moment::duration>(duration<double>(seconds));
+    const std::chrono::duration<double> time(seconds);
+    const Moment last = std::max(lastMoment, moment);
+    return time < last - moment ? moment + std::chrono::round<Moment::duration>(time) : last;
 }
 
 Moment momentOf(DateTime time)
 {
     const DateParts parts = dateParts(time);
-    std::tm local{};
-    local.tm_year = parts.year - 1900;
-    local.tm_mon = parts.month - 1;
-    local.tm_mday = parts.day;
-    local.tm_hour = parts.hour;
-    local.tm_min = parts.minute;
-    local.tm_sec = parts.second;
-    local.tm_isdst = -1;
-    return Moment(std::chrono::seconds(std::mktime(&local)));
+    return momentAt(onDay(dayOf(parts), parts), Moment::min());
 }
 
 std::string isoText(Moment moment)
@@ -74,12 +94,15 @@ std::string isoText(Moment moment)
 std::optional<Moment> nextMoment(DateTime time, Moment now)
 {
     const Moment second = std::chrono::floor<std::chrono::seconds>(now);
-    if (time.hasDate()) {
-        const Moment moment = momentOf(time);
-        return moment < second ? std::nullopt : std::optional(moment);
-    }
-    const Moment today = onDayOf(now, 0, time);
-    return today < second ? onDayOf(now, 1, time) : today;
+    const DateParts parts = dateParts(time);
+    std::tm day = time.hasDate() ? dayOf(parts) : localTime(now);
+    const Moment first = momentAt(onDay(day, parts), second);
+    if (first >= second)
+        return first;
+    if (time.hasDate())
+        return std::nullopt;
+    ++day.tm_mday;
+    return momentAt(onDay(day, parts), second);
 }
 
 } // namespace ko

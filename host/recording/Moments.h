@@ -14,7 +14,7 @@ using Moment = std::chrono::time_point<std::chrono::system_clock, std::chrono::m
 /// Returns the standing clock's time; the system clock's if there is none.
 Moment momentNow(const std::optional<DateTime>& standing);
 
-/// Returns `moment` plus `seconds`.
+/// Returns `moment` plus `seconds`, at most the last day of the year 9999.
 Moment later(Moment moment, double seconds);
 
 /// Returns the moment at which the local clock shows this date and time. Fails with a `Failure` for an invalid one.

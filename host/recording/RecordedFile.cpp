@@ -25,7 +25,7 @@ RecordedFile::RecordedFile(std::string name, const RecordedHead& head,
                            const std::vector<RecordedInstrument>& instruments)
     : name_(std::move(name))
 {
-    refuseDevice(name_);
+    refuseDevice(name_, Pipes::Refused);
     beginHdf5();
     // Under its own name the file appears when it can be read.
     try {

@@ -21,6 +21,8 @@ Recorder::Recorder(Instruments instruments, RecordingPlan plan, RecordingOptions
     : instruments_(std::move(instruments)), plan_(std::move(plan)), options_(std::move(options)),
       isRealTime_(options_.isPaced || plan_.isRealTime), start_(now()), queue_(options_.queueBytes)
 {
+    // A device cannot be hurried, and without a standing clock its samples have the time at which they come.
+    options_.isPaced = options_.isPaced || (plan_.isRealTime && !options_.clock);
     if (!options_.freeBytes)
         options_.freeBytes = [file = options_.file] { return freeBytesFor(file); };
     if (plan_.startMode == startMode::atTime) {
@@ -100,7 +102,8 @@ void Recorder::begin()
 {
     origin_ = Clock::now();
     tick_ = origin_ + options_.flushInterval;
-    if (options_.isPaced && plan_.startMode != startMode::atTime)
+    // A start time may have passed by a moment, and by hours on a machine that was asleep.
+    if (options_.isPaced)
         start_ = now();
     for (const auto& track : tracks_)
         if (track->plan.starts != StartsOn::StartLine)

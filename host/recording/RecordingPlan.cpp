@@ -1,5 +1,6 @@
 #include "host/recording/RecordingPlan.h"
 
+#include "platform/Counts.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"

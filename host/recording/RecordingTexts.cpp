@@ -83,7 +83,7 @@ std::string progressText(const RecordingProgress& progress)
         lost += instrument.lost;
         clipped = std::accumulate(instrument.clipped.begin(), instrument.clipped.end(), clipped);
     }
-    char text[160];
+    char text[512]; // with room for any number
     std::snprintf(text, sizeof text, "%s, %.1f s, %s, %lld samples lost", activity(progress.state), progress.elapsed,
                   byteText(bytes).c_str(), static_cast<long long>(lost));
     return clipped > 0 ? text + (", " + std::to_string(clipped)) + " clipped" : text;

@@ -2,6 +2,7 @@
 
 #include "host/recording/Hdf5.h"
 #include "host/recording/Moments.h"
+#include "host/setup/SetupFile.h"
 #include "host/support/InputError.h"
 #include "host/support/TemporaryFile.h"
 
@@ -50,6 +51,7 @@ template <class Act> void reporting(const std::string& file, const Act& act)
 
 bool clearUnfinished(const std::string& file)
 {
+    refuseDevice(file, Pipes::Refused);
     beginHdf5();
     const auto opens = [&](unsigned how) { return Hdf5File(H5Fopen(file.c_str(), how, H5P_DEFAULT)).id() >= 0; };
     const bool isUnfinished = !opens(H5F_ACC_RDONLY) && opens(H5F_ACC_RDONLY | H5F_ACC_SWMR_READ);

@@ -24,10 +24,7 @@ public:
 
     void show(const std::string& text, const std::string& /*title*/, int /*style*/) override
     {
-        // A value with its unit may be refused twice.
-        auto& messages = page_.reaction_.messages;
-        if (std::find(messages.begin(), messages.end(), text) == messages.end())
-            messages.push_back(text);
+        keep(page_.reaction_, text);
     }
 
     void showModal(Form& form) override
@@ -51,13 +48,21 @@ public:
     Platform platform;
 
 private:
+    /// A value with its unit may be refused twice, and a device that is missing fails again and again.
+    static void keep(Reaction& reaction, const std::string& message)
+    {
+        auto& messages = reaction.messages;
+        if (std::find(messages.begin(), messages.end(), message) == messages.end())
+            messages.push_back(message);
+    }
+
     class Errors final : public ErrorReporter {
     public:
         explicit Errors(Reaction& reaction) : reaction_(reaction) {}
         void ReportError(std::int32_t /*number*/, const std::string& source, const std::string& description,
                          std::int32_t /*helpContext*/, const std::string& /*helpFile*/, bool /*log*/) override
         {
-            reaction_.messages.push_back(source + ": " + description);
+            keep(reaction_, source + ": " + description);
         }
 
     private:

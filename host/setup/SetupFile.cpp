@@ -51,17 +51,16 @@ Setup loadSetup(const std::string& file)
     return parseSetup(readFile(file), file);
 }
 
-void refuseDevice(const std::string& file)
+void refuseDevice(const std::string& file, Pipes pipes)
 {
     using std::filesystem::file_type;
     std::error_code unknown;
-    switch (std::filesystem::status(file, unknown).type()) {
-    case file_type::directory: throw InputError(file + ": is a folder");
-    case file_type::block:
-    case file_type::character:
-    case file_type::socket: throw InputError(file + ": is no file");
-    default: break;
-    }
+    const file_type type = std::filesystem::status(file, unknown).type();
+    if (type == file_type::directory)
+        throw InputError(file + ": is a folder");
+    const bool isPipe = type == file_type::fifo && pipes == Pipes::Refused;
+    if (isPipe || type == file_type::block || type == file_type::character || type == file_type::socket)
+        throw InputError(file + ": is no file");
 }
 
 std::ifstream openFile(const std::string& file)

@@ -27,9 +27,11 @@ Setup loadSetup(const std::string& file);
 /// Opens a file that is no device, to read its bytes. Throws an `InputError`.
 std::ifstream openFile(const std::string& file);
 
-/// Throws an `InputError` for a folder, and for a device or a socket, which may block its reader or never end. Accepts
-/// a pipe.
-void refuseDevice(const std::string& file);
+enum class Pipes { Taken, Refused };
+
+/// Throws an `InputError` for a folder, for a device or a socket, which may block its reader or never end, and for a
+/// pipe where it is `Refused`, as it is where a file is read at any place.
+void refuseDevice(const std::string& file, Pipes pipes = Pipes::Taken);
 
 /// Returns the whole content of a file that is no device. Throws an `InputError`.
 std::string readFile(const std::string& file);

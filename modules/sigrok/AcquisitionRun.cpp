@@ -4,6 +4,7 @@
 #include "modules/sigrok/LatestValues.h"
 #include "modules/sigrok/PacketJoiner.h"
 #include "modules/sigrok/SampleRates.h"
+#include "platform/Counts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@ namespace {
 std::unique_ptr<Intake> intakeFor(const ArmedDevice& armed, const AcquisitionOrder& order, BlockSink& sink)
 {
     const double period = armed.settings.period;
-    const auto first = static_cast<std::int64_t>(std::ceil(order.notBefore / period - 1e-9));
+    const auto first = static_cast<std::int64_t>(firstNotBefore(order.notBefore / period));
     if (!armed.settings.isDynamic)
         return std::make_unique<LatestValues>(armed.channels.size(), period, order.samples, first, sink);
     const std::int64_t pretrigger = armed.settings.trigger ? armed.settings.trigger->pretrigger : 0;
@@ -46,11 +47,11 @@ std::optional<Session::Trigger> triggerFor(const ArmedDevice& armed, const Acqui
 
 } // namespace
 
-AcquisitionRun::AcquisitionRun(Device& device, ArmedDevice armed, const AcquisitionOrder& order, BlockSink& sink,
-                               Units& units)
-    : armed_(std::move(armed)), order_(order), sink_(sink), units_(units), intake_(intakeFor(armed_, order, sink)),
-      measured_(armed_.channels.size()),
-      session_(device, triggerFor(armed_, order), *this, intervalFor(armed_.settings))
+AcquisitionRun::AcquisitionRun(std::shared_ptr<Device> device, ArmedDevice armed, const AcquisitionOrder& order,
+                               BlockSink& sink, std::shared_ptr<Units> units)
+    : device_(std::move(device)), armed_(std::move(armed)), order_(order), sink_(sink), units_(std::move(units)),
+      intake_(intakeFor(armed_, order, sink_)), measured_(armed_.channels.size()),
+      session_(*device_, triggerFor(armed_, order), *this, intervalFor(armed_.settings))
 {
 }
 
@@ -58,6 +59,15 @@ void AcquisitionRun::start()
 {
     begun_ = now();
     session_.start();
+}
+
+bool AcquisitionRun::stopWithin(std::chrono::milliseconds time)
+{
+    session_.requestStop();
+    if (sink_.awaitEnd(time))
+        return true;
+    sink_.ended(0, "the device does not stop");
+    return false;
 }
 
 double AcquisitionRun::now() const
@@ -161,7 +171,7 @@ void AcquisitionRun::takeUnit(std::size_t place, const sr_datafeed_analog& analo
     measured_[place] = analog.meaning->unit;
     ArmedChannel& channel = armed_.settings.channels[place];
     const std::string unit = unitText(analog.meaning->unit);
-    units_.set(channel.address, unit);
+    units_->set(channel.address, unit);
     if (!channel.unit.empty() && channel.unit != unit)
         throw Failure(failure::unspecified,
                       "channel " + channel.name + " measures \"" + unit + "\", not \"" + channel.unit + "\"");

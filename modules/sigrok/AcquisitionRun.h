@@ -1,6 +1,7 @@
 #pragma once
 
 #include "modules/sigrok/Intake.h"
+#include "modules/sigrok/LentSink.h"
 #include "modules/sigrok/Session.h"
 #include "modules/sigrok/Units.h"
 
@@ -16,12 +17,16 @@ struct ArmedDevice {
 /// One acquisition: takes the packets of a session, and passes their samples on.
 class AcquisitionRun final : private SessionClient {
 public:
-    /// Fails with a `Failure`. `units` gets the units that the device measures in.
-    AcquisitionRun(Device& device, ArmedDevice armed, const AcquisitionOrder& order, BlockSink& sink, Units& units);
+    /// Fails with a `Failure`. The device stays open while the run lives. `units` gets the units that it measures in.
+    AcquisitionRun(std::shared_ptr<Device> device, ArmedDevice armed, const AcquisitionOrder& order, BlockSink& sink,
+                   std::shared_ptr<Units> units);
     ~AcquisitionRun() override = default;
 
     /// Begins to acquire; fails with a `Failure`, without a call to the sink.
     void start();
+    /// Stops. Returns false if the device does not end within this time; the sink is not called any more then, and the
+    /// destructor waits for it.
+    bool stopWithin(std::chrono::milliseconds time);
 
 private:
     void take(const sr_datafeed_packet& packet) override;
@@ -39,10 +44,11 @@ private:
     [[nodiscard]] std::optional<std::size_t> placeOf(const void* channel) const;
     [[nodiscard]] std::string reasonOf(const SessionEnd& end) const;
 
+    std::shared_ptr<Device> device_;
     ArmedDevice armed_;
     AcquisitionOrder order_;
-    BlockSink& sink_;
-    Units& units_;
+    LentSink sink_;
+    std::shared_ptr<Units> units_;
     std::unique_ptr<Intake> intake_;
     std::vector<float> samples_; ///< of one channel, of a packet
     std::vector<float> all_;     ///< of all channels of a packet

@@ -21,6 +21,7 @@ public:
 
     [[nodiscard]] sr_context* context() const { return library_->context(); }
     [[nodiscard]] sr_dev_inst* instance() const { return instance_; }
+    [[nodiscard]] std::chrono::milliseconds stopTime() const { return library_->stopTime; }
     [[nodiscard]] std::string title() const { return titleOf(instance_); }
 
     /// Each channel once, in the device's first group with it; channels without a group by their kind.

@@ -3,6 +3,7 @@
 #include "host/modules/InstrumentModule.h"
 #include "modules/sigrok/DeviceAddress.h"
 
+#include <chrono>
 #include <libsigrok/libsigrok.h>
 #include <map>
 #include <mutex>
@@ -20,6 +21,8 @@ public:
     Library& operator=(const Library&) = delete;
 
     [[nodiscard]] sr_context* context() const { return context_; }
+
+    std::chrono::milliseconds stopTime{10000}; ///< how long it may take until a device has stopped
 
     /// Searches with all drivers; a driver that fails finds nothing. Takes seconds.
     std::vector<FoundDevice> devices();

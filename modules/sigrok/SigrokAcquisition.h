@@ -10,7 +10,7 @@ namespace ko::sigrok {
 class SigrokAcquisition final : public Acquisition {
 public:
     /// What it refers to must outlive it.
-    SigrokAcquisition(Device& device, Options& options, const std::optional<SampleRates>& rates,
+    SigrokAcquisition(std::shared_ptr<Device> device, Options& options, const std::optional<SampleRates>& rates,
                       const InstrumentSettings& held);
     ~SigrokAcquisition() override { SigrokAcquisition::stop(); }
     SigrokAcquisition(const SigrokAcquisition&) = delete;
@@ -28,13 +28,14 @@ private:
     void setSampleRate(double period);
     void limitSamples(std::int64_t samples);
 
-    Device& device_;
+    std::shared_ptr<Device> device_;
     Options& options_;
     const std::optional<SampleRates>& rates_;
     const InstrumentSettings& held_;
-    Units units_;
+    std::shared_ptr<Units> units_ = std::make_shared<Units>();
     std::optional<ArmedDevice> armed_;
     std::unique_ptr<AcquisitionRun> run_;
+    bool isStuck_ = false; ///< the device has not stopped when it was to
 };
 
 } // namespace ko::sigrok

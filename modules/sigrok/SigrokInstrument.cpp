@@ -19,10 +19,10 @@ bool hasSameChannels(const GroupSettings& one, const GroupSettings& other)
 
 SigrokInstrument::Opened::Opened(std::shared_ptr<Library> library, const std::string& description,
                                  const DeviceOptions& given)
-    : device(std::move(library), deviceAddress(description)), options(device)
+    : device(std::make_shared<Device>(std::move(library), deviceAddress(description))), options(*device)
 {
     options.set(given);
-    rates = sampleRatesOf(device);
+    rates = sampleRatesOf(*device);
 }
 
 std::unique_ptr<Instrument> SigrokInstrument::open(std::shared_ptr<Library> library, const std::string& device,
@@ -33,7 +33,7 @@ std::unique_ptr<Instrument> SigrokInstrument::open(std::shared_ptr<Library> libr
 }
 
 SigrokInstrument::SigrokInstrument(std::unique_ptr<Opened> opened)
-    : KeptInstrument(settingsOf(opened->device, opened->options, opened->rates)), opened_(std::move(opened)),
+    : KeptInstrument(settingsOf(*opened->device, opened->options, opened->rates)), opened_(std::move(opened)),
       acquisition_(opened_->device, opened_->options, opened_->rates, held())
 {
 }

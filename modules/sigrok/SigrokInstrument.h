@@ -21,7 +21,7 @@ private:
     struct Opened {
         Opened(std::shared_ptr<Library> library, const std::string& description, const DeviceOptions& given);
 
-        Device device;
+        std::shared_ptr<Device> device;
         Options options;
         std::optional<SampleRates> rates;
     };

@@ -24,14 +24,6 @@ std::int32_t checkDiskSpace(const ByteTotals& totals, bool hasDynamicDrivers, bo
     return diskSpace::fits;
 }
 
-double wholeBlocks(double samples, std::int32_t blockSize)
-{
-    const std::int32_t rounded = toLong(samples);
-    if (blockSize < 1 || (samples >= blockSize && rounded % blockSize == 0))
-        return samples;
-    return samples - rounded % blockSize + blockSize;
-}
-
 double toHundredths(double value)
 {
     const double hundredths = value * 100.0;

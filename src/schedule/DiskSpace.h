@@ -20,10 +20,6 @@ inline constexpr std::int32_t staticTooLarge = textNumber::page::staticTooLarge 
 /// drivers of its kind, counts as too large, because it indicates an overflow.
 std::int32_t checkDiskSpace(const ByteTotals& totals, bool hasDynamicDrivers, bool hasStaticDrivers);
 
-/// Rounds a number of samples up to whole blocks of `blockSize` samples, at least one; a fraction is kept. A block size
-/// below 1 leaves the number unchanged. Failure 6 when the number does not fit into 32 bits.
-double wholeBlocks(double samples, std::int32_t blockSize);
-
 /// Rounds to two decimals, halves to even.
 double toHundredths(double value);
 

@@ -1,5 +1,6 @@
 #include "schedule/Estimate.h"
 
+#include "platform/Counts.h"
 #include "platform/DateTimes.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"

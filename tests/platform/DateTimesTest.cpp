@@ -125,30 +125,20 @@ TEST(DateTimes, generalDateFollowsTheLocalesPictures)
     for (const auto& [year, shown] :
          {std::pair(1929, "1.1.1929"), {1930, "1.1.30"}, {2029, "1.1.29"}, {2030, "1.1.2030"}})
         EXPECT_EQ(generalDate(dateSerial(year, 1, 1), {.shortDateFormat = "d.M.yy"}), shown);
-    struct Case {
-        double days;
-        const Locale& locale;
-        const char* text;
+    const auto shown = [](const Locale& locale, std::initializer_list<double> times) {
+        std::string all;
+        for (const double days : times)
+            all += generalDate({days}, locale) + "|";
+        return all;
     };
-    const Case cases[] = {
-        {0.0, english, "12:00:00 AM"},
-        {0.5, english, "12:00:00 PM"},
-        {46347.0, english, "11/21/2026"},
-        {46347.395833333336, english, "11/21/2026 9:30:00 AM"},
-        {1.0 + 86399.7 / 86400, english, "1/1/1900"},
-        {-1.25, english, "12/29/1899 6:00:00 AM"},
-        {1.0 - 1e-12, english, "11:59:59 PM"},
-        {1.0 - 0.4 / 86400, german, "23:59:59"},
-        {0.4 / 86400 - 1.0, english, "11:59:59 PM"},
-        {46088.395833333336, german, "07.03.2026 09:30:00"},
-        {46088.395833333336, japanese, "2026/03/07 9:30:00"},
-        {46088.395833333336, finnish, "7.3.2026 9.30.00"},
-        {46088.645833333336, korean, "26. 3. 7. P 3:30:00"},
-        {2.0, korean, "1900. 1. 1."},
-        {46088.395833333336, quoted, "07/03/26 d's 09 h 30 min 00 s"},
-    };
-    for (const auto& [days, locale, text] : cases)
-        EXPECT_EQ(generalDate({days}, locale), text);
+    EXPECT_EQ(shown(english, {0.0, 0.5, 46347.0, 46347.395833333336, 1.0 + 86399.7 / 86400, -1.25}),
+              "12:00:00 AM|12:00:00 PM|11/21/2026|11/21/2026 9:30:00 AM|1/1/1900|12/29/1899 6:00:00 AM|");
+    EXPECT_EQ(shown(english, {1.0 - 1e-12, 0.4 / 86400 - 1.0}), "11:59:59 PM|11:59:59 PM|");
+    EXPECT_EQ(shown(german, {1.0 - 0.4 / 86400, 46088.395833333336}), "23:59:59|07.03.2026 09:30:00|");
+    EXPECT_EQ(shown(japanese, {46088.395833333336}), "2026/03/07 9:30:00|");
+    EXPECT_EQ(shown(finnish, {46088.395833333336}), "7.3.2026 9.30.00|");
+    EXPECT_EQ(shown(korean, {46088.645833333336, 2.0}), "26. 3. 7. P 3:30:00|1900. 1. 1.|");
+    EXPECT_EQ(shown(quoted, {46088.395833333336}), "07/03/26 d's 09 h 30 min 00 s|");
     EXPECT_EQ(failureOf([] { return generalDate({notANumber}, english); }), failure::invalidCall);
 }
 

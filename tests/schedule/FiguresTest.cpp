@@ -1,3 +1,4 @@
+#include "platform/Counts.h"
 #include "schedule/DiskSpace.h"
 #include "schedule/Forecast.h"
 

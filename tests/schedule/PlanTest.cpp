@@ -96,11 +96,7 @@ TEST_F(PlanTest, TimesSayTheirDayAndHowFarTheyAreAndAStartInThePastIsMarked)
 {
     page.optStartTime.showSelected();
     const struct {
-        const char* now = "";
-        const char* start = "";
-        const char* plan = "";
-        const char* day = "";
-        const char* words = "";
+        const char *now = "", *start = "", *plan = "", *day = "", *words = "";
         bool stopsAtTime = false;
     } cases[] = {
         {"2:50:00 AM", "9:30:00 AM", "9:30:00 AM (today)", "today, in 6 h 40 min",

@@ -74,8 +74,7 @@ TEST_F(Names, ALabelNamesItsFieldsAndLeadsToTheOneThatIsShown)
 TEST_F(Names, ALetterIsFoundForEachCaption)
 {
     struct Case {
-        const char* caption;
-        const char* marked;
+        const char *caption, *marked;
     };
     form.go.setCaption("&Go");
     form.one.setCaption("A && &B");
@@ -98,9 +97,7 @@ TEST_F(Names, ALetterIsFoundForEachCaption)
 TEST_F(Names, AHintIsTheToolTipOrTheTagUnlessItIsTheNumberOfAText)
 {
     struct Case {
-        const char* tag;
-        const char* tip;
-        const char* hint;
+        const char *tag, *tip, *hint;
     };
     for (const auto& [tag, tip, hint] : {Case{"Hint", "", "Hint"}, Case{"42", "", ""}, Case{"Hint", "Tip", "Tip"},
                                          Case{"42", "<b>Tip</b>", "<b>Tip</b>"}}) {

@@ -20,8 +20,7 @@ TEST(HostInstrumentTest, AQuantityKeepsOfARequestWhatItsRuleSays)
     const double infinity = std::numeric_limits<double>::infinity();
     const struct {
         const char* quantity;
-        double requested;
-        double kept;
+        double requested, kept;
     } cases[]{
         {R"({"value": 5})", 7.25, 7.25},
         {R"({"value": 5})", infinity, 5},

@@ -96,18 +96,20 @@ class Program(unittest.TestCase):
                              encoding="utf-8")
             for arguments, status, state in (((bench, "--set", "duration=2", "--record", out), 0, "complete"),
                                              ((out, "--compare", out), 0, "complete"),
-                                             ((bench, "--compare", out), 1, "complete"),
+                                             (("--new", "vibration", "--compare", out), 1, "complete"),
                                              ((bench, "--record", out, "--compare", out), 0, "complete")):
                 done = run(*arguments)
                 self.assertEqual(done.returncode, status, (arguments, done.stderr))
                 self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state)
                 self.assertEqual(status, int("differs" in done.stdout), done.stdout)
-            script = Path(folder) / "run.script"
+            script, pipe = Path(folder) / "run.script", Path(folder) / "pipe"
+            os.mkfifo(pipe)
             script.write_text("record bench.json\n", encoding="utf-8")
             for arguments, status, complaint in (
                     ((bench, "--compare", bench), 2, "is no recording"),
                     ((bench, "--record", bench), 2, "named as the set-up and as --record"),
-                    ((bench, "--record", "/dev/null"), 2, "is no file"),
+                    ((bench, "--record", "/dev/null"), 2, "is no file"), ((bench, "--record", pipe), 2, "is no file"),
+                    ((bench, "--compare", pipe), 2, "is no file"),
                     ((out, "--save", out), 2, "is a recording"),
                     ((bench, "--set", "start=time", "--set", "start-time=2026-11-20T09:30:00", "--record", out), 1,
                      "start time 2026-11-20T09:30:00 is past"),
@@ -144,19 +146,21 @@ class Program(unittest.TestCase):
                     self.assertEqual(memory.read_text(encoding="utf-8") if memory.exists() else None, content)
 
     def test_an_interrupt_stops_a_recording_and_a_kill_leaves_it_readable(self):
-        for signal_number, state in ((signal.SIGINT, "stopped"), (signal.SIGTERM, "stopped"), (signal.SIGKILL, "recording")):
+        for number, state in ((signal.SIGINT, "stopped"), (signal.SIGTERM, "stopped"), (signal.SIGHUP, "stopped"),
+                              (signal.SIGKILL, "recording")):
             with tempfile.TemporaryDirectory() as folder:
                 out = Path(folder) / "out.h5"
                 with subprocess.Popen([PROGRAM, SETUP, "--record", out], stdout=subprocess.DEVNULL,
-                                      stderr=subprocess.DEVNULL) as recording:
+                                      stderr=subprocess.PIPE) as recording:
+                    recording.stderr.close()
                     while not out.exists():
                         time.sleep(0.02)
-                    recording.send_signal(signal_number)
-                    self.assertNotEqual(recording.wait(), 0)
+                    recording.send_signal(number)
+                    self.assertEqual(recording.wait(), -9 if number == signal.SIGKILL else 1)
                 done = run(SETUP, "--compare", out)
                 self.assertEqual(done.returncode, 1)
                 self.assertRegex(done.stdout.splitlines()[-1], "state +complete +" + state + " +differs")
-                self.assertEqual(done.stderr.count("it is readable now"), int(signal_number == signal.SIGKILL))
+                self.assertEqual(done.stderr.count("it is readable now"), int(number == signal.SIGKILL))
 
     def test_a_refusal_speaks_english_unless_another_language_is_asked_for(self):
         for language, speaks_english in (((), True), (("--language", "en"), True), (("--language", "de"), False)):

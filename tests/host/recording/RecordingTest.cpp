@@ -1,6 +1,7 @@
 #include "Recorded.h"
 
 #include "host/recording/Comparison.h"
+#include "host/recording/Moments.h"
 #include "host/recording/RecordingTexts.h"
 #include "host/recording/UnfinishedFile.h"
 #include "host/support/FileWriter.h"
@@ -45,8 +46,7 @@ TEST(RecordingTest, HoldsWhatIsPlannedForEveryBlockSizeStartAndStop)
 {
     const Folder folder;
     const struct {
-        const char* schedule;
-        const char* start;
+        const char *schedule, *start;
     } schedules[]{
         {R"("duration": 7.77)", "2026-11-21T09:30:00.000000"},
         {R"("duration": 7.77, "stopMode": 1)", "2026-11-21T09:30:00.000000"},
@@ -89,22 +89,17 @@ TEST(RecordingTest, TheFileDescribesItself)
     const std::string file = folder.file("out.h5");
     recorded(instrumentsOf(bench(100, R"("duration": 1)")), into(file));
     const Reading held(file);
-    const std::string texts[][3]{
-        {"/", "title", "Bench"},
-        {"/", "state", "complete"},
-        {"/", "setup", "{}"},
-        {"/", "program", programText()},
-        {"instrument-0", "name", "Digitizer"},
-        {"instrument-0", "kind", "dynamic"},
-        {"instrument-3", "name", "Scanner \u00e4"},
-        {"instrument-3", "kind", "static"},
-        {"instrument-0/channel-0-0", "address", "0:1:1"},
-        {"instrument-0/channel-0-0", "name", "Crank"},
-        {"instrument-0/channel-0-0", "unit", "bar"},
-        {"instrument-0/channel-0-2", "unit", "V"},
+    const auto texts = [&](const std::string& object, std::initializer_list<const char*> attributes) {
+        std::string all;
+        for (const char* const attribute : attributes)
+            all += held.text(object, attribute) + "|";
+        return all;
     };
-    for (const auto& [object, attribute, text] : texts)
-        EXPECT_EQ(held.text(object, attribute), text) << object;
+    EXPECT_EQ(texts("/", {"title", "state", "setup", "program"}), "Bench|complete|{}|" + programText() + "|");
+    EXPECT_EQ(texts("instrument-0", {"name", "kind"}), "Digitizer|dynamic|");
+    EXPECT_EQ(texts("instrument-3", {"name", "kind"}), "Scanner \u00e4|static|");
+    EXPECT_EQ(texts("instrument-0/channel-0-0", {"address", "name", "unit"}), "0:1:1|Crank|bar|");
+    EXPECT_EQ(texts("instrument-0/channel-0-2", {"unit"}), "V|");
     EXPECT_EQ(held.text("/", "stop").substr(0, 26), "2026-11-21T09:30:01.100000");
     EXPECT_EQ(held.text("/", "created").substr(0, 26), "2026-11-21T09:30:00.000000");
     EXPECT_EQ(held.text("/", "plan"),
@@ -224,15 +219,27 @@ TEST(RecordingTest, AnEarlierRecordingIsKeptAndAPlaceWithoutRoomRefused)
 TEST(RecordingTest, WaitsForItsTimeAndCanBeStoppedBefore)
 {
     const Folder folder;
+    const auto instruments = instrumentsOf(bench(1, R"("duration": 0, "startMode": 1, "startTime": 2900000)"));
     RecordingOptions options = into(folder.file("out.h5"));
-    options.isPaced = true;
-    const auto instruments = instrumentsOf(bench(1, R"("startMode": 1, "startTime": 46347.5)"));
-    RecordingRun run(instruments, armed(instruments), options);
-    while (run.progress().state != RunState::WaitingForTime)
-        std::this_thread::yield();
-    run.stop();
-    EXPECT_EQ(run.wait().state, RunState::Stopped);
-    EXPECT_EQ(Reading(options.file).samples("instrument-0/channel-0-0").size(), 0U);
+    RecordingPlan plan = armed(instruments);
+    // A device is waited for also where simulated instruments record as fast as possible.
+    for (const bool isDevice : {false, true}) {
+        options.isPaced = !isDevice;
+        options.clock = isDevice ? std::nullopt : options.clock;
+        plan.isRealTime = isDevice;
+        RecordingRun run(instruments, plan, options);
+        while (run.progress().state != RunState::WaitingForTime)
+            std::this_thread::yield();
+        run.stop();
+        EXPECT_EQ(run.wait().state, RunState::Stopped);
+        EXPECT_EQ(Reading(options.file).samples("instrument-0/channel-0-0").size(), 0U);
+        armed(instruments);
+    }
+    // One that has begun is not that of the first sample.
+    const std::string before = isoText(momentNow({}));
+    plan.startTime = *readClockTime(before.substr(0, 19).replace(10, 1, " "));
+    RecordingRun(instruments, plan, options).wait();
+    EXPECT_LE(before, Reading(options.file).text("/", "start"));
 }
 
 } // namespace

@@ -18,7 +18,14 @@ inline const char* const ranges = R"({ "clock": "2026-11-21 09:30:00", "drivers"
   { "name": "Scanner", "measurementMode": 2, "timebase": { "scanPeriod": { "value": 0.1, "range": [0.01, 100] } } }
 ] })";
 
-using Assignments = std::vector<std::string>;
+/// Splits at semicolons.
+inline std::vector<std::string> assignmentsIn(const std::string& line)
+{
+    std::vector<std::string> all(1);
+    for (const char letter : line)
+        letter == ';' ? all.emplace_back() : all.back() += letter;
+    return all;
+}
 
 /// A page without a window, whose settings are set and read by name.
 class SettingsPage {
@@ -26,7 +33,7 @@ public:
     explicit SettingsPage(const std::string& setup) : played_({setupOf(setup), {}, {}, {}}) {}
 
     /// Returns the messages, or the refusal.
-    std::string set(const Assignments& assignments)
+    std::string set(const std::vector<std::string>& assignments)
     {
         std::string notes;
         try {

@@ -79,8 +79,7 @@ TEST_F(RecordingWindowTest, AKeyRecordsAndThePageIsReadOnlyMeanwhile)
 TEST_F(RecordingWindowTest, WaitsForTimeAndTriggerAndIsStoppedByAKeyOrAQuestion)
 {
     const struct {
-        const char* start;
-        const char* state;
+        const char *start, *state;
     } cases[]{{R"("startMode": 1, "startTime": 400000.25, )", "Waiting for the start"},
               {R"("startMode": 2, )", "Waiting for the trigger"},
               {R"("duration": 1000, )", "Recording"}};

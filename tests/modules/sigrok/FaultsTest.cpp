@@ -1,7 +1,9 @@
 #include "modules/sigrok/Demo.h"
 
 #include <algorithm>
+#include <atomic>
 #include <set>
+#include <thread>
 
 namespace ko::sigrok {
 
@@ -24,6 +26,7 @@ struct Faults {
     }
 };
 Faults faults;
+std::atomic<bool> hangs = false; ///< a device that acquires
 
 } // namespace
 
@@ -84,6 +87,8 @@ extern "C" int __wrap_sr_session_run(sr_session* session)
         return SR_ERR_IO;
     if (ko::sigrok::faults.isTakenAway)
         sr_session_stop(session);
+    while (ko::sigrok::hangs)
+        std::this_thread::yield();
     return __real_sr_session_run(session);
 }
 
@@ -153,6 +158,26 @@ TEST(SigrokFaultsTest, ADeviceThatIsTakenAwayEndsTheAcquisitionWithAReasonAndMay
     Tape again;
     demo.acquire(again, 10);
     EXPECT_EQ(again.end, 10);
+}
+
+TEST(SigrokFaultsTest, ADeviceThatDoesNotStopIsLeftAloneUntilItDoes)
+{
+    hangs = true;
+    Tape kept;
+    std::weak_ptr<Library> library;
+    {
+        const Demo demo;
+        library = demo.library;
+        demo.library->stopTime = std::chrono::milliseconds(1);
+        demo.acquisition().arm();
+        demo.start(kept, 10);
+        demo.acquisition().stop();
+        EXPECT_EQ(kept.why, "the device does not stop");
+        EXPECT_THROW(demo.acquisition().arm(), Failure);
+    }
+    EXPECT_FALSE(library.expired()) << "its device is still in use";
+    for (hangs = false; !library.expired();)
+        std::this_thread::yield();
 }
 
 TEST(SigrokFaultsTest, OfSeveralDevicesNoneIsGuessed)
