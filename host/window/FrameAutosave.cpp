@@ -52,7 +52,7 @@ void FrameAutosave::write()
 void FrameAutosave::beginWriting()
 {
     const auto now = std::make_shared<const UnsavedSetup>(session_.unsaved());
-    if (copy_ && copy_->isLocked() && kept_ && *now == *kept_)
+    if (copy_ && kept_ && *now == *kept_)
         return;
     if (!copy_ || !copy_->keepLocked())
         copy_ = UnsavedCopy::create(folder_);

@@ -33,14 +33,9 @@ void UnsavedCopy::lock()
         lock_.reset();
 }
 
-bool UnsavedCopy::isLocked() const
-{
-    return lock_ && QFileInfo::exists(lock_->fileName());
-}
-
 bool UnsavedCopy::keepLocked()
 {
-    if (isLocked())
+    if (lock_ && QFileInfo::exists(lock_->fileName()))
         return true;
     createFolder(folderOf(file_));
     lock();

@@ -17,10 +17,8 @@ public:
     /// machine that shares the folder is left alone.
     static std::vector<UnsavedCopy> abandoned(const std::string& folder);
 
-    /// Whether the lock is in the folder, from which it may have been removed.
-    [[nodiscard]] bool isLocked() const;
-    /// Locks the file anew, in its folder, if they have been removed. Returns false if another program has it now, or
-    /// the folder cannot be written; throws an `InputError` if it cannot be created.
+    /// Locks the file anew, in its folder, if lock or folder have been removed. Returns false if another program has it
+    /// now, or the folder cannot be written; throws an `InputError` if it cannot be created.
     [[nodiscard]] bool keepLocked();
     [[nodiscard]] const std::string& file() const { return file_; }
     [[nodiscard]] QDateTime time() const;
