@@ -105,16 +105,16 @@ bool areNeighbours(const SetupPlace& one, const SetupPlace& other)
 std::string freeAddress(const InstrumentSettings& instrument, const std::string& like)
 {
     const std::string prefix = like.substr(0, like.rfind(':') + 1);
-    int last = 0;
+    std::set<int> numbers;
     for (const GroupSettings& group : instrument.groups)
         for (const ChannelSettings& channel : group.channels) {
             int number = 0;
             const std::string& address = channel.address;
             if (address.starts_with(prefix))
                 std::from_chars(address.data() + prefix.size(), address.data() + address.size(), number);
-            last = std::max(last, number);
+            numbers.insert(number);
         }
-    return prefix + std::to_string(last + 1);
+    return prefix + std::to_string(freeNumber(numbers));
 }
 
 ChannelSettings copyOf(const InstrumentSettings& instrument, ChannelSettings channel)

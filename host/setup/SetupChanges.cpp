@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 
 namespace ko {
 
@@ -152,13 +153,24 @@ void checkNewName(const Setup& setup, const std::string& name)
         throw InputError(name + ": an instrument of this name exists");
 }
 
+int freeNumber(const std::set<int>& taken)
+{
+    const int last = taken.empty() ? 0 : std::max(*taken.rbegin(), 0);
+    if (last < std::numeric_limits<int>::max())
+        return last + 1;
+    int number = 1;
+    while (taken.contains(number))
+        ++number;
+    return number;
+}
+
 int freeSlot(const Setup& setup)
 {
-    int slot = 1;
+    std::set<int> slots;
     forEachChannelIn(setup, [&](const InstrumentSettings& /*instrument*/, const ChannelSettings& channel) {
-        slot = std::max(slot, slotOf(channel.address) + 1);
+        slots.insert(slotOf(channel.address));
     });
-    return slot;
+    return freeNumber(slots);
 }
 
 void moveToFreeSlot(const Setup& setup, InstrumentSettings& instrument)

@@ -2,6 +2,7 @@
 
 #include "host/setup/SetupFile.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,9 @@ void enableChannel(Setup& setup, const std::string& channel, bool on);
 
 /// Throws an `InputError` if an instrument cannot get this name.
 void checkNewName(const Setup& setup, const std::string& name);
-/// Returns a slot after all others.
+/// Returns the number after the last, or if there is none the first that is free; from 1.
+int freeNumber(const std::set<int>& taken);
+/// Returns a slot that no channel has, after all others if there is one.
 int freeSlot(const Setup& setup);
 /// Gives the channels of a simulated instrument addresses of a free slot.
 void moveToFreeSlot(const Setup& setup, InstrumentSettings& instrument);

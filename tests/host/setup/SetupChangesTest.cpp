@@ -200,6 +200,10 @@ TEST(SetupChangesTest, WhatIsChosenInTheTreeIsChangedAtAllItsPlaces)
         EXPECT_EQ(shown(setup), it.setup);
     }
     ko::Setup setup = bench;
+    setup.instruments[0].groups[0].channels[1].address = "0:1:2147483647";
+    EXPECT_EQ(shown(duplicateAt(setup, {d})), "0,0,2");
+    EXPECT_EQ(setup.instruments[0].groups[0].channels[2].address, "0:1:2") << "none is after the last";
+    setup = bench;
     EXPECT_EQ(shown({addGroup(setup, 0, "g"), addChannel(setup, {0, 2}), addChannel(setup, g)}), "0,2,-1 0,2,0 0,0,2");
     EXPECT_EQ(shown(setup), "A{g[c:1* d:2- d 2:5] h[e:3] g 2[e 2:4]} B{}");
     chooseTrigger(setup, d);
