@@ -93,14 +93,17 @@ TEST(SigrokAcquisitionTest, EachSettingReachesTheDevice)
 
 TEST(SigrokAcquisitionTest, TriggersWithThePartBeforeTheTrigger)
 {
-    const Demo wide;
-    wide.change([](InstrumentSettings& it) {
-        awaitTrigger(it, "Rising edge", 20);
-        it.timebase->samplePeriod.value = 2e-6;
-        it.timebase->blockSize.value = 1000.0;
-        it.timebase->duration = 0.1F;
-    });
-    EXPECT_EQ(wide.acquisition().settingsToArm().trigger->pretrigger, 10000) << "20 % of 50 blocks, but for rounding";
+    {
+        const Demo wide;
+        wide.change([](InstrumentSettings& it) {
+            awaitTrigger(it, "Rising edge", 20);
+            it.timebase->samplePeriod.value = 2e-6;
+            it.timebase->blockSize.value = 1000.0;
+            it.timebase->duration = 0.1F;
+        });
+        EXPECT_EQ(wide.acquisition().settingsToArm().trigger->pretrigger, 10000)
+            << "20 % of 50 blocks, but for rounding";
+    }
     for (const auto& [match, before, now] : {std::tuple{"Rising edge", 0.0F, 1.0F}, {"Falling edge", 1.0F, 0.0F}}) {
         const Demo demo(DeviceOptions{{"pattern Logic", "incremental"}});
         demo.change([match = match](InstrumentSettings& it) { awaitTrigger(it, match, 20); });
