@@ -109,9 +109,7 @@ void InstrumentsView::select(std::size_t instrument)
 
 void InstrumentsView::finishRename()
 {
-    // An editor that loses the focus is committed.
-    if (view_->viewport()->isAncestorOf(window()->focusWidget()))
-        view_->setFocus();
+    commitEditor(*view_);
     model_->finishRename();
 }
 

@@ -21,8 +21,8 @@ namespace {
 
 volatile std::sig_atomic_t isInterrupted = 0;
 
-/// Turns the first interrupt into a wish to stop, and so a terminal that is closed, unless that is ignored; the second
-/// one ends the program. One that reads its progress may end before it.
+/// The first interrupt requests a stop, as does the hang-up of the terminal unless it is ignored; the second one ends
+/// the program. Ignores that the reader of the progress has ended.
 class Interrupts {
 public:
     Interrupts()

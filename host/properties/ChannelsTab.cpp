@@ -1,6 +1,7 @@
 #include "host/properties/ChannelsTab.h"
 
 #include "host/support/HostTexts.h"
+#include "host/toolkit/DockLayout.h"
 #include "widgets/support/Convert.h"
 #include "widgets/support/Guarded.h"
 #include "widgets/support/ShownText.h"
@@ -120,7 +121,7 @@ void ChannelsTab::addTable(const PropertyContext& context, QBoxLayout& column)
 
 void ChannelsTab::take()
 {
-    table_->finishCell();
+    commitEditor(*table_);
     fields_.take();
 }
 

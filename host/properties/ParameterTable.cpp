@@ -165,13 +165,6 @@ void ParameterTable::removeParameter()
     fill();
 }
 
-/// A letter of the Alt key presses a button without moving the focus.
-void ParameterTable::finishCell()
-{
-    if (viewport()->isAncestorOf(window()->focusWidget()))
-        setFocus();
-}
-
 QString ParameterTable::focusOn(const PropertyRefusal& refusal)
 {
     for (int row = 0; row < rowCount(); ++row)

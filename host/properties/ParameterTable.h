@@ -19,8 +19,6 @@ public:
     /// Adds a parameter and begins to edit its name.
     void addParameter(const QString& name);
     void removeParameter();
-    /// Takes what is being typed in a cell.
-    void finishCell();
 
     /// Moves the focus to the cell of a refused member. Returns the column's title; an empty text if the table does not
     /// show the member.

@@ -11,7 +11,7 @@ namespace ko {
 
 namespace {
 
-/// With a year of four digits in every time zone.
+/// Its year has four digits in every time zone.
 constexpr Moment lastMoment{std::chrono::seconds(253402214400)};
 
 std::tm localTime(Moment moment)
@@ -41,8 +41,8 @@ std::tm dayOf(const DateParts& date)
     return day;
 }
 
-/// The first moment from `earliest` on at which the local clock shows this, else the last one. It shows a time twice
-/// when summer time ends; a time that is left out when summer time begins is taken as if it were not.
+/// Returns the first moment from `earliest` on at which the local clock shows this, else the last one. The clock shows
+/// a time twice when summer time ends; one that it skips when summer time begins counts as winter time.
 Moment momentAt(const std::tm& shown, Moment earliest)
 {
     std::set<Moment> moments;
@@ -50,8 +50,8 @@ Moment momentAt(const std::tm& shown, Moment earliest)
         std::tm local = shown;
         local.tm_isdst = summer;
         const Moment moment{std::chrono::seconds(std::mktime(&local))};
-        const bool isLeftOut = summer < 0 && moments.empty();
-        if (local.tm_isdst == summer || isLeftOut)
+        const bool isSkipped = summer < 0 && moments.empty();
+        if (local.tm_isdst == summer || isSkipped)
             moments.insert(moment);
     }
     const auto found = moments.lower_bound(earliest);

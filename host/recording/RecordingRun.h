@@ -16,8 +16,7 @@ struct RecordingOptions {
     std::string title;             ///< of the set-up
     std::string setup;             ///< the set-up's text
     std::optional<DateTime> clock; ///< a standing clock; none: the machine's
-    /// In real time; else as fast as possible, unless the plan `isRealTime`.
-    bool isPaced = true;
+    bool isPaced = true;           ///< in real time; else as fast as possible, unless the plan `isRealTime`
     /// Returns how many bytes can be written in the file's folder; empty: asks the system.
     std::function<double()> freeBytes;
     std::size_t queueBytes = std::size_t{64} * 1024 * 1024; ///< for what is on its way to the file

@@ -48,7 +48,7 @@ public:
     [[nodiscard]] std::string text(int number) const { return component_->text(number); }
 
     /// Returns the time of the set-up's clock.
-    [[nodiscard]] DateTime now() const { return clock_.now(); }
+    [[nodiscard]] DateTime now() { return clock_.now(); }
 
     /// The driver whose sampling the page edits; null if there is none.
     [[nodiscard]] Driver* dynamicDriver() const { return driverAt(page().dynamicDriverIndex); }
@@ -62,7 +62,7 @@ private:
     Answer answer_;
     std::vector<std::string> atStart_;
     HostInstruments drivers_;
-    mutable StandingClock clock_;
+    StandingClock clock_;
     std::unique_ptr<Machine> machine_;
     std::unique_ptr<Component> component_;
     std::unique_ptr<Document> document_;

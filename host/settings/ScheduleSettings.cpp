@@ -13,28 +13,6 @@ namespace ko {
 
 namespace {
 
-std::optional<double> durationHeld(const HeadlessPage& played)
-{
-    const IndexedTimebase first = firstTimebase(played.page().currentDrivers());
-    return first ? std::optional(widen(first.timebase->Duration())) : std::nullopt;
-}
-
-/// The page computes a stop time from the duration where there is none after the start.
-void refuseStopBeyondCalendar(const HeadlessPage& played, const std::string& value,
-                              const std::optional<DateTime>& start)
-{
-    const auto stop = timeIn(played.page().txtStopTime.text());
-    const auto seconds = durationHeld(played);
-    if (!start || !seconds || (stop && *start < *stop))
-        return;
-    try {
-        const DateTime day = start->hasDate() ? DateTime{} : datePart(played.now());
-        dateAdd(TimeUnit::seconds, *seconds, {day.days + start->days});
-    } catch (const Failure&) {
-        throw Refusal("\"" + value + "\" is refused: the stop time would be after the year 9999");
-    }
-}
-
 // Start and stop: option buttons
 
 constexpr std::array stopTimeNeeds{Need{"start=time", &Page::optStartTime}, Need{"stop=time", &Page::optStopTime}};
@@ -68,16 +46,13 @@ Value selected(Options options, const Page& page)
     return {};
 }
 
-Request clickOption(Options options, const HeadlessPage& played, const std::string& value)
+Request clickOption(Options options, const Page& page, const std::string& value)
 {
-    const Page& page = played.page();
     const auto option = std::find_if(options.begin(), options.end(), [&](const Option& o) { return o.word == value; });
     if (option != options.end() && !(page.*option->button).isUsable())
         if (const auto needed = missing(option->needs, page); !needed.empty())
             throw Refusal(value + " " + needsAdvice(needed));
     choiceOf(wordsOf(options, page), value);
-    if (option->button == &Page::optStopTime)
-        refuseStopBeyondCalendar(played, value, timeIn(page.txtStartTime.text()));
     return {[button = option->button](HeadlessPage& at) { at.give((at.page().*button).userClicked()); }, value};
 }
 
@@ -92,7 +67,7 @@ Setting optionSetting(const char* name, Options options, Frame Page::*frame, con
         return AllowedValues{wordsOf(options, played.page()), {}, {}};
     };
     setting.write = [options](const HeadlessPage& played, const std::string& value) {
-        return clickOption(options, played, value);
+        return clickOption(options, played.page(), value);
     };
     return setting;
 }
@@ -133,15 +108,13 @@ void choose(HeadlessPage& at, SetDateTime& dialog, DateTime time)
     at.give(dialog.btnOK.userClicked());
 }
 
-Request pickTime(const TimeBox& times, const HeadlessPage& played, const std::string& value)
+Request pickTime(const TimeBox& times, const std::string& value)
 {
     const auto time = timeIn(value);
     if (!time)
         throw Refusal("\"" + value + "\" is not a time; write " + timeForms);
     if (!time->hasDate() && !isTimeOfDay(value))
         throw Refusal("\"" + value + "\" is too early: the first day that can be chosen is 1899-12-31");
-    if (times.box == &Page::txtStartTime && played.page().optStopTime.value())
-        refuseStopBeyondCalendar(played, value, time);
     return {[times, time = *time](HeadlessPage& at) {
                 at.answer(at.page().*times.button,
                           [&](const DialogForms& dialogs) { choose(at, dialogs.setDateTime, time); });
@@ -159,8 +132,8 @@ Setting timeSetting(const TimeBox& times, const Page& page)
     setting.needs = times.needs;
     setting.read = [times](const HeadlessPage& played) { return timeShown((played.page().*times.box).text()); };
     setting.allowed = [](const HeadlessPage& /*played*/) { return AllowedValues{{}, {}, timeForms}; };
-    setting.write = [times](const HeadlessPage& played, const std::string& value) {
-        return pickTime(times, played, value);
+    setting.write = [times](const HeadlessPage& /*played*/, const std::string& value) {
+        return pickTime(times, value);
     };
     return setting;
 }
@@ -220,6 +193,12 @@ Request enterDuration(const Page& page, const std::string& value)
             number ? Value(*number * amount.unit) : Value(value)};
 }
 
+Value durationHeld(const HeadlessPage& played)
+{
+    const IndexedTimebase first = firstTimebase(played.page().currentDrivers());
+    return first ? Value(widen(first.timebase->Duration())) : Value();
+}
+
 Setting durationSetting(const Page& page)
 {
     Setting setting;
@@ -228,10 +207,7 @@ Setting durationSetting(const Page& page)
     setting.unit = "s";
     setting.controls = {page.txtDuration.name()};
     setting.control = [](Page& shown) -> Control& { return shown.txtDuration; };
-    setting.read = [](const HeadlessPage& played) {
-        const auto seconds = durationHeld(played);
-        return seconds ? Value(*seconds) : Value();
-    };
+    setting.read = durationHeld;
     setting.allowed = [](const HeadlessPage&) { return AllowedValues{{}, {}, "0 or more; s, min, h, d"}; };
     setting.write = [](const HeadlessPage& played, const std::string& value) {
         return enterDuration(played.page(), value);

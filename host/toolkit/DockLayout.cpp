@@ -115,4 +115,11 @@ void followTheEnd(QAbstractItemView& view)
     });
 }
 
+void commitEditor(QAbstractItemView& view)
+{
+    // An editor that loses the focus is committed.
+    if (view.viewport()->isAncestorOf(view.window()->focusWidget()))
+        view.setFocus();
+}
+
 } // namespace ko

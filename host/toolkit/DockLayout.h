@@ -24,4 +24,8 @@ void fitColumns(QTreeView& view);
 /// Scrolls to new rows while the last row is visible. Call it after the view has its model.
 void followTheEnd(QAbstractItemView& view);
 
+/// Commits the open editor of the view, if it has the focus in its window. A letter of the Alt key and a shortcut do
+/// not move the focus.
+void commitEditor(QAbstractItemView& view);
+
 } // namespace ko

@@ -24,8 +24,8 @@ public:
 
     /// Begins to acquire; fails with a `Failure`, without a call to the sink.
     void start();
-    /// Stops. Returns false if the device does not end within this time; the sink is not called any more then, and the
-    /// destructor waits for it.
+    /// Stops. Returns false if the device does not end within this time; then the sink is not called any more, and the
+    /// destructor waits for the device.
     bool stopWithin(std::chrono::milliseconds time);
 
 private:

@@ -133,9 +133,10 @@ void SigrokAcquisition::start(const AcquisitionOrder& order, BlockSink& sink)
 void SigrokAcquisition::stop()
 {
     armed_.reset();
-    isStuck_ = isStuck_ || (run_ && !run_->stopWithin(device_->stopTime()));
-    if (run_ && isStuck_)
+    if (run_ && !run_->stopWithin(device_->stopTime())) {
+        isStuck_ = true;
         std::thread([run = std::move(run_)]() mutable { run.reset(); }).detach();
+    }
     run_.reset();
 }
 

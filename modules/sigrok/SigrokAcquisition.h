@@ -35,7 +35,7 @@ private:
     std::shared_ptr<Units> units_ = std::make_shared<Units>();
     std::optional<ArmedDevice> armed_;
     std::unique_ptr<AcquisitionRun> run_;
-    bool isStuck_ = false; ///< the device has not stopped when it was to
+    bool isStuck_ = false; ///< the device did not stop in time
 };
 
 } // namespace ko::sigrok

@@ -12,7 +12,8 @@
 #include <type_traits>
 #include <unistd.h>
 
-// A number behind a switch is no constant expression. Narrowing it is allowed; an array of variable length is an error.
+// Literals behind a switch are not constant expressions: allow narrowing conversions of them, and reject
+// variable-length arrays.
 #pragma GCC diagnostic ignored "-Wnarrowing"
 #pragma GCC diagnostic error "-Wvla"
 

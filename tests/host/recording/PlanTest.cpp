@@ -36,10 +36,12 @@ TEST(RecordingPlanTest, SamplesAreRaisedToWholeBlocksAndScansAreTheDrivers)
 
 TEST(RecordingTextsTest, BytesHaveTheUnitThatReadsBest)
 {
-    std::string texts;
-    for (const double bytes : {1023.0, 1024.0, 1.5e9, 1e15, 2e15})
-        texts += byteText(bytes) + " ";
-    EXPECT_EQ(texts, "1023 bytes 1.0 KB 1.4 GB 909.5 TB 1819.0 TB ");
+    for (const auto& [bytes, text] : {std::pair(1023.0, "1023 bytes"),
+                                      {1024.0, "1.0 KB"},
+                                      {1.5e9, "1.4 GB"},
+                                      {1e15, "909.5 TB"},
+                                      {2e15, "1819.0 TB"}})
+        EXPECT_EQ(byteText(bytes), text);
 }
 
 TEST(RecordingPlanTest, WhatCannotBeRecordedIsRefusedWithTheReason)
