@@ -1,7 +1,7 @@
 # The headers of the widgets, read once for all sources that use them. Not in builds for development, which notice that a
 # source lacks an include.
-# Everything else is optimized: with sanitizers that compiles as fast and runs in half the time, but with the headers of
-# the widgets it takes twice as long.
+# What is tested is optimized: with sanitizers it runs in half the time. The tests themselves are not, nor what uses the
+# headers of the widgets: those take two to three times as long to compile then.
 
 # ko_uses_widgets(TARGET RESULT): whether a target is linked with the toolkit's widgets, itself or by what it is linked with.
 function(ko_uses_widgets target result)
@@ -18,8 +18,9 @@ function(ko_uses_widgets target result)
   set(${result} ${uses} PARENT_SCOPE)
 endfunction()
 
-# ko_precompile(FOLDERS...): lets the targets of these folders and of those below use the headers, or optimizes them.
-function(ko_precompile)
+# ko_precompile(OPTIONS FOLDERS...): lets the targets of these folders and of those below use the headers, and compiles
+# the others with the options.
+function(ko_precompile options)
   foreach(folder IN LISTS ARGN)
     get_directory_property(targets DIRECTORY ${folder} BUILDSYSTEM_TARGETS)
     foreach(target IN LISTS targets)
@@ -29,12 +30,12 @@ function(ko_precompile)
         if(uses)
           target_precompile_headers(${target} REUSE_FROM ko_widgets_headers)
         else()
-          target_compile_options(${target} PRIVATE -O1)
+          target_compile_options(${target} PRIVATE ${options})
         endif()
       endif()
     endforeach()
     get_directory_property(below DIRECTORY ${folder} SUBDIRECTORIES)
-    ko_precompile(${below})
+    ko_precompile("${options}" ${below})
   endforeach()
 endfunction()
 
@@ -45,4 +46,5 @@ target_link_libraries(ko_widgets_headers PRIVATE ko_options Qt6::Widgets Qt6::Pr
 target_compile_options(ko_widgets_headers PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
 target_precompile_headers(ko_widgets_headers PRIVATE <algorithm> <cmath> <filesystem> <functional> <map> <memory>
   <optional> <sstream> <string> <vector> <QtWidgets>)
-ko_precompile(src host tests)
+ko_precompile(-O1 src host)
+ko_precompile("" tests)
