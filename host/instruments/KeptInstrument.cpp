@@ -1,7 +1,9 @@
 #include "host/instruments/KeptInstrument.h"
 
+#include "platform/Counts.h"
+#include "platform/NumberText.h"
+
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace ko {
@@ -29,7 +31,7 @@ Value attributeOf(const ChannelSettings& channel, std::int32_t number)
 
 std::int32_t scansOf(const TimebaseSettings& timebase)
 {
-    const double scans = std::floor(static_cast<double>(timebase.duration) / timebase.scanPeriod.value) + 1.0;
+    const double scans = roundedDown(widen(timebase.duration) / timebase.scanPeriod.value) + 1.0;
     using Limits = std::numeric_limits<std::int32_t>;
     if (!(scans >= static_cast<double>(Limits::min()) && scans <= static_cast<double>(Limits::max())))
         fail(failure::overflow);
@@ -40,9 +42,9 @@ double samplesOf(const TimebaseSettings& timebase)
 {
     if (timebase.samplePeriod.value == 0.0)
         fail(failure::divisionByZero);
-    const double samples = static_cast<double>(timebase.duration) / timebase.samplePeriod.value;
+    const double samples = widen(timebase.duration) / timebase.samplePeriod.value;
     const double block = timebase.blockSize.value;
-    return block < 1.0 ? samples : std::ceil(samples / block) * block;
+    return block < 1.0 ? samples : roundedUp(samples / block) * block;
 }
 
 } // namespace

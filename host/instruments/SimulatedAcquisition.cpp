@@ -34,7 +34,7 @@ public:
             if (order_.onTrigger)
                 awaitTrigger(stop);
             else
-                next_ = static_cast<std::int64_t>(firstNotBefore(order_.notBefore / armed_.settings.period));
+                next_ = static_cast<std::int64_t>(roundedUp(order_.notBefore / armed_.settings.period));
             deliver(stop);
         } catch (const std::exception& error) {
             reason = error.what();

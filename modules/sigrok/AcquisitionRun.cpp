@@ -17,7 +17,7 @@ namespace {
 std::unique_ptr<Intake> intakeFor(const ArmedDevice& armed, const AcquisitionOrder& order, BlockSink& sink)
 {
     const double period = armed.settings.period;
-    const auto first = static_cast<std::int64_t>(firstNotBefore(order.notBefore / period));
+    const auto first = static_cast<std::int64_t>(roundedUp(order.notBefore / period));
     if (!armed.settings.isDynamic)
         return std::make_unique<LatestValues>(armed.channels.size(), period, order.samples, first, sink);
     const std::int64_t pretrigger = armed.settings.trigger ? armed.settings.trigger->pretrigger : 0;

@@ -6,6 +6,16 @@
 
 namespace ko {
 
+namespace {
+
+bool isWhole(double quotient)
+{
+    const double whole = std::round(quotient);
+    return std::abs(quotient - whole) <= 1e-14 * std::abs(whole);
+}
+
+} // namespace
+
 double wholeBlocks(double samples, std::int32_t blockSize)
 {
     const std::int32_t rounded = toLong(samples);
@@ -14,10 +24,14 @@ double wholeBlocks(double samples, std::int32_t blockSize)
     return samples - rounded % blockSize + blockSize;
 }
 
-double firstNotBefore(double periods)
+double roundedUp(double quotient)
 {
-    const double whole = std::round(periods);
-    return std::abs(periods - whole) <= 1e-14 * std::abs(whole) ? whole : std::ceil(periods);
+    return isWhole(quotient) ? std::round(quotient) : std::ceil(quotient);
+}
+
+double roundedDown(double quotient)
+{
+    return isWhole(quotient) ? std::round(quotient) : std::floor(quotient);
 }
 
 } // namespace ko

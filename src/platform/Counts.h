@@ -10,7 +10,9 @@ namespace ko {
 /// below 1 leaves the number unchanged. Failure 6 when the number does not fit into 32 bits.
 double wholeBlocks(double samples, std::int32_t blockSize);
 
-/// The number of the first sample not before this many periods; a sample that only rounding places before it counts.
-double firstNotBefore(double periods);
+/// Round a quotient to a whole number; one that differs from a whole number by no more than the rounding of the
+/// division is that number.
+double roundedUp(double quotient);
+double roundedDown(double quotient);
 
 } // namespace ko

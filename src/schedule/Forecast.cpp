@@ -1,6 +1,7 @@
 #include "schedule/Forecast.h"
 
 #include "interfaces/Timebase.h"
+#include "platform/Counts.h"
 #include "platform/NumberText.h"
 #include "schedule/DiskSpace.h"
 #include "support/Numbers.h"
@@ -94,7 +95,7 @@ Forecast::File Forecast::read(Driver& driver)
     Timebase* timebase = driver.queryTimebase();
     file.isFixed = !timebase;
     if (timebase)
-        file.seconds = double{timebase->Duration()};
+        file.seconds = widen(timebase->Duration());
     if (file.isDynamic)
         readDynamic(driver, timebase, file);
     else
@@ -137,18 +138,18 @@ void Forecast::readStatic(Driver& driver, Timebase* timebase, File& file)
 double Forecast::samples(double seconds, double period, double blockSize)
 {
     const double samples = seconds / period;
-    return blockSize < 1.0 ? samples : std::ceil(samples / blockSize) * blockSize;
+    return blockSize < 1.0 ? samples : roundedUp(samples / blockSize) * blockSize;
 }
 
 double Forecast::scans(double seconds, double period)
 {
-    return std::floor(seconds / period) + 1.0;
+    return roundedDown(seconds / period) + 1.0;
 }
 
 /// The number of samples or scans after a change.
 double Forecast::count(const File& file, const SizeSettings& change)
 {
-    const double seconds = change.seconds ? double{*change.seconds} * file.longerBy : file.seconds;
+    const double seconds = change.seconds ? widen(*change.seconds) * file.longerBy : file.seconds;
     if (!file.isDynamic) {
         const double period = change.scanPeriod ? *change.scanPeriod * file.shorterBy : file.period;
         return std::ceil(scans(seconds, period) * file.scansOfFormula);

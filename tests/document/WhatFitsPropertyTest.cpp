@@ -1,5 +1,6 @@
 #include "fakes/DocumentTest.h"
 
+#include "platform/Counts.h"
 #include "platform/NumberText.h"
 
 #include <rapidcheck/gtest.h>
@@ -31,9 +32,9 @@ public:
         driver.samplePeriod = driver.scanPeriod = period;
         driver.blockSize = blockSize;
         driver.bytes = [channels](const FakeDriver& it) {
-            return 416 + 4.0 * channels * std::ceil(it.duration / it.samplePeriod / it.blockSize) * it.blockSize;
+            return 416 + 4.0 * channels * roundedUp(widen(it.duration) / it.samplePeriod / it.blockSize) * it.blockSize;
         };
-        driver.scans = [](const FakeDriver& it) { return toLong(std::floor(it.duration / it.scanPeriod) + 1); };
+        driver.scans = [](const FakeDriver& it) { return toLong(roundedDown(widen(it.duration) / it.scanPeriod) + 1); };
     }
     ComboBox& rates(bool dynamic) { return dynamic ? page().cmbSampleRate : page().cmbScanRate; }
     TextBox& rateBox(bool dynamic) { return dynamic ? page().txtSampleRate : page().txtScanRate; }

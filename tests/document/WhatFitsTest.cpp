@@ -1,5 +1,6 @@
 #include "fakes/DocumentTest.h"
 
+#include "platform/Counts.h"
 #include "platform/NumberText.h"
 
 #include <cmath>
@@ -18,7 +19,9 @@ protected:
         sampler.blockSize = 1;
         scanner.groups = {{"In", {{}}}};
         scanner.numberOfScans = 101;
-        scanner.scans = [](const FakeDriver& it) { return toLong(std::floor(it.duration / it.scanPeriod) + 1); };
+        scanner.scans = [](const FakeDriver& it) {
+            return toLong(roundedDown(widen(it.duration) / it.scanPeriod) + 1);
+        };
         sampler.sampleRange = scanner.sampleRange = {1e-6, 10};
         sampler.scanRange = scanner.scanRange = {1e-9, 10};
         host.time = toDateTime("11/21/2026 9:30:00 AM", {});
@@ -43,7 +46,7 @@ TEST_F(WhatFitsTest, IsShownInTheHintLineAndLeavesTheMessageUnchanged)
     const std::string scans = page().lblNumScansValue.caption();
     refuse(page().txtScanPeriod, "1e-9");
     EXPECT_EQ(page().lblNumScansValue.caption(), scans);
-    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: up to 0.5 s at 1000000000 Sc/s or 10 s at up to 53687075 Sc/s.");
+    EXPECT_EQ(lastHint(), "  The 2 GB limit allows: up to 0.5 s at 1000000000 Sc/s or 10 s at up to 53687074 Sc/s.");
     EXPECT_EQ(page().cmdTakeDuration.caption(), "Set 0.5 s and 1000000000 Sc/s");
     type(page().txtDuration, "9");
     EXPECT_FALSE(page().lblWhatFits.visible() || page().cmdTakeDuration.visible() || page().cmdTakeRate.visible());
@@ -114,7 +117,7 @@ TEST_F(WhatFitsTest, WhereNothingFitsThatIsSaidAndNothingIsOffered)
     // A single block exceeds the limit.
     sampler.blockSize = 1e6;
     sampler.bytes = [](const FakeDriver& it) {
-        return 416 + 4096 * std::ceil(it.duration / it.samplePeriod / 1e6) * 1e6;
+        return 416 + 4096 * roundedUp(widen(it.duration) / it.samplePeriod / 1e6) * 1e6;
     };
     open();
     refuse(page().txtDuration, "5");

@@ -66,6 +66,8 @@ TEST(HostInstrumentTest, TheFiguresFollowFromTheTimebaseUnlessFixed)
         {channels + timebase("0.001", "1024", "0.1", "10"), 4 * 2 * 10240 + 416, 101},
         {channels + timebase("0.001", "0.5", "3", "10"), 4 * 2 * 10000 + 416, 4},
         {channels + timebase("0.5", "16", "3", "0"), 416, 1},
+        {channels + timebase("0.001", "1024", "0.1", "25.6"), 4 * 2 * 25600 + 416, 257},
+        {channels + timebase("0.1", "1", "0.1", "0.7"), 4 * 2 * 7 + 416, 8},
         {channels + timebase("0", "16", "1e-9", "10"), -failure::divisionByZero, -failure::overflow},
         {channels + timebase("1", "1", "0", "0"), 416, -failure::overflow},
         {"", -failure::noObject, -failure::noObject},
