@@ -21,7 +21,7 @@ namespace ko {
 
 namespace {
 
-QAccessibleInterface* interfaceOf(const QString& className, QObject* object)
+QAccessibleInterface* alertOf(const QString& className, QObject* object)
 {
     auto* strip = className == QStringLiteral("QFrame") ? dynamic_cast<FailureStrip*>(object) : nullptr;
     return strip ? new QAccessibleWidget(strip, QAccessible::AlertMessage) : nullptr;
@@ -40,7 +40,7 @@ FailureStrip::FailureStrip(const Texts& texts, QWidget* parent)
       more_(new PlainLabel(this)), list_(new QListWidget(this)),
       button_(new QPushButton(texts(hostText::tryAgain), this))
 {
-    QAccessible::installFactory(interfaceOf);
+    QAccessible::installFactory(alertOf);
     setObjectName(QStringLiteral("failures"));
     setFrameShape(QFrame::StyledPanel);
     heading_->setObjectName(QStringLiteral("failingCount"));

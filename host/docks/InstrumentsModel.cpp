@@ -144,7 +144,7 @@ bool InstrumentsModel::setData(const QModelIndex& index, const QVariant& value, 
     const bool on = value.toInt() != Qt::Unchecked;
     if (!enable(shown.driver(), shown.group(), shown.channel(), on))
         return false;
-    emit dataChanged(index, index, {Qt::CheckStateRole});
+    Q_EMIT dataChanged(index, index, {Qt::CheckStateRole});
     return true;
 }
 

@@ -16,7 +16,7 @@ struct Row {
     std::string instrument, figure, promised, held, remark;
 };
 
-class Table {
+class FigureTable {
 public:
     void show(const std::string& instrument, const std::string& figure, const std::string& promised,
               const std::string& held)
@@ -65,7 +65,7 @@ std::string seconds(double period)
     return numberText(period, Locale{}) + " s";
 }
 
-void compareInstrument(Table& table, const PlannedInstrument& promised, const HeldInstrument& held)
+void compareInstrument(FigureTable& table, const PlannedInstrument& promised, const HeldInstrument& held)
 {
     const ArmedSettings& settings = promised.settings;
     const std::string name = shortLine(promised.name);
@@ -92,7 +92,7 @@ void compareInstrument(Table& table, const PlannedInstrument& promised, const He
 
 Comparison compare(const RecordingPlan& promised, const HeldRecording& held)
 {
-    Table table;
+    FigureTable table;
     for (const PlannedInstrument& instrument : promised.instruments) {
         const auto found = std::find_if(held.instruments.begin(), held.instruments.end(),
                                         [&](const auto& it) { return it.index == instrument.index; });

@@ -20,7 +20,7 @@ namespace {
 
 /// The left margin leaves room for punched holes.
 const QMarginsF margins(22.0, 15.0, 15.0, 12.0); // millimetres
-constexpr double fontSize = 9.0;
+constexpr double textSize = 9.0;
 constexpr double footerLines = 2.5;
 
 SheetPages::Extent extentOf(const QTextDocument& document, const QTextBlock& block)
@@ -138,7 +138,7 @@ QString footerOf(const SheetSource& source)
 QFont sheetFont()
 {
     QFont font(QStringLiteral("sans-serif"));
-    font.setPointSizeF(fontSize);
+    font.setPointSizeF(textSize);
     return font;
 }
 
@@ -171,7 +171,7 @@ SheetPages::SheetPages(const SheetSource& source, QPaintDevice& device, const QS
 QFont SheetPages::footerFont() const
 {
     QFont font = sheetFont();
-    font.setPointSizeF(fontSize - 1.0);
+    font.setPointSizeF(textSize - 1.0);
     return font;
 }
 

@@ -82,13 +82,13 @@ void noteActions(const QList<QAction*>& actions, QStringList& notes)
 {
     for (const QAction* const action : actions) {
         if (action->menu())
-            emit action->menu()->aboutToShow();
+            Q_EMIT action->menu()->aboutToShow();
         noteProperties(*action, notes);
         notes << QKeySequence::listToString(action->shortcuts()) << QString::number(action->isSeparator());
         if (action->menu())
             noteActions(action->menu()->actions(), notes);
         if (action->menu())
-            emit action->menu()->aboutToHide();
+            Q_EMIT action->menu()->aboutToHide();
     }
 }
 

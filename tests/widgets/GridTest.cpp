@@ -183,7 +183,7 @@ TEST_F(GridView, TheMouseOpensValuesAndChoosesFromListsAndWhatIsRefusedIsShownAs
     clickCell(note, 1);
     EXPECT_EQ(shown(), "0.5 [x] {Falling} 7 (text)");
     press(check(slope));
-    emit choices(mode).activated(2);
+    Q_EMIT choices(mode).activated(2);
     EXPECT_EQ(value(mode), "Falling") << "the list still handles the choice";
     QApplication::processEvents();
     EXPECT_EQ(value(slope) + value(mode), "FalseEither");
@@ -193,7 +193,7 @@ TEST_F(GridView, TheMouseOpensValuesAndChoosesFromListsAndWhatIsRefusedIsShownAs
     QApplication::sendEvent(&choices(mode), &wheel);
     form.grid.cellEdited = [](CellEvent& edit) { edit.Value = false; };
     press(check(slope));
-    emit choices(mode).activated(0);
+    Q_EMIT choices(mode).activated(0);
     QApplication::processEvents();
     EXPECT_EQ(shown(), "0.5 [] {Either} 7 text");
 }

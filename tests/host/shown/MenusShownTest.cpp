@@ -26,7 +26,7 @@ std::string described(const QList<QAction*>& actions)
         }
         lines += (lines.back() == ' ' ? "" : "; ") + described(*action);
         if (QMenu* const menu = action->menu()) {
-            emit menu->aboutToShow();
+            Q_EMIT menu->aboutToShow();
             lines += " {" + described(menu->actions()) + "}";
         }
     }
@@ -40,9 +40,9 @@ protected:
     {
         std::string lines = "\n";
         for (QAction* const bar : window.menuBar()->actions()) {
-            emit bar->menu()->aboutToShow();
+            Q_EMIT bar->menu()->aboutToShow();
             lines += fromQt(bar->text()) + "\n" + described(bar->menu()->actions()) + "\n";
-            emit bar->menu()->aboutToHide();
+            Q_EMIT bar->menu()->aboutToHide();
         }
         return lines;
     }

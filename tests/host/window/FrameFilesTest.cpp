@@ -39,7 +39,7 @@ protected:
     QList<QAction*> recentEntries()
     {
         auto* menu = window.findChild<QMenu*>("recentFiles");
-        emit menu->aboutToShow();
+        Q_EMIT menu->aboutToShow();
         return menu->actions();
     }
 };

@@ -33,9 +33,9 @@ TEST_F(FrameWindowTest, TheEditCommandsWorkByTheirKeysAndTheMenuShowsWhatThePage
     const auto offersCopy = [&] {
         QAction& copy = action(hostText::editMenu, hostText::copy);
         auto* menu = qobject_cast<QMenu*>(copy.associatedObjects().constFirst());
-        emit menu->aboutToShow();
+        Q_EMIT menu->aboutToShow();
         const bool isOffered = copy.isEnabled();
-        emit menu->aboutToHide();
+        Q_EMIT menu->aboutToHide();
         return isOffered;
     };
     EXPECT_FALSE(offersCopy());

@@ -169,7 +169,7 @@ TEST_P(HostileTexts, AreShownPlainAndBoundedInEveryViewTipAndDialog)
     expectRecordings();
     expectChart();
     auto* recent = window.findChild<QMenu*>("recentFiles");
-    emit recent->aboutToShow();
+    Q_EMIT recent->aboutToShow();
     walk();
     EXPECT_TRUE(recent->actions().constFirst()->text().contains(hostileBegin));
     window.session().setChanged(false);

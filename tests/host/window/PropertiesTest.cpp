@@ -186,7 +186,7 @@ TEST_F(PropertiesTest, ADoubleClickOnAValueOfAChannelLeadsToTheChannelAndF1ToThe
     const auto found = Qt::MatchStartsWith | Qt::MatchRecursive;
     const QModelIndex level = rows.match(rows.index(0, 0), Qt::DisplayRole, "Level", 1, found).value(0);
     tree.setCurrentIndex(level);
-    emit tree.doubleClicked(level.siblingAtColumn(1));
+    Q_EMIT tree.doubleClicked(level.siblingAtColumn(1));
     auto& dialog = *window.findChild<PropertiesDialog*>();
     EXPECT_EQ(dialog.findChild<QTabWidget*>()->currentIndex(), 2);
     EXPECT_EQ(box<QListWidget>(dialog, "channels").currentRow(), 1);

@@ -102,18 +102,18 @@ TEST_F(UndoTest, WhatIsStillTypedIsSavedAndRevertedAsAStep)
 TEST_F(UndoTest, TheMenuNamesTheStepAndAReadOnlyPageHasNone)
 {
     enter(page().txtSampleRate, "5000");
-    emit edit().aboutToShow();
+    Q_EMIT edit().aboutToShow();
     EXPECT_EQ(menuEntry(0).text(), window.text(textNumber::history::undoStep).arg("Sample rate 1000 → 5000"));
     EXPECT_TRUE(menuEntry(0).isEnabled());
     EXPECT_FALSE(menuEntry(1).isEnabled());
-    emit edit().aboutToHide();
+    Q_EMIT edit().aboutToHide();
     menuEntry(0).trigger();
     EXPECT_EQ(menuEntry(1).text(), window.text(textNumber::history::redoStep).arg("Sample rate 1000 → 5000"));
     redo();
     window.document().mode().setReadOnly(true);
-    emit edit().aboutToShow();
+    Q_EMIT edit().aboutToShow();
     EXPECT_FALSE(menuEntry(0).isEnabled());
-    emit edit().aboutToHide();
+    Q_EMIT edit().aboutToHide();
     undo();
     QTest::keyClick(window.history().dock().findChild<QUndoView*>(), Qt::Key_Home);
     EXPECT_EQ(position(), 1U);
