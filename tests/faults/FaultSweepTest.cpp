@@ -86,7 +86,7 @@ TEST_P(FaultSweep, EveryCallMayFailAloneWithItsReportAndWithAllThatFollow)
 {
     Sweep sweep(GetParam());
     const long alone = sampledOneIn(1L);
-    const long stride = sampledOneIn(3L);
+    const long stride = sampledOneIn(9L);
     for (long call = alone; call <= sweep.calls() && !HasFailure(); call += alone) {
         sweep.run(call, call);
         if (call % stride == 0) {
