@@ -56,11 +56,17 @@ QAction& FrameWindow::addEntry(QMenu& menu, int label, const QKeySequence& key, 
 
 void FrameWindow::addSetupEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act)
 {
-    QAction& entry = addEntry(menu, label, key, [this, act = std::move(act)] {
-        if (session().hasSetup())
+    addEntryWhile([this] { return session().hasSetup(); }, menu, label, key, std::move(act));
+}
+
+void FrameWindow::addEntryWhile(const std::function<bool()>& isPossible, QMenu& menu, int label,
+                                const QKeySequence& key, std::function<void()> act)
+{
+    QAction& entry = addEntry(menu, label, key, [isPossible, act = std::move(act)] {
+        if (isPossible())
             act();
     });
-    onSignal(&menu, &QMenu::aboutToShow, &entry, [this, &entry] { entry.setEnabled(session().hasSetup()); });
+    onSignal(&menu, &QMenu::aboutToShow, &entry, [isPossible, &entry] { entry.setEnabled(isPossible()); });
     // A disabled action would not receive its shortcut.
     onSignal(&menu, &QMenu::aboutToHide, &entry, [&entry] { entry.setEnabled(true); });
 }
@@ -76,7 +82,8 @@ void FrameWindow::makeFileMenu()
     addSetupEntry(menu, hostText::save, QKeySequence::Save, [this] { files_.save(); });
     // Some desktops define no standard key for this.
     addSetupEntry(menu, hostText::saveAs, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { files_.saveAs(); });
-    addSetupEntry(menu, textNumber::history::revert, {}, [this] { revertToSaved(); });
+    addEntryWhile([this] { return session().isOpen() && !recording_.isActive(); }, menu, textNumber::history::revert,
+                  {}, [this] { revertToSaved(); });
     menu.addSeparator();
     addSetupEntry(menu, hostText::print, QKeySequence::Print, [this] { printing_.printPage(); });
     addSetupEntry(menu, hostText::printPreview, {}, [this] { printing_.previewPage(); });

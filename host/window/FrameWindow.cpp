@@ -52,7 +52,7 @@ FrameWindow::~FrameWindow()
 /// A file that has changed on disk, and changes that are no steps, are read again.
 void FrameWindow::revertToSaved()
 {
-    if (!session().isOpen() || recording_.isActive() || (!session().hasChangedOnDisk() && history_.revertToSaved()))
+    if (!session().hasChangedOnDisk() && history_.revertToSaved())
         return;
     Modal<PlainBox> box(QMessageBox::Question, text(hostText::product), text(textNumber::history::revertQuestion),
                         QString(), QMessageBox::Discard | QMessageBox::Cancel, this);

@@ -96,8 +96,10 @@ private:
     void addDock(QMenu& menu, QDockWidget& dock, int label);
     void makeHelpMenu();
     QAction& addEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
-    /// Adds an entry that does nothing, and is disabled, while no set-up is open.
+    /// Adds an entry that does nothing, and is disabled, while there is no set-up, or while it is not possible.
     void addSetupEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
+    void addEntryWhile(const std::function<bool()>& isPossible, QMenu& menu, int label, const QKeySequence& key,
+                       std::function<void()> act);
     void showAbout();
 
     // A command goes to the dock that has the focus, or to the page.

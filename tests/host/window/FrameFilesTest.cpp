@@ -161,6 +161,13 @@ TEST_F(FrameFilesTest, ANewSetUpBeginsWithATemplateAndAsksForItsFileWhenItIsSave
                 return found;
         throw std::out_of_range("no such template");
     };
+    const auto canRevert = [&] {
+        QMenu& files = *window.menuBar()->actions().constFirst()->menu();
+        Q_EMIT files.aboutToShow();
+        const bool isEnabled = action(hostText::fileMenu, textNumber::history::revert).isEnabled();
+        Q_EMIT files.aboutToHide();
+        return isEnabled;
+    };
     window.session().setChanged(true);
     entry(textNumber::newSetup::vibration)->trigger();
     EXPECT_EQ(window.session().file(), bench) << "the user is asked about the changes and cancels";
@@ -170,9 +177,11 @@ TEST_F(FrameFilesTest, ANewSetUpBeginsWithATemplateAndAsksForItsFileWhenItIsSave
     EXPECT_FALSE(window.isWindowModified());
     EXPECT_EQ(page().cmbSampleRate.text(), "51200");
     EXPECT_EQ(recent(), QStringList({"bench.json"}));
+    EXPECT_FALSE(canRevert()) << "it has no file";
     user.saveAs = folder.file("mine.json");
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(readFile(user.saveAs), readFile(KO_DEMO_FOLDER "/vibration.json"));
+    EXPECT_TRUE(canRevert());
     EXPECT_EQ(recent(), QStringList({"mine.json", "bench.json"}));
     QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
     EXPECT_TRUE(page().drivers.empty() && window.session().name() == "empty");
