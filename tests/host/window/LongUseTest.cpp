@@ -45,8 +45,8 @@ class LongUseTest : public FrameTest {
 protected:
     LongUseTest()
     {
-        std::ifstream demo(KO_DEMO_FOLDER "/engine-bench-demo.json");
-        setup_ = nlohmann::json::parse(demo, nullptr, true, true);
+        std::ifstream example(KO_DEMO_FOLDER "/engine-bench-demo.json");
+        setup_ = nlohmann::json::parse(example, nullptr, true, true);
         const nlohmann::json kinds = std::exchange(setup_["drivers"], nlohmann::json::array());
         for (int i = 0; i < instruments; ++i) {
             nlohmann::json one = kinds.at(static_cast<std::size_t>(i) % kinds.size());
