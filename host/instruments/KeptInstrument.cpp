@@ -31,7 +31,7 @@ Value attributeOf(const ChannelSettings& channel, std::int32_t number)
 
 std::int32_t scansOf(const TimebaseSettings& timebase)
 {
-    const double scans = roundedDown(widen(timebase.duration) / timebase.scanPeriod.value) + 1.0;
+    const double scans = scansIn(widen(timebase.duration), timebase.scanPeriod.value);
     using Limits = std::numeric_limits<std::int32_t>;
     if (!(scans >= static_cast<double>(Limits::min()) && scans <= static_cast<double>(Limits::max())))
         fail(failure::overflow);
@@ -42,9 +42,7 @@ double samplesOf(const TimebaseSettings& timebase)
 {
     if (timebase.samplePeriod.value == 0.0)
         fail(failure::divisionByZero);
-    const double samples = widen(timebase.duration) / timebase.samplePeriod.value;
-    const double block = timebase.blockSize.value;
-    return block < 1.0 ? samples : roundedUp(samples / block) * block;
+    return samplesIn(widen(timebase.duration), timebase.samplePeriod.value, timebase.blockSize.value);
 }
 
 } // namespace

@@ -96,8 +96,9 @@ private:
     void addDock(QMenu& menu, QDockWidget& dock, int label);
     void makeHelpMenu();
     QAction& addEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
-    /// Adds an entry that does nothing, and is disabled, while there is no set-up, or while it is not possible.
+    /// Adds an entry that is disabled and does nothing unless there is a set-up.
     void addSetupEntry(QMenu& menu, int label, const QKeySequence& key, std::function<void()> act);
+    /// Adds an entry that is disabled and does nothing unless it is possible.
     void addEntryWhile(const std::function<bool()>& isPossible, QMenu& menu, int label, const QKeySequence& key,
                        std::function<void()> act);
     void showAbout();

@@ -29,9 +29,16 @@ double roundedUp(double quotient)
     return isWhole(quotient) ? std::round(quotient) : std::ceil(quotient);
 }
 
-double roundedDown(double quotient)
+double samplesIn(double seconds, double period, double blockSize)
 {
-    return isWhole(quotient) ? std::round(quotient) : std::floor(quotient);
+    const double samples = seconds / period;
+    return blockSize < 1.0 ? samples : roundedUp(samples / blockSize) * blockSize;
+}
+
+double scansIn(double seconds, double period)
+{
+    const double periods = seconds / period;
+    return (isWhole(periods) ? std::round(periods) : std::floor(periods)) + 1.0;
 }
 
 } // namespace ko

@@ -10,9 +10,14 @@ namespace ko {
 /// below 1 leaves the number unchanged. Failure 6 when the number does not fit into 32 bits.
 double wholeBlocks(double samples, std::int32_t blockSize);
 
-/// Round a quotient to a whole number; one that differs from a whole number by no more than the rounding of the
-/// division is that number.
+/// Returns the quotient rounded up to a whole number, or to the nearest where only the rounding of the division keeps
+/// it from that.
 double roundedUp(double quotient);
-double roundedDown(double quotient);
+
+/// Returns the number of samples that an instrument takes in this time, in whole blocks; a block size below 1 leaves it
+/// unchanged.
+double samplesIn(double seconds, double period, double blockSize);
+/// Returns the number of scans that an instrument takes in this time, the one at its start included.
+double scansIn(double seconds, double period);
 
 } // namespace ko

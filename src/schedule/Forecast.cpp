@@ -111,7 +111,7 @@ void Forecast::readDynamic(Driver& driver, Timebase* timebase, File& file)
     file.channels = countEnabledChannels(driver);
     file.period = nonZero(timebase->SamplePeriod());
     file.blockSize = timebase->BlockSize();
-    const double now = samples(file.seconds, file.period, file.blockSize);
+    const double now = samplesIn(file.seconds, file.period, file.blockSize);
     // The present size shows the size of a sample only if there are samples.
     file.bytesPerSample = now > 0.0 ? (file.present - bytesPerFile) / now : bytesPerValue * file.channels;
 }
@@ -126,24 +126,12 @@ void Forecast::readStatic(Driver& driver, Timebase* timebase, File& file)
         return;
     }
     file.period = nonZero(timebase->ScanPeriod());
-    file.scansOfFormula = now / scans(file.seconds, file.period);
+    file.scansOfFormula = now / scansIn(file.seconds, file.period);
     try {
         file.present = staticBytes(now, file.channels);
     } catch (const Failure&) {
         file.present = std::numeric_limits<double>::infinity();
     }
-}
-
-/// A partial block counts as a whole one.
-double Forecast::samples(double seconds, double period, double blockSize)
-{
-    const double samples = seconds / period;
-    return blockSize < 1.0 ? samples : roundedUp(samples / blockSize) * blockSize;
-}
-
-double Forecast::scans(double seconds, double period)
-{
-    return roundedDown(seconds / period) + 1.0;
 }
 
 /// The number of samples or scans after a change.
@@ -152,11 +140,11 @@ double Forecast::count(const File& file, const SizeSettings& change)
     const double seconds = change.seconds ? widen(*change.seconds) * file.longerBy : file.seconds;
     if (!file.isDynamic) {
         const double period = change.scanPeriod ? *change.scanPeriod * file.shorterBy : file.period;
-        return std::ceil(scans(seconds, period) * file.scansOfFormula);
+        return std::ceil(scansIn(seconds, period) * file.scansOfFormula);
     }
     const bool takesAll = file.isCurrent || change.ofEveryDriver;
-    return samples(seconds, takesAll && change.samplePeriod ? *change.samplePeriod * file.shorterBy : file.period,
-                   takesAll ? change.blockSize.value_or(file.blockSize) : file.blockSize);
+    return samplesIn(seconds, takesAll && change.samplePeriod ? *change.samplePeriod * file.shorterBy : file.period,
+                     takesAll ? change.blockSize.value_or(file.blockSize) : file.blockSize);
 }
 
 /// As computed, even where the page cannot count that far.

@@ -52,8 +52,6 @@ private:
     static double bytes(const File& file, const SizeSettings& change);
     static double count(const File& file, const SizeSettings& change);
     static double grown(const File& file, const SizeSettings& change);
-    static double samples(double seconds, double period, double blockSize);
-    static double scans(double seconds, double period);
     void learn(File& file, const SizeSettings& wanted, const LimitRefusal::Tried& tried);
 
     const Page& page_;

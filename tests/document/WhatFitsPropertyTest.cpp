@@ -34,7 +34,7 @@ public:
         driver.bytes = [channels](const FakeDriver& it) {
             return 416 + 4.0 * channels * roundedUp(widen(it.duration) / it.samplePeriod / it.blockSize) * it.blockSize;
         };
-        driver.scans = [](const FakeDriver& it) { return toLong(roundedDown(widen(it.duration) / it.scanPeriod) + 1); };
+        driver.scans = [](const FakeDriver& it) { return toLong(scansIn(widen(it.duration), it.scanPeriod)); };
     }
     ComboBox& rates(bool dynamic) { return dynamic ? page().cmbSampleRate : page().cmbScanRate; }
     TextBox& rateBox(bool dynamic) { return dynamic ? page().txtSampleRate : page().txtScanRate; }

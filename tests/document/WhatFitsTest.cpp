@@ -19,9 +19,7 @@ protected:
         sampler.blockSize = 1;
         scanner.groups = {{"In", {{}}}};
         scanner.numberOfScans = 101;
-        scanner.scans = [](const FakeDriver& it) {
-            return toLong(roundedDown(widen(it.duration) / it.scanPeriod) + 1);
-        };
+        scanner.scans = [](const FakeDriver& it) { return toLong(scansIn(widen(it.duration), it.scanPeriod)); };
         sampler.sampleRange = scanner.sampleRange = {1e-6, 10};
         sampler.scanRange = scanner.scanRange = {1e-9, 10};
         host.time = toDateTime("11/21/2026 9:30:00 AM", {});

@@ -12,8 +12,7 @@
 #include <type_traits>
 #include <unistd.h>
 
-// Literals behind a switch are not constant expressions: allow narrowing conversions of them, and reject
-// variable-length arrays.
+// An edited number is read at run time. Narrowing it is accepted; an array of that length is an error.
 #pragma GCC diagnostic ignored "-Wnarrowing"
 #pragma GCC diagnostic error "-Wvla"
 
